@@ -1,0 +1,23 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QtCore/QString>
+
+#include <optional>
+
+namespace lumbrix
+{
+
+/// Per-application filter levels, as the window model needs them; the engine implements it.
+/// Any thread.
+class FilterLevels
+{
+public:
+    virtual ~FilterLevels() = default;
+    /// The level stored under a bundle identifier or under "All applications"; null without one.
+    virtual std::optional<int> levelForKey(const QString& key) const = 0;
+};
+
+} // namespace lumbrix

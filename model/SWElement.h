@@ -1,0 +1,158 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// The one record type of the window model: an accessibility element (a Dock item, a window, an
+// application) and, once matched, the window-server window behind it.
+#pragma once
+
+#include <QtCore/QRectF>
+#include <QtCore/QString>
+#include <QtCore/QUrl>
+#include <QtGui/QImage>
+
+#include <atomic>
+#include <cstdint>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <vector>
+
+#include "platform/Accessibility.h"
+#include "platform/WindowServer.h"
+#include "platform/Workspace.h"
+
+namespace lumbrix
+{
+
+class FilterLevels;
+class SWElement;
+using SWElementPtr = std::shared_ptr<SWElement>;
+
+/// Any thread: records are shared between the scanner, the capture threads and the main thread, so
+/// each field is guarded. Accessibility reads that fail make a query answer false, null or the zero
+/// rectangle; nothing is reported.
+class SWElement
+{
+public:
+    explicit SWElement(platform::ElementRef element);
+    SWElement(const SWElement&) = delete;
+    SWElement& operator=(const SWElement&) = delete;
+
+    // Constructors; null when no element results.
+    static SWElementPtr systemWideElement();
+    static SWElementPtr elementWithElementRef(const platform::ElementRef& element);
+    /// Point in accessibility coordinates. Gives the window at the point, or the element itself
+    /// when it is a window or will not say what it is.
+    static SWElementPtr elementAtPosition(QPointF point, const SWElementPtr& systemWide);
+    static SWElementPtr elementOfFocusedWindow();
+    static std::vector<SWElementPtr> elementsForElementRef(const platform::ElementRef& application);
+
+    // Queries on the Dock.
+    static std::int32_t getDockPid(); ///< 0 when no Dock runs
+    static SWElementPtr getFirstDockElement();
+    static SWElementPtr getDockSelectedChild();
+    /// The Dock's items that are running applications, each with its url; null, not empty.
+    static std::optional<std::vector<SWElementPtr>> runningApps();
+    static std::optional<platform::RunningApplication>
+    runningAppForProccessListIcon(const platform::ElementRef& icon);
+    static bool checkIfAppIsRunning(const platform::ElementRef& dockItem);
+    /// True whenever the Dock item says whether it runs, whatever it says: only application items
+    /// have that attribute.
+    static bool checkIfDockApplication(const platform::ElementRef& dockItem);
+    static bool checkIfCal(const platform::ElementRef& dockItem);
+    static bool checkIfBusyCal(const platform::ElementRef& dockItem);
+    static bool checkIfMinimizedWindowIcon(const platform::ElementRef& dockItem);
+    static bool checkIfDockFocusedIsAXList();
+
+    // Queries on elements, windows and applications.
+    static std::optional<QString> titleForElement(const platform::ElementRef& element);
+    static bool checkIfWindow(const platform::ElementRef& element);
+    static void activateApp(const platform::ElementRef& application);
+    /// Terminates every application whose name resembles that of the one under the mouse.
+    static void quitApp();
+    static bool checkIfPidHasOpenWindows(std::int32_t pid);
+    static bool checkIfAnyWindowIsOnOtherSpace();
+    static int spaceNumberOfWindow(platform::WindowID window);
+    /// Whether the window server's window is large enough to be one for the user.
+    static bool testWindow(platform::WindowID window);
+    static int keyCodeForNumberKey(int digit);
+
+    /// Where getFilterLevel looks levels up; null (the initial state) means there are none stored.
+    /// Not owned. Main thread, while no other thread uses the model.
+    static void setFilterLevels(const FilterLevels* levels);
+
+    bool isEqualTo(const SWElement* other) const;
+    bool isEqualTo(const SWElementPtr& other) const { return isEqualTo(other.get()); }
+
+    std::optional<QString> getTitle() const;
+    int getFilterLevel() const;
+    /// Matches the element to an entry of the list (front to back); on success sets frame and wid.
+    bool findPIDandWID(const platform::WindowList& windowList);
+    /// Captures the window into screenshot and returns it; null when there is no picture.
+    QImage grabWindow();
+    int getSpaceNumber();
+    int getSpaceNumber(const platform::WindowList& windowList);
+    bool checkIfExists();
+    bool checkIfWIDIsInWindowList() const;
+    bool checkIfMinimized() const;
+    bool isClosable() const;
+    void closeWindow();
+    bool unhideIfHidden();
+    void raise();
+    QRectF getRect() const;   ///< accessibility coordinates
+    QRectF getNSRect() const; ///< screen coordinates, origin bottom left
+    std::optional<platform::RunningApplication> runningApplicationForDockElement() const;
+    std::optional<platform::RunningApplication> runningApplicationForWindow() const;
+
+    const platform::ElementRef& element() const { return m_element; }
+    QUrl url() const;
+    void setUrl(const QUrl& url);
+    std::int32_t pid() const { return m_pid; }
+    void setPid(std::int32_t pid) { m_pid = pid; }
+    platform::WindowID wid() const { return m_wid; }
+    void setWid(platform::WindowID wid) { m_wid = wid; }
+    QRectF frame() const;
+    void setFrame(const QRectF& frame);
+    int spaceNumber() const { return m_spaceNumber; }
+    void setSpaceNumber(int number) { m_spaceNumber = number; }
+    QImage screenshot() const;
+    void setScreenshot(const QImage& image);
+    QString bundle() const;
+    void setBundle(const QString& bundle);
+
+    bool isTabIcon() const { return m_isTabIcon; }
+    void setIsTabIcon(bool on) { m_isTabIcon = on; }
+    bool isMinimizedIcon() const { return m_isMinimizedIcon; }
+    void setIsMinimizedIcon(bool on) { m_isMinimizedIcon = on; }
+    /// The mouse has been seen at rest over this Dock item.
+    bool isMouseConfirmed() const { return m_isMouseConfirmed; }
+    void setIsMouseConfirmed(bool on) { m_isMouseConfirmed = on; }
+    /// A switch away from this switcher entry is scheduled already.
+    bool willBeChanged() const { return m_willBeChanged; }
+    void setWillBeChanged(bool on) { m_willBeChanged = on; }
+    bool isCal() const { return m_isCal; }
+    void setIsCal(bool on) { m_isCal = on; }
+
+private:
+    bool hasWindowSubrole(int filterLevel) const;
+
+    const platform::ElementRef m_element;
+    std::atomic<std::int32_t> m_pid{0};
+    std::atomic<platform::WindowID> m_wid{0};
+    std::atomic<int> m_spaceNumber{0};
+    std::atomic<bool> m_isTabIcon{false};
+    std::atomic<bool> m_isMinimizedIcon{false};
+    std::atomic<bool> m_isMouseConfirmed{false};
+    std::atomic<bool> m_willBeChanged{false};
+    std::atomic<bool> m_isCal{false};
+    /// The last existence check said "exists": keeps a window that stops answering.
+    std::atomic<bool> m_previouslyGood{false};
+
+    mutable std::mutex m_mutex; ///< guards the members below
+    QUrl m_url;
+    QRectF m_frame;
+    QImage m_screenshot;
+    QString m_bundle;
+};
+
+} // namespace lumbrix

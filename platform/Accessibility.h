@@ -1,0 +1,123 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// Which elements (applications, windows, Dock items) there are, what they say of themselves, and
+// what they can be told to do. A thin picture of the accessibility interface.
+#pragma once
+
+#include <QtCore/QPointF>
+#include <QtCore/QRectF>
+#include <QtCore/QSizeF>
+#include <QtCore/QString>
+#include <QtCore/QUrl>
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <variant>
+#include <vector>
+
+#include "platform/WindowID.h"
+
+namespace lumbrix::platform
+{
+
+/// Numbered as the accessibility interface numbers them.
+enum class AXError : int {
+    Success = 0,
+    Failure = -25200,
+    IllegalArgument = -25201,
+    InvalidUIElement = -25202, ///< the element is gone
+    CannotComplete = -25204,   ///< the application is busy: it did not answer in time
+    AttributeUnsupported = -25205,
+    ActionUnsupported = -25206,
+    NotImplemented = -25208,
+    APIDisabled = -25211,
+    NoValue = -25212,
+};
+
+/// One element, immutable and opaque; an adapter derives from it. Shared, any thread.
+class AXElement
+{
+public:
+    virtual ~AXElement() = default;
+    /// Whether both stand for the same element; the adapter decides.
+    virtual bool isEqual(const AXElement& other) const = 0;
+};
+using ElementRef = std::shared_ptr<const AXElement>;
+
+/// False when either is null.
+inline bool elementsEqual(const ElementRef& a, const ElementRef& b)
+{
+    return a && b && a->isEqual(*b);
+}
+
+/// The value of an attribute. Positions have their origin at the top left of the main screen,
+/// y downward, in points.
+using AXValue = std::variant<std::monostate, bool, double, QString, QUrl, QPointF, QSizeF, QRectF,
+                             ElementRef, std::vector<ElementRef>>;
+
+struct AXResult {
+    AXError error = AXError::Failure;
+    AXValue value{};
+
+    bool ok() const { return error == AXError::Success; }
+    /// The value when the read succeeded and has this type; null otherwise.
+    template <class T> const T* as() const { return ok() ? std::get_if<T>(&value) : nullptr; }
+};
+
+/// What an observer hands back with each notification, so that the callback knows who asked.
+class NotificationContext
+{
+public:
+    virtual ~NotificationContext() = default;
+};
+
+/// Observes one process; delivers on the main thread from the moment it was added to the run loop
+/// until it is destroyed. Main thread only.
+class AXObserver
+{
+public:
+    using Callback = std::function<void(AXObserver& observer, const ElementRef& element,
+                                        const QString& notification, NotificationContext* context)>;
+
+    virtual ~AXObserver() = default;
+    /// The context is not owned and must outlive the observer.
+    virtual AXError addNotification(const ElementRef& element, const QString& notification,
+                                    NotificationContext* context) = 0;
+    /// Adds the observer's source to the main run loop; nothing is delivered before.
+    virtual void addToRunLoop() = 0;
+};
+
+/// Every read and action may be called from any thread and never blocks longer than the messaging
+/// timeout. A vanished element answers InvalidUIElement, a busy application CannotComplete.
+class Accessibility
+{
+public:
+    virtual ~Accessibility() = default;
+
+    virtual bool apiEnabled() const = 0;
+    virtual void setMessagingTimeout(float seconds) = 0;
+
+    /// Null when there is no such process.
+    virtual ElementRef createApplication(std::int32_t pid) = 0;
+    virtual ElementRef createSystemWide() = 0;
+
+    virtual AXResult copyAttributeValue(const ElementRef& element, const QString& attribute) = 0;
+    virtual AXError setAttributeValue(const ElementRef& element, const QString& attribute,
+                                      const AXValue& value) = 0;
+    virtual AXError performAction(const ElementRef& element, const QString& action) = 0;
+    /// The element under a point in accessibility coordinates; an ElementRef value.
+    virtual AXResult copyElementAtPosition(float x, float y) = 0;
+
+    virtual std::optional<std::int32_t> pidOf(const ElementRef& element) = 0;
+    /// The exact window-server number of a window element, where the platform knows it.
+    virtual std::optional<WindowID> windowIDOf(const ElementRef& element) = 0;
+
+    /// Null when the process cannot be observed. Main thread.
+    virtual std::unique_ptr<AXObserver> createObserver(std::int32_t pid,
+                                                       AXObserver::Callback callback) = 0;
+};
+
+} // namespace lumbrix::platform

@@ -1,0 +1,43 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// The set of ports that the program runs on. main() or a test installs one before anything else.
+#pragma once
+
+namespace lumbrix::platform
+{
+
+class Accessibility;
+class DockPreferences;
+class InputState;
+class RunLoop;
+class UserDefaults;
+class WindowServer;
+class Workspace;
+
+/// References only; whoever installs it keeps the adapters alive.
+struct Desktop {
+    RunLoop& runLoop;
+    Accessibility& accessibility;
+    WindowServer& windowServer;
+    InputState& inputState;
+    Workspace& workspace;
+    UserDefaults& userDefaults;
+    DockPreferences& dockPreferences;
+};
+
+/// The installed desktop. Any thread; calling it with none installed ends the program.
+const Desktop& desktop();
+
+/// Installs a desktop for its own lifetime; at most one at a time. Main thread, created before and
+/// destroyed after every thread that asks for desktop().
+class DesktopScope
+{
+public:
+    explicit DesktopScope(const Desktop& desktop);
+    ~DesktopScope();
+    DesktopScope(const DesktopScope&) = delete;
+    DesktopScope& operator=(const DesktopScope&) = delete;
+};
+
+} // namespace lumbrix::platform

@@ -1,0 +1,36 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// Where the mouse is and which buttons and modifier keys are down.
+#pragma once
+
+#include <QtCore/QPointF>
+
+#include <cstdint>
+
+namespace lumbrix::platform
+{
+
+/// Bits of modifierFlags().
+namespace ModifierFlag
+{
+inline constexpr std::uint32_t Shift = 0x20000;
+inline constexpr std::uint32_t Control = 0x40000;
+inline constexpr std::uint32_t Option = 0x80000;
+inline constexpr std::uint32_t Command = 0x100000;
+} // namespace ModifierFlag
+
+/// Any thread.
+class InputState
+{
+public:
+    virtual ~InputState() = default;
+    /// In screen coordinates: origin at the bottom left of the main screen, y upward, points.
+    virtual QPointF mouseLocation() = 0;
+    /// Bit 0 left, bit 1 right, bit 2 middle.
+    virtual std::uint32_t pressedMouseButtons() = 0;
+    /// The modifier keys held now, as ModifierFlag bits.
+    virtual std::uint32_t modifierFlags() = 0;
+};
+
+} // namespace lumbrix::platform

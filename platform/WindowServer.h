@@ -1,0 +1,70 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// The window server: which windows are on screen, where, on which workspace, and what they look
+// like; and the screens themselves.
+#pragma once
+
+#include <QtCore/QRectF>
+#include <QtCore/QString>
+#include <QtGui/QImage>
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include "platform/WindowID.h"
+
+namespace lumbrix::platform
+{
+
+/// One entry of the window list. Bounds are in accessibility coordinates: origin at the top left of
+/// the main screen, y downward, points.
+struct WindowInfo {
+    std::int32_t ownerPid = 0;
+    int layer = 0; ///< 0 = an ordinary application window
+    QRectF bounds;
+    WindowID number = 0;
+    QString name;
+    bool isOnscreen = false;
+    int workspace = 0; ///< 0 = unknown or on all
+};
+using WindowList = std::vector<WindowInfo>;
+
+enum class WindowListOption : std::uint32_t {
+    All = 0,
+    ExcludeDesktopElements = 16,
+};
+
+/// Any thread, unless said otherwise. A window that is gone gives null.
+class WindowServer
+{
+public:
+    virtual ~WindowServer() = default;
+
+    /// All windows, minimised ones and those of other workspaces included, front to back.
+    virtual WindowList copyWindowInfo(WindowListOption option) = 0;
+    virtual std::optional<QRectF> windowBounds(WindowID window) = 0;
+    /// 1-based; 0 = on all or unknown; null when the window is gone.
+    virtual std::optional<int> windowWorkspace(WindowID window) = 0;
+    /// The windows of one workspace (1-based); empty when there is no such workspace.
+    virtual std::vector<WindowID> workspaceWindowList(int workspace) = 0;
+
+    /// A picture of the whole window at its size in points (its device pixel ratio tells the
+    /// pixels). The last known picture of a window that is not shown now; null when there is none.
+    /// Repeated calls for a window that did not change give the same image without copying it.
+    virtual QImage captureWindow(WindowID window) = 0;
+
+    /// Frames of the screens, the main one first; in accessibility coordinates, so the main one's
+    /// top left is (0, 0).
+    virtual std::vector<QRectF> screens() = 0;
+    /// Where the accessibility origin lies in the toolkit's global coordinates, points.
+    virtual QPointF toolkitOrigin() = 0;
+    /// Whether translucent pixels of a window are blended with what lies below. Where they are
+    /// not, panels have to be shaped.
+    virtual bool blendsTranslucency() = 0;
+};
+
+} // namespace lumbrix::platform

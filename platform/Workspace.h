@@ -1,0 +1,82 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// Which applications run, and what can be done with a whole application.
+#pragma once
+
+#include <QtCore/QString>
+#include <QtCore/QUrl>
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace lumbrix::platform
+{
+
+/// A snapshot; pid identifies the application.
+struct RunningApplication {
+    std::int32_t pid = 0;
+    QString bundleIdentifier;
+    QString localizedName;
+    QUrl bundleURL;     ///< what a Dock item's "AXURL" is compared with
+    QUrl executableURL; ///< may be empty
+};
+
+/// Activation options, as bits.
+inline constexpr std::uint32_t ActivateIgnoringOtherApps = 2;
+
+/// Options of launchApplication, as bits.
+namespace LaunchOption
+{
+inline constexpr std::uint32_t WithoutAddingToRecents = 0x00100;
+inline constexpr std::uint32_t Async = 0x10000;
+inline constexpr std::uint32_t AllowingClassicStartup = 0x20000;
+} // namespace LaunchOption
+
+enum class WorkspaceNotification {
+    DidLaunchApplication,
+    DidTerminateApplication,
+    DidActivateApplication,
+    ActiveSpaceDidChange, ///< the pid is 0
+};
+
+/// Ends the subscription when destroyed. Main thread.
+class WorkspaceSubscription
+{
+public:
+    virtual ~WorkspaceSubscription() = default;
+};
+
+/// Queries: any thread. Commands return at once where the platform allows; failures are silent.
+class Workspace
+{
+public:
+    using Observer = std::function<void(std::int32_t pid)>;
+
+    virtual ~Workspace() = default;
+
+    /// Every running application, background ones, the Dock and this program included.
+    virtual std::vector<RunningApplication> runningApplications() = 0;
+    /// The process ids of the regular applications, those that show in a Dock.
+    virtual std::vector<std::int32_t> launchedApplications() = 0;
+    virtual std::optional<RunningApplication> runningApplication(std::int32_t pid) = 0;
+    /// This program's own bundle identifier.
+    virtual QString ownBundleIdentifier() = 0;
+
+    virtual bool isHidden(std::int32_t pid) = 0;
+    virtual void hide(std::int32_t pid) = 0;
+    virtual void activate(std::int32_t pid, std::uint32_t options) = 0;
+    virtual void terminate(std::int32_t pid) = 0;
+    /// By application name or by executable.
+    virtual bool launchApplication(const QString& name) = 0;
+    virtual bool launchApplicationAtURL(const QUrl& url, std::uint32_t options) = 0;
+
+    /// Called on the main thread, in the order things happened. Main thread.
+    [[nodiscard]] virtual std::unique_ptr<WorkspaceSubscription>
+    observe(WorkspaceNotification notification, Observer observer) = 0;
+};
+
+} // namespace lumbrix::platform

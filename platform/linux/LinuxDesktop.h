@@ -1,0 +1,33 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// The adapter for X11 desktops: makes every port, or says why it cannot.
+#pragma once
+
+#include <QtCore/QString>
+
+#include <memory>
+
+#include "platform/Desktop.h"
+#include "platform/RunLoop.h"
+
+namespace lumbrix::platform
+{
+
+struct LinuxDesktopOptions {
+    double pixelsPerPoint = 1.0; ///< the toolkit's scale factor
+    QString ownBundleIdentifier = QStringLiteral("lumbrix");
+};
+
+/// Main thread. Owns the connections and threads; destroying it ends them.
+class LinuxDesktop
+{
+public:
+    /// Null when there is no X server or it lacks what the program needs; `error` then says what.
+    static std::unique_ptr<LinuxDesktop> create(RunLoop& runLoop,
+                                                const LinuxDesktopOptions& options, QString& error);
+    virtual ~LinuxDesktop() = default;
+    virtual const Desktop& ports() const = 0;
+};
+
+} // namespace lumbrix::platform

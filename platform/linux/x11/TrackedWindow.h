@@ -1,0 +1,49 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// One managed top-level window as last heard of: kept current from property and configure events,
+// so that reading it costs no round trip.
+#pragma once
+
+#include <QtCore/QRect>
+#include <QtCore/QString>
+
+#include <xcb/xcb.h>
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+
+namespace lumbrix::platform::x11
+{
+
+enum class WindowType { Normal, Dialog, Utility, Toolbar, Splash, Dock, Desktop, Other };
+
+/// Immutable; replaced as a whole when something changed. Geometry is in root-window pixels.
+struct TrackedWindow {
+    xcb_window_t id = XCB_NONE;
+    xcb_window_t frame = XCB_NONE; ///< the child of the root that holds it; `id` without a frame
+    QRect bounds;                  ///< of the frame, without invisible client-drawn borders
+    QString title;                 ///< valid UTF-16, at most 4096 characters; may be empty
+    QString classInstance;
+    QString className;
+    std::optional<std::int32_t> pid; ///< _NET_WM_PID, else what the server knows of the client
+    WindowType type = WindowType::Normal;
+    bool skipTaskbar = false;
+    bool isIconic = false;
+    bool isFullscreen = false;
+    bool isMapped = false;
+    bool canDelete = false; ///< takes part in WM_DELETE_WINDOW
+    /// 0-based; −1 = on all desktops or unknown.
+    int desktop = -1;
+    xcb_window_t transientFor = XCB_NONE;
+    /// Where a dock shows this window, as last written to the window.
+    std::optional<QRect> iconGeometry;
+    /// Grows with every write of iconGeometry; a monotonic clock in milliseconds says when.
+    std::uint64_t iconGeometrySerial = 0;
+    std::int64_t iconGeometryTime = 0;
+    bool isResponding = true; ///< false while a ping is unanswered for over 0.2 s
+};
+using TrackedWindowPtr = std::shared_ptr<const TrackedWindow>;
+
+} // namespace lumbrix::platform::x11

@@ -1,0 +1,67 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// The managed windows of the display, kept current by the event thread.
+#pragma once
+
+#include <vector>
+
+#include "platform/linux/x11/TrackedWindow.h"
+
+namespace lumbrix::platform::x11
+{
+
+/// An override-redirect window (a menu, a tooltip) that was mapped.
+struct PopupMapped {
+    enum class Kind { Menu, Tooltip, Other };
+    xcb_window_t id = XCB_NONE;
+    Kind kind = Kind::Other;
+    std::optional<std::int32_t> pid;
+};
+
+/// What the event thread tells; every call is on the event thread, without a lock held, and must
+/// not block. `before` and `after` are snapshots.
+class WindowListener
+{
+public:
+    virtual ~WindowListener() = default;
+    virtual void windowAdded(const TrackedWindowPtr&) {}
+    virtual void windowChanged(const TrackedWindowPtr& /*before*/, const TrackedWindowPtr& /*after*/)
+    {
+    }
+    virtual void windowRemoved(const TrackedWindowPtr& /*last*/) {}
+    virtual void activeWindowChanged(xcb_window_t) {}
+    virtual void currentDesktopChanged(int /*0-based*/) {}
+    virtual void popupMapped(const PopupMapped&) {}
+    /// The pointer moved to these root pixels, over this child of the root (XCB_NONE: the root).
+    virtual void pointerMoved(QPoint, xcb_window_t /*childOfRoot*/) {}
+    /// A mouse button went down anywhere; 1 left, 2 middle, 3 right.
+    virtual void buttonPressed(int /*button*/, QPoint) {}
+    virtual void screensChanged() {}
+    virtual void compositorChanged(bool /*running*/) {}
+};
+
+/// Any thread. Listeners are added before the event thread starts and outlive it.
+class WindowTracker
+{
+public:
+    virtual ~WindowTracker() = default;
+    virtual void addListener(WindowListener* listener) = 0;
+    /// Null when it is not a managed window (any more).
+    virtual TrackedWindowPtr window(xcb_window_t id) const = 0;
+    /// All managed windows, docks and desktops included, topmost first.
+    virtual std::vector<TrackedWindowPtr> windows() const = 0;
+    virtual xcb_window_t activeWindow() const = 0;
+    virtual int currentDesktop() const = 0; ///< 0-based
+    virtual int desktopCount() const = 0;
+
+    // Requests to the window manager and to clients; they return at once, failures are silent.
+    virtual void activate(xcb_window_t id) = 0; ///< to the front, with its desktop if need be
+    virtual void close(xcb_window_t id) = 0;    ///< as its close button would
+    virtual void iconify(xcb_window_t id) = 0;
+    virtual void deiconify(xcb_window_t id) = 0;
+    /// Asks the client whether it is alive; the answer shows in isResponding.
+    virtual void ping(xcb_window_t id) = 0;
+};
+
+} // namespace lumbrix::platform::x11

@@ -1,0 +1,67 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// What a preview asks of the engine, and of the subsystems that decorate and serve previews.
+#pragma once
+
+#include <QtCore/QString>
+#include <QtGui/QImage>
+
+#include <memory>
+#include <optional>
+
+#include "platform/Workspace.h"
+
+namespace lumbrix
+{
+
+class HotKeyCenter;
+class ScreenyView;
+struct EngineSettings;
+
+/// The Spaces number on a preview. Main thread.
+class SpacesBadge
+{
+public:
+    virtual ~SpacesBadge() = default;
+    virtual void showSpaces(ScreenyView& preview) = 0;
+    virtual void hide(ScreenyView& preview) = 0;
+};
+
+/// Media players and mail behind a preview's buttons. Main thread.
+class PlayerControls
+{
+public:
+    virtual ~PlayerControls() = default;
+    /// Sets iTunes, Mail, QuickTime and VLC of the preview by its application (null: unknown).
+    virtual void setAppFlags(ScreenyView& preview,
+                             const std::optional<platform::RunningApplication>& application) = 0;
+    /// "playing", "stopped" or "unknown".
+    virtual QString playerState() = 0;
+    virtual std::optional<QString> currentTrack() = 0;
+    virtual QImage artwork() = 0; ///< null without one
+    virtual void skipLeft(ScreenyView& preview) = 0;
+    virtual void skipRight(ScreenyView& preview) = 0;
+    virtual void play(ScreenyView& preview) = 0;
+    virtual void getMail(ScreenyView& preview) = 0;
+    virtual void playPause(ScreenyView& preview) = 0;
+};
+
+/// The engine, as a preview sees it. Main thread; outlives every preview.
+class PreviewHost
+{
+public:
+    virtual ~PreviewHost() = default;
+    virtual const EngineSettings& settings() const = 0;
+    /// The mouse left a preview.
+    virtual void mouseExited() = 0;
+    virtual void removeAllScreenViews() = 0;
+    /// Position among the previews shown; −1 when it is not one of them.
+    virtual int indexOfScreenyView(const ScreenyView& preview) const = 0;
+    virtual void addToCache(const std::shared_ptr<ScreenyView>& preview) = 0;
+    virtual HotKeyCenter& hotKeyCenter() = 0;
+    virtual SpacesBadge& spacesBadge() = 0;
+    virtual PlayerControls& playerControls() = 0;
+};
+
+} // namespace lumbrix

@@ -1,0 +1,111 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// The controller of one preview: a small panel with the picture of one window, its title, a close
+// button, and what goes with it.
+#pragma once
+
+#include <QtCore/QObject>
+#include <QtCore/QPointer>
+#include <QtCore/QString>
+#include <QtGui/QImage>
+
+#include <memory>
+#include <optional>
+
+#include "model/SWElement.h"
+#include "platform/RunLoop.h"
+#include "preview/HotKeyCenter.h"
+#include "preview/MAWindow.h"
+
+class QAbstractButton;
+class QLabel;
+
+namespace lumbrix
+{
+
+class PictureButton;
+class PreviewHost;
+class ScreenyView;
+using ScreenyViewPtr = std::shared_ptr<ScreenyView>;
+
+/// Main thread. Reusable: rebirth() returns it to the engine's cache in an idle state, in which
+/// element() is null and its actions do nothing.
+class ScreenyView : public QObject, public std::enable_shared_from_this<ScreenyView>
+{
+    Q_OBJECT
+
+public:
+    /// Loads the named interface file ("ScreenyView", "ScreenyViewBlack" ...). The host outlives
+    /// the preview. Null when the file cannot be loaded.
+    static ScreenyViewPtr load(const QString& interfaceFile, PreviewHost& host);
+    ~ScreenyView() override;
+
+    // Filling.
+    void setElementRef(SWElementPtr element);
+    const SWElementPtr& elementRef() const { return m_elementRef; }
+    /// Shows a picture in the image button; a null image clears it.
+    void setImage(const QImage& image);
+    void setTitleString(const QString& title);
+    QString titleString() const { return m_titleString; }
+    void setAppFlags(const std::optional<platform::RunningApplication>& application);
+
+    // Showing.
+    MAWindow* window() const { return m_window.get(); }
+    void orderFront();
+    void setShortcut();
+    void removeShortcut();
+    void showSpaces();
+    void setTrackingRect();
+    void removeTrackingRect();
+
+    // Ending.
+    void dismissWithoutRebirth();
+    void rebirth();
+    void dismiss();
+
+    // The mouse; also called by the engine from its own hit tests.
+    void mouseEntered();
+    void mouseExited();
+
+    // Controls. Frames are relative to the panel, origin at its bottom left.
+    bool isCloseButtonHidden() const;
+    void setCloseButtonEnabled(bool enabled);
+    bool isCloseButtonEnabled() const;
+    QRectF closeButtonFrame() const;
+    void clickCloseButton(); ///< nothing while it is disabled
+    void clickImage();
+    /// Clicks the first of skipLeft, skipRight, play, getMail and playPause that is shown and
+    /// contains the point (relative to the panel); whether one was clicked.
+    bool clickControlAt(QPointF point);
+
+    // Actions.
+    void activateWindow();
+    void closeWindow();
+
+    // Zoom.
+    void showZoom(bool arm);
+    void hideZoom();
+    MAWindow* zoomWindow() const { return m_zoomWindow.get(); }
+
+    // What the window belongs to.
+    bool iTunes() const { return m_iTunes; }
+    void setITunes(bool on) { m_iTunes = on; }
+    bool Mail() const { return m_Mail; }
+    void setMail(bool on) { m_Mail = on; }
+    bool QuickTime() const { return m_QuickTime; }
+    void setQuickTime(bool on) { m_QuickTime = on; }
+    bool VLC() const { return m_VLC; }
+    void setVLC(bool on) { m_VLC = on; }
+    bool iCal() const { return m_iCal; }
+    void setICal(bool on) { m_iCal = on; }
+    bool BusyCal() const { return m_BusyCal; }
+    void setBusyCal(bool on) { m_BusyCal = on; }
+    bool setByTab() const { return m_setByTab; }
+    void setSetByTab(bool on) { m_setByTab = on; }
+    void clearAppFlags();
+    /// Shows the play (stopped) or the pause (playing) picture on `play` and un-hides it.
+    void setPlayState(bool playing);
+};
+
+} // namespace lumbrix
