@@ -1,0 +1,49 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// Typed reads of attributes.
+#pragma once
+
+#include <optional>
+
+#include "model/AXNames.h"
+#include "platform/Accessibility.h"
+#include "platform/Desktop.h"
+
+namespace lumbrix::AX
+{
+
+/// Null when there is no element, the read fails, or the value has another type.
+template <class T>
+std::optional<T> read(const platform::ElementRef& element, const QString& attribute)
+{
+    if (!element)
+        return std::nullopt;
+    const platform::AXResult result =
+        platform::desktop().accessibility.copyAttributeValue(element, attribute);
+    if (const T* value = result.as<T>())
+        return *value;
+    return std::nullopt;
+}
+
+inline platform::ElementRef readElement(const platform::ElementRef& element,
+                                        const QString& attribute)
+{
+    return read<platform::ElementRef>(element, attribute).value_or(nullptr);
+}
+
+inline std::vector<platform::ElementRef> readElements(const platform::ElementRef& element,
+                                                      const QString& attribute)
+{
+    return read<std::vector<platform::ElementRef>>(element, attribute)
+        .value_or(std::vector<platform::ElementRef>{});
+}
+
+/// Whether the attribute can be read and is this text.
+inline bool equals(const platform::ElementRef& element, const QString& attribute,
+                   const QString& text)
+{
+    return read<QString>(element, attribute) == text;
+}
+
+} // namespace lumbrix::AX

@@ -1,0 +1,17 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// What the window model knows of particular applications.
+#pragma once
+
+#include <QtCore/QString>
+
+namespace lumbrix::BundleIdentifier
+{
+
+inline const QString Dock = QStringLiteral("com.apple.dock");
+inline const QString Finder = QStringLiteral("com.apple.finder");
+inline const QString Illustrator = QStringLiteral("com.adobe.illustrator");
+inline const QString ITunes = QStringLiteral("com.apple.iTunes");
+
+} // namespace lumbrix::BundleIdentifier

@@ -1,0 +1,40 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// Where previews go: pure functions from rectangles to rectangles.
+#pragma once
+
+#include <QtCore/QRectF>
+#include <QtCore/QSizeF>
+#include <QtCore/QString>
+
+#include <optional>
+#include <vector>
+
+namespace lumbrix::PreviewLayout
+{
+
+enum class DockSide { Bottom, Left, Right };
+
+/// "bottom", "left" or "right"; null for any other word.
+std::optional<DockSide> dockSideForOrientation(const QString& orientation);
+
+/// Everything a placement depends on; points.
+struct Input {
+    QRectF icon;   ///< the Dock item, in accessibility coordinates; zero when there is none
+    QSizeF screen; ///< of the main screen
+    float windowWidth = 0;
+    float windowHeight = 0;
+    float distanceFromDock = 0;
+};
+
+/// Frames of a strip of `count` previews in screen coordinates, in strip order: a row above a
+/// bottom Dock from left to right, a column beside a side Dock from top to bottom. `size` stands
+/// in for the size of the settings (a calendar preview has its own).
+std::vector<QRectF> strip(DockSide side, const Input& input, int count,
+                          std::optional<QSizeF> size = std::nullopt);
+
+/// Frame of one sample preview beside the icon, in screen coordinates.
+QRectF sample(DockSide side, const Input& input);
+
+} // namespace lumbrix::PreviewLayout

@@ -1,0 +1,208 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include "model/WindowInventory.h"
+
+#include <algorithm>
+
+#include "model/BundleIdentifiers.h"
+#include "model/Modifiers.h"
+#include "platform/Desktop.h"
+#include "platform/Workspace.h"
+
+namespace lumbrix
+{
+
+using platform::ElementRef;
+using platform::WindowList;
+
+WindowInventory::WindowInventory(const EngineSettings& settings, InventoryObserver& observer)
+    : m_settings(settings), m_observer(observer)
+{
+    m_windows.reserve(5);
+}
+
+std::vector<SWElementPtr> WindowInventory::windowsArray() const
+{
+    const std::lock_guard lock(m_lock);
+    return m_windows;
+}
+
+void WindowInventory::addObject(const SWElementPtr& element)
+{
+    {
+        const std::lock_guard lock(m_lock);
+        m_windows.push_back(element);
+    }
+    m_observer.windowsChanged();
+}
+
+void WindowInventory::insertObject(const SWElementPtr& element, std::size_t index)
+{
+    {
+        const std::lock_guard lock(m_lock);
+        const auto position = std::min(index, m_windows.size());
+        m_windows.insert(m_windows.begin() + static_cast<std::ptrdiff_t>(position), element);
+    }
+    m_observer.windowsChanged();
+}
+
+void WindowInventory::removeObject(const SWElementPtr& element)
+{
+    {
+        const std::lock_guard lock(m_lock);
+        std::erase(m_windows, element);
+    }
+    m_observer.windowsChanged();
+}
+
+WindowList WindowInventory::copyWindowList()
+{
+    return platform::desktop().windowServer.copyWindowInfo(
+        platform::WindowListOption::ExcludeDesktopElements);
+}
+
+void WindowInventory::windowScanner()
+{
+    if (m_settings.disabled)
+        return;
+    cleanWindowsArray();
+    const WindowList list = copyWindowList();
+    platform::Workspace& workspace = platform::desktop().workspace;
+    if (m_settings.showOthersInDockIcon) {
+        for (const auto& application : workspace.runningApplications())
+            addAppWindows(application.pid, list);
+    } else {
+        for (const std::int32_t pid : workspace.launchedApplications())
+            addAppWindows(pid, list);
+    }
+    if (m_settings.showSpaces && !m_observer.isShowingPreviews()) {
+        for (const SWElementPtr& window : windowsArray())
+            window->getSpaceNumber(list);
+    }
+}
+
+void WindowInventory::cleanWindowsArray()
+{
+    for (const SWElementPtr& window : windowsArray()) {
+        if (!window->checkIfExists())
+            removeObject(window);
+    }
+}
+
+void WindowInventory::addAppWindows(std::int32_t pid, const WindowList& windowList)
+{
+    const ElementRef application = platform::desktop().accessibility.createApplication(pid);
+    if (!application)
+        return;
+    for (const SWElementPtr& window : SWElement::elementsForElementRef(application))
+        processWindow(window, windowList);
+}
+
+void WindowInventory::processWindow(const SWElementPtr& element, const WindowList& windowList)
+{
+    const auto isListed = [&element](const SWElementPtr& other) {
+        return other->isEqualTo(element);
+    };
+    const auto known = windowsArray();
+    if (std::any_of(known.begin(), known.end(), isListed))
+        return;
+    if (!element->findPIDandWID(windowList) || !element->checkIfExists())
+        return;
+    {
+        // Looked up and added under one lock: a scan and a notification may bring the same window
+        // at the same moment.
+        const std::lock_guard lock(m_lock);
+        const bool isDuplicate =
+            std::any_of(m_windows.begin(), m_windows.end(), [&](const SWElementPtr& other) {
+                return isListed(other) || other->wid() == element->wid();
+            });
+        if (isDuplicate)
+            return;
+        m_windows.push_back(element);
+    }
+    m_observer.windowsChanged();
+}
+
+void WindowInventory::removeWindow(const ElementRef& element)
+{
+    for (const SWElementPtr& window : windowsArray()) {
+        if (platform::elementsEqual(window->element(), element)) {
+            removeObject(window);
+            return;
+        }
+    }
+}
+
+std::vector<SWElementPtr> WindowInventory::windowsForPID(std::int32_t pid) const
+{
+    const bool filtersSuspended = areFiltersSuspended(m_settings);
+    if (m_settings.ignoreHidden && !filtersSuspended && platform::desktop().workspace.isHidden(pid))
+        return {};
+    std::vector<SWElementPtr> windows;
+    for (const SWElementPtr& window : windowsArray()) {
+        if (window->pid() != pid)
+            continue;
+        // Its window numbers change while it runs.
+        if (window->bundle() == BundleIdentifier::Illustrator)
+            window->findPIDandWID(copyWindowList());
+        if (m_settings.ignoreMinimized && !filtersSuspended && window->checkIfMinimized())
+            continue;
+        windows.push_back(window);
+    }
+    return windows;
+}
+
+int WindowInventory::countForPID(std::int32_t pid) const
+{
+    int count = 0;
+    for (const SWElementPtr& window : windowsArray()) {
+        // The override key is not asked: counts should not flicker while a key is held.
+        if (window->pid() == pid && !(m_settings.ignoreMinimized && window->checkIfMinimized()))
+            ++count;
+    }
+    return count;
+}
+
+int WindowInventory::countForRunningApp(const platform::RunningApplication& application) const
+{
+    platform::Workspace& workspace = platform::desktop().workspace;
+    if (m_settings.showOthersInDockIcon &&
+        application.bundleIdentifier == workspace.ownBundleIdentifier()) {
+        int count = countForPID(application.pid);
+        for (const std::int32_t pid : applicationsWithoutDockIcon()) {
+            if (pid != application.pid)
+                count += countForPID(pid);
+        }
+        return count;
+    }
+    if (m_settings.ignoreHidden && workspace.isHidden(application.pid))
+        return 0;
+    return countForPID(application.pid);
+}
+
+SWElementPtr WindowInventory::windowForMinimizedIcon(const SWElement& icon) const
+{
+    const auto title = icon.getTitle();
+    if (!title)
+        return nullptr;
+    for (const SWElementPtr& window : windowsArray()) {
+        if (window->getTitle() == title && window->checkIfMinimized() && window->checkIfExists())
+            return window;
+    }
+    return nullptr;
+}
+
+std::vector<std::int32_t> WindowInventory::applicationsWithoutDockIcon()
+{
+    platform::Workspace& workspace = platform::desktop().workspace;
+    const std::vector<std::int32_t> launched = workspace.launchedApplications();
+    std::vector<std::int32_t> others;
+    for (const auto& application : workspace.runningApplications()) {
+        if (std::find(launched.begin(), launched.end(), application.pid) == launched.end())
+            others.push_back(application.pid);
+    }
+    return others;
+}
+
+} // namespace lumbrix

@@ -1,0 +1,70 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// Every previewable window of every application, matched to the window server.
+#pragma once
+
+#include <cstdint>
+#include <mutex>
+#include <optional>
+#include <vector>
+
+#include "model/EngineSettings.h"
+#include "model/SWElement.h"
+#include "platform/WindowServer.h"
+
+namespace lumbrix
+{
+
+/// What the inventory tells the engine. Any thread.
+class InventoryObserver
+{
+public:
+    virtual ~InventoryObserver() = default;
+    /// The list of windows changed; called after the lock is released, must not wait.
+    virtual void windowsChanged() = 0;
+    /// Whether previews are showing now; their Space numbers are left alone while they do.
+    virtual bool isShowingPreviews() const = 0;
+};
+
+/// Any thread: readers walk a copy, changes take the lock for the change alone.
+class WindowInventory
+{
+public:
+    /// Both outlive the inventory.
+    WindowInventory(const EngineSettings& settings, InventoryObserver& observer);
+
+    std::vector<SWElementPtr> windowsArray() const;
+    void addObject(const SWElementPtr& element);
+    void insertObject(const SWElementPtr& element, std::size_t index); ///< at most at the end
+    void removeObject(const SWElementPtr& element);
+
+    /// One scan of all applications; nothing while the engine is disabled.
+    void windowScanner();
+    /// Drops the windows that no longer exist.
+    void cleanWindowsArray();
+    void addAppWindows(std::int32_t pid, const platform::WindowList& windowList);
+    /// Adds one window if it is new and real.
+    void processWindow(const SWElementPtr& element, const platform::WindowList& windowList);
+    void removeWindow(const platform::ElementRef& element);
+
+    /// The listed windows of one process, as the visibility settings allow.
+    std::vector<SWElementPtr> windowsForPID(std::int32_t pid) const;
+    int countForPID(std::int32_t pid) const;
+    int countForRunningApp(const platform::RunningApplication& application) const;
+    /// The minimised window that a Dock icon stands for; null when none is known.
+    SWElementPtr windowForMinimizedIcon(const SWElement& icon) const;
+    /// Running applications that have no Dock icon of their own, in running order.
+    static std::vector<std::int32_t> applicationsWithoutDockIcon();
+
+    /// The window server's list as every caller takes it.
+    static platform::WindowList copyWindowList();
+
+private:
+    const EngineSettings& m_settings;
+    InventoryObserver& m_observer;
+    mutable std::mutex m_lock;
+    std::vector<SWElementPtr> m_windows; ///< guarded by m_lock
+};
+
+} // namespace lumbrix
