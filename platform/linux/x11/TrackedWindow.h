@@ -24,6 +24,7 @@ struct TrackedWindow {
     xcb_window_t id = XCB_NONE;
     xcb_window_t frame = XCB_NONE; ///< the child of the root that holds it; `id` without a frame
     QRect bounds;                  ///< of the frame, without invisible client-drawn borders
+    QRect frameBounds;             ///< of the frame as a whole, invisible borders included
     QString title;                 ///< valid UTF-16, at most 4096 characters; may be empty
     QString classInstance;
     QString className;
@@ -32,7 +33,7 @@ struct TrackedWindow {
     bool skipTaskbar = false;
     bool isIconic = false;
     bool isFullscreen = false;
-    bool isMapped = false;
+    bool isMapped = false;  ///< its frame is; also true of a shaded window
     bool canDelete = false; ///< takes part in WM_DELETE_WINDOW
     /// 0-based; −1 = on all desktops or unknown.
     int desktop = -1;
@@ -43,6 +44,8 @@ struct TrackedWindow {
     std::uint64_t iconGeometrySerial = 0;
     std::int64_t iconGeometryTime = 0;
     bool isResponding = true; ///< false while a ping is unanswered for over 0.2 s
+
+    bool operator==(const TrackedWindow&) const = default;
 };
 using TrackedWindowPtr = std::shared_ptr<const TrackedWindow>;
 
