@@ -1,0 +1,31 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// Ends the event loop on SIGTERM, SIGINT and SIGHUP.
+#pragma once
+
+#include <QtCore/QObject>
+
+#include <memory>
+
+class QSocketNotifier;
+
+namespace lumbrix
+{
+
+/// At most one at a time. Main thread.
+class QuitSignals final : public QObject
+{
+    Q_OBJECT
+
+public:
+    QuitSignals();
+    ~QuitSignals() override;
+
+private:
+    void signalled();
+
+    std::unique_ptr<QSocketNotifier> m_notifier;
+};
+
+} // namespace lumbrix

@@ -1,0 +1,89 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// Lumbrix: live previews of an application's windows beside its Dock icon.
+#include <QtWidgets/QApplication>
+
+#include <cstdio>
+#include <cstring>
+
+#include "app/LumbrixController.h"
+#include "app/QuitSignals.h"
+#include "engine/LXHandler.h"
+#include "platform/Desktop.h"
+#include "platform/linux/LinuxDesktop.h"
+#include "platform/qt/QtRunLoop.h"
+
+namespace
+{
+
+constexpr const char* helpText =
+    "Usage: lumbrix [--version] [--help]\n"
+    "\n"
+    "Shows live previews of an application's windows when the mouse rests on its icon in\n"
+    "the Dock or on its button in a panel. Click a preview to bring its window forward.\n"
+    "\n"
+    "Settings: $XDG_CONFIG_HOME/lumbrix/lumbrix.conf (usually ~/.config/lumbrix/lumbrix.conf)\n";
+
+/// Options that are answered without a desktop; −1 when there were none.
+int answerOptions(int argc, char** argv)
+{
+    for (int i = 1; i < argc; ++i) {
+        if (std::strcmp(argv[i], "--version") == 0) {
+            std::printf("lumbrix %s\n", LUMBRIX_VERSION);
+            return 0;
+        }
+        if (std::strcmp(argv[i], "--help") == 0 || std::strcmp(argv[i], "-h") == 0) {
+            std::fputs(helpText, stdout);
+            return 0;
+        }
+        std::fprintf(stderr, "lumbrix: unknown option '%s'\n%s", argv[i], helpText);
+        return 2;
+    }
+    return -1;
+}
+
+int fail(const QString& reason)
+{
+    std::fprintf(stderr, "lumbrix: %s\n", qUtf8Printable(reason));
+    return 1;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    using namespace lumbrix;
+    if (const int status = answerOptions(argc, argv); status >= 0)
+        return status;
+    QString error;
+    if (!platform::LinuxDesktop::prepareToolkit(error))
+        return fail(error);
+
+    QApplication::setApplicationName(QStringLiteral("lumbrix"));
+    QApplication::setApplicationVersion(QStringLiteral(LUMBRIX_VERSION));
+    QApplication::setQuitOnLastWindowClosed(false);
+    QApplication application(argc, argv);
+
+    platform::QtRunLoop runLoop;
+    platform::LinuxDesktopOptions options;
+    options.pixelsPerPoint = application.devicePixelRatio();
+    const auto desktop = platform::LinuxDesktop::create(runLoop, options, error);
+    if (!desktop)
+        return fail(error);
+    const platform::DesktopScope scope(desktop->ports());
+
+    const QuitSignals quitSignals;
+    LumbrixController controller;
+    int status = 1;
+    if (controller.awakeFromNib()) {
+        controller.applicationDidFinishLaunching();
+        status = QApplication::exec();
+        controller.applicationWillTerminate();
+    } else {
+        fail(QStringLiteral("other applications' windows cannot be read on this desktop"));
+    }
+    runLoop.shutdown();
+    LXHandler::releaseSharedHandler();
+    return status;
+}

@@ -1,0 +1,66 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include "engine/Companions.h"
+
+namespace lumbrix
+{
+namespace
+{
+
+class AbsentHotKeyCenter final : public HotKeyCenter
+{
+    void registerHotKey(const std::shared_ptr<SGHotKey>&) override {}
+    void unregisterHotKey(const std::shared_ptr<SGHotKey>&) override {}
+    void toggleEventTap(bool) override {}
+};
+
+class AbsentCalendarPreview final : public CalendarPreview
+{
+    bool shouldShowCal() const override { return false; }
+    void calIconHovered(const SWElementPtr&) override {}
+};
+
+class AbsentHelpBubble final : public HelpBubble
+{
+    void positionAndShowBubble() override {}
+    void hideBubble() override {}
+};
+
+class AbsentWindowCountBadger final : public WindowCountBadger
+{
+    void badgeDockItems() override {}
+};
+
+class AbsentSpacesBadge final : public SpacesBadge
+{
+    void showSpaces(ScreenyView&) override {}
+    void hide(ScreenyView&) override {}
+};
+
+class AbsentPlayerControls final : public PlayerControls
+{
+    void setAppFlags(ScreenyView&, const std::optional<platform::RunningApplication>&) override {}
+    QString playerState() override { return QStringLiteral("unknown"); }
+    std::optional<QString> currentTrack() override { return std::nullopt; }
+    QImage artwork() override { return {}; }
+    void skipLeft(ScreenyView&) override {}
+    void skipRight(ScreenyView&) override {}
+    void play(ScreenyView&) override {}
+    void getMail(ScreenyView&) override {}
+    void playPause(ScreenyView&) override {}
+};
+
+} // namespace
+
+Companions::Companions()
+    : hotKeyCenter(std::make_shared<AbsentHotKeyCenter>()),
+      calendarPreview(std::make_shared<AbsentCalendarPreview>()),
+      helpBubble(std::make_shared<AbsentHelpBubble>()),
+      windowCountBadger(std::make_shared<AbsentWindowCountBadger>()),
+      spacesBadge(std::make_shared<AbsentSpacesBadge>()),
+      playerControls(std::make_shared<AbsentPlayerControls>())
+{
+}
+
+} // namespace lumbrix

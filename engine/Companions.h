@@ -1,0 +1,55 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// The subsystems beside the engine that it calls into. Each starts as an absent one, which does
+// nothing, until the subsystem takes its place.
+#pragma once
+
+#include <memory>
+
+#include "model/SWElement.h"
+#include "preview/HotKeyCenter.h"
+#include "preview/PreviewHost.h"
+
+namespace lumbrix
+{
+
+/// The list of today's events that stands in for a calendar's windows. Main thread.
+class CalendarPreview
+{
+public:
+    virtual ~CalendarPreview() = default;
+    virtual bool shouldShowCal() const = 0;
+    virtual void calIconHovered(const SWElementPtr& dockItem) = 0;
+};
+
+/// The translucent shape behind the row of previews. Main thread.
+class HelpBubble
+{
+public:
+    virtual ~HelpBubble() = default;
+    virtual void positionAndShowBubble() = 0;
+    virtual void hideBubble() = 0;
+};
+
+/// The window counts over the Dock's icons. Main thread.
+class WindowCountBadger
+{
+public:
+    virtual ~WindowCountBadger() = default;
+    virtual void badgeDockItems() = 0;
+};
+
+/// None is ever null.
+struct Companions {
+    Companions();
+
+    std::shared_ptr<HotKeyCenter> hotKeyCenter;
+    std::shared_ptr<CalendarPreview> calendarPreview;
+    std::shared_ptr<HelpBubble> helpBubble;
+    std::shared_ptr<WindowCountBadger> windowCountBadger;
+    std::shared_ptr<SpacesBadge> spacesBadge;
+    std::shared_ptr<PlayerControls> playerControls;
+};
+
+} // namespace lumbrix

@@ -1,0 +1,40 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include "engine/FilterTable.h"
+
+#include "platform/Desktop.h"
+#include "platform/UserDefaults.h"
+
+namespace lumbrix
+{
+
+QVariantMap FilterTable::getFiltersDictionary()
+{
+    const auto stored =
+        platform::desktop().userDefaults.dictionaryForKey(QStringLiteral("filters"));
+    return stored.value_or(QVariantMap{{QStringLiteral("All applications"), 2}});
+}
+
+std::optional<int> FilterTable::levelForKey(const QString& key) const
+{
+    const std::lock_guard lock(m_mutex);
+    const auto found = m_filters.constFind(key);
+    if (found == m_filters.constEnd())
+        return std::nullopt;
+    return found->toInt();
+}
+
+QVariantMap FilterTable::filters() const
+{
+    const std::lock_guard lock(m_mutex);
+    return m_filters;
+}
+
+void FilterTable::setFilters(const QVariantMap& filters)
+{
+    const std::lock_guard lock(m_mutex);
+    m_filters = filters;
+}
+
+} // namespace lumbrix

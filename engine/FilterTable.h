@@ -1,0 +1,32 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// Per-application filter levels by bundle identifier, with "All applications" as the default.
+#pragma once
+
+#include <QtCore/QVariantMap>
+
+#include <mutex>
+
+#include "model/FilterLevels.h"
+
+namespace lumbrix
+{
+
+/// Any thread: the scanner asks for levels while the main thread edits them.
+class FilterTable final : public FilterLevels
+{
+public:
+    /// The stored dictionary, or the one a new user starts with. Main thread.
+    static QVariantMap getFiltersDictionary();
+
+    std::optional<int> levelForKey(const QString& key) const override;
+    QVariantMap filters() const;
+    void setFilters(const QVariantMap& filters);
+
+private:
+    mutable std::mutex m_mutex;
+    QVariantMap m_filters;
+};
+
+} // namespace lumbrix

@@ -1,0 +1,20 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// Waits on a thread of its own until the mouse rests over a newly hovered Dock item.
+#pragma once
+
+#include "model/SWElement.h"
+#include "platform/RunLoop.h"
+
+namespace lumbrix
+{
+
+class LXHandler;
+
+/// The checker's body: runs until the mouse rests, then hands the hover to the main thread and
+/// waits for it. Ends without a hover when cancelled, or when the mouse has left an item that was
+/// confirmed before. Worker thread; the handler outlives it.
+void mouseChecker(LXHandler& handler, const SWElementPtr& element, const platform::Thread& self);
+
+} // namespace lumbrix

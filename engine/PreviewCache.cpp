@@ -1,0 +1,72 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include "engine/PreviewCache.h"
+
+#include "model/EngineSettings.h"
+#include "preview/PreviewHost.h"
+
+namespace lumbrix
+{
+namespace
+{
+constexpr int readyPreviews = 6;
+} // namespace
+
+ScreenyViewPtr PreviewCache::createScreenyView()
+{
+    ScreenyViewPtr preview = getFromCache();
+    return preview ? preview : load();
+}
+
+ScreenyViewPtr PreviewCache::getFromCache()
+{
+    if (m_cacheArray.empty())
+        return nullptr;
+    ScreenyViewPtr preview = m_cacheArray.back();
+    m_cacheArray.pop_back();
+    return preview;
+}
+
+void PreviewCache::clearCache()
+{
+    m_cacheArray.clear();
+    std::vector<ScreenyViewPtr> fresh;
+    for (int i = 0; i < readyPreviews; ++i) {
+        if (ScreenyViewPtr preview = load())
+            fresh.push_back(std::move(preview));
+    }
+    for (const ScreenyViewPtr& preview : fresh)
+        preview->dismiss(); // which returns it to the cache
+}
+
+void PreviewCache::orderCacheOut()
+{
+    for (const ScreenyViewPtr& preview : m_cacheArray)
+        preview->dismissWithoutRebirth();
+}
+
+QString PreviewCache::interfaceFileForStyle(int previewStyle)
+{
+    switch (previewStyle) {
+    case 0:
+        return QStringLiteral("ScreenyView");
+    case 2:
+        return QStringLiteral("ScreenyViewBorderless");
+    case 3:
+        return QStringLiteral("ScreenyViewBlue");
+    case 4:
+        return QStringLiteral("ScreenyViewRed");
+    case 5:
+        return QStringLiteral("ScreenyViewGreen");
+    default:
+        return QStringLiteral("ScreenyViewBlack");
+    }
+}
+
+ScreenyViewPtr PreviewCache::load()
+{
+    return ScreenyView::load(interfaceFileForStyle(m_host.settings().previewStyle), m_host);
+}
+
+} // namespace lumbrix

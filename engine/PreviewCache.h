@@ -1,0 +1,44 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// Idle previews kept for reuse: loading one from its interface file is costly.
+#pragma once
+
+#include <QtCore/QString>
+
+#include <vector>
+
+#include "preview/ScreenyView.h"
+
+namespace lumbrix
+{
+
+/// Last in, first out. Main thread.
+class PreviewCache
+{
+public:
+    /// The host outlives the cache.
+    explicit PreviewCache(PreviewHost& host) : m_host(host) {}
+
+    /// One from the cache, else a new one in the style of the settings; null when its interface
+    /// file cannot be loaded.
+    ScreenyViewPtr createScreenyView();
+    ScreenyViewPtr getFromCache(); ///< null when empty
+    void addToCache(const ScreenyViewPtr& preview) { m_cacheArray.push_back(preview); }
+    /// Drops all and keeps a handful of new ones in the present style ready.
+    void clearCache();
+    /// Takes the panels of all idle previews off the screen.
+    void orderCacheOut();
+    void releaseAll() { m_cacheArray.clear(); }
+
+    const std::vector<ScreenyViewPtr>& cacheArray() const { return m_cacheArray; }
+    static QString interfaceFileForStyle(int previewStyle);
+
+private:
+    ScreenyViewPtr load();
+
+    PreviewHost& m_host;
+    std::vector<ScreenyViewPtr> m_cacheArray;
+};
+
+} // namespace lumbrix

@@ -1,0 +1,198 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include "engine/PreviewUpdater.h"
+
+#include <algorithm>
+
+#include "engine/LXHandler.h"
+#include "engine/Timers.h"
+#include "model/Modifiers.h"
+#include "platform/Desktop.h"
+
+namespace lumbrix
+{
+namespace
+{
+constexpr std::size_t mostPreviews = 15;
+/// After a preview went, the strip moves under the mouse: this many exit checks are skipped, one
+/// second in all.
+constexpr int exitChecksSkippedAfterRemoval = 20;
+} // namespace
+
+void PreviewUpdater::armUpdateTimer(platform::Seconds interval, const SWElementPtr& element)
+{
+    m_updateTimer = platform::desktop().runLoop.scheduleTimer(
+        interval, true, [this, element] { updateWindows(element); });
+}
+
+void PreviewUpdater::invalidateUpdateTimer() { invalidateTimer(m_updateTimer); }
+
+void PreviewUpdater::updateWindows(const SWElementPtr& element)
+{
+    const EngineSettings& settings = m_handler.settings();
+    if (settings.hidePreviews && isModifierHeld(settings.hidePreviewsKeycode)) {
+        m_handler.removeAllScreenViewsLeavingTimersAlone();
+        return;
+    }
+    if (m_handler.screenyViews().size() == 1 && element && element->isMinimizedIcon()) {
+        if (!updateMinimizedPreview(element))
+            m_handler.removeAllScreenViews();
+        return;
+    }
+    Pass pass;
+    refreshShown(pass);
+    followApplication(element, pass);
+    if (!pass.isOver && (pass.added || pass.removed))
+        layOutAgain(element, pass);
+}
+
+bool PreviewUpdater::updateMinimizedPreview(const SWElementPtr&)
+{
+    ScreenyView& preview = *m_handler.screenyViews().front();
+    const SWElementPtr window = preview.elementRef();
+    if (!window || !window->checkIfExists() || !window->checkIfMinimized())
+        return false;
+    const auto track =
+        preview.iTunes() ? m_handler.companions().playerControls->currentTrack() : std::nullopt;
+    if (track)
+        preview.setTitleString(*track);
+    else if (!preview.iTunes())
+        preview.setTitleString(window->getTitle().value_or(QString()));
+    return true;
+}
+
+void PreviewUpdater::refreshShown(Pass& pass)
+{
+    const EngineSettings& settings = m_handler.settings();
+    const bool leaveOutMinimized = settings.ignoreMinimized && !areFiltersSuspended(settings);
+    std::vector<ScreenyViewPtr> kept;
+    const auto shown = m_handler.screenyViews();
+    for (const ScreenyViewPtr& preview : shown) {
+        const SWElementPtr window = preview->elementRef();
+        const bool goes = window && ((leaveOutMinimized && window->checkIfMinimized()) ||
+                                     !window->checkIfExists());
+        if (goes) {
+            preview->dismiss();
+            pass.removed = true;
+            continue;
+        }
+        if (window)
+            refreshPreview(*preview);
+        kept.push_back(preview);
+    }
+    m_handler.setScreenyViews(std::move(kept));
+}
+
+void PreviewUpdater::refreshPreview(ScreenyView& preview)
+{
+    const SWElementPtr window = preview.elementRef();
+    if (!m_handler.settings().disableLivePreviews)
+        m_handler.updateScreenshot(window);
+    if (preview.iTunes()) {
+        PlayerControls& player = *m_handler.companions().playerControls;
+        if (const auto track = player.currentTrack())
+            preview.setTitleString(*track);
+        const QImage artwork = player.artwork();
+        preview.setImage(artwork.isNull() ? window->screenshot() : artwork);
+    } else {
+        preview.setImage(window->screenshot());
+        preview.setTitleString(window->getTitle().value_or(QString()));
+    }
+}
+
+std::vector<SWElementPtr>
+PreviewUpdater::candidates(const platform::RunningApplication& application) const
+{
+    WindowInventory& inventory = m_handler.inventory();
+    inventory.cleanWindowsArray();
+    auto windows = inventory.windowsForPID(application.pid);
+    if (m_handler.settings().showOthersInDockIcon &&
+        application.bundleIdentifier == platform::desktop().workspace.ownBundleIdentifier()) {
+        for (const std::int32_t pid : WindowInventory::applicationsWithoutDockIcon()) {
+            if (pid == application.pid)
+                continue;
+            const auto more = inventory.windowsForPID(pid);
+            windows.insert(windows.end(), more.begin(), more.end());
+        }
+    }
+    return windows;
+}
+
+void PreviewUpdater::followApplication(const SWElementPtr& element, Pass& pass)
+{
+    const EngineSettings& settings = m_handler.settings();
+    const auto application = element ? element->runningApplicationForDockElement() : std::nullopt;
+    if (!application)
+        return;
+    platform::Workspace& workspace = platform::desktop().workspace;
+    const bool isOwn = application->bundleIdentifier == workspace.ownBundleIdentifier();
+    if (settings.ignoreHidden && !isOwn && workspace.isHidden(application->pid) &&
+        !areFiltersSuspended(settings)) {
+        m_handler.removeAllScreenViewsLeavingTimersAlone();
+        pass.removed = true;
+    }
+    const auto windows = candidates(*application);
+    const bool isSuppressed = windows.empty() || (settings.ignoreOneWindow && windows.size() == 1 &&
+                                                  !areFiltersSuspended(settings));
+    if (isSuppressed || (settings.onlyIfPressed && !isModifierHeld(settings.onlyIfKeycode))) {
+        m_handler.removeAllScreenViewsLeavingTimersAlone();
+        pass.added = false;
+        return;
+    }
+    addMissing(windows, *application, element, pass);
+}
+
+void PreviewUpdater::addMissing(const std::vector<SWElementPtr>& windows,
+                                const platform::RunningApplication& application,
+                                const SWElementPtr& element, Pass& pass)
+{
+    for (const SWElementPtr& window : windows) {
+        const auto& previews = m_handler.screenyViews();
+        if (previews.size() >= mostPreviews)
+            return;
+        const bool isShown =
+            std::any_of(previews.begin(), previews.end(), [&window](const ScreenyViewPtr& shown) {
+                return window->isEqualTo(shown->elementRef());
+            });
+        if (isShown)
+            continue;
+        if (!element->isTabIcon() && previews.empty()) {
+            // The first preview comes up by way of a full hover, once the mouse is seen to rest.
+            element->setIsMouseConfirmed(true);
+            m_handler.startMouseChecker(element);
+            invalidateUpdateTimer();
+            pass.isOver = true;
+            return;
+        }
+        const ScreenyViewPtr preview =
+            m_handler.appendPreview(window, application, element->isTabIcon());
+        if (!preview)
+            return;
+        preview->showSpaces();
+        pass.added = true;
+    }
+}
+
+void PreviewUpdater::layOutAgain(const SWElementPtr& element, const Pass& pass)
+{
+    if (m_handler.screenyViews().empty()) {
+        m_handler.companions().hotKeyCenter->toggleEventTap(false);
+        m_handler.companions().helpBubble->hideBubble();
+        return;
+    }
+    if (pass.removed)
+        m_handler.setDelayExit(exitChecksSkippedAfterRemoval);
+    if (element && element->isTabIcon())
+        m_handler.arrangeWindowsBottom(element, true);
+    else
+        m_handler.arrangeWindows(element, true);
+    const auto previews = m_handler.screenyViews();
+    for (const ScreenyViewPtr& preview : previews) {
+        preview->setShortcut();
+        preview->orderFront();
+    }
+    m_handler.companions().hotKeyCenter->toggleEventTap(true);
+}
+
+} // namespace lumbrix

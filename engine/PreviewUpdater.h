@@ -1,0 +1,52 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// Keeps the previews of the hovered item in step with its windows.
+#pragma once
+
+#include <vector>
+
+#include "model/SWElement.h"
+#include "platform/RunLoop.h"
+#include "platform/Workspace.h"
+#include "preview/ScreenyView.h"
+
+namespace lumbrix
+{
+
+class LXHandler;
+
+/// Main thread.
+class PreviewUpdater
+{
+public:
+    explicit PreviewUpdater(LXHandler& handler) : m_handler(handler) {}
+
+    void armUpdateTimer(platform::Seconds interval, const SWElementPtr& element);
+    void invalidateUpdateTimer();
+    /// One pass of the update timer for the hovered item.
+    void updateWindows(const SWElementPtr& element);
+
+private:
+    /// What one pass changed, or that it is over.
+    struct Pass {
+        bool added = false;
+        bool removed = false;
+        bool isOver = false; ///< nothing is laid out any more
+    };
+
+    bool updateMinimizedPreview(const SWElementPtr& element);
+    void refreshShown(Pass& pass);
+    void refreshPreview(ScreenyView& preview);
+    void followApplication(const SWElementPtr& element, Pass& pass);
+    std::vector<SWElementPtr> candidates(const platform::RunningApplication& application) const;
+    void addMissing(const std::vector<SWElementPtr>& windows,
+                    const platform::RunningApplication& application, const SWElementPtr& element,
+                    Pass& pass);
+    void layOutAgain(const SWElementPtr& element, const Pass& pass);
+
+    LXHandler& m_handler;
+    platform::TimerPtr m_updateTimer;
+};
+
+} // namespace lumbrix

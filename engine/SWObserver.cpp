@@ -1,0 +1,25 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include "engine/SWObserver.h"
+
+#include "engine/NotificationIntake.h"
+#include "platform/Desktop.h"
+
+namespace lumbrix
+{
+
+std::unique_ptr<SWObserver> SWObserver::observerWithPid(std::int32_t pid)
+{
+    auto observer = platform::desktop().accessibility.createObserver(pid, handleAXNotification);
+    if (!observer)
+        return nullptr;
+    return std::unique_ptr<SWObserver>(new SWObserver(std::move(observer), pid));
+}
+
+SWObserver::SWObserver(std::unique_ptr<platform::AXObserver> observer, std::int32_t pid)
+    : m_observer(std::move(observer)), m_pid(pid)
+{
+}
+
+} // namespace lumbrix

@@ -1,0 +1,126 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include "engine/StripArranger.h"
+
+#include "engine/LXHandler.h"
+#include "platform/Desktop.h"
+#include "platform/DockPreferences.h"
+#include "platform/RunLoop.h"
+#include "platform/WindowServer.h"
+
+namespace lumbrix
+{
+
+using PreviewLayout::DockSide;
+
+namespace
+{
+
+constexpr int settleReadings = 30;
+constexpr platform::Seconds settleInterval = 0.03;
+
+platform::DockPreferences& freshDockPreferences()
+{
+    platform::DockPreferences& preferences = platform::desktop().dockPreferences;
+    preferences.synchronize();
+    return preferences;
+}
+
+QRectF rectOf(const SWElementPtr& item) { return item ? item->getRect() : QRectF(); }
+
+} // namespace
+
+QString StripArranger::getDockOrientation()
+{
+    return freshDockPreferences().orientation().value_or(QStringLiteral("bottom"));
+}
+
+bool StripArranger::isDockMagnificationEnabled()
+{
+    return freshDockPreferences().magnification() == 1;
+}
+
+bool StripArranger::isDockAutoHidingEnabled() { return freshDockPreferences().autohide() == 1; }
+
+void StripArranger::arrangeWindows(const SWElementPtr& item, bool animate)
+{
+    const auto side = PreviewLayout::dockSideForOrientation(getDockOrientation());
+    if (side == DockSide::Bottom)
+        arrangeWindowsBottom(item, animate);
+    else if (side == DockSide::Left)
+        arrangeWindowsLeft(item, animate);
+    else if (side == DockSide::Right)
+        arrangeWindowsRight(item, animate);
+}
+
+void StripArranger::arrangeWindowsBottom(const SWElementPtr& item, bool /*animate*/)
+{
+    arrangeStrip(DockSide::Bottom, item);
+}
+
+void StripArranger::arrangeWindowsLeft(const SWElementPtr& item, bool /*animate*/)
+{
+    arrangeStrip(DockSide::Left, item);
+}
+
+void StripArranger::arrangeWindowsRight(const SWElementPtr& item, bool /*animate*/)
+{
+    arrangeStrip(DockSide::Right, item);
+}
+
+void StripArranger::arrangeStrip(DockSide side, const SWElementPtr& item)
+{
+    waitUntilSettled(item);
+    const auto& previews = m_handler.screenyViews();
+    std::optional<QSizeF> size;
+    if (!previews.empty() && previews.front()->iCal() && previews.front()->window())
+        size = previews.front()->window()->frame().size();
+    const auto frames = PreviewLayout::strip(side, layoutInput(rectOf(item)),
+                                             static_cast<int>(previews.size()), size);
+    for (std::size_t i = 0; i < frames.size(); ++i) {
+        if (MAWindow* window = previews[i]->window())
+            window->setFrame(frames[i]);
+        previews[i]->setTrackingRect();
+    }
+    m_handler.companions().helpBubble->positionAndShowBubble();
+}
+
+void StripArranger::arrangeWindow(ScreenyView& preview)
+{
+    const auto side = PreviewLayout::dockSideForOrientation(getDockOrientation());
+    const SWElementPtr first = SWElement::getFirstDockElement();
+    if (MAWindow* window = preview.window(); window && side && first)
+        window->setFrame(PreviewLayout::sample(*side, layoutInput(first->getRect())));
+    preview.orderFront();
+}
+
+void StripArranger::waitUntilSettled(const SWElementPtr& item)
+{
+    // Under magnification or while the Dock slides in, the icon is still moving.
+    if (!isDockMagnificationEnabled() && !isDockAutoHidingEnabled())
+        return;
+    QRectF previous = rectOf(item);
+    for (int reading = 1; reading < settleReadings; ++reading) {
+        platform::desktop().runLoop.sleep(settleInterval);
+        const QRectF current = rectOf(item);
+        if (current == previous)
+            return;
+        previous = current;
+    }
+}
+
+PreviewLayout::Input StripArranger::layoutInput(const QRectF& icon) const
+{
+    const auto screens = platform::desktop().windowServer.screens();
+    const EngineSettings& settings = m_handler.settings();
+    PreviewLayout::Input input;
+    input.icon = icon;
+    input.screen = screens.empty() ? QSizeF() : screens.front().size();
+    input.windowWidth = settings.windowWidth;
+    input.windowHeight = settings.windowHeight;
+    input.distanceFromDock = settings.distanceFromDock;
+    return input;
+}
+
+} // namespace lumbrix

@@ -1,0 +1,47 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// Applies the preview layout to panels, once the Dock has settled.
+#pragma once
+
+#include <QtCore/QString>
+
+#include "model/PreviewLayout.h"
+#include "preview/ScreenyView.h"
+
+namespace lumbrix
+{
+
+class LXHandler;
+
+/// Main thread.
+class StripArranger
+{
+public:
+    explicit StripArranger(LXHandler& handler) : m_handler(handler) {}
+
+    // The Dock's own settings, read afresh each time.
+    static QString getDockOrientation();
+    static bool isDockMagnificationEnabled();
+    static bool isDockAutoHidingEnabled();
+
+    /// Places the previews shown as one strip beside the item on the Dock's side; nothing is placed
+    /// for a Dock on any other side. A null item reads as the zero rectangle. Panels of this
+    /// program move at once, so `animate` only tells what was asked for.
+    void arrangeWindows(const SWElementPtr& item, bool animate);
+    void arrangeWindowsBottom(const SWElementPtr& item, bool animate);
+    void arrangeWindowsLeft(const SWElementPtr& item, bool animate);
+    void arrangeWindowsRight(const SWElementPtr& item, bool animate);
+
+    /// Places one sample preview beside the Dock's first item and brings it to the front.
+    void arrangeWindow(ScreenyView& preview);
+
+private:
+    void arrangeStrip(PreviewLayout::DockSide side, const SWElementPtr& item);
+    static void waitUntilSettled(const SWElementPtr& item);
+    PreviewLayout::Input layoutInput(const QRectF& icon) const;
+
+    LXHandler& m_handler;
+};
+
+} // namespace lumbrix
