@@ -1,0 +1,52 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// The run loop that users run on: Qt's event loop and real threads.
+#pragma once
+
+#include <memory>
+#include <thread>
+
+#include "platform/RunLoop.h"
+
+namespace lumbrix::platform
+{
+
+class QtThreads;
+
+/// Created and destroyed on the main thread, after and before the QCoreApplication. Timers and
+/// delayed calls are precise to the millisecond.
+class QtRunLoop final : public RunLoop
+{
+public:
+    QtRunLoop();
+    ~QtRunLoop() override; ///< shuts down
+    QtRunLoop(const QtRunLoop&) = delete;
+    QtRunLoop& operator=(const QtRunLoop&) = delete;
+
+    /// Ends everything: threads are cancelled, woken from sleep() and from waiting for the main
+    /// thread, and joined; timers are invalidated; delayed and queued actions are dropped. What is
+    /// queued or started later is dropped, too. Main thread.
+    ///
+    /// Called from within an action that a thread waits for, it releases that thread before the
+    /// action has returned.
+    void shutdown();
+
+    TimerPtr scheduleTimer(Seconds interval, bool repeats, Action action) override;
+    void performAfterDelay(const void* target, Seconds delay, Action action) override;
+    void cancelPreviousPerformRequests(const void* target) override;
+    void performOnMainThread(Action action, bool waitUntilDone) override;
+    ThreadPtr makeThread(std::string name, ThreadBody body) override;
+    void sleep(Seconds duration) override;
+    Seconds now() const override;
+    bool isMainThread() const override;
+
+private:
+    class Hub;
+
+    const std::thread::id m_mainThread = std::this_thread::get_id();
+    const std::shared_ptr<QtThreads> m_threads;
+    const std::unique_ptr<Hub> m_hub;
+};
+
+} // namespace lumbrix::platform

@@ -1,0 +1,62 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// The threads behind QtRunLoop: started, slept, woken and joined here.
+#pragma once
+
+#include <condition_variable>
+#include <memory>
+#include <mutex>
+#include <thread>
+#include <unordered_map>
+#include <vector>
+
+#include "platform/RunLoop.h"
+
+namespace lumbrix::platform
+{
+
+class QtThread;
+
+/// Any thread. Shared with its threads, so that a Thread may be held, and even started, after the
+/// run loop is gone.
+class QtThreads : public std::enable_shared_from_this<QtThreads>
+{
+public:
+    ThreadPtr make(std::string name, RunLoop::ThreadBody body);
+    /// Blocks until the time has passed or shutdown began.
+    void sleep(Seconds duration);
+    /// Blocks until `isDone`, which is asked under mutex(), or until shutdown began.
+    template <class Predicate> void wait(Predicate isDone)
+    {
+        std::unique_lock lock(m_mutex);
+        m_changed.wait(lock, [&] { return m_isShuttingDown || isDone(); });
+    }
+    /// Wakes wait() to ask its predicate again.
+    void notify() { m_changed.notify_all(); }
+    std::mutex& mutex() { return m_mutex; }
+    bool isShuttingDown() const { return m_isShuttingDown; } ///< under mutex()
+
+    /// Cancels every thread, wakes all that sleep or wait, and joins them. Threads started later
+    /// end without running.
+    void shutdown();
+
+private:
+    friend class QtThread;
+    struct Running {
+        std::shared_ptr<QtThread> thread;
+        std::thread handle;
+    };
+
+    void start(const std::shared_ptr<QtThread>& thread);
+    void run(QtThread& thread);
+
+    std::mutex m_mutex;
+    std::condition_variable m_changed;
+    std::condition_variable m_shutDown;
+    bool m_isShuttingDown = false;
+    std::unordered_map<const QtThread*, Running> m_running;
+    std::vector<std::thread> m_finished; ///< past their bodies, to be joined
+};
+
+} // namespace lumbrix::platform
