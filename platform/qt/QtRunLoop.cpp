@@ -49,7 +49,7 @@ public:
     void dropAll();
 
 protected:
-    bool event(QEvent* event) override;
+    void customEvent(QEvent* event) override;
     void timerEvent(QTimerEvent* event) override;
 
 private:
@@ -57,8 +57,6 @@ private:
         Action action;
         bool isDone = false; ///< guarded by m_threads.mutex()
     };
-
-    void runNextRequest();
 
     static inline const QEvent::Type hopType = QEvent::Type(QEvent::registerEventType());
 
@@ -151,15 +149,7 @@ void QtRunLoop::Hub::post(Action action, bool waitUntilDone)
         m_threads.wait([&request] { return request->isDone; });
 }
 
-bool QtRunLoop::Hub::event(QEvent* event)
-{
-    if (event->type() != hopType)
-        return QObject::event(event);
-    runNextRequest();
-    return true;
-}
-
-void QtRunLoop::Hub::runNextRequest()
+void QtRunLoop::Hub::customEvent(QEvent* /*event*/)
 {
     std::shared_ptr<Request> request;
     {
