@@ -1,0 +1,209 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include "DesktopTest.h"
+
+#include <QtCore/QCoreApplication>
+
+#include <algorithm>
+#include <csignal>
+#include <iostream>
+#include <map>
+
+namespace lumbrix::desktoptest
+{
+
+namespace
+{
+
+/// Starting a desktop takes longer than most tests, so each is kept until a test fails on it.
+std::map<std::string, std::unique_ptr<Desk>>& desks()
+{
+    static std::map<std::string, std::unique_ptr<Desk>> all;
+    return all;
+}
+
+bool near(QRgb a, const QColor& b)
+{
+    constexpr int tolerance = 24;
+    return std::abs(qRed(a) - b.red()) <= tolerance &&
+           std::abs(qGreen(a) - b.green()) <= tolerance &&
+           std::abs(qBlue(a) - b.blue()) <= tolerance;
+}
+
+std::string join(const std::vector<QByteArray>& titles)
+{
+    std::string result;
+    for (const QByteArray& title : titles)
+        result += "\n  " + title.left(80).toStdString();
+    return result;
+}
+
+} // namespace
+
+DeskOptions plank(Edge edge)
+{
+    const char* name = edge == Edge::Left    ? "plank_left"
+                       : edge == Edge::Right ? "plank_right"
+                                             : "plank";
+    return {name, DockKind::Plank, edge, {}};
+}
+
+DeskOptions tint2()
+{
+    return {"tint2", DockKind::Tint2, Edge::Bottom, {{1280, 1024}, WindowManager::Openbox, false}};
+}
+
+DeskOptions xfcePanel() { return {"xfce4_panel", DockKind::XfcePanel, Edge::Bottom, {}}; }
+
+double portionOf(const QImage& picture, const QColor& colour)
+{
+    const QColor lower = lowerColour(colour);
+    double upperCount = 0;
+    double lowerCount = 0;
+    double upperHeight = 0;
+    double lowerHeight = 0;
+    for (int y = 0; y < picture.height(); ++y) {
+        const auto* line = reinterpret_cast<const QRgb*>(picture.constScanLine(y));
+        for (int x = 0; x < picture.width(); ++x) {
+            if (near(line[x], colour)) {
+                ++upperCount;
+                upperHeight += y;
+            } else if (near(line[x], lower)) {
+                ++lowerCount;
+                lowerHeight += y;
+            }
+        }
+    }
+    if (upperCount == 0 || lowerCount == 0 || upperHeight / upperCount > lowerHeight / lowerCount)
+        return 0;
+    return std::min(upperCount, lowerCount) / (picture.width() * picture.height());
+}
+
+void DesktopTest::SetUp()
+{
+    std::unique_ptr<Desk>& kept = desks()[GetParam().name];
+    if (!kept)
+        kept = std::make_unique<Desk>(GetParam());
+    m_desk = kept.get();
+    m_desk->startLumbrix();
+}
+
+void DesktopTest::TearDown()
+{
+    EXPECT_TRUE(m_desk->lumbrix().isRunning()) << "Lumbrix has gone";
+    EXPECT_EQ(m_desk->complaints().toStdString(), "");
+    if (HasFailure()) {
+        savePicture("failed");
+        std::cerr << qPrintable(m_desk->session().logs());
+    }
+    m_desk->park();
+    m_applications.clear();
+    EXPECT_TRUE(showsNothing());
+    if (HasFailure())
+        desks().erase(GetParam().name);
+}
+
+Application& DesktopTest::launch(const QString& identifier, int windows)
+{
+    m_applications.push_back(m_desk->launch(identifier));
+    m_applications.back()->open(windows);
+    return *m_applications.back();
+}
+
+void DesktopTest::hover(const Application& application)
+{
+    ASSERT_TRUE(m_desk->hover(application)) << "the dock shows no icon";
+}
+
+Result DesktopTest::match(const Application& application)
+{
+    const std::vector<Panel> shown = display().previews();
+    std::vector<QByteArray> titles;
+    for (const Panel& panel : shown)
+        titles.push_back(panel.title);
+    std::vector<QByteArray> expected = application.titles();
+    if (!std::is_permutation(titles.begin(), titles.end(), expected.begin(), expected.end()))
+        return testing::AssertionFailure()
+               << "expected the previews" << join(expected) << "\nbut saw" << join(titles);
+    // Windows of the same title are told apart by their pictures alone.
+    std::vector<AppWindow> left = application.windows();
+    for (const Panel& panel : shown) {
+        const QImage picture = display().picture(panel.geometry);
+        const auto found = std::find_if(left.begin(), left.end(), [&](const AppWindow& window) {
+            return window.title == panel.title && portionOf(picture, window.colour) > 0.1;
+        });
+        if (found == left.end())
+            return testing::AssertionFailure()
+                   << "the preview '" << panel.title.left(80).toStdString()
+                   << "' shows something else";
+        left.erase(found);
+    }
+    return testing::AssertionSuccess();
+}
+
+Result DesktopTest::shows(const Application& application, int milliseconds)
+{
+    Result result = testing::AssertionFailure();
+    display().waitFor(
+        [&] {
+            result = match(application);
+            return static_cast<bool>(result);
+        },
+        patience(milliseconds));
+    return result;
+}
+
+Result DesktopTest::showsNothing(int milliseconds)
+{
+    if (display().waitFor([&] { return display().panels().empty(); }, patience(milliseconds)))
+        return testing::AssertionSuccess();
+    Result result = testing::AssertionFailure();
+    for (const Panel& panel : display().panels())
+        result << "still on the screen: " << panel.role.toStdString() << " '"
+               << panel.title.left(80).toStdString() << "'\n";
+    return result;
+}
+
+Result DesktopTest::waitUntil(const std::function<bool()>& condition, int milliseconds)
+{
+    if (display().waitFor(condition, patience(milliseconds)))
+        return testing::AssertionSuccess();
+    return testing::AssertionFailure() << "not within " << milliseconds << " ms";
+}
+
+std::optional<Panel> DesktopTest::preview(const QByteArray& title)
+{
+    for (const Panel& panel : display().previews()) {
+        if (panel.title == title)
+            return panel;
+    }
+    return std::nullopt;
+}
+
+void DesktopTest::clickPreview(const QByteArray& title)
+{
+    const auto panel = preview(title);
+    ASSERT_TRUE(panel.has_value()) << "no preview of " << title.constData();
+    display().moveTo(panel->geometry.center());
+    display().click();
+}
+
+void DesktopTest::savePicture(const char* what)
+{
+    const auto* test = testing::UnitTest::GetInstance()->current_test_info();
+    QString name = QString::fromLatin1(test->name()) + u'.' + QString::fromLatin1(what);
+    m_desk->savePicture(name.replace(u'/', u'.'));
+}
+
+} // namespace lumbrix::desktoptest
+
+int main(int argc, char** argv)
+{
+    std::signal(SIGPIPE, SIG_IGN);
+    const QCoreApplication application(argc, argv);
+    testing::InitGoogleTest(&argc, argv);
+    const int result = RUN_ALL_TESTS();
+    lumbrix::desktoptest::desks().clear();
+    return result;
+}

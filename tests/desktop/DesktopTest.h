@@ -1,0 +1,74 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// What the end-to-end tests share: a desktop that is kept from test to test, and the questions they
+// ask of the screen.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <ostream>
+#include <string>
+#include <vector>
+
+#include "Desk.h"
+
+namespace lumbrix::desktoptest
+{
+
+inline void PrintTo(const DeskOptions& options, std::ostream* out) { *out << options.name; }
+
+// The desktops that the tests run on.
+DeskOptions plank(Edge edge = Edge::Bottom); ///< xfwm4 with compositing
+DeskOptions tint2();                         ///< Openbox, no compositor, windows not grouped
+DeskOptions xfcePanel();                     ///< xfwm4 with compositing, windows grouped
+
+/// For INSTANTIATE_TEST_SUITE_P.
+inline std::string deskName(const testing::TestParamInfo<DeskOptions>& info)
+{
+    return info.param.name;
+}
+
+/// Where the close button of a hovered preview is, from the preview's top left corner.
+inline constexpr QPoint closeButton(14, 14);
+
+using Result = testing::AssertionResult;
+
+/// How much of the picture shows the window: the smaller of the parts in its two colours, where the
+/// upper one is above the lower one; otherwise nothing.
+double portionOf(const QImage& picture, const QColor& colour);
+
+class DesktopTest : public testing::TestWithParam<DeskOptions>
+{
+protected:
+    void SetUp() override;
+    void TearDown() override;
+
+    Desk& desk() { return *m_desk; }
+    Display& display() { return m_desk->display(); }
+
+    /// Starts an application with so many windows; it ends with the test.
+    Application& launch(const QString& identifier, int windows = 0);
+    void hover(const Application& application);
+
+    /// Waits until exactly this application's windows are previewed, in any order, each with its
+    /// title and the picture of that window.
+    Result shows(const Application& application, int milliseconds = 3000);
+    /// Waits until no window of Lumbrix is on the screen.
+    Result showsNothing(int milliseconds = 3000);
+    Result waitUntil(const std::function<bool()>& condition, int milliseconds = 3000);
+    /// The preview with this title; none when there is no such preview.
+    std::optional<Panel> preview(const QByteArray& title);
+    /// Moves onto the preview of the window and clicks on its picture.
+    void clickPreview(const QByteArray& title);
+    void savePicture(const char* what);
+
+private:
+    Result match(const Application& application);
+
+    Desk* m_desk = nullptr;
+    std::vector<std::unique_ptr<Application>> m_applications;
+};
+
+} // namespace lumbrix::desktoptest

@@ -1,0 +1,69 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// A desktop to test on: a session, a dock, three known applications, and Lumbrix.
+#pragma once
+
+#include <QtCore/QMap>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "Application.h"
+#include "Dock.h"
+#include "Session.h"
+
+namespace lumbrix::desktoptest
+{
+
+struct DeskOptions {
+    std::string name; ///< in the names of tests and pictures
+    DockKind dock = DockKind::Plank;
+    Edge edge = Edge::Bottom;
+    SessionOptions session;
+};
+
+using Settings = QMap<QString, QString>;
+
+/// The Lumbrix under test: LUMBRIX_BINARY, or the one of this build.
+QString lumbrixBinary();
+
+/// Main thread.
+class Desk
+{
+public:
+    explicit Desk(const DeskOptions& options);
+    ~Desk();
+
+    const DeskOptions& options() const { return m_options; }
+    Session& session() { return m_session; }
+    Display& display() { return m_session.display(); }
+    Dock& dock() { return *m_dock; }
+    Process& lumbrix() { return *m_lumbrix; }
+
+    /// Starts one of the applications "alpha", "beta" and "gamma", without windows.
+    std::unique_ptr<Application> launch(const QString& identifier);
+    /// Starts Lumbrix with the settings of a user who has changed only these, and waits until it
+    /// answers to the pointer. Does nothing when it runs with the same settings already.
+    void startLumbrix(const Settings& changed = {});
+    /// Ends the one that runs; the next startLumbrix() starts another.
+    void stopLumbrix();
+    /// What Lumbrix has complained about since its start.
+    QString complaints() const { return m_session.log(u"lumbrix"_qs); }
+
+    /// Waits for the icon and moves the pointer there; false when the dock shows none.
+    bool hover(const Application& application);
+    /// Moves the pointer to where there is neither a dock nor a preview.
+    void park();
+    void savePicture(const QString& name);
+
+private:
+    DeskOptions m_options;
+    Session m_session;
+    std::unique_ptr<Dock> m_dock;
+    std::unique_ptr<Process> m_lumbrix;
+    Settings m_settings;
+};
+
+} // namespace lumbrix::desktoptest

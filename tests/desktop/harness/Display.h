@@ -1,0 +1,92 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// What a person has in front of a desktop: eyes (windows, pictures) and a hand (the pointer).
+#pragma once
+
+#include <QtCore/QByteArray>
+#include <QtCore/QPoint>
+#include <QtCore/QRect>
+#include <QtCore/QString>
+#include <QtGui/QImage>
+
+#include <chrono>
+#include <functional>
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+#include <xcb/xcb.h>
+
+namespace lumbrix::desktoptest
+{
+
+/// A mapped top-level window of Lumbrix.
+struct Panel {
+    xcb_window_t id = 0;
+    QString role;     ///< "preview", "zoom", "bubble" ...
+    QByteArray title; ///< the bytes of _NET_WM_NAME
+    QRect geometry;   ///< on the screen, pixels
+    bool overrideRedirect = false;
+};
+
+/// Main thread. A connection that fails ends the program: without its server no test makes sense.
+class Display
+{
+public:
+    explicit Display(const QByteArray& name);
+    ~Display();
+    Display(const Display&) = delete;
+    Display& operator=(const Display&) = delete;
+
+    xcb_connection_t* connection() const { return m_connection; }
+    xcb_window_t root() const { return m_root; }
+    QSize size() const { return m_size; }
+
+    /// Waits until the condition holds and says whether it does. The condition is looked at again
+    /// after everything that happens on the screen, and every few milliseconds for what the server
+    /// does not announce (pixels, processes).
+    bool waitFor(const std::function<bool()>& condition, std::chrono::milliseconds timeout);
+
+    // Windows.
+    xcb_atom_t atom(const std::string& name);
+    std::vector<std::uint32_t> numbers(xcb_window_t window, const std::string& property);
+    QByteArray bytes(xcb_window_t window, const std::string& property);
+    std::optional<QRect> geometry(xcb_window_t window); ///< on the screen; none once it is gone
+    xcb_window_t activeWindow();
+    int currentDesktop();
+    bool hasCompositor();
+    /// Asks the window manager, as a pager would.
+    void request(xcb_window_t window, const std::string& message,
+                 const std::vector<std::uint32_t>& data);
+    /// Mapped windows of Lumbrix, in stacking order from the bottom.
+    std::vector<Panel> panels();
+    /// The mapped previews in reading order.
+    std::vector<Panel> previews();
+    /// Where a window of the dock type is, once there is one.
+    std::optional<QRect> dockArea();
+    /// Whether another program's popup menu is on the screen.
+    bool hasMenu();
+
+    // Pictures.
+    QImage picture(const QRect& area);
+    QImage picture() { return picture(QRect(QPoint(), m_size)); }
+    /// Paints the wallpaper, for everything that looks for one.
+    void setWallpaper(const QImage& image);
+
+    // The pointer moves as a hand moves it: in a series of small steps.
+    QPoint pointer();
+    void moveTo(QPoint target);
+    void press(int button = 1);
+    void release(int button = 1);
+    void click(int button = 1);
+
+private:
+    xcb_connection_t* m_connection = nullptr;
+    xcb_window_t m_root = 0;
+    QSize m_size;
+    std::map<std::string, xcb_atom_t> m_atoms;
+    QByteArray m_name;
+};
+
+} // namespace lumbrix::desktoptest

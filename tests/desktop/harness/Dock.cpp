@@ -1,0 +1,233 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include "Dock.h"
+
+#include <QtCore/QFileInfo>
+#include <QtCore/QUrl>
+#include <QtDBus/QDBusConnection>
+#include <QtDBus/QDBusMessage>
+
+#include <csignal>
+
+namespace lumbrix::desktoptest
+{
+
+namespace
+{
+
+QString edgeName(Edge edge)
+{
+    switch (edge) {
+    case Edge::Left:
+        return u"left"_qs;
+    case Edge::Right:
+        return u"right"_qs;
+    default:
+        return u"bottom"_qs;
+    }
+}
+
+class Plank final : public Dock
+{
+public:
+    Plank(Session& session, Edge edge, const QStringList& pinned) : Dock(session, edge)
+    {
+        QStringList items;
+        for (const QString& entry : pinned) {
+            const QString name = QFileInfo(entry).completeBaseName() + u".dockitem"_qs;
+            session.write(session.configPath(u"plank/dock1/launchers/"_qs + name),
+                          "[PlankDockItemPreferences]\nLauncher=file://" + entry.toUtf8() + '\n');
+            items << u'\'' + name + u'\'';
+        }
+        const QString settings =
+            u"[net/launchpad/plank/docks/dock1]\nposition='%1'\nhide-mode='none'\n"
+            u"show-dock-item=false\nauto-pinning=false\nlock-items=true\ndock-items=[%2]\n"
+            u"zoom-enabled=false\nicon-size=48\n"_qs.arg(edgeName(edge), items.join(u','));
+        session.write(session.configPath(u"glib-2.0/settings/keyfile"_qs), settings.toUtf8());
+        // Plank gives up for ever when the matcher is not there at its start.
+        m_matcher = session.start(u"bamfdaemon"_qs, u"/usr/libexec/bamf/bamfdaemon"_qs);
+        m_bus = std::make_unique<QDBusConnection>(
+            QDBusConnection::connectToBus(session.busAddress(), session.busAddress()));
+        if (!session.display().waitFor([this] { return owns(u"org.ayatana.bamf"_qs); },
+                                       patience(10000)))
+            qFatal("the window matcher did not start:\n%s", qPrintable(session.logs()));
+        restart();
+    }
+    ~Plank() override { QDBusConnection::disconnectFromBus(m_session.busAddress()); }
+
+    void restart() override
+    {
+        m_process = m_session.start(u"plank"_qs, u"plank"_qs);
+        if (!m_session.display().waitFor(
+                [this] {
+                    return owns(u"net.launchpad.plank"_qs) &&
+                           m_session.display().dockArea().has_value();
+                },
+                patience(15000)))
+            qFatal("Plank did not start:\n%s", qPrintable(m_session.logs()));
+    }
+
+    std::optional<QPoint> iconOf(const Application& application, const AppWindow&) override
+    {
+        const QString entry =
+            m_session.dataPath(u"applications/"_qs + application.identifier() + u".desktop"_qs);
+        QDBusMessage call = QDBusMessage::createMethodCall(
+            u"net.launchpad.plank"_qs, u"/net/launchpad/plank/dock1"_qs,
+            u"net.launchpad.plank.Items"_qs, u"GetHoverPosition"_qs);
+        call << QUrl::fromLocalFile(entry).toString();
+        const QList<QVariant> answer = m_bus->call(call, QDBus::Block, 1000).arguments();
+        if (answer.size() != 4 || !answer.at(3).toBool())
+            return std::nullopt;
+        const QSize screen = m_session.options().size;
+        constexpr int depth = 24; // about the middle of an icon of 48 pixels
+        switch (m_edge) {
+        case Edge::Left:
+            return QPoint(depth, answer.at(1).toInt());
+        case Edge::Right:
+            return QPoint(screen.width() - depth, answer.at(1).toInt());
+        default:
+            return QPoint(answer.at(0).toInt(), screen.height() - depth);
+        }
+    }
+
+private:
+    bool owns(const QString& name)
+    {
+        QDBusMessage call =
+            QDBusMessage::createMethodCall(u"org.freedesktop.DBus"_qs, u"/org/freedesktop/DBus"_qs,
+                                           u"org.freedesktop.DBus"_qs, u"NameHasOwner"_qs);
+        call << name;
+        const QList<QVariant> answer = m_bus->call(call, QDBus::Block, 1000).arguments();
+        return !answer.isEmpty() && answer.front().toBool();
+    }
+
+    std::unique_ptr<Process> m_matcher;
+    std::unique_ptr<QDBusConnection> m_bus;
+};
+
+/// A panel of window buttons, which tells every window where its button is.
+class Panel : public Dock
+{
+public:
+    using Dock::Dock;
+
+    std::optional<QPoint> iconOf(const Application&, const AppWindow& window) override
+    {
+        Display& display = m_session.display();
+        const auto read = [&] { return display.numbers(window.id, "_NET_WM_ICON_GEOMETRY"); };
+        const auto before = read();
+        // Panels move their buttons in small steps; a place counts once it stays for a while.
+        const bool moving = display.waitFor([&] { return read() != before; }, patience(60));
+        if (moving || before.size() != 4)
+            return std::nullopt;
+        const QRect button(static_cast<int>(before[0]), static_cast<int>(before[1]),
+                           static_cast<int>(before[2]), static_cast<int>(before[3]));
+        if (button.width() < 8 || button.height() < 8)
+            return std::nullopt;
+        return button.center();
+    }
+};
+
+class Tint2 final : public Panel
+{
+public:
+    Tint2(Session& session, Edge edge) : Panel(session, edge)
+    {
+        const QByteArray place = edge == Edge::Bottom
+                                     ? "panel_position = bottom center horizontal\n"
+                                       "panel_size = 100% 40\n"
+                                     : "panel_position = center " + edgeName(edge).toLatin1() +
+                                           " vertical\npanel_size = 100% 60\n";
+        session.write(session.path(u"tint2rc"_qs),
+                      "rounded = 0\nborder_width = 0\nbackground_color = #303030 100\n" + place +
+                          "panel_items = T\npanel_padding = 4 0 4\npanel_background_id = "
+                          "1\npanel_layer = top\n"
+                          "strut_policy = follow_size\ntaskbar_mode = single_desktop\n"
+                          "task_maximum_size = 60 40\ntask_text = 0\ntask_icon = 1\n"
+                          "task_padding = 4 2 4\nmouse_left = toggle_iconify\n");
+        restart();
+    }
+
+    void restart() override
+    {
+        m_process =
+            m_session.start(u"tint2"_qs, u"tint2"_qs, {u"-c"_qs, m_session.path(u"tint2rc"_qs)});
+        if (!m_session.display().waitFor(
+                [this] { return m_session.display().dockArea().has_value(); }, patience(10000)))
+            qFatal("tint2 did not start:\n%s", qPrintable(m_session.logs()));
+    }
+};
+
+class XfcePanel final : public Panel
+{
+public:
+    XfcePanel(Session& session, Edge edge) : Panel(session, edge)
+    {
+        // The panel's own words: position 10 is the middle of the bottom edge, 5 and 1 are the
+        // left and right edges.
+        const QByteArray position = edge == Edge::Bottom ? "p=10;x=0;y=0"
+                                    : edge == Edge::Left ? "p=5;x=0;y=0"
+                                                         : "p=1;x=0;y=0";
+        const QByteArray mode = edge == Edge::Bottom ? "0" : "2";
+        session.write(session.configPath(u"xfce4/xfconf/xfce-perchannel-xml/xfce4-panel.xml"_qs),
+                      R"(<?xml version="1.0" encoding="UTF-8"?>
+<channel name="xfce4-panel" version="1.0">
+  <property name="configver" type="int" value="2"/>
+  <property name="panels" type="array">
+    <value type="int" value="1"/>
+    <property name="panel-1" type="empty">
+      <property name="position" type="string" value=")" +
+                          position + R"("/>
+      <property name="mode" type="uint" value=")" +
+                          mode + R"("/>
+      <property name="length" type="uint" value="100"/>
+      <property name="size" type="uint" value="40"/>
+      <property name="position-locked" type="bool" value="true"/>
+      <property name="plugin-ids" type="array"><value type="int" value="1"/></property>
+    </property>
+  </property>
+  <property name="plugins" type="empty">
+    <property name="plugin-1" type="string" value="tasklist">
+      <property name="grouping" type="uint" value="1"/>
+      <property name="include-all-workspaces" type="bool" value="false"/>
+      <property name="show-labels" type="bool" value="true"/>
+    </property>
+  </property>
+</channel>
+)");
+        restart();
+    }
+
+    void restart() override
+    {
+        m_process = m_session.start(u"xfce4-panel"_qs, u"xfce4-panel"_qs,
+                                    {u"--disable-wm-check"_qs, u"--sm-client-disable"_qs});
+        if (!m_session.display().waitFor(
+                [this] { return m_session.display().dockArea().has_value(); }, patience(15000)))
+            qFatal("xfce4-panel did not start:\n%s", qPrintable(m_session.logs()));
+    }
+};
+
+} // namespace
+
+std::unique_ptr<Dock> Dock::start(Session& session, DockKind kind, Edge edge,
+                                  const QStringList& pinned)
+{
+    switch (kind) {
+    case DockKind::Tint2:
+        return std::make_unique<Tint2>(session, edge);
+    case DockKind::XfcePanel:
+        return std::make_unique<XfcePanel>(session, edge);
+    default:
+        return std::make_unique<Plank>(session, edge, pinned);
+    }
+}
+
+void Dock::kill()
+{
+    m_process->signal(SIGKILL);
+    m_process->waitForExit(patience(5000));
+}
+
+} // namespace lumbrix::desktoptest

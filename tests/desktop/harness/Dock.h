@@ -1,0 +1,51 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// The docks and window-button panels that people use, set up and started for a test.
+#pragma once
+
+#include <QtCore/QPoint>
+#include <QtCore/QRect>
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include "Application.h"
+#include "Session.h"
+
+namespace lumbrix::desktoptest
+{
+
+enum class DockKind { Plank, Tint2, XfcePanel };
+enum class Edge { Bottom, Left, Right };
+
+/// Main thread.
+class Dock
+{
+public:
+    /// Starts it and waits until it shows. The session outlives it. `pinned` are desktop entries
+    /// that Plank shows whether they run or not.
+    static std::unique_ptr<Dock> start(Session& session, DockKind kind, Edge edge,
+                                       const QStringList& pinned = {});
+    virtual ~Dock() = default;
+
+    Edge edge() const { return m_edge; }
+    /// Where to put the pointer to be on the icon that stands for this window; none while the dock
+    /// shows none or is still moving it.
+    virtual std::optional<QPoint> iconOf(const Application& application,
+                                         const AppWindow& window) = 0;
+    /// Kills the dock as a crash would.
+    virtual void kill();
+    /// Starts it again after kill().
+    virtual void restart() = 0;
+
+protected:
+    Dock(Session& session, Edge edge) : m_session(session), m_edge(edge) {}
+
+    Session& m_session;
+    const Edge m_edge;
+    std::unique_ptr<Process> m_process;
+};
+
+} // namespace lumbrix::desktoptest

@@ -1,0 +1,210 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include "Session.h"
+
+#include <QtCore/QDir>
+#include <QtCore/QFile>
+#include <QtCore/QFileInfo>
+#include <QtGui/QPainter>
+
+#include <fcntl.h>
+#include <poll.h>
+#include <unistd.h>
+
+namespace lumbrix::desktoptest
+{
+
+namespace
+{
+
+QStringList baseEnvironment(const QString& home)
+{
+    QStringList result{u"HOME="_qs + home,
+                       u"XDG_CONFIG_HOME="_qs + home + u"/.config"_qs,
+                       u"XDG_DATA_HOME="_qs + home + u"/.local/share"_qs,
+                       u"XDG_CACHE_HOME="_qs + home + u"/.cache"_qs,
+                       u"XDG_RUNTIME_DIR="_qs + home + u"/run"_qs,
+                       u"XDG_DATA_DIRS=/usr/local/share:/usr/share"_qs,
+                       u"LANG=C.UTF-8"_qs,
+                       u"GSETTINGS_BACKEND=keyfile"_qs,
+                       u"GIO_USE_VFS=local"_qs,
+                       u"NO_AT_BRIDGE=1"_qs};
+    for (const char* name : {"PATH", "ASAN_OPTIONS", "LSAN_OPTIONS", "TSAN_OPTIONS",
+                             "UBSAN_OPTIONS", "USER", "LOGNAME", "TMPDIR", "LD_LIBRARY_PATH"}) {
+        if (qEnvironmentVariableIsSet(name))
+            result << QString::fromLatin1(name) + u'=' + qEnvironmentVariable(name);
+    }
+    return result;
+}
+
+/// Something to see through translucent corners: no two places of it look alike.
+QImage wallpaper(QSize size)
+{
+    QImage image(size, QImage::Format_RGB32);
+    for (int y = 0; y < size.height(); ++y) {
+        auto* line = reinterpret_cast<QRgb*>(image.scanLine(y));
+        for (int x = 0; x < size.width(); ++x)
+            line[x] = qRgb(60 + 100 * x / size.width(), 150, 90 + 120 * y / size.height());
+    }
+    return image;
+}
+
+} // namespace
+
+Session::Session(const SessionOptions& options) : m_options(options)
+{
+    if (!m_directory.isValid())
+        qFatal("no temporary directory");
+    for (const char* name : {".config", ".cache", ".local/share/applications", "run", "logs"})
+        QDir(m_directory.path()).mkpath(QString::fromLatin1(name));
+    QFile::setPermissions(path(u"run"_qs), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    m_environment = baseEnvironment(m_directory.path());
+    startServer();
+    startBus();
+    m_display->setWallpaper(wallpaper(m_options.size));
+    startWindowManager();
+}
+
+Session::~Session() = default;
+
+QString Session::path(const QString& relative) const
+{
+    const QString result = m_directory.filePath(relative);
+    QDir().mkpath(QFileInfo(result).path());
+    return result;
+}
+
+std::unique_ptr<Process> Session::start(const QString& logName, const QString& program,
+                                        const QStringList& arguments, bool pipes)
+{
+    ProcessOptions options;
+    options.program = program;
+    options.arguments = arguments;
+    options.environment = m_environment;
+    options.log = path(u"logs/"_qs + logName);
+    options.pipes = pipes;
+    return Process::start(options);
+}
+
+void Session::write(const QString& path, const QByteArray& content) const
+{
+    QDir().mkpath(QFileInfo(path).path());
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
+        qFatal("cannot write %s", qPrintable(path));
+}
+
+QString Session::installApplication(const QString& identifier, const QString& name,
+                                    const QString& windowClass, const QString& command,
+                                    const QColor& colour)
+{
+    QImage icon(128, 128, QImage::Format_ARGB32);
+    icon.fill(Qt::transparent);
+    QPainter painter(&icon);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setBrush(colour);
+    painter.setPen(QPen(Qt::white, 6));
+    painter.drawEllipse(12, 12, 104, 104);
+    painter.end();
+    const QString iconPath = dataPath(u"icons/"_qs + identifier + u".png"_qs);
+    if (!icon.save(iconPath))
+        qFatal("cannot write %s", qPrintable(iconPath));
+    const QString entryPath = dataPath(u"applications/"_qs + identifier + u".desktop"_qs);
+    write(entryPath, (u"[Desktop Entry]\nType=Application\nName=%1\nExec=%2\nIcon=%3\n"
+                      u"StartupWMClass=%4\n"_qs)
+                         .arg(name, command, iconPath, windowClass)
+                         .toUtf8());
+    return entryPath;
+}
+
+QString Session::log(const QString& name) const
+{
+    QFile file(m_directory.filePath(u"logs/"_qs + name));
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+}
+
+QString Session::logs() const
+{
+    QString result;
+    for (const QString& name : QDir(m_directory.filePath(u"logs"_qs)).entryList(QDir::Files)) {
+        const QString text = log(name).right(4000);
+        if (!text.isEmpty())
+            result += u"--- "_qs + name + u'\n' + text + u'\n';
+    }
+    return result;
+}
+
+void Session::startServer()
+{
+    int fds[2];
+    if (pipe2(fds, O_CLOEXEC) != 0)
+        qFatal("no pipe");
+    ProcessOptions options;
+    options.program = u"Xvfb"_qs;
+    options.arguments = {u"-displayfd"_qs,
+                         QString::number(fds[1]),
+                         u"-screen"_qs,
+                         u"0"_qs,
+                         u"%1x%2x24"_qs.arg(m_options.size.width()).arg(m_options.size.height()),
+                         u"-nolisten"_qs,
+                         u"tcp"_qs,
+                         u"-noreset"_qs};
+    options.environment = m_environment;
+    options.log = path(u"logs/server"_qs);
+    options.passFd = fds[1];
+    m_server = Process::start(options);
+    close(fds[1]);
+    QByteArray number;
+    pollfd waited{fds[0], POLLIN, 0};
+    while (!number.endsWith('\n')) {
+        char digit = 0;
+        if (poll(&waited, 1, static_cast<int>(patience(10000).count())) != 1 ||
+            read(fds[0], &digit, 1) != 1)
+            qFatal("the X server did not start:\n%s", qPrintable(logs()));
+        number += digit;
+    }
+    close(fds[0]);
+    const QByteArray name = ':' + number.trimmed();
+    m_environment << u"DISPLAY="_qs + QString::fromLatin1(name);
+    m_display = std::make_unique<Display>(name);
+}
+
+void Session::startBus()
+{
+    const QString socket = path(u"run/bus"_qs);
+    m_busAddress = u"unix:path="_qs + socket;
+    // The standard services can be activated, but nothing of the machine's own configuration is.
+    const QString configuration = path(u"bus.conf"_qs);
+    write(configuration, ("<busconfig><type>session</type><listen>" + m_busAddress.toUtf8() +
+                          "</listen><auth>EXTERNAL</auth><standard_session_servicedirs/>"
+                          "<policy context=\"default\"><allow send_destination=\"*\"/>"
+                          "<allow eavesdrop=\"true\"/><allow own=\"*\"/></policy></busconfig>"));
+    m_environment << u"DBUS_SESSION_BUS_ADDRESS="_qs + m_busAddress;
+    m_bus = start(u"bus"_qs, u"dbus-daemon"_qs,
+                  {u"--config-file="_qs + configuration, u"--nofork"_qs, u"--nopidfile"_qs});
+    if (!m_display->waitFor([&] { return QFileInfo::exists(socket); }, patience(5000)))
+        qFatal("the message bus did not start:\n%s", qPrintable(logs()));
+}
+
+void Session::startWindowManager()
+{
+    if (m_options.windowManager == WindowManager::Openbox) {
+        m_windowManager = start(u"openbox"_qs, u"openbox"_qs);
+    } else {
+        m_windowManager =
+            start(u"xfwm4"_qs, u"xfwm4"_qs,
+                  {m_options.compositor ? u"--compositor=on"_qs : u"--compositor=off"_qs,
+                   u"--vblank=off"_qs});
+    }
+    const bool composited = m_options.compositor && m_options.windowManager == WindowManager::Xfwm4;
+    if (!m_display->waitFor(
+            [&] {
+                return !m_display->numbers(m_display->root(), "_NET_SUPPORTING_WM_CHECK").empty() &&
+                       m_display->hasCompositor() == composited;
+            },
+            patience(10000)))
+        qFatal("the window manager did not start:\n%s", qPrintable(logs()));
+}
+
+} // namespace lumbrix::desktoptest

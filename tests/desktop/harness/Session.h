@@ -1,0 +1,77 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// A private desktop session: an X server, a message bus, a window manager and a home directory that
+// nobody else uses.
+#pragma once
+
+#include <QtCore/QSize>
+#include <QtCore/QString>
+#include <QtCore/QStringList>
+#include <QtCore/QTemporaryDir>
+#include <QtGui/QColor>
+
+#include <memory>
+#include <optional>
+
+#include "Display.h"
+#include "Process.h"
+
+namespace lumbrix::desktoptest
+{
+
+enum class WindowManager { Xfwm4, Openbox };
+
+struct SessionOptions {
+    QSize size{1280, 1024};
+    WindowManager windowManager = WindowManager::Xfwm4;
+    bool compositor = true; ///< Openbox has none
+};
+
+/// Main thread. Everything started here ends with it, in the reverse order.
+class Session
+{
+public:
+    explicit Session(const SessionOptions& options);
+    ~Session();
+    Session(const Session&) = delete;
+    Session& operator=(const Session&) = delete;
+
+    const SessionOptions& options() const { return m_options; }
+    Display& display() { return *m_display; }
+
+    QString path(const QString& relative) const; ///< inside the session's home, parent made
+    QString configPath(const QString& relative) const { return path(u".config/"_qs + relative); }
+    QString dataPath(const QString& relative) const { return path(u".local/share/"_qs + relative); }
+    QString busAddress() const { return m_busAddress; }
+    QStringList environment() const { return m_environment; }
+
+    /// Starts a program inside the session; its output goes to the log of the given name.
+    std::unique_ptr<Process> start(const QString& logName, const QString& program,
+                                   const QStringList& arguments = {}, bool pipes = false);
+    void write(const QString& path, const QByteArray& content) const;
+    /// Makes an application known to the desktop: a desktop entry and a plain icon. Returns the
+    /// entry's path.
+    QString installApplication(const QString& identifier, const QString& name,
+                               const QString& windowClass, const QString& command,
+                               const QColor& colour);
+    /// What every program has written so far, for a failed test.
+    QString logs() const;
+    QString log(const QString& name) const;
+
+private:
+    void startServer();
+    void startBus();
+    void startWindowManager();
+
+    SessionOptions m_options;
+    QTemporaryDir m_directory;
+    QStringList m_environment;
+    QString m_busAddress;
+    std::unique_ptr<Process> m_server;
+    std::unique_ptr<Display> m_display;
+    std::unique_ptr<Process> m_bus;
+    std::unique_ptr<Process> m_windowManager;
+};
+
+} // namespace lumbrix::desktoptest

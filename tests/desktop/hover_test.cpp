@@ -1,0 +1,83 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// From the icon under the mouse to the previews beside it, and away again.
+#include "DesktopTest.h"
+
+namespace lumbrix::desktoptest
+{
+
+class HoverTest : public DesktopTest
+{
+};
+
+INSTANTIATE_TEST_SUITE_P(, HoverTest,
+                         testing::Values(plank(), plank(Edge::Left), plank(Edge::Right), tint2(),
+                                         xfcePanel()),
+                         deskName);
+
+TEST_P(HoverTest, icon_hovered_showsEachWindowBesideTheDock)
+{
+    const Application& alpha = launch(u"alpha"_qs, 3);
+    launch(u"beta"_qs, 2);
+    const xcb_window_t active = display().activeWindow();
+    hover(alpha);
+    ASSERT_TRUE(shows(alpha));
+    savePicture("hover");
+    EXPECT_EQ(display().activeWindow(), active) << "the focus has moved";
+
+    const QRect screen(QPoint(), display().size());
+    const QPoint pointer = display().pointer();
+    QRect row;
+    for (const Panel& panel : display().previews()) {
+        const QRect area = panel.geometry;
+        EXPECT_TRUE(screen.contains(area));
+        EXPECT_FALSE(area.contains(pointer));
+        EXPECT_TRUE(panel.overrideRedirect);
+        EXPECT_FALSE(row.intersects(area)) << "previews overlap";
+        row |= area;
+        switch (desk().dock().edge()) {
+        case Edge::Bottom:
+            EXPECT_LT(area.bottom(), pointer.y());
+            EXPECT_EQ(area.top(), row.top()) << "not in a row";
+            break;
+        case Edge::Left:
+            EXPECT_GT(area.left(), pointer.x());
+            EXPECT_EQ(area.left(), row.left()) << "not in a column";
+            break;
+        case Edge::Right:
+            EXPECT_LT(area.right(), pointer.x());
+            EXPECT_EQ(area.left(), row.left()) << "not in a column";
+            break;
+        }
+    }
+    EXPECT_TRUE(desk().dock().edge() == Edge::Bottom
+                    ? row.left() <= pointer.x() && pointer.x() <= row.right()
+                    : row.top() <= pointer.y() && pointer.y() <= row.bottom())
+        << "the previews are not beside the icon";
+}
+
+TEST_P(HoverTest, pointer_movedToTheNextIconAndAway_switchesAndRemoves)
+{
+    const Application& alpha = launch(u"alpha"_qs, 2);
+    const Application& beta = launch(u"beta"_qs, 3);
+    hover(alpha);
+    ASSERT_TRUE(shows(alpha));
+    hover(beta);
+    ASSERT_TRUE(shows(beta));
+    hover(alpha);
+    ASSERT_TRUE(shows(alpha));
+    // Onto a preview over the gap between: it stays, and shows that it is hovered.
+    const Panel first = display().previews().front();
+    display().moveTo(first.geometry.center());
+    EXPECT_TRUE(waitUntil([&] {
+        return std::ranges::any_of(display().panels(),
+                                   [](const Panel& panel) { return panel.role == u"zoom"; });
+    })) << "no zoomed view of the window";
+    savePicture("zoom");
+    EXPECT_TRUE(shows(alpha));
+    desk().park();
+    EXPECT_TRUE(showsNothing());
+}
+
+} // namespace lumbrix::desktoptest

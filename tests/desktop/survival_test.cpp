@@ -1,0 +1,125 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// What other programs do to Lumbrix, and what it leaves behind.
+#include "DesktopTest.h"
+
+#include <QtCore/QProcess>
+
+#include <csignal>
+
+namespace lumbrix::desktoptest
+{
+
+class SurvivalTest : public DesktopTest
+{
+};
+
+INSTANTIATE_TEST_SUITE_P(, SurvivalTest, testing::Values(plank(), tint2(), xfcePanel()), deskName);
+
+TEST_P(SurvivalTest, windows_destroyedWhileCaptured_leaveTheRowRight)
+{
+    Application& alpha = launch(u"alpha"_qs, 2);
+    const Application& beta = launch(u"beta"_qs, 1);
+    alpha.startChurning();
+    for (int i = 0; i < 4; ++i) {
+        hover(alpha);
+        ASSERT_TRUE(waitUntil([&] { return preview(alpha.windows().front().title).has_value(); }));
+        hover(beta);
+        ASSERT_TRUE(waitUntil([&] { return preview(beta.windows().front().title).has_value(); }));
+    }
+    hover(alpha);
+    alpha.stopChurning();
+    EXPECT_TRUE(shows(alpha));
+}
+
+TEST_P(SurvivalTest, application_stopped_delaysNobody)
+{
+    Application& alpha = launch(u"alpha"_qs, 2);
+    const Application& beta = launch(u"beta"_qs, 2);
+    alpha.process().signal(SIGSTOP);
+    hover(beta);
+    EXPECT_TRUE(shows(beta, 1500));
+    hover(alpha);
+    EXPECT_TRUE(waitUntil([&] { return display().previews().size() == 2; }));
+    hover(beta);
+    EXPECT_TRUE(shows(beta, 2500));
+    desk().park();
+    EXPECT_TRUE(showsNothing());
+    alpha.process().signal(SIGCONT);
+}
+
+TEST_P(SurvivalTest, dock_killedAndRestarted_isFoundAgain)
+{
+    const Application& alpha = launch(u"alpha"_qs, 2);
+    hover(alpha);
+    ASSERT_TRUE(shows(alpha));
+    desk().dock().kill();
+    desk().park();
+    EXPECT_TRUE(showsNothing());
+    desk().dock().restart();
+    // The new dock is noticed within three seconds; a pointer that came before that has to come
+    // again.
+    const auto deadline = std::chrono::steady_clock::now() + patience(4000);
+    Result found = testing::AssertionFailure();
+    while (!found && std::chrono::steady_clock::now() < deadline) {
+        desk().park();
+        hover(alpha);
+        found = shows(alpha, 500);
+    }
+    EXPECT_TRUE(found);
+}
+
+TEST_P(SurvivalTest, corners_roundedOff_showTheWallpaper)
+{
+    desk().startLumbrix({{u"shouldBubbleWrap"_qs, u"0"_qs}});
+    const Application& alpha = launch(u"alpha"_qs, 1);
+    const QImage before = display().picture();
+    hover(alpha);
+    ASSERT_TRUE(shows(alpha));
+    savePicture("corners");
+    const QImage after = display().picture();
+    const QRect area = display().previews().front().geometry;
+    for (const QPoint corner :
+         {area.topLeft(), area.topRight(), area.bottomLeft(), area.bottomRight()})
+        EXPECT_EQ(after.pixel(corner), before.pixel(corner))
+            << "at " << corner.x() << ',' << corner.y();
+    EXPECT_NE(after.pixel(area.center()), before.pixel(area.center()));
+}
+
+TEST_P(SurvivalTest, lumbrix_terminated_leavesNothingBehind)
+{
+    const Application& alpha = launch(u"alpha"_qs, 2);
+    hover(alpha);
+    ASSERT_TRUE(shows(alpha));
+    desk().lumbrix().signal(SIGTERM);
+    EXPECT_EQ(desk().lumbrix().waitForExit(patience(2000)), 0);
+    EXPECT_TRUE(showsNothing(100));
+    EXPECT_EQ(desk().complaints().toStdString(), "");
+    desk().startLumbrix();
+}
+
+TEST(LumbrixProgram, display_missing_isNeededForPreviewsOnly)
+{
+    const auto run = [](const QStringList& arguments) {
+        QProcess process;
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.remove(u"DISPLAY"_qs);
+        environment.remove(u"WAYLAND_DISPLAY"_qs);
+        process.setProcessEnvironment(environment);
+        process.setProcessChannelMode(QProcess::MergedChannels);
+        process.start(lumbrixBinary(), arguments);
+        process.waitForFinished(static_cast<int>(patience(5000).count()));
+        return std::pair(process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
+                         process.readAll());
+    };
+    EXPECT_EQ(run({u"--version"_qs}).first, 0);
+    EXPECT_TRUE(run({u"--version"_qs}).second.startsWith("lumbrix "));
+    EXPECT_EQ(run({u"--help"_qs}).first, 0);
+    EXPECT_TRUE(run({u"--help"_qs}).second.contains("Usage"));
+    const auto [status, complaint] = run({});
+    EXPECT_GT(status, 0) << "it must fail, not crash";
+    EXPECT_TRUE(complaint.startsWith("lumbrix: ")) << complaint.constData();
+}
+
+} // namespace lumbrix::desktoptest
