@@ -6,6 +6,7 @@
 #pragma once
 
 #include <QtCore/QRectF>
+#include <QtGui/QPainterPath>
 #include <QtWidgets/QWidget>
 
 #include <functional>
@@ -19,40 +20,64 @@ class MAWindow : public QWidget
 {
     Q_OBJECT
     Q_PROPERTY(qreal cornerRadius READ cornerRadius WRITE setCornerRadius)
+    Q_PROPERTY(QString windowRole READ windowRole WRITE setWindowRole)
+    Q_PROPERTY(bool clickThrough READ clickThrough WRITE setClickThrough)
 
 public:
     explicit MAWindow(QWidget* parent = nullptr);
+    ~MAWindow() override;
 
     /// The frame as last set, unrounded; on screen its edges are rounded to whole points, so panels
     /// that touch in the numbers touch on screen.
     QRectF frame() const { return m_frame; }
     void setFrame(const QRectF& frame);
 
+    /// The one widget that fills the panel from now on; a child. Null: none.
+    void setContent(QWidget* content);
+
     /// Shows the panel above all others, whichever application is active.
     void orderFrontRegardless();
     void orderOut();
-    /// Shows this panel directly below another.
+    /// Shows this panel below every panel that was ordered front, so also below `other`, but above
+    /// all windows of other programs. It does not count as ordered front.
     void orderBelow(MAWindow& other);
 
-    /// Where translucency is not blended, the panel is cut to its rounded shape.
+    /// Where translucency is not blended, the panel is cut to its rounded shape, or to the path of
+    /// the shape source if there is one. Which of both holds is asked each time the panel is shown.
     qreal cornerRadius() const { return m_cornerRadius; }
     void setCornerRadius(qreal radius);
+    void setShapeSource(std::function<QPainterPath()> source);
+    bool isShaped() const { return m_shaped; }
+    /// The shape source gives something else now. Does nothing while the panel is hidden.
+    void updateShape();
+
+    /// The mouse goes through to what lies below. Set before the panel is shown.
+    bool clickThrough() const;
+    void setClickThrough(bool on);
 
     /// Mouse tracking of the whole content; off until asked for. `entered` and `exited` are called
-    /// on the main thread while tracking is on.
+    /// on the main thread while tracking is on and the panel is shown.
     void setTracking(std::function<void()> entered, std::function<void()> exited);
     void clearTracking();
+
+Q_SIGNALS:
+    void shapedChanged(bool shaped);
 
 protected:
     void enterEvent(QEnterEvent* event) override;
     void leaveEvent(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
 
 private:
-    void updateShape();
+    void prepareToShow();
+    void applyShape();
 
     QRectF m_frame;
+    QWidget* m_content = nullptr;
     qreal m_cornerRadius = 0;
+    bool m_shaped = false;
+    std::function<QPainterPath()> m_shapeSource;
     std::function<void()> m_entered;
     std::function<void()> m_exited;
 };

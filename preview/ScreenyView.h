@@ -10,6 +10,7 @@
 #include <QtCore/QString>
 #include <QtGui/QImage>
 
+#include <array>
 #include <memory>
 #include <optional>
 
@@ -18,14 +19,17 @@
 #include "preview/HotKeyCenter.h"
 #include "preview/MAWindow.h"
 
-class QAbstractButton;
-class QLabel;
-
 namespace lumbrix
 {
 
+class ImageButton;
+class KeyLabel;
+class PanelBackground;
 class PictureButton;
+class PictureView;
+class PlayerControls;
 class PreviewHost;
+class TitleLabel;
 class ScreenyView;
 using ScreenyViewPtr = std::shared_ptr<ScreenyView>;
 
@@ -44,14 +48,18 @@ public:
     // Filling.
     void setElementRef(SWElementPtr element);
     const SWElementPtr& elementRef() const { return m_elementRef; }
-    /// Shows a picture in the image button; a null image clears it.
+    /// Shows a picture in the image button; a null image clears it. The picture that is shown
+    /// already costs nothing.
     void setImage(const QImage& image);
+    const QImage& image() const;
     void setTitleString(const QString& title);
     QString titleString() const { return m_titleString; }
     void setAppFlags(const std::optional<platform::RunningApplication>& application);
 
     // Showing.
     MAWindow* window() const { return m_window.get(); }
+    /// Fills the panel; badges and the like are made its children.
+    QWidget* contentView() const;
     void orderFront();
     void setShortcut();
     void removeShortcut();
@@ -106,6 +114,72 @@ public:
     void clearAppFlags();
     /// Shows the play (stopped) or the pause (playing) picture on `play` and un-hides it.
     void setPlayState(bool playing);
+    /// As last set by setPlayState: what a click on `play` has to toggle.
+    bool isPlaying() const { return m_isPlaying; }
+
+    // A preview of today's events in place of a window.
+    /// Clears and hides what shows a window: picture, title and badge.
+    void prepareForCal();
+    /// An empty container that covers the panel, until rebirth. Replaces the former one.
+    QWidget* setUpCalView();
+    QWidget* iCalView() const { return m_iCalView; }
+
+private:
+    enum ControlIndex { SkipLeft, SkipRight, Play, GetMail, PlayPause, ControlCount };
+
+    explicit ScreenyView(PreviewHost& host);
+    bool loadWindow(const QString& interfaceFile);
+
+    // Controls of media players and mail.
+    void createButtons();
+    ImageButton* createButton(const QString& image, const QString& alternate,
+                              void (PlayerControls::*action)(ScreenyView&));
+    void placeButtons();
+    void showButtons();
+    void hideButtons();
+    void removeButtons();
+    QRectF frameOf(const QWidget& part) const;
+
+    // Zoom.
+    void armZoom();
+    void cancelZoomWatcher();
+    void showZoomWindow();
+    void setTimer();
+    void updateTimer();
+    void invalidateTimer();
+
+    PreviewHost& m_host;
+    SWElementPtr m_elementRef;
+    QString m_titleString;
+
+    std::unique_ptr<MAWindow> m_window;
+    // Parts of the window; of the two titles a style has one, the other is null.
+    PanelBackground* m_background = nullptr;
+    PictureButton* m_image = nullptr;
+    TitleLabel* m_title = nullptr;
+    TitleLabel* m_titleLabel = nullptr;
+    ImageButton* m_closeButton = nullptr;
+    KeyLabel* m_fastKeyButton = nullptr;
+    QPointer<QWidget> m_iCalView;
+    std::array<ImageButton*, ControlCount> m_controls{}; ///< null unless m_buttonsInitialized
+    bool m_buttonsInitialized = false;
+
+    std::shared_ptr<SGHotKey> m_fastKey;
+
+    std::unique_ptr<MAWindow> m_zoomWindow;
+    PictureView* m_zoomImageView = nullptr;
+    platform::TimerPtr m_zoomUpdateTimer;
+    platform::ThreadPtr m_mouseCheckerThread;
+    std::shared_ptr<bool> m_zoomWatch; ///< true while m_mouseCheckerThread may show the zoom
+
+    bool m_iTunes = false;
+    bool m_Mail = false;
+    bool m_QuickTime = false;
+    bool m_VLC = false;
+    bool m_iCal = false;
+    bool m_BusyCal = false;
+    bool m_setByTab = false;
+    bool m_isPlaying = false;
 };
 
 } // namespace lumbrix

@@ -1,0 +1,75 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include "preview/InterfaceFile.h"
+
+#include <QtCore/QFile>
+#include <QtUiTools/QUiLoader>
+
+#include <array>
+
+#include "preview/ImageButton.h"
+#include "preview/KeyLabel.h"
+#include "preview/MAWindow.h"
+#include "preview/PanelBackground.h"
+#include "preview/PictureButton.h"
+#include "preview/PictureView.h"
+#include "preview/TitleLabel.h"
+
+namespace lumbrix
+{
+namespace
+{
+
+template <class Widget> QWidget* make(QWidget* parent) { return new Widget(parent); }
+
+struct WidgetClass {
+    QLatin1String name;
+    QWidget* (*create)(QWidget* parent);
+};
+
+constexpr std::array WidgetClasses{
+    WidgetClass{QLatin1String("ImageButton"), make<ImageButton>},
+    WidgetClass{QLatin1String("KeyLabel"), make<KeyLabel>},
+    WidgetClass{QLatin1String("MAWindow"), make<MAWindow>},
+    WidgetClass{QLatin1String("PanelBackground"), make<PanelBackground>},
+    WidgetClass{QLatin1String("PictureButton"), make<PictureButton>},
+    WidgetClass{QLatin1String("PictureView"), make<PictureView>},
+    WidgetClass{QLatin1String("TitleLabel"), make<TitleLabel>},
+};
+
+class Loader : public QUiLoader
+{
+public:
+    Loader()
+    {
+        // Plug-ins would be searched for on disk at every start.
+        clearPluginPaths();
+        setLanguageChangeEnabled(false);
+    }
+
+    QWidget* createWidget(const QString& className, QWidget* parent, const QString& name) override
+    {
+        for (const WidgetClass& known : WidgetClasses) {
+            if (className == known.name) {
+                QWidget* widget = known.create(parent);
+                widget->setObjectName(name);
+                return widget;
+            }
+        }
+        return QUiLoader::createWidget(className, parent, name);
+    }
+};
+
+} // namespace
+
+std::unique_ptr<QWidget> loadInterface(const QString& name)
+{
+    QFile file(u":/interfaces/%1.ui"_qs.arg(name));
+    if (!file.open(QIODevice::ReadOnly))
+        return nullptr;
+    Loader loader;
+    return std::unique_ptr<QWidget>(loader.load(&file));
+}
+
+} // namespace lumbrix

@@ -1,0 +1,33 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QtGui/QColor>
+#include <QtWidgets/QAbstractButton>
+
+namespace lumbrix
+{
+
+/// A small key cap that shows a shortcut; clicking it does what the shortcut does.
+class KeyLabel : public QAbstractButton
+{
+    Q_OBJECT
+    Q_PROPERTY(QColor textColor MEMBER m_textColor)
+    Q_PROPERTY(QColor fill MEMBER m_fill)
+
+public:
+    explicit KeyLabel(QWidget* parent = nullptr);
+
+    QSize sizeHint() const override;
+    void setPixelSize(int size);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    QColor m_textColor;
+    QColor m_fill;
+};
+
+} // namespace lumbrix

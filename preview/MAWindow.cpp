@@ -1,0 +1,198 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include "preview/MAWindow.h"
+
+#include <QtGui/QWindow>
+
+#include <algorithm>
+#include <vector>
+
+#include "model/UIElementUtilities.h"
+#include "platform/Desktop.h"
+#include "platform/WindowServer.h"
+
+namespace lumbrix
+{
+namespace
+{
+
+/// The panels that are ordered front, the lowest first.
+std::vector<MAWindow*>& frontPanels()
+{
+    static std::vector<MAWindow*> panels;
+    return panels;
+}
+
+/// Screen coordinates to the toolkit's. The edges are rounded, not the size, so that neighbours
+/// neither overlap nor leave a gap.
+QRect toolkitRect(const QRectF& frame)
+{
+    const QRectF flipped = UIElementUtilities::flippedScreenBounds(frame).translated(
+        platform::desktop().windowServer.toolkitOrigin());
+    const int left = qRound(flipped.x());
+    const int top = qRound(flipped.y());
+    const int width = qRound(flipped.x() + flipped.width()) - left;
+    const int height = qRound(flipped.y() + flipped.height()) - top;
+    return {left, top, std::max(width, 1), std::max(height, 1)};
+}
+
+} // namespace
+
+MAWindow::MAWindow(QWidget* parent)
+    : QWidget(parent, Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint |
+                          Qt::WindowDoesNotAcceptFocus | Qt::BypassWindowManagerHint |
+                          Qt::NoDropShadowWindowHint)
+{
+    setAttribute(Qt::WA_ShowWithoutActivating);
+    setAttribute(Qt::WA_TranslucentBackground);
+    setAttribute(Qt::WA_QuitOnClose, false);
+    setFocusPolicy(Qt::NoFocus);
+    // Panels may be smaller than what their parts would like.
+    setMinimumSize(1, 1);
+}
+
+MAWindow::~MAWindow() { std::erase(frontPanels(), this); }
+
+void MAWindow::setFrame(const QRectF& frame)
+{
+    m_frame = frame;
+    const QRect rounded = toolkitRect(frame);
+    if (rounded == geometry())
+        return;
+    setGeometry(rounded);
+    if (m_content)
+        m_content->setGeometry(rect());
+}
+
+void MAWindow::setContent(QWidget* content)
+{
+    m_content = content;
+    if (m_content)
+        m_content->setGeometry(rect());
+}
+
+void MAWindow::orderFrontRegardless()
+{
+    prepareToShow();
+    std::erase(frontPanels(), this);
+    frontPanels().push_back(this);
+    // Raised before it is mapped, so that it does not appear below something first.
+    if (testAttribute(Qt::WA_WState_Created))
+        raise();
+    show();
+}
+
+void MAWindow::orderBelow(MAWindow&)
+{
+    prepareToShow();
+    std::vector<MAWindow*>& panels = frontPanels();
+    std::erase(panels, this);
+    // A window that was just made, but not yet shown, is on top of the stack: what it would cover
+    // has to be put above it before it is seen. Nothing else is touched, for without a compositor
+    // any change of the order flickers.
+    if (!testAttribute(Qt::WA_WState_Created))
+        create();
+    const auto covered = std::find_if(panels.begin(), panels.end(), [this](const MAWindow* panel) {
+        return panel->geometry().intersects(geometry());
+    });
+    std::for_each(covered, panels.end(), [](MAWindow* panel) { panel->raise(); });
+    show();
+}
+
+void MAWindow::orderOut() { hide(); }
+
+void MAWindow::hideEvent(QHideEvent* event)
+{
+    std::erase(frontPanels(), this);
+    QWidget::hideEvent(event);
+}
+
+void MAWindow::setCornerRadius(qreal radius)
+{
+    m_cornerRadius = radius;
+    updateShape();
+}
+
+void MAWindow::setShapeSource(std::function<QPainterPath()> source)
+{
+    m_shapeSource = std::move(source);
+    updateShape();
+}
+
+void MAWindow::updateShape()
+{
+    if (isVisible())
+        applyShape();
+}
+
+void MAWindow::prepareToShow()
+{
+    const bool shaped = !platform::desktop().windowServer.blendsTranslucency();
+    if (m_shaped != shaped) {
+        m_shaped = shaped;
+        Q_EMIT shapedChanged(shaped);
+    }
+    applyShape();
+}
+
+void MAWindow::applyShape()
+{
+    if (!m_shaped) {
+        if (!mask().isEmpty())
+            clearMask();
+        return;
+    }
+    QPainterPath path;
+    if (m_shapeSource)
+        path = m_shapeSource();
+    else
+        path.addRoundedRect(QRectF(rect()), m_cornerRadius, m_cornerRadius);
+    QRegion region;
+    for (const QPolygonF& polygon : path.toFillPolygons())
+        region += QRegion(polygon.toPolygon(), Qt::WindingFill);
+    if (region != mask())
+        setMask(region);
+}
+
+bool MAWindow::clickThrough() const { return windowFlags() & Qt::WindowTransparentForInput; }
+
+void MAWindow::setClickThrough(bool on) { setWindowFlag(Qt::WindowTransparentForInput, on); }
+
+void MAWindow::setTracking(std::function<void()> entered, std::function<void()> exited)
+{
+    m_entered = std::move(entered);
+    m_exited = std::move(exited);
+}
+
+void MAWindow::clearTracking()
+{
+    m_entered = nullptr;
+    m_exited = nullptr;
+}
+
+void MAWindow::enterEvent(QEnterEvent* event)
+{
+    QWidget::enterEvent(event);
+    // Copied, because what it does may end the tracking.
+    if (const std::function<void()> entered = m_entered; entered && isVisible())
+        entered();
+}
+
+void MAWindow::leaveEvent(QEvent* event)
+{
+    QWidget::leaveEvent(event);
+    // A panel that is taken off the screen was not left by the mouse.
+    if (const std::function<void()> exited = m_exited; exited && isVisible())
+        exited();
+}
+
+void MAWindow::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    if (m_content)
+        m_content->setGeometry(rect());
+    updateShape();
+}
+
+} // namespace lumbrix

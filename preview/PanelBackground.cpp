@@ -1,0 +1,256 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include "preview/PanelBackground.h"
+
+#include <QtGui/QMouseEvent>
+#include <QtGui/QPainter>
+#include <QtGui/QPixmapCache>
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "preview/ImageButton.h"
+#include "preview/KeyLabel.h"
+#include "preview/PictureButton.h"
+#include "preview/TitleLabel.h"
+
+namespace lumbrix
+{
+namespace
+{
+
+constexpr QMargins BodyMargins{14, 13, 3, 7};
+
+QColor opaque(QColor color)
+{
+    color.setAlpha(255);
+    return color;
+}
+
+/// A translucent colour as it would look on a medium grey.
+QColor onGrey(const QColor& color)
+{
+    const qreal a = color.alphaF();
+    const auto mix = [a](qreal c) { return static_cast<float>(c * a + 0.5 * (1 - a)); };
+    return QColor::fromRgbF(mix(color.redF()), mix(color.greenF()), mix(color.blueF()));
+}
+
+} // namespace
+
+PanelBackground::PanelBackground(QWidget* parent) : QWidget(parent) {}
+
+void PanelBackground::setParts(const Parts& parts)
+{
+    m_parts = parts;
+    connect(parts.image, &PictureButton::pictureRectChanged, this, [this] {
+        if (!m_borderless)
+            return;
+        arrange();
+        update();
+        Q_EMIT outlinePathChanged();
+    });
+    for (QWidget* part : std::initializer_list<QWidget*>{parts.image, parts.key, parts.close})
+        part->installEventFilter(this);
+    arrange();
+}
+
+QRect PanelBackground::body() const { return rect().marginsRemoved(BodyMargins); }
+
+bool PanelBackground::hasBody() const
+{
+    return !m_borderless || !m_parts.image || m_parts.image->isHidden() ||
+           m_parts.image->image().isNull();
+}
+
+void PanelBackground::arrange()
+{
+    if (!m_parts.image)
+        return;
+    const QRect body = this->body();
+    const int font = std::clamp(height() / 16, 10, 13);
+    const int line = font + 9;
+    const int padding = m_borderless ? 0 : std::clamp(body.height() / 28, 4, 8);
+    m_parts.title->setPixelSize(font);
+    m_parts.key->setPixelSize(font - 2);
+
+    QRect picture = body.adjusted(padding, padding, -padding, m_borderless ? 0 : -line - 1);
+    m_parts.image->setGeometry(picture);
+    if (m_borderless && !m_parts.image->image().isNull())
+        picture = m_parts.image->pictureRect().translated(picture.topLeft());
+
+    // The row below the picture, or at its lower edge: the title in the middle, the key at the end.
+    QRect row(body.left(), body.top() + body.height() - line - 1, body.width(), line);
+    if (m_borderless) {
+        // A picture may be narrower than its title can be read in.
+        const int width = std::max(picture.width(), body.width() / 2) - 12;
+        row = QRect(picture.left() + (picture.width() - width) / 2,
+                    picture.top() + picture.height() - line - 5, width, line);
+    } else {
+        row.adjust(padding + 1, 0, -padding - 1, 0);
+    }
+    const QSize keySize = m_parts.key->sizeHint();
+    int titleWidth = row.width();
+    if (!m_parts.key->isHidden()) {
+        titleWidth -= keySize.width() + 4;
+        m_parts.key->setGeometry(row.left() + row.width() - keySize.width(),
+                                 row.top() + (row.height() - keySize.height()) / 2, keySize.width(),
+                                 keySize.height());
+    }
+    // Centred in the whole row when it fits there, else in what the key leaves.
+    const int natural = std::min(m_parts.title->naturalWidth(), titleWidth);
+    const int centred = row.left() + (row.width() - natural) / 2;
+    m_parts.title->setGeometry(std::min(centred, row.left() + titleWidth - natural), row.top(),
+                               natural, row.height());
+
+    const int button = height() < 110 ? 20 : 24;
+    const QPoint corner = (m_borderless ? picture.topLeft() : body.topLeft()) + QPoint(3, 3);
+    m_parts.close->setGeometry(
+        QRect(corner - QPoint(button / 2, button / 2), QSize(button, button)));
+}
+
+void PanelBackground::setHovered(bool hovered)
+{
+    if (m_hovered == hovered)
+        return;
+    m_hovered = hovered;
+    update();
+}
+
+void PanelBackground::setShaped(bool shaped)
+{
+    if (m_shaped == shaped)
+        return;
+    m_shaped = shaped;
+    update();
+}
+
+QPainterPath PanelBackground::outlinePath() const
+{
+    QPainterPath path;
+    path.setFillRule(Qt::WindingFill);
+    if (hasBody()) {
+        path.addRoundedRect(QRectF(body()).adjusted(-1, -1, 1, 1), m_cornerRadius + 1,
+                            m_cornerRadius + 1);
+    } else {
+        const QRect picture =
+            m_parts.image->pictureRect().translated(m_parts.image->geometry().topLeft());
+        path.addRoundedRect(QRectF(picture), m_parts.image->cornerRadius(),
+                            m_parts.image->cornerRadius());
+        for (const QWidget* part : std::initializer_list<QWidget*>{m_parts.title, m_parts.key}) {
+            if (!part->isHidden() && !picture.contains(part->geometry()))
+                path.addRoundedRect(QRectF(part->geometry()), part->height() / 2.0,
+                                    part->height() / 2.0);
+        }
+    }
+    if (m_parts.close && !m_parts.close->isHidden() && m_parts.close->alpha() > 0)
+        path.addEllipse(QRectF(m_parts.close->geometry()).adjusted(1.5, 1.5, -1.5, -1.5));
+    return path.simplified();
+}
+
+bool PanelBackground::eventFilter(QObject* watched, QEvent* event)
+{
+    switch (event->type()) {
+    case QEvent::ShowToParent:
+    case QEvent::HideToParent:
+        arrange();
+        if (m_borderless)
+            update();
+        Q_EMIT outlinePathChanged();
+        break;
+    default:
+        break;
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+void PanelBackground::mousePressEvent(QMouseEvent* event)
+{
+    m_pressed = event->button() == Qt::LeftButton;
+    event->accept();
+}
+
+void PanelBackground::mouseReleaseEvent(QMouseEvent* event)
+{
+    event->accept();
+    if (event->button() != Qt::LeftButton || !std::exchange(m_pressed, false))
+        return;
+    if (rect().contains(event->position().toPoint()))
+        Q_EMIT clicked();
+}
+
+void PanelBackground::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    arrange();
+    Q_EMIT outlinePathChanged();
+}
+
+void PanelBackground::paintBody(QPainter& painter) const
+{
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    const QRectF body = this->body();
+    if (m_shaped) {
+        painter.fillRect(rect(), onGrey(m_outline));
+    } else {
+        // A soft shadow that falls downward; the numbers are distance and strength.
+        constexpr std::array<std::pair<int, int>, 4> shadow{{{4, 7}, {3, 12}, {2, 18}, {1, 26}}};
+        for (const auto& [distance, alpha] : shadow) {
+            painter.setBrush(QColor(0, 0, 0, alpha));
+            const qreal side = std::min(distance, 3);
+            painter.drawRoundedRect(body.adjusted(-side, 1.5 - distance, side, 1.5 + distance),
+                                    m_cornerRadius + distance, m_cornerRadius + distance);
+        }
+        painter.setCompositionMode(QPainter::CompositionMode_Source);
+    }
+
+    QLinearGradient gradient(body.topLeft(), body.bottomLeft());
+    gradient.setColorAt(0, m_shaped ? opaque(m_fillTop) : m_fillTop);
+    gradient.setColorAt(1, m_shaped ? opaque(m_fillBottom) : m_fillBottom);
+    painter.setBrush(gradient);
+    painter.drawRoundedRect(body, m_cornerRadius, m_cornerRadius);
+
+    painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QPen(m_outline, 1));
+    painter.drawRoundedRect(body.adjusted(-0.5, -0.5, 0.5, 0.5), m_cornerRadius + 0.5,
+                            m_cornerRadius + 0.5);
+    QColor highlight = m_highlight;
+    if (m_hovered)
+        highlight.setAlpha(std::min(255, highlight.alpha() * 2));
+    painter.setPen(QPen(highlight, 1));
+    painter.drawRoundedRect(body.adjusted(0.5, 0.5, -0.5, -0.5), m_cornerRadius - 0.5,
+                            m_cornerRadius - 0.5);
+}
+
+void PanelBackground::paintEvent(QPaintEvent*)
+{
+    if (!hasBody())
+        return;
+    // The panels of a set look alike and are painted again with every new picture, so the body is
+    // drawn once and shared.
+    const QString key = u"lumbrix-panel/%1/%2/%3/%4x%5/%6/%7%8"_qs.arg(m_fillTop.rgba())
+                            .arg(m_outline.rgba())
+                            .arg(m_cornerRadius)
+                            .arg(width())
+                            .arg(height())
+                            .arg(devicePixelRatioF())
+                            .arg(m_hovered)
+                            .arg(m_shaped);
+    QPixmap pixmap;
+    if (!QPixmapCache::find(key, &pixmap)) {
+        pixmap = QPixmap((QSizeF(size()) * devicePixelRatioF()).toSize());
+        pixmap.setDevicePixelRatio(devicePixelRatioF());
+        pixmap.fill(Qt::transparent);
+        QPainter painter(&pixmap);
+        paintBody(painter);
+        painter.end();
+        QPixmapCache::insert(key, pixmap);
+    }
+    QPainter painter(this);
+    painter.drawPixmap(0, 0, pixmap);
+}
+
+} // namespace lumbrix

@@ -1,0 +1,83 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// What a preview panel is drawn on, and the arrangement of its parts.
+#pragma once
+
+#include <QtGui/QColor>
+#include <QtGui/QPainterPath>
+#include <QtWidgets/QWidget>
+
+namespace lumbrix
+{
+
+class ImageButton;
+class KeyLabel;
+class PictureButton;
+class TitleLabel;
+
+/// A rounded body with a soft shadow; the picture above, the title and the key cap below it, the
+/// close button on the top left corner. The body is set in from the panel's edges, further on the
+/// left and at the top, where the close button sticks out. A borderless background has no body
+/// while there is a picture: the title then lies on the picture.
+class PanelBackground : public QWidget
+{
+    Q_OBJECT
+    Q_PROPERTY(QColor fillTop MEMBER m_fillTop)
+    Q_PROPERTY(QColor fillBottom MEMBER m_fillBottom)
+    Q_PROPERTY(QColor outline MEMBER m_outline)
+    Q_PROPERTY(QColor highlight MEMBER m_highlight)
+    Q_PROPERTY(qreal cornerRadius MEMBER m_cornerRadius)
+    Q_PROPERTY(bool borderless MEMBER m_borderless)
+
+public:
+    /// All within the background and not null.
+    struct Parts {
+        PictureButton* image = nullptr;
+        TitleLabel* title = nullptr;
+        KeyLabel* key = nullptr;
+        ImageButton* close = nullptr;
+    };
+
+    explicit PanelBackground(QWidget* parent = nullptr);
+
+    void setParts(const Parts& parts);
+    /// Places the parts for the present size and content. Also done on every resize.
+    void arrange();
+
+    void setHovered(bool hovered);
+    /// Where translucency is not blended, everything is drawn opaque and outlinePath() is what has
+    /// to remain of the window.
+    void setShaped(bool shaped);
+    QPainterPath outlinePath() const;
+
+Q_SIGNALS:
+    void outlinePathChanged();
+    /// A click beside the parts.
+    void clicked();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    QRect body() const;
+    bool hasBody() const;
+    void paintBody(QPainter& painter) const;
+
+    Parts m_parts;
+    QColor m_fillTop;
+    QColor m_fillBottom;
+    QColor m_outline;
+    QColor m_highlight;
+    qreal m_cornerRadius = 0;
+    bool m_borderless = false;
+    bool m_hovered = false;
+    bool m_shaped = false;
+    bool m_pressed = false;
+};
+
+} // namespace lumbrix

@@ -1,0 +1,52 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QtGui/QColor>
+#include <QtGui/QImage>
+#include <QtWidgets/QAbstractButton>
+
+namespace lumbrix
+{
+
+/// A button that shows a picture as large as its area allows, in the picture's own proportions and
+/// never larger than life, with a thin outline. Never takes the focus.
+class PictureButton : public QAbstractButton
+{
+    Q_OBJECT
+    Q_PROPERTY(QColor outline MEMBER m_outline)
+    Q_PROPERTY(QColor hoverOutline MEMBER m_hoverOutline)
+    Q_PROPERTY(QColor placeholder MEMBER m_placeholder)
+    Q_PROPERTY(qreal cornerRadius MEMBER m_cornerRadius)
+
+public:
+    explicit PictureButton(QWidget* parent = nullptr);
+
+    const QImage& image() const { return m_image; }
+    /// Free when it is the picture shown already. A null image clears the button.
+    void setImage(const QImage& image);
+    /// Where the picture lies in the button; the whole button without a picture.
+    QRect pictureRect() const;
+    qreal cornerRadius() const { return m_cornerRadius; }
+
+Q_SIGNALS:
+    /// The proportions changed, or a picture came or went.
+    void pictureRectChanged();
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    const QImage& scaled(QSize points);
+
+    QImage m_image;
+    QImage m_scaled;   ///< m_image with rounded corners, at the size last painted
+    QSize m_scaledFor; ///< in device pixels
+    QColor m_outline;
+    QColor m_hoverOutline;
+    QColor m_placeholder;
+    qreal m_cornerRadius = 0;
+};
+
+} // namespace lumbrix

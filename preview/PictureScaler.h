@@ -1,0 +1,19 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// Scales the pictures of windows to the size of a preview.
+#pragma once
+
+#include <QtCore/QSize>
+#include <QtGui/QImage>
+
+namespace lumbrix
+{
+
+/// The picture in exactly `size` pixels: each axis that shrinks is averaged over the area a target
+/// pixel covers, each that grows is interpolated. The result is RGB32 for opaque sources, else
+/// ARGB32_Premultiplied; its device pixel ratio is 1. Null when the source or the size is empty; a
+/// source of that size already is returned as it is. Any thread.
+QImage scaledPicture(const QImage& source, QSize size);
+
+} // namespace lumbrix

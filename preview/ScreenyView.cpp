@@ -1,0 +1,278 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include "preview/ScreenyView.h"
+
+#include "model/EngineSettings.h"
+#include "platform/Desktop.h"
+#include "platform/InputState.h"
+#include "platform/Workspace.h"
+#include "preview/DisplayText.h"
+#include "preview/ImageButton.h"
+#include "preview/InterfaceFile.h"
+#include "preview/KeyLabel.h"
+#include "preview/PanelBackground.h"
+#include "preview/PictureButton.h"
+#include "preview/PictureView.h"
+#include "preview/PreviewHost.h"
+#include "preview/TitleLabel.h"
+
+namespace lumbrix
+{
+namespace
+{
+
+// Widened on purpose: the pause is the single-precision value.
+constexpr platform::Seconds zoomActivationPause = 0.05f;
+constexpr std::int64_t commandKey = 0x100;
+constexpr std::uint32_t hideOthersFlags =
+    platform::ModifierFlag::Option | platform::ModifierFlag::Command;
+
+void hideOthers(std::int32_t pid)
+{
+    platform::Workspace& workspace = platform::desktop().workspace;
+    for (const platform::RunningApplication& application : workspace.runningApplications()) {
+        if (application.pid != pid)
+            workspace.hide(application.pid);
+    }
+}
+
+/// Starting a player that runs already brings its main window forward.
+void launchAgain(std::int32_t pid)
+{
+    platform::Workspace& workspace = platform::desktop().workspace;
+    if (const auto application = workspace.runningApplication(pid))
+        workspace.launchApplicationAtURL(application->executableURL,
+                                         platform::LaunchOption::WithoutAddingToRecents |
+                                             platform::LaunchOption::Async |
+                                             platform::LaunchOption::AllowingClassicStartup);
+}
+
+} // namespace
+
+ScreenyView::ScreenyView(PreviewHost& host) : m_host(host) {}
+
+ScreenyView::~ScreenyView()
+{
+    cancelZoomWatcher();
+    invalidateTimer();
+}
+
+ScreenyViewPtr ScreenyView::load(const QString& interfaceFile, PreviewHost& host)
+{
+    ScreenyViewPtr preview(new ScreenyView(host));
+    return preview->loadWindow(interfaceFile) ? preview : nullptr;
+}
+
+bool ScreenyView::loadWindow(const QString& interfaceFile)
+{
+    std::unique_ptr<QWidget> loaded = loadInterface(interfaceFile);
+    if (!qobject_cast<MAWindow*>(loaded.get()))
+        return false;
+    m_window.reset(static_cast<MAWindow*>(loaded.release()));
+    m_background = m_window->findChild<PanelBackground*>(u"background"_qs);
+    m_image = m_window->findChild<PictureButton*>(u"image"_qs);
+    m_title = m_window->findChild<TitleLabel*>(u"title"_qs);
+    m_titleLabel = m_window->findChild<TitleLabel*>(u"titleLabel"_qs);
+    m_closeButton = m_window->findChild<ImageButton*>(u"closeButton"_qs);
+    m_fastKeyButton = m_window->findChild<KeyLabel*>(u"fastKeyButton"_qs);
+    TitleLabel* title = m_title ? m_title : m_titleLabel;
+    if (!m_background || !m_image || !title || !m_closeButton || !m_fastKeyButton)
+        return false;
+
+    // A widget's hidden state is only told by isHidden() once it was set.
+    m_closeButton->hide();
+    m_fastKeyButton->hide();
+    m_image->show();
+    title->show();
+    m_background->setParts({m_image, title, m_fastKeyButton, m_closeButton});
+    m_window->setContent(m_background);
+    m_window->setShapeSource([this] { return m_background->outlinePath(); });
+    connect(m_background, &PanelBackground::outlinePathChanged, m_window.get(),
+            &MAWindow::updateShape);
+    connect(m_window.get(), &MAWindow::shapedChanged, m_background, &PanelBackground::setShaped);
+
+    connect(m_image, &QAbstractButton::clicked, this, &ScreenyView::activateWindow);
+    // The whole panel stands for the window, not just its picture.
+    connect(m_background, &PanelBackground::clicked, this, &ScreenyView::activateWindow);
+    connect(m_fastKeyButton, &QAbstractButton::clicked, this, &ScreenyView::activateWindow);
+    connect(m_closeButton, &QAbstractButton::clicked, this, &ScreenyView::closeWindow);
+    return true;
+}
+
+void ScreenyView::setElementRef(SWElementPtr element) { m_elementRef = std::move(element); }
+
+void ScreenyView::setImage(const QImage& image) { m_image->setImage(image); }
+
+const QImage& ScreenyView::image() const { return m_image->image(); }
+
+void ScreenyView::setTitleString(const QString& title)
+{
+    m_titleString = title;
+    TitleLabel* label = m_title ? m_title : m_titleLabel;
+    if (!label)
+        return;
+    label->setText(title);
+    m_background->arrange();
+    // In the title of a window the toolkit takes this for its mark of unsaved changes.
+    m_window->setWindowTitle(QString(label->text()).replace(u"[*]"_qs, u"[*][*]"_qs));
+}
+
+void ScreenyView::setAppFlags(const std::optional<platform::RunningApplication>& application)
+{
+    m_host.playerControls().setAppFlags(*this, application);
+}
+
+void ScreenyView::clearAppFlags()
+{
+    m_VLC = false;
+    m_iCal = false;
+    m_QuickTime = false;
+    m_Mail = false;
+    m_iTunes = false;
+    m_setByTab = false;
+    m_BusyCal = false;
+}
+
+QWidget* ScreenyView::contentView() const { return m_background; }
+
+void ScreenyView::orderFront() { m_window->orderFrontRegardless(); }
+
+void ScreenyView::setShortcut()
+{
+    if (!m_elementRef)
+        return;
+    HotKeyCenter& center = m_host.hotKeyCenter();
+    center.unregisterHotKey(m_fastKey);
+    if (!m_host.settings().showFastKeys)
+        return;
+    const int index = m_host.indexOfScreenyView(*this);
+    if (index > 9)
+        return;
+    const int digit = (index + 1) % 10;
+    m_fastKey = std::make_shared<SGHotKey>();
+    m_fastKey->identifier = QString::number(digit);
+    m_fastKey->keyCombo = {SWElement::keyCodeForNumberKey(digit), commandKey};
+    m_fastKey->action = [weak = weak_from_this()] {
+        if (const ScreenyViewPtr self = weak.lock())
+            self->m_fastKeyButton->click();
+    };
+    center.registerHotKey(m_fastKey);
+    m_fastKeyButton->setText(QString(QChar(0x2318)) + QString::number(digit));
+    m_fastKeyButton->show();
+    m_background->arrange();
+}
+
+void ScreenyView::removeShortcut() { m_host.hotKeyCenter().unregisterHotKey(m_fastKey); }
+
+void ScreenyView::showSpaces()
+{
+    if (m_elementRef && m_host.settings().showSpaces)
+        m_host.spacesBadge().showSpaces(*this);
+}
+
+void ScreenyView::setTrackingRect()
+{
+    m_window->setTracking([this] { mouseEntered(); }, [this] { mouseExited(); });
+}
+
+void ScreenyView::removeTrackingRect() { m_window->clearTracking(); }
+
+void ScreenyView::dismissWithoutRebirth()
+{
+    m_window->orderOut();
+    m_image->setImage({});
+    m_host.spacesBadge().hide(*this);
+}
+
+void ScreenyView::rebirth()
+{
+    hideZoom();
+    // A watcher of this life must not show the zoom in the next.
+    cancelZoomWatcher();
+    removeTrackingRect();
+    removeShortcut();
+    if (m_elementRef)
+        m_elementRef->setScreenshot({});
+    m_elementRef.reset();
+    delete m_iCalView;
+    m_closeButton->hide();
+    m_closeButton->setEnabled(true);
+    m_closeButton->setAlpha(1.0);
+    m_background->setHovered(false);
+    removeButtons();
+    clearAppFlags();
+    m_host.spacesBadge().hide(*this);
+    if (m_title)
+        m_title->show();
+    if (m_titleLabel)
+        m_titleLabel->show();
+    m_image->show();
+    m_fastKeyButton->hide();
+    m_host.addToCache(shared_from_this());
+}
+
+void ScreenyView::dismiss()
+{
+    dismissWithoutRebirth();
+    rebirth();
+}
+
+void ScreenyView::activateWindow()
+{
+    if (!m_elementRef) {
+        if (m_iCal)
+            platform::desktop().workspace.launchApplication(m_BusyCal ? u"BusyCal"_qs : u"iCal"_qs);
+        return;
+    }
+    // Closing all previews, below, may drop the last reference to this one.
+    const ScreenyViewPtr self = shared_from_this();
+    const SWElementPtr element = m_elementRef;
+    const platform::Desktop& desktop = platform::desktop();
+    desktop.runLoop.detachThread("raise", [element](const platform::Thread&) { element->raise(); });
+    if ((desktop.inputState.modifierFlags() & hideOthersFlags) == hideOthersFlags)
+        hideOthers(element->pid());
+    if (m_iTunes)
+        launchAgain(element->pid());
+    // The window needs a moment to come forward; without it the zoom would uncover what was before.
+    if (m_host.settings().zoomWindows && m_zoomWindow && m_zoomWindow->isVisible())
+        desktop.runLoop.sleep(zoomActivationPause);
+    hideZoom();
+    if (m_host.settings().closeOnClick)
+        m_host.removeAllScreenViews();
+}
+
+void ScreenyView::closeWindow()
+{
+    if (!m_elementRef)
+        return;
+    hideZoom();
+    platform::desktop().runLoop.detachThread(
+        "close", [element = m_elementRef](const platform::Thread&) { element->closeWindow(); });
+}
+
+void ScreenyView::prepareForCal()
+{
+    if (m_elementRef)
+        m_elementRef->setScreenshot({});
+    m_image->setImage({});
+    m_host.spacesBadge().hide(*this);
+    if (m_title)
+        m_title->hide();
+    if (m_titleLabel)
+        m_titleLabel->hide();
+    setTitleString({});
+    m_image->hide();
+}
+
+QWidget* ScreenyView::setUpCalView()
+{
+    delete m_iCalView;
+    m_iCalView = new QWidget(m_background);
+    m_iCalView->setGeometry(m_background->rect());
+    m_closeButton->raise();
+    m_iCalView->show();
+    return m_iCalView;
+}
+
+} // namespace lumbrix

@@ -1,0 +1,197 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// The mouse on a preview, and the buttons that come up under it.
+#include "preview/ScreenyView.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "model/EngineSettings.h"
+#include "platform/Desktop.h"
+#include "platform/InputState.h"
+#include "preview/ImageButton.h"
+#include "preview/PanelBackground.h"
+#include "preview/PictureButton.h"
+#include "preview/PreviewHost.h"
+
+namespace lumbrix
+{
+namespace
+{
+
+constexpr std::uint32_t leftButtonOnly = 1;
+/// From this panel width on the control buttons have their full size.
+constexpr qreal largeControlsWidth = 180;
+
+} // namespace
+
+void ScreenyView::mouseEntered()
+{
+    if (!m_elementRef)
+        return;
+    if (platform::desktop().inputState.pressedMouseButtons() == leftButtonOnly) {
+        activateWindow(); // something is being dragged onto the window
+        return;
+    }
+    if (m_host.settings().hideClose) {
+        // Not hidden all the same: that state tells that the mouse is inside.
+        m_closeButton->setEnabled(false);
+        m_closeButton->setAlpha(0.0);
+    } else {
+        m_closeButton->setEnabled(m_elementRef->isClosable());
+    }
+    m_closeButton->show();
+    m_background->setHovered(true);
+    showZoom(true);
+    const bool hasControls = m_iTunes || m_Mail || m_VLC || m_QuickTime;
+    if (hasControls && !m_host.settings().hideControls) {
+        createButtons();
+        placeButtons();
+        showButtons();
+    }
+    m_closeButton->update();
+}
+
+void ScreenyView::mouseExited()
+{
+    cancelZoomWatcher();
+    m_closeButton->hide();
+    m_background->setHovered(false);
+    m_host.mouseExited();
+    hideZoom();
+    hideButtons();
+    m_closeButton->update();
+}
+
+bool ScreenyView::isCloseButtonHidden() const { return m_closeButton->isHidden(); }
+
+void ScreenyView::setCloseButtonEnabled(bool enabled) { m_closeButton->setEnabled(enabled); }
+
+bool ScreenyView::isCloseButtonEnabled() const { return m_closeButton->isEnabled(); }
+
+QRectF ScreenyView::closeButtonFrame() const { return frameOf(*m_closeButton); }
+
+void ScreenyView::clickCloseButton() { m_closeButton->click(); }
+
+void ScreenyView::clickImage() { m_image->click(); }
+
+bool ScreenyView::clickControlAt(QPointF point)
+{
+    if (!m_buttonsInitialized)
+        return false;
+    const auto hit = std::find_if(m_controls.begin(), m_controls.end(), [&](ImageButton* button) {
+        return !button->isHidden() && frameOf(*button).contains(point);
+    });
+    if (hit == m_controls.end())
+        return false;
+    (*hit)->click();
+    return true;
+}
+
+QRectF ScreenyView::frameOf(const QWidget& part) const
+{
+    const QRectF geometry = part.geometry();
+    return {geometry.x(), m_background->height() - geometry.y() - geometry.height(),
+            geometry.width(), geometry.height()};
+}
+
+ImageButton* ScreenyView::createButton(const QString& image, const QString& alternate,
+                                       void (PlayerControls::*action)(ScreenyView&))
+{
+    auto* button = new ImageButton(m_background);
+    button->setGeometry(0, 0, 30, 30);
+    button->hide();
+    button->setImageName(image);
+    button->setPressedImageName(alternate);
+    connect(button, &QAbstractButton::clicked, this,
+            [this, action] { (m_host.playerControls().*action)(*this); });
+    return button;
+}
+
+void ScreenyView::createButtons()
+{
+    if (m_buttonsInitialized)
+        return;
+    m_controls = {
+        createButton(u"skipLeft"_qs, u"skipLeftAlt"_qs, &PlayerControls::skipLeft),
+        createButton(u"skipRight"_qs, u"skipRightAlt"_qs, &PlayerControls::skipRight),
+        createButton(u"play"_qs, u"playAlt"_qs, &PlayerControls::play),
+        createButton(u"mailGet"_qs, u"mailGetAlt"_qs, &PlayerControls::getMail),
+        createButton(u"playPause"_qs, u"playPauseAlt"_qs, &PlayerControls::playPause),
+    };
+    m_buttonsInitialized = true;
+}
+
+void ScreenyView::placeButtons()
+{
+    const qreal width = m_window->frame().width();
+    const bool large = width >= largeControlsWidth;
+    const qreal centre = width * 0.5 - (large ? 9 : 4);
+    const int step = large ? 30 : 20;
+    const int size = large ? 30 : 20;
+    const int bottom = large ? 40 : 30;
+    const auto place = [&](ControlIndex index, int shift) {
+        m_controls[index]->setGeometry(qRound(centre) + shift,
+                                       m_background->height() - bottom - size, size, size);
+    };
+    place(SkipLeft, -step);
+    place(SkipRight, step);
+    for (const ControlIndex index : {Play, GetMail, PlayPause})
+        place(index, 0);
+}
+
+void ScreenyView::showButtons()
+{
+    if (m_iTunes) {
+        const QString state = m_host.playerControls().playerState();
+        if (state == u"stopped")
+            setPlayState(false);
+        else if (state == u"playing")
+            setPlayState(true);
+        m_controls[SkipLeft]->show();
+        m_controls[SkipRight]->show();
+    } else if (m_Mail) {
+        m_controls[GetMail]->show();
+    } else if (m_VLC) {
+        m_controls[SkipLeft]->show();
+        m_controls[SkipRight]->show();
+        m_controls[PlayPause]->show();
+    } else if (m_QuickTime) {
+        m_controls[PlayPause]->show();
+    }
+}
+
+void ScreenyView::hideButtons()
+{
+    if (!m_buttonsInitialized)
+        return;
+    // None is ever shown that does not belong to the application.
+    for (ImageButton* button : m_controls)
+        button->hide();
+}
+
+void ScreenyView::removeButtons()
+{
+    if (!m_buttonsInitialized)
+        return;
+    for (ImageButton*& button : m_controls) {
+        button->hide();
+        // One of them may be the button whose click led here.
+        std::exchange(button, nullptr)->deleteLater();
+    }
+    m_buttonsInitialized = false;
+}
+
+void ScreenyView::setPlayState(bool playing)
+{
+    m_isPlaying = playing;
+    if (!m_buttonsInitialized)
+        return;
+    ImageButton* button = m_controls[Play];
+    button->setImageName(playing ? u"pause"_qs : u"play"_qs);
+    button->setPressedImageName(playing ? u"pauseAlt"_qs : u"playAlt"_qs);
+    button->show();
+}
+
+} // namespace lumbrix

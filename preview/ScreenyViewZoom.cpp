@@ -1,0 +1,143 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// The zoomed view of a preview: a copy of the window at its real place and size.
+#include "preview/ScreenyView.h"
+
+#include "model/EngineSettings.h"
+#include "platform/Desktop.h"
+#include "platform/InputState.h"
+#include "preview/ImageButton.h"
+#include "preview/InterfaceFile.h"
+#include "preview/PictureView.h"
+#include "preview/PreviewHost.h"
+
+namespace lumbrix
+{
+namespace
+{
+
+// Widened on purpose: the pause is the single-precision value.
+constexpr platform::Seconds restInterval = 0.02f;
+constexpr platform::Seconds zoomRefreshInterval = 0.5;
+
+/// Returns once the pointer kept still for one interval; false when the thread was cancelled first.
+bool waitForRest(const platform::Thread& self)
+{
+    const platform::Desktop& desktop = platform::desktop();
+    while (!self.isCancelled()) {
+        const QPointF before = desktop.inputState.mouseLocation();
+        desktop.runLoop.sleep(restInterval);
+        if (desktop.inputState.mouseLocation() == before)
+            return !self.isCancelled();
+    }
+    return false;
+}
+
+} // namespace
+
+void ScreenyView::showZoom(bool arm)
+{
+    if (!m_elementRef || !m_host.settings().zoomWindows)
+        return;
+    if (arm)
+        armZoom();
+    else
+        showZoomWindow();
+}
+
+void ScreenyView::armZoom()
+{
+    cancelZoomWatcher();
+    platform::RunLoop& runLoop = platform::desktop().runLoop;
+    // The thread may outlive this preview, so it only carries what finds it again. Whether it is
+    // still the watcher is asked on the main thread, where nothing can replace it meanwhile.
+    const auto isCurrent = std::make_shared<bool>(true);
+    m_zoomWatch = isCurrent;
+    m_mouseCheckerThread = runLoop.detachThread(
+        "zoom", [&runLoop, weak = weak_from_this(), isCurrent](const platform::Thread& self) {
+            if (!waitForRest(self))
+                return;
+            runLoop.performOnMainThread(
+                [weak, isCurrent] {
+                    if (!*isCurrent)
+                        return;
+                    if (const ScreenyViewPtr preview = weak.lock())
+                        preview->showZoom(false);
+                },
+                true);
+        });
+}
+
+void ScreenyView::cancelZoomWatcher()
+{
+    if (m_zoomWatch)
+        *m_zoomWatch = false;
+    m_zoomWatch.reset();
+    if (m_mouseCheckerThread)
+        m_mouseCheckerThread->cancel();
+    m_mouseCheckerThread.reset();
+}
+
+void ScreenyView::showZoomWindow()
+{
+    if (isCloseButtonHidden())
+        return; // the mouse has left
+    if (!m_zoomWindow) {
+        std::unique_ptr<QWidget> loaded = loadInterface(u"ZoomWindow"_qs);
+        if (!qobject_cast<MAWindow*>(loaded.get()))
+            return;
+        m_zoomWindow.reset(static_cast<MAWindow*>(loaded.release()));
+        m_zoomImageView = m_zoomWindow->findChild<PictureView*>(u"zoomImageView"_qs);
+        m_zoomWindow->setContent(m_zoomImageView);
+    }
+    const QRectF frame = m_elementRef->getNSRect();
+    // The window may be gone by now; a zoom of nothing would be a dot.
+    if (!frame.isEmpty()) {
+        m_zoomWindow->setFrame(frame);
+        m_zoomWindow->setWindowTitle(m_window->windowTitle());
+        updateTimer();
+    }
+    setTimer();
+}
+
+void ScreenyView::setTimer()
+{
+    if (!m_elementRef)
+        return;
+    invalidateTimer();
+    if (m_host.settings().disableLivePreviews)
+        return;
+    m_zoomUpdateTimer = platform::desktop().runLoop.scheduleTimer(zoomRefreshInterval, true,
+                                                                  [this] { updateTimer(); });
+}
+
+void ScreenyView::updateTimer()
+{
+    if (!m_zoomWindow || !m_elementRef || !m_zoomImageView)
+        return;
+    const QImage picture = m_elementRef->screenshot();
+    m_zoomImageView->setImage(picture);
+    // Without a picture the panel would be a hole to look through, or black.
+    if (!picture.isNull() && !m_zoomWindow->frame().isEmpty() && !m_zoomWindow->isVisible())
+        m_zoomWindow->orderBelow(*m_window);
+}
+
+void ScreenyView::invalidateTimer()
+{
+    if (m_zoomUpdateTimer)
+        m_zoomUpdateTimer->invalidate();
+    m_zoomUpdateTimer.reset();
+}
+
+void ScreenyView::hideZoom()
+{
+    invalidateTimer();
+    if (!m_zoomWindow)
+        return;
+    m_zoomWindow->orderOut();
+    m_zoomImageView = nullptr;
+    m_zoomWindow.reset();
+}
+
+} // namespace lumbrix
