@@ -26,7 +26,8 @@ class WindowListener
 public:
     virtual ~WindowListener() = default;
     virtual void windowAdded(const TrackedWindowPtr&) {}
-    virtual void windowChanged(const TrackedWindowPtr& /*before*/, const TrackedWindowPtr& /*after*/)
+    virtual void windowChanged(const TrackedWindowPtr& /*before*/,
+                               const TrackedWindowPtr& /*after*/)
     {
     }
     virtual void windowRemoved(const TrackedWindowPtr& /*last*/) {}

@@ -1,0 +1,131 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include "platform/linux/x11/EventThread.h"
+
+#include "platform/linux/x11/Connection.h"
+
+#include <poll.h>
+#include <sys/eventfd.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <chrono>
+#include <cmath>
+
+namespace lumbrix::platform::x11
+{
+
+WakeFd::WakeFd() : m_fd(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)) {}
+
+WakeFd::~WakeFd()
+{
+    if (m_fd >= 0)
+        close(m_fd);
+}
+
+void WakeFd::wake() const { eventfd_write(m_fd, 1); }
+
+void WakeFd::clear() const
+{
+    eventfd_t value = 0;
+    eventfd_read(m_fd, &value);
+}
+
+JoinableThread::JoinableThread(RunLoop& runLoop, std::string name, RunLoop::ThreadBody body)
+    : m_thread(runLoop.makeThread(std::move(name),
+                                  [body = std::move(body), ended = m_ended](const Thread& self) {
+                                      body(self);
+                                      ended->release();
+                                  }))
+{
+}
+
+void JoinableThread::start()
+{
+    m_started = true;
+    m_thread->start();
+}
+
+void JoinableThread::join()
+{
+    if (!m_started)
+        return;
+    m_thread->cancel();
+    // A loop that is shutting down may never run the body; the thread then just is finished.
+    while (!m_ended->try_acquire_for(std::chrono::milliseconds(100)) && !m_thread->isFinished()) {
+    }
+    m_started = false;
+}
+
+EventThread::EventThread(RunLoop& runLoop, Connection& connection, const WakeFd& wake,
+                         std::vector<EventHandler*> handlers,
+                         std::function<void()> onConnectionLost)
+    : m_runLoop(runLoop), m_connection(connection), m_wake(wake), m_handlers(std::move(handlers)),
+      m_onConnectionLost(std::move(onConnectionLost)),
+      m_thread(runLoop, "x11-events", [this](const Thread& self) { run(self); })
+{
+}
+
+EventThread::~EventThread() { stop(); }
+
+void EventThread::stop()
+{
+    m_stopping = true;
+    m_wake.wake();
+    m_thread.join();
+}
+
+void EventThread::run(const Thread& self)
+{
+    while (!m_stopping && !self.isCancelled()) {
+        m_wake.clear();
+        dispatchQueue();
+        if (m_connection.isBroken()) {
+            if (m_onConnectionLost)
+                m_onConnectionLost();
+            return;
+        }
+        wait();
+    }
+}
+
+void EventThread::dispatchQueue()
+{
+    const auto dispatch = [this](const Event& event) {
+        for (EventHandler* handler : m_handlers)
+            handler->handleEvent(*event);
+    };
+    Event event;
+    do {
+        if (event)
+            dispatch(event);
+        while ((event = Event(xcb_poll_for_event(m_connection.get()))))
+            dispatch(event);
+        for (EventHandler* handler : m_handlers)
+            handler->eventsHandled();
+        m_connection.flush();
+        // Waiting for replies and flushing may have read events that poll() would not tell of.
+        event = Event(xcb_poll_for_queued_event(m_connection.get()));
+    } while (event && !m_stopping);
+}
+
+void EventThread::wait()
+{
+    int timeout = -1;
+    for (const EventHandler* handler : m_handlers) {
+        if (const auto deadline = handler->deadline()) {
+            const double left = std::max(0.0, *deadline - m_runLoop.now());
+            const int milliseconds = static_cast<int>(std::ceil(std::min(left, 3600.0) * 1000));
+            timeout = timeout < 0 ? milliseconds : std::min(timeout, milliseconds);
+        }
+    }
+    std::array<pollfd, 2> fds{
+        pollfd{xcb_get_file_descriptor(m_connection.get()), POLLIN, 0},
+        pollfd{m_wake.get(), POLLIN, 0},
+    };
+    poll(fds.data(), fds.size(), timeout);
+}
+
+} // namespace lumbrix::platform::x11

@@ -1,0 +1,241 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include "platform/linux/x11/ImageCopier.h"
+
+#include "platform/linux/x11/Connection.h"
+
+#include <xcb/shm.h>
+
+#include <fcntl.h>
+#include <sys/mman.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <atomic>
+#include <bit>
+#include <mutex>
+#include <vector>
+
+namespace lumbrix::platform::x11
+{
+namespace
+{
+
+constexpr std::size_t kGranularity = 256 * 1024; // windows of similar size share segments
+constexpr std::size_t kMaxIdleSegments = 4;
+
+/// File descriptors travel over local sockets only; over others the attempt ends the connection.
+bool isLocal(const Connection& connection)
+{
+    sockaddr_storage address{};
+    socklen_t length = sizeof(address);
+    return getsockname(xcb_get_file_descriptor(connection.get()),
+                       reinterpret_cast<sockaddr*>(&address), &length) == 0 &&
+           address.ss_family == AF_UNIX;
+}
+
+/// The server leaves anything in the unused byte of depth 24; painting takes it for opacity.
+void makeOpaque(std::uint32_t* pixels, std::size_t count)
+{
+    for (std::size_t i = 0; i < count; ++i)
+        pixels[i] |= 0xff000000U;
+}
+
+} // namespace
+
+struct ImageCopier::Segment {
+    std::uint32_t* pixels = nullptr;
+    std::size_t size = 0;
+    xcb_shm_seg_t id = XCB_NONE;
+};
+
+/// The segments. It lives as long as an image does, the connection perhaps not.
+class ImageCopier::Pool : public std::enable_shared_from_this<Pool>
+{
+public:
+    explicit Pool(const Connection& connection) : m_connection(&connection) {}
+    ~Pool() { releaseIdle(); }
+
+    /// Null segment when there is no memory. The lease goes to the image's cleanup function.
+    Segment take(std::size_t size)
+    {
+        {
+            const std::lock_guard lock(m_mutex);
+            auto best = m_idle.end();
+            for (auto it = m_idle.begin(); it != m_idle.end(); ++it) {
+                if (it->size >= size && (best == m_idle.end() || it->size < best->size))
+                    best = it;
+            }
+            if (best != m_idle.end() && best->size / 4 <= size + kGranularity) {
+                const Segment segment = *best;
+                m_idle.erase(best);
+                return segment;
+            }
+        }
+        return make((size + kGranularity - 1) / kGranularity * kGranularity);
+    }
+
+    void give(const Segment& segment)
+    {
+        const std::lock_guard lock(m_mutex);
+        m_idle.push_back(segment);
+        if (m_idle.size() > kMaxIdleSegments || !m_connection) {
+            release(m_idle.front());
+            m_idle.erase(m_idle.begin());
+        }
+    }
+
+    void releaseIdle()
+    {
+        const std::lock_guard lock(m_mutex);
+        for (const Segment& segment : m_idle)
+            release(segment);
+        m_idle.clear();
+        if (m_connection)
+            m_connection->flush();
+    }
+
+    /// The connection is about to go, and with it the server's side of the segments.
+    void close()
+    {
+        releaseIdle();
+        const std::lock_guard lock(m_mutex);
+        m_connection = nullptr;
+    }
+
+    QImage wrap(const Segment& segment, const QSize& size, QImage::Format format)
+    {
+        struct Lease {
+            std::shared_ptr<Pool> pool;
+            Segment segment;
+        };
+        return QImage(
+            reinterpret_cast<uchar*>(segment.pixels), size.width(), size.height(),
+            static_cast<qsizetype>(size.width()) * 4, format,
+            [](void* lease) {
+                const std::unique_ptr<Lease> owned(static_cast<Lease*>(lease));
+                owned->pool->give(owned->segment);
+            },
+            new Lease{shared_from_this(), segment});
+    }
+
+    std::atomic<bool> isUsable = true;
+
+private:
+    Segment make(std::size_t size)
+    {
+        const int fd = memfd_create("picture", MFD_CLOEXEC);
+        if (fd < 0)
+            return {};
+        // Allocated now: a lack of memory is an error here and would be a fatal signal later.
+        void* memory = posix_fallocate(fd, 0, static_cast<off_t>(size)) == 0
+                           ? mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_SHARED, fd, 0)
+                           : MAP_FAILED;
+        if (memory == MAP_FAILED) {
+            ::close(fd);
+            return {};
+        }
+        const std::lock_guard lock(m_mutex);
+        const Segment segment{static_cast<std::uint32_t*>(memory), size, m_connection->newId()};
+        // The connection closes the descriptor once it is sent.
+        xcb_shm_attach_fd(m_connection->get(), segment.id, fd, 0);
+        return segment;
+    }
+
+    void release(const Segment& segment)
+    {
+        if (m_connection)
+            xcb_shm_detach(m_connection->get(), segment.id);
+        munmap(segment.pixels, segment.size);
+    }
+
+    std::mutex m_mutex;
+    const Connection* m_connection; // guarded by m_mutex; null once closed
+    std::vector<Segment> m_idle;    // guarded by m_mutex; the longest idle first
+};
+
+ImageCopier::ImageCopier(const Connection& connection) : m_connection(connection)
+{
+    if (connection.extensions().shm.atLeast(1, 2) && isLocal(connection))
+        m_pool = std::make_shared<Pool>(connection);
+}
+
+ImageCopier::~ImageCopier()
+{
+    if (m_pool)
+        m_pool->close();
+}
+
+QImage ImageCopier::copy(xcb_drawable_t drawable, const QRect& rect, int depth)
+{
+    if (rect.isEmpty() || !isDepthReadable(depth))
+        return {};
+    const QImage::Format format =
+        depth == 32 ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32;
+    if (!m_pool || !m_pool->isUsable)
+        return copyThroughSocket(drawable, rect, format);
+
+    const std::size_t count = static_cast<std::size_t>(rect.width()) * rect.height();
+    const Segment segment = m_pool->take(count * 4);
+    if (!segment.pixels)
+        return copyThroughSocket(drawable, rect, format);
+    QImage image = m_pool->wrap(segment, rect.size(), format);
+    const auto cookie = xcb_shm_get_image(
+        m_connection.get(), drawable, static_cast<std::int16_t>(rect.x()),
+        static_cast<std::int16_t>(rect.y()), static_cast<std::uint16_t>(rect.width()),
+        static_cast<std::uint16_t>(rect.height()), ~0U, XCB_IMAGE_FORMAT_Z_PIXMAP, segment.id, 0);
+    if (!m_connection.reply(xcb_shm_get_image_reply, cookie)) {
+        image = copyThroughSocket(drawable, rect, format);
+        if (!image.isNull()) // so it was the shared memory that failed: do not try again
+            m_pool->isUsable = false;
+        return image;
+    }
+    if (depth == 24)
+        makeOpaque(segment.pixels, count);
+    return image;
+}
+
+void ImageCopier::releaseIdle()
+{
+    if (m_pool)
+        m_pool->releaseIdle();
+}
+
+QImage ImageCopier::copyThroughSocket(xcb_drawable_t drawable, const QRect& rect,
+                                      QImage::Format format)
+{
+    const auto cookie = xcb_get_image(
+        m_connection.get(), XCB_IMAGE_FORMAT_Z_PIXMAP, drawable,
+        static_cast<std::int16_t>(rect.x()), static_cast<std::int16_t>(rect.y()),
+        static_cast<std::uint16_t>(rect.width()), static_cast<std::uint16_t>(rect.height()), ~0U);
+    auto reply = m_connection.reply(xcb_get_image_reply, cookie);
+    const std::size_t count = static_cast<std::size_t>(rect.width()) * rect.height();
+    if (!reply || static_cast<std::size_t>(xcb_get_image_data_length(reply.get())) < count * 4)
+        return {};
+    auto* pixels = reinterpret_cast<std::uint32_t*>(xcb_get_image_data(reply.get()));
+    if (format == QImage::Format_RGB32)
+        makeOpaque(pixels, count);
+    return QImage(
+        reinterpret_cast<uchar*>(pixels), rect.width(), rect.height(),
+        static_cast<qsizetype>(rect.width()) * 4, format, [](void* memory) { std::free(memory); },
+        reply.release());
+}
+
+/// Four bytes a pixel in this machine's order: anything else is long extinct.
+bool ImageCopier::isDepthReadable(int depth) const
+{
+    const xcb_setup_t* setup = xcb_get_setup(m_connection.get());
+    const bool isServerLittle = setup->image_byte_order == XCB_IMAGE_ORDER_LSB_FIRST;
+    if ((depth != 24 && depth != 32) ||
+        isServerLittle != (std::endian::native == std::endian::little))
+        return false;
+    for (auto it = xcb_setup_pixmap_formats_iterator(setup); it.rem; xcb_format_next(&it)) {
+        if (it.data->depth == depth)
+            return it.data->bits_per_pixel == 32;
+    }
+    return false;
+}
+
+} // namespace lumbrix::platform::x11

@@ -1,0 +1,45 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// Copies pixels from the server into images, through shared memory where the server can.
+#pragma once
+
+#include <QtCore/QRect>
+#include <QtGui/QImage>
+
+#include <xcb/xcb.h>
+
+#include <cstdint>
+#include <memory>
+
+namespace lumbrix::platform::x11
+{
+
+class Connection;
+
+/// Any thread; many may copy at once. The memory of an image is a segment that the server writes
+/// into directly; when the last copy of the image is dropped the segment waits for the next image,
+/// so that steady copying neither allocates nor faults pages in. Images may outlive the copier.
+class ImageCopier
+{
+public:
+    explicit ImageCopier(const Connection& connection);
+    ~ImageCopier();
+
+    /// Null when the drawable is gone, `rect` is not inside it, or its depth is not 24 or 32.
+    /// Depth 24 gives RGB32, depth 32 ARGB32_Premultiplied.
+    QImage copy(xcb_drawable_t drawable, const QRect& rect, int depth);
+    /// Gives back the memory of the segments that wait.
+    void releaseIdle();
+
+private:
+    struct Segment;
+    class Pool;
+    QImage copyThroughSocket(xcb_drawable_t drawable, const QRect& rect, QImage::Format format);
+    bool isDepthReadable(int depth) const;
+
+    const Connection& m_connection;
+    std::shared_ptr<Pool> m_pool; ///< null: no shared memory
+};
+
+} // namespace lumbrix::platform::x11

@@ -1,0 +1,121 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include "platform/linux/x11/PointerWatch.h"
+
+#include "platform/linux/x11/Connection.h"
+
+#include <xcb/xinput.h>
+
+#include <utility>
+
+namespace lumbrix::platform::x11
+{
+namespace
+{
+
+void selectXInput(xcb_connection_t* c, xcb_window_t window, std::uint32_t events)
+{
+    const struct {
+        xcb_input_event_mask_t head;
+        std::uint32_t mask;
+    } request{{XCB_INPUT_DEVICE_ALL_MASTER, 1}, events};
+    xcb_input_xi_select_events(c, window, 1, &request.head);
+}
+
+bool isWheel(std::uint32_t button) { return button >= 4 && button <= 7; }
+
+} // namespace
+
+PointerWatch::PointerWatch(const Connection& connection, const WindowTracker& tracker,
+                           const Listeners& listeners)
+    : m_connection(connection), m_listeners(listeners)
+{
+    selectXInput(connection.get(), connection.root(),
+                 XCB_INPUT_XI_EVENT_MASK_RAW_MOTION | XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_PRESS);
+    for (const TrackedWindowPtr& window : tracker.windows())
+        windowAdded(window);
+}
+
+void PointerWatch::windowAdded(const TrackedWindowPtr& window)
+{
+    if (window->type == WindowType::Dock)
+        followDock(window->id);
+}
+
+void PointerWatch::windowChanged(const TrackedWindowPtr& before, const TrackedWindowPtr& after)
+{
+    if (before->type != WindowType::Dock)
+        windowAdded(after);
+}
+
+/// A pointer that another program warps makes no raw events, only ordinary ones: over docks, where
+/// it matters, these are listened to as well. An ordinary event goes to the XInput selections of a
+/// window or else to its core ones, never to both: so the kind is selected that the dock itself
+/// uses, or it would no longer hear of the mouse.
+void PointerWatch::followDock(xcb_window_t window)
+{
+    xcb_connection_t* c = m_connection.get();
+    const auto attributes =
+        m_connection.reply(xcb_get_window_attributes_reply, xcb_get_window_attributes(c, window));
+    if (!attributes)
+        return;
+    std::uint32_t core =
+        attributes->your_event_mask | XCB_EVENT_MASK_ENTER_WINDOW | XCB_EVENT_MASK_LEAVE_WINDOW;
+    if (attributes->all_event_masks &
+        (XCB_EVENT_MASK_POINTER_MOTION | XCB_EVENT_MASK_BUTTON_MOTION))
+        core |= XCB_EVENT_MASK_POINTER_MOTION;
+    else
+        selectXInput(c, window, XCB_INPUT_XI_EVENT_MASK_MOTION);
+    xcb_change_window_attributes(c, window, XCB_CW_EVENT_MASK, &core);
+}
+
+void PointerWatch::handleEvent(const xcb_generic_event_t& event)
+{
+    switch (event.response_type & 0x7f) {
+    case XCB_MOTION_NOTIFY:
+    case XCB_ENTER_NOTIFY:
+    case XCB_LEAVE_NOTIFY:
+        m_hasMoved = true;
+        return;
+    case XCB_GE_GENERIC:
+        break;
+    default:
+        return;
+    }
+    const auto& generic = reinterpret_cast<const xcb_ge_generic_event_t&>(event);
+    if (generic.extension != m_connection.extensions().xinput.majorOpcode)
+        return;
+    if (generic.event_type == XCB_INPUT_RAW_MOTION || generic.event_type == XCB_INPUT_MOTION) {
+        m_hasMoved = true;
+    } else if (generic.event_type == XCB_INPUT_RAW_BUTTON_PRESS) {
+        const std::uint32_t button =
+            reinterpret_cast<const xcb_input_raw_button_press_event_t&>(event).detail;
+        if (!isWheel(button))
+            m_pressed.push_back(static_cast<int>(button));
+    }
+}
+
+void PointerWatch::eventsHandled()
+{
+    if (!m_hasMoved && m_pressed.empty())
+        return;
+    m_hasMoved = false;
+    const std::vector<int> pressed = std::exchange(m_pressed, {});
+    const auto reply = m_connection.reply(
+        xcb_query_pointer_reply, xcb_query_pointer(m_connection.get(), m_connection.root()));
+    if (!reply || !reply->same_screen)
+        return;
+    const QPoint position(reply->root_x, reply->root_y);
+    if (position != m_position || reply->child != m_child) {
+        m_position = position;
+        m_child = reply->child;
+        m_listeners.notify(
+            [&](WindowListener& listener) { listener.pointerMoved(position, m_child); });
+    }
+    for (const int button : pressed)
+        m_listeners.notify(
+            [&](WindowListener& listener) { listener.buttonPressed(button, position); });
+}
+
+} // namespace lumbrix::platform::x11

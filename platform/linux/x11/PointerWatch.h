@@ -1,0 +1,46 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// Follows the pointer and the mouse buttons, wherever they are and whoever grabs them, without a
+// wake-up while the mouse is still.
+#pragma once
+
+#include <QtCore/QPoint>
+
+#include <optional>
+#include <vector>
+
+#include "platform/linux/x11/EventThread.h"
+#include "platform/linux/x11/Listeners.h"
+
+namespace lumbrix::platform::x11
+{
+
+class Connection;
+
+/// Event thread, except the constructor.
+class PointerWatch final : public EventHandler, public WindowListener
+{
+public:
+    PointerWatch(const Connection& connection, const WindowTracker& tracker,
+                 const Listeners& listeners);
+
+    void handleEvent(const xcb_generic_event_t& event) override;
+    /// One question for all the motion and presses of a batch.
+    void eventsHandled() override;
+
+    void windowAdded(const TrackedWindowPtr& window) override;
+    void windowChanged(const TrackedWindowPtr& before, const TrackedWindowPtr& after) override;
+
+private:
+    void followDock(xcb_window_t window);
+
+    const Connection& m_connection;
+    const Listeners& m_listeners;
+    bool m_hasMoved = true; ///< the position at the start is reported once
+    std::vector<int> m_pressed;
+    std::optional<QPoint> m_position;
+    xcb_window_t m_child = XCB_NONE;
+};
+
+} // namespace lumbrix::platform::x11

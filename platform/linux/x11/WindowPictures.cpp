@@ -1,0 +1,369 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include "platform/linux/x11/WindowPictures.h"
+
+#include "platform/linux/x11/Connection.h"
+
+#include <xcb/composite.h>
+
+#include <algorithm>
+#include <chrono>
+
+namespace lumbrix::platform::x11
+{
+namespace
+{
+
+bool isPreviewable(const TrackedWindow& window)
+{
+    return window.type != WindowType::Dock && window.type != WindowType::Desktop;
+}
+
+} // namespace
+
+struct WindowPictures::Picture {
+    explicit Picture(const Connection& connection) : captures(connection) {}
+    ~Picture()
+    {
+        if (pixmap)
+            xcb_free_pixmap(captures.get(), pixmap);
+        if (redirected)
+            xcb_composite_unredirect_window(captures.get(), redirected,
+                                            XCB_COMPOSITE_REDIRECT_AUTOMATIC);
+        captures.flush();
+    }
+    Picture(const Picture&) = delete;
+    Picture& operator=(const Picture&) = delete;
+
+    const Connection& captures;
+    std::atomic<bool> isDirty = true;     ///< something was drawn since the last copy
+    std::atomic<bool> needsNaming = true; ///< the window has, or may have, another pixmap now
+    std::atomic<xcb_damage_damage_t> damage = XCB_NONE;
+
+    std::mutex mutex;                   // guards what follows
+    xcb_window_t redirected = XCB_NONE; ///< the frame we redirected ourselves
+    xcb_pixmap_t pixmap = XCB_NONE;
+    QSize pixmapSize;
+    int depth = 0;
+    QImage image;
+    Seconds lastUsed = 0;
+    Seconds lastPinged = -kPingInterval;
+};
+
+WindowPictures::WindowPictures(RunLoop& runLoop, const Connection& events,
+                               const Connection& captures, WindowTracker& tracker,
+                               double pixelsPerPoint, bool isCompositorRunning)
+    : m_runLoop(runLoop), m_events(events), m_captures(captures), m_tracker(tracker),
+      m_pixelsPerPoint(pixelsPerPoint), m_isCompositorRunning(isCompositorRunning),
+      m_copier(captures),
+      m_worker(runLoop, "x11-pictures", [this](const Thread& self) { work(self); })
+{
+}
+
+WindowPictures::~WindowPictures() { stop(); }
+
+void WindowPictures::start()
+{
+    for (const TrackedWindowPtr& window : m_tracker.windows())
+        windowAdded(window);
+    m_worker.start();
+}
+
+void WindowPictures::stop()
+{
+    {
+        const std::lock_guard lock(m_workMutex);
+        m_isStopping = true;
+    }
+    m_workArrived.notify_all();
+    m_worker.join();
+    for (const auto& [damage, picture] : m_byDamage)
+        xcb_damage_destroy(m_events.get(), damage);
+    m_byDamage.clear();
+    m_events.flush();
+    const std::lock_guard lock(m_mutex);
+    m_pictures.clear();
+}
+
+WindowPictures::PicturePtr WindowPictures::find(xcb_window_t window) const
+{
+    const std::lock_guard lock(m_mutex);
+    const auto it = m_pictures.find(window);
+    return it == m_pictures.end() ? nullptr : it->second;
+}
+
+QImage WindowPictures::capture(xcb_window_t id)
+{
+    const PicturePtr picture = find(id);
+    const TrackedWindowPtr window = m_tracker.window(id);
+    if (!picture || !window)
+        return {};
+    const std::lock_guard lock(picture->mutex);
+    return refresh(*picture, *window);
+}
+
+QImage WindowPictures::refresh(Picture& picture, const TrackedWindow& window)
+{
+    picture.lastUsed = m_runLoop.now();
+    if (picture.lastUsed - picture.lastPinged >= kPingInterval) {
+        picture.lastPinged = picture.lastUsed;
+        m_tracker.ping(window.id); // shows a stopped client as not responding
+    }
+    redirect(picture, window);
+    namePixmap(picture, window);
+    const bool isStale = picture.needsNaming; // its present pixmap could not be had
+    if (!picture.image.isNull() && (isStale || !picture.isDirty))
+        return picture.image;
+    if (!picture.pixmap)
+        return picture.image;
+
+    // The flag first, the damage next, the pixels last: what is drawn meanwhile is seen or sets
+    // the flag again.
+    picture.isDirty = false;
+    if (const xcb_damage_damage_t damage = picture.damage)
+        xcb_damage_subtract(m_captures.get(), damage, XCB_NONE, XCB_NONE);
+    const QRect& frame = window.frameBounds;
+    const QRect& bounds = window.bounds;
+    const QMargins hidden(bounds.x() - frame.x(), bounds.y() - frame.y(),
+                          frame.x() + frame.width() - bounds.x() - bounds.width(),
+                          frame.y() + frame.height() - bounds.y() - bounds.height());
+    const QRect all(QPoint(0, 0), picture.pixmapSize);
+    const QRect visible = all.marginsRemoved(hidden);
+    QImage image = m_copier.copy(picture.pixmap, visible.isEmpty() ? all : visible, picture.depth);
+    m_captures.discardEvents();
+    if (image.isNull())
+        return picture.image;
+    image.setDevicePixelRatio(m_pixelsPerPoint);
+    ++m_copyCount;
+    picture.image = image;
+    const std::lock_guard lock(m_workMutex);
+    if (!std::exchange(m_isDropDue, true))
+        m_workArrived.notify_all();
+    return image;
+}
+
+void WindowPictures::redirect(Picture& picture, const TrackedWindow& window)
+{
+    const xcb_window_t wanted = m_isCompositorRunning ? XCB_NONE : window.frame;
+    if (picture.redirected == wanted)
+        return;
+    if (picture.redirected)
+        xcb_composite_unredirect_window(m_captures.get(), picture.redirected,
+                                        XCB_COMPOSITE_REDIRECT_AUTOMATIC);
+    if (wanted)
+        xcb_composite_redirect_window(m_captures.get(), wanted, XCB_COMPOSITE_REDIRECT_AUTOMATIC);
+    picture.redirected = wanted;
+    picture.needsNaming = true;
+}
+
+void WindowPictures::namePixmap(Picture& picture, const TrackedWindow& window)
+{
+    if (!picture.needsNaming.exchange(false))
+        return;
+    const xcb_pixmap_t pixmap = m_captures.newId();
+    xcb_composite_name_window_pixmap(m_captures.get(), window.frame, pixmap);
+    const auto geometry =
+        m_captures.reply(xcb_get_geometry_reply, xcb_get_geometry(m_captures.get(), pixmap));
+    if (!geometry) {
+        // Not mapped any more: the pixmap we have is its last picture. Or a compositor that is
+        // just coming or that spares full-screen windows: worth another try.
+        if (window.isMapped)
+            picture.needsNaming = true;
+        return;
+    }
+    if (picture.pixmap)
+        xcb_free_pixmap(m_captures.get(), picture.pixmap);
+    picture.pixmap = pixmap;
+    picture.pixmapSize = QSize(geometry->width, geometry->height);
+    picture.depth = geometry->depth;
+    picture.isDirty = true;
+}
+
+void WindowPictures::prefetch(const std::vector<xcb_window_t>& windows)
+{
+    {
+        const std::lock_guard lock(m_workMutex);
+        m_toPrefetch.insert(windows.begin(), windows.end());
+    }
+    m_workArrived.notify_all();
+}
+
+void WindowPictures::nameAgain(Picture& picture, xcb_window_t window)
+{
+    picture.needsNaming = true;
+    {
+        const std::lock_guard lock(m_workMutex);
+        m_toName.insert(window);
+    }
+    m_workArrived.notify_all();
+}
+
+void WindowPictures::work(const Thread& self)
+{
+    std::unique_lock lock(m_workMutex);
+    while (!m_isStopping && !self.isCancelled()) {
+        const auto names = std::exchange(m_toName, {});
+        const auto prefetches = std::exchange(m_toPrefetch, {});
+        m_isDropDue = false;
+        lock.unlock();
+        for (const xcb_window_t window : names)
+            prepareOne(window, false);
+        for (const xcb_window_t window : prefetches)
+            prepareOne(window, true);
+        auto nextDrop = dropUnused();
+        lock.lock();
+        if (m_isDropDue && !nextDrop) // an image that came just now
+            nextDrop = m_runLoop.now() + kKeepSeconds;
+        m_isDropDue = nextDrop.has_value();
+        const auto hasWork = [&] {
+            return m_isStopping || !m_toName.empty() || !m_toPrefetch.empty() ||
+                   (m_isDropDue && !nextDrop);
+        };
+        if (nextDrop) {
+            const Seconds left = std::max(0.0, *nextDrop - m_runLoop.now());
+            m_workArrived.wait_for(lock, std::chrono::duration<double>(left), hasWork);
+        } else {
+            m_workArrived.wait(lock, hasWork);
+        }
+    }
+}
+
+void WindowPictures::prepareOne(xcb_window_t id, bool wantsImage)
+{
+    const PicturePtr picture = find(id);
+    const TrackedWindowPtr window = m_tracker.window(id);
+    if (!picture || !window)
+        return;
+    const std::lock_guard lock(picture->mutex);
+    if (wantsImage) {
+        refresh(*picture, *window);
+    } else {
+        redirect(*picture, *window);
+        namePixmap(*picture, *window);
+        m_captures.discardEvents();
+    }
+}
+
+std::optional<Seconds> WindowPictures::dropUnused()
+{
+    std::vector<PicturePtr> pictures;
+    {
+        const std::lock_guard lock(m_mutex);
+        for (const auto& [id, picture] : m_pictures)
+            pictures.push_back(picture);
+    }
+    const Seconds now = m_runLoop.now();
+    std::optional<Seconds> next;
+    bool hasDropped = false;
+    for (const PicturePtr& picture : pictures) {
+        const std::lock_guard lock(picture->mutex);
+        if (picture->image.isNull())
+            continue;
+        const Seconds due = picture->lastUsed + kKeepSeconds;
+        if (due > now) {
+            next = std::min(next.value_or(due), due);
+        } else {
+            picture->image = QImage();
+            hasDropped = true;
+        }
+    }
+    if (hasDropped)
+        m_copier.releaseIdle();
+    return next;
+}
+
+void WindowPictures::handleEvent(const xcb_generic_event_t& event)
+{
+    const int type = m_events.extensions().damage.firstEvent + XCB_DAMAGE_NOTIFY;
+    if ((event.response_type & 0x7f) != type)
+        return;
+    const auto& notify = reinterpret_cast<const xcb_damage_notify_event_t&>(event);
+    const auto it = m_byDamage.find(notify.damage);
+    if (it != m_byDamage.end())
+        it->second->isDirty = true;
+}
+
+void WindowPictures::watchDamage(const PicturePtr& picture, xcb_window_t frame)
+{
+    const xcb_damage_damage_t damage = m_events.newId();
+    // One event when the first thing is drawn, then silence until the damage is subtracted.
+    xcb_damage_create(m_events.get(), damage, frame, XCB_DAMAGE_REPORT_LEVEL_NON_EMPTY);
+    picture->damage = damage;
+    m_byDamage[damage] = picture;
+}
+
+void WindowPictures::forgetDamage(Picture& picture)
+{
+    const xcb_damage_damage_t damage = picture.damage.exchange(XCB_NONE);
+    if (damage == XCB_NONE)
+        return;
+    xcb_damage_destroy(m_events.get(), damage);
+    m_byDamage.erase(damage);
+}
+
+void WindowPictures::windowAdded(const TrackedWindowPtr& window)
+{
+    if (!isPreviewable(*window))
+        return;
+    const auto picture = std::make_shared<Picture>(m_captures);
+    watchDamage(picture, window->frame);
+    {
+        const std::lock_guard lock(m_mutex);
+        m_pictures[window->id] = picture;
+    }
+    if (window->isMapped)
+        nameAgain(*picture, window->id);
+}
+
+void WindowPictures::windowChanged(const TrackedWindowPtr& before, const TrackedWindowPtr& after)
+{
+    const PicturePtr picture = find(after->id);
+    if (!picture) {
+        windowAdded(after);
+        return;
+    }
+    if (!isPreviewable(*after)) {
+        windowRemoved(after);
+        return;
+    }
+    const bool isReframed = before->frame != after->frame;
+    if (isReframed) {
+        forgetDamage(*picture);
+        watchDamage(picture, after->frame);
+    }
+    const bool isResized = before->frameBounds.size() != after->frameBounds.size();
+    const bool isShown = after->isMapped && !before->isMapped;
+    if (isReframed || isShown || (isResized && after->isMapped))
+        nameAgain(*picture, after->id);
+    if (before->bounds.size() != after->bounds.size())
+        picture->isDirty = true; // another part of it is visible
+}
+
+void WindowPictures::windowRemoved(const TrackedWindowPtr& last)
+{
+    PicturePtr picture;
+    {
+        const std::lock_guard lock(m_mutex);
+        const auto it = m_pictures.find(last->id);
+        if (it == m_pictures.end())
+            return;
+        picture = std::move(it->second);
+        m_pictures.erase(it);
+    }
+    forgetDamage(*picture);
+}
+
+void WindowPictures::compositorChanged(bool running)
+{
+    m_isCompositorRunning = running;
+    std::vector<std::pair<xcb_window_t, PicturePtr>> pictures;
+    {
+        const std::lock_guard lock(m_mutex);
+        pictures.assign(m_pictures.begin(), m_pictures.end());
+    }
+    for (const auto& [id, picture] : pictures)
+        nameAgain(*picture, id);
+}
+
+} // namespace lumbrix::platform::x11

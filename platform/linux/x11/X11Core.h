@@ -1,0 +1,70 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// Everything the adapter knows of one X display, and the threads that keep it current.
+#pragma once
+
+#include <QtCore/QString>
+
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "platform/RunLoop.h"
+
+namespace lumbrix::platform::x11
+{
+
+class Atoms;
+class Connection;
+class PointSpace;
+class ScreenWatch;
+class WindowPictures;
+class WindowTracker;
+class X11InputState;
+class X11WindowServer;
+
+struct X11CoreOptions {
+    double pixelsPerPoint = 1.0;
+    std::string displayName; ///< empty: the one of the environment
+};
+
+/// Made, started and destroyed on one thread; the parts may be used from any until it is destroyed.
+/// Windows that exist when it is made are in tracker().windows() at once, and listeners are not
+/// told of them: a listener is added, looks at windows(), and hears of every change after start().
+class X11Core
+{
+public:
+    /// Null when there is no usable server; `error` then says why. `onConnectionLost` runs on the
+    /// event thread, once, when the server goes away; all answers are the last known ones then.
+    static std::unique_ptr<X11Core> create(RunLoop& runLoop, const X11CoreOptions& options,
+                                           std::function<void()> onConnectionLost, QString& error);
+    /// Listeners are not called any more once this has begun to return; no other thread may be
+    /// using a part.
+    ~X11Core();
+    X11Core(const X11Core&) = delete;
+    X11Core& operator=(const X11Core&) = delete;
+
+    /// Starts the threads, after the listeners were added. Once.
+    void start();
+    /// Ends the threads; no listener is called after it has returned. The parts still answer. The
+    /// destructor does it too, but listeners that are destroyed earlier need it earlier.
+    void stop();
+
+    WindowTracker& tracker();
+    X11WindowServer& windowServer();
+    X11InputState& inputState();
+    WindowPictures& pictures();
+    PointSpace& pointSpace();
+    ScreenWatch& screens(); ///< takes the hint where the dock is
+    const Atoms& atoms() const;
+    /// For requests of one's own from any thread. It has no event reader: select no events on it.
+    const Connection& connection() const;
+
+private:
+    struct Parts;
+    explicit X11Core(std::unique_ptr<Parts> parts);
+    const std::unique_ptr<Parts> m_parts;
+};
+
+} // namespace lumbrix::platform::x11

@@ -1,0 +1,46 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// The pointer and the modifier keys, asked for when they are wanted.
+#pragma once
+
+#include <atomic>
+#include <cstdint>
+
+#include "platform/InputState.h"
+#include "platform/linux/x11/EventThread.h"
+
+namespace lumbrix::platform::x11
+{
+
+class Connection;
+class PointSpace;
+
+/// Each question is one round trip on the calling thread. When the server is gone: the origin, no
+/// button, no key.
+class X11InputState final : public InputState, public EventHandler
+{
+public:
+    /// `events` belongs to the event thread, which has not started yet.
+    X11InputState(const Connection& requests, const Connection& events, const PointSpace& points);
+
+    QPointF mouseLocation() override;
+    std::uint32_t pressedMouseButtons() override;
+    std::uint32_t modifierFlags() override;
+
+    void handleEvent(const xcb_generic_event_t& event) override;
+    void eventsHandled() override;
+
+private:
+    std::uint32_t pointerMask() const;
+    void readModifierMapping();
+
+    const Connection& m_requests;
+    const Connection& m_events;
+    const PointSpace& m_points;
+    bool m_isMappingDirty = true; ///< event thread
+    std::atomic<std::uint32_t> m_optionMask;
+    std::atomic<std::uint32_t> m_commandMask;
+};
+
+} // namespace lumbrix::platform::x11

@@ -1,0 +1,108 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include "platform/linux/x11/X11WindowServer.h"
+
+#include "platform/linux/x11/PointSpace.h"
+#include "platform/linux/x11/ScreenWatch.h"
+#include "platform/linux/x11/WindowPictures.h"
+#include "platform/linux/x11/WindowTracker.h"
+
+#include <limits>
+
+namespace lumbrix::platform::x11
+{
+namespace
+{
+
+constexpr int kDockLayer = 20;
+constexpr int kFloatingLayer = 3;
+constexpr int kDesktopLayer = std::numeric_limits<int>::min() + 20;
+
+int layerOf(WindowType type)
+{
+    switch (type) {
+    case WindowType::Dock:
+        return kDockLayer;
+    case WindowType::Desktop:
+        return kDesktopLayer;
+    case WindowType::Other:
+        return kFloatingLayer;
+    default:
+        return 0;
+    }
+}
+
+int workspaceOf(const TrackedWindow& window) { return window.desktop < 0 ? 0 : window.desktop + 1; }
+
+} // namespace
+
+X11WindowServer::X11WindowServer(const WindowTracker& tracker, WindowPictures& pictures,
+                                 const PointSpace& points, const ScreenWatch& screens)
+    : m_tracker(tracker), m_pictures(pictures), m_points(points), m_screens(screens)
+{
+}
+
+WindowList X11WindowServer::copyWindowInfo(WindowListOption option)
+{
+    const int desktop = m_tracker.currentDesktop();
+    WindowList list;
+    for (const TrackedWindowPtr& window : m_tracker.windows()) {
+        if (option == WindowListOption::ExcludeDesktopElements &&
+            window->type == WindowType::Desktop)
+            continue;
+        WindowInfo info;
+        info.ownerPid = m_owners ? m_owners->ownerPidOf(*window) : window->pid.value_or(0);
+        info.layer = layerOf(window->type);
+        info.bounds = m_points.toPoints(window->bounds);
+        info.number = window->id;
+        info.name = window->title;
+        info.isOnscreen = window->isMapped && !window->isIconic &&
+                          (window->desktop < 0 || window->desktop == desktop);
+        info.workspace = workspaceOf(*window);
+        list.push_back(std::move(info));
+    }
+    return list;
+}
+
+std::optional<QRectF> X11WindowServer::windowBounds(WindowID id)
+{
+    const TrackedWindowPtr window = m_tracker.window(id);
+    return window ? std::optional(m_points.toPoints(window->bounds)) : std::nullopt;
+}
+
+std::optional<int> X11WindowServer::windowWorkspace(WindowID id)
+{
+    const TrackedWindowPtr window = m_tracker.window(id);
+    return window ? std::optional(workspaceOf(*window)) : std::nullopt;
+}
+
+std::vector<WindowID> X11WindowServer::workspaceWindowList(int workspace)
+{
+    std::vector<WindowID> list;
+    if (workspace < 1 || workspace > m_tracker.desktopCount())
+        return list;
+    for (const TrackedWindowPtr& window : m_tracker.windows()) {
+        const int own = workspaceOf(*window);
+        if (own == workspace || own == 0) // one on all desktops is on this one too
+            list.push_back(window->id);
+    }
+    return list;
+}
+
+QImage X11WindowServer::captureWindow(WindowID window) { return m_pictures.capture(window); }
+
+std::vector<QRectF> X11WindowServer::screens()
+{
+    std::vector<QRectF> list;
+    for (const QRect& screen : m_points.screens())
+        list.push_back(m_points.toPoints(screen));
+    return list;
+}
+
+/// The toolkit scales what is inside a screen but leaves the screens' origins in pixels.
+QPointF X11WindowServer::toolkitOrigin() { return m_points.screens().front().topLeft(); }
+
+bool X11WindowServer::blendsTranslucency() { return m_screens.isCompositorRunning(); }
+
+} // namespace lumbrix::platform::x11

@@ -1,0 +1,56 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// The window server of an X11 display: a view of the tracked windows in points.
+#pragma once
+
+#include <cstdint>
+
+#include "platform/WindowServer.h"
+#include "platform/linux/x11/TrackedWindow.h"
+
+namespace lumbrix::platform::x11
+{
+
+class PointSpace;
+class ScreenWatch;
+class WindowPictures;
+class WindowTracker;
+
+/// Which process id is reported for a window. Several processes of one application are reported as
+/// one, so this is not always the window's own. Any thread.
+class OwnerPids
+{
+public:
+    virtual ~OwnerPids() = default;
+    virtual std::int32_t ownerPidOf(const TrackedWindow& window) const = 0;
+};
+
+class X11WindowServer final : public WindowServer
+{
+public:
+    X11WindowServer(const WindowTracker& tracker, WindowPictures& pictures,
+                    const PointSpace& points, const ScreenWatch& screens);
+
+    /// Until it is set, windows are reported with their own process id, or 0. It must outlive the
+    /// use of this object. Before other threads use it.
+    void setOwnerPids(const OwnerPids* owners) { m_owners = owners; }
+
+    WindowList copyWindowInfo(WindowListOption option) override;
+    std::optional<QRectF> windowBounds(WindowID window) override;
+    std::optional<int> windowWorkspace(WindowID window) override;
+    std::vector<WindowID> workspaceWindowList(int workspace) override;
+    QImage captureWindow(WindowID window) override;
+    std::vector<QRectF> screens() override;
+    QPointF toolkitOrigin() override;
+    bool blendsTranslucency() override;
+
+private:
+    const WindowTracker& m_tracker;
+    WindowPictures& m_pictures;
+    const PointSpace& m_points;
+    const ScreenWatch& m_screens;
+    const OwnerPids* m_owners = nullptr;
+};
+
+} // namespace lumbrix::platform::x11
