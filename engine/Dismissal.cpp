@@ -194,12 +194,11 @@ void Dismissal::followSwitcher(const SWElementPtr& entry)
     // Blocks the main thread on purpose: nothing sensible can be shown while the switcher moves.
     runLoop.sleep(switcherSettleTime);
     const HoverDelays* delays = m_handler.applicationDelegate();
-    const float delay = delays ? delays->displayDelay() : 0;
-    if (delay > 0) {
+    if (delays && delays->displayDelay() > 0) {
         runLoop.cancelPreviousPerformRequests(&m_handler);
         entry->setWillBeChanged(true); // later checks must not start the same change again
         if (!delays->dontDelayIfOpen() || m_handler.screenyViews().empty()) {
-            runLoop.performAfterDelay(&m_handler, static_cast<double>(delay),
+            runLoop.performAfterDelay(&m_handler, static_cast<double>(delays->displayDelay()),
                                       [this, application, selected] {
                                           m_handler.processListIconHovered(application, selected);
                                       });

@@ -51,6 +51,7 @@ std::vector<QRectF> row(const Input& input, int count, float width, float height
                                      length, 0, screenWidth);
     const QPointF corner = toScreen(start, icon.y() - input.distanceFromDock, input);
     std::vector<QRectF> frames;
+    frames.reserve(static_cast<std::size_t>(count));
     for (int i = 0; i < count; ++i)
         frames.emplace_back(corner.x() + static_cast<double>(i) * width, corner.y(), width, height);
     return frames;
@@ -70,6 +71,7 @@ std::vector<QRectF> column(DockSide side, const Input& input, int count, float w
                                      length, menuBarHeight, screenHeight);
     const QPointF corner = toScreen(besideX(side, input, width), start, input);
     std::vector<QRectF> frames;
+    frames.reserve(static_cast<std::size_t>(count));
     for (int i = 0; i < count; ++i)
         frames.emplace_back(corner.x(), corner.y() - static_cast<double>(i) * height - height,
                             width, height);
