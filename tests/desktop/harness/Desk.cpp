@@ -4,33 +4,9 @@
 #include "Desk.h"
 
 #include <QtCore/QDir>
-#include <QtCore/QFile>
 
 namespace lumbrix::desktoptest
 {
-
-namespace
-{
-
-/// What a user has after the first start, without the welcome.
-const Settings ordinary{
-    {u"firstRun"_qs, u"true"_qs},   {u"badgeDockIconsFirstRun"_qs, u"true"_qs},
-    {u"showInDock"_qs, u"1"_qs},    {u"showInTab"_qs, u"1"_qs},
-    {u"windowWidth"_qs, u"243"_qs}, {u"windowHeight"_qs, u"190"_qs},
-    {u"spaceSize"_qs, u"0"_qs},     {u"showFastKeys"_qs, u"1"_qs},
-    {u"zoomWindows"_qs, u"1"_qs},   {u"showSpaces"_qs, u"0"_qs},
-    {u"badgePosition"_qs, u"3"_qs}, {u"distanceFromDock"_qs, u"33"_qs},
-    {u"previewStyle"_qs, u"1"_qs},  {u"shouldBubbleWrap"_qs, u"1"_qs},
-    {u"shouldShowCal"_qs, u"1"_qs},
-};
-
-} // namespace
-
-QString lumbrixBinary()
-{
-    const QString named = qEnvironmentVariable("LUMBRIX_BINARY");
-    return named.isEmpty() ? QStringLiteral(LUMBRIX_BUILT_BINARY) : named;
-}
 
 Desk::Desk(const DeskOptions& options) : m_options(options), m_session(options.session)
 {
@@ -59,27 +35,12 @@ void Desk::startLumbrix(const Settings& changed)
         return;
     stopLumbrix();
     m_settings = changed;
-    Settings all = ordinary;
-    all.insert(changed);
-    QByteArray file = "[General]\n";
-    for (auto it = all.cbegin(); it != all.cend(); ++it)
-        file += (it.key() + u'=' + it.value() + u'\n').toUtf8();
-    m_session.write(m_session.configPath(u"lumbrix/lumbrix.conf"_qs), file);
-    QFile::remove(m_session.path(u"logs/lumbrix"_qs));
-    m_lumbrix = m_session.start(u"lumbrix"_qs, lumbrixBinary());
-
-    // It says nowhere that it is ready, so ask as a person would: hover until something shows.
     const auto probe = launch(u"alpha"_qs);
     probe->open("probe", Qt::gray);
-    using Clock = std::chrono::steady_clock;
-    const auto deadline = Clock::now() + patience(15000);
-    while (display().previews().empty()) {
-        if (Clock::now() > deadline || !m_lumbrix->isRunning())
-            qFatal("Lumbrix does not answer to the pointer:\n%s", qPrintable(m_session.logs()));
+    m_lumbrix = desktoptest::startLumbrix(m_session, changed, [&] {
         park();
-        if (hover(*probe))
-            display().waitFor([&] { return !display().previews().empty(); }, patience(400));
-    }
+        hover(*probe);
+    });
     park();
     display().waitFor([&] { return display().panels().empty(); }, patience(3000));
 }
@@ -90,10 +51,12 @@ bool Desk::hover(const Application& application)
 {
     if (application.windows().empty())
         return false;
+    const QString entry =
+        m_session.dataPath(u"applications/"_qs + application.identifier() + u".desktop"_qs);
     std::optional<QPoint> icon;
     display().waitFor(
         [&] {
-            icon = m_dock->iconOf(application, application.windows().front());
+            icon = m_dock->iconOf(entry, application.windows().front().id);
             return icon.has_value();
         },
         patience(5000));

@@ -4,14 +4,13 @@
 // A desktop to test on: a session, a dock, three known applications, and Lumbrix.
 #pragma once
 
-#include <QtCore/QMap>
-
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "Application.h"
 #include "Dock.h"
+#include "Lumbrix.h"
 #include "Session.h"
 
 namespace lumbrix::desktoptest
@@ -23,11 +22,6 @@ struct DeskOptions {
     Edge edge = Edge::Bottom;
     SessionOptions session;
 };
-
-using Settings = QMap<QString, QString>;
-
-/// The Lumbrix under test: LUMBRIX_BINARY, or the one of this build.
-QString lumbrixBinary();
 
 /// Main thread.
 class Desk

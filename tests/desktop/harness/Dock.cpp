@@ -44,7 +44,7 @@ public:
             u"[net/launchpad/plank/docks/dock1]\nposition='%1'\nhide-mode='none'\n"
             u"show-dock-item=false\nauto-pinning=false\nlock-items=true\ndock-items=[%2]\n"
             u"zoom-enabled=false\nicon-size=48\n"_qs.arg(edgeName(edge), items.join(u','));
-        session.write(session.configPath(u"glib-2.0/settings/keyfile"_qs), settings.toUtf8());
+        session.addSettings(settings.toUtf8());
         // Plank gives up for ever when the matcher is not there at its start.
         m_matcher = session.start(u"bamfdaemon"_qs, u"/usr/libexec/bamf/bamfdaemon"_qs);
         m_bus = std::make_unique<QDBusConnection>(
@@ -68,10 +68,8 @@ public:
             qFatal("Plank did not start:\n%s", qPrintable(m_session.logs()));
     }
 
-    std::optional<QPoint> iconOf(const Application& application, const AppWindow&) override
+    std::optional<QPoint> iconOf(const QString& entry, xcb_window_t) override
     {
-        const QString entry =
-            m_session.dataPath(u"applications/"_qs + application.identifier() + u".desktop"_qs);
         QDBusMessage call = QDBusMessage::createMethodCall(
             u"net.launchpad.plank"_qs, u"/net/launchpad/plank/dock1"_qs,
             u"net.launchpad.plank.Items"_qs, u"GetHoverPosition"_qs);
@@ -112,10 +110,10 @@ class Panel : public Dock
 public:
     using Dock::Dock;
 
-    std::optional<QPoint> iconOf(const Application&, const AppWindow& window) override
+    std::optional<QPoint> iconOf(const QString&, xcb_window_t window) override
     {
         Display& display = m_session.display();
-        const auto read = [&] { return display.numbers(window.id, "_NET_WM_ICON_GEOMETRY"); };
+        const auto read = [&] { return display.numbers(window, "_NET_WM_ICON_GEOMETRY"); };
         const auto before = read();
         // Panels move their buttons in small steps; a place counts once it stays for a while.
         const bool moving = display.waitFor([&] { return read() != before; }, patience(60));

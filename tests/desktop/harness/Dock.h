@@ -9,9 +9,7 @@
 
 #include <memory>
 #include <optional>
-#include <vector>
 
-#include "Application.h"
 #include "Session.h"
 
 namespace lumbrix::desktoptest
@@ -31,10 +29,9 @@ public:
     virtual ~Dock() = default;
 
     Edge edge() const { return m_edge; }
-    /// Where to put the pointer to be on the icon that stands for this window; none while the dock
-    /// shows none or is still moving it.
-    virtual std::optional<QPoint> iconOf(const Application& application,
-                                         const AppWindow& window) = 0;
+    /// Where to put the pointer to be on the icon that stands for this window of the application
+    /// with this desktop entry (a path); none while the dock shows none or is still moving it.
+    virtual std::optional<QPoint> iconOf(const QString& entry, xcb_window_t window) = 0;
     /// Kills the dock as a crash would.
     virtual void kill();
     /// Starts it again after kill().

@@ -95,6 +95,12 @@ void Session::write(const QString& path, const QByteArray& content) const
         qFatal("cannot write %s", qPrintable(path));
 }
 
+void Session::addSettings(const QByteArray& groups)
+{
+    m_settings += groups;
+    write(configPath(u"glib-2.0/settings/keyfile"_qs), m_settings);
+}
+
 QString Session::installApplication(const QString& identifier, const QString& name,
                                     const QString& windowClass, const QString& command,
                                     const QColor& colour)

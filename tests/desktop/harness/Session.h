@@ -50,6 +50,8 @@ public:
     std::unique_ptr<Process> start(const QString& logName, const QString& program,
                                    const QStringList& arguments = {}, bool pipes = false);
     void write(const QString& path, const QByteArray& content) const;
+    /// Adds to what programs that use GSettings read: groups of keys, as in a key file.
+    void addSettings(const QByteArray& groups);
     /// Makes an application known to the desktop: a desktop entry and a plain icon. Returns the
     /// entry's path.
     QString installApplication(const QString& identifier, const QString& name,
@@ -68,6 +70,7 @@ private:
     QTemporaryDir m_directory;
     QStringList m_environment;
     QString m_busAddress;
+    QByteArray m_settings;
     std::unique_ptr<Process> m_server;
     std::unique_ptr<Display> m_display;
     std::unique_ptr<Process> m_bus;
