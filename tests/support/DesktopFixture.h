@@ -1,0 +1,53 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <optional>
+
+#include "tests/support/ForwardingPorts.h"
+#include "tests/support/SimulatedDesktop.h"
+#include "tests/support/VirtualRunLoop.h"
+
+namespace lumbrix::test
+{
+
+/// A test on the simulated desktop, under virtual time. A derived fixture whose objects use threads
+/// calls loop.shutdown() before they go.
+class DesktopFixture : public testing::Test
+{
+protected:
+    DesktopFixture() { install(desk.accessibility(), desk.windowServer()); }
+    ~DesktopFixture() override { loop.shutdown(); }
+
+    /// Puts other ports, such as ones that fail, in the place of the desktop's own.
+    void install(platform::Accessibility& accessibility, platform::WindowServer& windowServer)
+    {
+        m_scope.reset();
+        m_desktop.emplace(platform::Desktop{loop, accessibility, windowServer, desk.inputState(),
+                                            desk.workspace(), desk.userDefaults(),
+                                            desk.dockPreferences()});
+        m_scope.emplace(*m_desktop);
+    }
+
+    /// An application with as many windows, titled "<name> 1", "<name> 2" ..., each a little lower.
+    Pid addApplication(const QString& name, int windows = 0)
+    {
+        const Pid pid = desk.addApplication({name});
+        for (int i = 1; i <= windows; ++i)
+            desk.addWindow(pid, {QStringLiteral("%1 %2").arg(name).arg(i),
+                                 QRectF(100, 40.0 + 20 * i, 400, 300)});
+        return pid;
+    }
+
+    VirtualRunLoop loop;
+    SimulatedDesktop desk{loop};
+
+private:
+    std::optional<platform::Desktop> m_desktop;
+    std::optional<platform::DesktopScope> m_scope;
+};
+
+} // namespace lumbrix::test

@@ -1,0 +1,96 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// A whole desktop in memory: an adapter of every port for the program, and the controls by which a
+// test moves the pointer, opens windows and kills the Dock.
+#pragma once
+
+#include <functional>
+
+#include "platform/Desktop.h"
+#include "tests/support/SimulatedPorts.h"
+
+namespace lumbrix::test
+{
+
+/// The main screen is 1440 × 900 with the Dock at the bottom; Finder's place is empty, the Trash
+/// and a separator are there. Lumbrix itself runs in the background. The run loop outlives it.
+///
+/// The controls may be called from any thread. What they cause reaches the program as it would on a
+/// real desktop: through its observers, on the main thread, in the next pass of the run loop.
+class SimulatedDesktop
+{
+public:
+    explicit SimulatedDesktop(platform::RunLoop& runLoop);
+
+    // For the program.
+    SimulatedAccessibility& accessibility() { return m_accessibility; }
+    SimulatedWindowServer& windowServer() { return m_windowServer; }
+    SimulatedInputState& inputState() { return m_inputState; }
+    SimulatedWorkspace& workspace() { return m_workspace; }
+    SimulatedUserDefaults& userDefaults() { return m_userDefaults; }
+    SimulatedDockPreferences& dockPreferences() { return m_dockPreferences; }
+
+    // Applications.
+    Pid addApplication(SimulatedApplication application);
+    void quitApplication(Pid pid);
+    void activateApplication(Pid pid);
+    void changeApplication(Pid pid, const std::function<void(SimulatedApplication&)>& change);
+    SimulatedApplication application(Pid pid); ///< pid 0 when it does not run
+    Pid activeApplication();
+    Pid ownPid();
+
+    // Windows; a new one is in front.
+    WindowID addWindow(Pid pid, SimulatedWindow window);
+    void closeWindow(WindowID window);
+    void minimizeWindow(WindowID window, bool minimized = true);
+    void changeWindow(WindowID window, const std::function<void(SimulatedWindow&)>& change);
+    std::optional<SimulatedWindow> window(WindowID window); ///< null when closed
+    std::vector<WindowID> stacking();                       ///< front to back
+    platform::ElementRef windowElement(WindowID window);
+    int captures(WindowID window);
+    void showSpace(int space);
+
+    // The Dock.
+    void addDockItem(SimulatedDockItem item);
+    void setDockOrientation(const QString& orientation);
+    void setDockFlags(std::optional<int> magnification, std::optional<int> autohide);
+    void killDock();
+    Pid startDock(); ///< with a new pid and new elements
+    Pid dockPid();
+    /// First item of that title; null elements and rectangles when there is none.
+    platform::ElementRef dockItem(const QString& title);
+    QRectF dockItemFrame(const QString& title); ///< accessibility coordinates
+    void openDockMenu();
+
+    // The Command-Tab switcher.
+    void openSwitcher(std::vector<SimulatedSwitcherEntry> entries, std::size_t selection = 0);
+    /// `tells`: whether the Dock says so; it does not when the mouse made the selection.
+    void selectInSwitcher(std::size_t selection, bool tells = true);
+    void closeSwitcher();
+
+    // Input; screen coordinates, origin at the bottom left.
+    void movePointer(QPointF point);
+    void hoverDockItem(const QString& title);
+    void leaveDock(); ///< to the middle of the main screen
+    void setButtons(std::uint32_t buttons);
+    void setModifiers(std::uint32_t flags);
+
+    /// The rest, under the lock: screens, whether accessibility is enabled ...
+    template <class Use> auto with(Use use)
+    {
+        const std::lock_guard lock(m_state.mutex);
+        return use(m_state);
+    }
+
+private:
+    SimulatedState m_state;
+    SimulatedAccessibility m_accessibility{m_state};
+    SimulatedWindowServer m_windowServer{m_state};
+    SimulatedInputState m_inputState{m_state};
+    SimulatedWorkspace m_workspace{m_state};
+    SimulatedUserDefaults m_userDefaults;
+    SimulatedDockPreferences m_dockPreferences{m_state};
+};
+
+} // namespace lumbrix::test

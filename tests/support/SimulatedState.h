@@ -1,0 +1,178 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// What is on the simulated desktop, and what happens when something changes. The ports and the
+// tests' controls both work on it.
+#pragma once
+
+#include <QtCore/QPointF>
+#include <QtCore/QRectF>
+#include <QtCore/QString>
+#include <QtCore/QUrl>
+#include <QtGui/QColor>
+#include <QtGui/QImage>
+
+#include <map>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <vector>
+
+#include "platform/Accessibility.h"
+#include "platform/RunLoop.h"
+#include "platform/WindowServer.h"
+#include "platform/Workspace.h"
+#include "tests/support/SimulatedElement.h"
+
+namespace lumbrix::test
+{
+
+using platform::WindowID;
+using Pid = std::int32_t;
+
+struct SimulatedApplication {
+    QString name;
+    QString bundleIdentifier{}; ///< made from the name when empty
+    Pid pid = 0;                ///< made up when 0
+    bool isRegular = true;      ///< shows in the Dock
+    bool isHidden = false;
+    bool responds = true;     ///< else its elements answer CannotComplete
+    bool isObservable = true; ///< else no observer can be made for it
+    QUrl bundleURL{};         ///< made from the name when empty
+    QUrl executableURL{};
+};
+
+struct SimulatedWindow {
+    QString title;
+    QRectF frame{100, 100, 400, 300}; ///< accessibility coordinates
+    QString role = QStringLiteral("AXWindow");
+    QString subrole = QStringLiteral("AXStandardWindow"); ///< null = unreadable
+    bool isMinimized = false;
+    bool isClosable = true;
+    int space = 1;
+    int layer = 0;
+    bool hasContent = true;      ///< has "AXChildren"
+    QColor color = Qt::darkCyan; ///< of the whole picture ...
+    int version = 0;             ///< ... but for its first pixel, which tells the version
+    bool hasPicture = true;
+    std::optional<QRectF> listedFrame{}; ///< what the window server says, where that differs
+    std::optional<QString> listedName{};
+    std::optional<bool> isOnscreen{};
+
+    // The desktop's own.
+    WindowID number = 0;
+    Pid pid = 0;
+    int captures = 0;
+    QImage picture{};
+};
+
+struct SimulatedDockItem {
+    enum class Kind { Application, MinimizedWindow, Separator, Folder, Trash };
+
+    QString title;
+    Kind kind = Kind::Application;
+    QUrl url{};            ///< of an application
+    WindowID window = 0;   ///< of a minimised-window icon
+    bool isPinned = false; ///< stays when its application quits
+    QRectF frame{};        ///< accessibility coordinates; the Dock lays its items out
+    std::uint32_t id = 0;
+};
+
+struct SimulatedSwitcherEntry {
+    QString title;
+    std::optional<bool> isRunning{}; ///< "AXIsApplicationRunning", where it has that
+    std::uint32_t id = 0;
+};
+
+/// What an observer asked for; the desktop's side of an AXObserver.
+struct SimulatedObservation {
+    platform::AXObserver* observer = nullptr;
+    Pid pid = 0;
+    platform::AXObserver::Callback callback{};
+    bool isInRunLoop = false;
+    struct Request {
+        platform::ElementRef element;
+        QString notification;
+        platform::NotificationContext* context;
+    };
+    std::vector<Request> requests{};
+};
+
+struct SimulatedSubscription {
+    platform::WorkspaceNotification notification;
+    platform::Workspace::Observer observer;
+};
+
+/// Guarded by its one mutex, which every caller holds while it reads or calls.
+struct SimulatedState {
+    explicit SimulatedState(platform::RunLoop& loop) : runLoop(loop) {}
+
+    SimulatedApplication* application(Pid pid);
+    SimulatedWindow* window(WindowID number);
+    SimulatedDockItem* dockItem(std::uint32_t id);
+    SimulatedApplication* applicationAt(const QUrl& url);
+    bool isOnscreen(const SimulatedWindow& window);
+    std::vector<WindowID> windowsOf(Pid pid) const; ///< front to back
+
+    Pid launch(SimulatedApplication application);
+    void quit(Pid pid);
+    void activate(Pid pid);
+    void setHidden(Pid pid, bool hidden);
+    WindowID open(Pid pid, SimulatedWindow window);
+    void close(WindowID number);
+    void setMinimized(WindowID number, bool minimized);
+    /// Brings the window up, from another Space and from the Dock if need be.
+    void raise(WindowID number);
+    void showSpace(int space);
+
+    void addDockItem(SimulatedDockItem item);
+    void removeDockItem(std::uint32_t id);
+    void layOutDock();
+    /// Tells the Dock's observers when another item is under the pointer.
+    void updateHover();
+
+    void notify(Pid pid, const platform::ElementRef& element, const QString& notification);
+    void notify(platform::WorkspaceNotification notification, Pid pid);
+
+    platform::RunLoop& runLoop;
+    std::recursive_mutex mutex;
+
+    std::vector<SimulatedApplication> applications;
+    std::vector<SimulatedApplication> installed; ///< not running, but could be launched
+    Pid activePid = 0;
+    Pid nextPid = 1000;
+    Pid ownPid = 0;
+
+    std::map<WindowID, SimulatedWindow> windows;
+    std::vector<WindowID> stacking; ///< front to back
+    WindowID nextWindow = 1;
+    int currentSpace = 1;
+    bool knowsWindowNumbers = false;
+
+    Pid dockPid = 0; ///< 0 = dead
+    std::vector<SimulatedDockItem> dockItems;
+    std::uint32_t nextDockItem = 1;
+    std::uint32_t hoveredItem = 0; ///< 0 = none
+    QString dockOrientation = QStringLiteral("bottom");
+    std::optional<int> dockMagnification;
+    std::optional<int> dockAutohide;
+
+    std::optional<std::vector<SimulatedSwitcherEntry>> switcher;
+    std::size_t switcherSelection = 0;
+
+    std::vector<QRectF> screens{{0, 0, 1440, 900}};
+    bool blendsTranslucency = true;
+    QPointF pointer{720, 450}; ///< screen coordinates
+    std::uint32_t buttons = 0;
+    std::uint32_t modifiers = 0;
+    bool isAccessibilityEnabled = true;
+    /// Whether a window that is gone still says that it was one, as its last notification needs.
+    bool destroyedWindowsTellRole = true;
+    /// Commands given to the workspace, such as "launch Music" or "terminate 1003".
+    std::vector<QString> commands;
+
+    std::vector<std::shared_ptr<SimulatedObservation>> observations;
+    std::vector<std::shared_ptr<SimulatedSubscription>> subscriptions;
+};
+
+} // namespace lumbrix::test

@@ -1,0 +1,151 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include <algorithm>
+
+#include "tests/support/SimulatedPorts.h"
+
+namespace lumbrix::test
+{
+
+using platform::RunningApplication;
+
+namespace
+{
+
+RunningApplication snapshot(const SimulatedApplication& application)
+{
+    return {application.pid, application.bundleIdentifier, application.name, application.bundleURL,
+            application.executableURL};
+}
+
+class SimulatedWorkspaceSubscription final : public platform::WorkspaceSubscription
+{
+public:
+    SimulatedWorkspaceSubscription(SimulatedState& state,
+                                   std::shared_ptr<SimulatedSubscription> entry)
+        : m_state(state), m_entry(std::move(entry))
+    {
+    }
+    ~SimulatedWorkspaceSubscription() override
+    {
+        const std::lock_guard lock(m_state.mutex);
+        std::erase(m_state.subscriptions, m_entry);
+    }
+
+private:
+    SimulatedState& m_state;
+    const std::shared_ptr<SimulatedSubscription> m_entry;
+};
+
+} // namespace
+
+std::vector<RunningApplication> SimulatedWorkspace::runningApplications()
+{
+    const std::lock_guard lock(m_state.mutex);
+    std::vector<RunningApplication> applications;
+    std::transform(m_state.applications.begin(), m_state.applications.end(),
+                   std::back_inserter(applications), snapshot);
+    return applications;
+}
+
+std::vector<std::int32_t> SimulatedWorkspace::launchedApplications()
+{
+    const std::lock_guard lock(m_state.mutex);
+    std::vector<std::int32_t> pids;
+    for (const SimulatedApplication& application : m_state.applications) {
+        if (application.isRegular)
+            pids.push_back(application.pid);
+    }
+    return pids;
+}
+
+std::optional<RunningApplication> SimulatedWorkspace::runningApplication(std::int32_t pid)
+{
+    const std::lock_guard lock(m_state.mutex);
+    const SimulatedApplication* application = m_state.application(pid);
+    return application ? std::optional(snapshot(*application)) : std::nullopt;
+}
+
+QString SimulatedWorkspace::ownBundleIdentifier()
+{
+    const std::lock_guard lock(m_state.mutex);
+    const SimulatedApplication* self = m_state.application(m_state.ownPid);
+    return self ? self->bundleIdentifier : QString();
+}
+
+bool SimulatedWorkspace::isHidden(std::int32_t pid)
+{
+    const std::lock_guard lock(m_state.mutex);
+    const SimulatedApplication* application = m_state.application(pid);
+    return application && application->isHidden;
+}
+
+void SimulatedWorkspace::hide(std::int32_t pid)
+{
+    const std::lock_guard lock(m_state.mutex);
+    m_state.commands.push_back(QStringLiteral("hide %1").arg(pid));
+    m_state.setHidden(pid, true);
+}
+
+void SimulatedWorkspace::activate(std::int32_t pid, std::uint32_t options)
+{
+    const std::lock_guard lock(m_state.mutex);
+    m_state.commands.push_back(QStringLiteral("activate %1 %2").arg(pid).arg(options));
+    m_state.activate(pid);
+}
+
+void SimulatedWorkspace::terminate(std::int32_t pid)
+{
+    const std::lock_guard lock(m_state.mutex);
+    m_state.commands.push_back(QStringLiteral("terminate %1").arg(pid));
+    m_state.quit(pid);
+}
+
+bool SimulatedWorkspace::launchApplication(const QString& name)
+{
+    const std::lock_guard lock(m_state.mutex);
+    m_state.commands.push_back(QStringLiteral("launch ") + name);
+    return launchOrActivate([&](const SimulatedApplication& each) {
+        return each.name == name || each.executableURL.fileName() == name;
+    });
+}
+
+bool SimulatedWorkspace::launchApplicationAtURL(const QUrl& url, std::uint32_t options)
+{
+    const std::lock_guard lock(m_state.mutex);
+    m_state.commands.push_back(
+        QStringLiteral("launch %1 0x%2").arg(url.toString()).arg(options, 0, 16));
+    return launchOrActivate([&](const SimulatedApplication& each) {
+        return each.bundleURL == url || each.executableURL == url;
+    });
+}
+
+bool SimulatedWorkspace::launchOrActivate(
+    const std::function<bool(const SimulatedApplication&)>& isWanted)
+{
+    const auto& running = m_state.applications;
+    const auto found = std::find_if(running.begin(), running.end(), isWanted);
+    if (found != running.end()) {
+        m_state.activate(found->pid);
+        return true;
+    }
+    const auto& installed = m_state.installed;
+    const auto known = std::find_if(installed.begin(), installed.end(), isWanted);
+    if (known == installed.end())
+        return false;
+    m_state.activate(m_state.launch(SimulatedApplication(*known)));
+    return true;
+}
+
+std::unique_ptr<platform::WorkspaceSubscription>
+SimulatedWorkspace::observe(platform::WorkspaceNotification notification, Observer observer)
+{
+    const std::lock_guard lock(m_state.mutex);
+    const auto entry = std::make_shared<SimulatedSubscription>(
+        SimulatedSubscription{notification, std::move(observer)});
+    m_state.subscriptions.push_back(entry);
+    return std::make_unique<SimulatedWorkspaceSubscription>(m_state, entry);
+}
+
+} // namespace lumbrix::test
