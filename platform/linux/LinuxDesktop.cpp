@@ -1,0 +1,152 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include "platform/linux/LinuxDesktop.h"
+
+#include <QtCore/QCoreApplication>
+#include <QtDBus/QDBusConnection>
+
+#include <unistd.h>
+
+#include "platform/linux/accessibility/X11Accessibility.h"
+#include "platform/linux/applications/ApplicationRegistry.h"
+#include "platform/linux/applications/LinuxWorkspace.h"
+#include "platform/linux/applications/WindowRaiser.h"
+#include "platform/linux/defaults/IniDefaults.h"
+#include "platform/linux/docks/DockModel.h"
+#include "platform/linux/docks/LinuxDockPreferences.h"
+#include "platform/linux/docks/PanelDock.h"
+#include "platform/linux/docks/PlankDock.h"
+#include "platform/linux/docks/Struts.h"
+#include "platform/linux/x11/Connection.h"
+#include "platform/linux/x11/PointSpace.h"
+#include "platform/linux/x11/ScreenWatch.h"
+#include "platform/linux/x11/WindowPictures.h"
+#include "platform/linux/x11/X11Core.h"
+#include "platform/linux/x11/X11InputState.h"
+#include "platform/linux/x11/X11WindowServer.h"
+
+namespace lumbrix::platform
+{
+
+namespace
+{
+
+class RegistryOwnerPids final : public x11::OwnerPids
+{
+public:
+    explicit RegistryOwnerPids(ApplicationRegistry& registry) : m_registry(registry) {}
+    std::int32_t ownerPidOf(const x11::TrackedWindow& window) const override
+    {
+        return m_registry.ownerPidOf(window);
+    }
+
+private:
+    ApplicationRegistry& m_registry;
+};
+
+// In order of preference: a dock that tells its items beats one whose buttons have to be guessed.
+DockModel::Providers makeDockProviders(RunLoop& runLoop, x11::X11Core& core)
+{
+    DockModel::Providers providers;
+    providers.push_back(
+        std::make_unique<PlankDock>(runLoop, core.tracker(), QDBusConnection::sessionBus()));
+    providers.push_back(
+        std::make_unique<PanelDock>(runLoop, core.tracker(), core.pointSpace(),
+                                    [&connection = core.connection()](xcb_window_t window) {
+                                        return readStrut(connection.get(), window);
+                                    }));
+    return providers;
+}
+
+class LinuxDesktopImpl final : public LinuxDesktop
+{
+public:
+    LinuxDesktopImpl(RunLoop& runLoop, const LinuxDesktopOptions& options,
+                     std::unique_ptr<x11::X11Core> core)
+        : m_core(std::move(core)),
+          m_entries(DesktopEntries::defaultFolders(), localeSpellings(), clock(runLoop)),
+          m_registry(m_core->tracker(), m_entries, readProcessNames,
+                     {::getpid(), options.ownBundleIdentifier}, clock(runLoop)),
+          m_raiser(m_core->tracker(), m_registry, clock(runLoop)),
+          m_workspace(runLoop, m_core->tracker(), m_registry, m_entries, m_raiser),
+          m_docks(runLoop, m_core->tracker(), m_registry, m_entries,
+                  makeDockProviders(runLoop, *m_core)),
+          m_dockPreferences(m_docks),
+          m_accessibility({runLoop, m_core->tracker(), m_core->pointSpace(), m_registry,
+                           m_workspace, m_raiser, m_docks}),
+          m_defaults(IniDefaults::defaultPath()), m_ownerPids(m_registry),
+          m_ports{runLoop,     m_accessibility, m_core->windowServer(), m_core->inputState(),
+                  m_workspace, m_defaults,      m_dockPreferences}
+    {
+        m_core->windowServer().setOwnerPids(&m_ownerPids);
+        // An application is known before anything is told of its windows.
+        m_core->tracker().addListener(&m_registry);
+        m_core->tracker().addListener(&m_docks);
+        m_core->tracker().addListener(&m_accessibility);
+        m_docks.setPrefetch([this](const std::vector<xcb_window_t>& windows) {
+            m_core->pictures().prefetch(windows);
+        });
+        m_docks.setChanged([this] { hintMainScreen(); });
+        m_docks.start();
+        hintMainScreen();
+        m_core->start();
+    }
+
+    // Listeners go only after the thread that calls them.
+    ~LinuxDesktopImpl() override
+    {
+        m_core->stop();
+        m_core->windowServer().setOwnerPids(nullptr);
+    }
+
+    const Desktop& ports() const override { return m_ports; }
+
+private:
+    static std::function<double()> clock(RunLoop& runLoop)
+    {
+        return [&runLoop] { return runLoop.now(); };
+    }
+
+    // The main screen, where coordinates have their origin, is the one that holds the dock.
+    void hintMainScreen()
+    {
+        const DockStatePtr dock = m_docks.firstDock();
+        const QRect bounds =
+            dock && !dock->windows.empty() ? dock->windows.front().bounds : QRect();
+        if (bounds != m_hint && !bounds.isEmpty()) {
+            m_hint = bounds;
+            m_core->screens().setMainScreenHint(bounds);
+        }
+    }
+
+    const std::unique_ptr<x11::X11Core> m_core;
+    DesktopEntries m_entries;
+    ApplicationRegistry m_registry;
+    WindowRaiser m_raiser;
+    LinuxWorkspace m_workspace;
+    DockModel m_docks;
+    LinuxDockPreferences m_dockPreferences;
+    X11Accessibility m_accessibility;
+    IniDefaults m_defaults;
+    const RegistryOwnerPids m_ownerPids;
+    const Desktop m_ports;
+    QRect m_hint;
+};
+
+} // namespace
+
+std::unique_ptr<LinuxDesktop>
+LinuxDesktop::create(RunLoop& runLoop, const LinuxDesktopOptions& options, QString& error)
+{
+    auto core = x11::X11Core::create(
+        runLoop, {.pixelsPerPoint = options.pixelsPerPoint, .displayName = {}},
+        [&runLoop] { runLoop.performOnMainThread([] { QCoreApplication::quit(); }, false); },
+        error);
+    if (!core) {
+        return nullptr;
+    }
+    return std::make_unique<LinuxDesktopImpl>(runLoop, options, std::move(core));
+}
+
+} // namespace lumbrix::platform

@@ -1,0 +1,252 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include "platform/linux/accessibility/X11Accessibility.h"
+
+#include <cmath>
+
+namespace lumbrix::platform
+{
+
+using Kind = X11Element::Kind;
+
+X11Accessibility::X11Accessibility(const Parts& parts) : m(parts)
+{
+    m.docks.setSelectionChanged([this] {
+        m_hub->notify(m.docks.pid(), X11Element::dockList(),
+                      QStringLiteral("AXSelectedChildrenChanged"));
+    });
+    m.docks.setMenuOpened([this] {
+        const std::int32_t pid = m.docks.pid();
+        m_hub->notify(pid, X11Element::application(pid), QStringLiteral("AXMenuOpened"));
+    });
+}
+
+X11Accessibility::~X11Accessibility()
+{
+    m.docks.setSelectionChanged({});
+    m.docks.setMenuOpened({});
+    m_hub->close();
+}
+
+ElementRef X11Accessibility::createApplication(std::int32_t pid)
+{
+    return m.registry.application(pid) ? X11Element::application(pid) : nullptr;
+}
+
+ElementRef X11Accessibility::createSystemWide() { return X11Element::systemWide(); }
+
+AXResult X11Accessibility::copyAttributeValue(const ElementRef& reference, const QString& attribute)
+{
+    const X11Element* element = X11Element::from(reference);
+    if (element == nullptr) {
+        return {AXError::IllegalArgument};
+    }
+    switch (element->kind()) {
+    case Kind::SystemWide:
+        return systemWideAttribute(attribute);
+    case Kind::Application:
+        return applicationAttribute(element->pid(), attribute);
+    case Kind::DockList:
+        return dockListAttribute(attribute);
+    case Kind::DockItem:
+        return dockItemAttribute(element->dockItemId(), attribute);
+    case Kind::Window:
+    case Kind::CloseButton:
+        break;
+    }
+    const x11::TrackedWindowPtr window = m.tracker.window(element->windowId());
+    if (!window || !isApplicationWindow(*window)) {
+        if (element->isGone() && attribute == u"AXRole") {
+            return {AXError::Success, QStringLiteral("AXWindow")};
+        }
+        return {AXError::InvalidUIElement};
+    }
+    if (!window->isResponding) {
+        return {AXError::CannotComplete};
+    }
+    return element->kind() == Kind::Window ? windowAttribute(*window, attribute)
+                                           : closeButtonAttribute(*window, attribute);
+}
+
+AXError X11Accessibility::setAttributeValue(const ElementRef& reference, const QString& attribute,
+                                            const AXValue& value)
+{
+    const X11Element* element = X11Element::from(reference);
+    if (element == nullptr) {
+        return AXError::IllegalArgument;
+    }
+    switch (element->kind()) {
+    case Kind::Application:
+        return setApplicationAttribute(element->pid(), attribute, value);
+    case Kind::Window:
+        return setWindowAttribute(element->windowId(), attribute, value);
+    case Kind::SystemWide:
+    case Kind::CloseButton:
+    case Kind::DockList:
+    case Kind::DockItem:
+        break;
+    }
+    return AXError::AttributeUnsupported;
+}
+
+AXError X11Accessibility::setApplicationAttribute(std::int32_t pid, const QString& attribute,
+                                                  const AXValue& value)
+{
+    if (!m.registry.application(pid)) {
+        return AXError::InvalidUIElement;
+    }
+    const bool* on = std::get_if<bool>(&value);
+    if (on == nullptr) {
+        return AXError::IllegalArgument;
+    }
+    if (attribute == u"AXFrontmost") {
+        if (*on) {
+            m.raiser.activate(pid);
+        }
+        return AXError::Success;
+    }
+    if (attribute == u"AXHidden") {
+        *on ? m.workspace.hide(pid) : m.workspace.unhide(pid);
+        return AXError::Success;
+    }
+    return AXError::AttributeUnsupported;
+}
+
+AXError X11Accessibility::setWindowAttribute(xcb_window_t id, const QString& attribute,
+                                             const AXValue& value)
+{
+    const x11::TrackedWindowPtr window = m.tracker.window(id);
+    if (!window) {
+        return AXError::InvalidUIElement;
+    }
+    const bool* on = std::get_if<bool>(&value);
+    if (on == nullptr) {
+        return AXError::IllegalArgument;
+    }
+    // Accepted and left to the raising that goes with them: one request to the window manager
+    // brings the window up and makes it active, more would flicker.
+    if (attribute == u"AXFrontmost" || attribute == u"AXFocused" || attribute == u"AXMain") {
+        return AXError::Success;
+    }
+    if (attribute == u"AXMinimized") {
+        if (*on != window->isIconic) {
+            *on ? m.tracker.iconify(id) : m.tracker.deiconify(id);
+        }
+        return AXError::Success;
+    }
+    return AXError::AttributeUnsupported;
+}
+
+AXError X11Accessibility::performAction(const ElementRef& reference, const QString& action)
+{
+    const X11Element* element = X11Element::from(reference);
+    if (element == nullptr) {
+        return AXError::IllegalArgument;
+    }
+    if (element->kind() != Kind::Window && element->kind() != Kind::CloseButton) {
+        return AXError::ActionUnsupported;
+    }
+    const x11::TrackedWindowPtr window = m.tracker.window(element->windowId());
+    if (!window) {
+        return AXError::InvalidUIElement;
+    }
+    if (element->kind() == Kind::Window && action == u"AXRaise") {
+        m.raiser.raise(window->id);
+        return AXError::Success;
+    }
+    if (element->kind() == Kind::CloseButton && action == u"AXPress") {
+        m.tracker.close(window->id);
+        return AXError::Success;
+    }
+    return AXError::ActionUnsupported;
+}
+
+AXResult X11Accessibility::copyElementAtPosition(float x, float y)
+{
+    if (!std::isfinite(x) || !std::isfinite(y)) {
+        return {AXError::IllegalArgument};
+    }
+    const QPoint point = m.space.toPixels(QPointF(static_cast<double>(x), static_cast<double>(y)));
+    const int desktop = m.tracker.currentDesktop();
+    for (const x11::TrackedWindowPtr& window : m.tracker.windows()) {
+        const bool isHere = window->desktop < 0 || window->desktop == desktop;
+        if (!window->isMapped || window->isIconic || !isHere || !window->bounds.contains(point)) {
+            continue;
+        }
+        if (window->type == x11::WindowType::Dock) {
+            // A dock's window may be far larger than what it draws and takes clicks on.
+            if (const DockItemId item = m.docks.itemAt(point)) {
+                return {AXError::Success, X11Element::dockItem(item)};
+            }
+        } else if (isApplicationWindow(*window)) {
+            return {AXError::Success, X11Element::window(window->id)};
+        }
+    }
+    return {AXError::NoValue};
+}
+
+std::optional<std::int32_t> X11Accessibility::pidOf(const ElementRef& reference)
+{
+    const X11Element* element = X11Element::from(reference);
+    if (element == nullptr) {
+        return std::nullopt;
+    }
+    switch (element->kind()) {
+    case Kind::SystemWide:
+        return std::nullopt;
+    case Kind::Application:
+        return element->pid();
+    case Kind::DockList:
+    case Kind::DockItem:
+        return m.docks.pid();
+    case Kind::Window:
+    case Kind::CloseButton:
+        break;
+    }
+    const x11::TrackedWindowPtr window = m.tracker.window(element->windowId());
+    return window ? std::optional(m.registry.ownerPidOf(*window)) : std::nullopt;
+}
+
+std::optional<WindowID> X11Accessibility::windowIDOf(const ElementRef& reference)
+{
+    const X11Element* element = X11Element::from(reference);
+    if (element == nullptr || element->kind() != Kind::Window) {
+        return std::nullopt;
+    }
+    return element->windowId();
+}
+
+std::unique_ptr<AXObserver> X11Accessibility::createObserver(std::int32_t pid,
+                                                             AXObserver::Callback callback)
+{
+    return m.registry.application(pid) ? m_hub->createObserver(pid, std::move(callback)) : nullptr;
+}
+
+void X11Accessibility::post(std::int32_t pid, const ElementRef& element, const char* notification)
+{
+    m.runLoop.performOnMainThread(
+        [hub = std::weak_ptr(m_hub), pid, element, name = QString::fromLatin1(notification)] {
+            if (const auto open = hub.lock()) {
+                open->notify(pid, element, name);
+            }
+        },
+        false);
+}
+
+void X11Accessibility::windowAdded(const x11::TrackedWindowPtr& window)
+{
+    if (isApplicationWindow(*window)) {
+        post(m.registry.ownerPidOf(*window), X11Element::window(window->id), "AXWindowCreated");
+    }
+}
+
+void X11Accessibility::windowRemoved(const x11::TrackedWindowPtr& last)
+{
+    if (isApplicationWindow(*last)) {
+        post(m.registry.ownerOfRemoved(last->id), X11Element::goneWindow(last->id),
+             "AXUIElementDestroyed");
+    }
+}
+
+} // namespace lumbrix::platform

@@ -1,0 +1,84 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// The accessibility port on an X11 desktop: applications, their windows, the dock and its items,
+// answered from what is known already, so that no read waits for another program.
+#pragma once
+
+#include <memory>
+
+#include "platform/RunLoop.h"
+#include "platform/linux/accessibility/ObserverHub.h"
+#include "platform/linux/accessibility/X11Element.h"
+#include "platform/linux/applications/ApplicationRegistry.h"
+#include "platform/linux/applications/LinuxWorkspace.h"
+#include "platform/linux/applications/WindowRaiser.h"
+#include "platform/linux/docks/DockModel.h"
+#include "platform/linux/x11/PointSpace.h"
+
+namespace lumbrix::platform
+{
+
+/// Made on the main thread before the event thread starts, as a listener behind the registry: an
+/// application is known before its window is announced.
+class X11Accessibility final : public Accessibility, public x11::WindowListener
+{
+public:
+    struct Parts {
+        RunLoop& runLoop;
+        x11::WindowTracker& tracker;
+        const x11::PointSpace& space;
+        ApplicationRegistry& registry;
+        LinuxWorkspace& workspace;
+        WindowRaiser& raiser;
+        DockModel& docks;
+    };
+
+    explicit X11Accessibility(const Parts& parts);
+    ~X11Accessibility() override;
+
+    bool apiEnabled() const override { return true; }
+    void setMessagingTimeout(float) override {} // nothing here waits for an application
+
+    ElementRef createApplication(std::int32_t pid) override;
+    ElementRef createSystemWide() override;
+
+    AXResult copyAttributeValue(const ElementRef& element, const QString& attribute) override;
+    AXError setAttributeValue(const ElementRef& element, const QString& attribute,
+                              const AXValue& value) override;
+    AXError performAction(const ElementRef& element, const QString& action) override;
+    AXResult copyElementAtPosition(float x, float y) override;
+
+    std::optional<std::int32_t> pidOf(const ElementRef& element) override;
+    std::optional<WindowID> windowIDOf(const ElementRef& element) override;
+
+    std::unique_ptr<AXObserver> createObserver(std::int32_t pid,
+                                               AXObserver::Callback callback) override;
+
+    void windowAdded(const x11::TrackedWindowPtr& window) override;
+    void windowRemoved(const x11::TrackedWindowPtr& last) override;
+
+private:
+    AXResult systemWideAttribute(const QString& attribute);
+    AXResult applicationAttribute(std::int32_t pid, const QString& attribute);
+    AXResult dockAttribute(const QString& attribute);
+    AXResult windowsOf(const Application& application) const;
+    AXResult windowAttribute(const x11::TrackedWindow& window, const QString& attribute);
+    AXResult closeButtonAttribute(const x11::TrackedWindow& window, const QString& attribute);
+    AXResult dockListAttribute(const QString& attribute);
+    AXResult dockItemAttribute(DockItemId id, const QString& attribute);
+
+    AXError setApplicationAttribute(std::int32_t pid, const QString& attribute,
+                                    const AXValue& value);
+    AXError setWindowAttribute(xcb_window_t id, const QString& attribute, const AXValue& value);
+
+    /// The process that owns the active window; 0 when no application's window is active.
+    std::int32_t activePid() const;
+    ElementRef selectedItem() const; ///< null when the pointer is on none
+    void post(std::int32_t pid, const ElementRef& element, const char* notification);
+
+    const Parts m;
+    const std::shared_ptr<ObserverHub> m_hub = std::make_shared<ObserverHub>();
+};
+
+} // namespace lumbrix::platform

@@ -1,0 +1,75 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// An element of an X11 desktop: only what it stands for; everything else is looked up when read.
+#pragma once
+
+#include <xcb/xcb.h>
+
+#include <cstdint>
+
+#include "platform/Accessibility.h"
+#include "platform/linux/docks/DockItem.h"
+
+namespace lumbrix::platform
+{
+
+class X11Element final : public AXElement
+{
+public:
+    enum class Kind {
+        SystemWide,
+        Application, ///< by process id; the dock too
+        Window,
+        CloseButton, ///< of a window
+        DockList,    ///< the list of the dock's items
+        DockItem,
+    };
+
+    static ElementRef systemWide() { return make(Kind::SystemWide, 0); }
+    static ElementRef application(std::int32_t pid)
+    {
+        return make(Kind::Application, static_cast<std::uint32_t>(pid));
+    }
+    static ElementRef window(xcb_window_t id) { return make(Kind::Window, id); }
+    /// A window that has just gone. It still says that it was a window, so that the one who is told
+    /// of its end can tell what ended.
+    static ElementRef goneWindow(xcb_window_t id) { return make(Kind::Window, id, true); }
+    static ElementRef closeButton(xcb_window_t id) { return make(Kind::CloseButton, id); }
+    static ElementRef dockList() { return make(Kind::DockList, 0); }
+    static ElementRef dockItem(DockItemId id) { return make(Kind::DockItem, id); }
+
+    /// Null when it is null or another adapter's.
+    static const X11Element* from(const ElementRef& element)
+    {
+        return dynamic_cast<const X11Element*>(element.get());
+    }
+
+    X11Element(Kind kind, std::uint64_t id, bool isGone) : m_kind(kind), m_id(id), m_isGone(isGone)
+    {
+    }
+
+    bool isEqual(const AXElement& other) const override
+    {
+        const auto* element = dynamic_cast<const X11Element*>(&other);
+        return element != nullptr && element->m_kind == m_kind && element->m_id == m_id;
+    }
+
+    Kind kind() const { return m_kind; }
+    bool isGone() const { return m_isGone; }
+    std::int32_t pid() const { return static_cast<std::int32_t>(m_id); } ///< of an Application
+    xcb_window_t windowId() const { return static_cast<xcb_window_t>(m_id); }
+    DockItemId dockItemId() const { return m_id; }
+
+private:
+    static ElementRef make(Kind kind, std::uint64_t id, bool isGone = false)
+    {
+        return std::make_shared<X11Element>(kind, id, isGone);
+    }
+
+    const Kind m_kind;
+    const std::uint64_t m_id;
+    const bool m_isGone;
+};
+
+} // namespace lumbrix::platform

@@ -1,0 +1,140 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// Groups the managed windows into applications, and says which process stands for each.
+#pragma once
+
+#include <QtCore/QHash>
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <vector>
+
+#include "platform/Workspace.h"
+#include "platform/linux/applications/DesktopEntries.h"
+#include "platform/linux/applications/ProcessNames.h"
+#include "platform/linux/x11/WindowTracker.h"
+
+namespace lumbrix::platform
+{
+
+/// A snapshot of one application.
+struct Application {
+    RunningApplication running;
+    bool isRegular = false; ///< has a window that task bars show
+    bool isHidden = false;
+    std::vector<xcb_window_t> windows; ///< in the order they appeared
+};
+
+/// Whether windows of this type belong to the user's work: docks, desktops, menus and the like do
+/// not make an application.
+bool isApplicationWindow(const x11::TrackedWindow& window);
+
+/// Any thread; the listener's part on the event thread. An application lives from its first window
+/// to its last; its process id is that of the window that came first, made up (from 0x40000000)
+/// where the window has none or another application already goes by it. This program and the dock
+/// are applications without windows.
+class ApplicationRegistry final : public x11::WindowListener
+{
+public:
+    struct Own {
+        std::int32_t pid = 0;
+        QString bundleIdentifier;
+    };
+    /// Told while the registry is locked, in the order things happen; must only pass it on.
+    using Sink = std::function<void(WorkspaceNotification, std::int32_t pid)>;
+    using Clock = std::function<double()>;
+
+    ApplicationRegistry(x11::WindowTracker& tracker, DesktopEntries& entries, ProcessReader reader,
+                        Own own, Clock clock);
+
+    /// Before the event thread starts.
+    void setSink(Sink sink);
+    /// The dock program's process; 0 = none runs.
+    void setDock(std::int32_t pid);
+    std::int32_t dockPid() const;
+    const Own& own() const { return m_own; }
+
+    /// 0 when nothing is known of the owner. Also for windows the registry has not met yet.
+    std::int32_t ownerPidOf(const x11::TrackedWindow& window);
+    /// Of the window that was removed last, whose group may be gone with it; 0 for another.
+    std::int32_t ownerOfRemoved(xcb_window_t id) const;
+    std::vector<Application> applications();
+    std::optional<Application> application(std::int32_t pid);
+    /// The running application of a desktop entry, also where the entry is another one of the same
+    /// program than the one its windows were grouped by. Null when it does not run.
+    std::optional<Application> applicationForDesktopFile(const QString& path);
+
+    /// The windows were asked to become iconic, together.
+    void markHidden(std::int32_t pid, const std::vector<xcb_window_t>& windows);
+    /// Forgets and returns the windows that markHidden named and that are still iconic.
+    std::vector<xcb_window_t> takeHidden(std::int32_t pid);
+
+    void windowAdded(const x11::TrackedWindowPtr& window) override;
+    void windowChanged(const x11::TrackedWindowPtr& before,
+                       const x11::TrackedWindowPtr& after) override;
+    void windowRemoved(const x11::TrackedWindowPtr& last) override;
+    void activeWindowChanged(xcb_window_t window) override;
+    void currentDesktopChanged(int desktop) override;
+
+private:
+    struct Window {
+        bool skipTaskbar = false;
+        bool isIconic = false;
+        bool wasHidden = false; ///< named by markHidden
+        bool wasIconicSinceHidden = false;
+    };
+    struct Group {
+        QString key;
+        RunningApplication running;
+        std::vector<std::pair<xcb_window_t, Window>> windows;
+        double hiddenAt = 0.0;
+
+        Window* find(xcb_window_t id);
+        bool isRegular() const;
+        bool isHidden(double now) const;
+    };
+    struct Identity {
+        QString key;
+        DesktopEntryPtr entry;
+        QString className;
+        QString executablePath;
+    };
+
+    Identity identify(const x11::TrackedWindow& window);
+    DesktopEntryPtr entryFor(const x11::TrackedWindow& window, const ProcessNames& names);
+
+    // All with m_mutex held.
+    Group& insert(const x11::TrackedWindow& window, Identity identity);
+    void remove(xcb_window_t id);
+    void meetAll();
+    /// Puts the window into its application; its owner's process id.
+    std::int32_t meet(const x11::TrackedWindow& window);
+    Group* groupOf(xcb_window_t id);
+    Group* groupWithPid(std::int32_t pid);
+    bool isPidFree(std::int32_t pid) const;
+    std::int32_t pidFor(const x11::TrackedWindow& window);
+    Application snapshot(const Group& group) const;
+    std::optional<Application> dockApplication() const;
+    void tell(WorkspaceNotification notification, std::int32_t pid);
+
+    x11::WindowTracker& m_tracker;
+    DesktopEntries& m_entries;
+    const ProcessReader m_reader;
+    const Own m_own;
+    const Clock m_clock;
+    Sink m_sink;
+
+    mutable std::mutex m_mutex;
+    std::vector<std::unique_ptr<Group>> m_groups; ///< this program first, then as they appeared
+    QHash<quint32, Group*> m_groupOfWindow;
+    std::int32_t m_dockPid = 0;
+    std::int32_t m_nextSyntheticPid = 0x40000000;
+    std::int32_t m_activePid = 0;
+    std::pair<xcb_window_t, std::int32_t> m_lastRemoved{XCB_NONE, 0};
+};
+
+} // namespace lumbrix::platform

@@ -1,0 +1,221 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include "platform/linux/applications/DesktopEntries.h"
+
+#include <QtCore/QDateTime>
+#include <QtCore/QDir>
+#include <QtCore/QDirIterator>
+#include <QtCore/QFile>
+#include <QtCore/QFileInfo>
+#include <QtCore/QSet>
+
+#include <algorithm>
+#include <tuple>
+
+namespace lumbrix::platform
+{
+
+namespace
+{
+
+constexpr double LookInterval = 2.0;
+constexpr qint64 MaximalFileSize = 1024 * 1024;
+
+std::int64_t folderTime(const QString& folder)
+{
+    const QFileInfo info(folder);
+    return info.isDir() ? info.lastModified().toMSecsSinceEpoch() : 0;
+}
+
+QString lastWord(const QString& id) { return id.section(u'.', -1); }
+
+// Of several entries that start one program, the one that stands for the program itself: shown in
+// menus, named like it, started without options. "mousepad" is org.xfce.mousepad, not its settings.
+auto executableRank(const DesktopEntry& entry)
+{
+    const QString program = entry.executable().toLower();
+    const bool namedLikeIt =
+        entry.id.toLower() == program || lastWord(entry.id).toLower() == program;
+    return std::tuple(entry.noDisplay, !namedLikeIt, execArguments(entry.exec).size());
+}
+
+} // namespace
+
+QStringList DesktopEntries::defaultFolders()
+{
+    QString home = qEnvironmentVariable("XDG_DATA_HOME");
+    if (!QDir::isAbsolutePath(home)) {
+        home = QDir::homePath() + QStringLiteral("/.local/share");
+    }
+    QString system = qEnvironmentVariable("XDG_DATA_DIRS");
+    if (system.isEmpty()) {
+        system = QStringLiteral("/usr/local/share:/usr/share");
+    }
+    QStringList folders;
+    for (const QString& base : QStringList{home} + system.split(u':', Qt::SkipEmptyParts)) {
+        if (QDir::isAbsolutePath(base)) {
+            folders.append(QDir::cleanPath(base) + QStringLiteral("/applications"));
+        }
+    }
+    folders.removeDuplicates();
+    return folders;
+}
+
+DesktopEntries::DesktopEntries(QStringList folders, QStringList locales, Clock clock)
+    : m_folders(std::move(folders)), m_locales(std::move(locales)), m_clock(std::move(clock))
+{
+}
+
+bool DesktopEntries::foldersChanged() const
+{
+    return std::ranges::any_of(m_folderTimes, [](const auto& folder) {
+        return folderTime(folder.first) != folder.second;
+    });
+}
+
+void DesktopEntries::refresh()
+{
+    const double now = m_clock();
+    if (m_lastLook && now - *m_lastLook < LookInterval) {
+        return;
+    }
+    const bool isFirst = !m_lastLook.has_value();
+    m_lastLook = now;
+    if (isFirst || foldersChanged()) {
+        scan();
+    }
+}
+
+void DesktopEntries::scan()
+{
+    m_folderTimes.clear();
+    m_entries.clear();
+    std::map<QString, CachedFile> known;
+    known.swap(m_files);
+    QSet<QString> ids;
+    for (const QString& folder : m_folders) {
+        m_folderTimes[folder] = folderTime(folder);
+        QDirIterator it(folder, QDir::Files | QDir::Dirs | QDir::NoDotAndDotDot,
+                        QDirIterator::Subdirectories);
+        while (it.hasNext()) {
+            const QString path = it.next();
+            const QFileInfo info = it.fileInfo();
+            if (info.isDir()) {
+                m_folderTimes[path] = folderTime(path);
+                continue;
+            }
+            if (!path.endsWith(QStringLiteral(".desktop"))) {
+                continue;
+            }
+            QString id = path.mid(folder.size() + 1).chopped(8);
+            id.replace(u'/', u'-');
+            if (const auto old = known.find(path); old != known.end()) {
+                m_files.insert(known.extract(old));
+            }
+            const CachedFile& file =
+                readFile(path, id, info.lastModified().toMSecsSinceEpoch(), info.size());
+            if (ids.contains(id)) {
+                continue; // masked by a folder further up
+            }
+            if (file.entry || file.isHidden) {
+                ids.insert(id);
+            }
+            if (file.entry) {
+                m_entries.push_back(file.entry);
+            }
+        }
+    }
+    rebuildIndices();
+}
+
+const DesktopEntries::CachedFile& DesktopEntries::readFile(const QString& path, const QString& id,
+                                                           std::int64_t modified, std::int64_t size)
+{
+    CachedFile& cached = m_files[path];
+    if (cached.modified == modified && cached.size == size) {
+        return cached;
+    }
+    cached = {.modified = modified, .size = size, .isHidden = false, .entry = nullptr};
+    QFile file(path);
+    if (size <= MaximalFileSize && file.open(QIODevice::ReadOnly)) {
+        auto entry =
+            parseDesktopEntry(file.read(MaximalFileSize), id, path, m_locales, cached.isHidden);
+        if (entry) {
+            cached.entry = std::make_shared<const DesktopEntry>(std::move(*entry));
+        }
+    }
+    return cached;
+}
+
+void DesktopEntries::rebuildIndices()
+{
+    for (Index* index :
+         {&m_byId, &m_byPath, &m_byStartupWmClass, &m_byLastWord, &m_byExecutable, &m_byName}) {
+        index->clear();
+    }
+    // Entries that menus do not show stand last, so the first one found is the best.
+    std::ranges::stable_partition(m_entries,
+                                  [](const DesktopEntryPtr& entry) { return !entry->noDisplay; });
+    const auto insertFirst = [](Index& index, const QString& key, const DesktopEntryPtr& entry) {
+        if (!key.isEmpty() && !index.contains(key.toLower())) {
+            index.insert(key.toLower(), entry);
+        }
+    };
+    for (const DesktopEntryPtr& entry : m_entries) {
+        insertFirst(m_byId, entry->id, entry);
+        m_byPath.insert(entry->path, entry);
+        insertFirst(m_byStartupWmClass, entry->startupWmClass, entry);
+        insertFirst(m_byLastWord, lastWord(entry->id), entry);
+        insertFirst(m_byName, entry->name, entry);
+        const QString program = entry->executable().toLower();
+        if (program.isEmpty() || entry->terminal) {
+            continue; // the window of a terminal program is the terminal's
+        }
+        const DesktopEntryPtr other = m_byExecutable.value(program);
+        if (!other || executableRank(*entry) < executableRank(*other)) {
+            m_byExecutable.insert(program, entry);
+        }
+    }
+}
+
+DesktopEntryPtr DesktopEntries::find(const Index& index, const QString& key)
+{
+    if (key.isEmpty()) {
+        return nullptr;
+    }
+    const std::lock_guard lock(m_mutex);
+    refresh();
+    return index.value(key.toLower());
+}
+
+DesktopEntryPtr DesktopEntries::byId(const QString& id) { return find(m_byId, id); }
+
+DesktopEntryPtr DesktopEntries::byPath(const QString& path)
+{
+    const std::lock_guard lock(m_mutex);
+    refresh();
+    return m_byPath.value(path);
+}
+
+DesktopEntryPtr DesktopEntries::byStartupWmClass(const QString& name)
+{
+    return find(m_byStartupWmClass, name);
+}
+
+DesktopEntryPtr DesktopEntries::byApplicationId(const QString& name)
+{
+    if (DesktopEntryPtr entry = find(m_byId, name)) {
+        return entry;
+    }
+    return find(m_byLastWord, name);
+}
+
+DesktopEntryPtr DesktopEntries::byExecutable(const QString& baseName)
+{
+    return find(m_byExecutable, baseName);
+}
+
+DesktopEntryPtr DesktopEntries::byName(const QString& name) { return find(m_byName, name); }
+
+} // namespace lumbrix::platform

@@ -1,0 +1,76 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// The desktop entries of this user, found by what a window says of itself.
+#pragma once
+
+#include <QtCore/QHash>
+#include <QtCore/QUrl>
+
+#include <functional>
+#include <map>
+#include <mutex>
+#include <vector>
+
+#include "platform/linux/applications/DesktopEntry.h"
+
+namespace lumbrix::platform
+{
+
+/// Any thread. Folders are looked at again when they changed, at most every two seconds; only
+/// files that are new or changed are read. Look-ups ignore case and give null when nothing fits.
+class DesktopEntries
+{
+public:
+    using Clock = std::function<double()>; ///< seconds, monotonic
+
+    /// The applications folders of XDG_DATA_HOME and XDG_DATA_DIRS, most important first.
+    static QStringList defaultFolders();
+
+    DesktopEntries(QStringList folders, QStringList locales, Clock clock);
+
+    DesktopEntryPtr byId(const QString& id);
+    DesktopEntryPtr byPath(const QString& path);
+    DesktopEntryPtr byStartupWmClass(const QString& name);
+    /// By id, or by the last word of an id such as org.example.Editor.
+    DesktopEntryPtr byApplicationId(const QString& name);
+    /// By the base name of the program; terminal programs are never found so.
+    DesktopEntryPtr byExecutable(const QString& baseName);
+    DesktopEntryPtr byName(const QString& name);
+
+private:
+    struct CachedFile {
+        std::int64_t modified = 0; ///< milliseconds
+        std::int64_t size = 0;
+        bool isHidden = false;
+        DesktopEntryPtr entry; ///< null when it describes no application
+    };
+    using Index = QHash<QString, DesktopEntryPtr>;
+
+    // All with m_mutex held.
+    void refresh();
+    bool foldersChanged() const;
+    void scan();
+    const CachedFile& readFile(const QString& path, const QString& id, std::int64_t modified,
+                               std::int64_t size);
+    void rebuildIndices();
+    DesktopEntryPtr find(const Index& index, const QString& key);
+
+    const QStringList m_folders;
+    const QStringList m_locales;
+    const Clock m_clock;
+
+    std::mutex m_mutex;
+    std::optional<double> m_lastLook;
+    std::map<QString, std::int64_t> m_folderTimes; ///< 0 = missing
+    std::map<QString, CachedFile> m_files;
+    std::vector<DesktopEntryPtr> m_entries; ///< most important first
+    Index m_byId;
+    Index m_byPath;
+    Index m_byStartupWmClass;
+    Index m_byLastWord;
+    Index m_byExecutable;
+    Index m_byName;
+};
+
+} // namespace lumbrix::platform

@@ -1,0 +1,46 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// One application as its desktop entry describes it.
+#pragma once
+
+#include <QtCore/QByteArray>
+#include <QtCore/QString>
+#include <QtCore/QStringList>
+
+#include <memory>
+#include <optional>
+
+namespace lumbrix::platform
+{
+
+struct DesktopEntry {
+    QString id; ///< file name below the applications folder, '/' as '-', without ".desktop"
+    QString path;
+    QString name; ///< localized; never empty
+    QString exec; ///< the command line as it stands in the entry
+    QString workingDirectory;
+    QString startupWmClass;
+    bool terminal = false;
+    bool noDisplay = false;
+
+    /// Base name of the program that Exec starts; "env" and assignments before it are skipped.
+    QString executable() const;
+};
+using DesktopEntryPtr = std::shared_ptr<const DesktopEntry>;
+
+/// The spellings of a locale name that keys may carry, best first: de_AT@euro, de_AT, de@euro, de.
+QStringList localeSpellings(const QString& locale);
+/// The user's, from the environment.
+QStringList localeSpellings();
+
+/// Null when the text describes no application, or one that counts as deleted (`isHidden` is then
+/// true, so that entries of the same id further down the search path are masked).
+std::optional<DesktopEntry> parseDesktopEntry(const QByteArray& text, const QString& id,
+                                              const QString& path, const QStringList& locales,
+                                              bool& isHidden);
+
+/// The words of an Exec line: quotes resolved, field codes taken out.
+QStringList execArguments(const QString& exec);
+
+} // namespace lumbrix::platform

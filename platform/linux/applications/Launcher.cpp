@@ -1,0 +1,82 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include "platform/linux/applications/Launcher.h"
+
+#include <QtCore/QDir>
+#include <QtCore/QFile>
+#include <QtCore/QFileInfo>
+#include <QtCore/QProcess>
+#include <QtCore/QStandardPaths>
+
+namespace lumbrix::platform
+{
+
+namespace
+{
+
+bool start(const QString& program, const QStringList& arguments, const QString& folder)
+{
+    const QString path =
+        QDir::isAbsolutePath(program) ? program : QStandardPaths::findExecutable(program);
+    if (path.isEmpty() || !QFileInfo(path).isFile() || !QFileInfo(path).isExecutable()) {
+        return false;
+    }
+    QProcess process;
+    process.setProgram(path);
+    process.setArguments(arguments);
+    process.setWorkingDirectory(QFileInfo(folder).isDir() ? folder : QDir::homePath());
+    // What it prints is not ours to show, and must not stop it when we end first.
+    process.setStandardOutputFile(QProcess::nullDevice());
+    process.setStandardErrorFile(QProcess::nullDevice());
+    return process.startDetached();
+}
+
+} // namespace
+
+bool launchEntry(const DesktopEntry& entry)
+{
+    QStringList words = execArguments(entry.exec);
+    if (words.isEmpty()) {
+        return false;
+    }
+    if (entry.terminal) {
+        words = QStringList{QStringLiteral("x-terminal-emulator"), QStringLiteral("-e")} + words;
+    }
+    const QString program = words.takeFirst();
+    return start(program, words, entry.workingDirectory);
+}
+
+bool launchExecutable(const QString& program) { return start(program, {}, {}); }
+
+bool launchUrl(DesktopEntries& entries, const QUrl& url)
+{
+    const QString path = url.toLocalFile();
+    if (!path.endsWith(QStringLiteral(".desktop"))) {
+        return launchExecutable(path);
+    }
+    if (const DesktopEntryPtr entry = entries.byPath(path)) {
+        return launchEntry(*entry);
+    }
+    QFile file(path);
+    bool isHidden = false;
+    if (!file.open(QIODevice::ReadOnly)) {
+        return false;
+    }
+    const auto entry = parseDesktopEntry(file.read(1024 * 1024), QFileInfo(path).completeBaseName(),
+                                         path, {}, isHidden);
+    return entry && launchEntry(*entry);
+}
+
+bool launchByName(DesktopEntries& entries, const QString& name)
+{
+    for (const DesktopEntryPtr& entry :
+         {entries.byName(name), entries.byId(name), entries.byExecutable(name)}) {
+        if (entry) {
+            return launchEntry(*entry);
+        }
+    }
+    return launchExecutable(name);
+}
+
+} // namespace lumbrix::platform

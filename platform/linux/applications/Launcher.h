@@ -1,0 +1,22 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// Starts programs that live on without us.
+#pragma once
+
+#include <QtCore/QUrl>
+
+#include "platform/linux/applications/DesktopEntries.h"
+
+namespace lumbrix::platform
+{
+
+/// Any thread; false when nothing could be started.
+bool launchEntry(const DesktopEntry& entry);
+bool launchExecutable(const QString& program);
+/// The URL of a desktop entry or of a program.
+bool launchUrl(DesktopEntries& entries, const QUrl& url);
+/// By the name that menus show, by entry id, or by program.
+bool launchByName(DesktopEntries& entries, const QString& name);
+
+} // namespace lumbrix::platform

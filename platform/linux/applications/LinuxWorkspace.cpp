@@ -1,0 +1,186 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include "platform/linux/applications/LinuxWorkspace.h"
+
+#include <algorithm>
+#include <map>
+
+#include "platform/linux/applications/Launcher.h"
+
+namespace lumbrix::platform
+{
+
+/// Main thread only. Outlives the workspace while a notification or a subscription still refers to
+/// it.
+class LinuxWorkspace::Subscribers
+{
+public:
+    struct Entry {
+        WorkspaceNotification notification;
+        Observer observer;
+    };
+
+    int add(Entry entry)
+    {
+        m_entries.emplace(++m_lastId, std::make_shared<Entry>(std::move(entry)));
+        return m_lastId;
+    }
+    void remove(int id) { m_entries.erase(id); }
+    void removeAll() { m_entries.clear(); }
+
+    void notify(WorkspaceNotification notification, std::int32_t pid)
+    {
+        // An observer may end its own or another subscription.
+        const auto entries = m_entries;
+        for (const auto& [id, entry] : entries) {
+            if (entry->notification == notification && m_entries.contains(id)) {
+                entry->observer(pid);
+            }
+        }
+    }
+
+private:
+    std::map<int, std::shared_ptr<Entry>> m_entries;
+    int m_lastId = 0;
+};
+
+class LinuxWorkspace::Subscription final : public WorkspaceSubscription
+{
+public:
+    Subscription(std::weak_ptr<Subscribers> subscribers, int id)
+        : m_subscribers(std::move(subscribers)), m_id(id)
+    {
+    }
+    ~Subscription() override
+    {
+        if (const auto subscribers = m_subscribers.lock()) {
+            subscribers->remove(m_id);
+        }
+    }
+
+private:
+    const std::weak_ptr<Subscribers> m_subscribers;
+    const int m_id;
+};
+
+LinuxWorkspace::LinuxWorkspace(RunLoop& runLoop, x11::WindowTracker& tracker,
+                               ApplicationRegistry& registry, DesktopEntries& entries,
+                               WindowRaiser& raiser)
+    : m_tracker(tracker), m_registry(registry), m_entries(entries), m_raiser(raiser),
+      m_subscribers(std::make_shared<Subscribers>())
+{
+    m_registry.setSink([&runLoop, weak = std::weak_ptr(m_subscribers)](
+                           WorkspaceNotification notification, std::int32_t pid) {
+        runLoop.performOnMainThread(
+            [weak, notification, pid] {
+                if (const auto subscribers = weak.lock()) {
+                    subscribers->notify(notification, pid);
+                }
+            },
+            false);
+    });
+}
+
+LinuxWorkspace::~LinuxWorkspace() { m_subscribers->removeAll(); }
+
+std::vector<RunningApplication> LinuxWorkspace::runningApplications()
+{
+    std::vector<RunningApplication> result;
+    for (Application& application : m_registry.applications()) {
+        result.push_back(std::move(application.running));
+    }
+    return result;
+}
+
+std::vector<std::int32_t> LinuxWorkspace::launchedApplications()
+{
+    std::vector<std::int32_t> result;
+    for (const Application& application : m_registry.applications()) {
+        if (application.isRegular) {
+            result.push_back(application.running.pid);
+        }
+    }
+    return result;
+}
+
+std::optional<RunningApplication> LinuxWorkspace::runningApplication(std::int32_t pid)
+{
+    auto application = m_registry.application(pid);
+    return application ? std::optional(std::move(application->running)) : std::nullopt;
+}
+
+QString LinuxWorkspace::ownBundleIdentifier() { return m_registry.own().bundleIdentifier; }
+
+bool LinuxWorkspace::isHidden(std::int32_t pid)
+{
+    const auto application = m_registry.application(pid);
+    return application && application->isHidden;
+}
+
+void LinuxWorkspace::hide(std::int32_t pid)
+{
+    const auto application = m_registry.application(pid);
+    if (!application || application->isHidden) {
+        return;
+    }
+    std::vector<xcb_window_t> shown;
+    for (const xcb_window_t id : application->windows) {
+        const x11::TrackedWindowPtr window = m_tracker.window(id);
+        if (window && !window->isIconic) {
+            shown.push_back(id);
+        }
+    }
+    m_registry.markHidden(pid, shown);
+    for (const xcb_window_t id : shown) {
+        m_tracker.iconify(id);
+    }
+}
+
+void LinuxWorkspace::unhide(std::int32_t pid)
+{
+    for (const xcb_window_t id : m_registry.takeHidden(pid)) {
+        m_tracker.deiconify(id);
+    }
+}
+
+void LinuxWorkspace::activate(std::int32_t pid, std::uint32_t) { m_raiser.activate(pid); }
+
+void LinuxWorkspace::terminate(std::int32_t pid)
+{
+    const auto application = m_registry.application(pid);
+    if (!application || pid == m_registry.own().pid || pid == m_registry.dockPid()) {
+        return; // neither may go away because a name resembles another's
+    }
+    for (const xcb_window_t id : application->windows) {
+        m_tracker.close(id);
+    }
+}
+
+bool LinuxWorkspace::launchApplication(const QString& name)
+{
+    return !name.isEmpty() && launchByName(m_entries, name);
+}
+
+bool LinuxWorkspace::launchApplicationAtURL(const QUrl& url, std::uint32_t)
+{
+    if (launchUrl(m_entries, url)) {
+        return true;
+    }
+    // A running application without a desktop entry goes by a made-up URL.
+    const auto applications = m_registry.applications();
+    const auto it = std::ranges::find_if(applications, [&](const Application& application) {
+        return application.running.bundleURL == url;
+    });
+    return it != applications.end() && !it->running.executableURL.isEmpty() &&
+           launchExecutable(it->running.executableURL.toLocalFile());
+}
+
+std::unique_ptr<WorkspaceSubscription> LinuxWorkspace::observe(WorkspaceNotification notification,
+                                                               Observer observer)
+{
+    const int id = m_subscribers->add({notification, std::move(observer)});
+    return std::make_unique<Subscription>(m_subscribers, id);
+}
+
+} // namespace lumbrix::platform

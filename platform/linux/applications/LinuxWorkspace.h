@@ -1,0 +1,51 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// The running applications of an X11 desktop and what can be done with one as a whole.
+#pragma once
+
+#include "platform/RunLoop.h"
+#include "platform/Workspace.h"
+#include "platform/linux/applications/ApplicationRegistry.h"
+#include "platform/linux/applications/WindowRaiser.h"
+
+namespace lumbrix::platform
+{
+
+/// Hiding an application makes all its windows iconic together.
+class LinuxWorkspace final : public Workspace
+{
+public:
+    /// Before the event thread starts: becomes the registry's sink.
+    LinuxWorkspace(RunLoop& runLoop, x11::WindowTracker& tracker, ApplicationRegistry& registry,
+                   DesktopEntries& entries, WindowRaiser& raiser);
+    ~LinuxWorkspace() override;
+
+    std::vector<RunningApplication> runningApplications() override;
+    std::vector<std::int32_t> launchedApplications() override;
+    std::optional<RunningApplication> runningApplication(std::int32_t pid) override;
+    QString ownBundleIdentifier() override;
+
+    bool isHidden(std::int32_t pid) override;
+    void hide(std::int32_t pid) override;
+    void unhide(std::int32_t pid);
+    void activate(std::int32_t pid, std::uint32_t options) override;
+    void terminate(std::int32_t pid) override;
+    bool launchApplication(const QString& name) override;
+    bool launchApplicationAtURL(const QUrl& url, std::uint32_t options) override;
+
+    [[nodiscard]] std::unique_ptr<WorkspaceSubscription> observe(WorkspaceNotification notification,
+                                                                 Observer observer) override;
+
+private:
+    class Subscribers;
+    class Subscription;
+
+    x11::WindowTracker& m_tracker;
+    ApplicationRegistry& m_registry;
+    DesktopEntries& m_entries;
+    WindowRaiser& m_raiser;
+    const std::shared_ptr<Subscribers> m_subscribers;
+};
+
+} // namespace lumbrix::platform

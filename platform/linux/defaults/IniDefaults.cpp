@@ -1,0 +1,222 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include "platform/linux/defaults/IniDefaults.h"
+
+#include <QtCore/QDir>
+#include <QtCore/QFile>
+#include <QtCore/QFileInfo>
+#include <QtCore/QSaveFile>
+
+#include <sys/stat.h>
+
+#include "platform/linux/defaults/IniValue.h"
+
+namespace lumbrix::platform
+{
+
+namespace
+{
+// A settings file is a few kilobytes; whatever is this large is not one.
+constexpr qint64 MaximalSize = 4 * 1024 * 1024;
+} // namespace
+
+QString IniDefaults::defaultPath()
+{
+    QString base = qEnvironmentVariable("XDG_CONFIG_HOME");
+    if (!QDir::isAbsolutePath(base)) {
+        base = QDir::homePath() + QStringLiteral("/.config");
+    }
+    return QDir::cleanPath(base) + QStringLiteral("/lumbrix/lumbrix.conf");
+}
+
+IniDefaults::IniDefaults(QString path) : m_path(std::move(path)) { load(); }
+
+std::optional<QByteArray> IniDefaults::scalar(const QString& key) const
+{
+    return m_file.value(IniFile::generalSection(), key);
+}
+
+std::int64_t IniDefaults::integerForKey(const QString& key) const
+{
+    const auto text = scalar(key);
+    return text ? inivalue::toInteger(*text).value_or(0) : 0;
+}
+
+float IniDefaults::floatForKey(const QString& key) const
+{
+    const auto text = scalar(key);
+    return text ? inivalue::toFloat(*text).value_or(0.0F) : 0.0F;
+}
+
+bool IniDefaults::boolForKey(const QString& key) const
+{
+    const auto text = scalar(key);
+    return text && inivalue::toBool(*text).value_or(false);
+}
+
+std::optional<QVariantMap> IniDefaults::dictionaryForKey(const QString& key) const
+{
+    if (key == IniFile::generalSection() || !m_file.hasSection(key)) {
+        return std::nullopt;
+    }
+    QVariantMap result;
+    for (const auto& [name, text] : m_file.entries(key)) {
+        result.insert(name, inivalue::decode(text));
+    }
+    return result;
+}
+
+std::optional<QStringList> IniDefaults::arrayForKey(const QString& key) const
+{
+    const auto text = scalar(key);
+    return text ? inivalue::toArray(*text) : std::nullopt;
+}
+
+std::optional<QByteArray> IniDefaults::dataForKey(const QString& key) const
+{
+    const auto text = scalar(key);
+    return text ? inivalue::toData(*text) : std::nullopt;
+}
+
+void IniDefaults::setInteger(std::int64_t value, const QString& key)
+{
+    change(key, {.scalar = QByteArray::number(static_cast<qlonglong>(value))});
+}
+
+void IniDefaults::setFloat(float value, const QString& key)
+{
+    change(key, {.scalar = inivalue::encodeFloat(value)});
+}
+
+void IniDefaults::setBool(bool value, const QString& key)
+{
+    change(key, {.scalar = inivalue::encode(value)});
+}
+
+void IniDefaults::setDictionary(const QVariantMap& value, const QString& key)
+{
+    change(key, {.dictionary = value});
+}
+
+void IniDefaults::setArray(const QStringList& value, const QString& key)
+{
+    change(key, {.scalar = inivalue::encodeArray(value)});
+}
+
+void IniDefaults::setData(const QByteArray& value, const QString& key)
+{
+    change(key, {.scalar = inivalue::encodeData(value)});
+}
+
+void IniDefaults::removeObjectForKey(const QString& key) { change(key, {}); }
+
+void IniDefaults::change(const QString& key, Change change)
+{
+    if (key.isEmpty() || (change.dictionary && key == IniFile::generalSection())) {
+        return;
+    }
+    apply(m_file, key, change);
+    m_unsaved.insert_or_assign(key, std::move(change));
+}
+
+// A key is a scalar or a dictionary, so setting it as one removes the other. Setting a scalar
+// leaves a section of the same name alone only when it is the section of the scalars itself.
+void IniDefaults::apply(IniFile& file, const QString& key, const Change& change)
+{
+    const QString general = IniFile::generalSection();
+    if (change.scalar) {
+        file.setValue(general, key, *change.scalar);
+    } else {
+        file.removeValue(general, key);
+    }
+    if (key == general) {
+        return;
+    }
+    if (!change.dictionary) {
+        file.removeSection(key);
+        return;
+    }
+    for (const auto& [name, text] : file.entries(key)) {
+        if (!change.dictionary->contains(name)) {
+            file.removeValue(key, name);
+        }
+    }
+    file.ensureSection(key);
+    for (auto it = change.dictionary->cbegin(); it != change.dictionary->cend(); ++it) {
+        file.setValue(key, it.key(), inivalue::encode(it.value()));
+    }
+}
+
+IniDefaults::Stamp IniDefaults::stampOfFile() const
+{
+    struct stat status {
+    };
+    if (::stat(QFile::encodeName(m_path).constData(), &status) != 0) {
+        return {};
+    }
+    return {.exists = true,
+            .seconds = status.st_mtim.tv_sec,
+            .nanoseconds = status.st_mtim.tv_nsec,
+            .size = status.st_size,
+            .inode = status.st_ino};
+}
+
+bool IniDefaults::load()
+{
+    m_stamp = stampOfFile();
+    QByteArray bytes;
+    m_readable = true;
+    if (m_stamp.exists) {
+        QFile file(m_path);
+        m_readable = m_stamp.size <= MaximalSize && QFileInfo(m_path).isFile() &&
+                     file.open(QIODevice::ReadOnly);
+        if (m_readable) {
+            bytes = file.read(MaximalSize);
+        }
+    }
+    if (!m_readable) {
+        return false; // keep what is known; a file that cannot be read is not empty
+    }
+    m_bytesOnDisk = bytes;
+    m_file = IniFile(bytes);
+    for (const auto& [key, change] : m_unsaved) {
+        apply(m_file, key, change);
+    }
+    return true;
+}
+
+bool IniDefaults::synchronize()
+{
+    if (!m_readable || !m_unsaved.empty() || stampOfFile() != m_stamp) {
+        load();
+    }
+    if (m_unsaved.empty()) {
+        return m_readable;
+    }
+    if (!m_readable) {
+        return false; // replacing it would lose what it holds
+    }
+    const QByteArray bytes = m_file.toBytes();
+    if (bytes != m_bytesOnDisk && !write(bytes)) {
+        return false;
+    }
+    m_unsaved.clear();
+    return true;
+}
+
+bool IniDefaults::write(const QByteArray& bytes)
+{
+    if (!QDir().mkpath(QFileInfo(m_path).path())) {
+        return false;
+    }
+    QSaveFile file(m_path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit()) {
+        return false;
+    }
+    m_bytesOnDisk = bytes;
+    m_stamp = stampOfFile();
+    return true;
+}
+
+} // namespace lumbrix::platform

@@ -1,0 +1,69 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// What is known of one dock or task bar: its place and its items. Geometry is in root pixels.
+#pragma once
+
+#include <QtCore/QRect>
+#include <QtCore/QString>
+
+#include <xcb/xcb.h>
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace lumbrix::platform
+{
+
+enum class DockEdge { Left, Right, Top, Bottom };
+
+inline bool isHorizontal(DockEdge edge)
+{
+    return edge == DockEdge::Top || edge == DockEdge::Bottom;
+}
+
+/// Identity of an item while the program runs; 0 = none.
+using DockItemId = std::uint64_t;
+/// Never gives the same number twice. Any thread.
+DockItemId newDockItemId();
+
+struct DockItem {
+    DockItemId id = 0;
+    /// The application it stands for; empty where the dock tells its windows instead.
+    QString desktopFile;
+    /// The windows it stands for, where the dock tells them.
+    std::vector<xcb_window_t> windows;
+    bool isMinimizedWindow = false; ///< stands for one iconic window, not for an application
+    QRect rect;                     ///< at rest, up to the dock's edges across it
+    QRect magnified;                ///< while the pointer is on it
+};
+
+struct DockWindow {
+    xcb_window_t id = XCB_NONE;
+    xcb_window_t frame = XCB_NONE;
+    QRect bounds;
+};
+
+/// Immutable; replaced as a whole.
+struct DockState {
+    std::int32_t pid = 0; ///< 0 = the dock does not run
+    DockEdge edge = DockEdge::Bottom;
+    bool magnifies = false;
+    bool hides = false;
+    std::vector<DockWindow> windows;
+    std::vector<DockItem> items; ///< from left to right, from top to bottom
+
+    const DockItem* item(DockItemId id) const;
+    /// The item whose place at rest holds the point; null where there is none.
+    const DockItem* itemAt(QPoint point) const;
+    /// The bounding rectangle of the items; empty when there are none.
+    QRect extent() const;
+};
+using DockStatePtr = std::shared_ptr<const DockState>;
+
+/// Squared distance of a point from a rectangle, 0 inside.
+std::int64_t squaredDistance(QPoint point, const QRect& rect);
+
+} // namespace lumbrix::platform

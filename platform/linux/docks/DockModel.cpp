@@ -1,0 +1,364 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include "platform/linux/docks/DockModel.h"
+
+#include <algorithm>
+
+namespace lumbrix::platform
+{
+
+namespace
+{
+
+constexpr std::int64_t NearDistance = 150; ///< pixels; about 0.1 s of an approaching pointer
+constexpr double AttentionLasts = 10.0;    ///< seconds
+constexpr double SynchronizeInterval = 1.0;
+constexpr std::size_t MaximalPrefetch = 30;
+
+} // namespace
+
+DockModel::DockModel(RunLoop& runLoop, x11::WindowTracker& tracker, ApplicationRegistry& registry,
+                     DesktopEntries& entries, Providers providers)
+    : m_runLoop(runLoop), m_tracker(tracker), m_registry(registry), m_entries(entries),
+      m_providers(std::move(providers))
+{
+    for (const auto& provider : m_providers) {
+        provider->setChanged([this] { collect(); });
+    }
+}
+
+DockModel::~DockModel() { *m_alive = false; }
+
+void DockModel::start()
+{
+    for (const auto& provider : m_providers) {
+        provider->start();
+    }
+}
+
+void DockModel::callOnMainThread(std::function<void()> DockModel::*call)
+{
+    m_runLoop.performOnMainThread(
+        [this, call, alive = m_alive] {
+            if (*alive && this->*call) {
+                (this->*call)();
+            }
+        },
+        false);
+}
+
+void DockModel::collect()
+{
+    const std::lock_guard collecting(m_collectMutex);
+    std::vector<Known> docks;
+    for (const auto& provider : m_providers) {
+        for (const DockStatePtr& state : provider->states()) {
+            docks.push_back({provider.get(), state});
+        }
+    }
+    bool isChanged = false;
+    std::int32_t pid = 0;
+    {
+        const std::lock_guard lock(m_mutex);
+        m_docks = std::move(docks);
+        isChanged = updateSelection();
+        pid = m_docks.empty() ? 0 : m_docks.front().state->pid;
+    }
+    m_registry.setDock(pid);
+    if (isChanged) {
+        callOnMainThread(&DockModel::m_selectionChanged);
+    }
+    callOnMainThread(&DockModel::m_changed);
+}
+
+const DockModel::Known* DockModel::dockWithWindow(xcb_window_t childOfRoot) const
+{
+    const auto it = std::ranges::find_if(m_docks, [childOfRoot](const Known& dock) {
+        return std::ranges::any_of(dock.state->windows, [childOfRoot](const DockWindow& window) {
+            return childOfRoot != XCB_NONE &&
+                   (window.frame == childOfRoot || window.id == childOfRoot);
+        });
+    });
+    return it == m_docks.end() ? nullptr : &*it;
+}
+
+// Only while the dock itself is under the pointer: another window may lie on the icon's place.
+bool DockModel::updateSelection()
+{
+    const Known* dock = dockWithWindow(m_childUnderPointer);
+    const DockItem* item = dock != nullptr ? dock->state->itemAt(m_pointer) : nullptr;
+    const DockItemId selected = item != nullptr ? item->id : 0;
+    return std::exchange(m_selected, selected) != selected;
+}
+
+void DockModel::pointerMoved(QPoint point, xcb_window_t childOfRoot)
+{
+    DockProvider* entered = nullptr;
+    bool isChanged = false;
+    bool isApproach = false;
+    {
+        const std::lock_guard lock(m_mutex);
+        m_pointer = point;
+        m_childUnderPointer = childOfRoot;
+        const Known* dock = dockWithWindow(childOfRoot);
+        if (dock != nullptr && !m_isOverDock) {
+            entered = dock->provider;
+        }
+        m_isOverDock = dock != nullptr;
+        if (dock != nullptr) {
+            m_lastDock = dock->state->windows.front().id;
+        }
+        isChanged = updateSelection();
+        const bool isNear =
+            dock != nullptr || std::ranges::any_of(m_docks, [&](const Known& known) {
+                return !known.state->items.empty() &&
+                       squaredDistance(point, known.state->extent()) <= NearDistance * NearDistance;
+            });
+        isApproach = isNear && !std::exchange(m_isNear, isNear);
+        if (isNear) {
+            m_attendedAt = m_runLoop.now();
+        }
+    }
+    if (isChanged) {
+        callOnMainThread(&DockModel::m_selectionChanged);
+    }
+    if (entered != nullptr) {
+        entered->pointerEntered();
+    }
+    if (isApproach || isChanged) {
+        prefetchNear(point);
+    }
+}
+
+void DockModel::prefetchNear(QPoint point) const
+{
+    if (!m_prefetch) {
+        return;
+    }
+    std::vector<std::pair<std::int64_t, DockItem>> items;
+    {
+        const std::lock_guard lock(m_mutex);
+        for (const Known& dock : m_docks) {
+            for (const DockItem& item : dock.state->items) {
+                items.emplace_back(squaredDistance(point, item.rect), item);
+            }
+        }
+    }
+    std::ranges::stable_sort(items, {}, [](const auto& item) { return item.first; });
+    std::vector<xcb_window_t> windows;
+    for (const auto& [distance, item] : items) {
+        if (distance > NearDistance * NearDistance || windows.size() >= MaximalPrefetch) {
+            break;
+        }
+        const std::vector<xcb_window_t> more = windowsOf(item);
+        windows.insert(windows.end(), more.begin(), more.end());
+    }
+    if (!windows.empty()) {
+        m_prefetch(windows);
+    }
+}
+
+std::vector<xcb_window_t> DockModel::windowsOf(const DockItem& item) const
+{
+    if (item.desktopFile.isEmpty()) {
+        return item.windows;
+    }
+    auto application = m_registry.applicationForDesktopFile(item.desktopFile);
+    return application ? std::move(application->windows) : std::vector<xcb_window_t>();
+}
+
+void DockModel::buttonPressed(int button, QPoint)
+{
+    if (button != 3) {
+        return;
+    }
+    bool isOverDock = false;
+    {
+        const std::lock_guard lock(m_mutex);
+        isOverDock = m_isOverDock;
+    }
+    if (isOverDock) {
+        // The menu itself comes some 20 ms later; what is in its way should be gone by then.
+        callOnMainThread(&DockModel::m_menuOpened);
+    }
+}
+
+void DockModel::popupMapped(const x11::PopupMapped& popup)
+{
+    if (popup.kind != x11::PopupMapped::Kind::Menu || !popup.pid) {
+        return;
+    }
+    bool isDocks = false;
+    {
+        const std::lock_guard lock(m_mutex);
+        isDocks = std::ranges::any_of(
+            m_docks, [&](const Known& dock) { return dock.state->pid == *popup.pid; });
+    }
+    if (isDocks) {
+        callOnMainThread(&DockModel::m_menuOpened);
+    }
+}
+
+std::int32_t DockModel::pid() const
+{
+    const std::lock_guard lock(m_mutex);
+    return m_docks.empty() ? 0 : m_docks.front().state->pid;
+}
+
+std::vector<DockItemId> DockModel::items() const
+{
+    const std::lock_guard lock(m_mutex);
+    std::vector<DockItemId> result;
+    for (const Known& dock : m_docks) {
+        for (const DockItem& item : dock.state->items) {
+            result.push_back(item.id);
+        }
+    }
+    return result;
+}
+
+std::pair<DockStatePtr, const DockItem*> DockModel::find(DockItemId id) const
+{
+    const std::lock_guard lock(m_mutex);
+    for (const Known& dock : m_docks) {
+        if (const DockItem* item = dock.state->item(id)) {
+            return {dock.state, item};
+        }
+    }
+    return {nullptr, nullptr};
+}
+
+std::optional<DockItemView> DockModel::item(DockItemId id) const
+{
+    const auto [state, item] = find(id);
+    if (item == nullptr) {
+        return std::nullopt;
+    }
+    DockItemView view{.id = id,
+                      .title = {},
+                      .url = {},
+                      .isRunning = false,
+                      .isMinimizedWindow = item->isMinimizedWindow,
+                      .rect = selectedItem() == id ? item->magnified : item->rect};
+    if (!item->desktopFile.isEmpty()) {
+        const auto application = m_registry.applicationForDesktopFile(item->desktopFile);
+        const DesktopEntryPtr entry = m_entries.byPath(item->desktopFile);
+        view.isRunning = application.has_value();
+        view.url =
+            application ? application->running.bundleURL : QUrl::fromLocalFile(item->desktopFile);
+        view.title = entry ? entry->name : QString();
+        if (application && view.title.isEmpty()) {
+            view.title = application->running.localizedName;
+        }
+        return view;
+    }
+    for (const xcb_window_t id : item->windows) {
+        const x11::TrackedWindowPtr window = m_tracker.window(id);
+        if (!window) {
+            continue;
+        }
+        if (item->isMinimizedWindow) {
+            view.title = window->title;
+            return view;
+        }
+        if (const auto application = m_registry.application(m_registry.ownerPidOf(*window))) {
+            view.isRunning = true;
+            view.title = application->running.localizedName;
+            view.url = application->running.bundleURL;
+            return view;
+        }
+    }
+    return std::nullopt;
+}
+
+DockItemId DockModel::selectedItem() const
+{
+    const std::lock_guard lock(m_mutex);
+    return m_selected;
+}
+
+DockItemId DockModel::itemAt(QPoint point) const
+{
+    const std::lock_guard lock(m_mutex);
+    for (const Known& dock : m_docks) {
+        if (const DockItem* item = dock.state->itemAt(point)) {
+            return item->id;
+        }
+    }
+    return 0;
+}
+
+DockStatePtr DockModel::firstDock() const
+{
+    const std::lock_guard lock(m_mutex);
+    return m_docks.empty() ? nullptr : m_docks.front().state;
+}
+
+DockStatePtr DockModel::currentDock() const
+{
+    const std::lock_guard lock(m_mutex);
+    for (const Known& dock : m_docks) {
+        if (!dock.state->windows.empty() && dock.state->windows.front().id == m_lastDock) {
+            return dock.state;
+        }
+    }
+    return m_docks.empty() ? nullptr : m_docks.front().state;
+}
+
+// Asked for before every read; the docks tell of most changes by themselves.
+void DockModel::synchronize()
+{
+    const double now = m_runLoop.now();
+    if (now - m_synchronizedAt < SynchronizeInterval) {
+        return;
+    }
+    m_synchronizedAt = now;
+    for (const auto& provider : m_providers) {
+        provider->synchronize();
+    }
+}
+
+bool DockModel::isAttended() const
+{
+    const std::lock_guard lock(m_mutex);
+    return m_runLoop.now() - m_attendedAt < AttentionLasts;
+}
+
+void DockModel::windowAdded(const x11::TrackedWindowPtr& window)
+{
+    for (const auto& provider : m_providers) {
+        provider->windowAdded(window);
+    }
+}
+
+void DockModel::windowChanged(const x11::TrackedWindowPtr& before,
+                              const x11::TrackedWindowPtr& after)
+{
+    for (const auto& provider : m_providers) {
+        provider->windowChanged(before, after);
+    }
+}
+
+void DockModel::windowRemoved(const x11::TrackedWindowPtr& last)
+{
+    for (const auto& provider : m_providers) {
+        provider->windowRemoved(last);
+    }
+}
+
+void DockModel::currentDesktopChanged(int desktop)
+{
+    for (const auto& provider : m_providers) {
+        provider->currentDesktopChanged(desktop);
+    }
+}
+
+void DockModel::screensChanged()
+{
+    for (const auto& provider : m_providers) {
+        provider->screensChanged();
+    }
+}
+
+} // namespace lumbrix::platform

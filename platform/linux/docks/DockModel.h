@@ -1,0 +1,119 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// All docks of the display as one: which items there are, and which one the pointer is on.
+#pragma once
+
+#include <QtCore/QUrl>
+
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <vector>
+
+#include "platform/RunLoop.h"
+#include "platform/linux/applications/ApplicationRegistry.h"
+#include "platform/linux/applications/DesktopEntries.h"
+#include "platform/linux/docks/DockProvider.h"
+
+namespace lumbrix::platform
+{
+
+/// What an item says of itself now.
+struct DockItemView {
+    DockItemId id = 0;
+    QString title;
+    QUrl url; ///< of the application; empty for a minimised window
+    bool isRunning = false;
+    bool isMinimizedWindow = false;
+    QRect rect; ///< root pixels; magnified while the pointer is on it
+};
+
+/// The listener's part on the event thread, queries on any thread, the rest on the main thread.
+class DockModel final : public x11::WindowListener
+{
+public:
+    using Providers = std::vector<std::unique_ptr<DockProvider>>;
+    /// Windows whose pictures may be wanted soon, the most likely first. Event thread.
+    using Prefetch = std::function<void(const std::vector<xcb_window_t>&)>;
+
+    /// The providers in order of preference.
+    DockModel(RunLoop& runLoop, x11::WindowTracker& tracker, ApplicationRegistry& registry,
+              DesktopEntries& entries, Providers providers);
+    ~DockModel() override;
+
+    // Before start; called on the main thread.
+    void setSelectionChanged(std::function<void()> call) { m_selectionChanged = std::move(call); }
+    void setMenuOpened(std::function<void()> call) { m_menuOpened = std::move(call); }
+    void setChanged(std::function<void()> call) { m_changed = std::move(call); }
+    void setPrefetch(Prefetch prefetch) { m_prefetch = std::move(prefetch); }
+    /// After the windows have been fetched.
+    void start();
+
+    /// Of the first dock; 0 while none runs.
+    std::int32_t pid() const;
+    /// Of all docks, the first one's first, each from left to right or from top to bottom.
+    std::vector<DockItemId> items() const;
+    /// Null when it is gone.
+    std::optional<DockItemView> item(DockItemId id) const;
+    DockItemId selectedItem() const;
+    DockItemId itemAt(QPoint point) const;
+    /// The dock that the pointer was on last, else the first; null when none runs.
+    DockStatePtr currentDock() const;
+    /// The preferred one; null when none runs.
+    DockStatePtr firstDock() const;
+    /// Reads the docks' own preferences again. Main thread.
+    void synchronize();
+    /// Whether the pointer is or lately was on or near a dock, so that somebody is looking.
+    bool isAttended() const;
+
+    void windowAdded(const x11::TrackedWindowPtr& window) override;
+    void windowChanged(const x11::TrackedWindowPtr& before,
+                       const x11::TrackedWindowPtr& after) override;
+    void windowRemoved(const x11::TrackedWindowPtr& last) override;
+    void currentDesktopChanged(int desktop) override;
+    void popupMapped(const x11::PopupMapped& popup) override;
+    void pointerMoved(QPoint point, xcb_window_t childOfRoot) override;
+    void buttonPressed(int button, QPoint point) override;
+    void screensChanged() override;
+
+private:
+    struct Known {
+        DockProvider* provider = nullptr;
+        DockStatePtr state;
+    };
+
+    void collect();
+    bool updateSelection(); ///< with m_mutex held; whether it changed
+    const Known* dockWithWindow(xcb_window_t childOfRoot) const; ///< with m_mutex held
+    std::pair<DockStatePtr, const DockItem*> find(DockItemId id) const;
+    void prefetchNear(QPoint point) const;
+    std::vector<xcb_window_t> windowsOf(const DockItem& item) const;
+    void callOnMainThread(std::function<void()> DockModel::*call);
+
+    RunLoop& m_runLoop;
+    x11::WindowTracker& m_tracker;
+    ApplicationRegistry& m_registry;
+    DesktopEntries& m_entries;
+    const Providers m_providers;
+    std::function<void()> m_selectionChanged;
+    std::function<void()> m_menuOpened;
+    std::function<void()> m_changed;
+    Prefetch m_prefetch;
+    const std::shared_ptr<bool> m_alive = std::make_shared<bool>(true); ///< main thread
+    double m_synchronizedAt = -1e9;                                     ///< main thread
+
+    std::mutex m_collectMutex; ///< keeps states from overtaking one another; before m_mutex
+    mutable std::mutex m_mutex;
+    std::vector<Known> m_docks; // this and what follows guarded by m_mutex
+    QPoint m_pointer;
+    xcb_window_t m_childUnderPointer = XCB_NONE;
+    xcb_window_t m_lastDock = XCB_NONE; ///< window of the dock the pointer was on last
+    bool m_isOverDock = false;
+    bool m_isNear = false;
+    double m_attendedAt = -1e9;
+    DockItemId m_selected = 0;
+};
+
+} // namespace lumbrix::platform

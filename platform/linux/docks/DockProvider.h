@@ -1,0 +1,45 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// Knows one kind of dock.
+#pragma once
+
+#include <functional>
+
+#include "platform/linux/docks/DockItem.h"
+#include "platform/linux/x11/WindowTracker.h"
+
+namespace lumbrix::platform
+{
+
+/// The listener's part on the event thread. States may change on the event thread and on the main
+/// thread; `changed` is called without a lock held each time.
+class DockProvider : public x11::WindowListener
+{
+public:
+    virtual const char* name() const = 0;
+    /// Starts to look for docks. Main thread, after the windows have been fetched.
+    virtual void start() = 0;
+    /// One state per running dock of this kind. Any thread.
+    virtual std::vector<DockStatePtr> states() const = 0;
+    /// The pointer came onto one of its docks: places may be looked at more closely. Event thread.
+    virtual void pointerEntered() {}
+    /// Reads the dock's own preferences again. Main thread.
+    virtual void synchronize() {}
+
+    /// Before start.
+    void setChanged(std::function<void()> changed) { m_changed = std::move(changed); }
+
+protected:
+    void notifyChanged() const
+    {
+        if (m_changed) {
+            m_changed();
+        }
+    }
+
+private:
+    std::function<void()> m_changed;
+};
+
+} // namespace lumbrix::platform

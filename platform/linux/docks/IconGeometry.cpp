@@ -1,0 +1,135 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include "platform/linux/docks/IconGeometry.h"
+
+#include <algorithm>
+#include <tuple>
+
+namespace lumbrix::platform
+{
+
+namespace
+{
+
+// A hidden panel lies off the screen by about its breadth.
+constexpr int MaximalMiss = 200;
+
+bool overlapsAlong(const QRect& icon, const QRect& dock)
+{
+    const int middle = dock.width() >= dock.height() ? icon.center().x() : icon.center().y();
+    const int start = dock.width() >= dock.height() ? dock.x() : dock.y();
+    return middle >= start && middle < start + std::max(dock.width(), dock.height());
+}
+
+// Up to both edges of the dock: the pointer at the very edge of the screen is on the icon, and
+// nothing beside the icon may lie on the dock.
+QRect acrossDock(const QRect& icon, const QRect& dock, DockEdge edge)
+{
+    if (isHorizontal(edge)) {
+        return {icon.x(), dock.y(), icon.width(), dock.height()};
+    }
+    return {dock.x(), icon.y(), dock.width(), icon.height()};
+}
+
+DockItemId reuseId(const std::vector<xcb_window_t>& windows, std::vector<DockItem>& previous)
+{
+    for (DockItem& item : previous) {
+        const bool shares = std::ranges::any_of(item.windows, [&](xcb_window_t window) {
+            return std::ranges::find(windows, window) != windows.end();
+        });
+        if (shares && item.id != 0) {
+            return std::exchange(item.id, 0);
+        }
+    }
+    return newDockItemId();
+}
+
+} // namespace
+
+bool isIconPlace(const QRect& rect)
+{
+    return rect.width() >= MinimalIconSide && rect.height() >= MinimalIconSide;
+}
+
+int dockOfIcon(const QRect& icon, const std::vector<DockWindow>& docks)
+{
+    int best = -1;
+    std::int64_t bestDistance = std::int64_t{MaximalMiss} * MaximalMiss;
+    for (std::size_t i = 0; i < docks.size(); ++i) {
+        const QRect& dock = docks[i].bounds;
+        const std::int64_t distance = squaredDistance(icon.center(), dock);
+        if ((distance == 0 || overlapsAlong(icon, dock)) && distance < bestDistance) {
+            best = static_cast<int>(i);
+            bestDistance = distance;
+        }
+    }
+    return best;
+}
+
+std::vector<DockItem> deriveItems(const std::vector<PlacedWindow>& windows, const QRect& dock,
+                                  DockEdge edge, const std::vector<DockItem>& previous)
+{
+    struct Button {
+        QRect place;
+        std::vector<xcb_window_t> windows;
+        bool allIconic = true;
+    };
+    std::vector<Button> buttons;
+    for (const PlacedWindow& window : windows) {
+        auto it = std::ranges::find(buttons, window.place, &Button::place);
+        if (it == buttons.end()) {
+            it = buttons.insert(buttons.end(), {.place = window.place, .windows = {}});
+        }
+        it->windows.push_back(window.window);
+        it->allIconic = it->allIconic && window.isIconic;
+    }
+    std::vector<DockItem> kept = previous;
+    std::vector<DockItem> items;
+    for (Button& button : buttons) {
+        const QRect raw = button.place.translated(dock.topLeft());
+        QRect rect = acrossDock(raw, dock, edge);
+        // Several rows of buttons share the breadth.
+        const bool crowded = std::ranges::any_of(buttons, [&](const Button& other) {
+            return other.place != button.place &&
+                   other.place.translated(dock.topLeft()).intersects(rect);
+        });
+        if (crowded) {
+            rect = raw;
+        }
+        std::ranges::sort(button.windows);
+        items.push_back({.id = reuseId(button.windows, kept),
+                         .desktopFile = {},
+                         .windows = button.windows,
+                         .isMinimizedWindow = button.windows.size() == 1 && button.allIconic,
+                         .rect = rect,
+                         .magnified = rect});
+    }
+    std::ranges::stable_sort(items, {}, [edge](const DockItem& item) {
+        return isHorizontal(edge) ? std::tuple(item.rect.x(), item.rect.y())
+                                  : std::tuple(item.rect.y(), item.rect.x());
+    });
+    return items;
+}
+
+DockEdge edgeOfDock(const QRect& dock, const QRect& screen, const QMargins& strut)
+{
+    if (strut.bottom() > 0) {
+        return DockEdge::Bottom;
+    }
+    if (strut.left() > 0) {
+        return DockEdge::Left;
+    }
+    if (strut.right() > 0) {
+        return DockEdge::Right;
+    }
+    if (strut.top() > 0) {
+        return DockEdge::Top;
+    }
+    if (dock.width() >= dock.height()) {
+        return dock.center().y() < screen.center().y() ? DockEdge::Top : DockEdge::Bottom;
+    }
+    return dock.center().x() < screen.center().x() ? DockEdge::Left : DockEdge::Right;
+}
+
+} // namespace lumbrix::platform

@@ -1,0 +1,27 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// The preferences of the dock that the pointer was on last.
+#pragma once
+
+#include "platform/DockPreferences.h"
+#include "platform/linux/docks/DockModel.h"
+
+namespace lumbrix::platform
+{
+
+class LinuxDockPreferences final : public DockPreferences
+{
+public:
+    explicit LinuxDockPreferences(DockModel& docks) : m_docks(docks) {}
+
+    void synchronize() override { m_docks.synchronize(); }
+    std::optional<QString> orientation() override;
+    std::optional<int> magnification() override;
+    std::optional<int> autohide() override;
+
+private:
+    DockModel& m_docks;
+};
+
+} // namespace lumbrix::platform

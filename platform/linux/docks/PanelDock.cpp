@@ -1,0 +1,236 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include "platform/linux/docks/PanelDock.h"
+
+#include <algorithm>
+
+namespace lumbrix::platform
+{
+
+namespace
+{
+
+// Panels that animate their buttons write a place every 17 ms.
+constexpr double SettleTime = 0.030;
+
+// Plank tells wrong places; it has a provider of its own.
+bool isOthersDock(const x11::TrackedWindow& window) { return window.classInstance == u"plank"; }
+
+bool isDock(const x11::TrackedWindow& window) { return window.type == x11::WindowType::Dock; }
+
+bool isShownOn(const x11::TrackedWindow& window, int desktop)
+{
+    return window.desktop < 0 || window.desktop == desktop;
+}
+
+} // namespace
+
+PanelDock::PanelDock(RunLoop& runLoop, x11::WindowTracker& tracker, const x11::PointSpace& space,
+                     StrutReader strutReader)
+    : m_runLoop(runLoop), m_tracker(tracker), m_space(space), m_strutReader(std::move(strutReader))
+{
+}
+
+PanelDock::~PanelDock()
+{
+    *m_alive = false;
+    m_runLoop.cancelPreviousPerformRequests(this);
+}
+
+void PanelDock::start()
+{
+    for (const x11::TrackedWindowPtr& window : m_tracker.windows()) {
+        notePlace(*window, m_runLoop.now() - 1.0); // written before we came, so it stands
+    }
+    derive();
+}
+
+std::vector<DockStatePtr> PanelDock::states() const
+{
+    const std::lock_guard lock(m_mutex);
+    return m_states;
+}
+
+void PanelDock::synchronize() { derive(); }
+
+std::vector<DockWindow> PanelDock::dockWindows(bool withoutOthers) const
+{
+    std::vector<DockWindow> docks;
+    for (const x11::TrackedWindowPtr& window : m_tracker.windows()) {
+        if (isDock(*window) && !(withoutOthers && isOthersDock(*window))) {
+            docks.push_back({window->id, window->frame, window->bounds});
+        }
+    }
+    return docks;
+}
+
+void PanelDock::notePlace(const x11::TrackedWindow& window, double writtenAt)
+{
+    if (!window.iconGeometry || !isIconPlace(*window.iconGeometry) || isDock(window)) {
+        return;
+    }
+    // Among all docks: a place on a dock that is not ours to know must not be taken for a near one.
+    const std::vector<DockWindow> docks = dockWindows(false);
+    const int index = dockOfIcon(*window.iconGeometry, docks);
+    if (index < 0) {
+        return;
+    }
+    const DockWindow& dock = docks[static_cast<std::size_t>(index)];
+    const std::lock_guard lock(m_mutex);
+    Placement& placement = m_placements[window.id][dock.id];
+    placement.written = *window.iconGeometry;
+    placement.writtenAt = writtenAt;
+    placement.place = window.iconGeometry->translated(-dock.bounds.topLeft());
+}
+
+void PanelDock::windowAdded(const x11::TrackedWindowPtr& window)
+{
+    if (isDock(*window)) {
+        // Windows may have been placed before their panel's window was known.
+        for (const x11::TrackedWindowPtr& other : m_tracker.windows()) {
+            notePlace(*other, m_runLoop.now());
+        }
+    } else {
+        notePlace(*window, m_runLoop.now());
+    }
+    scheduleDerivation();
+}
+
+void PanelDock::windowChanged(const x11::TrackedWindowPtr& before,
+                              const x11::TrackedWindowPtr& after)
+{
+    const bool isPlaced = before->iconGeometrySerial != after->iconGeometrySerial;
+    if (isPlaced) {
+        notePlace(*after, m_runLoop.now());
+    }
+    const bool isDockMoved = (isDock(*after) || isDock(*before)) &&
+                             (before->bounds != after->bounds || before->frame != after->frame ||
+                              before->type != after->type);
+    if (isPlaced || isDockMoved || before->isIconic != after->isIconic ||
+        before->desktop != after->desktop || before->skipTaskbar != after->skipTaskbar) {
+        scheduleDerivation();
+    }
+}
+
+void PanelDock::windowRemoved(const x11::TrackedWindowPtr& last)
+{
+    {
+        const std::lock_guard lock(m_mutex);
+        m_placements.erase(last->id);
+        for (auto& [window, placements] : m_placements) {
+            placements.erase(last->id);
+        }
+    }
+    scheduleDerivation();
+}
+
+void PanelDock::currentDesktopChanged(int) { scheduleDerivation(); }
+
+void PanelDock::screensChanged() { scheduleDerivation(); }
+
+void PanelDock::scheduleDerivation()
+{
+    if (m_isScheduled.exchange(true)) {
+        return;
+    }
+    m_runLoop.performOnMainThread(
+        [this, alive = m_alive] {
+            if (*alive) {
+                m_runLoop.performAfterDelay(this, SettleTime, [this] {
+                    m_isScheduled = false;
+                    derive();
+                });
+            }
+        },
+        false);
+}
+
+bool PanelDock::settle(double now)
+{
+    bool anyFresh = false;
+    for (auto& [window, placements] : m_placements) {
+        for (auto& [panel, placement] : placements) {
+            if (now - placement.writtenAt >= SettleTime) {
+                placement.settled = placement.place;
+            } else {
+                anyFresh = true;
+            }
+        }
+    }
+    return anyFresh;
+}
+
+void PanelDock::derive()
+{
+    const std::vector<x11::TrackedWindowPtr> windows = m_tracker.windows();
+    bool anyFresh = false;
+    {
+        const std::lock_guard lock(m_mutex);
+        anyFresh = settle(m_runLoop.now());
+    }
+    std::vector<DockStatePtr> states;
+    for (const x11::TrackedWindowPtr& window : windows) {
+        if (isDock(*window) && !isOthersDock(*window)) {
+            states.push_back(makeState(*window, windows));
+            if (!states.back()->items.empty()) {
+                m_everUsed.insert(window->id);
+            }
+        }
+    }
+    // A panel with a task bar comes before one with a clock, also while no window is open.
+    std::ranges::stable_partition(states, [this](const DockStatePtr& state) {
+        return m_everUsed.contains(state->windows.front().id);
+    });
+    {
+        const std::lock_guard lock(m_mutex);
+        m_states = std::move(states);
+    }
+    notifyChanged();
+    if (anyFresh) {
+        scheduleDerivation();
+    }
+}
+
+DockStatePtr PanelDock::makeState(const x11::TrackedWindow& panel,
+                                  const std::vector<x11::TrackedWindowPtr>& windows)
+{
+    auto state = std::make_shared<DockState>();
+    const std::optional<QMargins> strut =
+        m_strutReader ? m_strutReader(panel.id) : std::optional<QMargins>();
+    state->pid = panel.pid.value_or(0);
+    state->edge = edgeOfDock(panel.bounds, screenOf(panel.bounds), strut.value_or(QMargins()));
+    state->hides = strut && strut->isNull();
+    state->windows.push_back({panel.id, panel.frame, panel.bounds});
+
+    const int desktop = m_tracker.currentDesktop();
+    std::vector<PlacedWindow> placed;
+    const std::lock_guard lock(m_mutex);
+    for (const x11::TrackedWindowPtr& window : windows) {
+        const auto known = m_placements.find(window->id);
+        if (known == m_placements.end() || !isShownOn(*window, desktop) || window->skipTaskbar) {
+            continue;
+        }
+        const auto own = known->second.find(panel.id);
+        if (own != known->second.end() && own->second.settled) {
+            placed.push_back({window->id, *own->second.settled, window->isIconic});
+        }
+    }
+    std::vector<DockItem> previous;
+    for (const DockStatePtr& old : m_states) {
+        if (old->windows.front().id == panel.id) {
+            previous = old->items;
+        }
+    }
+    state->items = deriveItems(placed, panel.bounds, state->edge, previous);
+    return state;
+}
+
+QRect PanelDock::screenOf(const QRect& panel) const
+{
+    const std::vector<QRect> screens = m_space.screens();
+    return *std::ranges::min_element(
+        screens, {}, [&](const QRect& screen) { return squaredDistance(panel.center(), screen); });
+}
+
+} // namespace lumbrix::platform

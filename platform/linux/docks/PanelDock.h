@@ -1,0 +1,79 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// Any panel with a task bar: its buttons are where it says that it shows the windows' icons.
+#pragma once
+
+#include <QtCore/QMargins>
+
+#include <atomic>
+#include <map>
+#include <mutex>
+#include <set>
+
+#include "platform/RunLoop.h"
+#include "platform/linux/docks/DockProvider.h"
+#include "platform/linux/docks/IconGeometry.h"
+#include "platform/linux/x11/PointSpace.h"
+
+namespace lumbrix::platform
+{
+
+class PanelDock final : public DockProvider
+{
+public:
+    /// The space that a window keeps free at each edge of the screen; null when it does not say.
+    /// Main thread; may ask the server.
+    using StrutReader = std::function<std::optional<QMargins>(xcb_window_t)>;
+
+    /// Main thread, as is the destructor.
+    PanelDock(RunLoop& runLoop, x11::WindowTracker& tracker, const x11::PointSpace& space,
+              StrutReader strutReader);
+    ~PanelDock() override;
+
+    const char* name() const override { return "panel"; }
+    void start() override;
+    std::vector<DockStatePtr> states() const override;
+    void synchronize() override;
+
+    void windowAdded(const x11::TrackedWindowPtr& window) override;
+    void windowChanged(const x11::TrackedWindowPtr& before,
+                       const x11::TrackedWindowPtr& after) override;
+    void windowRemoved(const x11::TrackedWindowPtr& last) override;
+    void currentDesktopChanged(int desktop) override;
+    void screensChanged() override;
+
+private:
+    /// Where one panel window shows one window.
+    struct Placement {
+        QRect written; ///< in root pixels
+        double writtenAt = 0.0;
+        QRect place;                  ///< counted from the panel's corner, as it was when written
+        std::optional<QRect> settled; ///< the last place that stood for a while
+    };
+    using Placements = std::map<xcb_window_t, Placement>; ///< by panel window
+
+    void notePlace(const x11::TrackedWindow& window, double writtenAt);
+    void scheduleDerivation();
+    void derive();
+    /// True when a place is too fresh to be believed.
+    bool settle(double now);
+    DockStatePtr makeState(const x11::TrackedWindow& panel,
+                           const std::vector<x11::TrackedWindowPtr>& windows);
+    std::vector<DockWindow> dockWindows(bool withoutOthers) const;
+    QRect screenOf(const QRect& panel) const;
+
+    RunLoop& m_runLoop;
+    x11::WindowTracker& m_tracker;
+    const x11::PointSpace& m_space;
+    const StrutReader m_strutReader;
+    const std::shared_ptr<bool> m_alive = std::make_shared<bool>(true); ///< main thread
+    std::atomic<bool> m_isScheduled{false};
+    std::set<xcb_window_t> m_everUsed; ///< panels that showed a window once; main thread
+
+    mutable std::mutex m_mutex;
+    std::map<xcb_window_t, Placements> m_placements; // guarded by m_mutex; by shown window
+    std::vector<DockStatePtr> m_states;              // guarded by m_mutex
+};
+
+} // namespace lumbrix::platform

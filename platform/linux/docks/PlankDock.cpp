@@ -1,0 +1,155 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include "platform/linux/docks/PlankDock.h"
+
+#include <algorithm>
+
+#include "platform/linux/docks/PlankBus.h"
+
+namespace lumbrix::platform
+{
+
+PlankDock::PlankDock(RunLoop& runLoop, x11::WindowTracker& tracker, const QDBusConnection& bus)
+    : m_runLoop(runLoop), m_tracker(tracker), m_bus(std::make_unique<PlankBus>(runLoop, bus))
+{
+    m_bus->setChanged([this] { rebuild(); });
+}
+
+PlankDock::~PlankDock() { *m_alive = false; }
+
+void PlankDock::start() { m_bus->start(); }
+
+std::vector<DockStatePtr> PlankDock::states() const
+{
+    const std::lock_guard lock(m_mutex);
+    return m_state ? std::vector{m_state} : std::vector<DockStatePtr>();
+}
+
+// Everything is put together on the main thread, where D-Bus and the preferences answer.
+void PlankDock::onMainThread(void (PlankDock::*step)())
+{
+    m_runLoop.performOnMainThread(
+        [this, step, alive = m_alive] {
+            if (*alive) {
+                (this->*step)();
+            }
+        },
+        false);
+}
+
+void PlankDock::refresh() { m_bus->refresh(); }
+
+void PlankDock::pointerEntered() { onMainThread(&PlankDock::refresh); }
+
+void PlankDock::synchronize() { rebuild(); }
+
+bool PlankDock::isOwnDock(const x11::TrackedWindow& window) const
+{
+    const std::lock_guard lock(m_mutex);
+    return window.type == x11::WindowType::Dock && m_pid != 0 && window.pid == m_pid;
+}
+
+void PlankDock::windowAdded(const x11::TrackedWindowPtr& window)
+{
+    if (isOwnDock(*window)) {
+        onMainThread(&PlankDock::rebuild);
+        onMainThread(&PlankDock::refresh);
+    }
+}
+
+void PlankDock::windowChanged(const x11::TrackedWindowPtr& before,
+                              const x11::TrackedWindowPtr& after)
+{
+    if (isOwnDock(*after) && (before->frameBounds != after->frameBounds ||
+                              before->frame != after->frame || before->type != after->type)) {
+        onMainThread(&PlankDock::rebuild);
+        onMainThread(&PlankDock::refresh);
+    }
+}
+
+void PlankDock::windowRemoved(const x11::TrackedWindowPtr& last)
+{
+    if (isOwnDock(*last)) {
+        onMainThread(&PlankDock::rebuild);
+    }
+}
+
+std::optional<PlankSettings::Values> PlankDock::readSettings()
+{
+    const QString& dock = m_bus->dockName();
+    if (dock.isEmpty()) {
+        return std::nullopt;
+    }
+    if (!m_settings || m_settingsName != dock) {
+        m_settingsName = dock;
+        m_settings = std::make_unique<PlankSettings>(dock, [this] {
+            onMainThread(&PlankDock::rebuild);
+            onMainThread(&PlankDock::refresh);
+        });
+    }
+    return m_settings->read();
+}
+
+void PlankDock::rebuild()
+{
+    DockStatePtr state;
+    const std::int32_t pid = m_bus->pid();
+    if (pid != 0) {
+        state = makeState(pid);
+    }
+    {
+        const std::lock_guard lock(m_mutex);
+        m_pid = pid;
+        m_state = std::move(state);
+    }
+    notifyChanged();
+}
+
+DockStatePtr PlankDock::makeState(std::int32_t pid)
+{
+    auto state = std::make_shared<DockState>();
+    state->pid = pid;
+    state->edge = m_bus->edge();
+    PlankLook look;
+    if (const auto settings = readSettings()) {
+        look = settings->look;
+        state->magnifies = look.magnifies;
+        state->hides = settings->hides;
+        if (m_bus->items().empty()) {
+            state->edge = settings->edge;
+        }
+    }
+    for (const x11::TrackedWindowPtr& window : m_tracker.windows()) {
+        if (window->type == x11::WindowType::Dock && window->pid == pid) {
+            state->windows.push_back({window->id, window->frame, window->bounds});
+        }
+    }
+    if (state->windows.empty()) {
+        return state;
+    }
+    std::vector<QPoint> points;
+    for (const PlankItem& item : m_bus->items()) {
+        points.push_back(item.hoverPoint);
+    }
+    const auto places = plankPlaces(points, state->edge, state->windows.front().bounds, look);
+    for (std::size_t i = 0; i < places.size(); ++i) {
+        const QString& desktopFile = m_bus->items()[i].desktopFile;
+        DockItemId& id = m_ids[desktopFile];
+        if (id == 0) {
+            id = newDockItemId();
+        }
+        state->items.push_back({.id = id,
+                                .desktopFile = desktopFile,
+                                .windows = {},
+                                .isMinimizedWindow = false,
+                                .rect = places[i].rect,
+                                .magnified = places[i].magnified});
+    }
+    std::ranges::stable_sort(state->items, {}, [&](const DockItem& item) {
+        return isHorizontal(state->edge) ? item.rect.x() : item.rect.y();
+    });
+    return state;
+}
+
+} // namespace lumbrix::platform

@@ -1,0 +1,82 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include "platform/linux/docks/PlankGeometry.h"
+
+#include <algorithm>
+
+namespace lumbrix::platform
+{
+
+namespace
+{
+
+// How far the point lies from the screen's edge that the dock is on.
+int depthOf(QPoint point, DockEdge edge, const QRect& dock)
+{
+    switch (edge) {
+    case DockEdge::Left:
+        return point.x() - dock.x();
+    case DockEdge::Right:
+        return dock.x() + dock.width() - point.x();
+    case DockEdge::Top:
+        return point.y() - dock.y();
+    case DockEdge::Bottom:
+        break;
+    }
+    return dock.y() + dock.height() - point.y();
+}
+
+QRect standingOnEdge(int centre, int length, int depth, DockEdge edge, const QRect& dock)
+{
+    const int start = centre - length / 2;
+    switch (edge) {
+    case DockEdge::Left:
+        return {dock.x(), start, depth, length};
+    case DockEdge::Right:
+        return {dock.x() + dock.width() - depth, start, depth, length};
+    case DockEdge::Top:
+        return {start, dock.y(), length, depth};
+    case DockEdge::Bottom:
+        break;
+    }
+    return {start, dock.y() + dock.height() - depth, length, depth};
+}
+
+} // namespace
+
+std::vector<PlankPlace> plankPlaces(const std::vector<QPoint>& hoverPoints, DockEdge edge,
+                                    const QRect& dock, const PlankLook& look)
+{
+    const auto along = [edge](QPoint point) { return isHorizontal(edge) ? point.x() : point.y(); };
+    std::vector<int> centres;
+    for (const QPoint point : hoverPoints) {
+        centres.push_back(along(point));
+    }
+    std::ranges::sort(centres);
+    // Themes pad icons by a quarter of their size; neighbours tell the padding exactly. An item in
+    // between that is no application makes a gap, never a shorter distance.
+    const int usual = look.iconSize + look.iconSize / 4;
+    int pitch = 0;
+    for (std::size_t i = 1; i < centres.size(); ++i) {
+        const int distance = centres[i] - centres[i - 1];
+        if (distance >= look.iconSize && (pitch == 0 || distance < pitch)) {
+            pitch = distance;
+        }
+    }
+    if (pitch == 0 || pitch > 2 * look.iconSize) {
+        pitch = usual;
+    }
+    const int growth =
+        look.magnifies ? look.iconSize * std::max(look.zoomPercent - 100, 0) / 100 : 0;
+    std::vector<PlankPlace> places;
+    for (const QPoint point : hoverPoints) {
+        // The point keeps clear of the magnified icon, so without the growth it bounds the rest.
+        const int depth = std::clamp(pitch, 1, std::max(depthOf(point, edge, dock) - growth, 1));
+        places.push_back({standingOnEdge(along(point), pitch, depth, edge, dock),
+                          standingOnEdge(along(point), pitch, depth + growth, edge, dock)});
+    }
+    return places;
+}
+
+} // namespace lumbrix::platform

@@ -1,0 +1,34 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// Where Plank's icons are, from what it tells of each: a point beside the icon, in the middle of
+// its length and clear of it even when it is magnified.
+#pragma once
+
+#include <QtCore/QPoint>
+#include <QtCore/QRect>
+
+#include <vector>
+
+#include "platform/linux/docks/DockItem.h"
+
+namespace lumbrix::platform
+{
+
+struct PlankLook {
+    int iconSize = 48;
+    bool magnifies = false;
+    int zoomPercent = 150;
+};
+
+struct PlankPlace {
+    QRect rect;
+    QRect magnified;
+};
+
+/// For each hover point, in the same order, the item's place; `dock` is the dock's window, which
+/// ends at the screen's edge. Pure.
+std::vector<PlankPlace> plankPlaces(const std::vector<QPoint>& hoverPoints, DockEdge edge,
+                                    const QRect& dock, const PlankLook& look);
+
+} // namespace lumbrix::platform
