@@ -78,7 +78,7 @@ void PanelBackground::arrange()
     QRect picture = body.adjusted(padding, padding, -padding, m_borderless ? 0 : -line - 1);
     m_parts.image->setGeometry(picture);
     if (m_borderless && !m_parts.image->image().isNull())
-        picture = m_parts.image->pictureRect().translated(picture.topLeft());
+        picture = pictureRect();
 
     // The row below the picture, or at its lower edge: the title in the middle, the key at the end.
     QRect row(body.left(), body.top() + body.height() - line - 1, body.width(), line);
@@ -134,8 +134,7 @@ QPainterPath PanelBackground::outlinePath() const
         path.addRoundedRect(QRectF(body()).adjusted(-1, -1, 1, 1), m_cornerRadius + 1,
                             m_cornerRadius + 1);
     } else {
-        const QRect picture =
-            m_parts.image->pictureRect().translated(m_parts.image->geometry().topLeft());
+        const QRect picture = pictureRect();
         path.addRoundedRect(QRectF(picture), m_parts.image->cornerRadius(),
                             m_parts.image->cornerRadius());
         for (const QWidget* part : std::initializer_list<QWidget*>{m_parts.title, m_parts.key}) {
@@ -187,28 +186,39 @@ void PanelBackground::resizeEvent(QResizeEvent* event)
     Q_EMIT outlinePathChanged();
 }
 
+QRect PanelBackground::pictureRect() const
+{
+    return m_parts.image->pictureRect().translated(m_parts.image->geometry().topLeft());
+}
+
+void PanelBackground::paintShadow(QPainter& painter, const QRectF& around, qreal radius) const
+{
+    // It falls downward, and ends where the panel does; the numbers are distance and strength.
+    constexpr std::array<std::pair<int, int>, 4> layers{{{4, 7}, {3, 12}, {2, 18}, {1, 26}}};
+    const int room = BodyMargins.right();
+    painter.setPen(Qt::NoPen);
+    for (const auto& [distance, alpha] : layers) {
+        painter.setBrush(QColor(0, 0, 0, alpha));
+        const int side = std::min(distance, room);
+        painter.drawRoundedRect(around.adjusted(-side, 1.5 - distance, side, 1.5 + distance),
+                                radius + distance, radius + distance);
+    }
+}
+
 void PanelBackground::paintBody(QPainter& painter) const
 {
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(Qt::NoPen);
     const QRectF body = this->body();
     if (m_shaped) {
         painter.fillRect(rect(), onGrey(m_outline));
     } else {
-        // A soft shadow that falls downward; the numbers are distance and strength.
-        constexpr std::array<std::pair<int, int>, 4> shadow{{{4, 7}, {3, 12}, {2, 18}, {1, 26}}};
-        for (const auto& [distance, alpha] : shadow) {
-            painter.setBrush(QColor(0, 0, 0, alpha));
-            const qreal side = std::min(distance, 3);
-            painter.drawRoundedRect(body.adjusted(-side, 1.5 - distance, side, 1.5 + distance),
-                                    m_cornerRadius + distance, m_cornerRadius + distance);
-        }
+        paintShadow(painter, body, m_cornerRadius);
         painter.setCompositionMode(QPainter::CompositionMode_Source);
     }
 
     QLinearGradient gradient(body.topLeft(), body.bottomLeft());
     gradient.setColorAt(0, m_shaped ? opaque(m_fillTop) : m_fillTop);
     gradient.setColorAt(1, m_shaped ? opaque(m_fillBottom) : m_fillBottom);
+    painter.setPen(Qt::NoPen);
     painter.setBrush(gradient);
     painter.drawRoundedRect(body, m_cornerRadius, m_cornerRadius);
 
@@ -225,27 +235,41 @@ void PanelBackground::paintBody(QPainter& painter) const
                             m_cornerRadius - 0.5);
 }
 
+void PanelBackground::paintPictureEdge(QPainter& painter) const
+{
+    if (m_shaped)
+        return;
+    const QRectF picture = pictureRect();
+    paintShadow(painter, picture, m_parts.image->cornerRadius());
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QPen(m_outline, 1));
+    painter.drawRoundedRect(picture.adjusted(-0.5, -0.5, 0.5, 0.5), m_cornerRadius + 0.5,
+                            m_cornerRadius + 0.5);
+}
+
 void PanelBackground::paintEvent(QPaintEvent*)
 {
-    if (!hasBody())
-        return;
-    // The panels of a set look alike and are painted again with every new picture, so the body is
-    // drawn once and shared.
-    const QString key = u"lumbrix-panel/%1/%2/%3/%4x%5/%6/%7%8"_qs.arg(m_fillTop.rgba())
-                            .arg(m_outline.rgba())
-                            .arg(m_cornerRadius)
-                            .arg(width())
-                            .arg(height())
-                            .arg(devicePixelRatioF())
-                            .arg(m_hovered)
-                            .arg(m_shaped);
+    // The panels of a set look alike and are painted again with every new picture, so what lies
+    // below the parts is drawn once and shared.
+    const bool isBody = hasBody();
+    const QRect part = isBody ? body() : pictureRect();
+    QString key = u"lumbrix-panel/"_qs;
+    for (const qreal number :
+         {qreal(m_fillTop.rgba()), qreal(m_outline.rgba()), m_cornerRadius, qreal(width()),
+          qreal(height()), devicePixelRatioF(), qreal(m_hovered), qreal(m_shaped), qreal(isBody),
+          qreal(part.width()), qreal(part.height())})
+        key += QString::number(number) + QLatin1Char('/');
     QPixmap pixmap;
     if (!QPixmapCache::find(key, &pixmap)) {
         pixmap = QPixmap((QSizeF(size()) * devicePixelRatioF()).toSize());
         pixmap.setDevicePixelRatio(devicePixelRatioF());
         pixmap.fill(Qt::transparent);
         QPainter painter(&pixmap);
-        paintBody(painter);
+        painter.setRenderHint(QPainter::Antialiasing);
+        if (isBody)
+            paintBody(painter);
+        else
+            paintPictureEdge(painter);
         painter.end();
         QPixmapCache::insert(key, pixmap);
     }

@@ -66,7 +66,10 @@ protected:
 private:
     QRect body() const;
     bool hasBody() const;
+    QRect pictureRect() const;
+    void paintShadow(QPainter& painter, const QRectF& around, qreal radius) const;
     void paintBody(QPainter& painter) const;
+    void paintPictureEdge(QPainter& painter) const;
 
     Parts m_parts;
     QColor m_fillTop;

@@ -1,0 +1,109 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// Shows preview panels of every style to look at. Not a test.
+//
+//   panel_gallery [--shaped] [--hover] [--controls] [--keys] [--size WxH]
+//                 [--columns N] [--wallpaper FILE] [--title TEXT] PICTURE...
+//
+// The pictures are dealt out in turn. The panels stay until the program is ended.
+
+#include <QtCore/QCommandLineParser>
+#include <QtGui/QScreen>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QLabel>
+
+#include <array>
+
+#include "platform/qt/QtRunLoop.h"
+#include "tests/preview/PanelDesktop.h"
+
+using namespace lumbrix;
+
+namespace
+{
+
+const std::array Styles{"ScreenyView",     "ScreenyViewBlack", "ScreenyViewBorderless",
+                        "ScreenyViewBlue", "ScreenyViewRed",   "ScreenyViewGreen"};
+
+void showWallpaper(QLabel& label, const QString& file, QSize screen)
+{
+    label.setWindowFlags(Qt::Window | Qt::BypassWindowManagerHint);
+    label.setPixmap(QPixmap(file).scaled(screen, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+    // A window of the screen's full size makes compositors stop compositing.
+    label.setGeometry(QRect(QPoint(), screen - QSize(1, 1)));
+    label.show();
+}
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    QApplication application(argc, argv);
+    QCommandLineParser parser;
+    const auto flag = [&parser](const char* name) {
+        parser.addOption(QCommandLineOption(QString::fromLatin1(name)));
+    };
+    const auto value = [&parser](const char* name, const char* preset) {
+        parser.addOption(QCommandLineOption(QString::fromLatin1(name), {}, QStringLiteral("value"),
+                                            QString::fromLatin1(preset)));
+    };
+    flag("shaped");
+    flag("hover");
+    flag("controls");
+    flag("keys");
+    value("size", "243x190");
+    value("columns", "3");
+    value("wallpaper", "");
+    value("title", "");
+    parser.process(application);
+    const auto isSet = [&parser](const char* name) {
+        return parser.isSet(QString::fromLatin1(name));
+    };
+    const auto given = [&parser](const char* name) {
+        return parser.value(QString::fromLatin1(name));
+    };
+
+    platform::QtRunLoop runLoop;
+    test::PanelDesktop desktop(runLoop);
+    const QSize screen = QGuiApplication::primaryScreen()->size();
+    desktop.screen = screen;
+    desktop.origin = {};
+    desktop.blends = !isSet("shaped");
+    test::PanelHost host;
+    host.settingsMirror.showFastKeys = isSet("keys");
+
+    QLabel wallpaper;
+    if (!given("wallpaper").isEmpty())
+        showWallpaper(wallpaper, given("wallpaper"), screen);
+
+    const QStringList size = given("size").split(QLatin1Char('x'));
+    const QSizeF panel(size.value(0).toDouble(), size.value(1).toDouble());
+    const int columns = given("columns").toInt();
+    const QStringList pictures = parser.positionalArguments();
+    for (std::size_t i = 0; i < Styles.size(); ++i) {
+        const ScreenyViewPtr preview = ScreenyView::load(QString::fromLatin1(Styles.at(i)), host);
+        if (!preview)
+            return 1;
+        const int n = static_cast<int>(i);
+        host.previews.push_back(preview);
+        preview->setElementRef(std::make_shared<SWElement>(test::PanelDesktop::window(n != 1)));
+        const QString picture = pictures.isEmpty() ? QString() : pictures.at(n % pictures.size());
+        preview->setImage(QImage(picture));
+        preview->setTitleString(given("title").isEmpty() ? picture.section(QLatin1Char('/'), -1)
+                                                         : given("title"));
+        preview->setITunes(isSet("controls"));
+        host.state = n % 2 ? QStringLiteral("playing") : QStringLiteral("stopped");
+        const int row = n / columns;
+        preview->window()->setFrame(
+            QRectF(QPointF(30 + (n % columns) * panel.width(),
+                           screen.height() - 20 - (row + 1) * (panel.height() + 10)),
+                   panel));
+        preview->setTrackingRect();
+        preview->setShortcut();
+        preview->orderFront();
+        if (isSet("hover"))
+            preview->mouseEntered();
+    }
+    return QApplication::exec();
+}

@@ -1,0 +1,476 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include <gtest/gtest.h>
+
+#include <QtTest/QTest>
+#include <QtWidgets/QAbstractButton>
+
+#include "preview/DisplayText.h"
+#include "preview/ScreenyView.h"
+#include "preview/TitleLabel.h"
+#include "tests/preview/PanelDesktop.h"
+#include "tests/support/VirtualRunLoop.h"
+
+namespace lumbrix::test
+{
+namespace
+{
+
+QImage picture(QSize size = {600, 400})
+{
+    QImage image(size, QImage::Format_RGB32);
+    image.fill(Qt::darkCyan);
+    return image;
+}
+
+class Panel : public testing::Test
+{
+protected:
+    ScreenyViewPtr load(const QString& style = QStringLiteral("ScreenyView"))
+    {
+        ScreenyViewPtr preview = ScreenyView::load(style, host);
+        host.previews.push_back(preview);
+        preview->window()->setFrame({0, 20, 243, 190});
+        return preview;
+    }
+    /// A preview of a window, tracked and on screen.
+    ScreenyViewPtr show(bool closable = true)
+    {
+        ScreenyViewPtr preview = load();
+        element = std::make_shared<SWElement>(PanelDesktop::window(closable));
+        element->setPid(42);
+        element->setScreenshot(picture());
+        preview->setElementRef(element);
+        preview->setImage(element->screenshot());
+        preview->setTrackingRect();
+        preview->orderFront();
+        return preview;
+    }
+    static QWidget* part(const ScreenyViewPtr& preview, const char* name)
+    {
+        return preview->window()->findChild<QWidget*>(QString::fromLatin1(name));
+    }
+    /// The names of the control pictures that are shown.
+    static QStringList controls(const ScreenyViewPtr& preview)
+    {
+        QStringList names;
+        for (const QAbstractButton* button :
+             preview->contentView()->findChildren<QAbstractButton*>()) {
+            if (button->objectName().isEmpty() && !button->isHidden())
+                names += button->property("imageName").toString();
+        }
+        return names;
+    }
+    void expectDone(const char* what, const QStringList& expected)
+    {
+        runLoop.runUntilIdle();
+        EXPECT_EQ(desktop.log, expected) << what;
+        desktop.log.clear();
+    }
+
+    VirtualRunLoop runLoop;
+    PanelDesktop desktop{runLoop};
+    PanelHost host;
+    SWElementPtr element;
+    const QStringList raised{QStringLiteral("AXRaise"), QStringLiteral("AXRaise")};
+};
+
+TEST_F(Panel, everyStyle_hasItsPartsAtEverySize)
+{
+    for (const char* style : {"ScreenyView", "ScreenyViewBlack", "ScreenyViewBorderless",
+                              "ScreenyViewBlue", "ScreenyViewRed", "ScreenyViewGreen"}) {
+        SCOPED_TRACE(style);
+        const ScreenyViewPtr preview = load(QString::fromLatin1(style));
+        ASSERT_TRUE(preview);
+        EXPECT_TRUE(preview->isCloseButtonHidden());
+        preview->setElementRef(std::make_shared<SWElement>(PanelDesktop::window()));
+        preview->setImage(picture());
+        preview->setTitleString(QStringLiteral("A title"));
+        host.settingsMirror.showFastKeys = 1;
+        preview->setShortcut();
+        for (const QSizeF size : {QSizeF(100, 80), QSizeF(243, 190), QSizeF(600, 450)}) {
+            preview->window()->setFrame({{10, 20}, size});
+            preview->orderFront();
+            const QRect all = preview->contentView()->rect();
+            EXPECT_EQ(all.size(), size.toSize());
+            QWidget* const title = part(preview, part(preview, "title") ? "title" : "titleLabel");
+            for (QWidget* widget : {part(preview, "image"), part(preview, "closeButton"),
+                                    part(preview, "fastKeyButton"), title}) {
+                ASSERT_TRUE(widget);
+                EXPECT_TRUE(all.contains(widget->geometry())) << qPrintable(widget->objectName());
+            }
+            EXPECT_GT(title->width(), 20);
+            EXPECT_FALSE(title->geometry().intersects(part(preview, "fastKeyButton")->geometry()));
+        }
+    }
+    EXPECT_FALSE(ScreenyView::load(QStringLiteral("NoSuchStyle"), host));
+}
+
+TEST_F(Panel, frames_neighboursTouchAndOriginIsBottomLeft)
+{
+    const ScreenyViewPtr left = load();
+    const ScreenyViewPtr right = load();
+    left->window()->setFrame({10.25, 30.5, 96.3, 80.7});
+    right->window()->setFrame({106.55, 30.5, 96.3, 80.7});
+    const QRect a = left->window()->geometry();
+    const QRect b = right->window()->geometry();
+    EXPECT_EQ(a.x() + a.width(), b.x());
+    // The lower edge, 30.5 above the bottom of a 900 high screen whose top is at 50.
+    EXPECT_EQ(a.y() + a.height(), 50 + 870);
+    EXPECT_EQ(a.topLeft(), QPoint(110, 50 + 789));
+    EXPECT_EQ(left->window()->frame(), QRectF(10.25, 30.5, 96.3, 80.7));
+}
+
+TEST_F(Panel, titles_areShownAsOneLineOfPlainText)
+{
+    const ScreenyViewPtr preview = load();
+    const QString markup = QStringLiteral("<b>a &amp; b</b> [*]");
+    preview->setTitleString(markup);
+    EXPECT_EQ(preview->titleString(), markup);
+    EXPECT_EQ(static_cast<TitleLabel*>(part(preview, "title"))->text(), markup);
+    EXPECT_EQ(displayText(QStringLiteral("a\nb\tc\u2028d  e")), QStringLiteral("a b c d  e"));
+    // Half a character, alone and where a very long title is cut.
+    EXPECT_EQ(displayText(QString(QChar(0xd83d)) + QLatin1Char('x')), QStringLiteral("\ufffdx"));
+    const QString cut = displayText(QLatin1Char('x') + u"\U0001f600"_qs.repeated(50000));
+    EXPECT_LT(cut.size(), 500);
+    EXPECT_TRUE(cut.isValidUtf16());
+    preview->setTitleString(QString(100000, QLatin1Char('W')));
+    preview->orderFront();
+    preview->window()->grab();
+    EXPECT_LE(part(preview, "title")->width(), 243);
+}
+
+TEST_F(Panel, samePicture_isNotPaintedAgain)
+{
+    struct PaintCounter : QObject {
+        int count = 0;
+        bool eventFilter(QObject*, QEvent* event) override
+        {
+            count += event->type() == QEvent::Paint;
+            return false;
+        }
+    } painted;
+    const ScreenyViewPtr preview = show();
+    QApplication::processEvents();
+    part(preview, "image")->installEventFilter(&painted);
+    preview->setImage(QImage(element->screenshot()));
+    QApplication::processEvents();
+    EXPECT_EQ(painted.count, 0);
+    preview->setImage(picture());
+    QApplication::processEvents();
+    EXPECT_EQ(painted.count, 1);
+}
+
+TEST_F(Panel, withoutBlending_theCornersAreCutOffAndTheCloseButtonIsNot)
+{
+    const ScreenyViewPtr preview = show();
+    EXPECT_TRUE(preview->window()->mask().isEmpty());
+    preview->window()->orderOut();
+    desktop.blends = false;
+    preview->orderFront();
+    const QRegion resting = preview->window()->mask();
+    EXPECT_FALSE(resting.contains(QPoint(14, 14)));
+    EXPECT_TRUE(resting.contains(QPoint(120, 90)));
+    preview->mouseEntered();
+    EXPECT_TRUE(preview->window()->mask().contains(QPoint(14, 14)));
+    preview->mouseExited();
+    EXPECT_EQ(preview->window()->mask(), resting);
+}
+
+TEST_F(Panel, mouseEntered_offersToCloseWhatCanBeClosed)
+{
+    const ScreenyViewPtr closable = show();
+    closable->mouseEntered();
+    EXPECT_FALSE(closable->isCloseButtonHidden());
+    EXPECT_TRUE(closable->isCloseButtonEnabled());
+    QTest::mouseClick(part(closable, "closeButton"), Qt::LeftButton);
+    expectDone("close", {QStringLiteral("AXPress")});
+    closable->mouseExited();
+    EXPECT_TRUE(closable->isCloseButtonHidden());
+    EXPECT_EQ(host.log, QStringList{QStringLiteral("mouseExited")});
+
+    const ScreenyViewPtr fixed = show(false);
+    fixed->mouseEntered();
+    EXPECT_FALSE(fixed->isCloseButtonEnabled());
+    fixed->clickCloseButton();
+    expectDone("disabled", {});
+
+    // Invisible, yet not hidden: the engine reads from it that the mouse is inside.
+    host.settingsMirror.hideClose = 1;
+    const ScreenyViewPtr invisible = show();
+    invisible->mouseEntered();
+    EXPECT_FALSE(invisible->isCloseButtonHidden());
+    EXPECT_FALSE(invisible->isCloseButtonEnabled());
+    EXPECT_EQ(part(invisible, "closeButton")->property("alpha").toDouble(), 0.0);
+}
+
+TEST_F(Panel, mouseEnteredDragging_activatesWithoutControlsOrZoom)
+{
+    host.settingsMirror.zoomWindows = 1;
+    const ScreenyViewPtr preview = show();
+    desktop.buttons = 3;
+    preview->mouseEntered();
+    EXPECT_FALSE(preview->isCloseButtonHidden());
+    preview->mouseExited();
+    desktop.buttons = 1;
+    preview->mouseEntered();
+    EXPECT_TRUE(preview->isCloseButtonHidden());
+    expectDone("drag", raised);
+    runLoop.advance(1);
+    EXPECT_FALSE(preview->zoomWindow());
+}
+
+TEST_F(Panel, click_raisesTheWindow)
+{
+    const ScreenyViewPtr preview = show();
+    QTest::mouseClick(part(preview, "image"), Qt::LeftButton);
+    expectDone("picture", raised);
+    QTest::mouseClick(part(preview, "title"), Qt::LeftButton);
+    expectDone("title", raised);
+    QTest::mouseClick(preview->contentView(), Qt::LeftButton, {}, {120, 175});
+    expectDone("panel", raised);
+
+    desktop.applications = {{7, {}, {}, {}, {}}, {42, {}, {}, {}, QUrl(u"file:///x"_qs)}};
+    desktop.modifiers = 0x80000;
+    preview->clickImage();
+    expectDone("option alone", raised);
+    desktop.modifiers = 0x180000;
+    preview->clickImage();
+    expectDone("option and command", QStringList{QStringLiteral("hide 7")} + raised);
+    desktop.modifiers = 0;
+    preview->setITunes(true);
+    preview->clickImage();
+    expectDone("player", QStringList{QStringLiteral("launch file:///x 30100")} + raised);
+
+    host.settingsMirror.closeOnClick = 1;
+    preview->clickImage();
+    expectDone("close on click", QStringList{QStringLiteral("launch file:///x 30100")} + raised);
+    EXPECT_TRUE(host.previews.empty());
+    EXPECT_FALSE(preview->elementRef());
+    preview->clickImage();
+    preview->closeWindow();
+    expectDone("idle", {});
+    preview->setICal(true);
+    preview->clickImage();
+    preview->setBusyCal(true);
+    preview->clickImage();
+    expectDone("calendar", {QStringLiteral("launch iCal"), QStringLiteral("launch BusyCal")});
+}
+
+TEST_F(Panel, controls_followTheApplicationAndThePlayer)
+{
+    const ScreenyViewPtr preview = show();
+    preview->mouseEntered();
+    EXPECT_EQ(controls(preview), QStringList());
+    preview->mouseExited();
+    const struct {
+        void (ScreenyView::*flag)(bool);
+        const char* state;
+        QStringList expected;
+    } cases[] = {
+        {&ScreenyView::setITunes, "unknown", {u"skipLeft"_qs, u"skipRight"_qs}},
+        {&ScreenyView::setITunes, "playing", {u"skipLeft"_qs, u"skipRight"_qs, u"pause"_qs}},
+        {&ScreenyView::setITunes, "stopped", {u"skipLeft"_qs, u"skipRight"_qs, u"play"_qs}},
+        {&ScreenyView::setMail, "", {u"mailGet"_qs}},
+        {&ScreenyView::setVLC, "", {u"skipLeft"_qs, u"skipRight"_qs, u"playPause"_qs}},
+        {&ScreenyView::setQuickTime, "", {u"playPause"_qs}},
+    };
+    for (const auto& [flag, state, expected] : cases) {
+        SCOPED_TRACE(qPrintable(expected.join(u" ")));
+        preview->clearAppFlags();
+        (preview.get()->*flag)(true);
+        host.state = QString::fromLatin1(state);
+        host.settingsMirror.hideControls = 1;
+        preview->mouseEntered();
+        EXPECT_EQ(controls(preview), QStringList());
+        preview->mouseExited();
+        host.settingsMirror.hideControls = 0;
+        preview->mouseEntered();
+        EXPECT_EQ(controls(preview), expected);
+        preview->mouseExited();
+        EXPECT_EQ(controls(preview), QStringList());
+    }
+}
+
+TEST_F(Panel, controls_areLargeFrom180PointsOn)
+{
+    const ScreenyViewPtr preview = show();
+    preview->setVLC(true);
+    preview->mouseEntered();
+    const auto hit = [&](qreal x, qreal y) {
+        host.log.clear();
+        return preview->clickControlAt({x, y}) ? host.log.join(u" ") : QString();
+    };
+    preview->window()->setFrame({0, 20, 180, 190});
+    preview->mouseEntered();
+    // c = 81: previous at 51, play at 81, next at 111, each 30 wide and high, 40 from the bottom.
+    EXPECT_EQ(hit(52, 41), u"skipLeft");
+    EXPECT_EQ(hit(110, 69), u"playPause");
+    EXPECT_EQ(hit(140, 69), u"skipRight");
+    EXPECT_EQ(hit(50, 55), QString());
+    EXPECT_EQ(hit(95, 39), QString());
+    EXPECT_EQ(hit(95, 71), QString());
+    preview->window()->setFrame({0, 20, 179.9, 190});
+    preview->mouseEntered();
+    // c = 85.95: previous at 66, play at 86, next at 106, each 20 wide and high, 30 from the
+    // bottom.
+    EXPECT_EQ(hit(67, 31), u"skipLeft");
+    EXPECT_EQ(hit(105, 49), u"playPause");
+    EXPECT_EQ(hit(125, 49), u"skipRight");
+    EXPECT_EQ(hit(95, 51), QString());
+
+    preview->clearAppFlags();
+    preview->setITunes(true);
+    host.state = QStringLiteral("stopped");
+    preview->mouseExited();
+    preview->mouseEntered();
+    EXPECT_EQ(hit(95, 40), u"play");
+    EXPECT_TRUE(preview->isPlaying());
+    EXPECT_TRUE(controls(preview).contains(u"pause"_qs));
+    preview->rebirth();
+    EXPECT_EQ(hit(95, 40), QString());
+}
+
+TEST_F(Panel, zoom_showsOnceThePointerRestsInside)
+{
+    const ScreenyViewPtr preview = show();
+    preview->mouseEntered();
+    runLoop.advance(1);
+    EXPECT_FALSE(preview->zoomWindow()) << "switched off";
+    preview->mouseExited();
+
+    host.settingsMirror.zoomWindows = 1;
+    preview->mouseEntered();
+    for (int i = 0; i < 10; ++i) {
+        desktop.mouse += QPointF(1, 0);
+        runLoop.advance(0.015);
+    }
+    EXPECT_FALSE(preview->zoomWindow()) << "moving";
+    runLoop.advance(0.05);
+    ASSERT_TRUE(preview->zoomWindow());
+    EXPECT_TRUE(preview->zoomWindow()->isVisible());
+    EXPECT_EQ(preview->zoomWindow()->frame(), QRectF(200, 400, 600, 400));
+    EXPECT_TRUE(preview->zoomWindow()->windowFlags() & Qt::WindowTransparentForInput);
+    EXPECT_EQ(runLoop.runningThreads(), 0);
+
+    const auto shown = [&] { return preview->zoomWindow()->grab().toImage().pixelColor(5, 5); };
+    QImage next(600, 400, QImage::Format_RGB32);
+    next.fill(Qt::red);
+    element->setScreenshot(next);
+    runLoop.advance(0.45);
+    EXPECT_EQ(shown(), QColor(Qt::darkCyan));
+    runLoop.advance(0.1);
+    EXPECT_EQ(shown(), QColor(Qt::red));
+
+    // The click waits a moment, so that the window is in front before its zoom goes.
+    const double before = runLoop.now();
+    preview->clickImage();
+    EXPECT_NEAR(runLoop.now() - before, 0.05, 1e-6);
+    EXPECT_FALSE(preview->zoomWindow());
+    preview->mouseExited();
+
+    host.settingsMirror.disableLivePreviews = 1;
+    preview->mouseEntered();
+    runLoop.advance(0.05);
+    ASSERT_TRUE(preview->zoomWindow());
+    element->setScreenshot(picture());
+    runLoop.advance(2);
+    EXPECT_EQ(shown(), QColor(Qt::red));
+    preview->mouseExited();
+    EXPECT_FALSE(preview->zoomWindow());
+}
+
+TEST_F(Panel, zoomWatcher_neverActsOnALaterLife)
+{
+    host.settingsMirror.zoomWindows = 1;
+    ScreenyViewPtr preview = show();
+    preview->mouseEntered();
+    EXPECT_EQ(runLoop.runningThreads("zoom"), 1);
+    preview->dismiss();
+    // Reused and hovered before the first watcher woke up; the second has to see 20 ms of rest.
+    runLoop.advance(0.015);
+    preview->setElementRef(element);
+    element->setScreenshot(picture());
+    preview->mouseEntered();
+    runLoop.advance(0.01);
+    EXPECT_FALSE(preview->zoomWindow());
+    runLoop.advance(0.02);
+    EXPECT_TRUE(preview->zoomWindow());
+
+    // Nor on one that is gone.
+    preview->mouseExited();
+    preview->mouseEntered();
+    host.previews.clear();
+    host.cache.clear();
+    preview.reset();
+    runLoop.advance(1);
+    EXPECT_EQ(runLoop.runningThreads(), 0);
+}
+
+TEST_F(Panel, shortcuts_areForTheFirstTen)
+{
+    host.settingsMirror.showFastKeys = 1;
+    std::vector<ScreenyViewPtr> previews;
+    for (int i = 0; i < 12; ++i)
+        previews.push_back(show());
+    for (const ScreenyViewPtr& preview : previews) {
+        preview->setShortcut();
+        preview->setShortcut(); // in place of the former, not in addition
+    }
+    ASSERT_EQ(host.hotKeys.size(), 10u);
+    EXPECT_EQ(host.hotKeys[9]->identifier, u"0");
+    EXPECT_EQ(host.hotKeys[0]->keyCombo, (SGKeyCombo{SWElement::keyCodeForNumberKey(1), 256}));
+    const auto label = [&](std::size_t i) {
+        const auto* key = static_cast<QAbstractButton*>(part(previews[i], "fastKeyButton"));
+        return key->isHidden() ? QString() : key->text();
+    };
+    EXPECT_EQ(label(0), QStringLiteral("\u23181"));
+    EXPECT_EQ(label(9), QStringLiteral("\u23180"));
+    EXPECT_EQ(label(10), QString());
+    host.hotKeys[3]->action();
+    expectDone("key", raised);
+
+    previews[3]->rebirth();
+    EXPECT_EQ(host.hotKeys.size(), 9u);
+    EXPECT_EQ(label(3), QString());
+    host.settingsMirror.showFastKeys = 0;
+    previews[2]->setShortcut();
+    EXPECT_EQ(host.hotKeys.size(), 8u);
+    // A preview that the engine does not list, such as a sample, stands for no position.
+    host.settingsMirror.showFastKeys = 1;
+    host.previews.clear();
+    previews[2]->setShortcut();
+    EXPECT_EQ(label(2), QStringLiteral("\u23180"));
+}
+
+TEST_F(Panel, rebirth_leavesAnIdlePanelThatShowsNothingOfItsFormerLife)
+{
+    host.settingsMirror.hideClose = 1;
+    const ScreenyViewPtr preview = show();
+    preview->setBusyCal(true);
+    preview->setVLC(true);
+    preview->mouseEntered();
+    preview->prepareForCal();
+    preview->setUpCalView();
+    EXPECT_TRUE(part(preview, "image")->isHidden());
+    element->setScreenshot(picture());
+    preview->dismiss();
+    EXPECT_FALSE(preview->window()->isVisible());
+    EXPECT_FALSE(preview->elementRef());
+    EXPECT_TRUE(preview->image().isNull());
+    EXPECT_TRUE(element->screenshot().isNull());
+    EXPECT_FALSE(preview->iCalView());
+    EXPECT_TRUE(preview->isCloseButtonHidden());
+    EXPECT_TRUE(preview->isCloseButtonEnabled());
+    EXPECT_EQ(part(preview, "closeButton")->property("alpha").toDouble(), 1.0);
+    EXPECT_FALSE(part(preview, "image")->isHidden());
+    EXPECT_FALSE(part(preview, "title")->isHidden());
+    EXPECT_FALSE(preview->VLC() || preview->BusyCal());
+    EXPECT_EQ(host.cache, std::vector<ScreenyViewPtr>{preview});
+    preview->mouseEntered();
+    EXPECT_TRUE(preview->isCloseButtonHidden());
+}
+
+} // namespace
+} // namespace lumbrix::test

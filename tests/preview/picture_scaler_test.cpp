@@ -1,0 +1,142 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include "preview/PictureScaler.h"
+
+#include <gtest/gtest.h>
+
+#include <QtCore/QRandomGenerator>
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+#include <vector>
+
+namespace lumbrix
+{
+namespace
+{
+
+/// Noise on the left, hard edges on the right: what is worst for a filter's rounding.
+QImage testPicture(QSize size, QImage::Format format)
+{
+    QRandomGenerator random(7);
+    QImage image(size, QImage::Format_ARGB32);
+    for (int y = 0; y < size.height(); ++y) {
+        for (int x = 0; x < size.width(); ++x) {
+            const bool isNoise = x < size.width() / 2;
+            const QRgb hard = (x / 3 + y / 5) % 2 ? 0xffffffff : 0xff000000;
+            image.setPixel(x, y, isNoise ? random.generate() : hard);
+        }
+    }
+    return image.convertToFormat(format);
+}
+
+using Taps = std::vector<std::pair<int, double>>;
+
+/// Per target sample of an axis, the source samples and their exact shares: of the area covered
+/// when the axis shrinks, of the nearest two centres when it grows.
+std::vector<Taps> exactTaps(int source, int target)
+{
+    std::vector<Taps> axis;
+    const double ratio = static_cast<double>(source) / target;
+    for (int at = 0; at < target; ++at) {
+        Taps& taps = axis.emplace_back();
+        if (ratio > 1) {
+            const double begin = at * ratio;
+            const double end = begin + ratio;
+            for (int i = static_cast<int>(begin); i < std::min<double>(end, source); ++i)
+                taps.emplace_back(i, (std::min(end, i + 1.0) - std::max<double>(begin, i)) / ratio);
+        } else {
+            const double centre = std::clamp((at + 0.5) * ratio - 0.5, 0.0, source - 1.0);
+            const int low = static_cast<int>(centre);
+            taps.emplace_back(low, 1 - (centre - low));
+            taps.emplace_back(std::min(low + 1, source - 1), centre - low);
+        }
+    }
+    return axis;
+}
+
+double exact(const QImage& image, const Taps& columns, const Taps& rows, int index)
+{
+    double sum = 0;
+    for (const auto& [row, rowWeight] : rows) {
+        const uchar* line = image.constScanLine(row) + index;
+        for (const auto& [column, columnWeight] : columns)
+            sum += rowWeight * columnWeight * line[column * 4];
+    }
+    return sum;
+}
+
+TEST(PictureScaler, anyRatio_isTheExactAreaAverage)
+{
+    const struct {
+        QSize source;
+        QSize target;
+    } cases[] = {
+        {{1280, 240}, {243, 45}}, {{341, 279}, {100, 95}}, {{257, 131}, {256, 130}},
+        {{97, 61}, {96, 31}},     {{2000, 30}, {13, 30}},  {{33, 2100}, {7, 5}},
+        {{61, 37}, {183, 111}},   {{40, 300}, {95, 77}},   {{1, 1}, {5, 3}},
+        {{5, 3}, {1, 1}},         {{3, 2}, {2, 2}},
+    };
+    for (const QImage::Format format :
+         {QImage::Format_RGB32, QImage::Format_ARGB32_Premultiplied}) {
+        const int channels = format == QImage::Format_RGB32 ? 3 : 4;
+        for (const auto& [sourceSize, target] : cases) {
+            SCOPED_TRACE(testing::Message() << sourceSize.width() << "x" << sourceSize.height()
+                                            << " to " << target.width() << "x" << target.height());
+            const QImage source = testPicture(sourceSize, format);
+            const QImage result = scaledPicture(source, target);
+            ASSERT_EQ(result.size(), target);
+            ASSERT_EQ(result.format(), format);
+            const std::vector<Taps> columns = exactTaps(sourceSize.width(), target.width());
+            const std::vector<Taps> rows = exactTaps(sourceSize.height(), target.height());
+            double squares = 0;
+            double worst = 0;
+            for (int y = 0; y < target.height(); ++y) {
+                for (int x = 0; x < target.width(); ++x) {
+                    for (int c = 0; c < channels; ++c) {
+                        const double error = std::abs(result.constScanLine(y)[x * 4 + c] -
+                                                      exact(source, columns[x], rows[y], c));
+                        squares += error * error;
+                        worst = std::max(worst, error);
+                    }
+                }
+            }
+            const double mean = squares / (1.0 * target.width() * target.height() * channels);
+            EXPECT_LT(worst, 1.0);
+            EXPECT_GT(10 * std::log10(255.0 * 255.0 / std::max(mean, 1e-9)), 54.0);
+        }
+    }
+}
+
+TEST(PictureScaler, flatPictures_keepTheirColourAtEveryRatio)
+{
+    for (const QRgb colour : {0xff000000, 0xffffffff, 0xff8040c1}) {
+        for (const QSize source : {QSize(1280, 800), QSize(5000, 31), QSize(3, 9000)}) {
+            QImage flat(source, QImage::Format_RGB32);
+            flat.fill(colour);
+            const QImage small = scaledPicture(flat, {37, 29});
+            for (int y = 0; y < small.height(); ++y) {
+                for (int x = 0; x < small.width(); ++x)
+                    ASSERT_EQ(small.pixel(x, y), colour) << x << "," << y;
+            }
+        }
+    }
+}
+
+TEST(PictureScaler, degenerateInput_givesNothingOrTheSourceItself)
+{
+    EXPECT_TRUE(scaledPicture({}, {10, 10}).isNull());
+    QImage image = testPicture({20, 10}, QImage::Format_RGB32);
+    EXPECT_TRUE(scaledPicture(image, {0, 10}).isNull());
+    EXPECT_EQ(scaledPicture(image, image.size()).cacheKey(), image.cacheKey());
+    image.setDevicePixelRatio(2);
+    EXPECT_EQ(scaledPicture(image, {10, 5}).devicePixelRatio(), 1);
+    // Formats a capture or an artwork may have.
+    EXPECT_EQ(scaledPicture(image.convertToFormat(QImage::Format_Grayscale8), {9, 4}).format(),
+              QImage::Format_RGB32);
+}
+
+} // namespace
+} // namespace lumbrix
