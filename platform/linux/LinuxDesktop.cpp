@@ -46,11 +46,12 @@ private:
 };
 
 // In order of preference: a dock that tells its items beats one whose buttons have to be guessed.
-DockModel::Providers makeDockProviders(RunLoop& runLoop, x11::X11Core& core)
+DockModel::Providers makeDockProviders(RunLoop& runLoop, x11::X11Core& core,
+                                       ApplicationRegistry& registry)
 {
     DockModel::Providers providers;
-    providers.push_back(
-        std::make_unique<PlankDock>(runLoop, core.tracker(), QDBusConnection::sessionBus()));
+    providers.push_back(std::make_unique<PlankDock>(runLoop, core.tracker(), registry,
+                                                    QDBusConnection::sessionBus()));
     providers.push_back(
         std::make_unique<PanelDock>(runLoop, core.tracker(), core.pointSpace(),
                                     [&connection = core.connection()](xcb_window_t window) {
@@ -71,7 +72,7 @@ public:
           m_raiser(m_core->tracker(), m_registry, clock(runLoop)),
           m_workspace(runLoop, m_core->tracker(), m_registry, m_entries, m_raiser),
           m_docks(runLoop, m_core->tracker(), m_registry, m_entries,
-                  makeDockProviders(runLoop, *m_core)),
+                  makeDockProviders(runLoop, *m_core, m_registry)),
           m_dockPreferences(m_docks),
           m_accessibility({runLoop, m_core->tracker(), m_core->pointSpace(), m_registry,
                            m_workspace, m_raiser, m_docks}),
@@ -80,10 +81,11 @@ public:
                   m_workspace, m_defaults,      m_dockPreferences}
     {
         m_core->windowServer().setOwnerPids(&m_ownerPids);
-        // An application is known before anything is told of its windows.
-        m_core->tracker().addListener(&m_registry);
-        m_core->tracker().addListener(&m_docks);
-        m_core->tracker().addListener(&m_accessibility);
+        for (x11::WindowListener* listener : std::initializer_list<x11::WindowListener*>{
+                 m_accessibility.listenerBeforeRegistry(), &m_registry, &m_docks,
+                 m_accessibility.listenerAfterRegistry()}) {
+            m_core->tracker().addListener(listener);
+        }
         m_docks.setPrefetch([this](const std::vector<xcb_window_t>& windows) {
             m_core->pictures().prefetch(windows);
         });

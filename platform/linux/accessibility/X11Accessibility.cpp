@@ -234,18 +234,19 @@ void X11Accessibility::post(std::int32_t pid, const ElementRef& element, const c
         false);
 }
 
-void X11Accessibility::windowAdded(const x11::TrackedWindowPtr& window)
+void X11Accessibility::Additions::windowAdded(const x11::TrackedWindowPtr& window)
 {
     if (isApplicationWindow(*window)) {
-        post(m.registry.ownerPidOf(*window), X11Element::window(window->id), "AXWindowCreated");
+        owner.post(owner.m.registry.ownerPidOf(*window), X11Element::window(window->id),
+                   "AXWindowCreated");
     }
 }
 
-void X11Accessibility::windowRemoved(const x11::TrackedWindowPtr& last)
+void X11Accessibility::Removals::windowRemoved(const x11::TrackedWindowPtr& last)
 {
     if (isApplicationWindow(*last)) {
-        post(m.registry.ownerOfRemoved(last->id), X11Element::goneWindow(last->id),
-             "AXUIElementDestroyed");
+        owner.post(owner.m.registry.ownerPidOf(*last), X11Element::goneWindow(last->id),
+                   "AXUIElementDestroyed");
     }
 }
 

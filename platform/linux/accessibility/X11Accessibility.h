@@ -19,9 +19,10 @@
 namespace lumbrix::platform
 {
 
-/// Made on the main thread before the event thread starts, as a listener behind the registry: an
-/// application is known before its window is announced.
-class X11Accessibility final : public Accessibility, public x11::WindowListener
+/// Made on the main thread before the event thread starts. An application is announced before its
+/// first window and its end after that of its last one, so it listens twice: behind the registry
+/// for new windows, before it for the ends of windows.
+class X11Accessibility final : public Accessibility
 {
 public:
     struct Parts {
@@ -55,10 +56,21 @@ public:
     std::unique_ptr<AXObserver> createObserver(std::int32_t pid,
                                                AXObserver::Callback callback) override;
 
-    void windowAdded(const x11::TrackedWindowPtr& window) override;
-    void windowRemoved(const x11::TrackedWindowPtr& last) override;
+    x11::WindowListener* listenerBeforeRegistry() { return &m_removals; }
+    x11::WindowListener* listenerAfterRegistry() { return &m_additions; }
 
 private:
+    struct Additions final : x11::WindowListener {
+        explicit Additions(X11Accessibility& owner) : owner(owner) {}
+        void windowAdded(const x11::TrackedWindowPtr& window) override;
+        X11Accessibility& owner;
+    };
+    struct Removals final : x11::WindowListener {
+        explicit Removals(X11Accessibility& owner) : owner(owner) {}
+        void windowRemoved(const x11::TrackedWindowPtr& last) override;
+        X11Accessibility& owner;
+    };
+
     AXResult systemWideAttribute(const QString& attribute);
     AXResult applicationAttribute(std::int32_t pid, const QString& attribute);
     AXResult dockAttribute(const QString& attribute);
@@ -78,6 +90,8 @@ private:
     void post(std::int32_t pid, const ElementRef& element, const char* notification);
 
     const Parts m;
+    Additions m_additions{*this};
+    Removals m_removals{*this};
     const std::shared_ptr<ObserverHub> m_hub = std::make_shared<ObserverHub>();
 };
 

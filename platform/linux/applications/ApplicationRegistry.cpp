@@ -253,12 +253,6 @@ std::int32_t ApplicationRegistry::meet(const x11::TrackedWindow& window)
     return insert(window, identify(window)).running.pid;
 }
 
-std::int32_t ApplicationRegistry::ownerOfRemoved(xcb_window_t id) const
-{
-    const std::lock_guard lock(m_mutex);
-    return m_lastRemoved.first == id ? m_lastRemoved.second : 0;
-}
-
 Application ApplicationRegistry::snapshot(const Group& group) const
 {
     Application result{.running = group.running,
@@ -434,8 +428,6 @@ void ApplicationRegistry::windowChanged(const x11::TrackedWindowPtr& before,
 void ApplicationRegistry::windowRemoved(const x11::TrackedWindowPtr& last)
 {
     const std::lock_guard lock(m_mutex);
-    const Group* group = groupOf(last->id);
-    m_lastRemoved = {last->id, group != nullptr ? group->running.pid : 0};
     remove(last->id);
 }
 

@@ -60,8 +60,6 @@ public:
 
     /// 0 when nothing is known of the owner. Also for windows the registry has not met yet.
     std::int32_t ownerPidOf(const x11::TrackedWindow& window);
-    /// Of the window that was removed last, whose group may be gone with it; 0 for another.
-    std::int32_t ownerOfRemoved(xcb_window_t id) const;
     std::vector<Application> applications();
     std::optional<Application> application(std::int32_t pid);
     /// The running application of a desktop entry, also where the entry is another one of the same
@@ -134,7 +132,6 @@ private:
     std::int32_t m_dockPid = 0;
     std::int32_t m_nextSyntheticPid = 0x40000000;
     std::int32_t m_activePid = 0;
-    std::pair<xcb_window_t, std::int32_t> m_lastRemoved{XCB_NONE, 0};
 };
 
 } // namespace lumbrix::platform

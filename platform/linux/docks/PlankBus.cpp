@@ -101,7 +101,7 @@ void PlankBus::ownerChanged(const QString& owner)
     m_owner = owner;
     m_pid = 0;
     m_dockName.clear();
-    m_items.clear();
+    m_items = {};
     m_isQuerying = false;
     m_isStale = false;
     m_failures = 0;
@@ -188,6 +188,9 @@ void PlankBus::refresh()
 
 void PlankBus::query()
 {
+    call(itemsCall(QStringLiteral("GetCount")), [this](const QDBusMessage& reply) {
+        m_count = isAnswer(reply, "i") ? reply.arguments().constFirst().toInt() : 0;
+    });
     call(itemsCall(QStringLiteral("GetPersistentApplications")), [this](const QDBusMessage& kept) {
         if (!isAnswer(kept, "as")) {
             queryFailed();
@@ -201,8 +204,8 @@ void PlankBus::query()
                      return;
                  }
                  QStringList all = uris + running.arguments().constFirst().toStringList();
+                 all.append(QString()); // answered with the first item that has no entry
                  all.removeDuplicates();
-                 all.removeAll(QString());
                  queryPositions(all);
              });
     });
@@ -210,12 +213,8 @@ void PlankBus::query()
 
 void PlankBus::queryPositions(const QStringList& uris)
 {
-    if (uris.isEmpty()) {
-        finishQuery({});
-        return;
-    }
     struct Collected {
-        std::vector<PlankItem> items;
+        PlankItems items;
         qsizetype missing = 0;
     };
     const auto collected = std::make_shared<Collected>();
@@ -226,9 +225,14 @@ void PlankBus::queryPositions(const QStringList& uris)
         call(message, [this, uri, collected](const QDBusMessage& reply) {
             const QVariantList values = reply.arguments();
             if (isAnswer(reply, "iiib") && values[3].toBool()) {
+                const QPoint point(values[0].toInt(), values[1].toInt());
                 const QUrl url(uri);
-                collected->items.push_back({url.isLocalFile() ? url.toLocalFile() : uri,
-                                            QPoint(values[0].toInt(), values[1].toInt())});
+                if (uri.isEmpty()) {
+                    collected->items.firstUnnamed = point;
+                } else {
+                    collected->items.named.push_back(
+                        {url.isLocalFile() ? url.toLocalFile() : uri, point});
+                }
                 m_edge = edgeOf(values[2].toInt());
             }
             if (--collected->missing == 0) {
@@ -238,11 +242,12 @@ void PlankBus::queryPositions(const QStringList& uris)
     }
 }
 
-void PlankBus::finishQuery(std::vector<PlankItem> items)
+void PlankBus::finishQuery(PlankItems items)
 {
     m_isQuerying = false;
     m_failures = 0;
     m_items = std::move(items);
+    m_items.count = m_count;
     if (m_onChanged) {
         m_onChanged();
     }

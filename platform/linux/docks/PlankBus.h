@@ -12,6 +12,7 @@
 #include <QtDBus/QDBusPendingCall>
 
 #include <functional>
+#include <optional>
 #include <vector>
 
 #include "platform/RunLoop.h"
@@ -23,6 +24,14 @@ namespace lumbrix::platform
 struct PlankItem {
     QString desktopFile;
     QPoint hoverPoint;
+};
+
+/// What Plank tells of its items. Those of programs without a desktop entry have no name on the
+/// bus: only their number and the place of the first one are known.
+struct PlankItems {
+    std::vector<PlankItem> named;
+    std::optional<QPoint> firstUnnamed;
+    int count = 0; ///< of all items
 };
 
 /// Main thread. A Plank that does not answer leaves the items as they were.
@@ -41,7 +50,7 @@ public:
     std::int32_t pid() const { return m_pid; }
     /// "dock1" or what the first dock is called; empty until known.
     const QString& dockName() const { return m_dockName; }
-    const std::vector<PlankItem>& items() const { return m_items; }
+    const PlankItems& items() const { return m_items; }
     DockEdge edge() const { return m_edge; }
 
     void setChanged(std::function<void()> changed) { m_onChanged = std::move(changed); }
@@ -56,7 +65,7 @@ private:
     void findDock();
     void query();
     void queryPositions(const QStringList& uris);
-    void finishQuery(std::vector<PlankItem> items);
+    void finishQuery(PlankItems items);
     void queryFailed();
     void refreshAfter(Seconds delay);
     void call(const QDBusMessage& message, Answer answer);
@@ -68,7 +77,8 @@ private:
     QString m_owner; ///< unique name; empty while none runs
     std::int32_t m_pid = 0;
     QString m_dockName;
-    std::vector<PlankItem> m_items;
+    PlankItems m_items;
+    int m_count = 0;
     DockEdge m_edge = DockEdge::Bottom;
 
     std::uint64_t m_generation = 0; ///< grows with each owner, to drop late answers

@@ -5,13 +5,13 @@
 
 #include <algorithm>
 
-#include "platform/linux/docks/PlankBus.h"
-
 namespace lumbrix::platform
 {
 
-PlankDock::PlankDock(RunLoop& runLoop, x11::WindowTracker& tracker, const QDBusConnection& bus)
-    : m_runLoop(runLoop), m_tracker(tracker), m_bus(std::make_unique<PlankBus>(runLoop, bus))
+PlankDock::PlankDock(RunLoop& runLoop, x11::WindowTracker& tracker, ApplicationRegistry& registry,
+                     const QDBusConnection& bus)
+    : m_runLoop(runLoop), m_tracker(tracker), m_registry(registry),
+      m_bus(std::make_unique<PlankBus>(runLoop, bus))
 {
     m_bus->setChanged([this] { rebuild(); });
 }
@@ -106,6 +106,46 @@ void PlankDock::rebuild()
     notifyChanged();
 }
 
+// An application without a desktop entry goes by the path of its made-up URL. With several of them
+// the dock shows them in the order in which they were started.
+std::vector<PlankItem> PlankDock::allItems(DockEdge edge, const PlankLook& look)
+{
+    const PlankItems& told = m_bus->items();
+    std::vector<PlankItem> items = told.named;
+    if (!told.firstUnnamed) {
+        return items;
+    }
+    std::vector<QUrl> named;
+    std::vector<int> centres;
+    for (const PlankItem& item : told.named) {
+        const QPoint point = item.hoverPoint;
+        centres.push_back(isHorizontal(edge) ? point.x() : point.y());
+        if (const auto application = m_registry.applicationForDesktopFile(item.desktopFile)) {
+            named.push_back(application->running.bundleURL);
+        }
+    }
+    std::vector<QString> unnamed;
+    for (const Application& application : m_registry.applications()) {
+        const QUrl& url = application.running.bundleURL;
+        if (application.isRegular && std::ranges::find(named, url) == named.end()) {
+            unnamed.push_back(url.toLocalFile());
+        }
+    }
+    const QPoint first = *told.firstUnnamed;
+    const int firstCentre = isHorizontal(edge) ? first.x() : first.y();
+    std::vector<int> known = centres;
+    known.push_back(firstCentre);
+    const int count = std::min(static_cast<int>(unnamed.size()),
+                               told.count - static_cast<int>(told.named.size()));
+    const std::vector<int> free =
+        plankFreeCentres(firstCentre, count, plankPitch(known, look.iconSize), centres);
+    for (std::size_t i = 0; i < free.size(); ++i) {
+        items.push_back({unnamed[i], isHorizontal(edge) ? QPoint(free[i], first.y())
+                                                        : QPoint(first.x(), free[i])});
+    }
+    return items;
+}
+
 DockStatePtr PlankDock::makeState(std::int32_t pid)
 {
     auto state = std::make_shared<DockState>();
@@ -116,7 +156,7 @@ DockStatePtr PlankDock::makeState(std::int32_t pid)
         look = settings->look;
         state->magnifies = look.magnifies;
         state->hides = settings->hides;
-        if (m_bus->items().empty()) {
+        if (m_bus->items().named.empty()) {
             state->edge = settings->edge;
         }
     }
@@ -129,12 +169,13 @@ DockStatePtr PlankDock::makeState(std::int32_t pid)
         return state;
     }
     std::vector<QPoint> points;
-    for (const PlankItem& item : m_bus->items()) {
+    const std::vector<PlankItem> items = allItems(state->edge, look);
+    for (const PlankItem& item : items) {
         points.push_back(item.hoverPoint);
     }
     const auto places = plankPlaces(points, state->edge, state->windows.front().bounds, look);
     for (std::size_t i = 0; i < places.size(); ++i) {
-        const QString& desktopFile = m_bus->items()[i].desktopFile;
+        const QString& desktopFile = items[i].desktopFile;
         DockItemId& id = m_ids[desktopFile];
         if (id == 0) {
             id = newDockItemId();

@@ -11,19 +11,20 @@
 #include <mutex>
 
 #include "platform/RunLoop.h"
+#include "platform/linux/applications/ApplicationRegistry.h"
 #include "platform/linux/docks/DockProvider.h"
+#include "platform/linux/docks/PlankBus.h"
 #include "platform/linux/docks/PlankSettings.h"
 
 namespace lumbrix::platform
 {
 
-class PlankBus;
-
 class PlankDock final : public DockProvider
 {
 public:
     /// Main thread, as is the destructor.
-    PlankDock(RunLoop& runLoop, x11::WindowTracker& tracker, const QDBusConnection& bus);
+    PlankDock(RunLoop& runLoop, x11::WindowTracker& tracker, ApplicationRegistry& registry,
+              const QDBusConnection& bus);
     ~PlankDock() override;
 
     const char* name() const override { return "plank"; }
@@ -46,9 +47,12 @@ private:
     void rebuild();
     DockStatePtr makeState(std::int32_t pid);
     std::optional<PlankSettings::Values> readSettings();
+    /// Everything on the dock that is an application: what it names, and what it must be showing.
+    std::vector<PlankItem> allItems(DockEdge edge, const PlankLook& look);
 
     RunLoop& m_runLoop;
     x11::WindowTracker& m_tracker;
+    ApplicationRegistry& m_registry;
     const std::shared_ptr<bool> m_alive = std::make_shared<bool>(true); ///< main thread
     std::unique_ptr<PlankBus> m_bus;
     std::unique_ptr<PlankSettings> m_settings;

@@ -4,6 +4,7 @@
 #include "platform/linux/docks/PlankGeometry.h"
 
 #include <algorithm>
+#include <cstdlib>
 
 namespace lumbrix::platform
 {
@@ -45,6 +46,37 @@ QRect standingOnEdge(int centre, int length, int depth, DockEdge edge, const QRe
 
 } // namespace
 
+int plankPitch(std::vector<int> centres, int iconSize)
+{
+    std::ranges::sort(centres);
+    // Themes pad icons by a quarter of their size; neighbours tell the padding exactly. An item in
+    // between that is no application makes a gap, never a shorter distance.
+    int pitch = 0;
+    for (std::size_t i = 1; i < centres.size(); ++i) {
+        const int distance = centres[i] - centres[i - 1];
+        if (distance >= iconSize && (pitch == 0 || distance < pitch)) {
+            pitch = distance;
+        }
+    }
+    return pitch == 0 || pitch > 2 * iconSize ? iconSize + iconSize / 4 : pitch;
+}
+
+std::vector<int> plankFreeCentres(int first, int count, int pitch, const std::vector<int>& told)
+{
+    std::vector<int> centres;
+    int centre = first;
+    for (int i = 0;
+         static_cast<int>(centres.size()) < count && i < count + static_cast<int>(told.size());
+         ++i, centre += pitch) {
+        const bool isTold = std::ranges::any_of(
+            told, [&](int other) { return std::abs(other - centre) < pitch / 2; });
+        if (!isTold) {
+            centres.push_back(centre);
+        }
+    }
+    return centres;
+}
+
 std::vector<PlankPlace> plankPlaces(const std::vector<QPoint>& hoverPoints, DockEdge edge,
                                     const QRect& dock, const PlankLook& look)
 {
@@ -53,20 +85,7 @@ std::vector<PlankPlace> plankPlaces(const std::vector<QPoint>& hoverPoints, Dock
     for (const QPoint point : hoverPoints) {
         centres.push_back(along(point));
     }
-    std::ranges::sort(centres);
-    // Themes pad icons by a quarter of their size; neighbours tell the padding exactly. An item in
-    // between that is no application makes a gap, never a shorter distance.
-    const int usual = look.iconSize + look.iconSize / 4;
-    int pitch = 0;
-    for (std::size_t i = 1; i < centres.size(); ++i) {
-        const int distance = centres[i] - centres[i - 1];
-        if (distance >= look.iconSize && (pitch == 0 || distance < pitch)) {
-            pitch = distance;
-        }
-    }
-    if (pitch == 0 || pitch > 2 * look.iconSize) {
-        pitch = usual;
-    }
+    const int pitch = plankPitch(std::move(centres), look.iconSize);
     const int growth =
         look.magnifies ? look.iconSize * std::max(look.zoomPercent - 100, 0) / 100 : 0;
     std::vector<PlankPlace> places;

@@ -26,6 +26,14 @@ struct PlankPlace {
     QRect magnified;
 };
 
+/// The distance from one item's middle to the next one's, told from the middles of some items along
+/// the edge. Pure.
+int plankPitch(std::vector<int> centres, int iconSize);
+
+/// Middles of `count` items that Plank does not tell, the first one of which is at `first`: those
+/// behind it, wherever none of the told ones is. Pure.
+std::vector<int> plankFreeCentres(int first, int count, int pitch, const std::vector<int>& told);
+
 /// For each hover point, in the same order, the item's place; `dock` is the dock's window, which
 /// ends at the screen's edge. Pure.
 std::vector<PlankPlace> plankPlaces(const std::vector<QPoint>& hoverPoints, DockEdge edge,
