@@ -13,6 +13,7 @@ namespace
 
 constexpr std::int64_t NearDistance = 150; ///< pixels; about 0.1 s of an approaching pointer
 constexpr double AttentionLasts = 10.0;    ///< seconds
+constexpr double MenuGrabLasts = 0.3;      ///< seconds
 constexpr double SynchronizeInterval = 1.0;
 constexpr std::size_t MaximalPrefetch = 30;
 
@@ -89,7 +90,19 @@ bool DockModel::updateSelection()
     const Known* dock = dockWithWindow(m_childUnderPointer);
     const DockItem* item = dock != nullptr ? dock->state->itemAt(m_pointer) : nullptr;
     const DockItemId selected = item != nullptr ? item->id : 0;
-    return std::exchange(m_selected, selected) != selected;
+    const DockItemId before = std::exchange(m_selected, selected);
+    if (before == selected) {
+        return false;
+    }
+    // A menu that opens takes the pointer off its item for a moment. Coming back is no new hover.
+    const double now = m_runLoop.now();
+    if (before != 0 && before == m_menuItem) {
+        m_menuItemLeftAt = now;
+    }
+    if (selected != 0 && selected != m_menuItem) {
+        m_menuItem = 0;
+    }
+    return selected == 0 || selected != m_menuItem || now - m_menuItemLeftAt > MenuGrabLasts;
 }
 
 void DockModel::pointerMoved(QPoint point, xcb_window_t childOfRoot)
@@ -170,13 +183,11 @@ std::vector<xcb_window_t> DockModel::windowsOf(const DockItem& item) const
 
 void DockModel::buttonPressed(int button, QPoint)
 {
-    if (button != 3) {
-        return;
-    }
     bool isOverDock = false;
     {
         const std::lock_guard lock(m_mutex);
-        isOverDock = m_isOverDock;
+        isOverDock = m_isOverDock && button == 3;
+        m_menuItem = isOverDock ? m_selected : 0;
     }
     if (isOverDock) {
         // The menu itself comes some 20 ms later; what is in its way should be gone by then.

@@ -85,7 +85,8 @@ private:
     };
 
     void collect();
-    bool updateSelection(); ///< with m_mutex held; whether it changed
+    /// With m_mutex held; whether somebody is to be told.
+    bool updateSelection();
     const Known* dockWithWindow(xcb_window_t childOfRoot) const; ///< with m_mutex held
     std::pair<DockStatePtr, const DockItem*> find(DockItemId id) const;
     void prefetchNear(QPoint point) const;
@@ -114,6 +115,8 @@ private:
     bool m_isNear = false;
     double m_attendedAt = -1e9;
     DockItemId m_selected = 0;
+    DockItemId m_menuItem = 0; ///< whose menu was opened, until something else happens
+    double m_menuItemLeftAt = -1e9;
 };
 
 } // namespace lumbrix::platform
