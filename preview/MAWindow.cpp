@@ -3,6 +3,8 @@
 
 #include "preview/MAWindow.h"
 
+#include <QtGui/QBitmap>
+#include <QtGui/QPainter>
 #include <QtGui/QWindow>
 
 #include <algorithm>
@@ -148,11 +150,16 @@ void MAWindow::applyShape()
         path = m_shapeSource();
     else
         path.addRoundedRect(QRectF(rect()), m_cornerRadius, m_cornerRadius);
-    QRegion region;
-    for (const QPolygonF& polygon : path.toFillPolygons())
-        region += QRegion(polygon.toPolygon(), Qt::WindingFill);
-    if (region != mask())
-        setMask(region);
+    if (path == m_maskPath && !mask().isEmpty())
+        return;
+    m_maskPath = path;
+    // Painted rather than made of the path's polygons, whose corners would be rounded inward.
+    QBitmap bitmap(size());
+    bitmap.clear();
+    QPainter painter(&bitmap);
+    painter.fillPath(path, Qt::color1);
+    painter.end();
+    setMask(QRegion(bitmap));
 }
 
 bool MAWindow::clickThrough() const { return windowFlags() & Qt::WindowTransparentForInput; }

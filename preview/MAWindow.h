@@ -78,6 +78,7 @@ private:
     qreal m_cornerRadius = 0;
     bool m_shaped = false;
     std::function<QPainterPath()> m_shapeSource;
+    QPainterPath m_maskPath; ///< what the mask was made of
     std::function<void()> m_entered;
     std::function<void()> m_exited;
 };

@@ -3,6 +3,7 @@
 
 #include "preview/PanelBackground.h"
 
+#include <QtCore/QChildEvent>
 #include <QtGui/QMouseEvent>
 #include <QtGui/QPainter>
 #include <QtGui/QPixmapCache>
@@ -51,8 +52,6 @@ void PanelBackground::setParts(const Parts& parts)
         update();
         Q_EMIT outlinePathChanged();
     });
-    for (QWidget* part : std::initializer_list<QWidget*>{parts.image, parts.key, parts.close})
-        part->installEventFilter(this);
     arrange();
 }
 
@@ -84,7 +83,7 @@ void PanelBackground::arrange()
     QRect row(body.left(), body.top() + body.height() - line - 1, body.width(), line);
     if (m_borderless) {
         // A picture may be narrower than its title can be read in.
-        const int width = std::max(picture.width(), body.width() / 2) - 12;
+        const int width = std::max(picture.width(), std::min(body.width(), 120)) - 12;
         row = QRect(picture.left() + (picture.width() - width) / 2,
                     picture.top() + picture.height() - line - 5, width, line);
     } else {
@@ -135,17 +134,28 @@ QPainterPath PanelBackground::outlinePath() const
                             m_cornerRadius + 1);
     } else {
         const QRect picture = pictureRect();
-        path.addRoundedRect(QRectF(picture), m_parts.image->cornerRadius(),
-                            m_parts.image->cornerRadius());
-        for (const QWidget* part : std::initializer_list<QWidget*>{m_parts.title, m_parts.key}) {
-            if (!part->isHidden() && !picture.contains(part->geometry()))
-                path.addRoundedRect(QRectF(part->geometry()), part->height() / 2.0,
-                                    part->height() / 2.0);
+        const qreal radius = m_parts.image->cornerRadius() + 1;
+        path.addRoundedRect(QRectF(picture).adjusted(-1, -1, 1, 1), radius, radius);
+        // What stands out beside a narrow picture; all of it has round ends.
+        for (const QObject* child : children()) {
+            const auto* part = qobject_cast<const QWidget*>(child);
+            if (part && part != m_parts.image && part != m_parts.close && !part->isHidden() &&
+                !picture.contains(part->geometry())) {
+                const qreal radius = std::min(part->width(), part->height()) / 2.0;
+                path.addRoundedRect(QRectF(part->geometry()), radius, radius);
+            }
         }
     }
     if (m_parts.close && !m_parts.close->isHidden() && m_parts.close->alpha() > 0)
         path.addEllipse(QRectF(m_parts.close->geometry()).adjusted(1.5, 1.5, -1.5, -1.5));
     return path.simplified();
+}
+
+void PanelBackground::childEvent(QChildEvent* event)
+{
+    if (event->added())
+        event->child()->installEventFilter(this);
+    QWidget::childEvent(event);
 }
 
 bool PanelBackground::eventFilter(QObject* watched, QEvent* event)
@@ -224,9 +234,11 @@ void PanelBackground::paintBody(QPainter& painter) const
 
     painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
     painter.setBrush(Qt::NoBrush);
-    painter.setPen(QPen(m_outline, 1));
-    painter.drawRoundedRect(body.adjusted(-0.5, -0.5, 0.5, 0.5), m_cornerRadius + 0.5,
-                            m_cornerRadius + 0.5);
+    if (!m_shaped) {
+        painter.setPen(QPen(m_outline, 1));
+        painter.drawRoundedRect(body.adjusted(-0.5, -0.5, 0.5, 0.5), m_cornerRadius + 0.5,
+                                m_cornerRadius + 0.5);
+    }
     QColor highlight = m_highlight;
     if (m_hovered)
         highlight.setAlpha(std::min(255, highlight.alpha() * 2));
@@ -237,9 +249,11 @@ void PanelBackground::paintBody(QPainter& painter) const
 
 void PanelBackground::paintPictureEdge(QPainter& painter) const
 {
-    if (m_shaped)
-        return;
     const QRectF picture = pictureRect();
+    if (m_shaped) {
+        painter.fillRect(picture.adjusted(-1, -1, 1, 1), onGrey(m_outline));
+        return;
+    }
     paintShadow(painter, picture, m_parts.image->cornerRadius());
     painter.setBrush(Qt::NoBrush);
     painter.setPen(QPen(m_outline, 1));

@@ -57,6 +57,7 @@ Q_SIGNALS:
     void clicked();
 
 protected:
+    void childEvent(QChildEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;

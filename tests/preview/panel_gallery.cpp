@@ -4,7 +4,7 @@
 // Shows preview panels of every style to look at. Not a test.
 //
 //   panel_gallery [--shaped] [--hover] [--controls] [--keys] [--size WxH]
-//                 [--columns N] [--wallpaper FILE] [--title TEXT] PICTURE...
+//                 [--columns N] [--wallpaper FILE] [--caption TEXT] PICTURE...
 //
 // The pictures are dealt out in turn. The panels stay until the program is ended.
 
@@ -55,7 +55,7 @@ int main(int argc, char* argv[])
     value("size", "243x190");
     value("columns", "3");
     value("wallpaper", "");
-    value("title", "");
+    value("caption", "");
     parser.process(application);
     const auto isSet = [&parser](const char* name) {
         return parser.isSet(QString::fromLatin1(name));
@@ -90,8 +90,8 @@ int main(int argc, char* argv[])
         preview->setElementRef(std::make_shared<SWElement>(test::PanelDesktop::window(n != 1)));
         const QString picture = pictures.isEmpty() ? QString() : pictures.at(n % pictures.size());
         preview->setImage(QImage(picture));
-        preview->setTitleString(given("title").isEmpty() ? picture.section(QLatin1Char('/'), -1)
-                                                         : given("title"));
+        preview->setTitleString(given("caption").isEmpty() ? picture.section(QLatin1Char('/'), -1)
+                                                         : given("caption"));
         preview->setITunes(isSet("controls"));
         host.state = n % 2 ? QStringLiteral("playing") : QStringLiteral("stopped");
         const int row = n / columns;

@@ -3,10 +3,12 @@
 
 #include <gtest/gtest.h>
 
+#include <QtCore/QDir>
 #include <QtTest/QTest>
 #include <QtWidgets/QAbstractButton>
 
 #include "preview/DisplayText.h"
+#include "preview/NamedImage.h"
 #include "preview/ScreenyView.h"
 #include "preview/TitleLabel.h"
 #include "tests/preview/PanelDesktop.h"
@@ -105,6 +107,18 @@ TEST_F(Panel, everyStyle_hasItsPartsAtEverySize)
         }
     }
     EXPECT_FALSE(ScreenyView::load(QStringLiteral("NoSuchStyle"), host));
+}
+
+TEST_F(Panel, everyDrawing_canBeDrawn)
+{
+    const QDir images(u":/images"_qs);
+    EXPECT_GE(images.entryList().size(), 17);
+    for (const QString& file : images.entryList()) {
+        const QImage image = namedImage(file.section(QLatin1Char('.'), 0, 0));
+        ASSERT_FALSE(image.isNull()) << qPrintable(file);
+        EXPECT_GT(image.pixelColor(image.rect().center()).alpha(), 0) << qPrintable(file);
+    }
+    EXPECT_TRUE(namedImage(u"noSuchDrawing"_qs).isNull());
 }
 
 TEST_F(Panel, frames_neighboursTouchAndOriginIsBottomLeft)
