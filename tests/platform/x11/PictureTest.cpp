@@ -1,0 +1,178 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// Pictures of windows: right, fresh, not copied in vain, and safe while windows come and go.
+
+#include "X11Desk.h"
+
+#include <thread>
+
+namespace lumbrix::platform::x11
+{
+namespace
+{
+
+class EachCompositing : public testing::TestWithParam<bool>
+{
+protected:
+    SessionOptions options() const { return {{1280, 1024}, WindowManager::Xfwm4, GetParam()}; }
+};
+INSTANTIATE_TEST_SUITE_P(Pictures, EachCompositing, testing::Bool(),
+                         [](const auto& info) { return info.param ? "composited" : "plain"; });
+
+TEST_P(EachCompositing, pictureOfAWindow_isCopiedOnlyWhenSomethingWasDrawn)
+{
+    X11Desk desk(options());
+    Application app(desk.session(), u"alpha"_qs);
+    const AppWindow window = app.open("picture", Qt::red, {{400, 300}, {100, 100}});
+    ASSERT_TRUE(desk.waitForColour(window, Qt::red));
+    const auto tracked = desk.tracker().window(window.id);
+    QImage picture = desk.pictures().capture(window.id);
+    EXPECT_EQ(picture.size(), tracked->bounds.size());
+    EXPECT_EQ(qAlpha(picture.pixel(200, 200)), 255);
+
+    // What was still under way when it was captured settles within one more copy.
+    EXPECT_TRUE(desk.waitFor([&] {
+        const std::uint64_t before = desk.pictures().copyCount();
+        picture = desk.pictures().capture(window.id);
+        return desk.pictures().copyCount() == before;
+    }));
+    const std::uint64_t copies = desk.pictures().copyCount();
+    // An obscuring window and the pointer change nothing of this one.
+    const AppWindow above = app.open("above", Qt::blue, {{500, 400}, {60, 60}});
+    ASSERT_TRUE(desk.waitForColour(above, Qt::blue));
+    const std::uint64_t ofAbove = desk.pictures().copyCount() - copies;
+    for (int i = 0; i < 100; ++i)
+        EXPECT_EQ(desk.pictures().capture(window.id).pixelColor(200, 100), QColor(Qt::red));
+    // Its title bar is drawn anew when it loses the focus.
+    EXPECT_LE(desk.pictures().copyCount() - copies - ofAbove, 3U);
+
+    app.setColour(window, Qt::green);
+    EXPECT_TRUE(desk.waitForColour(window, Qt::green));
+    EXPECT_EQ(picture.pixelColor(200, 100),
+              QColor(Qt::red)); // pictures handed out stay as they are
+
+    desk.display().request(window.id, "_NET_MOVERESIZE_WINDOW",
+                           {(1U << 10) | (1U << 11) | (2U << 12), 0, 0, 700, 500});
+    EXPECT_TRUE(desk.waitFor([&] {
+        const QImage resized = desk.pictures().capture(window.id);
+        return resized.size() == desk.tracker().window(window.id)->bounds.size() &&
+               resized.width() >= 700 && resized.pixelColor(650, 150) == Qt::green;
+    }));
+}
+
+TEST_P(EachCompositing, windowNoLongerShown_keepsItsLastPicture)
+{
+    X11Desk desk(options());
+    Application app(desk.session(), u"alpha"_qs);
+    const AppWindow iconic = app.open("minimised", Qt::red);
+    const AppWindow elsewhere = app.open("elsewhere", Qt::blue);
+    ASSERT_TRUE(desk.waitForColour(elsewhere, Qt::blue));
+    ASSERT_TRUE(desk.waitForColour(iconic, Qt::red));
+    app.minimise(iconic);
+    app.moveToDesktop(elsewhere, 1);
+    desk.waitForWindow(iconic.id, [](const TrackedWindow& w) { return w.isIconic; });
+    desk.waitForWindow(elsewhere.id, [](const TrackedWindow& w) { return !w.isMapped; });
+    EXPECT_EQ(desk.capturedColour(iconic), QColor(Qt::red));
+    EXPECT_EQ(desk.capturedColour(elsewhere), QColor(Qt::blue));
+
+    app.setColour(iconic, Qt::green); // painted when it is shown again
+    desk.tracker().activate(iconic.id);
+    EXPECT_TRUE(desk.waitForColour(iconic, Qt::green));
+
+    // Minimised before anybody looked.
+    RawWindow never(desk.session(), {10, 10, 100, 100});
+    never.setNumbers("WM_HINTS", "WM_HINTS", {2, 0, 3, 0, 0, 0, 0, 0, 0});
+    never.map();
+    desk.waitForWindow(never.id(), [](const TrackedWindow& w) { return w.isIconic; });
+    EXPECT_TRUE(desk.pictures().capture(never.id()).isNull());
+}
+
+TEST_P(EachCompositing, prefetchedPicture_isThereWithoutACopy)
+{
+    X11Desk desk(options());
+    Application app(desk.session(), u"alpha"_qs);
+    app.open(3);
+    std::vector<xcb_window_t> ids;
+    for (const AppWindow& window : app.windows()) {
+        ASSERT_TRUE(desk.waitForColour(window, window.colour));
+        ids.push_back(window.id);
+    }
+    app.setColour(app.windows()[1], Qt::white);
+    EXPECT_TRUE(desk.waitFor([&] {
+        desk.pictures().prefetch(ids);
+        const std::uint64_t before = desk.pictures().copyCount();
+        const QColor colour = desk.capturedColour(app.windows()[1]);
+        return colour == Qt::white && desk.pictures().copyCount() == before;
+    }));
+}
+
+TEST_P(EachCompositing, windowsDestroyedUnderLoad_harmNobody)
+{
+    X11Desk desk(options());
+    Application steady(desk.session(), u"alpha"_qs);
+    const AppWindow window = steady.open("steady", Qt::red);
+    ASSERT_TRUE(desk.waitForColour(window, Qt::red));
+    Application churning(desk.session(), u"beta"_qs);
+    churning.startChurning();
+
+    std::atomic<bool> isDone = false;
+    std::atomic<int> nulls = 0;
+    std::vector<std::thread> threads;
+    for (int i = 0; i < 15; ++i)
+        threads.emplace_back([&] {
+            while (!isDone) {
+                for (const TrackedWindowPtr& other : desk.tracker().windows())
+                    desk.pictures().capture(other->id);
+                nulls += desk.pictures().capture(window.id).isNull();
+                desk.core().windowServer().copyWindowInfo(WindowListOption::All);
+            }
+        });
+    // With every core busy copying, the applications do not get far.
+    EXPECT_TRUE(
+        desk.display().waitFor([&] { return desk.recorder().removed > 10; }, patience(20000)));
+    isDone = true;
+    for (std::thread& thread : threads)
+        thread.join();
+    churning.stopChurning();
+    EXPECT_EQ(nulls, 0);
+    EXPECT_FALSE(desk.isConnectionLost());
+    EXPECT_TRUE(desk.waitFor([&] {
+        auto listed = desk.display().numbers(desk.display().root(), "_NET_CLIENT_LIST");
+        std::vector<std::uint32_t> tracked;
+        for (const TrackedWindowPtr& other : desk.tracker().windows())
+            tracked.push_back(other->id);
+        std::sort(listed.begin(), listed.end());
+        std::sort(tracked.begin(), tracked.end());
+        return listed == tracked;
+    }));
+}
+
+TEST(Pictures, compositorComingAndGoing_keepsPicturesLive)
+{
+    // Its window manager is replaced: a session of its own.
+    Session session({{1280, 1024}, WindowManager::Openbox, false});
+    waitForManager(session);
+    X11Desk desk(session);
+    Application app(desk.session(), u"alpha"_qs);
+    const AppWindow window = app.open("through changes", Qt::red);
+    ASSERT_TRUE(desk.waitForColour(window, Qt::red));
+    std::unique_ptr<Process> manager;
+    QColor colour = Qt::red;
+    for (const bool isComposited : {true, false, true}) {
+        manager = desk.session().start(
+            u"replacement"_qs, u"xfwm4"_qs,
+            {u"--replace"_qs, isComposited ? u"--compositor=on"_qs : u"--compositor=off"_qs,
+             u"--vblank=off"_qs});
+        ASSERT_TRUE(desk.waitFor([&] {
+            return desk.core().windowServer().blendsTranslucency() == isComposited &&
+                   desk.display().hasCompositor() == isComposited;
+        }));
+        colour = QColor((colour.red() + 90) % 256, (colour.green() + 60) % 256, 40);
+        app.setColour(window, colour);
+        EXPECT_TRUE(desk.waitForColour(window, colour)) << isComposited;
+    }
+}
+
+} // namespace
+} // namespace lumbrix::platform::x11

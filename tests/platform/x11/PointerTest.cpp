@@ -1,0 +1,147 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// The pointer, the buttons, the keys and the screens.
+
+#include "X11Desk.h"
+
+#include <xcb/xtest.h>
+
+#include "platform/linux/x11/PointSpace.h"
+#include "platform/linux/x11/ScreenWatch.h"
+
+namespace lumbrix::platform::x11
+{
+namespace
+{
+
+const SessionOptions kPlain{{1280, 1024}, WindowManager::Xfwm4, false};
+
+void fake(Display& display, std::uint8_t type, std::uint8_t detail, QPoint position = {})
+{
+    xcb_test_fake_input(display.connection(), type, detail, XCB_CURRENT_TIME, display.root(),
+                        static_cast<std::int16_t>(position.x()),
+                        static_cast<std::int16_t>(position.y()), 0);
+    xcb_flush(display.connection());
+}
+
+void warp(Display& display, QPoint position)
+{
+    xcb_warp_pointer(display.connection(), XCB_NONE, display.root(), 0, 0, 0, 0,
+                     static_cast<std::int16_t>(position.x()),
+                     static_cast<std::int16_t>(position.y()));
+    xcb_flush(display.connection());
+}
+
+TEST(Pointer, movedOrWarped_isNoticedOnceAndNotWhileStill)
+{
+    X11Desk desk(kPlain);
+    Display& display = desk.display();
+    RawWindow dock(desk.session(), {0, 980, 1280, 44});
+    dock.setType("_NET_WM_WINDOW_TYPE_DOCK");
+    dock.map();
+    const auto tracked =
+        desk.waitForWindow(dock.id(), [](const TrackedWindow& w) { return w.isMapped; });
+    const auto isAt = [&](QPoint position, xcb_window_t child) {
+        return desk.waitFor(
+            [&] { return desk.recorder().lastPosition() == std::pair(position, child); });
+    };
+    fake(display, XCB_MOTION_NOTIFY, 0, {600, 500});
+    EXPECT_TRUE(isAt({600, 500}, XCB_NONE));
+    // Warps make no raw motion.
+    warp(display, {300, 1000});
+    EXPECT_TRUE(isAt({300, 1000}, tracked->frame));
+    warp(display, {340, 1000});
+    EXPECT_TRUE(isAt({340, 1000}, tracked->frame));
+    warp(display, {340, 500});
+    EXPECT_TRUE(isAt({340, 500}, XCB_NONE));
+
+    // Other events of the desktop do not count as motion.
+    const int moved = desk.recorder().moved;
+    dock.setBytes("WM_NAME", "STRING", "still");
+    desk.waitForWindow(dock.id(), [](const TrackedWindow& w) { return w.title == u"still"_qs; });
+    EXPECT_EQ(desk.recorder().moved, moved);
+
+    for (const std::uint8_t button : {1, 3, 5}) { // the last one is the wheel
+        fake(display, XCB_BUTTON_PRESS, button);
+        fake(display, XCB_BUTTON_RELEASE, button);
+    }
+    const std::vector<int> expected{1, 3};
+    EXPECT_TRUE(desk.waitFor([&] { return desk.recorder().buttons() == expected; }));
+}
+
+TEST(Pointer, buttonsKeysAndPlace_areToldInPortTerms)
+{
+    X11Desk desk(kPlain);
+    Display& display = desk.display();
+    InputState& input = desk.core().inputState();
+    fake(display, XCB_MOTION_NOTIFY, 0, {600, 500});
+    EXPECT_TRUE(desk.waitFor([&] { return input.mouseLocation() == QPointF(600, 1024 - 500); }));
+
+    struct Key {
+        std::uint8_t code;
+        std::uint32_t flag;
+    };
+    // Shift_L, Control_L, Alt_L, Super_L on the server's keyboard.
+    for (const Key key : {Key{50, ModifierFlag::Shift}, Key{37, ModifierFlag::Control},
+                          Key{64, ModifierFlag::Option}, Key{133, ModifierFlag::Command}}) {
+        fake(display, XCB_KEY_PRESS, key.code);
+        EXPECT_TRUE(desk.waitFor([&] { return input.modifierFlags() == key.flag; }));
+        fake(display, XCB_KEY_RELEASE, key.code);
+    }
+    EXPECT_TRUE(desk.waitFor([&] { return input.modifierFlags() == 0; }));
+    for (const auto& [button, bit] : {std::pair(1, 1U), std::pair(2, 4U), std::pair(3, 2U)}) {
+        fake(display, XCB_BUTTON_PRESS, static_cast<std::uint8_t>(button));
+        EXPECT_TRUE(desk.waitFor([&] { return input.pressedMouseButtons() == bit; }));
+        fake(display, XCB_BUTTON_RELEASE, static_cast<std::uint8_t>(button));
+    }
+}
+
+TEST(Screens, mainScreen_isTheOneWithTheDock)
+{
+    X11Desk desk(kPlain);
+    Display& display = desk.display();
+    WindowServer& server = desk.core().windowServer();
+    EXPECT_EQ(server.screens(), (std::vector<QRectF>{{0, 0, 1280, 1024}}));
+
+    const auto xrandr = [&](const QStringList& arguments) {
+        desk.session().start(u"xrandr"_qs, u"xrandr"_qs, arguments)->waitForExit(patience(5000));
+    };
+    xrandr({u"--setmonitor"_qs, u"left"_qs, u"640/100x1024/100+0+0"_qs, u"none"_qs});
+    xrandr({u"--setmonitor"_qs, u"right"_qs, u"640/100x1024/100+640+0"_qs, u"none"_qs});
+    const QRectF self(0, 0, 640, 1024);
+    const auto hasScreen = [&](const QRectF& screen) {
+        const auto screens = server.screens();
+        return std::find(screens.begin(), screens.end(), screen) != screens.end();
+    };
+    ASSERT_TRUE(desk.waitFor([&] { return hasScreen({640, 0, 640, 1024}); }));
+    EXPECT_GE(desk.recorder().screenChanges, 1);
+
+    const int changes = desk.recorder().screenChanges;
+    desk.core().screens().setMainScreenHint({700, 980, 500, 44});
+    EXPECT_EQ(server.screens().front(), self);
+    EXPECT_TRUE(hasScreen({-640, 0, 640, 1024}));
+    EXPECT_EQ(server.toolkitOrigin(), QPointF(640, 0));
+    EXPECT_TRUE(desk.waitFor([&] { return desk.recorder().screenChanges > changes; }));
+    fake(display, XCB_MOTION_NOTIFY, 0, {700, 1000});
+    EXPECT_TRUE(
+        desk.waitFor([&] { return desk.core().inputState().mouseLocation() == QPointF(60, 24); }));
+
+    xrandr({u"--delmonitor"_qs, u"left"_qs});
+    xrandr({u"--delmonitor"_qs, u"right"_qs});
+    EXPECT_TRUE(desk.waitFor([&] { return server.screens().size() == 1; }));
+}
+
+TEST(PointSpace, pixelsAndPoints_convertBothWaysFromAnyMainScreen)
+{
+    PointSpace points(2.0);
+    points.setScreens({{1920, 100, 2560, 1440}, {0, 0, 1920, 1080}});
+    EXPECT_EQ(points.toPoints(QRect(1920, 100, 2560, 1440)), QRectF(0, 0, 1280, 720));
+    EXPECT_EQ(points.toPoints(QRect(0, 0, 1920, 1080)), QRectF(-960, -50, 960, 540));
+    EXPECT_EQ(points.toPixels({10.5, 20}), QPoint(1941, 140));
+    EXPECT_EQ(points.toScreenPoints({1920, 1540}), QPointF(0, 0));
+    EXPECT_EQ(points.toScreenPoints({1940, 100}), QPointF(10, 720));
+}
+
+} // namespace
+} // namespace lumbrix::platform::x11

@@ -1,0 +1,232 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include "X11Desk.h"
+
+#include <cstdlib>
+
+namespace lumbrix::platform::x11
+{
+
+void Recorder::windowAdded(const TrackedWindowPtr& window)
+{
+    const std::lock_guard lock(m_mutex);
+    if (!m_known.emplace(window->id, window).second)
+        isConsistent = false;
+    ++added;
+}
+
+void Recorder::windowChanged(const TrackedWindowPtr& before, const TrackedWindowPtr& after)
+{
+    const std::lock_guard lock(m_mutex);
+    const auto it = m_known.find(after->id);
+    if ((it != m_known.end() && it->second != before) || *before == *after)
+        isConsistent = false;
+    m_known[after->id] = after;
+    ++changed;
+}
+
+void Recorder::windowRemoved(const TrackedWindowPtr& last)
+{
+    const std::lock_guard lock(m_mutex);
+    const auto it = m_known.find(last->id);
+    if (it != m_known.end() && it->second != last)
+        isConsistent = false;
+    m_known.erase(last->id);
+    ++removed;
+}
+
+void Recorder::popupMapped(const PopupMapped& popup)
+{
+    const std::lock_guard lock(m_mutex);
+    m_popup = popup;
+}
+
+void Recorder::pointerMoved(QPoint position, xcb_window_t childOfRoot)
+{
+    const std::lock_guard lock(m_mutex);
+    m_position = {position, childOfRoot};
+    ++moved;
+}
+
+void Recorder::buttonPressed(int button, QPoint)
+{
+    const std::lock_guard lock(m_mutex);
+    m_buttons.push_back(button);
+}
+
+std::optional<PopupMapped> Recorder::lastPopup() const
+{
+    const std::lock_guard lock(m_mutex);
+    return m_popup;
+}
+
+std::pair<QPoint, xcb_window_t> Recorder::lastPosition() const
+{
+    const std::lock_guard lock(m_mutex);
+    return m_position;
+}
+
+std::vector<int> Recorder::buttons() const
+{
+    const std::lock_guard lock(m_mutex);
+    return m_buttons;
+}
+
+QByteArray displayName(const Session& session)
+{
+    for (const QString& variable : session.environment()) {
+        if (variable.startsWith(u"DISPLAY="_qs))
+            return variable.mid(8).toLatin1();
+    }
+    return {};
+}
+
+Session& sharedSession(const SessionOptions& options)
+{
+    static std::map<std::pair<WindowManager, bool>, std::unique_ptr<Session>> sessions;
+    auto& session = sessions[{options.windowManager, options.compositor}];
+    if (!session) {
+        session = std::make_unique<Session>(options);
+        waitForManager(*session);
+    }
+    return *session;
+}
+
+void waitForManager(Session& session)
+{
+    Display& display = session.display();
+    bool isManaged = false;
+    while (!isManaged) {
+        RawWindow probe(session, {0, 0, 10, 10});
+        probe.map();
+        isManaged = display.waitFor(
+            [&] { return !display.numbers(display.root(), "_NET_CLIENT_LIST").empty(); },
+            patience(200));
+    }
+}
+
+X11Desk::X11Desk(Session& session) : m_session(session)
+{
+    X11CoreOptions coreOptions;
+    coreOptions.displayName = displayName(m_session).toStdString();
+    // The wheel over the bare desktop, for one, has other desktops shown.
+    display().request(display().root(), "_NET_CURRENT_DESKTOP", {0, 0});
+    display().waitFor([this] { return display().currentDesktop() == 0; }, patience(2000));
+    QString error;
+    m_core = X11Core::create(
+        m_runLoop, coreOptions, [this] { m_isConnectionLost = true; }, error);
+    if (!m_core)
+        qFatal("%s", qPrintable(error));
+    m_core->tracker().addListener(&m_recorder);
+    m_core->start();
+}
+
+X11Desk::~X11Desk()
+{
+    m_core.reset();
+    EXPECT_TRUE(m_recorder.isConsistent);
+}
+
+bool X11Desk::waitFor(const std::function<bool()>& condition)
+{
+    return display().waitFor(condition, patience(5000));
+}
+
+TrackedWindowPtr X11Desk::waitForWindow(xcb_window_t id,
+                                        const std::function<bool(const TrackedWindow&)>& condition)
+{
+    TrackedWindowPtr window;
+    const bool holds = waitFor([&] {
+        window = tracker().window(id);
+        return window && condition(*window);
+    });
+    EXPECT_TRUE(holds);
+    return window;
+}
+
+std::optional<WindowInfo> X11Desk::info(xcb_window_t id)
+{
+    for (const WindowInfo& entry : core().windowServer().copyWindowInfo(WindowListOption::All)) {
+        if (entry.number == id)
+            return entry;
+    }
+    return std::nullopt;
+}
+
+bool X11Desk::waitForColour(const AppWindow& window, const QColor& colour)
+{
+    return waitFor([&] { return capturedColour(window).rgb() == colour.rgb(); });
+}
+
+QColor X11Desk::capturedColour(const AppWindow& window)
+{
+    const QImage picture = pictures().capture(window.id);
+    // A title bar takes less than a tenth of the window's height.
+    return picture.isNull() ? QColor()
+                            : picture.pixelColor(picture.width() / 2, picture.height() / 4);
+}
+
+RawWindow::RawWindow(Session& session, const QRect& rect, bool isOverrideRedirect)
+    : m_display(session.display()),
+      m_connection(xcb_connect(displayName(session).constData(), nullptr)),
+      m_id(xcb_generate_id(m_connection))
+{
+    const std::uint32_t values[] = {0xffffff, isOverrideRedirect ? 1U : 0U};
+    xcb_create_window(m_connection, XCB_COPY_FROM_PARENT, m_id, m_display.root(),
+                      static_cast<std::int16_t>(rect.x()), static_cast<std::int16_t>(rect.y()),
+                      static_cast<std::uint16_t>(rect.width()),
+                      static_cast<std::uint16_t>(rect.height()), 0, XCB_WINDOW_CLASS_INPUT_OUTPUT,
+                      XCB_COPY_FROM_PARENT, XCB_CW_BACK_PIXEL | XCB_CW_OVERRIDE_REDIRECT, values);
+    sync();
+}
+
+RawWindow::~RawWindow() { xcb_disconnect(m_connection); }
+
+void RawWindow::setBytes(const char* property, const char* type, const QByteArray& bytes)
+{
+    xcb_change_property(m_connection, XCB_PROP_MODE_REPLACE, m_id, m_display.atom(property),
+                        m_display.atom(type), 8, static_cast<std::uint32_t>(bytes.size()),
+                        bytes.constData());
+    sync();
+}
+
+void RawWindow::setNumbers(const char* property, const char* type,
+                           const std::vector<std::uint32_t>& numbers)
+{
+    xcb_change_property(m_connection, XCB_PROP_MODE_REPLACE, m_id, m_display.atom(property),
+                        m_display.atom(type), 32, static_cast<std::uint32_t>(numbers.size()),
+                        numbers.data());
+    sync();
+}
+
+void RawWindow::setType(const char* type)
+{
+    setNumbers("_NET_WM_WINDOW_TYPE", "ATOM", {m_display.atom(type)});
+}
+
+void RawWindow::fill(const QRect& rect, const QColor& colour)
+{
+    const xcb_gcontext_t context = xcb_generate_id(m_connection);
+    const std::uint32_t pixel = colour.rgb() & 0xffffffU;
+    xcb_create_gc(m_connection, context, m_id, XCB_GC_FOREGROUND, &pixel);
+    const xcb_rectangle_t area{
+        static_cast<std::int16_t>(rect.x()), static_cast<std::int16_t>(rect.y()),
+        static_cast<std::uint16_t>(rect.width()), static_cast<std::uint16_t>(rect.height())};
+    xcb_poly_fill_rectangle(m_connection, m_id, context, 1, &area);
+    xcb_free_gc(m_connection, context);
+    sync();
+}
+
+void RawWindow::map()
+{
+    xcb_map_window(m_connection, m_id);
+    sync();
+}
+
+void RawWindow::sync()
+{
+    std::free(xcb_get_input_focus_reply(m_connection, xcb_get_input_focus(m_connection), nullptr));
+}
+
+} // namespace lumbrix::platform::x11

@@ -1,0 +1,129 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// A private display with a window manager, and the adapter's core on it.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <vector>
+
+#include "Application.h"
+#include "Session.h"
+#include "platform/linux/x11/WindowPictures.h"
+#include "platform/linux/x11/WindowTracker.h"
+#include "platform/linux/x11/X11Core.h"
+#include "platform/linux/x11/X11InputState.h"
+#include "platform/linux/x11/X11WindowServer.h"
+#include "platform/qt/QtRunLoop.h"
+
+namespace lumbrix::platform::x11
+{
+
+using desktoptest::Application;
+using desktoptest::AppWindow;
+using desktoptest::Display;
+using desktoptest::patience;
+using desktoptest::Process;
+using desktoptest::Session;
+using desktoptest::SessionOptions;
+using desktoptest::WindowManager;
+
+/// Remembers what it was told.
+class Recorder final : public WindowListener
+{
+public:
+    void windowAdded(const TrackedWindowPtr& window) override;
+    void windowChanged(const TrackedWindowPtr& before, const TrackedWindowPtr& after) override;
+    void windowRemoved(const TrackedWindowPtr& last) override;
+    void popupMapped(const PopupMapped& popup) override;
+    void pointerMoved(QPoint position, xcb_window_t childOfRoot) override;
+    void buttonPressed(int button, QPoint position) override;
+    void screensChanged() override { ++screenChanges; }
+
+    std::atomic<int> added = 0, changed = 0, removed = 0, moved = 0, screenChanges = 0;
+    std::atomic<bool> isConsistent = true; ///< every `before` was the `after` last told
+    std::optional<PopupMapped> lastPopup() const;
+    std::pair<QPoint, xcb_window_t> lastPosition() const;
+    std::vector<int> buttons() const;
+
+private:
+    mutable std::mutex m_mutex;
+    std::map<xcb_window_t, TrackedWindowPtr> m_known;
+    std::optional<PopupMapped> m_popup;
+    std::pair<QPoint, xcb_window_t> m_position;
+    std::vector<int> m_buttons;
+};
+
+QByteArray displayName(const Session& session);
+
+/// Openbox announces itself before it manages windows, and never manages one mapped in between.
+void waitForManager(Session& session);
+
+/// The session, shared by all tests with the same options.
+Session& sharedSession(const SessionOptions& options);
+
+/// Sessions outlive a test; the core and its windows do not.
+class X11Desk
+{
+public:
+    explicit X11Desk(const SessionOptions& options) : X11Desk(sharedSession(options)) {}
+    explicit X11Desk(Session& session);
+    ~X11Desk();
+
+    Session& session() { return m_session; }
+    Display& display() { return m_session.display(); }
+    X11Core& core() { return *m_core; }
+    WindowTracker& tracker() { return m_core->tracker(); }
+    WindowPictures& pictures() { return m_core->pictures(); }
+    Recorder& recorder() { return m_recorder; }
+    bool isConnectionLost() const { return m_isConnectionLost; }
+
+    bool waitFor(const std::function<bool()>& condition);
+    /// Waits until the tracker has the window and the condition holds of it; the last known state.
+    TrackedWindowPtr waitForWindow(xcb_window_t id,
+                                   const std::function<bool(const TrackedWindow&)>& condition);
+    /// The entry of the port's window list; null when it is not listed.
+    std::optional<WindowInfo> info(xcb_window_t id);
+    /// Waits until a capture has this colour at this place of the window's client area.
+    bool waitForColour(const AppWindow& window, const QColor& colour);
+    /// The colour in the middle of the upper half of the client area; invalid without a picture.
+    QColor capturedColour(const AppWindow& window);
+
+private:
+    Session& m_session;
+    Recorder m_recorder;
+    std::atomic<bool> m_isConnectionLost = false;
+    QtRunLoop m_runLoop;
+    std::unique_ptr<X11Core> m_core;
+};
+
+/// A window made by hand, for what no well-behaved application does. Closes with its connection.
+class RawWindow
+{
+public:
+    RawWindow(Session& session, const QRect& rect, bool isOverrideRedirect = false);
+    ~RawWindow();
+    RawWindow(const RawWindow&) = delete;
+    RawWindow& operator=(const RawWindow&) = delete;
+
+    xcb_window_t id() const { return m_id; }
+    void setBytes(const char* property, const char* type, const QByteArray& bytes);
+    void setNumbers(const char* property, const char* type,
+                    const std::vector<std::uint32_t>& numbers);
+    void setType(const char* type);
+    void fill(const QRect& rect, const QColor& colour);
+    void map();
+    void sync();
+
+private:
+    Display& m_display;
+    xcb_connection_t* const m_connection;
+    xcb_window_t m_id = XCB_NONE;
+};
+
+} // namespace lumbrix::platform::x11
