@@ -60,7 +60,7 @@ int main(int argc, char** argv)
     if (!platform::LinuxDesktop::prepareToolkit(error))
         return fail(error);
 
-    QApplication::setApplicationName(QStringLiteral("lumbrix"));
+    QApplication::setApplicationName(QStringLiteral("Lumbrix"));
     QApplication::setApplicationVersion(QStringLiteral(LUMBRIX_VERSION));
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication application(argc, argv);

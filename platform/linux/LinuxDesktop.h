@@ -23,6 +23,9 @@ struct LinuxDesktopOptions {
 class LinuxDesktop
 {
 public:
+    /// Before the toolkit is started. False when there is no display to run on; `error` then says
+    /// why.
+    static bool prepareToolkit(QString& error);
     /// Null when there is no X server or it lacks what the program needs; `error` then says what.
     static std::unique_ptr<LinuxDesktop> create(RunLoop& runLoop,
                                                 const LinuxDesktopOptions& options, QString& error);
