@@ -6,10 +6,14 @@
 #include <gtest/gtest.h>
 
 #include <optional>
+#include <ostream>
 
 #include "tests/support/ForwardingPorts.h"
 #include "tests/support/SimulatedDesktop.h"
 #include "tests/support/VirtualRunLoop.h"
+
+/// Found by the test framework, which prints strings as their bytes otherwise.
+inline void PrintTo(const QString& text, std::ostream* out) { *out << qPrintable(text); }
 
 namespace lumbrix::test
 {

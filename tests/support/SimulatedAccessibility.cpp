@@ -285,6 +285,8 @@ AXResult SimulatedAccessibility::switcherValue(const SimulatedElement& element,
             return answer(entry.title);
         if (attribute == QLatin1String("AXIsApplicationRunning") && entry.isRunning)
             return answer(*entry.isRunning);
+        if (attribute == QLatin1String("AXURL") && !entry.url.isEmpty())
+            return answer(entry.url);
         return unsupported;
     }
     return refusal(AXError::InvalidUIElement);

@@ -81,6 +81,7 @@ struct SimulatedDockItem {
 struct SimulatedSwitcherEntry {
     QString title;
     std::optional<bool> isRunning{}; ///< "AXIsApplicationRunning", where it has that
+    QUrl url{};                      ///< "AXURL", where it has that
     std::uint32_t id = 0;
 };
 

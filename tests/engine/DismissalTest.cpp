@@ -1,0 +1,159 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// When previews go away.
+
+#include "tests/engine/EngineFixture.h"
+
+namespace lumbrix::test
+{
+namespace
+{
+
+class DismissalTest : public EngineFixture
+{
+protected:
+    static constexpr double tick = 0.05;
+    const QString both = u"Notes 2, Notes 1"_s;
+
+    void show()
+    {
+        add(u"Notes"_s, 2);
+        hover(u"Notes"_s);
+        ASSERT_EQ(shown(), both);
+    }
+    /// Just below the first preview, towards the Dock.
+    QPointF gap()
+    {
+        const QRectF frame = preview(0).window()->frame();
+        return {frame.x() + 5, frame.y() - 5};
+    }
+};
+
+TEST_F(DismissalTest, gapToTheDock_isBridged_butNothingElse)
+{
+    show();
+    for (int i = 0; i < 3; ++i) {
+        desk.movePointer(gap());
+        loop.advance(20 * tick);
+        ASSERT_EQ(shown(), both);
+        movePointerTo(preview(1));
+        loop.advance(20 * tick);
+        ASSERT_EQ(shown(), both);
+        EXPECT_FALSE(preview(1).isCloseButtonHidden());
+    }
+    desk.movePointer({gap().x() - 10, gap().y()});
+    loop.runUntilIdle();
+    EXPECT_EQ(shown(), both);
+    loop.advance(2 * tick); // one ends the hover of the panel that was left
+    EXPECT_EQ(shown(), u""_s);
+    EXPECT_EQ(engine().currentDockElement(), nullptr);
+    EXPECT_FALSE(isTapOn());
+
+    hover(u"Notes"_s);
+    leave();
+    EXPECT_EQ(shown(), both);
+    loop.advance(tick);
+    EXPECT_EQ(shown(), u""_s);
+    EXPECT_EQ(panelsOnScreen(), 0);
+}
+
+TEST_F(DismissalTest, gap_isBridgedOnTheDocksSide)
+{
+    add(u"Notes"_s, 1);
+    const struct {
+        QString side;
+        QPointF outside;
+    } cases[] = {{u"left"_s, {-5, 75}}, {u"right"_s, {205, 75}}};
+    for (const auto& [side, outside] : cases) {
+        desk.setDockOrientation(side);
+        hover(u"Notes"_s);
+        ASSERT_EQ(shown(), u"Notes 1"_s);
+        const QPointF origin = preview(0).window()->frame().topLeft();
+        desk.movePointer(origin + outside);
+        loop.advance(1);
+        EXPECT_EQ(shown(), u"Notes 1"_s) << qPrintable(side);
+        desk.movePointer(origin + QPointF(100, -5));
+        loop.advance(1);
+        EXPECT_EQ(shown(), u""_s) << qPrintable(side);
+    }
+}
+
+TEST_F(DismissalTest, exitDelay_isAddedToTheTick_andForgottenWhenTheMouseIsBack)
+{
+    settings().exitDelay = 0.8F;
+    show();
+    leave();
+    loop.advance(tick + 0.79);
+    EXPECT_EQ(shown(), both);
+    loop.advance(0.01);
+    EXPECT_EQ(shown(), u""_s);
+
+    leave();
+    hover(u"Notes"_s);
+    leave();
+    loop.advance(0.5);
+    movePointerTo(preview(0));
+    loop.advance(5);
+    EXPECT_EQ(shown(), both);
+}
+
+TEST_F(DismissalTest, movedRow_isLeftInPeaceForOneSecond)
+{
+    show();
+    const auto windows = desk.stacking();
+    movePointerTo(preview(1));
+    loop.advance(0.4);
+    desk.closeWindow(windows[0]);
+    loop.advance(0.1); // the update drops the preview and moves the other
+    EXPECT_EQ(shown(), u"Notes 1"_s);
+    leave();
+    loop.advance(18 * tick);
+    EXPECT_EQ(shown(), u"Notes 1"_s);
+    loop.advance(3 * tick);
+    EXPECT_EQ(shown(), u""_s);
+}
+
+TEST_F(DismissalTest, previewsThatNeverClose_stayUntilSomethingElseEndsThem)
+{
+    settings().neverClose = 1;
+    show();
+    leave();
+    loop.advance(60);
+    EXPECT_EQ(shown(), both);
+    const auto captures = [this] { return desk.captures(desk.stacking().front()); };
+    const int before = captures();
+    loop.advance(10);
+    EXPECT_EQ(captures(), before + 10); // updates are slower, too
+    hover(u"Trash"_s);
+    EXPECT_EQ(shown(), u""_s);
+}
+
+TEST_F(DismissalTest, activation_closesThePreviewsOfADockItem_whereAsked)
+{
+    show();
+    const Pid maps = add(u"Maps"_s, 1);
+    desk.activateApplication(maps);
+    loop.runUntilIdle();
+    EXPECT_EQ(shown(), both);
+    settings().closeOnClick = 1;
+    desk.activateApplication(desk.ownPid());
+    loop.runUntilIdle();
+    EXPECT_EQ(shown(), u""_s);
+}
+
+TEST_F(DismissalTest, closeAllWindows_closesAlsoThoseWhoseButtonIsDisabled)
+{
+    show();
+    settings().hideClose = 1;
+    movePointerTo(preview(0));
+    loop.advance(tick);
+    EXPECT_FALSE(preview(0).isCloseButtonEnabled());
+    engine().closeAllWindows();
+    loop.advance(0.5);
+    EXPECT_TRUE(desk.stacking().empty());
+    EXPECT_EQ(shown(), u""_s);
+}
+
+} // namespace
+} // namespace lumbrix::test

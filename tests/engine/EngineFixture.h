@@ -1,0 +1,131 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "engine/HoverDelays.h"
+#include "engine/LXHandler.h"
+#include "engine/SWObserver.h"
+#include "model/AXNames.h"
+#include "platform/InputState.h"
+#include "tests/support/DesktopFixture.h"
+
+namespace lumbrix::test
+{
+
+using namespace Qt::StringLiterals;
+using platform::ModifierFlag::Command;
+using platform::ModifierFlag::Control;
+using platform::ModifierFlag::Option;
+
+/// The engine with panels of its own on the simulated desktop, observing the Dock as the controller
+/// has it do. Previews are 200 × 150, 10 points from the Dock; everything else is off, hovering
+/// shows previews at once.
+class EngineFixture : public DesktopFixture
+{
+protected:
+    EngineFixture()
+    {
+        Companions companions;
+        companions.hotKeyCenter = m_hotKeys;
+        companions.calendarPreview = m_calendar;
+        LXHandler::installCompanions(companions);
+        EngineSettings& settings = engine().settings();
+        settings.windowWidth = 200;
+        settings.windowHeight = 150;
+        settings.distanceFromDock = 10;
+        settings.showInDock = 1;
+        settings.showInTab = 1;
+        engine().setApplicationDelegate(&delays);
+        observeDock(&delays);
+    }
+    ~EngineFixture() override
+    {
+        loop.shutdown();
+        m_dockObserver.reset();
+        LXHandler::releaseSharedHandler();
+    }
+
+    static LXHandler& engine() { return LXHandler::sharedHandler(); }
+    static EngineSettings& settings() { return engine().settings(); }
+    void observeDock(platform::NotificationContext* context)
+    {
+        m_dockObserver = SWObserver::observerWithPid(desk.dockPid());
+        const auto dock = desk.accessibility().createApplication(desk.dockPid());
+        for (const QString& name :
+             {AX::SelectedChildrenChanged, AX::MenuOpened, AX::FocusedUIElementChanged})
+            m_dockObserver->observer().addNotification(dock, name, context);
+        m_dockObserver->observer().addToRunLoop();
+    }
+    /// Adds an application and has the engine know its windows.
+    Pid add(const QString& name, int windows)
+    {
+        const Pid pid = addApplication(name, windows);
+        loop.runUntilIdle();
+        return pid;
+    }
+    void hover(const QString& item)
+    {
+        desk.hoverDockItem(item);
+        loop.runUntilIdle();
+    }
+    void leave()
+    {
+        desk.leaveDock();
+        loop.runUntilIdle();
+    }
+    ScreenyView& preview(std::size_t index) { return *engine().screenyViews().at(index); }
+    void movePointerTo(const ScreenyView& preview)
+    {
+        desk.movePointer(preview.window()->frame().center());
+        loop.runUntilIdle();
+    }
+    /// Titles of the previews shown, in their order; one whose panel is not on screen in brackets.
+    static QString shown()
+    {
+        QStringList titles;
+        for (const ScreenyViewPtr& each : engine().screenyViews())
+            titles << (each->window()->isVisible() ? u"%1"_s : u"(%1)"_s).arg(each->titleString());
+        return titles.join(u", "_s);
+    }
+    int panelsOnScreen() const
+    {
+        int count = 0;
+        for (const auto& list : {engine().screenyViews(), engine().cache().cacheArray()})
+            count += static_cast<int>(std::count_if(list.begin(), list.end(), [](const auto& each) {
+                return each->window()->isVisible();
+            }));
+        return count;
+    }
+    bool isTapOn() const { return m_hotKeys->isTapOn; }
+    const QStringList& calendarItems() const { return m_calendar->items; }
+
+    struct Delays final : HoverDelays {
+        float displayDelay() const override { return delay; }
+        std::int32_t dontDelayIfOpen() const override { return notIfOpen; }
+        float delay = 0;
+        std::int32_t notIfOpen = 0;
+    } delays;
+
+private:
+    struct HotKeys final : HotKeyCenter {
+        void registerHotKey(const std::shared_ptr<SGHotKey>&) override {}
+        void unregisterHotKey(const std::shared_ptr<SGHotKey>&) override {}
+        void toggleEventTap(bool on) override { isTapOn = on; }
+        bool isTapOn = false;
+    };
+    struct Calendar final : CalendarPreview {
+        bool shouldShowCal() const override { return true; }
+        void calIconHovered(const SWElementPtr& item) override
+        {
+            items << item->getTitle().value_or(QString());
+        }
+        QStringList items;
+    };
+
+    const std::shared_ptr<HotKeys> m_hotKeys = std::make_shared<HotKeys>();
+    const std::shared_ptr<Calendar> m_calendar = std::make_shared<Calendar>();
+    std::unique_ptr<SWObserver> m_dockObserver;
+};
+
+} // namespace lumbrix::test

@@ -1,0 +1,176 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// What a hovered Dock item shows.
+
+#include "tests/engine/EngineFixture.h"
+
+namespace lumbrix::test
+{
+namespace
+{
+
+using ItemKind = SimulatedDockItem::Kind;
+
+class HoverDispatchTest : public EngineFixture
+{
+};
+
+TEST_F(HoverDispatchTest, row_isFilledPlacedAndShown)
+{
+    add(u"Notes"_s, 2);
+    hover(u"Notes"_s);
+    ASSERT_EQ(shown(), u"Notes 2, Notes 1"_s);
+    const double middle = desk.dockItemFrame(u"Notes"_s).center().x();
+    EXPECT_EQ(preview(0).window()->frame(), QRectF(middle - 206, 62, 200, 150));
+    EXPECT_EQ(preview(1).window()->frame(), QRectF(middle - 6, 62, 200, 150));
+    EXPECT_EQ(preview(0).image().size(), QSize(400, 300));
+    EXPECT_TRUE(engine().shouldInstantShow());
+
+    // The same item again changes nothing.
+    const ScreenyView* const before = &preview(0);
+    const int captures = desk.captures(desk.stacking().front());
+    engine().iconHovered(engine().currentDockElement());
+    EXPECT_EQ(&preview(0), before);
+    EXPECT_EQ(desk.captures(desk.stacking().front()), captures);
+}
+
+TEST_F(HoverDispatchTest, atMostFifteenPreviews_areShown)
+{
+    add(u"Notes"_s, 20);
+    hover(u"Notes"_s);
+    EXPECT_EQ(engine().screenyViews().size(), 15U);
+    loop.advance(1);
+    EXPECT_EQ(engine().screenyViews().size(), 15U);
+    EXPECT_EQ(panelsOnScreen(), 15);
+}
+
+TEST_F(HoverDispatchTest, singleWindow_isIgnoredWhereAsked_unlessTheKeyIsHeld)
+{
+    add(u"Notes"_s, 1);
+    add(u"Maps"_s, 0);
+    settings().ignoreOneWindow = 1;
+    settings().tempDisableFiltersKeycode = 1;
+    desk.setModifiers(Option);
+    hover(u"Notes"_s);
+    loop.advance(2);
+    EXPECT_EQ(shown(), u""_s);
+    settings().tempDisableFilters = 1;
+    leave();
+    hover(u"Notes"_s);
+    EXPECT_EQ(shown(), u"Notes 1"_s);
+    loop.advance(2);
+    EXPECT_EQ(shown(), u"Notes 1"_s);
+    hover(u"Maps"_s);
+    EXPECT_EQ(shown(), u""_s);
+    desk.setModifiers(0);
+    hover(u"Notes"_s);
+    EXPECT_EQ(shown(), u""_s);
+}
+
+TEST_F(HoverDispatchTest, keyPressedWhileTheMouseRestsOnTheItem_bringsThePreviewsUp)
+{
+    add(u"Notes"_s, 2);
+    settings().onlyIfPressed = 1; // Command, the index of anything unknown
+    hover(u"Notes"_s);
+    loop.advance(3);
+    EXPECT_EQ(shown(), u""_s);
+    desk.setModifiers(Command);
+    loop.advance(1.1);
+    EXPECT_EQ(shown(), u"Notes 2, Notes 1"_s);
+    desk.setModifiers(Option);
+    loop.advance(0.5);
+    EXPECT_EQ(shown(), u""_s);
+    EXPECT_EQ(panelsOnScreen(), 0);
+    desk.setModifiers(Command);
+    loop.advance(1.1);
+    EXPECT_EQ(shown(), u"Notes 2, Notes 1"_s);
+}
+
+TEST_F(HoverDispatchTest, keyThatHidesPreviews_buildsNone_untilItIsReleased)
+{
+    add(u"Notes"_s, 2);
+    settings().hidePreviews = 1;
+    settings().hidePreviewsKeycode = 2;
+    desk.setModifiers(Control);
+    hover(u"Notes"_s);
+    loop.advance(2);
+    EXPECT_EQ(shown(), u""_s);
+    desk.setModifiers(0);
+    loop.advance(1.1);
+    EXPECT_EQ(shown(), u"Notes 2, Notes 1"_s);
+    desk.setModifiers(Control);
+    loop.advance(0.5);
+    EXPECT_EQ(panelsOnScreen(), 0);
+
+    // A window opened meanwhile is found by the update, too.
+    leave();
+    desk.setModifiers(0);
+    const Pid maps = add(u"Maps"_s, 0);
+    hover(u"Maps"_s);
+    desk.addWindow(maps, {u"Home"_s});
+    loop.advance(1.1);
+    EXPECT_EQ(shown(), u"Home"_s);
+}
+
+TEST_F(HoverDispatchTest, calendarItem_goesToTheCalendar_alsoWithTheDockSwitchedOff)
+{
+    add(u"Notes"_s, 1);
+    desk.addDockItem({u"Calendar"_s, ItemKind::Application, QUrl(u"file:///Calendar.app"_s)});
+    settings().showInDock = 0;
+    hover(u"Notes"_s);
+    EXPECT_EQ(shown(), u""_s);
+    hover(u"Calendar"_s);
+    EXPECT_EQ(calendarItems(), QStringList{u"Calendar"_s});
+}
+
+TEST_F(HoverDispatchTest, ownIcon_standsForTheApplicationsWithoutOne_whereAsked)
+{
+    const SimulatedApplication self = desk.application(desk.ownPid());
+    desk.addDockItem({u"Lumbrix"_s, ItemKind::Application, self.bundleURL});
+    const Pid agent = desk.addApplication({u"Agent"_s, {}, 0, false});
+    desk.addWindow(agent, {u"Status"_s});
+    desk.with([](SimulatedState& state) { state.application(state.ownPid)->isRegular = true; });
+    add(u"Notes"_s, 1);
+    hover(u"Lumbrix"_s);
+    loop.advance(1);
+    EXPECT_EQ(shown(), u""_s);
+    settings().showOthersInDockIcon = 1;
+    loop.advance(3); // a scan, an update
+    EXPECT_EQ(shown(), u"Status"_s);
+}
+
+TEST_F(HoverDispatchTest, minimisedIcon_showsItsOneWindow)
+{
+    add(u"Notes"_s, 2);
+    hover(u"Notes"_s);
+    desk.addDockItem({u"Unknown"_s, ItemKind::MinimizedWindow});
+    hover(u"Unknown"_s);
+    EXPECT_EQ(shown(), u"Notes 2, Notes 1"_s); // left alone
+    leave();
+    loop.advance(1);
+
+    const WindowID number = desk.stacking().front();
+    desk.minimizeWindow(number);
+    hover(u"Notes 2"_s);
+    EXPECT_EQ(shown(), u"Notes 2"_s);
+    const int captures = desk.captures(number);
+    desk.changeWindow(number, [](auto& window) { window.title = u"Renamed"_s; });
+    loop.advance(0.5);
+    EXPECT_EQ(shown(), u"Renamed"_s);
+    EXPECT_EQ(desk.captures(number), captures); // its picture cannot change
+    desk.changeWindow(number, [](auto& window) { window.isMinimized = false; });
+    loop.advance(0.5);
+    EXPECT_EQ(shown(), u""_s);
+
+    desk.changeWindow(number, [](auto& window) { window.title = u"Notes 2"_s; });
+    desk.minimizeWindow(number);
+    settings().hidePreviews = 1;
+    desk.setModifiers(Command);
+    leave();
+    hover(u"Notes 2"_s);
+    EXPECT_EQ(shown(), u"(Notes 2)"_s); // made, but not shown
+}
+
+} // namespace
+} // namespace lumbrix::test

@@ -1,0 +1,174 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// What the notifications of the Dock and of the applications set off, and when.
+
+#include "tests/engine/EngineFixture.h"
+
+namespace lumbrix::test
+{
+namespace
+{
+
+using ItemKind = SimulatedDockItem::Kind;
+
+class Intake : public EngineFixture
+{
+};
+
+TEST_F(Intake, quickMovesAlongTheDock_dispatchOnlyTheItemRestedOn)
+{
+    add(u"Notes"_s, 1);
+    const Pid maps = add(u"Maps"_s, 1);
+    const auto notesWindow = desk.stacking().back();
+    delays.delay = 0.4F;
+    hover(u"Notes"_s);
+    loop.advance(0.39);
+    hover(u"Maps"_s);
+    loop.advance(0.39);
+    EXPECT_EQ(shown(), u""_s);
+    loop.advance(0.01);
+    EXPECT_EQ(shown(), u"Maps 1"_s);
+    EXPECT_EQ(desk.captures(notesWindow), 0);
+
+    // Previews are up: the next item waits as well, unless the user wants it at once.
+    hover(u"Notes"_s);
+    EXPECT_EQ(shown(), u"Maps 1"_s);
+    loop.advance(0.4);
+    EXPECT_EQ(shown(), u"Notes 1"_s);
+    delays.notIfOpen = 1;
+    hover(u"Maps"_s);
+    EXPECT_EQ(shown(), u"Maps 1"_s);
+    desk.quitApplication(maps); // its windows with it
+    loop.advance(1);
+    EXPECT_EQ(shown(), u""_s);
+}
+
+TEST_F(Intake, waitingDispatch_isDroppedWhenTheMouseLeavesTheDock)
+{
+    add(u"Notes"_s, 1);
+    delays.delay = 0.4F;
+    hover(u"Notes"_s);
+    leave();
+    loop.advance(2);
+    EXPECT_EQ(shown(), u""_s);
+    // Without a controller behind the notification there is no delay.
+    observeDock(nullptr);
+    hover(u"Notes"_s);
+    EXPECT_EQ(shown(), u"Notes 1"_s);
+}
+
+TEST_F(Intake, itemsThatAreNoApplications_endThePreviewsAtOnce)
+{
+    add(u"Notes"_s, 2);
+    for (const QString& item : {u"Trash"_s, u"Downloads"_s}) {
+        if (item == u"Downloads"_s)
+            desk.addDockItem({item, ItemKind::Folder});
+        hover(u"Notes"_s);
+        EXPECT_EQ(shown(), u"Notes 2, Notes 1"_s);
+        EXPECT_TRUE(isTapOn());
+        hover(item);
+        EXPECT_EQ(shown(), u""_s);
+        EXPECT_EQ(panelsOnScreen(), 0);
+        EXPECT_FALSE(isTapOn());
+        EXPECT_EQ(engine().currentDockElement(), nullptr);
+    }
+}
+
+TEST_F(Intake, dockMenu_takesThePanelsOffTheScreenInTheSameStep)
+{
+    add(u"Notes"_s, 2);
+    hover(u"Notes"_s);
+    engine().menuOpened();
+    EXPECT_EQ(panelsOnScreen(), 0);
+    EXPECT_FALSE(engine().shouldInstantShow());
+    loop.advance(3);
+    EXPECT_EQ(shown(), u""_s); // the update timer is off
+
+    leave();
+    hover(u"Notes"_s);
+    // Any other removal waits for the next pass, in case the panels are used again at once.
+    engine().removeAllScreenViews();
+    EXPECT_EQ(panelsOnScreen(), 2);
+    loop.runUntilIdle();
+    EXPECT_EQ(panelsOnScreen(), 0);
+    leave();
+    hover(u"Notes"_s);
+    desk.openDockMenu();
+    loop.runUntilIdle();
+    EXPECT_EQ(shown(), u""_s);
+}
+
+TEST_F(Intake, windows_areRecordedAsTheyComeAndGo_unlessDisabled)
+{
+    const Pid notes = add(u"Notes"_s, 0);
+    desk.with([](SimulatedState& state) { state.destroyedWindowsTellRole = true; });
+    const auto count = [&] { return engine().inventory().countForPID(notes); };
+    const WindowID number = desk.addWindow(notes, {u"Ideas"_s});
+    loop.runUntilIdle();
+    EXPECT_EQ(count(), 1);
+    desk.closeWindow(number);
+    loop.runUntilIdle();
+    EXPECT_EQ(count(), 0);
+    settings().disabled = 1;
+    desk.addWindow(notes, {u"Ideas"_s});
+    hover(u"Notes"_s);
+    loop.advance(5);
+    EXPECT_EQ(count(), 0);
+    EXPECT_EQ(shown(), u""_s);
+    settings().disabled = 0;
+    loop.advance(2.5); // the next scan
+    EXPECT_EQ(count(), 1);
+}
+
+TEST_F(Intake, applications_areObservedWhileTheyRun)
+{
+    const Pid notes = add(u"Notes"_s, 1);
+    const Pid stubborn = desk.addApplication({u"Vault"_s, {}, 0, true, false, true, false});
+    loop.runUntilIdle();
+    EXPECT_TRUE(engine().isObserving(notes));
+    EXPECT_FALSE(engine().isObserving(stubborn));
+    engine().addObserverForApp(notes); // no second one
+    desk.quitApplication(notes);
+    loop.runUntilIdle();
+    EXPECT_FALSE(engine().isObserving(notes));
+    loop.advance(2.5);
+    EXPECT_EQ(engine().inventory().countForPID(notes), 0);
+
+    const Pid maps = add(u"Maps"_s, 1);
+    const WindowID number = desk.stacking().front();
+    engine().inventory().removeWindow(desk.windowElement(number));
+    desk.showSpace(2); // is a reason to scan
+    loop.runUntilIdle();
+    EXPECT_EQ(engine().inventory().countForPID(maps), 1);
+}
+
+TEST_F(Intake, movingOnWhileARowIsUp_waitsUntilTheMouseRests)
+{
+    add(u"Notes"_s, 2);
+    add(u"Maps"_s, 1);
+    hover(u"Notes"_s);
+    desk.hoverDockItem(u"Maps"_s);
+    for (int i = 0; i < 20; ++i) {
+        desk.movePointer(desk.inputState().mouseLocation() + QPointF(0.5, 0));
+        loop.advance(0.01);
+        ASSERT_EQ(shown(), u"Notes 2, Notes 1"_s);
+    }
+    EXPECT_EQ(loop.runningThreads("mouse-checker"), 1);
+    loop.advance(0.04);
+    EXPECT_EQ(shown(), u"Maps 1"_s);
+    EXPECT_EQ(loop.runningThreads("mouse-checker"), 0);
+
+    // The mouse was only passing on its way to the row.
+    hover(u"Notes"_s);
+    EXPECT_EQ(shown(), u"Notes 2, Notes 1"_s); // one preview is no row
+    desk.hoverDockItem(u"Maps"_s);
+    loop.advance(0.01);
+    movePointerTo(preview(0));
+    loop.advance(1);
+    EXPECT_EQ(shown(), u"Notes 2, Notes 1"_s);
+    EXPECT_EQ(loop.runningThreads("mouse-checker"), 0);
+}
+
+} // namespace
+} // namespace lumbrix::test

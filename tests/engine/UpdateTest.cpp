@@ -1,0 +1,138 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// How the previews shown keep up with their windows.
+
+#include "tests/engine/EngineFixture.h"
+
+namespace lumbrix::test
+{
+namespace
+{
+
+class Update : public EngineFixture
+{
+protected:
+    void update() { loop.advance(0.5); }
+};
+
+TEST_F(Update, windowsThatComeAndGo_joinAndLeaveTheRow)
+{
+    const Pid notes = add(u"Notes"_s, 2);
+    const auto windows = desk.stacking();
+    hover(u"Notes"_s);
+    desk.addWindow(notes, {u"New"_s});
+    update();
+    EXPECT_EQ(shown(), u"Notes 2, Notes 1, New"_s);
+    const double middle = desk.dockItemFrame(u"Notes"_s).center().x();
+    EXPECT_EQ(preview(2).window()->frame(), QRectF(middle + 94, 62, 200, 150));
+    desk.closeWindow(windows[0]);
+    update();
+    EXPECT_EQ(shown(), u"Notes 1, New"_s);
+    EXPECT_EQ(panelsOnScreen(), 2);
+    desk.quitApplication(notes);
+    update();
+    EXPECT_EQ(shown(), u""_s);
+    EXPECT_EQ(panelsOnScreen(), 0);
+    EXPECT_FALSE(isTapOn());
+}
+
+TEST_F(Update, pictures_areTakenOnceAnUpdate_andShownWithTheNext)
+{
+    add(u"Notes"_s, 2);
+    const auto windows = desk.stacking();
+    hover(u"Notes"_s);
+    const auto versions = [this] {
+        return QPair(preview(0).image().pixel(0, 0) & 0xff, preview(1).image().pixel(0, 0) & 0xff);
+    };
+    for (int version = 1; version <= 3; ++version) {
+        const auto before = QPair(desk.captures(windows[0]), desk.captures(windows[1]));
+        desk.changeWindow(windows[0], [=](auto& window) { window.version = version; });
+        desk.changeWindow(windows[1], [](auto& window) { window.title += u'!'; });
+        update();
+        EXPECT_EQ(QPair(desk.captures(windows[0]), desk.captures(windows[1])),
+                  QPair(before.first + 1, before.second + 1));
+        EXPECT_EQ(versions(), QPair(QRgb(version - 1), QRgb(0)));
+        EXPECT_EQ(preview(1).titleString(), u"Notes 1"_s + QString(version, u'!'));
+        EXPECT_EQ(loop.runningThreads("capture"), 0);
+    }
+    settings().disableLivePreviews = 1;
+    const int before = desk.captures(windows[0]);
+    loop.advance(3);
+    EXPECT_EQ(desk.captures(windows[0]), before);
+    EXPECT_EQ(versions(), QPair(QRgb(3), QRgb(0)));
+}
+
+TEST_F(Update, minimisedAndHiddenWindows_leaveTheRow_asTheSettingsSay)
+{
+    const Pid notes = add(u"Notes"_s, 3);
+    hover(u"Notes"_s);
+    desk.minimizeWindow(desk.stacking().front());
+    hover(u"Notes"_s);
+    update();
+    EXPECT_EQ(shown(), u"Notes 3, Notes 2, Notes 1"_s);
+    settings().ignoreMinimized = 1;
+    update();
+    EXPECT_EQ(shown(), u"Notes 2, Notes 1"_s);
+    settings().tempDisableFilters = 1;
+    desk.setModifiers(Command);
+    update();
+    EXPECT_EQ(shown(), u"Notes 2, Notes 1, Notes 3"_s);
+    desk.setModifiers(0);
+    settings().ignoreHidden = 1;
+    desk.workspace().hide(notes);
+    update();
+    EXPECT_EQ(shown(), u""_s);
+    desk.with([&](SimulatedState& state) { state.setHidden(notes, false); });
+    loop.advance(1.1); // the mouse is still there
+    EXPECT_EQ(shown(), u"Notes 2, Notes 1"_s);
+}
+
+TEST_F(Update, busyApplication_keepsItsPreviews)
+{
+    const Pid notes = add(u"Notes"_s, 2);
+    hover(u"Notes"_s);
+    desk.changeApplication(notes, [](auto& application) { application.responds = false; });
+    loop.advance(3);
+    EXPECT_EQ(shown(), u"Not Responding, Not Responding"_s);
+    desk.changeApplication(notes, [](auto& application) { application.responds = true; });
+    update();
+    EXPECT_EQ(shown(), u"Notes 2, Notes 1"_s);
+}
+
+TEST_F(Update, panels_areReused_lastInFirstOut)
+{
+    add(u"Notes"_s, 2);
+    hover(u"Notes"_s);
+    const ScreenyView* const second = &preview(1);
+    const ScreenyView* const first = &preview(0);
+    hover(u"Trash"_s);
+    EXPECT_EQ(engine().cache().cacheArray().size(), 2U);
+    EXPECT_EQ(second->elementRef(), nullptr);
+    hover(u"Notes"_s);
+    EXPECT_EQ(&preview(0), second);
+    EXPECT_EQ(&preview(1), first);
+    EXPECT_TRUE(engine().cache().cacheArray().empty());
+    engine().removeAllScreenViews();
+    engine().clearCache();
+    EXPECT_EQ(engine().cache().cacheArray().size(), 6U);
+    EXPECT_EQ(PreviewCache::interfaceFileForStyle(7), u"ScreenyViewBlack"_s);
+}
+
+TEST_F(Update, nothingHappens_whileNothingIsHovered)
+{
+    add(u"Notes"_s, 2);
+    hover(u"Notes"_s);
+    leave();
+    loop.advance(2);
+    // All that is left is the scan every 2.5 seconds.
+    loop.advance(*loop.timeUntilNextEvent());
+    for (int i = 0; i < 10; ++i) {
+        EXPECT_DOUBLE_EQ(*loop.timeUntilNextEvent(), 2.5);
+        loop.advance(2.5);
+    }
+    EXPECT_EQ(loop.runningThreads(), 1);
+}
+
+} // namespace
+} // namespace lumbrix::test
