@@ -20,6 +20,7 @@ namespace
 {
 
 constexpr double LookInterval = 2.0;
+constexpr std::int64_t ClockTick = 100; // milliseconds, generously
 constexpr qint64 MaximalFileSize = 1024 * 1024;
 
 std::int64_t folderTime(const QString& folder)
@@ -90,19 +91,26 @@ void DesktopEntries::refresh()
 void DesktopEntries::scan()
 {
     m_folderTimes.clear();
+    const std::int64_t started = QDateTime::currentMSecsSinceEpoch();
+    const auto noteTime = [&](const QString& folder) {
+        // A change within the same tick of the file system's clock would not show; so a folder
+        // that was just changed counts as changed the next time, too.
+        const std::int64_t time = folderTime(folder);
+        m_folderTimes[folder] = started - time < ClockTick ? -1 : time;
+    };
     m_entries.clear();
     std::map<QString, CachedFile> known;
     known.swap(m_files);
     QSet<QString> ids;
     for (const QString& folder : m_folders) {
-        m_folderTimes[folder] = folderTime(folder);
+        noteTime(folder);
         QDirIterator it(folder, QDir::Files | QDir::Dirs | QDir::NoDotAndDotDot,
                         QDirIterator::Subdirectories);
         while (it.hasNext()) {
             const QString path = it.next();
             const QFileInfo info = it.fileInfo();
             if (info.isDir()) {
-                m_folderTimes[path] = folderTime(path);
+                noteTime(path);
                 continue;
             }
             if (!path.endsWith(QStringLiteral(".desktop"))) {

@@ -62,7 +62,7 @@ private:
 
     std::mutex m_mutex;
     std::optional<double> m_lastLook;
-    std::map<QString, std::int64_t> m_folderTimes; ///< 0 = missing
+    std::map<QString, std::int64_t> m_folderTimes; ///< 0 = missing, −1 = unknown
     std::map<QString, CachedFile> m_files;
     std::vector<DesktopEntryPtr> m_entries; ///< most important first
     Index m_byId;

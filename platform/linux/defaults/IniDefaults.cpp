@@ -188,7 +188,7 @@ bool IniDefaults::load()
 
 bool IniDefaults::synchronize()
 {
-    if (!m_readable || !m_unsaved.empty() || stampOfFile() != m_stamp) {
+    if (!m_readable || stampOfFile() != m_stamp) {
         load();
     }
     if (m_unsaved.empty()) {

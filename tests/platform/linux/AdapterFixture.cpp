@@ -1,0 +1,117 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include "tests/platform/linux/AdapterFixture.h"
+
+#include <QtCore/QFile>
+
+#include "platform/linux/docks/PanelDock.h"
+
+namespace lumbrix::test
+{
+
+using namespace platform;
+
+void writeEntry(const QString& folder, const QString& id, const QByteArray& lines)
+{
+    QFile file(folder + u'/' + id + QStringLiteral(".desktop"));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("[Desktop Entry]\nType=Application\n" + lines);
+}
+
+AdapterFixture::AdapterFixture()
+    : m_entries({m_folder.path()}, {}, [this] { return m_loop.now(); }),
+      m_registry(
+          m_tracker, m_entries,
+          [this](std::int32_t pid) {
+              const auto it = m_programs.find(pid);
+              return it == m_programs.end() ? ProcessNames()
+                                            : ProcessNames{it->second, {it->second}};
+          },
+          {OwnPid, QStringLiteral("lumbrix")}, [this] { return m_loop.now(); }),
+      m_raiser(m_tracker, m_registry, [this] { return m_loop.now(); }),
+      m_workspace(m_loop, m_tracker, m_registry, m_entries, m_raiser),
+      m_docks(m_loop, m_tracker, m_registry, m_entries,
+              [this] {
+                  DockModel::Providers providers;
+                  providers.push_back(std::make_unique<PanelDock>(
+                      m_loop, m_tracker, m_space, [this](xcb_window_t) { return m_strut; }));
+                  return providers;
+              }()),
+      m_accessibility({m_loop, m_tracker, m_space, m_registry, m_workspace, m_raiser, m_docks})
+{
+    writeEntry(m_folder.path(), QStringLiteral("debian-term"), "Name=Term\nExec=term\n");
+    writeEntry(m_folder.path(), QStringLiteral("org.example.Editor"),
+               "Name=Editor\nExec=editor %U\n");
+    m_loop.advance(5.0); // entries are looked for anew
+    m_space.setScreens({QRect(0, 0, 1280, 800)});
+    for (x11::WindowListener* listener : std::initializer_list<x11::WindowListener*>{
+             m_accessibility.listenerBeforeRegistry(), &m_registry, &m_docks,
+             m_accessibility.listenerAfterRegistry()}) {
+        m_tracker.addListener(listener);
+    }
+    m_docks.start();
+}
+
+FakeTracker::Window AdapterFixture::window(xcb_window_t id, const QString& instance,
+                                           const QString& className,
+                                           std::optional<std::int32_t> pid,
+                                           const QString& title) const
+{
+    FakeTracker::Window window;
+    window.id = id;
+    window.bounds = QRect(100, 100, 400, 300);
+    window.title = title.isEmpty() ? className : title;
+    window.classInstance = instance;
+    window.className = className;
+    window.pid = pid;
+    window.desktop = 0;
+    window.canDelete = true;
+    return window;
+}
+
+void AdapterFixture::addPanel()
+{
+    FakeTracker::Window panel =
+        window(PanelWindow, QStringLiteral("panel"), QStringLiteral("Panel"), PanelPid);
+    panel.type = x11::WindowType::Dock;
+    panel.bounds = PanelBounds;
+    panel.desktop = -1;
+    m_tracker.add(panel);
+    m_loop.advance(0.1);
+}
+
+std::optional<Application> AdapterFixture::ownerOf(xcb_window_t id)
+{
+    const x11::TrackedWindowPtr window = m_tracker.window(id);
+    return window ? m_registry.application(m_registry.ownerPidOf(*window)) : std::nullopt;
+}
+
+AXResult AdapterFixture::read(const ElementRef& element, const char* attribute)
+{
+    return m_accessibility.copyAttributeValue(element, QString::fromLatin1(attribute));
+}
+
+QString AdapterFixture::text(const ElementRef& element, const char* attribute)
+{
+    const AXResult result = read(element, attribute);
+    const QString* value = result.as<QString>();
+    return value != nullptr ? *value : QStringLiteral("<%1>").arg(static_cast<int>(result.error));
+}
+
+std::vector<ElementRef> AdapterFixture::list(const ElementRef& element, const char* attribute)
+{
+    const AXResult result = read(element, attribute);
+    const auto* value = result.as<std::vector<ElementRef>>();
+    return value != nullptr ? *value : std::vector<ElementRef>();
+}
+
+ElementRef AdapterFixture::dockList()
+{
+    const auto children = list(m_accessibility.createApplication(m_docks.pid()), "AXChildren");
+    return children.empty() ? nullptr : children.front();
+}
+
+std::vector<ElementRef> AdapterFixture::dockItems() { return list(dockList(), "AXChildren"); }
+
+} // namespace lumbrix::test

@@ -1,0 +1,64 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// The desktop half of the adapter on a fake tracker and virtual time, with a few desktop entries.
+#pragma once
+
+#include <QtCore/QTemporaryDir>
+
+#include <map>
+#include <ostream>
+
+#include <gtest/gtest.h>
+
+#include "platform/linux/accessibility/X11Accessibility.h"
+#include "platform/linux/applications/LinuxWorkspace.h"
+#include "platform/linux/docks/LinuxDockPreferences.h"
+#include "tests/platform/linux/FakeTracker.h"
+#include "tests/support/VirtualRunLoop.h"
+
+inline void PrintTo(const QString& text, std::ostream* out) { *out << text.toStdString(); }
+
+namespace lumbrix::test
+{
+
+inline constexpr std::int32_t OwnPid = 77;
+inline constexpr std::int32_t PanelPid = 500;
+inline constexpr xcb_window_t PanelWindow = 0x5000;
+inline const QRect PanelBounds(0, 770, 1280, 30);
+
+/// Writes an entry with these lines of its main group.
+void writeEntry(const QString& folder, const QString& id, const QByteArray& lines);
+
+class AdapterFixture : public testing::Test
+{
+protected:
+    AdapterFixture();
+
+    FakeTracker::Window window(xcb_window_t id, const QString& instance, const QString& className,
+                               std::optional<std::int32_t> pid, const QString& title = {}) const;
+    void addPanel();
+    std::optional<platform::Application> ownerOf(xcb_window_t id);
+    platform::AXResult read(const platform::ElementRef& element, const char* attribute);
+    QString text(const platform::ElementRef& element, const char* attribute);
+    std::vector<platform::ElementRef> list(const platform::ElementRef& element,
+                                           const char* attribute);
+    std::vector<platform::ElementRef> dockItems();
+    platform::ElementRef dockList();
+
+    QTemporaryDir m_folder;
+    VirtualRunLoop m_loop;
+    FakeTracker m_tracker;
+    std::map<std::int32_t, QString> m_programs; ///< by process id
+    platform::x11::PointSpace m_space{1.0};
+    platform::DesktopEntries m_entries;
+    platform::ApplicationRegistry m_registry;
+    platform::WindowRaiser m_raiser;
+    platform::LinuxWorkspace m_workspace;
+    std::optional<QMargins> m_strut{QMargins(0, 0, 0, 30)};
+    platform::DockModel m_docks;
+    platform::LinuxDockPreferences m_dockPreferences{m_docks};
+    platform::X11Accessibility m_accessibility;
+};
+
+} // namespace lumbrix::test

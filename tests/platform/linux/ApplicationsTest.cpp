@@ -1,0 +1,194 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include <algorithm>
+
+#include "tests/platform/linux/AdapterFixture.h"
+
+namespace lumbrix::test
+{
+
+using namespace platform;
+
+class ApplicationsTest : public AdapterFixture
+{
+protected:
+    ApplicationsTest()
+    {
+        for (const auto& [notification, name] :
+             {std::pair(WorkspaceNotification::DidLaunchApplication, "launch"),
+              std::pair(WorkspaceNotification::DidTerminateApplication, "end"),
+              std::pair(WorkspaceNotification::DidActivateApplication, "active"),
+              std::pair(WorkspaceNotification::ActiveSpaceDidChange, "space")}) {
+            m_subscriptions.push_back(m_workspace.observe(
+                notification, [this, what = QString::fromLatin1(name)](std::int32_t pid) {
+                    m_log.append(what + QString::number(pid));
+                }));
+        }
+    }
+    QString log()
+    {
+        m_loop.runUntilIdle();
+        return std::exchange(m_log, {}).join(u' ');
+    }
+
+    QStringList m_log;
+    std::vector<std::unique_ptr<WorkspaceSubscription>> m_subscriptions;
+};
+
+TEST_F(ApplicationsTest, processes_of_one_group_are_one_application_with_one_stable_pid)
+{
+    m_programs = {{101, QStringLiteral("/usr/bin/term")}, {102, QStringLiteral("/usr/bin/term")}};
+    m_tracker.add(window(1, QStringLiteral("foo"), QStringLiteral("Foo"), 101));
+    m_tracker.add(window(3, QStringLiteral("bar"), QStringLiteral("Bar"), 102));
+    m_tracker.add(window(5, QStringLiteral("term"), QStringLiteral("Term"), std::nullopt));
+    EXPECT_EQ(log(), QStringLiteral("launch101"));
+    for (const xcb_window_t id : {1, 3, 5}) {
+        EXPECT_EQ(ownerOf(id)->running.pid, 101);
+        EXPECT_EQ(ownerOf(id)->running.bundleIdentifier, QStringLiteral("debian-term"));
+    }
+    EXPECT_EQ(ownerOf(1)->running.localizedName, QStringLiteral("Term"));
+    EXPECT_EQ(ownerOf(1)->running.bundleURL,
+              QUrl::fromLocalFile(m_folder.filePath(QStringLiteral("debian-term.desktop"))));
+
+    m_tracker.remove(1); // the process that stands for all ends, the others stay
+    EXPECT_EQ(ownerOf(5)->running.pid, 101);
+    const auto gone = window(1, QStringLiteral("foo"), QStringLiteral("Foo"), 101);
+    m_registry.ownerPidOf(gone); // from an older list; must not bring it back
+    m_tracker.remove(3);
+    m_tracker.remove(5);
+    EXPECT_EQ(log(), QStringLiteral("end101"));
+    EXPECT_FALSE(m_registry.application(101));
+}
+
+TEST_F(ApplicationsTest, applications_of_one_process_have_a_pid_each)
+{
+    m_programs = {{200, QStringLiteral("/usr/bin/office")}};
+    m_tracker.add(window(1, QStringLiteral("office"), QStringLiteral("office-writer"), 200));
+    m_tracker.add(window(3, QStringLiteral("office"), QStringLiteral("office-calc"), 200));
+    FakeTracker::Window dialog = window(5, {}, {}, 200, QStringLiteral("Print"));
+    dialog.transientFor = 3;
+    m_tracker.add(dialog);
+    EXPECT_EQ(ownerOf(1)->running.pid, 200);
+    EXPECT_GE(ownerOf(3)->running.pid, 0x40000000);
+    EXPECT_EQ(ownerOf(5)->running.pid, ownerOf(3)->running.pid);
+    EXPECT_EQ(ownerOf(3)->running.bundleIdentifier, QStringLiteral("office-calc"));
+    EXPECT_NE(ownerOf(1)->running.bundleURL, ownerOf(3)->running.bundleURL);
+
+    // The dock and this program keep their own numbers, whatever windows their processes have.
+    m_tracker.add(window(7, QStringLiteral("panel"), QStringLiteral("Panel"), PanelPid));
+    m_tracker.add(window(9, QStringLiteral("lumbrix"), QStringLiteral("Lumbrix"), OwnPid));
+    addPanel();
+    EXPECT_GE(ownerOf(7)->running.pid, 0x40000000);
+    EXPECT_EQ(ownerOf(9)->running.bundleIdentifier, QStringLiteral("lumbrix"));
+    EXPECT_EQ(m_workspace.runningApplication(PanelPid)->bundleIdentifier,
+              QStringLiteral("com.apple.dock"));
+}
+
+TEST_F(ApplicationsTest, regular_applications_are_those_that_task_bars_show)
+{
+    FakeTracker::Window applet = window(1, QStringLiteral("applet"), QStringLiteral("Applet"), 300);
+    applet.skipTaskbar = true;
+    m_tracker.add(applet);
+    FakeTracker::Window wallpaper = window(3, QStringLiteral("d"), QStringLiteral("D"), 301);
+    wallpaper.type = x11::WindowType::Desktop;
+    m_tracker.add(wallpaper);
+    m_tracker.add(window(5, QStringLiteral("editor"), QStringLiteral("Editor"), 302));
+    EXPECT_EQ(m_workspace.launchedApplications(), std::vector<std::int32_t>{302});
+    EXPECT_TRUE(m_workspace.runningApplication(300));
+    EXPECT_FALSE(m_workspace.runningApplication(301));
+    EXPECT_TRUE(m_workspace.runningApplication(OwnPid));
+    m_tracker.change(1, [](auto& window) { window.skipTaskbar = false; });
+    EXPECT_EQ(m_workspace.launchedApplications().size(), 2U);
+}
+
+TEST_F(ApplicationsTest, hiding_makes_all_windows_iconic_until_one_is_shown)
+{
+    m_tracker.add(window(1, QStringLiteral("editor"), QStringLiteral("Editor"), 302));
+    m_tracker.add(window(3, QStringLiteral("editor"), QStringLiteral("Editor"), 302));
+    m_tracker.add(window(5, QStringLiteral("editor"), QStringLiteral("Editor"), 302));
+    m_tracker.iconify(5); // by the user, before
+    m_workspace.hide(302);
+    EXPECT_TRUE(m_workspace.isHidden(302));
+    EXPECT_TRUE(m_tracker.window(1)->isIconic && m_tracker.window(3)->isIconic);
+    m_workspace.unhide(302);
+    EXPECT_FALSE(m_workspace.isHidden(302));
+    EXPECT_FALSE(m_tracker.window(1)->isIconic || m_tracker.window(3)->isIconic);
+    EXPECT_TRUE(m_tracker.window(5)->isIconic);
+
+    m_workspace.hide(302);
+    m_tracker.deiconify(3);
+    EXPECT_FALSE(m_workspace.isHidden(302));
+    m_tracker.refuseIconify();
+    m_tracker.deiconify(1);
+    m_workspace.hide(302);
+    EXPECT_TRUE(m_workspace.isHidden(302)); // under way
+    m_loop.advance(2.0);
+    EXPECT_FALSE(m_workspace.isHidden(302));
+}
+
+TEST_F(ApplicationsTest, raising_a_window_and_activating_its_application_is_one_activation)
+{
+    m_tracker.add(window(1, QStringLiteral("editor"), QStringLiteral("Editor"), 302));
+    FakeTracker::Window away = window(3, QStringLiteral("editor"), QStringLiteral("Editor"), 302);
+    away.desktop = 2;
+    away.isIconic = true;
+    m_tracker.add(away);
+    m_tracker.add(window(5, QStringLiteral("term"), QStringLiteral("Term"), 101));
+    m_tracker.setActive(5);
+    const ElementRef element = X11Element::window(3);
+    const auto raise = [&] {
+        for (int i = 0; i < 2; ++i) {
+            m_accessibility.setAttributeValue(element, QStringLiteral("AXFrontmost"), true);
+            m_accessibility.setAttributeValue(element, QStringLiteral("AXFocused"), true);
+            m_accessibility.performAction(element, QStringLiteral("AXRaise"));
+            m_workspace.activate(302, ActivateIgnoringOtherApps);
+        }
+    };
+    raise();
+    EXPECT_EQ(m_tracker.activations(), 1);
+    EXPECT_EQ(m_tracker.activeWindow(), 3U);
+    EXPECT_FALSE(m_tracker.window(3)->isIconic);
+    EXPECT_EQ(log(), QStringLiteral("launch302 launch101 active101 space0 active302"));
+
+    m_loop.advance(1.0);
+    m_workspace.activate(101, 0);
+    EXPECT_EQ(m_tracker.activeWindow(), 5U);
+    m_workspace.activate(302, 0); // the one on this desktop comes before the one elsewhere
+    EXPECT_EQ(m_tracker.activeWindow(), 1U);
+    m_workspace.activate(302, 0);
+    EXPECT_EQ(m_tracker.activations(), 3);
+    m_loop.advance(1.0);
+    raise();
+    EXPECT_EQ(m_tracker.activations(), 4);
+    EXPECT_EQ(m_tracker.activeWindow(), 3U);
+}
+
+TEST_F(ApplicationsTest, terminate_closes_windows_but_never_the_dock_or_this_program)
+{
+    addPanel();
+    m_tracker.add(window(1, QStringLiteral("editor"), QStringLiteral("Editor"), 302));
+    m_tracker.add(window(9, QStringLiteral("lumbrix"), QStringLiteral("Lumbrix"), OwnPid));
+    for (const std::int32_t pid : {302, PanelPid, OwnPid, 12345}) {
+        m_workspace.terminate(pid);
+    }
+    EXPECT_FALSE(m_tracker.window(1));
+    EXPECT_TRUE(m_tracker.window(9));
+    EXPECT_TRUE(m_tracker.window(PanelWindow));
+}
+
+TEST_F(ApplicationsTest, observer_that_ends_another_subscription_is_the_last_one_called)
+{
+    std::unique_ptr<WorkspaceSubscription> second;
+    int calls = 0;
+    const auto first = m_workspace.observe(WorkspaceNotification::ActiveSpaceDidChange,
+                                           [&](std::int32_t) { second.reset(); });
+    second = m_workspace.observe(WorkspaceNotification::ActiveSpaceDidChange,
+                                 [&](std::int32_t) { ++calls; });
+    m_tracker.setCurrentDesktop(1);
+    m_loop.runUntilIdle();
+    EXPECT_EQ(calls, 0);
+    EXPECT_FALSE(second);
+}
+
+} // namespace lumbrix::test

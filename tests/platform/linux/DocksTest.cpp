@@ -1,0 +1,289 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include "platform/linux/docks/IconGeometry.h"
+#include "platform/linux/docks/PlankGeometry.h"
+#include "tests/platform/linux/AdapterFixture.h"
+
+namespace lumbrix::test
+{
+
+using namespace platform;
+
+namespace
+{
+const QRect FirstButton(100, 772, 150, 26);
+const QRect SecondButton(252, 772, 150, 26);
+} // namespace
+
+// Plank at 48 pixels tells points 66 pixels off the edge of the screen, 60 apart; with icons that
+// grow by half, 90 off. The places must be the same, on every side and every monitor.
+TEST(PlankGeometryTest, places_stand_on_the_dock_edge_whatever_the_zoom)
+{
+    const QRect screen(1280, 100, 1920, 1080);
+    struct Case {
+        DockEdge edge;
+        QRect dock;
+        QPoint off;
+        QRect rect;
+        QRect magnified;
+    };
+    for (const int depth : {66, 90}) {
+        const bool zoom = depth == 90;
+        const PlankLook look{.iconSize = 48, .magnifies = zoom, .zoomPercent = 150};
+        const int grown = zoom ? 84 : 60;
+        for (const Case& at : {
+                 Case{DockEdge::Bottom,
+                      {1280, 1040, 1920, 140},
+                      {2000, 1180 - depth},
+                      {1970, 1120, 60, 60},
+                      {1970, 1180 - grown, 60, grown}},
+                 Case{DockEdge::Top,
+                      {1280, 100, 1920, 140},
+                      {2000, 100 + depth},
+                      {1970, 100, 60, 60},
+                      {1970, 100, 60, grown}},
+                 Case{DockEdge::Left,
+                      {1280, 100, 140, 1080},
+                      {1280 + depth, 600},
+                      {1280, 570, 60, 60},
+                      {1280, 570, grown, 60}},
+                 Case{DockEdge::Right,
+                      {3060, 100, 140, 1080},
+                      {3200 - depth, 600},
+                      {3140, 570, 60, 60},
+                      {3200 - grown, 570, grown, 60}},
+             }) {
+            const QPoint next = isHorizontal(at.edge) ? QPoint(120, 0) : QPoint(0, 60);
+            const auto places = plankPlaces({at.off, at.off + next}, at.edge, at.dock, look);
+            EXPECT_EQ(places[0].rect, at.rect) << depth;
+            EXPECT_EQ(places[0].magnified, at.magnified) << depth;
+        }
+    }
+}
+
+TEST(PlankGeometryTest, unnamed_items_fill_the_gaps_behind_the_first)
+{
+    EXPECT_EQ(plankFreeCentres(600, 3, 60, {540, 661, 900}), (std::vector{600, 720, 780}));
+    EXPECT_EQ(plankFreeCentres(600, 0, 60, {}), std::vector<int>());
+    EXPECT_EQ(plankPitch({600, 600, 785, 665}, 48), 65); // measured
+    EXPECT_EQ(plankPitch({600}, 48), 60);                // guessed
+}
+
+TEST(IconGeometryTest, edges_follow_the_strut_before_the_shape)
+{
+    const QRect screen(0, 0, 1280, 800);
+    EXPECT_EQ(edgeOfDock({0, 770, 1280, 30}, screen, {}), DockEdge::Bottom);
+    EXPECT_EQ(edgeOfDock({0, 0, 1280, 30}, screen, {}), DockEdge::Top);
+    EXPECT_EQ(edgeOfDock({0, 0, 60, 800}, screen, {}), DockEdge::Left);
+    EXPECT_EQ(edgeOfDock({1220, 300, 60, 200}, screen, {}), DockEdge::Right);
+    EXPECT_EQ(edgeOfDock({1220, 770, 60, 30}, screen, {0, 0, 60, 0}), DockEdge::Right);
+}
+
+TEST(IconGeometryTest, rows_of_buttons_keep_to_their_rows)
+{
+    const QRect dock(0, 740, 1280, 60);
+    const auto items = deriveItems({{1, {10, 0, 100, 30}, false},
+                                    {2, {10, 30, 100, 30}, false},
+                                    {3, {120, 5, 100, 50}, false}},
+                                   dock, DockEdge::Bottom, {});
+    ASSERT_EQ(items.size(), 3U);
+    EXPECT_EQ(items[0].rect, QRect(10, 740, 100, 30));
+    EXPECT_EQ(items[1].rect, QRect(10, 770, 100, 30));
+    EXPECT_EQ(items[2].rect, QRect(120, 740, 100, 60));
+}
+
+class DocksTest : public AdapterFixture
+{
+protected:
+    DocksTest()
+    {
+        m_tracker.add(window(1, QStringLiteral("term"), QStringLiteral("Term"), 101));
+        m_tracker.add(window(3, QStringLiteral("term"), QStringLiteral("Term"), 102));
+        m_tracker.add(window(5, QStringLiteral("editor"), QStringLiteral("Editor"), 302,
+                             QStringLiteral("notes.txt")));
+    }
+    void place()
+    {
+        m_tracker.placeIcon(1, SecondButton);
+        m_tracker.placeIcon(3, SecondButton);
+        m_tracker.placeIcon(5, FirstButton);
+        m_loop.advance(0.1);
+    }
+    QString titles()
+    {
+        QStringList result;
+        for (const ElementRef& item : dockItems()) {
+            result.append(text(item, "AXTitle"));
+        }
+        return result.join(u' ');
+    }
+};
+
+TEST_F(DocksTest, windows_with_one_place_are_one_item)
+{
+    addPanel();
+    place();
+    EXPECT_EQ(titles(), QStringLiteral("Editor Term")); // from left to right
+    const auto items = dockItems();
+    EXPECT_EQ(text(items[0], "AXSubrole"), QStringLiteral("AXApplicationDockItem"));
+    EXPECT_EQ(*read(items[0], "AXPosition").as<QPointF>(), QPointF(100, 770));
+    EXPECT_EQ(*read(items[0], "AXSize").as<QSizeF>(), QSizeF(150, 30));
+    EXPECT_EQ(*read(items[1], "AXURL").as<QUrl>(), ownerOf(1)->running.bundleURL);
+    EXPECT_TRUE(*read(items[1], "AXIsApplicationRunning").as<bool>());
+
+    // A lone iconic window is a minimised window's button; it says nothing of an application.
+    m_tracker.iconify(5);
+    m_loop.advance(0.1);
+    ASSERT_TRUE(elementsEqual(dockItems()[0], items[0]));
+    EXPECT_EQ(text(items[0], "AXSubrole"), QStringLiteral("AXMinimizedWindowDockItem"));
+    EXPECT_EQ(text(items[0], "AXTitle"), QStringLiteral("notes.txt"));
+    EXPECT_EQ(read(items[0], "AXIsApplicationRunning").error, AXError::AttributeUnsupported);
+
+    // An item goes on while one of its windows stays, and is invalid after the last.
+    m_tracker.remove(1);
+    m_loop.advance(0.1);
+    EXPECT_TRUE(elementsEqual(dockItems()[1], items[1]));
+    m_tracker.remove(3);
+    m_loop.advance(0.1);
+    EXPECT_EQ(read(items[1], "AXTitle").error, AXError::InvalidUIElement);
+    EXPECT_EQ(titles(), QStringLiteral("notes.txt"));
+}
+
+TEST_F(DocksTest, places_count_once_they_stand_and_only_on_this_desktop)
+{
+    addPanel();
+    place();
+    const auto xOfTerm = [&] { return read(dockItems().back(), "AXPosition").as<QPointF>()->x(); };
+    for (int x = 260; x <= 340; x += 20) { // a button that slides, with a hiccup
+        m_tracker.placeIcon(1, QRect(-1, -1, 1, 1));
+        m_tracker.placeIcon(1, QRect(x, 772, 150, 26));
+        m_tracker.placeIcon(3, QRect(x, 772, 150, 26));
+        m_loop.advance(0.017);
+        EXPECT_EQ(xOfTerm(), 252);
+    }
+    m_loop.advance(0.1);
+    EXPECT_EQ(xOfTerm(), 340);
+    m_tracker.change(5, [](auto& window) { window.desktop = 1; });
+    m_loop.advance(0.1);
+    EXPECT_EQ(titles(), QStringLiteral("Term"));
+    m_tracker.setCurrentDesktop(1);
+    m_loop.advance(0.1);
+    EXPECT_EQ(titles(), QStringLiteral("Editor"));
+}
+
+TEST_F(DocksTest, places_move_with_a_panel_that_hides)
+{
+    addPanel();
+    const QRect hidden = PanelBounds.translated(0, 28);
+    m_strut = QMargins();
+    m_tracker.change(PanelWindow, [&](auto& window) { window.bounds = hidden; });
+    m_tracker.placeIcon(5, FirstButton.translated(0, 28)); // as the hidden panel has it
+    m_loop.advance(0.1);
+    m_tracker.change(PanelWindow, [](auto& window) { window.bounds = PanelBounds; });
+    m_loop.advance(0.1);
+    EXPECT_EQ(*read(dockItems().at(0), "AXPosition").as<QPointF>(), QPointF(100, 770));
+    EXPECT_EQ(m_dockPreferences.autohide(), 1);
+    EXPECT_EQ(m_dockPreferences.orientation(), QStringLiteral("bottom"));
+}
+
+TEST_F(DocksTest, hover_and_menu_are_told_once_to_the_observer_of_the_dock)
+{
+    QStringList log;
+    addPanel();
+    place();
+    const auto observe = [&] {
+        auto observer = m_accessibility.createObserver(
+            m_docks.pid(),
+            [&](AXObserver&, const ElementRef& element, const QString& name, NotificationContext*) {
+                const auto selected = list(element, "AXSelectedChildren");
+                log << (name == u"AXMenuOpened" ? QStringLiteral("menu")
+                        : selected.empty()      ? QStringLiteral("none")
+                                                : text(selected.front(), "AXTitle"));
+            });
+        const ElementRef dock = m_accessibility.createApplication(m_docks.pid());
+        observer->addNotification(dock, QStringLiteral("AXSelectedChildrenChanged"), nullptr);
+        observer->addNotification(dock, QStringLiteral("AXMenuOpened"), nullptr);
+        observer->addToRunLoop();
+        return observer;
+    };
+    auto observer = observe();
+    const auto taken = [&] {
+        m_loop.runUntilIdle();
+        return std::exchange(log, {}).join(u' ');
+    };
+    m_tracker.movePointer({110, 780});
+    m_tracker.movePointer({120, 799}); // the very edge of the screen
+    EXPECT_EQ(taken(), QStringLiteral("Editor"));
+    m_tracker.movePointer({300, 780});
+    EXPECT_EQ(taken(), QStringLiteral("Term"));
+    m_tracker.press(3);
+    m_tracker.mapPopup({0x99, x11::PopupMapped::Kind::Tooltip, PanelPid});
+    m_tracker.mapPopup({0x99, x11::PopupMapped::Kind::Menu, 101});
+    EXPECT_EQ(taken(), QStringLiteral("menu"));
+    m_tracker.movePointer({300, 400}); // the grab of the menu, for a moment
+    m_loop.advance(0.03);
+    log.clear();
+    m_tracker.movePointer({300, 780});
+    EXPECT_EQ(taken(), QString());
+    m_tracker.press(1);
+
+    // A window over the panel keeps the pointer from it, also where a button lies below.
+    FakeTracker::Window above = window(7, QStringLiteral("x"), QStringLiteral("X"), 400);
+    above.bounds = QRect(0, 600, 1280, 200);
+    m_tracker.add(above);
+    m_tracker.movePointer({110, 780});
+    EXPECT_EQ(taken(), QStringLiteral("none"));
+    m_tracker.remove(7);
+
+    // Buttons that move under a pointer at rest.
+    m_tracker.movePointer({110, 780});
+    EXPECT_EQ(taken(), QStringLiteral("Editor"));
+    m_tracker.remove(5);
+    m_tracker.placeIcon(1, FirstButton);
+    m_tracker.placeIcon(3, FirstButton);
+    m_loop.advance(0.1);
+    EXPECT_TRUE(taken().endsWith(QStringLiteral("Term")));
+
+    m_tracker.movePointer({110, 400});
+    observer.reset(); // with the notification under way
+    EXPECT_EQ(taken(), QString());
+}
+
+TEST_F(DocksTest, restarted_dock_is_found_again)
+{
+    EXPECT_EQ(m_docks.pid(), 0);
+    EXPECT_FALSE(m_dockPreferences.orientation());
+    addPanel();
+    place();
+    const ElementRef item = dockItems().at(0);
+    m_tracker.movePointer({110, 780});
+    EXPECT_NE(m_docks.selectedItem(), 0U);
+    m_tracker.remove(PanelWindow);
+    m_loop.advance(0.1);
+    EXPECT_EQ(m_docks.pid(), 0);
+    EXPECT_EQ(m_docks.selectedItem(), 0U);
+    EXPECT_EQ(read(item, "AXPosition").error, AXError::InvalidUIElement);
+    EXPECT_FALSE(m_accessibility.createApplication(PanelPid));
+    addPanel();
+    place();
+    EXPECT_EQ(m_docks.pid(), PanelPid);
+    EXPECT_EQ(titles(), QStringLiteral("Editor Term"));
+}
+
+TEST_F(DocksTest, approach_prefetches_the_nearest_first)
+{
+    std::vector<std::vector<xcb_window_t>> asked;
+    m_docks.setPrefetch([&](const auto& windows) { asked.push_back(windows); });
+    addPanel();
+    place();
+    m_tracker.movePointer({330, 500});
+    EXPECT_TRUE(asked.empty());
+    EXPECT_FALSE(m_docks.isAttended());
+    m_tracker.movePointer({330, 700});
+    m_tracker.movePointer({330, 705});
+    EXPECT_EQ(asked, (std::vector<std::vector<xcb_window_t>>{{1, 3, 5}}));
+    EXPECT_TRUE(m_docks.isAttended());
+}
+
+} // namespace lumbrix::test

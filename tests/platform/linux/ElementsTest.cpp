@@ -1,0 +1,131 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include <limits>
+
+#include "tests/platform/linux/AdapterFixture.h"
+
+namespace lumbrix::test
+{
+
+using namespace platform;
+
+class ElementsTest : public AdapterFixture
+{
+protected:
+    ElementRef application(std::int32_t pid) { return m_accessibility.createApplication(pid); }
+};
+
+TEST_F(ElementsTest, windows_say_what_they_are)
+{
+    m_space.setScreens({QRect(1280, 0, 1920, 1080), QRect(0, 0, 1280, 800)});
+    FakeTracker::Window plain = window(1, QStringLiteral("editor"), QStringLiteral("Editor"), 302);
+    m_tracker.add(plain);
+    const std::vector<std::pair<x11::WindowType, const char*>> types{
+        {x11::WindowType::Dialog, "AXDialog"},
+        {x11::WindowType::Utility, "AXFloatingWindow"},
+        {x11::WindowType::Splash, "AXFloatingWindow"}};
+    xcb_window_t id = 3;
+    for (const auto& [type, subrole] : types) {
+        plain.id = id;
+        plain.type = type;
+        m_tracker.add(plain);
+        EXPECT_EQ(text(X11Element::window(id), "AXSubrole"), QString::fromLatin1(subrole));
+        id += 2;
+    }
+    const ElementRef element = X11Element::window(1);
+    EXPECT_EQ(text(element, "AXSubrole"), QStringLiteral("AXStandardWindow"));
+    m_tracker.change(1, [](auto& window) { window.skipTaskbar = true; });
+    EXPECT_EQ(text(element, "AXSubrole"), QStringLiteral("AXSystemFloatingWindow"));
+    EXPECT_EQ(*read(element, "AXPosition").as<QPointF>(), QPointF(-1180, 100));
+    EXPECT_EQ(*read(element, "AXSize").as<QSizeF>(), QSizeF(400, 300));
+    EXPECT_EQ(m_accessibility.windowIDOf(element), 1U);
+    EXPECT_EQ(m_accessibility.pidOf(element), 302);
+    EXPECT_EQ(list(application(302), "AXWindows").size(), 4U);
+
+    const ElementRef button = *read(element, "AXCloseButton").as<ElementRef>();
+    EXPECT_TRUE(*read(button, "AXEnabled").as<bool>());
+    EXPECT_TRUE(elementsEqual(*read(button, "AXWindow").as<ElementRef>(), element));
+    m_tracker.change(1, [](auto& window) { window.canDelete = false; });
+    EXPECT_FALSE(*read(button, "AXEnabled").as<bool>());
+    EXPECT_EQ(m_accessibility.performAction(button, QStringLiteral("AXPress")), AXError::Success);
+    EXPECT_EQ(read(element, "AXRole").error, AXError::InvalidUIElement);
+    EXPECT_EQ(m_accessibility.performAction(element, QStringLiteral("AXRaise")),
+              AXError::InvalidUIElement);
+    EXPECT_EQ(read(nullptr, "AXRole").error, AXError::IllegalArgument);
+}
+
+TEST_F(ElementsTest, busy_windows_cannot_complete)
+{
+    m_tracker.add(window(1, QStringLiteral("editor"), QStringLiteral("Editor"), 302));
+    m_tracker.add(window(3, QStringLiteral("editor"), QStringLiteral("Editor"), 302));
+    const auto hang = [&](xcb_window_t id) {
+        m_tracker.change(id, [](auto& window) { window.isResponding = false; });
+    };
+    hang(1);
+    EXPECT_EQ(read(X11Element::window(1), "AXTitle").error, AXError::CannotComplete);
+    EXPECT_EQ(list(application(302), "AXWindows").size(), 2U);
+    hang(3);
+    EXPECT_EQ(read(application(302), "AXWindows").error, AXError::CannotComplete);
+    EXPECT_EQ(m_accessibility.performAction(X11Element::closeButton(1), QStringLiteral("AXPress")),
+              AXError::Success);
+}
+
+TEST_F(ElementsTest, topmost_element_is_under_a_point)
+{
+    addPanel();
+    m_tracker.add(window(1, QStringLiteral("editor"), QStringLiteral("Editor"), 302));
+    m_tracker.placeIcon(1, QRect(100, 772, 150, 26));
+    m_tracker.add(window(3, QStringLiteral("term"), QStringLiteral("Term"), 101));
+    m_loop.advance(0.1);
+    const auto at = [&](float x, float y) {
+        const AXResult result = m_accessibility.copyElementAtPosition(x, y);
+        const ElementRef* element = result.as<ElementRef>();
+        return element != nullptr ? text(*element, "AXTitle") : QString();
+    };
+    EXPECT_EQ(at(110, 785), QStringLiteral("Editor"));
+    EXPECT_EQ(at(600, 785), QString());
+    EXPECT_EQ(at(200, 200), QStringLiteral("Term"));
+    m_tracker.iconify(3);
+    EXPECT_EQ(at(200, 200), QStringLiteral("Editor"));
+    EXPECT_EQ(at(std::numeric_limits<float>::quiet_NaN(), 0), QString());
+    m_tracker.setActive(1);
+    const ElementRef focused =
+        *read(m_accessibility.createSystemWide(), "AXFocusedApplication").as<ElementRef>();
+    EXPECT_TRUE(elementsEqual(focused, application(302)));
+    EXPECT_TRUE(
+        elementsEqual(*read(focused, "AXFocusedWindow").as<ElementRef>(), X11Element::window(1)));
+}
+
+TEST_F(ElementsTest, window_notifications_come_between_launch_and_end_of_the_application)
+{
+    QStringList log;
+    std::map<std::int32_t, std::unique_ptr<AXObserver>> observers;
+    const auto launched =
+        m_workspace.observe(WorkspaceNotification::DidLaunchApplication, [&](std::int32_t pid) {
+            auto observer =
+                m_accessibility.createObserver(pid, [&](AXObserver&, const ElementRef& element,
+                                                        const QString& name, NotificationContext*) {
+                    log << name + u' ' + text(element, "AXRole") + u' ' +
+                               QString::number(*m_accessibility.windowIDOf(element));
+                });
+            ASSERT_TRUE(observer);
+            for (const char* name : {"AXWindowCreated", "AXUIElementDestroyed"}) {
+                observer->addNotification(application(pid), QString::fromLatin1(name), nullptr);
+            }
+            observer->addToRunLoop();
+            observers[pid] = std::move(observer);
+        });
+    const auto ended = m_workspace.observe(WorkspaceNotification::DidTerminateApplication,
+                                           [&](std::int32_t pid) { observers.erase(pid); });
+    m_tracker.add(window(1, QStringLiteral("editor"), QStringLiteral("Editor"), 302));
+    m_loop.runUntilIdle();
+    m_tracker.remove(1);
+    m_loop.runUntilIdle();
+    EXPECT_EQ(log.join(u','), QStringLiteral("AXWindowCreated AXWindow 1,"
+                                             "AXUIElementDestroyed AXWindow 1"));
+    EXPECT_TRUE(observers.empty());
+    EXPECT_FALSE(m_accessibility.createObserver(302, {}));
+}
+
+} // namespace lumbrix::test

@@ -1,0 +1,128 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include "tests/platform/linux/FakeTracker.h"
+
+#include <algorithm>
+
+namespace lumbrix::test
+{
+
+using platform::x11::WindowListener;
+
+void FakeTracker::notify(const std::function<void(WindowListener&)>& call)
+{
+    for (WindowListener* listener : m_listeners) {
+        call(*listener);
+    }
+}
+
+void FakeTracker::addListener(WindowListener* listener) { m_listeners.push_back(listener); }
+
+void FakeTracker::add(Window window)
+{
+    window.frame = window.id + 1;
+    window.isMapped = true;
+    const auto added = std::make_shared<const Window>(std::move(window));
+    m_windows.insert(m_windows.begin(), added);
+    notify([&](WindowListener& listener) { listener.windowAdded(added); });
+}
+
+FakeTracker::WindowPtr FakeTracker::window(xcb_window_t id) const
+{
+    const auto it = std::ranges::find(m_windows, id, &Window::id);
+    return it == m_windows.end() ? nullptr : *it;
+}
+
+void FakeTracker::change(xcb_window_t id, const std::function<void(Window&)>& how)
+{
+    const auto it = std::ranges::find(m_windows, id, &Window::id);
+    if (it == m_windows.end()) {
+        return;
+    }
+    const WindowPtr before = *it;
+    Window changed = *before;
+    how(changed);
+    const WindowPtr after = *it = std::make_shared<const Window>(std::move(changed));
+    notify([&](WindowListener& listener) { listener.windowChanged(before, after); });
+}
+
+void FakeTracker::placeIcon(xcb_window_t id, const QRect& place)
+{
+    change(id, [&](Window& window) {
+        window.iconGeometry = place;
+        ++window.iconGeometrySerial;
+    });
+}
+
+void FakeTracker::remove(xcb_window_t id)
+{
+    const WindowPtr last = window(id);
+    std::erase(m_windows, last);
+    if (last) {
+        notify([&](WindowListener& listener) { listener.windowRemoved(last); });
+    }
+}
+
+void FakeTracker::setActive(xcb_window_t id)
+{
+    m_active = id;
+    notify([&](WindowListener& listener) { listener.activeWindowChanged(id); });
+}
+
+void FakeTracker::setCurrentDesktop(int desktop)
+{
+    m_desktop = desktop;
+    notify([&](WindowListener& listener) { listener.currentDesktopChanged(desktop); });
+}
+
+void FakeTracker::movePointer(QPoint point)
+{
+    m_pointer = point;
+    const auto it = std::ranges::find_if(m_windows, [&](const WindowPtr& window) {
+        return !window->isIconic && window->bounds.contains(point);
+    });
+    const xcb_window_t child = it == m_windows.end() ? xcb_window_t{XCB_NONE} : (*it)->frame;
+    notify([&](WindowListener& listener) { listener.pointerMoved(point, child); });
+}
+
+void FakeTracker::press(int button)
+{
+    notify([&](WindowListener& listener) { listener.buttonPressed(button, m_pointer); });
+}
+
+void FakeTracker::mapPopup(const platform::x11::PopupMapped& popup)
+{
+    notify([&](WindowListener& listener) { listener.popupMapped(popup); });
+}
+
+void FakeTracker::activate(xcb_window_t id)
+{
+    ++m_activations;
+    const WindowPtr raised = window(id);
+    if (!raised) {
+        return;
+    }
+    deiconify(id);
+    if (raised->desktop >= 0 && raised->desktop != m_desktop) {
+        setCurrentDesktop(raised->desktop);
+    }
+    const WindowPtr current = window(id);
+    std::erase(m_windows, current);
+    m_windows.insert(m_windows.begin(), current);
+    setActive(id);
+}
+
+void FakeTracker::iconify(xcb_window_t id)
+{
+    if (m_iconifies) {
+        change(id, [](Window& window) { window.isIconic = true; });
+    }
+}
+
+void FakeTracker::deiconify(xcb_window_t id)
+{
+    change(id, [](Window& window) { window.isIconic = false; });
+}
+
+} // namespace lumbrix::test

@@ -1,0 +1,59 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// The managed windows of no display: a test says what happens to them, and the fake window manager
+// obeys requests at once, telling the listeners in the order of the real one.
+#pragma once
+
+#include <functional>
+
+#include "platform/linux/x11/WindowTracker.h"
+
+namespace lumbrix::test
+{
+
+class FakeTracker final : public platform::x11::WindowTracker
+{
+public:
+    using Window = platform::x11::TrackedWindow;
+    using WindowPtr = platform::x11::TrackedWindowPtr;
+
+    // For the test.
+    void add(Window window); ///< on top
+    void change(xcb_window_t id, const std::function<void(Window&)>& how);
+    void placeIcon(xcb_window_t id, const QRect& place);
+    void remove(xcb_window_t id);
+    void setActive(xcb_window_t id);
+    void setCurrentDesktop(int desktop);
+    void movePointer(QPoint point); ///< over the topmost shown window there
+    void press(int button);
+    void mapPopup(const platform::x11::PopupMapped& popup);
+    int activations() const { return m_activations; }
+    /// A window manager that ignores requests to iconify.
+    void refuseIconify() { m_iconifies = false; }
+
+    void addListener(platform::x11::WindowListener* listener) override;
+    WindowPtr window(xcb_window_t id) const override;
+    std::vector<WindowPtr> windows() const override { return m_windows; }
+    xcb_window_t activeWindow() const override { return m_active; }
+    int currentDesktop() const override { return m_desktop; }
+    int desktopCount() const override { return 4; }
+    void activate(xcb_window_t id) override;
+    void close(xcb_window_t id) override { remove(id); }
+    void iconify(xcb_window_t id) override;
+    void deiconify(xcb_window_t id) override;
+    void ping(xcb_window_t) override {}
+
+private:
+    void notify(const std::function<void(platform::x11::WindowListener&)>& call);
+
+    std::vector<platform::x11::WindowListener*> m_listeners;
+    std::vector<WindowPtr> m_windows; ///< topmost first
+    xcb_window_t m_active = XCB_NONE;
+    int m_desktop = 0;
+    int m_activations = 0;
+    bool m_iconifies = true;
+    QPoint m_pointer;
+};
+
+} // namespace lumbrix::test

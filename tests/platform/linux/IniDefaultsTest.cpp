@@ -1,0 +1,153 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include "platform/linux/defaults/IniDefaults.h"
+
+#include <QtCore/QDir>
+#include <QtCore/QFile>
+#include <QtCore/QFileInfo>
+#include <QtCore/QTemporaryDir>
+
+#include <limits>
+
+#include <gtest/gtest.h>
+
+namespace lumbrix::platform
+{
+
+class IniDefaultsTest : public testing::Test
+{
+protected:
+    QByteArray onDisk() const
+    {
+        QFile file(m_path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<none>");
+    }
+    void putOnDisk(const QByteArray& bytes) const
+    {
+        QDir().mkpath(QFileInfo(m_path).path());
+        QFile::remove(m_path); // a new file, so that it counts as changed within one clock tick
+        QFile file(m_path);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(bytes);
+    }
+    static QString key(const char* name) { return QString::fromLatin1(name); }
+
+    QTemporaryDir m_folder;
+    const QString m_path = m_folder.filePath(QStringLiteral("config/lumbrix/lumbrix.conf"));
+};
+
+TEST_F(IniDefaultsTest, values_of_every_type_survive_a_new_start)
+{
+    const QByteArray bytes("\x00\xff)=\n[x]\\", 8);
+    const QStringList list{QStringLiteral("a, b"), QString(), QStringLiteral(" x "),
+                           QStringLiteral("say \"hi\"\\\n"), QStringLiteral("ünïcode")};
+    const QVariantMap filters{{QStringLiteral("All applications"), 2},
+                              {QStringLiteral("a=b]"), 0},
+                              {QStringLiteral(" #edge "), QStringLiteral("12")},
+                              {QStringLiteral("flag"), true},
+                              {QStringLiteral("text"), QStringLiteral(" @json(x)\n")},
+                              {QStringLiteral("real"), 0.1}};
+    {
+        IniDefaults defaults(m_path);
+        defaults.setInteger(std::numeric_limits<std::int64_t>::min(), key("integer"));
+        defaults.setFloat(0.1F, key("float"));
+        defaults.setBool(true, key("flag"));
+        defaults.setArray(list, key("calendars"));
+        defaults.setArray({}, key("empty"));
+        defaults.setData(bytes, key("data"));
+        defaults.setDictionary(filters, key("filters"));
+        defaults.setDictionary({}, key("emptyDictionary"));
+        ASSERT_TRUE(defaults.synchronize());
+    }
+    EXPECT_TRUE(onDisk().startsWith("[General]\ninteger=-9223372036854775808\nfloat=0.1\n"
+                                    "flag=true\n"))
+        << onDisk().toStdString();
+    const IniDefaults defaults(m_path);
+    EXPECT_EQ(defaults.integerForKey(key("integer")), std::numeric_limits<std::int64_t>::min());
+    EXPECT_EQ(defaults.floatForKey(key("float")), 0.1F);
+    EXPECT_TRUE(defaults.boolForKey(key("flag")));
+    EXPECT_EQ(defaults.integerForKey(key("flag")), 1);
+    EXPECT_EQ(defaults.arrayForKey(key("calendars")), list);
+    EXPECT_EQ(defaults.arrayForKey(key("empty")), QStringList());
+    EXPECT_EQ(defaults.dataForKey(key("data")), bytes);
+    EXPECT_EQ(defaults.dictionaryForKey(key("filters")), filters);
+    EXPECT_EQ(defaults.dictionaryForKey(key("emptyDictionary")), QVariantMap());
+    EXPECT_FALSE(defaults.dictionaryForKey(key("never")));
+    EXPECT_FALSE(defaults.dictionaryForKey(key("General")));
+}
+
+TEST_F(IniDefaultsTest, what_others_wrote_into_the_file_stays)
+{
+    const QByteArray before = "# mine\nwindowWidth = 300 \r\n\n!! no line of ours\n\xff\xfe=3\n"
+                              "[filters]\n; comment\nAll applications=2\n\n[other]\nx=y";
+    putOnDisk(before);
+    IniDefaults defaults(m_path);
+    EXPECT_EQ(defaults.integerForKey(key("windowWidth")), 300);
+    defaults.setInteger(300, key("windowWidth")); // no change, so nothing to write
+    ASSERT_TRUE(defaults.synchronize());
+    EXPECT_EQ(onDisk(), before);
+
+    defaults.setInteger(1, key("firstRun"));
+    defaults.setDictionary({{key("com.example"), 3}}, key("filters"));
+    ASSERT_TRUE(defaults.synchronize());
+    EXPECT_EQ(onDisk(), "# mine\nwindowWidth = 300 \r\n\n!! no line of ours\n\xff\xfe=3\n"
+                        "firstRun=1\n[filters]\n; comment\ncom.example=3\n\n[other]\nx=y");
+    defaults.removeObjectForKey(key("filters"));
+    defaults.removeObjectForKey(key("windowWidth"));
+    ASSERT_TRUE(defaults.synchronize());
+    EXPECT_EQ(onDisk(), "# mine\n\n!! no line of ours\n\xff\xfe=3\nfirstRun=1\n"
+                        "; comment\n\n[other]\nx=y");
+}
+
+TEST_F(IniDefaultsTest, changes_of_others_and_own_ones_are_merged)
+{
+    IniDefaults mine(m_path);
+    mine.setInteger(1, key("a"));
+    ASSERT_TRUE(mine.synchronize());
+    mine.setInteger(2, key("b"));
+    putOnDisk("[General]\na=7\nb=9\nc=true\n");
+    EXPECT_EQ(mine.integerForKey(key("a")), 1); // read again at synchronize only
+    ASSERT_TRUE(mine.synchronize());
+    EXPECT_EQ(mine.integerForKey(key("a")), 7);
+    EXPECT_EQ(mine.integerForKey(key("b")), 2);
+    EXPECT_EQ(onDisk(), "[General]\na=7\nb=2\nc=true\n");
+    putOnDisk("[General]\na=8\n");
+    ASSERT_TRUE(mine.synchronize());
+    EXPECT_EQ(mine.integerForKey(key("a")), 8);
+    EXPECT_FALSE(mine.boolForKey(key("c")));
+}
+
+TEST_F(IniDefaultsTest, values_that_do_not_read_as_the_type_read_as_nothing)
+{
+    putOnDisk("text=abc\nhuge=99999999999999999999\nreal=2.9\ninf=inf\nwide=1e300\nopen=\"a\n"
+              "filters=3\nyes=Yes\nbroken\n=5\n[unclosed\n[also] no\n");
+    const IniDefaults defaults(m_path);
+    EXPECT_EQ(defaults.integerForKey(key("text")), 0);
+    EXPECT_EQ(defaults.integerForKey(key("huge")), 0);
+    EXPECT_EQ(defaults.integerForKey(key("real")), 2);
+    EXPECT_EQ(defaults.floatForKey(key("inf")), 0.0F);
+    EXPECT_EQ(defaults.floatForKey(key("wide")), 0.0F);
+    EXPECT_FALSE(defaults.boolForKey(key("text")));
+    EXPECT_TRUE(defaults.boolForKey(key("yes")));
+    EXPECT_FALSE(defaults.dictionaryForKey(key("filters")));
+    EXPECT_FALSE(defaults.dataForKey(key("text")));
+    EXPECT_FALSE(defaults.arrayForKey(key("open")));
+}
+
+TEST_F(IniDefaultsTest, unwritable_file_keeps_values_until_it_can_be_written)
+{
+    putOnDisk("");
+    QFile::remove(m_path);
+    ASSERT_TRUE(QDir().mkdir(m_path)); // a folder in its place, which root cannot write either
+    IniDefaults defaults(m_path);
+    defaults.setInteger(5, key("a"));
+    EXPECT_FALSE(defaults.synchronize());
+    EXPECT_EQ(defaults.integerForKey(key("a")), 5);
+    ASSERT_TRUE(QDir().rmdir(m_path));
+    EXPECT_TRUE(defaults.synchronize());
+    EXPECT_EQ(onDisk(), "[General]\na=5\n");
+    EXPECT_EQ(QDir(QFileInfo(m_path).path()).entryList(QDir::Files).size(), 1); // no left-overs
+}
+
+} // namespace lumbrix::platform
