@@ -67,12 +67,17 @@ TEST_P(HoverTest, pointer_movedToTheNextIconAndAway_switchesAndRemoves)
     ASSERT_TRUE(shows(beta));
     hover(alpha);
     ASSERT_TRUE(shows(alpha));
-    // Onto a preview over the gap between: it stays, and shows that it is hovered.
-    const Panel first = display().previews().front();
-    display().moveTo(first.geometry.center());
+    // Onto a preview, over the gap between: they stay, and the window is shown in full size, on
+    // top, where it is.
+    const AppWindow& window = alpha.windows().front();
+    const auto panel = preview(window.title);
+    ASSERT_TRUE(panel);
+    display().moveTo(panel->geometry.center());
+    const QRect place = display().geometry(window.id).value_or(QRect());
     EXPECT_TRUE(waitUntil([&] {
         return std::ranges::any_of(display().panels(),
-                                   [](const Panel& panel) { return panel.role == u"zoom"; });
+                                   [](const Panel& shown) { return shown.role == u"zoom"_qs; }) &&
+               portionOf(display().picture(place), window.colour) > 0.4;
     })) << "no zoomed view of the window";
     savePicture("zoom");
     EXPECT_TRUE(shows(alpha));

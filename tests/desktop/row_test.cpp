@@ -42,7 +42,7 @@ TEST_P(RowTest, windows_twenty_showTheFirstFifteen)
         const auto window = std::ranges::find(alpha.windows(), panel.title, &AppWindow::title);
         ASSERT_NE(window, alpha.windows().end()) << panel.title.constData();
         EXPECT_TRUE(waitUntil([&] {
-            return portionOf(display().picture(panel.geometry), window->colour) > 0.1;
+            return portionOf(display().picture(panel.geometry), window->colour) > 0.02;
         })) << panel.title.constData();
     }
     EXPECT_EQ(shown.size(), 15U);

@@ -34,6 +34,9 @@ struct Window {
     std::uint16_t height;
 };
 
+/// Fast, but not so fast that the dock has no time left to answer.
+constexpr int churnMilliseconds = 20;
+
 std::uint32_t lowerColour(std::uint32_t colour) { return (colour >> 1) & 0x7f7f7fU; }
 
 class Client
@@ -62,7 +65,7 @@ public:
             if (m_churning)
                 churn();
             xcb_flush(m_connection);
-            poll(waited.data(), waited.size(), m_churning ? 3 : -1);
+            poll(waited.data(), waited.size(), m_churning ? churnMilliseconds : -1);
             if (xcb_connection_has_error(m_connection))
                 return;
             if ((waited[0].revents & (POLLIN | POLLHUP)) != 0 && !readCommands())

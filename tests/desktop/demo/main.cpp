@@ -161,9 +161,15 @@ private:
         std::vector<Client> result;
         for (const xcb_window_t window : m_display.numbers(m_display.root(), "_NET_CLIENT_LIST")) {
             if (m_display.bytes(window, "WM_CLASS").split('\0').contains(windowClass))
-                result.push_back({window, m_display.bytes(window, "_NET_WM_NAME")});
+                result.push_back({window, title(window)});
         }
         return result;
+    }
+
+    QByteArray title(xcb_window_t window)
+    {
+        const QByteArray name = m_display.bytes(window, "_NET_WM_NAME");
+        return name.isEmpty() ? m_display.bytes(window, "WM_NAME") : name;
     }
 
     void check(bool right, const QString& what)

@@ -63,7 +63,8 @@ AppWindow Application::open(const QByteArray& title, const QColor& colour,
     display.waitFor(
         [&] {
             const auto listed = display.numbers(display.root(), "_NET_CLIENT_LIST");
-            return std::count(listed.begin(), listed.end(), window.id) != 0;
+            return std::count(listed.begin(), listed.end(), window.id) != 0 &&
+                   display.activeWindow() == window.id;
         },
         patience(3000));
     return window;

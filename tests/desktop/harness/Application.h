@@ -45,7 +45,7 @@ public:
     const std::vector<AppWindow>& windows() const { return m_windows; }
     std::vector<QByteArray> titles() const;
 
-    /// Opens a window and waits until the window manager lists it.
+    /// Opens a window and waits until it is listed and has the focus.
     AppWindow open(const QByteArray& title, const QColor& colour,
                    const WindowOptions& options = WindowOptions());
     /// Opens several, each with a title and a colour of its own.
@@ -58,7 +58,7 @@ public:
     void moveToDesktop(const AppWindow& window, int desktop);
     void activate(const AppWindow& window);
     bool isMinimised(const AppWindow& window) const;
-    /// Opens and destroys windows as fast as it can until told to stop.
+    /// Opens and destroys further windows all the time until told to stop.
     void startChurning();
     void stopChurning();
     /// The indices of the windows that were asked to close so far.
