@@ -83,6 +83,7 @@ int main(int argc, char** argv)
     } else {
         fail(QStringLiteral("other applications' windows cannot be read on this desktop"));
     }
+    desktop->stop();
     runLoop.shutdown();
     LXHandler::releaseSharedHandler();
     return status;

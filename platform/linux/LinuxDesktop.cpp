@@ -103,6 +103,7 @@ public:
     }
 
     const Desktop& ports() const override { return m_ports; }
+    void stop() override { m_core->stop(); }
 
 private:
     static std::function<double()> clock(RunLoop& runLoop)

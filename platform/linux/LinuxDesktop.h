@@ -31,6 +31,9 @@ public:
                                                 const LinuxDesktopOptions& options, QString& error);
     virtual ~LinuxDesktop() = default;
     virtual const Desktop& ports() const = 0;
+    /// Ends the threads that feed the ports, which go on answering with what they know. Before the
+    /// run loop is shut down, as that waits for every thread.
+    virtual void stop() = 0;
 };
 
 } // namespace lumbrix::platform
