@@ -13,6 +13,7 @@
 #include "model/UIElementUtilities.h"
 #include "platform/Desktop.h"
 #include "platform/WindowServer.h"
+#include "preview/IgnoredAccessible.h"
 
 namespace lumbrix
 {
@@ -50,6 +51,7 @@ MAWindow::MAWindow(QWidget* parent)
     setAttribute(Qt::WA_TranslucentBackground);
     setAttribute(Qt::WA_QuitOnClose, false);
     setFocusPolicy(Qt::NoFocus);
+    ignorePanelsInAccessibility();
     // Panels may be smaller than what their parts would like.
     setMinimumSize(1, 1);
 }
@@ -79,10 +81,11 @@ void MAWindow::orderFrontRegardless()
     prepareToShow();
     std::erase(frontPanels(), this);
     frontPanels().push_back(this);
-    // Raised before it is mapped, so that it does not appear below something first.
-    if (testAttribute(Qt::WA_WState_Created))
+    // A tool window that is shown is raised before it is mapped.
+    if (isVisible())
         raise();
-    show();
+    else
+        show();
 }
 
 void MAWindow::orderBelow(MAWindow&)
@@ -90,6 +93,9 @@ void MAWindow::orderBelow(MAWindow&)
     prepareToShow();
     std::vector<MAWindow*>& panels = frontPanels();
     std::erase(panels, this);
+    // Unlike a tool window, an ordinary one keeps its place in the stack when it is shown.
+    if (windowType() == Qt::Tool)
+        setWindowFlags((windowFlags() & ~Qt::WindowType_Mask) | Qt::Window);
     // A window that was just made, but not yet shown, is on top of the stack: what it would cover
     // has to be put above it before it is seen. Nothing else is touched, for without a compositor
     // any change of the order flickers.
@@ -140,7 +146,7 @@ void MAWindow::prepareToShow()
 
 void MAWindow::applyShape()
 {
-    if (!m_shaped) {
+    if (!m_shaped || (!m_shapeSource && m_cornerRadius <= 0)) {
         if (!mask().isEmpty())
             clearMask();
         return;

@@ -16,7 +16,8 @@
 #include <array>
 
 #include "platform/qt/QtRunLoop.h"
-#include "tests/preview/PanelDesktop.h"
+#include "tests/preview/PanelHost.h"
+#include "tests/support/SimulatedDesktop.h"
 
 using namespace lumbrix;
 
@@ -65,11 +66,17 @@ int main(int argc, char* argv[])
     };
 
     platform::QtRunLoop runLoop;
-    test::PanelDesktop desktop(runLoop);
+    test::SimulatedDesktop desk(runLoop);
+    const platform::Desktop ports{
+        runLoop,          desk.accessibility(), desk.windowServer(),   desk.inputState(),
+        desk.workspace(), desk.userDefaults(),  desk.dockPreferences()};
+    const platform::DesktopScope scope(ports);
     const QSize screen = QGuiApplication::primaryScreen()->size();
-    desktop.screen = screen;
-    desktop.origin = {};
-    desktop.blends = !isSet("shaped");
+    desk.with([&](test::SimulatedState& state) {
+        state.screens = {QRectF(QPointF(), screen)};
+        state.blendsTranslucency = !isSet("shaped");
+    });
+    const test::Pid pid = desk.addApplication({u"Editor"_qs});
     test::PanelHost host;
     host.settingsMirror.showFastKeys = isSet("keys");
 
@@ -86,12 +93,15 @@ int main(int argc, char* argv[])
         if (!preview)
             return 1;
         const int n = static_cast<int>(i);
-        host.previews.push_back(preview);
-        preview->setElementRef(std::make_shared<SWElement>(test::PanelDesktop::window(n != 1)));
         const QString picture = pictures.isEmpty() ? QString() : pictures.at(n % pictures.size());
+        host.previews.push_back(preview);
+        test::SimulatedWindow window{picture};
+        window.isClosable = n != 1;
+        preview->setElementRef(
+            std::make_shared<SWElement>(desk.windowElement(desk.addWindow(pid, window))));
         preview->setImage(QImage(picture));
         preview->setTitleString(given("caption").isEmpty() ? picture.section(QLatin1Char('/'), -1)
-                                                         : given("caption"));
+                                                           : given("caption"));
         preview->setITunes(isSet("controls"));
         host.state = n % 2 ? QStringLiteral("playing") : QStringLiteral("stopped");
         const int row = n / columns;

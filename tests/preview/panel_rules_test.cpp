@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <QtCore/QDir>
+#include <QtGui/QAccessible>
 #include <QtTest/QTest>
 #include <QtWidgets/QAbstractButton>
 
@@ -11,8 +12,8 @@
 #include "preview/NamedImage.h"
 #include "preview/ScreenyView.h"
 #include "preview/TitleLabel.h"
-#include "tests/preview/PanelDesktop.h"
-#include "tests/support/VirtualRunLoop.h"
+#include "tests/preview/PanelHost.h"
+#include "tests/support/DesktopFixture.h"
 
 namespace lumbrix::test
 {
@@ -26,7 +27,7 @@ QImage picture(QSize size = {600, 400})
     return image;
 }
 
-class Panel : public testing::Test
+class Panel : public DesktopFixture
 {
 protected:
     ScreenyViewPtr load(const QString& style = QStringLiteral("ScreenyView"))
@@ -40,8 +41,11 @@ protected:
     ScreenyViewPtr show(bool closable = true)
     {
         ScreenyViewPtr preview = load();
-        element = std::make_shared<SWElement>(PanelDesktop::window(closable));
-        element->setPid(42);
+        SimulatedWindow description{QStringLiteral("A window"), QRectF(200, 100, 600, 400)};
+        description.isClosable = closable;
+        window = desk.addWindow(pid, description);
+        element = std::make_shared<SWElement>(desk.windowElement(window));
+        element->setPid(pid);
         element->setScreenshot(picture());
         preview->setElementRef(element);
         preview->setImage(element->screenshot());
@@ -64,29 +68,35 @@ protected:
         }
         return names;
     }
-    void expectDone(const char* what, const QStringList& expected)
+    /// What the workspace was told since the last time.
+    void expectCommands(const char* what, const QStringList& expected)
     {
-        runLoop.runUntilIdle();
-        EXPECT_EQ(desktop.log, expected) << what;
-        desktop.log.clear();
+        loop.runUntilIdle();
+        const auto commands =
+            desk.with([](SimulatedState& state) { return std::exchange(state.commands, {}); });
+        EXPECT_EQ(QStringList(commands.begin(), commands.end()).join(u"; "), expected.join(u"; "))
+            << what;
     }
 
-    VirtualRunLoop runLoop;
-    PanelDesktop desktop{runLoop};
     PanelHost host;
+    const Pid pid = desk.addApplication({QStringLiteral("Editor")});
+    WindowID window = 0; ///< of the preview shown last, as is the element
     SWElementPtr element;
-    const QStringList raised{QStringLiteral("AXRaise"), QStringLiteral("AXRaise")};
+    /// Raising a window ends with activating its application, and is done twice.
+    const QStringList raised{QStringLiteral("activate %1 2").arg(pid),
+                             QStringLiteral("activate %1 2").arg(pid)};
 };
 
 TEST_F(Panel, everyStyle_hasItsPartsAtEverySize)
 {
+    show();
     for (const char* style : {"ScreenyView", "ScreenyViewBlack", "ScreenyViewBorderless",
                               "ScreenyViewBlue", "ScreenyViewRed", "ScreenyViewGreen"}) {
         SCOPED_TRACE(style);
         const ScreenyViewPtr preview = load(QString::fromLatin1(style));
         ASSERT_TRUE(preview);
         EXPECT_TRUE(preview->isCloseButtonHidden());
-        preview->setElementRef(std::make_shared<SWElement>(PanelDesktop::window()));
+        preview->setElementRef(element);
         preview->setImage(picture());
         preview->setTitleString(QStringLiteral("A title"));
         host.settingsMirror.showFastKeys = 1;
@@ -121,8 +131,23 @@ TEST_F(Panel, everyDrawing_canBeDrawn)
     EXPECT_TRUE(namedImage(u"noSuchDrawing"_qs).isNull());
 }
 
+TEST_F(Panel, assistiveTools_seeNothingOfAPanel)
+{
+    const ScreenyViewPtr preview = show();
+    const QAccessibleInterface* panel = QAccessible::queryAccessibleInterface(preview->window());
+    EXPECT_EQ(panel->childCount(), 0);
+    EXPECT_TRUE(panel->state().invisible);
+    QWidget other;
+    EXPECT_NE(QAccessible::queryAccessibleInterface(&other)->role(), QAccessible::NoRole);
+}
+
 TEST_F(Panel, frames_neighboursTouchAndOriginIsBottomLeft)
 {
+    struct OffOrigin : ForwardingWindowServer {
+        using ForwardingWindowServer::ForwardingWindowServer;
+        QPointF toolkitOrigin() override { return {100, 50}; }
+    } windowServer{desk.windowServer()};
+    install(desk.accessibility(), windowServer);
     const ScreenyViewPtr left = load();
     const ScreenyViewPtr right = load();
     left->window()->setFrame({10.25, 30.5, 96.3, 80.7});
@@ -181,7 +206,7 @@ TEST_F(Panel, withoutBlending_theCornersAreCutOffAndTheCloseButtonIsNot)
     const ScreenyViewPtr preview = show();
     EXPECT_TRUE(preview->window()->mask().isEmpty());
     preview->window()->orderOut();
-    desktop.blends = false;
+    desk.with([](SimulatedState& state) { state.blendsTranslucency = false; });
     preview->orderFront();
     const QRegion resting = preview->window()->mask();
     EXPECT_FALSE(resting.contains(QPoint(14, 14)));
@@ -199,7 +224,8 @@ TEST_F(Panel, mouseEntered_offersToCloseWhatCanBeClosed)
     EXPECT_FALSE(closable->isCloseButtonHidden());
     EXPECT_TRUE(closable->isCloseButtonEnabled());
     QTest::mouseClick(part(closable, "closeButton"), Qt::LeftButton);
-    expectDone("close", {QStringLiteral("AXPress")});
+    loop.runUntilIdle();
+    EXPECT_FALSE(desk.window(window));
     closable->mouseExited();
     EXPECT_TRUE(closable->isCloseButtonHidden());
     EXPECT_EQ(host.log, QStringList{QStringLiteral("mouseExited")});
@@ -208,7 +234,8 @@ TEST_F(Panel, mouseEntered_offersToCloseWhatCanBeClosed)
     fixed->mouseEntered();
     EXPECT_FALSE(fixed->isCloseButtonEnabled());
     fixed->clickCloseButton();
-    expectDone("disabled", {});
+    loop.runUntilIdle();
+    EXPECT_TRUE(desk.window(window));
 
     // Invisible, yet not hidden: the engine reads from it that the mouse is inside.
     host.settingsMirror.hideClose = 1;
@@ -223,15 +250,15 @@ TEST_F(Panel, mouseEnteredDragging_activatesWithoutControlsOrZoom)
 {
     host.settingsMirror.zoomWindows = 1;
     const ScreenyViewPtr preview = show();
-    desktop.buttons = 3;
+    desk.setButtons(3);
     preview->mouseEntered();
     EXPECT_FALSE(preview->isCloseButtonHidden());
     preview->mouseExited();
-    desktop.buttons = 1;
+    desk.setButtons(1);
     preview->mouseEntered();
     EXPECT_TRUE(preview->isCloseButtonHidden());
-    expectDone("drag", raised);
-    runLoop.advance(1);
+    expectCommands("drag", raised);
+    loop.advance(1);
     EXPECT_FALSE(preview->zoomWindow());
 }
 
@@ -239,37 +266,44 @@ TEST_F(Panel, click_raisesTheWindow)
 {
     const ScreenyViewPtr preview = show();
     QTest::mouseClick(part(preview, "image"), Qt::LeftButton);
-    expectDone("picture", raised);
+    expectCommands("picture", raised);
     QTest::mouseClick(part(preview, "title"), Qt::LeftButton);
-    expectDone("title", raised);
+    expectCommands("title", raised);
     QTest::mouseClick(preview->contentView(), Qt::LeftButton, {}, {120, 175});
-    expectDone("panel", raised);
+    expectCommands("panel", raised);
 
-    desktop.applications = {{7, {}, {}, {}, {}}, {42, {}, {}, {}, QUrl(u"file:///x"_qs)}};
-    desktop.modifiers = 0x80000;
+    desk.changeApplication(pid, [](SimulatedApplication& application) {
+        application.executableURL = QUrl(u"file:///editor"_qs);
+    });
+    desk.setModifiers(0x80000);
     preview->clickImage();
-    expectDone("option alone", raised);
-    desktop.modifiers = 0x180000;
+    expectCommands("option alone", raised);
+    desk.setModifiers(0x180000);
     preview->clickImage();
-    expectDone("option and command", QStringList{QStringLiteral("hide 7")} + raised);
-    desktop.modifiers = 0;
+    loop.runUntilIdle();
+    EXPECT_TRUE(desk.application(desk.dockPid()).isHidden);
+    EXPECT_FALSE(desk.application(pid).isHidden);
+    desk.with([](SimulatedState& state) { state.commands.clear(); });
+    desk.setModifiers(0);
     preview->setITunes(true);
     preview->clickImage();
-    expectDone("player", QStringList{QStringLiteral("launch file:///x 30100")} + raised);
+    const QStringList relaunched =
+        QStringList{QStringLiteral("launch file:///editor 0x30100")} + raised;
+    expectCommands("player", relaunched);
 
     host.settingsMirror.closeOnClick = 1;
     preview->clickImage();
-    expectDone("close on click", QStringList{QStringLiteral("launch file:///x 30100")} + raised);
+    expectCommands("close on click", relaunched);
     EXPECT_TRUE(host.previews.empty());
     EXPECT_FALSE(preview->elementRef());
     preview->clickImage();
     preview->closeWindow();
-    expectDone("idle", {});
+    expectCommands("idle", {});
     preview->setICal(true);
     preview->clickImage();
     preview->setBusyCal(true);
     preview->clickImage();
-    expectDone("calendar", {QStringLiteral("launch iCal"), QStringLiteral("launch BusyCal")});
+    expectCommands("calendar", {QStringLiteral("launch iCal"), QStringLiteral("launch BusyCal")});
 }
 
 TEST_F(Panel, controls_followTheApplicationAndThePlayer)
@@ -350,46 +384,46 @@ TEST_F(Panel, zoom_showsOnceThePointerRestsInside)
 {
     const ScreenyViewPtr preview = show();
     preview->mouseEntered();
-    runLoop.advance(1);
+    loop.advance(1);
     EXPECT_FALSE(preview->zoomWindow()) << "switched off";
     preview->mouseExited();
 
     host.settingsMirror.zoomWindows = 1;
     preview->mouseEntered();
     for (int i = 0; i < 10; ++i) {
-        desktop.mouse += QPointF(1, 0);
-        runLoop.advance(0.015);
+        desk.movePointer(QPointF(100.0 + i, 600));
+        loop.advance(0.015);
     }
     EXPECT_FALSE(preview->zoomWindow()) << "moving";
-    runLoop.advance(0.05);
+    loop.advance(0.05);
     ASSERT_TRUE(preview->zoomWindow());
     EXPECT_TRUE(preview->zoomWindow()->isVisible());
     EXPECT_EQ(preview->zoomWindow()->frame(), QRectF(200, 400, 600, 400));
     EXPECT_TRUE(preview->zoomWindow()->windowFlags() & Qt::WindowTransparentForInput);
-    EXPECT_EQ(runLoop.runningThreads(), 0);
+    EXPECT_EQ(loop.runningThreads(), 0);
 
     const auto shown = [&] { return preview->zoomWindow()->grab().toImage().pixelColor(5, 5); };
     QImage next(600, 400, QImage::Format_RGB32);
     next.fill(Qt::red);
     element->setScreenshot(next);
-    runLoop.advance(0.45);
+    loop.advance(0.45);
     EXPECT_EQ(shown(), QColor(Qt::darkCyan));
-    runLoop.advance(0.1);
+    loop.advance(0.1);
     EXPECT_EQ(shown(), QColor(Qt::red));
 
     // The click waits a moment, so that the window is in front before its zoom goes.
-    const double before = runLoop.now();
+    const double before = loop.now();
     preview->clickImage();
-    EXPECT_NEAR(runLoop.now() - before, 0.05, 1e-6);
+    EXPECT_NEAR(loop.now() - before, 0.05, 1e-6);
     EXPECT_FALSE(preview->zoomWindow());
     preview->mouseExited();
 
     host.settingsMirror.disableLivePreviews = 1;
     preview->mouseEntered();
-    runLoop.advance(0.05);
+    loop.advance(0.05);
     ASSERT_TRUE(preview->zoomWindow());
     element->setScreenshot(picture());
-    runLoop.advance(2);
+    loop.advance(2);
     EXPECT_EQ(shown(), QColor(Qt::red));
     preview->mouseExited();
     EXPECT_FALSE(preview->zoomWindow());
@@ -400,16 +434,16 @@ TEST_F(Panel, zoomWatcher_neverActsOnALaterLife)
     host.settingsMirror.zoomWindows = 1;
     ScreenyViewPtr preview = show();
     preview->mouseEntered();
-    EXPECT_EQ(runLoop.runningThreads("zoom"), 1);
+    EXPECT_EQ(loop.runningThreads("zoom"), 1);
     preview->dismiss();
     // Reused and hovered before the first watcher woke up; the second has to see 20 ms of rest.
-    runLoop.advance(0.015);
+    loop.advance(0.015);
     preview->setElementRef(element);
     element->setScreenshot(picture());
     preview->mouseEntered();
-    runLoop.advance(0.01);
+    loop.advance(0.01);
     EXPECT_FALSE(preview->zoomWindow());
-    runLoop.advance(0.02);
+    loop.advance(0.02);
     EXPECT_TRUE(preview->zoomWindow());
 
     // Nor on one that is gone.
@@ -418,8 +452,8 @@ TEST_F(Panel, zoomWatcher_neverActsOnALaterLife)
     host.previews.clear();
     host.cache.clear();
     preview.reset();
-    runLoop.advance(1);
-    EXPECT_EQ(runLoop.runningThreads(), 0);
+    loop.advance(1);
+    EXPECT_EQ(loop.runningThreads(), 0);
 }
 
 TEST_F(Panel, shortcuts_areForTheFirstTen)
@@ -443,7 +477,7 @@ TEST_F(Panel, shortcuts_areForTheFirstTen)
     EXPECT_EQ(label(9), QStringLiteral("\u23180"));
     EXPECT_EQ(label(10), QString());
     host.hotKeys[3]->action();
-    expectDone("key", raised);
+    expectCommands("key", raised);
 
     previews[3]->rebirth();
     EXPECT_EQ(host.hotKeys.size(), 9u);

@@ -1,0 +1,49 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include "preview/IgnoredAccessible.h"
+
+#include <QtGui/QAccessible>
+#include <QtWidgets/QAccessibleWidget>
+
+#include "preview/MAWindow.h"
+
+namespace lumbrix
+{
+namespace
+{
+
+class IgnoredAccessible final : public QAccessibleWidget
+{
+public:
+    explicit IgnoredAccessible(QWidget* widget) : QAccessibleWidget(widget, QAccessible::NoRole) {}
+
+    QAccessible::State state() const override
+    {
+        QAccessible::State state;
+        state.invisible = true;
+        return state;
+    }
+    int childCount() const override { return 0; }
+    QAccessibleInterface* child(int) const override { return nullptr; }
+    QAccessibleInterface* childAt(int, int) const override { return nullptr; }
+    QString text(QAccessible::Text) const override { return {}; }
+};
+
+QAccessibleInterface* makeIgnored(const QString&, QObject* object)
+{
+    auto* widget = qobject_cast<QWidget*>(object);
+    if (!widget || !qobject_cast<MAWindow*>(widget->window()))
+        return nullptr; // not ours to answer for
+    return new IgnoredAccessible(widget);
+}
+
+} // namespace
+
+void ignorePanelsInAccessibility()
+{
+    // Installing one twice has no effect.
+    QAccessible::installFactory(makeIgnored);
+}
+
+} // namespace lumbrix

@@ -1,0 +1,77 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QtCore/QStringList>
+
+#include <utility>
+#include <vector>
+
+#include "model/EngineSettings.h"
+#include "preview/HotKeyCenter.h"
+#include "preview/PreviewHost.h"
+#include "preview/ScreenyView.h"
+
+namespace lumbrix::test
+{
+
+/// An engine, its hot keys, badges and players, that write down what previews ask for.
+class PanelHost final : public PreviewHost,
+                        private HotKeyCenter,
+                        private SpacesBadge,
+                        private PlayerControls
+{
+public:
+    EngineSettings settingsMirror;
+    std::vector<ScreenyViewPtr> previews;
+    std::vector<ScreenyViewPtr> cache;
+    std::vector<std::shared_ptr<SGHotKey>> hotKeys; ///< registered now
+    QString state = QStringLiteral("unknown");
+    QStringList log;
+
+    const EngineSettings& settings() const override { return settingsMirror; }
+    void mouseExited() override { log += QStringLiteral("mouseExited"); }
+    void removeAllScreenViews() override
+    {
+        for (const ScreenyViewPtr& preview : std::exchange(previews, {}))
+            preview->rebirth();
+    }
+    int indexOfScreenyView(const ScreenyView& preview) const override
+    {
+        for (std::size_t i = 0; i < previews.size(); ++i) {
+            if (previews[i].get() == &preview)
+                return static_cast<int>(i);
+        }
+        return -1;
+    }
+    void addToCache(const ScreenyViewPtr& preview) override { cache.push_back(preview); }
+    HotKeyCenter& hotKeyCenter() override { return *this; }
+    SpacesBadge& spacesBadge() override { return *this; }
+    PlayerControls& playerControls() override { return *this; }
+
+private:
+    void registerHotKey(const std::shared_ptr<SGHotKey>& key) override { hotKeys.push_back(key); }
+    void unregisterHotKey(const std::shared_ptr<SGHotKey>& key) override
+    {
+        std::erase(hotKeys, key);
+    }
+    void toggleEventTap(bool) override {}
+    void showSpaces(ScreenyView&) override { log += QStringLiteral("showSpaces"); }
+    void hide(ScreenyView&) override {}
+    void setAppFlags(ScreenyView&, const std::optional<platform::RunningApplication>&) override {}
+    QString playerState() override { return state; }
+    std::optional<QString> currentTrack() override { return std::nullopt; }
+    QImage artwork() override { return {}; }
+    void skipLeft(ScreenyView&) override { log += QStringLiteral("skipLeft"); }
+    void skipRight(ScreenyView&) override { log += QStringLiteral("skipRight"); }
+    void play(ScreenyView& preview) override
+    {
+        log += QStringLiteral("play");
+        preview.setPlayState(!preview.isPlaying());
+    }
+    void getMail(ScreenyView&) override { log += QStringLiteral("getMail"); }
+    void playPause(ScreenyView&) override { log += QStringLiteral("playPause"); }
+};
+
+} // namespace lumbrix::test
