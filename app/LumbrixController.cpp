@@ -45,6 +45,7 @@ void LumbrixController::applicationDidFinishLaunching()
 
 void LumbrixController::applicationWillTerminate()
 {
+    m_launches = nullptr;
     m_dockObserverTimer = nullptr;
     m_dockObserver = nullptr;
     LXHandler& handler = LXHandler::sharedHandler();

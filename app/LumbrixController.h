@@ -12,6 +12,7 @@
 #include "engine/HoverDelays.h"
 #include "engine/SWObserver.h"
 #include "platform/RunLoop.h"
+#include "platform/Workspace.h"
 
 namespace lumbrix
 {
@@ -51,6 +52,7 @@ private:
     std::int32_t m_dontDelayIfOpen = 0;
     std::unique_ptr<SWObserver> m_dockObserver;
     platform::TimerPtr m_dockObserverTimer;
+    std::unique_ptr<platform::WorkspaceSubscription> m_launches;
 };
 
 } // namespace lumbrix
