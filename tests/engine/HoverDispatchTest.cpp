@@ -102,15 +102,26 @@ TEST_F(HoverDispatchTest, keyThatHidesPreviews_buildsNone_untilItIsReleased)
     desk.setModifiers(Control);
     loop.advance(0.5);
     EXPECT_EQ(panelsOnScreen(), 0);
+}
 
-    // A window opened meanwhile is found by the update, too.
-    leave();
-    desk.setModifiers(0);
+TEST_F(HoverDispatchTest, windowOpenedUnderTheRestingMouse_comesUp_unlessThatLeftUnnoticed)
+{
     const Pid maps = add(u"Maps"_s, 0);
-    hover(u"Maps"_s);
-    desk.addWindow(maps, {u"Home"_s});
-    loop.advance(1.1);
-    EXPECT_EQ(shown(), u"Home"_s);
+    for (const bool leaves : {false, true}) {
+        hover(u"Maps"_s);
+        const WindowID number = desk.addWindow(maps, {u"Home"_s});
+        loop.advance(0.5);
+        EXPECT_EQ(loop.runningThreads("mouse-checker"), 1);
+        if (leaves)
+            desk.with([](SimulatedState& state) { state.pointer = {5, 500}; });
+        loop.advance(0.5);
+        EXPECT_EQ(shown(), u""_s); // looked at less often, once confirmed
+        loop.advance(0.03);
+        EXPECT_EQ(shown(), leaves ? u""_s : u"Home"_s);
+        desk.closeWindow(number);
+        leave();
+        loop.advance(1);
+    }
 }
 
 TEST_F(HoverDispatchTest, calendarItem_goesToTheCalendar_alsoWithTheDockSwitchedOff)

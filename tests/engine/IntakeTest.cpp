@@ -102,14 +102,18 @@ TEST_F(Intake, dockMenu_takesThePanelsOffTheScreenInTheSameStep)
 TEST_F(Intake, windows_areRecordedAsTheyComeAndGo_unlessDisabled)
 {
     const Pid notes = add(u"Notes"_s, 0);
-    desk.with([](SimulatedState& state) { state.destroyedWindowsTellRole = true; });
     const auto count = [&] { return engine().inventory().countForPID(notes); };
-    const WindowID number = desk.addWindow(notes, {u"Ideas"_s});
-    loop.runUntilIdle();
-    EXPECT_EQ(count(), 1);
-    desk.closeWindow(number);
-    loop.runUntilIdle();
-    EXPECT_EQ(count(), 0);
+    for (const bool tellsRole : {true, false}) {
+        desk.with([=](SimulatedState& state) { state.destroyedWindowsTellRole = tellsRole; });
+        const WindowID number = desk.addWindow(notes, {u"Ideas"_s});
+        loop.runUntilIdle();
+        EXPECT_EQ(count(), 1);
+        desk.closeWindow(number);
+        loop.runUntilIdle();
+        EXPECT_EQ(count(), tellsRole ? 0 : 1); // or else with the next scan
+        loop.advance(2.5);
+        EXPECT_EQ(count(), 0);
+    }
     settings().disabled = 1;
     desk.addWindow(notes, {u"Ideas"_s});
     hover(u"Notes"_s);

@@ -100,6 +100,51 @@ TEST_F(Update, busyApplication_keepsItsPreviews)
     EXPECT_EQ(shown(), u"Notes 2, Notes 1"_s);
 }
 
+TEST_F(Update, windowThatVanishesBeforeAnyOneRequest_isSimplyGone)
+{
+    /// Closes a window of the application just before the given request.
+    class Vanishing : public ForwardingAccessibility
+    {
+    public:
+        explicit Vanishing(SimulatedDesktop& desktop)
+            : ForwardingAccessibility(desktop.accessibility()), m_desktop(desktop)
+        {
+        }
+        platform::AXResult copyAttributeValue(const platform::ElementRef& element,
+                                              const QString& attribute) override
+        {
+            if (requests++ == fatal)
+                m_desktop.closeWindow(window);
+            return ForwardingAccessibility::copyAttributeValue(element, attribute);
+        }
+        int requests = 0;
+        int fatal = 0;
+        WindowID window = 0;
+
+    private:
+        SimulatedDesktop& m_desktop;
+    };
+    Vanishing vanishing(desk);
+    install(vanishing, desk.windowServer());
+    const Pid notes = add(u"Notes"_s, 1);
+    int runs = 0;
+    do {
+        vanishing.requests = 0;
+        vanishing.fatal = runs++;
+        vanishing.window = desk.addWindow(notes, {u"Passing"_s});
+        hover(u"Notes"_s);
+        loop.advance(0.6);
+        if (!desk.window(vanishing.window)) {
+            loop.advance(0.5);
+            ASSERT_EQ(shown(), u"Notes 1"_s) << runs;
+        }
+        leave();
+        loop.advance(2);
+        ASSERT_EQ(panelsOnScreen(), 0);
+    } while (!desk.window(vanishing.window));
+    EXPECT_GT(runs, 20); // each was met
+}
+
 TEST_F(Update, panels_areReused_lastInFirstOut)
 {
     add(u"Notes"_s, 2);
