@@ -24,7 +24,7 @@ namespace
 {
 
 constexpr std::size_t kGranularity = 256 * 1024; // windows of similar size share segments
-constexpr std::size_t kMaxIdleSegments = 4;
+constexpr std::size_t kMinIdleSegments = 4;
 
 /// File descriptors travel over local sockets only; over others the attempt ends the connection.
 bool isLocal(const Connection& connection)
@@ -71,6 +71,7 @@ public:
             if (best != m_idle.end() && best->size / 4 <= size + kGranularity) {
                 const Segment segment = *best;
                 m_idle.erase(best);
+                ++m_inUse;
                 return segment;
             }
         }
@@ -81,7 +82,11 @@ public:
     {
         const std::lock_guard lock(m_mutex);
         m_idle.push_back(segment);
-        if (m_idle.size() > kMaxIdleSegments || !m_connection) {
+        --m_inUse;
+        // As many as are in use: windows that are all refreshed at once need a second one each,
+        // and memory that was used before is several times faster than fresh memory.
+        while (!m_idle.empty() &&
+               (!m_connection || m_idle.size() > std::max(kMinIdleSegments, m_inUse))) {
             release(m_idle.front());
             m_idle.erase(m_idle.begin());
         }
@@ -130,9 +135,10 @@ private:
         if (fd < 0)
             return {};
         // Allocated now: a lack of memory is an error here and would be a fatal signal later.
-        void* memory = posix_fallocate(fd, 0, static_cast<off_t>(size)) == 0
-                           ? mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_SHARED, fd, 0)
-                           : MAP_FAILED;
+        void* memory =
+            posix_fallocate(fd, 0, static_cast<off_t>(size)) == 0
+                ? mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_SHARED | MAP_POPULATE, fd, 0)
+                : MAP_FAILED;
         if (memory == MAP_FAILED) {
             ::close(fd);
             return {};
@@ -141,6 +147,7 @@ private:
         const Segment segment{static_cast<std::uint32_t*>(memory), size, m_connection->newId()};
         // The connection closes the descriptor once it is sent.
         xcb_shm_attach_fd(m_connection->get(), segment.id, fd, 0);
+        ++m_inUse;
         return segment;
     }
 
@@ -153,6 +160,7 @@ private:
 
     std::mutex m_mutex;
     const Connection* m_connection; // guarded by m_mutex; null once closed
+    std::size_t m_inUse = 0;        // guarded by m_mutex; segments that images hold
     std::vector<Segment> m_idle;    // guarded by m_mutex; the longest idle first
 };
 

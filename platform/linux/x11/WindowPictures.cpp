@@ -93,38 +93,50 @@ WindowPictures::PicturePtr WindowPictures::find(xcb_window_t window) const
     return it == m_pictures.end() ? nullptr : it->second;
 }
 
-QImage WindowPictures::capture(xcb_window_t id)
+QImage WindowPictures::capture(xcb_window_t window)
 {
-    const PicturePtr picture = find(id);
-    const TrackedWindowPtr window = m_tracker.window(id);
-    if (!picture || !window)
+    const PicturePtr picture = find(window);
+    if (!picture)
         return {};
     const std::lock_guard lock(picture->mutex);
-    return refresh(*picture, *window);
+    return refresh(*picture, window);
 }
 
-QImage WindowPictures::refresh(Picture& picture, const TrackedWindow& window)
+TrackedWindowPtr WindowPictures::keepPixmap(Picture& picture, xcb_window_t id)
 {
+    // The flag before the window: the snapshot is then no older than what set the flag.
+    const bool wasFlagged = picture.needsNaming.exchange(false);
+    TrackedWindowPtr window = m_tracker.window(id);
+    if (window && (redirect(picture, *window) || wasFlagged))
+        namePixmap(picture, *window);
+    return window;
+}
+
+QImage WindowPictures::refresh(Picture& picture, xcb_window_t id)
+{
+    TrackedWindowPtr window = keepPixmap(picture, id);
+    if (!window)
+        return {};
     picture.lastUsed = m_runLoop.now();
     if (picture.lastUsed - picture.lastPinged >= kPingInterval) {
         picture.lastPinged = picture.lastUsed;
-        m_tracker.ping(window.id); // shows a stopped client as not responding
+        m_tracker.ping(id); // shows a stopped client as not responding
     }
-    redirect(picture, window);
-    namePixmap(picture, window);
     const bool isStale = picture.needsNaming; // its present pixmap could not be had
     if (!picture.image.isNull() && (isStale || !picture.isDirty))
         return picture.image;
     if (!picture.pixmap)
         return picture.image;
 
-    // The flag first, the damage next, the pixels last: what is drawn meanwhile is seen or sets
-    // the flag again.
+    // The flag first, then the bounds and the damage, the pixels last: what changes meanwhile is
+    // seen or sets the flag again.
     picture.isDirty = false;
+    if (TrackedWindowPtr latest = m_tracker.window(id))
+        window = std::move(latest);
     if (const xcb_damage_damage_t damage = picture.damage)
         xcb_damage_subtract(m_captures.get(), damage, XCB_NONE, XCB_NONE);
-    const QRect& frame = window.frameBounds;
-    const QRect& bounds = window.bounds;
+    const QRect& frame = window->frameBounds;
+    const QRect& bounds = window->bounds;
     const QMargins hidden(bounds.x() - frame.x(), bounds.y() - frame.y(),
                           frame.x() + frame.width() - bounds.x() - bounds.width(),
                           frame.y() + frame.height() - bounds.y() - bounds.height());
@@ -143,24 +155,22 @@ QImage WindowPictures::refresh(Picture& picture, const TrackedWindow& window)
     return image;
 }
 
-void WindowPictures::redirect(Picture& picture, const TrackedWindow& window)
+bool WindowPictures::redirect(Picture& picture, const TrackedWindow& window)
 {
     const xcb_window_t wanted = m_isCompositorRunning ? XCB_NONE : window.frame;
     if (picture.redirected == wanted)
-        return;
+        return false;
     if (picture.redirected)
         xcb_composite_unredirect_window(m_captures.get(), picture.redirected,
                                         XCB_COMPOSITE_REDIRECT_AUTOMATIC);
     if (wanted)
         xcb_composite_redirect_window(m_captures.get(), wanted, XCB_COMPOSITE_REDIRECT_AUTOMATIC);
     picture.redirected = wanted;
-    picture.needsNaming = true;
+    return true;
 }
 
 void WindowPictures::namePixmap(Picture& picture, const TrackedWindow& window)
 {
-    if (!picture.needsNaming.exchange(false))
-        return;
     const xcb_pixmap_t pixmap = m_captures.newId();
     xcb_composite_name_window_pixmap(m_captures.get(), window.frame, pixmap);
     const auto geometry =
@@ -232,17 +242,14 @@ void WindowPictures::work(const Thread& self)
 void WindowPictures::prepareOne(xcb_window_t id, bool wantsImage)
 {
     const PicturePtr picture = find(id);
-    const TrackedWindowPtr window = m_tracker.window(id);
-    if (!picture || !window)
+    if (!picture)
         return;
     const std::lock_guard lock(picture->mutex);
-    if (wantsImage) {
-        refresh(*picture, *window);
-    } else {
-        redirect(*picture, *window);
-        namePixmap(*picture, *window);
-        m_captures.discardEvents();
-    }
+    if (wantsImage)
+        refresh(*picture, id);
+    else
+        keepPixmap(*picture, id);
+    m_captures.discardEvents();
 }
 
 std::optional<Seconds> WindowPictures::dropUnused()

@@ -78,8 +78,11 @@ private:
     void nameAgain(Picture& picture, xcb_window_t window);
 
     // With the picture's lock held.
-    QImage refresh(Picture& picture, const TrackedWindow& window);
-    void redirect(Picture& picture, const TrackedWindow& window);
+    QImage refresh(Picture& picture, xcb_window_t window);
+    /// Sees to it that the pixmap the window has now is named; null when the window is gone.
+    TrackedWindowPtr keepPixmap(Picture& picture, xcb_window_t window);
+    /// True when it changed something, so that the window may have another pixmap.
+    bool redirect(Picture& picture, const TrackedWindow& window);
     void namePixmap(Picture& picture, const TrackedWindow& window);
 
     void work(const Thread& self);

@@ -194,10 +194,16 @@ void RawWindow::setBytes(const char* property, const char* type, const QByteArra
 void RawWindow::setNumbers(const char* property, const char* type,
                            const std::vector<std::uint32_t>& numbers)
 {
+    queueNumbers(property, type, numbers);
+    sync();
+}
+
+void RawWindow::queueNumbers(const char* property, const char* type,
+                             const std::vector<std::uint32_t>& numbers)
+{
     xcb_change_property(m_connection, XCB_PROP_MODE_REPLACE, m_id, m_display.atom(property),
                         m_display.atom(type), 32, static_cast<std::uint32_t>(numbers.size()),
                         numbers.data());
-    sync();
 }
 
 void RawWindow::setType(const char* type)

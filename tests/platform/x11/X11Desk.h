@@ -113,6 +113,9 @@ public:
 
     xcb_window_t id() const { return m_id; }
     void setBytes(const char* property, const char* type, const QByteArray& bytes);
+    /// Without waiting for the server, so that many come at once.
+    void queueNumbers(const char* property, const char* type,
+                      const std::vector<std::uint32_t>& numbers);
     void setNumbers(const char* property, const char* type,
                     const std::vector<std::uint32_t>& numbers);
     void setType(const char* type);
