@@ -5,6 +5,8 @@
 
 #include <algorithm>
 
+#include "platform/linux/docks/PlankDock.h"
+
 namespace lumbrix::platform
 {
 
@@ -14,10 +16,10 @@ namespace
 // Panels that animate their buttons write a place every 17 ms.
 constexpr double SettleTime = 0.030;
 
-// Plank tells wrong places; it has a provider of its own.
-bool isOthersDock(const x11::TrackedWindow& window) { return window.classInstance == u"plank"; }
-
 bool isDock(const x11::TrackedWindow& window) { return window.type == x11::WindowType::Dock; }
+
+// Plank tells wrong places; it has a provider of its own.
+bool isPanel(const x11::TrackedWindow& window) { return isDock(window) && !isPlankWindow(window); }
 
 bool isShownOn(const x11::TrackedWindow& window, int desktop)
 {
@@ -54,11 +56,11 @@ std::vector<DockStatePtr> PanelDock::states() const
 
 void PanelDock::synchronize() { derive(); }
 
-std::vector<DockWindow> PanelDock::dockWindows(bool withoutOthers) const
+std::vector<DockWindow> PanelDock::dockWindows() const
 {
     std::vector<DockWindow> docks;
     for (const x11::TrackedWindowPtr& window : m_tracker.windows()) {
-        if (isDock(*window) && !(withoutOthers && isOthersDock(*window))) {
+        if (isDock(*window)) {
             docks.push_back({window->id, window->frame, window->bounds});
         }
     }
@@ -71,7 +73,7 @@ void PanelDock::notePlace(const x11::TrackedWindow& window, double writtenAt)
         return;
     }
     // Among all docks: a place on a dock that is not ours to know must not be taken for a near one.
-    const std::vector<DockWindow> docks = dockWindows(false);
+    const std::vector<DockWindow> docks = dockWindows();
     const int index = dockOfIcon(*window.iconGeometry, docks);
     if (index < 0) {
         return;
@@ -171,7 +173,7 @@ void PanelDock::derive()
     }
     std::vector<DockStatePtr> states;
     for (const x11::TrackedWindowPtr& window : windows) {
-        if (isDock(*window) && !isOthersDock(*window)) {
+        if (isPanel(*window)) {
             states.push_back(makeState(*window, windows));
             if (!states.back()->items.empty()) {
                 m_everUsed.insert(window->id);

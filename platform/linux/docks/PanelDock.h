@@ -60,7 +60,7 @@ private:
     bool settle(double now);
     DockStatePtr makeState(const x11::TrackedWindow& panel,
                            const std::vector<x11::TrackedWindowPtr>& windows);
-    std::vector<DockWindow> dockWindows(bool withoutOthers) const;
+    std::vector<DockWindow> dockWindows() const;
     QRect screenOf(const QRect& panel) const;
 
     RunLoop& m_runLoop;

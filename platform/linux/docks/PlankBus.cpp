@@ -99,7 +99,6 @@ void PlankBus::ownerChanged(const QString& owner)
 {
     ++m_generation;
     m_owner = owner;
-    m_pid = 0;
     m_dockName.clear();
     m_items = {};
     m_isQuerying = false;
@@ -109,22 +108,9 @@ void PlankBus::ownerChanged(const QString& owner)
     if (m_onChanged) {
         m_onChanged();
     }
-    if (owner.isEmpty()) {
-        return;
+    if (!owner.isEmpty()) {
+        findDock();
     }
-    QDBusMessage message = QDBusMessage::createMethodCall(
-        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
-        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("GetConnectionUnixProcessID"));
-    message << owner;
-    call(message, [this](const QDBusMessage& reply) {
-        if (isAnswer(reply, "u")) {
-            m_pid = static_cast<std::int32_t>(reply.arguments().constFirst().toUInt());
-            if (m_onChanged) {
-                m_onChanged();
-            }
-        }
-    });
-    findDock();
 }
 
 // Plank has its name on the bus before it has its docks there.
@@ -216,6 +202,7 @@ void PlankBus::queryPositions(const QStringList& uris)
     struct Collected {
         PlankItems items;
         qsizetype missing = 0;
+        bool isFailed = false;
     };
     const auto collected = std::make_shared<Collected>();
     collected->missing = uris.size();
@@ -224,7 +211,9 @@ void PlankBus::queryPositions(const QStringList& uris)
         message << uri;
         call(message, [this, uri, collected](const QDBusMessage& reply) {
             const QVariantList values = reply.arguments();
-            if (isAnswer(reply, "iiib") && values[3].toBool()) {
+            if (!isAnswer(reply, "iiib")) {
+                collected->isFailed = true;
+            } else if (values[3].toBool()) {
                 const QPoint point(values[0].toInt(), values[1].toInt());
                 const QUrl url(uri);
                 if (uri.isEmpty()) {
@@ -235,7 +224,12 @@ void PlankBus::queryPositions(const QStringList& uris)
                 }
                 m_edge = edgeOf(values[2].toInt());
             }
-            if (--collected->missing == 0) {
+            if (--collected->missing > 0) {
+                return;
+            }
+            if (collected->isFailed) {
+                queryFailed();
+            } else {
                 finishQuery(std::move(collected->items));
             }
         });

@@ -47,7 +47,6 @@ public:
     /// Asks for the items anew; calls during a running query are answered by one more.
     void refresh();
 
-    std::int32_t pid() const { return m_pid; }
     /// "dock1" or what the first dock is called; empty until known.
     const QString& dockName() const { return m_dockName; }
     const PlankItems& items() const { return m_items; }
@@ -75,7 +74,6 @@ private:
     QDBusConnection m_bus;
     std::function<void()> m_onChanged;
     QString m_owner; ///< unique name; empty while none runs
-    std::int32_t m_pid = 0;
     QString m_dockName;
     PlankItems m_items;
     int m_count = 0;

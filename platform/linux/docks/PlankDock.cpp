@@ -5,8 +5,15 @@
 
 #include <algorithm>
 
+#include "platform/linux/docks/IconGeometry.h"
+
 namespace lumbrix::platform
 {
+
+bool isPlankWindow(const x11::TrackedWindow& window)
+{
+    return window.type == x11::WindowType::Dock && window.classInstance == u"plank";
+}
 
 PlankDock::PlankDock(RunLoop& runLoop, x11::WindowTracker& tracker, ApplicationRegistry& registry,
                      const QDBusConnection& bus)
@@ -18,7 +25,12 @@ PlankDock::PlankDock(RunLoop& runLoop, x11::WindowTracker& tracker, ApplicationR
 
 PlankDock::~PlankDock() { *m_alive = false; }
 
-void PlankDock::start() { m_bus->start(); }
+// The dock is known by its window, at once; its items follow when it has answered.
+void PlankDock::start()
+{
+    rebuild();
+    m_bus->start();
+}
 
 std::vector<DockStatePtr> PlankDock::states() const
 {
@@ -44,15 +56,9 @@ void PlankDock::pointerEntered() { onMainThread(&PlankDock::refresh); }
 
 void PlankDock::synchronize() { rebuild(); }
 
-bool PlankDock::isOwnDock(const x11::TrackedWindow& window) const
-{
-    const std::lock_guard lock(m_mutex);
-    return window.type == x11::WindowType::Dock && m_pid != 0 && window.pid == m_pid;
-}
-
 void PlankDock::windowAdded(const x11::TrackedWindowPtr& window)
 {
-    if (isOwnDock(*window)) {
+    if (isPlankWindow(*window)) {
         onMainThread(&PlankDock::rebuild);
         onMainThread(&PlankDock::refresh);
     }
@@ -61,16 +67,20 @@ void PlankDock::windowAdded(const x11::TrackedWindowPtr& window)
 void PlankDock::windowChanged(const x11::TrackedWindowPtr& before,
                               const x11::TrackedWindowPtr& after)
 {
-    if (isOwnDock(*after) && (before->frameBounds != after->frameBounds ||
-                              before->frame != after->frame || before->type != after->type)) {
+    if (isPlankWindow(*after) && (before->frameBounds != after->frameBounds ||
+                                  before->frame != after->frame || before->type != after->type)) {
         onMainThread(&PlankDock::rebuild);
         onMainThread(&PlankDock::refresh);
+    }
+    if (m_hasUnnamed && before->iconGeometrySerial != after->iconGeometrySerial &&
+        !m_isRebuildUnderWay.exchange(true)) {
+        onMainThread(&PlankDock::rebuild);
     }
 }
 
 void PlankDock::windowRemoved(const x11::TrackedWindowPtr& last)
 {
-    if (isOwnDock(*last)) {
+    if (isPlankWindow(*last)) {
         onMainThread(&PlankDock::rebuild);
     }
 }
@@ -93,25 +103,34 @@ std::optional<PlankSettings::Values> PlankDock::readSettings()
 
 void PlankDock::rebuild()
 {
-    DockStatePtr state;
-    const std::int32_t pid = m_bus->pid();
-    if (pid != 0) {
-        state = makeState(pid);
-    }
+    m_isRebuildUnderWay = false;
+    DockStatePtr state = makeState();
     {
         const std::lock_guard lock(m_mutex);
-        m_pid = pid;
         m_state = std::move(state);
     }
     notifyChanged();
 }
 
-// An application without a desktop entry goes by the path of its made-up URL. With several of them
-// the dock shows them in the order in which they were started.
+// The middle of the icon as the dock tells it to the application's windows.
+std::optional<int> PlankDock::iconCentre(const Application& application, DockEdge edge) const
+{
+    for (const xcb_window_t id : application.windows) {
+        const x11::TrackedWindowPtr window = m_tracker.window(id);
+        if (window && window->iconGeometry && isIconPlace(*window->iconGeometry)) {
+            const QRect& icon = *window->iconGeometry;
+            return isHorizontal(edge) ? icon.x() + icon.width() / 2 : icon.y() + icon.height() / 2;
+        }
+    }
+    return std::nullopt;
+}
+
+// An application without a desktop entry goes by the path of its made-up URL.
 std::vector<PlankItem> PlankDock::allItems(DockEdge edge, const PlankLook& look)
 {
     const PlankItems& told = m_bus->items();
     std::vector<PlankItem> items = told.named;
+    m_hasUnnamed = told.firstUnnamed.has_value();
     if (!told.firstUnnamed) {
         return items;
     }
@@ -124,32 +143,41 @@ std::vector<PlankItem> PlankDock::allItems(DockEdge edge, const PlankLook& look)
             named.push_back(application->running.bundleURL);
         }
     }
-    std::vector<QString> unnamed;
+    std::vector<PlankUnnamed::Candidate> unnamed;
     for (const Application& application : m_registry.applications()) {
         const QUrl& url = application.running.bundleURL;
         if (application.isRegular && std::ranges::find(named, url) == named.end()) {
-            unnamed.push_back(url.toLocalFile());
+            unnamed.push_back({url.toLocalFile(), iconCentre(application, edge)});
         }
     }
     const QPoint first = *told.firstUnnamed;
     const int firstCentre = isHorizontal(edge) ? first.x() : first.y();
     std::vector<int> known = centres;
     known.push_back(firstCentre);
+    const int pitch = plankPitch(known, look.iconSize);
     const int count = std::min(static_cast<int>(unnamed.size()),
                                told.count - static_cast<int>(told.named.size()));
-    const std::vector<int> free =
-        plankFreeCentres(firstCentre, count, plankPitch(known, look.iconSize), centres);
-    for (std::size_t i = 0; i < free.size(); ++i) {
-        items.push_back({unnamed[i], isHorizontal(edge) ? QPoint(free[i], first.y())
-                                                        : QPoint(first.x(), free[i])});
+    const std::vector<int> free = plankFreeCentres(firstCentre, count, pitch, centres);
+    const std::vector<QString> assigned = m_unnamed.assign(unnamed, free, pitch);
+    for (std::size_t i = 0; i < assigned.size(); ++i) {
+        items.push_back({assigned[i], isHorizontal(edge) ? QPoint(free[i], first.y())
+                                                         : QPoint(first.x(), free[i])});
     }
     return items;
 }
 
-DockStatePtr PlankDock::makeState(std::int32_t pid)
+DockStatePtr PlankDock::makeState()
 {
     auto state = std::make_shared<DockState>();
-    state->pid = pid;
+    for (const x11::TrackedWindowPtr& window : m_tracker.windows()) {
+        if (isPlankWindow(*window)) {
+            state->pid = window->pid.value_or(0);
+            state->windows.push_back({window->id, window->frame, window->bounds});
+        }
+    }
+    if (state->windows.empty()) {
+        return nullptr;
+    }
     state->edge = m_bus->edge();
     PlankLook look;
     if (const auto settings = readSettings()) {
@@ -159,14 +187,6 @@ DockStatePtr PlankDock::makeState(std::int32_t pid)
         if (m_bus->items().named.empty()) {
             state->edge = settings->edge;
         }
-    }
-    for (const x11::TrackedWindowPtr& window : m_tracker.windows()) {
-        if (window->type == x11::WindowType::Dock && window->pid == pid) {
-            state->windows.push_back({window->id, window->frame, window->bounds});
-        }
-    }
-    if (state->windows.empty()) {
-        return state;
     }
     std::vector<QPoint> points;
     const std::vector<PlankItem> items = allItems(state->edge, look);

@@ -6,6 +6,7 @@
 
 #include <QtDBus/QDBusConnection>
 
+#include <atomic>
 #include <map>
 #include <memory>
 #include <mutex>
@@ -15,9 +16,13 @@
 #include "platform/linux/docks/DockProvider.h"
 #include "platform/linux/docks/PlankBus.h"
 #include "platform/linux/docks/PlankSettings.h"
+#include "platform/linux/docks/PlankUnnamed.h"
 
 namespace lumbrix::platform
 {
+
+/// Whether it is the window that Plank draws a dock in.
+bool isPlankWindow(const x11::TrackedWindow& window);
 
 class PlankDock final : public DockProvider
 {
@@ -39,16 +44,16 @@ public:
     void windowRemoved(const x11::TrackedWindowPtr& last) override;
 
 private:
-    bool isOwnDock(const x11::TrackedWindow& window) const;
     void onMainThread(void (PlankDock::*step)());
 
     // Main thread.
     void refresh();
     void rebuild();
-    DockStatePtr makeState(std::int32_t pid);
+    DockStatePtr makeState(); ///< null when Plank shows no dock
     std::optional<PlankSettings::Values> readSettings();
     /// Everything on the dock that is an application: what it names, and what it must be showing.
     std::vector<PlankItem> allItems(DockEdge edge, const PlankLook& look);
+    std::optional<int> iconCentre(const Application& application, DockEdge edge) const;
 
     RunLoop& m_runLoop;
     x11::WindowTracker& m_tracker;
@@ -57,11 +62,13 @@ private:
     std::unique_ptr<PlankBus> m_bus;
     std::unique_ptr<PlankSettings> m_settings;
     QString m_settingsName;
+    PlankUnnamed m_unnamed;
+    std::atomic<bool> m_hasUnnamed{false};
+    std::atomic<bool> m_isRebuildUnderWay{false};
     std::map<QString, DockItemId> m_ids; ///< by desktop file
 
     mutable std::mutex m_mutex;
-    std::int32_t m_pid = 0; // guarded by m_mutex
-    DockStatePtr m_state;   // guarded by m_mutex
+    DockStatePtr m_state; // guarded by m_mutex
 };
 
 } // namespace lumbrix::platform

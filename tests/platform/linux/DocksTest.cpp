@@ -3,6 +3,7 @@
 
 #include "platform/linux/docks/IconGeometry.h"
 #include "platform/linux/docks/PlankGeometry.h"
+#include "platform/linux/docks/PlankUnnamed.h"
 #include "tests/platform/linux/AdapterFixture.h"
 
 namespace lumbrix::test
@@ -68,6 +69,25 @@ TEST(PlankGeometryTest, unnamed_items_fill_the_gaps_behind_the_first)
     EXPECT_EQ(plankFreeCentres(600, 0, 60, {}), std::vector<int>());
     EXPECT_EQ(plankPitch({600, 600, 785, 665}, 48), 65); // measured
     EXPECT_EQ(plankPitch({600}, 48), 60);                // guessed
+}
+
+TEST(PlankUnnamedTest, told_places_decide_only_as_a_whole)
+{
+    const auto path = [](const char* name) { return QString::fromLatin1(name); };
+    PlankUnnamed unnamed;
+    const std::vector<int> free{600, 660};
+    using Order = std::vector<QString>;
+    EXPECT_EQ(unnamed.assign({{path("a"), 661}, {path("b"), 599}}, free, 60),
+              (Order{path("b"), path("a")}));
+    // Both tell a place of before; what was known stays.
+    EXPECT_EQ(unnamed.assign({{path("a"), 600}, {path("b"), 600}}, free, 60),
+              (Order{path("b"), path("a")}));
+    // One came, whose place does not fit.
+    EXPECT_EQ(
+        unnamed.assign({{path("a"), 630}, {path("b"), 570}, {path("c"), {}}}, {570, 630, 690}, 60),
+        (Order{path("b"), path("a"), path("c")}));
+    EXPECT_EQ(unnamed.assign({{path("a"), {}}, {path("c"), {}}}, {600}, 60), Order{path("a")});
+    EXPECT_EQ(unnamed.assign({}, {}, 60), Order());
 }
 
 TEST(IconGeometryTest, edges_follow_the_strut_before_the_shape)
