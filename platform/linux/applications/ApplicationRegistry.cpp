@@ -3,91 +3,25 @@
 
 #include "platform/linux/applications/ApplicationRegistry.h"
 
-#include <QtCore/QFileInfo>
-
 #include <algorithm>
 
 namespace lumbrix::platform
 {
-
-namespace
-{
-
-// How long windows may take to become iconic before hiding counts as refused.
-constexpr double HideGrace = 1.0;
-
-QUrl bundleUrl(const DesktopEntryPtr& entry, const QString& key)
-{
-    if (entry) {
-        return QUrl::fromLocalFile(entry->path);
-    }
-    // A file URL, because callers compare paths; no such file exists.
-    QString name = key;
-    name.replace(u'/', u'_');
-    return QUrl::fromLocalFile(QStringLiteral("/.application/") + name);
-}
-
-} // namespace
-
-bool isApplicationWindow(const x11::TrackedWindow& window)
-{
-    switch (window.type) {
-    case x11::WindowType::Normal:
-    case x11::WindowType::Dialog:
-    case x11::WindowType::Utility:
-    case x11::WindowType::Toolbar:
-    case x11::WindowType::Splash:
-        return true;
-    case x11::WindowType::Dock:
-    case x11::WindowType::Desktop:
-    case x11::WindowType::Other:
-        break;
-    }
-    return false;
-}
-
-ApplicationRegistry::Window* ApplicationRegistry::Group::find(xcb_window_t id)
-{
-    const auto it =
-        std::ranges::find_if(windows, [id](const auto& window) { return window.first == id; });
-    return it == windows.end() ? nullptr : &it->second;
-}
-
-bool ApplicationRegistry::Group::isRegular() const
-{
-    return std::ranges::any_of(windows,
-                               [](const auto& window) { return !window.second.skipTaskbar; });
-}
-
-bool ApplicationRegistry::Group::isHidden(double now) const
-{
-    bool any = false;
-    for (const auto& [id, window] : windows) {
-        if (!window.wasHidden) {
-            continue;
-        }
-        any = true;
-        const bool underWay = !window.wasIconicSinceHidden && now - hiddenAt < HideGrace;
-        if (!window.isIconic && !underWay) {
-            return false;
-        }
-    }
-    return any;
-}
 
 ApplicationRegistry::ApplicationRegistry(x11::WindowTracker& tracker, DesktopEntries& entries,
                                          ProcessReader reader, Own own, Clock clock)
     : m_tracker(tracker), m_entries(entries), m_reader(std::move(reader)), m_own(std::move(own)),
       m_clock(std::move(clock))
 {
-    auto group = std::make_unique<Group>();
-    group->key = QStringLiteral("own");
     const DesktopEntryPtr entry = m_entries.byId(m_own.bundleIdentifier);
-    group->running = {.pid = m_own.pid,
-                      .bundleIdentifier = m_own.bundleIdentifier,
-                      .localizedName = entry ? entry->name : QStringLiteral("Lumbrix"),
-                      .bundleURL = bundleUrl(entry, m_own.bundleIdentifier),
-                      .executableURL = QUrl::fromLocalFile(m_reader(m_own.pid).executablePath)};
+    auto group = std::make_unique<Group>(
+        QStringLiteral("own"),
+        RunningApplication{.pid = m_own.pid,
+                           .bundleIdentifier = m_own.bundleIdentifier,
+                           .localizedName = entry ? entry->name : QStringLiteral("Lumbrix"),
+                           .bundleURL = bundleUrlOf(entry, m_own.bundleIdentifier),
+                           .executableURL =
+                               QUrl::fromLocalFile(m_reader(m_own.pid).executablePath)});
     m_groups.push_back(std::move(group));
 }
 
@@ -100,55 +34,18 @@ void ApplicationRegistry::tell(WorkspaceNotification notification, std::int32_t 
     }
 }
 
-DesktopEntryPtr ApplicationRegistry::entryFor(const x11::TrackedWindow& window,
-                                              const ProcessNames& names)
+ApplicationIdentity ApplicationRegistry::identify(const x11::TrackedWindow& window)
 {
-    // The instance first: web applications of one browser differ only there.
-    for (const QString& half : {window.classInstance, window.className}) {
-        if (DesktopEntryPtr entry = m_entries.byStartupWmClass(half)) {
-            return entry;
-        }
-    }
-    for (const QString& half : {window.className, window.classInstance}) {
-        if (DesktopEntryPtr entry = m_entries.byApplicationId(half)) {
-            return entry;
-        }
-    }
-    for (const QString& program : names.programs()) {
-        if (DesktopEntryPtr entry = m_entries.byExecutable(program)) {
-            return entry;
-        }
-    }
-    return m_entries.byExecutable(window.classInstance);
-}
-
-ApplicationRegistry::Identity ApplicationRegistry::identify(const x11::TrackedWindow& window)
-{
-    Identity identity;
     if (window.pid && *window.pid == m_own.pid) {
-        identity.key = m_groups.front()->key;
-        return identity;
+        return {.key = m_groups.front()->key(), .entry = {}, .className = {}, .executablePath = {}};
     }
-    const ProcessNames names = window.pid ? m_reader(*window.pid) : ProcessNames();
-    identity.executablePath = names.executablePath;
-    identity.className = window.className.isEmpty() ? window.classInstance : window.className;
-    identity.entry = entryFor(window, names);
-    if (identity.entry) {
-        identity.key = QStringLiteral("entry:") + identity.entry->id;
-    } else if (!identity.className.isEmpty()) {
-        identity.key = QStringLiteral("class:") + identity.className.toLower();
-    } else if (!identity.executablePath.isEmpty()) {
-        identity.key = QStringLiteral("program:") + identity.executablePath;
-    } else {
-        identity.key = QStringLiteral("window:%1").arg(window.id);
-    }
-    return identity;
+    return identifyApplication(window, m_entries, m_reader);
 }
 
 bool ApplicationRegistry::isPidFree(std::int32_t pid) const
 {
     return pid > 0 && pid != m_dockPid && std::ranges::none_of(m_groups, [pid](const auto& group) {
-               return group->running.pid == pid;
+               return group->running().pid == pid;
            });
 }
 
@@ -158,7 +55,7 @@ std::int32_t ApplicationRegistry::pidFor(const x11::TrackedWindow& window)
 }
 
 ApplicationRegistry::Group& ApplicationRegistry::insert(const x11::TrackedWindow& window,
-                                                        Identity identity)
+                                                        const ApplicationIdentity& identity)
 {
     Group* group = nullptr;
     // A dialog that says nothing of itself belongs where its parent belongs.
@@ -166,33 +63,27 @@ ApplicationRegistry::Group& ApplicationRegistry::insert(const x11::TrackedWindow
         group = groupOf(window.transientFor);
     }
     for (const auto& known : m_groups) {
-        if (group == nullptr && known->key == identity.key) {
+        if (group == nullptr && known->key() == identity.key) {
             group = known.get();
         }
     }
     const bool isNew = group == nullptr;
     if (isNew) {
-        m_groups.push_back(std::make_unique<Group>());
+        const QUrl program = identity.executablePath.isEmpty()
+                                 ? QUrl()
+                                 : QUrl::fromLocalFile(identity.executablePath);
+        m_groups.push_back(std::make_unique<Group>(
+            identity.key, RunningApplication{.pid = pidFor(window),
+                                             .bundleIdentifier = identity.bundleIdentifier(),
+                                             .localizedName = identity.localizedName(),
+                                             .bundleURL = identity.bundleUrl(),
+                                             .executableURL = program}));
         group = m_groups.back().get();
-        group->key = identity.key;
-        const QString program = QFileInfo(identity.executablePath).fileName();
-        QString name = identity.entry ? identity.entry->name : identity.className;
-        if (name.isEmpty()) {
-            name = program.isEmpty() ? QStringLiteral("window") : program;
-        }
-        group->running = {.pid = pidFor(window),
-                          .bundleIdentifier = identity.entry ? identity.entry->id : name,
-                          .localizedName = name,
-                          .bundleURL = bundleUrl(identity.entry, identity.key),
-                          .executableURL = identity.executablePath.isEmpty()
-                                               ? QUrl()
-                                               : QUrl::fromLocalFile(identity.executablePath)};
     }
-    group->windows.emplace_back(
-        window.id, Window{.skipTaskbar = window.skipTaskbar, .isIconic = window.isIconic});
+    group->add(window.id, window.skipTaskbar, window.isIconic);
     m_groupOfWindow.insert(window.id, group);
     if (isNew) {
-        tell(WorkspaceNotification::DidLaunchApplication, group->running.pid);
+        tell(WorkspaceNotification::DidLaunchApplication, group->running().pid);
     }
     return *group;
 }
@@ -203,11 +94,11 @@ void ApplicationRegistry::remove(xcb_window_t id)
     if (group == nullptr) {
         return;
     }
-    std::erase_if(group->windows, [id](const auto& window) { return window.first == id; });
-    if (!group->windows.empty() || group == m_groups.front().get()) {
+    group->remove(id);
+    if (!group->isEmpty() || group == m_groups.front().get()) {
         return;
     }
-    const std::int32_t pid = group->running.pid;
+    const std::int32_t pid = group->running().pid;
     std::erase_if(m_groups, [group](const auto& known) { return known.get() == group; });
     tell(WorkspaceNotification::DidTerminateApplication, pid);
 }
@@ -220,7 +111,7 @@ ApplicationRegistry::Group* ApplicationRegistry::groupOf(xcb_window_t id)
 ApplicationRegistry::Group* ApplicationRegistry::groupWithPid(std::int32_t pid)
 {
     const auto it = std::ranges::find_if(
-        m_groups, [pid](const auto& group) { return group->running.pid == pid; });
+        m_groups, [pid](const auto& group) { return group->running().pid == pid; });
     return it == m_groups.end() ? nullptr : it->get();
 }
 
@@ -244,25 +135,21 @@ std::int32_t ApplicationRegistry::meet(const x11::TrackedWindow& window)
         return window.pid.value_or(0);
     }
     if (const Group* group = groupOf(window.id)) {
-        return group->running.pid;
+        return group->running().pid;
     }
     // Asked under our lock: if the tracker still has it, its removal is yet to be told to us.
     if (!m_tracker.window(window.id)) {
         return window.pid.value_or(0);
     }
-    return insert(window, identify(window)).running.pid;
+    return insert(window, identify(window)).running().pid;
 }
 
 Application ApplicationRegistry::snapshot(const Group& group) const
 {
-    Application result{.running = group.running,
-                       .isRegular = group.isRegular(),
-                       .isHidden = group.isHidden(m_clock()),
-                       .windows = {}};
-    for (const auto& [id, window] : group.windows) {
-        result.windows.push_back(id);
-    }
-    return result;
+    return {.running = group.running(),
+            .isRegular = group.isRegular(),
+            .isHidden = group.isHidden(m_clock()),
+            .windows = group.windows()};
 }
 
 std::optional<Application> ApplicationRegistry::dockApplication() const
@@ -327,13 +214,13 @@ std::optional<Application> ApplicationRegistry::applicationForDesktopFile(const 
     const QUrl url = QUrl::fromLocalFile(path);
     const std::lock_guard lock(m_mutex);
     for (const auto& group : m_groups) {
-        if (group->running.bundleURL == url) {
+        if (group->running().bundleURL == url) {
             return snapshot(*group);
         }
     }
     for (const QString& key : keys) {
         for (const auto& group : m_groups) {
-            if (group->key == key) {
+            if (group->key() == key) {
                 return snapshot(*group);
             }
         }
@@ -360,8 +247,8 @@ void ApplicationRegistry::setDock(std::int32_t pid)
     Group* group = pid != 0 ? groupWithPid(pid) : nullptr;
     if (group != nullptr && group != m_groups.front().get()) {
         tell(WorkspaceNotification::DidTerminateApplication, pid);
-        group->running.pid = m_nextSyntheticPid++;
-        tell(WorkspaceNotification::DidLaunchApplication, group->running.pid);
+        group->setPid(m_nextSyntheticPid++);
+        tell(WorkspaceNotification::DidLaunchApplication, group->running().pid);
     }
     m_dockPid = pid;
     if (pid != 0) {
@@ -372,33 +259,16 @@ void ApplicationRegistry::setDock(std::int32_t pid)
 void ApplicationRegistry::markHidden(std::int32_t pid, const std::vector<xcb_window_t>& windows)
 {
     const std::lock_guard lock(m_mutex);
-    Group* group = groupWithPid(pid);
-    if (group == nullptr) {
-        return;
-    }
-    group->hiddenAt = m_clock();
-    for (auto& [id, window] : group->windows) {
-        window.wasHidden = std::ranges::find(windows, id) != windows.end();
-        window.wasIconicSinceHidden = false;
+    if (Group* group = groupWithPid(pid)) {
+        group->markHidden(windows, m_clock());
     }
 }
 
 std::vector<xcb_window_t> ApplicationRegistry::takeHidden(std::int32_t pid)
 {
     const std::lock_guard lock(m_mutex);
-    std::vector<xcb_window_t> result;
     Group* group = groupWithPid(pid);
-    if (group == nullptr) {
-        return result;
-    }
-    const bool wasHidden = group->isHidden(m_clock());
-    for (auto& [id, window] : group->windows) {
-        if (wasHidden && window.wasHidden) {
-            result.push_back(id);
-        }
-        window.wasHidden = false;
-    }
-    return result;
+    return group != nullptr ? group->takeHidden(m_clock()) : std::vector<xcb_window_t>();
 }
 
 void ApplicationRegistry::windowAdded(const x11::TrackedWindowPtr& window) { ownerPidOf(*window); }
@@ -415,14 +285,9 @@ void ApplicationRegistry::windowChanged(const x11::TrackedWindowPtr& before,
         meet(*after);
         return;
     }
-    Group* group = groupOf(after->id);
-    Window* window = group != nullptr ? group->find(after->id) : nullptr;
-    if (window == nullptr) {
-        return;
+    if (Group* group = groupOf(after->id)) {
+        group->update(after->id, after->skipTaskbar, after->isIconic);
     }
-    window->skipTaskbar = after->skipTaskbar;
-    window->isIconic = after->isIconic;
-    window->wasIconicSinceHidden |= after->isIconic;
 }
 
 void ApplicationRegistry::windowRemoved(const x11::TrackedWindowPtr& last)
@@ -435,7 +300,7 @@ void ApplicationRegistry::activeWindowChanged(xcb_window_t window)
 {
     const std::lock_guard lock(m_mutex);
     const Group* group = groupOf(window);
-    const std::int32_t pid = group != nullptr ? group->running.pid : 0;
+    const std::int32_t pid = group != nullptr ? group->running().pid : 0;
     if (pid == m_activePid) {
         return;
     }

@@ -14,8 +14,8 @@
 #include <vector>
 
 #include "platform/Workspace.h"
-#include "platform/linux/applications/DesktopEntries.h"
-#include "platform/linux/applications/ProcessNames.h"
+#include "platform/linux/applications/ApplicationGroup.h"
+#include "platform/linux/applications/ApplicationIdentity.h"
 #include "platform/linux/x11/WindowTracker.h"
 
 namespace lumbrix::platform
@@ -28,10 +28,6 @@ struct Application {
     bool isHidden = false;
     std::vector<xcb_window_t> windows; ///< in the order they appeared
 };
-
-/// Whether windows of this type belong to the user's work: docks, desktops, menus and the like do
-/// not make an application.
-bool isApplicationWindow(const x11::TrackedWindow& window);
 
 /// Any thread; the listener's part on the event thread. An application lives from its first window
 /// to its last; its process id is that of the window that came first, made up (from 0x40000000)
@@ -79,34 +75,12 @@ public:
     void currentDesktopChanged(int desktop) override;
 
 private:
-    struct Window {
-        bool skipTaskbar = false;
-        bool isIconic = false;
-        bool wasHidden = false; ///< named by markHidden
-        bool wasIconicSinceHidden = false;
-    };
-    struct Group {
-        QString key;
-        RunningApplication running;
-        std::vector<std::pair<xcb_window_t, Window>> windows;
-        double hiddenAt = 0.0;
+    using Group = ApplicationGroup;
 
-        Window* find(xcb_window_t id);
-        bool isRegular() const;
-        bool isHidden(double now) const;
-    };
-    struct Identity {
-        QString key;
-        DesktopEntryPtr entry;
-        QString className;
-        QString executablePath;
-    };
-
-    Identity identify(const x11::TrackedWindow& window);
-    DesktopEntryPtr entryFor(const x11::TrackedWindow& window, const ProcessNames& names);
+    ApplicationIdentity identify(const x11::TrackedWindow& window);
 
     // All with m_mutex held.
-    Group& insert(const x11::TrackedWindow& window, Identity identity);
+    Group& insert(const x11::TrackedWindow& window, const ApplicationIdentity& identity);
     void remove(xcb_window_t id);
     void meetAll();
     /// Puts the window into its application; its owner's process id.

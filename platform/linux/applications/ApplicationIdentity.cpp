@@ -1,0 +1,104 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include "platform/linux/applications/ApplicationIdentity.h"
+
+#include <QtCore/QFileInfo>
+
+namespace lumbrix::platform
+{
+
+namespace
+{
+
+DesktopEntryPtr entryFor(const x11::TrackedWindow& window, const ProcessNames& names,
+                         DesktopEntries& entries)
+{
+    // The instance first: web applications of one browser differ only there.
+    for (const QString& half : {window.classInstance, window.className}) {
+        if (DesktopEntryPtr entry = entries.byStartupWmClass(half)) {
+            return entry;
+        }
+    }
+    for (const QString& half : {window.className, window.classInstance}) {
+        if (DesktopEntryPtr entry = entries.byApplicationId(half)) {
+            return entry;
+        }
+    }
+    for (const QString& program : names.programs()) {
+        if (DesktopEntryPtr entry = entries.byExecutable(program)) {
+            return entry;
+        }
+    }
+    return entries.byExecutable(window.classInstance);
+}
+
+} // namespace
+
+ApplicationIdentity identifyApplication(const x11::TrackedWindow& window, DesktopEntries& entries,
+                                        const ProcessReader& reader)
+{
+    ApplicationIdentity identity;
+    const ProcessNames names = window.pid ? reader(*window.pid) : ProcessNames();
+    identity.executablePath = names.executablePath;
+    identity.className = window.className.isEmpty() ? window.classInstance : window.className;
+    identity.entry = entryFor(window, names, entries);
+    if (identity.entry) {
+        identity.key = QStringLiteral("entry:") + identity.entry->id;
+    } else if (!identity.className.isEmpty()) {
+        identity.key = QStringLiteral("class:") + identity.className.toLower();
+    } else if (!identity.executablePath.isEmpty()) {
+        identity.key = QStringLiteral("program:") + identity.executablePath;
+    } else {
+        identity.key = QStringLiteral("window:%1").arg(window.id);
+    }
+    return identity;
+}
+
+QString ApplicationIdentity::localizedName() const
+{
+    if (entry) {
+        return entry->name;
+    }
+    if (!className.isEmpty()) {
+        return className;
+    }
+    const QString program = QFileInfo(executablePath).fileName();
+    return program.isEmpty() ? QStringLiteral("window") : program;
+}
+
+QString ApplicationIdentity::bundleIdentifier() const
+{
+    return entry ? entry->id : localizedName();
+}
+
+QUrl ApplicationIdentity::bundleUrl() const { return bundleUrlOf(entry, key); }
+
+QUrl bundleUrlOf(const DesktopEntryPtr& entry, const QString& key)
+{
+    if (entry) {
+        return QUrl::fromLocalFile(entry->path);
+    }
+    QString name = key;
+    name.replace(u'/', u'_');
+    return QUrl::fromLocalFile(QStringLiteral("/.application/") + name);
+}
+
+bool isApplicationWindow(const x11::TrackedWindow& window)
+{
+    switch (window.type) {
+    case x11::WindowType::Normal:
+    case x11::WindowType::Dialog:
+    case x11::WindowType::Utility:
+    case x11::WindowType::Toolbar:
+    case x11::WindowType::Splash:
+        return true;
+    case x11::WindowType::Dock:
+    case x11::WindowType::Desktop:
+    case x11::WindowType::Other:
+        break;
+    }
+    return false;
+}
+
+} // namespace lumbrix::platform

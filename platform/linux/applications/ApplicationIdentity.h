@@ -1,0 +1,41 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// Which application a window belongs to.
+#pragma once
+
+#include <QtCore/QUrl>
+
+#include "platform/linux/applications/DesktopEntries.h"
+#include "platform/linux/applications/ProcessNames.h"
+#include "platform/linux/x11/TrackedWindow.h"
+
+namespace lumbrix::platform
+{
+
+struct ApplicationIdentity {
+    QString key; ///< windows with the same key belong together
+    DesktopEntryPtr entry;
+    QString className;
+    QString executablePath;
+
+    QString localizedName() const; ///< never empty
+    QString bundleIdentifier() const;
+    QUrl bundleUrl() const;
+};
+
+/// By desktop entry: the one whose StartupWMClass, then whose id is a half of WM_CLASS, then the
+/// one of the window's program. Without an entry by WM_CLASS, then by program. Any thread; may
+/// read files.
+ApplicationIdentity identifyApplication(const x11::TrackedWindow& window, DesktopEntries& entries,
+                                        const ProcessReader& reader);
+
+/// The file of the entry, or else a made-up one; a file in either case, because callers compare
+/// paths.
+QUrl bundleUrlOf(const DesktopEntryPtr& entry, const QString& key);
+
+/// Whether windows of this type belong to the user's work: docks, desktops, menus and the like do
+/// not make an application.
+bool isApplicationWindow(const x11::TrackedWindow& window);
+
+} // namespace lumbrix::platform
