@@ -24,7 +24,8 @@ namespace
 {
 
 constexpr std::size_t kGranularity = 256 * 1024; // windows of similar size share segments
-constexpr std::size_t kMinIdleSegments = 4;
+constexpr std::size_t kMinIdleSegments = 2;
+constexpr std::size_t kMaxIdleSegments = 8;
 
 /// File descriptors travel over local sockets only; over others the attempt ends the connection.
 bool isLocal(const Connection& connection)
@@ -83,10 +84,10 @@ public:
         const std::lock_guard lock(m_mutex);
         m_idle.push_back(segment);
         --m_inUse;
-        // As many as are in use: windows that are all refreshed at once need a second one each,
-        // and memory that was used before is several times faster than fresh memory.
-        while (!m_idle.empty() &&
-               (!m_connection || m_idle.size() > std::max(kMinIdleSegments, m_inUse))) {
+        // Windows that are refreshed at once need a second segment each, and memory that was used
+        // before is several times faster than fresh memory.
+        const std::size_t limit = std::clamp(m_inUse, kMinIdleSegments, kMaxIdleSegments);
+        while (!m_idle.empty() && (!m_connection || m_idle.size() > limit)) {
             release(m_idle.front());
             m_idle.erase(m_idle.begin());
         }
