@@ -15,10 +15,23 @@ namespace
 // A hidden panel lies off the screen by about its breadth.
 constexpr int MaximalMiss = 200;
 
+bool isWide(const QRect& dock) { return dock.width() >= dock.height(); }
+
+bool isSamePlace(const PlacedWindow& a, const PlacedWindow& b, DockEdge edge)
+{
+    if (a.place == b.place) {
+        return true;
+    }
+    const bool isSameAlong =
+        isHorizontal(edge) ? a.place.x() == b.place.x() && a.place.width() == b.place.width()
+                           : a.place.y() == b.place.y() && a.place.height() == b.place.height();
+    return isSameAlong && (a.isOffPanel || b.isOffPanel);
+}
+
 bool overlapsAlong(const QRect& icon, const QRect& dock)
 {
-    const int middle = dock.width() >= dock.height() ? icon.center().x() : icon.center().y();
-    const int start = dock.width() >= dock.height() ? dock.x() : dock.y();
+    const int middle = isWide(dock) ? icon.center().x() : icon.center().y();
+    const int start = isWide(dock) ? dock.x() : dock.y();
     return middle >= start && middle < start + std::max(dock.width(), dock.height());
 }
 
@@ -58,6 +71,9 @@ int dockOfIcon(const QRect& icon, const std::vector<DockWindow>& docks)
     std::int64_t bestDistance = std::int64_t{MaximalMiss} * MaximalMiss;
     for (std::size_t i = 0; i < docks.size(); ++i) {
         const QRect& dock = docks[i].bounds;
+        if (!isIconPlace(dock)) {
+            continue;
+        }
         const std::int64_t distance = squaredDistance(icon.center(), dock);
         if ((distance == 0 || overlapsAlong(icon, dock)) && distance < bestDistance) {
             best = static_cast<int>(i);
@@ -67,19 +83,31 @@ int dockOfIcon(const QRect& icon, const std::vector<DockWindow>& docks)
     return best;
 }
 
+QRect placeOnDock(const QRect& icon, const QRect& dock, bool& isOffPanel)
+{
+    isOffPanel = !dock.contains(icon.center());
+    const QRect place = icon.translated(-dock.topLeft());
+    if (!isOffPanel) {
+        return place;
+    }
+    return isWide(dock) ? QRect(place.x(), 0, place.width(), dock.height())
+                        : QRect(0, place.y(), dock.width(), place.height());
+}
+
 std::vector<DockItem> deriveItems(const std::vector<PlacedWindow>& windows, const QRect& dock,
                                   DockEdge edge, const std::vector<DockItem>& previous)
 {
     struct Button {
-        QRect place;
+        PlacedWindow first;
         std::vector<xcb_window_t> windows;
         bool allIconic = true;
     };
     std::vector<Button> buttons;
     for (const PlacedWindow& window : windows) {
-        auto it = std::ranges::find(buttons, window.place, &Button::place);
+        auto it = std::ranges::find_if(
+            buttons, [&](const Button& button) { return isSamePlace(button.first, window, edge); });
         if (it == buttons.end()) {
-            it = buttons.insert(buttons.end(), {.place = window.place, .windows = {}});
+            it = buttons.insert(buttons.end(), {.first = window, .windows = {}});
         }
         it->windows.push_back(window.window);
         it->allIconic = it->allIconic && window.isIconic;
@@ -87,12 +115,12 @@ std::vector<DockItem> deriveItems(const std::vector<PlacedWindow>& windows, cons
     std::vector<DockItem> kept = previous;
     std::vector<DockItem> items;
     for (Button& button : buttons) {
-        const QRect raw = button.place.translated(dock.topLeft());
+        const QRect raw = button.first.place.translated(dock.topLeft());
         QRect rect = acrossDock(raw, dock, edge);
         // Several rows of buttons share the breadth.
         const bool crowded = std::ranges::any_of(buttons, [&](const Button& other) {
-            return other.place != button.place &&
-                   other.place.translated(dock.topLeft()).intersects(rect);
+            return &other != &button &&
+                   other.first.place.translated(dock.topLeft()).intersects(rect);
         });
         if (crowded) {
             rect = raw;

@@ -19,15 +19,22 @@ struct PlacedWindow {
     xcb_window_t window = XCB_NONE;
     QRect place;
     bool isIconic = false;
+    /// Only the place along the panel is to be believed: it was written while the panel was hidden.
+    bool isOffPanel = false;
 };
 
 /// Smaller places are transient: panels write them during animations and for hidden buttons.
 inline constexpr int MinimalIconSide = 8;
+/// Also of a panel: hidden ones leave a thin window at the edge to be touched.
 bool isIconPlace(const QRect& rect);
 
 /// The dock window that holds the icon, or, where none does, the one that the icon misses only
 /// across its breadth (it was hidden when the icon was placed); −1 = none.
 int dockOfIcon(const QRect& icon, const std::vector<DockWindow>& docks);
+
+/// The place counted from the dock's corner. An icon off the dock gets the dock's whole breadth and
+/// sets `isOffPanel`.
+QRect placeOnDock(const QRect& icon, const QRect& dock, bool& isOffPanel);
 
 /// Windows that share one place form one item. Items go on being themselves (`previous`) while one
 /// of their windows stays. Sorted along the edge.

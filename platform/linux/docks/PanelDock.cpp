@@ -81,18 +81,31 @@ void PanelDock::notePlace(const x11::TrackedWindow& window, double writtenAt)
     const DockWindow& dock = docks[static_cast<std::size_t>(index)];
     const std::lock_guard lock(m_mutex);
     Placement& placement = m_placements[window.id][dock.id];
-    placement.written = *window.iconGeometry;
     placement.writtenAt = writtenAt;
-    placement.place = window.iconGeometry->translated(-dock.bounds.topLeft());
+    placement.latest.window = window.id;
+    placement.latest.place =
+        placeOnDock(*window.iconGeometry, dock.bounds, placement.latest.isOffPanel);
+}
+
+void PanelDock::noteMissingPlaces()
+{
+    for (const x11::TrackedWindowPtr& window : m_tracker.windows()) {
+        bool isMissing = false;
+        {
+            const std::lock_guard lock(m_mutex);
+            const auto known = m_placements.find(window->id);
+            isMissing = known == m_placements.end() || known->second.empty();
+        }
+        if (isMissing) {
+            notePlace(*window, m_runLoop.now());
+        }
+    }
 }
 
 void PanelDock::windowAdded(const x11::TrackedWindowPtr& window)
 {
     if (isDock(*window)) {
-        // Windows may have been placed before their panel's window was known.
-        for (const x11::TrackedWindowPtr& other : m_tracker.windows()) {
-            notePlace(*other, m_runLoop.now());
-        }
+        noteMissingPlaces();
     } else {
         notePlace(*window, m_runLoop.now());
     }
@@ -109,6 +122,9 @@ void PanelDock::windowChanged(const x11::TrackedWindowPtr& before,
     const bool isDockMoved = (isDock(*after) || isDock(*before)) &&
                              (before->bounds != after->bounds || before->frame != after->frame ||
                               before->type != after->type);
+    if (isDockMoved && isIconPlace(after->bounds) && !isIconPlace(before->bounds)) {
+        noteMissingPlaces();
+    }
     if (isPlaced || isDockMoved || before->isIconic != after->isIconic ||
         before->desktop != after->desktop || before->skipTaskbar != after->skipTaskbar) {
         scheduleDerivation();
@@ -154,7 +170,7 @@ bool PanelDock::settle(double now)
     for (auto& [window, placements] : m_placements) {
         for (auto& [panel, placement] : placements) {
             if (now - placement.writtenAt >= SettleTime) {
-                placement.settled = placement.place;
+                placement.settled = placement.latest;
             } else {
                 anyFresh = true;
             }
@@ -215,7 +231,8 @@ DockStatePtr PanelDock::makeState(const x11::TrackedWindow& panel,
         }
         const auto own = known->second.find(panel.id);
         if (own != known->second.end() && own->second.settled) {
-            placed.push_back({window->id, *own->second.settled, window->isIconic});
+            placed.push_back(*own->second.settled);
+            placed.back().isIconic = window->isIconic;
         }
     }
     std::vector<DockItem> previous;

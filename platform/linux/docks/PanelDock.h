@@ -46,14 +46,15 @@ public:
 private:
     /// Where one panel window shows one window.
     struct Placement {
-        QRect written; ///< in root pixels
         double writtenAt = 0.0;
-        QRect place;                  ///< counted from the panel's corner, as it was when written
-        std::optional<QRect> settled; ///< the last place that stood for a while
+        PlacedWindow latest;
+        std::optional<PlacedWindow> settled; ///< the last one that stood for a while
     };
     using Placements = std::map<xcb_window_t, Placement>; ///< by panel window
 
     void notePlace(const x11::TrackedWindow& window, double writtenAt);
+    /// Takes in the windows that were placed where no panel was to be seen.
+    void noteMissingPlaces();
     void scheduleDerivation();
     void derive();
     /// True when a place is too fresh to be believed.

@@ -204,6 +204,26 @@ TEST_F(DocksTest, places_move_with_a_panel_that_hides)
     m_loop.advance(0.1);
     EXPECT_EQ(*read(dockItems().at(0), "AXPosition").as<QPointF>(), QPointF(100, 770));
     EXPECT_EQ(m_dockPreferences.autohide(), 1);
+
+    // One window of a button was placed before the panel hid, the other one after.
+    m_tracker.placeIcon(1, SecondButton);
+    m_loop.advance(0.1);
+    m_tracker.remove(PanelWindow);
+    FakeTracker::Window trigger =
+        window(0x6000, QStringLiteral("panel"), QStringLiteral("Panel"), PanelPid);
+    trigger.type = x11::WindowType::Dock;
+    trigger.bounds = QRect(0, 797, 1280, 3); // what the pointer touches to bring the panel back
+    m_tracker.add(trigger);
+    FakeTracker::Window away = trigger;
+    away.id = PanelWindow;
+    away.bounds = PanelBounds.translated(0, 78);
+    m_tracker.add(away);
+    m_tracker.placeIcon(3, SecondButton.translated(0, 78));
+    m_loop.advance(0.1);
+    m_tracker.change(PanelWindow, [](auto& window) { window.bounds = PanelBounds; });
+    m_loop.advance(0.1);
+    EXPECT_EQ(titles(), QStringLiteral("Editor Term"));
+    EXPECT_EQ(*read(dockItems().at(1), "AXPosition").as<QPointF>(), QPointF(252, 770));
     EXPECT_EQ(m_dockPreferences.orientation(), QStringLiteral("bottom"));
 }
 
