@@ -147,9 +147,12 @@ std::vector<PlankItem> PlankDock::allItems(DockEdge edge, const PlankLook& look)
     for (const Application& application : m_registry.applications()) {
         const QUrl& url = application.running.bundleURL;
         if (application.isRegular && std::ranges::find(named, url) == named.end()) {
-            unnamed.push_back({url.toLocalFile(), iconCentre(application, edge)});
+            unnamed.push_back(
+                {url.toLocalFile(), iconCentre(application, edge), application.running.pid});
         }
     }
+    // Those that ran before this program count as started in the order of their processes.
+    std::ranges::stable_sort(unnamed, {}, &PlankUnnamed::Candidate::pid);
     const QPoint first = *told.firstUnnamed;
     const int firstCentre = isHorizontal(edge) ? first.x() : first.y();
     std::vector<int> known = centres;

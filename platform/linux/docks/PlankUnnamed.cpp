@@ -14,22 +14,27 @@ namespace
 
 using Candidate = PlankUnnamed::Candidate;
 
-// Empty unless each place is the one that exactly one candidate tells.
-std::vector<QString> orderByHints(const std::vector<Candidate>& candidates,
-                                  const std::vector<int>& free, int pitch)
+// Empty unless the candidates tell the free places, all of them moved by the same distance: the
+// dock does not tell anew when it has grown at one end and everything moved along.
+std::vector<QString> orderByHints(std::vector<Candidate> candidates, const std::vector<int>& free,
+                                  int pitch)
 {
+    if (candidates.empty() || candidates.size() != free.size()) {
+        return {};
+    }
+    std::ranges::stable_sort(candidates, {}, &Candidate::hint); // those without one first
     std::vector<QString> order;
-    for (const int centre : free) {
-        const auto isHere = [&](const Candidate& candidate) {
-            return candidate.hint && std::abs(*candidate.hint - centre) < pitch / 4;
-        };
-        const auto it = std::ranges::find_if(candidates, isHere);
-        if (it == candidates.end() || std::ranges::count_if(candidates, isHere) != 1) {
+    for (std::size_t i = 0; i < free.size(); ++i) {
+        if (!candidates[i].hint || !candidates.front().hint) {
             return {};
         }
-        order.push_back(it->path);
+        const int movedBy = *candidates[i].hint - free[i];
+        if (std::abs(movedBy - (*candidates.front().hint - free.front())) >= pitch / 4) {
+            return {};
+        }
+        order.push_back(candidates[i].path);
     }
-    return order.size() == candidates.size() ? order : std::vector<QString>();
+    return order;
 }
 
 } // namespace

@@ -7,6 +7,7 @@
 
 #include <QtCore/QString>
 
+#include <cstdint>
 #include <optional>
 #include <vector>
 
@@ -21,11 +22,13 @@ class PlankUnnamed
 public:
     struct Candidate {
         QString path;            ///< of the application's made-up URL
-        std::optional<int> hint; ///< middle of its icon along the edge, as told to its windows
+        std::optional<int> hint{}; ///< middle of its icon along the edge, as told to its windows
+        std::int32_t pid = 0;    ///< for the caller to sort by
     };
 
-    /// For each of the free middles along the edge, ascending, the application that stands there;
-    /// with fewer candidates the last middles stay without.
+    /// Candidates that are new come in the order given. For each of the free middles along the
+    /// edge, ascending, the application that stands there; with fewer candidates the last middles
+    /// stay without.
     std::vector<QString> assign(const std::vector<Candidate>& candidates,
                                 const std::vector<int>& free, int pitch);
 

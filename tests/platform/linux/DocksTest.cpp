@@ -79,6 +79,9 @@ TEST(PlankUnnamedTest, told_places_decide_only_as_a_whole)
     using Order = std::vector<QString>;
     EXPECT_EQ(unnamed.assign({{path("a"), 661}, {path("b"), 599}}, free, 60),
               (Order{path("b"), path("a")}));
+    // Everything has moved by the same distance since it was told.
+    EXPECT_EQ(unnamed.assign({{path("a"), 605}, {path("b"), 540}}, free, 60),
+              (Order{path("b"), path("a")}));
     // Both tell a place of before; what was known stays.
     EXPECT_EQ(unnamed.assign({{path("a"), 600}, {path("b"), 600}}, free, 60),
               (Order{path("b"), path("a")}));
