@@ -77,7 +77,7 @@ TEST_P(HoverTest, pointer_movedToTheNextIconAndAway_switchesAndRemoves)
     EXPECT_TRUE(waitUntil([&] {
         return std::ranges::any_of(display().panels(),
                                    [](const Panel& shown) { return shown.role == u"zoom"_qs; }) &&
-               portionOf(display().picture(place), window.colour) > 0.4;
+               portionOf(display().picture(place), window.colour) > 0.2;
     })) << "no zoomed view of the window";
     savePicture("zoom");
     EXPECT_TRUE(shows(alpha));

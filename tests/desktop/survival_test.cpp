@@ -21,14 +21,17 @@ TEST_P(SurvivalTest, windows_destroyedWhileCaptured_leaveTheRowRight)
 {
     Application& alpha = launch(u"alpha"_qs, 2);
     const Application& beta = launch(u"beta"_qs, 1);
+    const auto alphaIcon = desk().iconOf(alpha);
+    const auto betaIcon = desk().iconOf(beta);
+    ASSERT_TRUE(alphaIcon && betaIcon);
     alpha.startChurning();
     for (int i = 0; i < 4; ++i) {
-        hover(alpha);
+        display().moveTo(*alphaIcon);
         ASSERT_TRUE(waitUntil([&] { return preview(alpha.windows().front().title).has_value(); }));
-        hover(beta);
+        display().moveTo(*betaIcon);
         ASSERT_TRUE(waitUntil([&] { return preview(beta.windows().front().title).has_value(); }));
     }
-    hover(alpha);
+    display().moveTo(*alphaIcon);
     alpha.stopChurning();
     EXPECT_TRUE(shows(alpha));
 }

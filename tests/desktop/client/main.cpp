@@ -35,7 +35,7 @@ struct Window {
 };
 
 /// Fast, but not so fast that the dock has no time left to answer.
-constexpr int churnMilliseconds = 20;
+constexpr int churnMilliseconds = 30;
 
 std::uint32_t lowerColour(std::uint32_t colour) { return (colour >> 1) & 0x7f7f7fU; }
 

@@ -47,10 +47,10 @@ void Desk::startLumbrix(const Settings& changed)
 
 void Desk::stopLumbrix() { m_lumbrix.reset(); }
 
-bool Desk::hover(const Application& application)
+std::optional<QPoint> Desk::iconOf(const Application& application)
 {
     if (application.windows().empty())
-        return false;
+        return std::nullopt;
     const QString entry =
         m_session.dataPath(u"applications/"_qs + application.identifier() + u".desktop"_qs);
     std::optional<QPoint> icon;
@@ -60,6 +60,12 @@ bool Desk::hover(const Application& application)
             return icon.has_value();
         },
         patience(5000));
+    return icon;
+}
+
+bool Desk::hover(const Application& application)
+{
+    const auto icon = iconOf(application);
     if (icon)
         display().moveTo(*icon);
     return icon.has_value();

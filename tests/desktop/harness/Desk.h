@@ -46,7 +46,9 @@ public:
     /// What Lumbrix has complained about since its start.
     QString complaints() const { return m_session.log(u"lumbrix"_qs); }
 
-    /// Waits for the icon and moves the pointer there; false when the dock shows none.
+    /// Waits for the icon of the application's first window; none when the dock shows none.
+    std::optional<QPoint> iconOf(const Application& application);
+    /// Moves the pointer there; false when the dock shows none.
     bool hover(const Application& application);
     /// Moves the pointer to where there is neither a dock nor a preview.
     void park();

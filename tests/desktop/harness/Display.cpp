@@ -129,6 +129,21 @@ bool Display::hasCompositor()
     return reply && reply->owner != XCB_WINDOW_NONE;
 }
 
+bool Display::waitForWindowManager(std::chrono::milliseconds timeout)
+{
+    const xcb_window_t window = xcb_generate_id(m_connection);
+    const auto isListed = [&] {
+        const auto listed = numbers(m_root, "_NET_CLIENT_LIST");
+        return std::ranges::find(listed, window) != listed.end();
+    };
+    xcb_create_window(m_connection, XCB_COPY_FROM_PARENT, window, m_root, 0, 0, 50, 50, 0,
+                      XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, 0, nullptr);
+    xcb_map_window(m_connection, window);
+    const bool isManaged = waitFor(isListed, timeout);
+    xcb_destroy_window(m_connection, window);
+    return isManaged && waitFor([&] { return !isListed(); }, timeout);
+}
+
 void Display::request(xcb_window_t window, const std::string& message,
                       const std::vector<std::uint32_t>& data)
 {

@@ -56,6 +56,9 @@ public:
     xcb_window_t activeWindow();
     int currentDesktop();
     bool hasCompositor();
+    /// Opens a window of our own and waits until the window manager has taken it in, which is the
+    /// one sure sign that it is ready; then closes it.
+    bool waitForWindowManager(std::chrono::milliseconds timeout);
     /// Asks the window manager, as a pager would.
     void request(xcb_window_t window, const std::string& message,
                  const std::vector<std::uint32_t>& data);

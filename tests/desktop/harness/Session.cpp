@@ -204,12 +204,9 @@ void Session::startWindowManager()
                    u"--vblank=off"_qs});
     }
     const bool composited = m_options.compositor && m_options.windowManager == WindowManager::Xfwm4;
-    if (!m_display->waitFor(
-            [&] {
-                return !m_display->numbers(m_display->root(), "_NET_SUPPORTING_WM_CHECK").empty() &&
-                       m_display->hasCompositor() == composited;
-            },
-            patience(10000)))
+    if (!m_display->waitForWindowManager(patience(10000)) ||
+        !m_display->waitFor([&] { return m_display->hasCompositor() == composited; },
+                            patience(5000)))
         qFatal("the window manager did not start:\n%s", qPrintable(logs()));
 }
 
