@@ -18,6 +18,7 @@
 #include "platform/linux/docks/PanelDock.h"
 #include "platform/linux/docks/PlankDock.h"
 #include "platform/linux/docks/Struts.h"
+#include "platform/linux/docks/TooltipOrder.h"
 #include "platform/linux/x11/Connection.h"
 #include "platform/linux/x11/PointSpace.h"
 #include "platform/linux/x11/ScreenWatch.h"
@@ -73,6 +74,8 @@ public:
           m_workspace(runLoop, m_core->tracker(), m_registry, m_entries, m_raiser),
           m_docks(runLoop, m_core->tracker(), m_registry, m_entries,
                   makeDockProviders(runLoop, *m_core, m_registry)),
+          m_tooltips(m_core->connection(), ::getpid(),
+                     [this](std::int32_t pid) { return m_docks.pid() == pid; }),
           m_dockPreferences(m_docks),
           m_accessibility({runLoop, m_core->tracker(), m_core->pointSpace(), m_registry,
                            m_workspace, m_raiser, m_docks}),
@@ -82,7 +85,7 @@ public:
     {
         m_core->windowServer().setOwnerPids(&m_ownerPids);
         for (x11::WindowListener* listener : std::initializer_list<x11::WindowListener*>{
-                 m_accessibility.listenerBeforeRegistry(), &m_registry, &m_docks,
+                 m_accessibility.listenerBeforeRegistry(), &m_registry, &m_docks, &m_tooltips,
                  m_accessibility.listenerAfterRegistry()}) {
             m_core->tracker().addListener(listener);
         }
@@ -129,6 +132,7 @@ private:
     WindowRaiser m_raiser;
     LinuxWorkspace m_workspace;
     DockModel m_docks;
+    TooltipOrder m_tooltips;
     LinuxDockPreferences m_dockPreferences;
     X11Accessibility m_accessibility;
     IniDefaults m_defaults;
