@@ -41,7 +41,12 @@ X11InputState::X11InputState(const Connection& requests, const Connection& event
 QPointF X11InputState::mouseLocation()
 {
     const auto pointer = queryPointer(m_requests);
-    return pointer ? m_points.toScreenPoints(QPoint(pointer->root_x, pointer->root_y)) : QPointF();
+    if (!pointer)
+        return {};
+    // With y upward, a pixel's top left corner is the bottom edge of the pixel above it. Its middle
+    // lies in the rectangles that the pixel belongs to, and in no other.
+    return m_points.toScreenPoints(QPoint(pointer->root_x, pointer->root_y)) -
+           QPointF(0, 0.5 / m_points.pixelsPerPoint());
 }
 
 std::uint32_t X11InputState::pointerMask() const
