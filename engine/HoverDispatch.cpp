@@ -113,6 +113,8 @@ void HoverDispatch::lumbrixIconHovered(const SWElementPtr& element)
         auto windows = engine.inventory().windowsForPID(application->pid);
         if (settings.showOthersInDockIcon) {
             for (const std::int32_t pid : WindowInventory::applicationsWithoutDockIcon()) {
+                if (pid == application->pid)
+                    continue;
                 const auto more = engine.inventory().windowsForPID(pid);
                 windows.insert(windows.end(), more.begin(), more.end());
             }
