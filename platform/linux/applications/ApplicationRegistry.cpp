@@ -207,8 +207,9 @@ std::optional<Application> ApplicationRegistry::applicationForDesktopFile(const 
                 keys << QStringLiteral("entry:") + other->id;
             }
         }
-        if (!entry->startupWmClass.isEmpty()) {
-            keys << QStringLiteral("class:") + entry->startupWmClass.toLower();
+        // Windows that were grouped without knowing the entry.
+        for (const QString& name : {entry->startupWmClass, entry->executable(), entry->id}) {
+            keys << QStringLiteral("class:") + name.toLower();
         }
     }
     const QUrl url = QUrl::fromLocalFile(path);

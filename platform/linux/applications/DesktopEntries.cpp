@@ -7,7 +7,6 @@
 #include <QtCore/QDir>
 #include <QtCore/QDirIterator>
 #include <QtCore/QFile>
-#include <QtCore/QFileInfo>
 #include <QtCore/QSet>
 
 #include <algorithm>
@@ -121,8 +120,7 @@ void DesktopEntries::scan()
             if (const auto old = known.find(path); old != known.end()) {
                 m_files.insert(known.extract(old));
             }
-            const CachedFile& file =
-                readFile(path, id, info.lastModified().toMSecsSinceEpoch(), info.size());
+            const CachedFile& file = readFile(m_files, info, id);
             if (ids.contains(id)) {
                 continue; // masked by a folder further up
             }
@@ -137,16 +135,19 @@ void DesktopEntries::scan()
     rebuildIndices();
 }
 
-const DesktopEntries::CachedFile& DesktopEntries::readFile(const QString& path, const QString& id,
-                                                           std::int64_t modified, std::int64_t size)
+const DesktopEntries::CachedFile& DesktopEntries::readFile(std::map<QString, CachedFile>& cache,
+                                                           const QFileInfo& info,
+                                                           const QString& id) const
 {
-    CachedFile& cached = m_files[path];
-    if (cached.modified == modified && cached.size == size) {
+    const QString path = info.filePath();
+    const std::int64_t modified = info.lastModified().toMSecsSinceEpoch();
+    CachedFile& cached = cache[path];
+    if (cached.modified == modified && cached.size == info.size()) {
         return cached;
     }
-    cached = {.modified = modified, .size = size, .isHidden = false, .entry = nullptr};
+    cached = {.modified = modified, .size = info.size(), .isHidden = false, .entry = nullptr};
     QFile file(path);
-    if (size <= MaximalFileSize && file.open(QIODevice::ReadOnly)) {
+    if (info.size() <= MaximalFileSize && file.open(QIODevice::ReadOnly)) {
         auto entry =
             parseDesktopEntry(file.read(MaximalFileSize), id, path, m_locales, cached.isHidden);
         if (entry) {
@@ -203,7 +204,14 @@ DesktopEntryPtr DesktopEntries::byPath(const QString& path)
 {
     const std::lock_guard lock(m_mutex);
     refresh();
-    return m_byPath.value(path);
+    if (const DesktopEntryPtr entry = m_byPath.value(path)) {
+        return entry;
+    }
+    const QFileInfo file(path);
+    if (!path.endsWith(QStringLiteral(".desktop")) || !file.isFile()) {
+        return nullptr;
+    }
+    return readFile(m_strays, file, file.completeBaseName()).entry;
 }
 
 DesktopEntryPtr DesktopEntries::byStartupWmClass(const QString& name)

@@ -4,6 +4,7 @@
 // The desktop entries of this user, found by what a window says of itself.
 #pragma once
 
+#include <QtCore/QFileInfo>
 #include <QtCore/QHash>
 #include <QtCore/QUrl>
 
@@ -30,6 +31,7 @@ public:
     DesktopEntries(QStringList folders, QStringList locales, Clock clock);
 
     DesktopEntryPtr byId(const QString& id);
+    /// Also of an entry outside the folders, which no other look-up finds.
     DesktopEntryPtr byPath(const QString& path);
     DesktopEntryPtr byStartupWmClass(const QString& name);
     /// By id, or by the last word of an id such as org.example.Editor.
@@ -51,8 +53,8 @@ private:
     void refresh();
     bool foldersChanged() const;
     void scan();
-    const CachedFile& readFile(const QString& path, const QString& id, std::int64_t modified,
-                               std::int64_t size);
+    const CachedFile& readFile(std::map<QString, CachedFile>& cache, const QFileInfo& file,
+                               const QString& id) const;
     void rebuildIndices();
     DesktopEntryPtr find(const Index& index, const QString& key);
 
@@ -64,6 +66,7 @@ private:
     std::optional<double> m_lastLook;
     std::map<QString, std::int64_t> m_folderTimes; ///< 0 = missing, −1 = unknown
     std::map<QString, CachedFile> m_files;
+    std::map<QString, CachedFile> m_strays; ///< outside the folders
     std::vector<DesktopEntryPtr> m_entries; ///< most important first
     Index m_byId;
     Index m_byPath;

@@ -85,6 +85,23 @@ TEST_F(ApplicationsTest, applications_of_one_process_have_a_pid_each)
               QStringLiteral("com.apple.dock"));
 }
 
+TEST_F(ApplicationsTest, application_is_found_by_any_entry_of_its_program)
+{
+    QTemporaryDir elsewhere;
+    const auto found = [&](const QTemporaryDir& folder, const char* id, const QByteArray& lines) {
+        writeEntry(folder.path(), QString::fromLatin1(id), lines);
+        m_loop.advance(5.0);
+        const auto application = m_registry.applicationForDesktopFile(
+            folder.filePath(QString::fromLatin1(id) + QStringLiteral(".desktop")));
+        return application ? application->running.pid : 0;
+    };
+    m_tracker.add(window(1, QStringLiteral("editor"), QStringLiteral("Editor"), 302));
+    m_tracker.add(window(3, QStringLiteral("tool"), QStringLiteral("Tool"), 303));
+    EXPECT_EQ(found(m_folder, "pinned-editor", "Name=E\nExec=/usr/bin/editor --new\n"), 302);
+    EXPECT_EQ(found(elsewhere, "x", "Name=T\nExec=tool %U\n"), 303);
+    EXPECT_EQ(found(elsewhere, "y", "Name=Other\nExec=other\n"), 0);
+}
+
 TEST_F(ApplicationsTest, regular_applications_are_those_that_task_bars_show)
 {
     FakeTracker::Window applet = window(1, QStringLiteral("applet"), QStringLiteral("Applet"), 300);
