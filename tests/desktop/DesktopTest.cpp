@@ -181,12 +181,15 @@ std::optional<Panel> DesktopTest::preview(const QByteArray& title)
     return std::nullopt;
 }
 
-void DesktopTest::clickPreview(const QByteArray& title)
+void DesktopTest::moveToPreview(const QByteArray& title)
 {
     const auto panel = preview(title);
     ASSERT_TRUE(panel.has_value()) << "no preview of " << title.constData();
-    display().moveTo(panel->geometry.center());
-    display().click();
+    const QPoint target = panel->geometry.center();
+    const QPoint icon = display().pointer();
+    display().moveTo(m_desk->dock().edge() == Edge::Bottom ? QPoint(icon.x(), target.y())
+                                                           : QPoint(target.x(), icon.y()));
+    display().moveTo(target);
 }
 
 void DesktopTest::savePicture(const char* what)

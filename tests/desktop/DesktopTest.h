@@ -60,8 +60,9 @@ protected:
     Result waitUntil(const std::function<bool()>& condition, int milliseconds = 3000);
     /// The preview with this title; none when there is no such preview.
     std::optional<Panel> preview(const QByteArray& title);
-    /// Moves onto the preview of the window and clicks on its picture.
-    void clickPreview(const QByteArray& title);
+    /// Moves from the icon to the middle of the preview: first straight away from the dock, because
+    /// other icons on the way would be hovered too.
+    void moveToPreview(const QByteArray& title);
     void savePicture(const char* what);
 
 private:

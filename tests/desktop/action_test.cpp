@@ -30,7 +30,8 @@ TEST_P(ActionTest, preview_clicked_bringsItsWindowForward)
     for (const AppWindow& window : alpha.windows()) {
         hover(alpha);
         ASSERT_TRUE(shows(alpha)) << "before the click on " << window.title.constData();
-        clickPreview(window.title);
+        moveToPreview(window.title);
+        display().click();
         EXPECT_TRUE(waitUntil([&] { return display().activeWindow() == window.id; }))
             << window.title.constData();
         EXPECT_FALSE(alpha.isMinimised(window));
@@ -48,9 +49,9 @@ TEST_P(ActionTest, closeButton_clicked_closesThatWindowOnly)
     const AppWindow victim = alpha.windows()[1];
     hover(alpha);
     ASSERT_TRUE(shows(alpha));
+    moveToPreview(victim.title);
     const auto panel = preview(victim.title);
     ASSERT_TRUE(panel);
-    display().moveTo(panel->geometry.center());
     display().moveTo(panel->geometry.topLeft() + closeButton);
     savePicture("close");
     display().click();

@@ -70,9 +70,7 @@ TEST_P(HoverTest, pointer_movedToTheNextIconAndAway_switchesAndRemoves)
     // Onto a preview, over the gap between: they stay, and the window is shown in full size, on
     // top, where it is.
     const AppWindow& window = alpha.windows().front();
-    const auto panel = preview(window.title);
-    ASSERT_TRUE(panel);
-    display().moveTo(panel->geometry.center());
+    moveToPreview(window.title);
     const QRect place = display().geometry(window.id).value_or(QRect());
     EXPECT_TRUE(waitUntil([&] {
         return std::ranges::any_of(display().panels(),
