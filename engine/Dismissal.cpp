@@ -33,6 +33,15 @@ QRectF frameOf(const ScreenyView& preview)
     return preview.window() ? preview.window()->frame() : QRectF();
 }
 
+/// The cache hands out last what it got first: so the next row gets each panel in its former place,
+/// and panels that are still on screen do not change places with each other.
+template <class Action>
+void forEachFromLast(const std::vector<ScreenyViewPtr>& previews, Action action)
+{
+    for (auto preview = previews.rbegin(); preview != previews.rend(); ++preview)
+        action(**preview);
+}
+
 /// Shows or ends a preview's hover state where it differs from where the mouse is.
 void trackHover(ScreenyView& preview, bool isInside)
 {
@@ -71,8 +80,7 @@ void Dismissal::menuOpened()
 
 void Dismissal::removeAllScreenViews()
 {
-    for (const ScreenyViewPtr& preview : m_handler.takeScreenyViews())
-        preview->rebirth();
+    forEachFromLast(m_handler.takeScreenyViews(), [](ScreenyView& preview) { preview.rebirth(); });
     m_orderOutTimer =
         platform::desktop().runLoop.scheduleTimer(0, false, [this] { m_handler.orderCacheOut(); });
     m_handler.companions().helpBubble->hideBubble();
@@ -82,8 +90,7 @@ void Dismissal::removeAllScreenViews()
 
 void Dismissal::removeAllScreenViewsNOW()
 {
-    for (const ScreenyViewPtr& preview : m_handler.takeScreenyViews())
-        preview->dismiss();
+    forEachFromLast(m_handler.takeScreenyViews(), [](ScreenyView& preview) { preview.dismiss(); });
     m_handler.companions().helpBubble->hideBubble();
     m_handler.companions().hotKeyCenter->toggleEventTap(false);
     stopTimers();
@@ -91,8 +98,7 @@ void Dismissal::removeAllScreenViewsNOW()
 
 void Dismissal::removeAllScreenViewsLeavingTimersAlone()
 {
-    for (const ScreenyViewPtr& preview : m_handler.takeScreenyViews())
-        preview->dismiss();
+    forEachFromLast(m_handler.takeScreenyViews(), [](ScreenyView& preview) { preview.dismiss(); });
     m_handler.companions().helpBubble->hideBubble();
 }
 

@@ -82,10 +82,14 @@ void MAWindow::orderFrontRegardless()
     std::erase(frontPanels(), this);
     frontPanels().push_back(this);
     // A tool window that is shown is raised before it is mapped.
-    if (isVisible())
-        raise();
-    else
+    if (!isVisible()) {
         show();
+        return;
+    }
+    raise();
+    // One that is on screen already may show something else by now, and elsewhere. Painted in a
+    // later pass of the loop, its former content would be seen in the new place.
+    repaint();
 }
 
 void MAWindow::orderBelow(MAWindow&)
