@@ -321,6 +321,13 @@ X11WindowTracker::StatePtr X11WindowTracker::makeState()
         if (!record || record->isGone || record->frame == XCB_NONE)
             continue;
         TrackedWindow snapshot = snapshotOf(*record, manager);
+        // A manager may let a window shrink towards its button while it is minimised. Where it is
+        // seen again, and what its last picture shows, is its place before that.
+        if (const TrackedWindowPtr& last = record->published;
+            snapshot.isIconic && last && last->frame == snapshot.frame) {
+            snapshot.bounds = last->bounds;
+            snapshot.frameBounds = last->frameBounds;
+        }
         if (!record->published || *record->published != snapshot)
             record->published = std::make_shared<const TrackedWindow>(std::move(snapshot));
         next->windows.push_back(record->published);
