@@ -5,6 +5,7 @@
 // to see. Its argument is the folder for the pictures. Exits with 0 only when everything was right.
 #include <QtCore/QCoreApplication>
 #include <QtCore/QDir>
+#include <QtCore/QHash>
 #include <QtGui/QPainter>
 #include <QtGui/QPainterPath>
 
@@ -97,6 +98,7 @@ private:
     void startTerminal(const QString& title, const QString& place, const QString& background,
                        const QString& script)
     {
+        m_backgrounds.insert(title.toUtf8(), QColor(background));
         m_applications.push_back(m_session.start(
             u"xterm"_qs, u"xterm"_qs,
             {u"-T"_qs, title, u"-geometry"_qs, u"62x18"_qs + place, u"-fa"_qs,
@@ -209,20 +211,22 @@ private:
             m_display.moveTo(*icon);
     }
 
-    /// Whether a preview's middle shows more than the panel's dark background.
+    /// Whether a preview shows its own terminal: the background it was started with.
     bool isPainted(const Panel& panel)
     {
-        const QRect area = panel.geometry;
-        const QImage picture = m_display.picture(area.adjusted(
-            area.width() / 5, area.height() / 4, -area.width() / 5, -area.height() / 4));
-        int bright = 0;
+        const QColor expected = m_backgrounds.value(panel.title);
+        const QImage picture = m_display.picture(panel.geometry);
+        int found = 0;
         for (int y = 0; y < picture.height(); ++y) {
             const auto* line = reinterpret_cast<const QRgb*>(picture.constScanLine(y));
-            bright += static_cast<int>(std::count_if(line, line + picture.width(), [](QRgb pixel) {
-                return std::max({qRed(pixel), qGreen(pixel), qBlue(pixel)}) > 110;
-            }));
+            found += static_cast<int>(
+                std::count_if(line, line + picture.width(), [&expected](QRgb pixel) {
+                    return std::abs(qRed(pixel) - expected.red()) < 6 &&
+                           std::abs(qGreen(pixel) - expected.green()) < 6 &&
+                           std::abs(qBlue(pixel) - expected.blue()) < 6;
+                }));
         }
-        return bright * 50 > picture.width() * picture.height();
+        return found * 50 > picture.width() * picture.height();
     }
 
     void hover()
@@ -318,6 +322,7 @@ private:
     std::vector<std::unique_ptr<Process>> m_applications;
     std::unique_ptr<Process> m_lumbrix;
     QString m_terminal;
+    QHash<QByteArray, QColor> m_backgrounds; ///< of the terminals, by title
     Panel m_chosen;
     bool m_right = true;
 };
