@@ -10,7 +10,7 @@
 #include <iostream>
 #include <map>
 
-namespace lumbrix::desktoptest
+namespace lumbrix::privatedesk
 {
 
 namespace
@@ -199,7 +199,7 @@ void DesktopTest::savePicture(const char* what)
     m_desk->savePicture(name.replace(u'/', u'.'));
 }
 
-} // namespace lumbrix::desktoptest
+} // namespace lumbrix::privatedesk
 
 int main(int argc, char** argv)
 {
@@ -207,6 +207,6 @@ int main(int argc, char** argv)
     const QCoreApplication application(argc, argv);
     testing::InitGoogleTest(&argc, argv);
     const int result = RUN_ALL_TESTS();
-    lumbrix::desktoptest::desks().clear();
+    lumbrix::privatedesk::desks().clear();
     return result;
 }

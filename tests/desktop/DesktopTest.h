@@ -14,7 +14,7 @@
 
 #include "Desk.h"
 
-namespace lumbrix::desktoptest
+namespace lumbrix::privatedesk
 {
 
 inline void PrintTo(const DeskOptions& options, std::ostream* out) { *out << options.name; }
@@ -72,4 +72,4 @@ private:
     std::vector<std::unique_ptr<Application>> m_applications;
 };
 
-} // namespace lumbrix::desktoptest
+} // namespace lumbrix::privatedesk

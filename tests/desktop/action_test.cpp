@@ -4,7 +4,7 @@
 // What clicks on previews and on the dock do.
 #include "DesktopTest.h"
 
-namespace lumbrix::desktoptest
+namespace lumbrix::privatedesk
 {
 
 class ActionTest : public DesktopTest
@@ -78,4 +78,4 @@ TEST_P(ActionTest, dockMenu_opened_removesThePreviews)
     EXPECT_TRUE(waitUntil([&] { return !display().hasMenu(); }));
 }
 
-} // namespace lumbrix::desktoptest
+} // namespace lumbrix::privatedesk

@@ -4,7 +4,7 @@
 // From the icon under the mouse to the previews beside it, and away again.
 #include "DesktopTest.h"
 
-namespace lumbrix::desktoptest
+namespace lumbrix::privatedesk
 {
 
 class HoverTest : public DesktopTest
@@ -83,4 +83,4 @@ TEST_P(HoverTest, pointer_movedToTheNextIconAndAway_switchesAndRemoves)
     EXPECT_TRUE(showsNothing());
 }
 
-} // namespace lumbrix::desktoptest
+} // namespace lumbrix::privatedesk

@@ -6,7 +6,7 @@
 
 #include <set>
 
-namespace lumbrix::desktoptest
+namespace lumbrix::privatedesk
 {
 
 class RowTest : public DesktopTest
@@ -83,4 +83,4 @@ TEST_P(RowTest, titles_hostile_areShownAsPlainText)
     savePicture("broken");
 }
 
-} // namespace lumbrix::desktoptest
+} // namespace lumbrix::privatedesk

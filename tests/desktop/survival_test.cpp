@@ -8,7 +8,7 @@
 
 #include <csignal>
 
-namespace lumbrix::desktoptest
+namespace lumbrix::privatedesk
 {
 
 class SurvivalTest : public DesktopTest
@@ -125,4 +125,4 @@ TEST(LumbrixProgram, display_missing_isNeededForPreviewsOnly)
     EXPECT_TRUE(complaint.startsWith("lumbrix: ")) << complaint.constData();
 }
 
-} // namespace lumbrix::desktoptest
+} // namespace lumbrix::privatedesk

@@ -24,14 +24,14 @@
 namespace lumbrix::platform::x11
 {
 
-using desktoptest::Application;
-using desktoptest::AppWindow;
-using desktoptest::Display;
-using desktoptest::patience;
-using desktoptest::Process;
-using desktoptest::Session;
-using desktoptest::SessionOptions;
-using desktoptest::WindowManager;
+using privatedesk::Application;
+using privatedesk::AppWindow;
+using privatedesk::Display;
+using privatedesk::patience;
+using privatedesk::Process;
+using privatedesk::Session;
+using privatedesk::SessionOptions;
+using privatedesk::WindowManager;
 
 /// Remembers what it was told.
 class Recorder final : public WindowListener

@@ -14,7 +14,7 @@
 
 #include "Session.h"
 
-namespace lumbrix::desktoptest
+namespace lumbrix::privatedesk
 {
 
 struct AppWindow {
@@ -74,4 +74,4 @@ private:
     std::vector<int> m_closeRequests;
 };
 
-} // namespace lumbrix::desktoptest
+} // namespace lumbrix::privatedesk

@@ -10,7 +10,7 @@
 
 #include <csignal>
 
-namespace lumbrix::desktoptest
+namespace lumbrix::privatedesk
 {
 
 namespace
@@ -228,4 +228,4 @@ void Dock::kill()
     m_process->waitForExit(patience(5000));
 }
 
-} // namespace lumbrix::desktoptest
+} // namespace lumbrix::privatedesk

@@ -18,7 +18,7 @@
 #include "Lumbrix.h"
 #include "Session.h"
 
-using namespace lumbrix::desktoptest;
+using namespace lumbrix::privatedesk;
 
 namespace
 {

@@ -15,7 +15,7 @@
 #include <unistd.h>
 #include <vector>
 
-namespace lumbrix::desktoptest
+namespace lumbrix::privatedesk
 {
 
 using Clock = std::chrono::steady_clock;
@@ -191,4 +191,4 @@ std::optional<QByteArray> Process::readLine(std::chrono::milliseconds timeout)
     }
 }
 
-} // namespace lumbrix::desktoptest
+} // namespace lumbrix::privatedesk

@@ -13,7 +13,7 @@
 #include "Lumbrix.h"
 #include "Session.h"
 
-namespace lumbrix::desktoptest
+namespace lumbrix::privatedesk
 {
 
 struct DeskOptions {
@@ -62,4 +62,4 @@ private:
     Settings m_settings;
 };
 
-} // namespace lumbrix::desktoptest
+} // namespace lumbrix::privatedesk

@@ -312,7 +312,7 @@ private:
 int main(int argc, char** argv)
 {
     if (argc != 2 || argv[1][0] == '\0') {
-        std::cerr << "usage: desktop_test_client IDENTIFIER\n";
+        std::cerr << "usage: desk_client IDENTIFIER\n";
         return 2;
     }
     Client(argv[1]).run();

@@ -11,7 +11,7 @@
 
 #include "Session.h"
 
-namespace lumbrix::desktoptest
+namespace lumbrix::privatedesk
 {
 
 using Settings = QMap<QString, QString>;
@@ -26,4 +26,4 @@ QString lumbrixBinary();
 std::unique_ptr<Process> startLumbrix(Session& session, const Settings& changed,
                                       const std::function<void()>& approach);
 
-} // namespace lumbrix::desktoptest
+} // namespace lumbrix::privatedesk

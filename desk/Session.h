@@ -17,7 +17,7 @@
 #include "Display.h"
 #include "Process.h"
 
-namespace lumbrix::desktoptest
+namespace lumbrix::privatedesk
 {
 
 enum class WindowManager { Xfwm4, Openbox };
@@ -77,4 +77,4 @@ private:
     std::unique_ptr<Process> m_windowManager;
 };
 
-} // namespace lumbrix::desktoptest
+} // namespace lumbrix::privatedesk

@@ -5,7 +5,7 @@
 
 #include <QtCore/QFile>
 
-namespace lumbrix::desktoptest
+namespace lumbrix::privatedesk
 {
 
 namespace
@@ -55,4 +55,4 @@ std::unique_ptr<Process> startLumbrix(Session& session, const Settings& changed,
     return lumbrix;
 }
 
-} // namespace lumbrix::desktoptest
+} // namespace lumbrix::privatedesk

@@ -18,7 +18,7 @@
 #include <vector>
 #include <xcb/xcb.h>
 
-namespace lumbrix::desktoptest
+namespace lumbrix::privatedesk
 {
 
 /// A mapped top-level window of Lumbrix.
@@ -92,4 +92,4 @@ private:
     QByteArray m_name;
 };
 
-} // namespace lumbrix::desktoptest
+} // namespace lumbrix::privatedesk

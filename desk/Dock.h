@@ -12,7 +12,7 @@
 
 #include "Session.h"
 
-namespace lumbrix::desktoptest
+namespace lumbrix::privatedesk
 {
 
 enum class DockKind { Plank, Tint2, XfcePanel };
@@ -45,4 +45,4 @@ protected:
     std::unique_ptr<Process> m_process;
 };
 
-} // namespace lumbrix::desktoptest
+} // namespace lumbrix::privatedesk

@@ -12,7 +12,7 @@
 #include <poll.h>
 #include <unistd.h>
 
-namespace lumbrix::desktoptest
+namespace lumbrix::privatedesk
 {
 
 namespace
@@ -210,4 +210,4 @@ void Session::startWindowManager()
         qFatal("the window manager did not start:\n%s", qPrintable(logs()));
 }
 
-} // namespace lumbrix::desktoptest
+} // namespace lumbrix::privatedesk

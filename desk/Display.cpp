@@ -10,7 +10,7 @@
 #include <poll.h>
 #include <xcb/xtest.h>
 
-namespace lumbrix::desktoptest
+namespace lumbrix::privatedesk
 {
 
 namespace
@@ -318,4 +318,4 @@ void Display::click(int button)
     release(button);
 }
 
-} // namespace lumbrix::desktoptest
+} // namespace lumbrix::privatedesk

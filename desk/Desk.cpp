@@ -5,7 +5,7 @@
 
 #include <QtCore/QDir>
 
-namespace lumbrix::desktoptest
+namespace lumbrix::privatedesk
 {
 
 Desk::Desk(const DeskOptions& options) : m_options(options), m_session(options.session)
@@ -37,7 +37,7 @@ void Desk::startLumbrix(const Settings& changed)
     m_settings = changed;
     const auto probe = launch(u"alpha"_qs);
     probe->open("probe", Qt::gray);
-    m_lumbrix = desktoptest::startLumbrix(m_session, changed, [&] {
+    m_lumbrix = privatedesk::startLumbrix(m_session, changed, [&] {
         park();
         hover(*probe);
     });
@@ -84,4 +84,4 @@ void Desk::savePicture(const QString& name)
     display().picture().save(folder + u'/' + name + u".png"_qs);
 }
 
-} // namespace lumbrix::desktoptest
+} // namespace lumbrix::privatedesk

@@ -12,7 +12,7 @@
 #include <memory>
 #include <optional>
 
-namespace lumbrix::desktoptest
+namespace lumbrix::privatedesk
 {
 
 /// A wait's length on this machine: sanitizers and slow machines stretch all of them alike through
@@ -63,4 +63,4 @@ private:
     QByteArray m_read;
 };
 
-} // namespace lumbrix::desktoptest
+} // namespace lumbrix::privatedesk

@@ -7,7 +7,7 @@
 
 #include <algorithm>
 
-namespace lumbrix::desktoptest
+namespace lumbrix::privatedesk
 {
 
 QColor lowerColour(const QColor& colour)
@@ -174,4 +174,4 @@ QByteArray Application::command(const QByteArray& line)
     qFatal("the test application does not answer to: %s", line.constData());
 }
 
-} // namespace lumbrix::desktoptest
+} // namespace lumbrix::privatedesk
