@@ -10,6 +10,7 @@
 #include <QtWidgets/QApplication>
 
 #include "tests/support/ExpectedWarning.h"
+#include "tests/support/SanitizerOptions.h"
 
 namespace
 {
@@ -30,6 +31,7 @@ void failOnWarning(QtMsgType type, const QMessageLogContext& context, const QStr
 
 int main(int argc, char* argv[])
 {
+    lumbrix::test::linkSanitizerOptions();
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     testing::InitGoogleTest(&argc, argv);
