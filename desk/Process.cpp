@@ -124,8 +124,12 @@ std::optional<int> Process::waitForExit(std::chrono::milliseconds timeout)
     const int fd = static_cast<int>(syscall(SYS_pidfd_open, m_pid, 0));
     for (;;) {
         siginfo_t ended{};
-        if (waitid(P_PID, static_cast<id_t>(m_pid), &ended, WEXITED | WNOWAIT | WNOHANG) == 0 &&
-            ended.si_pid == m_pid) {
+        if (waitid(P_PID, static_cast<id_t>(m_pid), &ended, WEXITED | WNOWAIT | WNOHANG) != 0) {
+            // Somebody else has reaped it; its number may be another's by now.
+            m_status = -1;
+            break;
+        }
+        if (ended.si_pid == m_pid) {
             // What the process itself has started ends with it. Until the process is reaped
             // nobody else can have its number.
             kill(-m_pid, SIGKILL);
