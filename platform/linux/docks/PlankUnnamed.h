@@ -21,9 +21,9 @@ class PlankUnnamed
 {
 public:
     struct Candidate {
-        QString path;            ///< of the application's made-up URL
+        QString path;              ///< of the application's made-up URL
         std::optional<int> hint{}; ///< middle of its icon along the edge, as told to its windows
-        std::int32_t pid = 0;    ///< for the caller to sort by
+        std::int32_t pid = 0;      ///< for the caller to sort by
     };
 
     /// Candidates that are new come in the order given. For each of the free middles along the
