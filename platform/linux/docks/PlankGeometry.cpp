@@ -82,6 +82,7 @@ std::vector<PlankPlace> plankPlaces(const std::vector<QPoint>& hoverPoints, Dock
 {
     const auto along = [edge](QPoint point) { return isHorizontal(edge) ? point.x() : point.y(); };
     std::vector<int> centres;
+    centres.reserve(hoverPoints.size());
     for (const QPoint point : hoverPoints) {
         centres.push_back(along(point));
     }
