@@ -66,6 +66,12 @@ public:
     bool isBroken() const { return xcb_connection_has_error(m_connection) != 0; }
     void flush() const { xcb_flush(m_connection); }
     std::uint32_t newId() const { return xcb_generate_id(m_connection); }
+    /// Whether a number is one of those that this connection may give.
+    bool isOwn(std::uint32_t id) const
+    {
+        const xcb_setup_t& setup = *xcb_get_setup(m_connection);
+        return (id & ~setup.resource_id_mask) == setup.resource_id_base;
+    }
 
     /// Waits for the reply of a request; null when the request failed.
     template <class R, class Cookie>

@@ -60,6 +60,9 @@ void ManagedSet::fetch(const Connection& connection, const Atoms& atoms)
         values[i] = longsOf(connection.reply(xcb_get_property_reply, cookies[i]));
 
     clients = withoutDuplicates(std::move(values[0]));
+    // A list may still name a window of a client that ended, whose numbers are ours by now. To
+    // watch it, and to stop watching it, would make us deaf to a window of our own.
+    std::erase_if(clients, [&connection](xcb_window_t id) { return connection.isOwn(id); });
     stacking = std::move(values[1]);
     active = values[2].empty() ? XCB_NONE : values[2][0];
     currentDesktop = numberOr(values[3], 0);
