@@ -56,10 +56,15 @@ std::optional<QPoint> Desk::iconOf(const Application& application)
     std::optional<QPoint> icon;
     display().waitFor(
         [&] {
-            icon = m_dock->iconOf(entry, application.windows().front().id);
+            // Windows that share a button need not all have been told of it yet.
+            for (const AppWindow& window : application.windows()) {
+                icon = m_dock->iconOf(entry, window.id);
+                if (icon)
+                    break;
+            }
             return icon.has_value();
         },
-        patience(5000));
+        patience(10000));
     return icon;
 }
 

@@ -76,7 +76,8 @@ TEST_P(EachWindowManager, windowsOfAnApplication_areFollowedAndCommanded)
     desk.tracker().close(second.id);
     EXPECT_TRUE(desk.waitFor([&] { return !desk.tracker().window(second.id); }));
     EXPECT_EQ(app.closeRequests(), std::vector<int>{second.index});
-    EXPECT_EQ(desk.recorder().removed, 1);
+    // Told to listeners right after it can be read.
+    EXPECT_TRUE(desk.waitFor([&] { return desk.recorder().removed == 1; }));
 }
 
 TEST_P(EachWindowManager, windowOfAnotherDesktop_isNotIconicAndComesWithItsDesktop)
