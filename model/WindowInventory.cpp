@@ -33,6 +33,7 @@ void WindowInventory::addObject(const SWElementPtr& element)
     {
         const std::lock_guard lock(m_lock);
         m_windows.push_back(element);
+        m_elements.insert(element->element());
     }
     m_observer.windowsChanged();
 }
@@ -43,6 +44,7 @@ void WindowInventory::insertObject(const SWElementPtr& element, std::size_t inde
         const std::lock_guard lock(m_lock);
         const auto position = std::min(index, m_windows.size());
         m_windows.insert(m_windows.begin() + static_cast<std::ptrdiff_t>(position), element);
+        m_elements.insert(element->element());
     }
     m_observer.windowsChanged();
 }
@@ -51,7 +53,10 @@ void WindowInventory::removeObject(const SWElementPtr& element)
 {
     {
         const std::lock_guard lock(m_lock);
-        std::erase(m_windows, element);
+        for (auto count = std::erase(m_windows, element); count > 0; --count) {
+            if (const auto found = m_elements.find(element->element()); found != m_elements.end())
+                m_elements.erase(found);
+        }
     }
     m_observer.windowsChanged();
 }
@@ -101,25 +106,25 @@ void WindowInventory::addAppWindows(std::int32_t pid, const WindowList& windowLi
 
 void WindowInventory::processWindow(const SWElementPtr& element, const WindowList& windowList)
 {
-    const auto isListed = [&element](const SWElementPtr& other) {
-        return other->isEqualTo(element);
-    };
-    const auto known = windowsArray();
-    if (std::any_of(known.begin(), known.end(), isListed))
-        return;
+    {
+        const std::lock_guard lock(m_lock);
+        if (m_elements.contains(element->element()))
+            return;
+    }
     if (!element->findPIDandWID(windowList) || !element->checkIfExists())
         return;
     {
         // Looked up and added under one lock: a scan and a notification may bring the same window
         // at the same moment.
         const std::lock_guard lock(m_lock);
-        const bool isDuplicate =
-            std::any_of(m_windows.begin(), m_windows.end(), [&](const SWElementPtr& other) {
-                return isListed(other) || other->wid() == element->wid();
-            });
-        if (isDuplicate)
+        const auto isSameWindow = [wid = element->wid()](const SWElementPtr& other) {
+            return other->wid() == wid;
+        };
+        if (m_elements.contains(element->element()) ||
+            std::any_of(m_windows.begin(), m_windows.end(), isSameWindow))
             return;
         m_windows.push_back(element);
+        m_elements.insert(element->element());
     }
     m_observer.windowsChanged();
 }

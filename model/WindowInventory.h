@@ -6,7 +6,7 @@
 
 #include <cstdint>
 #include <mutex>
-#include <optional>
+#include <unordered_set>
 #include <vector>
 
 #include "model/EngineSettings.h"
@@ -63,8 +63,24 @@ public:
 private:
     const EngineSettings& m_settings;
     InventoryObserver& m_observer;
-    mutable std::mutex m_lock;
-    std::vector<SWElementPtr> m_windows; ///< guarded by m_lock
+    struct ElementHash {
+        std::size_t operator()(const platform::ElementRef& element) const
+        {
+            return element ? element->hash() : 0;
+        }
+    };
+    struct ElementEqual {
+        bool operator()(const platform::ElementRef& a, const platform::ElementRef& b) const
+        {
+            return platform::elementsEqual(a, b);
+        }
+    };
+
+    mutable std::mutex m_lock; ///< guards the members below
+    std::vector<SWElementPtr> m_windows;
+    /// Those of m_windows, so that a scan, which mostly finds nothing new, need not compare each
+    /// window with each other.
+    std::unordered_multiset<platform::ElementRef, ElementHash, ElementEqual> m_elements;
 };
 
 } // namespace lumbrix

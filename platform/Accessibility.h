@@ -11,6 +11,7 @@
 #include <QtCore/QString>
 #include <QtCore/QUrl>
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -42,8 +43,10 @@ class AXElement
 {
 public:
     virtual ~AXElement() = default;
-    /// Whether both stand for the same element; the adapter decides.
+    /// Whether both stand for the same element; the adapter decides, without asking anyone.
     virtual bool isEqual(const AXElement& other) const = 0;
+    /// The same for equal elements.
+    virtual std::size_t hash() const = 0;
 };
 using ElementRef = std::shared_ptr<const AXElement>;
 

@@ -77,6 +77,9 @@ TEST_F(WindowInventoryTest, scan_listsEveryRealWindowOnce_andForgetsClosedOnes)
     EXPECT_EQ(listed(), QStringList({u"Notes 2"_s, u"Status"_s}));
     inventory.removeWindow(inventory.windowsArray()[1]->element());
     EXPECT_EQ(listed(), QStringList{u"Notes 2"_s});
+    inventory.windowScanner();
+    EXPECT_EQ(listed(), QStringList({u"Notes 2"_s, u"Status"_s})); // removed is not known
+    inventory.removeWindow(inventory.windowsArray()[1]->element());
     inventory.removeWindow(desk.dockItem(u"Trash"_s));
     EXPECT_EQ(titlesFor(notes), QStringList{u"Notes 2"_s});
 }

@@ -29,6 +29,7 @@ struct SimulatedElement final : platform::AXElement {
         const auto* same = dynamic_cast<const SimulatedElement*>(&other);
         return same && same->kind == kind && same->pid == pid && same->id == id;
     }
+    std::size_t hash() const override { return id; }
 
     const Kind kind;
     const std::int32_t pid; ///< of the owner; 0 for the system-wide element

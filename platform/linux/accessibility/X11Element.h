@@ -7,6 +7,7 @@
 #include <xcb/xcb.h>
 
 #include <cstdint>
+#include <functional>
 
 #include "platform/Accessibility.h"
 #include "platform/linux/docks/DockItem.h"
@@ -54,6 +55,7 @@ public:
         const auto* element = dynamic_cast<const X11Element*>(&other);
         return element != nullptr && element->m_kind == m_kind && element->m_id == m_id;
     }
+    std::size_t hash() const override { return std::hash<std::uint64_t>()(m_id); }
 
     Kind kind() const { return m_kind; }
     bool isGone() const { return m_isGone; }
