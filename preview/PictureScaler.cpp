@@ -3,11 +3,11 @@
 
 #include "preview/PictureScaler.h"
 
-#include "preview/EightLanes.h"
+#include "preview/Lanes.h"
 
 #include <algorithm>
 #include <cstdint>
-#include <cstring>
+#include <numeric>
 #include <vector>
 
 namespace lumbrix
@@ -16,29 +16,33 @@ namespace
 {
 
 // Samples are held as 8.8 fixed point in 16 bits, weights as 0.16: a product's high half is again
-// 8.8, and eight of them fit one register.
+// 8.8, and many of them fit one register.
 constexpr std::int64_t One = 65536;
 constexpr std::size_t Channels = 4;
-constexpr std::size_t Block = 32; // samples summed at a time, so that the sums stay in registers
-constexpr int MaxRatio = 64;      // more than this is done in two steps, or the rounding adds up
+constexpr int MaxRatio = 64; // more than this is done in two steps, or the sums overflow
+
+constexpr std::size_t PlainLanes = 8; // what every processor of the last twenty years has
+constexpr std::size_t WideLanes = 16;
+constexpr int Spare = WideLanes / Channels; // pixels that may be read together with one
+constexpr int MinWidth = WideLanes * 2 / Channels;
 
 /// The source samples that make up one target sample.
 struct Span {
     int first = 0;
     int count = 0;
-    std::uint16_t bias = 0; ///< what truncating each product loses on average
     const std::uint16_t* weights = nullptr;
 };
 
-/// The spans of one axis, and the storage of their weights. Each weight is stored `copies` times.
+/// The spans of one axis, and the storage of their weights. Each weight is stored `copies` times,
+/// and followed by zeros for what is read but not meant.
 class Axis
 {
 public:
     Axis(int source, int target, std::size_t copies) : m_copies(copies)
     {
-        // One more for a partly covered sample at each end, and one so that pairs can be read.
+        // Two more for the partly covered samples at the ends.
         const std::size_t room =
-            static_cast<std::size_t>(std::max(source / target, 1) + 3) * copies;
+            static_cast<std::size_t>(std::max(source / target, 1) + 2 + Spare) * copies;
         m_weights.resize(room * static_cast<std::size_t>(target));
         m_spans.resize(static_cast<std::size_t>(target));
         std::uint16_t* weights = m_weights.data();
@@ -50,10 +54,11 @@ public:
                 average(span, static_cast<std::int64_t>(i), source, target);
             else
                 interpolate(span, static_cast<std::int64_t>(i), source, target);
-            span.bias = static_cast<std::uint16_t>(span.count / 2);
+            m_longest = std::max(m_longest, span.count);
         }
     }
     const std::vector<Span>& spans() const { return m_spans; }
+    int longest() const { return m_longest; } ///< no span is more than one shorter
 
 private:
     /// Positions are counted in 1/target of a source sample, so the edges are exact. The running
@@ -91,72 +96,154 @@ private:
     }
 
     const std::size_t m_copies;
+    int m_longest = 0;
     std::uint16_t* m_next = nullptr;
     std::vector<Span> m_spans;
     std::vector<std::uint16_t> m_weights;
 };
 
-/// Sums source rows into one row of 8.8 samples.
-void sumRows(const uchar* source, qsizetype stride, const Span& span, std::size_t samples,
-             std::uint16_t* out)
-{
-    const uchar* const rows = source + span.first * stride;
-    std::size_t at = 0;
-    for (; at + Block <= samples; at += Block) {
-        EightLanes a = EightLanes::all(span.bias);
-        EightLanes b = a;
-        EightLanes c = a;
-        EightLanes d = a;
-        const uchar* in = rows + at;
-        for (int row = 0; row < span.count; ++row, in += stride) {
-            const EightLanes weight = EightLanes::all(span.weights[row]);
-            EightLanes low;
-            EightLanes high;
-            EightLanes::widen(in, low, high);
-            a.addProduct(low, weight);
-            b.addProduct(high, weight);
-            EightLanes::widen(in + 16, low, high);
-            c.addProduct(low, weight);
-            d.addProduct(high, weight);
+/// A span of rows: the first, those of equal weight in the middle, the last.
+struct RowWeights {
+    explicit RowWeights(const Span& span)
+        : first(span.weights[0]), middleCount(std::max(span.count - 2, 0)), hasLast(span.count > 1),
+          last(hasLast ? span.weights[span.count - 1] : 0)
+    {
+        if (middleCount > 0) {
+            while (((255 * middleCount) << (shift + 1)) <= 0xffff && shift < 8)
+                ++shift;
+            const int sum = std::accumulate(span.weights + 1, span.weights + 1 + middleCount, 0);
+            middle = static_cast<std::uint16_t>((sum << 8 >> shift) / (2 * middleCount));
         }
-        a.store(out + at);
-        b.store(out + at + 8);
-        c.store(out + at + 16);
-        d.store(out + at + 24);
     }
-    for (; at < samples; ++at) {
-        std::uint32_t sum = span.bias;
-        for (int row = 0; row < span.count; ++row)
-            sum += (static_cast<std::uint32_t>(rows[row * stride + static_cast<qsizetype>(at)]) *
-                    span.weights[row]) >>
-                   8;
-        out[at] = static_cast<std::uint16_t>(sum);
+
+    std::uint16_t first;
+    int middleCount;
+    bool hasLast;
+    std::uint16_t last;
+    int shift = 0;            ///< by which the sum of the middle ones still fits 16 bits
+    std::uint16_t middle = 0; ///< half the weight, for the sum shifted so
+    /// What truncating the products loses on average.
+    std::uint16_t bias() const { return middleCount > 0 ? 2 : 1; }
+};
+
+/// Sums source rows into one row of 8.8 samples. Bytes of even and of odd places are summed apart.
+template <std::size_t Count>
+[[gnu::always_inline]] inline void sumRows(const uchar* rows, qsizetype stride,
+                                           const RowWeights& row, std::size_t samples,
+                                           std::uint16_t* out)
+{
+    using Some = Lanes<Count>;
+    const std::size_t lastBlock = samples - Some::Bytes;
+    Some firstWeight;
+    Some middleWeight;
+    Some lastWeight;
+    Some bias;
+    firstWeight.setAll(row.first);
+    middleWeight.setAll(row.middle);
+    lastWeight.setAll(row.last);
+    bias.setAll(row.bias());
+    for (std::size_t next = 0; next < samples; next += Some::Bytes) {
+        const std::size_t at = std::min(next, lastBlock);
+        const uchar* in = rows + at;
+        Some bytes;
+        bytes.load(in);
+        Some even = bias;
+        Some odd = bias;
+        even.addProduct(bytes.values << 8, firstWeight.values);
+        odd.addProduct(bytes.values & 0xff00, firstWeight.values);
+        in += stride;
+        if (row.middleCount > 0) {
+            typename Some::Vector sum{};
+            typename Some::Vector oddSum{};
+            for (int i = 0; i < row.middleCount; ++i, in += stride) {
+                bytes.load(in);
+                sum += bytes.values;
+                oddSum += bytes.values >> 8;
+            }
+            Some half;
+            half.values = typename Some::Vector{};
+            half.addProduct((sum - (oddSum << 8)) << row.shift, middleWeight.values);
+            even.values += half.values + half.values;
+            half.values = typename Some::Vector{};
+            half.addProduct(oddSum << row.shift, middleWeight.values);
+            odd.values += half.values + half.values;
+        }
+        if (row.hasLast) {
+            bytes.load(in);
+            even.addProduct(bytes.values << 8, lastWeight.values);
+            odd.addProduct(bytes.values & 0xff00, lastWeight.values);
+        }
+        Some::storeInTurn(even, odd, out + at);
     }
 }
 
-/// Sums pixels of a row of 8.8 samples into the pixels of one target row, two source pixels at a
-/// time; the row has a pixel to spare at its end, and so have the weights, which are zero there.
-void sumColumns(const std::uint16_t* row, const std::vector<Span>& spans, uchar* out)
+/// Sums pixels of a row of 8.8 samples into the pixels of one target row, several source pixels at
+/// a time.
+template <std::size_t Count>
+[[gnu::always_inline]] inline void sumColumns(const std::uint16_t* row, const Axis& columns,
+                                              uchar* out)
 {
-    constexpr std::uint16_t half = 128 / 2; // for rounding; the two halves of the sum are added
-    for (const Span& span : spans) {
-        EightLanes sum = EightLanes::all(static_cast<std::uint16_t>(half + span.bias / 2));
+    constexpr int together = Count / Channels;
+    const int steps = (columns.longest() + together - 1) / together;
+    // For rounding, and what truncating the products loses on average; the parts of the sum are
+    // added. Divisible by every width, so that all give the same picture.
+    Lanes<Count> start;
+    start.setAll(
+        static_cast<std::uint16_t>((128 + columns.longest() / 2) / Spare * Spare / together));
+    for (const Span& span : columns.spans()) {
+        Lanes<Count> sum = start;
         const std::uint16_t* in = row + static_cast<std::size_t>(span.first) * Channels;
         const std::uint16_t* weights = span.weights;
-        for (int pixel = 0; pixel < span.count; pixel += 2) {
-            sum.addProduct(EightLanes::load(in), EightLanes::load(weights));
-            in += 2 * Channels;
-            weights += 2 * Channels;
+        for (int step = 0; step < steps; ++step) {
+            Lanes<Count> samples;
+            Lanes<Count> weight;
+            samples.load(in);
+            weight.load(weights);
+            sum.addProduct(samples.values, weight.values);
+            in += Count;
+            weights += Count;
         }
-        const std::uint32_t pixel = sum.foldToBytes();
-        std::memcpy(out, &pixel, sizeof pixel);
-        out += sizeof pixel;
+        sum.storeFolded(out);
+        out += Channels;
     }
 }
+
+template <std::size_t Count>
+[[gnu::always_inline]] inline void scale(const QImage& source, const Axis& columns,
+                                         const Axis& rows, QImage& result)
+{
+    const std::size_t samples = static_cast<std::size_t>(source.width()) * Channels;
+    std::vector<std::uint16_t> sums(samples + 2 * Spare * Channels);
+    const uchar* const in = source.constBits();
+    const qsizetype stride = source.bytesPerLine();
+    uchar* out = result.bits();
+    for (const Span& span : rows.spans()) {
+        sumRows<Count>(in + span.first * stride, stride, RowWeights(span), samples, sums.data());
+        sumColumns<Count>(sums.data(), columns, out);
+        out += result.bytesPerLine();
+    }
+}
+
+void scalePlain(const QImage& source, const Axis& columns, const Axis& rows, QImage& result)
+{
+    scale<PlainLanes>(source, columns, rows, result);
+}
+
+#if defined(__x86_64__) || defined(__i386__)
+[[gnu::target("avx2")]] void scaleWide(const QImage& source, const Axis& columns, const Axis& rows,
+                                       QImage& result)
+{
+    scale<WideLanes>(source, columns, rows, result);
+}
+bool hasWideLanes() { return __builtin_cpu_supports("avx2"); }
+#else
+constexpr auto scaleWide = scalePlain;
+bool hasWideLanes() { return false; }
+#endif
 
 } // namespace
 
-QImage scaledPicture(const QImage& source, QSize size)
+QImage scaledPicture(const QImage& source, QSize size, Arithmetic arithmetic)
 {
     if (source.isNull() || size.isEmpty())
         return {};
@@ -170,24 +257,22 @@ QImage scaledPicture(const QImage& source, QSize size)
     if (picture.size() == size)
         return picture;
     if (picture.width() > size.width() * MaxRatio || picture.height() > size.height() * MaxRatio)
-        picture =
-            scaledPicture(picture, QSize(std::min(picture.width(), size.width() * MaxRatio),
-                                         std::min(picture.height(), size.height() * MaxRatio)));
+        picture = scaledPicture(picture,
+                                QSize(std::min(picture.width(), size.width() * MaxRatio),
+                                      std::min(picture.height(), size.height() * MaxRatio)),
+                                arithmetic);
 
+    const Axis columns(picture.width(), size.width(), Channels);
+    const Axis rows(picture.height(), size.height(), 1);
+    if (picture.width() < MinWidth) // what is added has no weight
+        picture = picture.copy(0, 0, MinWidth, picture.height());
     QImage result(size, format);
     if (result.isNull() || picture.isNull())
         return {};
-    const Axis columns(picture.width(), size.width(), Channels);
-    const Axis rows(picture.height(), size.height(), 1);
-    const std::size_t samples = static_cast<std::size_t>(picture.width()) * Channels;
-    std::vector<std::uint16_t> sums(samples + Channels);
-    const uchar* in = picture.constBits();
-    uchar* out = result.bits();
-    for (const Span& row : rows.spans()) {
-        sumRows(in, picture.bytesPerLine(), row, samples, sums.data());
-        sumColumns(sums.data(), columns.spans(), out);
-        out += result.bytesPerLine();
-    }
+    if (arithmetic == Arithmetic::Widest && hasWideLanes())
+        scaleWide(picture, columns, rows, result);
+    else
+        scalePlain(picture, columns, rows, result);
     return result;
 }
 

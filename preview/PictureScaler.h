@@ -10,10 +10,16 @@
 namespace lumbrix
 {
 
+/// The instructions to use; the picture is the same, to the bit.
+enum class Arithmetic {
+    Widest, ///< the widest registers of this processor
+    Plain,  ///< what every processor has
+};
+
 /// The picture in exactly `size` pixels: each axis that shrinks is averaged over the area a target
 /// pixel covers, each that grows is interpolated. The result is RGB32 for opaque sources, else
 /// ARGB32_Premultiplied; its device pixel ratio is 1. Null when the source or the size is empty; a
 /// source of that size already is returned as it is. Any thread.
-QImage scaledPicture(const QImage& source, QSize size);
+QImage scaledPicture(const QImage& source, QSize size, Arithmetic arithmetic = Arithmetic::Widest);
 
 } // namespace lumbrix

@@ -89,6 +89,7 @@ TEST(PictureScaler, anyRatio_isTheExactAreaAverage)
             const QImage result = scaledPicture(source, target);
             ASSERT_EQ(result.size(), target);
             ASSERT_EQ(result.format(), format);
+            EXPECT_EQ(scaledPicture(source, target, Arithmetic::Plain), result);
             const std::vector<Taps> columns = exactTaps(sourceSize.width(), target.width());
             const std::vector<Taps> rows = exactTaps(sourceSize.height(), target.height());
             double squares = 0;
