@@ -107,6 +107,18 @@ void Application::setColour(const AppWindow& window, const QColor& colour)
     }
 }
 
+void Application::startAnimating(const AppWindow& window, int framesPerSecond)
+{
+    command("animate " + QByteArray::number(window.index) + ' ' +
+            QByteArray::number(framesPerSecond));
+}
+
+int Application::stopAnimating(const AppWindow& window)
+{
+    const QByteArray reply = command("animate " + QByteArray::number(window.index) + " 0");
+    return reply.mid(QByteArrayLiteral("frames ").size()).toInt();
+}
+
 void Application::maximise(const AppWindow& window)
 {
     Display& display = m_session.display();

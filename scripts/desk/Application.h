@@ -53,6 +53,10 @@ public:
     void destroy(const AppWindow& window);
     void setTitle(const AppWindow& window, const QByteArray& title);
     void setColour(const AppWindow& window, const QColor& colour);
+    /// Draws a new picture, all over the window, so many times a second until told to stop.
+    void startAnimating(const AppWindow& window, int framesPerSecond);
+    /// Shows the window's colour again. How many pictures there were.
+    int stopAnimating(const AppWindow& window);
     void maximise(const AppWindow& window);
     void minimise(const AppWindow& window);
     void moveToDesktop(const AppWindow& window, int desktop);

@@ -5,12 +5,15 @@
 // is its identifier, "alpha", which makes the window class "Alpha". One command a line on standard
 // input, one answer a line on standard output:
 //   open WIDTH HEIGHT X Y COLOUR TITLE   answers "opened INDEX WINDOW"
+//   animate INDEX FRAMESPERSECOND        answers "frames COUNT", drawn since the last such command
 //   destroy INDEX | title INDEX TITLE | colour INDEX COLOUR | churn 0|1 | sync   answer "ok"
 // Colours are decimal RGB numbers, titles are raw bytes in hexadecimal. A window that is asked to
 // close is destroyed and reported as "close INDEX".
 
+#include <algorithm>
 #include <array>
 #include <cctype>
+#include <chrono>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
@@ -32,6 +35,14 @@ struct Window {
     std::uint32_t colour;
     std::uint16_t width;
     std::uint16_t height;
+};
+
+using Clock = std::chrono::steady_clock;
+
+struct Animation {
+    Clock::duration interval;
+    Clock::time_point due;
+    std::uint32_t frame = 0;
 };
 
 /// Fast, but not so fast that the dock has no time left to answer.
@@ -64,8 +75,9 @@ public:
             }
             if (m_churning)
                 churn();
+            animate();
             xcb_flush(m_connection);
-            poll(waited.data(), waited.size(), m_churning ? churnMilliseconds : -1);
+            poll(waited.data(), waited.size(), timeout());
             if (xcb_connection_has_error(m_connection))
                 return;
             if ((waited[0].revents & (POLLIN | POLLHUP)) != 0 && !readCommands())
@@ -150,8 +162,57 @@ private:
         xcb_poly_fill_rectangle(m_connection, window.id, m_context, 1, &area);
     }
 
+    /// Milliseconds until there is something to do by itself; -1 for never.
+    int timeout() const
+    {
+        int result = m_churning ? churnMilliseconds : -1;
+        for (const auto& [index, animation] : m_animations) {
+            const auto left =
+                std::chrono::ceil<std::chrono::milliseconds>(animation.due - Clock::now());
+            const int wait = std::max(0, static_cast<int>(left.count()));
+            result = result < 0 ? wait : std::min(result, wait);
+        }
+        return result;
+    }
+
+    /// Draws the frames that are due. Those that came too late are left out, as a player would.
+    void animate()
+    {
+        const auto now = Clock::now();
+        bool hasDrawn = false;
+        for (auto& [index, animation] : m_animations) {
+            const auto window = m_windows.find(index);
+            if (window == m_windows.end() || animation.due > now)
+                continue;
+            paintFrame(window->second, ++animation.frame);
+            animation.due = std::max(animation.due + animation.interval, now);
+            hasDrawn = true;
+        }
+        // A frame counts once it is on the screen.
+        if (hasDrawn)
+            waitForServer();
+    }
+
+    void waitForServer()
+    {
+        std::free(
+            xcb_get_input_focus_reply(m_connection, xcb_get_input_focus(m_connection), nullptr));
+    }
+
+    /// Every pixel is another one than in the frame before.
+    void paintFrame(const Window& window, std::uint32_t frame)
+    {
+        constexpr int bands = 4;
+        const int height = (window.height + bands - 1) / bands;
+        for (int band = 0; band < bands; ++band)
+            fill(window,
+                 (frame * 0x050709U + static_cast<std::uint32_t>(band) * 0x0f0b0dU) & 0xffffffU,
+                 static_cast<std::uint16_t>(band * height), static_cast<std::uint16_t>(height));
+    }
+
     void destroy(int index)
     {
+        m_animations.erase(index);
         const auto found = m_windows.find(index);
         if (found == m_windows.end())
             return;
@@ -236,8 +297,7 @@ private:
             const std::string answer = command(m_input.substr(0, end));
             m_input.erase(0, end + 1);
             // What was asked for is on the screen before the answer is out.
-            std::free(xcb_get_input_focus_reply(m_connection, xcb_get_input_focus(m_connection),
-                                                nullptr));
+            waitForServer();
             std::cout << answer << std::endl;
         }
         return true;
@@ -289,6 +349,19 @@ private:
                 xcb_change_window_attributes(m_connection, found->second.id, XCB_CW_BACK_PIXEL,
                                              &found->second.colour);
                 paint(found->second);
+            } else if (verb == "animate") {
+                int framesPerSecond = 0;
+                in >> framesPerSecond;
+                const std::uint32_t drawn = m_animations[index].frame;
+                m_animations.erase(index);
+                if (framesPerSecond > 0)
+                    m_animations[index] = {
+                        std::chrono::duration_cast<Clock::duration>(std::chrono::seconds(1)) /
+                            framesPerSecond,
+                        Clock::now()};
+                else
+                    paint(found->second);
+                return "frames " + std::to_string(drawn);
             }
         }
         return "ok";
@@ -301,6 +374,7 @@ private:
     xcb_gcontext_t m_context = 0;
     std::map<std::string, xcb_atom_t> m_atoms;
     std::map<int, Window> m_windows;
+    std::map<int, Animation> m_animations; ///< by window
     std::vector<int> m_extra;
     int m_next = 0;
     bool m_churning = false;
