@@ -100,6 +100,7 @@ std::optional<ProcessFigures> processFigures(int pid)
     figures.residentKiB = memory["Rss"];
     figures.proportionalKiB = memory["Pss"];
     figures.anonymousKiB = memory["Anonymous"];
+    figures.sharedMemoryKiB = fieldsOf(process / "status")["RssShmem"];
     std::error_code error;
     figures.descriptors = static_cast<int>(
         std::distance(fs::directory_iterator(process / "fd", error), fs::directory_iterator()));

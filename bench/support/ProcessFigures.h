@@ -27,6 +27,7 @@ struct ProcessFigures {
     std::uint64_t residentKiB = 0;
     std::uint64_t proportionalKiB = 0; ///< pages shared with others count in part
     std::uint64_t anonymousKiB = 0;    ///< resident pages that no file is behind
+    std::uint64_t sharedMemoryKiB = 0; ///< resident pages of shared-memory segments
     int threads = 0;
     int descriptors = 0;
     std::chrono::nanoseconds processorTime{0}; ///< of threads that have ended, too
