@@ -154,6 +154,7 @@ void HoverDispatch::minimizedIconHovered(const SWElementPtr& element)
     const ScreenyViewPtr preview =
         appendPreview(window, window->runningApplicationForWindow(), false);
     engine.arrangeWindows(element, false);
+    engine.pictureLoader().loadMissing();
     if (preview) {
         preview->showSpaces();
         const EngineSettings& settings = engine.settings();
@@ -208,7 +209,6 @@ ScreenyViewPtr HoverDispatch::appendPreview(const SWElementPtr& window,
         preview->setSetByTab(true);
     m_handler.appendScreenyView(preview);
     preview->setElementRef(window);
-    preview->setImage(window->grabWindow());
     preview->setTitleString(window->getTitle().value_or(QString()));
     preview->setAppFlags(application);
     return preview;
@@ -226,6 +226,7 @@ void HoverDispatch::buildPreviews(const std::vector<SWElementPtr>& windows,
 
 void HoverDispatch::orderFrontAll()
 {
+    m_handler.pictureLoader().loadMissing();
     for (const ScreenyViewPtr& preview : m_handler.screenyViews()) {
         preview->orderFront();
         preview->setShortcut();

@@ -49,7 +49,7 @@ void LXHandler::installCompanions(const Companions& companions)
 
 LXHandler::LXHandler(const Companions& companions)
     : m_companions(companions), m_inventory(m_settings, *this), m_cache(*this), m_hover(*this),
-      m_dismissal(*this), m_updater(*this), m_arranger(*this)
+      m_dismissal(*this), m_updater(*this), m_arranger(*this), m_pictureLoader(*this)
 {
     m_screenyViews.reserve(2);
     m_observers.reserve(5);
@@ -165,12 +165,6 @@ void LXHandler::armTabExitTimer(platform::Seconds interval, const SWElementPtr& 
 void LXHandler::armUpdateTimer(platform::Seconds interval, const SWElementPtr& element)
 {
     m_updater.armUpdateTimer(interval, element);
-}
-
-void LXHandler::updateScreenshot(const SWElementPtr& window)
-{
-    platform::desktop().runLoop.detachThread(
-        "capture", [window](const platform::Thread&) { window->grabWindow(); });
 }
 
 void LXHandler::arrangeWindows(const SWElementPtr& item, bool animate)

@@ -15,6 +15,7 @@
 #include "engine/Dismissal.h"
 #include "engine/FilterTable.h"
 #include "engine/HoverDispatch.h"
+#include "engine/PictureLoader.h"
 #include "engine/PreviewCache.h"
 #include "engine/PreviewUpdater.h"
 #include "engine/SWObserver.h"
@@ -109,10 +110,10 @@ public:
 
     // Updating.
     void armUpdateTimer(platform::Seconds interval, const SWElementPtr& element);
+    PictureLoader& pictureLoader() { return m_pictureLoader; }
     void invalidateUpdateTimer() { m_updater.invalidateUpdateTimer(); }
     void updateWindows(const SWElementPtr& element) { m_updater.updateWindows(element); }
     /// Captures the window on a thread of its own; the picture shows with the next update.
-    void updateScreenshot(const SWElementPtr& window);
 
     // Layout.
     static QString getDockOrientation() { return StripArranger::getDockOrientation(); }
@@ -161,6 +162,7 @@ private:
     Dismissal m_dismissal;
     PreviewUpdater m_updater;
     StripArranger m_arranger;
+    PictureLoader m_pictureLoader;
 };
 
 } // namespace lumbrix

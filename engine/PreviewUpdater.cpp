@@ -88,7 +88,7 @@ void PreviewUpdater::refreshPreview(ScreenyView& preview)
 {
     const SWElementPtr window = preview.elementRef();
     if (!m_handler.settings().disableLivePreviews)
-        m_handler.updateScreenshot(window);
+        m_handler.pictureLoader().updateScreenshot(preview);
     if (preview.iTunes()) {
         PlayerControls& player = *m_handler.companions().playerControls;
         if (const auto track = player.currentTrack())
@@ -187,6 +187,7 @@ void PreviewUpdater::layOutAgain(const SWElementPtr& element, const Pass& pass)
         m_handler.arrangeWindowsBottom(element, true);
     else
         m_handler.arrangeWindows(element, true);
+    m_handler.pictureLoader().loadMissing();
     const auto previews = m_handler.screenyViews();
     for (const ScreenyViewPtr& preview : previews) {
         preview->setShortcut();

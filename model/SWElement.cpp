@@ -148,17 +148,42 @@ bool SWElement::findPIDandWID(const WindowList& windowList)
     return matched;
 }
 
-QImage SWElement::grabWindow()
+std::optional<QSizeF> SWElement::sizeToCapture() const
 {
-    QImage picture;
-    if (const WindowID window = m_wid) {
-        platform::WindowServer& server = platform::desktop().windowServer;
-        const auto bounds = server.windowBounds(window);
-        if (bounds && bounds->width() != 0 && bounds->height() != 0)
-            picture = server.captureWindow(window);
-    }
+    const WindowID window = m_wid;
+    if (!window)
+        return std::nullopt;
+    const auto bounds = platform::desktop().windowServer.windowBounds(window);
+    if (!bounds || bounds->width() == 0 || bounds->height() == 0)
+        return std::nullopt;
+    return bounds->size();
+}
+
+void SWElement::keepScreenshot(const QImage& picture, QSize limit, QSizeF windowSize)
+{
+    // Small windows are not reduced; and they may end between two pixels.
+    m_isScreenshotWhole =
+        limit.isEmpty() || picture.deviceIndependentSize().width() > windowSize.width() - 2;
     setScreenshot(picture);
+}
+
+QImage SWElement::grabWindow(QSize limit)
+{
+    const auto size = sizeToCapture();
+    const QImage picture =
+        size ? platform::desktop().windowServer.captureWindow(m_wid, limit) : QImage();
+    keepScreenshot(picture, limit, size.value_or(QSizeF()));
     return picture;
+}
+
+bool SWElement::grabWindowAtHand(QSize limit)
+{
+    const auto size = sizeToCapture();
+    const auto picture = size ? platform::desktop().windowServer.pictureAtHand(m_wid, limit)
+                              : std::optional(QImage());
+    if (picture)
+        keepScreenshot(*picture, limit, size.value_or(QSizeF()));
+    return picture.has_value();
 }
 
 int SWElement::getSpaceNumber()

@@ -88,8 +88,13 @@ public:
     int getFilterLevel() const;
     /// Matches the element to an entry of the list (front to back); on success sets frame and wid.
     bool findPIDandWID(const platform::WindowList& windowList);
-    /// Captures the window into screenshot and returns it; null when there is no picture.
-    QImage grabWindow();
+    /// Captures the window into screenshot and returns it; null when there is no picture. A limit
+    /// (pixels) reduces it to what just fits.
+    QImage grabWindow(QSize limit = {});
+    /// The same if no copying has to be waited for, and true; else false, and nothing changes.
+    bool grabWindowAtHand(QSize limit);
+    /// Whether the screenshot was not reduced.
+    bool isScreenshotWhole() const { return m_isScreenshotWhole; }
     int getSpaceNumber();
     int getSpaceNumber(const platform::WindowList& windowList);
     bool checkIfExists();
@@ -135,6 +140,8 @@ public:
 
 private:
     bool hasWindowSubrole(int filterLevel) const;
+    std::optional<QSizeF> sizeToCapture() const;
+    void keepScreenshot(const QImage& picture, QSize limit, QSizeF windowSize);
 
     const platform::ElementRef m_element;
     std::atomic<std::int32_t> m_pid{0};
@@ -145,6 +152,7 @@ private:
     std::atomic<bool> m_isMouseConfirmed{false};
     std::atomic<bool> m_willBeChanged{false};
     std::atomic<bool> m_isCal{false};
+    std::atomic<bool> m_isScreenshotWhole{true};
     /// The last existence check said "exists": keeps a window that stops answering.
     std::atomic<bool> m_previouslyGood{false};
 

@@ -6,6 +6,7 @@
 #pragma once
 
 #include <QtCore/QRectF>
+#include <QtCore/QSize>
 #include <QtCore/QString>
 #include <QtGui/QImage>
 
@@ -52,10 +53,18 @@ public:
     /// The windows of one workspace (1-based); empty when there is no such workspace.
     virtual std::vector<WindowID> workspaceWindowList(int workspace) = 0;
 
-    /// A picture of the whole window at its size in points (its device pixel ratio tells the
-    /// pixels). The last known picture of a window that is not shown now; null when there is none.
-    /// Repeated calls for a window that did not change give the same image without copying it.
-    virtual QImage captureWindow(WindowID window) = 0;
+    /// A picture of the whole window; its device pixel ratio tells the pixels of a point. With a
+    /// limit (pixels; empty: none) a larger one is reduced, in its own proportions, to the size
+    /// that just fits. The last known picture of a window that is not shown now; null when there is
+    /// none. Repeated calls with one limit for a window that did not change give the same image
+    /// without copying anything.
+    virtual QImage captureWindow(WindowID window, QSize limit) = 0;
+    /// The same if it can be had without waiting for any copying, else nothing: captureWindow() on
+    /// another thread brings it then.
+    virtual std::optional<QImage> pictureAtHand(WindowID window, QSize limit)
+    {
+        return captureWindow(window, limit);
+    }
 
     /// Frames of the screens, the main one first; in accessibility coordinates, so the main one's
     /// top left is (0, 0).
@@ -65,6 +74,11 @@ public:
     /// Whether translucent pixels of a window are blended with what lies below. Where they are
     /// not, panels have to be shaped.
     virtual bool blendsTranslucency() = 0;
+    /// Puts a window of the toolkit, which has shown it before, onto the screen or takes it off
+    /// without waiting for anything, behind the toolkit's back: to the toolkit it is one that
+    /// others cover for a while. False, and nothing happens, where that cannot be done. Main
+    /// thread.
+    virtual bool setOnScreen(std::uintptr_t /*toolkitWindow*/, bool /*onScreen*/) { return false; }
 };
 
 } // namespace lumbrix::platform

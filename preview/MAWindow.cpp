@@ -3,11 +3,14 @@
 
 #include "preview/MAWindow.h"
 
+#include <QtCore/QCoreApplication>
 #include <QtGui/QBitmap>
+#include <QtGui/QExposeEvent>
 #include <QtGui/QPainter>
 #include <QtGui/QWindow>
 
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 #include "model/UIElementUtilities.h"
@@ -82,11 +85,15 @@ void MAWindow::orderFrontRegardless()
     std::erase(frontPanels(), this);
     frontPanels().push_back(this);
     // A tool window that is shown is raised before it is mapped.
-    if (!isVisible()) {
+    if (!QWidget::isVisible()) {
         show();
         return;
     }
     raise();
+    if (std::exchange(m_isAway, false)) {
+        platform::desktop().windowServer.setOnScreen(internalWinId(), true);
+        return;
+    }
     // One that is on screen already may show something else by now, and elsewhere. Painted in a
     // later pass of the loop, its former content would be seen in the new place.
     repaint();
@@ -109,15 +116,76 @@ void MAWindow::orderBelow(MAWindow&)
         return panel->geometry().intersects(geometry());
     });
     std::for_each(covered, panels.end(), [](MAWindow* panel) { panel->raise(); });
+    if (std::exchange(m_isAway, false))
+        platform::desktop().windowServer.setOnScreen(internalWinId(), true);
     show();
 }
 
-void MAWindow::orderOut() { hide(); }
+void MAWindow::orderOut()
+{
+    if (!isVisible())
+        return;
+    if (!platform::desktop().windowServer.setOnScreen(internalWinId(), false)) {
+        hide();
+        return;
+    }
+    m_isAway = true;
+    wentOffScreen();
+}
+
+void MAWindow::wentOffScreen()
+{
+    std::erase(frontPanels(), this);
+    m_isHeld = false;
+    m_isExposed = false;
+}
+
+void MAWindow::setHeld(bool held)
+{
+    if (m_isHeld == held)
+        return;
+    m_isHeld = held;
+    if (!held && m_isExposed && windowHandle()) {
+        QExposeEvent expose{QRegion(rect())};
+        QCoreApplication::sendEvent(windowHandle(), &expose);
+    }
+}
+
+void MAWindow::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    m_isExposed = false;
+    windowHandle()->installEventFilter(this);
+}
 
 void MAWindow::hideEvent(QHideEvent* event)
 {
-    std::erase(frontPanels(), this);
+    wentOffScreen();
+    m_isAway = false;
     QWidget::hideEvent(event);
+}
+
+bool MAWindow::event(QEvent* event)
+{
+    // The toolkit paints a window that was just shown twice: once because its parts have changed,
+    // again as soon as the server says that it can be seen. The first of these is for nothing.
+    if (event->type() == QEvent::UpdateRequest && (!m_isExposed || m_isHeld))
+        return true;
+    return QWidget::event(event);
+}
+
+bool MAWindow::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched != windowHandle() || event->type() != QEvent::Expose ||
+        !windowHandle()->isExposed())
+        return QWidget::eventFilter(watched, event);
+    m_isExposed = true;
+    if (m_isHeld)
+        return true;
+    // What the parts have asked for by being shown is on its way as events of their own, which
+    // would have it all painted once more.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::UpdateLater);
+    return false;
 }
 
 void MAWindow::setCornerRadius(qreal radius)

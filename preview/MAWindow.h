@@ -38,6 +38,8 @@ public:
     /// Shows the panel above all others, whichever application is active.
     void orderFrontRegardless();
     void orderOut();
+    /// Whether it is on the screen. The toolkit, which need not know of it, may say otherwise.
+    bool isVisible() const { return QWidget::isVisible() && !m_isAway; }
     /// Shows this panel below every panel that was ordered front, so also below `other`, but above
     /// all windows of other programs. It does not count as ordered front.
     void orderBelow(MAWindow& other);
@@ -50,6 +52,11 @@ public:
     bool isShaped() const { return m_shaped; }
     /// The shape source gives something else now. Does nothing while the panel is hidden.
     void updateShape();
+
+    /// A held panel is not painted, whether it is on screen or not; what was painted before stays.
+    /// A panel that goes off the screen is held no longer.
+    void setHeld(bool held);
+    bool isHeld() const { return m_isHeld; }
 
     /// The mouse goes through to what lies below. Set before the panel is shown.
     bool clickThrough() const;
@@ -67,16 +74,23 @@ protected:
     void enterEvent(QEnterEvent* event) override;
     void leaveEvent(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
+    bool event(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void prepareToShow();
+    void wentOffScreen();
     void applyShape();
 
     QRectF m_frame;
     QWidget* m_content = nullptr;
     qreal m_cornerRadius = 0;
     bool m_shaped = false;
+    bool m_isAway = false; ///< taken off the screen behind the toolkit's back
+    bool m_isHeld = false;
+    bool m_isExposed = false; ///< has been, since it was last shown
     std::function<QPainterPath()> m_shapeSource;
     QPainterPath m_maskPath; ///< what the mask was made of
     std::function<void()> m_entered;

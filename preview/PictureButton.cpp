@@ -7,7 +7,8 @@
 
 #include <algorithm>
 
-#include "preview/PictureScaler.h"
+#include "platform/PictureScaler.h"
+#include "preview/RoundedPicture.h"
 
 namespace lumbrix
 {
@@ -24,8 +25,8 @@ void PictureButton::setImage(const QImage& image)
         return;
     const QRect before = m_image.isNull() ? QRect() : pictureRect();
     m_image = image;
-    m_scaled = {};
-    m_scaledFor = {};
+    m_painted = {};
+    m_paintedFor = {};
     update();
     if (before != (m_image.isNull() ? QRect() : pictureRect()))
         Q_EMIT pictureRectChanged();
@@ -42,56 +43,50 @@ QRect PictureButton::pictureRect() const
     return {QPoint((width() - size.width()) / 2, (height() - size.height()) / 2), size};
 }
 
-const QImage& PictureButton::scaled(QSize points)
+const QImage& PictureButton::painted(QSize points)
 {
     const qreal ratio = devicePixelRatioF();
     const QSize pixels = (QSizeF(points) * ratio).toSize();
-    if (m_scaledFor == pixels)
-        return m_scaled;
-    const QImage square = scaledPicture(m_image, pixels);
-    m_scaled = QImage(pixels, QImage::Format_ARGB32_Premultiplied);
-    m_scaled.fill(Qt::transparent);
-    {
-        QPainter painter(&m_scaled);
-        painter.setRenderHint(QPainter::Antialiasing);
-        painter.setPen(Qt::NoPen);
-        painter.setBrush(QBrush(square));
-        const qreal radius = m_cornerRadius * ratio;
-        painter.drawRoundedRect(QRectF(QPointF(), QSizeF(pixels)), radius, radius);
-    }
-    m_scaled.setDevicePixelRatio(ratio);
-    m_scaledFor = pixels;
-    return m_scaled;
+    if (m_paintedFor == pixels)
+        return m_painted;
+    m_painted =
+        roundedPicture(scaledPicture(m_image, pixels), m_cornerRadius * ratio, m_outline, ratio);
+    m_painted.setDevicePixelRatio(ratio);
+    m_paintedFor = pixels;
+    return m_painted;
 }
 
 void PictureButton::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
     const QRect picture = pictureRect();
-    const QRectF edge = QRectF(picture).adjusted(0.5, 0.5, -0.5, -0.5);
+    if (!m_image.isNull())
+        painter.drawImage(picture.topLeft(), painted(picture.size()));
+    else if (m_placeholder.alpha() == 0)
+        return;
+    const bool isHovered = underMouse() && isEnabled();
+    if (!m_image.isNull() && !isDown() && !isHovered)
+        return;
+    const auto draw = [&painter](const QRectF& rect, qreal radius) {
+        painter.drawRoundedRect(rect, radius, radius);
+    };
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
     if (m_image.isNull()) {
-        if (m_placeholder.alpha() == 0)
-            return;
-        painter.setPen(Qt::NoPen);
         painter.setBrush(m_placeholder);
-        painter.drawRoundedRect(QRectF(picture), m_cornerRadius, m_cornerRadius);
-    } else {
-        painter.drawImage(picture.topLeft(), scaled(picture.size()));
+        draw(picture, m_cornerRadius);
     }
     if (isDown()) {
-        painter.setPen(Qt::NoPen);
         painter.setBrush(QColor(0, 0, 0, 70));
-        painter.drawRoundedRect(QRectF(picture), m_cornerRadius, m_cornerRadius);
+        draw(picture, m_cornerRadius);
     }
     painter.setBrush(Qt::NoBrush);
-    if (underMouse() && isEnabled()) {
+    if (isHovered) {
         painter.setPen(QPen(m_hoverOutline, 2));
-        painter.drawRoundedRect(edge.adjusted(0.5, 0.5, -0.5, -0.5), m_cornerRadius - 1,
-                                m_cornerRadius - 1);
-    } else {
+        draw(QRectF(picture).adjusted(1, 1, -1, -1), m_cornerRadius - 1);
+    } else if (m_image.isNull()) {
         painter.setPen(QPen(m_outline, 1));
-        painter.drawRoundedRect(edge, m_cornerRadius - 0.5, m_cornerRadius - 0.5);
+        draw(QRectF(picture).adjusted(0.5, 0.5, -0.5, -0.5), m_cornerRadius - 0.5);
     }
 }
 

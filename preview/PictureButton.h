@@ -29,6 +29,8 @@ public:
     /// Where the picture lies in the button; the whole button without a picture.
     QRect pictureRect() const;
     qreal cornerRadius() const { return m_cornerRadius; }
+    /// The size in pixels that a picture just fits in.
+    QSize pixels() const { return (QSizeF(size()) * devicePixelRatioF()).toSize(); }
 
 Q_SIGNALS:
     /// The proportions changed, or a picture came or went.
@@ -38,11 +40,11 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    const QImage& scaled(QSize points);
+    const QImage& painted(QSize points);
 
     QImage m_image;
-    QImage m_scaled;   ///< m_image with rounded corners, at the size last painted
-    QSize m_scaledFor; ///< in device pixels
+    QImage m_painted;   ///< m_image with rounded corners and outline, at the size last painted
+    QSize m_paintedFor; ///< in device pixels
     QColor m_outline;
     QColor m_hoverOutline;
     QColor m_placeholder;

@@ -5,7 +5,7 @@
 
 #include <QtGui/QPainter>
 
-#include "preview/PictureScaler.h"
+#include "platform/PictureScaler.h"
 
 namespace lumbrix
 {

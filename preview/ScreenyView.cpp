@@ -104,6 +104,8 @@ void ScreenyView::setElementRef(SWElementPtr element) { m_elementRef = std::move
 
 void ScreenyView::setImage(const QImage& image) { m_image->setImage(image); }
 
+QSize ScreenyView::pictureLimit() const { return m_zoomWindow ? QSize() : m_image->pixels(); }
+
 const QImage& ScreenyView::image() const { return m_image->image(); }
 
 void ScreenyView::setTitleString(const QString& title)

@@ -52,6 +52,12 @@ public:
     /// already costs nothing.
     void setImage(const QImage& image);
     const QImage& image() const;
+    /// The size in pixels that pictures are reduced to; empty while the zoomed view shows the whole
+    /// of them. Right once the panel has its frame.
+    QSize pictureLimit() const;
+    /// Whether painting waits for the picture; ends when the preview goes.
+    void setHeld(bool held) { m_window->setHeld(held); }
+    bool isHeld() const { return m_window->isHeld(); }
     void setTitleString(const QString& title);
     QString titleString() const { return m_titleString; }
     void setAppFlags(const std::optional<platform::RunningApplication>& application);
@@ -144,6 +150,8 @@ private:
     void armZoom();
     void cancelZoomWatcher();
     void showZoomWindow();
+    /// Has the zoomed view show a picture that was not reduced, as soon as there is one.
+    void grabWhole();
     void setTimer();
     void updateTimer();
     void invalidateTimer();

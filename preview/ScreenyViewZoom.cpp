@@ -96,9 +96,27 @@ void ScreenyView::showZoomWindow()
     if (!frame.isEmpty()) {
         m_zoomWindow->setFrame(frame);
         m_zoomWindow->setWindowTitle(m_window->windowTitle());
+        if (!m_elementRef->isScreenshotWhole() && !m_elementRef->grabWindowAtHand({}))
+            grabWhole();
         updateTimer();
     }
     setTimer();
+}
+
+void ScreenyView::grabWhole()
+{
+    platform::RunLoop& runLoop = platform::desktop().runLoop;
+    runLoop.detachThread("capture", [&runLoop, element = m_elementRef,
+                                     weak = weak_from_this()](const platform::Thread&) {
+        element->grabWindow();
+        runLoop.performOnMainThread(
+            [weak, element] {
+                const ScreenyViewPtr preview = weak.lock();
+                if (preview && preview->m_elementRef == element)
+                    preview->updateTimer();
+            },
+            false);
+    });
 }
 
 void ScreenyView::setTimer()
@@ -114,7 +132,7 @@ void ScreenyView::setTimer()
 
 void ScreenyView::updateTimer()
 {
-    if (!m_zoomWindow || !m_elementRef || !m_zoomImageView)
+    if (!m_zoomWindow || !m_elementRef || !m_zoomImageView || !m_elementRef->isScreenshotWhole())
         return;
     const QImage picture = m_elementRef->screenshot();
     m_zoomImageView->setImage(picture);

@@ -39,6 +39,7 @@ public:
     Display(const Display&) = delete;
     Display& operator=(const Display&) = delete;
 
+    const QByteArray& name() const { return m_name; } ///< as in DISPLAY
     xcb_connection_t* connection() const { return m_connection; }
     xcb_window_t root() const { return m_root; }
     QSize size() const { return m_size; }

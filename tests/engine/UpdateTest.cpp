@@ -63,6 +63,56 @@ TEST_F(Update, pictures_areTakenOnceAnUpdate_andShownWithTheNext)
     EXPECT_EQ(versions(), QPair(QRgb(3), QRgb(0)));
 }
 
+TEST_F(Update, slowPicture_holdsItsPreviewBriefly_andGoesToNoOther)
+{
+    /// Copies as slowly as a server that has much else to do.
+    class Slow : public ForwardingWindowServer
+    {
+    public:
+        Slow(platform::WindowServer& server, platform::RunLoop& runLoop)
+            : ForwardingWindowServer(server), m_runLoop(runLoop)
+        {
+        }
+        QImage captureWindow(platform::WindowID window, QSize limit) override
+        {
+            m_runLoop.sleep(0.3);
+            return ForwardingWindowServer::captureWindow(window, limit);
+        }
+
+    private:
+        platform::RunLoop& m_runLoop;
+    };
+    Slow slow(desk.windowServer(), loop);
+    install(desk.accessibility(), slow);
+    add(u"Notes"_s, 1);
+    add(u"Mail"_s, 1);
+    hover(u"Notes"_s);
+    EXPECT_EQ(shown(), u"Notes 1"_s); // on screen, though with nothing to see yet
+    EXPECT_TRUE(preview(0).isHeld());
+    loop.advance(0.15);
+    EXPECT_FALSE(preview(0).isHeld());
+    EXPECT_TRUE(preview(0).image().isNull());
+    loop.advance(0.2);
+    EXPECT_FALSE(preview(0).image().isNull());
+    leave();
+    loop.advance(2);
+
+    // The panel of a picture that is still on its way is used for another window.
+    desk.changeWindow(desk.stacking()[1], [](auto& window) { window.version = 7; });
+    hover(u"Notes"_s);
+    const ScreenyView* const panel = &preview(0);
+    leave();
+    loop.advance(0.1);
+    hover(u"Mail"_s);
+    ASSERT_EQ(shown(), u"Mail 1"_s);
+    ASSERT_EQ(&preview(0), panel);
+    loop.advance(0.25);
+    EXPECT_TRUE(preview(0).image().isNull());
+    loop.advance(1);
+    EXPECT_EQ(preview(0).image().pixel(0, 0) & 0xff, 0U);
+    EXPECT_EQ(loop.runningThreads("capture"), 0);
+}
+
 TEST_F(Update, minimisedAndHiddenWindows_leaveTheRow_asTheSettingsSay)
 {
     const Pid notes = add(u"Notes"_s, 3);

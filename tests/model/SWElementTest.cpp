@@ -136,10 +136,10 @@ TEST_F(SWElementTest, capture_isKept_andIsNullForAWindowThatVanishesMeanwhile)
             : ForwardingWindowServer(desktop.windowServer()), m_desktop(desktop)
         {
         }
-        QImage captureWindow(WindowID window) override
+        QImage captureWindow(WindowID window, QSize limit) override
         {
             m_desktop.closeWindow(window);
-            return ForwardingWindowServer::captureWindow(window);
+            return ForwardingWindowServer::captureWindow(window, limit);
         }
 
     private:

@@ -5,11 +5,13 @@
 
 #include <QtCore/QDir>
 #include <QtGui/QAccessible>
+#include <QtGui/QPainter>
 #include <QtTest/QTest>
 #include <QtWidgets/QAbstractButton>
 
 #include "preview/DisplayText.h"
 #include "preview/NamedImage.h"
+#include "preview/RoundedPicture.h"
 #include "preview/ScreenyView.h"
 #include "preview/TitleLabel.h"
 #include "tests/preview/PanelHost.h"
@@ -180,7 +182,7 @@ TEST_F(Panel, titles_areShownAsOneLineOfPlainText)
     EXPECT_LE(part(preview, "title")->width(), 243);
 }
 
-TEST_F(Panel, samePicture_isNotPaintedAgain)
+TEST_F(Panel, painting_happensOncePerChange_andNotWhileHeld)
 {
     struct PaintCounter : QObject {
         int count = 0;
@@ -189,16 +191,62 @@ TEST_F(Panel, samePicture_isNotPaintedAgain)
             count += event->type() == QEvent::Paint;
             return false;
         }
+        int take()
+        {
+            QApplication::processEvents();
+            return std::exchange(count, 0);
+        }
     } painted;
     const ScreenyViewPtr preview = show();
-    QApplication::processEvents();
     part(preview, "image")->installEventFilter(&painted);
+    EXPECT_EQ(painted.take(), 1);
     preview->setImage(QImage(element->screenshot()));
-    QApplication::processEvents();
-    EXPECT_EQ(painted.count, 0);
+    EXPECT_EQ(painted.take(), 0);
     preview->setImage(picture());
-    QApplication::processEvents();
-    EXPECT_EQ(painted.count, 1);
+    EXPECT_EQ(painted.take(), 1);
+
+    preview->dismissWithoutRebirth();
+    preview->setHeld(true);
+    preview->orderFront();
+    preview->setImage(picture({600, 300}));
+    EXPECT_EQ(painted.take(), 0);
+    preview->setHeld(false);
+    EXPECT_EQ(painted.take(), 1);
+    preview->setImage(picture());
+    EXPECT_EQ(painted.take(), 1);
+    // Going off the screen ends it, so that nobody has to remember it.
+    preview->setHeld(true);
+    preview->dismissWithoutRebirth();
+    EXPECT_FALSE(preview->isHeld());
+}
+
+TEST_F(Panel, roundedPicture_looksLikeOneDrawnInOnePiece)
+{
+    for (const qreal ratio : {1.0, 2.0}) {
+        const QColor outline(0, 0, 0, 64);
+        const QImage source = picture({120, 81});
+        const QImage rounded = roundedPicture(source, 4 * ratio, outline, ratio);
+        QImage expected(source.size(), QImage::Format_ARGB32_Premultiplied);
+        expected.fill(Qt::transparent);
+        QPainter painter(&expected);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(QBrush(source));
+        painter.drawRoundedRect(QRectF(expected.rect()), 4 * ratio, 4 * ratio);
+        painter.setPen(QPen(outline, ratio));
+        painter.setBrush(Qt::NoBrush);
+        const qreal half = ratio / 2;
+        painter.drawRoundedRect(QRectF(expected.rect()).adjusted(half, half, -half, -half),
+                                4 * ratio - half, 4 * ratio - half);
+        painter.end();
+        int largest = 0;
+        for (int y = 0; y < expected.height(); ++y) {
+            for (int i = 0; i < 4 * expected.width(); ++i)
+                largest = std::max(
+                    largest, std::abs(expected.constScanLine(y)[i] - rounded.constScanLine(y)[i]));
+        }
+        EXPECT_LE(largest, 3) << ratio;
+    }
 }
 
 TEST_F(Panel, withoutBlending_theCornersAreCutOffAndTheCloseButtonIsNot)

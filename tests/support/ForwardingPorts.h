@@ -83,9 +83,13 @@ public:
     {
         return m_target.workspaceWindowList(workspace);
     }
-    QImage captureWindow(platform::WindowID window) override
+    QImage captureWindow(platform::WindowID window, QSize limit) override
     {
-        return m_target.captureWindow(window);
+        return m_target.captureWindow(window, limit);
+    }
+    std::optional<QImage> pictureAtHand(platform::WindowID window, QSize limit) override
+    {
+        return m_target.pictureAtHand(window, limit);
     }
     std::vector<QRectF> screens() override { return m_target.screens(); }
     QPointF toolkitOrigin() override { return m_target.toolkitOrigin(); }

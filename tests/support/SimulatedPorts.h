@@ -61,7 +61,9 @@ public:
     std::optional<QRectF> windowBounds(WindowID window) override;
     std::optional<int> windowWorkspace(WindowID window) override;
     std::vector<WindowID> workspaceWindowList(int workspace) override;
-    QImage captureWindow(WindowID window) override;
+    QImage captureWindow(WindowID window, QSize limit) override;
+    /// Only what was captured before and has not changed since.
+    std::optional<QImage> pictureAtHand(WindowID window, QSize limit) override;
     std::vector<QRectF> screens() override;
     QPointF toolkitOrigin() override { return {}; }
     bool blendsTranslucency() override;

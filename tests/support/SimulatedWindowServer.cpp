@@ -50,7 +50,30 @@ std::vector<WindowID> SimulatedWindowServer::workspaceWindowList(int workspace)
     return numbers;
 }
 
-QImage SimulatedWindowServer::captureWindow(WindowID window)
+namespace
+{
+
+QRgb markOf(const SimulatedWindow& window)
+{
+    return qRgb(0, 0, 0) + static_cast<QRgb>(window.version);
+}
+
+QSize pictureSize(const SimulatedWindow& window)
+{
+    return window.listedFrame.value_or(window.frame).size().toSize();
+}
+
+bool isPictureCurrent(const SimulatedWindow& window)
+{
+    const QImage& picture = window.picture;
+    return !picture.isNull() && picture.size() == pictureSize(window) &&
+           picture.pixel(0, 0) == markOf(window) &&
+           (picture.width() < 2 || picture.pixelColor(1, 0) == window.color);
+}
+
+} // namespace
+
+QImage SimulatedWindowServer::captureWindow(WindowID window, QSize)
 {
     const std::lock_guard lock(m_state.mutex);
     SimulatedWindow* found = m_state.window(window);
@@ -59,17 +82,21 @@ QImage SimulatedWindowServer::captureWindow(WindowID window)
     ++found->captures;
     if (!found->hasPicture)
         return {};
-    const QSize size = found->listedFrame.value_or(found->frame).size().toSize();
-    const QRgb mark = qRgb(0, 0, 0) + static_cast<QRgb>(found->version);
-    QImage& picture = found->picture;
-    const bool isCurrent = picture.size() == size && picture.pixel(0, 0) == mark &&
-                           (size.width() < 2 || picture.pixelColor(1, 0) == found->color);
-    if (!isCurrent && !size.isEmpty()) {
-        picture = QImage(size, QImage::Format_RGB32);
-        picture.fill(found->color);
-        picture.setPixel(0, 0, mark);
+    if (!isPictureCurrent(*found) && !pictureSize(*found).isEmpty()) {
+        found->picture = QImage(pictureSize(*found), QImage::Format_RGB32);
+        found->picture.fill(found->color);
+        found->picture.setPixel(0, 0, markOf(*found));
     }
-    return picture;
+    return found->picture;
+}
+
+std::optional<QImage> SimulatedWindowServer::pictureAtHand(WindowID window, QSize limit)
+{
+    const std::lock_guard lock(m_state.mutex);
+    const SimulatedWindow* found = m_state.window(window);
+    if (found && found->hasPicture && !isPictureCurrent(*found))
+        return std::nullopt;
+    return captureWindow(window, limit);
 }
 
 std::vector<QRectF> SimulatedWindowServer::screens()

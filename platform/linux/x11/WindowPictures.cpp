@@ -4,6 +4,7 @@
 #include "platform/linux/x11/WindowPictures.h"
 
 #include "platform/linux/x11/Connection.h"
+#include "platform/PictureScaler.h"
 
 #include <xcb/composite.h>
 
@@ -18,6 +19,18 @@ namespace
 bool isPreviewable(const TrackedWindow& window)
 {
     return window.type != WindowType::Dock && window.type != WindowType::Desktop;
+}
+
+/// The picture in memory of its own, no larger than the limit.
+QImage reduced(const QImage& picture, QSize limit)
+{
+    const double scale = std::min({1.0, static_cast<double>(limit.width()) / picture.width(),
+                                   static_cast<double>(limit.height()) / picture.height()});
+    const QSize size(std::max(1, qRound(picture.width() * scale)),
+                     std::max(1, qRound(picture.height() * scale)));
+    QImage result = size == picture.size() ? picture.copy() : scaledPicture(picture, size);
+    result.setDevicePixelRatio(picture.devicePixelRatio());
+    return result;
 }
 
 } // namespace
@@ -46,9 +59,26 @@ struct WindowPictures::Picture {
     xcb_pixmap_t pixmap = XCB_NONE;
     QSize pixmapSize;
     int depth = 0;
-    QImage image;
-    Seconds lastUsed = 0;
+    QImage reduced; ///< to `limit`
+    QSize limit;
+    QImage whole;
+    Seconds reducedUsed = 0;
+    Seconds wholeUsed = 0;
     Seconds lastPinged = -kPingInterval;
+
+    /// What is known for the limit; null when that is nothing.
+    QImage known(QSize wanted)
+    {
+        if (wanted.isEmpty())
+            return whole;
+        return limit == wanted ? reduced : QImage();
+    }
+    void keep(const QImage& image, QSize wanted)
+    {
+        (wanted.isEmpty() ? whole : reduced) = image;
+        if (!wanted.isEmpty())
+            limit = wanted;
+    }
 };
 
 WindowPictures::WindowPictures(RunLoop& runLoop, const Connection& events,
@@ -93,13 +123,44 @@ WindowPictures::PicturePtr WindowPictures::find(xcb_window_t window) const
     return it == m_pictures.end() ? nullptr : it->second;
 }
 
-QImage WindowPictures::capture(xcb_window_t window)
+QImage WindowPictures::capture(xcb_window_t window, QSize limit)
 {
     const PicturePtr picture = find(window);
     if (!picture)
         return {};
     const std::lock_guard lock(picture->mutex);
-    return refresh(*picture, window);
+    return refresh(*picture, window, limit);
+}
+
+std::optional<QImage> WindowPictures::atHand(xcb_window_t window, QSize limit)
+{
+    const PicturePtr picture = find(window);
+    if (!picture)
+        return QImage();
+    const std::unique_lock lock(picture->mutex, std::try_to_lock);
+    if (!lock || picture->needsNaming || picture->isDirty)
+        return std::nullopt;
+    QImage image = picture->known(limit);
+    if (image.isNull())
+        return std::nullopt;
+    noteUse(*picture, window, limit);
+    return image;
+}
+
+void WindowPictures::noteUse(Picture& picture, xcb_window_t window, QSize limit)
+{
+    const Seconds now = m_runLoop.now();
+    if (limit.isEmpty()) {
+        picture.wholeUsed = now;
+    } else {
+        picture.reducedUsed = now;
+        const std::lock_guard lock(m_workMutex);
+        m_lastLimit = limit;
+    }
+    if (now - picture.lastPinged < kPingInterval)
+        return;
+    picture.lastPinged = now;
+    m_tracker.ping(window); // shows a stopped client as not responding
 }
 
 TrackedWindowPtr WindowPictures::keepPixmap(Picture& picture, xcb_window_t id)
@@ -112,31 +173,45 @@ TrackedWindowPtr WindowPictures::keepPixmap(Picture& picture, xcb_window_t id)
     return window;
 }
 
-QImage WindowPictures::refresh(Picture& picture, xcb_window_t id)
+QImage WindowPictures::refresh(Picture& picture, xcb_window_t id, QSize limit)
 {
-    TrackedWindowPtr window = keepPixmap(picture, id);
+    const TrackedWindowPtr window = keepPixmap(picture, id);
     if (!window)
         return {};
-    picture.lastUsed = m_runLoop.now();
-    if (picture.lastUsed - picture.lastPinged >= kPingInterval) {
-        picture.lastPinged = picture.lastUsed;
-        m_tracker.ping(id); // shows a stopped client as not responding
-    }
+    noteUse(picture, id, limit);
+    QImage image = picture.known(limit);
     const bool isStale = picture.needsNaming; // its present pixmap could not be had
-    if (!picture.image.isNull() && (isStale || !picture.isDirty))
-        return picture.image;
-    if (!picture.pixmap)
-        return picture.image;
+    if (!image.isNull() && (isStale || !picture.isDirty))
+        return image;
+    if (!picture.whole.isNull() && !picture.isDirty) {
+        image = reduced(picture.whole, limit);
+    } else if (picture.pixmap) {
+        const QImage copied = copy(picture, *window);
+        if (copied.isNull())
+            return image;
+        // What was kept for another limit shows less than this.
+        picture.reduced = QImage();
+        picture.whole = QImage();
+        image = limit.isEmpty() ? copied : reduced(copied, limit);
+    }
+    if (image.isNull())
+        return image;
+    picture.keep(image, limit);
+    dropLater();
+    return image;
+}
 
+QImage WindowPictures::copy(Picture& picture, const TrackedWindow& before)
+{
     // The flag first, then the bounds and the damage, the pixels last: what changes meanwhile is
     // seen or sets the flag again.
     picture.isDirty = false;
-    if (TrackedWindowPtr latest = m_tracker.window(id))
-        window = std::move(latest);
+    const TrackedWindowPtr latest = m_tracker.window(before.id);
+    const TrackedWindow& window = latest ? *latest : before;
     if (const xcb_damage_damage_t damage = picture.damage)
         xcb_damage_subtract(m_captures.get(), damage, XCB_NONE, XCB_NONE);
-    const QRect& frame = window->frameBounds;
-    const QRect& bounds = window->bounds;
+    const QRect& frame = window.frameBounds;
+    const QRect& bounds = window.bounds;
     const QMargins hidden(bounds.x() - frame.x(), bounds.y() - frame.y(),
                           frame.x() + frame.width() - bounds.x() - bounds.width(),
                           frame.y() + frame.height() - bounds.y() - bounds.height());
@@ -145,14 +220,17 @@ QImage WindowPictures::refresh(Picture& picture, xcb_window_t id)
     QImage image = m_copier.copy(picture.pixmap, visible.isEmpty() ? all : visible, picture.depth);
     m_captures.discardEvents();
     if (image.isNull())
-        return picture.image;
+        return image;
     image.setDevicePixelRatio(m_pixelsPerPoint);
     ++m_copyCount;
-    picture.image = image;
+    return image;
+}
+
+void WindowPictures::dropLater()
+{
     const std::lock_guard lock(m_workMutex);
     if (!std::exchange(m_isDropDue, true))
         m_workArrived.notify_all();
-    return image;
 }
 
 bool WindowPictures::redirect(Picture& picture, const TrackedWindow& window)
@@ -215,16 +293,17 @@ void WindowPictures::work(const Thread& self)
     while (!m_isStopping && !self.isCancelled()) {
         const auto names = std::exchange(m_toName, {});
         const auto prefetches = std::exchange(m_toPrefetch, {});
+        const QSize limit = m_lastLimit;
         m_isDropDue = false;
         lock.unlock();
         for (const xcb_window_t window : names)
-            prepareOne(window, false);
+            prepareOne(window, std::nullopt);
         for (const xcb_window_t window : prefetches)
-            prepareOne(window, true);
+            prepareOne(window, limit);
         auto nextDrop = dropUnused();
         lock.lock();
         if (m_isDropDue && !nextDrop) // an image that came just now
-            nextDrop = m_runLoop.now() + kKeepSeconds;
+            nextDrop = m_runLoop.now() + kKeepWhole;
         m_isDropDue = nextDrop.has_value();
         const auto hasWork = [&] {
             return m_isStopping || !m_toName.empty() || !m_toPrefetch.empty() ||
@@ -239,14 +318,14 @@ void WindowPictures::work(const Thread& self)
     }
 }
 
-void WindowPictures::prepareOne(xcb_window_t id, bool wantsImage)
+void WindowPictures::prepareOne(xcb_window_t id, std::optional<QSize> limit)
 {
     const PicturePtr picture = find(id);
     if (!picture)
         return;
     const std::lock_guard lock(picture->mutex);
-    if (wantsImage)
-        refresh(*picture, id);
+    if (limit && !limit->isEmpty())
+        refresh(*picture, id, *limit);
     else
         keepPixmap(*picture, id);
     m_captures.discardEvents();
@@ -262,21 +341,26 @@ std::optional<Seconds> WindowPictures::dropUnused()
     }
     const Seconds now = m_runLoop.now();
     std::optional<Seconds> next;
-    bool hasDropped = false;
+    const auto drop = [&](QImage& image, Seconds due) {
+        if (image.isNull())
+            return;
+        if (due > now)
+            next = std::min(next.value_or(due), due);
+        else
+            image = QImage();
+    };
+    Seconds lastUsed = 0;
     for (const PicturePtr& picture : pictures) {
         const std::lock_guard lock(picture->mutex);
-        if (picture->image.isNull())
-            continue;
-        const Seconds due = picture->lastUsed + kKeepSeconds;
-        if (due > now) {
-            next = std::min(next.value_or(due), due);
-        } else {
-            picture->image = QImage();
-            hasDropped = true;
-        }
+        drop(picture->whole, picture->wholeUsed + kKeepWhole);
+        drop(picture->reduced, picture->reducedUsed + kKeepReduced);
+        lastUsed = std::max({lastUsed, picture->wholeUsed, picture->reducedUsed});
     }
-    if (hasDropped)
+    // While a row is up, pictures are asked for every half second.
+    if (lastUsed + kKeepWhole <= now)
         m_copier.releaseIdle();
+    else
+        next = std::min(next.value_or(lastUsed + kKeepWhole), lastUsed + kKeepWhole);
     return next;
 }
 

@@ -13,6 +13,7 @@
 #include <condition_variable>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <unordered_map>
 #include <unordered_set>
 #include <vector>
@@ -31,15 +32,17 @@ class Connection;
 /// desktop keep their last picture. Where no compositor redirects windows, their frames are
 /// redirected here.
 ///
-/// Memory: a window's image is kept on this side for kKeepSeconds after it was last asked for; the
-/// worker wakes up for that once, and not at all when there is no image. Nothing is lost: the next
-/// capture copies the pixmap again.
+/// Memory: pixels are copied into a few pieces of memory that are used again and again, and reduced
+/// at once to what was asked for. A reduced image is kept on this side for kKeepReduced after it
+/// was last asked for, a whole one for kKeepWhole; the worker wakes up for that, and not at all
+/// when there is no image. Nothing is lost: the next capture copies the pixmap again.
 ///
 /// `events` belongs to the event thread; `captures` is this object's own, without an event thread.
 class WindowPictures final : public EventHandler, public WindowListener
 {
 public:
-    static constexpr Seconds kKeepSeconds = 30.0;
+    static constexpr Seconds kKeepReduced = 30.0;
+    static constexpr Seconds kKeepWhole = 2.0; ///< zoomed views ask every half second
     static constexpr Seconds kPingInterval = 1.0;
 
     WindowPictures(RunLoop& runLoop, const Connection& events, const Connection& captures,
@@ -51,11 +54,16 @@ public:
     /// Ends the worker. After the event thread has ended; no capture may run any more.
     void stop();
 
-    /// The picture of the window's visible bounds. The last one when it is not shown now; null when
-    /// there is none, or no such window. While nothing was drawn, the same image again, without a
-    /// request. Any thread; a slow window delays only those who ask for the same one.
-    QImage capture(xcb_window_t window);
-    /// Refreshes the pictures of these windows soon, on the worker. Any thread.
+    /// The picture of the window's visible bounds, reduced to what just fits into the limit
+    /// (pixels) unless that is empty. The last one when it is not shown now; null when there is
+    /// none, or no such window. While nothing was drawn, the same image again, without a request.
+    /// Any thread; a slow window delays only those who ask for the same one.
+    QImage capture(xcb_window_t window, QSize limit = {});
+    /// What capture() would give, if that is known without copying and nobody is just copying it.
+    /// Any thread; never waits.
+    std::optional<QImage> atHand(xcb_window_t window, QSize limit);
+    /// Refreshes the pictures of these windows soon, on the worker, for the limit that was last
+    /// asked for. Any thread.
     void prefetch(const std::vector<xcb_window_t>& windows);
     /// How often pixels were copied so far. Any thread.
     std::uint64_t copyCount() const { return m_copyCount; }
@@ -78,7 +86,10 @@ private:
     void nameAgain(Picture& picture, xcb_window_t window);
 
     // With the picture's lock held.
-    QImage refresh(Picture& picture, xcb_window_t window);
+    QImage refresh(Picture& picture, xcb_window_t window, QSize limit);
+    QImage copy(Picture& picture, const TrackedWindow& window);
+    void noteUse(Picture& picture, xcb_window_t window, QSize limit);
+    void dropLater();
     /// Sees to it that the pixmap the window has now is named; null when the window is gone.
     TrackedWindowPtr keepPixmap(Picture& picture, xcb_window_t window);
     /// True when it changed something, so that the window may have another pixmap.
@@ -86,7 +97,8 @@ private:
     void namePixmap(Picture& picture, const TrackedWindow& window);
 
     void work(const Thread& self);
-    void prepareOne(xcb_window_t window, bool wantsImage);
+    /// With a limit, also copies the picture.
+    void prepareOne(xcb_window_t window, std::optional<QSize> limit);
     /// Drops images nobody asked for lately; the time of the next one to drop, if any.
     std::optional<Seconds> dropUnused();
 
@@ -107,6 +119,7 @@ private:
     std::condition_variable m_workArrived;
     std::unordered_set<xcb_window_t> m_toName;     // guarded by m_workMutex
     std::unordered_set<xcb_window_t> m_toPrefetch; // guarded by m_workMutex
+    QSize m_lastLimit;                             // guarded by m_workMutex
     bool m_isStopping = false;                     // guarded by m_workMutex
     /// Guarded by m_workMutex. The worker has a time to look for images to drop, or must set one.
     bool m_isDropDue = false;

@@ -8,6 +8,8 @@
 #include "platform/linux/x11/WindowPictures.h"
 #include "platform/linux/x11/WindowTracker.h"
 
+#include <QtGui/QGuiApplication>
+
 #include <limits>
 
 namespace lumbrix::platform::x11
@@ -90,7 +92,15 @@ std::vector<WindowID> X11WindowServer::workspaceWindowList(int workspace)
     return list;
 }
 
-QImage X11WindowServer::captureWindow(WindowID window) { return m_pictures.capture(window); }
+QImage X11WindowServer::captureWindow(WindowID window, QSize limit)
+{
+    return m_pictures.capture(window, limit);
+}
+
+std::optional<QImage> X11WindowServer::pictureAtHand(WindowID window, QSize limit)
+{
+    return m_pictures.atHand(window, limit);
+}
 
 std::vector<QRectF> X11WindowServer::screens()
 {
@@ -104,5 +114,24 @@ std::vector<QRectF> X11WindowServer::screens()
 QPointF X11WindowServer::toolkitOrigin() { return m_points.screens().front().topLeft(); }
 
 bool X11WindowServer::blendsTranslucency() { return m_screens.isCompositorRunning(); }
+
+/// The toolkit makes two round trips to show a window, each behind whatever the server is doing: a
+/// row of windows takes longer to show than to paint. It knows windows that others unmap and map
+/// again, as window managers do when they minimise one.
+bool X11WindowServer::setOnScreen(std::uintptr_t toolkitWindow, bool onScreen)
+{
+    // On the toolkit's own connection, where it stays in order with moving and painting.
+    auto* toolkit = qApp ? qApp->nativeInterface<QNativeInterface::QX11Application>() : nullptr;
+    if (!toolkit || toolkitWindow == XCB_WINDOW_NONE)
+        return false;
+    xcb_connection_t* connection = toolkit->connection();
+    const auto window = static_cast<xcb_window_t>(toolkitWindow);
+    if (onScreen)
+        xcb_map_window(connection, window);
+    else
+        xcb_unmap_window(connection, window);
+    xcb_flush(connection);
+    return true;
+}
 
 } // namespace lumbrix::platform::x11

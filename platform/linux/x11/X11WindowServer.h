@@ -40,10 +40,12 @@ public:
     std::optional<QRectF> windowBounds(WindowID window) override;
     std::optional<int> windowWorkspace(WindowID window) override;
     std::vector<WindowID> workspaceWindowList(int workspace) override;
-    QImage captureWindow(WindowID window) override;
+    QImage captureWindow(WindowID window, QSize limit) override;
+    std::optional<QImage> pictureAtHand(WindowID window, QSize limit) override;
     std::vector<QRectF> screens() override;
     QPointF toolkitOrigin() override;
     bool blendsTranslucency() override;
+    bool setOnScreen(std::uintptr_t toolkitWindow, bool onScreen) override;
 
 private:
     const WindowTracker& m_tracker;

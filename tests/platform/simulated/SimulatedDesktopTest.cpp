@@ -110,11 +110,11 @@ TEST_F(SimulatedDesktopTest, capture_showsTheVersion_andIsSharedUntilThatChanges
 {
     const Pid notes = addApplication(u"Notes"_s);
     const WindowID number = desk.addWindow(notes, {u"Ideas"_s, {0, 0, 60, 40}});
-    const QImage first = desk.windowServer().captureWindow(number);
+    const QImage first = desk.windowServer().captureWindow(number, {});
     EXPECT_EQ(first.size(), QSize(60, 40));
-    EXPECT_EQ(desk.windowServer().captureWindow(number).constBits(), first.constBits());
+    EXPECT_EQ(desk.windowServer().captureWindow(number, {}).constBits(), first.constBits());
     desk.changeWindow(number, [](SimulatedWindow& window) { window.version = 5; });
-    EXPECT_EQ(desk.windowServer().captureWindow(number).pixel(0, 0), 0xff000005U);
+    EXPECT_EQ(desk.windowServer().captureWindow(number, {}).pixel(0, 0), 0xff000005U);
     EXPECT_EQ(first.pixel(0, 0), 0xff000000U);
     EXPECT_EQ(desk.captures(number), 3);
 }

@@ -52,21 +52,23 @@ template <std::size_t Count> struct Lanes {
         storeInTurn(a, b, to, std::make_index_sequence<Count>());
     }
 
-    /// The upper eight bits of four sums: of each of the first four numbers and those 4, 8 ...
-    /// further on.
-    [[gnu::always_inline]] void storeFolded(unsigned char* to) const
+    /// The upper eight bits of four sums, in the order of memory: of each of the first four numbers
+    /// and those 4, 8 ... further on.
+    [[gnu::always_inline]] std::uint32_t foldedToBytes() const
     {
         if constexpr (Count == 4) {
-            using Four [[gnu::vector_size(4)]] = std::uint8_t;
+            using Four = typename VectorOf<4, std::uint8_t>::Type;
             const Four bytes = __builtin_convertvector(values >> 8, Four);
-            std::memcpy(to, &bytes, sizeof bytes);
+            std::uint32_t result = 0;
+            std::memcpy(&result, &bytes, sizeof result);
+            return result;
         } else {
             Lanes<Count / 2> low;
             Lanes<Count / 2> high;
             low.load(&values);
             high.load(reinterpret_cast<const char*>(&values) + low.Bytes);
             low.values += high.values;
-            low.storeFolded(to);
+            return low.foldedToBytes();
         }
     }
 

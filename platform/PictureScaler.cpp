@@ -1,12 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-#include "preview/PictureScaler.h"
+#include "platform/PictureScaler.h"
 
-#include "preview/Lanes.h"
+#include "platform/Lanes.h"
 
 #include <algorithm>
 #include <cstdint>
+#include <cstring>
 #include <numeric>
 #include <vector>
 
@@ -178,10 +179,10 @@ template <std::size_t Count>
 }
 
 /// Sums pixels of a row of 8.8 samples into the pixels of one target row, several source pixels at
-/// a time.
+/// a time. The bits of `always` are set in each.
 template <std::size_t Count>
 [[gnu::always_inline]] inline void sumColumns(const std::uint16_t* row, const Axis& columns,
-                                              uchar* out)
+                                              std::uint32_t always, uchar* out)
 {
     constexpr int together = Count / Channels;
     const int steps = (columns.longest() + together - 1) / together;
@@ -203,8 +204,9 @@ template <std::size_t Count>
             in += Count;
             weights += Count;
         }
-        sum.storeFolded(out);
-        out += Channels;
+        const std::uint32_t pixel = sum.foldedToBytes() | always;
+        std::memcpy(out, &pixel, sizeof pixel);
+        out += sizeof pixel;
     }
 }
 
@@ -216,10 +218,11 @@ template <std::size_t Count>
     std::vector<std::uint16_t> sums(samples + 2 * Spare * Channels);
     const uchar* const in = source.constBits();
     const qsizetype stride = source.bytesPerLine();
+    const std::uint32_t always = result.format() == QImage::Format_RGB32 ? 0xff000000U : 0;
     uchar* out = result.bits();
     for (const Span& span : rows.spans()) {
         sumRows<Count>(in + span.first * stride, stride, RowWeights(span), samples, sums.data());
-        sumColumns<Count>(sums.data(), columns, out);
+        sumColumns<Count>(sums.data(), columns, always, out);
         out += result.bytesPerLine();
     }
 }

@@ -17,9 +17,10 @@ enum class Arithmetic {
 };
 
 /// The picture in exactly `size` pixels: each axis that shrinks is averaged over the area a target
-/// pixel covers, each that grows is interpolated. The result is RGB32 for opaque sources, else
-/// ARGB32_Premultiplied; its device pixel ratio is 1. Null when the source or the size is empty; a
-/// source of that size already is returned as it is. Any thread.
+/// pixel covers, each that grows is interpolated. The result is RGB32 for opaque sources (whatever
+/// the bits hold that are no colour, in the result they are set), else ARGB32_Premultiplied; its
+/// device pixel ratio is 1. Null when the source or the size is empty; a source of that size
+/// already is returned as it is. Any thread.
 QImage scaledPicture(const QImage& source, QSize size, Arithmetic arithmetic = Arithmetic::Widest);
 
 } // namespace lumbrix

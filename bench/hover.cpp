@@ -1,0 +1,269 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// How long it takes from the pointer arriving on an icon to the last preview being mapped and
+// painted, seen from outside by another client of the server, beside the Alt-Tab list of xfwm4 with
+// previews of the same windows and the bare copying of their pictures.
+//
+// "Painted" is the last drawing on any preview before a tenth of a second without any; the previews
+// are then looked at, and a trial in which one does not show its window is counted as wrong.
+#include <QtCore/QCommandLineParser>
+#include <QtCore/QCoreApplication>
+
+#include <algorithm>
+#include <csignal>
+#include <cstdio>
+#include <functional>
+#include <xcb/xtest.h>
+
+#include "Desk.h"
+#include "support/BareCopy.h"
+#include "support/PaintWatch.h"
+
+using namespace lumbrix::privatedesk;
+using lumbrix::bench::BareCopy;
+using lumbrix::bench::Clock;
+using lumbrix::bench::PaintWatch;
+
+namespace
+{
+
+using namespace std::chrono_literals;
+using Milliseconds = std::chrono::duration<double, std::milli>;
+
+constexpr QSize windowSize(1280, 800);
+constexpr auto quiet = 100ms;
+constexpr std::uint8_t tabKey = 23; // the evdev key codes of Xvfb's keyboard
+constexpr std::uint8_t altKey = 64;
+
+struct Figures {
+    std::vector<double> mapped;  ///< milliseconds to the last preview's mapping
+    std::vector<double> painted; ///< milliseconds to the last drawing
+    int wrong = 0;
+};
+
+double quantile(std::vector<double> values, double part)
+{
+    if (values.empty())
+        return 0;
+    std::sort(values.begin(), values.end());
+    return values[static_cast<std::size_t>(part * static_cast<double>(values.size() - 1) + 0.5)];
+}
+
+double median(const std::vector<double>& values) { return quantile(values, 0.5); }
+
+class Hovering
+{
+public:
+    Hovering(int trials, bool isVerbose)
+        : m_trials(trials), m_isVerbose(isVerbose),
+          m_desk({"bench_hover",
+                  DockKind::Plank,
+                  Edge::Bottom,
+                  {{1920, 1080}, WindowManager::Xfwm4, true}}),
+          m_display(m_desk.display()), m_watch(m_display.name())
+    {
+        m_desk.startLumbrix({{QStringLiteral("displayDelay"), QStringLiteral("0")}});
+    }
+
+    void measure(int count)
+    {
+        const auto application = m_desk.launch(QStringLiteral("beta"));
+        for (int i = 0; i < count; ++i)
+            application->open("window " + QByteArray::number(i + 1),
+                              QColor::fromHsv(i * 47 % 360, 255, 230),
+                              {windowSize, {20 + 30 * i, 20 + 10 * i}});
+        std::vector<xcb_window_t> ids;
+        for (const AppWindow& window : application->windows())
+            ids.push_back(window.id);
+        const auto icon = m_desk.iconOf(*application);
+        if (!icon)
+            qFatal("Plank shows no icon");
+        m_icon = *icon;
+
+        BareCopy copier(m_display.name(), ids, windowSize);
+        std::vector<double> bare;
+        for (int i = 0; i < m_trials; ++i)
+            bare.push_back(Milliseconds(copier.copyAll()).count());
+        m_bare = median(bare);
+
+        const auto repaint = [&] {
+            for (const AppWindow& window : std::vector(application->windows()))
+                application->setColour(window,
+                                       QColor::fromHsv((window.colour.hue() + 61) % 360, 255, 230));
+        };
+        hover(
+            *application, [] {}, [] {}, 3); // the first ones also load what all need
+        std::printf(
+            "\n%d window%s of %dx%d                      mapped    painted   slowest tenth\n",
+            count, count == 1 ? "" : "s", windowSize.width(), windowSize.height());
+        std::printf("  bare copying through MIT-SHM                    %7.2f ms\n", m_bare);
+        const Figures switcher = switchWindows();
+        m_yardstick = median(switcher.painted);
+        print("xfwm4's Alt-Tab with previews", switcher);
+        print("Lumbrix, windows unchanged",
+              hover(
+                  *application, [] {}, [this] { approach(); }, m_trials));
+        print("Lumbrix, all windows repainted before",
+              hover(
+                  *application, repaint, [this] { approach(); }, m_trials));
+        print("Lumbrix, the same, pointer out of nowhere",
+              hover(
+                  *application, repaint, [] {}, m_trials));
+    }
+
+private:
+    /// Moves on the way to the icon as a hand does, and stops short of the Dock.
+    void approach() { m_display.moveTo(m_icon - QPoint(0, 110)); }
+
+    void send(std::uint8_t type, std::uint8_t detail, QPoint at = {})
+    {
+        xcb_test_fake_input(m_display.connection(), type, detail, XCB_CURRENT_TIME,
+                            m_display.root(), static_cast<std::int16_t>(at.x()),
+                            static_cast<std::int16_t>(at.y()), 0);
+        xcb_flush(m_display.connection());
+    }
+
+    /// Waits until nothing was mapped or painted for a while.
+    void settle(std::chrono::milliseconds timeout)
+    {
+        m_display.waitFor([this] { return Clock::now() - m_watch.lastEvent() > quiet; }, timeout);
+    }
+
+    Figures hover(const Application& application, const std::function<void()>& prepare,
+                  const std::function<void()>& approach, int trials)
+    {
+        Figures figures;
+        for (int i = 0; i < trials; ++i) {
+            m_desk.park();
+            m_display.waitFor([this] { return m_display.panels().empty(); }, 5s);
+            prepare();
+            settle(2s);
+            approach();
+            m_watch.clear();
+            const auto start = Clock::now();
+            send(XCB_MOTION_NOTIFY, 0, m_icon);
+            // Looked at only after everything happened, so as not to disturb it.
+            settle(400ms);
+            const auto shown = m_display.previews();
+            note(figures, start, [&shown](xcb_window_t window) {
+                return std::ranges::any_of(
+                    shown, [window](const Panel& panel) { return panel.id == window; });
+            });
+            if (!isRight(application, shown))
+                ++figures.wrong;
+        }
+        m_desk.park();
+        return figures;
+    }
+
+    Figures switchWindows()
+    {
+        Figures figures;
+        for (int i = 0; i < m_trials; ++i) {
+            settle(2s);
+            send(XCB_KEY_PRESS, altKey);
+            m_watch.clear();
+            const auto start = Clock::now();
+            send(XCB_KEY_PRESS, tabKey);
+            settle(400ms);
+            const std::size_t before = figures.painted.size();
+            note(figures, start, [](xcb_window_t) { return true; });
+            if (figures.painted.size() == before)
+                ++figures.wrong;
+            send(XCB_KEY_RELEASE, tabKey);
+            send(XCB_KEY_RELEASE, altKey);
+        }
+        return figures;
+    }
+
+    void note(Figures& figures, Clock::time_point start,
+              const std::function<bool(xcb_window_t)>& counts)
+    {
+        double mapped = 0;
+        double painted = 0;
+        if (m_isVerbose)
+            std::printf("   ");
+        for (const PaintWatch::Event& event : m_watch.events()) {
+            if (!counts(event.window))
+                continue;
+            const double time = Milliseconds(event.at - start).count();
+            if (m_isVerbose)
+                std::printf(" %c%x@%.2f", "mup"[static_cast<int>(event.kind)],
+                            event.window & 0xffffU, time);
+            if (event.kind == PaintWatch::Event::Kind::Mapped)
+                mapped = time;
+            else if (event.kind == PaintWatch::Event::Kind::Painted)
+                painted = time;
+        }
+        if (m_isVerbose)
+            std::printf("\n");
+        if (mapped == 0 || painted == 0)
+            return;
+        figures.mapped.push_back(mapped);
+        figures.painted.push_back(painted);
+    }
+
+    bool isRight(const Application& application, const std::vector<Panel>& shown)
+    {
+        const auto& windows = application.windows();
+        return shown.size() == windows.size() &&
+               std::ranges::all_of(windows, [&](const AppWindow& window) {
+                   const auto panel = std::ranges::find(shown, window.title, &Panel::title);
+                   if (panel == shown.end())
+                       return false;
+                   const QImage picture = m_display.picture(panel->geometry);
+                   const QRgb top = picture.pixel(picture.width() / 2, picture.height() / 3);
+                   const QColor expected = window.colour.toRgb();
+                   return std::abs(qRed(top) - expected.red()) < 24 &&
+                          std::abs(qGreen(top) - expected.green()) < 24 &&
+                          std::abs(qBlue(top) - expected.blue()) < 24;
+               });
+    }
+
+    void print(const char* name, const Figures& figures) const
+    {
+        std::printf("  %-42s %7.2f   %7.2f   %7.2f ms   %.2f x xfwm4  %.1f x bare", name,
+                    median(figures.mapped), median(figures.painted), quantile(figures.painted, 0.9),
+                    m_yardstick > 0 ? median(figures.painted) / m_yardstick : 0.0,
+                    median(figures.painted) / m_bare);
+        if (figures.wrong)
+            std::printf("   %d of %d WRONG", figures.wrong, m_trials);
+        std::printf("\n");
+    }
+
+    int m_trials;
+    bool m_isVerbose; ///< prints when each window was mapped (m) and painted (p)
+    Desk m_desk;
+    Display& m_display;
+    PaintWatch m_watch;
+    QPoint m_icon;
+    double m_bare = 0;
+    double m_yardstick = 0;
+};
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    std::signal(SIGPIPE, SIG_IGN);
+    std::setvbuf(stdout, nullptr, _IOLBF, 0);
+    const QCoreApplication application(argc, argv);
+    QCommandLineParser parser;
+    parser.addHelpOption();
+    parser.addOptions({{QStringLiteral("trials"), QStringLiteral("Trials of each kind."),
+                        QStringLiteral("N"), QStringLiteral("21")},
+                       {QStringLiteral("windows"), QStringLiteral("Only with so many windows."),
+                        QStringLiteral("N")},
+                       {QStringLiteral("verbose"), QStringLiteral("Print every event seen.")}});
+    parser.process(application);
+    Hovering hovering(std::max(1, parser.value(QStringLiteral("trials")).toInt()),
+                      parser.isSet(QStringLiteral("verbose")));
+    if (parser.isSet(QStringLiteral("windows"))) {
+        hovering.measure(std::clamp(parser.value(QStringLiteral("windows")).toInt(), 1, 15));
+        return 0;
+    }
+    for (const int count : {1, 5, 15})
+        hovering.measure(count);
+    return 0;
+}

@@ -1,0 +1,50 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// The pictures of the previews, brought without keeping the main thread waiting.
+#pragma once
+
+#include <QtCore/QSize>
+
+#include <functional>
+#include <memory>
+
+#include "model/SWElement.h"
+
+namespace lumbrix
+{
+
+class LXHandler;
+class ScreenyView;
+using ScreenyViewPtr = std::shared_ptr<ScreenyView>;
+
+/// Main thread. Outlives every preview.
+class PictureLoader
+{
+public:
+    explicit PictureLoader(LXHandler& handler);
+    ~PictureLoader();
+
+    /// Gives every shown preview that has no picture that of its window: at once where nothing has
+    /// to be copied, else as soon as a thread has done that. Until then the preview is on screen
+    /// but not painted, though not for long: one whose picture is slow to come is painted without.
+    /// To be called between arranging the previews, which decides how large the pictures are, and
+    /// showing them.
+    void loadMissing();
+    /// Captures the window of the preview; the picture lands in the window's screenshot, now or
+    /// later.
+    void updateScreenshot(const ScreenyView& preview);
+
+private:
+    class Queue;
+
+    void load(const ScreenyViewPtr& preview);
+    void captureLater(const SWElementPtr& window, QSize limit,
+                      std::function<void(const QImage&)> done);
+    void paintHeldSoon();
+
+    LXHandler& m_handler;
+    std::shared_ptr<Queue> m_queue;
+};
+
+} // namespace lumbrix

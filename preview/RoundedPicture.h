@@ -1,0 +1,19 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// A picture with rounded corners and a thin outline, ready to be put on the screen.
+#pragma once
+
+#include <QtGui/QColor>
+#include <QtGui/QImage>
+
+namespace lumbrix
+{
+
+/// Rounds the corners of the picture and draws the outline inside its edges; both sizes in pixels.
+/// Only edges are touched, so this takes little more than copying the picture.
+/// The result is ARGB32_Premultiplied; its device pixel ratio is 1. Null for a null picture.
+QImage roundedPicture(const QImage& picture, qreal radius, const QColor& outline,
+                      qreal outlineWidth);
+
+} // namespace lumbrix
