@@ -124,10 +124,21 @@ private:
         xcb_flush(m_display.connection());
     }
 
-    /// Waits until nothing was mapped or painted for a while.
-    void settle(std::chrono::milliseconds timeout)
+    /// Waits until nothing was mapped or painted for a while, and then for what is to be seen.
+    void settle(const std::function<bool()>& isSeen = [] { return true; })
     {
-        m_display.waitFor([this] { return Clock::now() - m_watch.lastEvent() > quiet; }, timeout);
+        m_display.waitFor([&] { return Clock::now() - m_watch.lastEvent() > quiet && isSeen(); },
+                          2s);
+    }
+
+    /// Asks the server, so not while something is measured.
+    bool arePainted(std::size_t count)
+    {
+        const auto shown = m_display.previews();
+        const auto painted = m_watch.paintedWindows();
+        return shown.size() == count && std::ranges::all_of(shown, [&](const Panel& panel) {
+                   return painted.contains(panel.id);
+               });
     }
 
     Figures hover(const Application& application, const std::function<void()>& prepare,
@@ -138,13 +149,13 @@ private:
             m_desk.park();
             m_display.waitFor([this] { return m_display.panels().empty(); }, 5s);
             prepare();
-            settle(2s);
+            settle();
             approach();
             m_watch.clear();
             const auto start = Clock::now();
             send(XCB_MOTION_NOTIFY, 0, m_icon);
             // Looked at only after everything happened, so as not to disturb it.
-            settle(400ms);
+            settle([&] { return arePainted(application.windows().size()); });
             const auto shown = m_display.previews();
             note(figures, start, [&shown](xcb_window_t window) {
                 return std::ranges::any_of(
@@ -161,12 +172,12 @@ private:
     {
         Figures figures;
         for (int i = 0; i < m_trials; ++i) {
-            settle(2s);
+            settle();
             send(XCB_KEY_PRESS, altKey);
             m_watch.clear();
             const auto start = Clock::now();
             send(XCB_KEY_PRESS, tabKey);
-            settle(400ms);
+            settle([this] { return !m_watch.paintedWindows().empty(); });
             const std::size_t before = figures.painted.size();
             note(figures, start, [](xcb_window_t) { return true; });
             if (figures.painted.size() == before)
@@ -215,9 +226,13 @@ private:
                    const QImage picture = m_display.picture(panel->geometry);
                    const QRgb top = picture.pixel(picture.width() / 2, picture.height() / 3);
                    const QColor expected = window.colour.toRgb();
-                   return std::abs(qRed(top) - expected.red()) < 24 &&
-                          std::abs(qGreen(top) - expected.green()) < 24 &&
-                          std::abs(qBlue(top) - expected.blue()) < 24;
+                   const bool isRight = std::abs(qRed(top) - expected.red()) < 24 &&
+                                        std::abs(qGreen(top) - expected.green()) < 24 &&
+                                        std::abs(qBlue(top) - expected.blue()) < 24;
+                   if (!isRight && m_isVerbose)
+                       std::printf("    %s is %06x instead of %06x\n", panel->title.constData(),
+                                   top & 0xffffffU, expected.rgb() & 0xffffffU);
+                   return isRight;
                });
     }
 

@@ -59,6 +59,16 @@ std::vector<PaintWatch::Event> PaintWatch::events() const
     return m_events;
 }
 
+std::set<xcb_window_t> PaintWatch::paintedWindows() const
+{
+    std::set<xcb_window_t> painted;
+    for (const Event& event : events()) {
+        if (event.kind == Event::Kind::Painted)
+            painted.insert(event.window);
+    }
+    return painted;
+}
+
 Clock::time_point PaintWatch::lastEvent() const
 {
     const std::lock_guard lock(m_mutex);

@@ -40,6 +40,8 @@ public:
     /// Forgets what was seen so far. Any thread, as the next.
     void clear();
     std::vector<Event> events() const;
+    /// The windows that something was drawn on.
+    std::set<xcb_window_t> paintedWindows() const;
     /// When the last event came; the time of clear() when none has come since.
     Clock::time_point lastEvent() const;
 

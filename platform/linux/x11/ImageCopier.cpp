@@ -37,13 +37,6 @@ bool isLocal(const Connection& connection)
            address.ss_family == AF_UNIX;
 }
 
-/// The server leaves anything in the unused byte of depth 24; painting takes it for opacity.
-void makeOpaque(std::uint32_t* pixels, std::size_t count)
-{
-    for (std::size_t i = 0; i < count; ++i)
-        pixels[i] |= 0xff000000U;
-}
-
 } // namespace
 
 struct ImageCopier::Segment {
@@ -201,8 +194,6 @@ QImage ImageCopier::copy(xcb_drawable_t drawable, const QRect& rect, int depth)
             m_pool->isUsable = false;
         return image;
     }
-    if (depth == 24)
-        makeOpaque(segment.pixels, count);
     return image;
 }
 
@@ -223,11 +214,8 @@ QImage ImageCopier::copyThroughSocket(xcb_drawable_t drawable, const QRect& rect
     const std::size_t count = static_cast<std::size_t>(rect.width()) * rect.height();
     if (!reply || static_cast<std::size_t>(xcb_get_image_data_length(reply.get())) < count * 4)
         return {};
-    auto* pixels = reinterpret_cast<std::uint32_t*>(xcb_get_image_data(reply.get()));
-    if (format == QImage::Format_RGB32)
-        makeOpaque(pixels, count);
     return QImage(
-        reinterpret_cast<uchar*>(pixels), rect.width(), rect.height(),
+        xcb_get_image_data(reply.get()), rect.width(), rect.height(),
         static_cast<qsizetype>(rect.width()) * 4, format, [](void* memory) { std::free(memory); },
         reply.release());
 }

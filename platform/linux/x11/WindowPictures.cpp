@@ -21,6 +21,18 @@ bool isPreviewable(const TrackedWindow& window)
     return window.type != WindowType::Dock && window.type != WindowType::Desktop;
 }
 
+/// Painting takes the unused byte of RGB32 for opacity.
+void makeOpaque(QImage& picture)
+{
+    if (picture.format() != QImage::Format_RGB32)
+        return;
+    for (int y = 0; y < picture.height(); ++y) {
+        auto* line = reinterpret_cast<QRgb*>(picture.scanLine(y));
+        for (int x = 0; x < picture.width(); ++x)
+            line[x] |= 0xff000000U;
+    }
+}
+
 /// The picture in memory of its own, no larger than the limit.
 QImage reduced(const QImage& picture, QSize limit)
 {
@@ -28,7 +40,13 @@ QImage reduced(const QImage& picture, QSize limit)
                                    static_cast<double>(limit.height()) / picture.height()});
     const QSize size(std::max(1, qRound(picture.width() * scale)),
                      std::max(1, qRound(picture.height() * scale)));
-    QImage result = size == picture.size() ? picture.copy() : scaledPicture(picture, size);
+    QImage result;
+    if (size == picture.size()) {
+        result = picture.copy();
+        makeOpaque(result);
+    } else {
+        result = scaledPicture(picture, size);
+    }
     result.setDevicePixelRatio(picture.devicePixelRatio());
     return result;
 }
@@ -186,12 +204,14 @@ QImage WindowPictures::refresh(Picture& picture, xcb_window_t id, QSize limit)
     if (!picture.whole.isNull() && !picture.isDirty) {
         image = reduced(picture.whole, limit);
     } else if (picture.pixmap) {
-        const QImage copied = copy(picture, *window);
+        QImage copied = copy(picture, *window);
         if (copied.isNull())
             return image;
         // What was kept for another limit shows less than this.
         picture.reduced = QImage();
         picture.whole = QImage();
+        if (limit.isEmpty())
+            makeOpaque(copied);
         image = limit.isEmpty() ? copied : reduced(copied, limit);
     }
     if (image.isNull())
