@@ -3,6 +3,7 @@
 
 #include "preview/InterfaceFile.h"
 
+#include <QtCore/QCoreApplication>
 #include <QtCore/QFile>
 #include <QtUiTools/QUiLoader>
 
@@ -41,12 +42,7 @@ constexpr std::array WidgetClasses{
 class Loader : public QUiLoader
 {
 public:
-    Loader()
-    {
-        // Plug-ins would be searched for on disk at every start.
-        clearPluginPaths();
-        setLanguageChangeEnabled(false);
-    }
+    Loader() { setLanguageChangeEnabled(false); }
 
     QWidget* createWidget(const QString& className, QWidget* parent, const QString& name) override
     {
@@ -61,6 +57,17 @@ public:
     }
 };
 
+/// A loader looks for plug-ins on disk when it is made, and loads the libraries behind every widget
+/// they offer (a whole scene-graph toolkit, where the form editor is installed). None is wanted.
+std::unique_ptr<Loader> makeLoader()
+{
+    const QStringList paths = QCoreApplication::libraryPaths();
+    QCoreApplication::setLibraryPaths({});
+    auto loader = std::make_unique<Loader>();
+    QCoreApplication::setLibraryPaths(paths);
+    return loader;
+}
+
 } // namespace
 
 std::unique_ptr<QWidget> loadInterface(const QString& name)
@@ -68,7 +75,8 @@ std::unique_ptr<QWidget> loadInterface(const QString& name)
     QFile file(u":/interfaces/%1.ui"_qs.arg(name));
     if (!file.open(QIODevice::ReadOnly))
         return nullptr;
-    Loader loader;
+    static const std::unique_ptr<Loader> kept = makeLoader();
+    Loader& loader = *kept;
     return std::unique_ptr<QWidget>(loader.load(&file));
 }
 

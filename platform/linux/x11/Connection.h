@@ -65,6 +65,11 @@ public:
     /// The server is gone; every request fails from then on.
     bool isBroken() const { return xcb_connection_has_error(m_connection) != 0; }
     void flush() const { xcb_flush(m_connection); }
+    /// What is common to the resources of one client.
+    std::uint32_t clientOf(std::uint32_t resource) const
+    {
+        return resource & ~xcb_get_setup(m_connection)->resource_id_mask;
+    }
     std::uint32_t newId() const { return xcb_generate_id(m_connection); }
     /// Whether a number is one of those that this connection may give.
     bool isOwn(std::uint32_t id) const

@@ -27,8 +27,8 @@ public:
     ~ImageCopier();
 
     /// Null when the drawable is gone, `rect` is not inside it, or its depth is not 24 or 32.
-    /// Depth 24 gives RGB32 whose unused byte holds anything, which painting would take for opacity;
-    /// depth 32 gives ARGB32_Premultiplied.
+    /// Depth 24 gives RGB32 whose unused byte holds anything, which painting would take for
+    /// opacity; depth 32 gives ARGB32_Premultiplied.
     QImage copy(xcb_drawable_t drawable, const QRect& rect, int depth);
     /// Gives back the memory of the segments that wait.
     void releaseIdle();

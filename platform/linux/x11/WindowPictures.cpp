@@ -3,13 +3,16 @@
 
 #include "platform/linux/x11/WindowPictures.h"
 
-#include "platform/linux/x11/Connection.h"
 #include "platform/PictureScaler.h"
+#include "platform/linux/x11/Connection.h"
 
 #include <xcb/composite.h>
 
 #include <algorithm>
 #include <chrono>
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
 
 namespace lumbrix::platform::x11
 {
@@ -26,11 +29,17 @@ void makeOpaque(QImage& picture)
 {
     if (picture.format() != QImage::Format_RGB32)
         return;
-    for (int y = 0; y < picture.height(); ++y) {
-        auto* line = reinterpret_cast<QRgb*>(picture.scanLine(y));
-        for (int x = 0; x < picture.width(); ++x)
-            line[x] |= 0xff000000U;
+    auto* pixel = reinterpret_cast<QRgb*>(picture.bits()); // of 32 bits, so lines end without a gap
+    auto left =
+        static_cast<std::size_t>(picture.width()) * static_cast<std::size_t>(picture.height());
+    // In blocks of a known length, which the compiler gives to wide registers.
+    constexpr std::size_t block = 16;
+    for (; left >= block; left -= block, pixel += block) {
+        for (std::size_t i = 0; i < block; ++i)
+            pixel[i] |= 0xff000000U;
     }
+    for (std::size_t i = 0; i < left; ++i)
+        pixel[i] |= 0xff000000U;
 }
 
 /// The picture in memory of its own, no larger than the limit.
@@ -82,7 +91,6 @@ struct WindowPictures::Picture {
     QImage whole;
     Seconds reducedUsed = 0;
     Seconds wholeUsed = 0;
-    Seconds lastPinged = -kPingInterval;
 
     /// What is known for the limit; null when that is nothing.
     QImage known(QSize wanted)
@@ -168,16 +176,19 @@ std::optional<QImage> WindowPictures::atHand(xcb_window_t window, QSize limit)
 void WindowPictures::noteUse(Picture& picture, xcb_window_t window, QSize limit)
 {
     const Seconds now = m_runLoop.now();
-    if (limit.isEmpty()) {
-        picture.wholeUsed = now;
-    } else {
-        picture.reducedUsed = now;
+    (limit.isEmpty() ? picture.wholeUsed : picture.reducedUsed) = now;
+    {
         const std::lock_guard lock(m_workMutex);
-        m_lastLimit = limit;
+        if (!limit.isEmpty())
+            m_lastLimit = limit;
+        if (m_lastPinged.size() > 100) // long gone, most of them
+            m_lastPinged.clear();
+        Seconds& last =
+            m_lastPinged.try_emplace(m_captures.clientOf(window), -kPingInterval).first->second;
+        if (now - last < kPingInterval)
+            return;
+        last = now;
     }
-    if (now - picture.lastPinged < kPingInterval)
-        return;
-    picture.lastPinged = now;
     m_tracker.ping(window); // shows a stopped client as not responding
 }
 
@@ -243,6 +254,7 @@ QImage WindowPictures::copy(Picture& picture, const TrackedWindow& before)
         return image;
     image.setDevicePixelRatio(m_pixelsPerPoint);
     ++m_copyCount;
+    m_lastCopied = m_runLoop.now();
     return image;
 }
 
@@ -369,18 +381,21 @@ std::optional<Seconds> WindowPictures::dropUnused()
         else
             image = QImage();
     };
-    Seconds lastUsed = 0;
     for (const PicturePtr& picture : pictures) {
         const std::lock_guard lock(picture->mutex);
         drop(picture->whole, picture->wholeUsed + kKeepWhole);
         drop(picture->reduced, picture->reducedUsed + kKeepReduced);
-        lastUsed = std::max({lastUsed, picture->wholeUsed, picture->reducedUsed});
     }
-    // While a row is up, pictures are asked for every half second.
-    if (lastUsed + kKeepWhole <= now)
+    // While a row is up, what changes is copied every half second.
+    const Seconds copiesEnd = m_lastCopied + kKeepWhole;
+    if (copiesEnd <= now)
         m_copier.releaseIdle();
     else
-        next = std::min(next.value_or(lastUsed + kKeepWhole), lastUsed + kKeepWhole);
+        next = std::min(next.value_or(copiesEnd), copiesEnd);
+#ifdef __GLIBC__
+    if (!next)
+        malloc_trim(0); // what pictures and their panels needed, for the long time until the next
+#endif
     return next;
 }
 

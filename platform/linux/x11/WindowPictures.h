@@ -37,6 +37,8 @@ class Connection;
 /// was last asked for, a whole one for kKeepWhole; the worker wakes up for that, and not at all
 /// when there is no image. Nothing is lost: the next capture copies the pixmap again.
 ///
+/// A client whose windows are asked for is pinged at times, so that a stopped one shows as such.
+///
 /// `events` belongs to the event thread; `captures` is this object's own, without an event thread.
 class WindowPictures final : public EventHandler, public WindowListener
 {
@@ -109,6 +111,7 @@ private:
     const double m_pixelsPerPoint;
     std::atomic<bool> m_isCompositorRunning;
     std::atomic<std::uint64_t> m_copyCount = 0;
+    std::atomic<Seconds> m_lastCopied = -kKeepWhole;
     ImageCopier m_copier;
     std::unordered_map<xcb_damage_damage_t, PicturePtr> m_byDamage; ///< event thread
 
@@ -117,10 +120,11 @@ private:
 
     std::mutex m_workMutex;
     std::condition_variable m_workArrived;
-    std::unordered_set<xcb_window_t> m_toName;     // guarded by m_workMutex
-    std::unordered_set<xcb_window_t> m_toPrefetch; // guarded by m_workMutex
-    QSize m_lastLimit;                             // guarded by m_workMutex
-    bool m_isStopping = false;                     // guarded by m_workMutex
+    std::unordered_set<xcb_window_t> m_toName;               // guarded by m_workMutex
+    std::unordered_set<xcb_window_t> m_toPrefetch;           // guarded by m_workMutex
+    std::unordered_map<std::uint32_t, Seconds> m_lastPinged; ///< by client; guarded by m_workMutex
+    QSize m_lastLimit;                                       // guarded by m_workMutex
+    bool m_isStopping = false;                               // guarded by m_workMutex
     /// Guarded by m_workMutex. The worker has a time to look for images to drop, or must set one.
     bool m_isDropDue = false;
     JoinableThread m_worker;

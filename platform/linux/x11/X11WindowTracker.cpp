@@ -149,16 +149,24 @@ void X11WindowTracker::handleEvent(const xcb_generic_event_t& event)
         windowDestroyed(reinterpret_cast<const xcb_destroy_notify_event_t&>(event).window);
         break;
     case XCB_CLIENT_MESSAGE:
-        if (const auto window = m_pinger.answerIn(event)) {
-            WindowRecord* record = recordOf(*window);
-            if (record && !record->isResponding) {
-                record->isResponding = true;
-                m_isChanged = true;
-            }
-        }
+        if (const auto window = m_pinger.answerIn(event))
+            setResponding(*window, true);
         break;
     default:
         break;
+    }
+}
+
+void X11WindowTracker::setResponding(xcb_window_t answerer, bool isResponding)
+{
+    // A client answers for all its windows or for none.
+    const std::uint32_t client = m_connection.clientOf(answerer);
+    for (const auto& [id, record] : m_records) {
+        if (record->canPing && record->isResponding != isResponding &&
+            m_connection.clientOf(id) == client) {
+            record->isResponding = isResponding;
+            m_isChanged = true;
+        }
     }
 }
 
@@ -223,12 +231,8 @@ void X11WindowTracker::windowDestroyed(xcb_window_t window)
 
 void X11WindowTracker::eventsHandled()
 {
-    for (const xcb_window_t window : m_pinger.takeLate(m_runLoop.now())) {
-        if (WindowRecord* record = recordOf(window)) {
-            record->isResponding = false;
-            m_isChanged = true;
-        }
-    }
+    for (const xcb_window_t window : m_pinger.takeLate(m_runLoop.now()))
+        setResponding(window, false);
     if (m_isSetDirty)
         updateSet();
     fetchDirty();

@@ -68,6 +68,7 @@ private:
     WindowRecord* recordOf(xcb_window_t id);
     WindowRecord* recordOfFrame(xcb_window_t frame);
 
+    void setResponding(xcb_window_t answerer, bool isResponding);
     void propertyChanged(const xcb_property_notify_event_t& event);
     void configured(const xcb_configure_notify_event_t& event);
     void mappingChanged(xcb_window_t window, bool isMapped);
