@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 // Lumbrix: live previews of an application's windows beside its Dock icon.
+#include <QtGui/QPixmapCache>
 #include <QtWidgets/QApplication>
 
 #include <cstdio>
@@ -64,6 +65,9 @@ int main(int argc, char** argv)
     QApplication::setApplicationVersion(QStringLiteral(LUMBRIX_VERSION));
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication application(argc, argv);
+    // Two dozen panels' backgrounds; what is drawn for sizes and states that come up no more need
+    // not be kept as long as the toolkit would.
+    QPixmapCache::setCacheLimit(4 * 1024);
 
     platform::QtRunLoop runLoop;
     platform::LinuxDesktopOptions options;

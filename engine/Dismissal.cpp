@@ -68,6 +68,7 @@ void Dismissal::mouseExited()
 
 void Dismissal::mouseExitedToOtherIcon()
 {
+    m_handler.cancelMouseChecker();
     m_handler.setCurrentDockElement(nullptr);
     removeAllScreenViews();
 }

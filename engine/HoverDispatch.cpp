@@ -31,6 +31,7 @@ void HoverDispatch::iconHovered(const SWElementPtr& element)
         engine.startMouseChecker(element);
         return;
     }
+    engine.cancelMouseChecker(); // of an icon that the mouse only passed
     engine.invalidateTabExitTimer();
     engine.invalidateExitTimer();
     if (isConfirmed && engine.checkIfPreviewsAreHovered(false))
@@ -134,6 +135,7 @@ void HoverDispatch::lumbrixIconHovered(const SWElementPtr& element)
 void HoverDispatch::minimizedIconHovered(const SWElementPtr& element)
 {
     LXHandler& engine = m_handler;
+    engine.cancelMouseChecker();
     engine.setCurrentDockElement(element);
     engine.invalidateTabExitTimer();
     engine.invalidateExitTimer();

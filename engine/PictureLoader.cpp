@@ -81,11 +81,30 @@ PictureLoader::~PictureLoader() { platform::desktop().runLoop.cancelPreviousPerf
 
 void PictureLoader::loadMissing()
 {
+    m_waiting = 0;
+    ++m_round;
     for (const ScreenyViewPtr& preview : m_handler.screenyViews()) {
         if (preview->elementRef() && preview->image().isNull())
             load(preview);
     }
-    paintHeldSoon();
+    if (m_waiting == 0) {
+        letGo();
+        return;
+    }
+    // The server does one thing after the other. A panel that it shows while it has pictures to
+    // copy keeps it, and the compositor, from copying the others.
+    for (const ScreenyViewPtr& preview : m_handler.screenyViews())
+        preview->setHeld(true);
+    platform::RunLoop& runLoop = platform::desktop().runLoop;
+    runLoop.cancelPreviousPerformRequests(this);
+    runLoop.performAfterDelay(this, longestHold, [this] { letGo(); });
+}
+
+void PictureLoader::letGo()
+{
+    platform::desktop().runLoop.cancelPreviousPerformRequests(this);
+    for (const ScreenyViewPtr& preview : m_handler.screenyViews())
+        preview->setHeld(false);
 }
 
 void PictureLoader::load(const ScreenyViewPtr& preview)
@@ -95,20 +114,22 @@ void PictureLoader::load(const ScreenyViewPtr& preview)
         preview->setImage(window->screenshot());
         return;
     }
-    preview->setHeld(true);
+    ++m_waiting;
     platform::RunLoop& runLoop = platform::desktop().runLoop;
     captureLater(window, preview->pictureLimit(),
-                 [window, weak = std::weak_ptr(preview), &runLoop](const QImage& picture) {
+                 [this, window, weak = std::weak_ptr(preview), round = m_round,
+                  alive = std::weak_ptr(m_alive), &runLoop](const QImage& picture) {
                      runLoop.performOnMainThread(
-                         [window, picture, weak] {
-                             const ScreenyViewPtr shown = weak.lock();
+                         [this, window, picture, weak, round, alive] {
+                             if (alive.expired())
+                                 return;
                              // It may be the preview of something else by now, or have something
                              // better to show.
-                             if (!shown || shown->elementRef() != window)
-                                 return;
-                             if (shown->image().isNull())
+                             const ScreenyViewPtr shown = weak.lock();
+                             if (shown && shown->elementRef() == window && shown->image().isNull())
                                  shown->setImage(picture);
-                             shown->setHeld(false);
+                             if (round == m_round && --m_waiting == 0)
+                                 letGo();
                          },
                          false);
                  });
@@ -127,19 +148,6 @@ void PictureLoader::captureLater(const SWElementPtr& window, QSize limit,
     if (m_queue->add({window, limit, std::move(done)}))
         platform::desktop().runLoop.detachThread(
             "capture", [queue = m_queue](const platform::Thread&) { queue->work(); });
-}
-
-void PictureLoader::paintHeldSoon()
-{
-    platform::RunLoop& runLoop = platform::desktop().runLoop;
-    runLoop.cancelPreviousPerformRequests(this);
-    if (std::ranges::none_of(m_handler.screenyViews(),
-                             [](const ScreenyViewPtr& preview) { return preview->isHeld(); }))
-        return;
-    runLoop.performAfterDelay(this, longestHold, [this] {
-        for (const ScreenyViewPtr& preview : m_handler.screenyViews())
-            preview->setHeld(false);
-    });
 }
 
 } // namespace lumbrix

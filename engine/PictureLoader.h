@@ -26,10 +26,10 @@ public:
     ~PictureLoader();
 
     /// Gives every shown preview that has no picture that of its window: at once where nothing has
-    /// to be copied, else as soon as a thread has done that. Until then the preview is on screen
-    /// but not painted, though not for long: one whose picture is slow to come is painted without.
-    /// To be called between arranging the previews, which decides how large the pictures are, and
-    /// showing them.
+    /// to be copied, else as soon as a thread has done that. The new ones come onto the screen
+    /// together, once all have their pictures, though never much later than they otherwise would:
+    /// one whose picture is slow to come shows none at first. To be called between arranging the
+    /// previews, which decides how large the pictures are, and showing them.
     void loadMissing();
     /// Captures the window of the preview; the picture lands in the window's screenshot, now or
     /// later.
@@ -41,10 +41,14 @@ private:
     void load(const ScreenyViewPtr& preview);
     void captureLater(const SWElementPtr& window, QSize limit,
                       std::function<void(const QImage&)> done);
-    void paintHeldSoon();
+    /// Lets the held previews go once there is nothing more to wait for.
+    void letGo();
 
     LXHandler& m_handler;
     std::shared_ptr<Queue> m_queue;
+    const std::shared_ptr<bool> m_alive = std::make_shared<bool>(true); ///< as long as this
+    int m_waiting = 0; ///< pictures that this round still has to bring
+    int m_round = 0;   ///< which of the waits this is; what an earlier one brings late ends none
 };
 
 } // namespace lumbrix

@@ -84,6 +84,14 @@ void MAWindow::orderFrontRegardless()
     prepareToShow();
     std::erase(frontPanels(), this);
     frontPanels().push_back(this);
+    if (m_isHeld && !isVisible())
+        m_isDue = true;
+    if (!m_isDue)
+        bringOntoScreen();
+}
+
+void MAWindow::bringOntoScreen()
+{
     // A tool window that is shown is raised before it is mapped.
     if (!QWidget::isVisible()) {
         show();
@@ -92,7 +100,12 @@ void MAWindow::orderFrontRegardless()
     raise();
     if (std::exchange(m_isAway, false)) {
         platform::desktop().windowServer.setOnScreen(internalWinId(), true);
-        return;
+        // The server will ask for the content, but behind all that the compositor does about new
+        // windows. It takes what follows in its order, so it can have the content unasked.
+        setAttribute(Qt::WA_Mapped);
+        m_isExposed = true;
+        m_isAhead = true;
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::UpdateLater);
     }
     // One that is on screen already may show something else by now, and elsewhere. Painted in a
     // later pass of the loop, its former content would be seen in the new place.
@@ -123,32 +136,29 @@ void MAWindow::orderBelow(MAWindow&)
 
 void MAWindow::orderOut()
 {
-    if (!isVisible())
-        return;
-    if (!platform::desktop().windowServer.setOnScreen(internalWinId(), false)) {
+    const bool isOnScreen = QWidget::isVisible() && !m_isAway;
+    if (isOnScreen && !platform::desktop().windowServer.setOnScreen(internalWinId(), false)) {
         hide();
         return;
     }
-    m_isAway = true;
+    m_isAway = m_isAway || isOnScreen;
     wentOffScreen();
 }
 
 void MAWindow::wentOffScreen()
 {
     std::erase(frontPanels(), this);
+    m_isDue = false;
     m_isHeld = false;
     m_isExposed = false;
+    m_isAhead = false;
 }
 
 void MAWindow::setHeld(bool held)
 {
-    if (m_isHeld == held)
-        return;
     m_isHeld = held;
-    if (!held && m_isExposed && windowHandle()) {
-        QExposeEvent expose{QRegion(rect())};
-        QCoreApplication::sendEvent(windowHandle(), &expose);
-    }
+    if (!held && std::exchange(m_isDue, false))
+        bringOntoScreen();
 }
 
 void MAWindow::showEvent(QShowEvent* event)
@@ -169,7 +179,7 @@ bool MAWindow::event(QEvent* event)
 {
     // The toolkit paints a window that was just shown twice: once because its parts have changed,
     // again as soon as the server says that it can be seen. The first of these is for nothing.
-    if (event->type() == QEvent::UpdateRequest && (!m_isExposed || m_isHeld))
+    if (event->type() == QEvent::UpdateRequest && !m_isExposed)
         return true;
     return QWidget::event(event);
 }
@@ -180,8 +190,11 @@ bool MAWindow::eventFilter(QObject* watched, QEvent* event)
         !windowHandle()->isExposed())
         return QWidget::eventFilter(watched, event);
     m_isExposed = true;
-    if (m_isHeld)
+    // What it asks for here has been painted. A compositor keeps that, so it never has to be again.
+    if (m_isAhead && testAttribute(Qt::WA_Mapped)) {
+        m_isAhead = !m_shaped;
         return true;
+    }
     // What the parts have asked for by being shown is on its way as events of their own, which
     // would have it all painted once more.
     QCoreApplication::sendPostedEvents(nullptr, QEvent::UpdateLater);

@@ -38,8 +38,9 @@ public:
     /// Shows the panel above all others, whichever application is active.
     void orderFrontRegardless();
     void orderOut();
-    /// Whether it is on the screen. The toolkit, which need not know of it, may say otherwise.
-    bool isVisible() const { return QWidget::isVisible() && !m_isAway; }
+    /// Whether it is on the screen, or would be if it were not held. The toolkit, which need not
+    /// know, may say otherwise.
+    bool isVisible() const { return m_isDue || (QWidget::isVisible() && !m_isAway); }
     /// Shows this panel below every panel that was ordered front, so also below `other`, but above
     /// all windows of other programs. It does not count as ordered front.
     void orderBelow(MAWindow& other);
@@ -53,8 +54,8 @@ public:
     /// The shape source gives something else now. Does nothing while the panel is hidden.
     void updateShape();
 
-    /// A held panel is not painted, whether it is on screen or not; what was painted before stays.
-    /// A panel that goes off the screen is held no longer.
+    /// A held panel that is ordered front comes onto the screen only when it is let go; one that is
+    /// there already stays. A panel that is ordered out is held no longer.
     void setHeld(bool held);
     bool isHeld() const { return m_isHeld; }
 
@@ -81,6 +82,7 @@ protected:
 
 private:
     void prepareToShow();
+    void bringOntoScreen();
     void wentOffScreen();
     void applyShape();
 
@@ -88,9 +90,11 @@ private:
     QWidget* m_content = nullptr;
     qreal m_cornerRadius = 0;
     bool m_shaped = false;
+    bool m_isDue = false;  ///< ordered front, but held
     bool m_isAway = false; ///< taken off the screen behind the toolkit's back
     bool m_isHeld = false;
     bool m_isExposed = false; ///< has been, since it was last shown
+    bool m_isAhead = false;   ///< painted before the server asked for it
     std::function<QPainterPath()> m_shapeSource;
     QPainterPath m_maskPath; ///< what the mask was made of
     std::function<void()> m_entered;

@@ -172,6 +172,14 @@ TEST_F(Intake, movingOnWhileARowIsUp_waitsUntilTheMouseRests)
     loop.advance(1);
     EXPECT_EQ(shown(), u"Notes 2, Notes 1"_s);
     EXPECT_EQ(loop.runningThreads("mouse-checker"), 0);
+
+    // It was only passing on its way back: the row of the passed icon came up, far from the mouse.
+    hover(u"Notes"_s);
+    desk.hoverDockItem(u"Maps"_s);
+    loop.advance(0.01);
+    desk.hoverDockItem(u"Notes"_s);
+    loop.advance(1);
+    EXPECT_EQ(shown(), u"Notes 2, Notes 1"_s);
 }
 
 } // namespace

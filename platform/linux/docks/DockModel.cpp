@@ -16,6 +16,7 @@ constexpr double AttentionLasts = 10.0;    ///< seconds
 constexpr double MenuGrabLasts = 0.3;      ///< seconds
 constexpr double SynchronizeInterval = 1.0;
 constexpr std::size_t MaximalPrefetch = 30;
+constexpr double PrefetchInterval = 0.25; ///< seconds
 
 } // namespace
 
@@ -109,7 +110,7 @@ void DockModel::pointerMoved(QPoint point, xcb_window_t childOfRoot)
 {
     DockProvider* entered = nullptr;
     bool isChanged = false;
-    bool isApproach = false;
+    bool wantsPictures = false;
     {
         const std::lock_guard lock(m_mutex);
         m_pointer = point;
@@ -128,9 +129,14 @@ void DockModel::pointerMoved(QPoint point, xcb_window_t childOfRoot)
                 return !known.state->items.empty() &&
                        squaredDistance(point, known.state->extent()) <= NearDistance * NearDistance;
             });
-        isApproach = isNear && !std::exchange(m_isNear, isNear);
         if (isNear) {
-            m_attendedAt = m_runLoop.now();
+            // Also while it stays near, for what has been drawn meanwhile.
+            const double now = m_runLoop.now();
+            wantsPictures = now - m_prefetchedAt > PrefetchInterval;
+            m_attendedAt = now;
+            if (wantsPictures) {
+                m_prefetchedAt = now;
+            }
         }
     }
     if (isChanged) {
@@ -139,7 +145,7 @@ void DockModel::pointerMoved(QPoint point, xcb_window_t childOfRoot)
     if (entered != nullptr) {
         entered->pointerEntered();
     }
-    if (isApproach || isChanged) {
+    if (wantsPictures || isChanged) {
         prefetchNear(point);
     }
 }

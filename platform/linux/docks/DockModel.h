@@ -112,8 +112,8 @@ private:
     xcb_window_t m_childUnderPointer = XCB_NONE;
     xcb_window_t m_lastDock = XCB_NONE; ///< window of the dock the pointer was on last
     bool m_isOverDock = false;
-    bool m_isNear = false;
     double m_attendedAt = -1e9;
+    double m_prefetchedAt = -1e9;
     DockItemId m_selected = 0;
     DockItemId m_menuItem = 0; ///< whose menu was opened, until something else happens
     double m_menuItemLeftAt = -1e9;

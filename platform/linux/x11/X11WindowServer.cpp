@@ -130,7 +130,6 @@ bool X11WindowServer::setOnScreen(std::uintptr_t toolkitWindow, bool onScreen)
         xcb_map_window(connection, window);
     else
         xcb_unmap_window(connection, window);
-    xcb_flush(connection);
     return true;
 }
 
