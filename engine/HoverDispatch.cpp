@@ -166,6 +166,7 @@ void HoverDispatch::minimizedIconHovered(const SWElementPtr& element)
             preview->setShortcut();
         }
     }
+    engine.pictureLoader().showWhenComplete();
     armUpdateTimer(element);
 }
 
@@ -234,6 +235,7 @@ void HoverDispatch::orderFrontAll()
         preview->setShortcut();
         preview->showSpaces();
     }
+    m_handler.pictureLoader().showWhenComplete();
 }
 
 void HoverDispatch::armUpdateTimer(const SWElementPtr& element)

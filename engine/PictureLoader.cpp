@@ -87,14 +87,18 @@ void PictureLoader::loadMissing()
         if (preview->elementRef() && preview->image().isNull())
             load(preview);
     }
-    if (m_waiting == 0) {
-        letGo();
-        return;
-    }
     // The server does one thing after the other. A panel that it shows while it has pictures to
     // copy keeps it, and the compositor, from copying the others.
     for (const ScreenyViewPtr& preview : m_handler.screenyViews())
         preview->setHeld(true);
+}
+
+void PictureLoader::showWhenComplete()
+{
+    if (m_waiting == 0) {
+        letGo();
+        return;
+    }
     platform::RunLoop& runLoop = platform::desktop().runLoop;
     runLoop.cancelPreviousPerformRequests(this);
     runLoop.performAfterDelay(this, longestHold, [this] { letGo(); });

@@ -26,11 +26,13 @@ public:
     ~PictureLoader();
 
     /// Gives every shown preview that has no picture that of its window: at once where nothing has
-    /// to be copied, else as soon as a thread has done that. The new ones come onto the screen
-    /// together, once all have their pictures, though never much later than they otherwise would:
-    /// one whose picture is slow to come shows none at first. To be called between arranging the
-    /// previews, which decides how large the pictures are, and showing them.
+    /// to be copied, else as soon as a thread has done that. Holds all of them. To be called between
+    /// arranging the previews, which decides how large the pictures are, and ordering them front.
     void loadMissing();
+    /// Lets the previews come onto the screen together once all have their pictures, though never
+    /// much later than they otherwise would: one whose picture is slow to come shows none at first.
+    /// To be called when nothing more will be changed about them, or they are painted twice.
+    void showWhenComplete();
     /// Captures the window of the preview; the picture lands in the window's screenshot, now or
     /// later.
     void updateScreenshot(const ScreenyView& preview);
@@ -41,7 +43,6 @@ private:
     void load(const ScreenyViewPtr& preview);
     void captureLater(const SWElementPtr& window, QSize limit,
                       std::function<void(const QImage&)> done);
-    /// Lets the held previews go once there is nothing more to wait for.
     void letGo();
 
     LXHandler& m_handler;

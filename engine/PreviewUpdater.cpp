@@ -193,6 +193,7 @@ void PreviewUpdater::layOutAgain(const SWElementPtr& element, const Pass& pass)
         preview->setShortcut();
         preview->orderFront();
     }
+    m_handler.pictureLoader().showWhenComplete();
     m_handler.companions().hotKeyCenter->toggleEventTap(true);
 }
 
