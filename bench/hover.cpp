@@ -110,6 +110,13 @@ public:
         print("Lumbrix, the same, pointer out of nowhere",
               hover(
                   *application, repaint, [] {}, m_trials));
+        const auto cinema = m_desk.launch(QStringLiteral("gamma"));
+        const AppWindow film = cinema->open("film", Qt::gray, {windowSize, {600, 240}});
+        cinema->startAnimating(film, 30);
+        print("Lumbrix, windows unchanged, a film beside",
+              hover(
+                  *application, [] {}, [this] { approach(); }, m_trials));
+        cinema->stopAnimating(film);
     }
 
 private:
