@@ -8,6 +8,8 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
+#include <utility>
 
 namespace lumbrix
 {
@@ -39,6 +41,23 @@ struct Corners {
     QImage outline;
 };
 
+/// All pictures of a row have the same corners, and drawing them takes longer than all the rest.
+const Corners& cornersOf(int side, qreal radius, const QColor& color, qreal width)
+{
+    struct Kept {
+        int side;
+        qreal radius;
+        QColor color;
+        qreal width;
+        bool operator==(const Kept&) const = default;
+    };
+    thread_local std::optional<std::pair<Kept, Corners>> last;
+    const Kept wanted{side, radius, color, width};
+    if (!last || last->first != wanted)
+        last.emplace(wanted, Corners(side, radius, color, width));
+    return last->second;
+}
+
 } // namespace
 
 QImage roundedPicture(const QImage& picture, qreal radius, const QColor& color, qreal width)
@@ -51,7 +70,7 @@ QImage roundedPicture(const QImage& picture, qreal radius, const QColor& color, 
     const int right = result.width();
     const int bottom = result.height();
     const int side = std::min({qCeil(std::max(radius, width)) + 1, right / 2, bottom / 2});
-    const Corners corners(side, radius, color, width);
+    const Corners& corners = cornersOf(side, radius, color, width);
     // Each corner's place in the picture, and in the small frame.
     const std::array<std::pair<QPoint, QPoint>, 4> places{
         {{{0, 0}, {0, 0}},
