@@ -6,8 +6,8 @@
 #include <QtWidgets/QApplication>
 
 #include <cstdio>
-#include <cstring>
 
+#include "app/CommandLine.h"
 #include "app/LumbrixController.h"
 #include "app/QuitSignals.h"
 #include "engine/LXHandler.h"
@@ -17,32 +17,6 @@
 
 namespace
 {
-
-constexpr const char* helpText =
-    "Usage: lumbrix [--version] [--help]\n"
-    "\n"
-    "Shows live previews of an application's windows when the mouse rests on its icon in\n"
-    "the Dock or on its button in a panel. Click a preview to bring its window forward.\n"
-    "\n"
-    "Settings: $XDG_CONFIG_HOME/lumbrix/lumbrix.conf (usually ~/.config/lumbrix/lumbrix.conf)\n";
-
-/// Options that are answered without a desktop; −1 when there were none.
-int answerOptions(int argc, char** argv)
-{
-    for (int i = 1; i < argc; ++i) {
-        if (std::strcmp(argv[i], "--version") == 0) {
-            std::printf("lumbrix %s\n", LUMBRIX_VERSION);
-            return 0;
-        }
-        if (std::strcmp(argv[i], "--help") == 0 || std::strcmp(argv[i], "-h") == 0) {
-            std::fputs(helpText, stdout);
-            return 0;
-        }
-        std::fprintf(stderr, "lumbrix: unknown option '%s'\n%s", argv[i], helpText);
-        return 2;
-    }
-    return -1;
-}
 
 int fail(const QString& reason)
 {
@@ -55,8 +29,8 @@ int fail(const QString& reason)
 int main(int argc, char** argv)
 {
     using namespace lumbrix;
-    if (const int status = answerOptions(argc, argv); status >= 0)
-        return status;
+    if (const auto status = answerCommandLine(argc, argv))
+        return *status;
     QString error;
     if (!platform::LinuxDesktop::prepareToolkit(error))
         return fail(error);
