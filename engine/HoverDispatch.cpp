@@ -211,6 +211,8 @@ ScreenyViewPtr HoverDispatch::appendPreview(const SWElementPtr& window,
     if (byTab)
         preview->setSetByTab(true);
     m_handler.appendScreenyView(preview);
+    // One that is used again on the spot still has the picture of its former window.
+    preview->setImage({});
     preview->setElementRef(window);
     preview->setTitleString(window->getTitle().value_or(QString()));
     preview->setAppFlags(application);

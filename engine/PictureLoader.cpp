@@ -119,6 +119,8 @@ void PictureLoader::load(const ScreenyViewPtr& preview)
         return;
     }
     ++m_waiting;
+    // One that is used again on the spot would show nothing, or its former window.
+    preview->window()->orderOut();
     platform::RunLoop& runLoop = platform::desktop().runLoop;
     captureLater(window, preview->pictureLimit(),
                  [this, window, weak = std::weak_ptr(preview), round = m_round,

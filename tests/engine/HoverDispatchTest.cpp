@@ -35,6 +35,25 @@ TEST_F(HoverDispatchTest, row_isFilledPlacedAndShown)
     EXPECT_EQ(desk.captures(desk.stacking().front()), captures);
 }
 
+TEST_F(HoverDispatchTest, nextRow_showsItsOwnPicturesInThePanelsOfTheFormer)
+{
+    const Pid notes = addApplication(u"Notes"_s, 0);
+    const Pid mail = addApplication(u"Mail"_s, 0);
+    desk.addWindow(notes, {.title = u"Notes 1"_s, .color = Qt::red});
+    desk.addWindow(mail, {.title = u"Mail 1"_s, .color = Qt::blue});
+    loop.advance(3);
+    for (int round = 0; round < 2; ++round) { // the second one finds all pictures at hand
+        hover(u"Notes"_s);
+        ASSERT_EQ(shown(), u"Notes 1"_s);
+        EXPECT_EQ(preview(0).image().pixelColor(5, 5), QColor(Qt::red));
+        const ScreenyView* const panel = &preview(0);
+        hover(u"Mail"_s);
+        ASSERT_EQ(shown(), u"Mail 1"_s);
+        EXPECT_EQ(&preview(0), panel);
+        EXPECT_EQ(preview(0).image().pixelColor(5, 5), QColor(Qt::blue));
+    }
+}
+
 TEST_F(HoverDispatchTest, atMostFifteenPreviews_areShown)
 {
     add(u"Notes"_s, 20);
