@@ -4,6 +4,8 @@
 #include "app/LumbrixController.h"
 
 #include "app/Defaults.h"
+#include "app/HotKeyIdentifiers.h"
+#include "app/SGHotKeyCenter.h"
 #include "engine/LXHandler.h"
 #include "model/AXNames.h"
 #include "platform/Desktop.h"
@@ -19,7 +21,7 @@ constexpr platform::Seconds dockObserverInterval = 3.0;
 constexpr float messagingTimeout = 0.2F;
 } // namespace
 
-LumbrixController::LumbrixController() = default;
+LumbrixController::LumbrixController() : m_hotKeyCenter(std::make_shared<SGHotKeyCenter>()) {}
 
 LumbrixController::~LumbrixController() = default;
 
@@ -29,6 +31,9 @@ bool LumbrixController::awakeFromNib()
     if (!accessibility.apiEnabled())
         return false;
     accessibility.setMessagingTimeout(messagingTimeout);
+    Companions companions;
+    companions.hotKeyCenter = m_hotKeyCenter;
+    LXHandler::installCompanions(companions);
     LXHandler::sharedHandler().setApplicationDelegate(this);
     updateState();
     return true;
@@ -51,9 +56,14 @@ void LumbrixController::applicationWillTerminate()
     LXHandler& handler = LXHandler::sharedHandler();
     handler.removeAllScreenViewsNOW();
     handler.setApplicationDelegate(nullptr);
+    m_hotKeyCenter->tearDown();
 }
 
-void LumbrixController::updateState() { retrieveDefaults(); }
+void LumbrixController::updateState()
+{
+    retrieveDefaults();
+    registerHotKeys();
+}
 
 void LumbrixController::retrieveDefaults()
 {
@@ -62,6 +72,29 @@ void LumbrixController::retrieveDefaults()
     m_dontDelayIfOpen = integerSetting(defaults, QStringLiteral("dontDelayIfOpen"));
     mirrorSettings(defaults, LXHandler::sharedHandler());
     defaults.synchronize();
+}
+
+void LumbrixController::registerHotKeys()
+{
+    for (const auto& former : m_hotKeys)
+        m_hotKeyCenter->unregisterHotKey(former);
+    m_hotKeys.clear();
+
+    const std::pair<QString, std::function<void()>> rows[] = {
+        {HotKeyIdentifier::CloseAllWindows, [] { LXHandler::sharedHandler().closeAllWindows(); }},
+        {HotKeyIdentifier::EnableDisable, [this] { toggleDisabled(); }},
+        {HotKeyIdentifier::HideAllPreviews,
+         [] { LXHandler::sharedHandler().removeAllScreenViews(); }},
+    };
+    const platform::UserDefaults& defaults = platform::desktop().userDefaults;
+    for (const auto& [identifier, action] : rows) {
+        const QVariantMap stored = defaults.dictionaryForKey(identifier).value_or(QVariantMap());
+        m_hotKeys.push_back(std::make_shared<SGHotKey>(
+            SGHotKey{identifier, SGKeyCombo::initWithPlistRepresentation(stored), action}));
+    }
+    for (const auto& hotKey : m_hotKeys)
+        m_hotKeyCenter->registerHotKey(hotKey);
+    m_hotKeyCenter->setUpEventHandler();
 }
 
 void LumbrixController::toggleDisabled()

@@ -8,6 +8,7 @@
 #include <QtCore/QObject>
 
 #include <memory>
+#include <vector>
 
 #include "engine/HoverDelays.h"
 #include "engine/SWObserver.h"
@@ -16,6 +17,9 @@
 
 namespace lumbrix
 {
+
+class SGHotKeyCenter;
+struct SGHotKey;
 
 /// Main thread.
 class LumbrixController final : public QObject, public HoverDelays
@@ -26,8 +30,8 @@ public:
     LumbrixController();
     ~LumbrixController() override;
 
-    /// First part of the start: the engine and its settings. False when the desktop gives no
-    /// access to other applications; the program then has nothing to do.
+    /// First part of the start: the engine, with the hot-key centre, and its settings. False when
+    /// the desktop gives no access to other applications; the program then has nothing to do.
     bool awakeFromNib();
     /// Second part: first-run values, the Dock, and the settings again, now with those values.
     void applicationDidFinishLaunching();
@@ -43,11 +47,16 @@ public:
 
     float displayDelay() const override { return m_displayDelay; }
     std::int32_t dontDelayIfOpen() const override { return m_dontDelayIfOpen; }
+    SGHotKeyCenter& hotKeyCenter() { return *m_hotKeyCenter; }
     const SWObserver* dockObserver() const { return m_dockObserver.get(); }
 
 private:
     void retrieveDefaults();
+    /// Puts the stored hot keys in the place of those that were registered before.
+    void registerHotKeys();
 
+    const std::shared_ptr<SGHotKeyCenter> m_hotKeyCenter;
+    std::vector<std::shared_ptr<SGHotKey>> m_hotKeys;
     float m_displayDelay = 0;
     std::int32_t m_dontDelayIfOpen = 0;
     std::unique_ptr<SWObserver> m_dockObserver;

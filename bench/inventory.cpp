@@ -51,7 +51,9 @@ public:
                             desk.inputState(),
                             desk.workspace(),
                             desk.userDefaults(),
-                            desk.dockPreferences()};
+                            desk.dockPreferences(),
+                            desk.eventTaps(),
+                            desk.keyboardLayout()};
     platform::DesktopScope scope{ports};
     EngineSettings settings;
     Pid last = 0;

@@ -9,7 +9,9 @@ namespace lumbrix::platform
 
 class Accessibility;
 class DockPreferences;
+class EventTaps;
 class InputState;
+class KeyboardLayout;
 class RunLoop;
 class UserDefaults;
 class WindowServer;
@@ -24,6 +26,8 @@ struct Desktop {
     Workspace& workspace;
     UserDefaults& userDefaults;
     DockPreferences& dockPreferences;
+    EventTaps& eventTaps;
+    KeyboardLayout& keyboardLayout;
 };
 
 /// The installed desktop. Any thread; calling it with none installed ends the program.

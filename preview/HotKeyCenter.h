@@ -6,21 +6,13 @@
 
 #include <QtCore/QString>
 
-#include <cstdint>
 #include <functional>
 #include <memory>
 
+#include "model/SGKeyCombo.h"
+
 namespace lumbrix
 {
-
-/// A virtual key code with modifier bits (command 0x100, shift 0x200, option 0x800,
-/// control 0x1000); −1 means none.
-struct SGKeyCombo {
-    std::int64_t keyCode = -1;
-    std::int64_t modifiers = -1;
-
-    bool operator==(const SGKeyCombo&) const = default;
-};
 
 struct SGHotKey {
     QString identifier;

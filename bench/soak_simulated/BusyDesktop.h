@@ -56,7 +56,9 @@ private:
                                     desk.inputState(),
                                     desk.workspace(),
                                     desk.userDefaults(),
-                                    desk.dockPreferences()};
+                                    desk.dockPreferences(),
+                                    desk.eventTaps(),
+                                    desk.keyboardLayout()};
     const platform::DesktopScope m_scope{m_ports};
     Kinds m_changes;
     int m_serial = 0;

@@ -79,9 +79,16 @@ public:
           m_dockPreferences(m_docks),
           m_accessibility({runLoop, m_core->tracker(), m_core->pointSpace(), m_registry,
                            m_workspace, m_raiser, m_docks}),
-          m_defaults(IniDefaults::defaultPath()), m_ownerPids(m_registry),
-          m_ports{runLoop,     m_accessibility, m_core->windowServer(), m_core->inputState(),
-                  m_workspace, m_defaults,      m_dockPreferences}
+          m_defaults(IniDefaults::defaultPath()),
+          m_ownerPids(m_registry), m_ports{runLoop,
+                                           m_accessibility,
+                                           m_core->windowServer(),
+                                           m_core->inputState(),
+                                           m_workspace,
+                                           m_defaults,
+                                           m_dockPreferences,
+                                           m_core->eventTaps(),
+                                           m_core->keyboardLayout()}
     {
         m_core->windowServer().setOwnerPids(&m_ownerPids);
         for (x11::WindowListener* listener : std::initializer_list<x11::WindowListener*>{

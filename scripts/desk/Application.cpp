@@ -175,6 +175,14 @@ const std::vector<int>& Application::closeRequests()
     return m_closeRequests;
 }
 
+std::vector<int> Application::keys()
+{
+    std::vector<int> codes;
+    for (const QByteArray& field : command("keys").split(' ').mid(1))
+        codes.push_back(field.toInt());
+    return codes;
+}
+
 QByteArray Application::command(const QByteArray& line)
 {
     m_process->writeLine(line);

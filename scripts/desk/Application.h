@@ -67,6 +67,8 @@ public:
     void stopChurning();
     /// The indices of the windows that were asked to close so far.
     const std::vector<int>& closeRequests();
+    /// The codes of the keys that its windows saw, once for a press and once for a release.
+    std::vector<int> keys();
 
 private:
     QByteArray command(const QByteArray& line);

@@ -31,7 +31,9 @@ TEST(EngineConcurrency, windowsChangedByTheirApplications_whileScannedCapturedAn
                                     desk.inputState(),
                                     desk.workspace(),
                                     desk.userDefaults(),
-                                    desk.dockPreferences()};
+                                    desk.dockPreferences(),
+                                    desk.eventTaps(),
+                                    desk.keyboardLayout()};
     const platform::DesktopScope scope(desktop);
     LXHandler& engine = LXHandler::sharedHandler();
     engine.settings().showInDock = 1;

@@ -67,9 +67,15 @@ int main(int argc, char* argv[])
 
     platform::QtRunLoop runLoop;
     test::SimulatedDesktop desk(runLoop);
-    const platform::Desktop ports{
-        runLoop,          desk.accessibility(), desk.windowServer(),   desk.inputState(),
-        desk.workspace(), desk.userDefaults(),  desk.dockPreferences()};
+    const platform::Desktop ports{runLoop,
+                                  desk.accessibility(),
+                                  desk.windowServer(),
+                                  desk.inputState(),
+                                  desk.workspace(),
+                                  desk.userDefaults(),
+                                  desk.dockPreferences(),
+                                  desk.eventTaps(),
+                                  desk.keyboardLayout()};
     const platform::DesktopScope scope(ports);
     const QSize screen = QGuiApplication::primaryScreen()->size();
     desk.with([&](test::SimulatedState& state) {

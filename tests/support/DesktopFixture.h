@@ -30,9 +30,9 @@ protected:
     void install(platform::Accessibility& accessibility, platform::WindowServer& windowServer)
     {
         m_scope.reset();
-        m_desktop.emplace(platform::Desktop{loop, accessibility, windowServer, desk.inputState(),
-                                            desk.workspace(), desk.userDefaults(),
-                                            desk.dockPreferences()});
+        m_desktop.emplace(platform::Desktop{
+            loop, accessibility, windowServer, desk.inputState(), desk.workspace(),
+            desk.userDefaults(), desk.dockPreferences(), desk.eventTaps(), desk.keyboardLayout()});
         m_scope.emplace(*m_desktop);
     }
 

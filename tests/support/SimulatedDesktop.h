@@ -8,6 +8,7 @@
 #include <functional>
 
 #include "platform/Desktop.h"
+#include "tests/support/SimulatedKeyboard.h"
 #include "tests/support/SimulatedPorts.h"
 
 namespace lumbrix::test
@@ -30,6 +31,8 @@ public:
     SimulatedWorkspace& workspace() { return m_workspace; }
     SimulatedUserDefaults& userDefaults() { return m_userDefaults; }
     SimulatedDockPreferences& dockPreferences() { return m_dockPreferences; }
+    SimulatedEventTaps& eventTaps() { return m_eventTaps; }
+    SimulatedKeyboardLayout& keyboardLayout() { return m_keyboardLayout; }
 
     // Applications.
     Pid addApplication(SimulatedApplication application);
@@ -91,6 +94,8 @@ private:
     SimulatedWorkspace m_workspace{m_state};
     SimulatedUserDefaults m_userDefaults;
     SimulatedDockPreferences m_dockPreferences{m_state};
+    SimulatedEventTaps m_eventTaps;
+    SimulatedKeyboardLayout m_keyboardLayout;
 };
 
 } // namespace lumbrix::test

@@ -6,6 +6,7 @@
 #include "platform/linux/x11/Atoms.h"
 #include "platform/linux/x11/Connection.h"
 #include "platform/linux/x11/EventThread.h"
+#include "platform/linux/x11/KeyGrabs.h"
 #include "platform/linux/x11/Listeners.h"
 #include "platform/linux/x11/PointSpace.h"
 #include "platform/linux/x11/PointerWatch.h"
@@ -13,7 +14,9 @@
 #include "platform/linux/x11/ScreenWatch.h"
 #include "platform/linux/x11/WindowCommands.h"
 #include "platform/linux/x11/WindowPictures.h"
+#include "platform/linux/x11/X11EventTaps.h"
 #include "platform/linux/x11/X11InputState.h"
+#include "platform/linux/x11/X11KeyboardLayout.h"
 #include "platform/linux/x11/X11WindowServer.h"
 #include "platform/linux/x11/X11WindowTracker.h"
 
@@ -33,6 +36,7 @@ struct X11Core::Parts {
           pictures(runLoop, *events, *captures, tracker, pixelsPerPoint,
                    screens.isCompositorRunning()),
           popups(*events, atoms, tracker, listeners), input(*requests, *events, points),
+          keys(*events, *requests, wake), eventTaps(runLoop, keys), layout(*requests),
           server(tracker, pictures, points, screens)
     {
         tracker.fetchInitial();
@@ -42,7 +46,7 @@ struct X11Core::Parts {
         thread = std::make_unique<EventThread>(
             runLoop, *events, wake,
             std::vector<EventHandler*>{&commands, &screens, &pictures, &tracker, &popups,
-                                       pointer.get(), &input},
+                                       pointer.get(), &input, &keys, &layout},
             std::move(onConnectionLost));
     }
 
@@ -57,6 +61,9 @@ struct X11Core::Parts {
     WindowPictures pictures;
     PopupWatch popups;
     X11InputState input;
+    KeyGrabs keys;
+    X11EventTaps eventTaps;
+    X11KeyboardLayout layout;
     X11WindowServer server;
     std::unique_ptr<PointerWatch> pointer;
     std::unique_ptr<EventThread> thread;
@@ -94,6 +101,8 @@ void X11Core::stop()
 WindowTracker& X11Core::tracker() { return m_parts->tracker; }
 X11WindowServer& X11Core::windowServer() { return m_parts->server; }
 X11InputState& X11Core::inputState() { return m_parts->input; }
+EventTaps& X11Core::eventTaps() { return m_parts->eventTaps; }
+KeyboardLayout& X11Core::keyboardLayout() { return m_parts->layout; }
 WindowPictures& X11Core::pictures() { return m_parts->pictures; }
 PointSpace& X11Core::pointSpace() { return m_parts->points; }
 ScreenWatch& X11Core::screens() { return m_parts->screens; }

@@ -12,6 +12,12 @@
 
 #include "platform/RunLoop.h"
 
+namespace lumbrix::platform
+{
+class EventTaps;
+class KeyboardLayout;
+} // namespace lumbrix::platform
+
 namespace lumbrix::platform::x11
 {
 
@@ -54,6 +60,8 @@ public:
     WindowTracker& tracker();
     X11WindowServer& windowServer();
     X11InputState& inputState();
+    EventTaps& eventTaps();
+    KeyboardLayout& keyboardLayout();
     WindowPictures& pictures();
     PointSpace& pointSpace();
     ScreenWatch& screens(); ///< takes the hint where the dock is

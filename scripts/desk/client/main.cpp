@@ -6,6 +6,7 @@
 // input, one answer a line on standard output:
 //   open WIDTH HEIGHT X Y COLOUR TITLE   answers "opened INDEX WINDOW"
 //   animate INDEX FRAMESPERSECOND        answers "frames COUNT", drawn since the last such command
+//   keys                                 answers "keys KEYCODE...", pressed and released in turn
 //   destroy INDEX | title INDEX TITLE | colour INDEX COLOUR | churn 0|1 | sync   answer "ok"
 // Colours are decimal RGB numbers, titles are raw bytes in hexadecimal. A window that is asked to
 // close is destroyed and reported as "close INDEX".
@@ -121,8 +122,9 @@ private:
              std::uint32_t colour, const std::string& title)
     {
         const xcb_window_t window = xcb_generate_id(m_connection);
-        const std::array<std::uint32_t, 2> values{colour, XCB_EVENT_MASK_EXPOSURE |
-                                                              XCB_EVENT_MASK_STRUCTURE_NOTIFY};
+        const std::array<std::uint32_t, 2> values{
+            colour, XCB_EVENT_MASK_EXPOSURE | XCB_EVENT_MASK_STRUCTURE_NOTIFY |
+                        XCB_EVENT_MASK_KEY_PRESS | XCB_EVENT_MASK_KEY_RELEASE};
         xcb_create_window(m_connection, XCB_COPY_FROM_PARENT, window, m_screen->root, x, y, width,
                           height, 0, XCB_WINDOW_CLASS_INPUT_OUTPUT, m_screen->root_visual,
                           XCB_CW_BACK_PIXEL | XCB_CW_EVENT_MASK, values.data());
@@ -254,6 +256,11 @@ private:
             }
             break;
         }
+        case XCB_KEY_PRESS:
+        case XCB_KEY_RELEASE:
+            m_keys +=
+                ' ' + std::to_string(reinterpret_cast<const xcb_key_press_event_t&>(event).detail);
+            break;
         case XCB_CLIENT_MESSAGE:
             handleMessage(reinterpret_cast<const xcb_client_message_event_t&>(event));
             break;
@@ -329,6 +336,15 @@ private:
                                    static_cast<std::int16_t>(y), colour, fromHex(title));
             return "opened " + std::to_string(index) + ' ' + std::to_string(m_windows[index].id);
         }
+        if (verb == "keys") {
+            // What the server has sent is read, so that nothing seen goes untold.
+            waitForServer();
+            while (xcb_generic_event_t* event = xcb_poll_for_queued_event(m_connection)) {
+                handle(*event);
+                std::free(event);
+            }
+            return "keys" + m_keys;
+        }
         int index = 0;
         in >> index;
         if (verb == "churn") {
@@ -378,6 +394,7 @@ private:
     std::vector<int> m_extra;
     int m_next = 0;
     bool m_churning = false;
+    std::string m_keys;
     std::string m_input;
 };
 

@@ -1,0 +1,67 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include "model/SGKeyCodeTranslator.h"
+
+#include <QtCore/QFile>
+#include <QtCore/QJsonArray>
+#include <QtCore/QJsonDocument>
+#include <QtCore/QJsonObject>
+
+#include "platform/Desktop.h"
+#include "platform/KeyboardLayout.h"
+
+namespace lumbrix
+{
+namespace
+{
+
+QJsonObject readTable()
+{
+    QFile file(QStringLiteral(":/SGKeyCodes.json"));
+    if (!file.open(QIODevice::ReadOnly))
+        qFatal("Contents of SGKeyCodes is nil");
+    return QJsonDocument::fromJson(file.readAll()).object();
+}
+
+} // namespace
+
+std::shared_ptr<SGKeyCodeTranslator> SGKeyCodeTranslator::currentTranslator()
+{
+    static std::shared_ptr<SGKeyCodeTranslator> current;
+    const std::uint64_t layout = platform::desktop().keyboardLayout.currentLayout();
+    if (!current || current->m_layout != layout)
+        current = std::make_shared<SGKeyCodeTranslator>(layout);
+    return current;
+}
+
+QString SGKeyCodeTranslator::translateKeyCode(std::int64_t keyCode)
+{
+    const auto known = m_known.constFind(keyCode);
+    if (known != m_known.constEnd())
+        return *known;
+    const QString text = platform::desktop().keyboardLayout.charactersOfKey(keyCode);
+    const bool isPair = text.size() > 1 && text.at(0).isHighSurrogate();
+    return *m_known.insert(keyCode, text.left(isPair ? 2 : 1));
+}
+
+QString stringForKeyCode(std::int64_t keyCode)
+{
+    static const QJsonObject table = readTable();
+    const QString code = QString::number(keyCode);
+    if (table.value(u"version").toInt() <= 0) {
+        // Tables without a version name every key themselves.
+        const QString name = table.value(code).toString();
+        return name.isEmpty() ? QString::number(keyCode, 16).toUpper() : name;
+    }
+    const QString name = table.value(u"unmappedKeys").toObject().value(code).toString();
+    if (!name.isEmpty())
+        return name;
+    const QString character =
+        SGKeyCodeTranslator::currentTranslator()->translateKeyCode(keyCode).toUpper();
+    if (!table.value(u"padKeys").toArray().contains(code))
+        return character;
+    return table.value(u"padKeyString").toString() + u' ' + character;
+}
+
+} // namespace lumbrix

@@ -1,0 +1,36 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// Virtual key codes as text.
+#pragma once
+
+#include <QtCore/QHash>
+#include <QtCore/QString>
+
+#include <cstdint>
+#include <memory>
+
+namespace lumbrix
+{
+
+/// The characters on the keys in one keyboard layout. Main thread.
+class SGKeyCodeTranslator
+{
+public:
+    /// The one for the layout in use; another object after the layout has changed.
+    static std::shared_ptr<SGKeyCodeTranslator> currentTranslator();
+
+    explicit SGKeyCodeTranslator(std::uint64_t layout) : m_layout(layout) {}
+    /// One character, or none.
+    QString translateKeyCode(std::int64_t keyCode);
+
+private:
+    const std::uint64_t m_layout;
+    QHash<std::int64_t, QString> m_known;
+};
+
+/// The name of a key that writes nothing, otherwise its upper-case character, with a word before it
+/// for the keys of the keypad. Main thread.
+QString stringForKeyCode(std::int64_t keyCode);
+
+} // namespace lumbrix

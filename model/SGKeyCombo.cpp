@@ -1,0 +1,82 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include "model/SGKeyCombo.h"
+
+#include <QtCore/QCoreApplication>
+
+#include "model/SGKeyCodeTranslator.h"
+#include "platform/InputState.h"
+
+namespace lumbrix
+{
+namespace
+{
+
+using platform::ModifierFlag::Command;
+using platform::ModifierFlag::Control;
+using platform::ModifierFlag::Option;
+using platform::ModifierFlag::Shift;
+
+struct Modifier {
+    std::int64_t bit;
+    std::uint32_t flag;
+    char16_t sign;
+};
+/// In the order in which they are shown.
+constexpr Modifier modifierTable[] = {
+    {0x100, Command, u'\u2318'},
+    {0x800, Option, u'\u2325'},
+    {0x1000, Control, u'\u2303'},
+    {0x200, Shift, u'\u21E7'},
+};
+
+const QString keyCodeEntry = QStringLiteral("keyCode");
+const QString modifiersEntry = QStringLiteral("modifiers");
+
+} // namespace
+
+SGKeyCombo SGKeyCombo::initWithPlistRepresentation(const QVariantMap& plist)
+{
+    // A value that does not read as a number is 0, so 0 has to mean none too.
+    const auto read = [&plist](const QString& entry) {
+        const std::int64_t value = plist.value(entry).toLongLong();
+        return value > 0 ? value : -1;
+    };
+    return {read(keyCodeEntry), read(modifiersEntry)};
+}
+
+QVariantMap SGKeyCombo::plistRepresentation() const
+{
+    return {{keyCodeEntry, static_cast<qlonglong>(keyCode)},
+            {modifiersEntry, static_cast<qlonglong>(modifiers)}};
+}
+
+std::uint32_t SGKeyCombo::modifierMask() const
+{
+    std::uint32_t mask = 0;
+    for (const Modifier& modifier : modifierTable) {
+        if (modifiers > 0 && (modifiers & modifier.bit))
+            mask |= modifier.flag;
+    }
+    return mask;
+}
+
+QString SGKeyCombo::keyCodeString() const
+{
+    return isClearCombo() ? QString() : stringForKeyCode(keyCode);
+}
+
+QString SGKeyCombo::description() const
+{
+    if (!isValidHotKeyCombo())
+        return QCoreApplication::translate("SGKeyCombo", "(None)");
+    QString signs;
+    for (const Modifier& modifier : modifierTable) {
+        if (modifiers & modifier.bit)
+            signs += QChar(modifier.sign);
+    }
+    return signs + keyCodeString();
+}
+
+} // namespace lumbrix

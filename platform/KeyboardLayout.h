@@ -1,0 +1,26 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// What is printed on the keys, going by the keyboard layout in use.
+#pragma once
+
+#include <QtCore/QString>
+
+#include <cstdint>
+
+namespace lumbrix::platform
+{
+
+/// Main thread.
+class KeyboardLayout
+{
+public:
+    virtual ~KeyboardLayout() = default;
+    /// Another number after the user has chosen another layout.
+    virtual std::uint64_t currentLayout() = 0;
+    /// The characters that the key of a virtual key code writes by itself, for a dead key those of
+    /// its accent. Empty when it writes none, or there is no such key.
+    virtual QString charactersOfKey(std::int64_t keyCode) = 0;
+};
+
+} // namespace lumbrix::platform

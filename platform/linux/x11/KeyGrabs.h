@@ -1,0 +1,90 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// Takes key combinations from all other programs while they are wanted. The server gives them back
+// when the connection ends, however that comes about.
+#pragma once
+
+#include <xcb/xcb.h>
+
+#include <functional>
+#include <map>
+#include <mutex>
+#include <optional>
+#include <vector>
+
+#include "platform/EventTaps.h"
+#include "platform/linux/x11/EventThread.h"
+#include "platform/linux/x11/Keymap.h"
+#include "platform/linux/x11/ModifierMasks.h"
+
+namespace lumbrix::platform::x11
+{
+
+class Connection;
+
+/// Nothing runs while no wanted key is pressed. A press is ours alone, and so is its release, also
+/// when the key is no longer wanted by then.
+class KeyGrabs final : public EventHandler
+{
+public:
+    /// Event thread.
+    using Report = std::function<void(const TapEvent&)>;
+
+    /// `events` belongs to the event thread, which is woken through `wake`.
+    KeyGrabs(const Connection& events, const Connection& requests, const WakeFd& wake)
+        : m_events(events), m_requests(requests), m_wake(wake)
+    {
+    }
+
+    /// Before the thread starts.
+    void setReport(Report report) { m_report = std::move(report); }
+    /// In place of those before; takes effect a moment later. Any thread.
+    void setWanted(std::vector<TapKey> keys);
+    /// Those wanted that could not be had: mostly because another program has them. Any thread.
+    std::vector<TapKey> refused() const;
+
+    void handleEvent(const xcb_generic_event_t& event) override;
+    void eventsHandled() override;
+
+private:
+    /// One combination, with every state of the locks.
+    struct Grab {
+        TapKey key;
+        xcb_keycode_t keycode = 0;
+        std::uint32_t modifiers = 0;
+        std::uint32_t locks = 0; ///< bits that may be set or not
+
+        bool operator==(const Grab&) const = default;
+    };
+    struct Keyboard {
+        Keymap::Keycodes keycodes;
+        ModifierMasks masks;
+    };
+
+    std::vector<Grab> grabsFor(const std::vector<TapKey>& keys);
+    bool readKeyboard();
+    std::uint32_t modifiersFor(std::uint32_t flags) const;
+    void take(const std::vector<Grab>& grabs, std::vector<TapKey>& refused);
+    void giveBack(const Grab& grab) const;
+    void pressed(const xcb_key_press_event_t& event);
+    void released(const xcb_key_release_event_t& event);
+
+    const Connection& m_events;
+    const Connection& m_requests;
+    const WakeFd& m_wake;
+    Report m_report;
+
+    mutable std::mutex m_mutex;
+    std::vector<TapKey> m_wanted;  // guarded by m_mutex
+    std::vector<TapKey> m_refused; // guarded by m_mutex
+    bool m_isWantedDirty = false;  // guarded by m_mutex
+
+    // Event thread.
+    std::vector<Grab> m_held;
+    std::map<xcb_keycode_t, TapKey> m_down;
+    std::optional<Keyboard> m_keyboard; ///< read when keys are wanted
+    bool m_isMappingDirty = false;
+};
+
+} // namespace lumbrix::platform::x11

@@ -1,0 +1,221 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include "app/LumbrixController.h"
+#include "app/SGHotKeyCenter.h"
+#include "engine/LXHandler.h"
+#include "model/SGKeyCombo.h"
+#include "platform/InputState.h"
+#include "tests/support/DesktopFixture.h"
+
+namespace lumbrix::test
+{
+namespace
+{
+
+using namespace Qt::StringLiterals;
+using platform::TapEvent;
+using platform::TapKey;
+using platform::ModifierFlag::Command;
+using platform::ModifierFlag::Option;
+using platform::ModifierFlag::Shift;
+
+constexpr TapKey digits[] = {{18, Command}, {19, Command}, {20, Command}};
+constexpr std::int64_t optionBit = 0x800;
+constexpr std::int64_t pKey = 35; // the letter P's place
+
+class HotKeyTest : public DesktopFixture
+{
+protected:
+    ~HotKeyTest() override
+    {
+        controller.applicationWillTerminate();
+        EXPECT_TRUE(taps.keysHeld().empty());
+        loop.shutdown();
+        LXHandler::releaseSharedHandler();
+    }
+
+    void start()
+    {
+        ASSERT_TRUE(controller.awakeFromNib());
+        controller.applicationDidFinishLaunching();
+        loop.runUntilIdle();
+    }
+    void store(const QString& identifier, std::int64_t keyCode, std::int64_t modifiers = optionBit)
+    {
+        desk.userDefaults().setDictionary(SGKeyCombo{keyCode, modifiers}.plistRepresentation(),
+                                          identifier);
+    }
+    void hover(const QString& item)
+    {
+        desk.hoverDockItem(item);
+        loop.runUntilIdle();
+    }
+    void leave()
+    {
+        desk.leaveDock();
+        loop.advance(1);
+    }
+    bool type(const TapKey& key)
+    {
+        const bool isSwallowed = taps.type(key);
+        loop.runUntilIdle();
+        return isSwallowed;
+    }
+    static LXHandler& engine() { return LXHandler::sharedHandler(); }
+    static std::size_t previews() { return engine().screenyViews().size(); }
+
+    SimulatedEventTaps& taps = desk.eventTaps();
+    LumbrixController controller;
+};
+
+TEST_F(HotKeyTest, numberKeys_workWhilePreviewsAreUpAndOnlyThen)
+{
+    const Pid pid = addApplication(u"Editor"_s, 3);
+    addApplication(u"Mail"_s, 1);
+    start();
+    EXPECT_FALSE(type(digits[1]));
+    hover(u"Editor"_s);
+    EXPECT_EQ(taps.keysHeld(), std::vector<TapKey>(std::begin(digits), std::end(digits)));
+    EXPECT_FALSE(type({19, 0}));
+    EXPECT_FALSE(type({19, Command | Shift}));
+    EXPECT_FALSE(type({21, Command})) << "there is no fourth preview";
+    EXPECT_NE(desk.activeApplication(), pid);
+
+    const WindowID second = engine().screenyViews()[1]->elementRef()->wid();
+    EXPECT_TRUE(type(digits[1]));
+    loop.advance(1);
+    EXPECT_EQ(desk.activeApplication(), pid);
+    EXPECT_EQ(desk.stacking().front(), second);
+
+    leave();
+    EXPECT_EQ(previews(), 0U);
+    EXPECT_TRUE(taps.keysHeld().empty());
+    hover(u"Mail"_s);
+    EXPECT_EQ(taps.keysHeld(), std::vector<TapKey>{digits[0]});
+    desk.userDefaults().setInteger(0, u"showFastKeys"_s);
+    leave();
+    controller.updateState();
+    hover(u"Editor"_s);
+    EXPECT_EQ(previews(), 3U);
+    EXPECT_TRUE(taps.keysHeld().empty());
+}
+
+TEST_F(HotKeyTest, toggleKey_worksFromAnywhereWithPreviewsOnAndOff)
+{
+    addApplication(u"Editor"_s, 1);
+    store(u"enableDisableKey"_s, pKey);
+    const TapKey toggle{pKey, Option};
+    start();
+    EXPECT_EQ(taps.keysHeld(), std::vector<TapKey>{toggle});
+    hover(u"Editor"_s);
+    EXPECT_EQ(previews(), 1U);
+    EXPECT_TRUE(type(toggle));
+    EXPECT_EQ(previews(), 0U);
+    EXPECT_EQ(desk.userDefaults().integerForKey(u"disabled"_s), 1);
+    EXPECT_EQ(taps.keysHeld(), std::vector<TapKey>{toggle});
+    leave();
+    hover(u"Editor"_s);
+    EXPECT_EQ(previews(), 0U);
+
+    EXPECT_TRUE(type(toggle));
+    leave();
+    hover(u"Editor"_s);
+    EXPECT_EQ(previews(), 1U);
+    // A changed setting leaves the numbers of these previews working.
+    controller.updateState();
+    loop.runUntilIdle();
+    EXPECT_EQ(taps.keysHeld().size(), 2U);
+    leave();
+    desk.userDefaults().removeObjectForKey(u"enableDisableKey"_s);
+    controller.updateState();
+    loop.runUntilIdle();
+    EXPECT_TRUE(taps.keysHeld().empty());
+}
+
+TEST_F(HotKeyTest, otherStoredKeys_actOnThePreviewsThatAreUp)
+{
+    const Pid pid = addApplication(u"Editor"_s, 2);
+    store(u"hideAllPreviewsKey"_s, pKey);
+    store(u"closeAllWindowsKey"_s, 36, 0x100 | optionBit);
+    desk.userDefaults().setBool(true, u"firstRun"_s);
+    desk.userDefaults().setInteger(1, u"showInDock"_s);
+    desk.userDefaults().setFloat(200, u"windowWidth"_s);
+    desk.userDefaults().setFloat(150, u"windowHeight"_s);
+    start(); // without number keys
+    EXPECT_TRUE(taps.keysHeld().empty());
+    hover(u"Editor"_s);
+    EXPECT_TRUE(type({pKey, Option}));
+    EXPECT_EQ(previews(), 0U);
+    EXPECT_EQ(desk.stacking().size(), 2U);
+
+    leave();
+    hover(u"Editor"_s);
+    desk.eventTaps().take({pKey, Option});
+    const auto taken = controller.hotKeyCenter().takenHotKeys();
+    ASSERT_EQ(taken.size(), 1U);
+    EXPECT_EQ(taken[0]->identifier, u"hideAllPreviewsKey"_s);
+    EXPECT_TRUE(type({36, Command | Option}));
+    loop.advance(1);
+    EXPECT_TRUE(desk.stacking().empty());
+    EXPECT_EQ(desk.application(pid).pid, pid);
+}
+
+TEST_F(HotKeyTest, clicks_duringTheSwitcher_goToThePreviewUnderTheMouse)
+{
+    const Pid pid = addApplication(u"Editor"_s, 1);
+    const auto click = [this](TapEvent::Type type) { return taps.send({type, {}}); };
+    start();
+    hover(u"Editor"_s);
+    const QPointF middle = engine().screenyViews().front()->window()->frame().center();
+    desk.movePointer(middle);
+    EXPECT_FALSE(click(TapEvent::Type::LeftMouseDown)) << "a panel of the Dock gets its own clicks";
+    leave();
+
+    desk.openSwitcher({{u"Editor"_s}});
+    loop.runUntilIdle();
+    ASSERT_EQ(previews(), 1U);
+    EXPECT_EQ(taps.keysHeld(), std::vector<TapKey>{digits[0]});
+    EXPECT_FALSE(click(TapEvent::Type::LeftMouseDown)) << "beside the preview";
+    desk.movePointer(engine().screenyViews().front()->window()->frame().center());
+    EXPECT_TRUE(click(TapEvent::Type::LeftMouseUp)) << "which does nothing more";
+    EXPECT_NE(desk.activeApplication(), pid);
+    EXPECT_TRUE(click(TapEvent::Type::LeftMouseDown));
+    loop.advance(0.05);
+    EXPECT_EQ(desk.activeApplication(), pid);
+    desk.closeSwitcher();
+    loop.advance(1);
+    EXPECT_FALSE(click(TapEvent::Type::LeftMouseDown));
+}
+
+TEST_F(HotKeyTest, combo_isStoredShownAndRefusedWithoutModifier)
+{
+    const SGKeyCombo combo{19, 0x100 | 0x800 | 0x1000 | 0x200};
+    EXPECT_EQ(SGKeyCombo::initWithPlistRepresentation(combo.plistRepresentation()), combo);
+    EXPECT_TRUE(SGKeyCombo::initWithPlistRepresentation({}).isClearCombo());
+    EXPECT_EQ(SGKeyCombo::initWithPlistRepresentation({{u"keyCode"_s, 0}, {u"modifiers"_s, 256}}),
+              (SGKeyCombo{-1, 256}));
+    // Settings files hold text.
+    EXPECT_EQ(SGKeyCombo::initWithPlistRepresentation(
+                  {{u"keyCode"_s, u"19"_s}, {u"modifiers"_s, u"nonsense"_s}}),
+              (SGKeyCombo{19, -1}));
+
+    desk.keyboardLayout().choose({{19, u"é"_s}, {83, u"1"_s}, {16, u"y"_s}});
+    EXPECT_EQ(combo.description(), u"⌘⌥⌃⇧É"_s);
+    EXPECT_EQ((SGKeyCombo{83, 256}).description(), u"⌘Pad 1"_s);
+    EXPECT_EQ((SGKeyCombo{96, 256}).description(), u"⌘F5"_s);
+    EXPECT_EQ(SGKeyCombo().keyCodeString(), QString());
+    EXPECT_EQ((SGKeyCombo{16, 0}).description(), u"(None)"_s);
+    desk.keyboardLayout().choose({{16, u"z"_s}});
+    EXPECT_EQ((SGKeyCombo{16, 256}).keyCodeString(), u"Z"_s);
+
+    start();
+    SGHotKeyCenter& center = controller.hotKeyCenter();
+    const std::size_t before = center.allHotKeys().size();
+    center.registerHotKey(std::make_shared<SGHotKey>(SGHotKey{u"plain"_s, {19, 0}, {}}));
+    center.registerHotKey(nullptr);
+    EXPECT_EQ(center.allHotKeys().size(), before);
+}
+
+} // namespace
+} // namespace lumbrix::test

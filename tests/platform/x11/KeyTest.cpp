@@ -1,0 +1,229 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// Keys that are taken from other programs, and what is printed on them.
+
+#include "X11Desk.h"
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QTemporaryDir>
+
+#include <xcb/xtest.h>
+
+#include "platform/EventTaps.h"
+#include "platform/InputState.h"
+#include "platform/KeyboardLayout.h"
+#include "platform/linux/x11/Connection.h"
+
+namespace lumbrix::platform::x11
+{
+namespace
+{
+
+const SessionOptions kPlain{{1280, 1024}, WindowManager::Xfwm4, false};
+
+// Key codes of the server's keyboard.
+constexpr std::uint8_t kSuper = 133, kShift = 50, kNumLock = 77, kCapsLock = 66;
+constexpr std::uint8_t kTwo = 11, kThree = 12;
+constexpr TapKey two{19, ModifierFlag::Command};
+constexpr TapKey three{20, ModifierFlag::Command};
+
+class KeyDesk
+{
+public:
+    KeyDesk() : m_application(desk.session(), u"alpha"_qs)
+    {
+        m_application.open(1);
+        tap = desk.core().eventTaps().createTap(TapEvents::Keys, [this](const TapEvent& event) {
+            seen.push_back(event);
+            return true;
+        });
+    }
+
+    void fake(std::uint8_t type, std::uint8_t keycode)
+    {
+        xcb_test_fake_input(desk.display().connection(), type, keycode, XCB_CURRENT_TIME,
+                            desk.display().root(), 0, 0, 0);
+        xcb_flush(desk.display().connection());
+    }
+    void type(std::uint8_t keycode)
+    {
+        fake(XCB_KEY_PRESS, keycode);
+        fake(XCB_KEY_RELEASE, keycode);
+    }
+    void typeWith(std::uint8_t modifier, std::uint8_t keycode)
+    {
+        fake(XCB_KEY_PRESS, modifier);
+        type(keycode);
+        fake(XCB_KEY_RELEASE, modifier);
+    }
+    /// The event thread has done what it was asked before: it does so in the pass in which it sees
+    /// a new window at the latest, and that pass is over when it sees the next one.
+    void settle()
+    {
+        for (int i = 0; i < 2; ++i) {
+            RawWindow window(desk.session(), {0, 0, 10, 10});
+            window.map();
+            desk.waitForWindow(window.id(), [](const TrackedWindow& w) { return w.isMapped; });
+        }
+        // The windows had the focus for a moment.
+        m_application.activate(m_application.windows().front());
+    }
+    void want(const std::vector<TapKey>& keys)
+    {
+        tap->setKeys(keys);
+        tap->setEnabled(true);
+        settle();
+    }
+    bool sees(std::size_t events)
+    {
+        return desk.waitFor([&] {
+            QCoreApplication::processEvents();
+            return seen.size() == events;
+        });
+    }
+    bool programSees(std::uint8_t keycode, std::ptrdiff_t times)
+    {
+        return desk.waitFor([&] {
+            const std::vector<int> keys = m_application.keys();
+            return std::count(keys.begin(), keys.end(), keycode) == times;
+        });
+    }
+    /// Another program asks for the key with Super: whether it gets it.
+    bool canBeTaken(std::uint8_t keycode)
+    {
+        xcb_connection_t* c = desk.display().connection();
+        const Event error(reinterpret_cast<xcb_generic_event_t*>(xcb_request_check(
+            c, xcb_grab_key_checked(c, 0, desk.display().root(), XCB_MOD_MASK_4, keycode,
+                                    XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC))));
+        return !error;
+    }
+    void giveBack(std::uint8_t keycode)
+    {
+        xcb_ungrab_key(desk.display().connection(), keycode, desk.display().root(), XCB_MOD_MASK_4);
+        xcb_flush(desk.display().connection());
+    }
+    void run(const QString& program, const QStringList& arguments)
+    {
+        desk.session().start(program, program, arguments)->waitForExit(patience(5000));
+    }
+
+    X11Desk desk{kPlain};
+    std::vector<TapEvent> seen;
+    std::unique_ptr<EventTap> tap;
+
+private:
+    Application m_application;
+};
+
+TEST(Keys, wantedKey_isSwallowedWholeInEveryStateOfTheLocks)
+{
+    KeyDesk keys;
+    keys.want({two});
+    std::size_t events = 0;
+    for (const std::uint8_t lock : {std::uint8_t{0}, kNumLock, kCapsLock}) {
+        if (lock)
+            keys.type(lock);
+        keys.typeWith(kSuper, kTwo);
+        events += 2;
+        ASSERT_TRUE(keys.sees(events)) << "lock " << int{lock};
+        EXPECT_EQ(keys.seen[events - 2].type, TapEvent::Type::KeyDown);
+        EXPECT_EQ(keys.seen[events - 1].type, TapEvent::Type::KeyUp);
+        EXPECT_EQ(keys.seen[events - 1].key, two);
+    }
+    keys.type(kNumLock);
+    keys.type(kCapsLock);
+
+    // Neither other keys nor other modifiers are touched.
+    keys.typeWith(kSuper, kThree);
+    EXPECT_TRUE(keys.programSees(kThree, 2));
+    keys.typeWith(kShift, kTwo);
+    EXPECT_TRUE(keys.programSees(kTwo, 2));
+    // A key that is given back while it is down leaves no half of it to the program.
+    keys.fake(XCB_KEY_PRESS, kSuper);
+    keys.fake(XCB_KEY_PRESS, kTwo);
+    EXPECT_TRUE(keys.sees(events + 1));
+    keys.tap->setEnabled(false);
+    keys.settle();
+    keys.fake(XCB_KEY_RELEASE, kTwo);
+    keys.fake(XCB_KEY_RELEASE, kSuper);
+    keys.typeWith(kShift, kTwo);
+    EXPECT_TRUE(keys.programSees(kTwo, 4));
+    EXPECT_TRUE(keys.canBeTaken(kTwo));
+    keys.giveBack(kTwo);
+}
+
+TEST(Keys, takenByAnotherProgram_isToldAndTriedAgain)
+{
+    KeyDesk keys;
+    ASSERT_TRUE(keys.canBeTaken(kTwo));
+    keys.want({two, three});
+    EXPECT_EQ(keys.tap->takenKeys(), std::vector<TapKey>{two});
+    EXPECT_FALSE(keys.canBeTaken(kThree));
+    keys.giveBack(kTwo);
+    keys.want({two, three});
+    EXPECT_EQ(keys.tap->takenKeys(), std::vector<TapKey>());
+    EXPECT_FALSE(keys.canBeTaken(kTwo));
+    keys.tap.reset();
+    keys.settle();
+    for (const std::uint8_t keycode : {kTwo, kThree}) {
+        EXPECT_TRUE(keys.canBeTaken(keycode));
+        keys.giveBack(keycode);
+    }
+}
+
+TEST(Keys, keyboardLayout_changed_isFollowed)
+{
+    KeyDesk keys;
+    KeyboardLayout& layout = keys.desk.core().keyboardLayout();
+    keys.want({two});
+    const std::uint64_t before = layout.currentLayout();
+    EXPECT_EQ(layout.charactersOfKey(19), u"2"_qs);
+    EXPECT_EQ(layout.charactersOfKey(83), u"1"_qs) << "on the keypad";
+    EXPECT_EQ(layout.charactersOfKey(123), QString());
+    EXPECT_EQ(layout.charactersOfKey(4711), QString());
+
+    keys.run(u"setxkbmap"_qs, {u"fr"_qs});
+    EXPECT_TRUE(keys.desk.waitFor([&] { return layout.charactersOfKey(19) == u"é"_qs; }));
+    EXPECT_EQ(layout.charactersOfKey(33), u"^"_qs) << "a dead key";
+    EXPECT_NE(layout.currentLayout(), before);
+    keys.settle();
+    keys.typeWith(kSuper, kTwo);
+    EXPECT_TRUE(keys.sees(2));
+
+    // A keyboard that numbers its keys differently: the places of 2 and 3 change numbers.
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(u"map.xkb"_qs);
+    const QString server = QString::fromLatin1(keys.desk.display().name());
+    keys.run(u"setxkbmap"_qs, {u"us,de"_qs, u"-option"_qs, u"grp:caps_toggle"_qs});
+    keys.run(u"xkbcomp"_qs, {server, path});
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+    const QByteArray map = file.readAll();
+    QByteArray swapped = map;
+    swapped.replace("<AE02> = 11;", "<AE02> = 12;").replace("<AE03> = 12;", "<AE03> = 11;");
+    ASSERT_NE(swapped, map);
+    file.resize(0);
+    file.seek(0);
+    file.write(swapped);
+    file.close();
+    keys.run(u"xkbcomp"_qs, {u"-w0"_qs, path, server});
+    EXPECT_TRUE(keys.desk.waitFor([&] { return keys.canBeTaken(kTwo); }));
+    keys.giveBack(kTwo);
+    keys.settle();
+    keys.seen.clear();
+    keys.typeWith(kSuper, 12);
+    EXPECT_TRUE(keys.sees(2));
+
+    // Another of the user's layouts, chosen by a key.
+    EXPECT_EQ(layout.charactersOfKey(16), u"y"_qs);
+    keys.type(kCapsLock);
+    EXPECT_TRUE(keys.desk.waitFor([&] { return layout.charactersOfKey(16) == u"z"_qs; }));
+    keys.typeWith(kSuper, 12);
+    EXPECT_TRUE(keys.sees(4)) << "the same place in another layout";
+    keys.type(kCapsLock);
+    keys.run(u"setxkbmap"_qs, {u"us"_qs, u"-option"_qs, QString()});
+}
+
+} // namespace
+} // namespace lumbrix::platform::x11

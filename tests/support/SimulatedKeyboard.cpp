@@ -1,0 +1,102 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include "tests/support/SimulatedKeyboard.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+namespace lumbrix::test
+{
+
+using platform::TapEvent;
+using platform::TapEvents;
+using platform::TapKey;
+using Type = platform::TapEvent::Type;
+
+namespace
+{
+
+bool contains(const std::vector<TapKey>& keys, const TapKey& key)
+{
+    return std::find(keys.begin(), keys.end(), key) != keys.end();
+}
+
+} // namespace
+
+class SimulatedEventTaps::Tap final : public platform::EventTap
+{
+public:
+    Tap(SimulatedEventTaps& taps, TapEvents events, Callback callback)
+        : m_taps(taps), m_events(events), m_callback(std::move(callback))
+    {
+        m_taps.m_taps.push_back(this);
+    }
+    ~Tap() override { std::erase(m_taps.m_taps, this); }
+
+    void setEnabled(bool enabled) override { m_isEnabled = enabled; }
+    bool isEnabled() const override { return m_isEnabled; }
+    void setKeys(const std::vector<TapKey>& keys) override { m_keys = keys; }
+    std::vector<TapKey> takenKeys() const override
+    {
+        std::vector<TapKey> taken = m_keys;
+        std::erase_if(taken, [this](const TapKey& key) { return !contains(m_taps.m_taken, key); });
+        return m_isEnabled ? taken : std::vector<TapKey>();
+    }
+
+    std::vector<TapKey> keysHeld() const
+    {
+        std::vector<TapKey> held = m_keys;
+        std::erase_if(held, [this](const TapKey& key) { return contains(m_taps.m_taken, key); });
+        return m_isEnabled ? held : std::vector<TapKey>();
+    }
+    bool sees(const TapEvent& event) const
+    {
+        if (event.type == Type::KeyDown || event.type == Type::KeyUp)
+            return contains(keysHeld(), event.key);
+        return m_isEnabled && m_events == TapEvents::KeysAndClicks;
+    }
+    bool call(const TapEvent& event) const { return m_callback(event); }
+
+private:
+    SimulatedEventTaps& m_taps;
+    const TapEvents m_events;
+    const Callback m_callback;
+    std::vector<TapKey> m_keys;
+    bool m_isEnabled = false;
+};
+
+std::unique_ptr<platform::EventTap>
+SimulatedEventTaps::createTap(TapEvents events, platform::EventTap::Callback callback)
+{
+    return std::make_unique<Tap>(*this, events, std::move(callback));
+}
+
+bool SimulatedEventTaps::send(const TapEvent& event)
+{
+    const std::vector<Tap*> taps = m_taps;
+    return std::any_of(taps.rbegin(), taps.rend(),
+                       [&](const Tap* tap) { return tap->sees(event) && tap->call(event); });
+}
+
+bool SimulatedEventTaps::type(const TapKey& key)
+{
+    const bool isPressSwallowed = send({Type::KeyDown, key});
+    EXPECT_EQ(send({Type::KeyUp, key}), isPressSwallowed) << "a program saw half a key";
+    return isPressSwallowed;
+}
+
+std::vector<TapKey> SimulatedEventTaps::keysHeld() const
+{
+    std::vector<TapKey> held;
+    for (const Tap* tap : m_taps) {
+        for (const TapKey& key : tap->keysHeld()) {
+            if (!contains(held, key))
+                held.push_back(key);
+        }
+    }
+    return held;
+}
+
+} // namespace lumbrix::test
