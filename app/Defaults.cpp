@@ -56,6 +56,19 @@ void seedBadgeRun(UserDefaults& defaults)
     defaults.synchronize();
 }
 
+/// A changed place or rule is seen at once; a changed size comes by its own action.
+void mirrorBadgeSettings(const UserDefaults& defaults, WindowCountBadger& badger)
+{
+    const std::int32_t position = integerSetting(defaults, key("badgePosition"));
+    const bool onlyIfMore = integerSetting(defaults, key("badgeOnlyIfMore")) != 0;
+    badger.setShouldBadgeDock(integerSetting(defaults, key("badgeDock")) != 0);
+    if (badger.badgePosition() != position || badger.badgeOnlyIfMore() != onlyIfMore) {
+        badger.setBadgePosition(position);
+        badger.setBadgeOnlyIfMore(onlyIfMore);
+        badger.badgeDockItems();
+    }
+}
+
 } // namespace
 
 void firstRunCheck()
@@ -100,6 +113,9 @@ void mirrorSettings(const UserDefaults& defaults, LXHandler& handler)
     copyInteger(settings.showSpaces, "showSpaces");
     copyInteger(settings.zoomWindows, "zoomWindows");
     copyFloat(settings.exitDelay, "exitDelay");
+    const Companions& companions = handler.companions();
+    companions.calendarPreview->setShouldShowCal(integerSetting(defaults, key("shouldShowCal")) !=
+                                                 0);
     copyStyle(settings.previewStyle, "previewStyle");
     copyStyle(settings.spaceStyle, "spaceStyle");
     copyInteger(settings.spaceSize, "spaceSize");
@@ -117,6 +133,9 @@ void mirrorSettings(const UserDefaults& defaults, LXHandler& handler)
     copyInteger(settings.tempDisableFiltersKeycode, "tempDisableFiltersKeycode");
     copyInteger(settings.showOthersInDockIcon, "showOthersInDockIcon");
     copyInteger(settings.hideClose, "hideClose");
+    mirrorBadgeSettings(defaults, *companions.windowCountBadger);
+    companions.helpBubble->setShouldBubbleWrap(integerSetting(defaults, key("shouldBubbleWrap")) !=
+                                               0);
 }
 
 } // namespace lumbrix

@@ -18,11 +18,13 @@ class AbsentHotKeyCenter final : public HotKeyCenter
 class AbsentCalendarPreview final : public CalendarPreview
 {
     bool shouldShowCal() const override { return false; }
+    void setShouldShowCal(bool) override {}
     void calIconHovered(const SWElementPtr&) override {}
 };
 
 class AbsentHelpBubble final : public HelpBubble
 {
+    void setShouldBubbleWrap(bool) override {}
     void positionAndShowBubble() override {}
     void hideBubble() override {}
 };
@@ -30,6 +32,16 @@ class AbsentHelpBubble final : public HelpBubble
 class AbsentWindowCountBadger final : public WindowCountBadger
 {
     void badgeDockItems() override {}
+    void updateBadgeSizes() override {}
+    bool shouldBadgeDock() const override { return false; }
+    void setShouldBadgeDock(bool) override {}
+    std::int32_t badgePosition() const override { return 0; }
+    void setBadgePosition(std::int32_t) override {}
+    bool badgeOnlyIfMore() const override { return false; }
+    void setBadgeOnlyIfMore(bool) override {}
+    void setBadgeSizeExtra(float) override {}
+    QColor getCurrentColor() override { return {}; }
+    void setCurrentColor(const QColor&) override {}
 };
 
 class AbsentSpacesBadge final : public SpacesBadge

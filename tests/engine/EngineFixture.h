@@ -115,6 +115,7 @@ private:
         bool isTapOn = false;
     };
     struct Calendar final : CalendarPreview {
+        void setShouldShowCal(bool) override {}
         bool shouldShowCal() const override { return true; }
         void calIconHovered(const SWElementPtr& item) override
         {
