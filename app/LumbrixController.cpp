@@ -3,6 +3,10 @@
 
 #include "app/LumbrixController.h"
 
+#include <QtCore/QCoreApplication>
+#include <QtGui/QColor>
+#include <QtWidgets/QLabel>
+
 #include "app/Defaults.h"
 #include "app/HotKeyIdentifiers.h"
 #include "app/SGHotKeyCenter.h"
@@ -19,6 +23,13 @@ namespace
 constexpr platform::Seconds dockObserverInterval = 3.0;
 /// How long a busy application may keep us waiting for an answer.
 constexpr float messagingTimeout = 0.2F;
+
+WindowCountBadger& badger() { return *LXHandler::sharedHandler().companions().windowCountBadger; }
+
+float storedBadgeSizeExtra()
+{
+    return platform::desktop().userDefaults.floatForKey(QStringLiteral("badgeSizeExtra"));
+}
 } // namespace
 
 LumbrixController::LumbrixController() : m_hotKeyCenter(std::make_shared<SGHotKeyCenter>()) {}
@@ -53,19 +64,92 @@ void LumbrixController::applicationWillTerminate()
     m_launches = nullptr;
     m_dockObserverTimer = nullptr;
     m_dockObserver = nullptr;
+    m_samplePreview.closeWindow();
     LXHandler& handler = LXHandler::sharedHandler();
     handler.removeAllScreenViewsNOW();
     handler.setApplicationDelegate(nullptr);
     m_hotKeyCenter->tearDown();
 }
 
-void LumbrixController::updateState()
+void LumbrixController::updateState(const QString& senderTitle)
 {
-    retrieveDefaults();
+    retrieveDefaults(senderTitle);
     registerHotKeys();
+    badger().setBadgeSizeExtra(storedBadgeSizeExtra());
+    updateDelayLabels();
 }
 
-void LumbrixController::retrieveDefaults()
+void LumbrixController::updateWindowSize()
+{
+    retrieveDefaults();
+    m_samplePreview.show(true);
+}
+
+void LumbrixController::updateDistanceFromDock()
+{
+    retrieveDefaults();
+    m_samplePreview.show(false);
+}
+
+void LumbrixController::updateDockBadgeSize()
+{
+    badger().setBadgeSizeExtra(storedBadgeSizeExtra());
+    badger().updateBadgeSizes();
+}
+
+void LumbrixController::updateColorOfWindowBadges(const QColor& color)
+{
+    badger().setCurrentColor(color);
+}
+
+void LumbrixController::showPreferences() {}
+
+void LumbrixController::showAbout() {}
+
+void LumbrixController::quitApp() { QCoreApplication::quit(); }
+
+void LumbrixController::setVersionLabel(QLabel* label)
+{
+    m_versionLabel = label;
+    if (label)
+        label->setText(tr("Version %1").arg(QCoreApplication::applicationVersion()));
+}
+
+void LumbrixController::setDelayLabel(QLabel* label)
+{
+    m_delayLabel = label;
+    updateDelayLabels();
+}
+
+void LumbrixController::setExitDelayLabel(QLabel* label)
+{
+    m_exitDelayLabel = label;
+    updateDelayLabels();
+}
+
+void LumbrixController::updateDelayLabels()
+{
+    const auto show = [](QLabel* label, double seconds) {
+        if (label)
+            label->setText(QString::number(seconds, 'f', 1));
+    };
+    show(m_delayLabel, m_displayDelay);
+    show(m_exitDelayLabel,
+         platform::desktop().userDefaults.floatForKey(QStringLiteral("exitDelay")));
+}
+
+std::unique_ptr<Alert> LumbrixController::createAlert(const QString& title, const QString& text,
+                                                      const QStringList& buttons,
+                                                      bool suppressionEnabled,
+                                                      const QString& suppressionText)
+{
+    auto alert = std::make_unique<Alert>(title, text, buttons);
+    if (suppressionEnabled)
+        alert->showSuppressionButton(suppressionText);
+    return alert;
+}
+
+void LumbrixController::retrieveDefaults(const QString& /*senderTitle*/)
 {
     platform::UserDefaults& defaults = platform::desktop().userDefaults;
     m_displayDelay = defaults.floatForKey(QStringLiteral("displayDelay"));

@@ -6,14 +6,20 @@
 #pragma once
 
 #include <QtCore/QObject>
+#include <QtCore/QPointer>
 
 #include <memory>
 #include <vector>
 
+#include "app/Alert.h"
+#include "app/SamplePreview.h"
 #include "engine/HoverDelays.h"
 #include "engine/SWObserver.h"
 #include "platform/RunLoop.h"
 #include "platform/Workspace.h"
+
+class QColor;
+class QLabel;
 
 namespace lumbrix
 {
@@ -38,10 +44,35 @@ public:
     /// Takes everything off the screen and lets go of the Dock.
     void applicationWillTerminate();
 
-    /// Applies all settings as a whole.
-    void updateState();
+    /// Applies all settings as a whole; to be called after each change of one. `senderTitle` is the
+    /// title of the control that changed it (SenderTitles.h), as a few ask the user something.
+    void updateState(const QString& senderTitle = {});
+
+    // What sliders and wells do beside storing their value: its effect is seen while they move.
+    void updateWindowSize();
+    void updateDistanceFromDock();
+    void updateDockBadgeSize();
+    void updateColorOfWindowBadges(const QColor& color);
+
     /// Flips whether previews are shown at all.
     void toggleDisabled();
+    /// Opens the preferences window in front of everything.
+    void showPreferences();
+    void showAbout();
+    void quitApp();
+
+    // Labels of the preferences window, null until connected; filled at once and kept up to date.
+    void setVersionLabel(QLabel* label);
+    void setDelayLabel(QLabel* label);
+    void setExitDelayLabel(QLabel* label);
+
+    /// Every alert of the program is made here. A suppression text without the checkbox is ignored;
+    /// the checkbox without a text has the usual one.
+    static std::unique_ptr<Alert> createAlert(const QString& title, const QString& text,
+                                              const QStringList& buttons,
+                                              bool suppressionEnabled = false,
+                                              const QString& suppressionText = {});
+
     /// Observes the Dock that runs now, unless it is observed already; nothing when none runs.
     void addDockObserver();
 
@@ -49,16 +80,22 @@ public:
     std::int32_t dontDelayIfOpen() const override { return m_dontDelayIfOpen; }
     SGHotKeyCenter& hotKeyCenter() { return *m_hotKeyCenter; }
     const SWObserver* dockObserver() const { return m_dockObserver.get(); }
+    const SamplePreview& samplePreview() const { return m_samplePreview; }
 
 private:
-    void retrieveDefaults();
+    void retrieveDefaults(const QString& senderTitle = {});
     /// Puts the stored hot keys in the place of those that were registered before.
     void registerHotKeys();
+    void updateDelayLabels();
 
     const std::shared_ptr<SGHotKeyCenter> m_hotKeyCenter;
     std::vector<std::shared_ptr<SGHotKey>> m_hotKeys;
     float m_displayDelay = 0;
     std::int32_t m_dontDelayIfOpen = 0;
+    QPointer<QLabel> m_versionLabel;
+    QPointer<QLabel> m_delayLabel;
+    QPointer<QLabel> m_exitDelayLabel;
+    SamplePreview m_samplePreview;
     std::unique_ptr<SWObserver> m_dockObserver;
     platform::TimerPtr m_dockObserverTimer;
     std::unique_ptr<platform::WorkspaceSubscription> m_launches;

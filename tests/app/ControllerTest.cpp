@@ -136,6 +136,29 @@ TEST_F(ControllerTest, magnifyingDock_hover_waitsForTheIconToSettle)
     EXPECT_NEAR(loop.now() - before, 0.03, 1e-6) << "two equal readings end the wait";
 }
 
+TEST_F(ControllerTest, movedSlider_showsASampleUntilHalfASecondAfterTheLastMove)
+{
+    start();
+    const auto sample = [this] { return controller.samplePreview().previewWindow(); };
+    defaults.setFloat(300, u"windowWidth"_s);
+    controller.updateWindowSize();
+    ASSERT_TRUE(sample());
+    const MAWindow& window = *sample()->window();
+    EXPECT_TRUE(window.isVisible());
+    EXPECT_EQ(window.frame().size(), QSizeF(300, 190));
+    const double bottom = window.frame().y();
+    loop.advance(0.4);
+    defaults.setFloat(83, u"distanceFromDock"_s);
+    controller.updateDistanceFromDock();
+    EXPECT_EQ(window.frame().y(), bottom + 50);
+    EXPECT_EQ(window.frame().size(), QSizeF(300, 190));
+    loop.advance(0.4);
+    EXPECT_TRUE(sample());
+    loop.advance(0.11);
+    EXPECT_FALSE(sample());
+    EXPECT_EQ(previews(), 0U);
+}
+
 TEST_F(ControllerTest, noAccess_start_isRefused)
 {
     desk.with([](SimulatedState& state) { state.isAccessibilityEnabled = false; });

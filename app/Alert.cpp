@@ -1,0 +1,129 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include "app/Alert.h"
+
+#include <QtCore/QCoreApplication>
+#include <QtWidgets/QCheckBox>
+#include <QtWidgets/QDialog>
+#include <QtWidgets/QGridLayout>
+#include <QtWidgets/QHBoxLayout>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QPushButton>
+
+#include "preview/NamedImage.h"
+
+namespace lumbrix
+{
+namespace
+{
+
+constexpr int textWidth = 420;
+constexpr QSize iconSize(64, 64);
+
+QLabel* makeText(const QString& text, QWidget* parent)
+{
+    auto* label = new QLabel(text, parent);
+    label->setTextFormat(Qt::PlainText);
+    label->setWordWrap(true);
+    label->setFixedWidth(textWidth);
+    label->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    return label;
+}
+
+} // namespace
+
+/// The panel's result is the answer.
+class AlertPanel final : public QDialog
+{
+public:
+    AlertPanel(const QString& title, const QString& text, const QStringList& buttons);
+
+    void showSuppressionButton(const QString& text);
+    bool isSuppressed() const { return m_suppression && m_suppression->isChecked(); }
+    void reject() override { done(m_lastAnswer); }
+
+private:
+    QGridLayout* m_layout;
+    QCheckBox* m_suppression = nullptr;
+    int m_lastAnswer = Alert::FirstButtonReturn;
+};
+
+AlertPanel::AlertPanel(const QString& title, const QString& text, const QStringList& buttons)
+    : m_layout(new QGridLayout(this))
+{
+    setObjectName(QStringLiteral("alert"));
+    setWindowRole(QStringLiteral("alert"));
+    setWindowTitle(QStringLiteral("Lumbrix"));
+    setAttribute(Qt::WA_QuitOnClose, false);
+
+    auto* icon = new QLabel(this);
+    icon->setPixmap(namedPixmap(QStringLiteral("lumbrix"), iconSize, devicePixelRatioF()));
+    QLabel* message = makeText(title, this);
+    message->setObjectName(QStringLiteral("messageText"));
+    QFont bold = message->font();
+    bold.setBold(true);
+    message->setFont(bold);
+    QLabel* informative = makeText(text, this);
+    informative->setObjectName(QStringLiteral("informativeText"));
+
+    // The first button, the one for Return, is at the end of the row.
+    auto* row = new QHBoxLayout;
+    row->addStretch();
+    for (int i = 0; i < buttons.size(); ++i) {
+        auto* button = new QPushButton(buttons[i], this);
+        m_lastAnswer = Alert::FirstButtonReturn + i;
+        button->setDefault(i == 0);
+        connect(button, &QPushButton::clicked, this,
+                [this, answer = m_lastAnswer] { done(answer); });
+        row->insertWidget(1, button);
+    }
+
+    constexpr int margin = 20;
+    m_layout->setContentsMargins(margin, margin, margin, margin);
+    m_layout->setHorizontalSpacing(margin);
+    m_layout->setVerticalSpacing(margin / 2);
+    m_layout->addWidget(icon, 0, 0, 3, 1, Qt::AlignTop);
+    m_layout->addWidget(message, 0, 1);
+    m_layout->addWidget(informative, 1, 1);
+    m_layout->addLayout(row, 3, 0, 1, 2);
+    m_layout->setSizeConstraint(QLayout::SetFixedSize);
+}
+
+void AlertPanel::showSuppressionButton(const QString& text)
+{
+    m_suppression = new QCheckBox(this);
+    m_suppression->setText(
+        text.isNull() ? QCoreApplication::translate("Alert", "Do not show this message again")
+                      : text);
+    m_layout->addWidget(m_suppression, 2, 1);
+}
+
+Alert::Alert(const QString& title, const QString& text, const QStringList& buttons)
+    : m_panel(std::make_unique<AlertPanel>(title, text, buttons))
+{
+}
+
+Alert::~Alert() = default;
+
+void Alert::showSuppressionButton(const QString& text) { m_panel->showSuppressionButton(text); }
+
+bool Alert::isSuppressed() const { return m_panel && m_panel->isSuppressed(); }
+
+int Alert::runModal()
+{
+    m_panel->setModal(true);
+    return m_panel->exec();
+}
+
+void Alert::beginSheetModalForWindow(QWidget& window, std::function<void(int)> didEnd)
+{
+    AlertPanel* panel = m_panel.release(); // the window's from here on
+    panel->setParent(&window, Qt::Dialog);
+    panel->setAttribute(Qt::WA_DeleteOnClose);
+    if (didEnd)
+        QObject::connect(panel, &QDialog::finished, panel, std::move(didEnd));
+    panel->open();
+}
+
+} // namespace lumbrix
