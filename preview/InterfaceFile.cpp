@@ -9,9 +9,13 @@
 
 #include <array>
 
+#include "preview/BadgeView.h"
+#include "preview/Cells.h"
+#include "preview/DBOverlayWindow.h"
 #include "preview/ImageButton.h"
 #include "preview/KeyLabel.h"
 #include "preview/MAWindow.h"
+#include "preview/NumberLabel.h"
 #include "preview/PanelBackground.h"
 #include "preview/PictureButton.h"
 #include "preview/PictureView.h"
@@ -30,9 +34,13 @@ struct WidgetClass {
 };
 
 constexpr std::array WidgetClasses{
+    WidgetClass{QLatin1String("BadgeView"), make<BadgeView>},
+    WidgetClass{QLatin1String("DBOverlayWindow"), make<DBOverlayWindow>},
     WidgetClass{QLatin1String("ImageButton"), make<ImageButton>},
     WidgetClass{QLatin1String("KeyLabel"), make<KeyLabel>},
+    WidgetClass{QLatin1String("LXImageCell"), make<LXImageCell>},
     WidgetClass{QLatin1String("MAWindow"), make<MAWindow>},
+    WidgetClass{QLatin1String("NumberLabel"), make<NumberLabel>},
     WidgetClass{QLatin1String("PanelBackground"), make<PanelBackground>},
     WidgetClass{QLatin1String("PictureButton"), make<PictureButton>},
     WidgetClass{QLatin1String("PictureView"), make<PictureView>},
