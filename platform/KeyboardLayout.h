@@ -21,6 +21,12 @@ public:
     /// The characters that the key of a virtual key code writes by itself, for a dead key those of
     /// its accent. Empty when it writes none, or there is no such key.
     virtual QString charactersOfKey(std::int64_t keyCode) = 0;
+    /// The virtual key code of a key that was pressed, by the native numbers that the toolkit gives
+    /// with the event; −1 when it has none.
+    virtual std::int64_t keyCodeOf(std::uint32_t nativeScanCode,
+                                   std::uint32_t nativeVirtualKey) = 0;
+    /// What people here call the modifier key of a ModifierFlag bit ("Alt"), translated.
+    virtual QString nameOfModifier(std::uint32_t flag) const = 0;
 };
 
 } // namespace lumbrix::platform

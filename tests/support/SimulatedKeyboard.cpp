@@ -7,6 +7,8 @@
 
 #include <algorithm>
 
+#include "platform/InputState.h"
+
 namespace lumbrix::test
 {
 
@@ -97,6 +99,17 @@ std::vector<TapKey> SimulatedEventTaps::keysHeld() const
         }
     }
     return held;
+}
+
+QString SimulatedKeyboardLayout::nameOfModifier(std::uint32_t flag) const
+{
+    static const QHash<std::uint32_t, QString> names{
+        {platform::ModifierFlag::Shift, QStringLiteral("Shift")},
+        {platform::ModifierFlag::Control, QStringLiteral("Ctrl")},
+        {platform::ModifierFlag::Option, QStringLiteral("Alt")},
+        {platform::ModifierFlag::Command, QStringLiteral("Super")},
+    };
+    return names.value(flag);
 }
 
 } // namespace lumbrix::test

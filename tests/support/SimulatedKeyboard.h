@@ -43,6 +43,12 @@ class SimulatedKeyboardLayout final : public platform::KeyboardLayout
 public:
     std::uint64_t currentLayout() override { return m_layout; }
     QString charactersOfKey(std::int64_t keyCode) override { return m_characters.value(keyCode); }
+    /// Here a scan code is the key code plus eight, as 0 is none.
+    std::int64_t keyCodeOf(std::uint32_t nativeScanCode, std::uint32_t) override
+    {
+        return nativeScanCode < 8 ? -1 : static_cast<std::int64_t>(nativeScanCode) - 8;
+    }
+    QString nameOfModifier(std::uint32_t flag) const override;
 
     void choose(QHash<std::int64_t, QString> characters)
     {

@@ -3,6 +3,13 @@
 
 #include "platform/linux/x11/X11KeyboardLayout.h"
 
+#include "platform/InputState.h"
+
+#include <QtCore/QCoreApplication>
+
+#include <algorithm>
+#include <iterator>
+
 namespace lumbrix::platform::x11
 {
 namespace
@@ -20,6 +27,34 @@ QString X11KeyboardLayout::charactersOfKey(std::int64_t keyCode)
 {
     readKeymap();
     return m_keymap ? m_keymap->charactersOf(keyCode, activeLayout(m_requests)) : QString();
+}
+
+/// The scan code is the server's key code, which stands for one place; the virtual key is a symbol,
+/// of which several places may have the same.
+std::int64_t X11KeyboardLayout::keyCodeOf(std::uint32_t nativeScanCode, std::uint32_t)
+{
+    readKeymap();
+    if (!m_keymap || nativeScanCode == 0)
+        return -1;
+    const Keymap::Keycodes keycodes = m_keymap->keycodes();
+    const auto found = std::find(keycodes.begin(), keycodes.end(), nativeScanCode);
+    return found == keycodes.end() ? -1 : std::distance(keycodes.begin(), found);
+}
+
+QString X11KeyboardLayout::nameOfModifier(std::uint32_t flag) const
+{
+    switch (flag) {
+    case ModifierFlag::Shift:
+        return QCoreApplication::translate("KeyboardLayout", "Shift");
+    case ModifierFlag::Control:
+        return QCoreApplication::translate("KeyboardLayout", "Ctrl");
+    case ModifierFlag::Option:
+        return QCoreApplication::translate("KeyboardLayout", "Alt");
+    case ModifierFlag::Command:
+        return QCoreApplication::translate("KeyboardLayout", "Super");
+    default:
+        return {};
+    }
 }
 
 void X11KeyboardLayout::readKeymap()

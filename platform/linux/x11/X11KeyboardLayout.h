@@ -22,6 +22,8 @@ public:
 
     std::uint64_t currentLayout() override;
     QString charactersOfKey(std::int64_t keyCode) override;
+    std::int64_t keyCodeOf(std::uint32_t nativeScanCode, std::uint32_t nativeVirtualKey) override;
+    QString nameOfModifier(std::uint32_t flag) const override;
 
     void handleEvent(const xcb_generic_event_t& event) override;
 
