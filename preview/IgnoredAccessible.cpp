@@ -5,7 +5,9 @@
 
 #include <QtGui/QAccessible>
 #include <QtWidgets/QAccessibleWidget>
-#include <QtWidgets/QWidget>
+
+#include "preview/MAWindow.h"
+
 namespace lumbrix
 {
 namespace
@@ -31,13 +33,9 @@ public:
 QAccessibleInterface* makeIgnored(const QString&, QObject* object)
 {
     auto* widget = qobject_cast<QWidget*>(object);
-    if (!widget)
+    if (!widget || !qobject_cast<MAWindow*>(widget->window()))
         return nullptr; // not ours to answer for
-    for (const QWidget* each : {widget, widget->window()}) {
-        if (each->property("accessibilityIsIgnored").toBool())
-            return new IgnoredAccessible(widget);
-    }
-    return nullptr;
+    return new IgnoredAccessible(widget);
 }
 
 } // namespace

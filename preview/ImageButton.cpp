@@ -10,8 +10,9 @@
 namespace lumbrix
 {
 
-ImageButton::ImageButton(QWidget* parent) : LXButtonCell(parent)
+ImageButton::ImageButton(QWidget* parent) : QAbstractButton(parent)
 {
+    setFocusPolicy(Qt::NoFocus);
     setAttribute(Qt::WA_Hover);
     setCursor(Qt::ArrowCursor);
 }

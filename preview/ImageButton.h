@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "preview/Cells.h"
+#include <QtWidgets/QAbstractButton>
 
 namespace lumbrix
 {
@@ -11,7 +11,7 @@ namespace lumbrix
 /// A button that is a drawing, scaled to the button's size; other drawings stand in while the mouse
 /// is over it, while it is pressed and while it is disabled. An empty name means the plain drawing.
 /// Never takes the focus.
-class ImageButton : public LXButtonCell
+class ImageButton : public QAbstractButton
 {
     Q_OBJECT
     Q_PROPERTY(QString imageName READ imageName WRITE setImageName)

@@ -9,13 +9,9 @@
 
 #include <array>
 
-#include "preview/BadgeView.h"
-#include "preview/Cells.h"
-#include "preview/DBOverlayWindow.h"
 #include "preview/ImageButton.h"
 #include "preview/KeyLabel.h"
 #include "preview/MAWindow.h"
-#include "preview/NumberLabel.h"
 #include "preview/PanelBackground.h"
 #include "preview/PictureButton.h"
 #include "preview/PictureView.h"
@@ -28,23 +24,14 @@ namespace
 
 template <class Widget> QWidget* make(QWidget* parent) { return new Widget(parent); }
 
-struct WidgetClass {
-    QLatin1String name;
-    QWidget* (*create)(QWidget* parent);
-};
-
 constexpr std::array WidgetClasses{
-    WidgetClass{QLatin1String("BadgeView"), make<BadgeView>},
-    WidgetClass{QLatin1String("DBOverlayWindow"), make<DBOverlayWindow>},
-    WidgetClass{QLatin1String("ImageButton"), make<ImageButton>},
-    WidgetClass{QLatin1String("KeyLabel"), make<KeyLabel>},
-    WidgetClass{QLatin1String("LXImageCell"), make<LXImageCell>},
-    WidgetClass{QLatin1String("MAWindow"), make<MAWindow>},
-    WidgetClass{QLatin1String("NumberLabel"), make<NumberLabel>},
-    WidgetClass{QLatin1String("PanelBackground"), make<PanelBackground>},
-    WidgetClass{QLatin1String("PictureButton"), make<PictureButton>},
-    WidgetClass{QLatin1String("PictureView"), make<PictureView>},
-    WidgetClass{QLatin1String("TitleLabel"), make<TitleLabel>},
+    InterfaceClass{QLatin1String("ImageButton"), make<ImageButton>},
+    InterfaceClass{QLatin1String("KeyLabel"), make<KeyLabel>},
+    InterfaceClass{QLatin1String("MAWindow"), make<MAWindow>},
+    InterfaceClass{QLatin1String("PanelBackground"), make<PanelBackground>},
+    InterfaceClass{QLatin1String("PictureButton"), make<PictureButton>},
+    InterfaceClass{QLatin1String("PictureView"), make<PictureView>},
+    InterfaceClass{QLatin1String("TitleLabel"), make<TitleLabel>},
 };
 
 class Loader : public QUiLoader
@@ -52,17 +39,31 @@ class Loader : public QUiLoader
 public:
     Loader() { setLanguageChangeEnabled(false); }
 
+    std::unique_ptr<QWidget> loadWith(QIODevice& file, std::span<const InterfaceClass> classes)
+    {
+        m_classes = classes;
+        std::unique_ptr<QWidget> result(load(&file));
+        m_classes = {};
+        return result;
+    }
+
     QWidget* createWidget(const QString& className, QWidget* parent, const QString& name) override
     {
-        for (const WidgetClass& known : WidgetClasses) {
-            if (className == known.name) {
-                QWidget* widget = known.create(parent);
-                widget->setObjectName(name);
-                return widget;
+        for (const std::span<const InterfaceClass> known :
+             {std::span<const InterfaceClass>(WidgetClasses), m_classes}) {
+            for (const InterfaceClass& candidate : known) {
+                if (className == candidate.name) {
+                    QWidget* widget = candidate.create(parent);
+                    widget->setObjectName(name);
+                    return widget;
+                }
             }
         }
         return QUiLoader::createWidget(className, parent, name);
     }
+
+private:
+    std::span<const InterfaceClass> m_classes; ///< beside those every file may name
 };
 
 /// A loader looks for plug-ins on disk when it is made, and loads the libraries behind every widget
@@ -78,14 +79,14 @@ std::unique_ptr<Loader> makeLoader()
 
 } // namespace
 
-std::unique_ptr<QWidget> loadInterface(const QString& name)
+std::unique_ptr<QWidget> loadInterface(const QString& name, std::span<const InterfaceClass> classes)
 {
     QFile file(u":/interfaces/%1.ui"_qs.arg(name));
     if (!file.open(QIODevice::ReadOnly))
         return nullptr;
     static const std::unique_ptr<Loader> kept = makeLoader();
     Loader& loader = *kept;
-    return std::unique_ptr<QWidget>(loader.load(&file));
+    return loader.loadWith(file, classes);
 }
 
 } // namespace lumbrix

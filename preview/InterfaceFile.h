@@ -6,14 +6,22 @@
 #include <QtCore/QString>
 
 #include <memory>
+#include <span>
 
 class QWidget;
 
 namespace lumbrix
 {
 
-/// Loads an interface file of the program by name ("ScreenyView"), with the program's own widget
-/// classes. Null when there is none or it cannot be read. Main thread.
-std::unique_ptr<QWidget> loadInterface(const QString& name);
+/// A widget class that interface files name.
+struct InterfaceClass {
+    QLatin1String name;
+    QWidget* (*create)(QWidget* parent);
+};
+
+/// Loads an interface file of the program by name ("ScreenyView"), with the widget classes of the
+/// previews and the given ones. Null when there is none or it cannot be read. Main thread.
+std::unique_ptr<QWidget> loadInterface(const QString& name,
+                                       std::span<const InterfaceClass> classes = {});
 
 } // namespace lumbrix

@@ -10,8 +10,9 @@
 namespace lumbrix
 {
 
-KeyLabel::KeyLabel(QWidget* parent) : LXTransparentButtonCell(parent)
+KeyLabel::KeyLabel(QWidget* parent) : QAbstractButton(parent)
 {
+    setFocusPolicy(Qt::NoFocus);
     setAttribute(Qt::WA_Hover);
 }
 

@@ -4,14 +4,13 @@
 #pragma once
 
 #include <QtGui/QColor>
-
-#include "preview/Cells.h"
+#include <QtWidgets/QAbstractButton>
 
 namespace lumbrix
 {
 
 /// A small key cap that shows a shortcut; clicking it does what the shortcut does.
-class KeyLabel : public LXTransparentButtonCell
+class KeyLabel : public QAbstractButton
 {
     Q_OBJECT
     Q_PROPERTY(QColor textColor MEMBER m_textColor)

@@ -23,7 +23,7 @@ namespace lumbrix
 namespace
 {
 
-/// The panels that are ordered front, the lowest first; so they are sorted by level.
+/// The panels that are ordered front, the lowest first.
 std::vector<MAWindow*>& frontPanels()
 {
     static std::vector<MAWindow*> panels;
@@ -59,11 +59,7 @@ MAWindow::MAWindow(QWidget* parent)
     setMinimumSize(1, 1);
 }
 
-MAWindow::~MAWindow()
-{
-    std::erase(frontPanels(), this);
-    takeBackdropsAway();
-}
+MAWindow::~MAWindow() { std::erase(frontPanels(), this); }
 
 void MAWindow::setFrame(const QRectF& frame)
 {
@@ -86,36 +82,22 @@ void MAWindow::setContent(QWidget* content)
 void MAWindow::orderFrontRegardless()
 {
     prepareToShow();
-    enterFrontPanels();
-    if ((m_isHeld || (m_isBackdrop && !hasCompany())) && !isVisible())
+    std::erase(frontPanels(), this);
+    frontPanels().push_back(this);
+    if (m_isHeld && !isVisible())
         m_isDue = true;
     if (!m_isDue)
         bringOntoScreen();
 }
 
-void MAWindow::enterFrontPanels()
-{
-    std::vector<MAWindow*>& panels = frontPanels();
-    std::erase(panels, this);
-    panels.insert(std::find_if(panels.begin(), panels.end(),
-                               [this](const MAWindow* panel) { return panel->level() > m_level; }),
-                  this);
-}
-
 void MAWindow::bringOntoScreen()
 {
-    bringBackdrops();
-    // Below others, even one that is on the screen already may have been covered by another
-    // program. What lies on it is not worth a flicker.
-    if (m_level < 0 && !(isOnScreen() && hasCompany()))
-        placeBelowHigherPanels();
     // A tool window that is shown is raised before it is mapped.
     if (!QWidget::isVisible()) {
         show();
         return;
     }
-    if (m_level == 0)
-        raise();
+    raise();
     if (std::exchange(m_isAway, false)) {
         platform::desktop().windowServer.setOnScreen(internalWinId(), true);
         // The server will ask for the content, but behind all that the compositor does about new
@@ -130,58 +112,26 @@ void MAWindow::bringOntoScreen()
     repaint();
 }
 
-bool MAWindow::hasCompany() const
+void MAWindow::orderBelow(MAWindow&)
 {
-    const std::vector<MAWindow*>& panels = frontPanels();
-    return std::any_of(panels.begin(), panels.end(), [this](const MAWindow* panel) {
-        return panel->level() > m_level && panel->isOnScreen();
-    });
-}
-
-void MAWindow::bringBackdrops() const
-{
-    const std::vector<MAWindow*> panels = frontPanels();
-    for (MAWindow* panel : panels) {
-        if (panel->isBackdrop() && panel->level() < m_level && std::exchange(panel->m_isDue, false))
-            panel->bringOntoScreen();
-    }
-}
-
-void MAWindow::takeBackdropsAway()
-{
-    const std::vector<MAWindow*> panels = frontPanels();
-    for (MAWindow* panel : panels) {
-        if (!panel->isBackdrop() || !panel->isOnScreen() || panel->hasCompany())
-            continue;
-        panel->orderOut();
-        panel->enterFrontPanels();
-        panel->m_isDue = true;
-    }
-}
-
-void MAWindow::setLevel(int level)
-{
-    m_level = level;
+    prepareToShow();
+    std::vector<MAWindow*>& panels = frontPanels();
+    std::erase(panels, this);
     // Unlike a tool window, an ordinary one keeps its place in the stack when it is shown.
-    if (level < 0 && windowType() == Qt::Tool)
+    if (windowType() == Qt::Tool)
         setWindowFlags((windowFlags() & ~Qt::WindowType_Mask) | Qt::Window);
-}
-
-void MAWindow::placeBelowHigherPanels()
-{
     // A window that was just made, but not yet shown, is on top of the stack: what it would cover
     // has to be put above it before it is seen. Nothing else is touched, for without a compositor
     // any change of the order flickers.
     if (!testAttribute(Qt::WA_WState_Created))
         create();
-    else
-        raise();
-    const std::vector<MAWindow*>& panels = frontPanels();
     const auto covered = std::find_if(panels.begin(), panels.end(), [this](const MAWindow* panel) {
-        return panel->level() > m_level && panel->isOnScreen() &&
-               panel->geometry().intersects(geometry());
+        return panel->geometry().intersects(geometry());
     });
     std::for_each(covered, panels.end(), [](MAWindow* panel) { panel->raise(); });
+    if (std::exchange(m_isAway, false))
+        platform::desktop().windowServer.setOnScreen(internalWinId(), true);
+    show();
 }
 
 void MAWindow::orderOut()
@@ -197,13 +147,11 @@ void MAWindow::orderOut()
 
 void MAWindow::wentOffScreen()
 {
-    const auto gone = std::erase(frontPanels(), this);
+    std::erase(frontPanels(), this);
     m_isDue = false;
     m_isHeld = false;
     m_isExposed = false;
     m_isAhead = false;
-    if (gone > 0)
-        takeBackdropsAway();
 }
 
 void MAWindow::setHeld(bool held)

@@ -13,8 +13,9 @@
 namespace lumbrix
 {
 
-PictureButton::PictureButton(QWidget* parent) : LXTransparentButtonCell(parent)
+PictureButton::PictureButton(QWidget* parent) : QAbstractButton(parent)
 {
+    setFocusPolicy(Qt::NoFocus);
     setAttribute(Qt::WA_Hover);
 }
 

@@ -5,15 +5,14 @@
 
 #include <QtGui/QColor>
 #include <QtGui/QImage>
-
-#include "preview/Cells.h"
+#include <QtWidgets/QAbstractButton>
 
 namespace lumbrix
 {
 
 /// A button that shows a picture as large as its area allows, in the picture's own proportions and
 /// never larger than life, with a thin outline. Never takes the focus.
-class PictureButton : public LXTransparentButtonCell
+class PictureButton : public QAbstractButton
 {
     Q_OBJECT
     Q_PROPERTY(QColor outline MEMBER m_outline)

@@ -167,6 +167,12 @@ void ScreenyView::setShortcut()
 
 void ScreenyView::removeShortcut() { m_host.hotKeyCenter().unregisterHotKey(m_fastKey); }
 
+void ScreenyView::showSpaces()
+{
+    if (m_elementRef && m_host.settings().showSpaces)
+        m_host.spacesBadge().showSpaces(*this);
+}
+
 void ScreenyView::setTrackingRect()
 {
     m_window->setTracking([this] { mouseEntered(); }, [this] { mouseExited(); });
@@ -178,7 +184,7 @@ void ScreenyView::dismissWithoutRebirth()
 {
     m_window->orderOut();
     m_image->setImage({});
-    hideSpaces();
+    m_host.spacesBadge().hide(*this);
 }
 
 void ScreenyView::rebirth()
@@ -198,7 +204,7 @@ void ScreenyView::rebirth()
     m_background->setHovered(false);
     removeButtons();
     clearAppFlags();
-    hideSpaces();
+    m_host.spacesBadge().hide(*this);
     if (m_title)
         m_title->show();
     if (m_titleLabel)
@@ -252,7 +258,7 @@ void ScreenyView::prepareForCal()
     if (m_elementRef)
         m_elementRef->setScreenshot({});
     m_image->setImage({});
-    hideSpaces();
+    m_host.spacesBadge().hide(*this);
     if (m_title)
         m_title->hide();
     if (m_titleLabel)

@@ -22,7 +22,6 @@
 namespace lumbrix
 {
 
-class BadgeView;
 class ImageButton;
 class KeyLabel;
 class PanelBackground;
@@ -70,10 +69,7 @@ public:
     void orderFront();
     void setShortcut();
     void removeShortcut();
-    /// The number of the window's Space in a badge, while the setting is on and it has one.
     void showSpaces();
-    void hideSpaces();
-    BadgeView* spaceView() const { return m_spaceView; } ///< null until first needed
     void setTrackingRect();
     void removeTrackingRect();
 
@@ -173,7 +169,6 @@ private:
     ImageButton* m_closeButton = nullptr;
     KeyLabel* m_fastKeyButton = nullptr;
     QPointer<QWidget> m_iCalView;
-    BadgeView* m_spaceView = nullptr;                    ///< in the window too
     std::array<ImageButton*, ControlCount> m_controls{}; ///< null unless m_buttonsInitialized
     bool m_buttonsInitialized = false;
 
