@@ -119,6 +119,18 @@ void SGHotKeyCenter::toggleEventTap(bool on)
     }
 }
 
+void SGHotKeyCenter::setSuspended(bool suspended)
+{
+    m_isSuspended = suspended;
+    scheduleUpdate();
+}
+
+void SGHotKeyCenter::setTrying(bool trying)
+{
+    m_isTrying = trying;
+    scheduleUpdate();
+}
+
 void SGHotKeyCenter::enableKeyboardTap()
 {
     m_isEventTapOn = true;
@@ -143,8 +155,8 @@ void SGHotKeyCenter::updateTaps()
         keys.push_back(tapKey(*hotKey));
     m_eventTap->setKeys(keys);
     m_tabEventTap->setKeys(keys);
-    m_eventTap->setEnabled(m_isEventTapOn);
-    m_tabEventTap->setEnabled(m_isTabEventTapOn);
+    m_eventTap->setEnabled((m_isEventTapOn || m_isTrying) && !m_isSuspended);
+    m_tabEventTap->setEnabled(m_isTabEventTapOn && !m_isSuspended);
 }
 
 bool SGHotKeyCenter::handleEvent(const TapEvent& event)

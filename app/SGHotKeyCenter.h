@@ -37,6 +37,12 @@ public:
     void unregisterHotKey(const HotKeyPtr& hotKey) override;
     void toggleEventTap(bool on) override;
 
+    /// While the user presses the keys of a new hot key, no key is taken.
+    void setSuspended(bool suspended);
+    /// While the user looks at the hot keys, all that are registered are taken even where none is
+    /// needed, so that takenHotKeys() knows about all.
+    void setTrying(bool trying);
+
     const std::vector<HotKeyPtr>& allHotKeys() const { return m_hotKeys; } ///< oldest first
     /// Null when there is none.
     HotKeyPtr hotKeyWithIdentifier(const QString& identifier) const;
@@ -60,6 +66,8 @@ private:
     bool m_isEventTapOn = false;
     bool m_isTabEventTapOn = false;
     bool m_isUpdatePending = false;
+    bool m_isSuspended = false;
+    bool m_isTrying = false;
 };
 
 } // namespace lumbrix
