@@ -10,11 +10,11 @@
 #include "app/Defaults.h"
 #include "app/HotKeyIdentifiers.h"
 #include "app/SGHotKeyCenter.h"
+#include "app/preferences/PrefsController.h"
 #include "engine/LXHandler.h"
 #include "model/AXNames.h"
 #include "platform/Desktop.h"
 #include "platform/UserDefaults.h"
-#include "preview/BubbleWrapper.h"
 
 namespace lumbrix
 {
@@ -25,6 +25,8 @@ constexpr platform::Seconds dockObserverInterval = 3.0;
 /// How long a busy application may keep us waiting for an answer.
 constexpr float messagingTimeout = 0.2F;
 
+LumbrixController* theDelegate = nullptr;
+
 WindowCountBadger& badger() { return *LXHandler::sharedHandler().companions().windowCountBadger; }
 
 float storedBadgeSizeExtra()
@@ -33,9 +35,18 @@ float storedBadgeSizeExtra()
 }
 } // namespace
 
-LumbrixController::LumbrixController() : m_hotKeyCenter(std::make_shared<SGHotKeyCenter>()) {}
+LumbrixController::LumbrixController() : m_hotKeyCenter(std::make_shared<SGHotKeyCenter>())
+{
+    theDelegate = this;
+}
 
-LumbrixController::~LumbrixController() = default;
+LumbrixController::~LumbrixController()
+{
+    PrefsController::releaseSharedPrefsWindowController();
+    theDelegate = nullptr;
+}
+
+LumbrixController* LumbrixController::applicationDelegate() { return theDelegate; }
 
 bool LumbrixController::awakeFromNib()
 {
@@ -45,7 +56,6 @@ bool LumbrixController::awakeFromNib()
     accessibility.setMessagingTimeout(messagingTimeout);
     Companions companions;
     companions.hotKeyCenter = m_hotKeyCenter;
-    companions.helpBubble = std::make_shared<BubbleWrapper>();
     LXHandler::installCompanions(companions);
     LXHandler::sharedHandler().setApplicationDelegate(this);
     updateState();
@@ -66,6 +76,7 @@ void LumbrixController::applicationWillTerminate()
     m_launches = nullptr;
     m_dockObserverTimer = nullptr;
     m_dockObserver = nullptr;
+    PrefsController::releaseSharedPrefsWindowController();
     m_samplePreview.closeWindow();
     LXHandler& handler = LXHandler::sharedHandler();
     handler.removeAllScreenViewsNOW();
@@ -79,6 +90,7 @@ void LumbrixController::updateState(const QString& senderTitle)
     registerHotKeys();
     badger().setBadgeSizeExtra(storedBadgeSizeExtra());
     updateDelayLabels();
+    PrefsController::settingsDidChange();
 }
 
 void LumbrixController::updateWindowSize()
@@ -104,7 +116,10 @@ void LumbrixController::updateColorOfWindowBadges(const QColor& color)
     badger().setCurrentColor(color);
 }
 
-void LumbrixController::showPreferences() {}
+void LumbrixController::showPreferences()
+{
+    PrefsController::sharedPrefsWindowController().showWindow();
+}
 
 void LumbrixController::showAbout() {}
 

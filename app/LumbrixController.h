@@ -35,6 +35,8 @@ class LumbrixController final : public QObject, public HoverDelays
 public:
     LumbrixController();
     ~LumbrixController() override;
+    /// The one there is; null before and after.
+    static LumbrixController* applicationDelegate();
 
     /// First part of the start: the engine, with the hot-key centre, and its settings. False when
     /// the desktop gives no access to other applications; the program then has nothing to do.

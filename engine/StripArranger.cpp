@@ -83,7 +83,7 @@ void StripArranger::arrangeStrip(DockSide side, const SWElementPtr& item)
             window->setFrame(frames[i]);
         previews[i]->setTrackingRect();
     }
-    m_handler.companions().helpBubble->positionAndShowBubble(previews);
+    m_handler.companions().helpBubble->positionAndShowBubble();
 }
 
 void StripArranger::arrangeWindow(ScreenyView& preview)

@@ -1,0 +1,54 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// The recorders of the three hot keys.
+#pragma once
+
+#include <QtCore/QObject>
+#include <QtCore/QString>
+
+#include <array>
+
+#include "platform/RunLoop.h"
+
+class QWidget;
+
+namespace lumbrix
+{
+
+class LumbrixController;
+class NoteLabel;
+class SRRecorderControl;
+
+/// Main thread. Goes with the pane.
+class HotKeyRecorders final : public QObject
+{
+    Q_OBJECT
+
+public:
+    HotKeyRecorders(QWidget& pane, LumbrixController& controller);
+    ~HotKeyRecorders() override;
+
+    /// Shows the stored hot keys.
+    void refresh();
+    /// Whether the user sees the pane. Only then it is found out which hot keys other programs
+    /// have.
+    void setShown(bool shown);
+
+private:
+    struct Row {
+        QString identifier;
+        SRRecorderControl* control = nullptr;
+        NoteLabel* note = nullptr;
+    };
+
+    void shortcutRecorderKeyComboDidChange(const Row& row);
+    void updateNotes();
+    QString noteFor(const Row& row) const;
+
+    LumbrixController& m_controller;
+    std::array<Row, 3> m_rows;
+    platform::TimerPtr m_noteTimer;
+};
+
+} // namespace lumbrix

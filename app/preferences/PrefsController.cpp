@@ -1,0 +1,164 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include "app/preferences/PrefsController.h"
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QEvent>
+#include <QtWidgets/QComboBox>
+#include <QtWidgets/QLabel>
+
+#include <array>
+
+#include "app/LumbrixController.h"
+#include "app/preferences/ColorWell.h"
+#include "app/preferences/HotKeyRecorders.h"
+#include "app/preferences/NoteLabel.h"
+#include "app/preferences/SRRecorderControl.h"
+#include "app/preferences/SettingsBinding.h"
+#include "engine/LXHandler.h"
+#include "platform/Desktop.h"
+#include "platform/InputState.h"
+#include "platform/KeyboardLayout.h"
+#include "preview/InterfaceFile.h"
+
+namespace lumbrix
+{
+namespace
+{
+
+struct Pane {
+    const char* identifier;
+    const char* interfaceFile;
+};
+/// In the order of the toolbar.
+constexpr std::array panes{
+    Pane{QT_TRANSLATE_NOOP("PrefsController", "General"), "PreferencesGeneral"},
+    Pane{QT_TRANSLATE_NOOP("PrefsController", "Filters"), "PreferencesFilters"},
+    Pane{QT_TRANSLATE_NOOP("PrefsController", "Appearance"), "PreferencesAppearance"},
+    Pane{QT_TRANSLATE_NOOP("PrefsController", "Badges"), "PreferencesBadges"},
+    Pane{QT_TRANSLATE_NOOP("PrefsController", "Dock Icon"), "PreferencesDockIcon"},
+    Pane{QT_TRANSLATE_NOOP("PrefsController", "Hotkeys"), "PreferencesHotkeys"},
+    Pane{QT_TRANSLATE_NOOP("PrefsController", "Advanced"), "PreferencesAdvanced"},
+    Pane{QT_TRANSLATE_NOOP("PrefsController", "Updates"), "PreferencesUpdates"},
+};
+
+template <class Widget> QWidget* make(QWidget* parent) { return new Widget(parent); }
+
+constexpr std::array widgetClasses{
+    InterfaceClass{QLatin1String("ColorWell"), make<ColorWell>},
+    InterfaceClass{QLatin1String("NoteLabel"), make<NoteLabel>},
+    InterfaceClass{QLatin1String("SRRecorderControl"), make<SRRecorderControl>},
+};
+
+std::unique_ptr<PrefsController> sharedInstance;
+
+WindowCountBadger& badger() { return *LXHandler::sharedHandler().companions().windowCountBadger; }
+
+/// Combo boxes that choose a modifier key, by the index that settings store.
+void fillModifierNames(QWidget& pane)
+{
+    using namespace platform::ModifierFlag;
+    const auto boxes = pane.findChildren<QComboBox*>();
+    for (QComboBox* box : boxes) {
+        if (!box->property("modifierNames").toBool())
+            continue;
+        for (const std::uint32_t flag : {Command, Option, Control, Shift})
+            box->addItem(platform::desktop().keyboardLayout.nameOfModifier(flag));
+        box->setProperty("settingsElse", 0);
+    }
+}
+
+} // namespace
+
+PrefsController& PrefsController::sharedPrefsWindowController()
+{
+    if (!sharedInstance)
+        sharedInstance =
+            std::make_unique<PrefsController>(*LumbrixController::applicationDelegate());
+    return *sharedInstance;
+}
+
+void PrefsController::releaseSharedPrefsWindowController() { sharedInstance.reset(); }
+
+QWidget* PrefsController::openWindow()
+{
+    return sharedInstance ? sharedInstance->window() : nullptr;
+}
+
+void PrefsController::settingsDidChange()
+{
+    if (sharedInstance)
+        sharedInstance->refresh();
+}
+
+PrefsController::~PrefsController() { closeWindow(); }
+
+void PrefsController::setupToolbar()
+{
+    for (const Pane& pane : panes) {
+        auto view = loadInterface(QLatin1String(pane.interfaceFile), widgetClasses);
+        if (!view)
+            view = std::make_unique<QWidget>();
+        awakeFromNib(*view);
+        addView(std::move(view), QLatin1String(pane.identifier),
+                QCoreApplication::translate("PrefsController", pane.identifier));
+    }
+    setCrossFade(true);
+    setShiftSlowsAnimation(false);
+}
+
+void PrefsController::awakeFromNib(QWidget& pane)
+{
+    fillModifierNames(pane);
+    for (SettingsBinding* binding : bindPane(pane, m_controller))
+        m_bindings.emplace_back(binding);
+    if (pane.findChild<SRRecorderControl*>())
+        m_recorders = new HotKeyRecorders(pane, m_controller);
+    if (auto* well = pane.findChild<ColorWell*>()) {
+        connect(well, &ColorWell::colorChanged, &m_controller,
+                &LumbrixController::updateColorOfWindowBadges);
+    }
+    if (auto* label = pane.findChild<QLabel*>(QStringLiteral("versionLabel")))
+        m_controller.setVersionLabel(label);
+    if (auto* label = pane.findChild<QLabel*>(QStringLiteral("delayLabel")))
+        m_controller.setDelayLabel(label);
+    if (auto* label = pane.findChild<QLabel*>(QStringLiteral("exitDelayLabel")))
+        m_controller.setExitDelayLabel(label);
+}
+
+void PrefsController::windowWillShow()
+{
+    window()->installEventFilter(this);
+    refresh();
+}
+
+void PrefsController::refresh()
+{
+    if (!window())
+        return;
+    for (const QPointer<SettingsBinding>& binding : m_bindings)
+        binding->refresh();
+    m_recorders->refresh();
+    const QColor color = badger().getCurrentColor();
+    if (auto* well = window()->findChild<ColorWell*>(); well && color.isValid())
+        well->setColor(color);
+}
+
+/// What others changed meanwhile, and what a sheet took back.
+bool PrefsController::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::WindowActivate)
+        refresh();
+    return DBPrefsWindowController::eventFilter(watched, event);
+}
+
+void PrefsController::currentViewDidChange()
+{
+    if (m_recorders)
+        m_recorders->setShown(currentIdentifier() == QLatin1String("Hotkeys"));
+}
+
+void PrefsController::windowWillClose() { m_bindings.clear(); }
+
+} // namespace lumbrix

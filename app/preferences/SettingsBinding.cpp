@@ -1,0 +1,217 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include "app/preferences/SettingsBinding.h"
+
+#include <QtWidgets/QCheckBox>
+#include <QtWidgets/QComboBox>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QSlider>
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+#include "app/LumbrixController.h"
+#include "platform/Desktop.h"
+#include "platform/UserDefaults.h"
+
+namespace lumbrix
+{
+namespace
+{
+
+platform::UserDefaults& defaults() { return platform::desktop().userDefaults; }
+
+/// In English, whatever language it is shown in, where the controller knows it.
+QString titleOf(const QCheckBox& box)
+{
+    const QVariant title = box.property("settingsTitle");
+    return title.isValid() ? title.toString() : box.text().remove(QLatin1Char('&'));
+}
+
+class CheckBoxBinding final : public SettingsBinding
+{
+public:
+    CheckBoxBinding(QCheckBox& box, LumbrixController& controller)
+        : SettingsBinding(box, controller), m_box(box)
+    {
+        connect(&box, &QCheckBox::clicked, this, [this](bool isChecked) {
+            storeInteger(isChecked ? 1 : 0);
+            this->controller().updateState(titleOf(m_box));
+        });
+    }
+    void refresh() override { m_box.setChecked(defaults().integerForKey(key()) != 0); }
+
+private:
+    QCheckBox& m_box;
+};
+
+class ComboBoxBinding final : public SettingsBinding
+{
+public:
+    ComboBoxBinding(QComboBox& box, LumbrixController& controller)
+        : SettingsBinding(box, controller), m_box(box)
+    {
+        const QString values = box.property("settingsValues").toString();
+        const auto given = values.split(QLatin1Char(','), Qt::SkipEmptyParts);
+        for (int i = 0; i < box.count(); ++i)
+            m_values.push_back(given.isEmpty() ? i : given.value(i).toLongLong());
+        const QVariant otherwise = box.property("settingsElse");
+        m_else = otherwise.isValid() ? otherwise.toInt() : -1;
+        connect(&box, &QComboBox::activated, this, [this](int index) {
+            // The same item stands for other values too; to choose it again is no change.
+            if (index == indexOf(defaults().integerForKey(key())))
+                return;
+            storeInteger(m_values.at(static_cast<std::size_t>(index)));
+            this->controller().updateState();
+        });
+    }
+    void refresh() override { m_box.setCurrentIndex(indexOf(defaults().integerForKey(key()))); }
+
+private:
+    int indexOf(std::int64_t value) const
+    {
+        const auto found = std::find(m_values.begin(), m_values.end(), value);
+        return found == m_values.end() ? m_else : static_cast<int>(found - m_values.begin());
+    }
+
+    QComboBox& m_box;
+    std::vector<std::int64_t> m_values;
+    int m_else = -1;
+};
+
+class SliderBinding final : public SettingsBinding
+{
+public:
+    SliderBinding(QSlider& slider, LumbrixController& controller)
+        : SettingsBinding(slider, controller), m_slider(slider),
+          m_label(labelNamed(slider.property("valueLabel").toString(), slider)),
+          m_format(slider.property("valueFormat").toString()),
+          m_action(actionNamed(slider.property("settingsAction").toString()))
+    {
+        const QVariant step = slider.property("settingsStep");
+        m_step = step.isValid() ? step.toDouble() : 1.0;
+        connect(&slider, &QSlider::valueChanged, this, [this](int position) {
+            if (m_isRefreshing)
+                return;
+            storeFloat(static_cast<float>(position * m_step));
+            showValue();
+            m_action(this->controller());
+        });
+    }
+    void refresh() override
+    {
+        const double value = defaults().floatForKey(key());
+        const double position =
+            std::clamp<double>(std::round(value / m_step), m_slider.minimum(), m_slider.maximum());
+        m_isRefreshing = true;
+        m_slider.setValue(static_cast<int>(position));
+        m_isRefreshing = false;
+        showValue();
+    }
+
+private:
+    using Action = void (*)(LumbrixController&);
+
+    static QLabel* labelNamed(const QString& name, const QSlider& slider)
+    {
+        return name.isEmpty() ? nullptr : slider.parentWidget()->findChild<QLabel*>(name);
+    }
+    static Action actionNamed(const QString& name)
+    {
+        static const std::pair<const char*, Action> actions[] = {
+            {"updateWindowSize", [](LumbrixController& c) { c.updateWindowSize(); }},
+            {"updateDistanceFromDock", [](LumbrixController& c) { c.updateDistanceFromDock(); }},
+            {"updateDockBadgeSize", [](LumbrixController& c) { c.updateDockBadgeSize(); }},
+        };
+        for (const auto& [known, action] : actions) {
+            if (name == QLatin1String(known))
+                return action;
+        }
+        return [](LumbrixController& c) { c.updateState(); };
+    }
+    /// The value that is stored, which may lie beyond the slider's ends.
+    void showValue()
+    {
+        if (!m_label)
+            return;
+        const double value = defaults().floatForKey(key());
+        const QString number = QString::number(value, 'f', 0);
+        m_label->setText(m_format.isEmpty() ? number : m_format.arg(number));
+    }
+
+    QSlider& m_slider;
+    QLabel* const m_label;
+    const QString m_format;
+    const Action m_action;
+    double m_step = 1.0;
+    bool m_isRefreshing = false;
+};
+
+/// A widget that is enabled while a checkbox is set, or is not set.
+void makeDependent(QWidget& widget, QWidget& pane)
+{
+    QString name = widget.property("enabledBy").toString();
+    const bool isInverse = name.startsWith(QLatin1Char('!'));
+    if (isInverse)
+        name.remove(0, 1);
+    const auto* master = pane.findChild<QCheckBox*>(name);
+    if (!master)
+        return;
+    const auto follow = [&widget, isInverse](bool isSet) { widget.setEnabled(isSet != isInverse); };
+    QObject::connect(master, &QCheckBox::toggled, &widget, follow);
+    follow(master->isChecked());
+}
+
+} // namespace
+
+SettingsBinding::SettingsBinding(QWidget& control, LumbrixController& controller)
+    : QObject(&control), m_controller(controller), m_key(control.property("settingsKey").toString())
+{
+}
+
+SettingsBinding* SettingsBinding::bind(QWidget& control, LumbrixController& controller)
+{
+    if (!control.property("settingsKey").isValid())
+        return nullptr;
+    SettingsBinding* binding = nullptr;
+    if (auto* checkBox = qobject_cast<QCheckBox*>(&control))
+        binding = new CheckBoxBinding(*checkBox, controller);
+    else if (auto* comboBox = qobject_cast<QComboBox*>(&control))
+        binding = new ComboBoxBinding(*comboBox, controller);
+    else if (auto* slider = qobject_cast<QSlider*>(&control))
+        binding = new SliderBinding(*slider, controller);
+    if (binding)
+        binding->refresh();
+    return binding;
+}
+
+void SettingsBinding::storeInteger(std::int64_t value)
+{
+    defaults().setInteger(value, m_key);
+    defaults().synchronize();
+}
+
+void SettingsBinding::storeFloat(float value)
+{
+    defaults().setFloat(value, m_key);
+    defaults().synchronize();
+}
+
+std::vector<SettingsBinding*> bindPane(QWidget& pane, LumbrixController& controller)
+{
+    std::vector<SettingsBinding*> bindings;
+    const auto widgets = pane.findChildren<QWidget*>();
+    for (QWidget* widget : widgets) {
+        if (SettingsBinding* binding = SettingsBinding::bind(*widget, controller))
+            bindings.push_back(binding);
+    }
+    for (QWidget* widget : widgets) {
+        if (widget->property("enabledBy").isValid())
+            makeDependent(*widget, pane);
+    }
+    return bindings;
+}
+
+} // namespace lumbrix

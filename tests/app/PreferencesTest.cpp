@@ -1,0 +1,325 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include <QtGui/QShortcut>
+#include <QtTest/QTest>
+#include <QtWidgets/QCheckBox>
+#include <QtWidgets/QComboBox>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QPushButton>
+#include <QtWidgets/QSlider>
+
+#include "app/HotKeyIdentifiers.h"
+#include "app/LumbrixController.h"
+#include "app/SenderTitles.h"
+#include "app/preferences/PrefsController.h"
+#include "app/preferences/SRRecorderControl.h"
+#include "app/preferences/SettingsBinding.h"
+#include "engine/LXHandler.h"
+#include "platform/InputState.h"
+#include "tests/support/DesktopFixture.h"
+
+namespace lumbrix::test
+{
+namespace
+{
+
+using namespace Qt::StringLiterals;
+
+class PreferencesTest : public DesktopFixture
+{
+protected:
+    PreferencesTest()
+    {
+        defaults.setBool(true, u"firstRun"_s);
+        defaults.setBool(true, u"badgeDockIconsFirstRun"_s);
+    }
+    ~PreferencesTest() override
+    {
+        controller.applicationWillTerminate();
+        loop.shutdown();
+        LXHandler::releaseSharedHandler();
+    }
+
+    void open()
+    {
+        if (!m_isStarted) {
+            m_isStarted = controller.awakeFromNib();
+            ASSERT_TRUE(m_isStarted);
+            controller.applicationDidFinishLaunching();
+        }
+        controller.showPreferences();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(window()));
+    }
+    static PrefsController& preferences() { return PrefsController::sharedPrefsWindowController(); }
+    static QWidget* window() { return PrefsController::openWindow(); }
+    template <class Widget> static Widget* find(const QString& name)
+    {
+        return window()->findChild<Widget*>(name);
+    }
+    static EngineSettings& settings() { return LXHandler::sharedHandler().settings(); }
+
+    SimulatedUserDefaults& defaults = desk.userDefaults();
+    LumbrixController controller;
+
+private:
+    bool m_isStarted = false;
+};
+
+/// The mnemonic of a text; null when it has none.
+QChar mnemonicOf(const QString& text)
+{
+    const QKeySequence keys = QKeySequence::mnemonic(text);
+    return keys.isEmpty() ? QChar() : QChar(keys[0].key());
+}
+
+TEST_F(PreferencesTest, everySettingOfTheUser_isBoundToOneControl)
+{
+    open();
+    QStringList bound;
+    for (const SettingsBinding* binding : window()->findChildren<SettingsBinding*>())
+        bound << binding->key();
+    bound.sort();
+    QStringList wanted = u"hideIcon displayDelay dontDelayIfOpen monoChrome distanceFromDock "
+                         "windowWidth windowHeight showInDock showInTab ignoreHidden "
+                         "ignoreMinimized neverClose showSpaces zoomWindows exitDelay "
+                         "shouldShowCal previewStyle spaceStyle spaceSize hideControls "
+                         "closeOnClick ignoreOneWindow onlyIfPressed onlyIfKeycode hidePreviews "
+                         "hidePreviewsKeycode disabled showFastKeys disableLivePreviews "
+                         "tempDisableFilters tempDisableFiltersKeycode showOthersInDockIcon "
+                         "hideClose badgeDock badgePosition badgeOnlyIfMore badgeSizeExtra "
+                         "shouldBubbleWrap showIconInDock startAtLogin"_s.split(u' ');
+    wanted.sort();
+    EXPECT_EQ(bound.join(u' '), wanted.join(u' '));
+
+    QStringList titles;
+    for (const QCheckBox* box : window()->findChildren<QCheckBox*>())
+        titles << box->property("settingsTitle").toString();
+    for (const QString& title :
+         {SenderTitle::HideMenuIcon, SenderTitle::ShowIconInDock, SenderTitle::BadgeDockIcons})
+        EXPECT_EQ(titles.count(title), 1) << qPrintable(title);
+}
+
+TEST_F(PreferencesTest, everyControl_isReachedByAMnemonicOfItsOwn)
+{
+    open();
+    for (const QString& identifier : preferences().toolbarIdentifiers()) {
+        const QWidget& pane = *preferences().toolbarViews().value(identifier);
+        QMultiMap<QChar, QString> mnemonics;
+        QSet<const QWidget*> buddies;
+        for (const QLabel* label : pane.findChildren<QLabel*>()) {
+            if (!label->buddy())
+                continue;
+            buddies.insert(label->buddy());
+            mnemonics.insert(mnemonicOf(label->text()), label->text());
+        }
+        for (const QAbstractButton* button : pane.findChildren<QAbstractButton*>()) {
+            if (qobject_cast<const QCheckBox*>(button) || qobject_cast<const QPushButton*>(button))
+                mnemonics.insert(mnemonicOf(button->text()), button->text());
+        }
+        for (const SettingsBinding* binding : pane.findChildren<SettingsBinding*>()) {
+            const auto* control = qobject_cast<const QWidget*>(binding->parent());
+            // The choice of a key follows its checkbox.
+            EXPECT_TRUE(qobject_cast<const QCheckBox*>(control) || buddies.contains(control) ||
+                        control->property("modifierNames").toBool())
+                << qPrintable(binding->key());
+        }
+        for (const QChar mnemonic : mnemonics.uniqueKeys()) {
+            EXPECT_EQ(mnemonics.count(mnemonic), 1)
+                << qPrintable(identifier) << ": "
+                << qPrintable(mnemonics.values(mnemonic).join(u" / "_s));
+            EXPECT_FALSE(mnemonic.isNull());
+        }
+    }
+}
+
+TEST_F(PreferencesTest, everyControl_movedByTheUser_storesSavesAndApplies)
+{
+    open();
+    for (QCheckBox* box : window()->findChildren<QCheckBox*>()) {
+        if (box->property("settingsTitle").isValid())
+            continue; // these ask something too
+        const QString key = box->property("settingsKey").toString();
+        const std::int64_t before = defaults.integerForKey(key);
+        box->setEnabled(true);
+        box->click();
+        EXPECT_EQ(defaults.integerForKey(key), 1 - before) << qPrintable(key);
+        EXPECT_FALSE(defaults.hasUnsavedChanges());
+    }
+    EXPECT_EQ(settings().ignoreMinimized, 1);
+    EXPECT_EQ(settings().disabled, 1);
+    EXPECT_EQ(controller.dontDelayIfOpen(), 1);
+
+    auto* style = find<QComboBox>(u"previewStyle"_s);
+    QTest::keyClick(style, Qt::Key_Down);
+    EXPECT_EQ(defaults.integerForKey(u"previewStyle"_s), 1);
+    EXPECT_EQ(settings().previewStyle, 1);
+    auto* position = find<QComboBox>(u"badgePosition"_s);
+    for (const int value : {2, 4, 3}) { // below the one of 0, as they are listed
+        position->setEnabled(true);
+        QTest::keyClick(position, Qt::Key_Down);
+        EXPECT_EQ(defaults.integerForKey(u"badgePosition"_s), value);
+    }
+    auto* modifier = find<QComboBox>(u"onlyIfKeycode"_s);
+    EXPECT_EQ(modifier->currentText(), u"Super"_s);
+    QTest::keyClick(modifier, Qt::Key_Down);
+    EXPECT_EQ(modifier->currentText(), u"Alt"_s);
+    EXPECT_EQ(settings().onlyIfKeycode, 1);
+
+    QTest::keyClick(find<QSlider>(u"exitDelay"_s), Qt::Key_Right);
+    EXPECT_EQ(defaults.floatForKey(u"exitDelay"_s), 0.1F);
+    EXPECT_EQ(settings().exitDelay, 0.1F);
+    EXPECT_EQ(find<QLabel>(u"exitDelayLabel"_s)->text(), u"0.1"_s);
+
+    defaults.setFloat(243, u"windowWidth"_s);
+    preferences().refresh();
+    QTest::keyClick(find<QSlider>(u"windowWidth"_s), Qt::Key_Right);
+    EXPECT_EQ(settings().windowWidth, 244.0F);
+    EXPECT_EQ(find<QLabel>(u"windowWidthValue"_s)->text(), u"244 pt"_s);
+    EXPECT_TRUE(controller.samplePreview().previewWindow()) << "the sample shows the new width";
+}
+
+TEST_F(PreferencesTest, valuesBeyondAControl_stayUntilItIsMoved)
+{
+    const QMap<QString, float> floats{
+        {u"windowWidth"_s, 1000}, {u"displayDelay"_s, 0.25F}, {u"distanceFromDock"_s, -7}};
+    const QMap<QString, int> integers{{u"badgePosition"_s, 9}, {u"previewStyle"_s, 77},
+                                      {u"spaceSize"_s, 7},     {u"hidePreviewsKeycode"_s, -1},
+                                      {u"showInTab"_s, 5},     {u"neverClose"_s, -2}};
+    for (auto each = floats.begin(); each != floats.end(); ++each)
+        defaults.setFloat(each.value(), each.key());
+    for (auto each = integers.begin(); each != integers.end(); ++each)
+        defaults.setInteger(each.value(), each.key());
+    open();
+    for (const QString& identifier : preferences().toolbarIdentifiers())
+        preferences().displayViewForIdentifier(identifier, false);
+    EXPECT_EQ(find<QLabel>(u"windowWidthValue"_s)->text(), u"1000 pt"_s);
+    EXPECT_EQ(find<QComboBox>(u"badgePosition"_s)->currentText(), u"Top right"_s);
+    EXPECT_EQ(find<QComboBox>(u"previewStyle"_s)->currentText(), u"Black"_s);
+    EXPECT_EQ(find<QComboBox>(u"spaceSize"_s)->currentText(), QString());
+    EXPECT_EQ(find<QComboBox>(u"hidePreviewsKeycode"_s)->currentText(), u"Super"_s);
+    EXPECT_TRUE(find<QCheckBox>(u"showInTab"_s)->isChecked());
+    // To choose again what is shown is no change.
+    auto* position = find<QComboBox>(u"badgePosition"_s);
+    Q_EMIT position->activated(position->currentIndex());
+    QTest::keyClick(find<QSlider>(u"windowWidth"_s), Qt::Key_Right); // at the end already
+    for (auto each = floats.begin(); each != floats.end(); ++each)
+        EXPECT_EQ(defaults.floatForKey(each.key()), each.value()) << qPrintable(each.key());
+    for (auto each = integers.begin(); each != integers.end(); ++each)
+        EXPECT_EQ(defaults.integerForKey(each.key()), each.value()) << qPrintable(each.key());
+
+    QTest::keyClick(find<QSlider>(u"windowWidth"_s), Qt::Key_Left);
+    EXPECT_EQ(defaults.floatForKey(u"windowWidth"_s), 599.0F);
+}
+
+TEST_F(PreferencesTest, settingsChangedElsewhere_areShownAtOnce)
+{
+    defaults.setInteger(1, u"badgeDock"_s);
+    open();
+    auto* disabled = find<QCheckBox>(u"disabled"_s);
+    EXPECT_FALSE(disabled->isChecked());
+    controller.toggleDisabled();
+    EXPECT_TRUE(disabled->isChecked());
+
+    // What depends on a checkbox follows it, however it changed.
+    auto* position = find<QComboBox>(u"badgePosition"_s);
+    auto* monochrome = find<QCheckBox>(u"monoChrome"_s);
+    EXPECT_TRUE(position->isEnabled());
+    EXPECT_TRUE(monochrome->isEnabled());
+    EXPECT_FALSE(find<QComboBox>(u"onlyIfKeycode"_s)->isEnabled());
+    defaults.setInteger(0, u"badgeDock"_s);
+    defaults.setInteger(1, u"hideIcon"_s);
+    find<QCheckBox>(u"onlyIfPressed"_s)->click();
+    EXPECT_FALSE(position->isEnabled());
+    EXPECT_FALSE(find<QLabel>(u"badgePositionTitle"_s)->isEnabled());
+    EXPECT_FALSE(monochrome->isEnabled());
+    EXPECT_TRUE(find<QComboBox>(u"onlyIfKeycode"_s)->isEnabled());
+}
+
+TEST_F(PreferencesTest, pane_chosen_fadesInWhileTheWindowTakesItsSize)
+{
+    open();
+    const QStringList panes = preferences().toolbarIdentifiers();
+    EXPECT_EQ(panes.join(u','),
+              u"General,Filters,Appearance,Badges,Dock Icon,Hotkeys,Advanced,Updates"_s);
+    EXPECT_EQ(window()->windowTitle(), u"General"_s);
+    EXPECT_EQ(window()->windowRole(), u"preferences"_s);
+    const QRect before = window()->frameGeometry();
+    QWidget& general = *preferences().toolbarViews().value(u"General"_s);
+    QWidget& updates = *preferences().toolbarViews().value(u"Updates"_s);
+    ASSERT_LT(updates.height(), general.height());
+    const QRect after = preferences().frameForView(updates);
+    EXPECT_EQ(after.topLeft(), before.topLeft());
+    EXPECT_EQ(after.height(), before.height() + updates.height() - general.height());
+
+    preferences().getToolbarItems().value(u"General"_s)->click();
+    EXPECT_FALSE(preferences().isAnimating()) << "it is shown already";
+
+    preferences().getToolbarItems().value(u"Updates"_s)->click();
+    EXPECT_EQ(window()->windowTitle(), u"Updates"_s);
+    loop.advance(0.125);
+    EXPECT_GT(window()->frameGeometry().height(), after.height());
+    EXPECT_LT(window()->frameGeometry().height(), before.height());
+    loop.advance(0.15);
+    EXPECT_FALSE(preferences().isAnimating());
+    EXPECT_EQ(window()->frameGeometry(), after);
+    EXPECT_EQ(window()->minimumSize(), window()->maximumSize());
+    EXPECT_TRUE(updates.isVisible());
+    EXPECT_FALSE(general.isVisible());
+
+    // Changing one's mind on the way.
+    preferences().displayViewForIdentifier(u"General"_s, true);
+    loop.advance(0.1);
+    preferences().displayViewForIdentifier(u"Badges"_s, true);
+    EXPECT_FALSE(general.isVisible());
+    loop.advance(0.3);
+    EXPECT_EQ(window()->frameGeometry(),
+              preferences().frameForView(*preferences().toolbarViews().value(u"Badges"_s)));
+
+    // Slowly, where that is wanted.
+    preferences().setShiftSlowsAnimation(true);
+    desk.setModifiers(platform::ModifierFlag::Shift);
+    preferences().displayViewForIdentifier(u"General"_s, true);
+    loop.advance(1.2);
+    EXPECT_TRUE(preferences().isAnimating());
+    loop.advance(0.1);
+    EXPECT_FALSE(preferences().isAnimating());
+    EXPECT_EQ(window()->frameGeometry(), before);
+}
+
+TEST_F(PreferencesTest, keys_choosePanesAndCloseTheWindow)
+{
+    open();
+    const auto press = [](Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+        QTest::keyClick(window()->focusWidget() ? window()->focusWidget() : window(), key,
+                        modifiers);
+    };
+    press(Qt::Key_Tab, Qt::ControlModifier);
+    EXPECT_EQ(window()->windowTitle(), u"Filters"_s);
+    press(Qt::Key_Right);
+    EXPECT_EQ(window()->windowTitle(), u"Appearance"_s);
+    EXPECT_TRUE(preferences().getToolbarItems().value(u"Appearance"_s)->isChecked());
+    press(Qt::Key_Tab);
+    EXPECT_EQ(window()->focusWidget(), find<QComboBox>(u"previewStyle"_s));
+    press(Qt::Key_Backtab, Qt::ControlModifier | Qt::ShiftModifier);
+    press(Qt::Key_PageUp, Qt::ControlModifier);
+    press(Qt::Key_PageUp, Qt::ControlModifier);
+    EXPECT_EQ(window()->windowTitle(), u"Updates"_s);
+
+    // While panes still move.
+    press(Qt::Key_W, Qt::ControlModifier);
+    EXPECT_FALSE(window()->isVisible());
+    loop.advance(1);
+    EXPECT_FALSE(window()) << "it is given up when it is closed";
+    EXPECT_TRUE(preferences().toolbarIdentifiers().isEmpty());
+    open();
+    EXPECT_EQ(window()->windowTitle(), u"General"_s);
+    EXPECT_EQ(preferences().toolbarIdentifiers().size(), 8);
+    window()->close();
+    open(); // before it was given up
+    loop.advance(1);
+    EXPECT_TRUE(window() && window()->isVisible());
+}
+
+} // namespace
+} // namespace lumbrix::test

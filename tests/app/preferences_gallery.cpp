@@ -1,0 +1,130 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// Pictures of all panes of the preferences, to look at. Not a test.
+//
+//   preferences_gallery [--dark] [--stay] FOLDER
+//
+// Writes FOLDER/preferences-<pane>-light.png and so on; --stay then leaves the window open.
+
+#include <QtCore/QCommandLineParser>
+#include <QtCore/QDir>
+#include <QtGui/QPalette>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QStyle>
+#include <QtWidgets/QStyleFactory>
+
+#include "app/HotKeyIdentifiers.h"
+#include "app/LumbrixController.h"
+#include "app/preferences/ColorWell.h"
+#include "app/preferences/PrefsController.h"
+#include "engine/LXHandler.h"
+#include "model/SGKeyCombo.h"
+#include "platform/qt/QtRunLoop.h"
+#include "tests/support/SimulatedDesktop.h"
+
+using namespace lumbrix;
+
+namespace
+{
+
+QPalette darkPalette()
+{
+    const QColor window(45, 46, 50);
+    const QColor base(32, 33, 36);
+    QPalette palette(QColor(62, 63, 68), window);
+    palette.setColor(QPalette::Base, base);
+    palette.setColor(QPalette::AlternateBase, window);
+    palette.setColor(QPalette::Highlight, QColor(61, 129, 214));
+    palette.setColor(QPalette::HighlightedText, Qt::white);
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+        palette.setColor(role, QColor(236, 236, 238));
+        palette.setColor(QPalette::Disabled, role, QColor(132, 133, 138));
+    }
+    return palette;
+}
+
+void writeSettings(platform::UserDefaults& defaults)
+{
+    for (const char* flag : {"firstRun", "badgeDockIconsFirstRun"})
+        defaults.setBool(true, QLatin1String(flag));
+    for (const char* on :
+         {"startAtLogin", "showInDock", "showInTab", "shouldShowCal", "showFastKeys", "zoomWindows",
+          "showSpaces", "badgeDock", "shouldBubbleWrap", "dontDelayIfOpen", "tempDisableFilters"})
+        defaults.setInteger(1, QLatin1String(on));
+    for (const auto& [key, value] : {std::pair{"windowWidth", 243.0F},
+                                     {"windowHeight", 190.0F},
+                                     {"distanceFromDock", 33.0F},
+                                     {"displayDelay", 0.4F}})
+        defaults.setFloat(value, QLatin1String(key));
+    defaults.setInteger(1, u"previewStyle"_qs);
+    defaults.setInteger(3, u"badgePosition"_qs);
+    defaults.setInteger(1, u"tempDisableFiltersKeycode"_qs);
+    defaults.setDictionary(SGKeyCombo{35, 0x1800}.plistRepresentation(),
+                           HotKeyIdentifier::EnableDisable);
+    defaults.setDictionary(SGKeyCombo{4, 0x900}.plistRepresentation(),
+                           HotKeyIdentifier::HideAllPreviews);
+}
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    QApplication application(argc, argv);
+    QCommandLineParser parser;
+    parser.addOption({u"dark"_qs, {}});
+    parser.addOption({u"stay"_qs, {}});
+    parser.process(application);
+    const bool isDark = parser.isSet(u"dark"_qs);
+    if (parser.positionalArguments().isEmpty())
+        return 2;
+    QApplication::setStyle(QStyleFactory::create(u"Fusion"_qs));
+    QApplication::setPalette(isDark ? darkPalette() : QApplication::style()->standardPalette());
+    QApplication::setApplicationVersion(u"1.0"_qs);
+
+    platform::QtRunLoop runLoop;
+    test::SimulatedDesktop desk(runLoop);
+    const platform::Desktop ports{runLoop,
+                                  desk.accessibility(),
+                                  desk.windowServer(),
+                                  desk.inputState(),
+                                  desk.workspace(),
+                                  desk.userDefaults(),
+                                  desk.dockPreferences(),
+                                  desk.eventTaps(),
+                                  desk.keyboardLayout()};
+    const platform::DesktopScope scope(ports);
+    desk.keyboardLayout().choose({{35, u"p"_qs}, {4, u"h"_qs}});
+    desk.eventTaps().take({4, SGKeyCombo{4, 0x900}.modifierMask()});
+    writeSettings(desk.userDefaults());
+    int status = 0;
+    {
+        LumbrixController controller;
+        if (!controller.awakeFromNib())
+            return 1;
+        controller.applicationDidFinishLaunching();
+        controller.showPreferences();
+        PrefsController& preferences = PrefsController::sharedPrefsWindowController();
+        if (auto* well = preferences.window()->findChild<ColorWell*>(); !well->color().isValid())
+            well->setColor(QColor(28, 113, 216));
+        const auto identifiers = preferences.toolbarIdentifiers();
+        for (const QString& identifier : identifiers) {
+            preferences.displayViewForIdentifier(identifier, false);
+            // What is taken is known in the next pass of the loop.
+            QApplication::processEvents();
+            QApplication::processEvents();
+            preferences.refresh();
+            const QString file =
+                u"preferences-%1-%2.png"_qs.arg(QString(identifier).toLower().replace(u' ', u'-'),
+                                                isDark ? u"dark"_qs : u"light"_qs);
+            preferences.window()->grab().save(
+                QDir(parser.positionalArguments().first()).filePath(file));
+        }
+        if (parser.isSet(u"stay"_qs))
+            status = QApplication::exec();
+        controller.applicationWillTerminate();
+    }
+    runLoop.shutdown();
+    LXHandler::releaseSharedHandler();
+    return status;
+}
