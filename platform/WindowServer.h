@@ -79,6 +79,10 @@ public:
     /// others cover for a while. False, and nothing happens, where that cannot be done. Main
     /// thread.
     virtual bool setOnScreen(std::uintptr_t /*toolkitWindow*/, bool /*onScreen*/) { return false; }
+    /// Reminds a compositor that the window has something to show. One that was busy while a window
+    /// went off the screen and came back may count what was painted since as part of the former
+    /// showing, and never draw it. Main thread; changes nothing on the screen otherwise.
+    virtual void remindCompositor(std::uintptr_t /*toolkitWindow*/) {}
 };
 
 } // namespace lumbrix::platform

@@ -10,11 +10,13 @@
 #include <QtGui/QWindow>
 
 #include <algorithm>
+#include <array>
 #include <utility>
 #include <vector>
 
 #include "model/UIElementUtilities.h"
 #include "platform/Desktop.h"
+#include "platform/RunLoop.h"
 #include "platform/WindowServer.h"
 #include "preview/IgnoredAccessible.h"
 
@@ -22,6 +24,9 @@ namespace lumbrix
 {
 namespace
 {
+
+/// From one reminder of the compositor to the next: soon, for the eye; then for a busy machine.
+constexpr std::array<platform::Seconds, 5> reminderDelays{0.05, 0.15, 0.3, 0.5, 1.0};
 
 /// The panels that are ordered front, the lowest first.
 std::vector<MAWindow*>& frontPanels()
@@ -98,8 +103,8 @@ void MAWindow::bringOntoScreen()
         return;
     }
     raise();
-    if (std::exchange(m_isAway, false)) {
-        platform::desktop().windowServer.setOnScreen(internalWinId(), true);
+    if (m_isAway) {
+        cameBack();
         // The server will ask for the content, but behind all that the compositor does about new
         // windows. It takes what follows in its order, so it can have the content unasked.
         setAttribute(Qt::WA_Mapped);
@@ -129,9 +134,30 @@ void MAWindow::orderBelow(MAWindow&)
         return panel->geometry().intersects(geometry());
     });
     std::for_each(covered, panels.end(), [](MAWindow* panel) { panel->raise(); });
-    if (std::exchange(m_isAway, false))
-        platform::desktop().windowServer.setOnScreen(internalWinId(), true);
+    if (m_isAway)
+        cameBack();
     show();
+}
+
+void MAWindow::cameBack()
+{
+    m_isAway = false;
+    platform::desktop().windowServer.setOnScreen(internalWinId(), true);
+    m_isBack = std::make_shared<const bool>(true);
+    remindCompositorAfter(0);
+}
+
+void MAWindow::remindCompositorAfter(std::size_t reminder)
+{
+    if (reminder == reminderDelays.size())
+        return;
+    platform::desktop().runLoop.performAfterDelay(
+        this, reminderDelays[reminder], [this, reminder, isBack = std::weak_ptr(m_isBack)] {
+            if (isBack.expired())
+                return;
+            platform::desktop().windowServer.remindCompositor(internalWinId());
+            remindCompositorAfter(reminder + 1);
+        });
 }
 
 void MAWindow::orderOut()
@@ -152,6 +178,7 @@ void MAWindow::wentOffScreen()
     m_isHeld = false;
     m_isExposed = false;
     m_isAhead = false;
+    m_isBack = nullptr;
 }
 
 void MAWindow::setHeld(bool held)

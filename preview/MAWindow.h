@@ -9,7 +9,9 @@
 #include <QtGui/QPainterPath>
 #include <QtWidgets/QWidget>
 
+#include <cstddef>
 #include <functional>
+#include <memory>
 
 namespace lumbrix
 {
@@ -84,6 +86,8 @@ private:
     void prepareToShow();
     void bringOntoScreen();
     void wentOffScreen();
+    void cameBack();
+    void remindCompositorAfter(std::size_t reminder);
     void applyShape();
 
     QRectF m_frame;
@@ -93,8 +97,9 @@ private:
     bool m_isDue = false;  ///< ordered front, but held
     bool m_isAway = false; ///< taken off the screen behind the toolkit's back
     bool m_isHeld = false;
-    bool m_isExposed = false; ///< has been, since it was last shown
-    bool m_isAhead = false;   ///< painted before the server asked for it
+    bool m_isExposed = false;             ///< has been, since it was last shown
+    bool m_isAhead = false;               ///< painted before the server asked for it
+    std::shared_ptr<const bool> m_isBack; ///< since the last time it was away; null while away
     std::function<QPainterPath()> m_shapeSource;
     QPainterPath m_maskPath; ///< what the mask was made of
     std::function<void()> m_entered;

@@ -44,6 +44,7 @@ public:
     QString configPath(const QString& relative) const { return path(u".config/"_qs + relative); }
     QString dataPath(const QString& relative) const { return path(u".local/share/"_qs + relative); }
     QString busAddress() const { return m_busAddress; }
+    Process& windowManager() { return *m_windowManager; }
     QStringList environment() const { return m_environment; }
 
     /// Starts a program inside the session; its output goes to the log of the given name.

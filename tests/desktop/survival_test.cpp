@@ -52,6 +52,30 @@ TEST_P(SurvivalTest, application_stopped_delaysNobody)
     alpha.process().signal(SIGCONT);
 }
 
+TEST_P(SurvivalTest, compositor_busyWhilePanelsComeAndGo_stillDrawsThem)
+{
+    const Application& alpha = launch(u"alpha"_qs, 3);
+    hover(alpha);
+    ASSERT_TRUE(shows(alpha));
+    desk().park();
+    ASSERT_TRUE(showsNothing());
+    const auto icon = desk().iconOf(alpha);
+    ASSERT_TRUE(icon);
+    // It learns of it all at once: panels that were painted, left, and came back painted.
+    Process& windowManager = desk().session().windowManager();
+    windowManager.signal(SIGSTOP);
+    bool allCame = true;
+    for (int i = 0; i < 2; ++i) {
+        desk().park();
+        allCame = allCame && showsNothing();
+        display().moveTo(*icon);
+        allCame = allCame && waitUntil([&] { return display().previews().size() == 3; });
+    }
+    windowManager.signal(SIGCONT);
+    EXPECT_TRUE(allCame);
+    EXPECT_TRUE(shows(alpha));
+}
+
 TEST_P(SurvivalTest, dock_killedAndRestarted_isFoundAgain)
 {
     const Application& alpha = launch(u"alpha"_qs, 2);

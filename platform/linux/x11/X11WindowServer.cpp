@@ -118,19 +118,43 @@ bool X11WindowServer::blendsTranslucency() { return m_screens.isCompositorRunnin
 /// The toolkit makes two round trips to show a window, each behind whatever the server is doing: a
 /// row of windows takes longer to show than to paint. It knows windows that others unmap and map
 /// again, as window managers do when they minimise one.
+namespace
+{
+/// The toolkit's own connection, where requests stay in order with its moving and painting; null
+/// without one.
+xcb_connection_t* toolkitConnection()
+{
+    auto* toolkit = qApp ? qApp->nativeInterface<QNativeInterface::QX11Application>() : nullptr;
+    return toolkit ? toolkit->connection() : nullptr;
+}
+} // namespace
+
 bool X11WindowServer::setOnScreen(std::uintptr_t toolkitWindow, bool onScreen)
 {
-    // On the toolkit's own connection, where it stays in order with moving and painting.
-    auto* toolkit = qApp ? qApp->nativeInterface<QNativeInterface::QX11Application>() : nullptr;
-    if (!toolkit || toolkitWindow == XCB_WINDOW_NONE)
+    xcb_connection_t* connection = toolkitConnection();
+    if (!connection || toolkitWindow == XCB_WINDOW_NONE)
         return false;
-    xcb_connection_t* connection = toolkit->connection();
     const auto window = static_cast<xcb_window_t>(toolkitWindow);
     if (onScreen)
         xcb_map_window(connection, window);
     else
         xcb_unmap_window(connection, window);
     return true;
+}
+
+void X11WindowServer::remindCompositor(std::uintptr_t toolkitWindow)
+{
+    xcb_connection_t* connection = toolkitConnection();
+    if (!connection || toolkitWindow == XCB_WINDOW_NONE)
+        return;
+    // A pixel that is copied onto itself is damage, and nothing else.
+    const auto window = static_cast<xcb_window_t>(toolkitWindow);
+    const xcb_gcontext_t context = xcb_generate_id(connection);
+    const std::uint32_t noExposures = 0;
+    xcb_create_gc(connection, context, window, XCB_GC_GRAPHICS_EXPOSURES, &noExposures);
+    xcb_copy_area(connection, window, window, context, 0, 0, 0, 0, 1, 1);
+    xcb_free_gc(connection, context);
+    xcb_flush(connection);
 }
 
 } // namespace lumbrix::platform::x11

@@ -46,6 +46,7 @@ public:
     QPointF toolkitOrigin() override;
     bool blendsTranslucency() override;
     bool setOnScreen(std::uintptr_t toolkitWindow, bool onScreen) override;
+    void remindCompositor(std::uintptr_t toolkitWindow) override;
 
 private:
     const WindowTracker& m_tracker;
