@@ -16,6 +16,11 @@
 namespace lumbrix::platform
 {
 
+/// What an application is to its user, where a platform has other programs of the kind than those
+/// that the rules know by their own identifiers. Every standard window of a music player is its
+/// main window, whatever its title says.
+enum class ApplicationRole { Other, MusicPlayer, MoviePlayer, VLC, Mail, Calendar };
+
 /// A snapshot; pid identifies the application.
 struct RunningApplication {
     std::int32_t pid = 0;
@@ -23,6 +28,7 @@ struct RunningApplication {
     QString localizedName;
     QUrl bundleURL;     ///< what a Dock item's "AXURL" is compared with
     QUrl executableURL; ///< may be empty
+    ApplicationRole role = ApplicationRole::Other;
 };
 
 /// Activation options, as bits.
@@ -63,6 +69,8 @@ public:
     /// The process ids of the regular applications, those that show in a Dock.
     virtual std::vector<std::int32_t> launchedApplications() = 0;
     virtual std::optional<RunningApplication> runningApplication(std::int32_t pid) = 0;
+    /// The role of the application with this bundle URL, whether it runs or not.
+    virtual ApplicationRole roleOfApplication(const QUrl& bundleURL) = 0;
     /// This program's own bundle identifier.
     virtual QString ownBundleIdentifier() = 0;
 

@@ -80,6 +80,7 @@ public:
     std::vector<platform::RunningApplication> runningApplications() override;
     std::vector<std::int32_t> launchedApplications() override;
     std::optional<platform::RunningApplication> runningApplication(std::int32_t pid) override;
+    platform::ApplicationRole roleOfApplication(const QUrl& bundleURL) override;
     QString ownBundleIdentifier() override;
     bool isHidden(std::int32_t pid) override;
     void hide(std::int32_t pid) override;

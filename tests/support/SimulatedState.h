@@ -40,6 +40,7 @@ struct SimulatedApplication {
     bool isObservable = true; ///< else no observer can be made for it
     QUrl bundleURL{};         ///< made from the name when empty
     QUrl executableURL{};
+    platform::ApplicationRole role = platform::ApplicationRole::Other;
 };
 
 struct SimulatedWindow {

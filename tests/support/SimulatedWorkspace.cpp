@@ -15,8 +15,8 @@ namespace
 
 RunningApplication snapshot(const SimulatedApplication& application)
 {
-    return {application.pid, application.bundleIdentifier, application.name, application.bundleURL,
-            application.executableURL};
+    return {application.pid,       application.bundleIdentifier, application.name,
+            application.bundleURL, application.executableURL,    application.role};
 }
 
 class SimulatedWorkspaceSubscription final : public platform::WorkspaceSubscription
@@ -65,6 +65,18 @@ std::optional<RunningApplication> SimulatedWorkspace::runningApplication(std::in
     const std::lock_guard lock(m_state.mutex);
     const SimulatedApplication* application = m_state.application(pid);
     return application ? std::optional(snapshot(*application)) : std::nullopt;
+}
+
+platform::ApplicationRole SimulatedWorkspace::roleOfApplication(const QUrl& bundleURL)
+{
+    const std::lock_guard lock(m_state.mutex);
+    for (const auto* applications : {&m_state.applications, &m_state.installed}) {
+        for (const SimulatedApplication& application : *applications) {
+            if (application.bundleURL == bundleURL)
+                return application.role;
+        }
+    }
+    return platform::ApplicationRole::Other;
 }
 
 QString SimulatedWorkspace::ownBundleIdentifier()

@@ -5,6 +5,8 @@
 
 #include <QtCore/QFileInfo>
 
+#include "platform/linux/applications/ApplicationRoles.h"
+
 namespace lumbrix::platform
 {
 
@@ -70,6 +72,17 @@ QString ApplicationIdentity::localizedName() const
 QString ApplicationIdentity::bundleIdentifier() const
 {
     return entry ? entry->id : localizedName();
+}
+
+ApplicationRole ApplicationIdentity::role() const
+{
+    if (entry) {
+        return roleOfEntry(*entry);
+    }
+    const ApplicationRole role = roleOfApplicationId(className);
+    return role != ApplicationRole::Other
+               ? role
+               : roleOfApplicationId(QFileInfo(executablePath).fileName());
 }
 
 QUrl ApplicationIdentity::bundleUrl() const { return bundleUrlOf(entry, key); }

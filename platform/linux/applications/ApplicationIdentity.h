@@ -6,6 +6,7 @@
 
 #include <QtCore/QUrl>
 
+#include "platform/Workspace.h"
 #include "platform/linux/applications/DesktopEntries.h"
 #include "platform/linux/applications/ProcessNames.h"
 #include "platform/linux/x11/TrackedWindow.h"
@@ -22,6 +23,7 @@ struct ApplicationIdentity {
     QString localizedName() const; ///< never empty
     QString bundleIdentifier() const;
     QUrl bundleUrl() const;
+    ApplicationRole role() const;
 };
 
 /// By desktop entry: the one whose StartupWMClass, then whose id is a half of WM_CLASS, then the

@@ -77,7 +77,8 @@ ApplicationRegistry::Group& ApplicationRegistry::insert(const x11::TrackedWindow
                                              .bundleIdentifier = identity.bundleIdentifier(),
                                              .localizedName = identity.localizedName(),
                                              .bundleURL = identity.bundleUrl(),
-                                             .executableURL = program}));
+                                             .executableURL = program,
+                                             .role = identity.role()}));
         group = m_groups.back().get();
     }
     group->add(window.id, window.skipTaskbar, window.isIconic);

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <map>
 
+#include "platform/linux/applications/ApplicationRoles.h"
 #include "platform/linux/applications/Launcher.h"
 
 namespace lumbrix::platform
@@ -108,6 +109,19 @@ std::optional<RunningApplication> LinuxWorkspace::runningApplication(std::int32_
 {
     auto application = m_registry.application(pid);
     return application ? std::optional(std::move(application->running)) : std::nullopt;
+}
+
+ApplicationRole LinuxWorkspace::roleOfApplication(const QUrl& bundleURL)
+{
+    if (const DesktopEntryPtr entry = m_entries.byPath(bundleURL.toLocalFile())) {
+        return roleOfEntry(*entry);
+    }
+    for (const Application& application : m_registry.applications()) {
+        if (application.running.bundleURL == bundleURL) {
+            return application.running.role;
+        }
+    }
+    return ApplicationRole::Other;
 }
 
 QString LinuxWorkspace::ownBundleIdentifier() { return m_registry.own().bundleIdentifier; }

@@ -24,6 +24,7 @@ public:
     std::vector<RunningApplication> runningApplications() override;
     std::vector<std::int32_t> launchedApplications() override;
     std::optional<RunningApplication> runningApplication(std::int32_t pid) override;
+    ApplicationRole roleOfApplication(const QUrl& bundleURL) override;
     QString ownBundleIdentifier() override;
 
     bool isHidden(std::int32_t pid) override;

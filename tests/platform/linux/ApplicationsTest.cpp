@@ -102,6 +102,37 @@ TEST_F(ApplicationsTest, application_is_found_by_any_entry_of_its_program)
     EXPECT_EQ(found(elsewhere, "y", "Name=Other\nExec=other\n"), 0);
 }
 
+TEST_F(ApplicationsTest, roles_are_known_by_entry_program_or_class)
+{
+    const auto urlOf = [this](const char* id) {
+        return QUrl::fromLocalFile(
+            m_folder.filePath(QString::fromLatin1(id) + QStringLiteral(".desktop")));
+    };
+    writeEntry(m_folder.path(), QStringLiteral("org.gnome.Rhythmbox3"),
+               "Name=Rhythmbox\nExec=rhythmbox %U\n");
+    writeEntry(m_folder.path(), QStringLiteral("my-films"), "Name=Films\nExec=env A=b vlc %U\n");
+    writeEntry(m_folder.path(), QStringLiteral("evolution-calendar"),
+               "Name=Calendar\nExec=evolution --component=calendar\n");
+    m_loop.advance(5.0);
+    EXPECT_EQ(m_workspace.roleOfApplication(urlOf("org.gnome.Rhythmbox3")),
+              ApplicationRole::MusicPlayer);
+    EXPECT_EQ(m_workspace.roleOfApplication(urlOf("my-films")), ApplicationRole::VLC);
+    EXPECT_EQ(m_workspace.roleOfApplication(urlOf("evolution-calendar")),
+              ApplicationRole::Calendar);
+    EXPECT_EQ(m_workspace.roleOfApplication(urlOf("debian-term")), ApplicationRole::Other);
+    EXPECT_EQ(m_workspace.roleOfApplication({}), ApplicationRole::Other);
+
+    m_programs = {{401, QStringLiteral("/opt/mail/thunderbird")}};
+    m_tracker.add(window(1, QStringLiteral("rhythmbox"), QStringLiteral("Rhythmbox"), 400));
+    m_tracker.add(window(3, QStringLiteral("Mail"), QStringLiteral("post"), 401));
+    m_tracker.add(window(5, QStringLiteral("gl"), QStringLiteral("mpv"), 402));
+    EXPECT_EQ(ownerOf(1)->running.role, ApplicationRole::MusicPlayer);
+    EXPECT_EQ(ownerOf(3)->running.role, ApplicationRole::Mail);
+    EXPECT_EQ(ownerOf(5)->running.role, ApplicationRole::MoviePlayer);
+    EXPECT_EQ(m_workspace.roleOfApplication(ownerOf(5)->running.bundleURL),
+              ApplicationRole::MoviePlayer);
+}
+
 TEST_F(ApplicationsTest, regular_applications_are_those_that_task_bars_show)
 {
     FakeTracker::Window applet = window(1, QStringLiteral("applet"), QStringLiteral("Applet"), 300);
