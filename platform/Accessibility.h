@@ -101,6 +101,11 @@ public:
     virtual ~Accessibility() = default;
 
     virtual bool apiEnabled() const = 0;
+    /// Asks the system to give access, as far as a program may; it can take a while until
+    /// apiEnabled() tells. Main thread.
+    virtual void enableAPI() = 0;
+    /// Shows the user the place in the system's settings where access is given. Main thread.
+    virtual void openAPIPreferences() = 0;
     virtual void setMessagingTimeout(float seconds) = 0;
 
     /// Null when there is no such process.

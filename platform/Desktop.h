@@ -8,11 +8,14 @@ namespace lumbrix::platform
 {
 
 class Accessibility;
+class ApplicationBundle;
 class DockPreferences;
 class EventTaps;
 class InputState;
 class KeyboardLayout;
+class LoginItems;
 class RunLoop;
+class StatusBar;
 class UserDefaults;
 class WindowServer;
 class Workspace;
@@ -28,6 +31,9 @@ struct Desktop {
     DockPreferences& dockPreferences;
     EventTaps& eventTaps;
     KeyboardLayout& keyboardLayout;
+    LoginItems& loginItems;
+    ApplicationBundle& applicationBundle;
+    StatusBar& statusBar;
 };
 
 /// The installed desktop. Any thread; calling it with none installed ends the program.

@@ -19,6 +19,9 @@
 #include "platform/linux/docks/PlankDock.h"
 #include "platform/linux/docks/Struts.h"
 #include "platform/linux/docks/TooltipOrder.h"
+#include "platform/linux/session/AutostartItems.h"
+#include "platform/linux/session/ProgramBundle.h"
+#include "platform/linux/session/TrayWatcher.h"
 #include "platform/linux/x11/Connection.h"
 #include "platform/linux/x11/PointSpace.h"
 #include "platform/linux/x11/ScreenWatch.h"
@@ -79,7 +82,8 @@ public:
           m_dockPreferences(m_docks),
           m_accessibility({runLoop, m_core->tracker(), m_core->pointSpace(), m_registry,
                            m_workspace, m_raiser, m_docks}),
-          m_defaults(IniDefaults::defaultPath()),
+          m_defaults(IniDefaults::defaultPath()), m_loginItems(AutostartItems::defaultFolder()),
+          m_tray(runLoop, m_core->trays(), QDBusConnection::sessionBus()),
           m_ownerPids(m_registry), m_ports{runLoop,
                                            m_accessibility,
                                            m_core->windowServer(),
@@ -88,7 +92,10 @@ public:
                                            m_defaults,
                                            m_dockPreferences,
                                            m_core->eventTaps(),
-                                           m_core->keyboardLayout()}
+                                           m_core->keyboardLayout(),
+                                           m_loginItems,
+                                           m_bundle,
+                                           m_tray}
     {
         m_core->windowServer().setOwnerPids(&m_ownerPids);
         for (x11::WindowListener* listener : std::initializer_list<x11::WindowListener*>{
@@ -143,6 +150,9 @@ private:
     LinuxDockPreferences m_dockPreferences;
     X11Accessibility m_accessibility;
     IniDefaults m_defaults;
+    AutostartItems m_loginItems;
+    ProgramBundle m_bundle;
+    TrayWatcher m_tray;
     const RegistryOwnerPids m_ownerPids;
     const Desktop m_ports;
     QRect m_hint;

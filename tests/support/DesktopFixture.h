@@ -32,7 +32,8 @@ protected:
         m_scope.reset();
         m_desktop.emplace(platform::Desktop{
             loop, accessibility, windowServer, desk.inputState(), desk.workspace(),
-            desk.userDefaults(), desk.dockPreferences(), desk.eventTaps(), desk.keyboardLayout()});
+            desk.userDefaults(), desk.dockPreferences(), desk.eventTaps(), desk.keyboardLayout(),
+            desk.loginItems(), desk.applicationBundle(), desk.statusBar()});
         m_scope.emplace(*m_desktop);
     }
 

@@ -18,6 +18,8 @@ public:
     explicit ForwardingAccessibility(platform::Accessibility& target) : m_target(target) {}
 
     bool apiEnabled() const override { return m_target.apiEnabled(); }
+    void enableAPI() override { m_target.enableAPI(); }
+    void openAPIPreferences() override { m_target.openAPIPreferences(); }
     void setMessagingTimeout(float seconds) override { m_target.setMessagingTimeout(seconds); }
     platform::ElementRef createApplication(std::int32_t pid) override
     {

@@ -84,6 +84,12 @@ bool SimulatedAccessibility::apiEnabled() const
     return m_state.isAccessibilityEnabled;
 }
 
+void SimulatedAccessibility::enableAPI()
+{
+    const std::lock_guard lock(m_state.mutex);
+    m_state.isAccessibilityEnabled |= m_state.isAccessibilityGranted;
+}
+
 ElementRef SimulatedAccessibility::createApplication(std::int32_t pid)
 {
     const std::lock_guard lock(m_state.mutex);

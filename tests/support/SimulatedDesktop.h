@@ -10,6 +10,7 @@
 #include "platform/Desktop.h"
 #include "tests/support/SimulatedKeyboard.h"
 #include "tests/support/SimulatedPorts.h"
+#include "tests/support/SimulatedSession.h"
 
 namespace lumbrix::test
 {
@@ -33,6 +34,9 @@ public:
     SimulatedDockPreferences& dockPreferences() { return m_dockPreferences; }
     SimulatedEventTaps& eventTaps() { return m_eventTaps; }
     SimulatedKeyboardLayout& keyboardLayout() { return m_keyboardLayout; }
+    SimulatedLoginItems& loginItems() { return m_loginItems; }
+    SimulatedBundle& applicationBundle() { return m_applicationBundle; }
+    SimulatedStatusBar& statusBar() { return m_statusBar; }
 
     // Applications.
     Pid addApplication(SimulatedApplication application);
@@ -96,6 +100,9 @@ private:
     SimulatedDockPreferences m_dockPreferences{m_state};
     SimulatedEventTaps m_eventTaps;
     SimulatedKeyboardLayout m_keyboardLayout;
+    SimulatedLoginItems m_loginItems;
+    SimulatedBundle m_applicationBundle;
+    SimulatedStatusBar m_statusBar;
 };
 
 } // namespace lumbrix::test

@@ -22,6 +22,9 @@ public:
     explicit SimulatedAccessibility(SimulatedState& state) : m_state(state) {}
 
     bool apiEnabled() const override;
+    void enableAPI() override;
+    void openAPIPreferences() override { ++m_preferencesOpened; }
+    int preferencesOpened() const { return m_preferencesOpened; }
     void setMessagingTimeout(float seconds) override { m_timeout = seconds; }
     float messagingTimeout() const { return m_timeout; }
     platform::ElementRef createApplication(std::int32_t pid) override;
@@ -50,6 +53,7 @@ private:
 
     SimulatedState& m_state;
     std::atomic<float> m_timeout{0};
+    int m_preferencesOpened = 0;
 };
 
 class SimulatedWindowServer final : public platform::WindowServer

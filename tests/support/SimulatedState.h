@@ -168,6 +168,7 @@ struct SimulatedState {
     std::uint32_t buttons = 0;
     std::uint32_t modifiers = 0;
     bool isAccessibilityEnabled = true;
+    bool isAccessibilityGranted = true; ///< when the program asks for it
     /// Whether a window that is gone still says that it was one, as its last notification needs.
     bool destroyedWindowsTellRole = true;
     /// Commands given to the workspace, such as "launch Music" or "terminate 1003".

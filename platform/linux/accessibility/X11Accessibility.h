@@ -38,7 +38,10 @@ public:
     explicit X11Accessibility(const Parts& parts);
     ~X11Accessibility() override;
 
+    /// The server tells everything to whoever is connected to it.
     bool apiEnabled() const override { return true; }
+    void enableAPI() override;
+    void openAPIPreferences() override;
     void setMessagingTimeout(float) override {} // nothing here waits for an application
 
     ElementRef createApplication(std::int32_t pid) override;

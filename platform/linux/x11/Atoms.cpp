@@ -14,7 +14,7 @@ namespace
 
 constexpr std::size_t kCount = static_cast<std::size_t>(AtomName::Count);
 
-/// In the order of AtomName; the last one gets its screen's number.
+/// In the order of AtomName; the last two get their screen's number.
 constexpr std::array<const char*, kCount> kNames{
     "COMPOUND_TEXT",
     "_LUMBRIX_TIMESTAMP",
@@ -56,6 +56,7 @@ constexpr std::array<const char*, kCount> kNames{
     "WM_PROTOCOLS",
     "WM_STATE",
     "_NET_WM_CM_S",
+    "_NET_SYSTEM_TRAY_S",
 };
 static_assert(kNames.back() != nullptr);
 
@@ -66,7 +67,7 @@ Atoms::Atoms(const Connection& connection)
     std::array<xcb_intern_atom_cookie_t, kCount> cookies{};
     for (std::size_t i = 0; i < kCount; ++i) {
         std::string name = kNames[i];
-        if (i == static_cast<std::size_t>(AtomName::CompositingManager))
+        if (i >= static_cast<std::size_t>(AtomName::CompositingManager))
             name += std::to_string(connection.screenNumber());
         cookies[i] = xcb_intern_atom(connection.get(), 0, static_cast<std::uint16_t>(name.size()),
                                      name.c_str());

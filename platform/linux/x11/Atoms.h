@@ -55,6 +55,7 @@ enum class AtomName : std::size_t {
     WmProtocols,
     WmState,
     CompositingManager, ///< the selection a compositor owns on this connection's screen
+    SystemTray,         ///< the selection a system tray owns there
     Count,
 };
 

@@ -12,6 +12,7 @@
 #include "platform/linux/x11/PointerWatch.h"
 #include "platform/linux/x11/PopupWatch.h"
 #include "platform/linux/x11/ScreenWatch.h"
+#include "platform/linux/x11/TrayWatch.h"
 #include "platform/linux/x11/WindowCommands.h"
 #include "platform/linux/x11/WindowPictures.h"
 #include "platform/linux/x11/X11EventTaps.h"
@@ -35,9 +36,9 @@ struct X11Core::Parts {
           screens(*events, atoms, commands, listeners, points),
           pictures(runLoop, *events, *captures, tracker, pixelsPerPoint,
                    screens.isCompositorRunning()),
-          popups(*events, atoms, tracker, listeners), input(*requests, *events, points),
-          keys(*events, *requests, wake), eventTaps(runLoop, keys), layout(*requests),
-          server(tracker, pictures, points, screens)
+          popups(*events, atoms, tracker, listeners), trays(*events, atoms),
+          input(*requests, *events, points), keys(*events, *requests, wake),
+          eventTaps(runLoop, keys), layout(*requests), server(tracker, pictures, points, screens)
     {
         tracker.fetchInitial();
         pointer = std::make_unique<PointerWatch>(*events, tracker, listeners);
@@ -46,7 +47,7 @@ struct X11Core::Parts {
         thread = std::make_unique<EventThread>(
             runLoop, *events, wake,
             std::vector<EventHandler*>{&commands, &screens, &pictures, &tracker, &popups,
-                                       pointer.get(), &input, &keys, &layout},
+                                       pointer.get(), &input, &keys, &layout, &trays},
             std::move(onConnectionLost));
     }
 
@@ -60,6 +61,7 @@ struct X11Core::Parts {
     ScreenWatch screens;
     WindowPictures pictures;
     PopupWatch popups;
+    TrayWatch trays;
     X11InputState input;
     KeyGrabs keys;
     X11EventTaps eventTaps;
@@ -106,6 +108,7 @@ KeyboardLayout& X11Core::keyboardLayout() { return m_parts->layout; }
 WindowPictures& X11Core::pictures() { return m_parts->pictures; }
 PointSpace& X11Core::pointSpace() { return m_parts->points; }
 ScreenWatch& X11Core::screens() { return m_parts->screens; }
+TrayWatch& X11Core::trays() { return m_parts->trays; }
 const Atoms& X11Core::atoms() const { return m_parts->atoms; }
 const Connection& X11Core::connection() const { return *m_parts->requests; }
 

@@ -25,6 +25,7 @@ class Atoms;
 class Connection;
 class PointSpace;
 class ScreenWatch;
+class TrayWatch;
 class WindowPictures;
 class WindowTracker;
 class X11InputState;
@@ -65,6 +66,7 @@ public:
     WindowPictures& pictures();
     PointSpace& pointSpace();
     ScreenWatch& screens(); ///< takes the hint where the dock is
+    TrayWatch& trays();
     const Atoms& atoms() const;
     /// For requests of one's own from any thread. It has no event reader: select no events on it.
     const Connection& connection() const;

@@ -1,0 +1,141 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include "platform/linux/session/AutostartItems.h"
+
+#include <QtCore/QDir>
+#include <QtCore/QFile>
+#include <QtCore/QFileInfo>
+#include <QtCore/QRegularExpression>
+#include <QtCore/QSaveFile>
+#include <QtCore/QStandardPaths>
+
+#include <optional>
+
+#include "platform/linux/applications/DesktopEntry.h"
+#include "platform/linux/defaults/IniFile.h"
+
+namespace lumbrix::platform
+{
+namespace
+{
+
+// Whatever is larger is no desktop entry.
+constexpr qint64 maximalSize = 256 * 1024;
+
+const QString& ownName()
+{
+    static const QString name = QStringLiteral("lumbrix.desktop");
+    return name;
+}
+const QString& section()
+{
+    static const QString name = QStringLiteral("Desktop Entry");
+    return name;
+}
+
+/// Null when there is no such file, or none that can be read.
+std::optional<QByteArray> readFile(const QString& path)
+{
+    QFile file(path);
+    if (!QFileInfo(path).isFile() || file.size() > maximalSize || !file.open(QIODevice::ReadOnly))
+        return std::nullopt;
+    return file.read(maximalSize);
+}
+
+void writeFile(const QString& path, const QByteArray& bytes)
+{
+    QSaveFile file(path);
+    if (QDir().mkpath(QFileInfo(path).path()) && file.open(QIODevice::WriteOnly) &&
+        file.write(bytes) == bytes.size())
+        file.commit();
+}
+
+/// The path as a word of a command line, and that as a value of a desktop entry.
+QByteArray execValue(QString path)
+{
+    static const QRegularExpression reserved(QStringLiteral(R"([^A-Za-z0-9_@%+=:,./-])"));
+    static const QRegularExpression escaped(QStringLiteral(R"((["`$\\]))"));
+    path.replace(u'%', QStringLiteral("%%"));
+    if (path.contains(reserved))
+        path = u'"' + path.replace(escaped, QStringLiteral(R"(\\1)")) + u'"';
+    return path.replace(u'\\', QStringLiteral(R"(\\)")).toUtf8();
+}
+
+QString resolved(const QString& program)
+{
+    const QString found =
+        QDir::isAbsolutePath(program) ? program : QStandardPaths::findExecutable(program);
+    const QString canonical = QFileInfo(found).canonicalFilePath();
+    return canonical.isEmpty() ? found : canonical;
+}
+
+/// Also by way of a shell, or by its bare name, where that is this program.
+bool startsProgram(const QString& command, const QString& path)
+{
+    if (command.contains(path))
+        return true;
+    const QString name = QFileInfo(path).fileName();
+    const QRegularExpression word(
+        QStringLiteral("(?<![\\w./-])%1(?![\\w./-])").arg(QRegularExpression::escape(name)));
+    return command.contains(word) && resolved(name) == resolved(path);
+}
+
+QByteArray newItem(const QByteArray& exec, const QString& path)
+{
+    return "[Desktop Entry]\n"
+           "Type=Application\n"
+           "Name=Lumbrix\n"
+           "Comment=Live previews of an application's windows beside its Dock icon\n"
+           "Exec=" +
+           exec + "\nTryExec=" + QString(path).replace(u'\\', QStringLiteral(R"(\\)")).toUtf8() +
+           "\nIcon=lumbrix\n"
+           "Terminal=false\n"
+           "StartupNotify=false\n";
+}
+
+} // namespace
+
+QString AutostartItems::defaultFolder()
+{
+    QString base = qEnvironmentVariable("XDG_CONFIG_HOME");
+    if (!QDir::isAbsolutePath(base))
+        base = QDir::homePath() + QStringLiteral("/.config");
+    return QDir::cleanPath(base) + QStringLiteral("/autostart");
+}
+
+void AutostartItems::insert(const QString& path)
+{
+    const QString file = m_folder + u'/' + ownName();
+    const auto bytes = readFile(file);
+    IniFile item(bytes.value_or(QByteArray()));
+    if (!item.hasSection(section())) {
+        writeFile(file, newItem(execValue(path), path));
+        return;
+    }
+    const auto command = item.value(section(), QStringLiteral("Exec"));
+    if (command && startsProgram(QString::fromUtf8(*command), path))
+        return;
+    item.setValue(section(), QStringLiteral("Exec"), execValue(path));
+    if (item.value(section(), QStringLiteral("TryExec")))
+        item.setValue(section(), QStringLiteral("TryExec"), path.toUtf8());
+    writeFile(file, item.toBytes());
+}
+
+void AutostartItems::remove(const QString& path)
+{
+    const QString program = resolved(path);
+    const QDir folder(m_folder);
+    for (const QString& name : folder.entryList({QStringLiteral("*.desktop")}, QDir::Files)) {
+        const QString file = folder.filePath(name);
+        const auto bytes = name == ownName() ? std::nullopt : readFile(file);
+        const QStringList words =
+            execArguments(QString::fromUtf8(IniFile(bytes.value_or(QByteArray()))
+                                                .value(section(), QStringLiteral("Exec"))
+                                                .value_or(QByteArray())));
+        if (name == ownName() || (!words.isEmpty() && resolved(words.front()).startsWith(program)))
+            QFile::remove(file);
+    }
+}
+
+} // namespace lumbrix::platform

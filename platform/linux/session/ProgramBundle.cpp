@@ -1,0 +1,44 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include "platform/linux/session/ProgramBundle.h"
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QDir>
+#include <QtCore/QFileInfo>
+#include <QtCore/QProcess>
+
+namespace lumbrix::platform
+{
+namespace
+{
+
+/// Beside the program where it was built, in the folder for helpers where it is installed. Null
+/// when it is in neither.
+QString relaunchTool()
+{
+    const QDir folder(QCoreApplication::applicationDirPath());
+    for (const char* place : {".", LUMBRIX_HELPERS}) {
+        const QFileInfo tool(
+            folder.filePath(QString::fromUtf8(place) + QStringLiteral("/lumbrix-relaunch")));
+        if (tool.isExecutable())
+            return tool.canonicalFilePath();
+    }
+    return {};
+}
+
+} // namespace
+
+QString ProgramBundle::path() const { return QCoreApplication::applicationFilePath(); }
+
+QString ProgramBundle::shortVersionString() const { return QCoreApplication::applicationVersion(); }
+
+bool ProgramBundle::relaunch()
+{
+    const QString tool = relaunchTool();
+    return !tool.isEmpty() &&
+           QProcess::startDetached(tool,
+                                   {path(), QString::number(QCoreApplication::applicationPid())});
+}
+
+} // namespace lumbrix::platform

@@ -1,0 +1,151 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include "platform/linux/session/SingleInstance.h"
+
+#include <QtCore/QRegularExpression>
+#include <QtDBus/QDBusError>
+
+#include <optional>
+#include <utility>
+
+namespace lumbrix::platform
+{
+namespace
+{
+
+/// The bus is quick; the first one may still be starting.
+constexpr int busTimeout = 2000;
+constexpr int handOverTimeout = 5000;
+
+const QString& commonName()
+{
+    static const QString name = QStringLiteral("org.lumbrix.Lumbrix");
+    return name;
+}
+const QString& objectPath()
+{
+    static const QString path = QStringLiteral("/org/lumbrix/Lumbrix");
+    return path;
+}
+
+/// All screens of a display are one desktop.
+QString nameFor(QString display)
+{
+    static const QRegularExpression screen(QStringLiteral("\\.[0-9]+$"));
+    static const QRegularExpression unfit(QStringLiteral("[^A-Za-z0-9_]"));
+    display.remove(screen).replace(unfit, QStringLiteral("_"));
+    return commonName() + QStringLiteral(".display") + display;
+}
+
+QDBusMessage busCall(const QString& method, const QVariantList& arguments)
+{
+    QDBusMessage message = QDBusMessage::createMethodCall(
+        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
+        QStringLiteral("org.freedesktop.DBus"), method);
+    message.setArguments(arguments);
+    return message;
+}
+
+enum class Name { Ours, Taken, Unknown };
+
+Name requestName(const QDBusConnection& bus, const QString& name)
+{
+    constexpr uint doNotQueue = 4;
+    constexpr uint primaryOwner = 1;
+    constexpr uint exists = 3;
+    const QDBusMessage reply = bus.call(busCall(QStringLiteral("RequestName"), {name, doNotQueue}),
+                                        QDBus::Block, busTimeout);
+    if (reply.type() != QDBusMessage::ReplyMessage || reply.arguments().isEmpty())
+        return Name::Unknown;
+    switch (reply.arguments().constFirst().toUInt()) {
+    case primaryOwner:
+        return Name::Ours;
+    case exists:
+        return Name::Taken;
+    default:
+        return Name::Unknown;
+    }
+}
+
+} // namespace
+
+SingleInstance::SingleInstance(const RunLoop& runLoop, const QDBusConnection& bus,
+                               const QString& display)
+    : m_runLoop(runLoop), m_bus(bus), m_name(nameFor(display))
+{
+}
+
+std::unique_ptr<SingleInstance> SingleInstance::create(const RunLoop& runLoop)
+{
+    return std::make_unique<SingleInstance>(runLoop, QDBusConnection::sessionBus(),
+                                            qEnvironmentVariable("DISPLAY"));
+}
+
+SingleInstance::~SingleInstance()
+{
+    for (const QString& name : {commonName(), m_name})
+        m_bus.send(busCall(QStringLiteral("ReleaseName"), {name}));
+    m_bus.unregisterObject(objectPath());
+}
+
+SingleInstance::Result SingleInstance::start()
+{
+    if (!m_bus.isConnected())
+        return Result::First;
+    // Before the name is ours: who sees the name may call at once.
+    m_bus.registerObject(objectPath(), this, QDBusConnection::ExportAllSlots);
+    const Seconds deadline = m_runLoop.now() + handOverTimeout / 1000.0;
+    do {
+        if (requestName(m_bus, m_name) != Name::Taken) {
+            requestName(m_bus, commonName()); // whoever comes first; nothing hangs on it
+            return Result::First;
+        }
+        const QDBusMessage answer = handOver();
+        if (answer.type() == QDBusMessage::ReplyMessage)
+            return Result::HandedOver;
+        // One that has ended meanwhile leaves its place to us; any other one keeps it.
+        const auto error = QDBusError(answer).type();
+        if (error != QDBusError::ServiceUnknown && error != QDBusError::NoReply)
+            break;
+    } while (m_runLoop.now() < deadline);
+    return Result::NoAnswer;
+}
+
+QDBusMessage SingleInstance::handOver()
+{
+    QDBusMessage message = QDBusMessage::createMethodCall(
+        m_name, objectPath(), QStringLiteral("org.freedesktop.Application"),
+        QStringLiteral("Activate"));
+    message.setAutoStartService(false);
+    message << QVariantMap();
+    return m_bus.call(message, QDBus::Block, handOverTimeout);
+}
+
+void SingleInstance::setReopened(std::function<void()> reopened)
+{
+    m_reopened = std::move(reopened);
+    if (m_reopened && std::exchange(m_wasReopened, false))
+        m_reopened();
+}
+
+void SingleInstance::Activate(const QVariantMap&)
+{
+    if (m_reopened)
+        m_reopened();
+    else
+        m_wasReopened = true;
+}
+
+void SingleInstance::Open(const QStringList&, const QVariantMap& platformData)
+{
+    Activate(platformData);
+}
+
+void SingleInstance::ActivateAction(const QString&, const QVariantList&,
+                                    const QVariantMap& platformData)
+{
+    Activate(platformData);
+}
+
+} // namespace lumbrix::platform

@@ -1,0 +1,78 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include "platform/linux/session/TrayWatcher.h"
+
+#include <QtCore/QPointer>
+#include <QtDBus/QDBusMessage>
+#include <QtDBus/QDBusPendingCallWatcher>
+#include <QtDBus/QDBusPendingReply>
+#include <QtDBus/QDBusServiceWatcher>
+#include <QtDBus/QDBusVariant>
+
+namespace lumbrix::platform
+{
+namespace
+{
+
+constexpr int timeoutMilliseconds = 5000;
+
+const QString& service()
+{
+    static const QString name = QStringLiteral("org.kde.StatusNotifierWatcher");
+    return name;
+}
+
+} // namespace
+
+TrayWatcher::TrayWatcher(RunLoop& runLoop, x11::TrayWatch& screen, const QDBusConnection& bus)
+    : m_screen(screen), m_bus(bus)
+{
+    m_screen.setChanged([this, &runLoop, alive = QPointer(this)] {
+        runLoop.performOnMainThread(
+            [this, alive] {
+                if (alive)
+                    update();
+            },
+            false);
+    });
+    m_isAvailable = m_screen.isTrayRunning();
+    if (!m_bus.isConnected())
+        return;
+    auto* watcher =
+        new QDBusServiceWatcher(service(), m_bus, QDBusServiceWatcher::WatchForOwnerChange, this);
+    connect(watcher, &QDBusServiceWatcher::serviceOwnerChanged, this, &TrayWatcher::askWatcher);
+    for (const char* signal : {"StatusNotifierHostRegistered", "StatusNotifierHostUnregistered"})
+        m_bus.connect(service(), QString(), service(), QString::fromLatin1(signal), this,
+                      SLOT(askWatcher()));
+    askWatcher();
+}
+
+TrayWatcher::~TrayWatcher() { m_screen.setChanged({}); }
+
+void TrayWatcher::askWatcher()
+{
+    QDBusMessage question = QDBusMessage::createMethodCall(
+        service(), QStringLiteral("/StatusNotifierWatcher"),
+        QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));
+    question << service() << QStringLiteral("IsStatusNotifierHostRegistered");
+    // A tray that is not there is not to be started.
+    question.setAutoStartService(false);
+    auto* answer =
+        new QDBusPendingCallWatcher(m_bus.asyncCall(question, timeoutMilliseconds), this);
+    connect(answer, &QDBusPendingCallWatcher::finished, this, [this](QDBusPendingCallWatcher* it) {
+        it->deleteLater();
+        const QDBusPendingReply<QDBusVariant> reply = *it;
+        m_hasHost = reply.isValid() && reply.value().variant().toBool();
+        update();
+    });
+}
+
+void TrayWatcher::update()
+{
+    const bool isAvailable = m_hasHost || m_screen.isTrayRunning();
+    if (std::exchange(m_isAvailable, isAvailable) != isAvailable && m_changed)
+        m_changed();
+}
+
+} // namespace lumbrix::platform

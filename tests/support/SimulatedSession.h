@@ -1,0 +1,86 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// What the simulated desktop knows of the program itself: its place among what starts at login, in
+// the Dock and in the status bar.
+#pragma once
+
+#include <QtCore/QStringList>
+
+#include <functional>
+#include <utility>
+
+#include "platform/ApplicationBundle.h"
+#include "platform/LoginItems.h"
+#include "platform/StatusBar.h"
+
+namespace lumbrix::test
+{
+
+class SimulatedLoginItems final : public platform::LoginItems
+{
+public:
+    void insert(const QString& path) override
+    {
+        if (!m_paths.contains(path))
+            m_paths << path;
+    }
+    void remove(const QString& path) override
+    {
+        m_paths.removeIf([&](const QString& item) { return item.startsWith(path); });
+    }
+
+    // For tests.
+    const QStringList& paths() const { return m_paths; }
+
+private:
+    QStringList m_paths;
+};
+
+class SimulatedBundle final : public platform::ApplicationBundle
+{
+public:
+    QString path() const override { return QStringLiteral("/Applications/Lumbrix"); }
+    QString shortVersionString() const override { return QStringLiteral("1.2.3"); }
+    void setShowsInDock(bool on) override { m_showsInDockNextTime = on; }
+    void transformToForegroundApplication() override { m_isForeground = true; }
+    bool isShownByWindows() const override { return m_isShownByWindows; }
+    bool relaunch() override
+    {
+        ++m_relaunches;
+        return true;
+    }
+
+    // For tests.
+    bool showsInDockNextTime() const { return m_showsInDockNextTime; }
+    bool isForeground() const { return m_isForeground; }
+    int relaunches() const { return m_relaunches; }
+    void setShownByWindows(bool on) { m_isShownByWindows = on; }
+
+private:
+    bool m_showsInDockNextTime = false;
+    bool m_isForeground = false;
+    bool m_isShownByWindows = false;
+    int m_relaunches = 0;
+};
+
+/// Not there at first: the toolkit of the tests has no place for status items.
+class SimulatedStatusBar final : public platform::StatusBar
+{
+public:
+    bool isAvailable() const override { return m_isAvailable; }
+    void setObserver(std::function<void()> changed) override { m_changed = std::move(changed); }
+
+    // For tests.
+    void setAvailable(bool available)
+    {
+        if (std::exchange(m_isAvailable, available) != available && m_changed)
+            m_changed();
+    }
+
+private:
+    bool m_isAvailable = false;
+    std::function<void()> m_changed;
+};
+
+} // namespace lumbrix::test
