@@ -15,6 +15,7 @@
 #include "model/AXNames.h"
 #include "platform/Desktop.h"
 #include "platform/UserDefaults.h"
+#include "preview/BubbleWrapper.h"
 
 namespace lumbrix
 {
@@ -56,6 +57,7 @@ bool LumbrixController::awakeFromNib()
     accessibility.setMessagingTimeout(messagingTimeout);
     Companions companions;
     companions.hotKeyCenter = m_hotKeyCenter;
+    companions.helpBubble = std::make_shared<BubbleWrapper>();
     LXHandler::installCompanions(companions);
     LXHandler::sharedHandler().setApplicationDelegate(this);
     updateState();

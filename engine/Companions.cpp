@@ -25,7 +25,7 @@ class AbsentCalendarPreview final : public CalendarPreview
 class AbsentHelpBubble final : public HelpBubble
 {
     void setShouldBubbleWrap(bool) override {}
-    void positionAndShowBubble() override {}
+    void positionAndShowBubble(const std::vector<ScreenyViewPtr>&) override {}
     void hideBubble() override {}
 };
 
@@ -42,12 +42,6 @@ class AbsentWindowCountBadger final : public WindowCountBadger
     void setBadgeSizeExtra(float) override {}
     QColor getCurrentColor() override { return {}; }
     void setCurrentColor(const QColor&) override {}
-};
-
-class AbsentSpacesBadge final : public SpacesBadge
-{
-    void showSpaces(ScreenyView&) override {}
-    void hide(ScreenyView&) override {}
 };
 
 class AbsentPlayerControls final : public PlayerControls
@@ -70,7 +64,6 @@ Companions::Companions()
       calendarPreview(std::make_shared<AbsentCalendarPreview>()),
       helpBubble(std::make_shared<AbsentHelpBubble>()),
       windowCountBadger(std::make_shared<AbsentWindowCountBadger>()),
-      spacesBadge(std::make_shared<AbsentSpacesBadge>()),
       playerControls(std::make_shared<AbsentPlayerControls>())
 {
 }

@@ -11,6 +11,7 @@
 #include <memory>
 
 #include "model/SWElement.h"
+#include "preview/HelpBubble.h"
 #include "preview/HotKeyCenter.h"
 #include "preview/PreviewHost.h"
 
@@ -25,16 +26,6 @@ public:
     virtual bool shouldShowCal() const = 0;
     virtual void setShouldShowCal(bool on) = 0;
     virtual void calIconHovered(const SWElementPtr& dockItem) = 0;
-};
-
-/// The translucent shape behind the row of previews. Main thread.
-class HelpBubble
-{
-public:
-    virtual ~HelpBubble() = default;
-    virtual void setShouldBubbleWrap(bool on) = 0;
-    virtual void positionAndShowBubble() = 0;
-    virtual void hideBubble() = 0;
 };
 
 /// The window counts over the Dock's icons. Main thread.
@@ -69,7 +60,6 @@ struct Companions {
     std::shared_ptr<CalendarPreview> calendarPreview;
     std::shared_ptr<HelpBubble> helpBubble;
     std::shared_ptr<WindowCountBadger> windowCountBadger;
-    std::shared_ptr<SpacesBadge> spacesBadge;
     std::shared_ptr<PlayerControls> playerControls;
 };
 

@@ -134,7 +134,6 @@ public:
     const PreviewCache& cache() const { return m_cache; }
 
     HotKeyCenter& hotKeyCenter() override { return *m_companions.hotKeyCenter; }
-    SpacesBadge& spacesBadge() override { return *m_companions.spacesBadge; }
     PlayerControls& playerControls() override { return *m_companions.playerControls; }
 
 private:

@@ -83,7 +83,7 @@ void StripArranger::arrangeStrip(DockSide side, const SWElementPtr& item)
             window->setFrame(frames[i]);
         previews[i]->setTrackingRect();
     }
-    m_handler.companions().helpBubble->positionAndShowBubble();
+    m_handler.companions().helpBubble->positionAndShowBubble(previews);
 }
 
 void StripArranger::arrangeWindow(ScreenyView& preview)

@@ -5,9 +5,7 @@
 
 #include <QtGui/QAccessible>
 #include <QtWidgets/QAccessibleWidget>
-
-#include "preview/MAWindow.h"
-
+#include <QtWidgets/QWidget>
 namespace lumbrix
 {
 namespace
@@ -33,9 +31,13 @@ public:
 QAccessibleInterface* makeIgnored(const QString&, QObject* object)
 {
     auto* widget = qobject_cast<QWidget*>(object);
-    if (!widget || !qobject_cast<MAWindow*>(widget->window()))
+    if (!widget)
         return nullptr; // not ours to answer for
-    return new IgnoredAccessible(widget);
+    for (const QWidget* each : {widget, widget->window()}) {
+        if (each->property("accessibilityIsIgnored").toBool())
+            return new IgnoredAccessible(widget);
+    }
+    return nullptr;
 }
 
 } // namespace

@@ -6,7 +6,8 @@
 namespace lumbrix
 {
 
-/// From now on assistive tools see panels as empty and invisible: they only repeat what other
+/// From now on assistive tools see widgets whose property "accessibilityIsIgnored" is true, and all
+/// that is in a window with that property, as empty and invisible: panels only repeat what other
 /// programs show, and would be announced at every hover. Main thread; free when done already.
 void ignorePanelsInAccessibility();
 

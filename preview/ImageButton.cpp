@@ -10,9 +10,8 @@
 namespace lumbrix
 {
 
-ImageButton::ImageButton(QWidget* parent) : QAbstractButton(parent)
+ImageButton::ImageButton(QWidget* parent) : LXButtonCell(parent)
 {
-    setFocusPolicy(Qt::NoFocus);
     setAttribute(Qt::WA_Hover);
     setCursor(Qt::ArrowCursor);
 }

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include <QtWidgets/QAbstractButton>
+#include "preview/Cells.h"
 
 namespace lumbrix
 {
@@ -11,7 +11,7 @@ namespace lumbrix
 /// A button that is a drawing, scaled to the button's size; other drawings stand in while the mouse
 /// is over it, while it is pressed and while it is disabled. An empty name means the plain drawing.
 /// Never takes the focus.
-class ImageButton : public QAbstractButton
+class ImageButton : public LXButtonCell
 {
     Q_OBJECT
     Q_PROPERTY(QString imageName READ imageName WRITE setImageName)

@@ -9,9 +9,13 @@
 
 #include <array>
 
+#include "preview/BadgeView.h"
+#include "preview/Cells.h"
+#include "preview/DBOverlayWindow.h"
 #include "preview/ImageButton.h"
 #include "preview/KeyLabel.h"
 #include "preview/MAWindow.h"
+#include "preview/NumberLabel.h"
 #include "preview/PanelBackground.h"
 #include "preview/PictureButton.h"
 #include "preview/PictureView.h"
@@ -25,9 +29,13 @@ namespace
 template <class Widget> QWidget* make(QWidget* parent) { return new Widget(parent); }
 
 constexpr std::array WidgetClasses{
+    InterfaceClass{QLatin1String("BadgeView"), make<BadgeView>},
+    InterfaceClass{QLatin1String("DBOverlayWindow"), make<DBOverlayWindow>},
     InterfaceClass{QLatin1String("ImageButton"), make<ImageButton>},
     InterfaceClass{QLatin1String("KeyLabel"), make<KeyLabel>},
+    InterfaceClass{QLatin1String("LXImageCell"), make<LXImageCell>},
     InterfaceClass{QLatin1String("MAWindow"), make<MAWindow>},
+    InterfaceClass{QLatin1String("NumberLabel"), make<NumberLabel>},
     InterfaceClass{QLatin1String("PanelBackground"), make<PanelBackground>},
     InterfaceClass{QLatin1String("PictureButton"), make<PictureButton>},
     InterfaceClass{QLatin1String("PictureView"), make<PictureView>},

@@ -10,9 +10,8 @@
 namespace lumbrix
 {
 
-KeyLabel::KeyLabel(QWidget* parent) : QAbstractButton(parent)
+KeyLabel::KeyLabel(QWidget* parent) : LXTransparentButtonCell(parent)
 {
-    setFocusPolicy(Qt::NoFocus);
     setAttribute(Qt::WA_Hover);
 }
 

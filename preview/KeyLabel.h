@@ -4,13 +4,14 @@
 #pragma once
 
 #include <QtGui/QColor>
-#include <QtWidgets/QAbstractButton>
+
+#include "preview/Cells.h"
 
 namespace lumbrix
 {
 
 /// A small key cap that shows a shortcut; clicking it does what the shortcut does.
-class KeyLabel : public QAbstractButton
+class KeyLabel : public LXTransparentButtonCell
 {
     Q_OBJECT
     Q_PROPERTY(QColor textColor MEMBER m_textColor)

@@ -28,7 +28,7 @@ namespace
 /// From one reminder of the compositor to the next: soon, for the eye; then for a busy machine.
 constexpr std::array<platform::Seconds, 5> reminderDelays{0.05, 0.15, 0.3, 0.5, 1.0};
 
-/// The panels that are ordered front, the lowest first.
+/// The panels that are ordered front, the lowest first; so they are sorted by level.
 std::vector<MAWindow*>& frontPanels()
 {
     static std::vector<MAWindow*> panels;
@@ -64,7 +64,11 @@ MAWindow::MAWindow(QWidget* parent)
     setMinimumSize(1, 1);
 }
 
-MAWindow::~MAWindow() { std::erase(frontPanels(), this); }
+MAWindow::~MAWindow()
+{
+    std::erase(frontPanels(), this);
+    takeBackdropsAway();
+}
 
 void MAWindow::setFrame(const QRectF& frame)
 {
@@ -87,22 +91,36 @@ void MAWindow::setContent(QWidget* content)
 void MAWindow::orderFrontRegardless()
 {
     prepareToShow();
-    std::erase(frontPanels(), this);
-    frontPanels().push_back(this);
-    if (m_isHeld && !isVisible())
+    enterFrontPanels();
+    if ((m_isHeld || (m_isBackdrop && !hasCompany())) && !isVisible())
         m_isDue = true;
     if (!m_isDue)
         bringOntoScreen();
 }
 
+void MAWindow::enterFrontPanels()
+{
+    std::vector<MAWindow*>& panels = frontPanels();
+    std::erase(panels, this);
+    panels.insert(std::find_if(panels.begin(), panels.end(),
+                               [this](const MAWindow* panel) { return panel->level() > m_level; }),
+                  this);
+}
+
 void MAWindow::bringOntoScreen()
 {
+    bringBackdrops();
+    // Below others, even one that is on the screen already may have been covered by another
+    // program. What lies on it is not worth a flicker.
+    if (m_level < 0 && !(isOnScreen() && hasCompany()))
+        placeBelowHigherPanels();
     // A tool window that is shown is raised before it is mapped.
     if (!QWidget::isVisible()) {
         show();
         return;
     }
-    raise();
+    if (m_level == 0)
+        raise();
     if (m_isAway) {
         cameBack();
         // The server will ask for the content, but behind all that the compositor does about new
@@ -117,26 +135,58 @@ void MAWindow::bringOntoScreen()
     repaint();
 }
 
-void MAWindow::orderBelow(MAWindow&)
+bool MAWindow::hasCompany() const
 {
-    prepareToShow();
-    std::vector<MAWindow*>& panels = frontPanels();
-    std::erase(panels, this);
+    const std::vector<MAWindow*>& panels = frontPanels();
+    return std::any_of(panels.begin(), panels.end(), [this](const MAWindow* panel) {
+        return panel->level() > m_level && panel->isOnScreen();
+    });
+}
+
+void MAWindow::bringBackdrops() const
+{
+    const std::vector<MAWindow*> panels = frontPanels();
+    for (MAWindow* panel : panels) {
+        if (panel->isBackdrop() && panel->level() < m_level && std::exchange(panel->m_isDue, false))
+            panel->bringOntoScreen();
+    }
+}
+
+void MAWindow::takeBackdropsAway()
+{
+    const std::vector<MAWindow*> panels = frontPanels();
+    for (MAWindow* panel : panels) {
+        if (!panel->isBackdrop() || !panel->isOnScreen() || panel->hasCompany())
+            continue;
+        panel->orderOut();
+        panel->enterFrontPanels();
+        panel->m_isDue = true;
+    }
+}
+
+void MAWindow::setLevel(int level)
+{
+    m_level = level;
     // Unlike a tool window, an ordinary one keeps its place in the stack when it is shown.
-    if (windowType() == Qt::Tool)
+    if (level < 0 && windowType() == Qt::Tool)
         setWindowFlags((windowFlags() & ~Qt::WindowType_Mask) | Qt::Window);
+}
+
+void MAWindow::placeBelowHigherPanels()
+{
     // A window that was just made, but not yet shown, is on top of the stack: what it would cover
     // has to be put above it before it is seen. Nothing else is touched, for without a compositor
     // any change of the order flickers.
     if (!testAttribute(Qt::WA_WState_Created))
         create();
+    else
+        raise();
+    const std::vector<MAWindow*>& panels = frontPanels();
     const auto covered = std::find_if(panels.begin(), panels.end(), [this](const MAWindow* panel) {
-        return panel->geometry().intersects(geometry());
+        return panel->level() > m_level && panel->isOnScreen() &&
+               panel->geometry().intersects(geometry());
     });
     std::for_each(covered, panels.end(), [](MAWindow* panel) { panel->raise(); });
-    if (m_isAway)
-        cameBack();
-    show();
 }
 
 void MAWindow::cameBack()
@@ -173,12 +223,14 @@ void MAWindow::orderOut()
 
 void MAWindow::wentOffScreen()
 {
-    std::erase(frontPanels(), this);
+    const auto gone = std::erase(frontPanels(), this);
     m_isDue = false;
     m_isHeld = false;
     m_isExposed = false;
     m_isAhead = false;
     m_isBack = nullptr;
+    if (gone > 0)
+        takeBackdropsAway();
 }
 
 void MAWindow::setHeld(bool held)

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// The panel class of the previews and of their zoomed views: borderless, above everything, never
+// The panel class of all that is shown over other programs: borderless, above everything, never
 // focused.
 #pragma once
 
@@ -24,6 +24,9 @@ class MAWindow : public QWidget
     Q_PROPERTY(qreal cornerRadius READ cornerRadius WRITE setCornerRadius)
     Q_PROPERTY(QString windowRole READ windowRole WRITE setWindowRole)
     Q_PROPERTY(bool clickThrough READ clickThrough WRITE setClickThrough)
+    Q_PROPERTY(int level READ level WRITE setLevel)
+    Q_PROPERTY(bool backdrop READ isBackdrop WRITE setBackdrop)
+    Q_PROPERTY(bool accessibilityIsIgnored READ accessibilityIsIgnored CONSTANT)
 
 public:
     explicit MAWindow(QWidget* parent = nullptr);
@@ -37,15 +40,12 @@ public:
     /// The one widget that fills the panel from now on; a child. Null: none.
     void setContent(QWidget* content);
 
-    /// Shows the panel above all others, whichever application is active.
+    /// Shows the panel above all others of its level, whichever application is active.
     void orderFrontRegardless();
     void orderOut();
-    /// Whether it is on the screen, or would be if it were not held. The toolkit, which need not
-    /// know, may say otherwise.
-    bool isVisible() const { return m_isDue || (QWidget::isVisible() && !m_isAway); }
-    /// Shows this panel below every panel that was ordered front, so also below `other`, but above
-    /// all windows of other programs. It does not count as ordered front.
-    void orderBelow(MAWindow& other);
+    /// Whether it is on the screen, or would be if it were not held or alone. The toolkit, which
+    /// need not know, may say otherwise.
+    bool isVisible() const { return m_isDue || isOnScreen(); }
 
     /// Where translucency is not blended, the panel is cut to its rounded shape, or to the path of
     /// the shape source if there is one. Which of both holds is asked each time the panel is shown.
@@ -60,6 +60,16 @@ public:
     /// there already stays. A panel that is ordered out is held no longer.
     void setHeld(bool held);
     bool isHeld() const { return m_isHeld; }
+
+    /// Panels of a lower level lie below those of a higher one, and above all windows of other
+    /// programs. 0, that of the previews, is the highest. Set before the panel is shown.
+    int level() const { return m_level; }
+    void setLevel(int level);
+    /// A backdrop is never on the screen alone: ordered front, it comes just before the first panel
+    /// of a higher level does, and it goes with the last of them, to come back with the next.
+    bool isBackdrop() const { return m_isBackdrop; }
+    void setBackdrop(bool on) { m_isBackdrop = on; }
+    bool accessibilityIsIgnored() const { return true; }
 
     /// The mouse goes through to what lies below. Set before the panel is shown.
     bool clickThrough() const;
@@ -83,8 +93,14 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    bool isOnScreen() const { return QWidget::isVisible() && !m_isAway; }
     void prepareToShow();
+    void enterFrontPanels();
     void bringOntoScreen();
+    void bringBackdrops() const;
+    static void takeBackdropsAway();
+    bool hasCompany() const;
+    void placeBelowHigherPanels();
     void wentOffScreen();
     void cameBack();
     void remindCompositorAfter(std::size_t reminder);
@@ -93,10 +109,12 @@ private:
     QRectF m_frame;
     QWidget* m_content = nullptr;
     qreal m_cornerRadius = 0;
+    int m_level = 0;
     bool m_shaped = false;
-    bool m_isDue = false;  ///< ordered front, but held
+    bool m_isDue = false;  ///< ordered front, but held or alone
     bool m_isAway = false; ///< taken off the screen behind the toolkit's back
     bool m_isHeld = false;
+    bool m_isBackdrop = false;
     bool m_isExposed = false;             ///< has been, since it was last shown
     bool m_isAhead = false;               ///< painted before the server asked for it
     std::shared_ptr<const bool> m_isBack; ///< since the last time it was away; null while away

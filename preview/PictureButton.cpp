@@ -13,9 +13,8 @@
 namespace lumbrix
 {
 
-PictureButton::PictureButton(QWidget* parent) : QAbstractButton(parent)
+PictureButton::PictureButton(QWidget* parent) : LXTransparentButtonCell(parent)
 {
-    setFocusPolicy(Qt::NoFocus);
     setAttribute(Qt::WA_Hover);
 }
 

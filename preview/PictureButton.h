@@ -5,14 +5,15 @@
 
 #include <QtGui/QColor>
 #include <QtGui/QImage>
-#include <QtWidgets/QAbstractButton>
+
+#include "preview/Cells.h"
 
 namespace lumbrix
 {
 
 /// A button that shows a picture as large as its area allows, in the picture's own proportions and
 /// never larger than life, with a thin outline. Never takes the focus.
-class PictureButton : public QAbstractButton
+class PictureButton : public LXTransparentButtonCell
 {
     Q_OBJECT
     Q_PROPERTY(QColor outline MEMBER m_outline)

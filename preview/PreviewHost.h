@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// What a preview asks of the engine, and of the subsystems that decorate and serve previews.
+// What a preview asks of the engine, and of the subsystems that serve previews.
 #pragma once
 
 #include <QtCore/QString>
@@ -18,15 +18,6 @@ namespace lumbrix
 class HotKeyCenter;
 class ScreenyView;
 struct EngineSettings;
-
-/// The Spaces number on a preview. Main thread.
-class SpacesBadge
-{
-public:
-    virtual ~SpacesBadge() = default;
-    virtual void showSpaces(ScreenyView& preview) = 0;
-    virtual void hide(ScreenyView& preview) = 0;
-};
 
 /// Media players and mail behind a preview's buttons. Main thread.
 class PlayerControls
@@ -60,7 +51,6 @@ public:
     virtual int indexOfScreenyView(const ScreenyView& preview) const = 0;
     virtual void addToCache(const std::shared_ptr<ScreenyView>& preview) = 0;
     virtual HotKeyCenter& hotKeyCenter() = 0;
-    virtual SpacesBadge& spacesBadge() = 0;
     virtual PlayerControls& playerControls() = 0;
 };
 

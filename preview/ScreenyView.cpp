@@ -167,12 +167,6 @@ void ScreenyView::setShortcut()
 
 void ScreenyView::removeShortcut() { m_host.hotKeyCenter().unregisterHotKey(m_fastKey); }
 
-void ScreenyView::showSpaces()
-{
-    if (m_elementRef && m_host.settings().showSpaces)
-        m_host.spacesBadge().showSpaces(*this);
-}
-
 void ScreenyView::setTrackingRect()
 {
     m_window->setTracking([this] { mouseEntered(); }, [this] { mouseExited(); });
@@ -184,7 +178,7 @@ void ScreenyView::dismissWithoutRebirth()
 {
     m_window->orderOut();
     m_image->setImage({});
-    m_host.spacesBadge().hide(*this);
+    hideSpaces();
 }
 
 void ScreenyView::rebirth()
@@ -204,7 +198,7 @@ void ScreenyView::rebirth()
     m_background->setHovered(false);
     removeButtons();
     clearAppFlags();
-    m_host.spacesBadge().hide(*this);
+    hideSpaces();
     if (m_title)
         m_title->show();
     if (m_titleLabel)
@@ -258,7 +252,7 @@ void ScreenyView::prepareForCal()
     if (m_elementRef)
         m_elementRef->setScreenshot({});
     m_image->setImage({});
-    m_host.spacesBadge().hide(*this);
+    hideSpaces();
     if (m_title)
         m_title->hide();
     if (m_titleLabel)

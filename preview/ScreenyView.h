@@ -22,6 +22,7 @@
 namespace lumbrix
 {
 
+class BadgeView;
 class ImageButton;
 class KeyLabel;
 class PanelBackground;
@@ -69,7 +70,10 @@ public:
     void orderFront();
     void setShortcut();
     void removeShortcut();
+    /// The number of the window's Space in a badge, while the setting is on and it has one.
     void showSpaces();
+    void hideSpaces();
+    BadgeView* spaceView() const { return m_spaceView; } ///< null until first needed
     void setTrackingRect();
     void removeTrackingRect();
 
@@ -169,6 +173,7 @@ private:
     ImageButton* m_closeButton = nullptr;
     KeyLabel* m_fastKeyButton = nullptr;
     QPointer<QWidget> m_iCalView;
+    BadgeView* m_spaceView = nullptr;                    ///< in the window too
     std::array<ImageButton*, ControlCount> m_controls{}; ///< null unless m_buttonsInitialized
     bool m_buttonsInitialized = false;
 

@@ -138,7 +138,7 @@ void ScreenyView::updateTimer()
     m_zoomImageView->setImage(picture);
     // Without a picture the panel would be a hole to look through, or black.
     if (!picture.isNull() && !m_zoomWindow->frame().isEmpty() && !m_zoomWindow->isVisible())
-        m_zoomWindow->orderBelow(*m_window);
+        m_zoomWindow->orderFrontRegardless();
 }
 
 void ScreenyView::invalidateTimer()

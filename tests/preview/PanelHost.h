@@ -16,11 +16,8 @@
 namespace lumbrix::test
 {
 
-/// An engine, its hot keys, badges and players, that write down what previews ask for.
-class PanelHost final : public PreviewHost,
-                        private HotKeyCenter,
-                        private SpacesBadge,
-                        private PlayerControls
+/// An engine, its hot keys and players, that write down what previews ask for.
+class PanelHost final : public PreviewHost, private HotKeyCenter, private PlayerControls
 {
 public:
     EngineSettings settingsMirror;
@@ -47,7 +44,6 @@ public:
     }
     void addToCache(const ScreenyViewPtr& preview) override { cache.push_back(preview); }
     HotKeyCenter& hotKeyCenter() override { return *this; }
-    SpacesBadge& spacesBadge() override { return *this; }
     PlayerControls& playerControls() override { return *this; }
 
 private:
@@ -57,8 +53,6 @@ private:
         std::erase(hotKeys, key);
     }
     void toggleEventTap(bool) override {}
-    void showSpaces(ScreenyView&) override { log += QStringLiteral("showSpaces"); }
-    void hide(ScreenyView&) override {}
     void setAppFlags(ScreenyView&, const std::optional<platform::RunningApplication>&) override {}
     QString playerState() override { return state; }
     std::optional<QString> currentTrack() override { return std::nullopt; }

@@ -1,0 +1,75 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include "preview/BubbleWrapper.h"
+
+#include <algorithm>
+
+#include "preview/ScreenyView.h"
+
+namespace lumbrix
+{
+namespace
+{
+
+struct Edges {
+    float left;
+    float bottom;
+    float right;
+    float top;
+};
+
+Edges edgesOf(const ScreenyView& preview)
+{
+    const QRectF frame = preview.window()->frame();
+    return {static_cast<float>(frame.x()), static_cast<float>(frame.y()),
+            static_cast<float>(frame.x() + frame.width()),
+            static_cast<float>(frame.y() + frame.height())};
+}
+
+/// Around what is seen of the previews rather than around their panels: these leave more room for
+/// what sticks out at the left and at the top than at the right.
+QRectF frameAround(const ScreenyView& first, const ScreenyView& last)
+{
+    const Edges a = edgesOf(first);
+    const Edges b = edgesOf(last);
+    const float left = std::min(a.left, b.left);
+    const float bottom = std::min(a.bottom, b.bottom);
+    const float width = std::max(a.right, b.right) - left + 8;
+    const float height = std::max(a.top, b.top) - bottom + 1;
+    return {left + 1, bottom - 2, width, height};
+}
+
+} // namespace
+
+void BubbleWrapper::setShouldBubbleWrap(bool on)
+{
+    m_shouldBubbleWrap = on;
+    if (!on)
+        hideBubble();
+}
+
+void BubbleWrapper::positionAndShowBubble(const std::vector<ScreenyViewPtr>& row)
+{
+    if (!m_shouldBubbleWrap)
+        return;
+    if (row.empty()) {
+        hideBubble();
+        return;
+    }
+    if (!m_bubble)
+        m_bubble = OverlayWindow::load();
+    if (!m_bubble)
+        return;
+    // The row runs in one direction, so its ends tell its extent.
+    m_bubble->window().setFrameWithAnimate(frameAround(*row.front(), *row.back()));
+    m_bubble->orderFront();
+}
+
+void BubbleWrapper::hideBubble()
+{
+    if (m_bubble)
+        m_bubble->dismiss();
+}
+
+} // namespace lumbrix

@@ -1,0 +1,30 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <memory>
+
+#include "preview/HelpBubble.h"
+#include "preview/OverlayWindow.h"
+
+namespace lumbrix
+{
+
+/// Wraps the bubble around the row, while the setting of the same name is on. The panel is made
+/// when it is first needed.
+class BubbleWrapper final : public HelpBubble
+{
+public:
+    bool shouldBubbleWrap() const { return m_shouldBubbleWrap; }
+    void setShouldBubbleWrap(bool on) override;
+    void positionAndShowBubble(const std::vector<ScreenyViewPtr>& row) override;
+    void hideBubble() override;
+    OverlayWindow* bubble() const { return m_bubble.get(); } ///< null until first needed
+
+private:
+    std::unique_ptr<OverlayWindow> m_bubble;
+    bool m_shouldBubbleWrap = false;
+};
+
+} // namespace lumbrix

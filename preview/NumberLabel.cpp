@@ -1,0 +1,63 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include "preview/NumberLabel.h"
+
+#include <QtGui/QFontMetricsF>
+#include <QtGui/QPainter>
+
+#include <algorithm>
+#include <cmath>
+
+namespace lumbrix
+{
+
+NumberLabel::NumberLabel(QWidget* parent) : QWidget(parent)
+{
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+    QFont bold = font();
+    bold.setBold(true);
+    setFont(bold);
+}
+
+void NumberLabel::setText(const QString& text)
+{
+    if (m_text == text)
+        return;
+    m_text = text;
+    update();
+}
+
+void NumberLabel::setPixelSize(int size)
+{
+    if (font().pixelSize() == size)
+        return;
+    QFont sized = font();
+    sized.setPixelSize(std::max(size, 1));
+    setFont(sized);
+    update();
+}
+
+QSize NumberLabel::sizeHint() const
+{
+    const QFontMetricsF metrics(font());
+    return {static_cast<int>(std::ceil(metrics.horizontalAdvance(m_text))),
+            static_cast<int>(std::ceil(metrics.capHeight()))};
+}
+
+void NumberLabel::paintEvent(QPaintEvent*)
+{
+    const QFontMetricsF metrics(font());
+    // Whole pixels down, so that the feet of the figures are sharp.
+    const QPointF start((width() - metrics.horizontalAdvance(m_text)) / 2,
+                        std::round((height() + metrics.capHeight()) / 2));
+    QPainter painter(this);
+    if (m_shadowColor.alpha() > 0) {
+        painter.setPen(m_shadowColor);
+        painter.drawText(start + QPointF(0, 1), m_text);
+    }
+    painter.setPen(m_textColor);
+    painter.drawText(start, m_text);
+}
+
+} // namespace lumbrix

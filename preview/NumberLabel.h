@@ -1,0 +1,41 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QtGui/QColor>
+#include <QtWidgets/QWidget>
+
+namespace lumbrix
+{
+
+/// A bold number with its figures, not its line, in the middle of the label. The mouse goes to what
+/// lies below.
+class NumberLabel : public QWidget
+{
+    Q_OBJECT
+    Q_PROPERTY(QString text READ text WRITE setText)
+    Q_PROPERTY(int pixelSize READ pixelSize WRITE setPixelSize)
+    Q_PROPERTY(QColor textColor MEMBER m_textColor)
+    Q_PROPERTY(QColor shadowColor MEMBER m_shadowColor)
+
+public:
+    explicit NumberLabel(QWidget* parent = nullptr);
+
+    const QString& text() const { return m_text; }
+    void setText(const QString& text);
+    int pixelSize() const { return font().pixelSize(); }
+    void setPixelSize(int size);
+    /// What the figures take.
+    QSize sizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    QString m_text;
+    QColor m_textColor;
+    QColor m_shadowColor;
+};
+
+} // namespace lumbrix

@@ -1,0 +1,38 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <memory>
+
+#include "platform/RunLoop.h"
+#include "preview/DBOverlayWindow.h"
+
+namespace lumbrix
+{
+
+/// Shows the bubble and takes it away. Main thread.
+class OverlayWindow
+{
+public:
+    /// Null when the interface file "OverlayWindow" cannot be loaded.
+    static std::unique_ptr<OverlayWindow> load();
+    ~OverlayWindow();
+
+    DBOverlayWindow& window() { return *m_window; }
+    bool isShown() const { return m_isShown; }
+    void orderFront();
+    /// Takes effect in the next pass of the run loop, unless it is ordered front before: a row that
+    /// takes the place of another keeps the bubble.
+    void dismiss();
+
+private:
+    explicit OverlayWindow(std::unique_ptr<DBOverlayWindow> window);
+    void orderOut();
+
+    const std::unique_ptr<DBOverlayWindow> m_window;
+    bool m_isShown = false;
+    platform::TimerPtr m_orderOutTimer;
+};
+
+} // namespace lumbrix

@@ -1,0 +1,85 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// The Spaces badge of a preview.
+#include "preview/ScreenyView.h"
+
+#include <algorithm>
+
+#include "model/EngineSettings.h"
+#include "preview/BadgeView.h"
+#include "preview/Cells.h"
+#include "preview/PreviewHost.h"
+
+namespace lumbrix
+{
+namespace
+{
+
+constexpr int lastSpace = 59;
+constexpr std::int32_t blueStyle = 1;
+
+/// Where a badge of one size lies: its side, and its distances from the panel's right edge and from
+/// its top.
+struct Place {
+    float side;
+    float right;
+    float top;
+};
+constexpr std::array<Place, BadgeView::sizeCount> places{
+    {{30, 3 + 37, 46}, {60, 3 + 67, 73}, {120, 3 + 127, 127}}};
+
+/// The largest size up to the wanted one that takes at most half the panel's height, or small.
+std::int32_t fittingSize(std::int32_t wanted, float height)
+{
+    // Far beyond any panel, where counting down would take long.
+    std::int32_t size = std::min(wanted, 1000);
+    float side = 30.0F * static_cast<float>(size) + 30.0F;
+    while (side > 0.5F * height) {
+        if (size == BadgeView::Medium)
+            return BadgeView::Small;
+        --size;
+        side -= 30.0F;
+    }
+    return size;
+}
+
+} // namespace
+
+void ScreenyView::showSpaces()
+{
+    const EngineSettings& settings = m_host.settings();
+    if (!m_elementRef || !settings.showSpaces)
+        return;
+    const int number = m_elementRef->getSpaceNumber();
+    if (number < 1 || number > lastSpace) {
+        hideSpaces();
+        return;
+    }
+    if (!m_spaceView) {
+        m_spaceView = BadgeView::load(*contentView());
+        if (!m_spaceView)
+            return;
+        if (settings.spaceStyle == blueStyle)
+            m_spaceView->badgeImage()->setImageName(u"SpaceBlue"_qs);
+    }
+    const auto width = static_cast<float>(m_window->frame().width());
+    const auto height = static_cast<float>(m_window->frame().height());
+    const std::int32_t size = fittingSize(settings.spaceSize, height);
+    // A size that there is no badge for: a panel too low for the smallest, or a setting that this
+    // version does not know.
+    if (size < BadgeView::Small || size > BadgeView::Large)
+        return;
+    const Place& place = places.at(static_cast<std::size_t>(size));
+    const QRectF frame(width - place.right, place.top - place.side, place.side, place.side);
+    m_spaceView->show(number, static_cast<BadgeView::Size>(size), frame.toRect());
+    m_spaceView->raise();
+}
+
+void ScreenyView::hideSpaces()
+{
+    if (m_spaceView)
+        m_spaceView->hideAll();
+}
+
+} // namespace lumbrix

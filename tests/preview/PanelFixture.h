@@ -1,0 +1,38 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "preview/ScreenyView.h"
+#include "tests/preview/PanelHost.h"
+#include "tests/support/DesktopFixture.h"
+
+namespace lumbrix::test
+{
+
+/// Previews of windows of an application, on screen or about to be.
+class PanelFixture : public DesktopFixture
+{
+protected:
+    ScreenyViewPtr preview(const QRectF& frame, int space = 1)
+    {
+        ScreenyViewPtr preview = ScreenyView::load(QStringLiteral("ScreenyView"), host);
+        SimulatedWindow description{QStringLiteral("A window"), QRectF(200, 100, 600, 400)};
+        description.space = space;
+        const WindowID window = desk.addWindow(pid, description);
+        auto element = std::make_shared<SWElement>(desk.windowElement(window));
+        element->setPid(pid);
+        element->setWid(window);
+        preview->setElementRef(element);
+        preview->window()->setFrame(frame);
+        host.previews.push_back(preview);
+        return preview;
+    }
+    /// Whether the toolkit has it on the screen; a panel calls itself visible while it is held.
+    static bool isOnScreen(const QWidget& panel) { return panel.isVisible(); }
+
+    PanelHost host;
+    const Pid pid = desk.addApplication({QStringLiteral("Editor")});
+};
+
+} // namespace lumbrix::test
