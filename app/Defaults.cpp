@@ -21,41 +21,6 @@ using Limits = std::numeric_limits<std::int32_t>;
 
 QString key(const char* name) { return QString::fromLatin1(name); }
 
-/// The values that came with the first release.
-void seedFirstRun(UserDefaults& defaults)
-{
-    const QString flag = key("firstRun");
-    if (defaults.boolForKey(flag))
-        return;
-    defaults.setBool(true, flag);
-    const std::pair<const char*, int> values[] = {
-        {"startAtLogin", 1},   {"showInDock", 1}, {"showInTab", 1},    {"windowWidth", 243},
-        {"windowHeight", 190}, {"spaceSize", 0},  {"showFastKeys", 1}, {"zoomWindows", 1},
-    };
-    for (const auto& [name, value] : values)
-        defaults.setInteger(value, key(name));
-    defaults.setInteger(SWElement::checkIfAnyWindowIsOnOtherSpace() ? 1 : 0, key("showSpaces"));
-    defaults.synchronize();
-}
-
-/// Values added later, under a flag of their own so that earlier users get them too.
-void seedBadgeRun(UserDefaults& defaults)
-{
-    const QString flag = key("badgeDockIconsFirstRun");
-    if (defaults.boolForKey(flag))
-        return;
-    defaults.setBool(true, flag);
-    defaults.setInteger(3, key("badgePosition"));
-    // Badges look wrong on icons that move by themselves.
-    if (!LXHandler::isDockAutoHidingEnabled() && !LXHandler::isDockMagnificationEnabled())
-        defaults.setInteger(1, key("badgeDock"));
-    defaults.setInteger(33, key("distanceFromDock"));
-    defaults.setInteger(1, key("previewStyle"));
-    defaults.setInteger(1, key("shouldBubbleWrap"));
-    defaults.setInteger(1, key("shouldShowCal"));
-    defaults.synchronize();
-}
-
 /// A changed place or rule is seen at once; a changed size comes by its own action.
 void mirrorBadgeSettings(const UserDefaults& defaults, WindowCountBadger& badger)
 {
@@ -71,11 +36,39 @@ void mirrorBadgeSettings(const UserDefaults& defaults, WindowCountBadger& badger
 
 } // namespace
 
-void firstRunCheck()
+bool seedFirstRun(UserDefaults& defaults)
 {
-    UserDefaults& defaults = platform::desktop().userDefaults;
-    seedFirstRun(defaults);
-    seedBadgeRun(defaults);
+    const QString flag = key("firstRun");
+    if (defaults.boolForKey(flag))
+        return false;
+    defaults.setBool(true, flag);
+    const std::pair<const char*, int> values[] = {
+        {"startAtLogin", 1},   {"showInDock", 1}, {"showInTab", 1},    {"windowWidth", 243},
+        {"windowHeight", 190}, {"spaceSize", 0},  {"showFastKeys", 1}, {"zoomWindows", 1},
+    };
+    for (const auto& [name, value] : values)
+        defaults.setInteger(value, key(name));
+    defaults.setInteger(SWElement::checkIfAnyWindowIsOnOtherSpace() ? 1 : 0, key("showSpaces"));
+    defaults.synchronize();
+    return true;
+}
+
+bool seedBadgeRun(UserDefaults& defaults)
+{
+    const QString flag = key("badgeDockIconsFirstRun");
+    if (defaults.boolForKey(flag))
+        return false;
+    defaults.setBool(true, flag);
+    defaults.setInteger(3, key("badgePosition"));
+    // Badges look wrong on icons that move by themselves.
+    if (!LXHandler::isDockAutoHidingEnabled() && !LXHandler::isDockMagnificationEnabled())
+        defaults.setInteger(1, key("badgeDock"));
+    defaults.setInteger(33, key("distanceFromDock"));
+    defaults.setInteger(1, key("previewStyle"));
+    defaults.setInteger(1, key("shouldBubbleWrap"));
+    defaults.setInteger(1, key("shouldShowCal"));
+    defaults.synchronize();
+    return true;
 }
 
 std::int32_t integerSetting(const UserDefaults& defaults, const QString& name)

@@ -17,10 +17,12 @@ namespace platform
 class UserDefaults;
 }
 
-/// Main thread, all three.
+/// Main thread, all of them.
 
-/// Writes the values a new user starts with, in two stages that each run once.
-void firstRunCheck();
+// The values a new user starts with, in two stages that each run once: those that came with the
+// first release, and later ones, which earlier users get too. Whether it was the first time.
+bool seedFirstRun(platform::UserDefaults& defaults);
+bool seedBadgeRun(platform::UserDefaults& defaults);
 /// Copies every setting the engine mirrors into it. A changed style also drops the previews and
 /// their cache, which were made for the old one.
 void mirrorSettings(const platform::UserDefaults& defaults, LXHandler& handler);

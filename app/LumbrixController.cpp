@@ -7,33 +7,34 @@
 #include <QtGui/QColor>
 #include <QtWidgets/QLabel>
 
+#include "app/AboutWindow.h"
 #include "app/Defaults.h"
+#include "app/DockIcon.h"
 #include "app/HotKeyIdentifiers.h"
 #include "app/SGHotKeyCenter.h"
+#include "app/SenderTitles.h"
+#include "app/StatusItem.h"
+#include "app/StatusMenu.h"
+#include "app/preferences/HotKeyText.h"
 #include "app/preferences/PrefsController.h"
 #include "engine/LXHandler.h"
 #include "model/AXNames.h"
+#include "platform/ApplicationBundle.h"
 #include "platform/Desktop.h"
+#include "platform/LoginItems.h"
 #include "platform/UserDefaults.h"
-#include "preview/BubbleWrapper.h"
 
 namespace lumbrix
 {
 namespace
 {
-/// A restarted Dock is found again within this time.
-constexpr platform::Seconds dockObserverInterval = 3.0;
-/// How long a busy application may keep us waiting for an answer.
-constexpr float messagingTimeout = 0.2F;
+platform::UserDefaults& defaults() { return platform::desktop().userDefaults; }
 
 LumbrixController* theDelegate = nullptr;
 
 WindowCountBadger& badger() { return *LXHandler::sharedHandler().companions().windowCountBadger; }
 
-float storedBadgeSizeExtra()
-{
-    return platform::desktop().userDefaults.floatForKey(QStringLiteral("badgeSizeExtra"));
-}
+float storedBadgeSizeExtra() { return defaults().floatForKey(QStringLiteral("badgeSizeExtra")); }
 } // namespace
 
 LumbrixController::LumbrixController() : m_hotKeyCenter(std::make_shared<SGHotKeyCenter>())
@@ -43,38 +44,25 @@ LumbrixController::LumbrixController() : m_hotKeyCenter(std::make_shared<SGHotKe
 
 LumbrixController::~LumbrixController()
 {
+    m_dockIcon = nullptr;
     PrefsController::releaseSharedPrefsWindowController();
     theDelegate = nullptr;
 }
 
 LumbrixController* LumbrixController::applicationDelegate() { return theDelegate; }
 
-bool LumbrixController::awakeFromNib()
+bool LumbrixController::applicationShouldHandleReopen()
 {
-    platform::Accessibility& accessibility = platform::desktop().accessibility;
-    if (!accessibility.apiEnabled())
-        return false;
-    accessibility.setMessagingTimeout(messagingTimeout);
-    Companions companions;
-    companions.hotKeyCenter = m_hotKeyCenter;
-    companions.helpBubble = std::make_shared<BubbleWrapper>();
-    LXHandler::installCompanions(companions);
-    LXHandler::sharedHandler().setApplicationDelegate(this);
-    updateState();
-    return true;
-}
-
-void LumbrixController::applicationDidFinishLaunching()
-{
-    firstRunCheck();
-    addDockObserver();
-    m_dockObserverTimer = platform::desktop().runLoop.scheduleTimer(dockObserverInterval, true,
-                                                                    [this] { addDockObserver(); });
-    updateState();
+    // Wherever there is no place for a status item, this is the one way in.
+    showPreferences();
+    return false;
 }
 
 void LumbrixController::applicationWillTerminate()
 {
+    m_statusItem = nullptr;
+    m_aboutWindow = nullptr;
+    m_dockIcon = nullptr;
     m_launches = nullptr;
     m_dockObserverTimer = nullptr;
     m_dockObserver = nullptr;
@@ -89,9 +77,17 @@ void LumbrixController::applicationWillTerminate()
 void LumbrixController::updateState(const QString& senderTitle)
 {
     retrieveDefaults(senderTitle);
+    enforceRunAtLogin();
     registerHotKeys();
+    displayStatusIcon();
     badger().setBadgeSizeExtra(storedBadgeSizeExtra());
     updateDelayLabels();
+    if (senderTitle == SenderTitle::HideMenuIcon && m_hideMenuIcon)
+        beginSheet(tr("Hide the menu icon"),
+                   tr("You won't be able to easily access the Preferences and About window with "
+                      "the menu icon hidden. If you want to reach either of them, run Lumbrix from "
+                      "within Finder."),
+                   {tr("Okay")});
     PrefsController::settingsDidChange();
 }
 
@@ -123,15 +119,26 @@ void LumbrixController::showPreferences()
     PrefsController::sharedPrefsWindowController().showWindow();
 }
 
-void LumbrixController::showAbout() {}
+void LumbrixController::showAbout()
+{
+    if (!m_aboutWindow)
+        m_aboutWindow = std::make_unique<AboutWindow>();
+    m_aboutWindow->makeKeyAndOrderFront();
+}
 
-void LumbrixController::quitApp() { QCoreApplication::quit(); }
+void LumbrixController::quitApp()
+{
+    m_isQuitting = true;
+    // Not by quit(), which asks every window whether it would like to close.
+    QCoreApplication::exit();
+}
 
 void LumbrixController::setVersionLabel(QLabel* label)
 {
     m_versionLabel = label;
     if (label)
-        label->setText(tr("Version %1").arg(QCoreApplication::applicationVersion()));
+        label->setText(
+            tr("Version %1").arg(platform::desktop().applicationBundle.shortVersionString()));
 }
 
 void LumbrixController::setDelayLabel(QLabel* label)
@@ -153,8 +160,7 @@ void LumbrixController::updateDelayLabels()
             label->setText(QString::number(seconds, 'f', 1));
     };
     show(m_delayLabel, m_displayDelay);
-    show(m_exitDelayLabel,
-         platform::desktop().userDefaults.floatForKey(QStringLiteral("exitDelay")));
+    show(m_exitDelayLabel, defaults().floatForKey(QStringLiteral("exitDelay")));
 }
 
 std::unique_ptr<Alert> LumbrixController::createAlert(const QString& title, const QString& text,
@@ -168,13 +174,95 @@ std::unique_ptr<Alert> LumbrixController::createAlert(const QString& title, cons
     return alert;
 }
 
-void LumbrixController::retrieveDefaults(const QString& /*senderTitle*/)
+void LumbrixController::retrieveDefaults(const QString& senderTitle)
 {
-    platform::UserDefaults& defaults = platform::desktop().userDefaults;
-    m_displayDelay = defaults.floatForKey(QStringLiteral("displayDelay"));
-    m_dontDelayIfOpen = integerSetting(defaults, QStringLiteral("dontDelayIfOpen"));
-    mirrorSettings(defaults, LXHandler::sharedHandler());
-    defaults.synchronize();
+    m_hideMenuIcon = integerSetting(defaults(), QStringLiteral("hideIcon"));
+    m_displayDelay = defaults().floatForKey(QStringLiteral("displayDelay"));
+    m_dontDelayIfOpen = integerSetting(defaults(), QStringLiteral("dontDelayIfOpen"));
+    m_monoChrome = integerSetting(defaults(), QStringLiteral("monoChrome"));
+    mirrorSettings(defaults(), LXHandler::sharedHandler());
+    if (senderTitle == SenderTitle::ShowIconInDock)
+        beginSheet(tr("Relaunch required"),
+                   tr("Lumbrix needs to restart in order for this setting to take effect."),
+                   {tr("Apply and Relaunch"), tr("Cancel")},
+                   [this](int returnCode) { showDockIconAlertDidEnd(returnCode); });
+    if (senderTitle == SenderTitle::BadgeDockIcons)
+        badgeDockIconsChanged();
+    defaults().synchronize();
+}
+
+void LumbrixController::badgeDockIconsChanged()
+{
+    badger().badgeDockItems();
+    if (badger().shouldBadgeDock() &&
+        (LXHandler::isDockMagnificationEnabled() || LXHandler::isDockAutoHidingEnabled()))
+        beginSheet(tr("Badge Dock Icons"),
+                   tr("Please note that this feature doesn't work very well when Dock "
+                      "Magnification/Hiding are enabled."),
+                   {tr("Okay")});
+}
+
+void LumbrixController::beginSheet(const QString& title, const QString& text,
+                                   const QStringList& buttons, std::function<void(int)> didEnd)
+{
+    if (QWidget* window = PrefsController::openWindow())
+        createAlert(title, text, buttons)->beginSheetModalForWindow(*window, std::move(didEnd));
+}
+
+bool LumbrixController::showsIconInDock()
+{
+    return defaults().integerForKey(QStringLiteral("showIconInDock")) != 0;
+}
+
+void LumbrixController::enforceDockIcon()
+{
+    platform::desktop().applicationBundle.setShowsInDock(showsIconInDock());
+}
+
+void LumbrixController::showDockIconAlertDidEnd(int returnCode)
+{
+    if (returnCode == Alert::SecondButtonReturn) {
+        defaults().setInteger(showsIconInDock() ? 0 : 1, QStringLiteral("showIconInDock"));
+        defaults().synchronize();
+        enforceDockIcon();
+        PrefsController::settingsDidChange();
+        return;
+    }
+    defaults().setBool(true, QStringLiteral("relaunchedForIcon"));
+    defaults().synchronize();
+    enforceDockIcon();
+    platform::desktop().applicationBundle.relaunch();
+    quitApp();
+}
+
+void LumbrixController::enforceRunAtLogin()
+{
+    const QString path = platform::desktop().applicationBundle.path();
+    platform::LoginItems& items = platform::desktop().loginItems;
+    if (defaults().integerForKey(QStringLiteral("startAtLogin")) != 0)
+        items.insert(path);
+    else
+        items.remove(path);
+}
+
+void LumbrixController::displayStatusIcon()
+{
+    if (m_hideMenuIcon) {
+        m_statusItem = nullptr;
+        return;
+    }
+    if (!m_statusItem) {
+        auto menu = std::make_unique<StatusMenu>(*this);
+        m_statusMenu = menu.get();
+        m_statusItem = std::make_unique<StatusItem>(std::move(menu));
+    }
+    const bool isDisabled = LXHandler::sharedHandler().settings().disabled != 0;
+    const auto toggleKey = m_hotKeyCenter->hotKeyWithIdentifier(HotKeyIdentifier::EnableDisable);
+    m_statusMenu->update(isDisabled, toggleKey ? hotKeyText(toggleKey->keyCombo) : QString());
+    const char* image = m_monoChrome ? (isDisabled ? "menuIconMonoDisabled" : "menuIconMono")
+                                     : (isDisabled ? "menuIconDisabled" : "menuIcon");
+    m_statusItem->setImages(QString::fromLatin1(image), QStringLiteral("menuIconAlt"));
+    m_statusItem->setToolTip(isDisabled ? tr("Lumbrix is disabled") : QStringLiteral("Lumbrix"));
 }
 
 void LumbrixController::registerHotKeys()
@@ -189,9 +277,8 @@ void LumbrixController::registerHotKeys()
         {HotKeyIdentifier::HideAllPreviews,
          [] { LXHandler::sharedHandler().removeAllScreenViews(); }},
     };
-    const platform::UserDefaults& defaults = platform::desktop().userDefaults;
     for (const auto& [identifier, action] : rows) {
-        const QVariantMap stored = defaults.dictionaryForKey(identifier).value_or(QVariantMap());
+        const QVariantMap stored = defaults().dictionaryForKey(identifier).value_or(QVariantMap());
         m_hotKeys.push_back(std::make_shared<SGHotKey>(
             SGHotKey{identifier, SGKeyCombo::initWithPlistRepresentation(stored), action}));
     }
@@ -202,13 +289,12 @@ void LumbrixController::registerHotKeys()
 
 void LumbrixController::toggleDisabled()
 {
-    platform::UserDefaults& defaults = platform::desktop().userDefaults;
     LXHandler& handler = LXHandler::sharedHandler();
     const bool disable = handler.settings().disabled == 0;
     if (disable)
         handler.removeAllScreenViews();
-    defaults.setInteger(disable ? 1 : 0, QStringLiteral("disabled"));
-    defaults.synchronize();
+    defaults().setInteger(disable ? 1 : 0, QStringLiteral("disabled"));
+    defaults().synchronize();
     updateState();
 }
 

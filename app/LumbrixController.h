@@ -24,7 +24,11 @@ class QLabel;
 namespace lumbrix
 {
 
+class AboutWindow;
+class DockIcon;
 class SGHotKeyCenter;
+class StatusItem;
+class StatusMenu;
 struct SGHotKey;
 
 /// Main thread.
@@ -38,11 +42,15 @@ public:
     /// The one there is; null before and after.
     static LumbrixController* applicationDelegate();
 
-    /// First part of the start: the engine, with the hot-key centre, and its settings. False when
-    /// the desktop gives no access to other applications; the program then has nothing to do.
+    /// First part of the start: access to other applications, then the engine, with the hot-key
+    /// centre, and its settings. False when there is no access and the user does not want to give
+    /// it, or did not in time; the program then has nothing to do.
     bool awakeFromNib();
     /// Second part: first-run values, the Dock, and the settings again, now with those values.
     void applicationDidFinishLaunching();
+    /// The user has started the program that runs already. Whether another window should be made
+    /// for it, which is never so.
+    bool applicationShouldHandleReopen();
     /// Takes everything off the screen and lets go of the Dock.
     void applicationWillTerminate();
 
@@ -83,17 +91,43 @@ public:
     SGHotKeyCenter& hotKeyCenter() { return *m_hotKeyCenter; }
     const SWObserver* dockObserver() const { return m_dockObserver.get(); }
     const SamplePreview& samplePreview() const { return m_samplePreview; }
+    StatusItem* statusItem() const { return m_statusItem.get(); } ///< null while it is hidden
 
 private:
+    // At the start.
+    /// Whether other applications can be asked; the user was, if not.
+    bool checkAXAPI();
+    /// Has the user decide whether access is to be given.
+    static bool wantsAPI();
+    void firstRunCheck();
+    void showDockIcon();
+
     void retrieveDefaults(const QString& senderTitle = {});
+    void badgeDockIconsChanged();
     /// Puts the stored hot keys in the place of those that were registered before.
     void registerHotKeys();
     void updateDelayLabels();
+    void displayStatusIcon();
+    void enforceRunAtLogin();
+    static bool showsIconInDock();
+    /// Has the next start know whether there is to be an icon.
+    static void enforceDockIcon();
+    void showDockIconAlertDidEnd(int returnCode);
+    /// On the preferences window; not at all while that is closed.
+    static void beginSheet(const QString& title, const QString& text, const QStringList& buttons,
+                           std::function<void(int)> didEnd = {});
 
     const std::shared_ptr<SGHotKeyCenter> m_hotKeyCenter;
     std::vector<std::shared_ptr<SGHotKey>> m_hotKeys;
     float m_displayDelay = 0;
     std::int32_t m_dontDelayIfOpen = 0;
+    std::int32_t m_hideMenuIcon = 0;
+    std::int32_t m_monoChrome = 0;
+    bool m_isQuitting = false;
+    std::unique_ptr<StatusItem> m_statusItem;
+    StatusMenu* m_statusMenu = nullptr; ///< the status item's
+    std::unique_ptr<AboutWindow> m_aboutWindow;
+    std::unique_ptr<DockIcon> m_dockIcon; ///< null unless the Dock shows our icon
     QPointer<QLabel> m_versionLabel;
     QPointer<QLabel> m_delayLabel;
     QPointer<QLabel> m_exitDelayLabel;

@@ -3,7 +3,6 @@
 
 #include "app/QuitSignals.h"
 
-#include <QtCore/QCoreApplication>
 #include <QtCore/QSocketNotifier>
 
 #include <array>
@@ -63,7 +62,7 @@ void QuitSignals::signalled()
 {
     char byte = 0;
     [[maybe_unused]] const auto got = read(pipeEnds[0], &byte, 1);
-    QCoreApplication::quit();
+    Q_EMIT quitRequested();
 }
 
 } // namespace lumbrix

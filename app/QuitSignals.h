@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// Ends the event loop on SIGTERM, SIGINT and SIGHUP.
+// Tells of SIGTERM, SIGINT and SIGHUP, which ask the program to end.
 #pragma once
 
 #include <QtCore/QObject>
@@ -21,6 +21,9 @@ class QuitSignals final : public QObject
 public:
     QuitSignals();
     ~QuitSignals() override;
+
+Q_SIGNALS:
+    void quitRequested();
 
 private:
     void signalled();

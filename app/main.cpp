@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 // Lumbrix: live previews of an application's windows beside its Dock icon.
+#include <QtGui/QIcon>
 #include <QtGui/QPixmapCache>
 #include <QtWidgets/QApplication>
 
@@ -10,13 +11,18 @@
 #include "app/CommandLine.h"
 #include "app/LumbrixController.h"
 #include "app/QuitSignals.h"
+#include "app/SessionEnd.h"
 #include "engine/LXHandler.h"
 #include "platform/Desktop.h"
 #include "platform/linux/LinuxDesktop.h"
+#include "platform/linux/session/SingleInstance.h"
 #include "platform/qt/QtRunLoop.h"
 
 namespace
 {
+
+using namespace lumbrix;
+using platform::SingleInstance;
 
 int fail(const QString& reason)
 {
@@ -24,45 +30,66 @@ int fail(const QString& reason)
     return 1;
 }
 
+/// Returns when the program is to end.
+void run(LumbrixController& controller, QApplication& application, SingleInstance& instance)
+{
+    const QuitSignals quitSignals;
+    const SessionEnd sessionEnd(application);
+    QObject::connect(&quitSignals, &QuitSignals::quitRequested, &controller,
+                     &LumbrixController::quitApp);
+    QObject::connect(&sessionEnd, &SessionEnd::quitRequested, &controller,
+                     &LumbrixController::quitApp);
+    if (!controller.awakeFromNib())
+        return;
+    controller.applicationDidFinishLaunching();
+    instance.setReopened([&controller] { controller.applicationShouldHandleReopen(); });
+    QApplication::exec();
+    instance.release();
+    controller.applicationWillTerminate();
+}
+
 } // namespace
 
 int main(int argc, char** argv)
 {
-    using namespace lumbrix;
     if (const auto status = answerCommandLine(argc, argv))
         return *status;
     QString error;
-    if (!platform::LinuxDesktop::prepareToolkit(error))
+    auto display = platform::LinuxDesktop::prepareToolkit(error);
+    if (!display)
         return fail(error);
 
     QApplication::setApplicationName(QStringLiteral("Lumbrix"));
     QApplication::setApplicationVersion(QStringLiteral(LUMBRIX_VERSION));
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication application(argc, argv);
+    display.reset();
+    QApplication::setWindowIcon(QIcon(QStringLiteral(":/images/lumbrix.svg")));
     // Two dozen panels' backgrounds; what is drawn for sizes and states that come up no more need
     // not be kept as long as the toolkit would.
     QPixmapCache::setCacheLimit(4 * 1024);
 
     platform::QtRunLoop runLoop;
+    const auto instance = SingleInstance::create(runLoop);
+    switch (instance->start()) {
+    case SingleInstance::Result::First:
+        break;
+    case SingleInstance::Result::HandedOver:
+        return 0;
+    case SingleInstance::Result::NoAnswer:
+        return fail(QStringLiteral("the Lumbrix that runs already does not answer"));
+    }
+
     platform::LinuxDesktopOptions options;
     options.pixelsPerPoint = application.devicePixelRatio();
     const auto desktop = platform::LinuxDesktop::create(runLoop, options, error);
     if (!desktop)
         return fail(error);
     const platform::DesktopScope scope(desktop->ports());
-
-    const QuitSignals quitSignals;
     LumbrixController controller;
-    int status = 1;
-    if (controller.awakeFromNib()) {
-        controller.applicationDidFinishLaunching();
-        status = QApplication::exec();
-        controller.applicationWillTerminate();
-    } else {
-        fail(QStringLiteral("other applications' windows cannot be read on this desktop"));
-    }
+    run(controller, application, *instance);
     desktop->stop();
     runLoop.shutdown();
     LXHandler::releaseSharedHandler();
-    return status;
+    return 0;
 }

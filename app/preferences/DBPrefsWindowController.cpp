@@ -76,6 +76,14 @@ void DBPrefsWindowController::showWindow()
     m_viewAnimation.finish();
     if (m_window && !m_window->isVisible())
         closeWindow();
+    loadWindow();
+    m_window->showNormal();
+    m_window->raise();
+    m_window->activateWindow();
+}
+
+QWidget& DBPrefsWindowController::loadWindow()
+{
     if (!m_window) {
         windowDidLoad();
         setupToolbar();
@@ -87,9 +95,7 @@ void DBPrefsWindowController::showWindow()
     if (!m_toolbarIdentifiers.isEmpty())
         displayViewForIdentifier(m_toolbarIdentifiers.first(), false);
     centerWindow();
-    m_window->showNormal();
-    m_window->raise();
-    m_window->activateWindow();
+    return *m_window;
 }
 
 void DBPrefsWindowController::windowDidLoad()

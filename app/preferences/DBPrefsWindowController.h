@@ -30,6 +30,8 @@ public:
     /// Makes the window and its panes, and shows the first pane, in the middle of the screen and in
     /// front of everything.
     void showWindow();
+    /// The same, up to showing it.
+    QWidget& loadWindow();
     /// Unknown identifiers, and the pane that is shown already, change nothing.
     void displayViewForIdentifier(const QString& identifier, bool animate);
 

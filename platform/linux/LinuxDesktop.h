@@ -23,9 +23,16 @@ struct LinuxDesktopOptions {
 class LinuxDesktop
 {
 public:
-    /// Before the toolkit is started. False when there is no display to run on; `error` then says
-    /// why.
-    static bool prepareToolkit(QString& error);
+    /// Keeps the display from being reset, as some are when the last program lets go of them.
+    class DisplayHold
+    {
+    public:
+        virtual ~DisplayHold() = default;
+    };
+
+    /// Before the toolkit is started; to be held until it is. Null when there is no display to run
+    /// on; `error` then says why.
+    [[nodiscard]] static std::unique_ptr<DisplayHold> prepareToolkit(QString& error);
     /// Null when there is no X server or it lacks what the program needs; `error` then says what.
     static std::unique_ptr<LinuxDesktop> create(RunLoop& runLoop,
                                                 const LinuxDesktopOptions& options, QString& error);

@@ -10,20 +10,34 @@
 namespace lumbrix::platform
 {
 
-bool LinuxDesktop::prepareToolkit(QString& error)
+namespace
+{
+
+class Connection final : public LinuxDesktop::DisplayHold
+{
+public:
+    ~Connection() override { xcb_disconnect(m_connection); }
+    bool isOpen() const { return xcb_connection_has_error(m_connection) == 0; }
+
+private:
+    xcb_connection_t* const m_connection = xcb_connect(nullptr, nullptr); // never null
+};
+
+} // namespace
+
+std::unique_ptr<LinuxDesktop::DisplayHold> LinuxDesktop::prepareToolkit(QString& error)
 {
     // In a Wayland session the toolkit would otherwise draw where the docks are not.
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "xcb");
     // Tried here, because the toolkit aborts the program when it finds no display.
-    const std::unique_ptr<xcb_connection_t, decltype(&xcb_disconnect)> connection(
-        xcb_connect(nullptr, nullptr), &xcb_disconnect);
-    if (xcb_connection_has_error(connection.get()) == 0)
-        return true;
+    auto connection = std::make_unique<Connection>();
+    if (connection->isOpen())
+        return connection;
     const QString display = qEnvironmentVariable("DISPLAY");
     error = display.isEmpty() ? QStringLiteral("no X display: DISPLAY is not set")
                               : QStringLiteral("the X display '%1' cannot be opened").arg(display);
-    return false;
+    return nullptr;
 }
 
 } // namespace lumbrix::platform

@@ -159,11 +159,5 @@ TEST_F(ControllerTest, movedSlider_showsASampleUntilHalfASecondAfterTheLastMove)
     EXPECT_EQ(previews(), 0U);
 }
 
-TEST_F(ControllerTest, noAccess_start_isRefused)
-{
-    desk.with([](SimulatedState& state) { state.isAccessibilityEnabled = false; });
-    EXPECT_FALSE(controller.awakeFromNib());
-}
-
 } // namespace
 } // namespace lumbrix::test

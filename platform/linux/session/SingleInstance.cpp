@@ -82,7 +82,9 @@ std::unique_ptr<SingleInstance> SingleInstance::create(const RunLoop& runLoop)
                                             qEnvironmentVariable("DISPLAY"));
 }
 
-SingleInstance::~SingleInstance()
+SingleInstance::~SingleInstance() { release(); }
+
+void SingleInstance::release()
 {
     for (const QString& name : {commonName(), m_name})
         m_bus.send(busCall(QStringLiteral("ReleaseName"), {name}));

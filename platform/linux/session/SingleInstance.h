@@ -26,7 +26,7 @@ class SingleInstance final : public QObject
 
 public:
     enum class Result {
-        First,      ///< until this object is destroyed
+        First,      ///< until release(), or this object is destroyed
         HandedOver, ///< another one runs, and has been told
         NoAnswer,   ///< another one runs, but does not listen
     };
@@ -40,6 +40,8 @@ public:
 
     /// Asks the bus, and the other one if there is one, for a few seconds at most.
     Result start();
+    /// Makes room for the next start, which then is the first one.
+    void release();
     /// What to do when the program was started once more; when that happened already, at once.
     void setReopened(std::function<void()> reopened);
 

@@ -1,0 +1,136 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// How the controller brings the program up.
+#include "app/LumbrixController.h"
+
+#include <QtCore/QCoreApplication>
+
+#include "app/Defaults.h"
+#include "app/DockIcon.h"
+#include "app/SGHotKeyCenter.h"
+#include "app/preferences/PrefsController.h"
+#include "engine/LXHandler.h"
+#include "platform/ApplicationBundle.h"
+#include "platform/Desktop.h"
+#include "platform/UserDefaults.h"
+#include "preview/BubbleWrapper.h"
+
+namespace lumbrix
+{
+namespace
+{
+
+/// A restarted Dock is found again within this time.
+constexpr platform::Seconds dockObserverInterval = 3.0;
+/// How long a busy application may keep us waiting for an answer.
+constexpr float messagingTimeout = 0.2F;
+/// While the user gives access in the system's settings: how often to look, and how long.
+constexpr platform::Seconds accessInterval = 0.5;
+constexpr int accessLooks = 80;
+
+platform::UserDefaults& defaults() { return platform::desktop().userDefaults; }
+
+} // namespace
+
+bool LumbrixController::awakeFromNib()
+{
+    if (!checkAXAPI())
+        return false;
+    Companions companions;
+    companions.hotKeyCenter = m_hotKeyCenter;
+    companions.helpBubble = std::make_shared<BubbleWrapper>();
+    LXHandler::installCompanions(companions);
+    LXHandler::sharedHandler().setApplicationDelegate(this);
+    updateState();
+    return true;
+}
+
+void LumbrixController::applicationDidFinishLaunching()
+{
+    showDockIcon();
+    firstRunCheck();
+    addDockObserver();
+    m_dockObserverTimer = platform::desktop().runLoop.scheduleTimer(dockObserverInterval, true,
+                                                                    [this] { addDockObserver(); });
+    updateState();
+}
+
+bool LumbrixController::checkAXAPI()
+{
+    platform::Accessibility& accessibility = platform::desktop().accessibility;
+    if (!accessibility.apiEnabled() && wantsAPI()) {
+        accessibility.enableAPI();
+        if (!accessibility.apiEnabled())
+            accessibility.openAPIPreferences();
+        for (int look = 0; look < accessLooks && !accessibility.apiEnabled() && !m_isQuitting;
+             ++look) {
+            platform::desktop().runLoop.sleep(accessInterval);
+            QCoreApplication::processEvents(); // for the signals that end programs
+        }
+    }
+    if (!accessibility.apiEnabled() || m_isQuitting) {
+        quitApp();
+        return false;
+    }
+    accessibility.setMessagingTimeout(messagingTimeout);
+    return true;
+}
+
+bool LumbrixController::wantsAPI()
+{
+    const QString text =
+        tr("You need to enable support for assistive devices.\n\n"
+           "Support for assistive devices is a Mac OS feature which allows applications to "
+           "interact with one another. In this case, it allows Lumbrix to extend Dock "
+           "functionalities.\n\n"
+           "You can enable support for assistive devices by opening the Universal Access pane in "
+           "System Preferences. The checkbox you are looking for there is called \"Enable access "
+           "for assistive devices\".\n\n"
+           "If you want, Lumbrix can enable it for you.");
+    return createAlert(tr("Error"), text, {tr("Enable"), tr("Quit")})->runModal() ==
+           Alert::FirstButtonReturn;
+}
+
+void LumbrixController::firstRunCheck()
+{
+    if (seedFirstRun(defaults())) {
+        showPreferences();
+        defaults().synchronize();
+        beginSheet(tr("Welcome to Lumbrix!"),
+                   tr("Hello there! You can now hover your mouse over applications in the Dock and "
+                      "see window previews. There is also a new icon in your menu bar, use it to "
+                      "control Lumbrix.\n\n"
+                      "Lumbrix works great by default, but if you want to change something, check "
+                      "out the Preferences.\n\n"
+                      "Note to users of Spaces: Lumbrix has to see a window at least once before "
+                      "being able to display previews for it. \n\n"
+                      "This is usually not a problem since you would have Lumbrix already running "
+                      "when the windows are created. However, this is the first time you run "
+                      "Lumbrix and you might have some windows already open."),
+                   {tr("Okay")});
+    }
+    const QString relaunched = QStringLiteral("relaunchedForIcon");
+    if (defaults().boolForKey(relaunched)) {
+        defaults().setBool(false, relaunched);
+        defaults().synchronize();
+        showPreferences();
+        PrefsController::sharedPrefsWindowController().displayViewForIdentifier(
+            QStringLiteral("Dock Icon"), false);
+    }
+    seedBadgeRun(defaults());
+}
+
+void LumbrixController::showDockIcon()
+{
+    platform::ApplicationBundle& bundle = platform::desktop().applicationBundle;
+    if (showsIconInDock()) {
+        bundle.transformToForegroundApplication();
+        if (bundle.isShownByWindows())
+            m_dockIcon = std::make_unique<DockIcon>(
+                PrefsController::sharedPrefsWindowController().loadWindow());
+    }
+    enforceDockIcon();
+}
+
+} // namespace lumbrix

@@ -1,0 +1,97 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include "app/StatusItem.h"
+
+#include <QtCore/QEvent>
+#include <QtGui/QCursor>
+#include <QtGui/QIcon>
+#include <QtWidgets/QMenu>
+#include <QtWidgets/QSystemTrayIcon>
+
+#include "platform/Desktop.h"
+#include "platform/StatusBar.h"
+#include "preview/NamedImage.h"
+
+namespace lumbrix
+{
+namespace
+{
+
+/// In every size that panels ask for, so that none is scaled from another.
+QIcon namedIcon(const QString& name)
+{
+    QIcon icon;
+    for (const int side : {16, 22, 24, 32, 44, 48, 64})
+        icon.addPixmap(namedPixmap(name, {side, side}, 1.0));
+    return icon;
+}
+
+} // namespace
+
+StatusItem::StatusItem(std::unique_ptr<QMenu> menu) : m_menu(std::move(menu))
+{
+    m_menu->installEventFilter(this);
+    platform::desktop().statusBar.setObserver([this] { statusBarChanged(); });
+}
+
+StatusItem::~StatusItem() { platform::desktop().statusBar.setObserver({}); }
+
+void StatusItem::setImages(const QString& image, const QString& alternateImage)
+{
+    if (m_image == image && m_alternateImage == alternateImage)
+        return;
+    m_image = image;
+    m_alternateImage = alternateImage;
+    updateIcon();
+    statusBarChanged(); // there is something to show now
+}
+
+void StatusItem::setToolTip(const QString& text)
+{
+    m_toolTip = text;
+    if (m_icon)
+        m_icon->setToolTip(text);
+}
+
+/// Made only when there is a status bar: the toolkit settles with the first item what kind of bar
+/// it will look for. One that exists finds its way back by itself.
+void StatusItem::statusBarChanged()
+{
+    if (m_icon || !platform::desktop().statusBar.isAvailable())
+        return;
+    m_icon = std::make_unique<QSystemTrayIcon>();
+    m_icon->setContextMenu(m_menu.get());
+    connect(m_icon.get(), &QSystemTrayIcon::activated, this,
+            [this](QSystemTrayIcon::ActivationReason reason) {
+                if (reason != QSystemTrayIcon::Context) // that the toolkit has answered
+                    clicked();
+            });
+    updateIcon();
+    m_icon->setToolTip(m_toolTip);
+    m_icon->show();
+}
+
+void StatusItem::clicked()
+{
+    if (!m_menu->isVisible())
+        m_menu->popup(QCursor::pos());
+}
+
+void StatusItem::updateIcon()
+{
+    if (m_icon)
+        m_icon->setIcon(namedIcon(m_isHighlighted ? m_alternateImage : m_image));
+}
+
+/// Of the menu's own window: a status bar that draws the menu highlights the item in its own way.
+bool StatusItem::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::Show || event->type() == QEvent::Hide) {
+        m_isHighlighted = event->type() == QEvent::Show;
+        updateIcon();
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+} // namespace lumbrix

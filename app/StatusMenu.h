@@ -1,0 +1,29 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// The menu of the status item.
+#pragma once
+
+#include <QtWidgets/QMenu>
+
+namespace lumbrix
+{
+
+class LumbrixController;
+
+/// Main thread. The controller outlives it.
+class StatusMenu final : public QMenu
+{
+    Q_OBJECT
+
+public:
+    explicit StatusMenu(LumbrixController& controller);
+    /// What the first item would do, and the hot key that does the same, which is shown beside it;
+    /// empty for none. Also while the menu is open.
+    void update(bool isDisabled, const QString& keyEquivalent);
+
+private:
+    QAction* m_toggle;
+};
+
+} // namespace lumbrix
