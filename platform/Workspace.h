@@ -6,6 +6,7 @@
 
 #include <QtCore/QString>
 #include <QtCore/QUrl>
+#include <QtGui/QImage>
 
 #include <cstdint>
 #include <functional>
@@ -73,6 +74,13 @@ public:
     virtual ApplicationRole roleOfApplication(const QUrl& bundleURL) = 0;
     /// This program's own bundle identifier.
     virtual QString ownBundleIdentifier() = 0;
+
+    /// What people call the application with this identifier, whether it runs or not; null when
+    /// nothing is known of it.
+    virtual QString applicationName(const QString& bundleIdentifier) = 0;
+    /// Its icon, fitted into a square of so many pixels; null when it has none that can be read.
+    /// Reads files, so not for the main thread.
+    virtual QImage applicationIcon(const QString& bundleIdentifier, int pixels) = 0;
 
     virtual bool isHidden(std::int32_t pid) = 0;
     virtual void hide(std::int32_t pid) = 0;

@@ -86,6 +86,9 @@ public:
     std::optional<platform::RunningApplication> runningApplication(std::int32_t pid) override;
     platform::ApplicationRole roleOfApplication(const QUrl& bundleURL) override;
     QString ownBundleIdentifier() override;
+    QString applicationName(const QString& bundleIdentifier) override;
+    /// One colour all over, as the application has it.
+    QImage applicationIcon(const QString& bundleIdentifier, int pixels) override;
     bool isHidden(std::int32_t pid) override;
     void hide(std::int32_t pid) override;
     void activate(std::int32_t pid, std::uint32_t options) override;
@@ -96,6 +99,8 @@ public:
     observe(platform::WorkspaceNotification notification, Observer observer) override;
 
 private:
+    /// Running or installed; the lock is held.
+    const SimulatedApplication* known(const QString& bundleIdentifier) const;
     bool launchOrActivate(const std::function<bool(const SimulatedApplication&)>& isWanted);
 
     SimulatedState& m_state;

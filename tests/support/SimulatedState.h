@@ -41,6 +41,7 @@ struct SimulatedApplication {
     QUrl bundleURL{};         ///< made from the name when empty
     QUrl executableURL{};
     platform::ApplicationRole role = platform::ApplicationRole::Other;
+    QColor iconColor{}; ///< invalid = has no icon
 };
 
 struct SimulatedWindow {

@@ -86,6 +86,35 @@ QString SimulatedWorkspace::ownBundleIdentifier()
     return self ? self->bundleIdentifier : QString();
 }
 
+const SimulatedApplication* SimulatedWorkspace::known(const QString& bundleIdentifier) const
+{
+    for (const auto* list : {&m_state.applications, &m_state.installed}) {
+        const auto found =
+            std::ranges::find(*list, bundleIdentifier, &SimulatedApplication::bundleIdentifier);
+        if (found != list->end())
+            return &*found;
+    }
+    return nullptr;
+}
+
+QString SimulatedWorkspace::applicationName(const QString& bundleIdentifier)
+{
+    const std::lock_guard lock(m_state.mutex);
+    const SimulatedApplication* application = known(bundleIdentifier);
+    return application ? application->name : QString();
+}
+
+QImage SimulatedWorkspace::applicationIcon(const QString& bundleIdentifier, int pixels)
+{
+    const std::lock_guard lock(m_state.mutex);
+    const SimulatedApplication* application = known(bundleIdentifier);
+    if (!application || !application->iconColor.isValid())
+        return {};
+    QImage icon(pixels, pixels, QImage::Format_ARGB32_Premultiplied);
+    icon.fill(application->iconColor);
+    return icon;
+}
+
 bool SimulatedWorkspace::isHidden(std::int32_t pid)
 {
     const std::lock_guard lock(m_state.mutex);

@@ -118,6 +118,7 @@ std::optional<DesktopEntry> parseDesktopEntry(const QByteArray& text, const QStr
     if (entry.name.isEmpty()) {
         entry.name = id;
     }
+    entry.icon = unescaped(keys.value("Icon")).trimmed();
     entry.exec = unescaped(keys.value("Exec"));
     entry.workingDirectory = unescaped(keys.value("Path"));
     entry.startupWmClass = unescaped(keys.value("StartupWMClass"));

@@ -18,6 +18,7 @@ struct DesktopEntry {
     QString id; ///< file name below the applications folder, '/' as '-', without ".desktop"
     QString path;
     QString name; ///< localized; never empty
+    QString icon; ///< a name in the icon theme, or the path of a file; may be empty
     QString exec; ///< the command line as it stands in the entry
     QString workingDirectory;
     QString startupWmClass;

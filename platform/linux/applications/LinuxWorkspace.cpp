@@ -3,10 +3,13 @@
 
 #include "platform/linux/applications/LinuxWorkspace.h"
 
+#include <QtGui/QIcon>
+
 #include <algorithm>
 #include <map>
 
 #include "platform/linux/applications/ApplicationRoles.h"
+#include "platform/linux/applications/IconFile.h"
 #include "platform/linux/applications/Launcher.h"
 
 namespace lumbrix::platform
@@ -69,6 +72,7 @@ LinuxWorkspace::LinuxWorkspace(RunLoop& runLoop, x11::WindowTracker& tracker,
                                ApplicationRegistry& registry, DesktopEntries& entries,
                                WindowRaiser& raiser)
     : m_tracker(tracker), m_registry(registry), m_entries(entries), m_raiser(raiser),
+      m_icons(IconTheme::defaultFolders(), QIcon::themeName()),
       m_subscribers(std::make_shared<Subscribers>())
 {
     m_registry.setSink([&runLoop, weak = std::weak_ptr(m_subscribers)](
@@ -125,6 +129,27 @@ ApplicationRole LinuxWorkspace::roleOfApplication(const QUrl& bundleURL)
 }
 
 QString LinuxWorkspace::ownBundleIdentifier() { return m_registry.own().bundleIdentifier; }
+
+QString LinuxWorkspace::applicationName(const QString& bundleIdentifier)
+{
+    if (const DesktopEntryPtr entry = m_entries.byId(bundleIdentifier)) {
+        return entry->name;
+    }
+    for (const Application& application : m_registry.applications()) {
+        if (application.running.bundleIdentifier == bundleIdentifier) {
+            return application.running.localizedName;
+        }
+    }
+    // What has no desktop entry goes by its windows' class: a name after all.
+    return bundleIdentifier;
+}
+
+QImage LinuxWorkspace::applicationIcon(const QString& bundleIdentifier, int pixels)
+{
+    const DesktopEntryPtr entry = m_entries.byId(bundleIdentifier);
+    const QString path = entry ? m_icons.find(entry->icon, pixels) : QString();
+    return path.isEmpty() ? QImage() : readIconFile(path, pixels);
+}
 
 bool LinuxWorkspace::isHidden(std::int32_t pid)
 {

@@ -7,6 +7,7 @@
 #include "platform/RunLoop.h"
 #include "platform/Workspace.h"
 #include "platform/linux/applications/ApplicationRegistry.h"
+#include "platform/linux/applications/IconTheme.h"
 #include "platform/linux/applications/WindowRaiser.h"
 
 namespace lumbrix::platform
@@ -26,6 +27,8 @@ public:
     std::optional<RunningApplication> runningApplication(std::int32_t pid) override;
     ApplicationRole roleOfApplication(const QUrl& bundleURL) override;
     QString ownBundleIdentifier() override;
+    QString applicationName(const QString& bundleIdentifier) override;
+    QImage applicationIcon(const QString& bundleIdentifier, int pixels) override;
 
     bool isHidden(std::int32_t pid) override;
     void hide(std::int32_t pid) override;
@@ -46,6 +49,7 @@ private:
     ApplicationRegistry& m_registry;
     DesktopEntries& m_entries;
     WindowRaiser& m_raiser;
+    IconTheme m_icons;
     const std::shared_ptr<Subscribers> m_subscribers;
 };
 

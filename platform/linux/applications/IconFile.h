@@ -1,0 +1,16 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QtCore/QString>
+#include <QtGui/QImage>
+
+namespace lumbrix::platform
+{
+
+/// Any thread, but not the main one. The picture in a file of another program, fitted into the
+/// middle of a square of so many pixels; null when it cannot be read or is larger than any icon.
+QImage readIconFile(const QString& path, int pixels);
+
+} // namespace lumbrix::platform

@@ -1,0 +1,96 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include <QtCore/QDir>
+#include <QtCore/QFile>
+#include <QtCore/QTemporaryDir>
+#include <QtGui/QImage>
+
+#include <sys/stat.h>
+
+#include <gtest/gtest.h>
+
+#include "platform/linux/applications/IconFile.h"
+#include "platform/linux/applications/IconTheme.h"
+
+namespace lumbrix::platform
+{
+
+class IconTest : public testing::Test
+{
+protected:
+    QString path(const QString& name) const { return m_folder.filePath(name); }
+    QString write(const QString& name, const QByteArray& bytes) const
+    {
+        QDir().mkpath(QFileInfo(path(name)).path());
+        QFile file(path(name));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
+        return path(name);
+    }
+    QString draw(const QString& name, int width, int height, const QColor& colour = Qt::red) const
+    {
+        QDir().mkpath(QFileInfo(path(name)).path());
+        QImage image(width, height, QImage::Format_RGB32);
+        image.fill(colour);
+        EXPECT_TRUE(image.save(path(name), "PNG"));
+        return path(name);
+    }
+
+    QTemporaryDir m_folder;
+};
+
+TEST_F(IconTest, name_isFoundInTheThemeThenWhereItComesFromThenLoose)
+{
+    const auto description = [](const QByteArray& parents) {
+        return "[Icon Theme]\nInherits=" + parents +
+               "\nDirectories=16,48,any,../up\n[16]\nSize=16\n[48]\nSize=48\n"
+               "[any]\nSize=64\nMinSize=8\nMaxSize=512\nType=Scalable\n[../up]\nSize=32\n";
+    };
+    write(u"system/mine/index.theme"_qs, description("parent, mine"));
+    write(u"system/parent/index.theme"_qs, description("mine"));
+    write(u"system/hicolor/index.theme"_qs, description(""));
+    for (const QString& icon :
+         {u"system/mine/16/a.png"_qs, u"home/mine/48/a.png"_qs, u"system/parent/any/a.svg"_qs,
+          u"system/parent/any/b.svg"_qs, u"home/hicolor/48/c.png"_qs, u"system/up/d.png"_qs,
+          u"pixmaps/d.xpm"_qs})
+        write(icon, "x");
+    ASSERT_EQ(::mkfifo(QFile::encodeName(path(u"home/mine/48/b.png"_qs)).constData(), 0600), 0);
+    IconTheme theme({path(u"home"_qs), path(u"system"_qs), path(u"pixmaps"_qs)}, u"mine"_qs);
+    const auto found = [&](const char* name, int pixels = 32) {
+        return theme.find(QString::fromLatin1(name), pixels).mid(m_folder.path().size() + 1);
+    };
+    EXPECT_EQ(found("a"), u"home/mine/48/a.png"_qs) << "better too large than too small";
+    EXPECT_EQ(found("a", 16), u"system/mine/16/a.png"_qs);
+    EXPECT_EQ(found("b"), u"system/parent/any/b.svg"_qs) << "a pipe is no icon";
+    EXPECT_EQ(found("c.png"), u"home/hicolor/48/c.png"_qs);
+    EXPECT_EQ(found("d"), u"pixmaps/d.xpm"_qs) << "nothing outside the theme's folder";
+    EXPECT_EQ(found("none"), QString());
+    EXPECT_EQ(found(""), QString());
+    const QString file = path(u"system/up/d.png"_qs);
+    EXPECT_EQ(theme.find(file, 32), file);
+    EXPECT_EQ(theme.find(path(u"home/mine/48/b.png"_qs), 32), QString());
+}
+
+TEST_F(IconTest, file_isFittedIntoTheSquareAndTooLargeOnesAreLeft)
+{
+    const QImage wide = readIconFile(draw(u"wide"_qs, 64, 32), 32);
+    EXPECT_EQ(wide.size(), QSize(32, 32));
+    EXPECT_EQ(wide.pixelColor(1, 16), QColor(Qt::red));
+    EXPECT_EQ(wide.pixelColor(1, 6).alpha(), 0);
+    const QImage small = readIconFile(draw(u"small.png"_qs, 8, 8), 32);
+    EXPECT_EQ(small.pixelColor(16, 16), QColor(Qt::red));
+    EXPECT_EQ(small.pixelColor(8, 8).alpha(), 0) << "not enlarged";
+    const QImage drawing =
+        readIconFile(write(u"a.svg"_qs, "<svg xmlns='http://www.w3.org/2000/svg' viewBox='0 0 9 9'>"
+                                        "<rect width='9' height='9' fill='#00f'/></svg>"),
+                     32);
+    EXPECT_EQ(drawing.pixelColor(31, 31), QColor(Qt::blue));
+
+    EXPECT_TRUE(readIconFile(draw(u"large.png"_qs, 3000, 4), 32).isNull());
+    EXPECT_TRUE(readIconFile(write(u"long.png"_qs, QByteArray(5'000'000, 'x')), 32).isNull());
+    EXPECT_TRUE(readIconFile(write(u"noise.png"_qs, "\x89PNG\r\n\x1a\nnoise"), 32).isNull());
+    EXPECT_TRUE(readIconFile(m_folder.path(), 32).isNull());
+    EXPECT_TRUE(readIconFile(write(u"broken.svg"_qs, "<svg"), 32).isNull());
+}
+
+} // namespace lumbrix::platform
