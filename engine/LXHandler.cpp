@@ -88,6 +88,16 @@ void LXHandler::setUp()
     m_companions.windowCountBadger->badgeDockItems();
 }
 
+void LXHandler::setFilters(const QVariantMap& filters)
+{
+    m_filters.setFilters(filters);
+    // On a thread of its own: a busy application must not hold up whoever edits the levels.
+    platform::desktop().runLoop.detachThread(
+        "filter-scan", [this](const platform::Thread&) { m_inventory.windowScanner(); });
+    if (isShowingPreviews())
+        m_updater.updateNow();
+}
+
 void LXHandler::windowScannerThread(const platform::Thread& self)
 {
     while (!self.isCancelled()) {

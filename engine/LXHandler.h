@@ -60,7 +60,9 @@ public:
     const HoverDelays* applicationDelegate() const { return m_applicationDelegate; }
     void setApplicationDelegate(const HoverDelays* delegate) { m_applicationDelegate = delegate; }
     QVariantMap filters() const { return m_filters.filters(); }
-    void setFilters(const QVariantMap& filters) { m_filters.setFilters(filters); }
+    /// In force at once: previews of windows that the new levels leave out go, windows that they
+    /// let in are looked for.
+    void setFilters(const QVariantMap& filters);
 
     // The previews shown, in strip order.
     const std::vector<ScreenyViewPtr>& screenyViews() const { return m_screenyViews; }

@@ -22,11 +22,18 @@ constexpr int exitChecksSkippedAfterRemoval = 20;
 
 void PreviewUpdater::armUpdateTimer(platform::Seconds interval, const SWElementPtr& element)
 {
+    m_updatedElement = element;
     m_updateTimer = platform::desktop().runLoop.scheduleTimer(
         interval, true, [this, element] { updateWindows(element); });
 }
 
 void PreviewUpdater::invalidateUpdateTimer() { invalidateTimer(m_updateTimer); }
+
+void PreviewUpdater::updateNow()
+{
+    if (m_updateTimer && m_updateTimer->isValid())
+        updateWindows(SWElementPtr(m_updatedElement));
+}
 
 void PreviewUpdater::updateWindows(const SWElementPtr& element)
 {

@@ -24,6 +24,8 @@ public:
 
     void armUpdateTimer(platform::Seconds interval, const SWElementPtr& element);
     void invalidateUpdateTimer();
+    /// The pass that the armed timer would make next; nothing when none is armed.
+    void updateNow();
     /// One pass of the update timer for the hovered item.
     void updateWindows(const SWElementPtr& element);
 
@@ -47,6 +49,7 @@ private:
 
     LXHandler& m_handler;
     platform::TimerPtr m_updateTimer;
+    SWElementPtr m_updatedElement; ///< what the timer was armed for last
 };
 
 } // namespace lumbrix

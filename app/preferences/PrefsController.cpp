@@ -11,6 +11,7 @@
 #include <array>
 
 #include "app/LumbrixController.h"
+#include "app/filters/IgnoreTable.h"
 #include "app/preferences/ColorWell.h"
 #include "app/preferences/HotKeyRecorders.h"
 #include "app/preferences/NoteLabel.h"
@@ -119,6 +120,8 @@ void PrefsController::awakeFromNib(QWidget& pane)
         connect(well, &ColorWell::colorChanged, &m_controller,
                 &LumbrixController::updateColorOfWindowBadges);
     }
+    if (pane.objectName() == QLatin1String("preferencesFilters"))
+        new IgnoreTable(pane);
     if (auto* label = pane.findChild<QLabel*>(QStringLiteral("versionLabel")))
         m_controller.setVersionLabel(label);
     if (auto* label = pane.findChild<QLabel*>(QStringLiteral("delayLabel")))

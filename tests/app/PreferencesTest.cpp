@@ -108,12 +108,14 @@ TEST_F(PreferencesTest, everyControl_isReachedByAMnemonicOfItsOwn)
         QMultiMap<QChar, QString> mnemonics;
         QSet<const QWidget*> buddies;
         for (const QLabel* label : pane.findChildren<QLabel*>()) {
-            if (!label->buddy())
-                continue;
+            if (!label->buddy() || label->window() != window())
+                continue; // a sheet has mnemonics of its own
             buddies.insert(label->buddy());
             mnemonics.insert(mnemonicOf(label->text()), label->text());
         }
         for (const QAbstractButton* button : pane.findChildren<QAbstractButton*>()) {
+            if (button->window() != window())
+                continue;
             if (qobject_cast<const QCheckBox*>(button) || qobject_cast<const QPushButton*>(button))
                 mnemonics.insert(mnemonicOf(button->text()), button->text());
         }

@@ -5,17 +5,21 @@
 //
 //   preferences_gallery [--dark] [--stay] FOLDER
 //
-// Writes FOLDER/preferences-<pane>-light.png and so on; --stay then leaves the window open.
+// Writes FOLDER/preferences-<pane>-light.png and so on, and the sheet of the Filters pane; --stay
+// then leaves the window open.
 
 #include <QtCore/QCommandLineParser>
 #include <QtCore/QDir>
 #include <QtGui/QPalette>
 #include <QtWidgets/QApplication>
+#include <QtWidgets/QComboBox>
+#include <QtWidgets/QDialog>
 #include <QtWidgets/QStyle>
 #include <QtWidgets/QStyleFactory>
 
 #include "app/HotKeyIdentifiers.h"
 #include "app/LumbrixController.h"
+#include "app/filters/IgnoreTable.h"
 #include "app/preferences/ColorWell.h"
 #include "app/preferences/PrefsController.h"
 #include "engine/LXHandler.h"
@@ -60,6 +64,10 @@ void writeSettings(platform::UserDefaults& defaults)
     defaults.setInteger(1, u"previewStyle"_qs);
     defaults.setInteger(3, u"badgePosition"_qs);
     defaults.setInteger(1, u"tempDisableFiltersKeycode"_qs);
+    defaults.setDictionary({{u"All applications"_qs, 2},
+                            {u"org.example.Editor"_qs, 0},
+                            {u"org.example.Video Player"_qs, 3}},
+                           u"filters"_qs);
     defaults.setDictionary(SGKeyCombo{35, 0x1800}.plistRepresentation(),
                            HotKeyIdentifier::EnableDisable);
     defaults.setDictionary(SGKeyCombo{4, 0x900}.plistRepresentation(),
@@ -94,6 +102,13 @@ int main(int argc, char* argv[])
                                   desk.eventTaps(),
                                   desk.keyboardLayout()};
     const platform::DesktopScope scope(ports);
+    for (const auto& [name, colour] : {std::pair{u"Editor"_qs, QColor(38, 130, 120)},
+                                       {u"Video Player"_qs, QColor(200, 90, 30)}}) {
+        test::SimulatedApplication application;
+        application.name = name;
+        application.iconColor = colour;
+        desk.addApplication(application);
+    }
     desk.keyboardLayout().choose({{35, u"p"_qs}, {4, u"h"_qs}});
     desk.eventTaps().take({4, SGKeyCombo{4, 0x900}.modifierMask()});
     writeSettings(desk.userDefaults());
@@ -107,19 +122,27 @@ int main(int argc, char* argv[])
         PrefsController& preferences = PrefsController::sharedPrefsWindowController();
         if (auto* well = preferences.window()->findChild<ColorWell*>(); !well->color().isValid())
             well->setColor(QColor(28, 113, 216));
+        const auto save = [&](const QString& what, QWidget& window) {
+            // What is taken, and icons, are known in the next passes of the loop.
+            for (int pass = 0; pass < 3; ++pass)
+                QApplication::processEvents(QEventLoop::AllEvents, 20);
+            const QString file = u"%1-%2.png"_qs.arg(what, isDark ? u"dark"_qs : u"light"_qs);
+            window.grab().save(QDir(parser.positionalArguments().first()).filePath(file));
+        };
         const auto identifiers = preferences.toolbarIdentifiers();
         for (const QString& identifier : identifiers) {
             preferences.displayViewForIdentifier(identifier, false);
-            // What is taken is known in the next pass of the loop.
-            QApplication::processEvents();
-            QApplication::processEvents();
             preferences.refresh();
-            const QString file =
-                u"preferences-%1-%2.png"_qs.arg(QString(identifier).toLower().replace(u' ', u'-'),
-                                                isDark ? u"dark"_qs : u"light"_qs);
-            preferences.window()->grab().save(
-                QDir(parser.positionalArguments().first()).filePath(file));
+            save(u"preferences-"_qs + QString(identifier).toLower().replace(u' ', u'-'),
+                 *preferences.window());
         }
+        preferences.displayViewForIdentifier(u"Filters"_qs, false);
+        auto& table = *preferences.window()->findChild<IgnoreTable*>();
+        table.addButtonPressed();
+        table.applications().setCurrentIndex(table.applications().findText(u"Video Player"_qs));
+        table.filterLevels().setCurrentIndex(2);
+        save(u"filter-sheet"_qs, table.addFilterWindow());
+        table.cancelFilter();
         if (parser.isSet(u"stay"_qs))
             status = QApplication::exec();
         controller.applicationWillTerminate();

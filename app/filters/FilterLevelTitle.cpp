@@ -1,0 +1,46 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include "app/filters/FilterLevelTitle.h"
+
+#include <QtCore/QCoreApplication>
+
+namespace lumbrix::FilterLevel
+{
+
+QString title(int level)
+{
+    switch (level) {
+    case Low:
+        return QCoreApplication::translate("FilterLevel", "Low");
+    case Medium:
+        return QCoreApplication::translate("FilterLevel", "Medium");
+    case BlockAll:
+        return QCoreApplication::translate("FilterLevel", "Block all");
+    case TotalFinder:
+        return QCoreApplication::translate("FilterLevel", "TotalFinder");
+    default:
+        return QCoreApplication::translate("FilterLevel", "High");
+    }
+}
+
+QString description(int level)
+{
+    switch (level) {
+    case Low:
+        return QCoreApplication::translate("FilterLevel", "Previews every window.");
+    case Medium:
+        return QCoreApplication::translate("FilterLevel",
+                                           "Leaves out windows with nothing in them.");
+    case BlockAll:
+        return QCoreApplication::translate("FilterLevel", "Shows no previews at all.");
+    case TotalFinder:
+        return QCoreApplication::translate("FilterLevel",
+                                           "As High, for a Finder whose windows have tabs.");
+    default:
+        return QCoreApplication::translate(
+            "FilterLevel", "Leaves out empty windows, palettes and other floating windows.");
+    }
+}
+
+} // namespace lumbrix::FilterLevel
