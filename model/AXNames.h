@@ -13,6 +13,7 @@ namespace lumbrix::AX
 // Attributes.
 inline const QString Children = QStringLiteral("AXChildren");
 inline const QString CloseButton = QStringLiteral("AXCloseButton");
+inline const QString Description = QStringLiteral("AXDescription");
 inline const QString Enabled = QStringLiteral("AXEnabled");
 inline const QString Focused = QStringLiteral("AXFocused");
 inline const QString FocusedApplication = QStringLiteral("AXFocusedApplication");
@@ -25,6 +26,7 @@ inline const QString Minimized = QStringLiteral("AXMinimized");
 inline const QString Parent = QStringLiteral("AXParent");
 inline const QString Position = QStringLiteral("AXPosition");
 inline const QString Role = QStringLiteral("AXRole");
+inline const QString Rows = QStringLiteral("AXRows");
 inline const QString SelectedChildren = QStringLiteral("AXSelectedChildren");
 inline const QString Size = QStringLiteral("AXSize");
 inline const QString Subrole = QStringLiteral("AXSubrole");

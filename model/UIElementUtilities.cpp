@@ -3,13 +3,36 @@
 
 #include "model/UIElementUtilities.h"
 
+#include <algorithm>
+
+#include "model/AXNames.h"
 #include "platform/Desktop.h"
 #include "platform/WindowServer.h"
 
 namespace lumbrix
 {
+
+using platform::AXNames;
+using platform::AXResult;
+using platform::ElementRef;
+
 namespace
 {
+
+platform::Accessibility& accessibility() { return platform::desktop().accessibility; }
+
+std::optional<std::vector<QString>> namesOrNull(AXNames names)
+{
+    return names.ok() ? std::optional(std::move(names.names)) : std::nullopt;
+}
+
+/// Null when the attribute is not listed, cannot be read, or has another type.
+template <class T> std::optional<T> listedValue(const QString& attribute, const ElementRef& element)
+{
+    const platform::AXValue value = UIElementUtilities::valueOfAttribute(attribute, element);
+    const T* typed = std::get_if<T>(&value);
+    return typed ? std::optional(*typed) : std::nullopt;
+}
 
 QPointF mirrored(QPointF point)
 {
@@ -20,6 +43,78 @@ QPointF mirrored(QPointF point)
 }
 
 } // namespace
+
+std::int32_t UIElementUtilities::processIdentifierOfUIElement(const ElementRef& element)
+{
+    return element ? accessibility().pidOf(element).value_or(0) : 0;
+}
+
+std::optional<std::vector<QString>>
+UIElementUtilities::attributeNamesOfUIElement(const ElementRef& element)
+{
+    return element ? namesOrNull(accessibility().copyAttributeNames(element)) : std::nullopt;
+}
+
+std::optional<std::vector<QString>>
+UIElementUtilities::actionNamesOfUIElement(const ElementRef& element)
+{
+    return element ? namesOrNull(accessibility().copyActionNames(element)) : std::nullopt;
+}
+
+std::optional<QString> UIElementUtilities::descriptionOfAction(const QString& action,
+                                                               const ElementRef& element)
+{
+    if (!element)
+        return std::nullopt;
+    const AXResult result = accessibility().copyActionDescription(element, action);
+    const QString* text = result.as<QString>();
+    return text ? std::optional(*text) : std::nullopt;
+}
+
+void UIElementUtilities::performAction(const QString& action, const ElementRef& element)
+{
+    if (element)
+        accessibility().performAction(element, action);
+}
+
+platform::AXValue UIElementUtilities::valueOfAttribute(const QString& attribute,
+                                                       const ElementRef& element)
+{
+    const auto names = attributeNamesOfUIElement(element);
+    if (!names || std::find(names->begin(), names->end(), attribute) == names->end())
+        return {};
+    AXResult result = accessibility().copyAttributeValue(element, attribute);
+    return result.ok() ? std::move(result.value) : platform::AXValue();
+}
+
+bool UIElementUtilities::canSetAttribute(const QString& attribute, const ElementRef& element)
+{
+    if (!element)
+        return false;
+    const AXResult result = accessibility().isAttributeSettable(element, attribute);
+    const bool* isSettable = result.as<bool>();
+    return isSettable && *isSettable;
+}
+
+ElementRef UIElementUtilities::parentOfUIElement(const ElementRef& element)
+{
+    return listedValue<ElementRef>(AX::Parent, element).value_or(nullptr);
+}
+
+std::optional<QString> UIElementUtilities::roleOfUIElement(const ElementRef& element)
+{
+    return listedValue<QString>(AX::Role, element);
+}
+
+std::optional<QString> UIElementUtilities::titleOfUIElement(const ElementRef& element)
+{
+    return listedValue<QString>(AX::Title, element);
+}
+
+bool UIElementUtilities::isApplicationUIElement(const ElementRef& element)
+{
+    return roleOfUIElement(element) == AX::ApplicationRole;
+}
 
 QPointF UIElementUtilities::carbonScreenPointFromCocoaScreenPoint(QPointF point)
 {
@@ -37,6 +132,13 @@ QRectF UIElementUtilities::flippedScreenBounds(const QRectF& bounds)
     const QRectF screen = screens.empty() ? QRectF() : screens.front();
     const qreal y = screen.y() + screen.height() - (bounds.y() + bounds.height());
     return {bounds.x(), y, bounds.width(), bounds.height()};
+}
+
+QRectF UIElementUtilities::frameOfUIElement(const ElementRef& element)
+{
+    const auto position = listedValue<QPointF>(AX::Position, element);
+    const auto size = listedValue<QSizeF>(AX::Size, element);
+    return position && size ? flippedScreenBounds(QRectF(*position, *size)) : QRectF();
 }
 
 } // namespace lumbrix

@@ -56,10 +56,17 @@ inline bool elementsEqual(const ElementRef& a, const ElementRef& b)
     return a && b && a->isEqual(*b);
 }
 
+/// Part of a text or a list.
+struct AXRange {
+    long location = 0;
+    long length = 0;
+    bool operator==(const AXRange&) const = default;
+};
+
 /// The value of an attribute. Positions have their origin at the top left of the main screen,
 /// y downward, in points.
 using AXValue = std::variant<std::monostate, bool, double, QString, QUrl, QPointF, QSizeF, QRectF,
-                             ElementRef, std::vector<ElementRef>>;
+                             ElementRef, std::vector<ElementRef>, AXRange>;
 
 struct AXResult {
     AXError error = AXError::Failure;
@@ -68,6 +75,14 @@ struct AXResult {
     bool ok() const { return error == AXError::Success; }
     /// The value when the read succeeded and has this type; null otherwise.
     template <class T> const T* as() const { return ok() ? std::get_if<T>(&value) : nullptr; }
+};
+
+/// The names of what can be read of an element, or done with it.
+struct AXNames {
+    AXError error = AXError::Failure;
+    std::vector<QString> names{};
+
+    bool ok() const { return error == AXError::Success; }
 };
 
 /// What an observer hands back with each notification, so that the callback knows who asked.
@@ -112,9 +127,17 @@ public:
     virtual ElementRef createApplication(std::int32_t pid) = 0;
     virtual ElementRef createSystemWide() = 0;
 
+    /// Every attribute that can be read of the element, also those that have no value now.
+    virtual AXNames copyAttributeNames(const ElementRef& element) = 0;
     virtual AXResult copyAttributeValue(const ElementRef& element, const QString& attribute) = 0;
+    /// How many values there are, a number; fails for an attribute that is no list.
+    virtual AXResult attributeValueCount(const ElementRef& element, const QString& attribute);
+    virtual AXResult isAttributeSettable(const ElementRef& element, const QString& attribute) = 0;
     virtual AXError setAttributeValue(const ElementRef& element, const QString& attribute,
                                       const AXValue& value) = 0;
+    virtual AXNames copyActionNames(const ElementRef& element) = 0;
+    /// What the action does, in words for the user.
+    virtual AXResult copyActionDescription(const ElementRef& element, const QString& action) = 0;
     virtual AXError performAction(const ElementRef& element, const QString& action) = 0;
     /// The element under a point in accessibility coordinates; an ElementRef value.
     virtual AXResult copyElementAtPosition(float x, float y) = 0;
@@ -127,5 +150,14 @@ public:
     virtual std::unique_ptr<AXObserver> createObserver(std::int32_t pid,
                                                        AXObserver::Callback callback) = 0;
 };
+
+inline AXResult Accessibility::attributeValueCount(const ElementRef& element,
+                                                   const QString& attribute)
+{
+    const AXResult result = copyAttributeValue(element, attribute);
+    if (const auto* values = result.as<std::vector<ElementRef>>())
+        return {AXError::Success, static_cast<double>(values->size())};
+    return {result.ok() ? AXError::IllegalArgument : result.error};
+}
 
 } // namespace lumbrix::platform

@@ -31,6 +31,24 @@ public:
     {
         return m_target.copyAttributeValue(element, attribute);
     }
+    platform::AXNames copyAttributeNames(const platform::ElementRef& element) override
+    {
+        return m_target.copyAttributeNames(element);
+    }
+    platform::AXResult isAttributeSettable(const platform::ElementRef& element,
+                                           const QString& attribute) override
+    {
+        return m_target.isAttributeSettable(element, attribute);
+    }
+    platform::AXNames copyActionNames(const platform::ElementRef& element) override
+    {
+        return m_target.copyActionNames(element);
+    }
+    platform::AXResult copyActionDescription(const platform::ElementRef& element,
+                                             const QString& action) override
+    {
+        return m_target.copyActionDescription(element, action);
+    }
     platform::AXError setAttributeValue(const platform::ElementRef& element,
                                         const QString& attribute,
                                         const platform::AXValue& value) override

@@ -155,6 +155,63 @@ AXResult SimulatedAccessibility::copyAttributeValue(const ElementRef& element,
     }
 }
 
+platform::AXNames SimulatedAccessibility::copyAttributeNames(const ElementRef& element)
+{
+    static constexpr const char16_t* known[] = {
+        u"AXRole",
+        u"AXSubrole",
+        u"AXTitle",
+        u"AXParent",
+        u"AXChildren",
+        u"AXSelectedChildren",
+        u"AXWindow",
+        u"AXWindows",
+        u"AXFocusedApplication",
+        u"AXPosition",
+        u"AXFocusedUIElement",
+        u"AXFocusedWindow",
+        u"AXSize",
+        u"AXMinimized",
+        u"AXHidden",
+        u"AXFrontmost",
+        u"AXEnabled",
+        u"AXCloseButton",
+        u"AXDescription",
+        u"AXURL",
+        u"AXIsApplicationRunning",
+    };
+    const std::lock_guard lock(m_state.mutex);
+    const SimulatedElement& target = own(element);
+    if (const AXError error = stateOf(target); error != AXError::Success)
+        return {error};
+    platform::AXNames result{AXError::Success};
+    for (const char16_t* each : known) {
+        const QString name = QString::fromUtf16(each);
+        if (copyAttributeValue(element, name).error != AXError::AttributeUnsupported)
+            result.names.push_back(name);
+    }
+    if (target.kind == Kind::Window) {
+        for (const auto& [name, value] : m_state.window(target.id)->attributes)
+            result.names.push_back(name);
+    }
+    return result;
+}
+
+AXResult SimulatedAccessibility::isAttributeSettable(const ElementRef& element,
+                                                     const QString& attribute)
+{
+    const std::lock_guard lock(m_state.mutex);
+    const SimulatedElement& target = own(element);
+    if (const AXError error = stateOf(target); error != AXError::Success)
+        return refusal(error);
+    const bool isWindow = target.kind == Kind::Window;
+    return answer(
+        (isWindow && (attribute == QLatin1String("AXMinimized") ||
+                      m_state.window(target.id)->attributes.count(attribute) != 0)) ||
+        (target.kind == Kind::Application &&
+         (attribute == QLatin1String("AXHidden") || attribute == QLatin1String("AXFrontmost"))));
+}
+
 AXResult SimulatedAccessibility::systemWideValue(const QString& attribute)
 {
     if (attribute != QLatin1String("AXFocusedApplication"))
@@ -194,6 +251,9 @@ AXResult SimulatedAccessibility::windowValue(const SimulatedElement& element,
                                              const QString& attribute)
 {
     const SimulatedWindow& window = *m_state.window(element.id);
+    if (const auto extra = window.attributes.find(attribute);
+        element.kind == Kind::Window && extra != window.attributes.end())
+        return answer(extra->second);
     if (element.kind != Kind::Window) {
         const bool isButton = element.kind == Kind::CloseButton;
         if (attribute == QLatin1String("AXRole"))
@@ -305,6 +365,14 @@ AXError SimulatedAccessibility::setAttributeValue(const ElementRef& element,
     const SimulatedElement& target = own(element);
     if (const AXError error = stateOf(target); error != AXError::Success)
         return error;
+    if (SimulatedWindow* window =
+            target.kind == Kind::Window ? m_state.window(target.id) : nullptr) {
+        const auto extra = window->attributes.find(attribute);
+        if (extra != window->attributes.end()) {
+            extra->second = value;
+            return AXError::Success;
+        }
+    }
     const bool* on = std::get_if<bool>(&value);
     if (!on)
         return AXError::IllegalArgument;
@@ -317,6 +385,29 @@ AXError SimulatedAccessibility::setAttributeValue(const ElementRef& element,
     else if (target.kind != Kind::Window || attribute != QLatin1String("AXFocused"))
         return AXError::AttributeUnsupported;
     return AXError::Success;
+}
+
+platform::AXNames SimulatedAccessibility::copyActionNames(const ElementRef& element)
+{
+    const std::lock_guard lock(m_state.mutex);
+    const SimulatedElement& target = own(element);
+    if (const AXError error = stateOf(target); error != AXError::Success)
+        return {error};
+    if (target.kind == Kind::Window)
+        return {AXError::Success, {QStringLiteral("AXRaise")}};
+    if (target.kind == Kind::CloseButton)
+        return {AXError::Success, {QStringLiteral("AXPress")}};
+    return {AXError::Success};
+}
+
+AXResult SimulatedAccessibility::copyActionDescription(const ElementRef& element,
+                                                       const QString& action)
+{
+    const platform::AXNames actions = copyActionNames(element);
+    if (!actions.ok() ||
+        std::find(actions.names.begin(), actions.names.end(), action) == actions.names.end())
+        return refusal(AXError::ActionUnsupported);
+    return answer(action == QLatin1String("AXRaise") ? u"raise" : u"press");
 }
 
 AXError SimulatedAccessibility::performAction(const ElementRef& element, const QString& action)

@@ -29,11 +29,17 @@ public:
     float messagingTimeout() const { return m_timeout; }
     platform::ElementRef createApplication(std::int32_t pid) override;
     platform::ElementRef createSystemWide() override;
+    platform::AXNames copyAttributeNames(const platform::ElementRef& element) override;
     platform::AXResult copyAttributeValue(const platform::ElementRef& element,
                                           const QString& attribute) override;
+    platform::AXResult isAttributeSettable(const platform::ElementRef& element,
+                                           const QString& attribute) override;
     platform::AXError setAttributeValue(const platform::ElementRef& element,
                                         const QString& attribute,
                                         const platform::AXValue& value) override;
+    platform::AXNames copyActionNames(const platform::ElementRef& element) override;
+    platform::AXResult copyActionDescription(const platform::ElementRef& element,
+                                             const QString& action) override;
     platform::AXError performAction(const platform::ElementRef& element,
                                     const QString& action) override;
     platform::AXResult copyElementAtPosition(float x, float y) override;

@@ -60,6 +60,7 @@ struct SimulatedWindow {
     std::optional<QRectF> listedFrame{}; ///< what the window server says, where that differs
     std::optional<QString> listedName{};
     std::optional<bool> isOnscreen{};
+    std::map<QString, platform::AXValue> attributes{}; ///< further ones, all settable
 
     // The desktop's own.
     WindowID number = 0;

@@ -3,6 +3,8 @@
 
 #include "platform/linux/accessibility/X11Accessibility.h"
 
+#include <QtCore/QCoreApplication>
+
 #include <cmath>
 
 namespace lumbrix::platform
@@ -10,7 +12,8 @@ namespace lumbrix::platform
 
 using Kind = X11Element::Kind;
 
-X11Accessibility::X11Accessibility(const Parts& parts) : m(parts)
+X11Accessibility::X11Accessibility(const Parts& parts)
+    : m(parts), m_attributes({parts.tracker, parts.space, parts.registry, parts.docks})
 {
     m.docks.setSelectionChanged([this] {
         m_hub->notify(m.docks.pid(), X11Element::dockList(),
@@ -36,37 +39,24 @@ ElementRef X11Accessibility::createApplication(std::int32_t pid)
 
 ElementRef X11Accessibility::createSystemWide() { return X11Element::systemWide(); }
 
+AXNames X11Accessibility::copyAttributeNames(const ElementRef& element)
+{
+    return m_attributes.names(element);
+}
+
 AXResult X11Accessibility::copyAttributeValue(const ElementRef& reference, const QString& attribute)
 {
-    const X11Element* element = X11Element::from(reference);
-    if (element == nullptr) {
-        return {AXError::IllegalArgument};
+    AXResult result = m_attributes.read(reference, attribute);
+    if (result.error == AXError::InvalidUIElement && attribute == u"AXRole" &&
+        X11Element::from(reference)->isGone()) {
+        return {AXError::Success, QStringLiteral("AXWindow")};
     }
-    switch (element->kind()) {
-    case Kind::SystemWide:
-        return systemWideAttribute(attribute);
-    case Kind::Application:
-        return applicationAttribute(element->pid(), attribute);
-    case Kind::DockList:
-        return dockListAttribute(attribute);
-    case Kind::DockItem:
-        return dockItemAttribute(element->dockItemId(), attribute);
-    case Kind::Window:
-    case Kind::CloseButton:
-        break;
-    }
-    const x11::TrackedWindowPtr window = m.tracker.window(element->windowId());
-    if (!window || !isApplicationWindow(*window)) {
-        if (element->isGone() && attribute == u"AXRole") {
-            return {AXError::Success, QStringLiteral("AXWindow")};
-        }
-        return {AXError::InvalidUIElement};
-    }
-    if (!window->isResponding) {
-        return {AXError::CannotComplete};
-    }
-    return element->kind() == Kind::Window ? windowAttribute(*window, attribute)
-                                           : closeButtonAttribute(*window, attribute);
+    return result;
+}
+
+AXResult X11Accessibility::isAttributeSettable(const ElementRef& element, const QString& attribute)
+{
+    return m_attributes.isSettable(element, attribute);
 }
 
 AXError X11Accessibility::setAttributeValue(const ElementRef& reference, const QString& attribute,
@@ -95,6 +85,9 @@ AXError X11Accessibility::setApplicationAttribute(std::int32_t pid, const QStrin
 {
     if (!m.registry.application(pid)) {
         return AXError::InvalidUIElement;
+    }
+    if (pid == m.docks.pid()) {
+        return AXError::AttributeUnsupported; // docks are neither hidden nor brought forward
     }
     const bool* on = std::get_if<bool>(&value);
     if (on == nullptr) {
@@ -138,28 +131,69 @@ AXError X11Accessibility::setWindowAttribute(xcb_window_t id, const QString& att
     return AXError::AttributeUnsupported;
 }
 
-AXError X11Accessibility::performAction(const ElementRef& reference, const QString& action)
+const X11Accessibility::Action* X11Accessibility::actionOf(Kind kind)
+{
+    static constexpr Action raise{
+        u"AXRaise", QT_TRANSLATE_NOOP("Accessibility", "raise"),
+        [](const Parts& parts, xcb_window_t id) { parts.raiser.raise(id); }};
+    static constexpr Action press{
+        u"AXPress", QT_TRANSLATE_NOOP("Accessibility", "press"),
+        [](const Parts& parts, xcb_window_t id) { parts.tracker.close(id); }};
+    switch (kind) {
+    case Kind::Window:
+        return &raise;
+    case Kind::CloseButton:
+        return &press;
+    default:
+        return nullptr;
+    }
+}
+
+AXNames X11Accessibility::copyActionNames(const ElementRef& reference)
+{
+    const X11Element* element = X11Element::from(reference);
+    if (element == nullptr) {
+        return {AXError::IllegalArgument};
+    }
+    const Action* action = actionOf(element->kind());
+    if (action == nullptr) {
+        return {AXError::Success};
+    }
+    if (!m.tracker.window(element->windowId())) {
+        return {AXError::InvalidUIElement};
+    }
+    return {AXError::Success, {QString::fromUtf16(action->name)}};
+}
+
+AXResult X11Accessibility::copyActionDescription(const ElementRef& reference, const QString& name)
+{
+    const X11Element* element = X11Element::from(reference);
+    const Action* action = element != nullptr ? actionOf(element->kind()) : nullptr;
+    if (action == nullptr || name != action->name) {
+        return {AXError::ActionUnsupported};
+    }
+    return {AXError::Success, QCoreApplication::translate("Accessibility", action->description)};
+}
+
+AXError X11Accessibility::performAction(const ElementRef& reference, const QString& name)
 {
     const X11Element* element = X11Element::from(reference);
     if (element == nullptr) {
         return AXError::IllegalArgument;
     }
-    if (element->kind() != Kind::Window && element->kind() != Kind::CloseButton) {
+    const Action* action = actionOf(element->kind());
+    if (action == nullptr) {
         return AXError::ActionUnsupported;
     }
     const x11::TrackedWindowPtr window = m.tracker.window(element->windowId());
     if (!window) {
         return AXError::InvalidUIElement;
     }
-    if (element->kind() == Kind::Window && action == u"AXRaise") {
-        m.raiser.raise(window->id);
-        return AXError::Success;
+    if (name != action->name) {
+        return AXError::ActionUnsupported;
     }
-    if (element->kind() == Kind::CloseButton && action == u"AXPress") {
-        m.tracker.close(window->id);
-        return AXError::Success;
-    }
-    return AXError::ActionUnsupported;
+    action->perform(m, window->id);
+    return AXError::Success;
 }
 
 AXResult X11Accessibility::copyElementAtPosition(float x, float y)

@@ -9,12 +9,9 @@
 
 #include "platform/RunLoop.h"
 #include "platform/linux/accessibility/ObserverHub.h"
-#include "platform/linux/accessibility/X11Element.h"
-#include "platform/linux/applications/ApplicationRegistry.h"
+#include "platform/linux/accessibility/X11Attributes.h"
 #include "platform/linux/applications/LinuxWorkspace.h"
 #include "platform/linux/applications/WindowRaiser.h"
-#include "platform/linux/docks/DockModel.h"
-#include "platform/linux/x11/PointSpace.h"
 
 namespace lumbrix::platform
 {
@@ -47,9 +44,13 @@ public:
     ElementRef createApplication(std::int32_t pid) override;
     ElementRef createSystemWide() override;
 
+    AXNames copyAttributeNames(const ElementRef& element) override;
     AXResult copyAttributeValue(const ElementRef& element, const QString& attribute) override;
+    AXResult isAttributeSettable(const ElementRef& element, const QString& attribute) override;
     AXError setAttributeValue(const ElementRef& element, const QString& attribute,
                               const AXValue& value) override;
+    AXNames copyActionNames(const ElementRef& element) override;
+    AXResult copyActionDescription(const ElementRef& element, const QString& action) override;
     AXError performAction(const ElementRef& element, const QString& action) override;
     AXResult copyElementAtPosition(float x, float y) override;
 
@@ -74,25 +75,22 @@ private:
         X11Accessibility& owner;
     };
 
-    AXResult systemWideAttribute(const QString& attribute);
-    AXResult applicationAttribute(std::int32_t pid, const QString& attribute);
-    AXResult dockAttribute(const QString& attribute);
-    AXResult windowsOf(const Application& application) const;
-    AXResult windowAttribute(const x11::TrackedWindow& window, const QString& attribute);
-    AXResult closeButtonAttribute(const x11::TrackedWindow& window, const QString& attribute);
-    AXResult dockListAttribute(const QString& attribute);
-    AXResult dockItemAttribute(DockItemId id, const QString& attribute);
+    struct Action {
+        const char16_t* name;
+        const char* description;
+        void (*perform)(const Parts& parts, xcb_window_t window);
+    };
+    /// The one thing that can be done with elements of this kind; null when there is none.
+    static const Action* actionOf(X11Element::Kind kind);
 
     AXError setApplicationAttribute(std::int32_t pid, const QString& attribute,
                                     const AXValue& value);
     AXError setWindowAttribute(xcb_window_t id, const QString& attribute, const AXValue& value);
 
-    /// The process that owns the active window; 0 when no application's window is active.
-    std::int32_t activePid() const;
-    ElementRef selectedItem() const; ///< null when the pointer is on none
     void post(std::int32_t pid, const ElementRef& element, const char* notification);
 
     const Parts m;
+    const X11Attributes m_attributes;
     Additions m_additions{*this};
     Removals m_removals{*this};
     const std::shared_ptr<ObserverHub> m_hub = std::make_shared<ObserverHub>();

@@ -1,10 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// The attributes that each kind of element can be read for.
-#include <algorithm>
+// The attributes of each kind of element: one table each, from which both the names and the values
+// are answered.
+#include "platform/linux/accessibility/X11Attributes.h"
 
-#include "platform/linux/accessibility/X11Accessibility.h"
+#include <algorithm>
 
 namespace lumbrix::platform
 {
@@ -39,85 +40,34 @@ const char* subroleOf(const x11::TrackedWindow& window)
     }
 }
 
-} // namespace
+using Self = X11Attributes;
+using Nothing = X11Attributes::Nothing;
+using Window = x11::TrackedWindow;
+template <class Subject> using Attribute = X11Attributes::Attribute<Subject>;
 
-std::int32_t X11Accessibility::activePid() const
+constexpr bool settable = true;
+
+AXResult roleOfApplication(const Self&, const Application&) { return text("AXApplication"); }
+
+AXResult titleOfApplication(const Self&, const Application& application)
 {
-    const x11::TrackedWindowPtr active = m.tracker.window(m.tracker.activeWindow());
-    return active && isApplicationWindow(*active) ? m.registry.ownerPidOf(*active) : 0;
+    return value(application.running.localizedName);
 }
 
-ElementRef X11Accessibility::selectedItem() const
+AXResult no(const Self&, const Application&) { return value(false); }
+
+AXResult focusedWindow(const Self& self, const Application& application)
 {
-    const DockItemId selected = m.docks.selectedItem();
-    return selected != 0 ? X11Element::dockItem(selected) : nullptr;
+    const bool isActive = self.activePid() == application.running.pid;
+    return elementOrNone(isActive ? X11Element::window(self.parts().tracker.activeWindow())
+                                  : nullptr);
 }
 
-AXResult X11Accessibility::systemWideAttribute(const QString& attribute)
-{
-    if (attribute == u"AXRole") {
-        return text("AXSystemWide");
-    }
-    if (attribute == u"AXFocusedApplication") {
-        const std::int32_t pid = activePid();
-        return elementOrNone(pid != 0 ? X11Element::application(pid) : nullptr);
-    }
-    return unsupported();
-}
-
-AXResult X11Accessibility::applicationAttribute(std::int32_t pid, const QString& attribute)
-{
-    const auto application = m.registry.application(pid);
-    if (!application) {
-        return {AXError::InvalidUIElement};
-    }
-    if (attribute == u"AXRole") {
-        return text("AXApplication");
-    }
-    if (attribute == u"AXTitle") {
-        return value(application->running.localizedName);
-    }
-    if (pid == m.docks.pid()) {
-        return dockAttribute(attribute);
-    }
-    if (attribute == u"AXWindows" || attribute == u"AXChildren") {
-        return windowsOf(*application);
-    }
-    if (attribute == u"AXHidden") {
-        return value(application->isHidden);
-    }
-    if (attribute == u"AXFrontmost") {
-        return value(activePid() == pid);
-    }
-    if (attribute == u"AXFocusedWindow" || attribute == u"AXMainWindow") {
-        const bool isActive = activePid() == pid;
-        return elementOrNone(isActive ? X11Element::window(m.tracker.activeWindow()) : nullptr);
-    }
-    return unsupported();
-}
-
-AXResult X11Accessibility::dockAttribute(const QString& attribute)
-{
-    if (attribute == u"AXChildren") {
-        return elements({X11Element::dockList()});
-    }
-    if (attribute == u"AXFocusedUIElement") {
-        return value(X11Element::dockList());
-    }
-    if (attribute == u"AXWindows") {
-        return elements({});
-    }
-    if (attribute == u"AXHidden" || attribute == u"AXFrontmost") {
-        return value(false);
-    }
-    return unsupported();
-}
-
-AXResult X11Accessibility::windowsOf(const Application& application) const
+AXResult windowsOf(const Self& self, const Application& application)
 {
     std::vector<ElementRef> result;
     bool anyResponds = false;
-    for (const x11::TrackedWindowPtr& window : m.tracker.windows()) {
+    for (const x11::TrackedWindowPtr& window : self.parts().tracker.windows()) {
         if (std::ranges::find(application.windows, window->id) != application.windows.end()) {
             result.push_back(X11Element::window(window->id));
             anyResponds = anyResponds || window->isResponding;
@@ -129,124 +79,254 @@ AXResult X11Accessibility::windowsOf(const Application& application) const
     return elements(std::move(result));
 }
 
-AXResult X11Accessibility::windowAttribute(const x11::TrackedWindow& window,
-                                           const QString& attribute)
+AXResult isActive(const Self& self, const Window& window)
 {
-    if (attribute == u"AXRole") {
-        return text("AXWindow");
-    }
-    if (attribute == u"AXSubrole") {
-        return text(subroleOf(window));
-    }
-    if (attribute == u"AXTitle") {
-        return value(window.title);
-    }
-    if (attribute == u"AXPosition") {
-        return value(m.space.toPoints(window.bounds).topLeft());
-    }
-    if (attribute == u"AXSize") {
-        return value(m.space.toPoints(window.bounds).size());
-    }
-    if (attribute == u"AXMinimized") {
-        return value(window.isIconic);
-    }
-    if (attribute == u"AXFrontmost" || attribute == u"AXFocused" || attribute == u"AXMain") {
-        return value(m.tracker.activeWindow() == window.id);
-    }
-    if (attribute == u"AXFullScreen") {
-        return value(window.isFullscreen);
-    }
-    if (attribute == u"AXCloseButton") {
-        return value(X11Element::closeButton(window.id));
-    }
-    if (attribute == u"AXChildren") {
-        return elements({X11Element::closeButton(window.id)});
-    }
-    if (attribute == u"AXParent") {
-        return value(X11Element::application(m.registry.ownerPidOf(window)));
-    }
-    return unsupported();
+    return value(self.parts().tracker.activeWindow() == window.id);
 }
 
-AXResult X11Accessibility::closeButtonAttribute(const x11::TrackedWindow& window,
-                                                const QString& attribute)
+AXResult windowOfButton(const Self&, const Window& window)
 {
-    if (attribute == u"AXRole") {
-        return text("AXButton");
-    }
-    if (attribute == u"AXSubrole") {
-        return text("AXCloseButton");
-    }
-    if (attribute == u"AXEnabled") {
-        return value(window.canDelete);
-    }
-    if (attribute == u"AXWindow" || attribute == u"AXParent") {
-        return value(X11Element::window(window.id));
-    }
-    return unsupported();
+    return value(X11Element::window(window.id));
 }
 
-AXResult X11Accessibility::dockListAttribute(const QString& attribute)
-{
-    if (m.docks.pid() == 0) {
-        return {AXError::InvalidUIElement};
-    }
-    if (attribute == u"AXRole") {
-        return text("AXList");
-    }
-    if (attribute == u"AXSubrole") {
-        return {AXError::NoValue};
-    }
-    if (attribute == u"AXParent") {
-        return value(X11Element::application(m.docks.pid()));
-    }
-    if (attribute == u"AXChildren") {
-        std::vector<ElementRef> result;
-        for (const DockItemId id : m.docks.items()) {
-            result.push_back(X11Element::dockItem(id));
-        }
-        return elements(std::move(result));
-    }
-    if (attribute == u"AXSelectedChildren") {
-        const ElementRef selected = selectedItem();
-        return elements(selected ? std::vector{selected} : std::vector<ElementRef>());
-    }
-    return unsupported();
-}
+AXResult dockList(const Self&, const DockItemView&) { return value(X11Element::dockList()); }
 
-AXResult X11Accessibility::dockItemAttribute(DockItemId id, const QString& attribute)
-{
-    const auto item = m.docks.item(id);
-    if (!item) {
-        return {AXError::InvalidUIElement};
-    }
-    if (attribute == u"AXRole") {
-        return text("AXDockItem");
-    }
-    if (attribute == u"AXSubrole") {
-        return text(item->isMinimizedWindow ? "AXMinimizedWindowDockItem"
+constexpr Attribute<Nothing> systemWideTable[] = {
+    {u"AXRole", [](const Self&, const Nothing&) { return text("AXSystemWide"); }},
+    {u"AXFocusedApplication",
+     [](const Self& self, const Nothing&) {
+         const std::int32_t pid = self.activePid();
+         return elementOrNone(pid != 0 ? X11Element::application(pid) : nullptr);
+     }},
+};
+
+constexpr Attribute<Application> applicationTable[] = {
+    {u"AXRole", roleOfApplication},
+    {u"AXTitle", titleOfApplication},
+    {u"AXChildren", windowsOf},
+    {u"AXWindows", windowsOf},
+    {u"AXFocusedWindow", focusedWindow},
+    {u"AXMainWindow", focusedWindow},
+    {u"AXFrontmost",
+     [](const Self& self, const Application& application) {
+         return value(self.activePid() == application.running.pid);
+     },
+     settable},
+    {u"AXHidden",
+     [](const Self&, const Application& application) { return value(application.isHidden); },
+     settable},
+};
+
+constexpr Attribute<Application> dockTable[] = {
+    {u"AXRole", roleOfApplication},
+    {u"AXTitle", titleOfApplication},
+    {u"AXDescription",
+     [](const Self& self, const Application&) { return value(self.parts().docks.nameOfDock(0)); }},
+    {u"AXChildren",
+     [](const Self&, const Application&) { return elements({X11Element::dockList()}); }},
+    {u"AXWindows", [](const Self&, const Application&) { return elements({}); }},
+    {u"AXFocusedUIElement",
+     [](const Self&, const Application&) { return value(X11Element::dockList()); }},
+    {u"AXFrontmost", no},
+    {u"AXHidden", no},
+};
+
+constexpr Attribute<Window> windowTable[] = {
+    {u"AXRole", [](const Self&, const Window&) { return text("AXWindow"); }},
+    {u"AXSubrole", [](const Self&, const Window& window) { return text(subroleOf(window)); }},
+    {u"AXTitle", [](const Self&, const Window& window) { return value(window.title); }},
+    {u"AXParent",
+     [](const Self& self, const Window& window) {
+         return value(X11Element::application(self.parts().registry.ownerPidOf(window)));
+     }},
+    {u"AXChildren",
+     [](const Self&, const Window& window) {
+         return elements({X11Element::closeButton(window.id)});
+     }},
+    {u"AXPosition",
+     [](const Self& self, const Window& window) {
+         return value(self.parts().space.toPoints(window.bounds).topLeft());
+     }},
+    {u"AXSize",
+     [](const Self& self, const Window& window) {
+         return value(self.parts().space.toPoints(window.bounds).size());
+     }},
+    {u"AXMinimized", [](const Self&, const Window& window) { return value(window.isIconic); },
+     settable},
+    {u"AXFullScreen", [](const Self&, const Window& window) { return value(window.isFullscreen); }},
+    {u"AXFrontmost", isActive, settable},
+    {u"AXFocused", isActive, settable},
+    {u"AXMain", isActive, settable},
+    {u"AXCloseButton",
+     [](const Self&, const Window& window) { return value(X11Element::closeButton(window.id)); }},
+};
+
+constexpr Attribute<Window> closeButtonTable[] = {
+    {u"AXRole", [](const Self&, const Window&) { return text("AXButton"); }},
+    {u"AXSubrole", [](const Self&, const Window&) { return text("AXCloseButton"); }},
+    {u"AXParent", windowOfButton},
+    {u"AXWindow", windowOfButton},
+    {u"AXEnabled", [](const Self&, const Window& window) { return value(window.canDelete); }},
+};
+
+constexpr Attribute<Nothing> dockListTable[] = {
+    {u"AXRole", [](const Self&, const Nothing&) { return text("AXList"); }},
+    {u"AXParent",
+     [](const Self& self, const Nothing&) {
+         return value(X11Element::application(self.parts().docks.pid()));
+     }},
+    {u"AXChildren",
+     [](const Self& self, const Nothing&) {
+         std::vector<ElementRef> result;
+         for (const DockItemId id : self.parts().docks.items()) {
+             result.push_back(X11Element::dockItem(id));
+         }
+         return elements(std::move(result));
+     }},
+    {u"AXSelectedChildren",
+     [](const Self& self, const Nothing&) {
+         const DockItemId selected = self.parts().docks.selectedItem();
+         return elements(selected != 0 ? std::vector{X11Element::dockItem(selected)}
+                                       : std::vector<ElementRef>());
+     }},
+};
+
+constexpr Attribute<DockItemView> dockItemTable[] = {
+    {u"AXRole", [](const Self&, const DockItemView&) { return text("AXDockItem"); }},
+    {u"AXSubrole",
+     [](const Self&, const DockItemView& item) {
+         return text(item.isMinimizedWindow ? "AXMinimizedWindowDockItem"
                                             : "AXApplicationDockItem");
-    }
-    if (attribute == u"AXTitle") {
-        return value(item->title);
-    }
-    if (attribute == u"AXPosition") {
-        return value(m.space.toPoints(item->rect).topLeft());
-    }
-    if (attribute == u"AXSize") {
-        return value(m.space.toPoints(item->rect).size());
-    }
-    if (attribute == u"AXParent") {
-        return value(X11Element::dockList());
-    }
+     }},
+    {u"AXTitle", [](const Self&, const DockItemView& item) { return value(item.title); }},
+    {u"AXDescription",
+     [](const Self& self, const DockItemView& item) {
+         return value(self.parts().docks.nameOfDock(item.id));
+     }},
+    {u"AXParent", dockList},
+    {u"AXPosition",
+     [](const Self& self, const DockItemView& item) {
+         return value(self.parts().space.toPoints(item.rect).topLeft());
+     }},
+    {u"AXSize",
+     [](const Self& self, const DockItemView& item) {
+         return value(self.parts().space.toPoints(item.rect).size());
+     }},
     // An item that says whether its application runs is taken for an application's.
-    if (attribute == u"AXIsApplicationRunning" && !item->isMinimizedWindow) {
-        return value(item->isRunning);
+    {u"AXIsApplicationRunning",
+     [](const Self&, const DockItemView& item) {
+         return item.isMinimizedWindow ? unsupported() : value(item.isRunning);
+     }},
+    {u"AXURL",
+     [](const Self&, const DockItemView& item) {
+         return item.url.isEmpty() ? unsupported() : value(item.url);
+     }},
+};
+
+} // namespace
+
+std::int32_t X11Attributes::activePid() const
+{
+    const x11::TrackedWindowPtr active = m.tracker.window(m.tracker.activeWindow());
+    return active && isApplicationWindow(*active) ? m.registry.ownerPidOf(*active) : 0;
+}
+
+template <class Use> AXError X11Attributes::visit(const ElementRef& reference, Use use) const
+{
+    using Kind = X11Element::Kind;
+    const X11Element* element = X11Element::from(reference);
+    if (element == nullptr) {
+        return AXError::IllegalArgument;
     }
-    if (attribute == u"AXURL" && !item->url.isEmpty()) {
-        return value(item->url);
+    switch (element->kind()) {
+    case Kind::SystemWide:
+        use(systemWideTable, Nothing());
+        return AXError::Success;
+    case Kind::Application: {
+        const auto application = m.registry.application(element->pid());
+        if (!application) {
+            return AXError::InvalidUIElement;
+        }
+        if (element->pid() == m.docks.pid()) {
+            use(dockTable, *application);
+        } else {
+            use(applicationTable, *application);
+        }
+        return AXError::Success;
     }
-    return unsupported();
+    case Kind::DockList:
+        if (m.docks.pid() == 0) {
+            return AXError::InvalidUIElement;
+        }
+        use(dockListTable, Nothing());
+        return AXError::Success;
+    case Kind::DockItem: {
+        const auto item = m.docks.item(element->dockItemId());
+        if (!item) {
+            return AXError::InvalidUIElement;
+        }
+        use(dockItemTable, *item);
+        return AXError::Success;
+    }
+    case Kind::Window:
+    case Kind::CloseButton:
+        break;
+    }
+    const x11::TrackedWindowPtr window = m.tracker.window(element->windowId());
+    if (!window || !isApplicationWindow(*window)) {
+        return AXError::InvalidUIElement;
+    }
+    if (!window->isResponding) {
+        return AXError::CannotComplete;
+    }
+    if (element->kind() == Kind::Window) {
+        use(windowTable, *window);
+    } else {
+        use(closeButtonTable, *window);
+    }
+    return AXError::Success;
+}
+
+AXResult X11Attributes::read(const ElementRef& element, const QString& name) const
+{
+    AXResult result = unsupported();
+    const AXError error = visit(element, [&](const auto& table, const auto& subject) {
+        for (const auto& attribute : table) {
+            if (name == attribute.name) {
+                result = attribute.read(*this, subject);
+                return;
+            }
+        }
+    });
+    return error == AXError::Success ? result : AXResult{error};
+}
+
+AXNames X11Attributes::names(const ElementRef& element) const
+{
+    AXNames result;
+    result.error = visit(element, [&](const auto& table, const auto& subject) {
+        for (const auto& attribute : table) {
+            // Some rows are for some of the elements only.
+            if (attribute.read(*this, subject).error != AXError::AttributeUnsupported) {
+                result.names.push_back(QString::fromUtf16(attribute.name));
+            }
+        }
+    });
+    return result;
+}
+
+AXResult X11Attributes::isSettable(const ElementRef& element, const QString& name) const
+{
+    AXResult result = unsupported();
+    const AXError error = visit(element, [&](const auto& table, const auto& subject) {
+        for (const auto& attribute : table) {
+            if (name == attribute.name &&
+                attribute.read(*this, subject).error != AXError::AttributeUnsupported) {
+                result = value(attribute.isSettable);
+            }
+        }
+    });
+    return error == AXError::Success ? result : AXResult{error};
 }
 
 } // namespace lumbrix::platform

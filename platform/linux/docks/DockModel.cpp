@@ -5,6 +5,8 @@
 
 #include <algorithm>
 
+#include "platform/linux/applications/ProcessNames.h"
+
 namespace lumbrix::platform
 {
 
@@ -287,6 +289,26 @@ std::optional<DockItemView> DockModel::item(DockItemId id) const
         }
     }
     return std::nullopt;
+}
+
+QString DockModel::nameOfDock(DockItemId item) const
+{
+    QString name;
+    std::int32_t pid = 0;
+    {
+        const std::lock_guard lock(m_mutex);
+        const auto it = std::ranges::find_if(m_docks, [item](const Known& dock) {
+            return item == 0 || dock.state->item(item) != nullptr;
+        });
+        if (it == m_docks.end()) {
+            return {};
+        }
+        name = QString::fromLatin1(it->provider->name());
+        pid = it->state->pid;
+    }
+    const QString program = readProcessNames(pid).programs().value(0);
+    const bool saysMore = !program.isEmpty() && program.compare(name, Qt::CaseInsensitive) != 0;
+    return saysMore ? QStringLiteral("%1 (%2)").arg(name, program) : name;
 }
 
 DockItemId DockModel::selectedItem() const

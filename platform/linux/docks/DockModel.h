@@ -57,6 +57,9 @@ public:
     std::vector<DockItemId> items() const;
     /// Null when it is gone.
     std::optional<DockItemView> item(DockItemId id) const;
+    /// What people call the dock that has the item, or for 0 the first dock, with the program that
+    /// it is where that says more; empty when there is none.
+    QString nameOfDock(DockItemId item) const;
     DockItemId selectedItem() const;
     DockItemId itemAt(QPoint point) const;
     /// The dock that the pointer was on last, else the first; null when none runs.

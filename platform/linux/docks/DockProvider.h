@@ -17,6 +17,7 @@ namespace lumbrix::platform
 class DockProvider : public x11::WindowListener
 {
 public:
+    /// What people call this kind of dock.
     virtual const char* name() const = 0;
     /// Starts to look for docks. Main thread, after the windows have been fetched.
     virtual void start() = 0;

@@ -31,7 +31,7 @@ public:
               StrutReader strutReader);
     ~PanelDock() override;
 
-    const char* name() const override { return "panel"; }
+    const char* name() const override { return "Panel"; }
     void start() override;
     std::vector<DockStatePtr> states() const override;
     void synchronize() override;

@@ -32,7 +32,7 @@ public:
               const QDBusConnection& bus);
     ~PlankDock() override;
 
-    const char* name() const override { return "plank"; }
+    const char* name() const override { return "Plank"; }
     void start() override;
     std::vector<DockStatePtr> states() const override;
     void pointerEntered() override;

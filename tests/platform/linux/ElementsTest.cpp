@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include <limits>
+#include <set>
 
 #include "tests/platform/linux/AdapterFixture.h"
 
@@ -95,6 +96,58 @@ TEST_F(ElementsTest, topmost_element_is_under_a_point)
     EXPECT_TRUE(elementsEqual(focused, application(302)));
     EXPECT_TRUE(
         elementsEqual(*read(focused, "AXFocusedWindow").as<ElementRef>(), X11Element::window(1)));
+}
+
+TEST_F(ElementsTest, listed_names_are_those_that_can_be_read_and_set)
+{
+    addPanel();
+    m_tracker.add(window(1, QStringLiteral("editor"), QStringLiteral("Editor"), 302));
+    m_tracker.placeIcon(1, QRect(100, 772, 150, 26));
+    m_loop.advance(0.1);
+    const std::vector<ElementRef> all{m_accessibility.createSystemWide(),
+                                      application(302),
+                                      application(PanelPid),
+                                      X11Element::window(1),
+                                      X11Element::closeButton(1),
+                                      dockList(),
+                                      dockItems().at(0)};
+    std::set<QString> known;
+    for (const ElementRef& element : all) {
+        const AXNames listed = m_accessibility.copyAttributeNames(element);
+        ASSERT_TRUE(listed.ok());
+        EXPECT_EQ(listed.names.front(), QStringLiteral("AXRole"));
+        known.insert(listed.names.begin(), listed.names.end());
+        const AXNames actions = m_accessibility.copyActionNames(element);
+        EXPECT_TRUE(actions.ok());
+        for (const QString& action : actions.names)
+            EXPECT_TRUE(m_accessibility.copyActionDescription(element, action).as<QString>());
+    }
+    EXPECT_GE(known.size(), 20U);
+    for (const ElementRef& element : all) {
+        const AXNames listed = m_accessibility.copyAttributeNames(element);
+        for (const QString& name : known) {
+            const bool isListed = std::ranges::count(listed.names, name) == 1;
+            const AXError readError = m_accessibility.copyAttributeValue(element, name).error;
+            EXPECT_EQ(isListed, readError == AXError::Success || readError == AXError::NoValue)
+                << qPrintable(text(element, "AXRole") + u' ' + name);
+            const AXResult settable = m_accessibility.isAttributeSettable(element, name);
+            const bool isSettable = settable.as<bool>() != nullptr && *settable.as<bool>();
+            EXPECT_EQ(settable.ok(), isListed);
+            EXPECT_EQ(isSettable,
+                      m_accessibility.setAttributeValue(element, name, false) == AXError::Success)
+                << qPrintable(text(element, "AXRole") + u' ' + name);
+        }
+    }
+    EXPECT_TRUE(text(dockItems().at(0), "AXDescription").startsWith(QStringLiteral("Panel")));
+    EXPECT_EQ(
+        *m_accessibility.attributeValueCount(dockList(), QStringLiteral("AXChildren")).as<double>(),
+        1.0);
+    m_tracker.change(1, [](auto& window) { window.isResponding = false; });
+    EXPECT_EQ(m_accessibility.copyAttributeNames(all[3]).error, AXError::CannotComplete);
+    m_tracker.remove(1);
+    EXPECT_EQ(m_accessibility.copyAttributeNames(all[3]).error, AXError::InvalidUIElement);
+    EXPECT_EQ(m_accessibility.copyActionNames(all[4]).error, AXError::InvalidUIElement);
+    EXPECT_EQ(m_accessibility.copyAttributeNames(nullptr).error, AXError::IllegalArgument);
 }
 
 TEST_F(ElementsTest, window_notifications_come_between_launch_and_end_of_the_application)

@@ -1,0 +1,168 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// Elements and their values in words.
+#include <QtCore/QLocale>
+
+#include "model/AXNames.h"
+#include "model/UIElementUtilities.h"
+#include "platform/Desktop.h"
+
+namespace lumbrix
+{
+
+using platform::AXRange;
+using platform::AXResult;
+using platform::ElementRef;
+
+namespace
+{
+
+/// More ancestors than any element has: some programs name themselves as their own.
+constexpr int mostAncestors = 64;
+
+QString listOfSize(std::size_t count)
+{
+    return QString::asprintf("<array of size %d>", static_cast<int>(count));
+}
+
+QString elementInWords(const ElementRef& element)
+{
+    const auto role = UIElementUtilities::roleOfUIElement(element);
+    if (!role)
+        return QString::asprintf("<AXUIElement pid=%d>",
+                                 UIElementUtilities::processIdentifierOfUIElement(element));
+    const auto title = UIElementUtilities::titleOfUIElement(element);
+    if (title && !title->isEmpty())
+        return QStringLiteral("<%1: “%2”>").arg(*role, *title);
+    return QStringLiteral("<%1>").arg(*role);
+}
+
+/// What a missing value reads as in the middle of a line.
+QString orNull(const std::optional<QString>& text)
+{
+    return text.value_or(QStringLiteral("(null)"));
+}
+
+QString filtered(const QString& text, const UIElementUtilities::TextFilter& filter)
+{
+    return filter ? filter(text) : text;
+}
+
+void appendLineage(const ElementRef& element, int depth, std::vector<QString>& lineage)
+{
+    const ElementRef parent = UIElementUtilities::parentOfUIElement(element);
+    if (parent && depth < mostAncestors)
+        appendLineage(parent, depth + 1, lineage);
+    lineage.push_back(elementInWords(element));
+}
+
+} // namespace
+
+QString UIElementUtilities::stringDescriptionOfAXValue(const Value& value, bool beingVerbose)
+{
+    // The rectangle's two blanks are meant to be there.
+    if (const auto* point = std::get_if<QPointF>(&value))
+        return QString::asprintf(beingVerbose ? "<AXPointValue x=%g y=%g>" : "x=%g y=%g",
+                                 point->x(), point->y());
+    if (const auto* size = std::get_if<QSizeF>(&value))
+        return QString::asprintf(beingVerbose ? "<AXSizeValue w=%g h=%g>" : "w=%g h=%g",
+                                 size->width(), size->height());
+    if (const auto* rect = std::get_if<QRectF>(&value))
+        return QString::asprintf(beingVerbose ? "<AXRectValue  x=%g y=%g w=%g h=%g>"
+                                              : "x=%g y=%g w=%g h=%g",
+                                 rect->x(), rect->y(), rect->width(), rect->height());
+    if (const auto* range = std::get_if<AXRange>(&value))
+        return QString::asprintf(beingVerbose ? "<AXRangeValue pos=%ld len=%ld>"
+                                              : "pos=%ld len=%ld",
+                                 range->location, range->length);
+    return QStringLiteral("AXValue???");
+}
+
+std::optional<QString> UIElementUtilities::descriptionOfValue(const Value& value, bool beingVerbose)
+{
+    if (std::holds_alternative<std::monostate>(value))
+        return std::nullopt;
+    if (const auto* text = std::get_if<QString>(&value))
+        return *text;
+    if (const bool* on = std::get_if<bool>(&value))
+        return *on ? QStringLiteral("1") : QStringLiteral("0");
+    if (const double* number = std::get_if<double>(&value))
+        return QString::number(*number, 'g', QLocale::FloatingPointShortest);
+    if (const auto* url = std::get_if<QUrl>(&value))
+        return url->toString();
+    if (const auto* list = std::get_if<std::vector<ElementRef>>(&value))
+        return listOfSize(list->size());
+    if (const auto* element = std::get_if<ElementRef>(&value))
+        return *element ? std::optional(elementInWords(*element)) : std::nullopt;
+    return stringDescriptionOfAXValue(value, beingVerbose);
+}
+
+std::optional<QString> UIElementUtilities::descriptionForUIElement(const Element& element,
+                                                                   const QString& attribute,
+                                                                   bool beingVerbose)
+{
+    if (!element)
+        return std::nullopt;
+    platform::Accessibility& accessibility = platform::desktop().accessibility;
+    if (attribute == AX::Children || attribute == AX::Rows) {
+        const AXResult count = accessibility.attributeValueCount(element, attribute);
+        if (const double* number = count.as<double>())
+            return listOfSize(static_cast<std::size_t>(*number));
+    }
+    const AXResult result = accessibility.copyAttributeValue(element, attribute);
+    return result.ok() ? descriptionOfValue(result.value, beingVerbose) : std::nullopt;
+}
+
+std::vector<QString> UIElementUtilities::lineageOfUIElement(const Element& element)
+{
+    std::vector<QString> lineage;
+    if (element)
+        appendLineage(element, 0, lineage);
+    return lineage;
+}
+
+QString UIElementUtilities::lineageDescriptionOfUIElement(const Element& element,
+                                                          const TextFilter& filter)
+{
+    QString text;
+    QString indent;
+    for (const QString& entry : lineageOfUIElement(element)) {
+        text += indent + filtered(entry, filter) + u'\n';
+        indent += u' ';
+    }
+    return text;
+}
+
+QString UIElementUtilities::stringDescriptionOfUIElement(const Element& element,
+                                                         const TextFilter& filter)
+{
+    QString text = lineageDescriptionOfUIElement(element, filter);
+    const auto attributes = attributeNamesOfUIElement(element);
+    if (attributes && !attributes->empty()) {
+        text += QStringLiteral("\nAttributes:\n");
+        for (const QString& name : *attributes) {
+            const QString mark =
+                canSetAttribute(name, element) ? QStringLiteral(" (W)") : QString();
+            const QString value = orNull(descriptionForUIElement(element, name, false));
+            text += QStringLiteral("   %1%2:  “%3”\n").arg(name, mark, filtered(value, filter));
+        }
+    }
+    const auto actions = actionNamesOfUIElement(element);
+    if (actions && !actions->empty()) {
+        text += QStringLiteral("\nActions:\n");
+        for (const QString& name : *actions)
+            text += QStringLiteral("   %1 - %2\n")
+                        .arg(name, orNull(descriptionOfAction(name, element)));
+    }
+    return text;
+}
+
+QString UIElementUtilities::descriptionOfAXDescriptionOfUIElement(const Element& element)
+{
+    const Value value = valueOfAttribute(AX::Description, element);
+    const auto* text = std::get_if<QString>(&value);
+    return text && !text->isEmpty() ? *text : QStringLiteral("No Description");
+}
+
+} // namespace lumbrix

@@ -1,0 +1,54 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// What each kind of element of an X11 desktop can be read for.
+#pragma once
+
+#include "platform/linux/accessibility/X11Element.h"
+#include "platform/linux/applications/ApplicationRegistry.h"
+#include "platform/linux/docks/DockModel.h"
+#include "platform/linux/x11/PointSpace.h"
+
+namespace lumbrix::platform
+{
+
+/// Any thread.
+class X11Attributes
+{
+public:
+    struct Parts {
+        x11::WindowTracker& tracker;
+        const x11::PointSpace& space;
+        ApplicationRegistry& registry;
+        DockModel& docks;
+    };
+    /// One row of a kind's table. The name is the accessibility interface's.
+    template <class Subject> struct Attribute {
+        const char16_t* name;
+        AXResult (*read)(const X11Attributes& self, const Subject& subject);
+        bool isSettable = false;
+    };
+    /// What the one element of its kind is made of.
+    struct Nothing {
+    };
+
+    explicit X11Attributes(const Parts& parts) : m(parts) {}
+
+    AXResult read(const ElementRef& element, const QString& name) const;
+    /// Those that read() supports, whether they have a value or not.
+    AXNames names(const ElementRef& element) const;
+    AXResult isSettable(const ElementRef& element, const QString& name) const;
+
+    const Parts& parts() const { return m; }
+    /// The process that owns the active window; 0 when no application's window is active.
+    std::int32_t activePid() const;
+
+private:
+    /// Gives the element's table and what its rows are read from; or the reason why nothing can be
+    /// read.
+    template <class Use> AXError visit(const ElementRef& element, Use use) const;
+
+    const Parts m;
+};
+
+} // namespace lumbrix::platform
