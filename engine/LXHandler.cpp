@@ -9,6 +9,7 @@
 #include "engine/MouseChecker.h"
 #include "model/AXNames.h"
 #include "platform/Desktop.h"
+#include "preview/SafariPreview.h"
 
 namespace lumbrix
 {
@@ -39,6 +40,7 @@ void LXHandler::releaseSharedHandler()
     const std::lock_guard lock(sharedLock);
     sharedInstance.reset();
     installedCompanions.reset();
+    SafariPreview::releaseSharedPreview();
 }
 
 void LXHandler::installCompanions(const Companions& companions)
@@ -67,6 +69,7 @@ void LXHandler::setUp()
     const platform::Desktop& desktop = platform::desktop();
     m_filters.setFilters(FilterTable::getFiltersDictionary());
     SWElement::setFilterLevels(&m_filters);
+    SafariPreview::sharedPreview();
 
     using platform::WorkspaceNotification;
     const auto observe = [this, &desktop](WorkspaceNotification notification, auto action) {

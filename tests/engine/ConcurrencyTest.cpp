@@ -10,9 +10,13 @@
 #include <QtCore/QDeadlineTimer>
 #include <QtCore/QEventLoop>
 
+#include <array>
+#include <atomic>
+
 #include "engine/LXHandler.h"
 #include "platform/qt/QtRunLoop.h"
-#include "tests/support/SimulatedDesktop.h"
+#include "preview/SafariPreview.h"
+#include "tests/support/DesktopFixture.h"
 
 namespace lumbrix::test
 {
@@ -20,6 +24,25 @@ namespace
 {
 
 using namespace Qt::StringLiterals;
+
+using SafariPreviewTest = DesktopFixture;
+
+TEST_F(SafariPreviewTest, tabs_areScannedForOnceAndInVain_andCopiedOut)
+{
+    SafariPreview& preview = SafariPreview::sharedPreview();
+    EXPECT_EQ(&preview, &SafariPreview::sharedPreview());
+    EXPECT_EQ(loop.runningThreads("tab-scanner"), 1);
+    loop.runUntilIdle();
+    EXPECT_EQ(loop.runningThreads("tab-scanner"), 0);
+    EXPECT_TRUE(preview.tabsArray().empty());
+    preview.addObject(1);
+    preview.insertObject(2, 0);
+    preview.insertObject(2, 99);
+    EXPECT_EQ(preview.tabsArray(), (std::vector<SafariPreview::Tab>{2, 1, 2}));
+    preview.removeObject(2);
+    EXPECT_EQ(preview.tabsArray(), std::vector<SafariPreview::Tab>{1});
+    SafariPreview::releaseSharedPreview();
+}
 
 TEST(EngineConcurrency, windowsChangedByTheirApplications_whileScannedCapturedAndShown)
 {
@@ -35,6 +58,13 @@ TEST(EngineConcurrency, windowsChangedByTheirApplications_whileScannedCapturedAn
                                     desk.eventTaps(),
                                     desk.keyboardLayout()};
     const platform::DesktopScope scope(desktop);
+    // Several ask for the one list of tabs while the engine makes it.
+    std::array<std::atomic<SafariPreview*>, 4> previews{};
+    for (auto& preview : previews)
+        loop.detachThread("asker", [&preview](const platform::Thread&) {
+            preview = &SafariPreview::sharedPreview();
+            preview.load()->addObject(1);
+        });
     LXHandler& engine = LXHandler::sharedHandler();
     engine.settings().showInDock = 1;
     engine.settings().showSpaces = 1;
@@ -74,6 +104,9 @@ TEST(EngineConcurrency, windowsChangedByTheirApplications_whileScannedCapturedAn
     EXPECT_EQ(engine.inventory().windowsArray().size(), 2U);
     EXPECT_EQ(engine.screenyViews().size(), 2U);
     loop.shutdown();
+    for (const auto& preview : previews)
+        EXPECT_EQ(preview, &SafariPreview::sharedPreview());
+    EXPECT_EQ(SafariPreview::sharedPreview().tabsArray().size(), previews.size());
     LXHandler::releaseSharedHandler();
 }
 
