@@ -3,6 +3,7 @@
 
 #include "engine/HoverDispatch.h"
 
+#include "engine/HoverRules.h"
 #include "engine/LXHandler.h"
 #include "engine/MouseChecker.h"
 #include "model/Modifiers.h"
@@ -12,8 +13,6 @@ namespace lumbrix
 {
 namespace
 {
-/// Building stops once this many previews are up.
-constexpr std::size_t mostPreviews = 15;
 constexpr platform::Seconds updateInterval = 0.5;
 constexpr platform::Seconds relaxedUpdateInterval = 1.0;
 constexpr platform::Seconds tabExitInterval = 0.1f;
@@ -51,41 +50,35 @@ void HoverDispatch::iconHovered(const SWElementPtr& element)
     if (isAlreadyShowing(application, false))
         return;
     engine.removeAllScreenViews();
-    if (!engine.settings().showInDock)
+    const HoverVerdict verdict = HoverRules::verdictBeforeWindows(engine.settings());
+    if (verdict == HoverVerdict::DockPreviewsOff)
         return;
-    if (application)
+    if (application && verdict == HoverVerdict::Shows)
         showPreviewsForApplication(*application, element);
     // Armed even when nothing is shown yet: the update brings previews up as soon as it may, while
     // the mouse stays on the item.
     armUpdateTimer(element);
 }
 
-bool HoverDispatch::showPreviewsForApplication(const platform::RunningApplication& application,
+void HoverDispatch::showPreviewsForApplication(const platform::RunningApplication& application,
                                                const SWElementPtr& element)
 {
     LXHandler& engine = m_handler;
-    const EngineSettings& settings = engine.settings();
-    if (settings.hidePreviews && isModifierHeld(settings.hidePreviewsKeycode))
-        return false;
     engine.inventory().cleanWindowsArray();
     const auto windows = engine.inventory().windowsForPID(application.pid);
-    if (!passesWindowCountRule(windows.size()))
-        return false;
-    if (settings.onlyIfPressed && !isModifierHeld(settings.onlyIfKeycode))
-        return false;
+    if (HoverRules::verdictForWindows(engine.settings(), windows.size()) == HoverVerdict::Shows)
+        showPreviews(windows, application, element);
+}
+
+void HoverDispatch::showPreviews(const std::vector<SWElementPtr>& windows,
+                                 const Application& application, const SWElementPtr& element)
+{
+    LXHandler& engine = m_handler;
     engine.setShouldInstantShow(true);
     engine.companions().hotKeyCenter->toggleEventTap(true);
     buildPreviews(windows, application, false);
     engine.arrangeWindows(element, false);
     orderFrontAll();
-    return true;
-}
-
-bool HoverDispatch::passesWindowCountRule(std::size_t count) const
-{
-    const EngineSettings& settings = m_handler.settings();
-    const std::size_t fewest = settings.ignoreOneWindow ? 2 : 1;
-    return count >= fewest || (count != 0 && areFiltersSuspended(settings));
 }
 
 bool HoverDispatch::isAlreadyShowing(const Application& application, bool byTab) const
@@ -111,23 +104,9 @@ void HoverDispatch::lumbrixIconHovered(const SWElementPtr& element)
         return;
     if (application) {
         engine.inventory().cleanWindowsArray();
-        auto windows = engine.inventory().windowsForPID(application->pid);
-        if (settings.showOthersInDockIcon) {
-            for (const std::int32_t pid : WindowInventory::applicationsWithoutDockIcon()) {
-                if (pid == application->pid)
-                    continue;
-                const auto more = engine.inventory().windowsForPID(pid);
-                windows.insert(windows.end(), more.begin(), more.end());
-            }
-        }
-        const bool mayShow = !settings.onlyIfPressed || isModifierHeld(settings.onlyIfKeycode);
-        if (!windows.empty() && mayShow) {
-            engine.companions().hotKeyCenter->toggleEventTap(true);
-            engine.setShouldInstantShow(true);
-            buildPreviews(windows, application, false);
-            engine.arrangeWindows(element, false);
-            orderFrontAll();
-        }
+        const auto windows = engine.inventory().windowsBehindIcon(*application);
+        if (HoverRules::verdictForOthersWindows(settings, windows.size()) == HoverVerdict::Shows)
+            showPreviews(windows, application, element);
     }
     armUpdateTimer(element);
 }
@@ -188,8 +167,7 @@ void HoverDispatch::processListIconHovered(const Application& application,
     engine.inventory().cleanWindowsArray();
     const auto windows = application ? engine.inventory().windowsForPID(application->pid)
                                      : std::vector<SWElementPtr>{};
-    const std::size_t fewest = engine.settings().ignoreOneWindow ? 2 : 1;
-    if (windows.size() >= fewest) {
+    if (HoverRules::verdictInSwitcher(engine.settings(), windows.size()) == HoverVerdict::Shows) {
         engine.setShouldInstantShow(true);
         buildPreviews(windows, application, true);
         engine.companions().hotKeyCenter->toggleEventTap(true);

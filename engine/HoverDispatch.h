@@ -34,9 +34,10 @@ public:
                                  bool byTab);
 
 private:
-    bool showPreviewsForApplication(const platform::RunningApplication& application,
+    void showPreviewsForApplication(const platform::RunningApplication& application,
                                     const SWElementPtr& element);
-    bool passesWindowCountRule(std::size_t count) const;
+    void showPreviews(const std::vector<SWElementPtr>& windows, const Application& application,
+                      const SWElementPtr& element);
     bool isAlreadyShowing(const Application& application, bool byTab) const;
     void buildPreviews(const std::vector<SWElementPtr>& windows, const Application& application,
                        bool byTab);

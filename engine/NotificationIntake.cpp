@@ -4,6 +4,7 @@
 #include "engine/NotificationIntake.h"
 
 #include "engine/HoverDelays.h"
+#include "engine/HoverRules.h"
 #include "engine/LXHandler.h"
 #include "model/AXRead.h"
 #include "platform/Desktop.h"
@@ -34,9 +35,9 @@ void cancelDelayedDispatches(LXHandler& handler)
     platform::desktop().runLoop.cancelPreviousPerformRequests(&handler);
 }
 
-bool isCalendarItem(LXHandler& handler, const ElementRef& item)
+DockItemKind kindOf(LXHandler& handler, const ElementRef& item)
 {
-    return handler.companions().calendarPreview->shouldShowCal() && SWElement::checkIfCal(item);
+    return kindOfDockItem(item, handler.companions().calendarPreview->shouldShowCal());
 }
 
 SWElementPtr wrappedItem(const ElementRef& item, bool isCalendar)
@@ -77,13 +78,13 @@ void dockSelectionChanged(LXHandler& handler, const ElementRef& element, const H
     const ElementRef item = selectedItem(handler, element);
     if (!item)
         return;
-    const bool isCalendar = isCalendarItem(handler, item);
-    if (isCalendar || SWElement::checkIfDockApplication(item)) {
-        SWElementPtr icon = wrappedItem(item, isCalendar);
+    const DockItemKind kind = kindOf(handler, item);
+    if (kind == DockItemKind::Application || kind == DockItemKind::Calendar) {
+        SWElementPtr icon = wrappedItem(item, kind == DockItemKind::Calendar);
         if (delays && delays->displayDelay() > 0)
             cancelDelayedDispatches(handler);
         dispatch(handler, delays, [&handler, icon] { handler.iconHovered(icon); });
-    } else if (SWElement::checkIfMinimizedWindowIcon(item)) {
+    } else if (kind == DockItemKind::MinimizedWindow) {
         SWElementPtr icon = wrappedItem(item, false);
         dispatch(handler, delays, [&handler, icon] { handler.minimizedIconHovered(icon); });
     } else if (const auto application = SWElement::runningAppForProccessListIcon(item)) {
@@ -99,7 +100,7 @@ void dockFocusChanged(LXHandler& handler, const ElementRef& element, const Hover
     const ElementRef item = selectedItem(handler, element);
     if (!item)
         return;
-    const bool isCalendar = isCalendarItem(handler, item);
+    const bool isCalendar = kindOf(handler, item) == DockItemKind::Calendar;
     if (isCalendar || SWElement::checkIfAppIsRunning(item)) {
         // A selection made with the keyboard is meant: no delay.
         handler.iconHovered(wrappedItem(item, isCalendar));

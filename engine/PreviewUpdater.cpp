@@ -5,16 +5,17 @@
 
 #include <algorithm>
 
+#include "engine/HoverRules.h"
 #include "engine/LXHandler.h"
 #include "engine/Timers.h"
 #include "model/Modifiers.h"
+#include "model/VisibilityRules.h"
 #include "platform/Desktop.h"
 
 namespace lumbrix
 {
 namespace
 {
-constexpr std::size_t mostPreviews = 15;
 /// After a preview went, the strip moves under the mouse: this many exit checks are skipped, one
 /// second in all.
 constexpr int exitChecksSkippedAfterRemoval = 20;
@@ -71,13 +72,12 @@ bool PreviewUpdater::updateMinimizedPreview(const SWElementPtr&)
 
 void PreviewUpdater::refreshShown(Pass& pass)
 {
-    const EngineSettings& settings = m_handler.settings();
-    const bool leaveOutMinimized = settings.ignoreMinimized && !areFiltersSuspended(settings);
+    const VisibilityRules rules(m_handler.settings());
     std::vector<ScreenyViewPtr> kept;
     const auto shown = m_handler.screenyViews();
     for (const ScreenyViewPtr& preview : shown) {
         const SWElementPtr window = preview->elementRef();
-        const bool goes = window && ((leaveOutMinimized && window->checkIfMinimized()) ||
+        const bool goes = window && (rules.verdictForWindow(*window) != WindowVerdict::Good ||
                                      !window->checkIfExists());
         if (goes) {
             preview->dismiss();
@@ -108,41 +108,22 @@ void PreviewUpdater::refreshPreview(ScreenyView& preview)
     }
 }
 
-std::vector<SWElementPtr>
-PreviewUpdater::candidates(const platform::RunningApplication& application) const
-{
-    WindowInventory& inventory = m_handler.inventory();
-    inventory.cleanWindowsArray();
-    auto windows = inventory.windowsForPID(application.pid);
-    if (m_handler.settings().showOthersInDockIcon &&
-        application.bundleIdentifier == platform::desktop().workspace.ownBundleIdentifier()) {
-        for (const std::int32_t pid : WindowInventory::applicationsWithoutDockIcon()) {
-            if (pid == application.pid)
-                continue;
-            const auto more = inventory.windowsForPID(pid);
-            windows.insert(windows.end(), more.begin(), more.end());
-        }
-    }
-    return windows;
-}
-
 void PreviewUpdater::followApplication(const SWElementPtr& element, Pass& pass)
 {
     const EngineSettings& settings = m_handler.settings();
     const auto application = element ? element->runningApplicationForDockElement() : std::nullopt;
     if (!application)
         return;
-    platform::Workspace& workspace = platform::desktop().workspace;
-    const bool isOwn = application->bundleIdentifier == workspace.ownBundleIdentifier();
-    if (settings.ignoreHidden && !isOwn && workspace.isHidden(application->pid) &&
-        !areFiltersSuspended(settings)) {
+    const bool isOwn =
+        application->bundleIdentifier == platform::desktop().workspace.ownBundleIdentifier();
+    if (!isOwn &&
+        VisibilityRules(settings).verdictForApplication(application->pid) != WindowVerdict::Good) {
         m_handler.removeAllScreenViewsLeavingTimersAlone();
         pass.removed = true;
     }
-    const auto windows = candidates(*application);
-    const bool isSuppressed = windows.empty() || (settings.ignoreOneWindow && windows.size() == 1 &&
-                                                  !areFiltersSuspended(settings));
-    if (isSuppressed || (settings.onlyIfPressed && !isModifierHeld(settings.onlyIfKeycode))) {
+    m_handler.inventory().cleanWindowsArray();
+    const auto windows = m_handler.inventory().windowsBehindIcon(*application);
+    if (HoverRules::verdictForWindows(settings, windows.size()) != HoverVerdict::Shows) {
         m_handler.removeAllScreenViewsLeavingTimersAlone();
         pass.added = false;
         return;

@@ -41,7 +41,6 @@ private:
     void refreshShown(Pass& pass);
     void refreshPreview(ScreenyView& preview);
     void followApplication(const SWElementPtr& element, Pass& pass);
-    std::vector<SWElementPtr> candidates(const platform::RunningApplication& application) const;
     void addMissing(const std::vector<SWElementPtr>& windows,
                     const platform::RunningApplication& application, const SWElementPtr& element,
                     Pass& pass);

@@ -10,6 +10,14 @@
 namespace lumbrix
 {
 
+/// What an application's level was found under.
+enum class FilterLevelSource { Application, AllApplications, BuiltIn };
+
+struct FilterLevel {
+    int level = 0;
+    FilterLevelSource source = FilterLevelSource::BuiltIn;
+};
+
 /// Per-application filter levels, as the window model needs them; the engine implements it.
 /// Any thread.
 class FilterLevels

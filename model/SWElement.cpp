@@ -4,8 +4,6 @@
 #include "model/SWElement.h"
 
 #include "model/AXRead.h"
-#include "model/BundleIdentifiers.h"
-#include "model/FilterLevels.h"
 #include "model/UIElementUtilities.h"
 #include "platform/Desktop.h"
 #include "platform/Workspace.h"
@@ -22,16 +20,6 @@ using platform::WindowList;
 namespace
 {
 
-const QString notResponding = QStringLiteral("Not Responding");
-
-/// Level of an application that has no entry of its own and no default either.
-constexpr int standardFilterLevel = 2;
-constexpr int blockAllFilterLevel = 3;
-constexpr int tabbedFinderFilterLevel = 4;
-constexpr int everyWindowFilterLevel = 0;
-
-std::atomic<const FilterLevels*> filterLevels{nullptr};
-
 QUrl standardized(const QUrl& url)
 {
     return url.adjusted(QUrl::NormalizePathSegments | QUrl::StripTrailingSlash);
@@ -39,9 +27,9 @@ QUrl standardized(const QUrl& url)
 
 } // namespace
 
-SWElement::SWElement(ElementRef element) : m_element(std::move(element)) {}
+QString SWElement::notResponding() { return QStringLiteral("Not Responding"); }
 
-void SWElement::setFilterLevels(const FilterLevels* levels) { filterLevels = levels; }
+SWElement::SWElement(ElementRef element) : m_element(std::move(element)) {}
 
 bool SWElement::isEqualTo(const SWElement* other) const
 {
@@ -50,102 +38,17 @@ bool SWElement::isEqualTo(const SWElement* other) const
 
 std::optional<QString> SWElement::getTitle() const
 {
-    const platform::AXResult result =
-        platform::desktop().accessibility.copyAttributeValue(m_element, AX::Title);
-    if (const QString* title = result.as<QString>())
+    return titleFrom(platform::desktop().accessibility.copyAttributeValue(m_element, AX::Title));
+}
+
+std::optional<QString> SWElement::titleFrom(const platform::AXResult& read) const
+{
+    if (const QString* title = read.as<QString>())
         return *title;
     // A busy application keeps the windows it was known to have.
-    if (result.error == platform::AXError::CannotComplete && m_previouslyGood)
-        return notResponding;
+    if (read.error == platform::AXError::CannotComplete && m_previouslyGood)
+        return notResponding();
     return std::nullopt;
-}
-
-int SWElement::getFilterLevel() const
-{
-    const QString identifier = bundle();
-    const FilterLevels* levels = filterLevels;
-    if (levels) {
-        if (const auto own = levels->levelForKey(identifier))
-            return *own;
-    }
-    // The Finder deliberately does not follow the default for all applications.
-    if (identifier == BundleIdentifier::Finder)
-        return tabbedFinderFilterLevel;
-    if (levels) {
-        if (const auto all = levels->levelForKey(QStringLiteral("All applications")))
-            return *all;
-    }
-    return standardFilterLevel;
-}
-
-bool SWElement::findPIDandWID(const WindowList& windowList)
-{
-    const auto size = AX::read<QSizeF>(m_element, AX::Size);
-    const auto position = AX::read<QPointF>(m_element, AX::Position);
-    if (!size || !position)
-        return false;
-    platform::Accessibility& accessibility = platform::desktop().accessibility;
-    const auto pid = accessibility.pidOf(m_element);
-    if (!pid)
-        return false;
-    m_pid = *pid;
-    const auto application = platform::desktop().workspace.runningApplication(*pid);
-    const QString identifier = application ? application->bundleIdentifier : QString();
-    setBundle(identifier);
-    const QString title = getTitle().value_or(QString());
-    const int level = getFilterLevel();
-
-    QRectF target(*position, *size);
-    QRectF alternative = target;
-    bool useAlternative = false;
-    bool ignoreTitle = false;
-    if (level != standardFilterLevel) {
-        ignoreTitle = true;
-        if (identifier == BundleIdentifier::Finder && level == tabbedFinderFilterLevel) {
-            // Its tabs add a bar of this height that the window server does not count.
-            target.setRect(target.x(), target.y() + 28, target.width(), target.height() - 28);
-            useAlternative = true;
-            ignoreTitle = false;
-        }
-    }
-    const bool isIllustrator = identifier == BundleIdentifier::Illustrator;
-    if (isIllustrator) {
-        // It reports the frame with its title bar, or with that and its control bar, on top.
-        target.setRect(target.x(), target.y() + 22, target.width(), target.height() - 22);
-        alternative = QRectF(target.x(), target.y() + 20, target.width(), target.height() - 20);
-        ignoreTitle = true;
-        useAlternative = true;
-    }
-
-    const auto exactNumber = accessibility.windowIDOf(m_element);
-    bool matched = false;
-    for (const WindowInfo& entry : windowList) {
-        if (exactNumber && entry.number != *exactNumber)
-            continue;
-        if (entry.ownerPid != *pid || entry.layer != 0)
-            continue;
-        // Exact on purpose: QRectF's own comparison is fuzzy.
-        const auto same = [&entry](const QRectF& rect) {
-            return entry.bounds.x() == rect.x() && entry.bounds.y() == rect.y() &&
-                   entry.bounds.width() == rect.width() && entry.bounds.height() == rect.height();
-        };
-        if (!same(target) && !(useAlternative && same(alternative)))
-            continue;
-        if (!testWindow(entry.number))
-            continue;
-        if (title.isEmpty())
-            return false; // an untitled window is never matched
-        if (title != entry.name && !ignoreTitle) {
-            matched = false;
-            continue;
-        }
-        setFrame(target);
-        m_wid = entry.number;
-        if (!isIllustrator || entry.isOnscreen)
-            return true;
-        matched = true; // off screen: stands only while no on-screen one follows
-    }
-    return matched;
 }
 
 std::optional<QSizeF> SWElement::sizeToCapture() const
@@ -205,53 +108,6 @@ int SWElement::getSpaceNumber(const WindowList& windowList)
         break;
     }
     return m_spaceNumber;
-}
-
-bool SWElement::checkIfExists()
-{
-    const int level = getFilterLevel();
-    if (level == blockAllFilterLevel || !checkIfWIDIsInWindowList())
-        return false;
-    const auto title = getTitle();
-    if (!title || title->isEmpty())
-        return false;
-    if (*title == notResponding && m_previouslyGood)
-        return true;
-    const bool exists = checkIfWindow(m_element) && hasWindowSubrole(level);
-    m_previouslyGood = exists;
-    return exists;
-}
-
-bool SWElement::hasWindowSubrole(int filterLevel) const
-{
-    if (filterLevel == everyWindowFilterLevel)
-        return true;
-    const auto subrole = AX::read<QString>(m_element, AX::Subrole);
-    if (subrole && filterLevel == standardFilterLevel &&
-        (*subrole == AX::FloatingWindow || *subrole == AX::SystemFloatingWindow ||
-         *subrole == AX::Unknown))
-        return false;
-    if (subrole == AX::StandardWindow)
-        return true;
-    return !AX::readElements(m_element, AX::Children).empty();
-}
-
-bool SWElement::checkIfWIDIsInWindowList() const
-{
-    // Only this application keeps closed windows alive in its accessibility tree.
-    if (bundle() != BundleIdentifier::ITunes)
-        return true;
-    const WindowID window = m_wid;
-    if (window == 0 || checkIfMinimized() || platform::desktop().workspace.isHidden(m_pid))
-        return true;
-    for (int workspace = 1; workspace <= 16; ++workspace) {
-        for (const WindowID other :
-             platform::desktop().windowServer.workspaceWindowList(workspace)) {
-            if (other == window)
-                return true;
-        }
-    }
-    return false;
 }
 
 bool SWElement::checkIfMinimized() const

@@ -17,6 +17,8 @@
 #include <optional>
 #include <vector>
 
+#include "model/FilterLevels.h"
+#include "model/WindowVerdict.h"
 #include "platform/Accessibility.h"
 #include "platform/WindowServer.h"
 #include "platform/Workspace.h"
@@ -24,7 +26,6 @@
 namespace lumbrix
 {
 
-class FilterLevels;
 class SWElement;
 using SWElementPtr = std::shared_ptr<SWElement>;
 
@@ -80,14 +81,21 @@ public:
     /// Where getFilterLevel looks levels up; null (the initial state) means there are none stored.
     /// Not owned. Main thread, while no other thread uses the model.
     static void setFilterLevels(const FilterLevels* levels);
+    /// The level that holds for an application, and where it comes from.
+    static FilterLevel filterLevelOf(const QString& bundle);
 
     bool isEqualTo(const SWElement* other) const;
     bool isEqualTo(const SWElementPtr& other) const { return isEqualTo(other.get()); }
 
     std::optional<QString> getTitle() const;
-    int getFilterLevel() const;
+    int getFilterLevel() const { return filterLevelOf(bundle()).level; }
     /// Matches the element to an entry of the list (front to back); on success sets frame and wid.
-    bool findPIDandWID(const platform::WindowList& windowList);
+    bool findPIDandWID(const platform::WindowList& windowList)
+    {
+        return matchWindow(windowList) == WindowVerdict::Good;
+    }
+    /// The same, and what it ends at.
+    WindowVerdict matchWindow(const platform::WindowList& windowList);
     /// Captures the window into screenshot and returns it; null when there is no picture. A limit
     /// (pixels) reduces it to what just fits.
     QImage grabWindow(QSize limit = {});
@@ -97,7 +105,10 @@ public:
     bool isScreenshotWhole() const { return m_isScreenshotWhole; }
     int getSpaceNumber();
     int getSpaceNumber(const platform::WindowList& windowList);
-    bool checkIfExists();
+    /// Whether it is still a window worth previewing.
+    bool checkIfExists() { return judgeExistence() == WindowVerdict::Good; }
+    /// The same, and what it ends at.
+    WindowVerdict judgeExistence();
     bool checkIfWIDIsInWindowList() const;
     bool checkIfMinimized() const;
     bool isClosable() const;
@@ -139,7 +150,11 @@ public:
     void setIsCal(bool on) { m_isCal = on; }
 
 private:
-    bool hasWindowSubrole(int filterLevel) const;
+    /// The title of a window that does not answer.
+    static QString notResponding();
+    /// What a read of the title gives.
+    std::optional<QString> titleFrom(const platform::AXResult& read) const;
+    WindowVerdict judgeSubrole(int filterLevel) const;
     std::optional<QSizeF> sizeToCapture() const;
     void keepScreenshot(const QImage& picture, QSize limit, QSizeF windowSize);
 

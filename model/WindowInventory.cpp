@@ -6,7 +6,7 @@
 #include <algorithm>
 
 #include "model/BundleIdentifiers.h"
-#include "model/Modifiers.h"
+#include "model/VisibilityRules.h"
 #include "platform/Desktop.h"
 #include "platform/Workspace.h"
 
@@ -67,20 +67,25 @@ WindowList WindowInventory::copyWindowList()
         platform::WindowListOption::ExcludeDesktopElements);
 }
 
+std::vector<std::int32_t> WindowInventory::scannedApplications() const
+{
+    platform::Workspace& workspace = platform::desktop().workspace;
+    if (!m_settings.showOthersInDockIcon)
+        return workspace.launchedApplications();
+    std::vector<std::int32_t> pids;
+    for (const auto& application : workspace.runningApplications())
+        pids.push_back(application.pid);
+    return pids;
+}
+
 void WindowInventory::windowScanner()
 {
     if (m_settings.disabled)
         return;
     cleanWindowsArray();
     const WindowList list = copyWindowList();
-    platform::Workspace& workspace = platform::desktop().workspace;
-    if (m_settings.showOthersInDockIcon) {
-        for (const auto& application : workspace.runningApplications())
-            addAppWindows(application.pid, list);
-    } else {
-        for (const std::int32_t pid : workspace.launchedApplications())
-            addAppWindows(pid, list);
-    }
+    for (const std::int32_t pid : scannedApplications())
+        addAppWindows(pid, list);
     if (m_settings.showSpaces && !m_observer.isShowingPreviews()) {
         for (const SWElementPtr& window : windowsArray())
             window->getSpaceNumber(list);
@@ -104,15 +109,19 @@ void WindowInventory::addAppWindows(std::int32_t pid, const WindowList& windowLi
         processWindow(window, windowList);
 }
 
-void WindowInventory::processWindow(const SWElementPtr& element, const WindowList& windowList)
+WindowVerdict WindowInventory::processWindow(const SWElementPtr& element,
+                                             const WindowList& windowList)
 {
     {
         const std::lock_guard lock(m_lock);
         if (m_elements.contains(element->element()))
-            return;
+            return WindowVerdict::Good;
     }
-    if (!element->findPIDandWID(windowList) || !element->checkIfExists())
-        return;
+    WindowVerdict verdict = element->matchWindow(windowList);
+    if (verdict == WindowVerdict::Good)
+        verdict = element->judgeExistence();
+    if (verdict != WindowVerdict::Good)
+        return verdict;
     {
         // Looked up and added under one lock: a scan and a notification may bring the same window
         // at the same moment.
@@ -120,13 +129,15 @@ void WindowInventory::processWindow(const SWElementPtr& element, const WindowLis
         const auto isSameWindow = [wid = element->wid()](const SWElementPtr& other) {
             return other->wid() == wid;
         };
-        if (m_elements.contains(element->element()) ||
-            std::any_of(m_windows.begin(), m_windows.end(), isSameWindow))
-            return;
+        if (m_elements.contains(element->element()))
+            return WindowVerdict::Good;
+        if (std::any_of(m_windows.begin(), m_windows.end(), isSameWindow))
+            return WindowVerdict::NumberListed;
         m_windows.push_back(element);
         m_elements.insert(element->element());
     }
     m_observer.windowsChanged();
+    return WindowVerdict::Good;
 }
 
 void WindowInventory::removeWindow(const ElementRef& element)
@@ -141,8 +152,8 @@ void WindowInventory::removeWindow(const ElementRef& element)
 
 std::vector<SWElementPtr> WindowInventory::windowsForPID(std::int32_t pid) const
 {
-    const bool filtersSuspended = areFiltersSuspended(m_settings);
-    if (m_settings.ignoreHidden && !filtersSuspended && platform::desktop().workspace.isHidden(pid))
+    const VisibilityRules rules(m_settings);
+    if (rules.verdictForApplication(pid) != WindowVerdict::Good)
         return {};
     std::vector<SWElementPtr> windows;
     for (const SWElementPtr& window : windowsArray()) {
@@ -151,9 +162,33 @@ std::vector<SWElementPtr> WindowInventory::windowsForPID(std::int32_t pid) const
         // Its window numbers change while it runs.
         if (window->bundle() == BundleIdentifier::Illustrator)
             window->findPIDandWID(copyWindowList());
-        if (m_settings.ignoreMinimized && !filtersSuspended && window->checkIfMinimized())
-            continue;
-        windows.push_back(window);
+        if (rules.verdictForWindow(*window) == WindowVerdict::Good)
+            windows.push_back(window);
+    }
+    return windows;
+}
+
+std::vector<std::int32_t>
+WindowInventory::processesBehindIcon(const platform::RunningApplication& application) const
+{
+    std::vector<std::int32_t> pids{application.pid};
+    if (m_settings.showOthersInDockIcon &&
+        application.bundleIdentifier == platform::desktop().workspace.ownBundleIdentifier()) {
+        for (const std::int32_t pid : applicationsWithoutDockIcon()) {
+            if (pid != application.pid)
+                pids.push_back(pid);
+        }
+    }
+    return pids;
+}
+
+std::vector<SWElementPtr>
+WindowInventory::windowsBehindIcon(const platform::RunningApplication& application) const
+{
+    std::vector<SWElementPtr> windows;
+    for (const std::int32_t pid : processesBehindIcon(application)) {
+        const auto more = windowsForPID(pid);
+        windows.insert(windows.end(), more.begin(), more.end());
     }
     return windows;
 }

@@ -39,17 +39,27 @@ public:
     void insertObject(const SWElementPtr& element, std::size_t index); ///< at most at the end
     void removeObject(const SWElementPtr& element);
 
-    /// One scan of all applications; nothing while the engine is disabled.
+    /// The processes whose windows are looked for.
+    std::vector<std::int32_t> scannedApplications() const;
+    /// One scan of all of them; nothing while the engine is disabled.
     void windowScanner();
     /// Drops the windows that no longer exist.
     void cleanWindowsArray();
     void addAppWindows(std::int32_t pid, const platform::WindowList& windowList);
-    /// Adds one window if it is new and real.
-    void processWindow(const SWElementPtr& element, const platform::WindowList& windowList);
+    /// Adds one window if it is new and real. Good when it is listed now, else why not.
+    WindowVerdict processWindow(const SWElementPtr& element,
+                                const platform::WindowList& windowList);
     void removeWindow(const platform::ElementRef& element);
 
     /// The listed windows of one process, as the visibility settings allow.
     std::vector<SWElementPtr> windowsForPID(std::int32_t pid) const;
+    /// The processes that an application's Dock icon stands for: its own and, for this program's
+    /// icon, if the settings want it, that of every application without an icon.
+    std::vector<std::int32_t>
+    processesBehindIcon(const platform::RunningApplication& application) const;
+    /// windowsForPID of all of them.
+    std::vector<SWElementPtr>
+    windowsBehindIcon(const platform::RunningApplication& application) const;
     int countForPID(std::int32_t pid) const;
     int countForRunningApp(const platform::RunningApplication& application) const;
     /// The minimised window that a Dock icon stands for; null when none is known.

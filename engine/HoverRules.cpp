@@ -1,0 +1,73 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include "engine/HoverRules.h"
+
+#include "model/Modifiers.h"
+#include "model/SWElement.h"
+
+namespace lumbrix
+{
+
+DockItemKind kindOfDockItem(const platform::ElementRef& item, bool showsCalendars)
+{
+    if (showsCalendars && SWElement::checkIfCal(item))
+        return DockItemKind::Calendar;
+    if (SWElement::checkIfDockApplication(item))
+        return DockItemKind::Application;
+    return SWElement::checkIfMinimizedWindowIcon(item) ? DockItemKind::MinimizedWindow
+                                                       : DockItemKind::Other;
+}
+
+namespace HoverRules
+{
+namespace
+{
+
+HoverVerdict verdictForCount(const EngineSettings& settings, std::size_t count)
+{
+    if (count == 0)
+        return HoverVerdict::NoWindows;
+    return settings.ignoreOneWindow && count == 1 ? HoverVerdict::OneWindow : HoverVerdict::Shows;
+}
+
+HoverVerdict verdictOnKey(const EngineSettings& settings)
+{
+    return settings.onlyIfPressed && !isModifierHeld(settings.onlyIfKeycode)
+               ? HoverVerdict::ShowingKeyNotHeld
+               : HoverVerdict::Shows;
+}
+
+} // namespace
+
+HoverVerdict verdictBeforeWindows(const EngineSettings& settings)
+{
+    if (!settings.showInDock)
+        return HoverVerdict::DockPreviewsOff;
+    return settings.hidePreviews && isModifierHeld(settings.hidePreviewsKeycode)
+               ? HoverVerdict::HidingKeyHeld
+               : HoverVerdict::Shows;
+}
+
+HoverVerdict verdictForWindows(const EngineSettings& settings, std::size_t count)
+{
+    const HoverVerdict verdict = verdictForCount(settings, count);
+    if (verdict == HoverVerdict::NoWindows ||
+        (verdict == HoverVerdict::OneWindow && !areFiltersSuspended(settings)))
+        return verdict;
+    return verdictOnKey(settings);
+}
+
+HoverVerdict verdictForOthersWindows(const EngineSettings& settings, std::size_t count)
+{
+    return count == 0 ? HoverVerdict::NoWindows : verdictOnKey(settings);
+}
+
+HoverVerdict verdictInSwitcher(const EngineSettings& settings, std::size_t count)
+{
+    return verdictForCount(settings, count);
+}
+
+} // namespace HoverRules
+
+} // namespace lumbrix

@@ -1,0 +1,53 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// Whether hovering a Dock item brings previews, as far as settings, held keys and the number of
+// windows decide it.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+#include "model/EngineSettings.h"
+#include "platform/Accessibility.h"
+
+namespace lumbrix
+{
+
+/// Building stops once this many previews are up.
+inline constexpr std::size_t mostPreviews = 15;
+
+/// What a hovered Dock item stands for.
+enum class DockItemKind : std::uint8_t {
+    Application,
+    Calendar, ///< an application's, too
+    MinimizedWindow,
+    Other, ///< an entry of the switcher, or nothing that has windows
+};
+/// Calendars are told apart only where they show their events.
+DockItemKind kindOfDockItem(const platform::ElementRef& item, bool showsCalendars);
+
+enum class HoverVerdict : std::uint8_t {
+    Shows,
+    DockPreviewsOff, ///< the setting showInDock
+    HidingKeyHeld,   ///< the key of the setting hidePreviews
+    NoWindows,
+    OneWindow,         ///< the setting ignoreOneWindow
+    ShowingKeyNotHeld, ///< the key of the setting onlyIfPressed
+};
+
+namespace HoverRules
+{
+
+/// Before any window is looked at: Shows, DockPreviewsOff or HidingKeyHeld.
+HoverVerdict verdictBeforeWindows(const EngineSettings& settings);
+/// With so many windows to show: Shows, NoWindows, OneWindow or ShowingKeyNotHeld.
+HoverVerdict verdictForWindows(const EngineSettings& settings, std::size_t count);
+/// The same under this program's own icon, where one window is as good as many.
+HoverVerdict verdictForOthersWindows(const EngineSettings& settings, std::size_t count);
+/// The same in the switcher, whose own key leaves no hand for another: none is asked for.
+HoverVerdict verdictInSwitcher(const EngineSettings& settings, std::size_t count);
+
+} // namespace HoverRules
+
+} // namespace lumbrix

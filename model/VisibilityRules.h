@@ -1,0 +1,34 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// What the visibility settings leave out at this moment.
+#pragma once
+
+#include <cstdint>
+
+#include "model/EngineSettings.h"
+#include "model/WindowVerdict.h"
+
+namespace lumbrix
+{
+
+class SWElement;
+
+/// Asks for the override key once, when it is made; for one decision, not to be kept. Any thread.
+class VisibilityRules
+{
+public:
+    explicit VisibilityRules(const EngineSettings& settings);
+
+    /// ApplicationHidden or Good.
+    WindowVerdict verdictForApplication(std::int32_t pid) const;
+    /// Minimized or Good; the application is not asked about.
+    WindowVerdict verdictForWindow(const SWElement& window) const;
+    bool areSuspended() const { return m_areSuspended; }
+
+private:
+    const EngineSettings& m_settings;
+    const bool m_areSuspended;
+};
+
+} // namespace lumbrix
