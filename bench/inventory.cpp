@@ -45,15 +45,7 @@ public:
 
     VirtualRunLoop loop;
     SimulatedDesktop desk{loop};
-    platform::Desktop ports{loop,
-                            desk.accessibility(),
-                            desk.windowServer(),
-                            desk.inputState(),
-                            desk.workspace(),
-                            desk.userDefaults(),
-                            desk.dockPreferences(),
-                            desk.eventTaps(),
-                            desk.keyboardLayout()};
+    platform::Desktop ports = desk.ports();
     platform::DesktopScope scope{ports};
     EngineSettings settings;
     Pid last = 0;

@@ -50,15 +50,7 @@ private:
     QString newName(const QString& kind) { return kind + QString::number(m_serial++); }
 
     Chance& m_chance;
-    const platform::Desktop m_ports{loop,
-                                    desk.accessibility(),
-                                    desk.windowServer(),
-                                    desk.inputState(),
-                                    desk.workspace(),
-                                    desk.userDefaults(),
-                                    desk.dockPreferences(),
-                                    desk.eventTaps(),
-                                    desk.keyboardLayout()};
+    const platform::Desktop m_ports = desk.ports();
     const platform::DesktopScope m_scope{m_ports};
     Kinds m_changes;
     int m_serial = 0;

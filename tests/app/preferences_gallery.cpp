@@ -92,15 +92,7 @@ int main(int argc, char* argv[])
 
     platform::QtRunLoop runLoop;
     test::SimulatedDesktop desk(runLoop);
-    const platform::Desktop ports{runLoop,
-                                  desk.accessibility(),
-                                  desk.windowServer(),
-                                  desk.inputState(),
-                                  desk.workspace(),
-                                  desk.userDefaults(),
-                                  desk.dockPreferences(),
-                                  desk.eventTaps(),
-                                  desk.keyboardLayout()};
+    const platform::Desktop ports = desk.ports();
     const platform::DesktopScope scope(ports);
     for (const auto& [name, colour] : {std::pair{u"Editor"_qs, QColor(38, 130, 120)},
                                        {u"Video Player"_qs, QColor(200, 90, 30)}}) {

@@ -48,15 +48,7 @@ TEST(EngineConcurrency, windowsChangedByTheirApplications_whileScannedCapturedAn
 {
     platform::QtRunLoop loop;
     SimulatedDesktop desk(loop);
-    const platform::Desktop desktop{loop,
-                                    desk.accessibility(),
-                                    desk.windowServer(),
-                                    desk.inputState(),
-                                    desk.workspace(),
-                                    desk.userDefaults(),
-                                    desk.dockPreferences(),
-                                    desk.eventTaps(),
-                                    desk.keyboardLayout()};
+    const platform::Desktop desktop = desk.ports();
     const platform::DesktopScope scope(desktop);
     // Several ask for the one list of tabs while the engine makes it.
     std::array<std::atomic<SafariPreview*>, 4> previews{};

@@ -67,15 +67,7 @@ int main(int argc, char* argv[])
 
     platform::QtRunLoop runLoop;
     test::SimulatedDesktop desk(runLoop);
-    const platform::Desktop ports{runLoop,
-                                  desk.accessibility(),
-                                  desk.windowServer(),
-                                  desk.inputState(),
-                                  desk.workspace(),
-                                  desk.userDefaults(),
-                                  desk.dockPreferences(),
-                                  desk.eventTaps(),
-                                  desk.keyboardLayout()};
+    const platform::Desktop ports = desk.ports();
     const platform::DesktopScope scope(ports);
     const QSize screen = QGuiApplication::primaryScreen()->size();
     desk.with([&](test::SimulatedState& state) {

@@ -20,6 +20,13 @@ SimulatedDesktop::SimulatedDesktop(platform::RunLoop& runLoop) : m_state(runLoop
         {QStringLiteral("Lumbrix"), QStringLiteral("org.example.Lumbrix"), 0, false});
 }
 
+platform::Desktop SimulatedDesktop::ports()
+{
+    return {m_state.runLoop,  m_accessibility, m_windowServer,      m_inputState,
+            m_workspace,      m_userDefaults,  m_dockPreferences,   m_eventTaps,
+            m_keyboardLayout, m_loginItems,    m_applicationBundle, m_statusBar};
+}
+
 Pid SimulatedDesktop::addApplication(SimulatedApplication application)
 {
     return with([&](SimulatedState& state) { return state.launch(std::move(application)); });

@@ -26,6 +26,8 @@ public:
     explicit SimulatedDesktop(platform::RunLoop& runLoop);
 
     // For the program.
+    /// All of them, and the run loop.
+    platform::Desktop ports();
     SimulatedAccessibility& accessibility() { return m_accessibility; }
     SimulatedWindowServer& windowServer() { return m_windowServer; }
     SimulatedInputState& inputState() { return m_inputState; }
