@@ -15,6 +15,7 @@
 #include "platform/Desktop.h"
 #include "platform/UserDefaults.h"
 #include "preview/BubbleWrapper.h"
+#include "preview/MediaControls.h"
 
 namespace lumbrix
 {
@@ -40,6 +41,7 @@ bool LumbrixController::awakeFromNib()
     Companions companions;
     companions.hotKeyCenter = m_hotKeyCenter;
     companions.helpBubble = std::make_shared<BubbleWrapper>();
+    companions.playerControls = std::make_shared<MediaControls>();
     LXHandler::installCompanions(companions);
     LXHandler::sharedHandler().setApplicationDelegate(this);
     updateState();

@@ -47,9 +47,9 @@ class AbsentWindowCountBadger final : public WindowCountBadger
 class AbsentPlayerControls final : public PlayerControls
 {
     void setAppFlags(ScreenyView&, const std::optional<platform::RunningApplication>&) override {}
-    QString playerState() override { return QStringLiteral("unknown"); }
-    std::optional<QString> currentTrack() override { return std::nullopt; }
-    QImage artwork() override { return {}; }
+    QString playerState(const ScreenyView&) override { return QStringLiteral("unknown"); }
+    std::optional<QString> currentTrack(const ScreenyView&) override { return std::nullopt; }
+    QImage artwork(const ScreenyView&) override { return {}; }
     void skipLeft(ScreenyView&) override {}
     void skipRight(ScreenyView&) override {}
     void play(ScreenyView&) override {}

@@ -115,7 +115,7 @@ void PictureLoader::load(const ScreenyViewPtr& preview)
 {
     const SWElementPtr window = preview->elementRef();
     if (window->grabWindowAtHand(preview->pictureLimit())) {
-        preview->setImage(window->screenshot());
+        preview->setCapture(window->screenshot());
         return;
     }
     ++m_waiting;
@@ -133,7 +133,7 @@ void PictureLoader::load(const ScreenyViewPtr& preview)
                              // better to show.
                              const ScreenyViewPtr shown = weak.lock();
                              if (shown && shown->elementRef() == window && shown->image().isNull())
-                                 shown->setImage(picture);
+                                 shown->setCapture(picture);
                              if (round == m_round && --m_waiting == 0)
                                  letGo();
                          },

@@ -61,8 +61,9 @@ bool PreviewUpdater::updateMinimizedPreview(const SWElementPtr&)
     const SWElementPtr window = preview.elementRef();
     if (!window || !window->checkIfExists() || !window->checkIfMinimized())
         return false;
-    const auto track =
-        preview.iTunes() ? m_handler.companions().playerControls->currentTrack() : std::nullopt;
+    const auto track = preview.iTunes()
+                           ? m_handler.companions().playerControls->currentTrack(preview)
+                           : std::nullopt;
     if (track)
         preview.setTitleString(*track);
     else if (!preview.iTunes())
@@ -98,12 +99,15 @@ void PreviewUpdater::refreshPreview(ScreenyView& preview)
         m_handler.pictureLoader().updateScreenshot(preview);
     if (preview.iTunes()) {
         PlayerControls& player = *m_handler.companions().playerControls;
-        if (const auto track = player.currentTrack())
+        if (const auto track = player.currentTrack(preview))
             preview.setTitleString(*track);
-        const QImage artwork = player.artwork();
-        preview.setImage(artwork.isNull() ? window->screenshot() : artwork);
+        const QImage artwork = player.artwork(preview);
+        if (artwork.isNull())
+            preview.setCapture(window->screenshot());
+        else
+            preview.setImage(artwork);
     } else {
-        preview.setImage(window->screenshot());
+        preview.setCapture(window->screenshot());
         preview.setTitleString(window->getTitle().value_or(QString()));
     }
 }

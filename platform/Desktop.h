@@ -8,6 +8,7 @@ namespace lumbrix::platform
 {
 
 class Accessibility;
+class AppleEvents;
 class ApplicationBundle;
 class DockPreferences;
 class EventTaps;
@@ -34,6 +35,7 @@ struct Desktop {
     LoginItems& loginItems;
     ApplicationBundle& applicationBundle;
     StatusBar& statusBar;
+    AppleEvents& appleEvents;
 };
 
 /// The installed desktop. Any thread; calling it with none installed ends the program.

@@ -88,6 +88,7 @@ public:
     virtual void terminate(std::int32_t pid) = 0;
     /// By application name or by executable.
     virtual bool launchApplication(const QString& name) = 0;
+    /// By its bundle or its executable; one that runs already comes forward.
     virtual bool launchApplicationAtURL(const QUrl& url, std::uint32_t options) = 0;
 
     /// Called on the main thread, in the order things happened. Main thread.

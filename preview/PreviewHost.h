@@ -19,7 +19,8 @@ class HotKeyCenter;
 class ScreenyView;
 struct EngineSettings;
 
-/// Media players and mail behind a preview's buttons. Main thread.
+/// Media players and mail behind a preview's buttons. Main thread. Of several players that run, it
+/// is always about the one whose window the preview shows.
 class PlayerControls
 {
 public:
@@ -28,9 +29,9 @@ public:
     virtual void setAppFlags(ScreenyView& preview,
                              const std::optional<platform::RunningApplication>& application) = 0;
     /// "playing", "stopped" or "unknown".
-    virtual QString playerState() = 0;
-    virtual std::optional<QString> currentTrack() = 0;
-    virtual QImage artwork() = 0; ///< null without one
+    virtual QString playerState(const ScreenyView& preview) = 0;
+    virtual std::optional<QString> currentTrack(const ScreenyView& preview) = 0;
+    virtual QImage artwork(const ScreenyView& preview) = 0; ///< null without one
     virtual void skipLeft(ScreenyView& preview) = 0;
     virtual void skipRight(ScreenyView& preview) = 0;
     virtual void play(ScreenyView& preview) = 0;

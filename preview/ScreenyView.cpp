@@ -11,6 +11,7 @@
 #include "preview/ImageButton.h"
 #include "preview/InterfaceFile.h"
 #include "preview/KeyLabel.h"
+#include "preview/NamedImage.h"
 #include "preview/PanelBackground.h"
 #include "preview/PictureButton.h"
 #include "preview/PictureView.h"
@@ -103,6 +104,11 @@ bool ScreenyView::loadWindow(const QString& interfaceFile)
 void ScreenyView::setElementRef(SWElementPtr element) { m_elementRef = std::move(element); }
 
 void ScreenyView::setImage(const QImage& image) { m_image->setImage(image); }
+
+void ScreenyView::setCapture(const QImage& capture)
+{
+    setImage(capture.isNull() && m_iTunes ? namedImage(u"noMusic"_qs) : capture);
+}
 
 QSize ScreenyView::pictureLimit() const { return m_zoomWindow ? QSize() : m_image->pixels(); }
 

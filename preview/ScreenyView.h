@@ -53,6 +53,9 @@ public:
     /// already costs nothing.
     void setImage(const QImage& image);
     const QImage& image() const;
+    /// Shows what was captured of the window; where there is nothing, a player shows a note
+    /// instead.
+    void setCapture(const QImage& capture);
     /// The size in pixels that pictures are reduced to; empty while the zoomed view shows the whole
     /// of them. Right once the panel has its frame.
     QSize pictureLimit() const;

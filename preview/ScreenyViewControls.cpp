@@ -144,7 +144,7 @@ void ScreenyView::placeButtons()
 void ScreenyView::showButtons()
 {
     if (m_iTunes) {
-        const QString state = m_host.playerControls().playerState();
+        const QString state = m_host.playerControls().playerState(*this);
         if (state == u"stopped")
             setPlayState(false);
         else if (state == u"playing")

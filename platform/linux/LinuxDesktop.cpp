@@ -19,6 +19,7 @@
 #include "platform/linux/docks/PlankDock.h"
 #include "platform/linux/docks/Struts.h"
 #include "platform/linux/docks/TooltipOrder.h"
+#include "platform/linux/media/LinuxAppleEvents.h"
 #include "platform/linux/session/AutostartItems.h"
 #include "platform/linux/session/ProgramBundle.h"
 #include "platform/linux/session/TrayWatcher.h"
@@ -84,6 +85,7 @@ public:
                            m_workspace, m_raiser, m_docks}),
           m_defaults(IniDefaults::defaultPath()), m_loginItems(AutostartItems::defaultFolder()),
           m_tray(runLoop, m_core->trays(), QDBusConnection::sessionBus()),
+          m_appleEvents(runLoop, QDBusConnection::sessionBus(), m_core->tracker(), m_registry),
           m_ownerPids(m_registry), m_ports{runLoop,
                                            m_accessibility,
                                            m_core->windowServer(),
@@ -95,7 +97,8 @@ public:
                                            m_core->keyboardLayout(),
                                            m_loginItems,
                                            m_bundle,
-                                           m_tray}
+                                           m_tray,
+                                           m_appleEvents}
     {
         m_core->windowServer().setOwnerPids(&m_ownerPids);
         for (x11::WindowListener* listener : std::initializer_list<x11::WindowListener*>{
@@ -153,6 +156,7 @@ private:
     AutostartItems m_loginItems;
     ProgramBundle m_bundle;
     TrayWatcher m_tray;
+    LinuxAppleEvents m_appleEvents;
     const RegistryOwnerPids m_ownerPids;
     const Desktop m_ports;
     QRect m_hint;

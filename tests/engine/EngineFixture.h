@@ -8,6 +8,7 @@
 #include "engine/SWObserver.h"
 #include "model/AXNames.h"
 #include "platform/InputState.h"
+#include "preview/MediaControls.h"
 #include "tests/support/DesktopFixture.h"
 
 namespace lumbrix::test
@@ -29,6 +30,7 @@ protected:
         Companions companions;
         companions.hotKeyCenter = m_hotKeys;
         companions.calendarPreview = m_calendar;
+        companions.playerControls = std::make_shared<MediaControls>();
         LXHandler::installCompanions(companions);
         EngineSettings& settings = engine().settings();
         settings.windowWidth = 200;

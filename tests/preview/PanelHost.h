@@ -54,9 +54,9 @@ private:
     }
     void toggleEventTap(bool) override {}
     void setAppFlags(ScreenyView&, const std::optional<platform::RunningApplication>&) override {}
-    QString playerState() override { return state; }
-    std::optional<QString> currentTrack() override { return std::nullopt; }
-    QImage artwork() override { return {}; }
+    QString playerState(const ScreenyView&) override { return state; }
+    std::optional<QString> currentTrack(const ScreenyView&) override { return std::nullopt; }
+    QImage artwork(const ScreenyView&) override { return {}; }
     void skipLeft(ScreenyView&) override { log += QStringLiteral("skipLeft"); }
     void skipRight(ScreenyView&) override { log += QStringLiteral("skipRight"); }
     void play(ScreenyView& preview) override

@@ -30,10 +30,7 @@ protected:
     void install(platform::Accessibility& accessibility, platform::WindowServer& windowServer)
     {
         m_scope.reset();
-        m_desktop.emplace(platform::Desktop{
-            loop, accessibility, windowServer, desk.inputState(), desk.workspace(),
-            desk.userDefaults(), desk.dockPreferences(), desk.eventTaps(), desk.keyboardLayout(),
-            desk.loginItems(), desk.applicationBundle(), desk.statusBar()});
+        m_desktop.emplace(desk.ports(accessibility, windowServer));
         m_scope.emplace(*m_desktop);
     }
 

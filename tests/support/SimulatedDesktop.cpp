@@ -20,11 +20,12 @@ SimulatedDesktop::SimulatedDesktop(platform::RunLoop& runLoop) : m_state(runLoop
         {QStringLiteral("Lumbrix"), QStringLiteral("org.example.Lumbrix"), 0, false});
 }
 
-platform::Desktop SimulatedDesktop::ports()
+platform::Desktop SimulatedDesktop::ports(platform::Accessibility& accessibility,
+                                          platform::WindowServer& windowServer)
 {
-    return {m_state.runLoop,  m_accessibility, m_windowServer,      m_inputState,
-            m_workspace,      m_userDefaults,  m_dockPreferences,   m_eventTaps,
-            m_keyboardLayout, m_loginItems,    m_applicationBundle, m_statusBar};
+    return {m_state.runLoop,     accessibility,     windowServer, m_inputState,     m_workspace,
+            m_userDefaults,      m_dockPreferences, m_eventTaps,  m_keyboardLayout, m_loginItems,
+            m_applicationBundle, m_statusBar,       m_appleEvents};
 }
 
 Pid SimulatedDesktop::addApplication(SimulatedApplication application)

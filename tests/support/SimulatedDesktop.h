@@ -8,6 +8,7 @@
 #include <functional>
 
 #include "platform/Desktop.h"
+#include "tests/support/SimulatedAppleEvents.h"
 #include "tests/support/SimulatedKeyboard.h"
 #include "tests/support/SimulatedPorts.h"
 #include "tests/support/SimulatedSession.h"
@@ -25,9 +26,13 @@ class SimulatedDesktop
 public:
     explicit SimulatedDesktop(platform::RunLoop& runLoop);
 
+    /// The whole set, to install.
+    platform::Desktop ports() { return ports(m_accessibility, m_windowServer); }
+    /// With others in the place of two of them.
+    platform::Desktop ports(platform::Accessibility& accessibility,
+                            platform::WindowServer& windowServer);
+
     // For the program.
-    /// All of them, and the run loop.
-    platform::Desktop ports();
     SimulatedAccessibility& accessibility() { return m_accessibility; }
     SimulatedWindowServer& windowServer() { return m_windowServer; }
     SimulatedInputState& inputState() { return m_inputState; }
@@ -39,6 +44,7 @@ public:
     SimulatedLoginItems& loginItems() { return m_loginItems; }
     SimulatedBundle& applicationBundle() { return m_applicationBundle; }
     SimulatedStatusBar& statusBar() { return m_statusBar; }
+    SimulatedAppleEvents& appleEvents() { return m_appleEvents; }
 
     // Applications.
     Pid addApplication(SimulatedApplication application);
@@ -105,6 +111,7 @@ private:
     SimulatedLoginItems m_loginItems;
     SimulatedBundle m_applicationBundle;
     SimulatedStatusBar m_statusBar;
+    SimulatedAppleEvents m_appleEvents{m_state.runLoop};
 };
 
 } // namespace lumbrix::test

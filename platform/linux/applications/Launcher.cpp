@@ -49,6 +49,11 @@ bool launchEntry(const DesktopEntry& entry)
 
 bool launchExecutable(const QString& program) { return start(program, {}, {}); }
 
+bool launchCommand(const QStringList& words)
+{
+    return !words.isEmpty() && start(words.first(), words.mid(1), {});
+}
+
 bool launchUrl(DesktopEntries& entries, const QUrl& url)
 {
     const QString path = url.toLocalFile();

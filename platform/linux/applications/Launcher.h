@@ -14,6 +14,8 @@ namespace lumbrix::platform
 /// Any thread; false when nothing could be started.
 bool launchEntry(const DesktopEntry& entry);
 bool launchExecutable(const QString& program);
+/// A program and its arguments.
+bool launchCommand(const QStringList& words);
 /// The URL of a desktop entry or of a program.
 bool launchUrl(DesktopEntries& entries, const QUrl& url);
 /// By the name that menus show, by entry id, or by program.

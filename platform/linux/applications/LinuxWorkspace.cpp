@@ -203,11 +203,20 @@ bool LinuxWorkspace::launchApplication(const QString& name)
 
 bool LinuxWorkspace::launchApplicationAtURL(const QUrl& url, std::uint32_t)
 {
+    const auto applications = m_registry.applications();
+    // Starting the program of one that runs would often start a second one, and for many a script
+    // only its interpreter.
+    for (const Application& application : applications) {
+        if (!url.isEmpty() && application.running.executableURL == url &&
+            !application.windows.empty()) {
+            m_raiser.activate(application.running.pid);
+            return true;
+        }
+    }
     if (launchUrl(m_entries, url)) {
         return true;
     }
     // A running application without a desktop entry goes by a made-up URL.
-    const auto applications = m_registry.applications();
     const auto it = std::ranges::find_if(applications, [&](const Application& application) {
         return application.running.bundleURL == url;
     });

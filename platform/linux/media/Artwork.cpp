@@ -1,0 +1,97 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include "platform/linux/media/Artwork.h"
+
+#include <QtCore/QBuffer>
+#include <QtCore/QFile>
+#include <QtCore/QUrl>
+#include <QtGui/QImageReader>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace lumbrix::platform
+{
+
+namespace
+{
+
+constexpr qint64 MostBytes = 8 * 1024 * 1024;
+constexpr qint64 MostPixels = 32 * 1024 * 1024;
+/// Twice what the largest preview shows of a square.
+constexpr int LargestSide = 640;
+
+// A pipe or a device would keep us waiting, and may have no end.
+QByteArray readPlainFile(const QString& path)
+{
+    const int descriptor =
+        ::open(QFile::encodeName(path).constData(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
+    if (descriptor < 0) {
+        return {};
+    }
+    QFile file;
+    struct stat status = {};
+    if (::fstat(descriptor, &status) != 0 || !S_ISREG(status.st_mode) ||
+        status.st_size > MostBytes ||
+        !file.open(descriptor, QIODevice::ReadOnly, QFileDevice::AutoCloseHandle)) {
+        ::close(descriptor);
+        return {};
+    }
+    return file.read(MostBytes);
+}
+
+QByteArray readDataUri(QStringView uri)
+{
+    const qsizetype comma = uri.indexOf(u',');
+    if (comma < 0 || uri.size() - comma > MostBytes / 3 * 4 + 4) {
+        return {};
+    }
+    const QByteArray body = uri.mid(comma + 1).toLatin1();
+    const bool isBase64 = uri.left(comma).endsWith(u";base64", Qt::CaseInsensitive);
+    return isBase64 ? QByteArray::fromBase64(QByteArray::fromPercentEncoding(body))
+                    : QByteArray::fromPercentEncoding(body);
+}
+
+QByteArray readUri(const QString& uri)
+{
+    if (uri.startsWith(u"data:", Qt::CaseInsensitive)) {
+        return readDataUri(QStringView(uri).mid(5));
+    }
+    const QUrl url(uri, QUrl::StrictMode);
+    return url.isLocalFile() && url.host().isEmpty() ? readPlainFile(url.toLocalFile())
+                                                     : QByteArray();
+}
+
+// Those that carry pixels only, and nothing that refers to other files.
+bool isPlainFormat(const QByteArray& format)
+{
+    return QList<QByteArray>{"png", "jpeg", "jpg", "gif", "bmp", "webp"}.contains(format);
+}
+
+} // namespace
+
+QImage loadArtwork(const QString& uri)
+{
+    QByteArray bytes = readUri(uri);
+    if (bytes.isEmpty()) {
+        return {};
+    }
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::ReadOnly);
+    QImageReader reader(&buffer);
+    reader.setAutoTransform(true);
+    const QSize size = reader.size();
+    if (!isPlainFormat(reader.format()) || size.isEmpty() ||
+        qint64(size.width()) * size.height() > MostPixels) {
+        return {};
+    }
+    const QSize largest(LargestSide, LargestSide);
+    if (size.width() > LargestSide || size.height() > LargestSide) {
+        reader.setScaledSize(size.scaled(largest, Qt::KeepAspectRatio).expandedTo({1, 1}));
+    }
+    return reader.read();
+}
+
+} // namespace lumbrix::platform

@@ -1,0 +1,252 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include "platform/linux/media/LinuxAppleEvents.h"
+
+#include <QtDBus/QDBusMessage>
+
+#include <algorithm>
+
+#include "platform/linux/applications/Launcher.h"
+#include "platform/linux/media/MailWays.h"
+
+namespace lumbrix::platform
+{
+
+namespace
+{
+
+constexpr int PatienceMilliseconds = 200;
+
+struct Name {
+    const char* name;
+    ApplicationRole role;
+};
+
+constexpr Name names[] = {
+    {"iTunes", ApplicationRole::MusicPlayer},
+    {"QuickTime Player", ApplicationRole::MoviePlayer},
+    {"VLC", ApplicationRole::VLC},
+    {"Mail", ApplicationRole::Mail},
+};
+
+ApplicationRole roleOfName(const QString& name)
+{
+    const auto* row = std::ranges::find_if(
+        names, [&](const Name& each) { return name == QLatin1String(each.name); });
+    return row == std::end(names) ? ApplicationRole::Other : row->role;
+}
+
+struct Command {
+    ApplicationRole role;
+    FourCharCode eventClass;
+    FourCharCode eventID;
+    const char* method; ///< of a player
+};
+
+constexpr Command commands[] = {
+    {ApplicationRole::MusicPlayer, fourCharCode("hook"), fourCharCode("Play"), "Play"},
+    {ApplicationRole::MusicPlayer, fourCharCode("hook"), fourCharCode("Paus"), "Pause"},
+    {ApplicationRole::MusicPlayer, fourCharCode("hook"), fourCharCode("Prev"), "Previous"},
+    {ApplicationRole::MusicPlayer, fourCharCode("hook"), fourCharCode("Next"), "Next"},
+    {ApplicationRole::VLC, fourCharCode("VLC#"), fourCharCode("VLC1"), "PlayPause"},
+    {ApplicationRole::VLC, fourCharCode("VLC#"), fourCharCode("VLC3"), "Previous"},
+    {ApplicationRole::VLC, fourCharCode("VLC#"), fourCharCode("VLC4"), "Next"},
+    {ApplicationRole::MoviePlayer, fourCharCode("MVWR"), fourCharCode("play"), "Play"},
+    {ApplicationRole::MoviePlayer, fourCharCode("MVWR"), fourCharCode("paus"), "Pause"},
+};
+
+AppleEventReply failure(AppleEventError error) { return {error, {}}; }
+
+AppleEventReply answer(AppleEventValue value) { return {AppleEventError::None, std::move(value)}; }
+
+AppleEventReply stateOf(const MprisProperties& properties)
+{
+    switch (properties.playback) {
+    case Playback::Playing:
+        return answer(fourCharCode("kPSP"));
+    case Playback::Paused:
+        return answer(fourCharCode("kPSp"));
+    case Playback::Stopped:
+        return answer(fourCharCode("kPSS"));
+    case Playback::Unknown:
+        break;
+    }
+    return failure(AppleEventError::NotRunning);
+}
+
+/// `rest` is the way on from the current track.
+AppleEventReply ofTrack(const MediaPlayer& player, const ObjectSpecifier& object)
+{
+    const auto& steps = object.steps;
+    if (steps.size() < 2) {
+        return failure(AppleEventError::NotHandled);
+    }
+    const MprisProperties& track = player.properties;
+    switch (steps[1].code) {
+    case fourCharCode("pArt"):
+        return answer(track.artist);
+    case fourCharCode("pnam"):
+        return answer(track.name);
+    case fourCharCode("cArt"):
+        break;
+    default:
+        return failure(AppleEventError::NotHandled);
+    }
+    // A player tells of one artwork.
+    if (steps[1].kind == ObjectSpecifier::Step::Kind::Elements) {
+        std::vector<ObjectSpecifier> artworks;
+        if (!player.artwork.isNull()) {
+            artworks.push_back(object);
+            artworks.back().steps[1] = {ObjectSpecifier::Step::Kind::Element, fourCharCode("cArt"),
+                                        1};
+        }
+        return answer(std::move(artworks));
+    }
+    if (steps[1].index != 1 || player.artwork.isNull()) {
+        return failure(AppleEventError::NoSuchObject);
+    }
+    return steps.size() == 3 && steps[2].code == fourCharCode("pPCT")
+               ? answer(player.artwork)
+               : failure(AppleEventError::NotHandled);
+}
+
+/// A player shows one document.
+AppleEventReply ofDocument(const MediaPlayer& player, const ObjectSpecifier& object)
+{
+    const auto& steps = object.steps;
+    if (steps[0].index != 1 || player.properties.playback == Playback::Unknown) {
+        return failure(AppleEventError::NoSuchObject);
+    }
+    return steps.size() == 2 && steps[1].code == fourCharCode("play")
+               ? answer(player.properties.playback == Playback::Playing)
+               : failure(AppleEventError::NotHandled);
+}
+
+} // namespace
+
+LinuxAppleEvents::LinuxAppleEvents(RunLoop& runLoop, const QDBusConnection& bus,
+                                   x11::WindowTracker& tracker, ApplicationRegistry& registry)
+    : m_bus(bus), m_tracker(tracker), m_registry(registry), m_players(runLoop, bus)
+{
+    m_players.start();
+}
+
+std::int64_t LinuxAppleEvents::pidOf(xcb_window_t window) const
+{
+    const x11::TrackedWindowPtr tracked = m_tracker.window(window);
+    return tracked && tracked->pid ? *tracked->pid : 0;
+}
+
+MediaPlayerWanted LinuxAppleEvents::wantedBy(const AppleEventTarget& target)
+{
+    MediaPlayerWanted wanted;
+    wanted.role = roleOfName(target.name);
+    if (target.pid == 0) {
+        wanted.any = true;
+        return wanted;
+    }
+    const auto application = m_registry.application(target.pid);
+    if (!application) {
+        return wanted;
+    }
+    wanted.bundleIdentifier = application->running.bundleIdentifier;
+    const auto& windows = application->windows;
+    const bool isItsWindow = std::ranges::find(windows, target.window) != windows.end();
+    const xcb_window_t window =
+        isItsWindow ? target.window : (windows.empty() ? XCB_NONE : windows.front());
+    if (const std::int64_t pid = pidOf(window); pid != 0) {
+        wanted.windowPid = pid;
+    }
+    for (const xcb_window_t other : windows) {
+        if (const std::int64_t pid = pidOf(other); pid != 0 && pid != wanted.windowPid) {
+            wanted.otherPids.push_back(pid);
+        }
+    }
+    return wanted;
+}
+
+std::optional<MediaPlayer> LinuxAppleEvents::playerFor(const AppleEventTarget& target)
+{
+    const std::vector<MediaPlayer> players = m_players.players();
+    const MediaPlayer* player = chooseMediaPlayer(players, wantedBy(target));
+    if (player == nullptr) {
+        return std::nullopt;
+    }
+    m_players.look(player->owner);
+    return player->answers ? std::optional(*player) : std::nullopt;
+}
+
+AppleEventReply LinuxAppleEvents::getItem(const AppleEventTarget& target,
+                                          const ObjectSpecifier& object)
+{
+    if (object.steps.empty()) {
+        return failure(AppleEventError::NotHandled);
+    }
+    const auto player = playerFor(target);
+    if (!player) {
+        return failure(AppleEventError::NotRunning);
+    }
+    const FourCharCode first = object.steps.front().code;
+    if (player->role == ApplicationRole::MusicPlayer && first == fourCharCode("pPlS")) {
+        return stateOf(player->properties);
+    }
+    if (player->role == ApplicationRole::MusicPlayer && first == fourCharCode("pTrk")) {
+        return ofTrack(*player, object);
+    }
+    if (player->role == ApplicationRole::MoviePlayer && first == fourCharCode("docu")) {
+        return ofDocument(*player, object);
+    }
+    return failure(AppleEventError::NotHandled);
+}
+
+AppleEventReply LinuxAppleEvents::send(const AppleEventTarget& target, FourCharCode eventClass,
+                                       FourCharCode eventID, const ObjectSpecifier&)
+{
+    const ApplicationRole role = roleOfName(target.name);
+    if (role == ApplicationRole::Mail && eventClass == fourCharCode("emal") &&
+        eventID == fourCharCode("chma")) {
+        return checkForNewMail(target);
+    }
+    const auto* command = std::ranges::find_if(commands, [&](const Command& each) {
+        return each.role == role && each.eventClass == eventClass && each.eventID == eventID;
+    });
+    if (command == std::end(commands)) {
+        return failure(AppleEventError::NotHandled);
+    }
+    const auto player = playerFor(target);
+    if (!player) {
+        return failure(AppleEventError::NotRunning);
+    }
+    const QDBusMessage call = QDBusMessage::createMethodCall(
+        player->owner, QStringLiteral("/org/mpris/MediaPlayer2"),
+        QStringLiteral("org.mpris.MediaPlayer2.Player"), QString::fromLatin1(command->method));
+    const QDBusMessage reply = m_bus.call(call, QDBus::Block, PatienceMilliseconds);
+    return reply.type() == QDBusMessage::ReplyMessage ? answer({})
+                                                      : failure(AppleEventError::NotRunning);
+}
+
+AppleEventReply LinuxAppleEvents::checkForNewMail(const AppleEventTarget& target)
+{
+    std::optional<Application> application;
+    for (Application& running : m_registry.applications()) {
+        const bool isMeant = target.pid == 0 ? running.running.role == ApplicationRole::Mail
+                                             : running.running.pid == target.pid;
+        if (isMeant && !application) {
+            application = std::move(running);
+        }
+    }
+    if (!application) {
+        return failure(AppleEventError::NotRunning);
+    }
+    QStringList command = fetchMailCommand(application->running.bundleIdentifier);
+    if (command.isEmpty()) {
+        command = fetchMailCommand(application->running.executableURL.fileName());
+    }
+    if (command.isEmpty()) {
+        return failure(AppleEventError::NotHandled);
+    }
+    return launchCommand(command) ? answer({}) : failure(AppleEventError::NotRunning);
+}
+
+} // namespace lumbrix::platform

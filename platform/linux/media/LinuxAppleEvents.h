@@ -1,0 +1,46 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// The event codes of four applications, spoken to the players and mail programs of this desktop.
+#pragma once
+
+#include <QtDBus/QDBusConnection>
+
+#include <optional>
+
+#include "platform/AppleEvents.h"
+#include "platform/linux/applications/ApplicationRegistry.h"
+#include "platform/linux/media/MprisPlayers.h"
+
+namespace lumbrix::platform
+{
+
+/// "iTunes", "VLC", "QuickTime Player" and "Mail" stand for the programs of those roles. Questions
+/// are answered at once with what the players have announced; the one that is asked is looked at
+/// anew, so that one that has stopped answering is found out before the next question. Commands
+/// wait for their reply.
+class LinuxAppleEvents final : public AppleEvents
+{
+public:
+    /// Main thread.
+    LinuxAppleEvents(RunLoop& runLoop, const QDBusConnection& bus, x11::WindowTracker& tracker,
+                     ApplicationRegistry& registry);
+
+    AppleEventReply send(const AppleEventTarget& target, FourCharCode eventClass,
+                         FourCharCode eventID, const ObjectSpecifier& direct) override;
+    AppleEventReply getItem(const AppleEventTarget& target, const ObjectSpecifier& object) override;
+
+private:
+    MediaPlayerWanted wantedBy(const AppleEventTarget& target);
+    /// The player that is meant; none when none runs or it does not answer.
+    std::optional<MediaPlayer> playerFor(const AppleEventTarget& target);
+    std::int64_t pidOf(xcb_window_t window) const;
+    AppleEventReply checkForNewMail(const AppleEventTarget& target);
+
+    QDBusConnection m_bus;
+    x11::WindowTracker& m_tracker;
+    ApplicationRegistry& m_registry;
+    MprisPlayers m_players;
+};
+
+} // namespace lumbrix::platform

@@ -1,0 +1,52 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// A media player on the message bus, and which of several is meant.
+#pragma once
+
+#include <QtCore/QString>
+#include <QtGui/QImage>
+
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+#include "platform/Workspace.h"
+#include "platform/linux/media/MprisProperties.h"
+
+namespace lumbrix::platform
+{
+
+/// A snapshot.
+struct MediaPlayer {
+    QString owner;        ///< its connection's unique name
+    QString shortName;    ///< its bus name without what all have in common: "vlc.instance42"
+    QString desktopEntry; ///< as it says itself; empty where it does not
+    std::int64_t pid = 0; ///< 0 = not known
+    ApplicationRole role = ApplicationRole::Other;
+    bool answers = false; ///< to the last question, in time
+    MprisProperties properties;
+    QImage artwork; ///< of a music player's track; null without one
+};
+
+/// The application whose player is looked for.
+struct MediaPlayerWanted {
+    ApplicationRole role = ApplicationRole::Other;
+    /// Whichever plays, else whichever there is; the rest does not count then.
+    bool any = false;
+    std::optional<std::int64_t> windowPid; ///< of the process whose window is looked at
+    std::vector<std::int64_t> otherPids;   ///< of the application's other windows
+    QString bundleIdentifier;
+};
+
+/// The player of the process whose window it is; else one of the application that no other of its
+/// windows' processes owns, which happens where a player runs in a sandbox or by a helper. Null
+/// when there is none. Those that do not answer are chosen like any other.
+const MediaPlayer* chooseMediaPlayer(const std::vector<MediaPlayer>& players,
+                                     const MediaPlayerWanted& wanted);
+
+/// The role of a player by its bus name; some end in a number of the instance, and some are the
+/// whole of an application's id.
+ApplicationRole roleOfMediaPlayer(const QString& shortName);
+
+} // namespace lumbrix::platform

@@ -1,0 +1,362 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include "platform/linux/media/MprisPlayers.h"
+
+#include <QtCore/QCryptographicHash>
+#include <QtDBus/QDBusArgument>
+#include <QtDBus/QDBusPendingCallWatcher>
+#include <QtDBus/QDBusServiceWatcher>
+
+#include <algorithm>
+
+#include "platform/linux/applications/ApplicationRoles.h"
+#include "platform/linux/media/Artwork.h"
+
+namespace lumbrix::platform
+{
+
+namespace
+{
+
+const QString& prefix()
+{
+    static const QString text = QStringLiteral("org.mpris.MediaPlayer2.");
+    return text;
+}
+
+const QString& path()
+{
+    static const QString text = QStringLiteral("/org/mpris/MediaPlayer2");
+    return text;
+}
+
+const QString& rootInterface()
+{
+    static const QString text = QStringLiteral("org.mpris.MediaPlayer2");
+    return text;
+}
+
+const QString& playerInterface()
+{
+    static const QString text = QStringLiteral("org.mpris.MediaPlayer2.Player");
+    return text;
+}
+
+const QString& propertiesInterface()
+{
+    static const QString text = QStringLiteral("org.freedesktop.DBus.Properties");
+    return text;
+}
+
+/// Who is slower counts as not running.
+constexpr int PatienceMilliseconds = 200;
+/// What does not change is asked once, and of players that are just starting up.
+constexpr int LongPatienceMilliseconds = 5000;
+/// A preview looks several times at once, and again on every update.
+constexpr Seconds ShortestInterval = 0.3;
+
+QDBusMessage daemonCall(const QString& method)
+{
+    return QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.DBus"),
+                                          QStringLiteral("/org/freedesktop/DBus"),
+                                          QStringLiteral("org.freedesktop.DBus"), method);
+}
+
+QDBusMessage getAll(const QString& owner, const QString& interface)
+{
+    QDBusMessage message = QDBusMessage::createMethodCall(owner, path(), propertiesInterface(),
+                                                          QStringLiteral("GetAll"));
+    message << interface;
+    return message;
+}
+
+bool isAnswer(const QDBusMessage& reply, const char* signature)
+{
+    return reply.type() == QDBusMessage::ReplyMessage &&
+           reply.signature() == QLatin1String(signature);
+}
+
+QVariantMap mapOf(const QVariant& argument) { return qdbus_cast<QVariantMap>(argument); }
+
+} // namespace
+
+MprisPlayers::MprisPlayers(RunLoop& runLoop, const QDBusConnection& bus)
+    : m_runLoop(runLoop), m_bus(bus)
+{
+}
+
+MprisPlayers::~MprisPlayers() = default;
+
+void MprisPlayers::start()
+{
+    if (!m_bus.isConnected()) {
+        return;
+    }
+    auto* watcher = new QDBusServiceWatcher(prefix().chopped(1) + u'*', m_bus,
+                                            QDBusServiceWatcher::WatchForOwnerChange, this);
+    connect(watcher, &QDBusServiceWatcher::serviceOwnerChanged, this,
+            [this](const QString& name, const QString&, const QString& owner) {
+                ownerChanged(name, owner);
+            });
+    call(nullptr, daemonCall(QStringLiteral("ListNames")), LongPatienceMilliseconds,
+         [this](Player&, const QDBusMessage& reply) {
+             if (!isAnswer(reply, "as")) {
+                 return;
+             }
+             for (const QString& name : reply.arguments().constFirst().toStringList()) {
+                 if (!name.startsWith(prefix())) {
+                     continue;
+                 }
+                 QDBusMessage question = daemonCall(QStringLiteral("GetNameOwner"));
+                 question << name;
+                 call(nullptr, question, LongPatienceMilliseconds,
+                      [this, name](Player&, const QDBusMessage& owner) {
+                          if (isAnswer(owner, "s") && !m_players.contains(name)) {
+                              meet(name, owner.arguments().constFirst().toString());
+                          }
+                      });
+             }
+         });
+}
+
+// The answer comes only while the player that it is about is still there; without a player it is
+// about the bus.
+void MprisPlayers::call(const PlayerPtr& player, const QDBusMessage& message, int milliseconds,
+                        Answer answer)
+{
+    auto* watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(message, milliseconds), this);
+    connect(watcher, &QDBusPendingCallWatcher::finished, this,
+            [weak = std::weak_ptr(player), isAboutBus = !player,
+             answer = std::move(answer)](QDBusPendingCallWatcher* finished) {
+                finished->deleteLater();
+                if (const PlayerPtr about = isAboutBus ? std::make_shared<Player>() : weak.lock()) {
+                    answer(*about, finished->reply());
+                }
+            });
+}
+
+void MprisPlayers::ownerChanged(const QString& name, const QString& owner)
+{
+    forget(name);
+    if (!owner.isEmpty()) {
+        meet(name, owner);
+    }
+}
+
+void MprisPlayers::forget(const QString& name)
+{
+    const auto it = m_players.find(name);
+    if (it == m_players.end()) {
+        return;
+    }
+    const PlayerPtr gone = it->second;
+    m_players.erase(it);
+    // A player may have two names.
+    if (gone->isFollowed && !playerOf(gone->known.owner)) {
+        m_bus.disconnect(gone->known.owner, path(), propertiesInterface(),
+                         QStringLiteral("PropertiesChanged"), this,
+                         SLOT(propertiesChanged(QDBusMessage)));
+    }
+    publish();
+}
+
+void MprisPlayers::meet(const QString& name, const QString& owner)
+{
+    const auto player = std::make_shared<Player>();
+    player->known.owner = owner;
+    player->known.shortName = name.mid(prefix().size());
+    player->known.role = roleOfMediaPlayer(player->known.shortName);
+    m_players.emplace(name, player);
+    QDBusMessage process = daemonCall(QStringLiteral("GetConnectionUnixProcessID"));
+    process << owner;
+    call(player, process, LongPatienceMilliseconds,
+         [this](Player& about, const QDBusMessage& reply) {
+             if (isAnswer(reply, "u")) {
+                 about.known.pid = reply.arguments().constFirst().toUInt();
+                 publish();
+             }
+         });
+    if (player->known.role != ApplicationRole::Other) {
+        follow(*player);
+        ask(player);
+    }
+    call(player, getAll(owner, rootInterface()), LongPatienceMilliseconds,
+         [this, name](Player& about, const QDBusMessage& reply) {
+             const QVariant entry =
+                 isAnswer(reply, "a{sv}")
+                     ? mapOf(reply.arguments().constFirst()).value(QStringLiteral("DesktopEntry"))
+                     : QVariant();
+             if (entry.typeId() == QMetaType::QString) {
+                 about.known.desktopEntry = entry.toString().left(200);
+             }
+             if (about.known.role == ApplicationRole::Other) {
+                 about.known.role = roleOfApplicationId(about.known.desktopEntry);
+                 if (about.known.role == ApplicationRole::Other) {
+                     forget(name);
+                     return;
+                 }
+                 follow(about);
+                 look(about.known.owner);
+             }
+             publish();
+         });
+}
+
+void MprisPlayers::follow(Player& player)
+{
+    const bool isFollowed = std::ranges::any_of(m_players, [&](const auto& entry) {
+        return entry.second->known.owner == player.known.owner && entry.second->isFollowed;
+    });
+    player.isFollowed = true;
+    if (!isFollowed) {
+        m_bus.connect(player.known.owner, path(), propertiesInterface(),
+                      QStringLiteral("PropertiesChanged"), {playerInterface()},
+                      QStringLiteral("sa{sv}as"), this, SLOT(propertiesChanged(QDBusMessage)));
+    }
+}
+
+MprisPlayers::PlayerPtr MprisPlayers::playerOf(const QString& owner) const
+{
+    const auto it = std::ranges::find_if(
+        m_players, [&](const auto& entry) { return entry.second->known.owner == owner; });
+    return it == m_players.end() ? nullptr : it->second;
+}
+
+void MprisPlayers::propertiesChanged(const QDBusMessage& message)
+{
+    const QVariantList arguments = message.arguments();
+    for (const auto& entry : std::map(m_players)) {
+        const PlayerPtr& player = entry.second;
+        if (player->known.owner != message.service() || arguments.size() != 3) {
+            continue;
+        }
+        MprisProperties properties = player->known.properties;
+        applyMprisProperties(mapOf(arguments[1]), properties);
+        update(*player, properties, player->known.answers);
+        // What has changed without being told, and a player that has come to itself.
+        if (!arguments[2].toStringList().isEmpty() || !player->known.answers) {
+            ask(player);
+        }
+    }
+}
+
+void MprisPlayers::look(const QString& owner)
+{
+    m_runLoop.performOnMainThread(
+        [this, owner, alive = std::weak_ptr(m_alive)] {
+            if (alive.expired()) {
+                return;
+            }
+            const PlayerPtr player = playerOf(owner);
+            if (player && m_runLoop.now() - player->askedAt >= ShortestInterval) {
+                ask(player);
+            }
+        },
+        false);
+}
+
+void MprisPlayers::ask(const PlayerPtr& player)
+{
+    if (player->isAsked) {
+        return;
+    }
+    player->isAsked = true;
+    player->askedAt = m_runLoop.now();
+    call(player, getAll(player->known.owner, playerInterface()), PatienceMilliseconds,
+         [this](Player& about, const QDBusMessage& reply) {
+             about.isAsked = false;
+             MprisProperties properties;
+             const bool answers = isAnswer(reply, "a{sv}");
+             if (answers) {
+                 applyMprisProperties(mapOf(reply.arguments().constFirst()), properties);
+             }
+             update(about, properties, answers);
+         });
+}
+
+void MprisPlayers::update(Player& player, const MprisProperties& properties, bool answers)
+{
+    player.known.properties = properties;
+    player.known.answers = answers;
+    updateArtwork(player);
+    publish();
+}
+
+// The artwork of the track before stays until that of the new one is there, so that the preview
+// does not show something else for a moment.
+void MprisPlayers::updateArtwork(Player& player)
+{
+    const MprisProperties& track = player.known.properties;
+    if (player.known.role != ApplicationRole::MusicPlayer || track.artUrl.isEmpty()) {
+        player.artworkKey.clear();
+        player.known.artwork = {};
+        return;
+    }
+    if (!player.isLoading) {
+        loadArtworkOf(player);
+    }
+}
+
+void MprisPlayers::loadArtworkOf(Player& player)
+{
+    // Some players write every picture to the same file.
+    const MprisProperties& track = player.known.properties;
+    QCryptographicHash hash(QCryptographicHash::Sha1);
+    for (const QString& text : {track.artUrl, track.artist, track.name}) {
+        hash.addData(text.toUtf8());
+    }
+    const QByteArray key = hash.result();
+    if (key == player.artworkKey) {
+        return;
+    }
+    player.artworkKey = key;
+    player.isLoading = true;
+    RunLoop& runLoop = m_runLoop;
+    m_runLoop.detachThread("artwork",
+                           [this, &runLoop, key, uri = track.artUrl, owner = player.known.owner,
+                            alive = std::weak_ptr(m_alive)](const Thread&) {
+                               runLoop.performOnMainThread(
+                                   [this, key, owner, alive, picture = loadArtwork(uri)] {
+                                       if (!alive.expired()) {
+                                           setArtwork(owner, key, picture);
+                                       }
+                                   },
+                                   false);
+                           });
+}
+
+void MprisPlayers::setArtwork(const QString& owner, const QByteArray& key, const QImage& picture)
+{
+    for (const auto& [name, player] : m_players) {
+        if (player->known.owner != owner || !player->isLoading) {
+            continue;
+        }
+        player->isLoading = false;
+        if (player->artworkKey == key) {
+            player->known.artwork = picture;
+        }
+        updateArtwork(*player); // the track may have changed meanwhile
+    }
+    publish();
+}
+
+std::vector<MediaPlayer> MprisPlayers::players() const
+{
+    const std::lock_guard lock(m_mutex);
+    return m_published;
+}
+
+void MprisPlayers::publish()
+{
+    std::vector<MediaPlayer> players;
+    for (const auto& [name, player] : m_players) {
+        if (player->known.role != ApplicationRole::Other) {
+            players.push_back(player->known);
+        }
+    }
+    const std::lock_guard lock(m_mutex);
+    m_published = std::move(players);
+}
+
+} // namespace lumbrix::platform

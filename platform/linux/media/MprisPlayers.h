@@ -1,0 +1,80 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// The media players on the message bus and what they play, known before anybody asks.
+#pragma once
+
+#include <QtCore/QObject>
+#include <QtDBus/QDBusConnection>
+#include <QtDBus/QDBusMessage>
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <mutex>
+#include <vector>
+
+#include "platform/RunLoop.h"
+#include "platform/linux/media/MediaPlayer.h"
+
+namespace lumbrix::platform
+{
+
+/// Main thread unless said otherwise. Follows the players that the table of roles knows by their
+/// own announcements, and never waits for one. A player that does not answer a question within
+/// 0.2 s, or answers nonsense, is kept as one that does not answer until it does.
+class MprisPlayers final : public QObject
+{
+    Q_OBJECT
+
+public:
+    MprisPlayers(RunLoop& runLoop, const QDBusConnection& bus);
+    ~MprisPlayers() override;
+
+    void start();
+
+    /// Any thread.
+    std::vector<MediaPlayer> players() const;
+    /// Has the player with this owner say anew what it plays, as somebody looks at it:
+    /// announcements get lost, and it may have stopped answering. Any thread; returns at once.
+    void look(const QString& owner);
+
+private Q_SLOTS:
+    void propertiesChanged(const QDBusMessage& message);
+
+private:
+    struct Player {
+        MediaPlayer known;
+        bool isFollowed = false;
+        bool isAsked = false;
+        Seconds askedAt = 0.0;
+        QByteArray artworkKey; ///< of the track whose artwork is known or being loaded
+        bool isLoading = false;
+    };
+    using PlayerPtr = std::shared_ptr<Player>;
+    using Answer = std::function<void(Player&, const QDBusMessage&)>;
+
+    void ownerChanged(const QString& name, const QString& owner);
+    void meet(const QString& name, const QString& owner);
+    void forget(const QString& name);
+    void follow(Player& player);
+    void ask(const PlayerPtr& player);
+    void update(Player& player, const MprisProperties& properties, bool answers);
+    void updateArtwork(Player& player);
+    void loadArtworkOf(Player& player);
+    void setArtwork(const QString& owner, const QByteArray& key, const QImage& picture);
+    PlayerPtr playerOf(const QString& owner) const;
+    void call(const PlayerPtr& player, const QDBusMessage& message, int milliseconds,
+              Answer answer);
+    void publish();
+
+    RunLoop& m_runLoop;
+    QDBusConnection m_bus;
+    std::map<QString, PlayerPtr> m_players; ///< by bus name; those without a role are let go
+    const std::shared_ptr<int> m_alive = std::make_shared<int>();
+
+    mutable std::mutex m_mutex;
+    std::vector<MediaPlayer> m_published; // guarded by m_mutex
+};
+
+} // namespace lumbrix::platform

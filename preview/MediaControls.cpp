@@ -1,0 +1,130 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include "preview/MediaControls.h"
+
+#include "model/AXRead.h"
+#include "model/BundleIdentifiers.h"
+#include "preview/ScreenyView.h"
+#include "scripting/SWScript.h"
+
+namespace lumbrix
+{
+namespace
+{
+
+using platform::ApplicationRole;
+
+const SWScript& script() { return SWScript::sharedScript(); }
+
+/// Several players may run; the one meant is the one whose window is previewed.
+ScriptingWindow windowOf(const ScreenyView& preview)
+{
+    const SWElementPtr& element = preview.elementRef();
+    return element ? ScriptingWindow{element->pid(), element->wid()} : ScriptingWindow();
+}
+
+/// iTunes' main window has the application's name for its title. Other players put the track there;
+/// theirs are told from their dialogs and palettes.
+bool isMainWindowOfMusicPlayer(const ScreenyView& preview,
+                               const platform::RunningApplication& application)
+{
+    if (application.bundleIdentifier == BundleIdentifier::ITunes)
+        return preview.titleString() == u"iTunes";
+    return application.role == ApplicationRole::MusicPlayer && preview.elementRef() &&
+           AX::equals(preview.elementRef()->element(), AX::Subrole, AX::StandardWindow);
+}
+
+void showTrack(ScreenyView& preview)
+{
+    if (const auto track = script().getCurrentTrack(windowOf(preview)))
+        preview.setTitleString(*track);
+}
+
+} // namespace
+
+void MediaControls::setAppFlags(ScreenyView& preview,
+                                const std::optional<platform::RunningApplication>& application)
+{
+    if (!application)
+        return;
+    const QString& identifier = application->bundleIdentifier;
+    const ApplicationRole role = application->role;
+    if (isMainWindowOfMusicPlayer(preview, *application)) {
+        preview.setITunes(true);
+        showTrack(preview);
+        if (const QImage picture = artwork(preview); !picture.isNull())
+            preview.setImage(picture);
+    } else if (identifier == BundleIdentifier::Mail || role == ApplicationRole::Mail) {
+        preview.setMail(true);
+    } else if (identifier == BundleIdentifier::QuickTimePlayer ||
+               role == ApplicationRole::MoviePlayer) {
+        preview.setQuickTime(true);
+    } else if (identifier == BundleIdentifier::VLC || role == ApplicationRole::VLC) {
+        preview.setVLC(true);
+    }
+}
+
+QString MediaControls::playerState(const ScreenyView& preview)
+{
+    return script().getPlayerState(windowOf(preview));
+}
+
+std::optional<QString> MediaControls::currentTrack(const ScreenyView& preview)
+{
+    return script().getCurrentTrack(windowOf(preview));
+}
+
+QImage MediaControls::artwork(const ScreenyView& preview)
+{
+    return script().getCurrentArtwork(windowOf(preview));
+}
+
+// The title is read at once, while the skip is still under way, so it may be that of the track
+// before; the next update of the preview corrects it.
+void MediaControls::skipLeft(ScreenyView& preview)
+{
+    if (preview.iTunes()) {
+        script().skipLeft(QStringLiteral("iTunes"), windowOf(preview));
+        showTrack(preview);
+    } else if (preview.VLC()) {
+        script().skipLeft(QStringLiteral("VLC"), windowOf(preview));
+    }
+}
+
+void MediaControls::skipRight(ScreenyView& preview)
+{
+    if (preview.iTunes()) {
+        script().skipRight(QStringLiteral("iTunes"), windowOf(preview));
+        showTrack(preview);
+    } else if (preview.VLC()) {
+        script().skipRight(QStringLiteral("VLC"), windowOf(preview));
+    }
+}
+
+void MediaControls::play(ScreenyView& preview)
+{
+    if (!preview.iTunes())
+        return;
+    if (preview.isPlaying())
+        script().pauseITunes(windowOf(preview));
+    else
+        script().playITunes(windowOf(preview));
+    preview.setPlayState(!preview.isPlaying());
+}
+
+void MediaControls::getMail(ScreenyView& preview)
+{
+    if (preview.Mail())
+        script().getMail(windowOf(preview));
+}
+
+void MediaControls::playPause(ScreenyView& preview)
+{
+    if (preview.VLC())
+        script().playPause(QStringLiteral("VLC"), windowOf(preview));
+    else if (preview.QuickTime())
+        script().playPause(QStringLiteral("QuickTime"), windowOf(preview));
+}
+
+} // namespace lumbrix

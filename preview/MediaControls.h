@@ -1,0 +1,28 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// The controls of previews of media players and mail, on the scripting layer.
+#pragma once
+
+#include "preview/PreviewHost.h"
+
+namespace lumbrix
+{
+
+class MediaControls final : public PlayerControls
+{
+public:
+    void setAppFlags(ScreenyView& preview,
+                     const std::optional<platform::RunningApplication>& application) override;
+    QString playerState(const ScreenyView& preview) override;
+    std::optional<QString> currentTrack(const ScreenyView& preview) override;
+    QImage artwork(const ScreenyView& preview) override;
+    void skipLeft(ScreenyView& preview) override;
+    void skipRight(ScreenyView& preview) override;
+    /// Play while it is stopped, pause while it plays.
+    void play(ScreenyView& preview) override;
+    void getMail(ScreenyView& preview) override;
+    void playPause(ScreenyView& preview) override;
+};
+
+} // namespace lumbrix

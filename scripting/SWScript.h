@@ -1,0 +1,51 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// Media players and mail, driven without bringing them forward.
+#pragma once
+
+#include <QtCore/QString>
+#include <QtGui/QImage>
+
+#include <functional>
+#include <optional>
+
+#include "scripting/Applications.h"
+
+namespace lumbrix
+{
+
+/// Any thread. Questions wait for the answer, at most 0.2 s each. Commands that are given on the
+/// main thread are sent from a thread of their own; elsewhere they wait for the reply. A player
+/// that does not run or answer leaves the answers empty and the commands without effect.
+class SWScript
+{
+public:
+    static SWScript& sharedScript();
+
+    /// Artist and name of iTunes' current track, joined by " - "; either alone where the other is
+    /// empty, none where both are.
+    std::optional<QString> getCurrentTrack(const ScriptingWindow& window = {}) const;
+    /// The first artwork of iTunes' current track that has a picture; null without one.
+    QImage getCurrentArtwork(const ScriptingWindow& window = {}) const;
+    /// "playing", "stopped" (also while paused) or "unknown".
+    QString getPlayerState(const ScriptingWindow& window = {}) const;
+
+    void playITunes(const ScriptingWindow& window = {}) const;
+    void pauseITunes(const ScriptingWindow& window = {}) const;
+    /// The previous track of "iTunes" or "VLC"; nothing for another name.
+    void skipLeft(const QString& player, const ScriptingWindow& window = {}) const;
+    /// The next track of "iTunes" or "VLC".
+    void skipRight(const QString& player, const ScriptingWindow& window = {}) const;
+    /// Toggles "VLC", or the first document of "QuickTime".
+    void playPause(const QString& player, const ScriptingWindow& window = {}) const;
+    void getMail(const ScriptingWindow& window = {}) const;
+
+private:
+    SWScript() = default;
+    /// For the fields of a later day; there are none.
+    void setUp() {}
+    static void offMainThread(std::function<void()> command);
+};
+
+} // namespace lumbrix
