@@ -13,7 +13,7 @@ namespace lumbrix
 /// What an application's level was found under.
 enum class FilterLevelSource { Application, AllApplications, BuiltIn };
 
-struct FilterLevel {
+struct AppliedFilterLevel {
     int level = 0;
     FilterLevelSource source = FilterLevelSource::BuiltIn;
 };

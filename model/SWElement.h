@@ -82,7 +82,7 @@ public:
     /// Not owned. Main thread, while no other thread uses the model.
     static void setFilterLevels(const FilterLevels* levels);
     /// The level that holds for an application, and where it comes from.
-    static FilterLevel filterLevelOf(const QString& bundle);
+    static AppliedFilterLevel filterLevelOf(const QString& bundle);
 
     bool isEqualTo(const SWElement* other) const;
     bool isEqualTo(const SWElementPtr& other) const { return isEqualTo(other.get()); }

@@ -86,7 +86,7 @@ struct Target {
 
 void SWElement::setFilterLevels(const FilterLevels* levels) { filterLevels = levels; }
 
-FilterLevel SWElement::filterLevelOf(const QString& bundle)
+AppliedFilterLevel SWElement::filterLevelOf(const QString& bundle)
 {
     const FilterLevels* levels = filterLevels;
     if (levels) {
