@@ -128,7 +128,9 @@ TEST_F(Panel, everyDrawing_canBeDrawn)
     for (const QString& file : images.entryList()) {
         const QImage image = namedImage(file.section(QLatin1Char('.'), 0, 0));
         ASSERT_FALSE(image.isNull()) << qPrintable(file);
-        EXPECT_GT(image.pixelColor(image.rect().center()).alpha(), 0) << qPrintable(file);
+        QImage nothing(image.size(), image.format());
+        nothing.fill(Qt::transparent);
+        EXPECT_NE(image, nothing) << qPrintable(file);
     }
     EXPECT_TRUE(namedImage(u"noSuchDrawing"_qs).isNull());
 }
