@@ -22,7 +22,10 @@ constexpr int textWidth = 340;
 
 } // namespace
 
+/// Not of the dialog type: window managers keep dialogs above the program's other windows.
 AboutWindow::AboutWindow()
+    : QDialog(nullptr, Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                           Qt::WindowMinimizeButtonHint | Qt::WindowCloseButtonHint)
 {
     setWindowRole(QStringLiteral("about"));
     setWindowTitle(tr("About Lumbrix"));

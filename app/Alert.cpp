@@ -19,6 +19,7 @@ namespace
 {
 
 constexpr int textWidth = 420;
+constexpr int margin = 20;
 constexpr QSize iconSize(64, 64);
 
 QLabel* makeText(const QString& text, QWidget* parent)
@@ -69,6 +70,7 @@ AlertPanel::AlertPanel(const QString& title, const QString& text, const QStringL
 
     // The first button, the one for Return, is at the end of the row.
     auto* row = new QHBoxLayout;
+    row->setSpacing(margin / 2);
     row->addStretch();
     for (int i = 0; i < buttons.size(); ++i) {
         auto* button = new QPushButton(buttons[i], this);
@@ -79,7 +81,6 @@ AlertPanel::AlertPanel(const QString& title, const QString& text, const QStringL
         row->insertWidget(1, button);
     }
 
-    constexpr int margin = 20;
     m_layout->setContentsMargins(margin, margin, margin, margin);
     m_layout->setHorizontalSpacing(margin);
     m_layout->setVerticalSpacing(margin / 2);

@@ -22,6 +22,8 @@ void SamplePreview::show(bool resize)
         m_previewWindow = handler.createScreenyView();
     if (!m_previewWindow)
         return;
+    // It may have shown some window before.
+    m_previewWindow->setTitleString(QStringLiteral("Lumbrix"));
     MAWindow& window = *m_previewWindow->window();
     if (resize) {
         const EngineSettings& settings = handler.settings();

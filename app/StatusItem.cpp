@@ -5,7 +5,9 @@
 
 #include <QtCore/QEvent>
 #include <QtGui/QCursor>
+#include <QtGui/QGuiApplication>
 #include <QtGui/QIcon>
+#include <QtGui/QScreen>
 #include <QtWidgets/QMenu>
 #include <QtWidgets/QSystemTrayIcon>
 
@@ -74,8 +76,19 @@ void StatusItem::statusBarChanged()
 
 void StatusItem::clicked()
 {
-    if (!m_menu->isVisible())
+    if (m_menu->isVisible())
+        return;
+    // Beside the item, where the status bar tells where that is.
+    const QRect item = m_icon->geometry();
+    if (item.isEmpty()) {
         m_menu->popup(QCursor::pos());
+        return;
+    }
+    const QScreen* screen = QGuiApplication::screenAt(item.center());
+    const bool isInLowerHalf = screen && item.center().y() > screen->geometry().center().y();
+    const QPoint below(item.x(), item.y() + item.height());
+    const QPoint above(item.x(), item.y() - m_menu->sizeHint().height());
+    m_menu->popup(isInLowerHalf ? above : below);
 }
 
 void StatusItem::updateIcon()

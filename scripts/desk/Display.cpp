@@ -189,6 +189,18 @@ std::vector<Panel> Display::panels()
     return result;
 }
 
+std::vector<Panel> Display::managedWindows()
+{
+    std::vector<Panel> result;
+    for (const xcb_window_t window : numbers(m_root, "_NET_CLIENT_LIST")) {
+        const auto area = geometry(window);
+        if (area && bytes(window, "WM_CLASS") == QByteArray("lumbrix\0Lumbrix\0", 16))
+            result.push_back({window, QString::fromUtf8(bytes(window, "WM_WINDOW_ROLE")),
+                              bytes(window, "_NET_WM_NAME"), *area, false});
+    }
+    return result;
+}
+
 std::vector<Panel> Display::previews()
 {
     std::vector<Panel> result = panels();

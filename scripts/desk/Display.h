@@ -63,8 +63,10 @@ public:
     /// Asks the window manager, as a pager would.
     void request(xcb_window_t window, const std::string& message,
                  const std::vector<std::uint32_t>& data);
-    /// Mapped windows of Lumbrix, in stacking order from the bottom.
+    /// Mapped windows of Lumbrix, in stacking order from the bottom; not those in frames.
     std::vector<Panel> panels();
+    /// Windows of Lumbrix that the window manager has, minimised ones included, the oldest first.
+    std::vector<Panel> managedWindows();
     /// The mapped previews in reading order.
     std::vector<Panel> previews();
     /// Where a window of the dock type is, once there is one.

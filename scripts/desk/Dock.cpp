@@ -182,7 +182,9 @@ public:
       <property name="length" type="uint" value="100"/>
       <property name="size" type="uint" value="40"/>
       <property name="position-locked" type="bool" value="true"/>
-      <property name="plugin-ids" type="array"><value type="int" value="1"/></property>
+      <property name="plugin-ids" type="array">
+        <value type="int" value="1"/><value type="int" value="2"/>
+      </property>
     </property>
   </property>
   <property name="plugins" type="empty">
@@ -191,6 +193,7 @@ public:
       <property name="include-all-workspaces" type="bool" value="false"/>
       <property name="show-labels" type="bool" value="true"/>
     </property>
+    <property name="plugin-2" type="string" value="systray"/>
   </property>
 </channel>
 )");

@@ -45,6 +45,8 @@ std::optional<QByteArray> readFile(const QString& path)
 
 void writeFile(const QString& path, const QByteArray& bytes)
 {
+    if (QFileInfo(path).isSymLink())
+        QFile::remove(path); // what it points to is not the user's item alone
     QSaveFile file(path);
     if (QDir().mkpath(QFileInfo(path).path()) && file.open(QIODevice::WriteOnly) &&
         file.write(bytes) == bytes.size())
@@ -79,6 +81,16 @@ bool startsProgram(const QString& command, const QString& path)
     const QRegularExpression word(
         QStringLiteral("(?<![\\w./-])%1(?![\\w./-])").arg(QRegularExpression::escape(name)));
     return command.contains(word) && resolved(name) == resolved(path);
+}
+
+/// Whether the program of the item is one below this path.
+bool startsWith(const QString& file, const QString& path)
+{
+    bool isHidden = false;
+    const auto item =
+        parseDesktopEntry(readFile(file).value_or(QByteArray()), QString(), file, {}, isHidden);
+    const QStringList words = item ? execArguments(item->exec) : QStringList();
+    return !words.isEmpty() && resolved(words.front()).startsWith(path);
 }
 
 QByteArray newItem(const QByteArray& exec, const QString& path)
@@ -128,12 +140,7 @@ void AutostartItems::remove(const QString& path)
     const QDir folder(m_folder);
     for (const QString& name : folder.entryList({QStringLiteral("*.desktop")}, QDir::Files)) {
         const QString file = folder.filePath(name);
-        const auto bytes = name == ownName() ? std::nullopt : readFile(file);
-        const QStringList words =
-            execArguments(QString::fromUtf8(IniFile(bytes.value_or(QByteArray()))
-                                                .value(section(), QStringLiteral("Exec"))
-                                                .value_or(QByteArray())));
-        if (name == ownName() || (!words.isEmpty() && resolved(words.front()).startsWith(program)))
+        if (name == ownName() || startsWith(file, program))
             QFile::remove(file);
     }
 }

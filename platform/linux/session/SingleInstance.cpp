@@ -16,7 +16,7 @@ namespace
 
 /// The bus is quick; the first one may still be starting.
 constexpr int busTimeout = 2000;
-constexpr int handOverTimeout = 5000;
+constexpr Seconds handOverTimeout = 5.0;
 
 const QString& commonName()
 {
@@ -97,31 +97,33 @@ SingleInstance::Result SingleInstance::start()
         return Result::First;
     // Before the name is ours: who sees the name may call at once.
     m_bus.registerObject(objectPath(), this, QDBusConnection::ExportAllSlots);
-    const Seconds deadline = m_runLoop.now() + handOverTimeout / 1000.0;
-    do {
+    const Seconds deadline = m_runLoop.now() + handOverTimeout;
+    for (;;) {
         if (requestName(m_bus, m_name) != Name::Taken) {
             requestName(m_bus, commonName()); // whoever comes first; nothing hangs on it
             return Result::First;
         }
-        const QDBusMessage answer = handOver();
+        const auto left = static_cast<int>((deadline - m_runLoop.now()) * 1000);
+        if (left < 1)
+            return Result::NoAnswer;
+        const QDBusMessage answer = handOver(left);
         if (answer.type() == QDBusMessage::ReplyMessage)
             return Result::HandedOver;
         // One that has ended meanwhile leaves its place to us; any other one keeps it.
         const auto error = QDBusError(answer).type();
         if (error != QDBusError::ServiceUnknown && error != QDBusError::NoReply)
-            break;
-    } while (m_runLoop.now() < deadline);
-    return Result::NoAnswer;
+            return Result::NoAnswer;
+    }
 }
 
-QDBusMessage SingleInstance::handOver()
+QDBusMessage SingleInstance::handOver(int timeout)
 {
     QDBusMessage message = QDBusMessage::createMethodCall(
         m_name, objectPath(), QStringLiteral("org.freedesktop.Application"),
         QStringLiteral("Activate"));
     message.setAutoStartService(false);
     message << QVariantMap();
-    return m_bus.call(message, QDBus::Block, handOverTimeout);
+    return m_bus.call(message, QDBus::Block, timeout);
 }
 
 void SingleInstance::setReopened(std::function<void()> reopened)

@@ -53,7 +53,7 @@ public Q_SLOTS:
                         const QVariantMap& platformData);
 
 private:
-    QDBusMessage handOver();
+    QDBusMessage handOver(int timeout); ///< milliseconds
 
     const RunLoop& m_runLoop;
     QDBusConnection m_bus;

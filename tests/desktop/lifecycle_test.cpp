@@ -1,0 +1,204 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// Lumbrix as a program of the desktop: its place in the tray, a second start, the first one of all.
+#include "DesktopTest.h"
+
+#include <QtDBus/QDBusConnection>
+#include <QtDBus/QDBusConnectionInterface>
+
+#include <csignal>
+
+namespace lumbrix::privatedesk
+{
+namespace
+{
+
+// What only one of the status item's pictures has.
+const QColor sky(0xa5, 0xd8, 0xff);    ///< enabled
+const QColor slash(0xd6, 0x33, 0x6c);  ///< disabled
+const QColor sunset(0xff, 0xd1, 0x66); ///< while its menu is open
+
+/// The middle of all pixels of exactly that colour; none when there are too few for a picture.
+std::optional<QPoint> middleOf(const QImage& picture, const QColor& colour)
+{
+    constexpr int fewest = 10;
+    QPoint sum;
+    int count = 0;
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x) {
+            if (picture.pixel(x, y) == colour.rgb()) {
+                sum += QPoint(x, y);
+                ++count;
+            }
+        }
+    }
+    return count >= fewest ? std::optional(sum / count) : std::nullopt;
+}
+
+} // namespace
+
+class LifecycleTest : public DesktopTest
+{
+protected:
+    /// Where the status item with this colour is, within the area.
+    std::optional<QPoint> statusItem(const QRect& area, const QColor& colour)
+    {
+        std::optional<QPoint> found;
+        display().waitFor(
+            [&] {
+                found = middleOf(display().picture(area), colour);
+                return found.has_value();
+            },
+            patience(5000));
+        return found ? std::optional(*found + area.topLeft()) : std::nullopt;
+    }
+    std::optional<Panel> window(const QString& role)
+    {
+        std::vector<Panel> all = display().panels();
+        const std::vector<Panel> managed = display().managedWindows();
+        all.insert(all.end(), managed.begin(), managed.end());
+        const auto found = std::find_if(all.begin(), all.end(),
+                                        [&](const Panel& panel) { return panel.role == role; });
+        return found != all.end() ? std::optional(*found) : std::nullopt;
+    }
+    Result opens(const QString& role)
+    {
+        return waitUntil([&] { return window(role).has_value(); }, 5000);
+    }
+    void close(const QString& role)
+    {
+        const auto panel = window(role);
+        ASSERT_TRUE(panel);
+        display().request(panel->id, "_NET_CLOSE_WINDOW", {0, 2});
+        EXPECT_TRUE(waitUntil([&] { return !window(role); }));
+    }
+    /// Clicks the status item of this colour, and the item of its menu at that height.
+    void choose(const QRect& area, const QColor& colour, int height)
+    {
+        const auto item = statusItem(area, colour);
+        ASSERT_TRUE(item) << "no such item in the tray";
+        display().moveTo(*item);
+        display().click();
+        ASSERT_TRUE(opens(u"status-menu"_qs));
+        EXPECT_TRUE(statusItem(area, sunset));
+        savePicture("menu");
+        const QRect menu = window(u"status-menu"_qs)->geometry;
+        EXPECT_TRUE(QRect(QPoint(), display().size()).contains(menu));
+        display().moveTo({menu.center().x(), menu.top() + height});
+        display().click();
+        EXPECT_TRUE(waitUntil([&] { return !window(u"status-menu"_qs); }));
+    }
+    std::optional<int> startAgain(int milliseconds = 10000)
+    {
+        auto second = desk().session().start(u"second"_qs, lumbrixBinary());
+        return second->waitForExit(patience(milliseconds));
+    }
+};
+
+INSTANTIATE_TEST_SUITE_P(, LifecycleTest, testing::Values(plank(), xfcePanel()), deskName);
+
+TEST_P(LifecycleTest, statusMenu_clicked_turnsPreviewsOffAndOn)
+{
+    // On the dock's desktop the tray comes when Lumbrix runs already, and of the older kind.
+    std::unique_ptr<Process> tray;
+    QRect area(0, 0, 300, 60);
+    if (GetParam().dock == DockKind::Plank)
+        tray = desk().session().start(u"trayer"_qs, u"trayer"_qs,
+                                      {u"--edge"_qs, u"top"_qs, u"--align"_qs, u"left"_qs,
+                                       u"--height"_qs, u"28"_qs, u"--tint"_qs, u"0x303030"_qs,
+                                       u"--transparent"_qs, u"true"_qs, u"--alpha"_qs, u"0"_qs});
+    else
+        area = display().dockArea().value();
+    ASSERT_TRUE(statusItem(area, sky)) << "no item in the tray";
+    const Application& alpha = launch(u"alpha"_qs, 1);
+    hover(alpha);
+    ASSERT_TRUE(shows(alpha));
+    const QPoint icon = display().pointer();
+    desk().park();
+    EXPECT_TRUE(showsNothing());
+
+    constexpr int firstItem = 12;
+    choose(area, sky, firstItem);
+    EXPECT_TRUE(statusItem(area, slash));
+    display().moveTo(icon);
+    EXPECT_FALSE(waitUntil([&] { return !display().previews().empty(); }, 700));
+    desk().park();
+
+    choose(area, slash, firstItem);
+    EXPECT_TRUE(statusItem(area, sky));
+    display().moveTo(icon);
+    EXPECT_TRUE(shows(alpha));
+    desk().park();
+    EXPECT_TRUE(showsNothing());
+
+    desk().lumbrix().signal(SIGKILL);
+    EXPECT_TRUE(waitUntil([&] { return !middleOf(display().picture(area), sky); }));
+    EXPECT_TRUE(desk().lumbrix().waitForExit(patience(2000)));
+    desk().stopLumbrix();
+    desk().startLumbrix();
+    EXPECT_TRUE(statusItem(area, sky));
+}
+
+TEST_P(LifecycleTest, secondStart_opensThePreferencesOfTheFirst)
+{
+    launch(u"alpha"_qs, 1); // which has the focus
+    EXPECT_EQ(startAgain(), 0);
+    EXPECT_TRUE(opens(u"preferences"_qs));
+    EXPECT_TRUE(waitUntil([&] {
+        const auto shown = window(u"preferences"_qs);
+        return shown && display().activeWindow() == shown->id;
+    })) << "it has to come to the front";
+    EXPECT_EQ(startAgain(), 0);
+    EXPECT_EQ(display().managedWindows().size(), 1U);
+    close(u"preferences"_qs);
+
+    // One that hangs keeps nobody waiting for ever.
+    desk().lumbrix().signal(SIGSTOP);
+    const auto status = startAgain();
+    desk().lumbrix().signal(SIGCONT);
+    EXPECT_TRUE(status && *status != 0);
+    EXPECT_TRUE(desk().session().log(u"second"_qs).startsWith(u"lumbrix: "_qs));
+    EXPECT_TRUE(opens(u"preferences"_qs));
+    close(u"preferences"_qs);
+}
+
+TEST_P(LifecycleTest, dockIcon_on_isThereWithoutAnOpenWindow)
+{
+    desk().startLumbrix({{u"showIconInDock"_qs, u"1"_qs}});
+    const auto isMinimised = [this] {
+        constexpr std::uint32_t iconic = 3;
+        const auto shown = window(u"preferences"_qs);
+        if (!shown)
+            return false;
+        const auto state = display().numbers(shown->id, "WM_STATE");
+        return !state.empty() && state.front() == iconic;
+    };
+    EXPECT_TRUE(waitUntil(isMinimised));
+    EXPECT_EQ(startAgain(), 0);
+    EXPECT_TRUE(waitUntil([&] { return window(u"preferences"_qs) && !isMinimised(); }));
+    savePicture("icon");
+    display().request(window(u"preferences"_qs)->id, "_NET_CLOSE_WINDOW", {0, 2});
+    EXPECT_TRUE(waitUntil(isMinimised));
+    desk().lumbrix().signal(SIGTERM);
+    EXPECT_EQ(desk().lumbrix().waitForExit(patience(2000)), 0);
+    desk().startLumbrix();
+}
+
+TEST_P(LifecycleTest, firstStart_welcomesAndIsReadyAlready)
+{
+    desk().stopLumbrix();
+    desk().startLumbrix({{u"firstRun"_qs, u"false"_qs}});
+    ASSERT_TRUE(opens(u"alert"_qs));
+    savePicture("welcome");
+    const Application& alpha = launch(u"alpha"_qs, 1);
+    hover(alpha);
+    EXPECT_TRUE(waitUntil([&] { return display().previews().size() == 1; }));
+    desk().park();
+    close(u"alert"_qs);
+    close(u"preferences"_qs);
+    EXPECT_TRUE(QFile::remove(desk().session().configPath(u"autostart/lumbrix.desktop"_qs)));
+    desk().startLumbrix();
+}
+
+} // namespace lumbrix::privatedesk

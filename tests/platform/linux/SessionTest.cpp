@@ -1,0 +1,129 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include <gtest/gtest.h>
+
+#include <QtCore/QDateTime>
+#include <QtCore/QDir>
+#include <QtCore/QFile>
+#include <QtCore/QFileInfo>
+#include <QtCore/QProcess>
+#include <QtCore/QTemporaryDir>
+
+#include "platform/linux/applications/DesktopEntry.h"
+#include "platform/linux/session/AutostartItems.h"
+
+namespace lumbrix::platform
+{
+namespace
+{
+
+void write(const QString& path, const QByteArray& content)
+{
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    ASSERT_EQ(file.write(content), content.size());
+}
+
+QByteArray read(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+class AutostartTest : public testing::Test
+{
+protected:
+    AutostartTest()
+    {
+        QDir(home.path()).mkdir(QStringLiteral("bin"));
+        write(program, "#!/bin/sh\n");
+        QFile::setPermissions(program, QFile::ReadOwner | QFile::ExeOwner);
+    }
+
+    QTemporaryDir home;
+    const QString folder = home.filePath(QStringLiteral("config/autostart"));
+    const QString item = folder + QStringLiteral("/lumbrix.desktop");
+    const QString program = home.filePath(QStringLiteral("bin/lum $br\\ix 100%"));
+    AutostartItems items{folder};
+};
+
+TEST_F(AutostartTest, new_item_starts_a_program_of_any_name)
+{
+    items.insert(program);
+    bool isHidden = false;
+    const auto entry = parseDesktopEntry(read(item), QStringLiteral("lumbrix"), item, {}, isHidden);
+    ASSERT_TRUE(entry);
+    EXPECT_EQ(execArguments(entry->exec), QStringList{program});
+}
+
+TEST_F(AutostartTest, item_that_is_right_is_not_written_and_an_edited_one_keeps_what_it_says)
+{
+    QDir().mkpath(folder);
+    const QByteArray edited = "# mine\n[Desktop Entry]\nType=Application\nName=Lumbrix\n"
+                              "X-GNOME-Autostart-enabled=false\nHidden=true\nExec=";
+    const QByteArray own = edited + "sh -c 'sleep 5; \"/opt/lumbrix\"'\n";
+    write(item, own);
+    const QDateTime before(QDate(2020, 1, 1), QTime(12, 0));
+    {
+        QFile file(item);
+        ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+        ASSERT_TRUE(file.setFileTime(before, QFileDevice::FileModificationTime));
+    }
+    items.insert(QStringLiteral("/opt/lumbrix"));
+    EXPECT_EQ(read(item), own);
+    EXPECT_EQ(QFileInfo(item).lastModified(), before);
+
+    items.insert(QStringLiteral("/usr/bin/lumbrix"));
+    EXPECT_EQ(read(item), edited + "/usr/bin/lumbrix\n");
+    write(item, "no desktop entry");
+    items.insert(QStringLiteral("/usr/bin/lumbrix"));
+    EXPECT_TRUE(read(item).contains("\nExec=/usr/bin/lumbrix\n"));
+}
+
+TEST_F(AutostartTest, removed_program_is_started_by_no_item_and_others_stay)
+{
+    items.remove(program); // nothing there
+    items.insert(program);
+    const QByteArray others =
+        "[Desktop Entry]\nType=Application\nName=Other\nExec=/usr/bin/other\n";
+    const QString other = folder + QStringLiteral("/other.desktop");
+    const QString again = folder + QStringLiteral("/again.desktop");
+    write(other, others);
+    QFile::copy(item, again);
+    items.remove(program);
+    EXPECT_FALSE(QFile::exists(item));
+    EXPECT_FALSE(QFile::exists(again));
+    EXPECT_EQ(read(other), others);
+}
+
+TEST(RelaunchTest, program_is_started_once_the_other_process_has_ended)
+{
+    QTemporaryDir folder;
+    const QString result = folder.filePath(QStringLiteral("result"));
+    const QString program = folder.filePath(QStringLiteral("program"));
+    QProcess former;
+    former.start(QStringLiteral("cat"));
+    ASSERT_TRUE(former.waitForStarted());
+    const QByteArray pid = QByteArray::number(former.processId());
+    write(program, "#!/bin/sh\nif grep -qs '^State:\t[^Z]' /proc/" + pid +
+                       "/status; then echo early; else echo ended; fi >" + result.toUtf8() + "\n");
+    QFile::setPermissions(program, QFile::ReadOwner | QFile::ExeOwner);
+
+    QProcess tool;
+    tool.start(QStringLiteral(LUMBRIX_RELAUNCH), {program, QString::fromLatin1(pid)});
+    ASSERT_TRUE(tool.waitForStarted());
+    EXPECT_FALSE(tool.waitForFinished(200));
+    former.closeWriteChannel();
+    EXPECT_TRUE(tool.waitForFinished());
+    EXPECT_EQ(tool.exitCode(), 0);
+    EXPECT_EQ(read(result), "ended\n");
+    EXPECT_TRUE(former.waitForFinished());
+
+    tool.start(QStringLiteral(LUMBRIX_RELAUNCH), {program, QStringLiteral("0")});
+    EXPECT_TRUE(tool.waitForFinished());
+    EXPECT_EQ(tool.exitCode(), 2);
+}
+
+} // namespace
+} // namespace lumbrix::platform
