@@ -181,6 +181,7 @@ void LumbrixController::retrieveDefaults(const QString& senderTitle)
     m_dontDelayIfOpen = integerSetting(defaults(), QStringLiteral("dontDelayIfOpen"));
     m_monoChrome = integerSetting(defaults(), QStringLiteral("monoChrome"));
     mirrorSettings(defaults(), LXHandler::sharedHandler());
+    LXHandler::sharedHandler().settingsDidChange();
     if (senderTitle == SenderTitle::ShowIconInDock)
         beginSheet(tr("Relaunch required"),
                    tr("Lumbrix needs to restart in order for this setting to take effect."),

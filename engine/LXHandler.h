@@ -115,6 +115,8 @@ public:
     PictureLoader& pictureLoader() { return m_pictureLoader; }
     void invalidateUpdateTimer() { m_updater.invalidateUpdateTimer(); }
     void updateWindows(const SWElementPtr& element) { m_updater.updateWindows(element); }
+    /// Has the previews that are shown follow the settings, which have changed.
+    void settingsDidChange() { m_updater.settingsDidChange(); }
     /// Captures the window on a thread of its own; the picture shows with the next update.
 
     // Layout.

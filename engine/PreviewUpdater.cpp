@@ -28,7 +28,37 @@ void PreviewUpdater::armUpdateTimer(platform::Seconds interval, const SWElementP
         interval, true, [this, element] { updateWindows(element); });
 }
 
-void PreviewUpdater::invalidateUpdateTimer() { invalidateTimer(m_updateTimer); }
+void PreviewUpdater::settingsDidChange()
+{
+    if (!m_updateTimer || !m_updateTimer->isValid() || m_handler.screenyViews().empty())
+        return;
+    const SWElementPtr element = m_updatedElement;
+    const EngineSettings& settings = m_handler.settings();
+    if (!(element && element->isTabIcon() ? settings.showInTab : settings.showInDock)) {
+        m_handler.removeAllScreenViews();
+        return;
+    }
+    Pass pass;
+    if (!element || !element->isMinimizedIcon()) {
+        refreshShown(pass);
+        followApplication(element, pass);
+    }
+    if (pass.isOver)
+        return;
+    m_handler.companions().helpBubble->hideBubble(); // comes back with the row, if it is wanted
+    layOutAgain(element, pass);
+    const auto previews = m_handler.screenyViews();
+    for (const ScreenyViewPtr& preview : previews) {
+        preview->hideSpaces();
+        preview->showSpaces();
+    }
+}
+
+void PreviewUpdater::invalidateUpdateTimer()
+{
+    invalidateTimer(m_updateTimer);
+    m_updatedElement = nullptr;
+}
 
 void PreviewUpdater::updateNow()
 {

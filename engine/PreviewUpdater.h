@@ -26,6 +26,8 @@ public:
     void invalidateUpdateTimer();
     /// The pass that the armed timer would make next; nothing when none is armed.
     void updateNow();
+    /// Has the row that is shown follow the settings, which have changed.
+    void settingsDidChange();
     /// One pass of the update timer for the hovered item.
     void updateWindows(const SWElementPtr& element);
 

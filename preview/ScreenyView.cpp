@@ -152,8 +152,11 @@ void ScreenyView::setShortcut()
         return;
     HotKeyCenter& center = m_host.hotKeyCenter();
     center.unregisterHotKey(m_fastKey);
-    if (!m_host.settings().showFastKeys)
+    if (!m_host.settings().showFastKeys) {
+        m_fastKeyButton->hide();
+        m_background->arrange();
         return;
+    }
     const int index = m_host.indexOfScreenyView(*this);
     if (index > 9)
         return;

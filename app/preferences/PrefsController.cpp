@@ -99,9 +99,8 @@ void PrefsController::setupToolbar()
 {
     for (const Pane& pane : panes) {
         auto view = loadInterface(QLatin1String(pane.interfaceFile), widgetClasses);
-        if (!view)
-            view = std::make_unique<QWidget>();
-        awakeFromNib(*view);
+        if (view)
+            awakeFromNib(*view);
         addView(std::move(view), QLatin1String(pane.identifier),
                 QCoreApplication::translate("PrefsController", pane.identifier));
     }

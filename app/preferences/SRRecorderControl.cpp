@@ -208,6 +208,7 @@ void SRRecorderControl::hideEvent(QHideEvent* event)
 
 void SRRecorderControl::beginRecording()
 {
+    setFocus(Qt::OtherFocusReason); // a mnemonic clicks without
     m_isRecording = true;
     m_heldModifiers = 0;
     m_recordedKey = 0;

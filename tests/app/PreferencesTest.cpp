@@ -238,6 +238,38 @@ TEST_F(PreferencesTest, settingsChangedElsewhere_areShownAtOnce)
     EXPECT_TRUE(find<QComboBox>(u"onlyIfKeycode"_s)->isEnabled());
 }
 
+TEST_F(PreferencesTest, rowOfPreviews_followsControlsWhileItIsShown)
+{
+    const Pid pid = addApplication(u"Editor"_s, 2);
+    const WindowID minimized = desk.addWindow(pid, {u"Minimized"_s, QRectF(100, 40, 400, 300)});
+    desk.minimizeWindow(minimized);
+    for (const char* on : {"showInDock", "showFastKeys", "neverClose"})
+        defaults.setInteger(1, QLatin1String(on));
+    defaults.setFloat(243, u"windowWidth"_s);
+    defaults.setFloat(190, u"windowHeight"_s);
+    open();
+    desk.hoverDockItem(u"Editor"_s);
+    loop.runUntilIdle();
+    const auto& row = LXHandler::sharedHandler().screenyViews();
+    ASSERT_EQ(row.size(), 3U);
+    EXPECT_EQ(desk.eventTaps().keysHeld().size(), 3U);
+
+    find<QCheckBox>(u"ignoreMinimized"_s)->click();
+    ASSERT_EQ(row.size(), 2U);
+    find<QCheckBox>(u"showFastKeys"_s)->click();
+    loop.runUntilIdle();
+    EXPECT_TRUE(desk.eventTaps().keysHeld().empty());
+    find<QSlider>(u"windowWidth"_s)->setValue(300);
+    EXPECT_EQ(row.front()->window()->frame().width(), 300);
+    EXPECT_EQ(row.back()->window()->frame().x() - row.front()->window()->frame().x(), 300);
+    const double bottom = row.front()->window()->frame().y();
+    find<QSlider>(u"distanceFromDock"_s)->setValue(20);
+    EXPECT_EQ(row.front()->window()->frame().y(), bottom + 20);
+    EXPECT_TRUE(row.front()->window()->isVisible());
+    find<QCheckBox>(u"showInDock"_s)->click();
+    EXPECT_TRUE(row.empty());
+}
+
 TEST_F(PreferencesTest, pane_chosen_fadesInWhileTheWindowTakesItsSize)
 {
     open();

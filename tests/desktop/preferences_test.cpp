@@ -1,0 +1,167 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// The preferences, by keyboard as a person uses them.
+#include "DesktopTest.h"
+
+#include <QtCore/QFile>
+
+#include <algorithm>
+#include <cstdlib>
+#include <xcb/xtest.h>
+
+namespace lumbrix::privatedesk
+{
+namespace
+{
+
+// Key codes of the server's keyboard.
+constexpr std::uint8_t superKey = 133, altKey = 64, controlKey = 37;
+constexpr std::uint8_t tabKey = 23, rightKey = 114;
+constexpr std::uint8_t kKey = 45, jKey = 44, tKey = 28, wKey = 25;
+
+} // namespace
+
+class PreferencesTest : public DesktopTest
+{
+protected:
+    void TearDown() override
+    {
+        desk().stopLumbrix();
+        m_second.reset();
+        DesktopTest::TearDown();
+    }
+
+    void key(std::uint8_t type, std::uint8_t keycode)
+    {
+        xcb_test_fake_input(display().connection(), type, keycode, XCB_CURRENT_TIME,
+                            display().root(), 0, 0, 0);
+        xcb_flush(display().connection());
+    }
+    void type(const std::vector<std::uint8_t>& keys)
+    {
+        for (const std::uint8_t each : keys)
+            key(XCB_KEY_PRESS, each);
+        std::for_each(keys.rbegin(), keys.rend(),
+                      [this](std::uint8_t each) { key(XCB_KEY_RELEASE, each); });
+    }
+    xcb_window_t preferences()
+    {
+        for (const xcb_window_t window : display().numbers(display().root(), "_NET_CLIENT_LIST")) {
+            if (display().bytes(window, "WM_WINDOW_ROLE") == "preferences")
+                return window;
+        }
+        return XCB_NONE;
+    }
+    QByteArray title() { return display().bytes(preferences(), "_NET_WM_NAME"); }
+    /// Without an icon in a menu, starting the program again is the way to its preferences.
+    void openPreferences(const QByteArray& pane)
+    {
+        desk().startLumbrix({{u"hideIcon"_qs, u"1"_qs}, {u"showFastKeys"_qs, u"0"_qs}});
+        desk().park();
+        ASSERT_TRUE(showsNothing());
+        m_second = desk().session().start(u"lumbrix"_qs, lumbrixBinary());
+        ASSERT_TRUE(waitUntil([this] {
+            return preferences() && display().activeWindow() == preferences();
+        })) << "no preferences window with the focus";
+        for (int i = 0; i < 8 && title() != pane; ++i) {
+            const QByteArray before = title();
+            type({controlKey, tabKey});
+            ASSERT_TRUE(waitUntil([&] { return title() != before; }));
+        }
+        ASSERT_EQ(title(), pane);
+    }
+    /// What is stored, as far as it has been written.
+    QByteArray settings()
+    {
+        QFile file(desk().session().configPath(u"lumbrix/lumbrix.conf"_qs));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+    bool stores(const QByteArray& line)
+    {
+        return waitUntil([&] { return settings().split('\n').contains(line); });
+    }
+    /// Whether something in the window is in the colour of warnings.
+    bool warns()
+    {
+        const auto area = display().geometry(preferences());
+        const QImage picture = area ? display().picture(*area) : QImage();
+        int red = 0;
+        for (int y = 80; y < picture.height(); ++y) { // below the toolbar
+            for (int x = 0; x < picture.width(); ++x) {
+                const QColor pixel = picture.pixelColor(x, y);
+                red += pixel.red() > 170 && pixel.green() < 60 && pixel.blue() < 70;
+            }
+        }
+        return red > 20;
+    }
+
+private:
+    std::unique_ptr<Process> m_second;
+};
+
+INSTANTIATE_TEST_SUITE_P(, PreferencesTest, testing::Values(plank(), tint2()), deskName);
+
+TEST_P(PreferencesTest, sizeSlider_movedByKeys_showsASampleBesideTheDock)
+{
+    openPreferences("Appearance");
+    type({altKey, wKey});
+    type({rightKey});
+    ASSERT_TRUE(waitUntil([this] { return display().previews().size() == 1; }));
+    const QRect sample = display().previews().front().geometry;
+    EXPECT_EQ(sample.width(), 244);
+    EXPECT_LT(sample.bottom(), display().dockArea()->bottom());
+    EXPECT_GT(sample.bottom(), display().dockArea()->top() - 120);
+    savePicture("sample");
+    EXPECT_TRUE(stores("windowWidth=244"));
+    EXPECT_EQ(display().activeWindow(), preferences()) << "the sample took the focus";
+    EXPECT_TRUE(showsNothing()) << "the sample stays";
+
+    type({controlKey, wKey});
+    EXPECT_TRUE(waitUntil([this] { return preferences() == XCB_NONE; }));
+}
+
+TEST_P(PreferencesTest, hotKey_recorded_worksFromAnyProgramUnseenByIt)
+{
+    Application& alpha = launch(u"alpha"_qs, 1);
+    openPreferences("Hotkeys");
+    for (int i = 0; i < 2; ++i) { // a key that is in force already is recorded like any other
+        type({altKey, tKey});
+        type({superKey, altKey, kKey});
+        ASSERT_TRUE(stores("[enableDisableKey]"));
+        EXPECT_TRUE(stores("keyCode=40"));
+        EXPECT_TRUE(stores("modifiers=2304"));
+        EXPECT_FALSE(settings().contains("disabled=1")) << "it acted while it was recorded";
+    }
+    alpha.activate(alpha.windows().front());
+    ASSERT_TRUE(waitUntil([&] { return display().activeWindow() == alpha.windows().front().id; }));
+    type({superKey, altKey, kKey});
+    EXPECT_TRUE(stores("disabled=1"));
+    type({superKey, altKey, kKey});
+    EXPECT_TRUE(stores("disabled=0"));
+    const std::vector<int> keys = alpha.keys();
+    EXPECT_GT(std::count(keys.begin(), keys.end(), int{superKey}), 0) << "it had no focus";
+    EXPECT_EQ(std::count(keys.begin(), keys.end(), int{kKey}), 0);
+}
+
+TEST_P(PreferencesTest, keysOfAnotherProgram_recorded_areMarkedAsTaken)
+{
+    openPreferences("Hotkeys");
+    xcb_connection_t* c = display().connection();
+    std::free(xcb_request_check(c, xcb_grab_key_checked(c, 0, display().root(),
+                                                        XCB_MOD_MASK_4 | XCB_MOD_MASK_1, jKey,
+                                                        XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC)));
+    EXPECT_FALSE(warns());
+    type({altKey, tKey});
+    type({superKey, altKey, jKey});
+    EXPECT_TRUE(stores("keyCode=38")) << "not recorded, as the other program had them";
+    EXPECT_TRUE(waitUntil([this] { return warns(); }));
+    savePicture("taken");
+    xcb_ungrab_key(c, jKey, display().root(), XCB_MOD_MASK_4 | XCB_MOD_MASK_1);
+    xcb_flush(c);
+    type({altKey, tKey});
+    type({superKey, altKey, kKey});
+    EXPECT_TRUE(waitUntil([this] { return !warns(); }));
+}
+
+} // namespace lumbrix::privatedesk
