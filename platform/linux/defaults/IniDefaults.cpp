@@ -6,19 +6,24 @@
 #include <QtCore/QDir>
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
-#include <QtCore/QSaveFile>
 
+#include <cstdio>
 #include <sys/stat.h>
+#include <utility>
 
 #include "platform/linux/defaults/IniValue.h"
+#include "platform/linux/defaults/ReplaceFile.h"
 
 namespace lumbrix::platform
 {
 
 namespace
 {
-// A settings file is a few kilobytes; whatever is this large is not one.
-constexpr qint64 MaximalSize = 4 * 1024 * 1024;
+// A settings file is a few kilobytes. What is larger has been damaged, and is looked at no further
+// than this, so that it costs neither time nor memory ...
+constexpr qsizetype ParsedSize = 256 * 1024;
+// ... and left alone altogether when it could not even be copied.
+constexpr qint64 MaximalSize = 64 * 1024 * 1024;
 } // namespace
 
 QString IniDefaults::defaultPath()
@@ -144,7 +149,11 @@ void IniDefaults::apply(IniFile& file, const QString& key, const Change& change)
     }
     file.ensureSection(key);
     for (auto it = change.dictionary->cbegin(); it != change.dictionary->cend(); ++it) {
-        file.setValue(key, it.key(), inivalue::encode(it.value()));
+        // What is the same stays as it is written, bytes that no text can stand for included.
+        const auto present = file.value(key, it.key());
+        if (!present || inivalue::decode(*present) != it.value()) {
+            file.setValue(key, it.key(), inivalue::encode(it.value()));
+        }
     }
 }
 
@@ -169,17 +178,27 @@ bool IniDefaults::load()
     m_readable = true;
     if (m_stamp.exists) {
         QFile file(m_path);
-        m_readable = m_stamp.size <= MaximalSize && QFileInfo(m_path).isFile() &&
-                     file.open(QIODevice::ReadOnly);
-        if (m_readable) {
+        QString fault;
+        if (m_stamp.size > MaximalSize) {
+            fault = QStringLiteral("it is too large");
+        } else if (!QFileInfo(m_path).isFile()) {
+            fault = QStringLiteral("it is no file");
+        } else if (!file.open(QIODevice::ReadOnly)) {
+            fault = file.errorString();
+        } else {
             bytes = file.read(MaximalSize);
+            if (file.error() != QFile::NoError) {
+                fault = file.errorString();
+            }
+        }
+        m_readable = fault.isEmpty();
+        if (!m_readable) {
+            tell("read", fault);
+            return false; // keep what is known; a file that cannot be read is not empty
         }
     }
-    if (!m_readable) {
-        return false; // keep what is known; a file that cannot be read is not empty
-    }
     m_bytesOnDisk = bytes;
-    m_file = IniFile(bytes);
+    m_file = IniFile(bytes, ParsedSize);
     for (const auto& [key, change] : m_unsaved) {
         apply(m_file, key, change);
     }
@@ -202,16 +221,23 @@ bool IniDefaults::synchronize()
         return false;
     }
     m_unsaved.clear();
+    m_hasTold = false;
     return true;
+}
+
+void IniDefaults::tell(const char* what, const QString& fault)
+{
+    if (!std::exchange(m_hasTold, true)) {
+        std::fprintf(stderr, "lumbrix: the settings in %s cannot be %s: %s\n",
+                     qUtf8Printable(m_path), what, qUtf8Printable(fault));
+    }
 }
 
 bool IniDefaults::write(const QByteArray& bytes)
 {
-    if (!QDir().mkpath(QFileInfo(m_path).path())) {
-        return false;
-    }
-    QSaveFile file(m_path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit()) {
+    const QString fault = replaceFile(m_path, bytes);
+    if (!fault.isNull()) {
+        tell("saved", fault);
         return false;
     }
     m_bytesOnDisk = bytes;

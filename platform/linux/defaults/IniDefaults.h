@@ -62,12 +62,16 @@ private:
     /// False when there is a file but it cannot be read.
     bool load();
     bool write(const QByteArray& bytes);
+    /// On the standard error, once until the settings have been saved again: who stores settings
+    /// does so often, and nobody wants to read of it each time.
+    void tell(const char* what, const QString& fault);
 
     const QString m_path;
     IniFile m_file;
     QByteArray m_bytesOnDisk;
     Stamp m_stamp;
     bool m_readable = true;
+    bool m_hasTold = false;
     std::map<QString, Change> m_unsaved;
 };
 

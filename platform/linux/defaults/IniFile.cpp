@@ -26,6 +26,16 @@ qsizetype separator(const QByteArray& text)
     return -1;
 }
 
+// The name stays as it is written: it may hold bytes that no text can stand for.
+qsizetype startOfValue(const QByteArray& raw)
+{
+    qsizetype start = separator(raw) + 1;
+    while (start < raw.size() && (raw[start] == ' ' || raw[start] == '\t')) {
+        ++start;
+    }
+    return start;
+}
+
 QByteArray entryText(const QString& key, const QByteArray& value, const QByteArray& lineEnd)
 {
     return inivalue::encodeName(key) + '=' + value + lineEnd;
@@ -40,11 +50,11 @@ QByteArray lineEndOf(const QByteArray& raw)
 
 QString IniFile::generalSection() { return QStringLiteral("General"); }
 
-IniFile::IniFile(const QByteArray& bytes)
+IniFile::IniFile(const QByteArray& bytes, qsizetype parsedSize)
 {
     QString section = generalSection();
     qsizetype start = 0;
-    while (start < bytes.size()) {
+    while (start < std::min(bytes.size(), parsedSize)) {
         const qsizetype end = bytes.indexOf('\n', start);
         const qsizetype next = end < 0 ? bytes.size() : end + 1;
         Line line = parseLine(bytes.mid(start, next - start), section);
@@ -52,6 +62,13 @@ IniFile::IniFile(const QByteArray& bytes)
         m_lines.push_back(std::move(line));
         start = next;
     }
+    m_tail = bytes.mid(start);
+    m_tailSection = section;
+}
+
+QString IniFile::lastSection() const
+{
+    return m_lines.empty() ? generalSection() : m_lines.back().section;
 }
 
 IniFile::Line IniFile::parseLine(const QByteArray& raw, const QString& section)
@@ -87,7 +104,10 @@ QByteArray IniFile::toBytes() const
     for (const Line& line : m_lines) {
         bytes += line.raw;
     }
-    return bytes;
+    if (!m_tail.isEmpty() && lastSection() != m_tailSection) {
+        bytes += '[' + inivalue::encodeName(m_tailSection) + "]\n";
+    }
+    return bytes + m_tail;
 }
 
 bool IniFile::hasSection(const QString& section) const
@@ -123,10 +143,17 @@ std::vector<IniFile::Entry> IniFile::entries(const QString& section) const
     return result;
 }
 
-// After the last line of the section that is not blank.
+// After the last line of the section that is not blank; right behind its header where it may go on
+// beyond the lines, as what was put there would not be found again.
 std::size_t IniFile::insertionPoint(const QString& section) const
 {
     std::size_t point = 0;
+    if (!m_tail.isEmpty()) {
+        const auto start = std::ranges::find_if(m_lines, [&](const Line& line) {
+            return line.kind == Kind::Section && line.section == section;
+        });
+        return start == m_lines.end() ? 0 : static_cast<std::size_t>(start - m_lines.begin()) + 1;
+    }
     bool found = false;
     for (std::size_t i = 0; i < m_lines.size(); ++i) {
         const Line& line = m_lines[i];
@@ -148,7 +175,7 @@ void IniFile::setValue(const QString& section, const QString& key, const QByteAr
         if (isEntry(*line, section, key)) {
             if (line->value != value) {
                 line->value = value;
-                line->raw = entryText(key, value, lineEndOf(line->raw));
+                line->raw = line->raw.left(startOfValue(line->raw)) + value + lineEndOf(line->raw);
             }
             return;
         }
@@ -182,10 +209,19 @@ void IniFile::ensureSection(const QString& section)
     if (hasSection(section) || (isGeneral && !entries(section).empty())) {
         return;
     }
-    const auto header = [&](QByteArray raw) {
-        return Line{.kind = Kind::Section, .raw = std::move(raw), .section = section};
+    const auto header = [](const QString& name) {
+        return Line{.kind = Kind::Section,
+                    .raw = '[' + inivalue::encodeName(name) + "]\n",
+                    .section = name};
     };
-    const QByteArray text = '[' + inivalue::encodeName(section) + "]\n";
+    if (!m_tail.isEmpty()) {
+        const bool startsGeneral = !m_lines.empty() && m_lines.front().kind != Kind::Section;
+        if (startsGeneral && !isGeneral) {
+            m_lines.insert(m_lines.begin(), header(generalSection()));
+        }
+        m_lines.insert(m_lines.begin(), header(section));
+        return;
+    }
     if (isGeneral) {
         // Behind the comments that open the file, before the first other section.
         const auto first = std::ranges::find_if(
@@ -194,7 +230,7 @@ void IniFile::ensureSection(const QString& section)
             (first - 1)->raw += '\n';
         }
         const bool more = first != m_lines.end();
-        const auto placed = m_lines.insert(first, header(text));
+        const auto placed = m_lines.insert(first, header(section));
         if (more) {
             m_lines.insert(placed + 1, Line{.raw = "\n", .section = section});
         }
@@ -209,7 +245,7 @@ void IniFile::ensureSection(const QString& section)
             m_lines.push_back(Line{.raw = "\n", .section = last.section});
         }
     }
-    m_lines.push_back(header(text));
+    m_lines.push_back(header(section));
 }
 
 void IniFile::removeSection(const QString& section)

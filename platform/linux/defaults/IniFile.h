@@ -8,6 +8,7 @@
 #include <QtCore/QByteArray>
 #include <QtCore/QString>
 
+#include <limits>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -25,7 +26,9 @@ public:
     static QString generalSection();
 
     IniFile() = default;
-    explicit IniFile(const QByteArray& bytes);
+    /// Lines that begin beyond `parsedSize` are kept but not looked at.
+    explicit IniFile(const QByteArray& bytes,
+                     qsizetype parsedSize = std::numeric_limits<qsizetype>::max());
     QByteArray toBytes() const;
 
     bool hasSection(const QString& section) const;
@@ -54,7 +57,11 @@ private:
     bool isEntry(const Line& line, const QString& section, const QString& key) const;
     std::size_t insertionPoint(const QString& section) const;
 
+    QString lastSection() const;
+
     std::vector<Line> m_lines;
+    QByteArray m_tail;     ///< what follows the lines ...
+    QString m_tailSection; ///< ... and the section that it goes on with
 };
 
 } // namespace lumbrix::platform

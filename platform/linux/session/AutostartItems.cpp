@@ -7,13 +7,13 @@
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
 #include <QtCore/QRegularExpression>
-#include <QtCore/QSaveFile>
 #include <QtCore/QStandardPaths>
 
 #include <optional>
 
 #include "platform/linux/applications/DesktopEntry.h"
 #include "platform/linux/defaults/IniFile.h"
+#include "platform/linux/defaults/ReplaceFile.h"
 
 namespace lumbrix::platform
 {
@@ -47,10 +47,7 @@ void writeFile(const QString& path, const QByteArray& bytes)
 {
     if (QFileInfo(path).isSymLink())
         QFile::remove(path); // what it points to is not the user's item alone
-    QSaveFile file(path);
-    if (QDir().mkpath(QFileInfo(path).path()) && file.open(QIODevice::WriteOnly) &&
-        file.write(bytes) == bytes.size())
-        file.commit();
+    replaceFile(path, bytes);
 }
 
 /// The path as a word of a command line, and that as a value of a desktop entry.

@@ -8,7 +8,10 @@
 #include <QtCore/QFileInfo>
 #include <QtCore/QTemporaryDir>
 
+#include <algorithm>
+#include <csignal>
 #include <limits>
+#include <sys/resource.h>
 
 #include <gtest/gtest.h>
 
@@ -135,14 +138,83 @@ TEST_F(IniDefaultsTest, values_that_do_not_read_as_the_type_read_as_nothing)
     EXPECT_FALSE(defaults.arrayForKey(key("open")));
 }
 
-TEST_F(IniDefaultsTest, unwritable_file_keeps_values_until_it_can_be_written)
+TEST_F(IniDefaultsTest, bytes_that_are_no_text_stay_beside_what_changes)
 {
-    putOnDisk("");
-    QFile::remove(m_path);
-    ASSERT_TRUE(QDir().mkdir(m_path)); // a folder in its place, which root cannot write either
+    const QByteArray junk("\0\0=\0\n\xff\xfe\n=\n[\n]\n\\\n", 16);
+    putOnDisk(junk + "[filters]\n\xc3(=1\nname=\xff\n com.example : = 1\nall\xff = 2\n" + junk);
+    IniDefaults defaults(m_path);
+    QVariantMap filters = *defaults.dictionaryForKey(key("filters"));
+    filters[QStringLiteral("all\ufffd")] = 3;
+    filters.insert(key("new"), 0);
+    defaults.setDictionary(filters, key("filters"));
+    ASSERT_TRUE(defaults.synchronize());
+    EXPECT_EQ(onDisk(), junk + "[filters]\n\xc3(=1\nname=\xff\n com.example : = 1\nall\xff = 3\n" +
+                            junk + "new=0\n");
+}
+
+TEST_F(IniDefaultsTest, file_far_too_long_is_read_at_its_beginning_and_kept_whole)
+{
+    QByteArray flood;
+    while (flood.size() < 10'000'000)
+        flood += "[x]\nfirstRun=0\nwindowWidth=\xff\xff\n";
+    putOnDisk("windowWidth=300\n[filters]\na=1\n" + flood);
+    IniDefaults defaults(m_path);
+    EXPECT_EQ(defaults.integerForKey(key("windowWidth")), 300);
+    defaults.setDictionary({{key("b"), 2}}, key("filters"));
+    defaults.setDictionary({{key("keyCode"), 3}}, key("someKey"));
+    ASSERT_TRUE(defaults.synchronize());
+    defaults.setInteger(400, key("windowWidth"));
+    ASSERT_TRUE(defaults.synchronize());
+    // At the top, where it is found again.
+    const QByteArray top = "[someKey]\nkeyCode=3\n[General]\nwindowWidth=400\n[filters]\nb=2\n";
+    EXPECT_EQ(onDisk().left(top.size()), top);
+    EXPECT_TRUE(onDisk().mid(top.size()) == flood) << "something of it went";
+    const IniDefaults next(m_path);
+    EXPECT_EQ(next.dictionaryForKey(key("someKey")), (QVariantMap{{key("keyCode"), 3}}));
+}
+
+TEST_F(IniDefaultsTest, disk_full_leaves_the_old_file_whole)
+{
+    const QByteArray before = "a=1\n";
+    putOnDisk(before);
+    IniDefaults defaults(m_path);
+    // Little enough to be held back until the file is closed.
+    defaults.setData(QByteArray(10'000, 'x'), key("large"));
+    // Stands for a full disk: nothing can be written beyond so many bytes of a file.
+    struct rlimit old {
+    };
+    ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &old), 0);
+    const auto oldHandler = std::signal(SIGXFSZ, SIG_IGN);
+    const struct rlimit tight {
+        4096, old.rlim_max
+    };
+    ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &tight), 0);
+    testing::internal::CaptureStderr();
+    EXPECT_FALSE(defaults.synchronize());
+    EXPECT_FALSE(defaults.synchronize());
+    const std::string said = testing::internal::GetCapturedStderr();
+    ::setrlimit(RLIMIT_FSIZE, &old);
+    std::signal(SIGXFSZ, oldHandler);
+    EXPECT_EQ(onDisk(), before);
+    EXPECT_EQ(QDir(QFileInfo(m_path).path()).entryList(QDir::Files).size(), 1);
+    EXPECT_TRUE(
+        QByteArray::fromStdString(said).startsWith("lumbrix: the settings in " + m_path.toUtf8()));
+    EXPECT_EQ(std::count(said.begin(), said.end(), '\n'), 1) << said;
+    EXPECT_TRUE(defaults.synchronize());
+    EXPECT_EQ(defaults.dataForKey(key("large"))->size(), 10'000);
+}
+
+TEST_F(IniDefaultsTest, what_is_no_file_keeps_values_until_it_can_be_written)
+{
+    QDir().mkpath(QFileInfo(m_path).path());
+    ASSERT_TRUE(QDir().mkdir(m_path)); // which not even the superuser can read or write
+    testing::internal::CaptureStderr();
     IniDefaults defaults(m_path);
     defaults.setInteger(5, key("a"));
     EXPECT_FALSE(defaults.synchronize());
+    EXPECT_FALSE(defaults.synchronize());
+    const std::string said = testing::internal::GetCapturedStderr();
+    EXPECT_EQ(std::count(said.begin(), said.end(), '\n'), 1) << said;
     EXPECT_EQ(defaults.integerForKey(key("a")), 5);
     ASSERT_TRUE(QDir().rmdir(m_path));
     EXPECT_TRUE(defaults.synchronize());

@@ -1,0 +1,45 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include "platform/linux/defaults/ReplaceFile.h"
+
+#include <QtCore/QDir>
+#include <QtCore/QFileInfo>
+#include <QtCore/QSaveFile>
+
+namespace lumbrix::platform
+{
+
+namespace
+{
+
+/// A full disk takes a part first, and only with the rest says what is wrong.
+bool writeAll(QSaveFile& file, const QByteArray& bytes)
+{
+    qint64 done = 0;
+    while (done < bytes.size()) {
+        const qint64 count = file.write(bytes.constData() + done, bytes.size() - done);
+        if (count <= 0) {
+            return false;
+        }
+        done += count;
+    }
+    return true;
+}
+
+} // namespace
+
+QString replaceFile(const QString& path, const QByteArray& bytes)
+{
+    const QString folder = QFileInfo(path).path();
+    if (!QDir().mkpath(folder)) {
+        return QStringLiteral("the folder %1 cannot be made").arg(folder);
+    }
+    QSaveFile file(path);
+    // Unbuffered: it puts the file in its place even when the rest of a buffer found no room.
+    const bool isDone = file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) &&
+                        writeAll(file, bytes) && file.commit();
+    return isDone ? QString() : file.errorString();
+}
+
+} // namespace lumbrix::platform
