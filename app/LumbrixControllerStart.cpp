@@ -10,6 +10,7 @@
 #include "app/DockIcon.h"
 #include "app/SGHotKeyCenter.h"
 #include "app/preferences/PrefsController.h"
+#include "engine/CalPreview.h"
 #include "engine/LXHandler.h"
 #include "platform/ApplicationBundle.h"
 #include "platform/Desktop.h"
@@ -40,6 +41,7 @@ bool LumbrixController::awakeFromNib()
         return false;
     Companions companions;
     companions.hotKeyCenter = m_hotKeyCenter;
+    companions.calendarPreview = CalPreview::sharedPreview();
     companions.helpBubble = std::make_shared<BubbleWrapper>();
     companions.playerControls = std::make_shared<MediaControls>();
     LXHandler::installCompanions(companions);

@@ -141,6 +141,22 @@ void PictureLoader::load(const ScreenyViewPtr& preview)
                  });
 }
 
+void PictureLoader::loadUnseen(const ScreenyViewPtr& preview)
+{
+    const SWElementPtr window = preview->elementRef();
+    platform::RunLoop& runLoop = platform::desktop().runLoop;
+    captureLater(window, preview->pictureLimit(),
+                 [window, weak = std::weak_ptr(preview), &runLoop](const QImage& picture) {
+                     runLoop.performOnMainThread(
+                         [window, picture, weak] {
+                             const ScreenyViewPtr shown = weak.lock();
+                             if (shown && shown->elementRef() == window)
+                                 shown->setImage(picture);
+                         },
+                         false);
+                 });
+}
+
 void PictureLoader::updateScreenshot(const ScreenyView& preview)
 {
     const SWElementPtr window = preview.elementRef();

@@ -26,13 +26,17 @@ public:
     ~PictureLoader();
 
     /// Gives every shown preview that has no picture that of its window: at once where nothing has
-    /// to be copied, else as soon as a thread has done that. Holds all of them. To be called between
-    /// arranging the previews, which decides how large the pictures are, and ordering them front.
+    /// to be copied, else as soon as a thread has done that. Holds all of them. To be called
+    /// between arranging the previews, which decides how large the pictures are, and ordering them
+    /// front.
     void loadMissing();
     /// Lets the previews come onto the screen together once all have their pictures, though never
     /// much later than they otherwise would: one whose picture is slow to come shows none at first.
     /// To be called when nothing more will be changed about them, or they are painted twice.
     void showWhenComplete();
+    /// Gives one preview the picture of its window, as soon as a thread has copied it, without
+    /// anything waiting for that.
+    void loadUnseen(const ScreenyViewPtr& preview);
     /// Captures the window of the preview; the picture lands in the window's screenshot, now or
     /// later.
     void updateScreenshot(const ScreenyView& preview);

@@ -154,11 +154,16 @@ bool SWElement::checkIfDockApplication(const ElementRef& dockItem)
 
 bool SWElement::checkIfCal(const ElementRef& dockItem)
 {
+    if (!AX::equals(dockItem, AX::Subrole, AX::ApplicationDockItem))
+        return false;
     const auto title = titleForElement(dockItem);
-    return title &&
-           (*title == QLatin1String("iCal") || *title == QLatin1String("Calendar") ||
-            *title == QLatin1String("BusyCal")) &&
-           AX::equals(dockItem, AX::Subrole, AX::ApplicationDockItem);
+    if (title && (*title == QLatin1String("iCal") || *title == QLatin1String("Calendar") ||
+                  *title == QLatin1String("BusyCal")))
+        return true;
+    // Titles are in the user's language, and calendars have other names elsewhere.
+    const auto url = AX::read<QUrl>(dockItem, AX::URL);
+    return url && platform::desktop().workspace.roleOfApplication(*url) ==
+                      platform::ApplicationRole::Calendar;
 }
 
 bool SWElement::checkIfBusyCal(const ElementRef& dockItem)

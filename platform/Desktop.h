@@ -10,6 +10,7 @@ namespace lumbrix::platform
 class Accessibility;
 class AppleEvents;
 class ApplicationBundle;
+class CalendarStore;
 class DockPreferences;
 class EventTaps;
 class InputState;
@@ -18,6 +19,7 @@ class LoginItems;
 class RunLoop;
 class StatusBar;
 class UserDefaults;
+class WallClock;
 class WindowServer;
 class Workspace;
 
@@ -36,6 +38,8 @@ struct Desktop {
     ApplicationBundle& applicationBundle;
     StatusBar& statusBar;
     AppleEvents& appleEvents;
+    CalendarStore& calendarStore;
+    WallClock& wallClock;
 };
 
 /// The installed desktop. Any thread; calling it with none installed ends the program.

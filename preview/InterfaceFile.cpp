@@ -12,6 +12,7 @@
 #include "preview/BadgeView.h"
 #include "preview/Cells.h"
 #include "preview/DBOverlayWindow.h"
+#include "preview/CalTableView.h"
 #include "preview/ImageButton.h"
 #include "preview/KeyLabel.h"
 #include "preview/MAWindow.h"
@@ -31,6 +32,7 @@ template <class Widget> QWidget* make(QWidget* parent) { return new Widget(paren
 constexpr std::array WidgetClasses{
     InterfaceClass{QLatin1String("BadgeView"), make<BadgeView>},
     InterfaceClass{QLatin1String("DBOverlayWindow"), make<DBOverlayWindow>},
+    InterfaceClass{QLatin1String("CalTableView"), make<CalTableView>},
     InterfaceClass{QLatin1String("ImageButton"), make<ImageButton>},
     InterfaceClass{QLatin1String("KeyLabel"), make<KeyLabel>},
     InterfaceClass{QLatin1String("LXImageCell"), make<LXImageCell>},

@@ -201,6 +201,7 @@ void ScreenyView::rebirth()
         m_elementRef->setScreenshot({});
     m_elementRef.reset();
     delete m_iCalView;
+    m_calURL.clear();
     m_closeButton->hide();
     m_closeButton->setEnabled(true);
     m_closeButton->setAlpha(1.0);
@@ -226,8 +227,10 @@ void ScreenyView::dismiss()
 void ScreenyView::activateWindow()
 {
     if (!m_elementRef) {
-        if (m_iCal)
-            platform::desktop().workspace.launchApplication(m_BusyCal ? u"BusyCal"_qs : u"iCal"_qs);
+        platform::Workspace& workspace = platform::desktop().workspace;
+        if (m_iCal && !workspace.launchApplication(m_BusyCal ? u"BusyCal"_qs : u"iCal"_qs) &&
+            !m_calURL.isEmpty())
+            workspace.launchApplicationAtURL(m_calURL, platform::LaunchOption::Async);
         return;
     }
     // Closing all previews, below, may drop the last reference to this one.

@@ -8,6 +8,7 @@
 #include <QtCore/QObject>
 #include <QtCore/QPointer>
 #include <QtCore/QString>
+#include <QtCore/QUrl>
 #include <QtGui/QImage>
 
 #include <array>
@@ -131,6 +132,8 @@ public:
     bool isPlaying() const { return m_isPlaying; }
 
     // A preview of today's events in place of a window.
+    /// Started by a click when no window is known and no application of the usual name is there.
+    void setCalURL(const QUrl& application) { m_calURL = application; }
     /// Clears and hides what shows a window: picture, title and badge.
     void prepareForCal();
     /// An empty container that covers the panel, until rebirth. Replaces the former one.
@@ -196,6 +199,7 @@ private:
     bool m_BusyCal = false;
     bool m_setByTab = false;
     bool m_isPlaying = false;
+    QUrl m_calURL;
 };
 
 } // namespace lumbrix

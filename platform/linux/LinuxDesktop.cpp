@@ -12,6 +12,7 @@
 #include "platform/linux/applications/ApplicationRegistry.h"
 #include "platform/linux/applications/LinuxWorkspace.h"
 #include "platform/linux/applications/WindowRaiser.h"
+#include "platform/linux/calendar/LinuxCalendarStore.h"
 #include "platform/linux/defaults/IniDefaults.h"
 #include "platform/linux/docks/DockModel.h"
 #include "platform/linux/docks/LinuxDockPreferences.h"
@@ -30,6 +31,7 @@
 #include "platform/linux/x11/X11Core.h"
 #include "platform/linux/x11/X11InputState.h"
 #include "platform/linux/x11/X11WindowServer.h"
+#include "platform/qt/QtWallClock.h"
 
 namespace lumbrix::platform
 {
@@ -86,6 +88,7 @@ public:
           m_defaults(IniDefaults::defaultPath()), m_loginItems(AutostartItems::defaultFolder()),
           m_tray(runLoop, m_core->trays(), QDBusConnection::sessionBus()),
           m_appleEvents(runLoop, QDBusConnection::sessionBus(), m_core->tracker(), m_registry),
+          m_calendarStore(runLoop, QDBusConnection::sessionBus(), IcalFolderPaths::defaults()),
           m_ownerPids(m_registry), m_ports{runLoop,
                                            m_accessibility,
                                            m_core->windowServer(),
@@ -98,7 +101,9 @@ public:
                                            m_loginItems,
                                            m_bundle,
                                            m_tray,
-                                           m_appleEvents}
+                                           m_appleEvents,
+                                           m_calendarStore,
+                                           m_wallClock}
     {
         m_core->windowServer().setOwnerPids(&m_ownerPids);
         for (x11::WindowListener* listener : std::initializer_list<x11::WindowListener*>{
@@ -157,6 +162,8 @@ private:
     ProgramBundle m_bundle;
     TrayWatcher m_tray;
     LinuxAppleEvents m_appleEvents;
+    LinuxCalendarStore m_calendarStore;
+    QtWallClock m_wallClock;
     const RegistryOwnerPids m_ownerPids;
     const Desktop m_ports;
     QRect m_hint;

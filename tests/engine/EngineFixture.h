@@ -25,11 +25,12 @@ using platform::ModifierFlag::Option;
 class EngineFixture : public DesktopFixture
 {
 protected:
-    EngineFixture()
+    /// The calendar preview is one that writes down what it is asked, unless another is given.
+    explicit EngineFixture(const std::shared_ptr<CalendarPreview>& calendarPreview = nullptr)
     {
         Companions companions;
         companions.hotKeyCenter = m_hotKeys;
-        companions.calendarPreview = m_calendar;
+        companions.calendarPreview = calendarPreview ? calendarPreview : m_calendar;
         companions.playerControls = std::make_shared<MediaControls>();
         LXHandler::installCompanions(companions);
         EngineSettings& settings = engine().settings();

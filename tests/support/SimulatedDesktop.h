@@ -9,6 +9,7 @@
 
 #include "platform/Desktop.h"
 #include "tests/support/SimulatedAppleEvents.h"
+#include "tests/support/SimulatedCalendar.h"
 #include "tests/support/SimulatedKeyboard.h"
 #include "tests/support/SimulatedPorts.h"
 #include "tests/support/SimulatedSession.h"
@@ -45,6 +46,8 @@ public:
     SimulatedBundle& applicationBundle() { return m_applicationBundle; }
     SimulatedStatusBar& statusBar() { return m_statusBar; }
     SimulatedAppleEvents& appleEvents() { return m_appleEvents; }
+    SimulatedCalendarStore& calendarStore() { return m_calendarStore; }
+    SimulatedWallClock& wallClock() { return m_wallClock; }
 
     // Applications.
     Pid addApplication(SimulatedApplication application);
@@ -112,6 +115,8 @@ private:
     SimulatedBundle m_applicationBundle;
     SimulatedStatusBar m_statusBar;
     SimulatedAppleEvents m_appleEvents{m_state.runLoop};
+    SimulatedCalendarStore m_calendarStore{m_state.runLoop};
+    SimulatedWallClock m_wallClock{m_state.runLoop};
 };
 
 } // namespace lumbrix::test

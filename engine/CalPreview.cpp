@@ -1,0 +1,192 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include "engine/CalPreview.h"
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QLocale>
+#include <QtCore/QRegularExpression>
+
+#include <algorithm>
+#include <mutex>
+
+#include "engine/LXHandler.h"
+#include "model/AXRead.h"
+#include "model/Modifiers.h"
+#include "platform/CalendarStore.h"
+#include "platform/Desktop.h"
+#include "platform/WallClock.h"
+#include "preview/CalendarPicker.h"
+#include "preview/EventLine.h"
+
+namespace lumbrix
+{
+namespace
+{
+
+using platform::CalendarError;
+
+constexpr int mostLines = 10;
+constexpr float lineHeight = 17;
+constexpr float widestLine = 700;
+/// What the panel has beside, above and below its lines.
+constexpr QPointF firstLine(20, 21);
+constexpr QSizeF surroundings(30, 40);
+
+platform::CalendarEvents eventsToCome()
+{
+    QStringList calendars;
+    for (const platform::Calendar& calendar : CalendarPicker::getAllowedCalendars())
+        calendars << calendar.uid;
+    return platform::desktop().calendarStore.events(platform::desktop().wallClock.now(),
+                                                    CalPreview::nextDate(), calendars);
+}
+
+} // namespace
+
+std::shared_ptr<CalPreview> CalPreview::sharedPreview()
+{
+    static std::mutex mutex;
+    static std::weak_ptr<CalPreview> shared; // guarded by mutex
+    const std::lock_guard lock(mutex);
+    std::shared_ptr<CalPreview> preview = shared.lock();
+    if (!preview)
+        shared = preview = std::make_shared<CalPreview>();
+    return preview;
+}
+
+ScreenyViewPtr CalPreview::shownPreview()
+{
+    const auto& previews = LXHandler::sharedHandler().screenyViews();
+    return previews.empty() || !previews.front()->iCal() ? nullptr : previews.front();
+}
+
+void CalPreview::calIconHovered(const SWElementPtr& dockItem)
+{
+    LXHandler& engine = LXHandler::sharedHandler();
+    const EngineSettings& settings = engine.settings();
+    const bool isBusyCal = dockItem && SWElement::checkIfBusyCal(dockItem->element());
+    if (const ScreenyViewPtr shown = shownPreview(); shown && shown->BusyCal() == isBusyCal)
+        return;
+    engine.removeAllScreenViews();
+    // The key that hides the previews of windows is the one that brings up the calendar: the two
+    // take turns.
+    if (settings.hidePreviews && !isModifierHeld(settings.hidePreviewsKeycode))
+        return;
+    engine.inventory().cleanWindowsArray();
+    if (settings.onlyIfPressed && !isModifierHeld(settings.onlyIfKeycode))
+        return;
+    if (eventsToCome().error != CalendarError::NotReady)
+        showPreview(dockItem, isBusyCal);
+    // All of today, so that what is read now is still enough later on.
+    const QDateTime now = platform::desktop().wallClock.now();
+    platform::desktop().calendarStore.refresh(platform::WallClock::startOfDay(now),
+                                              platform::WallClock::endOfDay(now),
+                                              [weak = weak_from_this(), dockItem, isBusyCal] {
+                                                  if (const auto self = weak.lock())
+                                                      self->eventsRead(dockItem, isBusyCal);
+                                              });
+}
+
+void CalPreview::eventsRead(const SWElementPtr& dockItem, bool isBusyCal)
+{
+    LXHandler& engine = LXHandler::sharedHandler();
+    if (!dockItem || engine.currentDockElement() != dockItem || engine.settings().disabled)
+        return;
+    const ScreenyViewPtr shown = shownPreview();
+    if (!shown) {
+        // Meanwhile it may have been clicked, which brings up a menu or the application.
+        if (engine.screenyViews().empty() && engine.checkIfDockElementIsHovered(dockItem))
+            showPreview(dockItem, isBusyCal);
+        return;
+    }
+    if (upcomingEvents() == m_lines)
+        return;
+    generateCalData(*shown);
+    engine.arrangeWindows(dockItem, false);
+    shown->orderFront();
+}
+
+void CalPreview::showPreview(const SWElementPtr& dockItem, bool isBusyCal)
+{
+    LXHandler& engine = LXHandler::sharedHandler();
+    const ScreenyViewPtr preview = engine.createScreenyView();
+    if (!preview)
+        return;
+    preview->prepareForCal();
+    generateCalData(*preview);
+    engine.appendScreenyView(preview);
+    const auto application = dockItem ? dockItem->runningApplicationForDockElement() : std::nullopt;
+    const auto windows = application ? engine.inventory().windowsForPID(application->pid)
+                                     : std::vector<SWElementPtr>{};
+    if (!windows.empty())
+        preview->setElementRef(windows.front());
+    else if (dockItem)
+        preview->setCalURL(AX::read<QUrl>(dockItem->element(), AX::URL).value_or(QUrl()));
+    preview->setICal(true);
+    preview->setBusyCal(isBusyCal);
+    engine.arrangeWindows(dockItem, false);
+    if (preview->elementRef())
+        engine.pictureLoader().loadUnseen(preview);
+    preview->setHeld(false); // as part of a row that is no more it may have been
+    preview->orderFront();
+}
+
+void CalPreview::generateCalData(ScreenyView& preview)
+{
+    m_lines = upcomingEvents();
+    float width = 1;
+    for (const QString& line : m_lines)
+        width = std::max(width, static_cast<float>(EventLine::widthOf(line)));
+    width = std::min(width, widestLine);
+    MAWindow& panel = *preview.window();
+    const auto count = static_cast<double>(m_lines.size());
+    panel.setFrame(QRectF(panel.frame().topLeft(),
+                          surroundings + QSizeF(width, static_cast<double>(lineHeight) * count)));
+    preview.setUpCalView();
+    int index = 0;
+    for (const QString& line : m_lines)
+        addTextField(line, ++index, preview, width);
+}
+
+void CalPreview::addTextField(const QString& line, int index, ScreenyView& preview, float width)
+{
+    const bool isLight = LXHandler::sharedHandler().settings().previewStyle == 0;
+    QWidget* view = preview.iCalView();
+    auto* field = new EventLine(line, isLight ? Qt::black : Qt::white, view);
+    field->setGeometry(QRectF(firstLine + QPointF(0, static_cast<double>(lineHeight) * (index - 1)),
+                              QSizeF(static_cast<double>(width), static_cast<double>(lineHeight)))
+                           .toAlignedRect());
+    field->show();
+}
+
+QStringList CalPreview::upcomingEvents()
+{
+    QStringList lines;
+    for (const platform::CalendarEvent& event : eventsToCome().events) {
+        if (lines.size() == mostLines)
+            break;
+        lines << humanTimeFromDate(event.start, event.end) + u' ' + event.title;
+    }
+    if (lines.isEmpty())
+        lines << QCoreApplication::translate("CalPreview", "No events for today.");
+    return lines;
+}
+
+QDateTime CalPreview::nextDate()
+{
+    // A day by the calendar. By the clock it is an hour more or less when the clocks change.
+    return platform::WallClock::endOfDay(platform::desktop().wallClock.now());
+}
+
+QString CalPreview::humanTimeFromDate(const QDateTime& start, const QDateTime& end)
+{
+    // Hours and minutes; where no language is set, the short format has seconds too.
+    static const QRegularExpression seconds(u"[:.]s+"_qs);
+    const QLocale locale;
+    const QString format = locale.timeFormat(QLocale::ShortFormat).remove(seconds);
+    return u"%1 - %2"_qs.arg(locale.toString(start.time(), format),
+                             locale.toString(end.time(), format));
+}
+
+} // namespace lumbrix

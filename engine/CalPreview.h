@@ -1,0 +1,54 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// The preview of a calendar application: the rest of today's events in place of its windows.
+#pragma once
+
+#include <QtCore/QDateTime>
+#include <QtCore/QStringList>
+
+#include <memory>
+
+#include "engine/Companions.h"
+#include "preview/ScreenyView.h"
+
+namespace lumbrix
+{
+
+class LXHandler;
+
+/// Main thread.
+class CalPreview final : public CalendarPreview, public std::enable_shared_from_this<CalPreview>
+{
+public:
+    /// The one there is, as long as someone holds it. Any thread.
+    static std::shared_ptr<CalPreview> sharedPreview();
+
+    bool shouldShowCal() const override { return m_shouldShowCal; }
+    void setShouldShowCal(bool on) override { m_shouldShowCal = on; }
+    /// Shows the preview beside the icon: at once when the events of today were read before, and
+    /// again should they have changed; otherwise when they have been read, if the icon is still
+    /// hovered then.
+    void calIconHovered(const SWElementPtr& dockItem) override;
+
+    /// The lines of the preview, ten at most, never none; from what the store knows.
+    static QStringList upcomingEvents();
+    /// The midnight that ends today.
+    static QDateTime nextDate();
+    /// Such as "9:00 AM - 10:30 AM", as the user's language writes times.
+    static QString humanTimeFromDate(const QDateTime& start, const QDateTime& end);
+
+private:
+    static void addTextField(const QString& line, int index, ScreenyView& preview, float width);
+    void generateCalData(ScreenyView& preview);
+    void showPreview(const SWElementPtr& dockItem, bool isBusyCal);
+    /// The store has been read.
+    void eventsRead(const SWElementPtr& dockItem, bool isBusyCal);
+    /// The preview on screen; null when there is none.
+    static ScreenyViewPtr shownPreview();
+
+    bool m_shouldShowCal = false;
+    QStringList m_lines; ///< as last shown
+};
+
+} // namespace lumbrix

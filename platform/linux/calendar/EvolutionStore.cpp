@@ -1,0 +1,245 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include "platform/linux/calendar/EvolutionStore.h"
+
+#include <QtCore/QDateTime>
+#include <QtCore/QRegularExpression>
+#include <QtDBus/QDBusArgument>
+#include <QtDBus/QDBusObjectPath>
+#include <QtDBus/QDBusPendingCallWatcher>
+
+#include <algorithm>
+#include <utility>
+
+namespace lumbrix::platform
+{
+namespace
+{
+
+const QString sourceService = QStringLiteral("org.gnome.evolution.dataserver.Sources5");
+const QString sourceInterface = QStringLiteral("org.gnome.evolution.dataserver.Source");
+const QString factoryService = QStringLiteral("org.gnome.evolution.dataserver.Calendar8");
+const QString factoryInterface = QStringLiteral("org.gnome.evolution.dataserver.CalendarFactory");
+const QString calendarInterface = QStringLiteral("org.gnome.evolution.dataserver.Calendar");
+
+/// A calendar on a server that is not reached takes the longest.
+constexpr Seconds longestWait = 4;
+constexpr int callTimeout = 4000; ///< milliseconds
+constexpr std::size_t mostCalendars = 200;
+constexpr int mostRecurring = 500;
+
+bool isAnswer(const QDBusMessage& reply, const char* signature)
+{
+    return reply.type() == QDBusMessage::ReplyMessage &&
+           reply.signature() == QLatin1String(signature);
+}
+
+/// The calendars among all sources: a{oa{sa{sv}}}.
+std::vector<EvolutionCalendar> calendarsIn(const QDBusMessage& reply)
+{
+    std::vector<EvolutionCalendar> calendars;
+    const auto argument = reply.arguments().constFirst().value<QDBusArgument>();
+    QMap<QDBusObjectPath, QMap<QString, QVariantMap>> objects;
+    argument >> objects;
+    for (const auto& interfaces : std::as_const(objects)) {
+        const QVariantMap properties = interfaces.value(sourceInterface);
+        const auto source = EvolutionSource::parse(
+            properties.value(QStringLiteral("UID")).toString(),
+            properties.value(QStringLiteral("Data")).toString().toUtf8(), {});
+        if (source && calendars.size() < mostCalendars)
+            calendars.push_back({*source, {}});
+    }
+    std::sort(calendars.begin(), calendars.end(), [](const auto& a, const auto& b) {
+        return std::tie(a.source.name, a.source.uid) < std::tie(b.source.name, b.source.uid);
+    });
+    return calendars;
+}
+
+QString inUtc(ical::Instant instant)
+{
+    return QDateTime::fromMSecsSinceEpoch(instant, Qt::UTC)
+        .toString(QStringLiteral("yyyyMMddThhmmssZ"));
+}
+
+/// The value of a property that stands on a line of its own, folded or not.
+QString propertyOf(const QString& object, const QString& name)
+{
+    const QRegularExpression line(
+        QStringLiteral("^%1[^:\r\n]*:((?:[^\r\n]|\r?\n[ \t])*)").arg(name),
+        QRegularExpression::MultilineOption | QRegularExpression::CaseInsensitiveOption);
+    static const QRegularExpression fold(QStringLiteral("\r?\n[ \t]"));
+    return line.match(object).captured(1).remove(fold).trimmed();
+}
+
+} // namespace
+
+struct EvolutionStore::Job {
+    QString query;
+    EvolutionAnswer answer;
+    std::size_t missing = 0; ///< calendars that have not been read yet
+    bool isOver = false;
+    Done done;
+};
+
+EvolutionStore::EvolutionStore(RunLoop& runLoop, const QDBusConnection& bus)
+    : m_runLoop(runLoop), m_bus(bus)
+{
+}
+
+EvolutionStore::~EvolutionStore() { m_runLoop.cancelPreviousPerformRequests(this); }
+
+void EvolutionStore::fetch(ical::Instant start, ical::Instant end, Done done)
+{
+    const auto job = std::make_shared<Job>();
+    job->done = std::move(done);
+    job->query = QStringLiteral("(occur-in-time-range? (make-time \"%1\") (make-time \"%2\"))")
+                     .arg(inUtc(start), inUtc(end));
+    if (!m_bus.isConnected()) {
+        m_runLoop.performAfterDelay(this, 0, [this, job] { finish(job); });
+        return;
+    }
+    m_runLoop.performAfterDelay(this, longestWait, [this, job] {
+        job->answer.isComplete = false;
+        finish(job);
+    });
+    QDBusMessage message = QDBusMessage::createMethodCall(
+        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
+        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("NameHasOwner"));
+    message << sourceService;
+    call(job, message, [this, job](const QDBusMessage& reply) {
+        job->answer.isRunning = isAnswer(reply, "b") && reply.arguments().constFirst().toBool();
+        if (job->answer.isRunning)
+            listCalendars(job);
+        else
+            finish(job);
+    });
+}
+
+void EvolutionStore::call(const JobPtr& job, const QDBusMessage& message, Reply reply)
+{
+    auto* watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(message, callTimeout), this);
+    connect(watcher, &QDBusPendingCallWatcher::finished, this,
+            [job, reply = std::move(reply)](QDBusPendingCallWatcher* finished) {
+                finished->deleteLater();
+                if (!job->isOver)
+                    reply(finished->reply());
+            });
+}
+
+void EvolutionStore::listCalendars(const JobPtr& job)
+{
+    QDBusMessage message = QDBusMessage::createMethodCall(
+        sourceService, QStringLiteral("/org/gnome/evolution/dataserver/SourceManager"),
+        QStringLiteral("org.freedesktop.DBus.ObjectManager"), QStringLiteral("GetManagedObjects"));
+    message.setAutoStartService(false);
+    call(job, message, [this, job](const QDBusMessage& reply) {
+        if (isAnswer(reply, "a{oa{sa{sv}}}"))
+            job->answer.calendars = calendarsIn(reply);
+        else
+            job->answer.isComplete = false;
+        job->missing = job->answer.calendars.size();
+        if (job->missing == 0)
+            finish(job);
+        for (std::size_t i = 0; i < job->answer.calendars.size(); ++i)
+            openCalendar(job, i);
+    });
+}
+
+void EvolutionStore::openCalendar(const JobPtr& job, std::size_t index)
+{
+    // The part that has the calendars starts when it is needed, and ends by itself.
+    QDBusMessage message = QDBusMessage::createMethodCall(
+        factoryService, QStringLiteral("/org/gnome/evolution/dataserver/CalendarFactory"),
+        factoryInterface, QStringLiteral("OpenCalendar"));
+    message << job->answer.calendars[index].source.uid;
+    call(job, message, [this, job, index](const QDBusMessage& reply) {
+        if (!isAnswer(reply, "ss")) {
+            calendarDone(job, false);
+            return;
+        }
+        const QString path = reply.arguments().at(0).toString();
+        const QString service = reply.arguments().at(1).toString();
+        call(job,
+             QDBusMessage::createMethodCall(service, path, calendarInterface,
+                                            QStringLiteral("Open")),
+             [this, job, index, service, path](const QDBusMessage& opened) {
+                 if (opened.type() == QDBusMessage::ReplyMessage)
+                     readCalendar(job, index, service, path);
+                 else
+                     calendarDone(job, false);
+             });
+    });
+}
+
+void EvolutionStore::readCalendar(const JobPtr& job, std::size_t index, const QString& service,
+                                  const QString& path)
+{
+    QDBusMessage message = QDBusMessage::createMethodCall(service, path, calendarInterface,
+                                                          QStringLiteral("GetObjectList"));
+    message << job->query;
+    call(job, message, [this, job, index, service, path](const QDBusMessage& reply) {
+        if (isAnswer(reply, "as"))
+            readObjects(job, index, service, path, reply.arguments().constFirst().toStringList());
+        else
+            calendarDone(job, false);
+    });
+}
+
+/// Of an event that recurs the answer has only the parts that happen then. The part that says that
+/// it does not happen then, but another time, comes with the whole of it.
+void EvolutionStore::readObjects(const JobPtr& job, std::size_t index, const QString& service,
+                                 const QString& path, const QStringList& objects)
+{
+    QStringList recurring;
+    QByteArray& text = job->answer.calendars[index].text;
+    for (const QString& object : objects) {
+        const bool recurs = !propertyOf(object, QStringLiteral("RRULE")).isEmpty() ||
+                            !propertyOf(object, QStringLiteral("RDATE")).isEmpty() ||
+                            !propertyOf(object, QStringLiteral("RECURRENCE-ID")).isEmpty();
+        if (recurs && recurring.size() < mostRecurring)
+            recurring << propertyOf(object, QStringLiteral("UID"));
+        else
+            text += object.toUtf8() + "\r\n";
+    }
+    recurring.removeDuplicates();
+    const auto missing = std::make_shared<qsizetype>(recurring.size());
+    const auto close = [this, job, service, path] {
+        m_bus.send(QDBusMessage::createMethodCall(service, path, calendarInterface,
+                                                  QStringLiteral("Close")));
+        calendarDone(job, true);
+    };
+    if (recurring.isEmpty())
+        close();
+    for (const QString& uid : std::as_const(recurring)) {
+        QDBusMessage message = QDBusMessage::createMethodCall(service, path, calendarInterface,
+                                                              QStringLiteral("GetObject"));
+        message << uid << QString();
+        call(job, message, [job, index, missing, close](const QDBusMessage& reply) {
+            if (isAnswer(reply, "s"))
+                job->answer.calendars[index].text +=
+                    reply.arguments().constFirst().toString().toUtf8() + "\r\n";
+            else
+                job->answer.isComplete = false;
+            if (--*missing == 0)
+                close();
+        });
+    }
+}
+
+void EvolutionStore::calendarDone(const JobPtr& job, bool isRead)
+{
+    job->answer.isComplete = job->answer.isComplete && isRead;
+    if (--job->missing == 0)
+        finish(job);
+}
+
+void EvolutionStore::finish(const JobPtr& job)
+{
+    if (std::exchange(job->isOver, true))
+        return;
+    m_runLoop.cancelPreviousPerformRequests(this);
+    job->done(job->answer);
+}
+
+} // namespace lumbrix::platform

@@ -1,0 +1,29 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// An iCalendar text, and what of it happens within a stretch of time.
+#pragma once
+
+#include <QtCore/QIODevice>
+#include <QtCore/QTimeZone>
+
+#include <vector>
+
+#include "platform/linux/calendar/IcalReader.h"
+#include "platform/linux/calendar/Recurrence.h"
+
+namespace lumbrix::platform::ical
+{
+
+struct Contents {
+    Heading heading;
+    std::vector<Occurrence> occurrences; ///< by start, then in the order of the text
+    bool isComplete = true;              ///< false when it was stopped before the end
+};
+
+/// Any thread, but one at a time: the library below has state of its own. `local` is the user's
+/// time zone, that of times without one and of whole days.
+Contents readCalendar(QIODevice& text, const Window& window, const QTimeZone& local,
+                      const Stop& stop);
+
+} // namespace lumbrix::platform::ical
