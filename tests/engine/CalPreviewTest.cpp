@@ -1,6 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
+#include <QtCore/QPointer>
+
 #include "engine/CalPreview.h"
 
 #include <QtCore/QLocale>
@@ -131,12 +133,13 @@ TEST_F(CalPreviewTest, panel_isAsLargeAsItsLines_inTheColourOfTheStyle)
             EXPECT_EQ(field.height(), 17);
         }
         EXPECT_NEAR(size.width(), 30 + widest, 0.01);
-        EXPECT_EQ(shown.iCalView()->geometry(), shown.contentView()->rect());
+        EXPECT_LE(std::abs(shown.iCalView()->width() - shown.contentView()->width()), 1);
+        EXPECT_EQ(shown.iCalView()->height(), shown.contentView()->height());
         EXPECT_TRUE(shown.titleString().isEmpty());
         EXPECT_TRUE(shown.window()->findChild<QWidget*>(u"image"_s)->isHidden());
-        // Above the icon, in the middle.
+        // Above the icon, in the middle, less what every row is moved to the left.
         EXPECT_NEAR(shown.window()->frame().center().x(),
-                    desk.dockItemFrame(u"Calendar"_s).center().x(), 1);
+                    desk.dockItemFrame(u"Calendar"_s).center().x() - 6, 1);
         leave();
         loop.advance(1);
     }
@@ -161,7 +164,7 @@ TEST_F(CalPreviewTest, iconsHoveredAgain_rebuildOnlyForTheOtherKindOfCalendar)
     addEvents(2);
     hover(u"Calendar"_s);
     const ScreenyViewPtr first = engine().screenyViews().at(0);
-    const QWidget* view = first->iCalView();
+    const QPointer<QWidget> view = first->iCalView();
     EXPECT_FALSE(first->BusyCal());
     leave();
     hover(u"Calendar"_s);
@@ -170,7 +173,7 @@ TEST_F(CalPreviewTest, iconsHoveredAgain_rebuildOnlyForTheOtherKindOfCalendar)
     hover(u"BusyCal"_s);
     ASSERT_EQ(engine().screenyViews().size(), 1U);
     EXPECT_TRUE(preview(0).BusyCal());
-    EXPECT_NE(preview(0).iCalView(), view);
+    EXPECT_TRUE(view.isNull()) << "made anew";
     EXPECT_EQ(lines().size(), 2);
 }
 

@@ -202,7 +202,7 @@ TEST_F(MediaTest, otherApplications_haveTheirOwnButtons)
         {u"R"_s, u"totem"_s, ApplicationRole::MoviePlayer, u"QuickTime Player"_s, {}, movie, {}},
         {u"M"_s, u"com.apple.mail"_s, ApplicationRole::Other, u"Mail"_s, {}, mail, {}},
         {u"N"_s, u"claws-mail"_s, ApplicationRole::Mail, u"Mail"_s, {}, mail, {}},
-        {u"C"_s, u"org.example.Cal"_s, ApplicationRole::Calendar, {}, {}, {}, {}},
+        {u"C"_s, u"org.example.Other"_s, ApplicationRole::Other, {}, {}, {}, {}},
     };
     for (const Case& each : cases) {
         SCOPED_TRACE(qPrintable(each.identifier));

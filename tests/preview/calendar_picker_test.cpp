@@ -54,7 +54,10 @@ protected:
             rows += picker.getRowCheckbox(row) ? u'+' : u'-';
         return rows;
     }
-    QStringList saved() { return desk.userDefaults().arrayForKey(u"calendars"_s).value_or({}); }
+    QStringList saved()
+    {
+        return desk.userDefaults().arrayForKey(u"calendars"_s).value_or(QStringList());
+    }
 
     SimulatedCalendarStore& store = desk.calendarStore();
     QWidget preferences;
