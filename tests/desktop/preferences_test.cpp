@@ -25,13 +25,6 @@ constexpr std::uint8_t kKey = 45, jKey = 44, tKey = 28, wKey = 25;
 class PreferencesTest : public DesktopTest
 {
 protected:
-    void TearDown() override
-    {
-        desk().stopLumbrix();
-        m_second.reset();
-        DesktopTest::TearDown();
-    }
-
     void key(std::uint8_t type, std::uint8_t keycode)
     {
         xcb_test_fake_input(display().connection(), type, keycode, XCB_CURRENT_TIME,
@@ -57,6 +50,7 @@ protected:
     /// Without an icon in a menu, starting the program again is the way to its preferences.
     void openPreferences(const QByteArray& pane)
     {
+        desk().stopLumbrix(); // what the test before has changed
         desk().startLumbrix({{u"hideIcon"_qs, u"1"_qs}, {u"showFastKeys"_qs, u"0"_qs}});
         desk().park();
         ASSERT_TRUE(showsNothing());
@@ -81,19 +75,36 @@ protected:
     {
         return waitUntil([&] { return settings().split('\n').contains(line); });
     }
-    /// Whether something in the window is in the colour of warnings.
-    bool warns()
+    /// How many pixels of the window, below the toolbar, are of such a colour.
+    int count(const std::function<bool(QRgb)>& isSought)
     {
         const auto area = display().geometry(preferences());
         const QImage picture = area ? display().picture(*area) : QImage();
-        int red = 0;
-        for (int y = 80; y < picture.height(); ++y) { // below the toolbar
-            for (int x = 0; x < picture.width(); ++x) {
-                const QColor pixel = picture.pixelColor(x, y);
-                red += pixel.red() > 170 && pixel.green() < 60 && pixel.blue() < 70;
-            }
+        int result = 0;
+        for (int y = 80; y < picture.height(); ++y) {
+            for (int x = 0; x < picture.width(); ++x)
+                result += isSought(picture.pixel(x, y));
         }
-        return red > 20;
+        return result;
+    }
+    /// Whether there is a text in the colour of warnings.
+    bool warns()
+    {
+        return count([](QRgb c) { return qRed(c) > 170 && qGreen(c) < 60 && qBlue(c) < 70; }) > 20;
+    }
+    /// Whether a field has the tint of one that waits for keys.
+    bool isRecording()
+    {
+        return count([](QRgb c) {
+                   return qBlue(c) > 240 && qBlue(c) - qRed(c) > 15 && qGreen(c) > 230;
+               }) > 1000;
+    }
+    void record(const std::vector<std::uint8_t>& keys)
+    {
+        type({altKey, tKey});
+        ASSERT_TRUE(waitUntil([this] { return isRecording(); }));
+        type(keys);
+        ASSERT_TRUE(waitUntil([this] { return !isRecording(); }));
     }
 
 private:
@@ -126,8 +137,7 @@ TEST_P(PreferencesTest, hotKey_recorded_worksFromAnyProgramUnseenByIt)
     Application& alpha = launch(u"alpha"_qs, 1);
     openPreferences("Hotkeys");
     for (int i = 0; i < 2; ++i) { // a key that is in force already is recorded like any other
-        type({altKey, tKey});
-        type({superKey, altKey, kKey});
+        record({superKey, altKey, kKey});
         ASSERT_TRUE(stores("[enableDisableKey]"));
         EXPECT_TRUE(stores("keyCode=40"));
         EXPECT_TRUE(stores("modifiers=2304"));
@@ -152,15 +162,13 @@ TEST_P(PreferencesTest, keysOfAnotherProgram_recorded_areMarkedAsTaken)
                                                         XCB_MOD_MASK_4 | XCB_MOD_MASK_1, jKey,
                                                         XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC)));
     EXPECT_FALSE(warns());
-    type({altKey, tKey});
-    type({superKey, altKey, jKey});
+    record({superKey, altKey, jKey});
     EXPECT_TRUE(stores("keyCode=38")) << "not recorded, as the other program had them";
     EXPECT_TRUE(waitUntil([this] { return warns(); }));
     savePicture("taken");
     xcb_ungrab_key(c, jKey, display().root(), XCB_MOD_MASK_4 | XCB_MOD_MASK_1);
     xcb_flush(c);
-    type({altKey, tKey});
-    type({superKey, altKey, kKey});
+    record({superKey, altKey, kKey});
     EXPECT_TRUE(waitUntil([this] { return !warns(); }));
 }
 
