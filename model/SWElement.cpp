@@ -150,6 +150,11 @@ void SWElement::raise()
     }
 }
 
+bool SWElement::isHidden() const
+{
+    return AX::read<bool>(m_element, AX::Hidden).value_or(false);
+}
+
 QRectF SWElement::getRect() const
 {
     const auto position = AX::read<QPointF>(m_element, AX::Position);

@@ -115,6 +115,8 @@ public:
     void closeWindow();
     bool unhideIfHidden();
     void raise();
+    /// Of a Dock item: whether the Dock keeps it out of sight. False where it does not say.
+    bool isHidden() const;
     QRectF getRect() const;   ///< accessibility coordinates
     QRectF getNSRect() const; ///< screen coordinates, origin bottom left
     std::optional<platform::RunningApplication> runningApplicationForDockElement() const;

@@ -47,7 +47,10 @@ enum class WorkspaceNotification {
     DidLaunchApplication,
     DidTerminateApplication,
     DidActivateApplication,
-    ActiveSpaceDidChange, ///< the pid is 0
+    ActiveSpaceDidChange, ///< the pid is 0, as in what follows
+    SystemUIModeDidChange,
+    /// The Dock has other items, in other places, or hides them. Not told on every platform.
+    DockItemsDidChange,
 };
 
 /// Ends the subscription when destroyed. Main thread.
@@ -90,6 +93,9 @@ public:
     virtual bool launchApplication(const QString& name) = 0;
     /// By its bundle or its executable; one that runs already comes forward.
     virtual bool launchApplicationAtURL(const QUrl& url, std::uint32_t options) = 0;
+
+    /// 0 = normal; anything else while an application has the screen with the Dock for itself.
+    virtual std::uint32_t systemUIMode() = 0;
 
     /// Called on the main thread, in the order things happened. Main thread.
     [[nodiscard]] virtual std::unique_ptr<WorkspaceSubscription>

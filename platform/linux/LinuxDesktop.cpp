@@ -77,7 +77,9 @@ public:
           m_registry(m_core->tracker(), m_entries, readProcessNames,
                      {::getpid(), options.ownBundleIdentifier}, clock(runLoop)),
           m_raiser(m_core->tracker(), m_registry, clock(runLoop)),
-          m_workspace(runLoop, m_core->tracker(), m_registry, m_entries, m_raiser),
+          m_uiMode(m_core->tracker(),
+                   [&space = m_core->pointSpace()] { return space.screens().front(); }),
+          m_workspace(runLoop, m_core->tracker(), m_registry, m_entries, m_raiser, m_uiMode),
           m_docks(runLoop, m_core->tracker(), m_registry, m_entries,
                   makeDockProviders(runLoop, *m_core, m_registry)),
           m_tooltips(m_core->connection(), ::getpid(),
@@ -107,16 +109,19 @@ public:
     {
         m_core->windowServer().setOwnerPids(&m_ownerPids);
         for (x11::WindowListener* listener : std::initializer_list<x11::WindowListener*>{
-                 m_accessibility.listenerBeforeRegistry(), &m_registry, &m_docks, &m_tooltips,
-                 m_accessibility.listenerAfterRegistry()}) {
+                 m_accessibility.listenerBeforeRegistry(), &m_registry, &m_uiMode, &m_docks,
+                 &m_tooltips, m_accessibility.listenerAfterRegistry()}) {
             m_core->tracker().addListener(listener);
         }
         m_docks.setPrefetch([this](const std::vector<xcb_window_t>& windows) {
             m_core->pictures().prefetch(windows);
         });
         m_docks.setChanged([this] { hintMainScreen(); });
+        m_docks.setItemsChanged(
+            [this] { m_workspace.tell(WorkspaceNotification::DockItemsDidChange, 0); });
         m_docks.start();
         hintMainScreen();
+        m_uiMode.start();
         m_core->start();
     }
 
@@ -152,6 +157,7 @@ private:
     DesktopEntries m_entries;
     ApplicationRegistry m_registry;
     WindowRaiser m_raiser;
+    SystemUIMode m_uiMode;
     LinuxWorkspace m_workspace;
     DockModel m_docks;
     TooltipOrder m_tooltips;

@@ -318,6 +318,8 @@ AXResult SimulatedAccessibility::dockValue(const SimulatedElement& element,
         return answer(item.frame.topLeft());
     if (attribute == QLatin1String("AXSize"))
         return answer(item.frame.size());
+    if (attribute == QLatin1String("AXHidden"))
+        return answer(m_state.isDockHidden);
     if (attribute == QLatin1String("AXURL") && isApplication)
         return answer(item.url);
     if (attribute == QLatin1String("AXIsApplicationRunning") && isApplication)

@@ -195,6 +195,21 @@ void SimulatedDesktop::openDockMenu()
     });
 }
 
+void SimulatedDesktop::setSystemUIMode(std::uint32_t mode)
+{
+    with([mode](SimulatedState& state) {
+        if (std::exchange(state.systemUIMode, mode) != mode)
+            state.notify(platform::WorkspaceNotification::SystemUIModeDidChange, 0);
+    });
+}
+
+void SimulatedDesktop::tellDockItemsChanged()
+{
+    with([](SimulatedState& state) {
+        state.notify(platform::WorkspaceNotification::DockItemsDidChange, 0);
+    });
+}
+
 void SimulatedDesktop::openSwitcher(std::vector<SimulatedSwitcherEntry> entries,
                                     std::size_t selection)
 {

@@ -80,6 +80,10 @@ public:
     platform::ElementRef dockItem(const QString& title);
     QRectF dockItemFrame(const QString& title); ///< accessibility coordinates
     void openDockMenu();
+    /// 0 = normal.
+    void setSystemUIMode(std::uint32_t mode);
+    /// Says that the Dock's items are others, elsewhere or hidden; it does not by itself.
+    void tellDockItemsChanged();
 
     // The Command-Tab switcher.
     void openSwitcher(std::vector<SimulatedSwitcherEntry> entries, std::size_t selection = 0);

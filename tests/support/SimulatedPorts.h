@@ -101,6 +101,7 @@ public:
     void terminate(std::int32_t pid) override;
     bool launchApplication(const QString& name) override;
     bool launchApplicationAtURL(const QUrl& url, std::uint32_t options) override;
+    std::uint32_t systemUIMode() override;
     std::unique_ptr<platform::WorkspaceSubscription>
     observe(platform::WorkspaceNotification notification, Observer observer) override;
 

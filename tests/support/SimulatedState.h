@@ -160,6 +160,8 @@ struct SimulatedState {
     QString dockOrientation = QStringLiteral("bottom");
     std::optional<int> dockMagnification;
     std::optional<int> dockAutohide;
+    bool isDockHidden = false; ///< slid out of sight; its items keep their places
+    std::uint32_t systemUIMode = 0;
 
     std::optional<std::vector<SimulatedSwitcherEntry>> switcher;
     std::size_t switcherSelection = 0;

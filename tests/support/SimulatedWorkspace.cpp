@@ -179,6 +179,12 @@ bool SimulatedWorkspace::launchOrActivate(
     return true;
 }
 
+std::uint32_t SimulatedWorkspace::systemUIMode()
+{
+    const std::lock_guard lock(m_state.mutex);
+    return m_state.systemUIMode;
+}
+
 std::unique_ptr<platform::WorkspaceSubscription>
 SimulatedWorkspace::observe(platform::WorkspaceNotification notification, Observer observer)
 {

@@ -212,6 +212,7 @@ constexpr Attribute<DockItemView> dockItemTable[] = {
      [](const Self& self, const DockItemView& item) {
          return value(self.parts().space.toPoints(item.rect).size());
      }},
+    {u"AXHidden", [](const Self&, const DockItemView& item) { return value(item.isHidden); }},
     // An item that says whether its application runs is taken for an application's.
     {u"AXIsApplicationRunning",
      [](const Self&, const DockItemView& item) {

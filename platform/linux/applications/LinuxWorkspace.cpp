@@ -70,21 +70,25 @@ private:
 
 LinuxWorkspace::LinuxWorkspace(RunLoop& runLoop, x11::WindowTracker& tracker,
                                ApplicationRegistry& registry, DesktopEntries& entries,
-                               WindowRaiser& raiser)
-    : m_tracker(tracker), m_registry(registry), m_entries(entries), m_raiser(raiser),
-      m_icons(IconTheme::defaultFolders(), QIcon::themeName()),
+                               WindowRaiser& raiser, SystemUIMode& uiMode)
+    : m_runLoop(runLoop), m_tracker(tracker), m_registry(registry), m_entries(entries),
+      m_raiser(raiser), m_uiMode(uiMode), m_icons(IconTheme::defaultFolders(), QIcon::themeName()),
       m_subscribers(std::make_shared<Subscribers>())
 {
-    m_registry.setSink([&runLoop, weak = std::weak_ptr(m_subscribers)](
-                           WorkspaceNotification notification, std::int32_t pid) {
-        runLoop.performOnMainThread(
-            [weak, notification, pid] {
-                if (const auto subscribers = weak.lock()) {
-                    subscribers->notify(notification, pid);
-                }
-            },
-            false);
-    });
+    m_registry.setSink(
+        [this](WorkspaceNotification notification, std::int32_t pid) { tell(notification, pid); });
+    m_uiMode.setChanged([this] { tell(WorkspaceNotification::SystemUIModeDidChange, 0); });
+}
+
+void LinuxWorkspace::tell(WorkspaceNotification notification, std::int32_t pid)
+{
+    m_runLoop.performOnMainThread(
+        [weak = std::weak_ptr(m_subscribers), notification, pid] {
+            if (const auto subscribers = weak.lock()) {
+                subscribers->notify(notification, pid);
+            }
+        },
+        false);
 }
 
 LinuxWorkspace::~LinuxWorkspace() { m_subscribers->removeAll(); }

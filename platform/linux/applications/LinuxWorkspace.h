@@ -8,6 +8,7 @@
 #include "platform/Workspace.h"
 #include "platform/linux/applications/ApplicationRegistry.h"
 #include "platform/linux/applications/IconTheme.h"
+#include "platform/linux/applications/SystemUIMode.h"
 #include "platform/linux/applications/WindowRaiser.h"
 
 namespace lumbrix::platform
@@ -17,9 +18,9 @@ namespace lumbrix::platform
 class LinuxWorkspace final : public Workspace
 {
 public:
-    /// Before the event thread starts: becomes the registry's sink.
+    /// Before the event thread starts: becomes what the registry and the mode tell.
     LinuxWorkspace(RunLoop& runLoop, x11::WindowTracker& tracker, ApplicationRegistry& registry,
-                   DesktopEntries& entries, WindowRaiser& raiser);
+                   DesktopEntries& entries, WindowRaiser& raiser, SystemUIMode& uiMode);
     ~LinuxWorkspace() override;
 
     std::vector<RunningApplication> runningApplications() override;
@@ -33,6 +34,9 @@ public:
     bool isHidden(std::int32_t pid) override;
     void hide(std::int32_t pid) override;
     void unhide(std::int32_t pid);
+    std::uint32_t systemUIMode() override { return m_uiMode.mode(); }
+    /// Tells the observers, in a later pass of the main loop. Any thread.
+    void tell(WorkspaceNotification notification, std::int32_t pid);
     void activate(std::int32_t pid, std::uint32_t options) override;
     void terminate(std::int32_t pid) override;
     bool launchApplication(const QString& name) override;
@@ -45,10 +49,12 @@ private:
     class Subscribers;
     class Subscription;
 
+    RunLoop& m_runLoop;
     x11::WindowTracker& m_tracker;
     ApplicationRegistry& m_registry;
     DesktopEntries& m_entries;
     WindowRaiser& m_raiser;
+    SystemUIMode& m_uiMode;
     IconTheme m_icons;
     const std::shared_ptr<Subscribers> m_subscribers;
 };

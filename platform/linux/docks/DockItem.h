@@ -52,6 +52,7 @@ struct DockState {
     DockEdge edge = DockEdge::Bottom;
     bool magnifies = false;
     bool hides = false;
+    bool isHidden = false; ///< has slid out of sight now
     std::vector<DockWindow> windows;
     std::vector<DockItem> items; ///< from left to right, from top to bottom
 

@@ -62,9 +62,11 @@ void DockModel::collect()
         }
     }
     bool isChanged = false;
+    bool areItemsChanged = false;
     std::int32_t pid = 0;
     {
         const std::lock_guard lock(m_mutex);
+        areItemsChanged = showsOtherItems(m_docks, docks);
         m_docks = std::move(docks);
         isChanged = updateSelection();
         pid = m_docks.empty() ? 0 : m_docks.front().state->pid;
@@ -74,6 +76,21 @@ void DockModel::collect()
         callOnMainThread(&DockModel::m_selectionChanged);
     }
     callOnMainThread(&DockModel::m_changed);
+    if (areItemsChanged) {
+        callOnMainThread(&DockModel::m_itemsChanged);
+    }
+}
+
+bool DockModel::showsOtherItems(const std::vector<Known>& before, const std::vector<Known>& after)
+{
+    return !std::ranges::equal(before, after, [](const Known& a, const Known& b) {
+        return a.state->pid == b.state->pid && a.state->isHidden == b.state->isHidden &&
+               std::ranges::equal(a.state->items, b.state->items,
+                                  [](const DockItem& one, const DockItem& other) {
+                                      return one.id == other.id && one.rect == other.rect &&
+                                             one.isMinimizedWindow == other.isMinimizedWindow;
+                                  });
+    });
 }
 
 const DockModel::Known* DockModel::dockWithWindow(xcb_window_t childOfRoot) const
@@ -259,6 +276,7 @@ std::optional<DockItemView> DockModel::item(DockItemId id) const
                       .url = {},
                       .isRunning = false,
                       .isMinimizedWindow = item->isMinimizedWindow,
+                      .isHidden = state->isHidden,
                       .rect = selectedItem() == id ? item->magnified : item->rect};
     if (!item->desktopFile.isEmpty()) {
         const auto application = m_registry.applicationForDesktopFile(item->desktopFile);

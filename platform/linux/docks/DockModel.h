@@ -27,7 +27,8 @@ struct DockItemView {
     QUrl url; ///< of the application; empty for a minimised window
     bool isRunning = false;
     bool isMinimizedWindow = false;
-    QRect rect; ///< root pixels; magnified while the pointer is on it
+    bool isHidden = false; ///< the dock has slid out of sight; the place is where it comes back
+    QRect rect;            ///< root pixels; magnified while the pointer is on it
 };
 
 /// The listener's part on the event thread, queries on any thread, the rest on the main thread.
@@ -47,6 +48,8 @@ public:
     void setSelectionChanged(std::function<void()> call) { m_selectionChanged = std::move(call); }
     void setMenuOpened(std::function<void()> call) { m_menuOpened = std::move(call); }
     void setChanged(std::function<void()> call) { m_changed = std::move(call); }
+    /// There are other items than before, in other places, or hidden ones.
+    void setItemsChanged(std::function<void()> call) { m_itemsChanged = std::move(call); }
     void setPrefetch(Prefetch prefetch) { m_prefetch = std::move(prefetch); }
     /// After the windows have been fetched.
     void start();
@@ -88,6 +91,7 @@ private:
     };
 
     void collect();
+    static bool showsOtherItems(const std::vector<Known>& before, const std::vector<Known>& after);
     /// With m_mutex held; whether somebody is to be told.
     bool updateSelection();
     const Known* dockWithWindow(xcb_window_t childOfRoot) const; ///< with m_mutex held
@@ -104,6 +108,7 @@ private:
     std::function<void()> m_selectionChanged;
     std::function<void()> m_menuOpened;
     std::function<void()> m_changed;
+    std::function<void()> m_itemsChanged;
     Prefetch m_prefetch;
     const std::shared_ptr<bool> m_alive = std::make_shared<bool>(true); ///< main thread
     double m_synchronizedAt = -1e9;                                     ///< main thread

@@ -219,6 +219,8 @@ DockStatePtr PanelDock::makeState(const x11::TrackedWindow& panel,
     state->pid = panel.pid.value_or(0);
     state->edge = edgeOfDock(panel.bounds, screenOf(panel.bounds), strut.value_or(QMargins()));
     state->hides = strut && strut->isNull();
+    // Hidden ones leave a strip at the edge, or their window to be touched there.
+    state->isHidden = !isIconPlace(panel.bounds & screenOf(panel.bounds));
     state->windows.push_back({panel.id, panel.frame, panel.bounds});
 
     const int desktop = m_tracker.currentDesktop();

@@ -10,6 +10,18 @@
 namespace lumbrix::platform
 {
 
+namespace
+{
+
+// Plank gives the windows an icon without size as soon as it starts to slide away, and their place
+// back when it starts to come.
+bool isOnScreen(const x11::TrackedWindow& window)
+{
+    return window.iconGeometry && !window.iconGeometry->isEmpty();
+}
+
+} // namespace
+
 bool isPlankWindow(const x11::TrackedWindow& window)
 {
     return window.type == x11::WindowType::Dock && window.classInstance == u"plank";
@@ -72,7 +84,9 @@ void PlankDock::windowChanged(const x11::TrackedWindowPtr& before,
         onMainThread(&PlankDock::rebuild);
         onMainThread(&PlankDock::refresh);
     }
-    if (m_hasUnnamed && before->iconGeometrySerial != after->iconGeometrySerial &&
+    const bool isOfInterest =
+        m_hasUnnamed || (m_hides && isOnScreen(*before) != isOnScreen(*after));
+    if (isOfInterest && before->iconGeometrySerial != after->iconGeometrySerial &&
         !m_isRebuildUnderWay.exchange(true)) {
         onMainThread(&PlankDock::rebuild);
     }
@@ -110,6 +124,18 @@ void PlankDock::rebuild()
         m_state = std::move(state);
     }
     notifyChanged();
+}
+
+bool PlankDock::hasSlidAway() const
+{
+    x11::TrackedWindowPtr latest;
+    for (const x11::TrackedWindowPtr& window : m_tracker.windows()) {
+        if (window->iconGeometry &&
+            (!latest || window->iconGeometryTime > latest->iconGeometryTime)) {
+            latest = window;
+        }
+    }
+    return latest && !isOnScreen(*latest);
 }
 
 // The middle of the icon as the dock tells it to the application's windows.
@@ -187,6 +213,8 @@ DockStatePtr PlankDock::makeState()
         look = settings->look;
         state->magnifies = look.magnifies;
         state->hides = settings->hides;
+        state->isHidden = settings->hides && hasSlidAway();
+        m_hides = settings->hides;
         if (m_bus->items().named.empty()) {
             state->edge = settings->edge;
         }

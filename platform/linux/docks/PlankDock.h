@@ -51,6 +51,8 @@ private:
     void rebuild();
     DockStatePtr makeState(); ///< null when Plank shows no dock
     std::optional<PlankSettings::Values> readSettings();
+    /// Whether it has told the windows last that they have no icon on the screen.
+    bool hasSlidAway() const;
     /// Everything on the dock that is an application: what it names, and what it must be showing.
     std::vector<PlankItem> allItems(DockEdge edge, const PlankLook& look);
     std::optional<int> iconCentre(const Application& application, DockEdge edge) const;
@@ -64,6 +66,7 @@ private:
     QString m_settingsName;
     PlankUnnamed m_unnamed;
     std::atomic<bool> m_hasUnnamed{false};
+    std::atomic<bool> m_hides{false};
     std::atomic<bool> m_isRebuildUnderWay{false};
     std::map<QString, DockItemId> m_ids; ///< by desktop file
 

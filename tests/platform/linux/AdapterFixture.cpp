@@ -30,7 +30,7 @@ AdapterFixture::AdapterFixture()
           },
           {OwnPid, QStringLiteral("lumbrix")}, [this] { return m_loop.now(); }),
       m_raiser(m_tracker, m_registry, [this] { return m_loop.now(); }),
-      m_workspace(m_loop, m_tracker, m_registry, m_entries, m_raiser),
+      m_workspace(m_loop, m_tracker, m_registry, m_entries, m_raiser, m_uiMode),
       m_docks(m_loop, m_tracker, m_registry, m_entries,
               [this] {
                   DockModel::Providers providers;
@@ -46,7 +46,7 @@ AdapterFixture::AdapterFixture()
     m_loop.advance(5.0); // entries are looked for anew
     m_space.setScreens({QRect(0, 0, 1280, 800)});
     for (x11::WindowListener* listener : std::initializer_list<x11::WindowListener*>{
-             m_accessibility.listenerBeforeRegistry(), &m_registry, &m_docks,
+             m_accessibility.listenerBeforeRegistry(), &m_registry, &m_uiMode, &m_docks,
              m_accessibility.listenerAfterRegistry()}) {
         m_tracker.addListener(listener);
     }

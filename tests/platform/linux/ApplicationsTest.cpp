@@ -19,7 +19,9 @@ protected:
              {std::pair(WorkspaceNotification::DidLaunchApplication, "launch"),
               std::pair(WorkspaceNotification::DidTerminateApplication, "end"),
               std::pair(WorkspaceNotification::DidActivateApplication, "active"),
-              std::pair(WorkspaceNotification::ActiveSpaceDidChange, "space")}) {
+              std::pair(WorkspaceNotification::ActiveSpaceDidChange, "space"),
+              std::pair(WorkspaceNotification::SystemUIModeDidChange, "mode"),
+              std::pair(WorkspaceNotification::DockItemsDidChange, "dock")}) {
             m_subscriptions.push_back(m_workspace.observe(
                 notification, [this, what = QString::fromLatin1(name)](std::int32_t pid) {
                     m_log.append(what + QString::number(pid));
@@ -237,6 +239,33 @@ TEST_F(ApplicationsTest, observer_that_ends_another_subscription_is_the_last_one
     m_loop.runUntilIdle();
     EXPECT_EQ(calls, 0);
     EXPECT_FALSE(second);
+}
+
+TEST_F(ApplicationsTest, mode_is_full_screen_while_the_active_window_covers_the_main_screen)
+{
+    m_tracker.add(window(1, QStringLiteral("a"), QStringLiteral("A"), 100));
+    m_tracker.add(window(2, QStringLiteral("b"), QStringLiteral("B"), 200));
+    m_tracker.setActive(1);
+    log();
+    const auto change = [this](xcb_window_t id, bool isFull, const QRect& bounds) {
+        m_tracker.change(id, [&](auto& window) {
+            window.isFullscreen = isFull;
+            window.bounds = bounds;
+        });
+        return log() + QString::number(m_workspace.systemUIMode());
+    };
+    const QRect other(1280, 0, 1280, 800);
+    EXPECT_EQ(change(1, true, other), QStringLiteral("0")) << "of another screen";
+    EXPECT_EQ(change(1, true, m_mainScreen), QStringLiteral("mode03"));
+    EXPECT_EQ(change(1, true, m_mainScreen.united(other)), QStringLiteral("3"));
+    m_tracker.setActive(2);
+    EXPECT_EQ(log(), QStringLiteral("active200 mode0")) << "it is below the dock now";
+    EXPECT_EQ(m_workspace.systemUIMode(), 0U);
+    m_tracker.setActive(1);
+    EXPECT_EQ(log(), QStringLiteral("active100 mode0"));
+    m_tracker.remove(1);
+    EXPECT_TRUE(log().contains(QStringLiteral("mode0")));
+    EXPECT_EQ(m_workspace.systemUIMode(), 0U);
 }
 
 } // namespace lumbrix::test

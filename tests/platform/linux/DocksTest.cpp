@@ -203,8 +203,16 @@ TEST_F(DocksTest, places_move_with_a_panel_that_hides)
     m_tracker.change(PanelWindow, [&](auto& window) { window.bounds = hidden; });
     m_tracker.placeIcon(5, FirstButton.translated(0, 28)); // as the hidden panel has it
     m_loop.advance(0.1);
+    EXPECT_TRUE(*read(dockItems().at(0), "AXHidden").as<bool>());
+    int changes = 0;
+    m_docks.setItemsChanged([&] { ++changes; });
     m_tracker.change(PanelWindow, [](auto& window) { window.bounds = PanelBounds; });
     m_loop.advance(0.1);
+    EXPECT_FALSE(*read(dockItems().at(0), "AXHidden").as<bool>());
+    EXPECT_EQ(changes, 1);
+    m_docks.synchronize();
+    m_loop.advance(0.1);
+    EXPECT_EQ(changes, 1) << "nothing is told that has not changed";
     EXPECT_EQ(*read(dockItems().at(0), "AXPosition").as<QPointF>(), QPointF(100, 770));
     EXPECT_EQ(m_dockPreferences.autohide(), 1);
 
