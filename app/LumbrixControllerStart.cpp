@@ -10,6 +10,7 @@
 #include "app/DockIcon.h"
 #include "app/SGHotKeyCenter.h"
 #include "app/preferences/PrefsController.h"
+#include "badges/WinNumberBadger.h"
 #include "engine/CalPreview.h"
 #include "engine/LXHandler.h"
 #include "platform/ApplicationBundle.h"
@@ -43,6 +44,7 @@ bool LumbrixController::awakeFromNib()
     companions.hotKeyCenter = m_hotKeyCenter;
     companions.calendarPreview = CalPreview::sharedPreview();
     companions.helpBubble = std::make_shared<BubbleWrapper>();
+    companions.windowCountBadger = std::make_shared<WinNumberBadger>();
     companions.playerControls = std::make_shared<MediaControls>();
     LXHandler::installCompanions(companions);
     LXHandler::sharedHandler().setApplicationDelegate(this);

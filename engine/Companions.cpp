@@ -31,6 +31,8 @@ class AbsentHelpBubble final : public HelpBubble
 
 class AbsentWindowCountBadger final : public WindowCountBadger
 {
+    void setUp(WindowCounts&) override {}
+    void tearDown() override {}
     void badgeDockItems() override {}
     void updateBadgeSizes() override {}
     bool shouldBadgeDock() const override { return false; }

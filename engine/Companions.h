@@ -5,11 +5,9 @@
 // nothing, until the subsystem takes its place.
 #pragma once
 
-#include <QtGui/QColor>
-
-#include <cstdint>
 #include <memory>
 
+#include "badges/WindowCountBadger.h"
 #include "model/SWElement.h"
 #include "preview/HelpBubble.h"
 #include "preview/HotKeyCenter.h"
@@ -26,30 +24,6 @@ public:
     virtual bool shouldShowCal() const = 0;
     virtual void setShouldShowCal(bool on) = 0;
     virtual void calIconHovered(const SWElementPtr& dockItem) = 0;
-};
-
-/// The window counts over the Dock's icons. Main thread.
-class WindowCountBadger
-{
-public:
-    virtual ~WindowCountBadger() = default;
-    /// Brings the badges in line with the counts and settings of now.
-    virtual void badgeDockItems() = 0;
-    /// Places every badge anew, for a changed size.
-    virtual void updateBadgeSizes() = 0;
-
-    virtual bool shouldBadgeDock() const = 0;
-    virtual void setShouldBadgeDock(bool on) = 0;
-    /// 1 top left, 2 centre, 3 bottom right, 4 bottom left, anything else top right.
-    virtual std::int32_t badgePosition() const = 0;
-    virtual void setBadgePosition(std::int32_t position) = 0;
-    virtual bool badgeOnlyIfMore() const = 0;
-    virtual void setBadgeOnlyIfMore(bool on) = 0;
-    virtual void setBadgeSizeExtra(float points) = 0;
-    /// The colour chosen, else the default one; invalid without badges.
-    virtual QColor getCurrentColor() = 0;
-    /// Stores it, and tints every badge.
-    virtual void setCurrentColor(const QColor& color) = 0;
 };
 
 /// None is ever null.

@@ -59,6 +59,7 @@ LXHandler::LXHandler(const Companions& companions)
 
 LXHandler::~LXHandler()
 {
+    m_companions.windowCountBadger->tearDown();
     SWElement::setFilterLevels(nullptr);
     cancelMouseChecker();
     platform::desktop().runLoop.cancelPreviousPerformRequests(this);
@@ -88,7 +89,7 @@ void LXHandler::setUp()
         addObserverForApp(pid);
     desktop.runLoop.detachThread(
         "window-scanner", [this](const platform::Thread& self) { windowScannerThread(self); });
-    m_companions.windowCountBadger->badgeDockItems();
+    m_companions.windowCountBadger->setUp(*this);
 }
 
 void LXHandler::setFilters(const QVariantMap& filters)
@@ -211,11 +212,16 @@ void LXHandler::addObserverForApp(std::int32_t pid)
 
 void LXHandler::windowsChanged()
 {
-    // Never waits: the scanner must not be held up by the main thread.
+    // Never waits: the scanner must not be held up by the main thread. A scan that finds a hundred
+    // windows has them counted once.
+    if (m_isBadgingRequested.exchange(true))
+        return;
     platform::desktop().runLoop.performOnMainThread(
-        [badger = std::weak_ptr(m_companions.windowCountBadger)] {
-            if (const auto present = badger.lock())
-                present->badgeDockItems();
+        [this, alive = std::weak_ptr(m_alive)] {
+            if (alive.expired())
+                return;
+            m_isBadgingRequested = false;
+            m_companions.windowCountBadger->badgeDockItems();
         },
         false);
 }

@@ -35,6 +35,7 @@ class HoverDelays;
 /// Main thread, except where a method says otherwise.
 class LXHandler final : public PreviewHost,
                         public InventoryObserver,
+                        public WindowCounts,
                         public platform::NotificationContext
 {
 public:
@@ -129,6 +130,10 @@ public:
 
     // Inventory, observers and cache.
     WindowInventory& inventory() { return m_inventory; }
+    int countForRunningApp(const platform::RunningApplication& application) const override
+    {
+        return m_inventory.countForRunningApp(application);
+    }
     void addObserverForApp(std::int32_t pid);
     bool isObserving(std::int32_t pid) const;
     ScreenyViewPtr createScreenyView() { return m_cache.createScreenyView(); }
@@ -155,6 +160,7 @@ private:
     PreviewCache m_cache;
     std::vector<ScreenyViewPtr> m_screenyViews;
     std::atomic<bool> m_isShowing{false};
+    std::atomic<bool> m_isBadgingRequested{false}; ///< and not yet done
     SWElementPtr m_currentDockElement;
     bool m_shouldInstantShow = false;
     platform::ThreadPtr m_mouseCheckerThread;
@@ -166,6 +172,7 @@ private:
     PreviewUpdater m_updater;
     StripArranger m_arranger;
     PictureLoader m_pictureLoader;
+    const std::shared_ptr<bool> m_alive = std::make_shared<bool>(true); ///< as long as this
 };
 
 } // namespace lumbrix

@@ -38,6 +38,14 @@ void NumberLabel::setPixelSize(int size)
     update();
 }
 
+void NumberLabel::setTextColor(const QColor& color)
+{
+    if (m_textColor == color)
+        return;
+    m_textColor = color;
+    update();
+}
+
 QSize NumberLabel::sizeHint() const
 {
     const QFontMetricsF metrics(font());

@@ -16,7 +16,7 @@ class NumberLabel : public QWidget
     Q_OBJECT
     Q_PROPERTY(QString text READ text WRITE setText)
     Q_PROPERTY(int pixelSize READ pixelSize WRITE setPixelSize)
-    Q_PROPERTY(QColor textColor MEMBER m_textColor)
+    Q_PROPERTY(QColor textColor READ textColor WRITE setTextColor)
     Q_PROPERTY(QColor shadowColor MEMBER m_shadowColor)
 
 public:
@@ -26,6 +26,8 @@ public:
     void setText(const QString& text);
     int pixelSize() const { return font().pixelSize(); }
     void setPixelSize(int size);
+    const QColor& textColor() const { return m_textColor; }
+    void setTextColor(const QColor& color);
     /// What the figures take.
     QSize sizeHint() const override;
 

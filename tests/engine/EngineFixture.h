@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "badges/WinNumberBadger.h"
 #include "engine/HoverDelays.h"
 #include "engine/LXHandler.h"
 #include "engine/SWObserver.h"
@@ -31,6 +32,7 @@ protected:
         Companions companions;
         companions.hotKeyCenter = m_hotKeys;
         companions.calendarPreview = calendarPreview ? calendarPreview : m_calendar;
+        companions.windowCountBadger = badges;
         companions.playerControls = std::make_shared<MediaControls>();
         LXHandler::installCompanions(companions);
         EngineSettings& settings = engine().settings();
@@ -102,6 +104,8 @@ protected:
     }
     bool isTapOn() const { return m_hotKeys->isTapOn; }
     const QStringList& calendarItems() const { return m_calendar->items; }
+
+    const std::shared_ptr<WinNumberBadger> badges = std::make_shared<WinNumberBadger>();
 
     struct Delays final : HoverDelays {
         float displayDelay() const override { return delay; }

@@ -1,0 +1,123 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include "badges/WinNumberBadge.h"
+
+#include <algorithm>
+
+#include "badges/BadgeLook.h"
+#include "preview/Cells.h"
+#include "preview/InterfaceFile.h"
+#include "preview/MAWindow.h"
+#include "preview/NamedImage.h"
+#include "preview/NumberLabel.h"
+
+namespace lumbrix
+{
+namespace
+{
+
+/// Whole points, so that a round badge stays round.
+QRectF snapped(const QRectF& frame) { return {frame.topLeft().toPoint(), frame.size().toSize()}; }
+
+} // namespace
+
+std::unique_ptr<WinNumberBadge> WinNumberBadge::load(SWElementPtr dockItem)
+{
+    std::unique_ptr<QWidget> loaded = loadInterface(u"WinNumberBadge"_qs);
+    if (!qobject_cast<MAWindow*>(loaded.get()))
+        return nullptr;
+    std::unique_ptr<MAWindow> window(static_cast<MAWindow*>(loaded.release()));
+    std::unique_ptr<WinNumberBadge> badge(
+        new WinNumberBadge(std::move(dockItem), std::move(window)));
+    return badge->m_badge && badge->m_badgeImage ? std::move(badge) : nullptr;
+}
+
+WinNumberBadge::WinNumberBadge(SWElementPtr dockItem, std::unique_ptr<MAWindow> window)
+    : m_dockItem(std::move(dockItem)), m_window(std::move(window)),
+      m_badge(m_window->findChild<NumberLabel*>(u"badge"_qs)),
+      m_badgeImage(m_window->findChild<LXImageCell*>(u"badgeImage"_qs))
+{
+    m_window->setShapeSource([window = m_window.get()] {
+        QPainterPath path;
+        path.addEllipse(QRectF(window->rect()));
+        return path;
+    });
+}
+
+WinNumberBadge::~WinNumberBadge() = default;
+
+QRectF WinNumberBadge::iconRect(const SWElement& dockItem)
+{
+    return dockItem.isHidden() ? QRectF() : dockItem.getNSRect();
+}
+
+void WinNumberBadge::setBadgeValue(int count)
+{
+    const QString number = QString::number(count);
+    if (number == m_badge->text())
+        return;
+    m_badge->setText(number);
+    m_window->setWindowTitle(number);
+    fitNumber();
+}
+
+void WinNumberBadge::arrangeRelativeTo(std::int32_t position, float sizeExtra)
+{
+    m_prevRect = iconRect(*m_dockItem);
+    if (m_prevRect.isEmpty()) {
+        m_window->orderOut();
+        return;
+    }
+    const QRectF frame = snapped(badgeFrame(m_prevRect, position, sizeExtra));
+    if (frame != m_window->frame()) {
+        m_window->setFrame(frame);
+        m_badgeImage->setGeometry(m_window->rect());
+        updateImage();
+        fitNumber();
+    }
+    if (m_isFront && !m_window->isVisible())
+        m_window->orderFrontRegardless();
+}
+
+void WinNumberBadge::fitNumber()
+{
+    const int height = m_window->height();
+    m_badge->setPixelSize(height / 2);
+    // Three figures are more than there is room for.
+    if (const int width = m_badge->sizeHint().width(); width > m_window->width() - 2)
+        m_badge->setPixelSize(height / 2 * (m_window->width() - 2) / width);
+    m_badge->setGeometry(m_window->rect());
+}
+
+void WinNumberBadge::updateImageColor(const QColor& color)
+{
+    m_color = color;
+    m_badge->setTextColor(numberColor(color));
+    updateImage();
+}
+
+void WinNumberBadge::updateImage()
+{
+    if (!m_color.isValid())
+        return;
+    const int side = std::max(m_window->width(), m_window->height());
+    const QPixmap shape =
+        namedPixmap(u"WinNumberBadge"_qs, {side, side}, m_window->devicePixelRatioF());
+    m_badgeImage->setImage(tinted(shape.toImage(), m_color));
+}
+
+void WinNumberBadge::orderFront()
+{
+    m_isFront = true;
+    if (!m_prevRect.isEmpty())
+        m_window->orderFrontRegardless();
+}
+
+void WinNumberBadge::dismiss()
+{
+    m_isFront = false;
+    m_window->orderOut();
+}
+
+} // namespace lumbrix

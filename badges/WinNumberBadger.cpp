@@ -1,0 +1,211 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include "badges/WinNumberBadger.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "badges/BadgeLook.h"
+#include "platform/Desktop.h"
+#include "platform/UserDefaults.h"
+#include "preview/MAWindow.h"
+
+namespace lumbrix
+{
+namespace
+{
+
+constexpr platform::Seconds watchInterval = 0.25;
+constexpr int settleReadings = 30;
+// Widened on purpose: the pause is the single-precision value.
+constexpr platform::Seconds settleInterval = 0.02f;
+
+QString colorKey() { return QStringLiteral("winBadgeColor"); }
+
+/// Returns once an icon that moves has come to rest, or after half a second.
+void waitUntilSettled(const SWElement& item, const platform::Thread& self)
+{
+    QRectF previous;
+    for (int reading = 0; reading < settleReadings && !self.isCancelled(); ++reading) {
+        const QRectF current = WinNumberBadge::iconRect(item);
+        if (current == previous)
+            return;
+        previous = current;
+        platform::desktop().runLoop.sleep(settleInterval);
+    }
+}
+
+} // namespace
+
+WinNumberBadger::~WinNumberBadger() = default;
+
+void WinNumberBadger::setUp(WindowCounts& counts)
+{
+    m_counts = &counts;
+    platform::Workspace& workspace = platform::desktop().workspace;
+    using platform::WorkspaceNotification;
+    m_subscriptions.push_back(workspace.observe(WorkspaceNotification::SystemUIModeDidChange,
+                                                [this](std::int32_t) { systemUIModeChanged(); }));
+    m_subscriptions.push_back(workspace.observe(WorkspaceNotification::DockItemsDidChange,
+                                                [this](std::int32_t) { badgeDockItems(); }));
+    m_isInFullscreen = workspace.systemUIMode() != 0;
+    badgeDockItems();
+}
+
+void WinNumberBadger::tearDown()
+{
+    m_subscriptions.clear();
+    dismissBadges();
+    m_counts = nullptr;
+}
+
+void WinNumberBadger::systemUIModeChanged()
+{
+    m_isInFullscreen = platform::desktop().workspace.systemUIMode() != 0;
+    if (m_isInFullscreen)
+        m_counts->removeAllScreenViews(); // the badges go with the watcher's next look
+    else
+        badgeDockItems();
+}
+
+void WinNumberBadger::badgeDockItems()
+{
+    if (!m_counts)
+        return;
+    if (!mayBadge()) {
+        dismissBadges();
+        return;
+    }
+    // The windows of a Dock that was started anew lie above those that were there before.
+    const std::int32_t dockPid = SWElement::getDockPid();
+    const bool isOtherDock = std::exchange(m_dockPid, dockPid) != dockPid;
+    Badges confirmed;
+    for (const SWElementPtr& item :
+         SWElement::runningApps().value_or(std::vector<SWElementPtr>{})) {
+        const auto application = item->runningApplicationForDockElement();
+        const int count = application ? m_counts->countForRunningApp(*application) : 0;
+        if (count == 0 || (m_badgeOnlyIfMore && count < 2))
+            continue;
+        const auto known =
+            std::find_if(m_badgesArray.begin(), m_badgesArray.end(), [&item](const auto& badge) {
+                return badge && badge->dockItem()->isEqualTo(item);
+            });
+        if (known == m_badgesArray.end()) {
+            if (auto badge = makeBadge(item, count))
+                confirmed.push_back(std::move(badge));
+            continue;
+        }
+        (*known)->setBadgeValue(count);
+        (*known)->arrangeRelativeTo(m_badgePosition, m_badgeSizeExtra);
+        if (isOtherDock)
+            (*known)->orderFront();
+        confirmed.push_back(std::move(*known));
+    }
+    m_badgesArray = std::move(confirmed); // the others go off the screen with their ends
+    watch();
+}
+
+std::unique_ptr<WinNumberBadge> WinNumberBadger::makeBadge(const SWElementPtr& item, int count)
+{
+    std::unique_ptr<WinNumberBadge> badge = WinNumberBadge::load(item);
+    if (!badge)
+        return nullptr;
+    badge->updateImageColor(getCurrentColor());
+    badge->setBadgeValue(count);
+    badge->arrangeRelativeTo(m_badgePosition, m_badgeSizeExtra);
+    badge->orderFront();
+    return badge;
+}
+
+WinNumberBadge* WinNumberBadger::badgeForDockItem(const SWElement& item) const
+{
+    const auto found =
+        std::find_if(m_badgesArray.begin(), m_badgesArray.end(),
+                     [&item](const auto& badge) { return badge->dockItem()->isEqualTo(&item); });
+    return found == m_badgesArray.end() ? nullptr : found->get();
+}
+
+void WinNumberBadger::dismissBadges()
+{
+    for (const auto& badge : m_badgesArray)
+        badge->dismiss();
+    m_badgesArray.clear();
+    watch();
+}
+
+void WinNumberBadger::updateBadgeSizes()
+{
+    for (const auto& badge : m_badgesArray)
+        badge->arrangeRelativeTo(m_badgePosition, m_badgeSizeExtra);
+    watch();
+}
+
+void WinNumberBadger::updateBadgeColors()
+{
+    const QColor color = getCurrentColor();
+    for (const auto& badge : m_badgesArray)
+        badge->updateImageColor(color);
+}
+
+QColor WinNumberBadger::getCurrentColor()
+{
+    if (!m_color) {
+        const auto data = platform::desktop().userDefaults.dataForKey(colorKey());
+        m_color = data ? unarchivedColor(*data) : std::nullopt;
+    }
+    return m_color.value_or(defaultBadgeColor);
+}
+
+void WinNumberBadger::setCurrentColor(const QColor& color)
+{
+    if (!color.isValid())
+        return;
+    m_color = color;
+    platform::UserDefaults& defaults = platform::desktop().userDefaults;
+    defaults.setData(archivedColor(color), colorKey());
+    defaults.synchronize();
+    updateBadgeColors();
+}
+
+void WinNumberBadger::watch()
+{
+    bool isNeeded = false;
+    {
+        const std::lock_guard lock(m_lock);
+        m_watched.clear();
+        for (const auto& badge : m_badgesArray)
+            m_watched.push_back({badge->dockItem(), badge->prevRect()});
+        isNeeded = !m_watched.empty() && !std::exchange(m_isWatching, !m_watched.empty());
+    }
+    if (isNeeded)
+        platform::desktop().runLoop.detachThread(
+            "badge-watcher", [this](const platform::Thread& self) { scanForChanges(self); });
+}
+
+void WinNumberBadger::scanForChanges(const platform::Thread& self)
+{
+    platform::RunLoop& runLoop = platform::desktop().runLoop;
+    while (!self.isCancelled()) {
+        std::vector<Watched> watched;
+        {
+            const std::lock_guard lock(m_lock);
+            watched = m_watched;
+            m_isWatching = !watched.empty();
+        }
+        if (watched.empty())
+            return; // there is nothing to wake up for
+        const auto moved = std::find_if(watched.begin(), watched.end(), [](const Watched& each) {
+            return WinNumberBadge::iconRect(*each.dockItem) != each.prevRect;
+        });
+        if (!mayBadge()) {
+            runLoop.performOnMainThread([this] { dismissBadges(); }, true);
+        } else if (moved != watched.end()) {
+            waitUntilSettled(*moved->dockItem, self);
+            runLoop.performOnMainThread([this] { updateBadgeSizes(); }, true);
+        }
+        runLoop.sleep(watchInterval);
+    }
+}
+
+} // namespace lumbrix

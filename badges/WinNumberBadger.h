@@ -1,0 +1,83 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// Keeps a badge with the number of its windows on the Dock icon of every running application.
+#pragma once
+
+#include <atomic>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <vector>
+
+#include "badges/WinNumberBadge.h"
+#include "badges/WindowCountBadger.h"
+#include "platform/RunLoop.h"
+
+namespace lumbrix
+{
+
+/// Main thread, but for the watcher, its thread. That one runs while there are badges: the Dock
+/// need not tell that its icons moved.
+class WinNumberBadger final : public WindowCountBadger
+{
+public:
+    using Badges = std::vector<std::unique_ptr<WinNumberBadge>>;
+
+    ~WinNumberBadger() override;
+
+    void setUp(WindowCounts& counts) override;
+    void tearDown() override;
+
+    void badgeDockItems() override;
+    void updateBadgeSizes() override;
+    void updateBadgeColors();
+    void dismissBadges();
+    WinNumberBadge* badgeForDockItem(const SWElement& item) const; ///< null without one
+    const Badges& badgesArray() const { return m_badgesArray; }
+
+    bool shouldBadgeDock() const override { return m_shouldBadgeDock; }
+    /// Taken back, the badges go with the watcher's next look.
+    void setShouldBadgeDock(bool on) override { m_shouldBadgeDock = on; }
+    std::int32_t badgePosition() const override { return m_badgePosition; }
+    void setBadgePosition(std::int32_t position) override { m_badgePosition = position; }
+    bool badgeOnlyIfMore() const override { return m_badgeOnlyIfMore; }
+    void setBadgeOnlyIfMore(bool on) override { m_badgeOnlyIfMore = on; }
+    float badgeSizeExtra() const { return m_badgeSizeExtra; }
+    void setBadgeSizeExtra(float points) override { m_badgeSizeExtra = points; }
+    /// An application has the whole screen.
+    bool isInFullscreen() const { return m_isInFullscreen; }
+    QColor getCurrentColor() override;
+    void setCurrentColor(const QColor& color) override;
+
+private:
+    /// What the watcher knows of a badge.
+    struct Watched {
+        SWElementPtr dockItem;
+        QRectF prevRect;
+    };
+
+    void systemUIModeChanged();
+    bool mayBadge() const { return m_shouldBadgeDock && !m_isInFullscreen; }
+    std::unique_ptr<WinNumberBadge> makeBadge(const SWElementPtr& item, int count);
+    /// Has the watcher compare with the badges as they are now.
+    void watch();
+    void scanForChanges(const platform::Thread& self);
+
+    WindowCounts* m_counts = nullptr; ///< null unless set up
+    Badges m_badgesArray;
+    std::int32_t m_dockPid = 0; ///< of the Dock that the badges were laid over
+    std::atomic<bool> m_shouldBadgeDock{false};
+    std::atomic<bool> m_isInFullscreen{false};
+    std::int32_t m_badgePosition = 0;
+    bool m_badgeOnlyIfMore = false;
+    float m_badgeSizeExtra = 0;
+    std::optional<QColor> m_color; ///< once loaded or chosen
+    std::vector<std::unique_ptr<platform::WorkspaceSubscription>> m_subscriptions;
+
+    std::mutex m_lock; ///< guards the members below
+    std::vector<Watched> m_watched;
+    bool m_isWatching = false; ///< a watcher runs that will look at m_watched again
+};
+
+} // namespace lumbrix
