@@ -13,11 +13,14 @@ Desk::Desk(const DeskOptions& options) : m_options(options), m_session(options.s
     QStringList entries;
     const std::vector<std::pair<QString, QColor>> applications{
         {u"alpha"_qs, Qt::red}, {u"beta"_qs, Qt::darkGreen}, {u"gamma"_qs, Qt::blue}};
-    for (const auto& [identifier, colour] : applications) {
+    const auto install = [this](const QString& identifier, const QColor& colour) {
         const QString name = identifier.at(0).toUpper() + identifier.mid(1);
-        entries << m_session.installApplication(
+        return m_session.installApplication(
             identifier, name, name, QStringLiteral(LUMBRIX_TEST_CLIENT " ") + identifier, colour);
-    }
+    };
+    for (const auto& [identifier, colour] : applications)
+        entries << install(identifier, colour);
+    install(u"delta"_qs, Qt::darkYellow);
     m_dock = Dock::start(m_session, options.dock, options.edge, entries);
     park();
 }
@@ -42,7 +45,8 @@ void Desk::startLumbrix(const Settings& changed)
         hover(*probe);
     });
     park();
-    display().waitFor([&] { return display().panels().empty(); }, patience(3000));
+    display().waitFor([&] { return display().panels().size() == display().badges().size(); },
+                      patience(3000));
 }
 
 void Desk::stopLumbrix() { m_lumbrix.reset(); }

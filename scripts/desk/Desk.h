@@ -36,7 +36,8 @@ public:
     Dock& dock() { return *m_dock; }
     Process& lumbrix() { return *m_lumbrix; }
 
-    /// Starts one of the applications "alpha", "beta" and "gamma", without windows.
+    /// Starts one of the applications "alpha", "beta" and "gamma", or "delta", which is not pinned
+    /// to the dock, without windows.
     std::unique_ptr<Application> launch(const QString& identifier);
     /// Starts Lumbrix with the settings of a user who has changed only these, and waits until it
     /// answers to the pointer. Does nothing when it runs with the same settings already.

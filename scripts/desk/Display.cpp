@@ -201,16 +201,20 @@ std::vector<Panel> Display::managedWindows()
     return result;
 }
 
-std::vector<Panel> Display::previews()
+std::vector<Panel> Display::panels(const QString& role)
 {
     std::vector<Panel> result = panels();
-    std::erase_if(result, [](const Panel& panel) { return panel.role != u"preview"_qs; });
+    std::erase_if(result, [&role](const Panel& panel) { return panel.role != role; });
     std::sort(result.begin(), result.end(), [](const Panel& a, const Panel& b) {
         return std::pair(a.geometry.y(), a.geometry.x()) <
                std::pair(b.geometry.y(), b.geometry.x());
     });
     return result;
 }
+
+std::vector<Panel> Display::previews() { return panels(u"preview"_qs); }
+
+std::vector<Panel> Display::badges() { return panels(u"window-count"_qs); }
 
 std::optional<QRect> Display::dockArea()
 {

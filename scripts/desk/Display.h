@@ -69,6 +69,8 @@ public:
     std::vector<Panel> managedWindows();
     /// The mapped previews in reading order.
     std::vector<Panel> previews();
+    /// The mapped window counts in reading order; their titles are the numbers.
+    std::vector<Panel> badges();
     /// Where a window of the dock type is, once there is one.
     std::optional<QRect> dockArea();
     /// Whether another program's popup menu is on the screen.
@@ -88,6 +90,8 @@ public:
     void click(int button = 1);
 
 private:
+    std::vector<Panel> panels(const QString& role);
+
     xcb_connection_t* m_connection = nullptr;
     xcb_window_t m_root = 0;
     QSize m_size;

@@ -1,0 +1,203 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// The window counts on the dock's icons, and the bubble behind a row.
+#include "DesktopTest.h"
+
+namespace lumbrix::privatedesk
+{
+
+class BadgeTest : public DesktopTest
+{
+protected:
+    void SetUp() override
+    {
+        DesktopTest::SetUp();
+        desk().startLumbrix({{u"badgeDock"_qs, u"1"_qs}});
+    }
+
+    /// Where the dock shows the application; none while it shows it nowhere, or moves it.
+    std::optional<QRect> iconArea(const Application& application)
+    {
+        const xcb_window_t window = application.windows().front().id;
+        const QString entry = desk().session().dataPath(u"applications/"_qs +
+                                                        application.identifier() + u".desktop"_qs);
+        const auto middle = desk().dock().iconOf(entry, window);
+        if (!middle)
+            return std::nullopt;
+        // A panel tells the whole button, Plank the middle of an icon of 48 pixels.
+        if (const auto button = display().numbers(window, "_NET_WM_ICON_GEOMETRY");
+            GetParam().dock != DockKind::Plank && button.size() == 4)
+            return QRect(static_cast<int>(button[0]), static_cast<int>(button[1]),
+                         static_cast<int>(button[2]), static_cast<int>(button[3]));
+        return QRect(*middle - QPoint(30, 40), QSize(60, 80));
+    }
+    /// The badge whose middle is on the application's icon or button; none without one.
+    std::optional<Panel> badge(const Application& application)
+    {
+        const auto area = iconArea(application);
+        for (const Panel& panel : display().badges()) {
+            if (area && area->contains(panel.geometry.center()))
+                return panel;
+        }
+        return std::nullopt;
+    }
+    /// Waits until the application's badge shows this number.
+    Result counts(const Application& application, const QByteArray& number)
+    {
+        return waitUntil([&] {
+            const auto found = badge(application);
+            return found && found->title == number;
+        });
+    }
+    void setFullScreen(const AppWindow& window, bool on)
+    {
+        display().request(window.id, "_NET_WM_STATE",
+                          {on ? 1U : 0U, display().atom("_NET_WM_STATE_FULLSCREEN"), 0, 2});
+    }
+    bool isFullScreen(const AppWindow& window)
+    {
+        const auto states = display().numbers(window.id, "_NET_WM_STATE");
+        return std::ranges::find(states, display().atom("_NET_WM_STATE_FULLSCREEN")) !=
+               states.end();
+    }
+};
+
+class PlankBadgeTest : public BadgeTest
+{
+};
+
+INSTANTIATE_TEST_SUITE_P(, BadgeTest,
+                         testing::Values(plank(), plank(Edge::Left), plank(Edge::Right), tint2(),
+                                         xfcePanel()),
+                         deskName);
+INSTANTIATE_TEST_SUITE_P(, PlankBadgeTest, testing::Values(plank()), deskName);
+
+TEST_P(BadgeTest, counts_lieOnTheirIconsAndFollowTheWindows)
+{
+    Application& alpha = launch(u"alpha"_qs, 2);
+    const Application& beta = launch(u"beta"_qs, 1);
+    EXPECT_TRUE(counts(alpha, "2"));
+    EXPECT_TRUE(counts(beta, "1"));
+    alpha.open(1);
+    EXPECT_TRUE(counts(alpha, "3"));
+    savePicture("counts");
+    for (const AppWindow& window : std::vector(alpha.windows().begin() + 1, alpha.windows().end()))
+        alpha.destroy(window);
+    EXPECT_TRUE(counts(alpha, "1"));
+    for (const Panel& panel : display().badges()) {
+        EXPECT_TRUE(panel.overrideRedirect);
+        EXPECT_TRUE(QRect(QPoint(), display().size()).contains(panel.geometry));
+    }
+}
+
+TEST_P(BadgeTest, click_onABadge_goesToTheDock)
+{
+    const Application& alpha = launch(u"alpha"_qs, 1);
+    const Application& beta = launch(u"beta"_qs, 1);
+    ASSERT_TRUE(counts(alpha, "1"));
+    ASSERT_TRUE(counts(beta, "1"));
+    ASSERT_EQ(display().activeWindow(), beta.windows().front().id);
+    display().moveTo(badge(alpha)->geometry.center());
+    ASSERT_TRUE(waitUntil([&] { return display().previews().size() == 1; })) << "as the icon does";
+    display().click();
+    EXPECT_TRUE(waitUntil([&] { return display().activeWindow() == alpha.windows().front().id; }));
+    // Neither the click nor what the dock did about it has put the dock above its badges.
+    const QRect place = badge(beta)->geometry;
+    const auto isBlue = [](QRgb pixel) {
+        return qBlue(pixel) > 150 && qRed(pixel) < 60 && qGreen(pixel) < 130;
+    };
+    EXPECT_TRUE(waitUntil([&] {
+        const QImage seen = display().picture(place);
+        return isBlue(seen.pixel(place.width() / 2, 3)) &&
+               isBlue(seen.pixel(3, place.height() / 2));
+    }));
+}
+
+TEST_P(BadgeTest, fullScreenWindow_hasTheScreenForItself)
+{
+    const Application& alpha = launch(u"alpha"_qs, 2);
+    ASSERT_TRUE(counts(alpha, "2"));
+    const AppWindow window = alpha.windows().back();
+    setFullScreen(window, true);
+    ASSERT_TRUE(waitUntil([&] { return isFullScreen(window); }));
+    EXPECT_TRUE(waitUntil([&] { return display().badges().empty(); }, 500));
+    setFullScreen(window, false);
+    ASSERT_TRUE(waitUntil([&] { return !isFullScreen(window); }));
+    EXPECT_TRUE(counts(alpha, "2"));
+}
+
+TEST_P(BadgeTest, row_liesOnItsBubbleAndBothAboveTheBadges)
+{
+    const Application& alpha = launch(u"alpha"_qs, 3);
+    ASSERT_TRUE(counts(alpha, "3"));
+    hover(alpha);
+    ASSERT_TRUE(shows(alpha));
+    QStringList roles;
+    for (const Panel& panel : display().panels()) {
+        if (roles.isEmpty() || roles.last() != panel.role)
+            roles += panel.role;
+    }
+    EXPECT_EQ(roles.join(u' ').toStdString(), "window-count bubble preview");
+    QRect row;
+    for (const Panel& panel : display().previews())
+        row |= panel.geometry;
+    for (const Panel& panel : display().panels()) {
+        if (panel.role == u"bubble"_qs) {
+            EXPECT_EQ(panel.geometry, row.adjusted(1, 1, 9, 2));
+        }
+    }
+    desk().park();
+    EXPECT_TRUE(waitUntil([&] { return display().panels().size() == display().badges().size(); }));
+}
+
+TEST_P(PlankBadgeTest, icons_pushedAside_takeTheirBadgesAlong)
+{
+    const Application& alpha = launch(u"alpha"_qs, 1);
+    ASSERT_TRUE(counts(alpha, "1"));
+    const QPoint before = badge(alpha)->geometry.center();
+    const QPoint offset = before - iconArea(alpha)->center();
+    const Application& delta = launch(u"delta"_qs, 1);
+    EXPECT_TRUE(counts(delta, "1"));
+    EXPECT_TRUE(waitUntil([&] {
+        const auto icon = iconArea(alpha);
+        const auto moved = badge(alpha);
+        return icon && moved && moved->geometry.center().x() < before.x() - 20 &&
+               (moved->geometry.center() - icon->center() - offset).manhattanLength() <= 1;
+    }));
+}
+
+TEST_P(PlankBadgeTest, dock_restarted_isBelowItsBadgesAgain)
+{
+    const Application& alpha = launch(u"alpha"_qs, 1);
+    ASSERT_TRUE(counts(alpha, "1"));
+    desk().dock().kill();
+    EXPECT_TRUE(waitUntil([&] { return display().badges().empty(); }));
+    desk().dock().restart();
+    EXPECT_TRUE(counts(alpha, "1"));
+}
+
+// Left behind, they would float over the windows that the dock makes room for.
+TEST_P(PlankBadgeTest, dockThatHides_takesItsBadgesAlong)
+{
+    const QByteArray settings = "[net/launchpad/plank/docks/dock1]\nhide-mode='";
+    const auto restartWith = [&](const char* mode) {
+        desk().dock().kill();
+        desk().session().addSettings(settings + mode + "'\n");
+        desk().dock().restart();
+    };
+    restartWith("auto");
+    const Application& alpha = launch(u"alpha"_qs, 1);
+    const auto pointer = display().size();
+    EXPECT_TRUE(waitUntil([&] { return display().badges().empty(); }));
+    display().moveTo({pointer.width() / 2, pointer.height() - 1});
+    EXPECT_TRUE(counts(alpha, "1"));
+    desk().park();
+    EXPECT_TRUE(waitUntil([&] { return display().badges().empty(); }));
+    launch(u"beta"_qs, 1);
+    EXPECT_FALSE(waitUntil([&] { return !display().badges().empty(); }, 1000));
+    restartWith("none");
+    EXPECT_TRUE(counts(alpha, "1"));
+}
+
+} // namespace lumbrix::privatedesk
