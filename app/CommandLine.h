@@ -13,4 +13,7 @@ namespace lumbrix
 /// main() received. The status to end with, or nothing when the program is to run.
 std::optional<int> answerCommandLine(int argc, const char* const* argv);
 
+/// Whether the program is to run for a report on what is under the mouse, and nothing else.
+bool asksToInspect(int argc, const char* const* argv);
+
 } // namespace lumbrix

@@ -77,22 +77,13 @@ std::int32_t integerSetting(const UserDefaults& defaults, const QString& name)
         std::clamp<std::int64_t>(defaults.integerForKey(name), Limits::min(), Limits::max()));
 }
 
-void mirrorSettings(const UserDefaults& defaults, LXHandler& handler)
+void mirrorEngineSettings(const UserDefaults& defaults, EngineSettings& settings)
 {
-    EngineSettings& settings = handler.settings();
     const auto copyInteger = [&defaults](Setting<std::int32_t>& setting, const char* name) {
         setting = integerSetting(defaults, key(name));
     };
     const auto copyFloat = [&defaults](Setting<float>& setting, const char* name) {
         setting = defaults.floatForKey(key(name));
-    };
-    const auto copyStyle = [&](Setting<std::int32_t>& setting, const char* name) {
-        const std::int32_t style = integerSetting(defaults, key(name));
-        if (style == setting)
-            return;
-        setting = style;
-        handler.removeAllScreenViews();
-        handler.clearCache();
     };
 
     copyFloat(settings.distanceFromDock, "distanceFromDock");
@@ -106,11 +97,8 @@ void mirrorSettings(const UserDefaults& defaults, LXHandler& handler)
     copyInteger(settings.showSpaces, "showSpaces");
     copyInteger(settings.zoomWindows, "zoomWindows");
     copyFloat(settings.exitDelay, "exitDelay");
-    const Companions& companions = handler.companions();
-    companions.calendarPreview->setShouldShowCal(integerSetting(defaults, key("shouldShowCal")) !=
-                                                 0);
-    copyStyle(settings.previewStyle, "previewStyle");
-    copyStyle(settings.spaceStyle, "spaceStyle");
+    copyInteger(settings.previewStyle, "previewStyle");
+    copyInteger(settings.spaceStyle, "spaceStyle");
     copyInteger(settings.spaceSize, "spaceSize");
     copyInteger(settings.hideControls, "hideControls");
     copyInteger(settings.closeOnClick, "closeOnClick");
@@ -126,6 +114,21 @@ void mirrorSettings(const UserDefaults& defaults, LXHandler& handler)
     copyInteger(settings.tempDisableFiltersKeycode, "tempDisableFiltersKeycode");
     copyInteger(settings.showOthersInDockIcon, "showOthersInDockIcon");
     copyInteger(settings.hideClose, "hideClose");
+}
+
+void mirrorSettings(const UserDefaults& defaults, LXHandler& handler)
+{
+    const EngineSettings& settings = handler.settings();
+    const std::int32_t previewStyle = settings.previewStyle;
+    const std::int32_t spaceStyle = settings.spaceStyle;
+    mirrorEngineSettings(defaults, handler.settings());
+    if (settings.previewStyle != previewStyle || settings.spaceStyle != spaceStyle) {
+        handler.removeAllScreenViews();
+        handler.clearCache();
+    }
+    const Companions& companions = handler.companions();
+    companions.calendarPreview->setShouldShowCal(integerSetting(defaults, key("shouldShowCal")) !=
+                                                 0);
     mirrorBadgeSettings(defaults, *companions.windowCountBadger);
     companions.helpBubble->setShouldBubbleWrap(integerSetting(defaults, key("shouldBubbleWrap")) !=
                                                0);

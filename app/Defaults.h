@@ -12,6 +12,7 @@ namespace lumbrix
 {
 
 class LXHandler;
+struct EngineSettings;
 namespace platform
 {
 class UserDefaults;
@@ -23,7 +24,9 @@ class UserDefaults;
 // first release, and later ones, which earlier users get too. Whether it was the first time.
 bool seedFirstRun(platform::UserDefaults& defaults);
 bool seedBadgeRun(platform::UserDefaults& defaults);
-/// Copies every setting the engine mirrors into it. A changed style also drops the previews and
+/// Copies every setting that the engine mirrors; nothing else happens.
+void mirrorEngineSettings(const platform::UserDefaults& defaults, EngineSettings& settings);
+/// The same into the engine and its companions. A changed style also drops the previews and
 /// their cache, which were made for the old one.
 void mirrorSettings(const platform::UserDefaults& defaults, LXHandler& handler);
 /// An integer setting, kept within 32 bits.

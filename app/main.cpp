@@ -12,6 +12,7 @@
 #include "app/LumbrixController.h"
 #include "app/QuitSignals.h"
 #include "app/SessionEnd.h"
+#include "app/inspect/Inspect.h"
 #include "engine/LXHandler.h"
 #include "platform/Desktop.h"
 #include "platform/linux/LinuxDesktop.h"
@@ -48,6 +49,20 @@ void run(LumbrixController& controller, QApplication& application, SingleInstanc
     controller.applicationWillTerminate();
 }
 
+/// Beside the Lumbrix that runs, or without one.
+int inspect(platform::QtRunLoop& runLoop, const platform::LinuxDesktopOptions& options)
+{
+    QString error;
+    const auto desktop = platform::LinuxDesktop::create(runLoop, options, error);
+    if (!desktop)
+        return fail(error);
+    const platform::DesktopScope scope(desktop->ports());
+    const int status = inspectAndPrint(SingleInstance::runningProcess());
+    desktop->stop();
+    runLoop.shutdown();
+    return status;
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -70,6 +85,10 @@ int main(int argc, char** argv)
     QPixmapCache::setCacheLimit(4 * 1024);
 
     platform::QtRunLoop runLoop;
+    platform::LinuxDesktopOptions options;
+    options.pixelsPerPoint = application.devicePixelRatio();
+    if (asksToInspect(argc, argv))
+        return inspect(runLoop, options);
     const auto instance = SingleInstance::create(runLoop);
     switch (instance->start()) {
     case SingleInstance::Result::First:
@@ -80,8 +99,6 @@ int main(int argc, char** argv)
         return fail(QStringLiteral("the Lumbrix that runs already does not answer"));
     }
 
-    platform::LinuxDesktopOptions options;
-    options.pixelsPerPoint = application.devicePixelRatio();
     const auto desktop = platform::LinuxDesktop::create(runLoop, options, error);
     if (!desktop)
         return fail(error);

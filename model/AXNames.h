@@ -42,6 +42,7 @@ inline const QString Raise = QStringLiteral("AXRaise");
 // Roles and subroles.
 inline const QString ApplicationRole = QStringLiteral("AXApplication");
 inline const QString WindowRole = QStringLiteral("AXWindow");
+inline const QString DockItemRole = QStringLiteral("AXDockItem");
 inline const QString ApplicationDockItem = QStringLiteral("AXApplicationDockItem");
 inline const QString MinimizedWindowDockItem = QStringLiteral("AXMinimizedWindowDockItem");
 inline const QString ProcessSwitcherList = QStringLiteral("AXProcessSwitcherList");

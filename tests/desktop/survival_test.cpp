@@ -144,9 +144,12 @@ TEST(LumbrixProgram, display_missing_isNeededForPreviewsOnly)
     EXPECT_TRUE(run({u"--version"_qs}).second.startsWith("lumbrix "));
     EXPECT_EQ(run({u"--help"_qs}).first, 0);
     EXPECT_TRUE(run({u"--help"_qs}).second.contains("Usage"));
-    const auto [status, complaint] = run({});
-    EXPECT_GT(status, 0) << "it must fail, not crash";
-    EXPECT_TRUE(complaint.startsWith("lumbrix: ")) << complaint.constData();
+    for (const QStringList& arguments : {QStringList(), QStringList(u"--inspect"_qs)}) {
+        const auto [status, complaint] = run(arguments);
+        EXPECT_EQ(status, 1) << "it must fail, not crash";
+        EXPECT_TRUE(complaint.startsWith("lumbrix: ")) << complaint.constData();
+    }
+    EXPECT_EQ(run({u"--inspect"_qs, u"what"_qs}).first, 2);
 }
 
 } // namespace lumbrix::privatedesk

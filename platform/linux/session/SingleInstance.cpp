@@ -82,6 +82,19 @@ std::unique_ptr<SingleInstance> SingleInstance::create(const RunLoop& runLoop)
                                             qEnvironmentVariable("DISPLAY"));
 }
 
+std::optional<std::int32_t> SingleInstance::runningProcess()
+{
+    const QDBusMessage reply =
+        QDBusConnection::sessionBus().call(busCall(QStringLiteral("GetConnectionUnixProcessID"),
+                                                   {nameFor(qEnvironmentVariable("DISPLAY"))}),
+                                           QDBus::Block, busTimeout);
+    if (reply.type() == QDBusMessage::ReplyMessage && !reply.arguments().isEmpty())
+        return static_cast<std::int32_t>(reply.arguments().constFirst().toUInt());
+    if (reply.errorName() == QLatin1String("org.freedesktop.DBus.Error.NameHasNoOwner"))
+        return 0;
+    return std::nullopt;
+}
+
 SingleInstance::~SingleInstance() { release(); }
 
 void SingleInstance::release()

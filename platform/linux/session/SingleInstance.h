@@ -10,8 +10,10 @@
 #include <QtDBus/QDBusConnection>
 #include <QtDBus/QDBusMessage>
 
+#include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 
 #include "platform/RunLoop.h"
 
@@ -33,6 +35,9 @@ public:
 
     /// On the session bus, for the display of the environment.
     static std::unique_ptr<SingleInstance> create(const RunLoop& runLoop);
+    /// The process that is first on the display of the environment: 0 when there is none, null when
+    /// nobody knows. Asks the bus, and takes no part.
+    static std::optional<std::int32_t> runningProcess();
 
     /// `display` as in DISPLAY: several desktops may share a bus.
     SingleInstance(const RunLoop& runLoop, const QDBusConnection& bus, const QString& display);

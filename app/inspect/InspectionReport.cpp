@@ -1,0 +1,165 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include "app/inspect/InspectionReport.h"
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QStringList>
+#include <QtCore/QSysInfo>
+
+#include "app/inspect/InspectionTexts.h"
+#include "app/inspect/PrintableText.h"
+
+namespace lumbrix
+{
+namespace
+{
+
+const QLatin1String comma(", ");
+
+QString quoted(const QString& text) { return u'“' + printableText(text) + u'”'; }
+
+QString row(const QString& label, const QString& value)
+{
+    return label.leftJustified(13) + QLatin1Char(' ') + value + QLatin1Char('\n');
+}
+
+QString heading(const QString& text)
+{
+    return QLatin1Char('\n') + text + QLatin1Char('\n') + QString(text.size(), u'-') +
+           QLatin1Char('\n');
+}
+
+QString arrowIf(bool isUnderPointer)
+{
+    return isUnderPointer ? InspectionText::tr("   <- under the pointer") : QString();
+}
+
+QString itemText(const Inspection& inspection)
+{
+    if (!inspection.item)
+        return inspection.application ? InspectionText::tr("none for the application")
+                                      : InspectionText::tr("none under the pointer");
+    const InspectedItem& item = *inspection.item;
+    QString kind = InspectionText::tr("not an application");
+    if (item.kind == DockItemKind::MinimizedWindow)
+        kind = InspectionText::tr("a minimised window");
+    else if (item.kind != DockItemKind::Other)
+        kind = item.isRunning ? InspectionText::tr("a running application")
+                              : InspectionText::tr("an application, not running");
+    return quoted(item.title) + comma + kind + comma +
+           InspectionText::tr("in %1").arg(printableText(item.dock)) +
+           arrowIf(inspection.pointsAtItem);
+}
+
+QString applicationRows(const Inspection& inspection)
+{
+    const InspectedApplication& application = *inspection.application;
+    QStringList facts{
+        printableText(application.name),
+        InspectionText::tr("identifier %1").arg(printableText(application.identifier)),
+        InspectionText::tr("process %1").arg(application.pid)};
+    if (application.isHidden)
+        facts << InspectionText::tr("hidden");
+    if (!application.answers)
+        facts << InspectionText::tr("does not answer");
+    return row(InspectionText::tr("Application"), facts.join(comma)) +
+           row(InspectionText::tr("Filter"), levelText(application.level));
+}
+
+QString settingsText(const Inspection& inspection)
+{
+    if (!inspection.hasRun)
+        return InspectionText::tr("none yet: Lumbrix has not been started before");
+    return inspection.settings.empty() ? InspectionText::tr("none that leave anything out")
+                                       : inspection.settings.join(QLatin1Char(' '));
+}
+
+QString windowLines(int number, const InspectedWindow& window)
+{
+    const QString reason = reasonText(window);
+    QStringList facts;
+    if (!window.owner.isEmpty())
+        facts << InspectionText::tr("of %1").arg(printableText(window.owner));
+    if (window.isMinimized)
+        facts << InspectionText::tr("minimised");
+    facts << (window.space == 0 ? InspectionText::tr("on all Spaces")
+                                : InspectionText::tr("on Space %1").arg(window.space))
+          << placeText(window.frame)
+          << (window.subrole.isEmpty() ? InspectionText::tr("no subrole")
+                                       : printableText(window.subrole))
+          << (window.number == 0 ? InspectionText::tr("no window number")
+                                 : QStringLiteral("0x%1").arg(window.number, 0, 16));
+    return QStringLiteral("%1. %2%3\n    %4\n    %5\n")
+        .arg(QString::number(number).rightJustified(2), quoted(window.title),
+             arrowIf(window.isUnderPointer),
+             reason.isEmpty() ? InspectionText::tr("can be previewed")
+                              : InspectionText::tr("not previewed: %1").arg(reason),
+             facts.join(comma));
+}
+
+QString dockText(const InspectedDock& dock)
+{
+    if (dock.pid == 0)
+        return InspectionText::tr("none: neither a Dock nor a panel that tells where its window "
+                                  "buttons are");
+    return QStringList{printableText(dock.name), InspectionText::tr("process %1").arg(dock.pid),
+                       InspectionText::tr("edge: %1").arg(printableText(dock.orientation)),
+                       InspectionText::tr("items: %1").arg(dock.items)}
+        .join(comma);
+}
+
+QString details(const Inspection& inspection)
+{
+    QStringList system{QSysInfo::prettyProductName(),
+                       QStringLiteral("Qt ") + QString::fromLatin1(qVersion())};
+    if (const QString name = qEnvironmentVariable("XDG_CURRENT_DESKTOP"); !name.isEmpty())
+        system << printableText(name);
+    QStringList screens;
+    for (const QRectF& screen : inspection.screens)
+        screens << placeText(screen);
+    return row(InspectionText::tr("System"), system.join(comma)) +
+           row(InspectionText::tr("Screens"), screens.join(QLatin1String("; "))) +
+           row(InspectionText::tr("Dock"), dockText(inspection.dock)) +
+           row(InspectionText::tr("Pointer"),
+               QString::asprintf("%g, %g", inspection.pointer.x(), inspection.pointer.y())) +
+           QLatin1Char('\n') +
+           (inspection.element.isEmpty()
+                ? InspectionText::tr("There is no element under the pointer.") + QLatin1Char('\n')
+                : inspection.element);
+}
+
+} // namespace
+
+QString inspectionReport(const Inspection& inspection)
+{
+    QString text;
+    if (inspection.runningProcess == 0) {
+        text += row(InspectionText::tr("Previews"),
+                    InspectionText::tr("None: Lumbrix does not run on this desktop.")) +
+                row(InspectionText::tr("If it ran"), outcomeText(inspection));
+    } else {
+        text += row(InspectionText::tr("Previews"), outcomeText(inspection));
+    }
+    text += row(InspectionText::tr("Icon"), itemText(inspection));
+    if (inspection.application)
+        text += applicationRows(inspection);
+    text += row(InspectionText::tr("Settings"), settingsText(inspection));
+
+    if (!inspection.windows.empty())
+        text += heading(InspectionText::tr("Windows"));
+    int number = 0;
+    for (const InspectedWindow& window : inspection.windows)
+        text += windowLines(++number, window);
+
+    text += heading(InspectionText::tr("For a bug report"));
+    const QString version = QCoreApplication::applicationVersion();
+    text += row(QStringLiteral("Lumbrix"),
+                !inspection.runningProcess || *inspection.runningProcess == 0
+                    ? version
+                    : version + comma +
+                          InspectionText::tr("process %1").arg(*inspection.runningProcess));
+    return text + details(inspection);
+}
+
+} // namespace lumbrix

@@ -1,0 +1,281 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include "app/inspect/Inspector.h"
+
+#include <algorithm>
+
+#include "app/Defaults.h"
+#include "app/inspect/PrintableText.h"
+#include "engine/StripArranger.h"
+#include "model/AXRead.h"
+#include "model/PreviewLayout.h"
+#include "model/UIElementUtilities.h"
+#include "model/VisibilityRules.h"
+#include "platform/Desktop.h"
+#include "platform/InputState.h"
+#include "platform/UserDefaults.h"
+
+namespace lumbrix
+{
+
+using platform::ElementRef;
+using platform::RunningApplication;
+using platform::WindowID;
+using platform::WindowList;
+
+namespace
+{
+
+constexpr QSize smallPicture(64, 64); ///< pixels
+
+/// Those that decide what a hover shows, as far as they are not as at first.
+QStringList settingsThatMatter(const platform::UserDefaults& defaults)
+{
+    static constexpr const char* names[] = {
+        "disabled",           "ignoreHidden",
+        "ignoreMinimized",    "ignoreOneWindow",
+        "onlyIfPressed",      "onlyIfKeycode",
+        "hidePreviews",       "hidePreviewsKeycode",
+        "tempDisableFilters", "tempDisableFiltersKeycode",
+        "neverClose",         "showOthersInDockIcon",
+    };
+    QStringList result;
+    const auto add = [&result](const char* name, const QString& value) {
+        result << QString::fromLatin1(name) + QLatin1Char('=') + value;
+    };
+    if (integerSetting(defaults, QStringLiteral("showInDock")) == 0)
+        add("showInDock", QStringLiteral("0"));
+    for (const char* name : names) {
+        if (const auto value = integerSetting(defaults, QString::fromLatin1(name)))
+            add(name, QString::number(value));
+    }
+    if (const float delay = defaults.floatForKey(QStringLiteral("displayDelay")); delay > 0)
+        add("displayDelay", QString::number(static_cast<double>(delay), 'g', 3));
+    return result;
+}
+
+/// 0 when it is not known.
+WindowID numberOf(const SWElement& window)
+{
+    return window.wid() != 0
+               ? window.wid()
+               : platform::desktop().accessibility.windowIDOf(window.element()).value_or(0);
+}
+
+std::vector<SWElementPtr> windowsOf(std::int32_t pid)
+{
+    return SWElement::elementsForElementRef(
+        platform::desktop().accessibility.createApplication(pid));
+}
+
+} // namespace
+
+Inspector::Inspector()
+{
+    const platform::UserDefaults& defaults = platform::desktop().userDefaults;
+    mirrorEngineSettings(defaults, m_settings);
+    m_hasRun = defaults.boolForKey(QStringLiteral("firstRun"));
+    m_showsCalendars = integerSetting(defaults, QStringLiteral("shouldShowCal")) != 0;
+    if (!m_hasRun) {
+        // As its first start will set them.
+        m_settings.showInDock = 1;
+        m_showsCalendars = true;
+    }
+    m_filters.setFilters(FilterTable::getFiltersDictionary());
+    SWElement::setFilterLevels(&m_filters);
+}
+
+Inspector::~Inspector() { SWElement::setFilterLevels(nullptr); }
+
+void Inspector::aim()
+{
+    const platform::Desktop& desktop = platform::desktop();
+    m_pointer = UIElementUtilities::carbonScreenPointFromCocoaScreenPoint(
+        desktop.inputState.mouseLocation());
+    const platform::AXResult hit = desktop.accessibility.copyElementAtPosition(
+        static_cast<float>(m_pointer.x()), static_cast<float>(m_pointer.y()));
+    m_element = hit.as<ElementRef>() ? *hit.as<ElementRef>() : nullptr;
+    m_pointsAtItem = isDockItem(m_element);
+    if (m_pointsAtItem) {
+        m_item = m_element;
+        const SWElement item(m_item);
+        if (SWElement::checkIfMinimizedWindowIcon(m_item)) {
+            m_inventory.windowScanner();
+            m_window = m_inventory.windowForMinimizedIcon(item);
+            m_application = m_window ? m_window->runningApplicationForWindow() : std::nullopt;
+        } else {
+            m_application = item.runningApplicationForDockElement();
+        }
+    } else if (m_element) {
+        m_window = SWElement::elementAtPosition(m_pointer, SWElement::systemWideElement());
+        const auto pid = desktop.accessibility.pidOf(m_element);
+        m_application = pid ? desktop.workspace.runningApplication(*pid) : std::nullopt;
+        m_item = m_application ? itemOf(*m_application) : nullptr;
+    }
+    if (!m_application)
+        return;
+    for (const std::int32_t pid : m_inventory.processesBehindIcon(*m_application)) {
+        for (const SWElementPtr& window : windowsOf(pid)) {
+            if (const WindowID number = numberOf(*window))
+                desktop.windowServer.captureWindow(number, smallPicture);
+        }
+    }
+}
+
+bool Inspector::isDockItem(const ElementRef& element) const
+{
+    const std::int32_t dock = SWElement::getDockPid();
+    return element && dock != 0 && platform::desktop().accessibility.pidOf(element) == dock &&
+           AX::equals(element, AX::Role, AX::DockItemRole);
+}
+
+ElementRef Inspector::itemOf(const RunningApplication& application) const
+{
+    for (const SWElementPtr& item :
+         SWElement::runningApps().value_or(std::vector<SWElementPtr>{})) {
+        const auto owner = item->runningApplicationForDockElement();
+        if (owner && owner->pid == application.pid)
+            return item->element();
+    }
+    return nullptr;
+}
+
+Inspection Inspector::inspect()
+{
+    const platform::Desktop& desktop = platform::desktop();
+    Inspection result;
+    result.pointer = m_pointer;
+    result.screens = desktop.windowServer.screens();
+    result.element = UIElementUtilities::stringDescriptionOfUIElement(m_element, printableText);
+    result.pointsAtItem = m_pointsAtItem;
+    result.hasRun = m_hasRun;
+    if (m_hasRun)
+        result.settings = settingsThatMatter(desktop.userDefaults);
+    result.isDisabled = m_settings.disabled != 0;
+    result.hidingKey = m_settings.hidePreviewsKeycode;
+    result.showingKey = m_settings.onlyIfKeycode;
+    result.dock = inspectDock();
+    if (m_item)
+        result.item = inspectItem();
+    if (m_application)
+        inspectApplication(result);
+    result.verdict = judgeHover(result);
+    return result;
+}
+
+InspectedDock Inspector::inspectDock() const
+{
+    InspectedDock dock;
+    dock.pid = SWElement::getDockPid();
+    const ElementRef application =
+        dock.pid != 0 ? platform::desktop().accessibility.createApplication(dock.pid) : nullptr;
+    if (!application)
+        return dock;
+    dock.name = UIElementUtilities::descriptionOfAXDescriptionOfUIElement(application);
+    dock.orientation = StripArranger::getDockOrientation();
+    dock.hasPlace = PreviewLayout::dockSideForOrientation(dock.orientation).has_value();
+    for (const ElementRef& list : AX::readElements(application, AX::Children))
+        dock.items += AX::readElements(list, AX::Children).size();
+    return dock;
+}
+
+InspectedItem Inspector::inspectItem() const
+{
+    const SWElement element(m_item);
+    InspectedItem item;
+    item.title = element.getTitle().value_or(QString());
+    item.dock = UIElementUtilities::descriptionOfAXDescriptionOfUIElement(m_item);
+    item.kind = kindOfDockItem(m_item, m_showsCalendars);
+    item.isRunning = SWElement::checkIfAppIsRunning(m_item);
+    return item;
+}
+
+void Inspector::inspectApplication(Inspection& result)
+{
+    const platform::Desktop& desktop = platform::desktop();
+    const auto scanned = m_inventory.scannedApplications();
+    const WindowList list = WindowInventory::copyWindowList();
+    InspectedApplication application;
+    application.name = m_application->localizedName;
+    application.identifier = m_application->bundleIdentifier;
+    application.pid = m_application->pid;
+    application.isHidden = desktop.workspace.isHidden(application.pid);
+    application.level = SWElement::filterLevelOf(application.identifier);
+    const ElementRef element = desktop.accessibility.createApplication(application.pid);
+    application.answers =
+        element && desktop.accessibility.copyAttributeValue(element, AX::Windows).error !=
+                       platform::AXError::CannotComplete;
+    result.application = application;
+
+    std::vector<SWElementPtr> windows;
+    for (const std::int32_t pid : m_inventory.processesBehindIcon(*m_application)) {
+        const bool isScanned = std::ranges::count(scanned, pid) != 0;
+        for (const SWElementPtr& window : windowsOf(pid)) {
+            windows.push_back(window);
+            result.windows.push_back(inspectWindow(window, isScanned, list));
+        }
+    }
+    // Those that the engine would show, by its own account.
+    auto shown = m_inventory.windowsBehindIcon(*m_application);
+    result.previewable = shown.size();
+    shown.resize(std::min(shown.size(), mostPreviews));
+    for (std::size_t i = 0; i < windows.size(); ++i) {
+        const bool isShown = std::ranges::any_of(
+            shown, [&](const SWElementPtr& each) { return each->isEqualTo(windows[i]); });
+        if (!isShown && result.windows[i].verdict == WindowVerdict::Good)
+            result.windows[i].verdict = WindowVerdict::BeyondMost;
+    }
+}
+
+InspectedWindow Inspector::inspectWindow(const SWElementPtr& found, bool isScanned,
+                                         const WindowList& list)
+{
+    InspectedWindow result;
+    result.verdict = isScanned ? m_inventory.processWindow(found, list) : WindowVerdict::NotScanned;
+    // The record in the inventory may be another one, which was matched.
+    SWElementPtr window = found;
+    for (const SWElementPtr& known : m_inventory.windowsArray()) {
+        if (known->isEqualTo(found))
+            window = known;
+    }
+    const platform::Desktop& desktop = platform::desktop();
+    const std::int32_t pid = desktop.accessibility.pidOf(found->element()).value_or(0);
+    const VisibilityRules rules(m_settings);
+    if (result.verdict == WindowVerdict::Good)
+        result.verdict = rules.verdictForApplication(pid);
+    if (result.verdict == WindowVerdict::Good)
+        result.verdict = rules.verdictForWindow(*window);
+
+    if (pid != m_application->pid) {
+        const auto owner = desktop.workspace.runningApplication(pid);
+        result.owner = owner ? owner->localizedName : QString::number(pid);
+    }
+    result.level = window->getFilterLevel();
+    result.title = window->getTitle().value_or(QString());
+    result.subrole = AX::read<QString>(window->element(), AX::Subrole).value_or(QString());
+    result.frame = window->getRect();
+    result.number = numberOf(*window);
+    const auto listed = std::ranges::find(list, result.number, &platform::WindowInfo::number);
+    if (result.number != 0 && listed != list.end())
+        result.listed = *listed;
+    result.space = SWElement::spaceNumberOfWindow(result.number);
+    result.isMinimized = window->checkIfMinimized();
+    result.isUnderPointer = !m_pointsAtItem && window->isEqualTo(m_window);
+    return result;
+}
+
+HoverVerdict Inspector::judgeHover(const Inspection& result) const
+{
+    const HoverVerdict verdict = HoverRules::verdictBeforeWindows(m_settings);
+    if (verdict != HoverVerdict::Shows)
+        return verdict;
+    if (result.pointsAtItem && result.item->kind == DockItemKind::MinimizedWindow)
+        return m_window ? HoverVerdict::Shows : HoverVerdict::NoWindows;
+    const bool isForOthers =
+        m_application && m_inventory.processesBehindIcon(*m_application).size() > 1;
+    return isForOthers ? HoverRules::verdictForOthersWindows(m_settings, result.previewable)
+                       : HoverRules::verdictForWindows(m_settings, result.previewable);
+}
+
+} // namespace lumbrix

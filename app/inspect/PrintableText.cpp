@@ -1,0 +1,63 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include "app/inspect/PrintableText.h"
+
+#include <QtCore/QList>
+
+namespace lumbrix
+{
+namespace
+{
+
+constexpr qsizetype mostCharacters = 300;
+
+bool isToBeEscaped(char32_t character)
+{
+    switch (QChar::category(character)) {
+    case QChar::Other_Control:
+    case QChar::Separator_Line:
+    case QChar::Separator_Paragraph:
+        return true;
+    case QChar::Other_Format:
+        // The joiners hold letters and emoji together; the others are not to be seen, or turn the
+        // direction of what follows.
+        return character != 0x200C && character != 0x200D;
+    default:
+        return false;
+    }
+}
+
+QString escaped(char32_t character)
+{
+    switch (character) {
+    case U'\n':
+        return QStringLiteral("\\n");
+    case U'\t':
+        return QStringLiteral("\\t");
+    default:
+        return QString::asprintf(character < 0x100 ? "\\x%02x" : "\\u%04x",
+                                 static_cast<unsigned>(character));
+    }
+}
+
+} // namespace
+
+QString printableText(const QString& text)
+{
+    QString result;
+    // Lone halves of surrogate pairs become replacement characters here.
+    const auto characters = text.toUcs4();
+    for (qsizetype i = 0; i < characters.size(); ++i) {
+        if (i == mostCharacters)
+            return result + QStringLiteral("… [%1]").arg(characters.size());
+        const char32_t character = characters.at(i);
+        if (isToBeEscaped(character))
+            result += escaped(character);
+        else
+            result += QString::fromUcs4(&character, 1);
+    }
+    return result;
+}
+
+} // namespace lumbrix

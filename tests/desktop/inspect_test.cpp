@@ -1,0 +1,99 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// The report of "lumbrix --inspect", beside a Lumbrix that runs.
+#include "DesktopTest.h"
+
+#include <QtCore/QFile>
+
+#include <iostream>
+
+#include "Lumbrix.h"
+
+namespace lumbrix::privatedesk
+{
+
+class InspectTest : public DesktopTest
+{
+protected:
+    /// Runs it to its end, which must be a good one.
+    QByteArray inspect()
+    {
+        const auto process =
+            desk().session().start(u"inspect"_qs, lumbrixBinary(), {u"--inspect"_qs}, true);
+        QByteArray report;
+        while (const auto line = process->readLine(patience(10'000)))
+            report += *line + '\n';
+        EXPECT_EQ(process->waitForExit(patience(2000)), 0);
+        EXPECT_TRUE(desk().session().log(u"inspect"_qs).contains(u"Point at an icon"_qs));
+        return report;
+    }
+    QByteArray settings()
+    {
+        QFile file(desk().session().configPath(u"lumbrix/lumbrix.conf"_qs));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
+    }
+    void makeUtility(const AppWindow& window)
+    {
+        const xcb_atom_t type = display().atom("_NET_WM_WINDOW_TYPE_UTILITY");
+        xcb_change_property(display().connection(), XCB_PROP_MODE_REPLACE, window.id,
+                            display().atom("_NET_WM_WINDOW_TYPE"), XCB_ATOM_ATOM, 32, 1, &type);
+        xcb_flush(display().connection());
+    }
+};
+
+INSTANTIATE_TEST_SUITE_P(, InspectTest, testing::Values(plank(), tint2()), deskName);
+
+TEST_P(InspectTest, report_agreesWithWhatTheHoverShows_andDisturbsNothing)
+{
+    desk().startLumbrix({{u"ignoreMinimized"_qs, u"1"_qs}});
+    Application& alpha = launch(u"alpha"_qs, 3);
+    const auto windows = alpha.windows();
+    alpha.minimise(windows[1]);
+    makeUtility(windows[2]);
+    alpha.setTitle(windows[0], "first \xf0\x9f\x8e\xa8 \x1b[31m");
+    hover(alpha);
+    ASSERT_TRUE(waitUntil([&] { return display().previews().size() == 1; }));
+    const QByteArray before = settings();
+    const std::size_t panels = display().panels().size();
+    const xcb_window_t active = display().activeWindow();
+
+    const QByteArray report = inspect();
+    const QByteArray id = ", 0x" + QByteArray::number(windows[0].id, 16) + '\n';
+    for (const QByteArray& expected :
+         {QByteArray("Previews      1 of 3 windows."),
+          QByteArray("\nApplication   Alpha, identifier alpha, "), QByteArray("ignoreMinimized=1"),
+          QByteArray("edge: bottom"), QByteArray("“Alpha”, a running application, in "),
+          QByteArray("“first 🎨 \\x1b[31m”"), id,
+          QByteArray("not previewed: minimised windows are left out (Preferences > Advanced)"),
+          QByteArray(
+              "not previewed: the filter “High” leaves out windows of the kind AXFloatingWindow"),
+          QByteArray("\n  <AXDockItem: “Alpha”>\n"),
+          QByteArray("\n   AXSubrole:  “AXApplicationDockItem”\n")})
+        EXPECT_TRUE(report.contains(expected)) << expected.constData();
+    EXPECT_EQ(report.count("can be previewed"), 1);
+    if (HasFailure())
+        std::cerr << report.constData();
+
+    EXPECT_EQ(display().panels().size(), panels) << "a window of its own";
+    EXPECT_EQ(display().previews().size(), 1U);
+    EXPECT_EQ(display().activeWindow(), active);
+    EXPECT_EQ(settings(), before);
+}
+
+TEST_P(InspectTest, window_ofAnApplicationThatHangs_isToldSo)
+{
+    Application& alpha = launch(u"alpha"_qs, 1);
+    const QRect place = display().geometry(alpha.windows().front().id).value_or(QRect());
+    display().moveTo(place.center());
+    const QByteArray working = inspect();
+    EXPECT_TRUE(working.contains("“alpha window 1”   <- under the pointer")) << working.constData();
+    EXPECT_TRUE(working.contains("1 of 1 windows.")) << working.constData();
+    alpha.process().signal(SIGSTOP);
+    const QByteArray hanging = inspect();
+    alpha.process().signal(SIGCONT);
+    EXPECT_TRUE(hanging.contains("Not known: the application does not answer"))
+        << hanging.constData();
+}
+
+} // namespace lumbrix::privatedesk
