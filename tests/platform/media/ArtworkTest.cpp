@@ -1,0 +1,104 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include <gtest/gtest.h>
+
+#include <QtCore/QBuffer>
+#include <QtCore/QFile>
+#include <QtCore/QTemporaryDir>
+#include <QtCore/QUrl>
+
+#include <sys/stat.h>
+
+#include "platform/linux/media/Artwork.h"
+
+namespace lumbrix::test
+{
+namespace
+{
+
+QByteArray encoded(QSize size, const char* format)
+{
+    QImage image(size, QImage::Format_RGB32);
+    image.fill(Qt::red);
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    image.save(&buffer, format);
+    return bytes;
+}
+
+/// The header of a picture of that size, and nothing after it.
+QByteArray promise(quint32 width, quint32 height)
+{
+    QByteArray bytes = encoded({4, 4}, "BMP");
+    const auto put = [&bytes](int at, quint32 value) {
+        for (int i = 0; i < 4; ++i)
+            bytes[at + i] = static_cast<char>(value >> 8 * i & 0xFF);
+    };
+    put(18, width);
+    put(22, height);
+    return bytes;
+}
+
+class ArtworkTest : public testing::Test
+{
+protected:
+    QString write(const char* name, const QByteArray& bytes)
+    {
+        QFile file(m_folder.filePath(QString::fromLatin1(name)));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(bytes);
+        return QUrl::fromLocalFile(file.fileName()).toString(QUrl::FullyEncoded);
+    }
+    QTemporaryDir m_folder;
+};
+
+QString dataUri(const char* head, const QByteArray& body)
+{
+    return QString::fromLatin1("data:" + QByteArray(head) + "," + body);
+}
+
+} // namespace
+
+TEST_F(ArtworkTest, picturesOfFilesAndDataUris_areShownReduced)
+{
+    const QByteArray png = encoded({100, 50}, "PNG");
+    EXPECT_EQ(platform::loadArtwork(write("a b#ü.png", png)).size(), QSize(100, 50));
+    EXPECT_EQ(platform::loadArtwork(write("name.txt", encoded({2000, 1000}, "JPEG"))).size(),
+              QSize(640, 320));
+    EXPECT_EQ(platform::loadArtwork(dataUri("image/png;base64", png.toBase64())).size(),
+              QSize(100, 50));
+    EXPECT_EQ(platform::loadArtwork(dataUri("", png.toPercentEncoding())).size(), QSize(100, 50));
+}
+
+TEST_F(ArtworkTest, everythingElse_isNoPicture)
+{
+    const QByteArray png = encoded({8, 8}, "PNG");
+    const QString local = write("local.png", png);
+    ASSERT_FALSE(platform::loadArtwork(local).isNull());
+    const QByteArray pipe = QFile::encodeName(m_folder.filePath(QStringLiteral("pipe.png")));
+    ASSERT_EQ(::mkfifo(pipe.constData(), 0600), 0);
+    const QStringList uris{
+        {},
+        QStringLiteral("nonsense"),
+        QStringLiteral("http://127.0.0.1:9/cover.png"),
+        QString(local).replace(QStringLiteral("file://"), QStringLiteral("file://server")),
+        QUrl(local).toLocalFile(), // a path is no address
+        QUrl::fromLocalFile(m_folder.path()).toString(),
+        QUrl::fromLocalFile(QFile::decodeName(pipe)).toString(),
+        QStringLiteral("file:///dev/zero"),
+        write("text.png", "this is no picture"),
+        write("cut.png", png.left(40)),
+        write("drawing.svg", "<svg xmlns='http://www.w3.org/2000/svg' width='9' height='9'/>"),
+        write("large.png", png + QByteArray(9 * 1024 * 1024, '\0')),
+        write("huge.bmp", promise(100000, 100000)),
+        dataUri("image/png;base64", "!!!"),
+        QStringLiteral("data:image/png;base64"),
+        dataUri("image/png;base64", (png + QByteArray(9 * 1024 * 1024, '\0')).toBase64()),
+    };
+    for (const QString& uri : uris)
+        EXPECT_TRUE(platform::loadArtwork(uri).isNull()) << qPrintable(uri.left(80));
+}
+
+} // namespace lumbrix::test

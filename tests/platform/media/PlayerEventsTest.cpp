@@ -1,0 +1,283 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// Event codes to real messages on a bus, with players that behave and players that do not.
+#include <gtest/gtest.h>
+
+#include <QtCore/QBuffer>
+#include <QtCore/QElapsedTimer>
+#include <QtCore/QFile>
+
+#include <atomic>
+
+#include "platform/linux/media/LinuxAppleEvents.h"
+#include "platform/qt/QtRunLoop.h"
+#include "tests/platform/linux/FakeTracker.h"
+#include "tests/platform/media/PrivateBus.h"
+#include "tests/platform/media/TestPlayer.h"
+
+inline void PrintTo(const QString& text, std::ostream* out) { *out << text.toStdString(); }
+
+namespace lumbrix::test
+{
+
+using namespace platform;
+using namespace Qt::StringLiterals;
+using Kind = ObjectSpecifier::Step::Kind;
+using Manners = TestPlayer::Manners;
+
+class PlayerEventsTest : public testing::Test
+{
+protected:
+    PlayerEventsTest() { m_tracker.addListener(&m_registry); }
+    ~PlayerEventsTest() override { m_loop.shutdown(); }
+
+    AppleEventReply get(const QString& application, const char (&code)[5], Kind kind,
+                        const char (&more)[5])
+    {
+        return m_events.getItem(
+            {application}, {{{kind, fourCharCode(code), 1}, {Kind::Property, fourCharCode(more)}}});
+    }
+    AppleEventReply state()
+    {
+        return m_events.getItem({u"iTunes"_s}, {{{Kind::Property, fourCharCode("pPlS")}}});
+    }
+    bool isState(const char (&code)[5])
+    {
+        const AppleEventReply reply = state();
+        return reply.as<FourCharCode>() && *reply.as<FourCharCode>() == fourCharCode(code);
+    }
+    /// Artist and name of the track; "?" for what cannot be told.
+    QString trackNames()
+    {
+        const auto text = [](const AppleEventReply& reply) {
+            return reply.as<QString>() ? *reply.as<QString>() : u"?"_s;
+        };
+        return text(get(u"iTunes"_s, "pTrk", Kind::Property, "pArt")) + u'/' +
+               text(get(u"iTunes"_s, "pTrk", Kind::Property, "pnam"));
+    }
+    QImage artwork()
+    {
+        const AppleEventReply elements = m_events.getItem(
+            {u"iTunes"_s},
+            {{{Kind::Property, fourCharCode("pTrk")}, {Kind::Elements, fourCharCode("cArt")}}});
+        const auto* artworks = elements.as<std::vector<ObjectSpecifier>>();
+        if (!artworks || artworks->empty())
+            return {};
+        ObjectSpecifier picture = artworks->front();
+        picture.steps.push_back({Kind::Property, fourCharCode("pPCT")});
+        const AppleEventReply reply = m_events.getItem({u"iTunes"_s}, picture);
+        return reply.as<QImage>() ? *reply.as<QImage>() : QImage();
+    }
+    /// Sends as the program does, from a thread of its own, while the players' thread is free.
+    AppleEventError send(const AppleEventTarget& target, const char (&eventClass)[5],
+                         const char (&eventID)[5])
+    {
+        std::atomic<bool> isDone = false;
+        AppleEventError error = AppleEventError::None;
+        m_loop.detachThread("script", [&](const Thread&) {
+            error =
+                m_events.send(target, fourCharCode(eventClass), fourCharCode(eventID), {}).error;
+            isDone = true;
+        });
+        EXPECT_TRUE(waitUntil([&] { return isDone.load(); }));
+        return error;
+    }
+    void addWindow(xcb_window_t id, const QString& className, std::int32_t pid)
+    {
+        FakeTracker::Window window;
+        window.id = id;
+        window.className = className;
+        window.pid = pid;
+        m_tracker.add(window);
+    }
+
+    QTemporaryDir m_folder;
+    PrivateBus m_bus;
+    QtRunLoop m_loop;
+    FakeTracker m_tracker;
+    DesktopEntries m_entries{{}, {}, [this] { return m_loop.now(); }};
+    ApplicationRegistry m_registry{m_tracker,
+                                   m_entries,
+                                   [](std::int32_t) { return ProcessNames(); },
+                                   {77, u"lumbrix"_s},
+                                   [this] { return m_loop.now(); }};
+    LinuxAppleEvents m_events{m_loop, m_bus.connect(u"lumbrix"_s), m_tracker, m_registry};
+};
+
+TEST_F(PlayerEventsTest, goodPlayer_isKnownByItsAnnouncements)
+{
+    QImage cover(30, 20, QImage::Format_RGB32);
+    cover.fill(Qt::green);
+    const QString path = m_folder.filePath(u"cover.png"_s);
+    ASSERT_TRUE(cover.save(path));
+    EXPECT_EQ(state().error, AppleEventError::NotRunning);
+
+    auto player = std::make_unique<TestPlayer>(
+        m_bus.address(), u"audacious"_s,
+        track(QStringList{u"Ann"_s, u"Bob"_s}, u"First"_s, u"file://"_s + path));
+    player->set({{u"PlaybackStatus"_s, u"Playing"_s}}, false);
+    EXPECT_TRUE(waitUntil([&] { return isState("kPSP"); }));
+    EXPECT_EQ(trackNames(), u"Ann, Bob/First");
+    EXPECT_TRUE(waitUntil([&] { return artwork().size() == QSize(30, 20); }));
+    EXPECT_EQ(artwork().cacheKey(), artwork().cacheKey()) << "the same picture every time";
+
+    player->set({{u"PlaybackStatus"_s, u"Paused"_s}});
+    EXPECT_TRUE(waitUntil([&] { return isState("kPSp"); }));
+    EXPECT_EQ(trackNames(), u"Ann, Bob/First");
+    player->set(track(u"Cleo"_s, {}, u"http://127.0.0.1/x.png"_s));
+    EXPECT_TRUE(waitUntil([&] { return trackNames() == u"Cleo/"; }));
+    EXPECT_TRUE(waitUntil([&] { return artwork().isNull(); }));
+    // Changed without being told: found out because somebody looks.
+    player->set({{u"PlaybackStatus"_s, u"Stopped"_s}}, false);
+    EXPECT_TRUE(waitUntil([&] { return isState("kPSS"); }));
+
+    player.reset();
+    EXPECT_TRUE(waitUntil([&] { return state().error == AppleEventError::NotRunning; }));
+}
+
+TEST_F(PlayerEventsTest, commands_reachThePlayersOfTheirRole)
+{
+    TestPlayer music(m_bus.address(), u"quodlibet"_s);
+    TestPlayer vlc(m_bus.address(), u"vlc.instance42"_s);
+    TestPlayer film(m_bus.address(), u"unheardof"_s, {{u"PlaybackStatus"_s, u"Playing"_s}});
+    film.setDesktopEntry(u"org.gnome.Totem"_s);
+    TestPlayer browser(m_bus.address(), u"chromium"_s);
+    const auto playing = [&] { return get(u"QuickTime Player"_s, "docu", Kind::Element, "play"); };
+    ASSERT_TRUE(waitUntil([&] {
+        return playing().as<bool>() && music.questions() > 0 && vlc.questions() > 0 &&
+               send({u"VLC"_s}, "VLC#", "VLC1") == AppleEventError::None &&
+               send({u"iTunes"_s}, "hook", "Play") == AppleEventError::None;
+    }));
+    EXPECT_TRUE(*playing().as<bool>());
+    music.takeCommands();
+    vlc.takeCommands();
+    const struct {
+        const char* application;
+        const char (&eventClass)[5];
+        const char (&eventID)[5];
+        TestPlayer& player;
+        const char* method;
+    } commands[] = {
+        {"iTunes", "hook", "Play", music, "Play"},
+        {"iTunes", "hook", "Paus", music, "Pause"},
+        {"iTunes", "hook", "Prev", music, "Previous"},
+        {"iTunes", "hook", "Next", music, "Next"},
+        {"VLC", "VLC#", "VLC1", vlc, "PlayPause"},
+        {"VLC", "VLC#", "VLC3", vlc, "Previous"},
+        {"VLC", "VLC#", "VLC4", vlc, "Next"},
+        {"QuickTime Player", "MVWR", "play", film, "Play"},
+        {"QuickTime Player", "MVWR", "paus", film, "Pause"},
+    };
+    for (const auto& [application, eventClass, eventID, player, method] : commands) {
+        EXPECT_EQ(send({QString::fromLatin1(application)}, eventClass, eventID),
+                  AppleEventError::None);
+        EXPECT_EQ(player.takeCommands().join(u' '), QString::fromLatin1(method));
+    }
+    EXPECT_EQ(send({u"VLC"_s}, "hook", "Play"), AppleEventError::NotHandled);
+    EXPECT_EQ(send({u"Finder"_s}, "hook", "Play"), AppleEventError::NotHandled);
+    EXPECT_EQ(browser.questions(), 0) << "what is no player is left alone";
+    EXPECT_EQ((music.takeCommands() + vlc.takeCommands() + film.takeCommands()).join(u' '),
+              QString());
+}
+
+TEST_F(PlayerEventsTest, playerThatHangs_keepsNobodyWaiting)
+{
+    TestPlayer player(m_bus.address(), u"audacious"_s, {{u"PlaybackStatus"_s, u"Playing"_s}});
+    player.manners = Manners::Hangs;
+    ASSERT_TRUE(waitUntil([&] { return player.questions() > 0; }));
+    QElapsedTimer clock;
+    clock.start();
+    for (int i = 0; i < 100; ++i)
+        EXPECT_EQ(state().error, AppleEventError::NotRunning);
+    EXPECT_EQ(send({u"iTunes"_s}, "hook", "Next"), AppleEventError::NotRunning);
+    EXPECT_LT(clock.elapsed(), 5000) << "a hundred waits of 0.2 s";
+
+    player.manners = Manners::Good;
+    EXPECT_TRUE(waitUntil([&] { return isState("kPSP"); })) << "it has come to itself";
+    // Hangs again: commands end, and what was known of it does not outlive the next look.
+    player.manners = Manners::Hangs;
+    EXPECT_EQ(send({u"iTunes"_s}, "hook", "Next"), AppleEventError::NotRunning);
+    EXPECT_TRUE(waitUntil([&] { return state().error == AppleEventError::NotRunning; }));
+}
+
+TEST_F(PlayerEventsTest, nonsense_isNothing)
+{
+    TestPlayer other(m_bus.address(), u"rhythmbox"_s, track(u"Ann"_s, u"First"_s));
+    TestPlayer player(m_bus.address(), u"audacious"_s, {{u"PlaybackStatus"_s, u"Playing"_s}});
+    addWindow(1, u"rhythmbox"_s, 500);
+    addWindow(3, u"audacious"_s, 501);
+    const auto otherName = [&] {
+        const AppleEventReply reply = m_events.getItem(
+            {u"iTunes"_s, 500, 1},
+            {{{Kind::Property, fourCharCode("pTrk")}, {Kind::Property, fourCharCode("pnam")}}});
+        return reply.as<QString>() ? *reply.as<QString>() : u"?"_s;
+    };
+    const auto stateOfPlayer = [&] {
+        return m_events.getItem({u"iTunes"_s, 501, 3}, {{{Kind::Property, fourCharCode("pPlS")}}});
+    };
+    ASSERT_TRUE(waitUntil([&] { return otherName() == u"First"; }));
+    ASSERT_TRUE(waitUntil([&] { return stateOfPlayer().as<FourCharCode>(); }));
+
+    for (const Manners manners : {Manners::Nonsense, Manners::Refuses}) {
+        player.manners = manners;
+        EXPECT_TRUE(
+            waitUntil([&] { return stateOfPlayer().error == AppleEventError::NotRunning; }));
+        player.manners = Manners::Good;
+        EXPECT_TRUE(waitUntil([&] { return stateOfPlayer().as<FourCharCode>(); }));
+    }
+    player.tellNonsense();
+    EXPECT_TRUE(waitUntil([&] { return stateOfPlayer().error == AppleEventError::NotRunning; }));
+    const QString longText(100000, u'x');
+    for (const QVariantMap& strange :
+         {QVariantMap{{u"PlaybackStatus"_s, 3}}, QVariantMap{{u"PlaybackStatus"_s, longText}},
+          QVariantMap{{u"Metadata"_s, u"none"_s}, {u"PlaybackStatus"_s, u"Singing"_s}},
+          track(7, QStringList{longText}, 9), track(QStringList{longText, longText}, longText)})
+        player.set(strange);
+    player.set({{u"PlaybackStatus"_s, u"Paused"_s}});
+    EXPECT_TRUE(waitUntil([&] { return stateOfPlayer().as<FourCharCode>(); }));
+    const AppleEventReply name = m_events.getItem(
+        {u"iTunes"_s, 501, 3},
+        {{{Kind::Property, fourCharCode("pTrk")}, {Kind::Property, fourCharCode("pnam")}}});
+    ASSERT_TRUE(name.as<QString>());
+    EXPECT_EQ(*name.as<QString>(), longText.left(1000));
+    EXPECT_EQ(otherName(), u"First");
+}
+
+TEST_F(PlayerEventsTest, playerThatDiesOfACommand_isGone)
+{
+    TestPlayer other(m_bus.address(), u"rhythmbox"_s, {{u"PlaybackStatus"_s, u"Paused"_s}});
+    TestPlayer player(m_bus.address(), u"audacious"_s, {{u"PlaybackStatus"_s, u"Playing"_s}});
+    player.manners = Manners::Dies;
+    ASSERT_TRUE(waitUntil([&] { return isState("kPSP"); }));
+    EXPECT_EQ(send({u"iTunes"_s}, "hook", "Next"), AppleEventError::NotRunning);
+    EXPECT_EQ(player.takeCommands().join(u' '), u"Next");
+    EXPECT_TRUE(waitUntil([&] { return isState("kPSp"); })) << "the other one is left";
+}
+
+TEST_F(PlayerEventsTest, mailProgram_isToldInItsOwnWay)
+{
+    // It is told by its own program, which tells the one that runs.
+    const QString log = m_folder.filePath(u"log"_s);
+    QFile program(m_folder.filePath(u"claws-mail"_s));
+    ASSERT_TRUE(program.open(QIODevice::WriteOnly));
+    program.write("#!/bin/sh\necho \"$@\" > " + log.toUtf8() + ".new\nmv " + log.toUtf8() +
+                  ".new " + log.toUtf8() + "\n");
+    program.close();
+    program.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    const QByteArray path = qgetenv("PATH");
+    qputenv("PATH", m_folder.path().toUtf8() + ':' + path);
+
+    EXPECT_EQ(send({u"Mail"_s}, "emal", "chma"), AppleEventError::NotRunning);
+    addWindow(1, u"thunderbird"_s, 500);
+    EXPECT_EQ(send({u"Mail"_s, 500}, "emal", "chma"), AppleEventError::NotHandled);
+    addWindow(3, u"Claws-mail"_s, 501);
+    EXPECT_EQ(send({u"Mail"_s, 501}, "emal", "chma"), AppleEventError::None);
+    EXPECT_TRUE(waitUntil([&] { return QFile::exists(log); }));
+    QFile written(log);
+    ASSERT_TRUE(written.open(QIODevice::ReadOnly));
+    EXPECT_EQ(written.readAll(), "--receive-all\n");
+    qputenv("PATH", path);
+}
+
+} // namespace lumbrix::test

@@ -1,0 +1,64 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include "tests/platform/media/PrivateBus.h"
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QDeadlineTimer>
+#include <QtCore/QFile>
+#include <QtCore/QTimer>
+
+#include <csignal>
+#include <sys/prctl.h>
+
+namespace lumbrix::test
+{
+
+PrivateBus::PrivateBus()
+{
+    const QString configuration = m_folder.filePath(QStringLiteral("bus.conf"));
+    m_address = QStringLiteral("unix:path=") + m_folder.filePath(QStringLiteral("bus"));
+    QFile file(configuration);
+    if (!file.open(QIODevice::WriteOnly))
+        qFatal("no folder for the message bus");
+    file.write("<busconfig><type>session</type><listen>" + m_address.toUtf8() +
+               "</listen><auth>EXTERNAL</auth><policy context=\"default\">"
+               "<allow send_destination=\"*\"/><allow eavesdrop=\"true\"/>"
+               "<allow own=\"*\"/></policy></busconfig>");
+    file.close();
+    m_daemon.setStandardErrorFile(QProcess::nullDevice());
+    // Also when the test is killed.
+    m_daemon.setChildProcessModifier([] { ::prctl(PR_SET_PDEATHSIG, SIGTERM); });
+    m_daemon.start(QStringLiteral("dbus-daemon"),
+                   {QStringLiteral("--config-file=") + configuration, QStringLiteral("--nofork"),
+                    QStringLiteral("--nopidfile"), QStringLiteral("--print-address")});
+    // It says its address once it listens.
+    if (!m_daemon.waitForReadyRead(20000))
+        qFatal("the message bus did not start");
+}
+
+PrivateBus::~PrivateBus()
+{
+    m_daemon.terminate();
+    m_daemon.waitForFinished();
+}
+
+QDBusConnection PrivateBus::connect(const QString& name) const
+{
+    return QDBusConnection::connectToBus(m_address, m_address + u' ' + name);
+}
+
+bool waitUntil(const std::function<bool()>& condition)
+{
+    QTimer wake; // for what happens without an event
+    wake.start(5);
+    const QDeadlineTimer deadline(15000);
+    while (!condition()) {
+        if (deadline.hasExpired())
+            return false;
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    }
+    return true;
+}
+
+} // namespace lumbrix::test

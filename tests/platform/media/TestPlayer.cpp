@@ -1,0 +1,111 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include "tests/platform/media/TestPlayer.h"
+
+#include <QtDBus/QDBusMessage>
+
+namespace lumbrix::test
+{
+namespace
+{
+
+QString path() { return QStringLiteral("/org/mpris/MediaPlayer2"); }
+QString playerInterface() { return QStringLiteral("org.mpris.MediaPlayer2.Player"); }
+QString propertiesInterface() { return QStringLiteral("org.freedesktop.DBus.Properties"); }
+
+} // namespace
+
+TestPlayer::TestPlayer(const QString& address, const QString& name, const QVariantMap& properties)
+    : m_connectionName(QStringLiteral("player ") + name),
+      m_bus(QDBusConnection::connectToBus(address, m_connectionName)), m_properties(properties)
+{
+    m_bus.registerVirtualObject(path(), this);
+    if (!m_bus.registerService(QStringLiteral("org.mpris.MediaPlayer2.") + name))
+        qFatal("a test player could not join the bus");
+}
+
+TestPlayer::~TestPlayer() { leave(); }
+
+void TestPlayer::leave()
+{
+    QDBusConnection::disconnectFromBus(m_connectionName);
+    m_bus = QDBusConnection(QString()); // it lasts as long as somebody holds it
+}
+
+void TestPlayer::set(const QVariantMap& properties, bool tell)
+{
+    m_properties.insert(properties);
+    if (!tell)
+        return;
+    QDBusMessage signal = QDBusMessage::createSignal(path(), propertiesInterface(),
+                                                     QStringLiteral("PropertiesChanged"));
+    signal << playerInterface() << properties << QStringList();
+    m_bus.send(signal);
+}
+
+void TestPlayer::tellNonsense()
+{
+    for (const QVariantList& arguments :
+         {QVariantList{}, QVariantList{playerInterface()},
+          QVariantList{playerInterface(), 7, QStringLiteral("x")},
+          QVariantList{playerInterface(),
+                       QVariantMap{{QStringLiteral("Metadata"), QStringList{path()}},
+                                   {QStringLiteral("PlaybackStatus"), path()}},
+                       QStringList()}}) {
+        QDBusMessage signal = QDBusMessage::createSignal(path(), propertiesInterface(),
+                                                         QStringLiteral("PropertiesChanged"));
+        signal.setArguments(arguments);
+        m_bus.send(signal);
+    }
+}
+
+bool TestPlayer::handleMessage(const QDBusMessage& message, const QDBusConnection& connection)
+{
+    const bool isQuestion = message.member() == u"GetAll";
+    if (isQuestion)
+        m_questions += message.arguments().value(0) == playerInterface() ? 1 : 0;
+    else
+        m_commands += message.member();
+    switch (manners) {
+    case Manners::Hangs:
+        message.setDelayedReply(true);
+        return true;
+    case Manners::Refuses:
+        return connection.send(message.createErrorReply(QDBusError::Failed, QStringLiteral("no")));
+    case Manners::Nonsense:
+        return connection.send(message.createReply({7, QStringLiteral("nonsense")}));
+    case Manners::Dies:
+        if (!isQuestion) {
+            message.setDelayedReply(true);
+            leave();
+            return true;
+        }
+        break;
+    case Manners::Good:
+        break;
+    }
+    if (!isQuestion)
+        return connection.send(message.createReply());
+    QVariantMap reply = m_properties;
+    if (message.arguments().value(0) != playerInterface()) {
+        reply = {{QStringLiteral("Identity"), m_connectionName}};
+        if (!m_desktopEntry.isEmpty())
+            reply.insert(QStringLiteral("DesktopEntry"), m_desktopEntry);
+    }
+    return connection.send(message.createReply(reply));
+}
+
+QVariantMap track(const QVariant& artist, const QVariant& title, const QVariant& artUrl)
+{
+    QVariantMap metadata;
+    for (const auto& [name, value] : {std::pair(QStringLiteral("xesam:artist"), artist),
+                                      std::pair(QStringLiteral("xesam:title"), title),
+                                      std::pair(QStringLiteral("mpris:artUrl"), artUrl)}) {
+        if (value.isValid())
+            metadata.insert(name, value);
+    }
+    return {{QStringLiteral("Metadata"), metadata}};
+}
+
+} // namespace lumbrix::test

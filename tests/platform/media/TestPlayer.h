@@ -1,0 +1,62 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// A media player on the message bus, well-behaved or not.
+#pragma once
+
+#include <QtCore/QStringList>
+#include <QtCore/QVariantMap>
+#include <QtDBus/QDBusConnection>
+#include <QtDBus/QDBusVirtualObject>
+
+#include <utility>
+
+namespace lumbrix::test
+{
+
+/// Main thread; answers while the event loop runs. Leaves the bus when destroyed.
+class TestPlayer final : public QDBusVirtualObject
+{
+    Q_OBJECT
+
+public:
+    enum class Manners {
+        Good,
+        Hangs,    ///< never replies
+        Nonsense, ///< replies with something else than was asked for
+        Refuses,  ///< replies with errors
+        Dies,     ///< leaves the bus when a command comes
+    };
+
+    /// Joins the bus at the address as "org.mpris.MediaPlayer2." and the name.
+    TestPlayer(const QString& address, const QString& name, const QVariantMap& properties = {});
+    ~TestPlayer() override;
+
+    /// As "PlaybackStatus" and the like; announced when `tell`.
+    void set(const QVariantMap& properties, bool tell = true);
+    /// Announces something that is no announcement.
+    void tellNonsense();
+    void setDesktopEntry(const QString& entry) { m_desktopEntry = entry; }
+    Manners manners = Manners::Good;
+    /// Commands since the last call, and how often it was asked.
+    QStringList takeCommands() { return std::exchange(m_commands, {}); }
+    int questions() const { return m_questions; }
+
+    bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override;
+    QString introspect(const QString&) const override { return {}; }
+
+private:
+    void leave();
+
+    const QString m_connectionName;
+    QDBusConnection m_bus;
+    QVariantMap m_properties;
+    QString m_desktopEntry;
+    QStringList m_commands;
+    int m_questions = 0;
+};
+
+/// The metadata of a track.
+QVariantMap track(const QVariant& artist, const QVariant& title, const QVariant& artUrl = {});
+
+} // namespace lumbrix::test
