@@ -1,0 +1,184 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include "RealPlayer.h"
+
+#include <QtCore/QDir>
+#include <QtCore/QFile>
+#include <QtCore/QStandardPaths>
+#include <QtCore/QtEndian>
+#include <QtDBus/QDBusArgument>
+#include <QtDBus/QDBusMessage>
+#include <QtGui/QImage>
+#include <QtGui/QPainter>
+
+#include <cmath>
+#include <unistd.h>
+
+namespace lumbrix::privatedesk
+{
+namespace
+{
+
+template <class T> QByteArray littleEndian(T number)
+{
+    QByteArray bytes(sizeof number, '\0');
+    qToLittleEndian(number, bytes.data());
+    return bytes;
+}
+
+QByteArray chunk(const char* name, const QByteArray& body)
+{
+    return name + littleEndian(static_cast<quint32>(body.size())) + body +
+           QByteArray(body.size() % 2, '\0');
+}
+
+bool isInstalled(const char* program)
+{
+    return !QStandardPaths::findExecutable(QString::fromLatin1(program)).isEmpty();
+}
+
+/// The sun over the sea, in red.
+void drawCover(const QString& path)
+{
+    QImage cover(400, 400, QImage::Format_RGB32);
+    QPainter painter(&cover);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.fillRect(cover.rect(), QColor(150, 20, 30));
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(QColor(250, 170, 60));
+    painter.drawEllipse(QPoint(200, 200), 110, 110);
+    painter.fillRect(0, 200, 400, 200, QColor(115, 10, 35));
+    painter.end();
+    cover.save(path);
+}
+
+constexpr uid_t nobody = 65534;
+
+void letOthersIn(const QString& folder)
+{
+    QFile::setPermissions(folder, QFile::permissions(folder) | QFile::ReadOther | QFile::ExeOther |
+                                      QFile::ReadGroup | QFile::ExeGroup);
+}
+
+} // namespace
+
+void writeSong(const QString& path, const QByteArray& artist, const QByteArray& title, int hertz)
+{
+    constexpr quint32 rate = 8000;
+    QByteArray samples;
+    for (quint32 i = 0; i < 60 * rate; ++i)
+        samples += static_cast<char>(128 + std::lround(40 * std::sin(6.2832 * hertz * i / rate)));
+    const QByteArray format = littleEndian<quint16>(1) + littleEndian<quint16>(1) +
+                              littleEndian(rate) + littleEndian(rate) + littleEndian<quint16>(1) +
+                              littleEndian<quint16>(8);
+    const QByteArray names = "INFO" + chunk("INAM", title + '\0') + chunk("IART", artist + '\0');
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly))
+        qFatal("cannot write %s", qPrintable(path));
+    file.write(chunk("RIFF", "WAVE" + chunk("fmt ", format) + chunk("LIST", names) +
+                                 chunk("data", samples)));
+}
+
+RealPlayer::RealPlayer(Session& session, const QString& name)
+    : m_session(session), m_name(name),
+      m_bus(QDBusConnection::connectToBus(session.busAddress(), name))
+{
+    writeSong(m_folder.filePath(u"1.wav"_qs), "Ann", "First Song", 440);
+    writeSong(m_folder.filePath(u"2.wav"_qs), "Bob", "Second Song", 330);
+    drawCover(m_folder.filePath(u"cover.png"_qs));
+}
+
+RealPlayer::~RealPlayer()
+{
+    m_process->stop();
+    QDBusConnection::disconnectFromBus(m_name);
+}
+
+std::unique_ptr<RealPlayer> RealPlayer::audacious(Session& session)
+{
+    if (!isInstalled("audacious"))
+        return nullptr;
+    std::unique_ptr<RealPlayer> player(new RealPlayer(session, u"audacious"_qs));
+    // A machine without a sound card still has the output that only keeps time.
+    QByteArray registry = "format 11\n";
+    for (const QString& library : QDir(u"/usr/lib"_qs).entryList(QDir::Dirs)) {
+        const QDir outputs(u"/usr/lib/%1/audacious/Output"_qs.arg(library));
+        for (const QString& name : outputs.entryList({u"*.so"_qs}))
+            registry += "output " + outputs.filePath(name).toUtf8() +
+                        "\nstamp 1\nversion 48\nflags 0\nname x\ndomain audacious-plugins\n"
+                        "priority 5\nabout 0\nconfig 0\nenabled " +
+                        (name == u"sdlout.so" ? "1\n" : "0\n");
+    }
+    session.write(session.configPath(u"audacious/plugin-registry"_qs), registry);
+    player->m_process = session.start(player->m_name, u"env"_qs,
+                                      {u"SDL_AUDIODRIVER=dummy"_qs, u"audacious"_qs,
+                                       player->m_folder.filePath(u"1.wav"_qs),
+                                       player->m_folder.filePath(u"2.wav"_qs)});
+    return player;
+}
+
+std::unique_ptr<RealPlayer> RealPlayer::vlc(Session& session)
+{
+    if (!isInstalled("vlc"))
+        return nullptr;
+    std::unique_ptr<RealPlayer> player(new RealPlayer(session, u"vlc"_qs));
+    const QString home = player->m_folder.path();
+    QStringList words;
+    if (::geteuid() == 0) {
+        const QString user = QString::number(nobody);
+        words = QStringList{u"setpriv"_qs, u"--reuid="_qs + user, u"--regid="_qs + user,
+                            u"--clear-groups"_qs};
+        letOthersIn(home);
+        letOthersIn(session.path(u"."_qs));
+        QDir(home).mkdir(u"home"_qs);
+        QFile::setPermissions(home + u"/home"_qs,
+                              QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+        if (::chown(qPrintable(home + u"/home"_qs), nobody, nobody) != 0)
+            qFatal("no home for the other user");
+    }
+    words += QStringList{u"env"_qs};
+    for (const char* name :
+         {"HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME", "XDG_RUNTIME_DIR"})
+        words += QString::fromLatin1(name) + u'=' + home + u"/home"_qs;
+    words += QStringList{u"vlc"_qs,
+                         u"--no-qt-privacy-ask"_qs,
+                         u"--aout=adummy"_qs,
+                         u"--no-metadata-network-access"_qs,
+                         player->m_folder.filePath(u"1.wav"_qs),
+                         player->m_folder.filePath(u"2.wav"_qs)};
+    player->m_process = session.start(player->m_name, words.takeFirst(), words);
+    return player;
+}
+
+QString RealPlayer::entry() const { return u"/usr/share/applications/%1.desktop"_qs.arg(m_name); }
+
+std::optional<xcb_window_t> RealPlayer::window()
+{
+    Display& display = m_session.display();
+    for (const std::uint32_t id : display.numbers(display.root(), "_NET_CLIENT_LIST")) {
+        if (display.bytes(id, "WM_CLASS").startsWith(m_name.toLatin1() + '\0'))
+            return id;
+    }
+    return std::nullopt;
+}
+
+QVariant RealPlayer::property(const QString& name)
+{
+    QDBusMessage question = QDBusMessage::createMethodCall(
+        u"org.mpris.MediaPlayer2."_qs + m_name, u"/org/mpris/MediaPlayer2"_qs,
+        u"org.freedesktop.DBus.Properties"_qs, u"Get"_qs);
+    question << u"org.mpris.MediaPlayer2.Player"_qs << name;
+    const QDBusMessage reply = m_bus.call(question, QDBus::Block, 1000);
+    return reply.arguments().value(0).value<QDBusVariant>().variant();
+}
+
+QString RealPlayer::state() { return property(u"PlaybackStatus"_qs).toString(); }
+
+QString RealPlayer::title()
+{
+    const auto metadata = qdbus_cast<QVariantMap>(property(u"Metadata"_qs));
+    return metadata.value(u"xesam:title"_qs).toString();
+}
+
+} // namespace lumbrix::privatedesk
