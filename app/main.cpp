@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 // Lumbrix: live previews of an application's windows beside its Dock icon.
+#include <QtCore/QLocale>
 #include <QtGui/QIcon>
 #include <QtGui/QPixmapCache>
 #include <QtWidgets/QApplication>
@@ -12,6 +13,7 @@
 #include "app/LumbrixController.h"
 #include "app/QuitSignals.h"
 #include "app/SessionEnd.h"
+#include "app/Translations.h"
 #include "app/inspect/Inspect.h"
 #include "engine/LXHandler.h"
 #include "platform/Desktop.h"
@@ -79,6 +81,7 @@ int main(int argc, char** argv)
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication application(argc, argv);
     display.reset();
+    installTranslations(QLocale::system().uiLanguages(), catalogueFolders());
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/images/lumbrix.svg")));
     // Two dozen panels' backgrounds; what is drawn for sizes and states that come up no more need
     // not be kept as long as the toolkit would.

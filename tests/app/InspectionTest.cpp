@@ -223,7 +223,7 @@ Windows
 
 For a bug report
 ----------------
-Lumbrix       
+Lumbrix       %4
 Screens       1440 × 900 at 0, 0
 Dock          No Description, process %2, edge: bottom, items: 3
 Pointer       30, 40
@@ -236,7 +236,7 @@ Attributes:
    AXRole:  “AXGroup”
    AXParent:  “<AXWindow: “%1”>”
    AXWindow:  “<AXWindow: “%1”>”
-)"_s.arg(title, QString::number(desk.dockPid()), QString::number(maps)));
+)"_s.arg(title, QString::number(desk.dockPid()), QString::number(maps), QString()));
     Inspection idle = inspect();
     idle.runningProcess = 0;
     EXPECT_TRUE(inspectionReport(idle).startsWith(

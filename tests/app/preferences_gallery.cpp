@@ -3,13 +3,14 @@
 
 // Pictures of all panes of the preferences, to look at. Not a test.
 //
-//   preferences_gallery [--dark] [--stay] FOLDER
+//   preferences_gallery [--dark] [--stay] [--catalogues FOLDER] FOLDER
 //
 // Writes FOLDER/preferences-<pane>-light.png and so on, and the sheet of the Filters pane; --stay
-// then leaves the window open.
+// then leaves the window open. With the folder of the catalogues, in the user's language.
 
 #include <QtCore/QCommandLineParser>
 #include <QtCore/QDir>
+#include <QtCore/QLocale>
 #include <QtGui/QPalette>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QComboBox>
@@ -19,6 +20,7 @@
 
 #include "app/HotKeyIdentifiers.h"
 #include "app/LumbrixController.h"
+#include "app/Translations.h"
 #include "app/filters/IgnoreTable.h"
 #include "app/preferences/ColorWell.h"
 #include "app/preferences/PrefsController.h"
@@ -82,7 +84,9 @@ int main(int argc, char* argv[])
     QCommandLineParser parser;
     parser.addOption({u"dark"_qs, {}});
     parser.addOption({u"stay"_qs, {}});
+    parser.addOption({u"catalogues"_qs, {}, u"folder"_qs});
     parser.process(application);
+    installTranslations(QLocale::system().uiLanguages(), parser.values(u"catalogues"_qs));
     const bool isDark = parser.isSet(u"dark"_qs);
     if (parser.positionalArguments().isEmpty())
         return 2;

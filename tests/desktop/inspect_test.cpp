@@ -81,6 +81,14 @@ TEST_P(InspectTest, report_agreesWithWhatTheHoverShows_andDisturbsNothing)
     EXPECT_EQ(settings(), before);
 }
 
+TEST_P(InspectTest, report_isInTheUsersLanguage)
+{
+    const auto process = desk().session().start(
+        u"german"_qs, u"env"_qs, {u"LANGUAGE=de"_qs, lumbrixBinary(), u"--inspect"_qs}, true);
+    EXPECT_TRUE(process->readLine(patience(10'000)).value_or("").startsWith("Vorschauen "));
+    EXPECT_EQ(process->waitForExit(patience(2000)), 0);
+}
+
 TEST_P(InspectTest, window_ofAnApplicationThatHangs_isToldSo)
 {
     Application& alpha = launch(u"alpha"_qs, 1);

@@ -1,0 +1,57 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include "app/Translations.h"
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QLibraryInfo>
+#include <QtCore/QLocale>
+#include <QtCore/QTranslator>
+
+#include <algorithm>
+#include <memory>
+
+namespace lumbrix
+{
+namespace
+{
+
+bool install(const QString& catalogue, const QString& folder)
+{
+    auto translator = std::make_unique<QTranslator>();
+    if (!translator->load(catalogue, folder))
+        return false;
+    QCoreApplication::installTranslator(translator.get());
+    translator.release()->setParent(QCoreApplication::instance());
+    return true;
+}
+
+} // namespace
+
+QStringList catalogueFolders()
+{
+    const QString program = QCoreApplication::applicationDirPath();
+    return {program + QStringLiteral("/translations"),
+            program + QStringLiteral("/" LUMBRIX_CATALOGUES)};
+}
+
+void installTranslations(const QStringList& languages, const QStringList& folders)
+{
+    for (const QString& language : languages) {
+        const QLocale::Language known = QLocale(language).language();
+        if (known == QLocale::English || known == QLocale::C)
+            return;
+        // For "de_AT" it takes "de" where there is nothing nearer.
+        const QString suffix = u'_' + QString(language).replace(u'-', u'_');
+        const auto hasOurs = [&suffix](const QString& folder) {
+            return install(QStringLiteral("lumbrix") + suffix, folder);
+        };
+        if (std::ranges::any_of(folders, hasOurs)) {
+            install(QStringLiteral("qtbase") + suffix,
+                    QLibraryInfo::path(QLibraryInfo::TranslationsPath));
+            return;
+        }
+    }
+}
+
+} // namespace lumbrix
