@@ -8,6 +8,18 @@
 namespace lumbrix::platform
 {
 
+namespace
+{
+
+// An office suite's writer and calculator are one program, but know their windows apart.
+bool areParts(const DesktopEntry& one, const DesktopEntry& other)
+{
+    return !one.startupWmClass.isEmpty() && !other.startupWmClass.isEmpty() &&
+           one.startupWmClass.compare(other.startupWmClass, Qt::CaseInsensitive) != 0;
+}
+
+} // namespace
+
 ApplicationRegistry::ApplicationRegistry(x11::WindowTracker& tracker, DesktopEntries& entries,
                                          ProcessReader reader, Own own, Clock clock)
     : m_tracker(tracker), m_entries(entries), m_reader(std::move(reader)), m_own(std::move(own)),
@@ -204,7 +216,7 @@ std::optional<Application> ApplicationRegistry::applicationForDesktopFile(const 
         keys << QStringLiteral("entry:") + entry->id;
         for (const DesktopEntryPtr& other : {m_entries.byExecutable(entry->executable()),
                                              m_entries.byStartupWmClass(entry->startupWmClass)}) {
-            if (other) {
+            if (other && !areParts(*entry, *other)) {
                 keys << QStringLiteral("entry:") + other->id;
             }
         }

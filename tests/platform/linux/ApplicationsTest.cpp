@@ -102,6 +102,13 @@ TEST_F(ApplicationsTest, application_is_found_by_any_entry_of_its_program)
     EXPECT_EQ(found(m_folder, "pinned-editor", "Name=E\nExec=/usr/bin/editor --new\n"), 302);
     EXPECT_EQ(found(elsewhere, "x", "Name=T\nExec=tool %U\n"), 303);
     EXPECT_EQ(found(elsewhere, "y", "Name=Other\nExec=other\n"), 0);
+
+    // The parts of a suite; one that does not run is not taken for one that does.
+    const QByteArray suite = "Exec=office\nStartupWMClass=office-";
+    EXPECT_EQ(found(m_folder, "a-writer", "Name=W\n" + suite + "writer\n"), 0);
+    m_tracker.add(window(5, QStringLiteral("office"), QStringLiteral("office-writer"), 304));
+    EXPECT_EQ(found(m_folder, "b-calc", "Name=C\n" + suite + "calc\n"), 0);
+    EXPECT_EQ(found(m_folder, "a-writer", "Name=W\n" + suite + "writer\n"), 304);
 }
 
 TEST_F(ApplicationsTest, roles_are_known_by_entry_program_or_class)
