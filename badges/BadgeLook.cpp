@@ -13,8 +13,8 @@ namespace
 {
 
 constexpr double largestSide = 78;
-/// Below this nobody sees what it is.
-constexpr double smallestSide = 6;
+/// Below this nobody can read it.
+constexpr double smallestSide = 14;
 constexpr double itemShare = 2.75;
 /// A window button is long and thin. A share of its length would make no round badge, the same
 /// share of its breadth one that nobody can read.

@@ -20,6 +20,13 @@ namespace
 /// Whole points, so that a round badge stays round.
 QRectF snapped(const QRectF& frame) { return {frame.topLeft().toPoint(), frame.size().toSize()}; }
 
+/// The badge is round, also on an item that is not square.
+QRect roundPart(const QWidget& window)
+{
+    const int side = std::min(window.width(), window.height());
+    return {(window.width() - side) / 2, (window.height() - side) / 2, side, side};
+}
+
 } // namespace
 
 std::unique_ptr<WinNumberBadge> WinNumberBadge::load(SWElementPtr dockItem)
@@ -40,7 +47,7 @@ WinNumberBadge::WinNumberBadge(SWElementPtr dockItem, std::unique_ptr<MAWindow> 
 {
     m_window->setShapeSource([window = m_window.get()] {
         QPainterPath path;
-        path.addEllipse(QRectF(window->rect()));
+        path.addEllipse(QRectF(roundPart(*window)));
         return path;
     });
 }
@@ -72,7 +79,7 @@ void WinNumberBadge::arrangeRelativeTo(std::int32_t position, float sizeExtra)
     const QRectF frame = snapped(badgeFrame(m_prevRect, position, sizeExtra));
     if (frame != m_window->frame()) {
         m_window->setFrame(frame);
-        m_badgeImage->setGeometry(m_window->rect());
+        m_badgeImage->setGeometry(roundPart(*m_window));
         updateImage();
         fitNumber();
     }
@@ -82,12 +89,12 @@ void WinNumberBadge::arrangeRelativeTo(std::int32_t position, float sizeExtra)
 
 void WinNumberBadge::fitNumber()
 {
-    const int height = m_window->height();
-    m_badge->setPixelSize(height / 2);
+    const QRect part = roundPart(*m_window);
+    m_badge->setPixelSize(part.height() / 2);
     // Three figures are more than there is room for.
-    if (const int width = m_badge->sizeHint().width(); width > m_window->width() - 2)
-        m_badge->setPixelSize(height / 2 * (m_window->width() - 2) / width);
-    m_badge->setGeometry(m_window->rect());
+    if (const int width = m_badge->sizeHint().width(); width > part.width() - 2)
+        m_badge->setPixelSize(part.height() / 2 * (part.width() - 2) / width);
+    m_badge->setGeometry(part);
 }
 
 void WinNumberBadge::updateImageColor(const QColor& color)
@@ -101,9 +108,8 @@ void WinNumberBadge::updateImage()
 {
     if (!m_color.isValid())
         return;
-    const int side = std::max(m_window->width(), m_window->height());
-    const QPixmap shape =
-        namedPixmap(u"WinNumberBadge"_qs, {side, side}, m_window->devicePixelRatioF());
+    const QPixmap shape = namedPixmap(u"WinNumberBadge"_qs, roundPart(*m_window).size(),
+                                      m_window->devicePixelRatioF());
     m_badgeImage->setImage(tinted(shape.toImage(), m_color));
 }
 

@@ -3,6 +3,7 @@
 
 #include "preview/NumberLabel.h"
 
+#include <QtGui/QFontInfo>
 #include <QtGui/QFontMetricsF>
 #include <QtGui/QPainter>
 
@@ -55,10 +56,15 @@ QSize NumberLabel::sizeHint() const
 
 void NumberLabel::paintEvent(QPaintEvent*)
 {
-    const QFontMetricsF metrics(font());
-    // Whole pixels down, so that the feet of the figures are sharp.
-    const QPointF start((width() - metrics.horizontalAdvance(m_text)) / 2,
-                        std::round((height() + metrics.capHeight()) / 2));
+    // Measured as drawn: in points a hinted figure may be taller than on the screen. And whole
+    // pixels down, so that the feet of the figures are sharp.
+    const qreal scale = devicePixelRatioF();
+    QFont drawn = font();
+    drawn.setPixelSize(qRound(QFontInfo(font()).pixelSize() * scale));
+    const QFontMetricsF metrics(drawn);
+    const qreal figure = metrics.tightBoundingRect(u"1"_qs).height();
+    const QPointF start((width() - metrics.horizontalAdvance(m_text) / scale) / 2,
+                        std::round((height() * scale + figure) / 2) / scale);
     QPainter painter(this);
     if (m_shadowColor.alpha() > 0) {
         painter.setPen(m_shadowColor);

@@ -41,7 +41,7 @@ TEST(BadgeFrame, size_isAShareOfTheIconWithinLimits)
     EXPECT_EQ(size({128, 128}, 40), QSizeF(78, 78));
     EXPECT_EQ(size({89, 83}, 46), QSizeF(78, 78)) << "one side is too long for both";
     for (const float senseless : {-100.0F, -std::numeric_limits<float>::max()})
-        EXPECT_EQ(size({48, 48}, senseless), QSizeF(6, 6));
+        EXPECT_EQ(size({48, 48}, senseless), QSizeF(14, 14));
     EXPECT_EQ(size({55, 55}, std::numeric_limits<float>::quiet_NaN()), QSizeF(20, 20));
 }
 
