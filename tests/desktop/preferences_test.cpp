@@ -18,7 +18,7 @@ namespace
 // Key codes of the server's keyboard.
 constexpr std::uint8_t superKey = 133, altKey = 64, controlKey = 37;
 constexpr std::uint8_t tabKey = 23, rightKey = 114;
-constexpr std::uint8_t kKey = 45, jKey = 44, tKey = 28, wKey = 25;
+constexpr std::uint8_t kKey = 45, jKey = 44, tKey = 28, wKey = 25, bKey = 56, oKey = 32, eKey = 26;
 
 } // namespace
 
@@ -130,6 +130,31 @@ TEST_P(PreferencesTest, sizeSlider_movedByKeys_showsASampleBesideTheDock)
 
     type({controlKey, wKey});
     EXPECT_TRUE(waitUntil([this] { return preferences() == XCB_NONE; }));
+}
+
+TEST_P(PreferencesTest, windowCounts_followTheirSettingsAtOnce)
+{
+    launch(u"alpha"_qs, 2);
+    launch(u"beta"_qs, 1);
+    const auto counted = [this](const QByteArray& number) {
+        const auto badges = display().badges();
+        return std::ranges::any_of(badges, [&](const Panel& each) { return each.title == number; });
+    };
+    openPreferences("Badges");
+    type({altKey, bKey});
+    EXPECT_TRUE(waitUntil([&] { return counted("2") && counted("1"); }));
+    const int width = display().badges().front().geometry.width();
+    type({altKey, oKey});
+    EXPECT_TRUE(waitUntil([&] { return counted("2") && !counted("1"); }, 500));
+    type({altKey, eKey});
+    for (int i = 0; i < 5; ++i)
+        type({rightKey});
+    EXPECT_TRUE(waitUntil(
+        [&] { return counted("2") && display().badges().front().geometry.width() == width + 5; },
+        500));
+    EXPECT_EQ(display().activeWindow(), preferences()) << "a badge took the focus";
+    type({altKey, bKey});
+    EXPECT_TRUE(waitUntil([&] { return display().badges().empty(); }, 500));
 }
 
 TEST_P(PreferencesTest, hotKey_recorded_worksFromAnyProgramUnseenByIt)
