@@ -519,6 +519,18 @@
         <source>%1, built in</source>
         <translation>%1, eingebaut</translation>
     </message>
+    <message>
+        <source>“%1”</source>
+        <translation>„%1“</translation>
+    </message>
+    <message>
+        <source>not known whether it runs</source>
+        <translation>nicht bekannt, ob es läuft</translation>
+    </message>
+    <message>
+        <source>the Dock tells of no icons</source>
+        <translation>das Dock nennt keine Symbole</translation>
+    </message>
 </context>
 <context>
     <name>KeyboardLayout</name>

@@ -17,7 +17,7 @@ namespace
 
 const QLatin1String comma(", ");
 
-QString quoted(const QString& text) { return u'“' + printableText(text) + u'”'; }
+QString quoted(const QString& text) { return InspectionText::tr("“%1”").arg(printableText(text)); }
 
 QString row(const QString& label, const QString& value)
 {
@@ -153,13 +153,12 @@ QString inspectionReport(const Inspection& inspection)
         text += windowLines(++number, window);
 
     text += heading(InspectionText::tr("For a bug report"));
-    const QString version = QCoreApplication::applicationVersion();
-    text += row(QStringLiteral("Lumbrix"),
-                !inspection.runningProcess || *inspection.runningProcess == 0
-                    ? version
-                    : version + comma +
-                          InspectionText::tr("process %1").arg(*inspection.runningProcess));
-    return text + details(inspection);
+    QString program = QCoreApplication::applicationVersion();
+    if (!inspection.runningProcess)
+        program += comma + InspectionText::tr("not known whether it runs");
+    else if (*inspection.runningProcess != 0)
+        program += comma + InspectionText::tr("process %1").arg(*inspection.runningProcess);
+    return text + row(QStringLiteral("Lumbrix"), program) + details(inspection);
 }
 
 } // namespace lumbrix

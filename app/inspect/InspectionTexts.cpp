@@ -37,6 +37,8 @@ QString itemObstacle(const Inspection& inspection)
         return InspectionText::tr("no Dock was recognised");
     if (inspection.isDisabled)
         return InspectionText::tr("all previews are turned off") + where("General");
+    if (!inspection.item && inspection.dock.items == 0)
+        return InspectionText::tr("the Dock tells of no icons");
     if (!inspection.item && !inspection.application)
         return InspectionText::tr("there is no icon and no window under the pointer");
     if (!inspection.item)

@@ -174,6 +174,8 @@ TEST_F(InspectionTest, outcome_namesWhatKeepsPreviewsAway)
     desk.minimizeWindow(desk.stacking().front());
     desk.movePointer({1439, 899});
     EXPECT_TRUE(outcome().contains(u"no icon and no window"_s));
+    desk.with([](SimulatedState& state) { state.dockItems.clear(); });
+    EXPECT_TRUE(outcome().contains(u"tells of no icons"_s));
     desk.killDock();
     EXPECT_TRUE(outcome().contains(u"no Dock was recognised"_s));
 }
@@ -223,7 +225,7 @@ Windows
 
 For a bug report
 ----------------
-Lumbrix       %4
+Lumbrix       , not known whether it runs
 Screens       1440 × 900 at 0, 0
 Dock          No Description, process %2, edge: bottom, items: 3
 Pointer       30, 40
@@ -236,7 +238,7 @@ Attributes:
    AXRole:  “AXGroup”
    AXParent:  “<AXWindow: “%1”>”
    AXWindow:  “<AXWindow: “%1”>”
-)"_s.arg(title, QString::number(desk.dockPid()), QString::number(maps), QString()));
+)"_s.arg(title, QString::number(desk.dockPid()), QString::number(maps)));
     Inspection idle = inspect();
     idle.runningProcess = 0;
     EXPECT_TRUE(inspectionReport(idle).startsWith(
