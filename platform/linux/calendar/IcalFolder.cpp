@@ -3,11 +3,13 @@
 
 #include "platform/linux/calendar/IcalFolder.h"
 
+#include <QtCore/QCoreApplication>
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>
 #include <QtCore/QStandardPaths>
 #include <QtCore/QUrl>
 
+#include <algorithm>
 #include <utility>
 
 #include "platform/linux/calendar/CalendarColor.h"
@@ -120,7 +122,20 @@ std::vector<IcalFolder::Source> IcalFolder::evolutionSources() const
                      source->file.isEmpty() ? QStringList() : QStringList(source->file), true});
         }
     }
+    addSystemCalendar(sources);
     return sources;
+}
+
+/// The calendar that everyone has from the start is told of on disk only once it was changed.
+void IcalFolder::addSystemCalendar(std::vector<Source>& sources) const
+{
+    const QString uid = u"system-calendar"_qs;
+    const QString file = m_paths.evolutionData + u"/calendar/system/calendar.ics"_qs;
+    const bool isTold = std::any_of(sources.begin(), sources.end(),
+                                    [&uid](const Source& source) { return source.uid == uid; });
+    if (!isTold && QFileInfo(file).isFile())
+        sources.push_back(
+            {uid, QCoreApplication::translate("Calendars", "Personal"), true, {}, {file}});
 }
 
 const ical::Contents* IcalFolder::contentsOf(const QString& path, const Question& question)

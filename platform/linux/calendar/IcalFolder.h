@@ -73,6 +73,7 @@ private:
     std::vector<Source> ownSources() const;
     void addOwnFolder(std::vector<Source>& sources, const QString& path) const;
     std::vector<Source> evolutionSources() const;
+    void addSystemCalendar(std::vector<Source>& sources) const;
     const ical::Contents* contentsOf(const QString& path, const Question& question);
 
     const IcalFolderPaths m_paths;

@@ -302,6 +302,9 @@ TEST_F(CalendarStoreTest, calendars_areFilesFoldersAndThoseOfOtherPrograms)
               (QStringList{u"a folder #00ff00"_s, u"Home, sweethome #112233"_s, u"c #4169e1"_s,
                            u"Orage "_s + none, u"Far away #abcdef"_s, u"Personal #abcdef"_s}));
     EXPECT_EQ(allCalendars().last(), u"system-calendar"_s);
+    ASSERT_TRUE(QFile::remove(m_folder.filePath(u"sources/system-calendar.source"_s)));
+    read({2026, 3, 10}, berlin);
+    EXPECT_EQ(m_store.calendars().calendars.back().title, u"Personal"_s);
     const QDateTime noon({2026, 3, 10}, {0, 0}, berlin);
     EXPECT_EQ(m_store.events(noon, noon.addDays(1), {allCalendars().at(1)}).events.size(), 1U);
 }
