@@ -91,7 +91,10 @@ private:
     CalendarPicker& m_picker;
 };
 
-CalendarPicker::CalendarPicker() : m_model(std::make_unique<Model>(*this)) {}
+CalendarPicker::CalendarPicker(QObject* parent)
+    : QObject(parent), m_model(std::make_unique<Model>(*this))
+{
+}
 
 CalendarPicker::~CalendarPicker() { delete m_calendarPicker; }
 

@@ -28,7 +28,7 @@ public:
     /// As the table knows its columns; the numbers are their places.
     enum Column { Checkbox, CalendarTitle, ColumnCount };
 
-    CalendarPicker();
+    explicit CalendarPicker(QObject* parent = nullptr);
     ~CalendarPicker() override;
 
     /// Of the calendars that the store knows, in store order or that of the settings.

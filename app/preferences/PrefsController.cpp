@@ -7,6 +7,7 @@
 #include <QtCore/QEvent>
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QLabel>
+#include <QtWidgets/QPushButton>
 
 #include <array>
 
@@ -21,6 +22,7 @@
 #include "platform/Desktop.h"
 #include "platform/InputState.h"
 #include "platform/KeyboardLayout.h"
+#include "preview/CalendarPicker.h"
 #include "preview/InterfaceFile.h"
 
 namespace lumbrix
@@ -121,6 +123,11 @@ void PrefsController::awakeFromNib(QWidget& pane)
     }
     if (pane.objectName() == QLatin1String("preferencesFilters"))
         new IgnoreTable(pane);
+    if (auto* button = pane.findChild<QPushButton*>(QStringLiteral("chooseCalendars"))) {
+        auto* picker = new CalendarPicker(&pane);
+        connect(button, &QPushButton::clicked, picker,
+                [picker, &pane] { picker->showSheet(*pane.window()); });
+    }
     if (auto* label = pane.findChild<QLabel*>(QStringLiteral("versionLabel")))
         m_controller.setVersionLabel(label);
     if (auto* label = pane.findChild<QLabel*>(QStringLiteral("delayLabel")))

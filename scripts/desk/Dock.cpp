@@ -77,6 +77,9 @@ public:
         const QList<QVariant> answer = m_bus->call(call, QDBus::Block, 1000).arguments();
         if (answer.size() != 4 || !answer.at(3).toBool())
             return std::nullopt;
+        const bool isColumn = m_edge == Edge::Left || m_edge == Edge::Right;
+        if (answer.at(isColumn ? 1 : 0).toInt() == 0)
+            return std::nullopt; // added, but not laid out yet
         const QSize screen = m_session.options().size;
         constexpr int depth = 24; // about the middle of an icon of 48 pixels
         switch (m_edge) {

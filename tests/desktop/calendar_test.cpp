@@ -1,0 +1,98 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// A calendar's icon under the mouse shows today's events.
+#include "DesktopTest.h"
+
+#include <QtCore/QDate>
+#include <QtCore/QFile>
+
+namespace lumbrix::privatedesk
+{
+namespace
+{
+
+/// Whole days around today, so that the time of day does not matter.
+QByteArray calendarOf(int events)
+{
+    const auto day = [](int distance) {
+        return QDate::currentDate().addDays(distance).toString(u"yyyyMMdd"_qs).toLatin1();
+    };
+    QByteArray text = "BEGIN:VCALENDAR\r\nVERSION:2.0\r\n";
+    for (int i = 1; i <= events; ++i)
+        text += "BEGIN:VEVENT\r\nUID:" + QByteArray::number(i) + "\r\nSUMMARY:Event " +
+                QByteArray::number(i) + "\r\nDTSTART;VALUE=DATE:" + day(-1) +
+                "\r\nDTEND;VALUE=DATE:" + day(2) + "\r\nEND:VEVENT\r\n";
+    return text + "END:VCALENDAR\r\n";
+}
+
+/// How many lines of text the picture has, if they are white and what they are on is dark.
+int linesOf(const QImage& picture)
+{
+    int lines = 0;
+    bool wasText = false;
+    for (int y = 0; y < picture.height(); ++y) {
+        bool isText = false;
+        for (int x = 20; x < picture.width() - 12; ++x)
+            isText = isText || qGray(picture.pixel(x, y)) > 200;
+        lines += isText && !wasText ? 1 : 0;
+        wasText = isText;
+    }
+    return lines;
+}
+
+} // namespace
+
+class CalendarTest : public DesktopTest
+{
+protected:
+    /// Waits until there is one preview, of so many events; tells where.
+    Result showsEvents(int events)
+    {
+        return waitUntil([&] {
+            const std::vector<Panel> previews = display().previews();
+            return previews.size() == 1 && previews.front().geometry.height() == 17 * events + 40 &&
+                   linesOf(display().picture(previews.front().geometry)) == events;
+        });
+    }
+    void TearDown() override
+    {
+        QFile::remove(m_file);
+        DesktopTest::TearDown();
+    }
+
+    QString m_file;
+};
+
+INSTANTIATE_TEST_SUITE_P(, CalendarTest, testing::Values(plank()), deskName);
+
+TEST_P(CalendarTest, calendarIcon_hovered_listsTheEventsOfAFile)
+{
+    Session& session = desk().session();
+    const QString identifier = u"org.gnome.Calendar"_qs;
+    desk().stopLumbrix(); // it looks for new desktop entries every few seconds only
+    session.installApplication(identifier, u"Kalender"_qs, u"Org.gnome.Calendar"_qs, u"true"_qs,
+                               Qt::magenta);
+    m_file = session.dataPath(u"lumbrix/calendars/mine.ics"_qs);
+    session.write(m_file, calendarOf(3));
+    desk().startLumbrix();
+    const Application& calendar = launch(identifier, 1);
+    launch(u"alpha"_qs, 1);
+    const xcb_window_t active = display().activeWindow();
+    hover(calendar);
+    ASSERT_TRUE(showsEvents(3));
+    savePicture("calendar");
+    EXPECT_EQ(display().activeWindow(), active) << "the focus has moved";
+
+    // What has changed meanwhile is seen the next time.
+    desk().park();
+    ASSERT_TRUE(showsNothing());
+    session.write(m_file, calendarOf(12));
+    hover(calendar);
+    ASSERT_TRUE(showsEvents(10));
+    display().moveTo(display().previews().front().geometry.center());
+    display().click();
+    EXPECT_TRUE(waitUntil([&] { return display().activeWindow() == calendar.windows()[0].id; }));
+}
+
+} // namespace lumbrix::privatedesk
