@@ -63,7 +63,6 @@ void LumbrixController::applicationWillTerminate()
     m_statusItem = nullptr;
     m_aboutWindow = nullptr;
     m_dockIcon = nullptr;
-    m_launches = nullptr;
     m_dockObserverTimer = nullptr;
     m_dockObserver = nullptr;
     PrefsController::releaseSharedPrefsWindowController();
@@ -232,8 +231,9 @@ void LumbrixController::showDockIconAlertDidEnd(int returnCode)
     defaults().setBool(true, QStringLiteral("relaunchedForIcon"));
     defaults().synchronize();
     enforceDockIcon();
-    platform::desktop().applicationBundle.relaunch();
-    quitApp();
+    // One that nothing would start again stays; the setting counts from its next start.
+    if (platform::desktop().applicationBundle.relaunch())
+        quitApp();
 }
 
 void LumbrixController::enforceRunAtLogin()

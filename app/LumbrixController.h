@@ -16,7 +16,6 @@
 #include "engine/HoverDelays.h"
 #include "engine/SWObserver.h"
 #include "platform/RunLoop.h"
-#include "platform/Workspace.h"
 
 class QColor;
 class QLabel;
@@ -134,7 +133,6 @@ private:
     SamplePreview m_samplePreview;
     std::unique_ptr<SWObserver> m_dockObserver;
     platform::TimerPtr m_dockObserverTimer;
-    std::unique_ptr<platform::WorkspaceSubscription> m_launches;
 };
 
 } // namespace lumbrix
