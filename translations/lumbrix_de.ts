@@ -46,6 +46,13 @@
     </message>
 </context>
 <context>
+    <name>Calendars</name>
+    <message>
+        <source>Personal</source>
+        <translation>Persönlich</translation>
+    </message>
+</context>
+<context>
     <name>FilterLevel</name>
     <message>
         <source>Low</source>
