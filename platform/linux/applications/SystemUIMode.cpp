@@ -17,18 +17,34 @@ void SystemUIMode::windowChanged(const x11::TrackedWindowPtr& before,
                                  const x11::TrackedWindowPtr& after)
 {
     if (before->isFullscreen != after->isFullscreen || before->isIconic != after->isIconic ||
+        before->desktop != after->desktop ||
         (after->isFullscreen && before->bounds != after->bounds)) {
         update();
     }
 }
 
-// A window that fills another screen leaves the dock where it is. One that does not have the focus
-// is below the dock.
+// A window that fills another screen leaves the dock where it is. One that is behind another is
+// below the dock, unless it has opened that one: a dialog leaves its window where it is, and so
+// does a menu or a launcher that takes the focus from all windows.
+x11::TrackedWindowPtr SystemUIMode::windowInFront()
+{
+    if (const xcb_window_t active = m_tracker.activeWindow(); active != XCB_NONE) {
+        m_lastActive = active;
+    }
+    constexpr int longestChain = 8;
+    x11::TrackedWindowPtr window = m_tracker.window(m_lastActive);
+    for (int i = 0; i < longestChain && window && !window->isFullscreen; ++i) {
+        window = m_tracker.window(window->transientFor);
+    }
+    return window;
+}
+
 void SystemUIMode::update()
 {
-    const x11::TrackedWindowPtr active = m_tracker.window(m_tracker.activeWindow());
-    const bool isFull = active && active->isFullscreen && !active->isIconic &&
-                        active->bounds.contains(m_mainScreen());
+    const x11::TrackedWindowPtr window = windowInFront();
+    const bool isFull = window && window->isFullscreen && !window->isIconic &&
+                        (window->desktop < 0 || window->desktop == m_tracker.currentDesktop()) &&
+                        window->bounds.contains(m_mainScreen());
     const std::uint32_t mode = isFull ? AllHidden : 0;
     if (m_mode.exchange(mode) != mode && m_changed) {
         m_changed();

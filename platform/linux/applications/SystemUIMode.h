@@ -35,14 +35,17 @@ public:
     void windowChanged(const x11::TrackedWindowPtr& before,
                        const x11::TrackedWindowPtr& after) override;
     void windowRemoved(const x11::TrackedWindowPtr&) override { update(); }
+    void currentDesktopChanged(int) override { update(); }
     void screensChanged() override { update(); }
 
 private:
     void update();
+    x11::TrackedWindowPtr windowInFront();
 
     x11::WindowTracker& m_tracker;
     const std::function<QRect()> m_mainScreen;
     std::function<void()> m_changed;
+    xcb_window_t m_lastActive = XCB_NONE; ///< event thread
     std::atomic<std::uint32_t> m_mode{0};
 };
 

@@ -270,6 +270,18 @@ TEST_F(ApplicationsTest, mode_is_full_screen_while_the_active_window_covers_the_
     EXPECT_EQ(m_workspace.systemUIMode(), 0U);
     m_tracker.setActive(1);
     EXPECT_EQ(log(), QStringLiteral("active100 mode0"));
+    // Neither a dialog nor the loss of the focus puts the dock above it; another desktop does.
+    FakeTracker::Window dialog = window(3, QStringLiteral("a"), QStringLiteral("A"), 100);
+    dialog.transientFor = 1;
+    m_tracker.add(dialog);
+    for (const xcb_window_t active : {3U, 0U})
+        m_tracker.setActive(active);
+    EXPECT_FALSE(log().contains(QStringLiteral("mode"))) << m_workspace.systemUIMode();
+    m_tracker.change(1, [](auto& window) { window.desktop = 0; });
+    m_tracker.setCurrentDesktop(1);
+    EXPECT_TRUE(log().contains(QStringLiteral("mode0")));
+    m_tracker.setCurrentDesktop(0);
+    EXPECT_EQ(m_workspace.systemUIMode(), 3U);
     m_tracker.remove(1);
     EXPECT_TRUE(log().contains(QStringLiteral("mode0")));
     EXPECT_EQ(m_workspace.systemUIMode(), 0U);
