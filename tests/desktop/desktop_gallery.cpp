@@ -1,0 +1,248 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// Pictures of what previews and windows look like on a real desktop, to look at. Not a test.
+//
+//   desktop_gallery FOLDER
+//
+// Writes FOLDER/space-numbers.png and so on.
+#include <QtCore/QCoreApplication>
+#include <QtCore/QDate>
+#include <QtCore/QDir>
+#include <QtGui/QPainter>
+
+#include <algorithm>
+#include <iostream>
+#include <utility>
+#include <vector>
+#include <xcb/xtest.h>
+
+#include "Desk.h"
+
+using namespace lumbrix::privatedesk;
+
+namespace
+{
+
+// Key codes of the server's keyboard.
+constexpr std::uint8_t controlKey = 37, altKey = 64, tabKey = 23, sKey = 39, cKey = 54;
+
+/// Pictures side by side, in rows of so many, on white.
+QImage sheetOf(const std::vector<QImage>& pictures, int columns)
+{
+    constexpr int gap = 8;
+    QSize cell;
+    for (const QImage& picture : pictures)
+        cell = cell.expandedTo(picture.size());
+    const int rows = (static_cast<int>(pictures.size()) + columns - 1) / columns;
+    QImage sheet((cell.width() + gap) * columns + gap, (cell.height() + gap) * rows + gap,
+                 QImage::Format_RGB32);
+    sheet.fill(Qt::white);
+    QPainter painter(&sheet);
+    for (int i = 0; i < static_cast<int>(pictures.size()); ++i)
+        painter.drawImage(gap + i % columns * (cell.width() + gap),
+                          gap + i / columns * (cell.height() + gap),
+                          pictures[static_cast<std::size_t>(i)]);
+    return sheet;
+}
+
+/// So many events that are on from yesterday to tomorrow.
+QByteArray calendarOf(int events, const QByteArray& colour)
+{
+    const QStringList titles{u"Breakfast with Ada"_qs, u"Planning"_qs, u"Dentist"_qs, u"Lunch"_qs,
+                             u"Call about the very long contract of the new house by the sea"_qs};
+    const auto day = [](int distance) {
+        return QDate::currentDate().addDays(distance).toString(u"yyyyMMdd"_qs).toLatin1();
+    };
+    QByteArray text = "BEGIN:VCALENDAR\r\nVERSION:2.0\r\nX-APPLE-CALENDAR-COLOR:" + colour + "\r\n";
+    for (int i = 0; i < events; ++i)
+        text += "BEGIN:VEVENT\r\nUID:" + colour + QByteArray::number(i) +
+                "\r\nSUMMARY:" + titles.at(i % titles.size()).toUtf8() +
+                "\r\nDTSTART;VALUE=DATE:" + day(-1) + "\r\nDTEND;VALUE=DATE:" + day(2) +
+                "\r\nEND:VEVENT\r\n";
+    return text + "END:VCALENDAR\r\n";
+}
+
+class Gallery
+{
+public:
+    explicit Gallery(QString folder) : m_folder(std::move(folder))
+    {
+        m_desk.session().installApplication(m_calendar, u"Calendar"_qs, u"Org.gnome.Calendar"_qs,
+                                            u"true"_qs, Qt::magenta);
+    }
+
+    void spaceNumbers()
+    {
+        const auto alpha = open(u"alpha"_qs, 2);
+        display().request(display().root(), "_NET_NUMBER_OF_DESKTOPS", {12, 0});
+        std::vector<QImage> pictures;
+        for (const char* style : {"0", "1"}) {
+            for (const char* size : {"0", "1", "2"}) {
+                alpha->moveToDesktop(alpha->windows().back(), 0);
+                start({{u"showSpaces"_qs, u"1"_qs},
+                       {u"spaceStyle"_qs, QLatin1String(style)},
+                       {u"spaceSize"_qs, QLatin1String(size)}});
+                hover(*alpha, 2);
+                m_desk.park();
+                alpha->moveToDesktop(alpha->windows().back(), 11);
+                pictures.push_back(hover(*alpha, 2));
+            }
+        }
+        save("space-numbers", sheetOf(pictures, 3));
+    }
+
+    void bubbles()
+    {
+        for (const int count : {1, 5}) {
+            const auto alpha = open(u"alpha"_qs, count);
+            start({});
+            save("bubble-" + QByteArray::number(count), hover(*alpha, count));
+            m_desk.park();
+        }
+    }
+
+    void calendars()
+    {
+        const auto calendar = open(m_calendar, 1);
+        std::vector<QImage> pictures;
+        for (const char* style : {"0", "1"}) {
+            for (const int events : {3, 10, 11}) {
+                m_desk.stopLumbrix();
+                write("Home", calendarOf(events, "#3465A4"));
+                start({{u"previewStyle"_qs, QLatin1String(style)}});
+                pictures.push_back(hover(*calendar, 1));
+            }
+        }
+        save("calendar", sheetOf(pictures, 3));
+    }
+
+    void sheets()
+    {
+        for (const auto& [name, colour] :
+             {std::pair("Work", "#CC0000"), std::pair("Birthdays", "#EDD400"),
+              std::pair("Football", "#73D216"), std::pair("Office", "#222222")})
+            write(name, calendarOf(2, colour));
+        for (const bool isCalendars : {true, false}) {
+            start({});
+            const auto second = m_desk.session().start(u"lumbrix"_qs, lumbrixBinary());
+            wait("preferences", [this] { return !window(u"preferences"_qs).isNull(); });
+            for (int i = 0; i < 8 && title() != (isCalendars ? "General" : "Dock Icon"); ++i) {
+                const QByteArray before = title();
+                type({controlKey, tabKey});
+                wait("the next pane", [&] { return title() != before; });
+            }
+            const std::size_t windows = display().managedWindows().size();
+            type({altKey, isCalendars ? cKey : sKey});
+            wait("a sheet", [&] { return display().managedWindows().size() > windows; });
+            settle();
+            save(isCalendars ? "calendars-sheet" : "relaunch-sheet",
+                 display().picture(window(u"preferences"_qs).adjusted(-20, -40, 20, 20)));
+        }
+        m_desk.stopLumbrix();
+        m_desk.startLumbrix({{u"firstRun"_qs, u"false"_qs}});
+        wait("the welcome", [this] { return !window(u"alert"_qs).isNull(); });
+        settle();
+        save("welcome-sheet",
+             display().picture(window(u"preferences"_qs).adjusted(-20, -40, 20, 20)));
+    }
+
+private:
+    Display& display() { return m_desk.display(); }
+
+    std::unique_ptr<Application> open(const QString& identifier, int windows)
+    {
+        auto application = m_desk.launch(identifier);
+        application->open(windows);
+        settle(); // its icon comes with a bounce
+        return application;
+    }
+    void start(const Settings& changed)
+    {
+        m_desk.stopLumbrix();
+        m_desk.startLumbrix(changed);
+    }
+    void write(const char* name, const QByteArray& content)
+    {
+        m_desk.session().write(
+            m_desk.session().dataPath(u"lumbrix/calendars/"_qs + QLatin1String(name) + u".ics"_qs),
+            content);
+    }
+    void wait(const char* what, const std::function<bool()>& condition)
+    {
+        if (!display().waitFor(condition, std::chrono::seconds(10)))
+            std::cerr << "waited in vain for " << what << "\n";
+    }
+    /// Until half a second has gone by without a change on the screen.
+    void settle()
+    {
+        QImage last;
+        while (display().waitFor([&] { return display().picture() != last; },
+                                 std::chrono::milliseconds(500)))
+            last = display().picture();
+    }
+    /// The previews of an application, and what is around them.
+    QImage hover(const Application& application, std::size_t previews)
+    {
+        m_desk.park();
+        wait("no previews", [this] { return display().previews().empty(); });
+        m_desk.hover(application);
+        wait("previews", [&] { return display().previews().size() == previews; });
+        settle();
+        QRect area;
+        for (const Panel& panel : display().previews())
+            area |= panel.geometry;
+        return display().picture(area.adjusted(-30, -30, 30, 70));
+    }
+    QRect window(const QString& role)
+    {
+        const auto all = display().managedWindows();
+        const auto found = std::ranges::find(all, role, &Panel::role);
+        return found == all.end() ? QRect() : found->geometry;
+    }
+    QByteArray title()
+    {
+        const auto all = display().managedWindows();
+        const auto found = std::ranges::find(all, u"preferences"_qs, &Panel::role);
+        return found == all.end() ? QByteArray() : found->title;
+    }
+    void type(const std::vector<std::uint8_t>& keys)
+    {
+        const auto send = [this](std::uint8_t type, std::uint8_t key) {
+            xcb_test_fake_input(display().connection(), type, key, XCB_CURRENT_TIME,
+                                display().root(), 0, 0, 0);
+        };
+        for (const std::uint8_t key : keys)
+            send(XCB_KEY_PRESS, key);
+        for (auto key = keys.rbegin(); key != keys.rend(); ++key)
+            send(XCB_KEY_RELEASE, *key);
+        xcb_flush(display().connection());
+    }
+    void save(const QByteArray& name, const QImage& picture)
+    {
+        const QString path = m_folder + u'/' + QString::fromLatin1(name) + u".png"_qs;
+        std::cout << qPrintable(path) << (picture.save(path) ? "\n" : " not written\n");
+    }
+
+    const QString m_folder;
+    const QString m_calendar = u"org.gnome.Calendar"_qs;
+    Desk m_desk{{"gallery", DockKind::Plank, Edge::Bottom, {}}};
+};
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    const QCoreApplication application(argc, argv);
+    const QStringList arguments = QCoreApplication::arguments();
+    if (arguments.size() != 2 || !QDir().mkpath(arguments.at(1))) {
+        std::cerr << "usage: desktop_gallery FOLDER\n";
+        return 2;
+    }
+    Gallery gallery(arguments.at(1));
+    gallery.spaceNumbers();
+    gallery.bubbles();
+    gallery.calendars();
+    gallery.sheets();
+    return 0;
+}
