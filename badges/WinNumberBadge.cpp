@@ -91,9 +91,10 @@ void WinNumberBadge::fitNumber()
 {
     const QRect part = roundPart(*m_window);
     m_badge->setPixelSize(part.height() / 2);
-    // Three figures are more than there is room for.
-    if (const int width = m_badge->sizeHint().width(); width > part.width() - 2)
-        m_badge->setPixelSize(part.height() / 2 * (part.width() - 2) / width);
+    // Three figures are more than there is room for inside the rim.
+    const int room = part.width() * 5 / 6;
+    if (const int width = m_badge->sizeHint().width(); width > room)
+        m_badge->setPixelSize(part.height() / 2 * room / width);
     m_badge->setGeometry(part);
 }
 
