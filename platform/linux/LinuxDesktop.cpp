@@ -27,6 +27,7 @@
 #include "platform/linux/x11/Connection.h"
 #include "platform/linux/x11/PointSpace.h"
 #include "platform/linux/x11/ScreenWatch.h"
+#include "platform/linux/x11/SentKey.h"
 #include "platform/linux/x11/WindowPictures.h"
 #include "platform/linux/x11/X11Core.h"
 #include "platform/linux/x11/X11InputState.h"
@@ -89,7 +90,10 @@ public:
                            m_workspace, m_raiser, m_docks}),
           m_defaults(IniDefaults::defaultPath()), m_loginItems(AutostartItems::defaultFolder()),
           m_tray(runLoop, m_core->trays(), QDBusConnection::sessionBus()),
-          m_appleEvents(runLoop, QDBusConnection::sessionBus(), m_core->tracker(), m_registry),
+          m_appleEvents(runLoop, QDBusConnection::sessionBus(), m_core->tracker(), m_registry,
+                        [this](xcb_window_t window, const x11::Shortcut& shortcut) {
+                            return x11::sendShortcut(m_core->connection(), window, shortcut);
+                        }),
           m_calendarStore(runLoop, QDBusConnection::sessionBus(), IcalFolderPaths::defaults()),
           m_ownerPids(m_registry), m_ports{runLoop,
                                            m_accessibility,

@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// Previews of media players, with players that people use and with ones that misbehave.
+// Previews of media players, with players that people use and with ones that misbehave, and of
+// mail programs.
 #include "DesktopTest.h"
 
 #include <QtCore/QSemaphore>
@@ -81,7 +82,7 @@ protected:
             return panel && panel->title.contains(part);
         });
     }
-    enum Button { Previous = -30, PlayPause = 0, Next = 30 };
+    enum Button { Previous = -30, PlayPause = 0, GetMail = 0, Next = 30 };
     /// A preview has its buttons in the middle, 40 points from the bottom, each 30 points large.
     static QRect placeOf(const Panel& panel, Button button)
     {
@@ -184,12 +185,28 @@ TEST_P(PlayerTest, vlc_isDrivenFromItsPreview)
 {
     const auto player = RealPlayer::vlc(desk().session());
     if (!player)
-        GTEST_SKIP() << "vlc is not installed; it is not worth its size to those who build";
+        GTEST_SKIP() << "vlc is not installed";
     hover(*player);
     ASSERT_TRUE(showsTitle("First Song"));
     enter();
     savePicture("controls");
     isDrivenByItsButtons(*player);
+}
+
+TEST_P(MediaTest, mailProgram_isToldToFetchMailWithoutComingForward)
+{
+    desk().session().installApplication(u"evolution"_qs, u"Mail"_qs, u"Evolution"_qs, u"true"_qs,
+                                        Qt::cyan);
+    Application& mail = launch(u"evolution"_qs, 1);
+    Application& other = launch(u"beta"_qs, 1);
+    DesktopTest::hover(mail);
+    ASSERT_TRUE(shows(mail));
+    enter();
+    click(GetMail);
+    constexpr int f12 = 96;
+    EXPECT_TRUE(waitUntil([&] { return mail.keys() == std::vector<int>{f12, f12}; }));
+    EXPECT_EQ(display().activeWindow(), other.windows().front().id);
+    EXPECT_TRUE(shows(mail)) << "the preview stays, as with every control";
 }
 
 TEST_P(MediaTest, playerThatMisbehaves_changesNothingElse)

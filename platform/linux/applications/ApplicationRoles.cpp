@@ -79,6 +79,7 @@ constexpr Row rows[] = {
     {ApplicationRole::Mail, "org.gnome.Evolution"},
     {ApplicationRole::Mail, "org.mozilla.Thunderbird"},
     {ApplicationRole::Mail, "thunderbird"},
+    {ApplicationRole::Mail, "thunderbird-default"},
     {ApplicationRole::Mail, "thunderbird-esr"},
 
     {ApplicationRole::Calendar, "evolution-calendar"},

@@ -111,6 +111,16 @@ AppleEventReply ofTrack(const MediaPlayer& player, const ObjectSpecifier& object
                : failure(AppleEventError::NotHandled);
 }
 
+/// The target's window, if it is one of the application's, else any of them.
+xcb_window_t meantWindow(const Application& application, const AppleEventTarget& target)
+{
+    const auto& windows = application.windows;
+    if (std::ranges::find(windows, target.window) != windows.end()) {
+        return target.window;
+    }
+    return windows.empty() ? XCB_NONE : windows.front();
+}
+
 /// A player shows one document.
 AppleEventReply ofDocument(const MediaPlayer& player, const ObjectSpecifier& object)
 {
@@ -126,8 +136,10 @@ AppleEventReply ofDocument(const MediaPlayer& player, const ObjectSpecifier& obj
 } // namespace
 
 LinuxAppleEvents::LinuxAppleEvents(RunLoop& runLoop, const QDBusConnection& bus,
-                                   x11::WindowTracker& tracker, ApplicationRegistry& registry)
-    : m_bus(bus), m_tracker(tracker), m_registry(registry), m_players(runLoop, bus)
+                                   x11::WindowTracker& tracker, ApplicationRegistry& registry,
+                                   SendShortcut sendShortcut)
+    : m_bus(bus), m_tracker(tracker), m_registry(registry), m_sendShortcut(std::move(sendShortcut)),
+      m_players(runLoop, bus)
 {
     m_players.start();
 }
@@ -151,14 +163,11 @@ MediaPlayerWanted LinuxAppleEvents::wantedBy(const AppleEventTarget& target)
         return wanted;
     }
     wanted.bundleIdentifier = application->running.bundleIdentifier;
-    const auto& windows = application->windows;
-    const bool isItsWindow = std::ranges::find(windows, target.window) != windows.end();
-    const xcb_window_t window =
-        isItsWindow ? target.window : (windows.empty() ? XCB_NONE : windows.front());
+    const xcb_window_t window = meantWindow(*application, target);
     if (const std::int64_t pid = pidOf(window); pid != 0) {
         wanted.windowPid = pid;
     }
-    for (const xcb_window_t other : windows) {
+    for (const xcb_window_t other : application->windows) {
         if (const std::int64_t pid = pidOf(other); pid != 0 && pid != wanted.windowPid) {
             wanted.otherPids.push_back(pid);
         }
@@ -239,14 +248,17 @@ AppleEventReply LinuxAppleEvents::checkForNewMail(const AppleEventTarget& target
     if (!application) {
         return failure(AppleEventError::NotRunning);
     }
-    QStringList command = fetchMailCommand(application->running.bundleIdentifier);
-    if (command.isEmpty()) {
-        command = fetchMailCommand(application->running.executableURL.fileName());
+    const MailWay* way = mailWay(application->running.bundleIdentifier);
+    if (way == nullptr) {
+        way = mailWay(application->running.executableURL.fileName());
     }
-    if (command.isEmpty()) {
+    if (way == nullptr) {
         return failure(AppleEventError::NotHandled);
     }
-    return launchCommand(command) ? answer({}) : failure(AppleEventError::NotRunning);
+    const bool isTold = way->command.isEmpty()
+                            ? m_sendShortcut(meantWindow(*application, target), way->shortcut)
+                            : launchCommand(way->command);
+    return isTold ? answer({}) : failure(AppleEventError::NotRunning);
 }
 
 } // namespace lumbrix::platform

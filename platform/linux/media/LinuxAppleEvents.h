@@ -6,11 +6,13 @@
 
 #include <QtDBus/QDBusConnection>
 
+#include <functional>
 #include <optional>
 
 #include "platform/AppleEvents.h"
 #include "platform/linux/applications/ApplicationRegistry.h"
 #include "platform/linux/media/MprisPlayers.h"
+#include "platform/linux/x11/SentKey.h"
 
 namespace lumbrix::platform
 {
@@ -22,9 +24,12 @@ namespace lumbrix::platform
 class LinuxAppleEvents final : public AppleEvents
 {
 public:
+    /// Called on any thread; whether it went out.
+    using SendShortcut = std::function<bool(xcb_window_t, const x11::Shortcut&)>;
+
     /// Main thread.
     LinuxAppleEvents(RunLoop& runLoop, const QDBusConnection& bus, x11::WindowTracker& tracker,
-                     ApplicationRegistry& registry);
+                     ApplicationRegistry& registry, SendShortcut sendShortcut);
 
     AppleEventReply send(const AppleEventTarget& target, FourCharCode eventClass,
                          FourCharCode eventID, const ObjectSpecifier& direct) override;
@@ -40,6 +45,7 @@ private:
     QDBusConnection m_bus;
     x11::WindowTracker& m_tracker;
     ApplicationRegistry& m_registry;
+    const SendShortcut m_sendShortcut;
     MprisPlayers m_players;
 };
 

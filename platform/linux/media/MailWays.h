@@ -7,12 +7,19 @@
 #include <QtCore/QString>
 #include <QtCore/QStringList>
 
+#include "platform/linux/x11/SentKey.h"
+
 namespace lumbrix::platform
 {
 
-/// The command that has the mail program that runs fetch the mail of all accounts, as its manual
-/// gives it; empty for a program that has none. By the id of its desktop entry, or by its program;
-/// case is ignored.
-QStringList fetchMailCommand(const QString& id);
+/// One of the two, as the program's manual gives it.
+struct MailWay {
+    QStringList command;    ///< has the one that runs fetch the mail of all accounts
+    x11::Shortcut shortcut; ///< does the same in its main window; where it has no such command
+};
+
+/// None for a program that is not known. By the id of its desktop entry, or by its program; case is
+/// ignored.
+const MailWay* mailWay(const QString& id);
 
 } // namespace lumbrix::platform

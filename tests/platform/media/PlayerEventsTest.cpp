@@ -102,7 +102,12 @@ protected:
                                    [](std::int32_t) { return ProcessNames(); },
                                    {77, u"lumbrix"_s},
                                    [this] { return m_loop.now(); }};
-    LinuxAppleEvents m_events{m_loop, m_bus.connect(u"lumbrix"_s), m_tracker, m_registry};
+    std::pair<xcb_window_t, x11::Shortcut> m_sent; ///< the last one
+    LinuxAppleEvents m_events{m_loop, m_bus.connect(u"lumbrix"_s), m_tracker, m_registry,
+                              [this](xcb_window_t window, const x11::Shortcut& shortcut) {
+                                  m_sent = {window, shortcut};
+                                  return window != XCB_NONE;
+                              }};
 };
 
 TEST_F(PlayerEventsTest, goodPlayer_isKnownByItsAnnouncements)
@@ -268,11 +273,24 @@ TEST_F(PlayerEventsTest, mailProgram_isToldInItsOwnWay)
     const QByteArray path = qgetenv("PATH");
     qputenv("PATH", m_folder.path().toUtf8() + ':' + path);
 
-    EXPECT_EQ(send({u"Mail"_s}, "emal", "chma"), AppleEventError::NotRunning);
-    addWindow(1, u"thunderbird"_s, 500);
-    EXPECT_EQ(send({u"Mail"_s, 500}, "emal", "chma"), AppleEventError::NotHandled);
+    const auto fetch = [this](const AppleEventTarget& target) {
+        m_sent = {};
+        return send(target, "emal", "chma");
+    };
+    EXPECT_EQ(fetch({u"Mail"_s}), AppleEventError::NotRunning);
+    addWindow(1, u"unheardof"_s, 500);
+    EXPECT_EQ(fetch({u"Mail"_s, 500}), AppleEventError::NotHandled);
     addWindow(3, u"Claws-mail"_s, 501);
-    EXPECT_EQ(send({u"Mail"_s, 501}, "emal", "chma"), AppleEventError::None);
+    EXPECT_EQ(fetch({u"Mail"_s, 501}), AppleEventError::None);
+    EXPECT_EQ(m_sent.first, XCB_NONE);
+    // Others heed their keyboard shortcuts: F12, and F5 with Shift.
+    addWindow(4, u"Evolution"_s, 502);
+    addWindow(5, u"Evolution"_s, 502);
+    EXPECT_EQ(fetch({u"Mail"_s, 502, 5}), AppleEventError::None);
+    EXPECT_EQ(m_sent, std::pair(xcb_window_t(5), x11::Shortcut{0x6F}));
+    addWindow(6, u"thunderbird-default"_s, 503);
+    EXPECT_EQ(fetch({u"Mail"_s, 503, 5}), AppleEventError::None);
+    EXPECT_EQ(m_sent, std::pair(xcb_window_t(6), (x11::Shortcut{0x60, true})));
     EXPECT_TRUE(waitUntil([&] { return QFile::exists(log); }));
     QFile written(log);
     ASSERT_TRUE(written.open(QIODevice::ReadOnly));

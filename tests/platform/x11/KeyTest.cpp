@@ -17,6 +17,7 @@
 #include "platform/InputState.h"
 #include "platform/KeyboardLayout.h"
 #include "platform/linux/x11/Connection.h"
+#include "platform/linux/x11/SentKey.h"
 
 namespace lumbrix::platform::x11
 {
@@ -27,7 +28,7 @@ const SessionOptions kPlain{{1280, 1024}, WindowManager::Xfwm4, false};
 
 // Key codes of the server's keyboard.
 constexpr std::uint8_t kSuper = 133, kShift = 50, kNumLock = 77, kCapsLock = 66;
-constexpr std::uint8_t kTwo = 11, kThree = 12;
+constexpr std::uint8_t kTwo = 11, kThree = 12, kF5 = 71;
 constexpr TapKey two{19, ModifierFlag::Command};
 constexpr TapKey three{20, ModifierFlag::Command};
 
@@ -193,6 +194,27 @@ TEST(Keys, takenByAnotherProgram_isToldAndTriedAgain)
         EXPECT_TRUE(keys.comesFree(keycode));
         keys.giveBack(keycode);
     }
+}
+
+TEST(Keys, shortcut_reachesAWindowThatIsNotInFront)
+{
+    X11Desk desk(kPlain);
+    Application behind(desk.session(), u"alpha"_qs);
+    Application inFront(desk.session(), u"beta"_qs);
+    behind.open(1);
+    inFront.open(1);
+    constexpr Shortcut shiftF5{0x60, true};
+    const xcb_window_t window = behind.windows().front().id;
+    EXPECT_TRUE(sendShortcut(desk.core().connection(), window, shiftF5));
+    EXPECT_TRUE(desk.waitFor([&] { return behind.keys() == std::vector<int>{kF5, kF5}; }));
+    EXPECT_TRUE(inFront.keys().empty());
+    EXPECT_EQ(desk.display().activeWindow(), inFront.windows().front().id);
+
+    EXPECT_FALSE(sendShortcut(desk.core().connection(), window, {-1}));
+    EXPECT_FALSE(sendShortcut(desk.core().connection(), window, {1000}));
+    behind.destroy(behind.windows().front());
+    EXPECT_FALSE(sendShortcut(desk.core().connection(), window, shiftF5));
+    EXPECT_FALSE(desk.isConnectionLost());
 }
 
 TEST(Keys, keyboardLayout_changed_isFollowed)
