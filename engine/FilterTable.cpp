@@ -8,12 +8,16 @@
 
 namespace lumbrix
 {
+namespace
+{
+constexpr int usualLevel = 2;
+} // namespace
 
 QVariantMap FilterTable::getFiltersDictionary()
 {
     const auto stored =
         platform::desktop().userDefaults.dictionaryForKey(QStringLiteral("filters"));
-    return stored.value_or(QVariantMap{{QStringLiteral("All applications"), 2}});
+    return stored.value_or(QVariantMap{{QStringLiteral("All applications"), usualLevel}});
 }
 
 std::optional<int> FilterTable::levelForKey(const QString& key) const
@@ -22,7 +26,14 @@ std::optional<int> FilterTable::levelForKey(const QString& key) const
     const auto found = m_filters.constFind(key);
     if (found == m_filters.constEnd())
         return std::nullopt;
-    return found->toInt();
+    return levelOf(*found);
+}
+
+int FilterTable::levelOf(const QVariant& value)
+{
+    bool isNumber = false;
+    const int level = value.toInt(&isNumber);
+    return isNumber ? level : usualLevel;
 }
 
 QVariantMap FilterTable::filters() const

@@ -20,6 +20,10 @@ public:
     /// The stored dictionary, or the one a new user starts with. Main thread.
     static QVariantMap getFiltersDictionary();
 
+    /// The level that a stored value stands for. Files are edited by hand, too: what is no number
+    /// stands for the usual level.
+    static int levelOf(const QVariant& value);
+
     std::optional<int> levelForKey(const QString& key) const override;
     QVariantMap filters() const;
     void setFilters(const QVariantMap& filters);

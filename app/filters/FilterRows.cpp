@@ -37,7 +37,8 @@ void FilterRows::reload()
     m_rows.clear();
     const QVariantMap filters = LXHandler::sharedHandler().filters();
     for (auto it = filters.cbegin(); it != filters.cend(); ++it)
-        m_rows.push_back({it.key(), FilterSubject::name(it.key()), it.value().toInt()});
+        m_rows.push_back(
+            {it.key(), FilterSubject::name(it.key()), FilterTable::levelOf(it.value())});
     endResetModel();
 }
 

@@ -49,6 +49,16 @@ void Desk::startLumbrix(const Settings& changed)
                       patience(3000));
 }
 
+void Desk::startLumbrixAgain(const Application& application)
+{
+    stopLumbrix();
+    m_settings.reset();
+    m_lumbrix = privatedesk::startLumbrix(m_session, [&] {
+        park();
+        hover(application);
+    });
+}
+
 void Desk::stopLumbrix() { m_lumbrix.reset(); }
 
 std::optional<QPoint> Desk::iconOf(const Application& application)

@@ -42,6 +42,9 @@ public:
     /// Starts Lumbrix with the settings of a user who has changed only these, and waits until it
     /// answers to the pointer. Does nothing when it runs with the same settings already.
     void startLumbrix(const Settings& changed = {});
+    /// Starts Lumbrix, again if it runs, with the settings as they are in their file, and waits
+    /// until it previews the windows of this application.
+    void startLumbrixAgain(const Application& application);
     /// Ends the one that runs; the next startLumbrix() starts another.
     void stopLumbrix();
     /// What Lumbrix has complained about since its start.
@@ -60,7 +63,7 @@ private:
     Session m_session;
     std::unique_ptr<Dock> m_dock;
     std::unique_ptr<Process> m_lumbrix;
-    Settings m_settings;
+    std::optional<Settings> m_settings; ///< none when a test has changed the file
 };
 
 } // namespace lumbrix::privatedesk

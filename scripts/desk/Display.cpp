@@ -334,4 +334,16 @@ void Display::click(int button)
     release(button);
 }
 
+void Display::type(const std::vector<std::uint8_t>& keys)
+{
+    const auto fake = [this](std::uint8_t type, std::uint8_t key) {
+        xcb_test_fake_input(m_connection, type, key, XCB_CURRENT_TIME, m_root, 0, 0, 0);
+    };
+    for (const std::uint8_t key : keys)
+        fake(XCB_KEY_PRESS, key);
+    std::for_each(keys.rbegin(), keys.rend(),
+                  [&](std::uint8_t key) { fake(XCB_KEY_RELEASE, key); });
+    xcb_flush(m_connection);
+}
+
 } // namespace lumbrix::privatedesk

@@ -89,6 +89,10 @@ public:
     void release(int button = 1);
     void click(int button = 1);
 
+    /// Presses the keys in turn and lets them go in the reverse order: {control, c}. Key codes of
+    /// the server's keyboard.
+    void type(const std::vector<std::uint8_t>& keys);
+
 private:
     std::vector<Panel> panels(const QString& role);
 

@@ -39,7 +39,17 @@ std::unique_ptr<Process> startLumbrix(Session& session, const Settings& changed,
     QByteArray file = "[General]\n";
     for (auto it = all.cbegin(); it != all.cend(); ++it)
         file += (it.key() + u'=' + it.value() + u'\n').toUtf8();
-    session.write(session.configPath(u"lumbrix/lumbrix.conf"_qs), file);
+    session.write(settingsPath(session), file);
+    return startLumbrix(session, approach);
+}
+
+QString settingsPath(const Session& session)
+{
+    return session.configPath(u"lumbrix/lumbrix.conf"_qs);
+}
+
+std::unique_ptr<Process> startLumbrix(Session& session, const std::function<void()>& approach)
+{
     QFile::remove(session.path(u"logs/lumbrix"_qs));
     auto lumbrix = session.start(u"lumbrix"_qs, lumbrixBinary());
 

@@ -25,5 +25,8 @@ QString lumbrixBinary();
 /// something shows. Its complaints go to the log "lumbrix".
 std::unique_ptr<Process> startLumbrix(Session& session, const Settings& changed,
                                       const std::function<void()>& approach);
+/// The same with the settings as they are in their file.
+std::unique_ptr<Process> startLumbrix(Session& session, const std::function<void()>& approach);
+QString settingsPath(const Session& session);
 
 } // namespace lumbrix::privatedesk

@@ -112,7 +112,7 @@ TEST_F(IgnoreTableTest, rows_followTheDictionary)
     desk.addApplication({.name = u"Editor"_s, .iconColor = Qt::red});
     start(QVariantMap{{u"org.example.Editor"_s, 3},
                       {u"All applications"_s, 0},
-                      {u"gone <b>"_s, 7},
+                      {u"gone <b>"_s, u"no level"_s},
                       {u"com.apple.finder"_s, 4}});
     const FilterRows& rows = table->rows();
     EXPECT_EQ(shown(), u"All applications: Low, unknown: TotalFinder, unknown: High, "

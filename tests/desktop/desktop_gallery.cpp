@@ -15,7 +15,6 @@
 #include <iostream>
 #include <utility>
 #include <vector>
-#include <xcb/xtest.h>
 
 #include "Desk.h"
 
@@ -129,11 +128,11 @@ public:
             wait("preferences", [this] { return !window(u"preferences"_qs).isNull(); });
             for (int i = 0; i < 8 && title() != (isCalendars ? "General" : "Dock Icon"); ++i) {
                 const QByteArray before = title();
-                type({controlKey, tabKey});
+                display().type({controlKey, tabKey});
                 wait("the next pane", [&] { return title() != before; });
             }
             const std::size_t windows = display().managedWindows().size();
-            type({altKey, isCalendars ? cKey : sKey});
+            display().type({altKey, isCalendars ? cKey : sKey});
             wait("a sheet", [&] { return display().managedWindows().size() > windows; });
             settle();
             save(isCalendars ? "calendars-sheet" : "relaunch-sheet",
@@ -205,18 +204,6 @@ private:
         const auto all = display().managedWindows();
         const auto found = std::ranges::find(all, u"preferences"_qs, &Panel::role);
         return found == all.end() ? QByteArray() : found->title;
-    }
-    void type(const std::vector<std::uint8_t>& keys)
-    {
-        const auto send = [this](std::uint8_t type, std::uint8_t key) {
-            xcb_test_fake_input(display().connection(), type, key, XCB_CURRENT_TIME,
-                                display().root(), 0, 0, 0);
-        };
-        for (const std::uint8_t key : keys)
-            send(XCB_KEY_PRESS, key);
-        for (auto key = keys.rbegin(); key != keys.rend(); ++key)
-            send(XCB_KEY_RELEASE, *key);
-        xcb_flush(display().connection());
     }
     void save(const QByteArray& name, const QImage& picture)
     {

@@ -8,7 +8,6 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <xcb/xtest.h>
 
 namespace lumbrix::privatedesk
 {
@@ -25,19 +24,7 @@ constexpr std::uint8_t kKey = 45, jKey = 44, tKey = 28, wKey = 25, bKey = 56, oK
 class PreferencesTest : public DesktopTest
 {
 protected:
-    void key(std::uint8_t type, std::uint8_t keycode)
-    {
-        xcb_test_fake_input(display().connection(), type, keycode, XCB_CURRENT_TIME,
-                            display().root(), 0, 0, 0);
-        xcb_flush(display().connection());
-    }
-    void type(const std::vector<std::uint8_t>& keys)
-    {
-        for (const std::uint8_t each : keys)
-            key(XCB_KEY_PRESS, each);
-        std::for_each(keys.rbegin(), keys.rend(),
-                      [this](std::uint8_t each) { key(XCB_KEY_RELEASE, each); });
-    }
+    void type(const std::vector<std::uint8_t>& keys) { display().type(keys); }
     xcb_window_t preferences()
     {
         for (const xcb_window_t window : display().numbers(display().root(), "_NET_CLIENT_LIST")) {
