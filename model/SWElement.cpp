@@ -150,10 +150,7 @@ void SWElement::raise()
     }
 }
 
-bool SWElement::isHidden() const
-{
-    return AX::read<bool>(m_element, AX::Hidden).value_or(false);
-}
+bool SWElement::isHidden() const { return AX::read<bool>(m_element, AX::Hidden).value_or(false); }
 
 QRectF SWElement::getRect() const
 {

@@ -10,9 +10,9 @@
 #include <array>
 
 #include "preview/BadgeView.h"
+#include "preview/CalTableView.h"
 #include "preview/Cells.h"
 #include "preview/DBOverlayWindow.h"
-#include "preview/CalTableView.h"
 #include "preview/ImageButton.h"
 #include "preview/KeyLabel.h"
 #include "preview/MAWindow.h"

@@ -12,6 +12,8 @@
 #include <algorithm>
 #include <tuple>
 
+#include "platform/linux/BaseFolders.h"
+
 namespace lumbrix::platform
 {
 
@@ -44,21 +46,9 @@ auto executableRank(const DesktopEntry& entry)
 
 QStringList DesktopEntries::defaultFolders()
 {
-    QString home = qEnvironmentVariable("XDG_DATA_HOME");
-    if (!QDir::isAbsolutePath(home)) {
-        home = QDir::homePath() + QStringLiteral("/.local/share");
-    }
-    QString system = qEnvironmentVariable("XDG_DATA_DIRS");
-    if (system.isEmpty()) {
-        system = QStringLiteral("/usr/local/share:/usr/share");
-    }
-    QStringList folders;
-    for (const QString& base : QStringList{home} + system.split(u':', Qt::SkipEmptyParts)) {
-        if (QDir::isAbsolutePath(base)) {
-            folders.append(QDir::cleanPath(base) + QStringLiteral("/applications"));
-        }
-    }
-    folders.removeDuplicates();
+    QStringList folders = dataFolders();
+    for (QString& folder : folders)
+        folder += QStringLiteral("/applications");
     return folders;
 }
 

@@ -11,6 +11,8 @@
 #include <array>
 #include <limits>
 
+#include "platform/linux/BaseFolders.h"
+
 namespace lumbrix::platform
 {
 
@@ -63,24 +65,12 @@ QString firstFile(const QString& pathWithoutSuffix)
 
 QStringList IconTheme::defaultFolders()
 {
-    QString home = qEnvironmentVariable("XDG_DATA_HOME");
-    if (!QDir::isAbsolutePath(home)) {
-        home = QDir::homePath() + QStringLiteral("/.local/share");
-    }
-    QString system = qEnvironmentVariable("XDG_DATA_DIRS");
-    if (system.isEmpty()) {
-        system = QStringLiteral("/usr/local/share:/usr/share");
-    }
-    QStringList folders{QDir::homePath() + QStringLiteral("/.icons"),
-                        home + QStringLiteral("/icons")};
-    const QStringList bases = system.split(u':', Qt::SkipEmptyParts);
-    for (const QString& base : bases) {
+    const QStringList bases = dataFolders();
+    QStringList folders{QDir::homePath() + QStringLiteral("/.icons")};
+    for (const QString& base : bases)
         folders.append(base + QStringLiteral("/icons"));
-    }
-    for (const QString& base : bases) {
+    for (const QString& base : bases.mid(1))
         folders.append(base + QStringLiteral("/pixmaps"));
-    }
-    folders.removeDuplicates();
     return folders;
 }
 

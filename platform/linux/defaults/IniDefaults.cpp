@@ -11,6 +11,7 @@
 #include <sys/stat.h>
 #include <utility>
 
+#include "platform/linux/BaseFolders.h"
 #include "platform/linux/defaults/IniValue.h"
 #include "platform/linux/defaults/ReplaceFile.h"
 
@@ -28,11 +29,7 @@ constexpr qint64 MaximalSize = 64 * 1024 * 1024;
 
 QString IniDefaults::defaultPath()
 {
-    QString base = qEnvironmentVariable("XDG_CONFIG_HOME");
-    if (!QDir::isAbsolutePath(base)) {
-        base = QDir::homePath() + QStringLiteral("/.config");
-    }
-    return QDir::cleanPath(base) + QStringLiteral("/lumbrix/lumbrix.conf");
+    return configHome() + QStringLiteral("/lumbrix/lumbrix.conf");
 }
 
 IniDefaults::IniDefaults(QString path) : m_path(std::move(path)) { load(); }

@@ -11,6 +11,7 @@
 
 #include <optional>
 
+#include "platform/linux/BaseFolders.h"
 #include "platform/linux/applications/DesktopEntry.h"
 #include "platform/linux/defaults/IniFile.h"
 #include "platform/linux/defaults/ReplaceFile.h"
@@ -105,13 +106,7 @@ QByteArray newItem(const QByteArray& exec, const QString& path)
 
 } // namespace
 
-QString AutostartItems::defaultFolder()
-{
-    QString base = qEnvironmentVariable("XDG_CONFIG_HOME");
-    if (!QDir::isAbsolutePath(base))
-        base = QDir::homePath() + QStringLiteral("/.config");
-    return QDir::cleanPath(base) + QStringLiteral("/autostart");
-}
+QString AutostartItems::defaultFolder() { return configHome() + QStringLiteral("/autostart"); }
 
 void AutostartItems::insert(const QString& path)
 {
