@@ -89,10 +89,16 @@ std::vector<PlankPlace> plankPlaces(const std::vector<QPoint>& hoverPoints, Dock
     const int pitch = plankPitch(std::move(centres), look.iconSize);
     const int growth =
         look.magnifies ? look.iconSize * std::max(look.zoomPercent - 100, 0) / 100 : 0;
+    // An item that has just been added rises out of the screen's edge, so the highest tells where
+    // they all end up. The points keep clear of magnified icons: without the growth they bound the
+    // rest.
+    int highest = 0;
+    for (const QPoint point : hoverPoints) {
+        highest = std::max(highest, depthOf(point, edge, dock));
+    }
+    const int depth = std::clamp(pitch, 1, std::max(highest - growth, 1));
     std::vector<PlankPlace> places;
     for (const QPoint point : hoverPoints) {
-        // The point keeps clear of the magnified icon, so without the growth it bounds the rest.
-        const int depth = std::clamp(pitch, 1, std::max(depthOf(point, edge, dock) - growth, 1));
         places.push_back({standingOnEdge(along(point), pitch, depth, edge, dock),
                           standingOnEdge(along(point), pitch, depth + growth, edge, dock)});
     }

@@ -59,6 +59,12 @@ TEST(PlankGeometryTest, places_stand_on_the_dock_edge_whatever_the_zoom)
             const auto places = plankPlaces({at.off, at.off + next}, at.edge, at.dock, look);
             EXPECT_EQ(places[0].rect, at.rect) << depth;
             EXPECT_EQ(places[0].magnified, at.magnified) << depth;
+            // One that was just added is on its way still.
+            QPoint low = at.off;
+            (isHorizontal(at.edge) ? low.ry() : low.rx()) =
+                isHorizontal(at.edge) ? at.rect.center().y() : at.rect.center().x();
+            const auto rising = plankPlaces({low, at.off + next}, at.edge, at.dock, look);
+            EXPECT_EQ(rising[0].rect, at.rect) << depth;
         }
     }
 }
