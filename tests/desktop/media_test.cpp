@@ -5,10 +5,13 @@
 // mail programs.
 #include "DesktopTest.h"
 
-#include <QtCore/QSemaphore>
-#include <QtCore/QThread>
+#include <QtCore/QEventLoop>
+#include <QtCore/QTimer>
 
 #include <array>
+#include <atomic>
+#include <future>
+#include <thread>
 
 #include "RealPlayer.h"
 #include "tests/platform/media/TestPlayer.h"
@@ -19,36 +22,35 @@ namespace lumbrix::privatedesk
 using Manners = test::TestPlayer::Manners;
 
 /// A player that answers while the test waits for something else.
-class MisbehavingPlayer final : public QThread
+class MisbehavingPlayer
 {
 public:
-    MisbehavingPlayer(QString address, QString name, Manners manners)
-        : m_address(std::move(address)), m_name(std::move(name)), m_manners(manners)
+    MisbehavingPlayer(const QString& address, const QString& name, Manners manners)
+        : m_thread([this, address, name, manners] {
+              test::TestPlayer player(address, name, {{u"PlaybackStatus"_qs, u"Playing"_qs}});
+              player.manners = manners;
+              player.set(test::track(QString(100000, u'<'), u"<b>"_qs));
+              player.tellNonsense();
+              QEventLoop loop; // comes first: without one the thread has no timers
+              QTimer wake;
+              wake.start(10);
+              m_isThere.set_value();
+              while (!m_isOver)
+                  loop.processEvents(QEventLoop::WaitForMoreEvents);
+          })
     {
-        start();
-        m_isThere.acquire();
+        m_isThere.get_future().wait();
     }
-    ~MisbehavingPlayer() override
+    ~MisbehavingPlayer()
     {
-        quit();
-        wait();
+        m_isOver = true;
+        m_thread.join();
     }
 
 private:
-    void run() override
-    {
-        test::TestPlayer player(m_address, m_name, {{u"PlaybackStatus"_qs, u"Playing"_qs}});
-        player.manners = m_manners;
-        player.set(test::track(QString(100000, u'<'), u"<b>"_qs));
-        player.tellNonsense();
-        m_isThere.release();
-        exec();
-    }
-
-    const QString m_address;
-    const QString m_name;
-    const Manners m_manners;
-    QSemaphore m_isThere;
+    std::promise<void> m_isThere;
+    std::atomic<bool> m_isOver = false;
+    std::thread m_thread;
 };
 
 class MediaTest : public DesktopTest

@@ -29,6 +29,9 @@ TestPlayer::~TestPlayer() { leave(); }
 
 void TestPlayer::leave()
 {
+    // Else the bus's own thread would let go of this, some time later.
+    m_bus.unregisterObject(path());
+    disconnect();
     QDBusConnection::disconnectFromBus(m_connectionName);
     m_bus = QDBusConnection(QString()); // it lasts as long as somebody holds it
 }
