@@ -7,10 +7,7 @@
 extern "C" {
 const char* __tsan_default_options()
 {
-    // The toolkit starts programs by a clone() that shares the memory until the program runs, after
-    // which we would be taken for a forked child that must not start threads.
-    return "die_after_fork=0:halt_on_error=1:second_deadlock_stack=1:"
-           "suppressions=" LUMBRIX_TSAN_SUPPRESSIONS;
+    return "halt_on_error=1:second_deadlock_stack=1:suppressions=" LUMBRIX_TSAN_SUPPRESSIONS;
 }
 // Strings need not end where they are counted: libxkbcommon hands over parts of the server's answers.
 const char* __asan_default_options() { return "detect_stack_use_after_return=1"; }

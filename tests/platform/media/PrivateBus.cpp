@@ -6,10 +6,8 @@
 #include <QtCore/QCoreApplication>
 #include <QtCore/QDeadlineTimer>
 #include <QtCore/QFile>
+#include <QtCore/QProcessEnvironment>
 #include <QtCore/QTimer>
-
-#include <csignal>
-#include <sys/prctl.h>
 
 namespace lumbrix::test
 {
@@ -26,21 +24,17 @@ PrivateBus::PrivateBus()
                "<allow send_destination=\"*\"/><allow eavesdrop=\"true\"/>"
                "<allow own=\"*\"/></policy></busconfig>");
     file.close();
-    m_daemon.setStandardErrorFile(QProcess::nullDevice());
-    // Also when the test is killed.
-    m_daemon.setChildProcessModifier([] { ::prctl(PR_SET_PDEATHSIG, SIGTERM); });
-    m_daemon.start(QStringLiteral("dbus-daemon"),
-                   {QStringLiteral("--config-file=") + configuration, QStringLiteral("--nofork"),
-                    QStringLiteral("--nopidfile"), QStringLiteral("--print-address")});
+    m_daemon = privatedesk::Process::start(
+        {.program = QStringLiteral("dbus-daemon"),
+         .arguments = {QStringLiteral("--config-file=") + configuration, QStringLiteral("--nofork"),
+                       QStringLiteral("--nopidfile"), QStringLiteral("--print-address")},
+         .environment = QProcessEnvironment::systemEnvironment().toStringList(),
+         .log = m_folder.filePath(QStringLiteral("bus.log")),
+         .pipes = true,
+         .passFd = {}});
     // It says its address once it listens.
-    if (!m_daemon.waitForReadyRead(20000))
+    if (!m_daemon->readLine(std::chrono::seconds(20)))
         qFatal("the message bus did not start");
-}
-
-PrivateBus::~PrivateBus()
-{
-    m_daemon.terminate();
-    m_daemon.waitForFinished();
 }
 
 QDBusConnection PrivateBus::connect(const QString& name) const

@@ -4,11 +4,13 @@
 // A message bus that nobody else uses.
 #pragma once
 
-#include <QtCore/QProcess>
 #include <QtCore/QTemporaryDir>
 #include <QtDBus/QDBusConnection>
 
 #include <functional>
+#include <memory>
+
+#include "Process.h"
 
 namespace lumbrix::test
 {
@@ -18,9 +20,6 @@ class PrivateBus
 {
 public:
     PrivateBus();
-    ~PrivateBus();
-    PrivateBus(const PrivateBus&) = delete;
-    PrivateBus& operator=(const PrivateBus&) = delete;
 
     const QString& address() const { return m_address; }
     /// A connection of its own for each name.
@@ -28,8 +27,8 @@ public:
 
 private:
     QTemporaryDir m_folder;
-    QProcess m_daemon;
     QString m_address;
+    std::unique_ptr<privatedesk::Process> m_daemon;
 };
 
 /// Runs the event loop until the condition holds; whether it does, after some seconds.
