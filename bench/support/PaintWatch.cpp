@@ -107,8 +107,10 @@ void PaintWatch::handle(const xcb_generic_event_t& event)
     };
     const int type = event.response_type & 0x7f;
     if (type == m_damageEvent + XCB_DAMAGE_NOTIFY) {
-        add(Event::Kind::Painted,
-            reinterpret_cast<const xcb_damage_notify_event_t&>(event).drawable);
+        // A single pixel is a panel's reminder to a compositor that may have missed it.
+        const auto& damage = reinterpret_cast<const xcb_damage_notify_event_t&>(event);
+        if (damage.area.width > 1 || damage.area.height > 1)
+            add(Event::Kind::Painted, damage.drawable);
     } else if (type == XCB_CREATE_NOTIFY) {
         const auto& created = reinterpret_cast<const xcb_create_notify_event_t&>(event);
         if (created.override_redirect)
