@@ -70,12 +70,10 @@ TEST_P(CalendarTest, calendarIcon_hovered_listsTheEventsOfAFile)
 {
     Session& session = desk().session();
     const QString identifier = u"org.gnome.Calendar"_qs;
-    desk().stopLumbrix(); // it looks for new desktop entries every few seconds only
     session.installApplication(identifier, u"Kalender"_qs, u"Org.gnome.Calendar"_qs, u"true"_qs,
                                Qt::magenta);
     m_file = session.dataPath(u"lumbrix/calendars/mine.ics"_qs);
     session.write(m_file, calendarOf(3));
-    desk().startLumbrix();
     const Application& calendar = launch(identifier, 1);
     launch(u"alpha"_qs, 1);
     const xcb_window_t active = display().activeWindow();

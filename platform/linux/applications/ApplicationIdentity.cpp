@@ -13,8 +13,7 @@ namespace lumbrix::platform
 namespace
 {
 
-DesktopEntryPtr entryFor(const x11::TrackedWindow& window, const ProcessNames& names,
-                         DesktopEntries& entries)
+DesktopEntryPtr entryByClass(const x11::TrackedWindow& window, DesktopEntries& entries)
 {
     // The instance first: web applications of one browser differ only there.
     for (const QString& half : {window.classInstance, window.className}) {
@@ -26,6 +25,20 @@ DesktopEntryPtr entryFor(const x11::TrackedWindow& window, const ProcessNames& n
         if (DesktopEntryPtr entry = entries.byApplicationId(half)) {
             return entry;
         }
+    }
+    return nullptr;
+}
+
+DesktopEntryPtr entryFor(const x11::TrackedWindow& window, const ProcessNames& names,
+                         DesktopEntries& entries)
+{
+    if (DesktopEntryPtr entry = entryByClass(window, entries)) {
+        return entry;
+    }
+    // Programs are started in the moment they are installed.
+    entries.lookAgain();
+    if (DesktopEntryPtr entry = entryByClass(window, entries)) {
+        return entry;
     }
     for (const QString& program : names.programs()) {
         if (DesktopEntryPtr entry = entries.byExecutable(program)) {

@@ -77,6 +77,15 @@ void DesktopEntries::refresh()
     }
 }
 
+void DesktopEntries::lookAgain()
+{
+    const std::lock_guard lock(m_mutex);
+    m_lastLook = m_clock();
+    if (foldersChanged()) {
+        scan();
+    }
+}
+
 void DesktopEntries::scan()
 {
     m_folderTimes.clear();

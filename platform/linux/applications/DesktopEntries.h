@@ -40,6 +40,9 @@ public:
     DesktopEntryPtr byExecutable(const QString& baseName);
     DesktopEntryPtr byName(const QString& name);
 
+    /// Looks at the folders now, for what was installed since the last time.
+    void lookAgain();
+
 private:
     struct CachedFile {
         std::int64_t modified = 0; ///< milliseconds

@@ -111,6 +111,17 @@ TEST_F(ApplicationsTest, application_is_found_by_any_entry_of_its_program)
     EXPECT_EQ(found(m_folder, "a-writer", "Name=W\n" + suite + "writer\n"), 304);
 }
 
+TEST_F(ApplicationsTest, program_started_as_it_is_installed_is_known_by_its_entry)
+{
+    m_tracker.add(window(1, QStringLiteral("a"), QStringLiteral("Before"), 400));
+    writeEntry(m_folder.path(), QStringLiteral("interpreter"), "Name=I\nExec=runner\n");
+    writeEntry(m_folder.path(), QStringLiteral("org.example.Fresh"),
+               "Name=Fresh\nExec=runner fresh\nStartupWMClass=Fresh\n");
+    m_programs = {{401, QStringLiteral("/usr/bin/runner")}};
+    m_tracker.add(window(3, QStringLiteral("fresh"), QStringLiteral("Fresh"), 401));
+    EXPECT_EQ(ownerOf(3)->running.bundleIdentifier, QStringLiteral("org.example.Fresh"));
+}
+
 TEST_F(ApplicationsTest, roles_are_known_by_entry_program_or_class)
 {
     const auto urlOf = [this](const char* id) {
