@@ -159,7 +159,7 @@ void PictureLoader::loadUnseen(const ScreenyViewPtr& preview)
 
 void PictureLoader::updateScreenshot(const ScreenyView& preview)
 {
-    const SWElementPtr window = preview.elementRef();
+    const SWElementPtr& window = preview.elementRef();
     if (!window->grabWindowAtHand(preview.pictureLimit()))
         captureLater(window, preview.pictureLimit(), nullptr);
 }

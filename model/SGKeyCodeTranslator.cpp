@@ -51,13 +51,13 @@ QString stringForKeyCode(std::int64_t keyCode)
     const QString code = QString::number(keyCode);
     if (table.value(u"version").toInt() <= 0) {
         // Tables without a version name every key themselves.
-        const QString name = table.value(code).toString();
+        QString name = table.value(code).toString();
         return name.isEmpty() ? QString::number(keyCode, 16).toUpper() : name;
     }
-    const QString name = table.value(u"unmappedKeys").toObject().value(code).toString();
+    QString name = table.value(u"unmappedKeys").toObject().value(code).toString();
     if (!name.isEmpty())
         return name;
-    const QString character =
+    QString character =
         SGKeyCodeTranslator::currentTranslator()->translateKeyCode(keyCode).toUpper();
     if (!table.value(u"padKeys").toArray().contains(code))
         return character;

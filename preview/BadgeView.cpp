@@ -33,7 +33,7 @@ BadgeView* BadgeView::load(QWidget& parent)
     }
     view->hideAll();
     view->setParent(&parent);
-    loaded.release();
+    static_cast<void>(loaded.release()); // the parent has it now
     return view;
 }
 

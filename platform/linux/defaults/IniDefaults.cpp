@@ -22,9 +22,9 @@ namespace
 {
 // A settings file is a few kilobytes. What is larger has been damaged, and is looked at no further
 // than this, so that it costs neither time nor memory ...
-constexpr qsizetype ParsedSize = 256 * 1024;
+constexpr qsizetype ParsedSize = qsizetype{256} * 1024;
 // ... and left alone altogether when it could not even be copied.
-constexpr qint64 MaximalSize = 64 * 1024 * 1024;
+constexpr qint64 MaximalSize = qint64{64} * 1024 * 1024;
 } // namespace
 
 QString IniDefaults::defaultPath()

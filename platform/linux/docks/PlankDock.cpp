@@ -221,6 +221,7 @@ DockStatePtr PlankDock::makeState()
     }
     std::vector<QPoint> points;
     const std::vector<PlankItem> items = allItems(state->edge, look);
+    points.reserve(items.size());
     for (const PlankItem& item : items) {
         points.push_back(item.hoverPoint);
     }

@@ -18,8 +18,8 @@ namespace lumbrix::platform
 namespace
 {
 
-constexpr qint64 MostBytes = 8 * 1024 * 1024;
-constexpr qint64 MostPixels = 32 * 1024 * 1024;
+constexpr qint64 MostBytes = qint64{8} * 1024 * 1024;
+constexpr qint64 MostPixels = qint64{32} * 1024 * 1024;
 /// Twice what the largest preview shows of a square.
 constexpr int LargestSide = 640;
 
