@@ -73,7 +73,7 @@ void expectWindows(benchmark::State& state, const WindowInventory& inventory)
 void bareReads(benchmark::State& state)
 {
     Scene scene(state.range(0));
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         benchmark::DoNotOptimize(WindowInventory::copyWindowList());
         for (const std::int32_t pid : scene.desk.workspace().launchedApplications()) {
             const auto application = scene.desk.accessibility().createApplication(pid);
@@ -90,7 +90,7 @@ void bareReads(benchmark::State& state)
 void firstScan(benchmark::State& state)
 {
     Scene scene(state.range(0));
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         WindowInventory inventory(scene.settings, scene);
         inventory.windowScanner();
         benchmark::DoNotOptimize(inventory);
@@ -105,7 +105,7 @@ void scanRepeatedly(benchmark::State& state, Scene& scene)
 {
     WindowInventory inventory(scene.settings, scene);
     inventory.windowScanner();
-    for (auto _ : state)
+    for ([[maybe_unused]] auto _ : state)
         inventory.windowScanner();
     expectWindows(state, inventory);
     setSize(state);
@@ -135,7 +135,7 @@ void windowsForPID(benchmark::State& state)
     Scene scene(state.range(0));
     WindowInventory inventory(scene.settings, scene);
     inventory.windowScanner();
-    for (auto _ : state)
+    for ([[maybe_unused]] auto _ : state)
         benchmark::DoNotOptimize(inventory.windowsForPID(scene.last));
     if (inventory.windowsForPID(scene.last).size() != windowsPerApplication)
         state.SkipWithError("not the application's windows");

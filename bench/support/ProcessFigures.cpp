@@ -125,7 +125,9 @@ std::vector<ThreadFigures> spentBetween(const ProcessFigures& before, const Proc
         if (earlier != before.byThread.end())
             subtract(thread, *earlier);
         ended -= thread.processorTime;
-        ThreadFigures& sum = byName.try_emplace(thread.name, 0, thread.name, 0).first->second;
+        ThreadFigures& sum =
+            byName.try_emplace(thread.name, ThreadFigures{.id = 0, .name = thread.name, .count = 0})
+                .first->second;
         ++sum.count;
         sum.processorTime += thread.processorTime;
         sum.voluntary += thread.voluntary;

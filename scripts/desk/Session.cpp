@@ -70,7 +70,7 @@ Session::~Session() = default;
 
 QString Session::path(const QString& relative) const
 {
-    const QString result = m_directory.filePath(relative);
+    QString result = m_directory.filePath(relative);
     QDir().mkpath(QFileInfo(result).path());
     return result;
 }
@@ -116,7 +116,7 @@ QString Session::installApplication(const QString& identifier, const QString& na
     const QString iconPath = dataPath(u"icons/"_qs + identifier + u".png"_qs);
     if (!icon.save(iconPath))
         qFatal("cannot write %s", qPrintable(iconPath));
-    const QString entryPath = dataPath(u"applications/"_qs + identifier + u".desktop"_qs);
+    QString entryPath = dataPath(u"applications/"_qs + identifier + u".desktop"_qs);
     write(entryPath, (u"[Desktop Entry]\nType=Application\nName=%1\nExec=%2\nIcon=%3\n"
                       u"StartupWMClass=%4\n"_qs)
                          .arg(name, command, iconPath, windowClass)

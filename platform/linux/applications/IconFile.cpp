@@ -18,7 +18,7 @@ namespace lumbrix::platform
 namespace
 {
 
-constexpr qint64 MaximalBytes = 4 * 1024 * 1024;
+constexpr qint64 MaximalBytes = qint64{4} * 1024 * 1024;
 /// Both ways. A file of a few kilobytes may unpack into a picture of gigabytes.
 constexpr int MaximalPixels = 2048;
 

@@ -49,7 +49,7 @@ public:
 
     WindowPictures(RunLoop& runLoop, const Connection& events, const Connection& captures,
                    WindowTracker& tracker, double pixelsPerPoint, bool isCompositorRunning);
-    ~WindowPictures();
+    ~WindowPictures() override;
 
     /// Takes in the windows there are and starts the worker. Before the event thread starts.
     void start();
