@@ -113,8 +113,9 @@ public:
     {
         for (const auto& [group, names] : order()) {
             Table table(group);
+            const double yardstick = least(group + '/' + names.front());
             for (const std::string& name : names)
-                table.add(name, least(group + '/' + name), least(group + '/' + names.front()),
+                table.add(name, least(std::string(group).append(1, '/').append(name)), yardstick,
                           "us");
             table.print();
         }
@@ -153,7 +154,7 @@ template <class Work>
 void addSimple(Summary& summary, const std::string& group, const std::string& name, Work work)
 {
     add(summary, group, name, [work](benchmark::State& state) {
-        for (auto _ : state)
+        for ([[maybe_unused]] auto _ : state)
             work();
     })->UseRealTime();
 }
@@ -195,7 +196,7 @@ void addScaling(Summary& summary, const QImage& picture, QSize sourceSize, QSize
 void captureChanged(benchmark::State& state, TerminalDesk& desk, QSize limit)
 {
     using Clock = std::chrono::steady_clock;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         const std::uint64_t before = desk.copyCount();
         desk.draw();
         Clock::duration time{};
@@ -217,7 +218,7 @@ void captureUnchanged(benchmark::State& state, TerminalDesk& desk, QSize limit)
 {
     desk.windowServer().captureWindow(desk.window(), limit);
     const std::uint64_t before = desk.copyCount();
-    for (auto _ : state)
+    for ([[maybe_unused]] auto _ : state)
         benchmark::DoNotOptimize(desk.windowServer().captureWindow(desk.window(), limit));
     if (desk.copyCount() != before)
         state.SkipWithError("it was copied although nothing had changed");
@@ -229,7 +230,7 @@ void addCapture(Summary& summary, TerminalDesk& desk, BareCopy& bare, const QIma
         "capture " + std::to_string(picture.width()) + 'x' + std::to_string(picture.height());
     addCopy(summary, group, picture);
     add(summary, group, "bare copy through shared memory", [&bare](benchmark::State& state) {
-        for (auto _ : state)
+        for ([[maybe_unused]] auto _ : state)
             state.SetIterationTime(std::chrono::duration<double>(bare.copyAll()).count());
     })->UseManualTime();
     addSimple(summary, group, "bare copy through the socket", [&desk, size = picture.size()] {
@@ -275,6 +276,7 @@ int measure(TerminalDesk& desk, int argc, char** argv)
                                        "--benchmark_enable_random_interleaving=true"};
     arguments.insert(arguments.end(), argv + 1, argv + argc);
     std::vector<char*> pointers;
+    pointers.reserve(arguments.size());
     for (std::string& argument : arguments)
         pointers.push_back(argument.data());
     int count = static_cast<int>(pointers.size());

@@ -73,8 +73,7 @@ void SWElement::keepScreenshot(const QImage& picture, QSize limit, QSizeF window
 QImage SWElement::grabWindow(QSize limit)
 {
     const auto size = sizeToCapture();
-    const QImage picture =
-        size ? platform::desktop().windowServer.captureWindow(m_wid, limit) : QImage();
+    QImage picture = size ? platform::desktop().windowServer.captureWindow(m_wid, limit) : QImage();
     keepScreenshot(picture, limit, size.value_or(QSizeF()));
     return picture;
 }

@@ -215,7 +215,7 @@ template <std::size_t Count>
                                          const Axis& rows, QImage& result)
 {
     const std::size_t samples = static_cast<std::size_t>(source.width()) * Channels;
-    std::vector<std::uint16_t> sums(samples + 2 * Spare * Channels);
+    std::vector<std::uint16_t> sums(samples + std::size_t{2} * Spare * Channels);
     const uchar* const in = source.constBits();
     const qsizetype stride = source.bytesPerLine();
     const std::uint32_t always = result.format() == QImage::Format_RGB32 ? 0xff000000U : 0;

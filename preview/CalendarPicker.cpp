@@ -130,7 +130,7 @@ void CalendarPicker::showSheet(QWidget& preferencesWindow)
     auto* button = loaded ? loaded->findChild<QPushButton*>(u"endPicking"_qs) : nullptr;
     if (!sheet || !table || !button)
         return;
-    loaded.release();
+    static_cast<void>(loaded.release()); // the preferences have it now
     sheet->setParent(&preferencesWindow, Qt::Dialog | Qt::Sheet);
     sheet->setAttribute(Qt::WA_DeleteOnClose);
     sheet->setWindowRole(preferencesWindow.windowRole());

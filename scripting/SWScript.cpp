@@ -52,10 +52,15 @@ QImage SWScript::getCurrentArtwork(const ScriptingWindow& window) const
 QString SWScript::getPlayerState(const ScriptingWindow& window) const
 {
     const auto state = ITApplication(window).playerState();
-    // A paused player is offered to be played, just as a stopped one.
-    if (state == ITApplication::paused || state == ITApplication::stopped)
+    switch (state.value_or(0)) {
+    case ITApplication::playing:
+        return QStringLiteral("playing");
+    case ITApplication::paused: // is offered to be played, just as a stopped one
+    case ITApplication::stopped:
         return QStringLiteral("stopped");
-    return state == ITApplication::playing ? QStringLiteral("playing") : QStringLiteral("unknown");
+    default:
+        return QStringLiteral("unknown");
+    }
 }
 
 void SWScript::playITunes(const ScriptingWindow& window) const

@@ -65,7 +65,7 @@ QIcon ApplicationIcons::icon(const QString& bundleIdentifier)
         return *known;
     QPixmap empty(size, size);
     empty.fill(Qt::transparent);
-    const QIcon icon = *m_icons.insert(bundleIdentifier, QIcon(empty));
+    QIcon icon = *m_icons.insert(bundleIdentifier, QIcon(empty));
     if (!m_queue->add(bundleIdentifier))
         return icon;
     const auto read = [queue = m_queue, pixels = m_pixels](const platform::Thread& self) {

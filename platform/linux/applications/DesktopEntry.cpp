@@ -168,7 +168,7 @@ QStringList execArguments(const QString& exec)
 QString DesktopEntry::executable() const
 {
     for (const QString& word : execArguments(exec)) {
-        const QString base = QFileInfo(word).fileName();
+        QString base = QFileInfo(word).fileName();
         if (base != u"env" && !word.contains(u'=')) {
             return base;
         }

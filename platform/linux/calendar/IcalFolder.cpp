@@ -21,7 +21,7 @@ namespace
 {
 
 constexpr qint64 largestFile = qint64{32} * 1024 * 1024;
-constexpr qint64 largestNote = 64 * 1024;
+constexpr qint64 largestNote = qint64{64} * 1024;
 constexpr qsizetype mostCalendars = 200;
 constexpr qsizetype mostFilesInFolder = 20'000;
 

@@ -29,7 +29,7 @@ QByteArray takeName(QByteArray& line)
 {
     const auto end =
         std::find_if(line.cbegin(), line.cend(), [](char c) { return c == ':' || c == ';'; });
-    const QByteArray name = line.left(end - line.cbegin()).toUpper();
+    QByteArray name = line.left(end - line.cbegin()).toUpper();
     line.remove(0, end - line.cbegin());
     return name;
 }

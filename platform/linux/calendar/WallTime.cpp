@@ -18,7 +18,7 @@ const qint64 epochDay = QDate(1970, 1, 1).toJulianDay();
 class SystemZone final : public Zone
 {
 public:
-    explicit SystemZone(QTimeZone zone) : m_zone(std::move(zone)) {}
+    explicit SystemZone(const QTimeZone& zone) : m_zone(zone) {}
 
     Instant instantOf(const icaltimetype& wall) const override
     {
@@ -118,7 +118,7 @@ std::unique_ptr<Zone> definedZone(icalcomponent* vtimezone)
     ZonePtr zone(icaltimezone_new());
     if (!hasRules || !icaltimezone_set_component(zone.get(), copy.get()))
         return nullptr;
-    copy.release();
+    static_cast<void>(copy.release()); // the zone has it now
     return std::make_unique<DefinedZone>(std::move(zone));
 }
 

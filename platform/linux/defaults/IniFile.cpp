@@ -157,11 +157,10 @@ std::size_t IniFile::insertionPoint(const QString& section) const
     bool found = false;
     for (std::size_t i = 0; i < m_lines.size(); ++i) {
         const Line& line = m_lines[i];
-        if (line.kind == Kind::Section && line.section == section && !found) {
-            point = i + 1;
-            found = true;
-        } else if (line.section == section && line.kind != Kind::Section &&
-                   !line.raw.trimmed().isEmpty()) {
+        if (line.section != section)
+            continue;
+        const bool counts = line.kind == Kind::Section ? !found : !line.raw.trimmed().isEmpty();
+        if (counts) {
             point = i + 1;
             found = true;
         }

@@ -197,7 +197,7 @@ void PanelDock::derive()
         }
     }
     // A panel with a task bar comes before one with a clock, also while no window is open.
-    std::ranges::stable_partition(states, [this](const DockStatePtr& state) {
+    std::stable_partition(states.begin(), states.end(), [this](const DockStatePtr& state) {
         return m_everUsed.contains(state->windows.front().id);
     });
     {

@@ -98,6 +98,7 @@ std::vector<PlankPlace> plankPlaces(const std::vector<QPoint>& hoverPoints, Dock
     }
     const int depth = std::clamp(pitch, 1, std::max(highest - growth, 1));
     std::vector<PlankPlace> places;
+    places.reserve(hoverPoints.size());
     for (const QPoint point : hoverPoints) {
         places.push_back({standingOnEdge(along(point), pitch, depth, edge, dock),
                           standingOnEdge(along(point), pitch, depth + growth, edge, dock)});

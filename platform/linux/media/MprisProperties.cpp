@@ -14,7 +14,7 @@ namespace
 
 constexpr qsizetype LongestText = 1000;
 /// A picture of some megabytes inside the address.
-constexpr qsizetype LongestUrl = 12 * 1024 * 1024;
+constexpr qsizetype LongestUrl = qsizetype{12} * 1024 * 1024;
 
 QString textOf(const QVariant& value)
 {

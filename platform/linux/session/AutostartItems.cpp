@@ -22,7 +22,7 @@ namespace
 {
 
 // Whatever is larger is no desktop entry.
-constexpr qint64 maximalSize = 256 * 1024;
+constexpr qint64 maximalSize = qint64{256} * 1024;
 
 const QString& ownName()
 {

@@ -54,7 +54,7 @@ std::uint32_t lowerColour(std::uint32_t colour) { return (colour >> 1) & 0x7f7f7
 class Client
 {
 public:
-    explicit Client(std::string identifier) : m_instance(identifier), m_class(identifier)
+    explicit Client(const std::string& identifier) : m_instance(identifier), m_class(identifier)
     {
         m_class[0] = static_cast<char>(std::toupper(static_cast<unsigned char>(m_class[0])));
         m_connection = xcb_connect(nullptr, nullptr);
