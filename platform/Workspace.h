@@ -91,7 +91,8 @@ public:
     virtual void terminate(std::int32_t pid) = 0;
     /// By application name or by executable.
     virtual bool launchApplication(const QString& name) = 0;
-    /// By its bundle or its executable; one that runs already comes forward.
+    /// By its bundle or its executable; one that runs already comes forward. An executable that
+    /// several applications run from, such as an interpreter, stands for none of them.
     virtual bool launchApplicationAtURL(const QUrl& url, std::uint32_t options) = 0;
 
     /// 0 = normal; anything else while an application has the screen with the Dock for itself.

@@ -38,12 +38,13 @@ void hideOthers(std::int32_t pid)
     }
 }
 
-/// Starting a player that runs already brings its main window forward.
+/// Starting a player that runs already brings its main window forward. By its bundle, as its
+/// executable may be an interpreter that other programs share.
 void launchAgain(std::int32_t pid)
 {
     platform::Workspace& workspace = platform::desktop().workspace;
     if (const auto application = workspace.runningApplication(pid))
-        workspace.launchApplicationAtURL(application->executableURL,
+        workspace.launchApplicationAtURL(application->bundleURL,
                                          platform::LaunchOption::WithoutAddingToRecents |
                                              platform::LaunchOption::Async |
                                              platform::LaunchOption::AllowingClassicStartup);

@@ -338,8 +338,8 @@ TEST_F(Panel, click_raisesTheWindow)
     preview->setITunes(true);
     preview->clickImage();
     const QStringList relaunched =
-        QStringList{QStringLiteral("launch file:///editor 0x30100")} + raised;
-    expectCommands("player", relaunched);
+        QStringList{QStringLiteral("launch file:///Applications/Editor.app 0x30100")} + raised;
+    expectCommands("player, though others run from its executable", relaunched);
 
     host.settingsMirror.closeOnClick = 1;
     preview->clickImage();

@@ -208,24 +208,35 @@ bool LinuxWorkspace::launchApplication(const QString& name)
 bool LinuxWorkspace::launchApplicationAtURL(const QUrl& url, std::uint32_t)
 {
     const auto applications = m_registry.applications();
+    const auto running = [&](QUrl RunningApplication::*place) {
+        std::vector<const Application*> found;
+        for (const Application& application : applications) {
+            if (!url.isEmpty() && application.running.*place == url) {
+                found.push_back(&application);
+            }
+        }
+        return found;
+    };
+    auto meant = running(&RunningApplication::bundleURL);
+    if (meant.empty()) {
+        meant = running(&RunningApplication::executableURL);
+    }
+    // An interpreter: any choice could bring another program forward.
+    if (meant.size() > 1) {
+        return false;
+    }
     // Starting the program of one that runs would often start a second one, and for many a script
     // only its interpreter.
-    for (const Application& application : applications) {
-        if (!url.isEmpty() && application.running.executableURL == url &&
-            !application.windows.empty()) {
-            m_raiser.activate(application.running.pid);
-            return true;
-        }
+    if (!meant.empty() && !meant.front()->windows.empty()) {
+        m_raiser.activate(meant.front()->running.pid);
+        return true;
     }
     if (launchUrl(m_entries, url)) {
         return true;
     }
     // A running application without a desktop entry goes by a made-up URL.
-    const auto it = std::ranges::find_if(applications, [&](const Application& application) {
-        return application.running.bundleURL == url;
-    });
-    return it != applications.end() && !it->running.executableURL.isEmpty() &&
-           launchExecutable(it->running.executableURL.toLocalFile());
+    return !meant.empty() && !meant.front()->running.executableURL.isEmpty() &&
+           launchExecutable(meant.front()->running.executableURL.toLocalFile());
 }
 
 std::unique_ptr<WorkspaceSubscription> LinuxWorkspace::observe(WorkspaceNotification notification,

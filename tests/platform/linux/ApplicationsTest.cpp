@@ -232,6 +232,30 @@ TEST_F(ApplicationsTest, raising_a_window_and_activating_its_application_is_one_
     EXPECT_EQ(m_tracker.activeWindow(), 3U);
 }
 
+TEST_F(ApplicationsTest, launching_what_runs_brings_forward_no_other_program_of_its_interpreter)
+{
+    writeEntry(m_folder.path(), QStringLiteral("org.gnome.Lollypop"), "Name=L\nExec=lollypop\n");
+    m_loop.advance(5.0);
+    m_programs = {{101, QStringLiteral("/no/such/python3")},
+                  {302, QStringLiteral("/no/such/python3")},
+                  {400, QStringLiteral("/no/such/player")}};
+    m_tracker.add(window(1, QStringLiteral("tool"), QStringLiteral("Tool"), 101));
+    m_tracker.add(window(3, QStringLiteral("lollypop"), QStringLiteral("Lollypop"), 302));
+    m_tracker.add(window(5, QStringLiteral("player"), QStringLiteral("Player"), 400));
+    const auto activeAfter = [this](const QUrl& url) {
+        m_loop.advance(1.0);
+        m_tracker.setActive(XCB_NONE);
+        const bool isDone = m_workspace.launchApplicationAtURL(url, LaunchOption::Async);
+        EXPECT_EQ(isDone, m_tracker.activeWindow() != XCB_NONE);
+        return m_tracker.activeWindow();
+    };
+    for (const xcb_window_t id : {1U, 3U, 5U})
+        EXPECT_EQ(activeAfter(ownerOf(id)->running.bundleURL), id);
+    EXPECT_EQ(activeAfter(ownerOf(5)->running.executableURL), 5U);
+    EXPECT_EQ(activeAfter(ownerOf(1)->running.executableURL), 0U);
+    EXPECT_EQ(activeAfter({}), 0U);
+}
+
 TEST_F(ApplicationsTest, terminate_closes_windows_but_never_the_dock_or_this_program)
 {
     addPanel();
