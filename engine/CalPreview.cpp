@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <mutex>
+#include <utility>
 
 #include "engine/LXHandler.h"
 #include "model/AXRead.h"
@@ -66,8 +67,11 @@ void CalPreview::calIconHovered(const SWElementPtr& dockItem)
     LXHandler& engine = LXHandler::sharedHandler();
     const EngineSettings& settings = engine.settings();
     const bool isBusyCal = dockItem && SWElement::checkIfBusyCal(dockItem->element());
-    if (const ScreenyViewPtr shown = shownPreview(); shown && shown->BusyCal() == isBusyCal)
+    if (const ScreenyViewPtr shown = shownPreview(); shown && shown->BusyCal() == isBusyCal) {
+        if (m_wanted.dockItem)
+            m_wanted.dockItem = dockItem; // another element each time that the icon is hovered
         return;
+    }
     engine.removeAllScreenViews();
     // The key that hides the previews of windows is the one that brings up the calendar: the two
     // take turns.
@@ -78,18 +82,31 @@ void CalPreview::calIconHovered(const SWElementPtr& dockItem)
         return;
     if (eventsToCome().error != CalendarError::NotReady)
         showPreview(dockItem, isBusyCal);
+    read(dockItem, isBusyCal);
+}
+
+void CalPreview::read(const SWElementPtr& dockItem, bool isBusyCal)
+{
+    m_wanted = {dockItem, isBusyCal};
     // All of today, so that what is read now is still enough later on.
     const QDateTime now = platform::desktop().wallClock.now();
-    platform::desktop().calendarStore.refresh(platform::WallClock::startOfDay(now),
-                                              platform::WallClock::endOfDay(now),
-                                              [weak = weak_from_this(), dockItem, isBusyCal] {
+    const QDateTime day = platform::WallClock::startOfDay(now);
+    if (m_dayBeingRead == day)
+        return; // it will do for this icon, too
+    m_dayBeingRead = day;
+    platform::desktop().calendarStore.refresh(day, platform::WallClock::endOfDay(now),
+                                              [weak = weak_from_this(), day] {
                                                   if (const auto self = weak.lock())
-                                                      self->eventsRead(dockItem, isBusyCal);
+                                                      self->eventsRead(day);
                                               });
 }
 
-void CalPreview::eventsRead(const SWElementPtr& dockItem, bool isBusyCal)
+void CalPreview::eventsRead(const QDateTime& day)
 {
+    if (m_dayBeingRead != day)
+        return; // meanwhile another day has begun, which is read next
+    m_dayBeingRead = {};
+    const auto [dockItem, isBusyCal] = std::exchange(m_wanted, {});
     LXHandler& engine = LXHandler::sharedHandler();
     if (!dockItem || engine.currentDockElement() != dockItem || engine.settings().disabled)
         return;

@@ -42,13 +42,20 @@ private:
     static void addTextField(const QString& line, int index, ScreenyView& preview, float width);
     void generateCalData(ScreenyView& preview);
     void showPreview(const SWElementPtr& dockItem, bool isBusyCal);
-    /// The store has been read.
-    void eventsRead(const SWElementPtr& dockItem, bool isBusyCal);
+    /// Has the store read today, unless it is at it, and shows on this icon what it finds.
+    void read(const SWElementPtr& dockItem, bool isBusyCal);
+    void eventsRead(const QDateTime& day);
     /// The preview on screen; null when there is none.
     static ScreenyViewPtr shownPreview();
 
     bool m_shouldShowCal = false;
     QStringList m_lines; ///< as last shown
+    struct Wanted {
+        SWElementPtr dockItem;
+        bool isBusyCal = false;
+    };
+    Wanted m_wanted;          ///< the calendar icon hovered last, while its day is being read
+    QDateTime m_dayBeingRead; ///< its start; null when none is
 };
 
 } // namespace lumbrix

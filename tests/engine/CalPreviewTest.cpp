@@ -148,6 +148,11 @@ TEST_F(CalPreviewTest, panel_isAsLargeAsItsLines_inTheColourOfTheStyle)
     hover(u"Calendar"_s);
     EXPECT_EQ(preview(0).window()->frame().size(), QSizeF(730, 57));
     EXPECT_EQ(fields(preview(0)).first()->width(), 700);
+    // It ends in dots on the line, where a cut letter would reach up.
+    const QImage end = fields(preview(0)).first()->grab({690, 0, 10, 7}).toImage();
+    QImage blank = end;
+    blank.fill(end.pixel(0, 0));
+    EXPECT_TRUE(end == blank);
     // The panel is one of windows again.
     leave();
     loop.advance(1);
@@ -220,6 +225,50 @@ TEST_F(CalPreviewTest, store_takingItsTime_neverKeepsTheProgramWaiting)
     hover(u"Calendar"_s);
     loop.advance(2.1);
     EXPECT_EQ(lines(), QStringList{u"No events for today."_s});
+}
+
+TEST_F(CalPreviewTest, iconHoveredAgainWhileReading_showsWhatIsReadThen)
+{
+    addEvents(2);
+    store.delay = 2;
+    const auto hoverAgain = [this] {
+        hover(u"Calendar"_s);
+        loop.advance(1);
+        leave();
+        hover(u"Calendar"_s);
+        loop.advance(1.1);
+    };
+    hoverAgain();
+    EXPECT_EQ(lines().size(), 2) << "waited for a second time";
+    leave();
+    loop.advance(3);
+    EXPECT_EQ(std::exchange(store.refreshes, 0), 1);
+
+    addEvents(1);
+    hoverAgain();
+    EXPECT_EQ(lines().size(), 3) << "as they were before";
+    leave();
+    loop.advance(1);
+    // The other calendar's icon has no use for a second reading either, but another day has.
+    store.refreshes = 0;
+    addEvents(1);
+    hover(u"Calendar"_s);
+    loop.advance(1);
+    hover(u"BusyCal"_s);
+    loop.advance(1.1);
+    EXPECT_EQ(lines().size(), 4);
+    EXPECT_TRUE(preview(0).BusyCal());
+    EXPECT_EQ(store.refreshes, 1);
+    leave();
+    loop.advance(1);
+    hover(u"Calendar"_s);
+    leave();
+    loop.advance(1);
+    desk.wallClock().set(at(9, 0, 12));
+    addEvent(u"Standup"_s, at(9, 15, 12), at(9, 45, 12));
+    hover(u"Calendar"_s);
+    loop.advance(4);
+    EXPECT_EQ(lines(), QStringList{u"9:15 AM - 9:45 AM Standup"_s});
 }
 
 TEST_F(CalPreviewTest, modifierKeys_decideWhetherItIsShown)
