@@ -182,8 +182,22 @@ TEST_F(HoverDispatchTest, minimisedIcon_showsItsOneWindow)
 
     const WindowID number = desk.stacking().front();
     desk.minimizeWindow(number);
+    settings().showInDock = 0;
     hover(u"Notes 2"_s);
+    EXPECT_EQ(shown(), u""_s);
+    leave();
+    settings().showInDock = 1;
+    delays.delay = 0.4F;
+    hover(u"Notes 2"_s);
+    loop.advance(0.39);
+    EXPECT_EQ(shown(), u""_s);
+    loop.advance(0.01);
     EXPECT_EQ(shown(), u"Notes 2"_s);
+    delays.delay = 0;
+    preview(0).setTitleString(u"Left alone"_s);
+    leave();
+    hover(u"Notes 2"_s);
+    EXPECT_EQ(shown(), u"Left alone"_s);
     const int captures = desk.captures(number);
     desk.changeWindow(number, [](auto& window) { window.title = u"Renamed"_s; });
     loop.advance(0.5);

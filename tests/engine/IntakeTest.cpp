@@ -39,6 +39,14 @@ TEST_F(Intake, quickMovesAlongTheDock_dispatchOnlyTheItemRestedOn)
     delays.notIfOpen = 1;
     hover(u"Maps"_s);
     EXPECT_EQ(shown(), u"Maps 1"_s);
+    // Either sign of it is enough.
+    engine().setShouldInstantShow(false);
+    hover(u"Notes"_s);
+    EXPECT_EQ(shown(), u"Notes 1"_s);
+    engine().removeAllScreenViews();
+    engine().setShouldInstantShow(true);
+    hover(u"Maps"_s);
+    EXPECT_EQ(shown(), u"Maps 1"_s);
     desk.quitApplication(maps); // its windows with it
     loop.advance(1);
     EXPECT_EQ(shown(), u""_s);
