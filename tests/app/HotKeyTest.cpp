@@ -179,6 +179,7 @@ TEST_F(HotKeyTest, clicks_duringTheSwitcher_goToThePreviewUnderTheMouse)
     EXPECT_FALSE(click(TapEvent::Type::LeftMouseDown)) << "beside the preview";
     desk.movePointer(engine().screenyViews().front()->window()->frame().center());
     EXPECT_TRUE(click(TapEvent::Type::LeftMouseUp)) << "which does nothing more";
+    loop.advance(0.05);
     EXPECT_NE(desk.activeApplication(), pid);
     EXPECT_TRUE(click(TapEvent::Type::LeftMouseDown));
     loop.advance(0.05);

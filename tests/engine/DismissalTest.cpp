@@ -88,6 +88,8 @@ TEST_F(DismissalTest, exitDelay_isAddedToTheTick_andForgottenWhenTheMouseIsBack)
     EXPECT_EQ(shown(), both);
     loop.advance(0.01);
     EXPECT_EQ(shown(), u""_s);
+    EXPECT_NE(engine().currentDockElement(), nullptr); // unlike without a delay
+    EXPECT_TRUE(isAtRest());
 
     leave();
     hover(u"Notes"_s);
@@ -96,6 +98,41 @@ TEST_F(DismissalTest, exitDelay_isAddedToTheTick_andForgottenWhenTheMouseIsBack)
     movePointerTo(preview(0));
     loop.advance(5);
     EXPECT_EQ(shown(), both);
+}
+
+TEST_F(DismissalTest, removals_differInPanelsTapAndTimers)
+{
+    add(u"Notes"_s, 2);
+    const struct {
+        void (LXHandler::*remove)();
+        int panels; ///< on screen until the next pass of the loop
+        bool isFinal;
+    } cases[] = {{&LXHandler::removeAllScreenViews, 2, true},
+                 {&LXHandler::removeAllScreenViewsNOW, 0, true},
+                 {&LXHandler::removeAllScreenViewsLeavingTimersAlone, 0, false}};
+    for (const auto& [remove, panels, isFinal] : cases) {
+        for (const bool byTab : {false, true}) { // each has a timer of its own beside the update's
+            if (byTab) {
+                desk.openSwitcher({{u"Notes"_s}});
+            } else {
+                hover(u"Notes"_s);
+                desk.leaveDock();
+            }
+            loop.runUntilIdle();
+            ASSERT_EQ(shown(), both);
+            ASSERT_TRUE(isTapOn() && isBubbleUp());
+            (engine().*remove)();
+            EXPECT_EQ(shown(), u""_s);
+            EXPECT_EQ(panelsOnScreen(), panels);
+            EXPECT_FALSE(isBubbleUp());
+            EXPECT_EQ(isTapOn(), !isFinal);
+            loop.runUntilIdle();
+            EXPECT_EQ(panelsOnScreen(), 0);
+            EXPECT_EQ(isAtRest(), isFinal) << byTab;
+            desk.closeSwitcher();
+            loop.advance(1);
+        }
+    }
 }
 
 TEST_F(DismissalTest, movedRow_isLeftInPeaceForOneSecond)

@@ -32,6 +32,7 @@ protected:
         Companions companions;
         companions.hotKeyCenter = m_hotKeys;
         companions.calendarPreview = calendarPreview ? calendarPreview : m_calendar;
+        companions.helpBubble = m_bubble;
         companions.windowCountBadger = badges;
         companions.playerControls = std::make_shared<MediaControls>();
         LXHandler::installCompanions(companions);
@@ -103,6 +104,13 @@ protected:
         return count;
     }
     bool isTapOn() const { return m_hotKeys->isTapOn; }
+    bool isBubbleUp() const { return m_bubble->isUp; }
+    /// Whether all that is left to come is the scan every 2.5 seconds. Lets time pass.
+    bool isAtRest()
+    {
+        loop.advance(loop.timeUntilNextEvent().value_or(0));
+        return loop.timeUntilNextEvent() == 2.5;
+    }
     const QStringList& calendarItems() const { return m_calendar->items; }
 
     const std::shared_ptr<WinNumberBadger> badges = std::make_shared<WinNumberBadger>();
@@ -121,6 +129,12 @@ private:
         void toggleEventTap(bool on) override { isTapOn = on; }
         bool isTapOn = false;
     };
+    struct Bubble final : HelpBubble {
+        void setShouldBubbleWrap(bool) override {}
+        void positionAndShowBubble(const std::vector<ScreenyViewPtr>&) override { isUp = true; }
+        void hideBubble() override { isUp = false; }
+        bool isUp = false;
+    };
     struct Calendar final : CalendarPreview {
         void setShouldShowCal(bool) override {}
         bool shouldShowCal() const override { return true; }
@@ -132,6 +146,7 @@ private:
     };
 
     const std::shared_ptr<HotKeys> m_hotKeys = std::make_shared<HotKeys>();
+    const std::shared_ptr<Bubble> m_bubble = std::make_shared<Bubble>();
     const std::shared_ptr<Calendar> m_calendar = std::make_shared<Calendar>();
     std::unique_ptr<SWObserver> m_dockObserver;
 };

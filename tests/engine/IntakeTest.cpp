@@ -52,14 +52,21 @@ TEST_F(Intake, quickMovesAlongTheDock_dispatchOnlyTheItemRestedOn)
     EXPECT_EQ(shown(), u""_s);
 }
 
-TEST_F(Intake, waitingDispatch_isDroppedWhenTheMouseLeavesTheDock)
+TEST_F(Intake, waitingDispatch_isDroppedWithTheNextSelection)
 {
     add(u"Notes"_s, 1);
     delays.delay = 0.4F;
-    hover(u"Notes"_s);
+    const std::function<void()> selections[] = {
+        [this] { desk.leaveDock(); },
+        [this] { desk.openSwitcher({{u"Ghost"_s}}); },
+    };
+    for (const auto& select : selections) {
+        hover(u"Notes"_s);
+        select();
+        loop.advance(2);
+        EXPECT_EQ(shown(), u""_s);
+    }
     leave();
-    loop.advance(2);
-    EXPECT_EQ(shown(), u""_s);
     // Without a controller behind the notification there is no delay.
     observeDock(nullptr);
     hover(u"Notes"_s);
@@ -188,6 +195,40 @@ TEST_F(Intake, movingOnWhileARowIsUp_waitsUntilTheMouseRests)
     desk.hoverDockItem(u"Notes"_s);
     loop.advance(1);
     EXPECT_EQ(shown(), u"Notes 2, Notes 1"_s);
+}
+
+TEST_F(Intake, leavingTheDock_dropsTheItemThatTheMouseWasToRestOn)
+{
+    add(u"Notes"_s, 2);
+    add(u"Maps"_s, 1);
+    for (const bool toTheTrash : {false, true}) {
+        hover(u"Notes"_s);
+        ASSERT_EQ(shown(), u"Notes 2, Notes 1"_s);
+        desk.hoverDockItem(u"Maps"_s);
+        loop.advance(0.01);
+        ASSERT_EQ(loop.runningThreads("mouse-checker"), 1);
+        if (toTheTrash)
+            hover(u"Trash"_s);
+        else
+            leave();
+        EXPECT_EQ(engine().shouldInstantShow(), toTheTrash);
+        loop.advance(1);
+        EXPECT_EQ(shown(), u""_s) << toTheTrash;
+    }
+}
+
+using Start = DesktopFixture;
+
+TEST_F(Start, applicationsThatRunAlready_areObserved)
+{
+    const Pid notes = addApplication(u"Notes"_s, 1);
+    LXHandler& engine = LXHandler::sharedHandler();
+    loop.runUntilIdle(); // the first scan; the next one is far
+    desk.addWindow(notes, {u"New"_s});
+    loop.runUntilIdle();
+    EXPECT_EQ(engine.inventory().countForPID(notes), 2);
+    loop.shutdown();
+    LXHandler::releaseSharedHandler();
 }
 
 } // namespace

@@ -1,0 +1,32 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include "model/Modifiers.h"
+#include "platform/InputState.h"
+#include "tests/support/DesktopFixture.h"
+
+namespace lumbrix::test
+{
+namespace
+{
+
+using Modifiers = DesktopFixture;
+
+TEST_F(Modifiers, key_isHeldOnlyAsTheOneOfItsIndex)
+{
+    using namespace platform::ModifierFlag;
+    constexpr std::uint32_t all = Option | Control | Shift | Command;
+    const struct {
+        int index;
+        std::uint32_t flag;
+    } cases[] = {{1, Option}, {2, Control}, {3, Shift}, {0, Command}, {4, Command}, {-1, Command}};
+    for (const auto& [index, flag] : cases) {
+        desk.setModifiers(flag);
+        EXPECT_TRUE(isModifierHeld(index)) << index;
+        desk.setModifiers(all & ~flag);
+        EXPECT_FALSE(isModifierHeld(index)) << index;
+    }
+}
+
+} // namespace
+} // namespace lumbrix::test
