@@ -159,11 +159,17 @@ TEST_F(DismissalTest, previewsThatNeverClose_stayUntilSomethingElseEndsThem)
     loop.advance(60);
     EXPECT_EQ(shown(), both);
     const auto captures = [this] { return desk.captures(desk.stacking().front()); };
-    const int before = captures();
+    int before = captures();
     loop.advance(10);
     EXPECT_EQ(captures(), before + 10); // updates are slower, too
     hover(u"Trash"_s);
     EXPECT_EQ(shown(), u""_s);
+
+    desk.openSwitcher({{u"Notes"_s}}); // its previews do not stay
+    loop.runUntilIdle();
+    before = captures();
+    loop.advance(10);
+    EXPECT_EQ(captures(), before + 20);
 }
 
 TEST_F(DismissalTest, activation_closesThePreviewsOfADockItem_whereAsked)
