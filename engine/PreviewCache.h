@@ -29,7 +29,6 @@ public:
     void clearCache();
     /// Takes the panels of all idle previews off the screen.
     void orderCacheOut();
-    void releaseAll() { m_cacheArray.clear(); }
 
     const std::vector<ScreenyViewPtr>& cacheArray() const { return m_cacheArray; }
     static QString interfaceFileForStyle(int previewStyle);

@@ -5,21 +5,10 @@
 
 #include <QtGui/QPainter>
 
+#include "preview/OnGrey.h"
+
 namespace lumbrix
 {
-namespace
-{
-
-/// What the colour makes of a wallpaper of middling grey, for where nothing is blended.
-QColor onGrey(const QColor& color)
-{
-    const qreal rest = (1 - color.alphaF()) * 0.5;
-    return QColor::fromRgbF(static_cast<float>(color.redF() * color.alphaF() + rest),
-                            static_cast<float>(color.greenF() * color.alphaF() + rest),
-                            static_cast<float>(color.blueF() * color.alphaF() + rest));
-}
-
-} // namespace
 
 DBOverlayWindow::DBOverlayWindow(QWidget* parent) : MAWindow(parent)
 {

@@ -14,6 +14,7 @@
 
 #include "preview/ImageButton.h"
 #include "preview/KeyLabel.h"
+#include "preview/OnGrey.h"
 #include "preview/PictureButton.h"
 #include "preview/TitleLabel.h"
 
@@ -28,14 +29,6 @@ QColor opaque(QColor color)
 {
     color.setAlpha(255);
     return color;
-}
-
-/// A translucent colour as it would look on a medium grey.
-QColor onGrey(const QColor& color)
-{
-    const qreal a = color.alphaF();
-    const auto mix = [a](qreal c) { return static_cast<float>(c * a + 0.5 * (1 - a)); };
-    return QColor::fromRgbF(mix(color.redF()), mix(color.greenF()), mix(color.blueF()));
 }
 
 } // namespace
@@ -267,12 +260,14 @@ void PanelBackground::paintEvent(QPaintEvent*)
     // below the parts is drawn once and shared.
     const bool isBody = hasBody();
     const QRect part = isBody ? body() : pictureRect();
-    QString key = u"lumbrix-panel/"_qs;
+    QString key = u"lumbrix-panel"_qs;
+    for (const QColor& color : {m_fillTop, m_fillBottom, m_outline, m_highlight})
+        key += color.name(QColor::HexArgb);
     for (const qreal number :
-         {qreal(m_fillTop.rgba()), qreal(m_outline.rgba()), m_cornerRadius, qreal(width()),
+         {m_cornerRadius, m_parts.image ? m_parts.image->cornerRadius() : 0, qreal(width()),
           qreal(height()), devicePixelRatioF(), qreal(m_hovered), qreal(m_shaped), qreal(isBody),
           qreal(part.width()), qreal(part.height())})
-        key += QString::number(number) + QLatin1Char('/');
+        key += QLatin1Char('/') + QString::number(number);
     QPixmap pixmap;
     if (!QPixmapCache::find(key, &pixmap)) {
         pixmap = QPixmap((QSizeF(size()) * devicePixelRatioF()).toSize());

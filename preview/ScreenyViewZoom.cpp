@@ -5,8 +5,8 @@
 #include "preview/ScreenyView.h"
 
 #include "model/EngineSettings.h"
+#include "model/MouseRest.h"
 #include "platform/Desktop.h"
-#include "platform/InputState.h"
 #include "preview/ImageButton.h"
 #include "preview/InterfaceFile.h"
 #include "preview/PictureView.h"
@@ -17,22 +17,7 @@ namespace lumbrix
 namespace
 {
 
-// Widened on purpose: the pause is the single-precision value.
-constexpr platform::Seconds restInterval = 0.02f;
 constexpr platform::Seconds zoomRefreshInterval = 0.5;
-
-/// Returns once the pointer kept still for one interval; false when the thread was cancelled first.
-bool waitForRest(const platform::Thread& self)
-{
-    const platform::Desktop& desktop = platform::desktop();
-    while (!self.isCancelled()) {
-        const QPointF before = desktop.inputState.mouseLocation();
-        desktop.runLoop.sleep(restInterval);
-        if (desktop.inputState.mouseLocation() == before)
-            return !self.isCancelled();
-    }
-    return false;
-}
 
 } // namespace
 
@@ -56,7 +41,7 @@ void ScreenyView::armZoom()
     m_zoomWatch = isCurrent;
     m_mouseCheckerThread = runLoop.detachThread(
         "zoom", [&runLoop, weak = weak_from_this(), isCurrent](const platform::Thread& self) {
-            if (!waitForRest(self))
+            if (!waitForMouseRest(self))
                 return;
             runLoop.performOnMainThread(
                 [weak, isCurrent] {

@@ -222,6 +222,21 @@ TEST_F(Panel, painting_happensOncePerChange_andNotWhileHeld)
     EXPECT_FALSE(preview->isHeld());
 }
 
+TEST_F(Panel, backgrounds_ofDifferentColours_lookDifferent)
+{
+    const auto look = [this](const char* changed, int blue) {
+        const ScreenyViewPtr preview = load();
+        QWidget* const background = part(preview, "background");
+        for (const char* colour : {"fillTop", "fillBottom", "outline", "highlight"})
+            background->setProperty(colour, QColor(0, 0, colour == changed ? blue : 0));
+        return background->grab().toImage();
+    };
+    for (const char* colour : {"fillTop", "fillBottom", "outline", "highlight"}) {
+        EXPECT_EQ(look(colour, 200), look(colour, 200));
+        EXPECT_NE(look(colour, 200), look(colour, 201)) << colour;
+    }
+}
+
 TEST_F(Panel, roundedPicture_looksLikeOneDrawnInOnePiece)
 {
     for (const qreal ratio : {1.0, 2.0}) {
