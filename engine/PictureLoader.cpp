@@ -7,6 +7,7 @@
 #include <deque>
 #include <mutex>
 #include <optional>
+#include <vector>
 
 #include "engine/LXHandler.h"
 #include "platform/Desktop.h"
@@ -28,48 +29,82 @@ constexpr int mostThreads = 2;
 class PictureLoader::Queue
 {
 public:
-    struct Task {
-        SWElementPtr window;
-        QSize limit;
-        std::function<void(const QImage&)> done; ///< on that thread; may be null
-    };
+    /// On the thread that captured.
+    using Done = std::function<void(const WindowPicture&)>;
 
-    /// Whether another thread should be started.
-    bool add(Task task)
+    /// Whether another thread should be started. A window that waits already is captured once, as
+    /// it was asked for last.
+    bool add(const SWElementPtr& window, QSize limit, Done done)
     {
         const std::lock_guard lock(m_mutex);
-        m_tasks.push_back(std::move(task));
+        const auto waiting = std::find_if(m_tasks.begin(), m_tasks.end(),
+                                          [&](const Task& task) { return task.window == window; });
+        if (waiting != m_tasks.end()) {
+            waiting->limit = limit;
+            waiting->done.push_back(std::move(done));
+            return false;
+        }
+        m_tasks.push_back({window, limit, {std::move(done)}});
         if (m_threads == mostThreads)
             return false;
         ++m_threads;
         return true;
     }
 
+    /// Whether the window waits, or is being captured.
+    bool holds(const SWElementPtr& window) const
+    {
+        const std::lock_guard lock(m_mutex);
+        return isUnderWay(window) ||
+               std::any_of(m_tasks.begin(), m_tasks.end(),
+                           [&](const Task& task) { return task.window == window; });
+    }
+
     void work()
     {
         while (const auto task = next()) {
-            const QImage picture = task->window->grabWindow(task->limit);
-            if (task->done)
-                task->done(picture);
+            const WindowPicture picture = task->window->grabWindow(task->limit);
+            for (const Done& done : task->done)
+                done(picture);
+            const std::lock_guard lock(m_mutex);
+            std::erase(m_underWay, task->window);
         }
     }
 
 private:
+    struct Task {
+        SWElementPtr window;
+        QSize limit;
+        std::vector<Done> done;
+    };
+
     std::optional<Task> next()
     {
         const std::lock_guard lock(m_mutex);
-        if (m_tasks.empty()) {
+        // A window that is being captured is left to the thread that does it: any other would wait
+        // for that too.
+        const auto free = std::find_if(m_tasks.begin(), m_tasks.end(), [this](const Task& task) {
+            return !isUnderWay(task.window);
+        });
+        if (free == m_tasks.end()) {
             --m_threads;
             return std::nullopt;
         }
-        Task task = std::move(m_tasks.front());
-        m_tasks.pop_front();
+        Task task = std::move(*free);
+        m_tasks.erase(free);
+        m_underWay.push_back(task.window);
         return task;
     }
 
-    std::mutex m_mutex;
-    std::deque<Task> m_tasks; // guarded by m_mutex
-    int m_threads = 0;        // guarded by m_mutex
+    bool isUnderWay(const SWElementPtr& window) const
+    {
+        return std::find(m_underWay.begin(), m_underWay.end(), window) != m_underWay.end();
+    }
+
+    mutable std::mutex m_mutex;           // guards what follows
+    std::deque<Task> m_tasks;             ///< one for a window
+    std::vector<SWElementPtr> m_underWay; ///< of these, one for a thread at most
+    int m_threads = 0;
 };
 
 PictureLoader::PictureLoader(LXHandler& handler)
@@ -114,62 +149,68 @@ void PictureLoader::letGo()
 void PictureLoader::load(const ScreenyViewPtr& preview)
 {
     const SWElementPtr window = preview->elementRef();
-    if (window->grabWindowAtHand(preview->pictureLimit())) {
-        preview->setCapture(window->screenshot());
+    if (const auto picture = window->grabWindowAtHand(preview->pictureLimit())) {
+        window->setScreenshot(*picture);
+        preview->setCapture(picture->image);
         return;
     }
     ++m_waiting;
     // One that is used again on the spot would show nothing, or its former window.
     preview->window()->orderOut();
-    platform::RunLoop& runLoop = platform::desktop().runLoop;
-    captureLater(window, preview->pictureLimit(),
-                 [this, window, weak = std::weak_ptr(preview), round = m_round,
-                  alive = std::weak_ptr(m_alive), &runLoop](const QImage& picture) {
-                     runLoop.performOnMainThread(
-                         [this, window, picture, weak, round, alive] {
-                             if (alive.expired())
-                                 return;
-                             // It may be the preview of something else by now, or have something
-                             // better to show.
-                             const ScreenyViewPtr shown = weak.lock();
-                             if (shown && shown->elementRef() == window && shown->image().isNull())
-                                 shown->setCapture(picture);
-                             if (round == m_round && --m_waiting == 0)
-                                 letGo();
-                         },
-                         false);
-                 });
+    captureLater(*preview, [this, round = m_round, alive = std::weak_ptr(m_alive)](
+                               ScreenyView* shown, const QImage& picture) {
+        if (alive.expired())
+            return;
+        // It may have something better to show by now.
+        if (shown && shown->image().isNull())
+            shown->setCapture(picture);
+        if (round == m_round && --m_waiting == 0)
+            letGo();
+    });
 }
 
 void PictureLoader::loadUnseen(const ScreenyViewPtr& preview)
 {
-    const SWElementPtr window = preview->elementRef();
-    platform::RunLoop& runLoop = platform::desktop().runLoop;
-    captureLater(window, preview->pictureLimit(),
-                 [window, weak = std::weak_ptr(preview), &runLoop](const QImage& picture) {
-                     runLoop.performOnMainThread(
-                         [window, picture, weak] {
-                             const ScreenyViewPtr shown = weak.lock();
-                             if (shown && shown->elementRef() == window)
-                                 shown->setImage(picture);
-                         },
-                         false);
-                 });
+    captureLater(*preview, [](ScreenyView* shown, const QImage& picture) {
+        if (shown)
+            shown->setImage(picture);
+    });
 }
 
-void PictureLoader::updateScreenshot(const ScreenyView& preview)
+void PictureLoader::updateScreenshot(ScreenyView& preview)
 {
     const SWElementPtr& window = preview.elementRef();
-    if (!window->grabWindowAtHand(preview.pictureLimit()))
-        captureLater(window, preview.pictureLimit(), nullptr);
+    // A slow server is not asked again before it has answered: it would fall further behind with
+    // every update, and bring pictures that are long out of date.
+    if (m_queue->holds(window))
+        return;
+    if (const auto picture = window->grabWindowAtHand(preview.pictureLimit()))
+        window->setScreenshot(*picture);
+    else
+        captureLater(preview, [](ScreenyView*, const QImage&) {});
 }
 
-void PictureLoader::captureLater(const SWElementPtr& window, QSize limit,
-                                 std::function<void(const QImage&)> done)
+void PictureLoader::captureLater(ScreenyView& preview, Arrived arrived)
 {
-    if (m_queue->add({window, limit, std::move(done)}))
-        platform::desktop().runLoop.detachThread(
-            "capture", [queue = m_queue](const platform::Thread&) { queue->work(); });
+    platform::RunLoop& runLoop = platform::desktop().runLoop;
+    const SWElementPtr window = preview.elementRef();
+    const auto done = [window, weak = preview.weak_from_this(), arrived = std::move(arrived),
+                       &runLoop](const WindowPicture& picture) {
+        runLoop.performOnMainThread(
+            [window, weak, arrived, picture] {
+                // The panel may be gone, or be the preview of something else by now; the picture
+                // is then nobody's.
+                const ScreenyViewPtr preview = weak.lock();
+                const bool isShown = preview && preview->elementRef() == window;
+                if (isShown)
+                    window->setScreenshot(picture);
+                arrived(isShown ? preview.get() : nullptr, picture.image);
+            },
+            false);
+    };
+    if (m_queue->add(window, preview.pictureLimit(), done))
+        runLoop.detachThread("capture",
+                             [queue = m_queue](const platform::Thread&) { queue->work(); });
 }
 
 } // namespace lumbrix

@@ -4,7 +4,7 @@
 // The pictures of the previews, brought without keeping the main thread waiting.
 #pragma once
 
-#include <QtCore/QSize>
+#include <QtGui/QImage>
 
 #include <functional>
 #include <memory>
@@ -38,15 +38,17 @@ public:
     /// anything waiting for that.
     void loadUnseen(const ScreenyViewPtr& preview);
     /// Captures the window of the preview; the picture lands in the window's screenshot, now or
-    /// later.
-    void updateScreenshot(const ScreenyView& preview);
+    /// later, if the preview still shows that window then. Nothing while a capture of the window is
+    /// under way.
+    void updateScreenshot(ScreenyView& preview);
 
 private:
     class Queue;
 
     void load(const ScreenyViewPtr& preview);
-    void captureLater(const SWElementPtr& window, QSize limit,
-                      std::function<void(const QImage&)> done);
+    /// Main thread. The preview is null when it does not show that window any more.
+    using Arrived = std::function<void(ScreenyView* preview, const QImage& picture)>;
+    void captureLater(ScreenyView& preview, Arrived arrived);
     void letGo();
 
     LXHandler& m_handler;

@@ -25,6 +25,15 @@ QUrl standardized(const QUrl& url)
     return url.adjusted(QUrl::NormalizePathSegments | QUrl::StripTrailingSlash);
 }
 
+WindowPicture pictureOf(const QImage& image, QSize limit, QSizeF windowSize)
+{
+    // Small windows are not reduced; and they may end between two pixels.
+    const bool isWhole =
+        !image.isNull() &&
+        (limit.isEmpty() || image.deviceIndependentSize().width() > windowSize.width() - 2);
+    return {image, isWhole};
+}
+
 } // namespace
 
 QString SWElement::notResponding() { return QStringLiteral("Not Responding"); }
@@ -62,30 +71,21 @@ std::optional<QSizeF> SWElement::sizeToCapture() const
     return bounds->size();
 }
 
-void SWElement::keepScreenshot(const QImage& picture, QSize limit, QSizeF windowSize)
-{
-    // Small windows are not reduced; and they may end between two pixels.
-    m_isScreenshotWhole =
-        limit.isEmpty() || picture.deviceIndependentSize().width() > windowSize.width() - 2;
-    setScreenshot(picture);
-}
-
-QImage SWElement::grabWindow(QSize limit)
+WindowPicture SWElement::grabWindow(QSize limit) const
 {
     const auto size = sizeToCapture();
-    QImage picture = size ? platform::desktop().windowServer.captureWindow(m_wid, limit) : QImage();
-    keepScreenshot(picture, limit, size.value_or(QSizeF()));
-    return picture;
+    if (!size)
+        return {};
+    return pictureOf(platform::desktop().windowServer.captureWindow(m_wid, limit), limit, *size);
 }
 
-bool SWElement::grabWindowAtHand(QSize limit)
+std::optional<WindowPicture> SWElement::grabWindowAtHand(QSize limit) const
 {
     const auto size = sizeToCapture();
-    const auto picture = size ? platform::desktop().windowServer.pictureAtHand(m_wid, limit)
-                              : std::optional(QImage());
-    if (picture)
-        keepScreenshot(*picture, limit, size.value_or(QSizeF()));
-    return picture.has_value();
+    if (!size)
+        return WindowPicture();
+    const auto image = platform::desktop().windowServer.pictureAtHand(m_wid, limit);
+    return image ? std::optional(pictureOf(*image, limit, *size)) : std::nullopt;
 }
 
 int SWElement::getSpaceNumber()
@@ -214,14 +214,19 @@ void SWElement::setFrame(const QRectF& frame)
 QImage SWElement::screenshot() const
 {
     const std::lock_guard lock(m_mutex);
-    return m_screenshot;
+    return m_screenshot.image;
 }
 
-void SWElement::setScreenshot(const QImage& image)
+QImage SWElement::wholeScreenshot() const
 {
-    QImage old = image; // freed after the lock is released
     const std::lock_guard lock(m_mutex);
-    m_screenshot.swap(old);
+    return m_screenshot.isWhole ? m_screenshot.image : QImage();
+}
+
+void SWElement::setScreenshot(WindowPicture picture)
+{
+    const std::lock_guard lock(m_mutex);
+    std::swap(m_screenshot, picture);
 }
 
 QString SWElement::bundle() const

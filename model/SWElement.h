@@ -29,6 +29,12 @@ namespace lumbrix
 class SWElement;
 using SWElementPtr = std::shared_ptr<SWElement>;
 
+/// What was captured of a window.
+struct WindowPicture {
+    QImage image;         ///< null when there is no picture
+    bool isWhole = false; ///< there is one, and it was not reduced
+};
+
 /// Any thread: records are shared between the scanner, the capture threads and the main thread, so
 /// each field is guarded. Accessibility reads that fail make a query answer false, null or the zero
 /// rectangle; nothing is reported.
@@ -96,13 +102,12 @@ public:
     }
     /// The same, and what it ends at.
     WindowVerdict matchWindow(const platform::WindowList& windowList);
-    /// Captures the window into screenshot and returns it; null when there is no picture. A limit
-    /// (pixels) reduces it to what just fits.
-    QImage grabWindow(QSize limit = {});
-    /// The same if no copying has to be waited for, and true; else false, and nothing changes.
-    bool grabWindowAtHand(QSize limit);
-    /// Whether the screenshot was not reduced.
-    bool isScreenshotWhole() const { return m_isScreenshotWhole; }
+    /// Captures the window; a limit (pixels) reduces the picture to what just fits. Keeps nothing:
+    /// whoever shows the window makes it the screenshot, so that a picture that comes late does not
+    /// stay with a window that nobody looks at any more.
+    WindowPicture grabWindow(QSize limit = {}) const;
+    /// The same if no copying has to be waited for, else nothing.
+    std::optional<WindowPicture> grabWindowAtHand(QSize limit) const;
     int getSpaceNumber();
     int getSpaceNumber(const platform::WindowList& windowList);
     /// Whether it is still a window worth previewing.
@@ -134,7 +139,8 @@ public:
     int spaceNumber() const { return m_spaceNumber; }
     void setSpaceNumber(int number) { m_spaceNumber = number; }
     QImage screenshot() const;
-    void setScreenshot(const QImage& image);
+    QImage wholeScreenshot() const; ///< null when it was reduced
+    void setScreenshot(WindowPicture picture);
     QString bundle() const;
     void setBundle(const QString& bundle);
 
@@ -158,7 +164,6 @@ private:
     std::optional<QString> titleFrom(const platform::AXResult& read) const;
     WindowVerdict judgeSubrole(int filterLevel) const;
     std::optional<QSizeF> sizeToCapture() const;
-    void keepScreenshot(const QImage& picture, QSize limit, QSizeF windowSize);
 
     const platform::ElementRef m_element;
     std::atomic<std::int32_t> m_pid{0};
@@ -169,14 +174,13 @@ private:
     std::atomic<bool> m_isMouseConfirmed{false};
     std::atomic<bool> m_willBeChanged{false};
     std::atomic<bool> m_isCal{false};
-    std::atomic<bool> m_isScreenshotWhole{true};
     /// The last existence check said "exists": keeps a window that stops answering.
     std::atomic<bool> m_previouslyGood{false};
 
     mutable std::mutex m_mutex; ///< guards the members below
     QUrl m_url;
     QRectF m_frame;
-    QImage m_screenshot;
+    WindowPicture m_screenshot;
     QString m_bundle;
 };
 

@@ -81,8 +81,12 @@ void ScreenyView::showZoomWindow()
     if (!frame.isEmpty()) {
         m_zoomWindow->setFrame(frame);
         m_zoomWindow->setWindowTitle(m_window->windowTitle());
-        if (!m_elementRef->isScreenshotWhole() && !m_elementRef->grabWindowAtHand({}))
-            grabWhole();
+        if (m_elementRef->wholeScreenshot().isNull()) {
+            if (const auto picture = m_elementRef->grabWindowAtHand({}))
+                m_elementRef->setScreenshot(*picture);
+            else
+                grabWhole();
+        }
         updateTimer();
     }
     setTimer();
@@ -93,12 +97,13 @@ void ScreenyView::grabWhole()
     platform::RunLoop& runLoop = platform::desktop().runLoop;
     runLoop.detachThread("capture", [&runLoop, element = m_elementRef,
                                      weak = weak_from_this()](const platform::Thread&) {
-        element->grabWindow();
         runLoop.performOnMainThread(
-            [weak, element] {
+            [weak, element, picture = element->grabWindow()] {
                 const ScreenyViewPtr preview = weak.lock();
-                if (preview && preview->m_elementRef == element)
-                    preview->updateTimer();
+                if (!preview || preview->m_elementRef != element)
+                    return;
+                element->setScreenshot(picture);
+                preview->updateTimer();
             },
             false);
     });
@@ -117,12 +122,14 @@ void ScreenyView::setTimer()
 
 void ScreenyView::updateTimer()
 {
-    if (!m_zoomWindow || !m_elementRef || !m_zoomImageView || !m_elementRef->isScreenshotWhole())
+    if (!m_zoomWindow || !m_elementRef || !m_zoomImageView)
         return;
-    const QImage picture = m_elementRef->screenshot();
-    m_zoomImageView->setImage(picture);
     // Without a picture the panel would be a hole to look through, or black.
-    if (!picture.isNull() && !m_zoomWindow->frame().isEmpty() && !m_zoomWindow->isVisible())
+    const QImage picture = m_elementRef->wholeScreenshot();
+    if (picture.isNull())
+        return;
+    m_zoomImageView->setImage(picture);
+    if (!m_zoomWindow->frame().isEmpty() && !m_zoomWindow->isVisible())
         m_zoomWindow->orderFrontRegardless();
 }
 

@@ -106,6 +106,39 @@ TEST_F(MediaTest, musicPlayerOfAnotherName_everyStandardWindow_isTheMainOne)
         << qPrintable(shown());
 }
 
+TEST_F(MediaTest, musicPlayer_withArtwork_isZoomedAsItsWindow)
+{
+    const Pid pid = addPlayer(u"Player"_s, u"org.example.Player"_s, ApplicationRole::MusicPlayer);
+    desk.addWindow(pid, {.title = u"Main"_s, .color = Qt::green});
+    play(u"iTunes"_s, {{u"Ann"_s, u"First"_s, {picture(Qt::red)}}});
+    settings().zoomWindows = 1;
+    settings().disableLivePreviews = 1;
+    loop.runUntilIdle();
+    hover(u"Player"_s);
+    enter();
+    loop.advance(0.05);
+    ASSERT_TRUE(preview(0).zoomWindow());
+    EXPECT_TRUE(preview(0).zoomWindow()->isVisible());
+    EXPECT_EQ(preview(0).zoomWindow()->grab().toImage().pixelColor(5, 5), QColor(Qt::green));
+    EXPECT_EQ(preview(0).image().pixelColor(5, 5), QColor(Qt::red));
+}
+
+TEST_F(MediaTest, musicPlayer_minimised_tellsTheTrackOfItsIcon)
+{
+    const Pid pid = addPlayer(u"Player"_s, u"org.example.Player"_s, ApplicationRole::MusicPlayer);
+    const WindowID window = desk.addWindow(pid, {u"Main"_s});
+    play(u"iTunes"_s, {{u"Ann"_s, u"First"_s}, {u"Bob"_s, u"Second"_s}, {u""_s, u""_s}});
+    loop.runUntilIdle();
+    desk.minimizeWindow(window);
+    hover(u"Main"_s);
+    EXPECT_EQ(shown(), u"Ann - First");
+    for (int track = 1; track <= 2; ++track) {
+        desk.appleEvents().change(u"iTunes"_s, [](SimulatedScriptable& it) { ++it.current; });
+        loop.advance(0.5);
+        EXPECT_EQ(shown(), u"Bob - Second") << "nor does one without names change it";
+    }
+}
+
 TEST_F(MediaTest, musicPlayer_withoutArtworkAndCapture_showsANote)
 {
     const Pid pid = addPlayer(u"Player"_s, u"org.example.Player"_s, ApplicationRole::MusicPlayer);

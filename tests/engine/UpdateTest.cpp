@@ -14,6 +14,34 @@ class Update : public EngineFixture
 {
 protected:
     void update() { loop.advance(0.5); }
+
+    /// Copies as slowly as a server that has much else to do, and always has to copy.
+    class Slow : public ForwardingWindowServer
+    {
+    public:
+        explicit Slow(Update& test) : ForwardingWindowServer(test.desk.windowServer()), m_test(test)
+        {
+            test.install(test.desk.accessibility(), *this);
+        }
+        QImage captureWindow(platform::WindowID window, QSize limit) override
+        {
+            ++started;
+            m_test.loop.sleep(duration);
+            const QImage whole = ForwardingWindowServer::captureWindow(window, limit);
+            return limit.isEmpty() ? whole : whole.copy(QRect({}, whole.size() / 2));
+        }
+        std::optional<QImage> pictureAtHand(platform::WindowID window, QSize limit) override
+        {
+            return alwaysCopies ? std::nullopt
+                                : ForwardingWindowServer::pictureAtHand(window, limit);
+        }
+        double duration = 0.3;
+        bool alwaysCopies = false;
+        int started = 0;
+
+    private:
+        Update& m_test;
+    };
 };
 
 TEST_F(Update, windowsThatComeAndGo_joinAndLeaveTheRow)
@@ -65,25 +93,7 @@ TEST_F(Update, pictures_areTakenOnceAnUpdate_andShownWithTheNext)
 
 TEST_F(Update, slowPicture_holdsItsPreviewBriefly_andGoesToNoOther)
 {
-    /// Copies as slowly as a server that has much else to do.
-    class Slow : public ForwardingWindowServer
-    {
-    public:
-        Slow(platform::WindowServer& server, platform::RunLoop& runLoop)
-            : ForwardingWindowServer(server), m_runLoop(runLoop)
-        {
-        }
-        QImage captureWindow(platform::WindowID window, QSize limit) override
-        {
-            m_runLoop.sleep(0.3);
-            return ForwardingWindowServer::captureWindow(window, limit);
-        }
-
-    private:
-        platform::RunLoop& m_runLoop;
-    };
-    Slow slow(desk.windowServer(), loop);
-    install(desk.accessibility(), slow);
+    Slow slow(*this);
     add(u"Notes"_s, 1);
     add(u"Mail"_s, 1);
     hover(u"Notes"_s);
@@ -111,6 +121,47 @@ TEST_F(Update, slowPicture_holdsItsPreviewBriefly_andGoesToNoOther)
     loop.advance(1);
     EXPECT_EQ(preview(0).image().pixel(0, 0) & 0xff, 0U);
     EXPECT_EQ(loop.runningThreads("capture"), 0);
+}
+
+TEST_F(Update, slowServer_isAskedForAWindowOnlyOnceAtATime)
+{
+    Slow slow(*this);
+    slow.alwaysCopies = true;
+    slow.duration = 2;
+    add(u"Notes"_s, 3);
+    hover(u"Notes"_s);
+    loop.advance(20.1);
+    slow.duration = 0;
+    slow.started = 0;
+    loop.advance(2.35); // those that were under way end, and one that waited
+    EXPECT_LE(slow.started, 3 * 5) << "what had piled up came first";
+}
+
+TEST_F(Update, pictureThatComesTooLate_isKeptByNobody)
+{
+    Slow slow(*this);
+    slow.alwaysCopies = true;
+    settings().zoomWindows = 1;
+    add(u"Notes"_s, 1);
+    const auto kept = [] { return engine().inventory().windowsArray()[0]->screenshot(); };
+    for (const double wait : {0.1, 0.7}) { // the first picture, that of an update or of the zoom
+        hover(u"Notes"_s);
+        loop.advance(wait);
+        hover(u"Trash"_s);
+        EXPECT_EQ(shown(), u""_s);
+        EXPECT_EQ(loop.runningThreads("capture"), 1);
+        loop.advance(1);
+        EXPECT_TRUE(kept().isNull()) << wait;
+    }
+    hover(u"Notes"_s);
+    loop.advance(0.4);
+    movePointerTo(preview(0));
+    preview(0).mouseEntered();
+    loop.advance(0.05);
+    hover(u"Trash"_s);
+    EXPECT_EQ(loop.runningThreads("capture"), 1);
+    loop.advance(1);
+    EXPECT_TRUE(kept().isNull()) << "of the zoom";
 }
 
 TEST_F(Update, minimisedAndHiddenWindows_leaveTheRow_asTheSettingsSay)

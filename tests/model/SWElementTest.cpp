@@ -127,8 +127,16 @@ TEST_F(SWElementTest, spaceNumber_changesOnlyToARealSpace)
     EXPECT_TRUE(SWElement::checkIfAnyWindowIsOnOtherSpace());
 }
 
-TEST_F(SWElementTest, capture_isKept_andIsNullForAWindowThatVanishesMeanwhile)
+TEST_F(SWElementTest, capture_tellsWhetherItIsWhole_andIsNullForAWindowThatVanishesMeanwhile)
 {
+    struct Reducing : ForwardingWindowServer {
+        using ForwardingWindowServer::ForwardingWindowServer;
+        QImage captureWindow(WindowID window, QSize limit) override
+        {
+            const QImage whole = ForwardingWindowServer::captureWindow(window, limit);
+            return limit.isEmpty() ? whole : whole.scaledToWidth(std::min(limit.width(), 400));
+        }
+    };
     class Vanishing : public ForwardingWindowServer
     {
     public:
@@ -146,17 +154,31 @@ TEST_F(SWElementTest, capture_isKept_andIsNullForAWindowThatVanishesMeanwhile)
         SimulatedDesktop& m_desktop;
     };
     const WindowID number = desk.addWindow(addApplication(u"Notes"_s), {u"Ideas"_s});
-    EXPECT_TRUE(element(number)->grabWindow().isNull()); // not matched yet
+    EXPECT_TRUE(element(number)->grabWindow().image.isNull()); // not matched yet
     EXPECT_EQ(desk.captures(number), 0);
     const SWElementPtr window = matched(number);
-    EXPECT_EQ(window->grabWindow().size(), QSize(400, 300));
-    EXPECT_EQ(window->screenshot().size(), QSize(400, 300));
+    for (const auto& [limit, width, isWhole] :
+         {std::tuple(QSize(), 400, true),
+          {QSize(200, 200), 200, false},
+          {QSize(900, 900), 400, true},
+          {QSize(399, 900), 399, true}}) { // of a window that ends between two pixels
+        Reducing reducing(desk.windowServer());
+        install(desk.accessibility(), reducing);
+        const WindowPicture picture = window->grabWindow(limit);
+        EXPECT_EQ(picture.image.width(), width);
+        EXPECT_EQ(picture.isWhole, isWhole) << width;
+        window->setScreenshot(picture);
+        EXPECT_EQ(window->screenshot(), picture.image);
+        EXPECT_EQ(window->wholeScreenshot().isNull(), !isWhole) << width;
+    }
 
     Vanishing vanishing(desk);
     install(desk.accessibility(), vanishing);
-    EXPECT_TRUE(window->grabWindow().isNull());
-    EXPECT_TRUE(window->screenshot().isNull());
-    EXPECT_TRUE(window->grabWindow().isNull());
+    for (int i = 0; i < 2; ++i) {
+        const WindowPicture none = window->grabWindow();
+        EXPECT_TRUE(none.image.isNull());
+        EXPECT_FALSE(none.isWhole) << "or nobody would look for one";
+    }
 }
 
 TEST_F(SWElementTest, raise_bringsAWindowUpFromBelowFromTheDockAndFromAnotherSpace)

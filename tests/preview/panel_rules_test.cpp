@@ -48,7 +48,7 @@ protected:
         window = desk.addWindow(pid, description);
         element = std::make_shared<SWElement>(desk.windowElement(window));
         element->setPid(pid);
-        element->setScreenshot(picture());
+        element->setScreenshot({picture(), true});
         preview->setElementRef(element);
         preview->setImage(element->screenshot());
         preview->setTrackingRect();
@@ -470,7 +470,7 @@ TEST_F(Panel, zoom_showsOnceThePointerRestsInside)
     const auto shown = [&] { return preview->zoomWindow()->grab().toImage().pixelColor(5, 5); };
     QImage next(600, 400, QImage::Format_RGB32);
     next.fill(Qt::red);
-    element->setScreenshot(next);
+    element->setScreenshot({next, true});
     loop.advance(0.45);
     EXPECT_EQ(shown(), QColor(Qt::darkCyan));
     loop.advance(0.1);
@@ -487,7 +487,7 @@ TEST_F(Panel, zoom_showsOnceThePointerRestsInside)
     preview->mouseEntered();
     loop.advance(0.05);
     ASSERT_TRUE(preview->zoomWindow());
-    element->setScreenshot(picture());
+    element->setScreenshot({picture(), true});
     loop.advance(2);
     EXPECT_EQ(shown(), QColor(Qt::red));
     preview->mouseExited();
@@ -504,7 +504,7 @@ TEST_F(Panel, zoomWatcher_neverActsOnALaterLife)
     // Reused and hovered before the first watcher woke up; the second has to see 20 ms of rest.
     loop.advance(0.015);
     preview->setElementRef(element);
-    element->setScreenshot(picture());
+    element->setScreenshot({picture(), true});
     preview->mouseEntered();
     loop.advance(0.01);
     EXPECT_FALSE(preview->zoomWindow());
@@ -567,7 +567,7 @@ TEST_F(Panel, rebirth_leavesAnIdlePanelThatShowsNothingOfItsFormerLife)
     preview->prepareForCal();
     preview->setUpCalView();
     EXPECT_TRUE(part(preview, "image")->isHidden());
-    element->setScreenshot(picture());
+    element->setScreenshot({picture(), true});
     preview->dismiss();
     EXPECT_FALSE(preview->window()->isVisible());
     EXPECT_FALSE(preview->elementRef());
