@@ -46,12 +46,9 @@ void PreviewUpdater::settingsDidChange()
     if (pass.isOver)
         return;
     m_handler.companions().helpBubble->hideBubble(); // comes back with the row, if it is wanted
+    for (const ScreenyViewPtr& preview : m_handler.screenyViews())
+        preview->hideSpaces(); // come back with the row, if they are wanted
     layOutAgain(element, pass);
-    const auto previews = m_handler.screenyViews();
-    for (const ScreenyViewPtr& preview : previews) {
-        preview->hideSpaces();
-        preview->showSpaces();
-    }
 }
 
 void PreviewUpdater::invalidateUpdateTimer()
@@ -191,7 +188,6 @@ void PreviewUpdater::addMissing(const std::vector<SWElementPtr>& windows,
             m_handler.appendPreview(window, application, element->isTabIcon());
         if (!preview)
             return;
-        preview->showSpaces();
         pass.added = true;
     }
 }
@@ -212,6 +208,9 @@ void PreviewUpdater::layOutAgain(const SWElementPtr& element, const Pass& pass)
     m_handler.pictureLoader().loadMissing();
     const auto previews = m_handler.screenyViews();
     for (const ScreenyViewPtr& preview : previews) {
+        // Place and size of the numbers depend on the panels', which have just changed, also those
+        // of the previews that were there before.
+        preview->showSpaces();
         preview->setShortcut();
         preview->orderFront();
     }

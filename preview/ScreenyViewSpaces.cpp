@@ -67,9 +67,11 @@ void ScreenyView::showSpaces()
     const auto height = static_cast<float>(m_window->frame().height());
     const std::int32_t size = fittingSize(settings.spaceSize, height);
     // A size that there is no badge for: a panel too low for the smallest, or a setting that this
-    // version does not know.
-    if (size < BadgeView::Small || size > BadgeView::Large)
+    // version does not know. A badge that was up would lie where the panel, larger then, had it.
+    if (size < BadgeView::Small || size > BadgeView::Large) {
+        hideSpaces();
         return;
+    }
     const Place& place = places.at(static_cast<std::size_t>(size));
     const QRectF frame(width - place.right, place.top - place.side, place.side, place.side);
     m_spaceView->show(number, static_cast<BadgeView::Size>(size), frame.toRect());

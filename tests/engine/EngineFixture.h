@@ -9,7 +9,10 @@
 #include "engine/SWObserver.h"
 #include "model/AXNames.h"
 #include "platform/InputState.h"
+#include "preview/BadgeView.h"
+#include "preview/KeyLabel.h"
 #include "preview/MediaControls.h"
+#include "preview/NumberLabel.h"
 #include "tests/support/DesktopFixture.h"
 
 namespace lumbrix::test
@@ -93,6 +96,21 @@ protected:
         for (const ScreenyViewPtr& each : engine().screenyViews())
             titles << (each->window()->isVisible() ? u"%1"_s : u"(%1)"_s).arg(each->titleString());
         return titles.join(u", "_s);
+    }
+    /// The numbers on the previews: "<Space>@<distance from the right edge>" and the fast key.
+    static QString numbers()
+    {
+        QStringList numbers;
+        for (const ScreenyViewPtr& each : engine().screenyViews()) {
+            const BadgeView* badge = each->spaceView();
+            if (badge && !badge->isHidden())
+                numbers << u"%1@%2"_s.arg(badge->label(BadgeView::Small)->text())
+                               .arg(each->contentView()->width() - badge->x());
+            const auto* key = each->window()->findChild<KeyLabel*>(u"fastKeyButton"_s);
+            if (!key->isHidden())
+                numbers << key->text().mid(1);
+        }
+        return numbers.join(u' ');
     }
     int panelsOnScreen() const
     {

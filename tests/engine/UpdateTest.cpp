@@ -164,6 +164,29 @@ TEST_F(Update, pictureThatComesTooLate_isKeptByNobody)
     EXPECT_TRUE(kept().isNull()) << "of the zoom";
 }
 
+TEST_F(Update, numbers_areOnEveryPreview_alsoOnceTheirSizeChanged)
+{
+    settings().showSpaces = 1;
+    settings().showFastKeys = 1;
+    const Pid notes = add(u"Notes"_s, 2);
+    hover(u"Notes"_s);
+    EXPECT_EQ(numbers(), u"1@40 1 1@40 2"_s);
+    desk.addWindow(notes, {.title = u"New"_s, .space = 4});
+    update();
+    EXPECT_EQ(numbers(), u"1@40 1 1@40 2 4@40 3"_s);
+    std::vector<WindowID> more;
+    for (int i = 0; i < 7; ++i)
+        more.push_back(desk.addWindow(notes, {u"More %1"_s.arg(i)}));
+    update();
+    EXPECT_EQ(preview(0).window()->frame().width(), 144);
+    EXPECT_EQ(numbers().count(u"@40"_s), 10) << qPrintable(numbers());
+    for (const WindowID window : more)
+        desk.closeWindow(window);
+    update();
+    EXPECT_EQ(preview(0).window()->frame().width(), 200);
+    EXPECT_EQ(numbers(), u"1@40 1 1@40 2 4@40 3"_s);
+}
+
 TEST_F(Update, minimisedAndHiddenWindows_leaveTheRow_asTheSettingsSay)
 {
     const Pid notes = add(u"Notes"_s, 3);

@@ -81,6 +81,12 @@ TEST_F(SpacesBadge, numbers_onlyFromOneToFiftyNine)
     panel->setElementRef(preview({0, 0, 243, 190}, 0)->elementRef());
     panel->showSpaces();
     EXPECT_EQ(badge(*panel), QString());
+    // Or when the panel becomes too low for any.
+    panel->setElementRef(preview({0, 0, 243, 190}, 7)->elementRef());
+    panel->showSpaces();
+    panel->window()->setFrame({0, 0, 70, 59});
+    panel->showSpaces();
+    EXPECT_EQ(badge(*panel), QString());
 
     host.settingsMirror.showSpaces = 0;
     const ScreenyViewPtr without = preview({0, 0, 243, 190}, 7);
