@@ -47,7 +47,7 @@ void trackHover(ScreenyView& preview, bool isInside)
 {
     if (isInside && preview.isCloseButtonHidden())
         preview.mouseEntered();
-    else if (!isInside && !preview.isCloseButtonHidden())
+    else if (!isInside && preview.isMouseInside())
         preview.mouseExited();
 }
 

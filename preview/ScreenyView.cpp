@@ -203,6 +203,7 @@ void ScreenyView::rebirth()
     m_elementRef.reset();
     delete m_iCalView;
     m_calURL.clear();
+    m_isDragInside = false;
     m_closeButton->hide();
     m_closeButton->setEnabled(true);
     m_closeButton->setAlpha(1.0);

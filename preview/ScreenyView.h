@@ -86,9 +86,12 @@ public:
     void rebirth();
     void dismiss();
 
-    // The mouse; also called by the engine from its own hit tests.
+    // The mouse; also called by the engine from its own hit tests. While something is dragged over
+    // the preview, entering activates the window, once until the mouse exits.
     void mouseEntered();
     void mouseExited();
+    /// It has entered and not exited, with or without a drag.
+    bool isMouseInside() const { return m_isDragInside || !isCloseButtonHidden(); }
 
     // Controls. Frames are relative to the panel, origin at its bottom left.
     bool isCloseButtonHidden() const;
@@ -182,6 +185,7 @@ private:
     BadgeView* m_spaceView = nullptr;                    ///< in the window too
     std::array<ImageButton*, ControlCount> m_controls{}; ///< null unless m_buttonsInitialized
     bool m_buttonsInitialized = false;
+    bool m_isDragInside = false;
 
     std::shared_ptr<SGHotKey> m_fastKey;
 

@@ -31,9 +31,13 @@ void ScreenyView::mouseEntered()
     if (!m_elementRef)
         return;
     if (platform::desktop().inputState.pressedMouseButtons() == leftButtonOnly) {
-        activateWindow(); // something is being dragged onto the window
+        // Something is being dragged onto the window. Nothing comes up under it, so the engine's
+        // checks find the preview not hovered and say again and again that the mouse is inside.
+        if (!std::exchange(m_isDragInside, true))
+            activateWindow();
         return;
     }
+    m_isDragInside = false;
     if (m_host.settings().hideClose) {
         // Not hidden all the same: that state tells that the mouse is inside.
         m_closeButton->setEnabled(false);
@@ -56,6 +60,7 @@ void ScreenyView::mouseEntered()
 void ScreenyView::mouseExited()
 {
     cancelZoomWatcher();
+    m_isDragInside = false;
     m_closeButton->hide();
     m_background->setHovered(false);
     m_host.mouseExited();

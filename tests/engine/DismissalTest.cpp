@@ -185,6 +185,31 @@ TEST_F(DismissalTest, activation_closesThePreviewsOfADockItem_whereAsked)
     EXPECT_EQ(shown(), u""_s);
 }
 
+// Each check used to enter it again, and start a player twenty times a second.
+TEST_F(DismissalTest, dragOverAPreview_activatesItOncePerEntering)
+{
+    show();
+    const auto activations = [this] {
+        return desk.with(
+            [](SimulatedState& state) { return std::exchange(state.commands, {}).size(); });
+    };
+    desk.setButtons(1);
+    leave();
+    for (int entering = 0; entering < 2; ++entering) {
+        movePointerTo(preview(0));
+        loop.advance(20 * tick);
+        EXPECT_EQ(activations(), 2U) << "raising does it twice";
+        desk.movePointer(gap());
+        loop.advance(2 * tick);
+        EXPECT_EQ(activations(), 0U);
+    }
+    movePointerTo(preview(0));
+    loop.advance(tick);
+    desk.setButtons(0);
+    loop.advance(tick);
+    EXPECT_FALSE(preview(0).isCloseButtonHidden()) << "dropped";
+}
+
 TEST_F(DismissalTest, closeAllWindows_closesAlsoThoseWhoseButtonIsDisabled)
 {
     show();

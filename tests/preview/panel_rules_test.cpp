@@ -320,11 +320,20 @@ TEST_F(Panel, mouseEnteredDragging_activatesWithoutControlsOrZoom)
     EXPECT_FALSE(preview->isCloseButtonHidden());
     preview->mouseExited();
     desk.setButtons(1);
+    for (int entering = 0; entering < 2; ++entering) {
+        preview->mouseEntered();
+        EXPECT_TRUE(preview->isCloseButtonHidden());
+        expectCommands("drag", raised);
+        loop.advance(1);
+        EXPECT_FALSE(preview->zoomWindow());
+        preview->mouseEntered();
+        expectCommands("dragged on", {});
+        preview->mouseExited();
+    }
     preview->mouseEntered();
-    EXPECT_TRUE(preview->isCloseButtonHidden());
-    expectCommands("drag", raised);
-    loop.advance(1);
-    EXPECT_FALSE(preview->zoomWindow());
+    desk.setButtons(0);
+    preview->mouseEntered();
+    EXPECT_FALSE(preview->isCloseButtonHidden()) << "dropped";
 }
 
 TEST_F(Panel, click_raisesTheWindow)
