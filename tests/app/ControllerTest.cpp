@@ -84,22 +84,25 @@ TEST_F(ControllerTest, earlierUser_start_keepsOwnValuesAndGetsTheLaterOnes)
     EXPECT_EQ(engine().settings().spaceSize, std::numeric_limits<std::int32_t>::max());
 }
 
-TEST_F(ControllerTest, previewStyle_changed_dropsPreviewsOfTheOldOne)
+TEST_F(ControllerTest, style_ofPreviewsOrTheirNumbersChanged_dropsThoseOfTheOldOne)
 {
     addApplication(u"Editor"_s, 2);
     start();
-    hover(u"Editor"_s);
-    const auto before = engine().cache().cacheArray();
-    controller.updateState();
-    EXPECT_EQ(previews(), 2U);
-    EXPECT_EQ(engine().cache().cacheArray(), before);
+    for (const QString& style : {u"previewStyle"_s, u"spaceStyle"_s}) {
+        desk.leaveDock();
+        hover(u"Editor"_s);
+        const auto before = engine().cache().cacheArray();
+        controller.updateState();
+        EXPECT_EQ(previews(), 2U);
+        EXPECT_EQ(engine().cache().cacheArray(), before);
 
-    defaults.setInteger(3, u"previewStyle"_s);
-    controller.updateState();
-    EXPECT_EQ(previews(), 0U);
-    EXPECT_EQ(engine().cache().cacheArray().size(), 6U);
-    for (const ScreenyViewPtr& fresh : engine().cache().cacheArray())
-        EXPECT_EQ(std::count(before.begin(), before.end(), fresh), 0);
+        defaults.setInteger(3, style);
+        controller.updateState();
+        EXPECT_EQ(previews(), 0U) << qPrintable(style);
+        EXPECT_EQ(engine().cache().cacheArray().size(), 6U);
+        for (const ScreenyViewPtr& fresh : engine().cache().cacheArray())
+            EXPECT_EQ(std::count(before.begin(), before.end(), fresh), 0) << qPrintable(style);
+    }
 }
 
 TEST_F(ControllerTest, dock_restarted_isObservedAgainAtLatestAfterThreeSeconds)

@@ -168,6 +168,11 @@ TEST_F(HoverDispatchTest, ownIcon_standsForTheApplicationsWithoutOne_whereAsked)
     settings().showOthersInDockIcon = 1;
     loop.advance(3); // a scan, an update
     EXPECT_EQ(shown(), u"Status"_s);
+    // Whether Lumbrix itself is hidden says nothing about the others.
+    settings().ignoreHidden = 1;
+    desk.workspace().hide(desk.ownPid());
+    loop.advance(0.5);
+    EXPECT_EQ(shown(), u"Status"_s);
 }
 
 TEST_F(HoverDispatchTest, minimisedIcon_showsItsOneWindow)

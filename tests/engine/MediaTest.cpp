@@ -148,6 +148,7 @@ TEST_F(MediaTest, musicPlayer_withoutArtworkAndCapture_showsANote)
     loop.runUntilIdle();
     hover(u"Player"_s);
     loop.advance(0.2);
+    ASSERT_FALSE(preview(0).image().isNull());
     EXPECT_EQ(preview(0).image(), namedImage(u"noMusic"_s));
     EXPECT_EQ(preview(0).titleString(), u"Main") << "the player does not answer";
     loop.advance(1);

@@ -86,6 +86,10 @@ TEST_F(Switcher, release_picksThePreviewUnderTheMouse)
     movePointerTo(preview(1));
     loop.advance(0.1);
     EXPECT_FALSE(preview(1).isCloseButtonHidden()); // hovered, though no panel was entered
+    // Over the close button too: a click would close the window, letting the switcher go never
+    // does.
+    desk.movePointer(preview(1).window()->frame().topLeft() +
+                     preview(1).closeButtonFrame().center());
     desk.closeSwitcher();
     loop.advance(0.1);
     EXPECT_EQ(shown(), u""_s);
@@ -128,6 +132,28 @@ TEST_F(Switcher, clicks_belongToThePreviewUnderThem_whileTheSwitcherIsUp)
     EXPECT_EQ(desk.activeApplication(), notes);
     settings().showInTab = 0;
     EXPECT_FALSE(engine().shouldInterceptClick(true, false));
+}
+
+TEST_F(Switcher, removal_endsTheWatch)
+{
+    for (const auto removal :
+         {&LXHandler::removeAllScreenViews, &LXHandler::removeAllScreenViewsNOW}) {
+        open(0);
+        ASSERT_EQ(shown(), both);
+        (engine().*removal)();
+        desk.selectInSwitcher(1, false);
+        loop.advance(1);
+        EXPECT_EQ(shown(), u""_s);
+    }
+}
+
+TEST_F(Switcher, activation_sparesItsRow_whereItClosesThatOfADockItem)
+{
+    settings().closeOnClick = 1;
+    open(0);
+    desk.activateApplication(notes);
+    loop.runUntilIdle();
+    EXPECT_EQ(shown(), both);
 }
 
 TEST_F(Switcher, mouseLeavingAnything_endsNothingWhileTheSwitcherIsWatched)

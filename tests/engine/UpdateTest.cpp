@@ -285,7 +285,10 @@ TEST_F(Update, panels_areReused_eachInItsFormerPlace)
     engine().removeAllScreenViews();
     engine().clearCache();
     EXPECT_EQ(engine().cache().cacheArray().size(), 6U);
-    EXPECT_EQ(PreviewCache::interfaceFileForStyle(7), u"ScreenyViewBlack"_s);
+    int style = -1;
+    for (const char* look : {"Black", "", "Black", "Borderless", "Blue", "Red", "Green", "Black"})
+        EXPECT_EQ(PreviewCache::interfaceFileForStyle(style++),
+                  u"ScreenyView"_s + QString::fromLatin1(look));
 }
 
 TEST_F(Update, nothingHappens_whileNothingIsHovered)

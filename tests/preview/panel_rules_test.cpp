@@ -62,6 +62,7 @@ protected:
     /// The names of the control pictures that are shown.
     static QStringList controls(const ScreenyViewPtr& preview)
     {
+        expectDrawings(*preview->window());
         QStringList names;
         for (const QAbstractButton* button :
              preview->contentView()->findChildren<QAbstractButton*>()) {
@@ -69,6 +70,18 @@ protected:
                 names += button->property("imageName").toString();
         }
         return names;
+    }
+    /// That each drawing that a part names, to be drawn now or at some time, is there: one that is
+    /// not leaves a hole, and nothing else tells of it.
+    static void expectDrawings(const QWidget& panel)
+    {
+        for (const QWidget* each : panel.findChildren<QWidget*>()) {
+            for (const char* state :
+                 {"imageName", "hoverImageName", "pressedImageName", "disabledImageName"}) {
+                const QString name = each->property(state).toString();
+                EXPECT_TRUE(name.isEmpty() || !namedImage(name).isNull()) << qPrintable(name);
+            }
+        }
     }
     /// What the workspace was told since the last time.
     void expectCommands(const char* what, const QStringList& expected)
@@ -97,6 +110,7 @@ TEST_F(Panel, everyStyle_hasItsPartsAtEverySize)
         SCOPED_TRACE(style);
         const ScreenyViewPtr preview = load(QString::fromLatin1(style));
         ASSERT_TRUE(preview);
+        expectDrawings(*preview->window());
         EXPECT_TRUE(preview->isCloseButtonHidden());
         preview->setElementRef(element);
         preview->setImage(picture());
@@ -473,6 +487,7 @@ TEST_F(Panel, zoom_showsOnceThePointerRestsInside)
     ASSERT_TRUE(preview->zoomWindow());
     EXPECT_TRUE(preview->zoomWindow()->isVisible());
     EXPECT_EQ(preview->zoomWindow()->frame(), QRectF(200, 400, 600, 400));
+    EXPECT_LT(preview->zoomWindow()->level(), preview->window()->level()) << "it would cover it";
     EXPECT_TRUE(preview->zoomWindow()->windowFlags() & Qt::WindowTransparentForInput);
     EXPECT_EQ(loop.runningThreads(), 0);
 

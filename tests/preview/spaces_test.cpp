@@ -5,6 +5,7 @@
 
 #include "preview/BadgeView.h"
 #include "preview/Cells.h"
+#include "preview/NamedImage.h"
 #include "preview/NumberLabel.h"
 #include "tests/preview/PanelFixture.h"
 
@@ -123,6 +124,7 @@ TEST_F(SpacesBadge, style_oneIsBlue)
         const ScreenyViewPtr panel = preview({0, 0, 243, 190});
         panel->showSpaces();
         images += panel->spaceView()->badgeImage()->imageName();
+        EXPECT_FALSE(namedImage(images.last()).isNull()) << qPrintable(images.last());
     }
     EXPECT_EQ(images, QStringList({u"Space"_qs, u"SpaceBlue"_qs, u"Space"_qs}));
 }
