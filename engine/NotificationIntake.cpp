@@ -61,10 +61,15 @@ void dispatchSwitcherEntry(LXHandler& handler, const HoverDelays* delays,
 /// not be read.
 ElementRef selectedItem(LXHandler& handler, const ElementRef& element)
 {
-    const auto selection = AX::read<std::vector<ElementRef>>(element, AX::SelectedChildren);
-    if (!selection)
+    const platform::AXResult result =
+        platform::desktop().accessibility.copyAttributeValue(element, AX::SelectedChildren);
+    const auto* selection = result.as<std::vector<ElementRef>>();
+    // A Dock that is gone selects nothing any more. Whatever else fails may be read the next time,
+    // but its row would stay for good.
+    const bool isGone = result.error == platform::AXError::InvalidUIElement;
+    if (!selection && !isGone)
         return nullptr;
-    if (selection->empty()) {
+    if (isGone || selection->empty()) {
         handler.mouseExited();
         return nullptr;
     }

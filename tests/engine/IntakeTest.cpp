@@ -114,6 +114,17 @@ TEST_F(Intake, dockMenu_takesThePanelsOffTheScreenInTheSameStep)
     EXPECT_EQ(shown(), u""_s);
 }
 
+// Nobody told of the end of its selection, and the row stayed for good.
+TEST_F(Intake, dockThatEndsWhileHovered_takesTheRowWithIt)
+{
+    add(u"Notes"_s, 2);
+    hover(u"Notes"_s);
+    ASSERT_EQ(shown(), u"Notes 2, Notes 1"_s);
+    desk.killDock();
+    loop.advance(1);
+    EXPECT_EQ(shown(), u""_s);
+}
+
 TEST_F(Intake, windows_areRecordedAsTheyComeAndGo_unlessDisabled)
 {
     const Pid notes = add(u"Notes"_s, 0);

@@ -142,8 +142,12 @@ void SimulatedDesktop::setDockFlags(std::optional<int> magnification, std::optio
 void SimulatedDesktop::killDock()
 {
     with([](SimulatedState& state) {
-        state.quit(std::exchange(state.dockPid, 0));
+        const Pid pid = std::exchange(state.dockPid, 0);
+        state.quit(pid);
         state.switcher.reset();
+        if (std::exchange(state.hoveredItem, 0) != 0)
+            state.notify(pid, makeElement(Kind::DockList, pid),
+                         QStringLiteral("AXSelectedChildrenChanged"));
     });
 }
 

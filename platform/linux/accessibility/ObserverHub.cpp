@@ -36,10 +36,11 @@ public:
         }
     }
 
-    void notify(std::int32_t pid, const ElementRef& element, const QString& notification)
+    void notify(std::optional<std::int32_t> pid, const ElementRef& element,
+                const QString& notification)
     {
         const auto wanted = m_contexts.find(notification);
-        if (pid == m_pid && wanted != m_contexts.end()) {
+        if (pid.value_or(m_pid) == m_pid && wanted != m_contexts.end()) {
             // The callback may destroy this observer, and with it the function that runs.
             const auto callback = m_callback;
             (*callback)(*this, element, notification, wanted->second);
@@ -60,6 +61,17 @@ std::unique_ptr<AXObserver> ObserverHub::createObserver(std::int32_t pid,
 }
 
 void ObserverHub::notify(std::int32_t pid, const ElementRef& element, const QString& notification)
+{
+    tell(pid, element, notification);
+}
+
+void ObserverHub::notifyAll(const ElementRef& element, const QString& notification)
+{
+    tell(std::nullopt, element, notification);
+}
+
+void ObserverHub::tell(std::optional<std::int32_t> pid, const ElementRef& element,
+                       const QString& notification)
 {
     const std::vector<Observer*> observers = m_observers;
     for (Observer* observer : observers) {

@@ -16,12 +16,10 @@ X11Accessibility::X11Accessibility(const Parts& parts)
     : m(parts), m_attributes({parts.tracker, parts.space, parts.registry, parts.docks})
 {
     m.docks.setSelectionChanged([this] {
-        m_hub->notify(m.docks.pid(), X11Element::dockList(),
-                      QStringLiteral("AXSelectedChildrenChanged"));
+        m_hub->notifyAll(X11Element::dockList(), QStringLiteral("AXSelectedChildrenChanged"));
     });
     m.docks.setMenuOpened([this] {
-        const std::int32_t pid = m.docks.pid();
-        m_hub->notify(pid, X11Element::application(pid), QStringLiteral("AXMenuOpened"));
+        m_hub->notifyAll(X11Element::application(m.docks.pid()), QStringLiteral("AXMenuOpened"));
     });
 }
 
