@@ -3,6 +3,8 @@
 
 #include "engine/Dismissal.h"
 
+#include <algorithm>
+
 #include "engine/HoverDelays.h"
 #include "engine/LXHandler.h"
 #include "engine/Timers.h"
@@ -139,15 +141,26 @@ bool Dismissal::checkIfDockElementIsHovered(const SWElementPtr& element)
     return element && contains(element->getNSRect(), mouseLocation());
 }
 
-QRectF Dismissal::bridgedToDock(const QRectF& frame, const QString& orientation) const
+QRectF Dismissal::bridgedToDock(const QRectF& frame, const QRectF& icon,
+                                const QString& orientation) const
 {
-    const double gap = m_handler.settings().distanceFromDock;
-    if (orientation == QLatin1String("bottom"))
+    // The row was placed beside a magnified icon, which shrinks as soon as the mouse is off it: the
+    // gap may have become wider than what the user chose.
+    const auto reach = [&](double gap) {
+        return std::max<double>(m_handler.settings().distanceFromDock, icon.isEmpty() ? 0 : gap);
+    };
+    if (orientation == QLatin1String("bottom")) {
+        const double gap = reach(frame.y() - (icon.y() + icon.height()));
         return {frame.x(), frame.y() - gap, frame.width(), frame.height() + gap};
-    if (orientation == QLatin1String("left"))
+    }
+    if (orientation == QLatin1String("left")) {
+        const double gap = reach(frame.x() - (icon.x() + icon.width()));
         return {frame.x() - gap, frame.y(), frame.width() + gap, frame.height()};
-    if (orientation == QLatin1String("right"))
+    }
+    if (orientation == QLatin1String("right")) {
+        const double gap = reach(icon.x() - (frame.x() + frame.width()));
         return {frame.x(), frame.y(), frame.width() + gap, frame.height()};
+    }
     return {};
 }
 
@@ -155,7 +168,8 @@ bool Dismissal::checkIfPreviewsAreHovered(bool includeDockItem)
 {
     const QPointF mouse = mouseLocation();
     const SWElementPtr dockItem = m_handler.currentDockElement();
-    if (includeDockItem && dockItem && contains(dockItem->getNSRect(), mouse))
+    const QRectF icon = includeDockItem && dockItem ? dockItem->getNSRect() : QRectF();
+    if (contains(icon, mouse))
         return true;
     const QString orientation = LXHandler::getDockOrientation();
     // A copy: a preview's hover state may have the engine change the set.
@@ -164,7 +178,8 @@ bool Dismissal::checkIfPreviewsAreHovered(bool includeDockItem)
         const QRectF frame = frameOf(*preview);
         const bool isInside = contains(frame, mouse);
         trackHover(*preview, isInside);
-        if (isInside || (includeDockItem && contains(bridgedToDock(frame, orientation), mouse)) ||
+        if (isInside ||
+            (includeDockItem && contains(bridgedToDock(frame, icon, orientation), mouse)) ||
             !preview->isCloseButtonHidden())
             return true;
     }

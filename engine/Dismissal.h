@@ -55,7 +55,9 @@ public:
 private:
     void followSwitcher(const SWElementPtr& entry);
     void stopTimers();
-    QRectF bridgedToDock(const QRectF& frame, const QString& orientation) const;
+    /// The frame of a preview and the way to it from the Dock, where the icon is now; empty for a
+    /// Dock on any other side.
+    QRectF bridgedToDock(const QRectF& frame, const QRectF& icon, const QString& orientation) const;
 
     LXHandler& m_handler;
     platform::TimerPtr m_exitTimer;

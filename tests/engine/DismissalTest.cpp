@@ -58,24 +58,37 @@ TEST_F(DismissalTest, gapToTheDock_isBridged_butNothingElse)
     EXPECT_EQ(panelsOnScreen(), 0);
 }
 
-TEST_F(DismissalTest, gap_isBridgedOnTheDocksSide)
+// The row stands beside a magnified icon, which shrinks as soon as the mouse is off it: the gap
+// that this leaves belonged to nobody, and the row went under every mouse that was on its way.
+TEST_F(DismissalTest, gap_isBridgedOnTheDocksSide_alsoWhereTheIconWasMagnified)
 {
     add(u"Notes"_s, 1);
     const struct {
         QString side;
-        QPointF outside;
-    } cases[] = {{u"left"_s, {-5, 75}}, {u"right"_s, {205, 75}}};
-    for (const auto& [side, outside] : cases) {
-        desk.setDockOrientation(side);
-        hover(u"Notes"_s);
-        ASSERT_EQ(shown(), u"Notes 1"_s);
-        const QPointF origin = preview(0).window()->frame().topLeft();
-        desk.movePointer(origin + outside);
-        loop.advance(1);
-        EXPECT_EQ(shown(), u"Notes 1"_s) << qPrintable(side);
-        desk.movePointer(origin + QPointF(100, -5));
-        loop.advance(1);
-        EXPECT_EQ(shown(), u""_s) << qPrintable(side);
+        QPointF towardsDock; ///< from the middle of the preview
+        QPointF half;        ///< of the preview, that way
+        QMarginsF growth;    ///< of the icon, per point
+    } cases[] = {{u"bottom"_s, {0, -1}, {0, -75}, {0, 1, 0, 0}},
+                 {u"left"_s, {-1, 0}, {-100, 0}, {0, 0, 1, 0}},
+                 {u"right"_s, {1, 0}, {100, 0}, {1, 0, 0, 0}}};
+    for (const auto& [side, towardsDock, half, growth] : cases) {
+        for (const int grown : {0, 60}) {
+            SCOPED_TRACE(testing::Message() << qPrintable(side) << " " << grown);
+            desk.setDockOrientation(side);
+            desk.with([&](auto& state) { state.dockItems.front().frame += growth * grown; });
+            hover(u"Notes"_s);
+            ASSERT_EQ(shown(), u"Notes 1"_s);
+            desk.setDockOrientation(side); // at rest
+            const QPointF edge = preview(0).window()->frame().center() + half;
+            for (const int distance : {5, grown + 5}) {
+                desk.movePointer(edge + towardsDock * distance);
+                loop.advance(1);
+                EXPECT_EQ(shown(), u"Notes 1"_s) << distance;
+            }
+            desk.movePointer(edge - half * 2 - towardsDock * 5); // on the far side
+            loop.advance(1);
+            EXPECT_EQ(shown(), u""_s);
+        }
     }
 }
 
