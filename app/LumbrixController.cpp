@@ -290,10 +290,7 @@ void LumbrixController::registerHotKeys()
 
 void LumbrixController::toggleDisabled()
 {
-    LXHandler& handler = LXHandler::sharedHandler();
-    const bool disable = handler.settings().disabled == 0;
-    if (disable)
-        handler.removeAllScreenViews();
+    const bool disable = LXHandler::sharedHandler().settings().disabled == 0;
     defaults().setInteger(disable ? 1 : 0, QStringLiteral("disabled"));
     defaults().synchronize();
     updateState();

@@ -77,7 +77,7 @@ void Dismissal::mouseExitedToOtherIcon()
 
 void Dismissal::menuOpened()
 {
-    m_handler.setShouldInstantShow(false);
+    m_handler.cancelPendingHover(); // or it would come up over the menu
     removeAllScreenViewsNOW();
 }
 

@@ -151,6 +151,25 @@ void LXHandler::cancelMouseChecker()
         m_mouseCheckerThread->cancel();
 }
 
+void LXHandler::cancelPendingHover()
+{
+    platform::desktop().runLoop.cancelPreviousPerformRequests(this);
+    cancelMouseChecker();
+    setCurrentDockElement(nullptr);
+    setShouldInstantShow(false);
+}
+
+void LXHandler::settingsDidChange()
+{
+    if (!m_settings.disabled) {
+        m_updater.settingsDidChange();
+        return;
+    }
+    // Notifications are ignored from now on, so nothing else would ever end it.
+    cancelPendingHover();
+    removeAllScreenViews();
+}
+
 void LXHandler::removeAllScreenViewsLeavingTimersAlone()
 {
     m_dismissal.removeAllScreenViewsLeavingTimersAlone();

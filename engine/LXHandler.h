@@ -92,6 +92,9 @@ public:
     /// Replaces the running checker by one for this element.
     void startMouseChecker(const SWElementPtr& element);
     void cancelMouseChecker();
+    /// Whatever is hovered, and would come up later, does not: after the hover delay, once the
+    /// mouse rests, or when a calendar has been read.
+    void cancelPendingHover();
 
     // Dismissal.
     void mouseExited() override { m_dismissal.mouseExited(); }
@@ -116,9 +119,9 @@ public:
     PictureLoader& pictureLoader() { return m_pictureLoader; }
     void invalidateUpdateTimer() { m_updater.invalidateUpdateTimer(); }
     void updateWindows(const SWElementPtr& element) { m_updater.updateWindows(element); }
-    /// Has the previews that are shown follow the settings, which have changed.
-    void settingsDidChange() { m_updater.settingsDidChange(); }
-    /// Captures the window on a thread of its own; the picture shows with the next update.
+    /// Has the previews that are shown follow the settings, which have changed; with previews
+    /// turned off nothing is shown any more, and nothing that is under way comes up.
+    void settingsDidChange();
 
     // Layout.
     static QString getDockOrientation() { return StripArranger::getDockOrientation(); }

@@ -70,6 +70,22 @@ TEST_F(ControllerTest, newUser_start_seedsBothStagesAndShowsPreviews)
     EXPECT_EQ(previews(), 0U);
 }
 
+// The check box in the preferences stores the setting and has the state updated, no more.
+TEST_F(ControllerTest, previewsTurnedOffByASetting_goAlsoWhereTheyNeverClose)
+{
+    addApplication(u"Editor"_s, 2);
+    start();
+    defaults.setInteger(1, u"neverClose"_s);
+    controller.updateState();
+    hover(u"Editor"_s);
+    desk.leaveDock();
+    loop.advance(1);
+    ASSERT_EQ(previews(), 2U);
+    defaults.setInteger(1, u"disabled"_s);
+    controller.updateState();
+    EXPECT_EQ(previews(), 0U);
+}
+
 TEST_F(ControllerTest, earlierUser_start_keepsOwnValuesAndGetsTheLaterOnes)
 {
     defaults.setBool(true, u"firstRun"_s);

@@ -114,6 +114,49 @@ TEST_F(Intake, dockMenu_takesThePanelsOffTheScreenInTheSameStep)
     EXPECT_EQ(shown(), u""_s);
 }
 
+// A menu, or previews turned off, ended what was on the screen; what was under way came up after
+// it, over the menu, or with nothing left that would ever end it.
+TEST_F(Intake, hoverUnderWay_endsWithAMenuAndWithPreviewsTurnedOff)
+{
+    add(u"Notes"_s, 2);
+    add(u"Maps"_s, 1);
+    const auto openMenu = [&] { desk.openDockMenu(); };
+    const auto turnOff = [&] {
+        settings().disabled = 1;
+        engine().settingsDidChange();
+    };
+    const auto delayed = [&] {
+        delays.delay = 0.4F;
+        hover(u"Maps"_s);
+    };
+    const auto checked = [&] {
+        hover(u"Notes"_s);
+        hover(u"Maps"_s);
+        ASSERT_EQ(loop.runningThreads("mouse-checker"), 1);
+    };
+    const auto shownForGood = [&] {
+        settings().neverClose = 1;
+        hover(u"Notes"_s);
+        leave();
+        ASSERT_EQ(shown(), u"Notes 2, Notes 1"_s);
+    };
+    using Step = std::function<void()>;
+    for (const Step& end : {Step(openMenu), Step(turnOff)}) {
+        for (const Step& start : {Step(delayed), Step(checked), Step(shownForGood)}) {
+            start();
+            end();
+            loop.advance(2);
+            EXPECT_EQ(shown(), u""_s);
+            EXPECT_EQ(panelsOnScreen(), 0);
+            EXPECT_FALSE(isTapOn());
+            delays.delay = 0;
+            settings().disabled = 0;
+            settings().neverClose = 0;
+            leave();
+        }
+    }
+}
+
 // Nobody told of the end of its selection, and the row stayed for good.
 TEST_F(Intake, dockThatEndsWhileHovered_takesTheRowWithIt)
 {
