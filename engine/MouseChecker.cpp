@@ -24,10 +24,16 @@ void mouseChecker(LXHandler& handler, const SWElementPtr& element, const platfor
         return;
     if (element && element->isMouseConfirmed() && !handler.checkIfDockElementIsHovered(element))
         return;
-    if (element)
-        element->setIsMouseConfirmed(true);
     platform::desktop().runLoop.performOnMainThread(
-        [&handler, element] { handler.iconHovered(element); }, true);
+        [&handler, element, &self] {
+            // The main thread may have been busy, and learned meanwhile that the mouse has left.
+            if (self.isCancelled())
+                return;
+            if (element)
+                element->setIsMouseConfirmed(true);
+            handler.iconHovered(element);
+        },
+        true);
 }
 
 } // namespace lumbrix

@@ -157,6 +157,19 @@ TEST_F(Intake, hoverUnderWay_endsWithAMenuAndWithPreviewsTurnedOff)
     }
 }
 
+// Of a mouse that was seen to rest, and had left before a busy main thread heard of it.
+TEST_F(Intake, confirmationAfterTheMouseHasLeft_showsNothing)
+{
+    add(u"Notes"_s, 2);
+    add(u"Maps"_s, 1);
+    hover(u"Notes"_s);
+    hover(u"Maps"_s);
+    desk.leaveDock();
+    loop.sleep(0.05); // the checker asks for the hover, behind the news of the exit
+    loop.advance(2);
+    EXPECT_EQ(shown(), u""_s);
+}
+
 // Nobody told of the end of its selection, and the row stayed for good.
 TEST_F(Intake, dockThatEndsWhileHovered_takesTheRowWithIt)
 {
