@@ -42,8 +42,7 @@ void HoverDispatch::iconHovered(const SWElementPtr& element)
     }
     const Application application =
         element ? element->runningApplicationForDockElement() : std::nullopt;
-    if (engine.settings().showOthersInDockIcon && application &&
-        application->bundleIdentifier == platform::desktop().workspace.ownBundleIdentifier()) {
+    if (application && engine.inventory().standsForOthers(*application)) {
         lumbrixIconHovered(element);
         return;
     }
@@ -66,7 +65,8 @@ void HoverDispatch::showPreviewsForApplication(const platform::RunningApplicatio
     LXHandler& engine = m_handler;
     engine.inventory().cleanWindowsArray();
     const auto windows = engine.inventory().windowsForPID(application.pid);
-    if (HoverRules::verdictForWindows(engine.settings(), windows.size()) == HoverVerdict::Shows)
+    if (HoverRules::verdictForWindows(engine.settings(), windows.size(), false) ==
+        HoverVerdict::Shows)
         showPreviews(windows, application, element);
 }
 
@@ -100,12 +100,14 @@ void HoverDispatch::lumbrixIconHovered(const SWElementPtr& element)
     const Application application =
         element ? element->runningApplicationForDockElement() : std::nullopt;
     engine.removeAllScreenViews();
-    if (!settings.showInDock)
+    // The same rules as in the update, which would take back half a second later what they forbid.
+    const HoverVerdict verdict = HoverRules::verdictBeforeWindows(settings);
+    if (verdict == HoverVerdict::DockPreviewsOff)
         return;
-    if (application) {
+    if (application && verdict == HoverVerdict::Shows) {
         engine.inventory().cleanWindowsArray();
         const auto windows = engine.inventory().windowsBehindIcon(*application);
-        if (HoverRules::verdictForOthersWindows(settings, windows.size()) == HoverVerdict::Shows)
+        if (HoverRules::verdictForWindows(settings, windows.size(), true) == HoverVerdict::Shows)
             showPreviews(windows, application, element);
     }
     armUpdateTimer(element);

@@ -49,18 +49,13 @@ HoverVerdict verdictBeforeWindows(const EngineSettings& settings)
                : HoverVerdict::Shows;
 }
 
-HoverVerdict verdictForWindows(const EngineSettings& settings, std::size_t count)
+HoverVerdict verdictForWindows(const EngineSettings& settings, std::size_t count, bool areOthers)
 {
     const HoverVerdict verdict = verdictForCount(settings, count);
     if (verdict == HoverVerdict::NoWindows ||
-        (verdict == HoverVerdict::OneWindow && !areFiltersSuspended(settings)))
+        (verdict == HoverVerdict::OneWindow && !areOthers && !areFiltersSuspended(settings)))
         return verdict;
     return verdictOnKey(settings);
-}
-
-HoverVerdict verdictForOthersWindows(const EngineSettings& settings, std::size_t count)
-{
-    return count == 0 ? HoverVerdict::NoWindows : verdictOnKey(settings);
 }
 
 HoverVerdict verdictInSwitcher(const EngineSettings& settings, std::size_t count)

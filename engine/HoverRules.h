@@ -41,10 +41,10 @@ namespace HoverRules
 
 /// Before any window is looked at: Shows, DockPreviewsOff or HidingKeyHeld.
 HoverVerdict verdictBeforeWindows(const EngineSettings& settings);
-/// With so many windows to show: Shows, NoWindows, OneWindow or ShowingKeyNotHeld.
-HoverVerdict verdictForWindows(const EngineSettings& settings, std::size_t count);
-/// The same under this program's own icon, where one window is as good as many.
-HoverVerdict verdictForOthersWindows(const EngineSettings& settings, std::size_t count);
+/// With so many windows to show: Shows, NoWindows, OneWindow or ShowingKeyNotHeld. `areOthers`:
+/// under this program's own icon, where it stands for other applications too and one window is as
+/// good as many, since a click on that icon brings none of them.
+HoverVerdict verdictForWindows(const EngineSettings& settings, std::size_t count, bool areOthers);
 /// The same in the switcher, whose own key leaves no hand for another: none is asked for.
 HoverVerdict verdictInSwitcher(const EngineSettings& settings, std::size_t count);
 

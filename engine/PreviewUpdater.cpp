@@ -154,7 +154,8 @@ void PreviewUpdater::followApplication(const SWElementPtr& element, Pass& pass)
     }
     m_handler.inventory().cleanWindowsArray();
     const auto windows = m_handler.inventory().windowsBehindIcon(*application);
-    if (HoverRules::verdictForWindows(settings, windows.size()) != HoverVerdict::Shows) {
+    const bool areOthers = m_handler.inventory().standsForOthers(*application);
+    if (HoverRules::verdictForWindows(settings, windows.size(), areOthers) != HoverVerdict::Shows) {
         m_handler.removeAllScreenViewsLeavingTimersAlone();
         pass.added = false;
         return;

@@ -168,12 +168,17 @@ std::vector<SWElementPtr> WindowInventory::windowsForPID(std::int32_t pid) const
     return windows;
 }
 
+bool WindowInventory::standsForOthers(const platform::RunningApplication& application) const
+{
+    return m_settings.showOthersInDockIcon &&
+           application.bundleIdentifier == platform::desktop().workspace.ownBundleIdentifier();
+}
+
 std::vector<std::int32_t>
 WindowInventory::processesBehindIcon(const platform::RunningApplication& application) const
 {
     std::vector<std::int32_t> pids{application.pid};
-    if (m_settings.showOthersInDockIcon &&
-        application.bundleIdentifier == platform::desktop().workspace.ownBundleIdentifier()) {
+    if (standsForOthers(application)) {
         for (const std::int32_t pid : applicationsWithoutDockIcon()) {
             if (pid != application.pid)
                 pids.push_back(pid);
@@ -206,9 +211,7 @@ int WindowInventory::countForPID(std::int32_t pid) const
 
 int WindowInventory::countForRunningApp(const platform::RunningApplication& application) const
 {
-    platform::Workspace& workspace = platform::desktop().workspace;
-    if (m_settings.showOthersInDockIcon &&
-        application.bundleIdentifier == workspace.ownBundleIdentifier()) {
+    if (standsForOthers(application)) {
         int count = countForPID(application.pid);
         for (const std::int32_t pid : applicationsWithoutDockIcon()) {
             if (pid != application.pid)
@@ -216,7 +219,7 @@ int WindowInventory::countForRunningApp(const platform::RunningApplication& appl
         }
         return count;
     }
-    if (m_settings.ignoreHidden && workspace.isHidden(application.pid))
+    if (m_settings.ignoreHidden && platform::desktop().workspace.isHidden(application.pid))
         return 0;
     return countForPID(application.pid);
 }

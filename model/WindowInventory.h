@@ -53,8 +53,11 @@ public:
 
     /// The listed windows of one process, as the visibility settings allow.
     std::vector<SWElementPtr> windowsForPID(std::int32_t pid) const;
-    /// The processes that an application's Dock icon stands for: its own and, for this program's
-    /// icon, if the settings want it, that of every application without an icon.
+    /// Whether the application is this program and its Dock icon stands for the applications
+    /// without one, too.
+    bool standsForOthers(const platform::RunningApplication& application) const;
+    /// The processes that an application's Dock icon stands for: its own and, if it stands for
+    /// others, that of every application without an icon.
     std::vector<std::int32_t>
     processesBehindIcon(const platform::RunningApplication& application) const;
     /// windowsForPID of all of them.

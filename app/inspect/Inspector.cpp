@@ -272,10 +272,8 @@ HoverVerdict Inspector::judgeHover(const Inspection& result) const
         return verdict;
     if (result.pointsAtItem && result.item->kind == DockItemKind::MinimizedWindow)
         return m_window ? HoverVerdict::Shows : HoverVerdict::NoWindows;
-    const bool isForOthers =
-        m_application && m_inventory.processesBehindIcon(*m_application).size() > 1;
-    return isForOthers ? HoverRules::verdictForOthersWindows(m_settings, result.previewable)
-                       : HoverRules::verdictForWindows(m_settings, result.previewable);
+    const bool areOthers = m_application && m_inventory.standsForOthers(*m_application);
+    return HoverRules::verdictForWindows(m_settings, result.previewable, areOthers);
 }
 
 } // namespace lumbrix

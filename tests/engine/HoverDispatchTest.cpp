@@ -173,6 +173,21 @@ TEST_F(HoverDispatchTest, ownIcon_standsForTheApplicationsWithoutOne_whereAsked)
     desk.workspace().hide(desk.ownPid());
     loop.advance(0.5);
     EXPECT_EQ(shown(), u"Status"_s);
+
+    // One window is as good as many, and a key that hides them hides them from the start: what the
+    // hover showed went again with the next update.
+    settings().ignoreOneWindow = 1;
+    settings().hidePreviewsKeycode = 2;
+    desk.setModifiers(Control);
+    for (const int hides : {0, 1}) {
+        settings().hidePreviews = hides;
+        leave();
+        loop.advance(1);
+        hover(u"Lumbrix"_s);
+        EXPECT_EQ(shown(), hides ? u""_s : u"Status"_s);
+        loop.advance(3);
+        EXPECT_EQ(shown(), hides ? u""_s : u"Status"_s);
+    }
 }
 
 TEST_F(HoverDispatchTest, minimisedIcon_showsItsOneWindow)
