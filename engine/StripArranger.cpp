@@ -98,7 +98,8 @@ void StripArranger::arrangeWindow(ScreenyView& preview)
 void StripArranger::waitUntilSettled(const SWElementPtr& item)
 {
     // Under magnification or while the Dock slides in, the icon is still moving.
-    if (!isDockMagnificationEnabled() && !isDockAutoHidingEnabled())
+    if (platform::desktop().dockPreferences.tellsFinalPlaces() ||
+        (!isDockMagnificationEnabled() && !isDockAutoHidingEnabled()))
         return;
     QRectF previous = rectOf(item);
     for (int reading = 1; reading < settleReadings; ++reading) {

@@ -24,6 +24,9 @@ public:
     virtual std::optional<int> magnification() = 0;
     /// 1 = the Dock hides.
     virtual std::optional<int> autohide() = 0;
+    /// Whether the places of the Dock's items are told as they will be once it rests, also while it
+    /// grows or slides. Else they have to be waited for.
+    virtual bool tellsFinalPlaces() = 0;
 };
 
 } // namespace lumbrix::platform

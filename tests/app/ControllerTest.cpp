@@ -153,6 +153,14 @@ TEST_F(ControllerTest, magnifyingDock_hover_waitsForTheIconToSettle)
     hover(u"Editor"_s);
     EXPECT_EQ(previews(), 1U);
     EXPECT_NEAR(loop.now() - before, 0.03, 1e-6) << "two equal readings end the wait";
+    desk.leaveDock();
+    loop.advance(1);
+
+    desk.dockPreferences().setTellsFinalPlaces(true);
+    const double last = loop.now();
+    hover(u"Editor"_s);
+    EXPECT_EQ(previews(), 1U);
+    EXPECT_EQ(loop.now(), last) << "there was nothing to wait for";
 }
 
 TEST_F(ControllerTest, movedSlider_showsASampleUntilHalfASecondAfterTheLastMove)

@@ -136,12 +136,15 @@ public:
     std::optional<QString> orientation() override { return m_orientation; }
     std::optional<int> magnification() override { return m_magnification; }
     std::optional<int> autohide() override { return m_autohide; }
+    bool tellsFinalPlaces() override { return m_tellsFinalPlaces; }
+    void setTellsFinalPlaces(bool on) { m_tellsFinalPlaces = on; }
 
 private:
     SimulatedState& m_state;
     std::optional<QString> m_orientation;
     std::optional<int> m_magnification;
     std::optional<int> m_autohide;
+    bool m_tellsFinalPlaces = false;
 };
 
 class SimulatedUserDefaults final : public platform::UserDefaults

@@ -19,6 +19,9 @@ public:
     std::optional<QString> orientation() override;
     std::optional<int> magnification() override;
     std::optional<int> autohide() override;
+    /// Magnified places are computed, and others taken in only once they stand; by the main thread,
+    /// so that one that waits could not see them change anyway.
+    bool tellsFinalPlaces() override { return true; }
 
 private:
     DockModel& m_docks;
