@@ -22,13 +22,12 @@ public:
     bool isEqualTo(std::int32_t pid) const { return m_pid == pid; }
     platform::AXObserver& observer() const { return *m_observer; }
     std::int32_t pid() const { return m_pid; }
-    void setPid(std::int32_t pid) { m_pid = pid; }
 
 private:
     SWObserver(std::unique_ptr<platform::AXObserver> observer, std::int32_t pid);
 
     std::unique_ptr<platform::AXObserver> m_observer;
-    std::int32_t m_pid;
+    const std::int32_t m_pid;
 };
 
 } // namespace lumbrix
