@@ -55,8 +55,6 @@ class EventTaps
 {
 public:
     virtual ~EventTaps() = default;
-    /// Whether taps made for clicks see any.
-    virtual bool seesClicks() const = 0;
     /// Disabled at first. Never null. The taps go before the port does.
     [[nodiscard]] virtual std::unique_ptr<EventTap> createTap(TapEvents events,
                                                               EventTap::Callback callback) = 0;

@@ -18,7 +18,6 @@ namespace lumbrix::test
 class SimulatedEventTaps final : public platform::EventTaps
 {
 public:
-    bool seesClicks() const override { return true; }
     std::unique_ptr<platform::EventTap> createTap(platform::TapEvents events,
                                                   platform::EventTap::Callback callback) override;
 

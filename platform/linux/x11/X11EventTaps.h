@@ -24,7 +24,6 @@ public:
     X11EventTaps(RunLoop& runLoop, KeyGrabs& grabs);
     ~X11EventTaps() override;
 
-    bool seesClicks() const override { return false; }
     std::unique_ptr<EventTap> createTap(TapEvents events, EventTap::Callback callback) override;
 
 private:
