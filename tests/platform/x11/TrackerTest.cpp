@@ -8,6 +8,7 @@
 #include <sys/socket.h>
 
 #include <csignal>
+#include <future>
 
 namespace lumbrix::platform::x11
 {
@@ -231,10 +232,10 @@ TEST(Core, lostServer_isReportedAndNothingBlocks)
     auto session = std::make_unique<Session>(SessionOptions{{640, 480}, WindowManager::Openbox});
     waitForManager(*session);
     QtRunLoop runLoop;
-    std::atomic<bool> isLost = false;
+    std::promise<void> lost;
     QString error;
     const auto core = X11Core::create(
-        runLoop, {1.0, displayName(*session).toStdString()}, [&] { isLost = true; }, error);
+        runLoop, {1.0, displayName(*session).toStdString()}, [&] { lost.set_value(); }, error);
     ASSERT_TRUE(core) << qPrintable(error);
     core->start();
     RawWindow raw(*session, {50, 60, 200, 100});
@@ -248,8 +249,7 @@ TEST(Core, lostServer_isReportedAndNothingBlocks)
                          SO_PEERCRED, &server, &length),
               0);
     kill(server.pid, SIGKILL);
-    while (!isLost)
-        runLoop.sleep(0.001);
+    ASSERT_EQ(lost.get_future().wait_for(patience(5000)), std::future_status::ready);
     EXPECT_FALSE(core->pictures().capture(raw.id()).isNull()); // the last known one
     core->tracker().activate(raw.id());
     core->pictures().prefetch({raw.id()});

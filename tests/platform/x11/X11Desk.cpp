@@ -97,7 +97,9 @@ void waitForManager(Session& session)
 {
     Display& display = session.display();
     bool isManaged = false;
-    while (!isManaged) {
+    for (int attempt = 0; !isManaged; ++attempt) {
+        if (attempt == 50)
+            qFatal("no window manager has come:\n%s", qPrintable(session.logs()));
         RawWindow probe(session, {0, 0, 10, 10});
         probe.map();
         isManaged = display.waitFor(
