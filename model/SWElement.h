@@ -162,6 +162,7 @@ private:
     static QString notResponding();
     /// What a read of the title gives.
     std::optional<QString> titleFrom(const platform::AXResult& read) const;
+    bool isOwnerAsMatched() const;
     WindowVerdict judgeSubrole(int filterLevel) const;
     std::optional<QSizeF> sizeToCapture() const;
 

@@ -150,8 +150,25 @@ WindowVerdict SWElement::matchWindow(const WindowList& windowList)
     return matched ? WindowVerdict::Good : furthest;
 }
 
+// Process, bundle and with it the filter level are those of the match. A window can become another
+// application's, perhaps without another process: then it has to be matched anew.
+bool SWElement::isOwnerAsMatched() const
+{
+    const std::int32_t known = m_pid;
+    const auto pid = platform::desktop().accessibility.pidOf(m_element);
+    if (!pid || known == 0)
+        return true; // gone, or never matched: for others to tell
+    if (*pid != known)
+        return false;
+    const QString matched = bundle();
+    const auto application = platform::desktop().workspace.runningApplication(known);
+    return !application || matched.isEmpty() || application->bundleIdentifier == matched;
+}
+
 WindowVerdict SWElement::judgeExistence()
 {
+    if (!isOwnerAsMatched())
+        return WindowVerdict::OtherOwner;
     const int level = getFilterLevel();
     if (level == blockAllFilterLevel)
         return WindowVerdict::BlockedByLevel;

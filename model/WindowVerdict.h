@@ -25,6 +25,7 @@ enum class WindowVerdict : std::uint8_t {
     NoSameTitle,
 
     // Whether it is a window to the user.
+    OtherOwner,     ///< another application has it than when it was matched
     BlockedByLevel, ///< its application's filter level drops every window
     ClosedToServer, ///< its application keeps it, but no Space has it
     NoWindowRole,

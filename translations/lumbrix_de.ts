@@ -538,6 +538,10 @@
         <source>the Dock tells of no icons</source>
         <translation>das Dock nennt keine Symbole</translation>
     </message>
+    <message>
+        <source>it has just become another application&apos;s</source>
+        <translation>es gehört seit eben zu einer anderen Anwendung</translation>
+    </message>
 </context>
 <context>
     <name>KeyboardLayout</name>

@@ -160,6 +160,8 @@ QString reasonText(const InspectedWindow& window)
     case WindowVerdict::NoSameTitle:
         return differs(InspectionText::tr("the window server has it under another title"), window,
                        window.listed ? printableText(window.listed->name) : QString());
+    case WindowVerdict::OtherOwner:
+        return InspectionText::tr("it has just become another application's");
     case WindowVerdict::BlockedByLevel:
         return InspectionText::tr("the filter “%1” leaves out every window of the application")
                    .arg(FilterLevel::title(window.level)) +

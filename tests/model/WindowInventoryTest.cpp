@@ -95,6 +95,26 @@ TEST_F(WindowInventoryTest, twins_giveOneRecordForTheEntryThatBothMatch)
     EXPECT_EQ(inventory.windowsArray().front()->wid(), front);
 }
 
+// As a record it had the process, and the filter level, of the application it was matched for.
+TEST_F(WindowInventoryTest, windowThatBecomesAnotherApplications_isMatchedAnew)
+{
+    const Pid start = addApplication(u"Start"_s, 1);
+    const Pid sheets = addApplication(u"Sheets"_s, 1);
+    inventory.windowScanner();
+    desk.giveWindow(desk.stacking().back(), sheets);
+    inventory.cleanWindowsArray();
+    EXPECT_EQ(listed(), QStringList{u"Sheets 1"_s});
+    inventory.windowScanner();
+    EXPECT_EQ(titlesFor(start), QStringList());
+    EXPECT_EQ(titlesFor(sheets), QStringList({u"Sheets 1"_s, u"Start 1"_s}));
+    // The process may stay.
+    desk.changeApplication(sheets, [](auto& each) { each.bundleIdentifier = u"org.other"_s; });
+    inventory.windowScanner();
+    for (const SWElementPtr& window : inventory.windowsArray())
+        EXPECT_EQ(window->bundle(), u"org.other"_s);
+    EXPECT_EQ(listed().size(), 2);
+}
+
 TEST_F(WindowInventoryTest, scan_takesOneWindowList_andLeavesSpacesAloneWhilePreviewsShow)
 {
     class Counting : public ForwardingWindowServer

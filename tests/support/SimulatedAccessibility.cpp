@@ -98,11 +98,19 @@ ElementRef SimulatedAccessibility::createApplication(std::int32_t pid)
 
 ElementRef SimulatedAccessibility::createSystemWide() { return makeElement(Kind::SystemWide, 0); }
 
+Pid SimulatedAccessibility::ownerOf(const SimulatedElement& element)
+{
+    const bool isOfWindow = element.kind == Kind::Window || element.kind == Kind::CloseButton ||
+                            element.kind == Kind::Content;
+    const SimulatedWindow* window = isOfWindow ? m_state.window(element.id) : nullptr;
+    return window ? window->pid : element.pid;
+}
+
 AXError SimulatedAccessibility::stateOf(const SimulatedElement& element)
 {
     if (element.kind == Kind::SystemWide)
         return AXError::Success;
-    const SimulatedApplication* application = m_state.application(element.pid);
+    const SimulatedApplication* application = m_state.application(ownerOf(element));
     bool exists = application != nullptr;
     switch (element.kind) {
     case Kind::Window:
@@ -379,7 +387,7 @@ AXError SimulatedAccessibility::setAttributeValue(const ElementRef& element,
     if (!on)
         return AXError::IllegalArgument;
     if (attribute == QLatin1String("AXFrontmost") && *on)
-        m_state.activate(target.pid);
+        m_state.activate(ownerOf(target));
     else if (target.kind == Kind::Application && attribute == QLatin1String("AXHidden"))
         m_state.setHidden(target.pid, *on);
     else if (target.kind == Kind::Window && attribute == QLatin1String("AXMinimized"))
@@ -449,7 +457,8 @@ AXResult SimulatedAccessibility::copyElementAtPosition(float x, float y)
 
 std::optional<std::int32_t> SimulatedAccessibility::pidOf(const ElementRef& element)
 {
-    return element ? std::optional(own(element).pid) : std::nullopt;
+    const std::lock_guard lock(m_state.mutex);
+    return element ? std::optional(ownerOf(own(element))) : std::nullopt;
 }
 
 std::optional<WindowID> SimulatedAccessibility::windowIDOf(const ElementRef& element)

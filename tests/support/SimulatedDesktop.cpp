@@ -77,6 +77,11 @@ void SimulatedDesktop::closeWindow(WindowID window)
     with([&](SimulatedState& state) { state.close(window); });
 }
 
+void SimulatedDesktop::giveWindow(WindowID window, Pid pid)
+{
+    with([&](SimulatedState& state) { state.give(window, pid); });
+}
+
 void SimulatedDesktop::minimizeWindow(WindowID window, bool minimized)
 {
     with([&](SimulatedState& state) { state.setMinimized(window, minimized); });

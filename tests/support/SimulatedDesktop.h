@@ -61,6 +61,7 @@ public:
     // Windows; a new one is in front.
     WindowID addWindow(Pid pid, SimulatedWindow window);
     void closeWindow(WindowID window);
+    void giveWindow(WindowID window, Pid pid); ///< to another application
     void minimizeWindow(WindowID window, bool minimized = true);
     void changeWindow(WindowID window, const std::function<void(SimulatedWindow&)>& change);
     std::optional<SimulatedWindow> window(WindowID window); ///< null when closed

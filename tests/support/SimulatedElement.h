@@ -27,7 +27,9 @@ struct SimulatedElement final : platform::AXElement {
     bool isEqual(const AXElement& other) const override
     {
         const auto* same = dynamic_cast<const SimulatedElement*>(&other);
-        return same && same->kind == kind && same->pid == pid && same->id == id;
+        // A window that becomes another application's stays the same.
+        return same && same->kind == kind && same->id == id &&
+               (same->pid == pid || kind == Kind::Window);
     }
     std::size_t hash() const override { return id; }
 

@@ -49,6 +49,8 @@ public:
     createObserver(std::int32_t pid, platform::AXObserver::Callback callback) override;
 
 private:
+    /// The process that has the element now.
+    Pid ownerOf(const SimulatedElement& element);
     /// Success, or why the element cannot be asked.
     platform::AXError stateOf(const SimulatedElement& element);
     platform::AXResult systemWideValue(const QString& attribute);

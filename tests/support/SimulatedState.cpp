@@ -150,6 +150,16 @@ void SimulatedState::close(WindowID number)
     notify(pid, makeElement(Kind::Window, pid, number), QStringLiteral("AXUIElementDestroyed"));
 }
 
+void SimulatedState::give(WindowID number, Pid pid)
+{
+    SimulatedWindow* found = window(number);
+    if (!found)
+        return;
+    const platform::ElementRef element = makeElement(Kind::Window, found->pid, number);
+    notify(std::exchange(found->pid, pid), element, QStringLiteral("AXUIElementDestroyed"));
+    notify(pid, element, QStringLiteral("AXWindowCreated"));
+}
+
 void SimulatedState::setMinimized(WindowID number, bool minimized)
 {
     SimulatedWindow* found = window(number);

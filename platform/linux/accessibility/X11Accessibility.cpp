@@ -274,6 +274,22 @@ void X11Accessibility::Additions::windowAdded(const x11::TrackedWindowPtr& windo
     }
 }
 
+void X11Accessibility::Additions::windowChanged(const x11::TrackedWindowPtr& before,
+                                                const x11::TrackedWindowPtr& after)
+{
+    if (!isSameOwner(*before, *after)) {
+        windowAdded(after);
+    }
+}
+
+void X11Accessibility::Removals::windowChanged(const x11::TrackedWindowPtr& before,
+                                               const x11::TrackedWindowPtr& after)
+{
+    if (!isSameOwner(*before, *after)) {
+        windowRemoved(before);
+    }
+}
+
 void X11Accessibility::Removals::windowRemoved(const x11::TrackedWindowPtr& last)
 {
     if (isApplicationWindow(*last)) {

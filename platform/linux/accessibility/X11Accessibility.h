@@ -18,7 +18,8 @@ namespace lumbrix::platform
 
 /// Made on the main thread before the event thread starts. An application is announced before its
 /// first window and its end after that of its last one, so it listens twice: behind the registry
-/// for new windows, before it for the ends of windows.
+/// for new windows, before it for the ends of windows. A window that comes to say something else of
+/// its owner (a start window that becomes a document's) ends for the one and begins for the other.
 class X11Accessibility final : public Accessibility
 {
 public:
@@ -67,10 +68,14 @@ private:
     struct Additions final : x11::WindowListener {
         explicit Additions(X11Accessibility& owner) : owner(owner) {}
         void windowAdded(const x11::TrackedWindowPtr& window) override;
+        void windowChanged(const x11::TrackedWindowPtr& before,
+                           const x11::TrackedWindowPtr& after) override;
         X11Accessibility& owner;
     };
     struct Removals final : x11::WindowListener {
         explicit Removals(X11Accessibility& owner) : owner(owner) {}
+        void windowChanged(const x11::TrackedWindowPtr& before,
+                           const x11::TrackedWindowPtr& after) override;
         void windowRemoved(const x11::TrackedWindowPtr& last) override;
         X11Accessibility& owner;
     };

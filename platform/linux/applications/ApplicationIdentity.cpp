@@ -110,6 +110,12 @@ QUrl bundleUrlOf(const DesktopEntryPtr& entry, const QString& key)
     return QUrl::fromLocalFile(QStringLiteral("/.application/") + name);
 }
 
+bool isSameOwner(const x11::TrackedWindow& before, const x11::TrackedWindow& after)
+{
+    return before.className == after.className && before.classInstance == after.classInstance &&
+           before.pid == after.pid && isApplicationWindow(before) == isApplicationWindow(after);
+}
+
 bool isApplicationWindow(const x11::TrackedWindow& window)
 {
     switch (window.type) {

@@ -36,6 +36,9 @@ ApplicationIdentity identifyApplication(const x11::TrackedWindow& window, Deskto
 /// paths.
 QUrl bundleUrlOf(const DesktopEntryPtr& entry, const QString& key);
 
+/// Whether both states of a window tell the same of who owns it.
+bool isSameOwner(const x11::TrackedWindow& before, const x11::TrackedWindow& after);
+
 /// Whether windows of this type belong to the user's work: docks, desktops, menus and the like do
 /// not make an application.
 bool isApplicationWindow(const x11::TrackedWindow& window);

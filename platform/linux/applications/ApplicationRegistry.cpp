@@ -291,10 +291,7 @@ void ApplicationRegistry::windowChanged(const x11::TrackedWindowPtr& before,
                                         const x11::TrackedWindowPtr& after)
 {
     const std::lock_guard lock(m_mutex);
-    const bool sameOwner =
-        before->className == after->className && before->classInstance == after->classInstance &&
-        before->pid == after->pid && isApplicationWindow(*before) == isApplicationWindow(*after);
-    if (!sameOwner) {
+    if (!isSameOwner(*before, *after)) {
         remove(after->id);
         meet(*after);
         return;

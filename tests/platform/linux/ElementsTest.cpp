@@ -156,11 +156,15 @@ TEST_F(ElementsTest, window_notifications_come_between_launch_and_end_of_the_app
     std::map<std::int32_t, std::unique_ptr<AXObserver>> observers;
     const auto launched =
         m_workspace.observe(WorkspaceNotification::DidLaunchApplication, [&](std::int32_t pid) {
-            auto observer =
-                m_accessibility.createObserver(pid, [&](AXObserver&, const ElementRef& element,
-                                                        const QString& name, NotificationContext*) {
-                    log << name + u' ' + text(element, "AXRole") + u' ' +
-                               QString::number(*m_accessibility.windowIDOf(element));
+            log << QStringLiteral("launch %1").arg(pid);
+            auto observer = m_accessibility.createObserver(
+                pid, [&, pid](AXObserver&, const ElementRef& element, const QString& name,
+                              NotificationContext*) {
+                    EXPECT_EQ(text(element, "AXRole"), QStringLiteral("AXWindow"));
+                    log << QStringLiteral("%1 %2 of %3")
+                               .arg(QLatin1Char(name == u"AXWindowCreated" ? '+' : '-'))
+                               .arg(*m_accessibility.windowIDOf(element))
+                               .arg(pid);
                 });
             ASSERT_TRUE(observer);
             for (const char* name : {"AXWindowCreated", "AXUIElementDestroyed"}) {
@@ -169,14 +173,29 @@ TEST_F(ElementsTest, window_notifications_come_between_launch_and_end_of_the_app
             observer->addToRunLoop();
             observers[pid] = std::move(observer);
         });
-    const auto ended = m_workspace.observe(WorkspaceNotification::DidTerminateApplication,
-                                           [&](std::int32_t pid) { observers.erase(pid); });
-    m_tracker.add(window(1, QStringLiteral("editor"), QStringLiteral("Editor"), 302));
-    m_loop.runUntilIdle();
+    const auto ended =
+        m_workspace.observe(WorkspaceNotification::DidTerminateApplication, [&](std::int32_t pid) {
+            log << QStringLiteral("end %1").arg(pid);
+            observers.erase(pid);
+        });
+    const auto taken = [&] {
+        m_loop.runUntilIdle();
+        return std::exchange(log, {}).join(u',');
+    };
+    m_tracker.add(window(1, QStringLiteral("office"), QStringLiteral("Start"), 302));
+    EXPECT_EQ(taken(), QStringLiteral("launch 302,+ 1 of 302"));
+    // A start window becomes a document's: another application, though the process is the same.
+    m_tracker.change(1, [](auto& window) { window.className = QStringLiteral("Editor"); });
+    EXPECT_EQ(taken(), QStringLiteral("- 1 of 302,end 302,launch 302,+ 1 of 302"));
+    m_tracker.add(window(3, QStringLiteral("editor"), QStringLiteral("Editor"), 303));
+    EXPECT_EQ(taken(), QStringLiteral("+ 3 of 302"));
+    m_tracker.change(
+        3, [](auto& window) { window.className = window.classInstance = QStringLiteral("Term"); });
+    EXPECT_EQ(taken(), QStringLiteral("- 3 of 302,launch 303,+ 3 of 303"));
+    m_tracker.change(3, [](auto& window) { window.type = x11::WindowType::Dock; });
+    EXPECT_EQ(taken(), QStringLiteral("- 3 of 303,end 303"));
     m_tracker.remove(1);
-    m_loop.runUntilIdle();
-    EXPECT_EQ(log.join(u','), QStringLiteral("AXWindowCreated AXWindow 1,"
-                                             "AXUIElementDestroyed AXWindow 1"));
+    EXPECT_EQ(taken(), QStringLiteral("- 1 of 302,end 302"));
     EXPECT_TRUE(observers.empty());
     EXPECT_FALSE(m_accessibility.createObserver(302, {}));
 }
