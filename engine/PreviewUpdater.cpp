@@ -88,6 +88,7 @@ bool PreviewUpdater::updateMinimizedPreview(const SWElementPtr&)
     const SWElementPtr window = preview.elementRef();
     if (!window || !window->checkIfExists() || !window->checkIfMinimized())
         return false;
+    preview.showSpaces();
     const auto track = preview.iTunes()
                            ? m_handler.companions().playerControls->currentTrack(preview)
                            : std::nullopt;
@@ -122,6 +123,7 @@ void PreviewUpdater::refreshShown(Pass& pass)
 void PreviewUpdater::refreshPreview(ScreenyView& preview)
 {
     const SWElementPtr window = preview.elementRef();
+    preview.showSpaces(); // it may have gone to another Space, or to all of them
     if (!m_handler.settings().disableLivePreviews)
         m_handler.pictureLoader().updateScreenshot(preview);
     if (preview.iTunes()) {

@@ -88,8 +88,11 @@ std::optional<WindowPicture> SWElement::grabWindowAtHand(QSize limit) const
     return image ? std::optional(pictureOf(*image, limit, *size)) : std::nullopt;
 }
 
+// A number that cannot be read leaves the one before; a window that is on all Spaces has none.
 int SWElement::getSpaceNumber()
 {
+    if (platform::desktop().windowServer.isOnAllWorkspaces(m_wid))
+        m_spaceNumber = 0;
     const int number = spaceNumberOfWindow(m_wid);
     if (number >= 1 && number <= 59)
         m_spaceNumber = number;
@@ -104,6 +107,8 @@ int SWElement::getSpaceNumber(const WindowList& windowList)
             continue;
         if (entry.workspace > 0)
             m_spaceNumber = entry.workspace;
+        else if (entry.isOnAllWorkspaces)
+            m_spaceNumber = 0;
         break;
     }
     return m_spaceNumber;

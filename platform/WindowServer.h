@@ -31,6 +31,7 @@ struct WindowInfo {
     QString name;
     bool isOnscreen = false;
     int workspace = 0; ///< 0 = unknown or on all
+    bool isOnAllWorkspaces = false;
 };
 using WindowList = std::vector<WindowInfo>;
 
@@ -50,6 +51,10 @@ public:
     virtual std::optional<QRectF> windowBounds(WindowID window) = 0;
     /// 1-based; 0 = on all or unknown; null when the window is gone.
     virtual std::optional<int> windowWorkspace(WindowID window) = 0;
+    /// Whether the window is known to be on every workspace, so that it has no number of one. False
+    /// where an adapter cannot tell that from a number it does not know, and for a window that is
+    /// gone.
+    virtual bool isOnAllWorkspaces(WindowID /*window*/) { return false; }
     /// The windows of one workspace (1-based); empty when there is no such workspace.
     virtual std::vector<WindowID> workspaceWindowList(int workspace) = 0;
 

@@ -44,7 +44,6 @@ void BadgeView::show(int number, Size size, const QRect& frame)
         label->setVisible(label == m_labels.at(size));
     m_labels.at(size)->setText(QString::number(number));
     QWidget::show();
-    update();
 }
 
 void BadgeView::hideAll()

@@ -3,6 +3,8 @@
 
 // How the previews shown keep up with their windows.
 
+#include "preview/BadgeView.h"
+#include "preview/NumberLabel.h"
 #include "tests/engine/EngineFixture.h"
 
 namespace lumbrix::test
@@ -63,6 +65,41 @@ TEST_F(Update, windowsThatComeAndGo_joinAndLeaveTheRow)
     EXPECT_EQ(shown(), u""_s);
     EXPECT_EQ(panelsOnScreen(), 0);
     EXPECT_FALSE(isTapOn());
+}
+
+TEST_F(Update, windowThatBecomesAnotherApplications_changesTheRow)
+{
+    add(u"Start"_s, 2);
+    const Pid sheets = add(u"Sheets"_s, 1);
+    hover(u"Start"_s);
+    desk.giveWindow(desk.stacking().back(), sheets);
+    update();
+    EXPECT_EQ(shown(), u"Start 2"_s);
+    hover(u"Sheets"_s);
+    EXPECT_EQ(shown(), u"Sheets 1, Start 1"_s);
+}
+
+TEST_F(Update, spaceNumbers_followTheWindows)
+{
+    add(u"Notes"_s, 2);
+    settings().showSpaces = 1;
+    hover(u"Notes"_s);
+    const auto move = [this](int space, bool isOnAll) {
+        desk.changeWindow(desk.stacking().front(), [=](auto& window) {
+            window.space = space;
+            window.isOnAllSpaces = isOnAll;
+        });
+        update();
+    };
+    const auto number = [this] {
+        const BadgeView* badge = preview(0).spaceView();
+        return badge->isHidden() ? u""_s : badge->label(BadgeView::Small)->text();
+    };
+    EXPECT_EQ(number(), u"1"_s);
+    EXPECT_EQ((move(3, false), number()), u"3"_s);
+    EXPECT_EQ((move(3, true), number()), u""_s);
+    EXPECT_EQ((move(2, false), number()), u"2"_s);
+    EXPECT_EQ((move(0, false), number()), u"2"_s) << "not known is no change";
 }
 
 TEST_F(Update, pictures_areTakenOnceAnUpdate_andShownWithTheNext)

@@ -122,6 +122,16 @@ TEST_F(SWElementTest, spaceNumber_changesOnlyToARealSpace)
     EXPECT_EQ((move(0), window->getSpaceNumber(list())), 60);
     EXPECT_EQ(window->getSpaceNumber({}), 60);
 
+    // One that is on all Spaces is on none in particular, whoever says so.
+    const auto putOnAll = [&](bool on) {
+        desk.changeWindow(window->wid(), [on](auto& each) { each.isOnAllSpaces = on; });
+    };
+    EXPECT_EQ((putOnAll(true), window->getSpaceNumber()), 0);
+    EXPECT_EQ((putOnAll(false), move(5), window->getSpaceNumber(list())), 5);
+    EXPECT_EQ((putOnAll(true), window->getSpaceNumber(list())), 0);
+    putOnAll(false);
+
+    move(1);
     EXPECT_FALSE(SWElement::checkIfAnyWindowIsOnOtherSpace());
     move(2);
     EXPECT_TRUE(SWElement::checkIfAnyWindowIsOnOtherSpace());

@@ -99,6 +99,10 @@ public:
     {
         return m_target.windowWorkspace(window);
     }
+    bool isOnAllWorkspaces(platform::WindowID window) override
+    {
+        return m_target.isOnAllWorkspaces(window);
+    }
     std::vector<platform::WindowID> workspaceWindowList(int workspace) override
     {
         return m_target.workspaceWindowList(workspace);

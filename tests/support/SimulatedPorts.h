@@ -72,6 +72,7 @@ public:
     platform::WindowList copyWindowInfo(platform::WindowListOption option) override;
     std::optional<QRectF> windowBounds(WindowID window) override;
     std::optional<int> windowWorkspace(WindowID window) override;
+    bool isOnAllWorkspaces(WindowID window) override;
     std::vector<WindowID> workspaceWindowList(int workspace) override;
     QImage captureWindow(WindowID window, QSize limit) override;
     /// Only what was captured before and has not changed since.

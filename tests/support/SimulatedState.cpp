@@ -46,8 +46,9 @@ SimulatedDockItem* SimulatedState::dockItem(std::uint32_t id)
 bool SimulatedState::isOnscreen(const SimulatedWindow& window)
 {
     const SimulatedApplication* owner = application(window.pid);
-    return window.isOnscreen.value_or(!window.isMinimized && owner && !owner->isHidden &&
-                                      (window.space == 0 || window.space == currentSpace));
+    return window.isOnscreen.value_or(
+        !window.isMinimized && owner && !owner->isHidden &&
+        (window.isOnAllSpaces || window.space == 0 || window.space == currentSpace));
 }
 
 std::vector<WindowID> SimulatedState::windowsOf(Pid pid) const
@@ -179,7 +180,7 @@ void SimulatedState::raise(WindowID number)
     if (!found)
         return;
     setMinimized(number, false);
-    if (found->space != 0)
+    if (!found->isOnAllSpaces && found->space != 0)
         showSpace(found->space);
     // In front of the windows of its own application, of all when that is active.
     const Pid pid = found->pid;

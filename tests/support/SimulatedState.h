@@ -51,7 +51,8 @@ struct SimulatedWindow {
     QString subrole = QStringLiteral("AXStandardWindow"); ///< null = unreadable
     bool isMinimized = false;
     bool isClosable = true;
-    int space = 1;
+    int space = 1; ///< 0 = not known
+    bool isOnAllSpaces = false;
     int layer = 0;
     bool hasContent = true;      ///< has "AXChildren"
     QColor color = Qt::darkCyan; ///< of the whole picture ...

@@ -19,7 +19,8 @@ platform::WindowList SimulatedWindowServer::copyWindowInfo(platform::WindowListO
         info.number = number;
         info.name = window.listedName.value_or(window.title);
         info.isOnscreen = m_state.isOnscreen(window);
-        info.workspace = window.space;
+        info.workspace = window.isOnAllSpaces ? 0 : window.space;
+        info.isOnAllWorkspaces = window.isOnAllSpaces;
         list.push_back(info);
     }
     return list;
@@ -36,7 +37,14 @@ std::optional<int> SimulatedWindowServer::windowWorkspace(WindowID window)
 {
     const std::lock_guard lock(m_state.mutex);
     const SimulatedWindow* found = m_state.window(window);
-    return found ? std::optional(found->space) : std::nullopt;
+    return found ? std::optional(found->isOnAllSpaces ? 0 : found->space) : std::nullopt;
+}
+
+bool SimulatedWindowServer::isOnAllWorkspaces(WindowID window)
+{
+    const std::lock_guard lock(m_state.mutex);
+    const SimulatedWindow* found = m_state.window(window);
+    return found && found->isOnAllSpaces;
 }
 
 std::vector<WindowID> SimulatedWindowServer::workspaceWindowList(int workspace)

@@ -37,6 +37,7 @@ struct TrackedWindow {
     bool canDelete = false; ///< takes part in WM_DELETE_WINDOW
     /// 0-based; −1 = on all desktops or unknown.
     int desktop = -1;
+    bool isOnAllDesktops = false;
     xcb_window_t transientFor = XCB_NONE;
     /// Where a dock shows this window, as last written to the window.
     std::optional<QRect> iconGeometry;

@@ -110,6 +110,7 @@ void applyDesktop(WindowRecord& record, const PropertyValue& value, const Atoms&
 {
     const auto longs = value.longs();
     record.desktop = !longs.empty() && longs[0] < 0x10000 ? static_cast<int>(longs[0]) : -1;
+    record.isOnAllDesktops = !longs.empty() && longs[0] == 0xFFFFFFFF;
 }
 
 void applyTransientFor(WindowRecord& record, const PropertyValue& value, const Atoms&)
@@ -267,6 +268,7 @@ TrackedWindow snapshotOf(const WindowRecord& record, const ManagerTraits& manage
     window.isMapped = record.isMapped;
     window.canDelete = record.canDelete;
     window.desktop = record.desktop;
+    window.isOnAllDesktops = record.isOnAllDesktops;
     window.iconGeometry = record.iconGeometry;
     window.iconGeometrySerial = record.iconGeometrySerial;
     window.iconGeometryTime = record.iconGeometryTime;

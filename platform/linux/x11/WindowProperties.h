@@ -45,6 +45,7 @@ struct WindowRecord {
     bool canDelete = false;
     bool canPing = false;
     int desktop = -1;
+    bool isOnAllDesktops = false;
     xcb_window_t transientFor = XCB_NONE;
     std::optional<QRect> iconGeometry;
     std::uint64_t iconGeometrySerial = 0;

@@ -62,6 +62,7 @@ WindowList X11WindowServer::copyWindowInfo(WindowListOption option)
         info.isOnscreen = window->isMapped && !window->isIconic &&
                           (window->desktop < 0 || window->desktop == desktop);
         info.workspace = workspaceOf(*window);
+        info.isOnAllWorkspaces = window->isOnAllDesktops;
         list.push_back(std::move(info));
     }
     return list;
@@ -77,6 +78,12 @@ std::optional<int> X11WindowServer::windowWorkspace(WindowID id)
 {
     const TrackedWindowPtr window = m_tracker.window(id);
     return window ? std::optional(workspaceOf(*window)) : std::nullopt;
+}
+
+bool X11WindowServer::isOnAllWorkspaces(WindowID id)
+{
+    const TrackedWindowPtr window = m_tracker.window(id);
+    return window && window->isOnAllDesktops;
 }
 
 std::vector<WindowID> X11WindowServer::workspaceWindowList(int workspace)

@@ -39,6 +39,7 @@ public:
     WindowList copyWindowInfo(WindowListOption option) override;
     std::optional<QRectF> windowBounds(WindowID window) override;
     std::optional<int> windowWorkspace(WindowID window) override;
+    bool isOnAllWorkspaces(WindowID window) override;
     std::vector<WindowID> workspaceWindowList(int workspace) override;
     QImage captureWindow(WindowID window, QSize limit) override;
     std::optional<QImage> pictureAtHand(WindowID window, QSize limit) override;

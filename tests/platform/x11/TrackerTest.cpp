@@ -94,6 +94,7 @@ TEST_P(EachWindowManager, windowOfAnotherDesktop_isNotIconicAndComesWithItsDeskt
     const auto info = desk.info(window.id);
     EXPECT_FALSE(info->isOnscreen);
     EXPECT_EQ(info->workspace, 2);
+    EXPECT_FALSE(info->isOnAllWorkspaces);
     EXPECT_EQ(info->layer, 0);
     EXPECT_EQ(desk.core().windowServer().workspaceWindowList(2), std::vector<WindowID>{window.id});
 
@@ -103,6 +104,12 @@ TEST_P(EachWindowManager, windowOfAnotherDesktop_isNotIconicAndComesWithItsDeskt
     EXPECT_TRUE(desk.info(window.id)->isOnscreen);
     desk.display().request(desk.display().root(), "_NET_CURRENT_DESKTOP", {0, 0});
     EXPECT_TRUE(desk.waitFor([&] { return desk.tracker().currentDesktop() == 0; }));
+
+    app.moveToDesktop(window, -1);
+    desk.waitForWindow(window.id, [](const TrackedWindow& w) { return w.isMapped; });
+    EXPECT_EQ(desk.info(window.id)->workspace, 0);
+    EXPECT_TRUE(desk.info(window.id)->isOnAllWorkspaces);
+    EXPECT_TRUE(desk.core().windowServer().isOnAllWorkspaces(window.id));
 
     // A rolled-up window has the iconic state of ICCCM with some window managers.
     app.moveToDesktop(window, 0);
