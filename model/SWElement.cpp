@@ -154,6 +154,11 @@ void SWElement::raise()
     }
 }
 
+std::optional<WindowID> SWElement::ownWindow() const
+{
+    return platform::desktop().accessibility.windowIDOf(m_element);
+}
+
 bool SWElement::isHidden() const { return AX::read<bool>(m_element, AX::Hidden).value_or(false); }
 
 QRectF SWElement::getRect() const

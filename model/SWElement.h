@@ -120,6 +120,8 @@ public:
     void closeWindow();
     bool unhideIfHidden();
     void raise();
+    /// Of a Dock item: the one window that it stands for, as far as the platform tells.
+    std::optional<platform::WindowID> ownWindow() const;
     /// Of a Dock item: whether the Dock keeps it out of sight. False where it does not say.
     bool isHidden() const;
     QRectF getRect() const;   ///< accessibility coordinates

@@ -211,26 +211,26 @@ int WindowInventory::countForPID(std::int32_t pid) const
 
 int WindowInventory::countForRunningApp(const platform::RunningApplication& application) const
 {
-    if (standsForOthers(application)) {
-        int count = countForPID(application.pid);
-        for (const std::int32_t pid : applicationsWithoutDockIcon()) {
-            if (pid != application.pid)
-                count += countForPID(pid);
-        }
-        return count;
-    }
-    if (m_settings.ignoreHidden && platform::desktop().workspace.isHidden(application.pid))
+    if (!standsForOthers(application) && m_settings.ignoreHidden &&
+        platform::desktop().workspace.isHidden(application.pid))
         return 0;
-    return countForPID(application.pid);
+    int count = 0;
+    for (const std::int32_t pid : processesBehindIcon(application))
+        count += countForPID(pid);
+    return count;
 }
 
 SWElementPtr WindowInventory::windowForMinimizedIcon(const SWElement& icon) const
 {
+    // Titles are no names: of two minimised windows may both be called the same. Where the platform
+    // knows the window, no other will do.
+    const auto number = icon.ownWindow();
     const auto title = icon.getTitle();
-    if (!title)
+    if (!number && !title)
         return nullptr;
     for (const SWElementPtr& window : windowsArray()) {
-        if (window->getTitle() == title && window->checkIfMinimized() && window->checkIfExists())
+        const bool isMeant = number ? window->wid() == *number : window->getTitle() == title;
+        if (isMeant && window->checkIfMinimized() && window->checkIfExists())
             return window;
     }
     return nullptr;

@@ -65,7 +65,8 @@ public:
     windowsBehindIcon(const platform::RunningApplication& application) const;
     int countForPID(std::int32_t pid) const;
     int countForRunningApp(const platform::RunningApplication& application) const;
-    /// The minimised window that a Dock icon stands for; null when none is known.
+    /// The minimised window that a Dock icon stands for: the one that the platform knows, else the
+    /// first of its title; null when none is known.
     SWElementPtr windowForMinimizedIcon(const SWElement& icon) const;
     /// Running applications that have no Dock icon of their own, in running order.
     static std::vector<std::int32_t> applicationsWithoutDockIcon();

@@ -144,7 +144,9 @@ public:
     virtual AXResult copyElementAtPosition(float x, float y) = 0;
 
     virtual std::optional<std::int32_t> pidOf(const ElementRef& element) = 0;
-    /// The exact window-server number of a window element, where the platform knows it.
+    /// The exact window-server number of a window element, or of the one window that a Dock item
+    /// stands for (a minimised one, or the one behind its button of a task bar), where the platform
+    /// knows it.
     virtual std::optional<WindowID> windowIDOf(const ElementRef& element) = 0;
 
     /// Null when the process cannot be observed. Main thread.

@@ -239,6 +239,18 @@ TEST_F(WindowInventoryTest, minimisedIcon_standsForTheFirstMinimisedWindowOfItsT
     desk.minimizeWindow(minimized, false);
     EXPECT_EQ(inventory.windowForMinimizedIcon(*icon), nullptr); // the icon is gone
     EXPECT_TRUE(desk.window(open));
+
+    // Of several with that title the right one, where that is known.
+    desk.with([](SimulatedState& state) { state.knowsWindowNumbers = true; });
+    for (const WindowID number : {open, minimized}) {
+        desk.minimizeWindow(open, number == open);
+        desk.minimizeWindow(minimized, number == minimized);
+        desk.minimizeWindow(open);
+        desk.minimizeWindow(minimized); // its icon is the first of this title
+        const SWElementPtr own = inventory.windowForMinimizedIcon(*dockItem(u"Ideas"_s));
+        ASSERT_TRUE(own);
+        EXPECT_EQ(own->wid(), number);
+    }
 }
 
 } // namespace

@@ -464,9 +464,14 @@ std::optional<std::int32_t> SimulatedAccessibility::pidOf(const ElementRef& elem
 std::optional<WindowID> SimulatedAccessibility::windowIDOf(const ElementRef& element)
 {
     const std::lock_guard lock(m_state.mutex);
-    if (!element || !m_state.knowsWindowNumbers || own(element).kind != Kind::Window)
+    if (!element || !m_state.knowsWindowNumbers)
         return std::nullopt;
-    return own(element).id;
+    const SimulatedElement& target = own(element);
+    if (target.kind == Kind::Window)
+        return target.id;
+    const SimulatedDockItem* item =
+        target.kind == Kind::DockItem ? m_state.dockItem(target.id) : nullptr;
+    return item && item->window != 0 ? std::optional(item->window) : std::nullopt;
 }
 
 std::unique_ptr<AXObserver> SimulatedAccessibility::createObserver(std::int32_t pid,

@@ -243,6 +243,10 @@ std::optional<std::int32_t> X11Accessibility::pidOf(const ElementRef& reference)
 std::optional<WindowID> X11Accessibility::windowIDOf(const ElementRef& reference)
 {
     const X11Element* element = X11Element::from(reference);
+    if (element != nullptr && element->kind() == Kind::DockItem) {
+        const auto item = m.docks.item(element->dockItemId());
+        return item ? item->window : std::nullopt;
+    }
     if (element == nullptr || element->kind() != Kind::Window) {
         return std::nullopt;
     }

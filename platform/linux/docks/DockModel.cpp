@@ -276,6 +276,7 @@ std::optional<DockItemView> DockModel::item(DockItemId id) const
                       .url = {},
                       .isRunning = false,
                       .isMinimizedWindow = item->isMinimizedWindow,
+                      .window = {},
                       .isHidden = state->isHidden,
                       .rect = selectedItem() == id ? item->magnified : item->rect};
     if (!item->desktopFile.isEmpty()) {
@@ -290,8 +291,11 @@ std::optional<DockItemView> DockModel::item(DockItemId id) const
         }
         return view;
     }
-    for (const xcb_window_t id : item->windows) {
-        const x11::TrackedWindowPtr window = m_tracker.window(id);
+    if (item->windows.size() == 1) {
+        view.window = item->windows.front();
+    }
+    for (const xcb_window_t windowId : item->windows) {
+        const x11::TrackedWindowPtr window = m_tracker.window(windowId);
         if (!window) {
             continue;
         }

@@ -27,6 +27,8 @@ struct DockItemView {
     QUrl url; ///< of the application; empty for a minimised window
     bool isRunning = false;
     bool isMinimizedWindow = false;
+    /// The only window behind it; none for an application as a whole.
+    std::optional<xcb_window_t> window;
     bool isHidden = false; ///< the dock has slid out of sight; the place is where it comes back
     QRect rect;            ///< root pixels; magnified while the pointer is on it
 };

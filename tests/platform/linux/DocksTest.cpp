@@ -160,6 +160,8 @@ TEST_F(DocksTest, windows_with_one_place_are_one_item)
     EXPECT_EQ(*read(items[0], "AXSize").as<QSizeF>(), QSizeF(150, 30));
     EXPECT_EQ(*read(items[1], "AXURL").as<QUrl>(), ownerOf(1)->running.bundleURL);
     EXPECT_TRUE(*read(items[1], "AXIsApplicationRunning").as<bool>());
+    EXPECT_EQ(m_accessibility.windowIDOf(items[0]), 5U);
+    EXPECT_EQ(m_accessibility.windowIDOf(items[1]), std::nullopt); // it has two
 
     // A lone iconic window is a minimised window's button; it says nothing of an application.
     m_tracker.iconify(5);
@@ -167,14 +169,17 @@ TEST_F(DocksTest, windows_with_one_place_are_one_item)
     ASSERT_TRUE(elementsEqual(dockItems()[0], items[0]));
     EXPECT_EQ(text(items[0], "AXSubrole"), QStringLiteral("AXMinimizedWindowDockItem"));
     EXPECT_EQ(text(items[0], "AXTitle"), QStringLiteral("notes.txt"));
+    EXPECT_EQ(m_accessibility.windowIDOf(items[0]), 5U);
     EXPECT_EQ(read(items[0], "AXIsApplicationRunning").error, AXError::AttributeUnsupported);
 
     // An item goes on while one of its windows stays, and is invalid after the last.
     m_tracker.remove(1);
     m_loop.advance(0.1);
     EXPECT_TRUE(elementsEqual(dockItems()[1], items[1]));
+    EXPECT_EQ(m_accessibility.windowIDOf(items[1]), 3U);
     m_tracker.remove(3);
     m_loop.advance(0.1);
+    EXPECT_EQ(m_accessibility.windowIDOf(items[1]), std::nullopt);
     EXPECT_EQ(read(items[1], "AXTitle").error, AXError::InvalidUIElement);
     EXPECT_EQ(titles(), QStringLiteral("notes.txt"));
 }
