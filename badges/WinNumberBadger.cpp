@@ -87,6 +87,10 @@ void WinNumberBadger::badgeDockItems()
         const int count = application ? m_counts->countForRunningApp(*application) : 0;
         if (count == 0 || (m_badgeOnlyIfMore && count < 2))
             continue;
+        // Of a task bar with a button for each window, every one of them would tell the number of
+        // all: none of them has so many.
+        if (count > 1 && item->ownWindow())
+            continue;
         const auto known =
             std::find_if(m_badgesArray.begin(), m_badgesArray.end(), [&item](const auto& badge) {
                 return badge && badge->dockItem()->isEqualTo(item);

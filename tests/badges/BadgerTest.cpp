@@ -79,6 +79,24 @@ TEST_F(Badger, counts_followTheWindows)
     EXPECT_TRUE(liesOn(u"Notes"_s));
 }
 
+TEST_F(Badger, buttonOfOneWindowOfSeveral_hasNoCount)
+{
+    add(u"Editor"_s, 2);
+    const Pid notes = add(u"Notes"_s, 1);
+    desk.with([&](SimulatedState& state) {
+        state.knowsWindowNumbers = true;
+        for (SimulatedDockItem& item : state.dockItems) {
+            if (item.title == u"Notes"_s)
+                item.window = state.windowsOf(notes).front();
+        }
+    });
+    badger().badgeDockItems();
+    EXPECT_EQ(shownBadges(), u"Editor 2, Notes 1"_s);
+    desk.addWindow(notes, {u"Another"_s});
+    loop.runUntilIdle();
+    EXPECT_EQ(shownBadges(), u"Editor 2"_s);
+}
+
 TEST_F(Badger, panels_letTheMouseThroughAndLieBelowPreviews)
 {
     add(u"Editor"_s, 1);
