@@ -46,8 +46,12 @@ void HoverDispatch::iconHovered(const SWElementPtr& element)
         lumbrixIconHovered(element);
         return;
     }
-    if (isAlreadyShowing(application, false))
+    const bool isOfMinimizedIcon = current && current->isMinimizedIcon();
+    if (isAlreadyShowing(application, false) && !isOfMinimizedIcon) {
+        if (!element->isEqualTo(current))
+            moveRow(element);
         return;
+    }
     engine.removeAllScreenViews();
     const HoverVerdict verdict = HoverRules::verdictBeforeWindows(engine.settings());
     if (verdict == HoverVerdict::DockPreviewsOff)
@@ -56,6 +60,15 @@ void HoverDispatch::iconHovered(const SWElementPtr& element)
         showPreviewsForApplication(*application, element);
     // Armed even when nothing is shown yet: the update brings previews up as soon as it may, while
     // the mouse stays on the item.
+    armUpdateTimer(element);
+}
+
+// A task bar may have a button for each window. A row that stayed beside the first one would be out
+// of the mouse's reach from the others, and it would be hard to say what it belongs to.
+void HoverDispatch::moveRow(const SWElementPtr& element)
+{
+    m_handler.arrangeWindows(element, false);
+    m_handler.invalidateUpdateTimer();
     armUpdateTimer(element);
 }
 
@@ -116,6 +129,7 @@ void HoverDispatch::lumbrixIconHovered(const SWElementPtr& element)
 void HoverDispatch::minimizedIconHovered(const SWElementPtr& element)
 {
     LXHandler& engine = m_handler;
+    const SWElementPtr current = engine.currentDockElement();
     engine.cancelMouseChecker();
     engine.setCurrentDockElement(element);
     engine.invalidateTabExitTimer();
@@ -124,16 +138,18 @@ void HoverDispatch::minimizedIconHovered(const SWElementPtr& element)
         element ? engine.inventory().windowForMinimizedIcon(*element) : nullptr;
     if (!window)
         return;
+    element->setIsMinimizedIcon(true);
+    // A row that only begins with this window is the whole application's, and belongs to another
+    // button of a task bar; so may a preview of this window alone.
     const auto& previews = engine.screenyViews();
-    if (!previews.empty() && previews.front()->elementRef() &&
-        previews.front()->elementRef()->isEqualTo(window))
+    if (previews.size() == 1 && window->isEqualTo(previews.front()->elementRef()) &&
+        element->isEqualTo(current))
         return;
     engine.removeAllScreenViews();
     if (!engine.settings().showInDock)
         return;
     engine.setShouldInstantShow(true);
     engine.companions().hotKeyCenter->toggleEventTap(true);
-    element->setIsMinimizedIcon(true);
     const ScreenyViewPtr preview =
         appendPreview(window, window->runningApplicationForWindow(), false);
     engine.arrangeWindows(element, false);

@@ -38,6 +38,8 @@ private:
                                     const SWElementPtr& element);
     void showPreviews(const std::vector<SWElementPtr>& windows, const Application& application,
                       const SWElementPtr& element);
+    /// Takes the previews shown along to another item of their application.
+    void moveRow(const SWElementPtr& element);
     bool isAlreadyShowing(const Application& application, bool byTab) const;
     void buildPreviews(const std::vector<SWElementPtr>& windows, const Application& application,
                        bool byTab);

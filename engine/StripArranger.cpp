@@ -83,7 +83,18 @@ void StripArranger::arrangeStrip(DockSide side, const SWElementPtr& item)
             window->setFrame(frames[i]);
         previews[i]->setTrackingRect();
     }
+    markOwnWindow(item);
     m_handler.companions().helpBubble->positionAndShowBubble(previews);
+}
+
+void StripArranger::markOwnWindow(const SWElementPtr& item)
+{
+    const auto& previews = m_handler.screenyViews();
+    const auto own = item && previews.size() > 1 ? item->ownWindow() : std::nullopt;
+    for (const ScreenyViewPtr& preview : previews) {
+        const SWElementPtr& window = preview->elementRef();
+        preview->setMarked(own && window && window->wid() == *own);
+    }
 }
 
 void StripArranger::arrangeWindow(ScreenyView& preview)

@@ -38,6 +38,8 @@ public:
 
 private:
     void arrangeStrip(PreviewLayout::DockSide side, const SWElementPtr& item);
+    /// Of a row, marks the preview of the one window that the item stands for, if it does.
+    void markOwnWindow(const SWElementPtr& item);
     static void waitUntilSettled(const SWElementPtr& item);
     PreviewLayout::Input layoutInput(const QRectF& icon) const;
 

@@ -24,6 +24,9 @@ namespace
 {
 
 constexpr QMargins BodyMargins{14, 13, 3, 7};
+/// As broad as there is room beside a picture without a body, and between a body and its picture.
+constexpr int MarkBreadth = 3;
+constexpr QColor MarkColor(255, 170, 20);
 
 QColor opaque(QColor color)
 {
@@ -110,6 +113,16 @@ void PanelBackground::setHovered(bool hovered)
     update();
 }
 
+void PanelBackground::setMarked(bool marked)
+{
+    if (m_marked == marked)
+        return;
+    m_marked = marked;
+    update();
+    if (m_borderless)
+        Q_EMIT outlinePathChanged();
+}
+
 void PanelBackground::setShaped(bool shaped)
 {
     if (m_shaped == shaped)
@@ -127,8 +140,9 @@ QPainterPath PanelBackground::outlinePath() const
                             m_cornerRadius + 1);
     } else {
         const QRect picture = pictureRect();
-        const qreal radius = m_parts.image->cornerRadius() + 1;
-        path.addRoundedRect(QRectF(picture).adjusted(-1, -1, 1, 1), radius, radius);
+        const int edge = m_marked ? MarkBreadth : 1;
+        const qreal radius = m_parts.image->cornerRadius() + edge;
+        path.addRoundedRect(QRectF(picture).adjusted(-edge, -edge, edge, edge), radius, radius);
         // What stands out beside a narrow picture; all of it has round ends.
         for (const QObject* child : children()) {
             const auto* part = qobject_cast<const QWidget*>(child);
@@ -238,13 +252,17 @@ void PanelBackground::paintBody(QPainter& painter) const
     painter.setPen(QPen(highlight, 1));
     painter.drawRoundedRect(body.adjusted(0.5, 0.5, -0.5, -0.5), m_cornerRadius - 0.5,
                             m_cornerRadius - 0.5);
+    if (m_marked)
+        paintMark(painter, body, m_cornerRadius);
 }
 
 void PanelBackground::paintPictureEdge(QPainter& painter) const
 {
     const QRectF picture = pictureRect();
     if (m_shaped) {
-        painter.fillRect(picture.adjusted(-1, -1, 1, 1), onGrey(m_outline));
+        const int edge = m_marked ? MarkBreadth : 1;
+        painter.fillRect(picture.adjusted(-edge, -edge, edge, edge),
+                         m_marked ? MarkColor : onGrey(m_outline));
         return;
     }
     paintShadow(painter, picture, m_parts.image->cornerRadius());
@@ -252,6 +270,18 @@ void PanelBackground::paintPictureEdge(QPainter& painter) const
     painter.setPen(QPen(m_outline, 1));
     painter.drawRoundedRect(picture.adjusted(-0.5, -0.5, 0.5, 0.5), m_cornerRadius + 0.5,
                             m_cornerRadius + 0.5);
+    if (m_marked)
+        paintMark(painter, picture.adjusted(-MarkBreadth, -MarkBreadth, MarkBreadth, MarkBreadth),
+                  m_parts.image->cornerRadius() + MarkBreadth);
+}
+
+void PanelBackground::paintMark(QPainter& painter, const QRectF& around, qreal radius) const
+{
+    constexpr qreal half = MarkBreadth / 2.0;
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QPen(MarkColor, MarkBreadth));
+    painter.drawRoundedRect(around.adjusted(half, half, -half, -half), radius - half,
+                            radius - half);
 }
 
 void PanelBackground::paintEvent(QPaintEvent*)
@@ -265,8 +295,8 @@ void PanelBackground::paintEvent(QPaintEvent*)
         key += color.name(QColor::HexArgb);
     for (const qreal number :
          {m_cornerRadius, m_parts.image ? m_parts.image->cornerRadius() : 0, qreal(width()),
-          qreal(height()), devicePixelRatioF(), qreal(m_hovered), qreal(m_shaped), qreal(isBody),
-          qreal(part.width()), qreal(part.height())})
+          qreal(height()), devicePixelRatioF(), qreal(m_hovered), qreal(m_marked), qreal(m_shaped),
+          qreal(isBody), qreal(part.width()), qreal(part.height())})
         key += QLatin1Char('/') + QString::number(number);
     QPixmap pixmap;
     if (!QPixmapCache::find(key, &pixmap)) {

@@ -46,6 +46,9 @@ public:
     void arrange();
 
     void setHovered(bool hovered);
+    /// A ring along the edge, which can be told on every colour of body.
+    void setMarked(bool marked);
+    bool isMarked() const { return m_marked; }
     /// Where translucency is not blended, everything is drawn opaque and outlinePath() is what has
     /// to remain of the window.
     void setShaped(bool shaped);
@@ -71,6 +74,7 @@ private:
     void paintShadow(QPainter& painter, const QRectF& around, qreal radius) const;
     void paintBody(QPainter& painter) const;
     void paintPictureEdge(QPainter& painter) const;
+    void paintMark(QPainter& painter, const QRectF& around, qreal radius) const;
 
     Parts m_parts;
     QColor m_fillTop;
@@ -80,6 +84,7 @@ private:
     qreal m_cornerRadius = 0;
     bool m_borderless = false;
     bool m_hovered = false;
+    bool m_marked = false;
     bool m_shaped = false;
     bool m_pressed = false;
 };

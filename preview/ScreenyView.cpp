@@ -177,6 +177,10 @@ void ScreenyView::setShortcut()
 
 void ScreenyView::removeShortcut() { m_host.hotKeyCenter().unregisterHotKey(m_fastKey); }
 
+void ScreenyView::setMarked(bool marked) { m_background->setMarked(marked); }
+
+bool ScreenyView::isMarked() const { return m_background->isMarked(); }
+
 void ScreenyView::setTrackingRect()
 {
     m_window->setTracking([this] { mouseEntered(); }, [this] { mouseExited(); });
@@ -208,6 +212,7 @@ void ScreenyView::rebirth()
     m_closeButton->setEnabled(true);
     m_closeButton->setAlpha(1.0);
     m_background->setHovered(false);
+    setMarked(false);
     removeButtons();
     clearAppFlags();
     hideSpaces();

@@ -78,6 +78,9 @@ public:
     void showSpaces();
     void hideSpaces();
     BadgeView* spaceView() const { return m_spaceView; } ///< null until first needed
+    /// Tells it from the others of its row: it shows the window that the hovered button stands for.
+    void setMarked(bool marked);
+    bool isMarked() const;
     void setTrackingRect();
     void removeTrackingRect();
 

@@ -13,7 +13,71 @@ class RowTest : public DesktopTest
 {
 };
 
+/// Where each window has a button of its own.
+class ButtonRowTest : public DesktopTest
+{
+protected:
+    void hoverButtonOf(const AppWindow& window)
+    {
+        std::optional<QPoint> button;
+        ASSERT_TRUE(waitUntil([&] {
+            button = desk().dock().iconOf({}, window.id);
+            return button.has_value();
+        }));
+        display().moveTo(*button);
+    }
+    /// Waits until this window's preview has the mark, and no other; a place on its left edge
+    /// tells.
+    Result marks(const AppWindow& window)
+    {
+        return waitUntil([&] {
+            return std::ranges::all_of(display().previews(), [&](const Panel& panel) {
+                const QPoint edge(panel.geometry.left() + 15, panel.geometry.center().y());
+                const QColor seen = display().picture(QRect(edge, QSize(1, 1))).pixelColor(0, 0);
+                return (seen.red() > 240 && seen.blue() < 40) == (panel.title == window.title);
+            });
+        });
+    }
+};
+
 INSTANTIATE_TEST_SUITE_P(, RowTest, testing::Values(plank(), tint2(), xfcePanel()), deskName);
+INSTANTIATE_TEST_SUITE_P(, ButtonRowTest, testing::Values(tint2()), deskName);
+
+TEST_P(ButtonRowTest, nextButtonOfTheApplication_takesTheRowAlong_andItsWindowIsMarked)
+{
+    launch(u"beta"_qs, 4); // so that alpha's row is clear of the edge of the screen
+    const Application& alpha = launch(u"alpha"_qs, 2);
+    std::set<int> places;
+    for (const AppWindow& window : alpha.windows()) {
+        hoverButtonOf(window);
+        ASSERT_TRUE(shows(alpha));
+        EXPECT_TRUE(marks(window)) << window.title.constData();
+        savePicture(window.title);
+        QRect row;
+        for (const Panel& panel : display().previews())
+            row |= panel.geometry;
+        places.insert(row.center().x());
+    }
+    EXPECT_EQ(places.size(), 2U);
+}
+
+TEST_P(ButtonRowTest, windowThatTakesAnotherClass_isPreviewedWithItsNewApplication)
+{
+    const Application& beta = launch(u"beta"_qs, 1);
+    const AppWindow window = launch(u"alpha"_qs, 1).windows().front();
+    hover(beta);
+    ASSERT_TRUE(shows(beta));
+    const QByteArray name("beta\0Beta\0", 10);
+    xcb_change_property(display().connection(), XCB_PROP_MODE_REPLACE, window.id, XCB_ATOM_WM_CLASS,
+                        XCB_ATOM_STRING, 8, static_cast<std::uint32_t>(name.size()), name.data());
+    xcb_flush(display().connection());
+    EXPECT_TRUE(waitUntil([&] { return display().previews().size() == 2; }));
+    desk().park();
+    ASSERT_TRUE(showsNothing());
+    hoverButtonOf(window);
+    EXPECT_TRUE(waitUntil([&] { return display().previews().size() == 2; }));
+    EXPECT_TRUE(marks(window));
+}
 
 TEST_P(RowTest, windows_openedChangedAndClosed_areFollowed)
 {

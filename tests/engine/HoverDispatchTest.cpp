@@ -190,6 +190,58 @@ TEST_F(HoverDispatchTest, ownIcon_standsForTheApplicationsWithoutOne_whereAsked)
     }
 }
 
+// As task bars have them that do not group windows.
+TEST_F(HoverDispatchTest, buttonsOfOneApplication_takeTheRowAlong_andMarkTheirOwnWindow)
+{
+    const Pid notes = add(u"Notes"_s, 3);
+    const auto windows = desk.stacking();
+    desk.with([&](SimulatedState& state) {
+        state.knowsWindowNumbers = true;
+        state.dockItems.front().window = windows[0];
+    });
+    desk.addDockItem(
+        {u"Button"_s, ItemKind::Application, desk.application(notes).bundleURL, windows[1]});
+    const auto marks = [] {
+        QString result;
+        for (const ScreenyViewPtr& each : engine().screenyViews())
+            result += each->isMarked() ? u'x' : u'-';
+        return result;
+    };
+    const auto middle = [this] {
+        const auto& last = preview(engine().screenyViews().size() - 1);
+        return (preview(0).window()->frame() | last.window()->frame()).center().x();
+    };
+    hover(u"Notes"_s);
+    EXPECT_EQ(marks(), u"x--"_s);
+    const double first = middle();
+    const auto panels = engine().screenyViews();
+    const int captures = desk.captures(windows[1]);
+    hover(u"Button"_s);
+    loop.advance(0.05);
+    EXPECT_EQ(marks(), u"-x-"_s);
+    EXPECT_EQ(middle() - first, 50);
+    EXPECT_EQ(engine().screenyViews(), panels);
+    EXPECT_EQ(shown(), u"Notes 3, Notes 2, Notes 1"_s);
+    EXPECT_EQ(desk.captures(windows[1]), captures);
+    desk.addWindow(notes, {u"New"_s});
+    loop.advance(0.5);
+    EXPECT_EQ(marks(), u"-x--"_s);
+    EXPECT_EQ(middle() - first, 50) << "beside the button that is hovered now";
+
+    // The button of a minimised window shows that one alone, also where it was the row's first;
+    // the next button shows all again.
+    for (const auto& [window, title] :
+         {std::pair(windows[2], u"Notes 1"_s), {windows[0], u"Notes 3"_s}}) {
+        desk.minimizeWindow(window);
+        hover(title);
+        EXPECT_EQ(shown(), title);
+        EXPECT_EQ(marks(), u"-"_s) << "it is the only one";
+        hover(u"Button"_s);
+        EXPECT_EQ(shown(), u"Notes 3, Notes 2, Notes 1, New"_s);
+        EXPECT_EQ(marks(), u"-x--"_s);
+    }
+}
+
 TEST_F(HoverDispatchTest, minimisedIcon_showsItsOneWindow)
 {
     add(u"Notes"_s, 2);

@@ -3,7 +3,7 @@
 
 // Shows preview panels of every style to look at. Not a test.
 //
-//   panel_gallery [--shaped] [--hover] [--controls] [--keys] [--size WxH]
+//   panel_gallery [--shaped] [--hover] [--marked] [--controls] [--keys] [--size WxH]
 //                 [--columns N] [--wallpaper FILE] [--caption TEXT] PICTURE...
 //
 // The pictures are dealt out in turn. The panels stay until the program is ended.
@@ -51,6 +51,7 @@ int main(int argc, char* argv[])
     };
     flag("shaped");
     flag("hover");
+    flag("marked");
     flag("controls");
     flag("keys");
     value("size", "243x190");
@@ -109,6 +110,7 @@ int main(int argc, char* argv[])
                    panel));
         preview->setTrackingRect();
         preview->setShortcut();
+        preview->setMarked(isSet("marked"));
         preview->orderFront();
         if (isSet("hover"))
             preview->mouseEntered();

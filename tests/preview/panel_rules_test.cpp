@@ -251,6 +251,44 @@ TEST_F(Panel, backgrounds_ofDifferentColours_lookDifferent)
     }
 }
 
+TEST_F(Panel, mark_isARingOnEveryStyle_untilThePreviewGoes)
+{
+    for (const char* style : {"ScreenyView", "ScreenyViewBlack", "ScreenyViewBorderless",
+                              "ScreenyViewBlue", "ScreenyViewRed", "ScreenyViewGreen"}) {
+        for (const bool blends : {true, false}) {
+            desk.with([&](SimulatedState& state) { state.blendsTranslucency = blends; });
+            const ScreenyViewPtr preview = load(QString::fromLatin1(style));
+            preview->setImage(picture());
+            preview->orderFront();
+            const auto ring = [&] {
+                const QImage seen = preview->window()->grab().toImage();
+                const QRegion mask = blends ? QRegion(seen.rect()) : preview->window()->mask();
+                QRect box;
+                int pixels = 0;
+                for (int y = 0; y < seen.height(); ++y) {
+                    for (int x = 0; x < seen.width(); ++x) {
+                        const QColor colour = seen.pixelColor(x, y);
+                        if (colour.red() > 240 && std::abs(colour.green() - 170) < 10 &&
+                            colour.blue() < 40 && mask.contains(QPoint(x, y))) {
+                            box |= QRect(x, y, 1, 1);
+                            ++pixels;
+                        }
+                    }
+                }
+                return std::pair(box.size(), pixels);
+            };
+            EXPECT_EQ(ring().second, 0) << style;
+            preview->setMarked(true);
+            const auto [size, pixels] = ring();
+            EXPECT_GT(size.width(), 200) << style;
+            EXPECT_GT(size.height(), 130) << style;
+            EXPECT_GT(pixels, 2 * 2 * (size.width() + size.height())) << style << blends;
+            preview->dismiss();
+            EXPECT_FALSE(preview->isMarked());
+        }
+    }
+}
+
 TEST_F(Panel, roundedPicture_looksLikeOneDrawnInOnePiece)
 {
     for (const qreal ratio : {1.0, 2.0}) {
