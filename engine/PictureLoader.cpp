@@ -11,6 +11,8 @@
 
 #include "engine/LXHandler.h"
 #include "platform/Desktop.h"
+#include "platform/Workspace.h"
+#include "preview/NamedImage.h"
 
 namespace lumbrix
 {
@@ -152,6 +154,7 @@ void PictureLoader::load(const ScreenyViewPtr& preview)
     if (const auto picture = window->grabWindowAtHand(preview->pictureLimit())) {
         window->setScreenshot(*picture);
         preview->setCapture(picture->image);
+        loadIcon(*preview);
         return;
     }
     ++m_waiting;
@@ -162,11 +165,60 @@ void PictureLoader::load(const ScreenyViewPtr& preview)
         if (alive.expired())
             return;
         // It may have something better to show by now.
-        if (shown && shown->image().isNull())
+        if (shown && shown->image().isNull()) {
             shown->setCapture(picture);
-        if (round == m_round && --m_waiting == 0)
-            letGo();
+            loadIcon(*shown);
+        }
+        this->arrived(round);
     });
+}
+
+void PictureLoader::arrived(int round)
+{
+    if (round == m_round && --m_waiting == 0)
+        letGo();
+}
+
+void PictureLoader::loadIcon(ScreenyView& preview)
+{
+    if (!preview.elementRef() || !preview.image().isNull() || preview.hasIcon())
+        return;
+    const QString bundle = preview.elementRef()->bundle();
+    auto& previews = m_iconWanted[bundle];
+    previews.push_back(preview.weak_from_this());
+    if (previews.size() > 1)
+        return; // it is being read
+    ++m_waiting;
+    // On a thread, as it reads files.
+    platform::desktop().runLoop.detachThread(
+        "window-icon", [this, bundle, side = preview.iconSide(), round = m_round,
+                        alive = std::weak_ptr(m_alive)](const platform::Thread&) {
+            const platform::Desktop& desktop = platform::desktop();
+            const QImage icon = desktop.workspace.applicationIcon(bundle, side);
+            desktop.runLoop.performOnMainThread(
+                [this, bundle, icon, side, round, alive] {
+                    if (alive.expired())
+                        return;
+                    setIcons(bundle, icon.isNull()
+                                         ? namedPixmap(u"anyApp"_qs, {side, side}, 1).toImage()
+                                         : icon);
+                    arrived(round);
+                },
+                false);
+        });
+}
+
+void PictureLoader::setIcons(const QString& bundle, const QImage& icon)
+{
+    const auto previews = m_iconWanted.extract(bundle);
+    if (!previews)
+        return;
+    for (const std::weak_ptr<ScreenyView>& preview : previews.mapped()) {
+        // It may show something else by now.
+        const ScreenyViewPtr shown = preview.lock();
+        if (shown && shown->elementRef() && shown->elementRef()->bundle() == bundle)
+            shown->setIcon(icon);
+    }
 }
 
 void PictureLoader::loadUnseen(const ScreenyViewPtr& preview)

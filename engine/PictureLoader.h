@@ -7,7 +7,9 @@
 #include <QtGui/QImage>
 
 #include <functional>
+#include <map>
 #include <memory>
+#include <vector>
 
 #include "model/SWElement.h"
 
@@ -28,7 +30,8 @@ public:
     /// Gives every shown preview that has no picture that of its window: at once where nothing has
     /// to be copied, else as soon as a thread has done that. Holds all of them. To be called
     /// between arranging the previews, which decides how large the pictures are, and ordering them
-    /// front.
+    /// front. A window of which nothing was ever seen, because it was minimised or elsewhere since
+    /// before this program started, has its application's icon instead.
     void loadMissing();
     /// Lets the previews come onto the screen together once all have their pictures, though never
     /// much later than they otherwise would: one whose picture is slow to come shows none at first.
@@ -48,12 +51,17 @@ private:
     void load(const ScreenyViewPtr& preview);
     /// Main thread. The preview is null when it does not show that window any more.
     using Arrived = std::function<void(ScreenyView* preview, const QImage& picture)>;
+    void loadIcon(ScreenyView& preview);
+    void setIcons(const QString& bundle, const QImage& icon);
+    /// One that this round waits for is there.
+    void arrived(int round);
     void captureLater(ScreenyView& preview, Arrived arrived);
     void letGo();
 
     LXHandler& m_handler;
     std::shared_ptr<Queue> m_queue;
-    const std::shared_ptr<bool> m_alive = std::make_shared<bool>(true); ///< as long as this
+    std::map<QString, std::vector<std::weak_ptr<ScreenyView>>> m_iconWanted; ///< by bundle
+    const std::shared_ptr<bool> m_alive = std::make_shared<bool>(true);      ///< as long as this
     int m_waiting = 0; ///< pictures that this round still has to bring
     int m_round = 0;   ///< which of the waits this is; what an earlier one brings late ends none
 };

@@ -12,6 +12,11 @@
 
 namespace lumbrix
 {
+namespace
+{
+/// Of an empty button, how much an icon fills.
+constexpr qreal iconPart = 0.6;
+} // namespace
 
 PictureButton::PictureButton(QWidget* parent) : LXTransparentButtonCell(parent)
 {
@@ -29,6 +34,21 @@ void PictureButton::setImage(const QImage& image)
     update();
     if (before != (m_image.isNull() ? QRect() : pictureRect()))
         Q_EMIT pictureRectChanged();
+}
+
+void PictureButton::setIcon(const QImage& icon)
+{
+    if (m_icon.cacheKey() == icon.cacheKey())
+        return;
+    m_icon = icon;
+    if (m_image.isNull())
+        update();
+}
+
+int PictureButton::iconSide() const
+{
+    const QSize area = pixels();
+    return static_cast<int>(iconPart * std::min(area.width(), area.height()));
 }
 
 QRect PictureButton::pictureRect() const
@@ -55,13 +75,24 @@ const QImage& PictureButton::painted(QSize points)
     return m_painted;
 }
 
+void PictureButton::paintIcon(QPainter& painter) const
+{
+    if (m_icon.isNull())
+        return;
+    const qreal side = iconSide() / devicePixelRatioF();
+    QRectF place({}, QSizeF(m_icon.size()).scaled(side, side, Qt::KeepAspectRatio));
+    place.moveCenter(QRectF(rect()).center());
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.drawImage(QRectF(place.topLeft().toPoint(), place.size()), m_icon);
+}
+
 void PictureButton::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     const QRect picture = pictureRect();
     if (!m_image.isNull())
         painter.drawImage(picture.topLeft(), painted(picture.size()));
-    else if (m_placeholder.alpha() == 0)
+    else if (m_placeholder.alpha() == 0 && m_icon.isNull())
         return;
     const bool isHovered = underMouse() && isEnabled();
     if (!m_image.isNull() && !isDown() && !isHovered)
@@ -74,6 +105,7 @@ void PictureButton::paintEvent(QPaintEvent*)
     if (m_image.isNull()) {
         painter.setBrush(m_placeholder);
         draw(picture, m_cornerRadius);
+        paintIcon(painter);
     }
     if (isDown()) {
         painter.setBrush(QColor(0, 0, 0, 70));

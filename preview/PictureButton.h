@@ -27,6 +27,11 @@ public:
     const QImage& image() const { return m_image; }
     /// Free when it is the picture shown already. A null image clears the button.
     void setImage(const QImage& image);
+    /// What stands in the middle of an empty button, as large as one of iconSide() pixels is there.
+    /// A null one: nothing.
+    void setIcon(const QImage& icon);
+    const QImage& icon() const { return m_icon; }
+    int iconSide() const; ///< pixels
     /// Where the picture lies in the button; the whole button without a picture.
     QRect pictureRect() const;
     qreal cornerRadius() const { return m_cornerRadius; }
@@ -41,9 +46,11 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    void paintIcon(QPainter& painter) const;
     const QImage& painted(QSize points);
 
     QImage m_image;
+    QImage m_icon;
     QImage m_painted;   ///< m_image with rounded corners and outline, at the size last painted
     QSize m_paintedFor; ///< in device pixels
     QColor m_outline;

@@ -111,6 +111,12 @@ void ScreenyView::setCapture(const QImage& capture)
     setImage(capture.isNull() && m_iTunes ? namedImage(u"noMusic"_qs) : capture);
 }
 
+void ScreenyView::setIcon(const QImage& icon) { m_image->setIcon(icon); }
+
+bool ScreenyView::hasIcon() const { return !m_image->icon().isNull(); }
+
+int ScreenyView::iconSide() const { return m_image->iconSide(); }
+
 QSize ScreenyView::pictureLimit() const { return m_zoomWindow ? QSize() : m_image->pixels(); }
 
 const QImage& ScreenyView::image() const { return m_image->image(); }
@@ -221,6 +227,7 @@ void ScreenyView::rebirth()
     if (m_titleLabel)
         m_titleLabel->show();
     m_image->show();
+    m_image->setIcon({});
     m_fastKeyButton->hide();
     m_host.addToCache(shared_from_this());
 }

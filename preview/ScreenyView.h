@@ -57,6 +57,11 @@ public:
     /// Shows what was captured of the window; where there is nothing, a player shows a note
     /// instead.
     void setCapture(const QImage& capture);
+    /// What stands for a window of which there is no picture: its application's icon, fitted into
+    /// a square of iconSide() pixels. Shown while there is no picture, until the preview goes.
+    void setIcon(const QImage& icon);
+    bool hasIcon() const;
+    int iconSide() const;
     /// The size in pixels that pictures are reduced to; empty while the zoomed view shows the whole
     /// of them. Right once the panel has its frame.
     QSize pictureLimit() const;

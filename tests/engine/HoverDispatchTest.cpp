@@ -54,6 +54,43 @@ TEST_F(HoverDispatchTest, nextRow_showsItsOwnPicturesInThePanelsOfTheFormer)
     }
 }
 
+// Minimised, or on another Space, since before this program started: an empty panel tells nothing.
+TEST_F(HoverDispatchTest, windowsNeverSeen_showTheirApplicationsIconUntilTheyAreSeen)
+{
+    const Pid notes = desk.addApplication({.name = u"Notes"_s, .iconColor = Qt::magenta});
+    desk.addDockItem({.title = u"Notes"_s, .url = desk.application(notes).bundleURL});
+    std::vector<WindowID> windows;
+    for (const QString& title : {u"Notes 1"_s, u"Notes 2"_s})
+        windows.push_back(desk.addWindow(notes, {.title = title, .hasPicture = false}));
+    loop.advance(3);
+    const auto middle = [&](std::size_t index) {
+        const QImage panel = preview(index).contentView()->grab().toImage();
+        return panel.pixelColor(panel.rect().center() - QPoint(0, panel.height() / 10));
+    };
+    hover(u"Notes"_s);
+    ASSERT_EQ(shown(), u"Notes 2, Notes 1"_s);
+    EXPECT_EQ(panelsOnScreen(), 2);
+    EXPECT_EQ(middle(0), QColor(Qt::magenta));
+    EXPECT_EQ(middle(1), QColor(Qt::magenta));
+    desk.changeWindow(windows[1], [](SimulatedWindow& window) {
+        window.hasPicture = true;
+        window.color = Qt::green;
+    });
+    loop.advance(1.1);
+    EXPECT_EQ(middle(0), QColor(Qt::green));
+    EXPECT_EQ(middle(1), QColor(Qt::magenta));
+
+    // The panels are used again, for an application without an icon.
+    const Pid maps = add(u"Maps"_s, 0);
+    desk.addWindow(maps, {.title = u"Maps 1"_s, .hasPicture = false});
+    loop.advance(3);
+    hover(u"Maps"_s);
+    loop.advance(0.1);
+    ASSERT_EQ(shown(), u"Maps 1"_s);
+    EXPECT_TRUE(preview(0).hasIcon());
+    EXPECT_NE(middle(0), QColor(Qt::magenta));
+}
+
 TEST_F(HoverDispatchTest, atMostFifteenPreviews_areShown)
 {
     add(u"Notes"_s, 20);
