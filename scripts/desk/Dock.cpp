@@ -23,6 +23,8 @@ QString edgeName(Edge edge)
         return u"left"_qs;
     case Edge::Right:
         return u"right"_qs;
+    case Edge::Top:
+        return u"top"_qs;
     default:
         return u"bottom"_qs;
     }
@@ -77,8 +79,7 @@ public:
         const QList<QVariant> answer = m_bus->call(call, QDBus::Block, 1000).arguments();
         if (answer.size() != 4 || !answer.at(3).toBool())
             return std::nullopt;
-        const bool isColumn = m_edge == Edge::Left || m_edge == Edge::Right;
-        if (answer.at(isColumn ? 1 : 0).toInt() == 0)
+        if (answer.at(isHorizontal(m_edge) ? 0 : 1).toInt() == 0)
             return std::nullopt; // added, but not laid out yet
         const QSize screen = m_session.options().size;
         constexpr int depth = 24; // about the middle of an icon of 48 pixels
@@ -87,6 +88,8 @@ public:
             return QPoint(depth, answer.at(1).toInt());
         case Edge::Right:
             return QPoint(screen.width() - depth, answer.at(1).toInt());
+        case Edge::Top:
+            return QPoint(answer.at(0).toInt(), depth);
         default:
             return QPoint(answer.at(0).toInt(), screen.height() - depth);
         }
@@ -135,11 +138,11 @@ class Tint2 final : public Panel
 public:
     Tint2(Session& session, Edge edge) : Panel(session, edge)
     {
-        const QByteArray place = edge == Edge::Bottom
-                                     ? "panel_position = bottom center horizontal\n"
-                                       "panel_size = 100% 40\n"
-                                     : "panel_position = center " + edgeName(edge).toLatin1() +
-                                           " vertical\npanel_size = 100% 60\n";
+        const QByteArray side = edgeName(edge).toLatin1();
+        const QByteArray place =
+            isHorizontal(edge)
+                ? "panel_position = " + side + " center horizontal\npanel_size = 100% 40\n"
+                : "panel_position = center " + side + " vertical\npanel_size = 100% 60\n";
         session.write(session.path(u"tint2rc"_qs),
                       "rounded = 0\nborder_width = 0\nbackground_color = #303030 100\n" + place +
                           "panel_items = T\npanel_padding = 4 0 4\npanel_background_id = "
@@ -165,12 +168,13 @@ class XfcePanel final : public Panel
 public:
     XfcePanel(Session& session, Edge edge) : Panel(session, edge)
     {
-        // The panel's own words: position 10 is the middle of the bottom edge, 5 and 1 are the
-        // left and right edges.
+        // The panel's own words: positions 10 and 9 are the middle of the bottom and of the top
+        // edge, 5 and 1 are the left and right edges.
         const QByteArray position = edge == Edge::Bottom ? "p=10;x=0;y=0"
+                                    : edge == Edge::Top  ? "p=9;x=0;y=0"
                                     : edge == Edge::Left ? "p=5;x=0;y=0"
                                                          : "p=1;x=0;y=0";
-        const QByteArray mode = edge == Edge::Bottom ? "0" : "2";
+        const QByteArray mode = isHorizontal(edge) ? "0" : "2";
         session.write(session.configPath(u"xfce4/xfconf/xfce-perchannel-xml/xfce4-panel.xml"_qs),
                       R"(<?xml version="1.0" encoding="UTF-8"?>
 <channel name="xfce4-panel" version="1.0">

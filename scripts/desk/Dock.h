@@ -16,7 +16,9 @@ namespace lumbrix::privatedesk
 {
 
 enum class DockKind { Plank, Tint2, XfcePanel };
-enum class Edge { Bottom, Left, Right };
+enum class Edge { Bottom, Left, Right, Top };
+
+inline bool isHorizontal(Edge edge) { return edge == Edge::Bottom || edge == Edge::Top; }
 
 /// Main thread.
 class Dock

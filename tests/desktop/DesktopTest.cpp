@@ -31,6 +31,20 @@ bool near(QRgb a, const QColor& b)
            std::abs(qBlue(a) - b.blue()) <= tolerance;
 }
 
+std::string named(const std::string& dock, Edge edge)
+{
+    switch (edge) {
+    case Edge::Left:
+        return dock + "_left";
+    case Edge::Right:
+        return dock + "_right";
+    case Edge::Top:
+        return dock + "_top";
+    default:
+        return dock;
+    }
+}
+
 std::string join(const std::vector<QByteArray>& titles)
 {
     std::string result;
@@ -41,20 +55,18 @@ std::string join(const std::vector<QByteArray>& titles)
 
 } // namespace
 
-DeskOptions plank(Edge edge)
+DeskOptions plank(Edge edge) { return {named("plank", edge), DockKind::Plank, edge, {}}; }
+
+DeskOptions tint2(Edge edge)
 {
-    const char* name = edge == Edge::Left    ? "plank_left"
-                       : edge == Edge::Right ? "plank_right"
-                                             : "plank";
-    return {name, DockKind::Plank, edge, {}};
+    return {
+        named("tint2", edge), DockKind::Tint2, edge, {{1280, 1024}, WindowManager::Openbox, false}};
 }
 
-DeskOptions tint2()
+DeskOptions xfcePanel(Edge edge)
 {
-    return {"tint2", DockKind::Tint2, Edge::Bottom, {{1280, 1024}, WindowManager::Openbox, false}};
+    return {named("xfce4_panel", edge), DockKind::XfcePanel, edge, {}};
 }
-
-DeskOptions xfcePanel() { return {"xfce4_panel", DockKind::XfcePanel, Edge::Bottom, {}}; }
 
 double portionOf(const QImage& picture, const QColor& colour)
 {
@@ -187,8 +199,8 @@ void DesktopTest::moveToPreview(const QByteArray& title)
     ASSERT_TRUE(panel.has_value()) << "no preview of " << title.constData();
     const QPoint target = panel->geometry.center();
     const QPoint icon = display().pointer();
-    display().moveTo(m_desk->dock().edge() == Edge::Bottom ? QPoint(icon.x(), target.y())
-                                                           : QPoint(target.x(), icon.y()));
+    display().moveTo(isHorizontal(m_desk->dock().edge()) ? QPoint(icon.x(), target.y())
+                                                         : QPoint(target.x(), icon.y()));
     display().moveTo(target);
 }
 

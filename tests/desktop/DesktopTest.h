@@ -20,9 +20,9 @@ namespace lumbrix::privatedesk
 inline void PrintTo(const DeskOptions& options, std::ostream* out) { *out << options.name; }
 
 // The desktops that the tests run on.
-DeskOptions plank(Edge edge = Edge::Bottom); ///< xfwm4 with compositing
-DeskOptions tint2();                         ///< Openbox, no compositor, windows not grouped
-DeskOptions xfcePanel();                     ///< xfwm4 with compositing, windows grouped
+DeskOptions plank(Edge edge = Edge::Bottom);     ///< xfwm4 with compositing
+DeskOptions tint2(Edge edge = Edge::Bottom);     ///< Openbox, no compositor, windows not grouped
+DeskOptions xfcePanel(Edge edge = Edge::Bottom); ///< xfwm4 with compositing, windows grouped
 
 /// For INSTANTIATE_TEST_SUITE_P.
 inline std::string deskName(const testing::TestParamInfo<DeskOptions>& info)

@@ -12,8 +12,9 @@ class HoverTest : public DesktopTest
 };
 
 INSTANTIATE_TEST_SUITE_P(, HoverTest,
-                         testing::Values(plank(), plank(Edge::Left), plank(Edge::Right), tint2(),
-                                         xfcePanel()),
+                         testing::Values(plank(), plank(Edge::Left), plank(Edge::Right),
+                                         plank(Edge::Top), tint2(), tint2(Edge::Top), xfcePanel(),
+                                         xfcePanel(Edge::Top)),
                          deskName);
 
 TEST_P(HoverTest, icon_hovered_showsEachWindowBesideTheDock)
@@ -41,6 +42,10 @@ TEST_P(HoverTest, icon_hovered_showsEachWindowBesideTheDock)
             EXPECT_LT(area.bottom(), pointer.y());
             EXPECT_EQ(area.top(), row.top()) << "not in a row";
             break;
+        case Edge::Top:
+            EXPECT_GT(area.top(), pointer.y());
+            EXPECT_EQ(area.top(), row.top()) << "not in a row";
+            break;
         case Edge::Left:
             EXPECT_GT(area.left(), pointer.x());
             EXPECT_EQ(area.left(), row.left()) << "not in a column";
@@ -51,7 +56,7 @@ TEST_P(HoverTest, icon_hovered_showsEachWindowBesideTheDock)
             break;
         }
     }
-    EXPECT_TRUE(desk().dock().edge() == Edge::Bottom
+    EXPECT_TRUE(isHorizontal(desk().dock().edge())
                     ? row.left() <= pointer.x() && pointer.x() <= row.right()
                     : row.top() <= pointer.y() && pointer.y() <= row.bottom())
         << "the previews are not beside the icon";
@@ -59,7 +64,9 @@ TEST_P(HoverTest, icon_hovered_showsEachWindowBesideTheDock)
 
 TEST_P(HoverTest, pointer_movedToTheNextIconAndAway_switchesAndRemoves)
 {
-    const Application& alpha = launch(u"alpha"_qs, 2);
+    Application& alpha = launch(u"alpha"_qs, 1);
+    // Clear of a row at any edge.
+    const AppWindow window = alpha.open("alpha apart", Qt::red, {{400, 300}, {420, 380}});
     const Application& beta = launch(u"beta"_qs, 3);
     hover(alpha);
     ASSERT_TRUE(shows(alpha));
@@ -69,7 +76,6 @@ TEST_P(HoverTest, pointer_movedToTheNextIconAndAway_switchesAndRemoves)
     ASSERT_TRUE(shows(alpha));
     // Onto a preview, over the gap between: they stay, and the window is shown in full size, on
     // top, where it is.
-    const AppWindow& window = alpha.windows().front();
     moveToPreview(window.title);
     const QRect place = display().geometry(window.id).value_or(QRect());
     EXPECT_TRUE(waitUntil([&] {
