@@ -11,6 +11,7 @@
 #include <mutex>
 #include <utility>
 
+#include "engine/HoverRules.h"
 #include "engine/LXHandler.h"
 #include "model/AXRead.h"
 #include "model/Modifiers.h"
@@ -127,6 +128,8 @@ void CalPreview::eventsRead(const QDateTime& day)
 void CalPreview::showPreview(const SWElementPtr& dockItem, bool isBusyCal)
 {
     LXHandler& engine = LXHandler::sharedHandler();
+    if (HoverRules::verdictForPlace(dockItem) != HoverVerdict::Shows)
+        return;
     const ScreenyViewPtr preview = engine.createScreenyView();
     if (!preview)
         return;

@@ -153,6 +153,10 @@ QRectF Dismissal::bridgedToDock(const QRectF& frame, const QRectF& icon,
         const double gap = reach(frame.y() - (icon.y() + icon.height()));
         return {frame.x(), frame.y() - gap, frame.width(), frame.height() + gap};
     }
+    if (orientation == QLatin1String("top")) {
+        const double gap = reach(icon.y() - (frame.y() + frame.height()));
+        return {frame.x(), frame.y(), frame.width(), frame.height() + gap};
+    }
     if (orientation == QLatin1String("left")) {
         const double gap = reach(frame.x() - (icon.x() + icon.width()));
         return {frame.x() - gap, frame.y(), frame.width() + gap, frame.height()};
@@ -171,7 +175,7 @@ bool Dismissal::checkIfPreviewsAreHovered(bool includeDockItem)
     const QRectF icon = includeDockItem && dockItem ? dockItem->getNSRect() : QRectF();
     if (contains(icon, mouse))
         return true;
-    const QString orientation = LXHandler::getDockOrientation();
+    const QString orientation = LXHandler::getDockOrientation(dockItem);
     // A copy: a preview's hover state may have the engine change the set.
     const auto previews = m_handler.screenyViews();
     for (const ScreenyViewPtr& preview : previews) {

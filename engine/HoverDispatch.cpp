@@ -86,6 +86,8 @@ void HoverDispatch::showPreviewsForApplication(const platform::RunningApplicatio
 void HoverDispatch::showPreviews(const std::vector<SWElementPtr>& windows,
                                  const Application& application, const SWElementPtr& element)
 {
+    if (HoverRules::verdictForPlace(element) != HoverVerdict::Shows)
+        return;
     LXHandler& engine = m_handler;
     engine.setShouldInstantShow(true);
     engine.companions().hotKeyCenter->toggleEventTap(true);
@@ -146,7 +148,8 @@ void HoverDispatch::minimizedIconHovered(const SWElementPtr& element)
         element->isEqualTo(current))
         return;
     engine.removeAllScreenViews();
-    if (!engine.settings().showInDock)
+    if (!engine.settings().showInDock ||
+        HoverRules::verdictForPlace(element) != HoverVerdict::Shows)
         return;
     engine.setShouldInstantShow(true);
     engine.companions().hotKeyCenter->toggleEventTap(true);

@@ -3,8 +3,8 @@
 
 #include "engine/HoverRules.h"
 
+#include "engine/StripArranger.h"
 #include "model/Modifiers.h"
-#include "model/SWElement.h"
 
 namespace lumbrix
 {
@@ -47,6 +47,11 @@ HoverVerdict verdictBeforeWindows(const EngineSettings& settings)
     return settings.hidePreviews && isModifierHeld(settings.hidePreviewsKeycode)
                ? HoverVerdict::HidingKeyHeld
                : HoverVerdict::Shows;
+}
+
+HoverVerdict verdictForPlace(const SWElementPtr& item)
+{
+    return StripArranger::hasPlaceBeside(item) ? HoverVerdict::Shows : HoverVerdict::NoPlace;
 }
 
 HoverVerdict verdictForWindows(const EngineSettings& settings, std::size_t count, bool areOthers)

@@ -9,6 +9,7 @@
 #include <cstdint>
 
 #include "model/EngineSettings.h"
+#include "model/SWElement.h"
 #include "platform/Accessibility.h"
 
 namespace lumbrix
@@ -31,6 +32,7 @@ enum class HoverVerdict : std::uint8_t {
     Shows,
     DockPreviewsOff, ///< the setting showInDock
     HidingKeyHeld,   ///< the key of the setting hidePreviews
+    NoPlace,         ///< the item is nowhere, or its Dock at no edge that is known
     NoWindows,
     OneWindow,         ///< the setting ignoreOneWindow
     ShowingKeyNotHeld, ///< the key of the setting onlyIfPressed
@@ -41,6 +43,8 @@ namespace HoverRules
 
 /// Before any window is looked at: Shows, DockPreviewsOff or HidingKeyHeld.
 HoverVerdict verdictBeforeWindows(const EngineSettings& settings);
+/// Once an item is known to have something to show: Shows or NoPlace.
+HoverVerdict verdictForPlace(const SWElementPtr& item);
 /// With so many windows to show: Shows, NoWindows, OneWindow or ShowingKeyNotHeld. `areOthers`:
 /// under this program's own icon, where it stands for other applications too and one window is as
 /// good as many, since a click on that icon brings none of them.

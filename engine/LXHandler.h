@@ -124,9 +124,19 @@ public:
     void settingsDidChange();
 
     // Layout.
-    static QString getDockOrientation() { return StripArranger::getDockOrientation(); }
-    static bool isDockMagnificationEnabled() { return StripArranger::isDockMagnificationEnabled(); }
-    static bool isDockAutoHidingEnabled() { return StripArranger::isDockAutoHidingEnabled(); }
+    // Of the Dock that has the item; for null, of the first one.
+    static QString getDockOrientation(const SWElementPtr& item = nullptr)
+    {
+        return StripArranger::getDockOrientation(item);
+    }
+    static bool isDockMagnificationEnabled(const SWElementPtr& item = nullptr)
+    {
+        return StripArranger::isDockMagnificationEnabled(item);
+    }
+    static bool isDockAutoHidingEnabled(const SWElementPtr& item = nullptr)
+    {
+        return StripArranger::isDockAutoHidingEnabled(item);
+    }
     void arrangeWindows(const SWElementPtr& item, bool animate);
     void arrangeWindowsBottom(const SWElementPtr& item, bool animate);
     void arrangeWindow(ScreenyView& preview) { m_arranger.arrangeWindow(preview); }

@@ -157,7 +157,10 @@ void PreviewUpdater::followApplication(const SWElementPtr& element, Pass& pass)
     m_handler.inventory().cleanWindowsArray();
     const auto windows = m_handler.inventory().windowsBehindIcon(*application);
     const bool areOthers = m_handler.inventory().standsForOthers(*application);
-    if (HoverRules::verdictForWindows(settings, windows.size(), areOthers) != HoverVerdict::Shows) {
+    const bool hasPlace =
+        element->isTabIcon() || HoverRules::verdictForPlace(element) == HoverVerdict::Shows;
+    if (!hasPlace ||
+        HoverRules::verdictForWindows(settings, windows.size(), areOthers) != HoverVerdict::Shows) {
         m_handler.removeAllScreenViewsLeavingTimersAlone();
         pass.added = false;
         return;

@@ -27,27 +27,43 @@ platform::DockPreferences& freshDockPreferences()
     return preferences;
 }
 
+platform::ElementRef elementOf(const SWElementPtr& item)
+{
+    return item ? item->element() : nullptr;
+}
+
 QRectF rectOf(const SWElementPtr& item) { return item ? item->getRect() : QRectF(); }
 
 } // namespace
 
-QString StripArranger::getDockOrientation()
+QString StripArranger::getDockOrientation(const SWElementPtr& item)
 {
-    return freshDockPreferences().orientation().value_or(QStringLiteral("bottom"));
+    return freshDockPreferences().orientation(elementOf(item)).value_or(QStringLiteral("bottom"));
 }
 
-bool StripArranger::isDockMagnificationEnabled()
+bool StripArranger::isDockMagnificationEnabled(const SWElementPtr& item)
 {
-    return freshDockPreferences().magnification() == 1;
+    return freshDockPreferences().magnification(elementOf(item)) == 1;
 }
 
-bool StripArranger::isDockAutoHidingEnabled() { return freshDockPreferences().autohide() == 1; }
+bool StripArranger::isDockAutoHidingEnabled(const SWElementPtr& item)
+{
+    return freshDockPreferences().autohide(elementOf(item)) == 1;
+}
+
+bool StripArranger::hasPlaceBeside(const SWElementPtr& item)
+{
+    return !rectOf(item).isEmpty() &&
+           PreviewLayout::dockSideForOrientation(getDockOrientation(item)).has_value();
+}
 
 void StripArranger::arrangeWindows(const SWElementPtr& item, bool animate)
 {
-    const auto side = PreviewLayout::dockSideForOrientation(getDockOrientation());
+    const auto side = PreviewLayout::dockSideForOrientation(getDockOrientation(item));
     if (side == DockSide::Bottom)
         arrangeWindowsBottom(item, animate);
+    else if (side == DockSide::Top)
+        arrangeWindowsTop(item, animate);
     else if (side == DockSide::Left)
         arrangeWindowsLeft(item, animate);
     else if (side == DockSide::Right)
@@ -57,6 +73,11 @@ void StripArranger::arrangeWindows(const SWElementPtr& item, bool animate)
 void StripArranger::arrangeWindowsBottom(const SWElementPtr& item, bool /*animate*/)
 {
     arrangeStrip(DockSide::Bottom, item);
+}
+
+void StripArranger::arrangeWindowsTop(const SWElementPtr& item, bool /*animate*/)
+{
+    arrangeStrip(DockSide::Top, item);
 }
 
 void StripArranger::arrangeWindowsLeft(const SWElementPtr& item, bool /*animate*/)
@@ -99,8 +120,8 @@ void StripArranger::markOwnWindow(const SWElementPtr& item)
 
 void StripArranger::arrangeWindow(ScreenyView& preview)
 {
-    const auto side = PreviewLayout::dockSideForOrientation(getDockOrientation());
     const SWElementPtr first = SWElement::getFirstDockElement();
+    const auto side = PreviewLayout::dockSideForOrientation(getDockOrientation(first));
     if (MAWindow* window = preview.window(); window && side && first)
         window->setFrame(PreviewLayout::sample(*side, layoutInput(first->getRect())));
     preview.orderFront();
@@ -110,7 +131,7 @@ void StripArranger::waitUntilSettled(const SWElementPtr& item)
 {
     // Under magnification or while the Dock slides in, the icon is still moving.
     if (platform::desktop().dockPreferences.tellsFinalPlaces() ||
-        (!isDockMagnificationEnabled() && !isDockAutoHidingEnabled()))
+        (!isDockMagnificationEnabled(item) && !isDockAutoHidingEnabled(item)))
         return;
     QRectF previous = rectOf(item);
     for (int reading = 1; reading < settleReadings; ++reading) {
@@ -128,7 +149,8 @@ PreviewLayout::Input StripArranger::layoutInput(const QRectF& icon) const
     const EngineSettings& settings = m_handler.settings();
     PreviewLayout::Input input;
     input.icon = icon;
-    input.screen = screens.empty() ? QSizeF() : screens.front().size();
+    input.screen = PreviewLayout::screenOfIcon(icon, screens);
+    input.mainScreenHeight = screens.empty() ? 0 : screens.front().height();
     input.windowWidth = settings.windowWidth;
     input.windowHeight = settings.windowHeight;
     input.distanceFromDock = settings.distanceFromDock;

@@ -20,16 +20,22 @@ class StripArranger
 public:
     explicit StripArranger(LXHandler& handler) : m_handler(handler) {}
 
-    // The Dock's own settings, read afresh each time.
-    static QString getDockOrientation();
-    static bool isDockMagnificationEnabled();
-    static bool isDockAutoHidingEnabled();
+    // The settings of the Dock that has the item, or for null of the first one, read afresh each
+    // time.
+    static QString getDockOrientation(const SWElementPtr& item);
+    static bool isDockMagnificationEnabled(const SWElementPtr& item);
+    static bool isDockAutoHidingEnabled(const SWElementPtr& item);
 
-    /// Places the previews shown as one strip beside the item on the Dock's side; nothing is placed
-    /// for a Dock on any other side. A null item reads as the zero rectangle. Panels of this
-    /// program move at once, so `animate` only tells what was asked for.
+    /// Whether the item is somewhere, beside a Dock at an edge that previews can be placed at.
+    static bool hasPlaceBeside(const SWElementPtr& item);
+
+    /// Places the previews shown as one strip beside the item on the side of the Dock that has it,
+    /// on the item's screen; nothing is placed where no edge is known. A null item reads as the
+    /// zero rectangle. Panels of this program move at once, so `animate` only tells what was asked
+    /// for.
     void arrangeWindows(const SWElementPtr& item, bool animate);
     void arrangeWindowsBottom(const SWElementPtr& item, bool animate);
+    void arrangeWindowsTop(const SWElementPtr& item, bool animate);
     void arrangeWindowsLeft(const SWElementPtr& item, bool animate);
     void arrangeWindowsRight(const SWElementPtr& item, bool animate);
 

@@ -3,6 +3,8 @@
 
 #include "model/PreviewLayout.h"
 
+#include <algorithm>
+
 namespace lumbrix::PreviewLayout
 {
 namespace
@@ -13,6 +15,8 @@ constexpr double stripShift = 6;
 /// Kept free at the top of the screen, and along a row before it is shrunk.
 constexpr float menuBarHeight = 22;
 constexpr float rowMargin = 50;
+
+bool isRow(DockSide side) { return side == DockSide::Bottom || side == DockSide::Top; }
 
 /// Along one axis: begins at `start` unless that lies before `first` or ends beyond `limit`.
 /// Single precision throughout, as the sizes are, so that a strip as long as the screen begins
@@ -28,7 +32,7 @@ float clampedStart(double start, float length, float first, float limit)
 }
 
 /// The corner a placement starts from, mirrored into screen coordinates.
-QPointF toScreen(double x, double y, const Input& input) { return {x, input.screen.height() - y}; }
+QPointF toScreen(double x, double y, const Input& input) { return {x, input.mainScreenHeight - y}; }
 
 double besideX(DockSide side, const Input& input, float width)
 {
@@ -36,7 +40,21 @@ double besideX(DockSide side, const Input& input, float width)
                                   : input.icon.x() - input.distanceFromDock - width;
 }
 
-std::vector<QRectF> row(const Input& input, int count, float width, float height)
+/// The lower edge of a row.
+double besideY(DockSide side, const Input& input, float height)
+{
+    return side == DockSide::Top
+               ? input.icon.y() + input.icon.height() + input.distanceFromDock + height
+               : input.icon.y() - input.distanceFromDock;
+}
+
+float leftOf(const QRectF& screen) { return static_cast<float>(screen.x()); }
+float rightOf(const QRectF& screen) { return static_cast<float>(screen.x() + screen.width()); }
+/// Where a column may begin.
+float topOf(const QRectF& screen) { return static_cast<float>(screen.y()) + menuBarHeight; }
+float bottomOf(const QRectF& screen) { return static_cast<float>(screen.y() + screen.height()); }
+
+std::vector<QRectF> row(DockSide side, const Input& input, int count, float width, float height)
 {
     const float screenWidth = static_cast<float>(input.screen.width());
     float length = static_cast<float>(count) * width;
@@ -48,8 +66,8 @@ std::vector<QRectF> row(const Input& input, int count, float width, float height
     }
     const QRectF& icon = input.icon;
     const float start = clampedStart(icon.x() + icon.width() * 0.5 - 0.5 * length - stripShift,
-                                     length, 0, screenWidth);
-    const QPointF corner = toScreen(start, icon.y() - input.distanceFromDock, input);
+                                     length, leftOf(input.screen), rightOf(input.screen));
+    const QPointF corner = toScreen(start, besideY(side, input, height), input);
     std::vector<QRectF> frames;
     frames.reserve(static_cast<std::size_t>(count));
     for (int i = 0; i < count; ++i)
@@ -68,7 +86,7 @@ std::vector<QRectF> column(DockSide side, const Input& input, int count, float w
     }
     const QRectF& icon = input.icon;
     const float start = clampedStart(icon.y() + icon.height() * 0.5 - 0.5 * length - stripShift,
-                                     length, menuBarHeight, screenHeight);
+                                     length, topOf(input.screen), bottomOf(input.screen));
     const QPointF corner = toScreen(besideX(side, input, width), start, input);
     std::vector<QRectF> frames;
     frames.reserve(static_cast<std::size_t>(count));
@@ -78,12 +96,21 @@ std::vector<QRectF> column(DockSide side, const Input& input, int count, float w
     return frames;
 }
 
+double squaredDistance(const QRectF& screen, QPointF point)
+{
+    const double x = std::clamp(point.x(), screen.x(), screen.x() + screen.width());
+    const double y = std::clamp(point.y(), screen.y(), screen.y() + screen.height());
+    return (point.x() - x) * (point.x() - x) + (point.y() - y) * (point.y() - y);
+}
+
 } // namespace
 
 std::optional<DockSide> dockSideForOrientation(const QString& orientation)
 {
     if (orientation == QLatin1String("bottom"))
         return DockSide::Bottom;
+    if (orientation == QLatin1String("top"))
+        return DockSide::Top;
     if (orientation == QLatin1String("left"))
         return DockSide::Left;
     if (orientation == QLatin1String("right"))
@@ -97,8 +124,24 @@ std::vector<QRectF> strip(DockSide side, const Input& input, int count, std::opt
         return {};
     const float width = size ? static_cast<float>(size->width()) : input.windowWidth;
     const float height = size ? static_cast<float>(size->height()) : input.windowHeight;
-    return side == DockSide::Bottom ? row(input, count, width, height)
-                                    : column(side, input, count, width, height);
+    return isRow(side) ? row(side, input, count, width, height)
+                       : column(side, input, count, width, height);
+}
+
+QRectF screenOfIcon(const QRectF& icon, const std::vector<QRectF>& screens)
+{
+    const auto shared = [&icon](const QRectF& screen) {
+        const QRectF common = screen.intersected(icon);
+        return common.width() * common.height();
+    };
+    // Where none holds any of it (it may be no more than a line at the edge), the nearest one.
+    const auto isBetter = [&](const QRectF& a, const QRectF& b) {
+        return shared(a) != shared(b)
+                   ? shared(a) > shared(b)
+                   : squaredDistance(a, icon.center()) < squaredDistance(b, icon.center());
+    };
+    const auto best = std::ranges::min_element(screens, isBetter);
+    return best == screens.end() ? QRectF() : *best;
 }
 
 QRectF sample(DockSide side, const Input& input)
@@ -106,15 +149,14 @@ QRectF sample(DockSide side, const Input& input)
     const QRectF& icon = input.icon;
     const float width = input.windowWidth;
     const float height = input.windowHeight;
-    if (side == DockSide::Bottom) {
+    if (isRow(side)) {
         // Unlike a strip, a single sample in a row is not shifted.
-        const float start = clampedStart(icon.x() + icon.width() * 0.5 - 0.5 * width, width, 0,
-                                         static_cast<float>(input.screen.width()));
-        return {toScreen(start, icon.y() - input.distanceFromDock, input), QSizeF(width, height)};
+        const float start = clampedStart(icon.x() + icon.width() * 0.5 - 0.5 * width, width,
+                                         leftOf(input.screen), rightOf(input.screen));
+        return {toScreen(start, besideY(side, input, height), input), QSizeF(width, height)};
     }
-    const float start =
-        clampedStart(icon.y() + icon.height() * 0.5 - 0.5 * height - stripShift, height,
-                     menuBarHeight, static_cast<float>(input.screen.height()));
+    const float start = clampedStart(icon.y() + icon.height() * 0.5 - 0.5 * height - stripShift,
+                                     height, topOf(input.screen), bottomOf(input.screen));
     const QPointF corner = toScreen(besideX(side, input, width), start, input);
     return {corner.x(), corner.y() - height, width, height};
 }

@@ -14,22 +14,28 @@
 namespace lumbrix::PreviewLayout
 {
 
-enum class DockSide { Bottom, Left, Right };
+enum class DockSide { Bottom, Top, Left, Right };
 
-/// "bottom", "left" or "right"; null for any other word.
+/// "bottom", "top", "left" or "right"; null for any other word.
 std::optional<DockSide> dockSideForOrientation(const QString& orientation);
 
 /// Everything a placement depends on; points.
 struct Input {
     QRectF icon;   ///< the Dock item, in accessibility coordinates; zero when there is none
-    QSizeF screen; ///< of the main screen
+    QRectF screen; ///< the one that the previews stay on, in accessibility coordinates
+    double mainScreenHeight = 0; ///< what screen coordinates are mirrored at
     float windowWidth = 0;
     float windowHeight = 0;
     float distanceFromDock = 0;
 };
 
+/// The screen that holds most of the icon, else the one nearest to it: previews stay on it. Screens
+/// are in accessibility coordinates, the main one first; empty when there are none.
+QRectF screenOfIcon(const QRectF& icon, const std::vector<QRectF>& screens);
+
 /// Frames of a strip of `count` previews in screen coordinates, in strip order: a row above a
-/// bottom Dock from left to right, a column beside a side Dock from top to bottom. `size` stands
+/// bottom Dock or below one at the top from left to right, a column beside a side Dock from top to
+/// bottom. `size` stands
 /// in for the size of the settings (a calendar preview has its own).
 std::vector<QRectF> strip(DockSide side, const Input& input, int count,
                           std::optional<QSizeF> size = std::nullopt);

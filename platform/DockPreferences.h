@@ -1,29 +1,32 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// The Dock's own preferences, read only.
+// The preferences of the Dock, or of the one of several docks that has an item; read only.
 #pragma once
 
 #include <QtCore/QString>
 
 #include <optional>
 
+#include "platform/Accessibility.h"
+
 namespace lumbrix::platform
 {
 
-/// Main thread. Values are as the Dock stores them; null when the Dock does not say.
+/// Main thread. Asked of the Dock that has the item; for a null item, of the first that has any.
+/// Values are as that Dock stores them; null when it does not say.
 class DockPreferences
 {
 public:
     virtual ~DockPreferences() = default;
     /// Makes the reads that follow see the Dock's present values.
     virtual void synchronize() = 0;
-    /// "bottom", "left" or "right"; a Dock elsewhere gives another word.
-    virtual std::optional<QString> orientation() = 0;
+    /// "bottom", "top", "left" or "right": the edge of the screen that it is at, or nearest to.
+    virtual std::optional<QString> orientation(const ElementRef& item) = 0;
     /// 1 = icons grow under the pointer.
-    virtual std::optional<int> magnification() = 0;
+    virtual std::optional<int> magnification(const ElementRef& item) = 0;
     /// 1 = the Dock hides.
-    virtual std::optional<int> autohide() = 0;
+    virtual std::optional<int> autohide(const ElementRef& item) = 0;
     /// Whether the places of the Dock's items are told as they will be once it rests, also while it
     /// grows or slides. Else they have to be waited for.
     virtual bool tellsFinalPlaces() = 0;

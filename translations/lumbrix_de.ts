@@ -375,8 +375,8 @@
         <translation>das Dock zeigt kein Symbol für die Anwendung</translation>
     </message>
     <message>
-        <source>there is no place for previews beside a Dock at this edge</source>
-        <translation>neben einem Dock an diesem Rand ist kein Platz für Vorschauen</translation>
+        <source>there is no place for previews beside the icon</source>
+        <translation>neben dem Symbol ist kein Platz für Vorschauen</translation>
     </message>
     <message>
         <source>a calendar shows today&apos;s events instead</source>

@@ -56,7 +56,6 @@ struct InspectedDock {
     QString name;
     std::int32_t pid = 0; ///< 0 = none was recognised
     QString orientation;
-    bool hasPlace = false; ///< previews can be laid out beside it
     std::size_t items = 0;
 };
 

@@ -43,8 +43,6 @@ QString itemObstacle(const Inspection& inspection)
         return InspectionText::tr("there is no icon and no window under the pointer");
     if (!inspection.item)
         return InspectionText::tr("the Dock shows no icon for the application");
-    if (!inspection.dock.hasPlace)
-        return InspectionText::tr("there is no place for previews beside a Dock at this edge");
     switch (inspection.item->kind) {
     case DockItemKind::Calendar:
         return InspectionText::tr("a calendar shows today's events instead") + where("General");
@@ -89,6 +87,8 @@ QString verdictObstacle(const Inspection& inspection)
         return InspectionText::tr("%1 is held, which hides previews")
                    .arg(keyName(inspection.hidingKey)) +
                where("Hotkeys");
+    case HoverVerdict::NoPlace:
+        return InspectionText::tr("there is no place for previews beside the icon");
     case HoverVerdict::NoWindows:
         return windowsObstacle(inspection);
     case HoverVerdict::OneWindow:

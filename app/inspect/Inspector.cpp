@@ -9,7 +9,6 @@
 #include "app/inspect/PrintableText.h"
 #include "engine/StripArranger.h"
 #include "model/AXRead.h"
-#include "model/PreviewLayout.h"
 #include "model/UIElementUtilities.h"
 #include "model/VisibilityRules.h"
 #include "platform/Desktop.h"
@@ -173,8 +172,7 @@ InspectedDock Inspector::inspectDock() const
     if (!application)
         return dock;
     dock.name = UIElementUtilities::descriptionOfAXDescriptionOfUIElement(application);
-    dock.orientation = StripArranger::getDockOrientation();
-    dock.hasPlace = PreviewLayout::dockSideForOrientation(dock.orientation).has_value();
+    dock.orientation = StripArranger::getDockOrientation(SWElement::elementWithElementRef(m_item));
     for (const ElementRef& list : AX::readElements(application, AX::Children))
         dock.items += AX::readElements(list, AX::Children).size();
     return dock;
@@ -270,6 +268,9 @@ HoverVerdict Inspector::judgeHover(const Inspection& result) const
     const HoverVerdict verdict = HoverRules::verdictBeforeWindows(m_settings);
     if (verdict != HoverVerdict::Shows)
         return verdict;
+    if (m_item && HoverRules::verdictForPlace(SWElement::elementWithElementRef(m_item)) !=
+                      HoverVerdict::Shows)
+        return HoverVerdict::NoPlace;
     if (result.pointsAtItem && result.item->kind == DockItemKind::MinimizedWindow)
         return m_window ? HoverVerdict::Shows : HoverVerdict::NoWindows;
     const bool areOthers = m_application && m_inventory.standsForOthers(*m_application);

@@ -69,6 +69,7 @@ TEST_F(DismissalTest, gap_isBridgedOnTheDocksSide_alsoWhereTheIconWasMagnified)
         QPointF half;        ///< of the preview, that way
         QMarginsF growth;    ///< of the icon, per point
     } cases[] = {{u"bottom"_s, {0, -1}, {0, -75}, {0, 1, 0, 0}},
+                 {u"top"_s, {0, 1}, {0, 75}, {0, 0, 0, 1}},
                  {u"left"_s, {-1, 0}, {-100, 0}, {0, 0, 1, 0}},
                  {u"right"_s, {1, 0}, {100, 0}, {1, 0, 0, 0}}};
     for (const auto& [side, towardsDock, half, growth] : cases) {

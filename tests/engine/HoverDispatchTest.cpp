@@ -35,6 +35,48 @@ TEST_F(HoverDispatchTest, row_isFilledPlacedAndShown)
     EXPECT_EQ(desk.captures(desk.stacking().front()), captures);
 }
 
+TEST_F(HoverDispatchTest, dockAtTheTop_hasItsRowBelow)
+{
+    desk.setDockOrientation(u"top"_s);
+    add(u"Notes"_s, 1);
+    hover(u"Notes"_s);
+    const double middle = desk.dockItemFrame(u"Notes"_s).center().x();
+    EXPECT_EQ(preview(0).window()->frame(), QRectF(middle - 106, 900 - 52 - 10 - 150, 200, 150));
+}
+
+// They would come where some row was before, or in a corner.
+TEST_F(HoverDispatchTest, previewsWithoutAPlace_areNotShownUntilThereIsOne)
+{
+    const WindowID window = desk.addWindow(add(u"Notes"_s, 0), {u"Notes 1"_s});
+    desk.addDockItem({.title = u"Notes 1"_s, .kind = ItemKind::MinimizedWindow});
+    desk.minimizeWindow(window);
+    loop.advance(3);
+    const auto place = [&](QRectF frame) {
+        desk.with([&](SimulatedState& state) {
+            for (SimulatedDockItem& item : state.dockItems)
+                item.frame = frame.isNull() ? QRectF(item.frame.topLeft(), QSizeF()) : item.frame;
+        });
+    };
+    for (const QString& item : {u"Notes"_s, u"Notes 1"_s}) {
+        desk.setDockOrientation(u"nowhere"_s);
+        hover(item);
+        EXPECT_EQ(panelsOnScreen(), 0) << qPrintable(item);
+        EXPECT_EQ(shown(), u""_s) << qPrintable(item);
+        leave();
+    }
+    hover(u"Notes"_s);
+    loop.advance(2);
+    EXPECT_EQ(shown(), u""_s);
+    desk.setDockOrientation(u"bottom"_s);
+    loop.advance(2);
+    EXPECT_EQ(shown(), u"Notes 1"_s);
+    // An item that is gone says of itself that it is nowhere.
+    place({});
+    loop.advance(1);
+    EXPECT_EQ(shown(), u""_s);
+    EXPECT_EQ(panelsOnScreen(), 0);
+}
+
 TEST_F(HoverDispatchTest, nextRow_showsItsOwnPicturesInThePanelsOfTheFormer)
 {
     const Pid notes = addApplication(u"Notes"_s, 0);

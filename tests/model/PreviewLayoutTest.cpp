@@ -17,7 +17,7 @@ using Frames = std::vector<QRectF>;
 
 Input input(const QRectF& icon, float width = 300, float height = 200)
 {
-    return {icon, {1440, 900}, width, height, 10};
+    return {icon, {0, 0, 1440, 900}, 900, width, height, 10};
 }
 
 TEST(PreviewLayout, row_isCentredOnTheIcon_sixPointsToTheLeft)
@@ -81,6 +81,68 @@ TEST(PreviewLayout, columnLongerThanTheScreen_shrinksAsAWhole)
     EXPECT_EQ(strip(DockSide::Left, input({4, 426, 48, 48}, 300, 219.5F), 4).front().width(), 300);
 }
 
+// The mirror of a bottom Dock: the row hangs below the icon.
+TEST(PreviewLayout, rowAtTheTop_mirrorsTheOneAtTheBottom)
+{
+    const QRectF icon(700, 2, 48, 48);
+    const QRectF mirrored(700, 850, 48, 48);
+    for (const int count : {1, 3, 5, 15}) {
+        const Frames top = strip(DockSide::Top, input(icon), count);
+        const Frames bottom = strip(DockSide::Bottom, input(mirrored), count);
+        ASSERT_EQ(top.size(), bottom.size());
+        for (std::size_t i = 0; i < top.size(); ++i)
+            EXPECT_EQ(top[i], QRectF(bottom[i].x(), 900 - bottom[i].y() - bottom[i].height(),
+                                     bottom[i].width(), bottom[i].height()));
+    }
+    EXPECT_EQ(strip(DockSide::Top, input(icon), 3).front(), QRectF(268, 640, 300, 200));
+    EXPECT_EQ(sample(DockSide::Top, input(icon)), QRectF(574, 640, 300, 200));
+    EXPECT_EQ(strip(DockSide::Top, input(icon), 1, QSizeF(320, 480)).front(),
+              QRectF(558, 360, 320, 480));
+}
+
+// The second monitor may lie anywhere beside the main one, which is where screen coordinates have
+// their origin.
+TEST(PreviewLayout, strips_stayOnTheScreenOfTheirIcon)
+{
+    struct Case {
+        QRectF screen;
+        DockSide side;
+        QRectF icon;
+    };
+    const QRectF main(0, 0, 1440, 900);
+    const Case cases[] = {
+        {{1440, 0, 1280, 1024}, DockSide::Bottom, {1450, 980, 40, 40}},
+        {{1440, 0, 1280, 1024}, DockSide::Bottom, {2670, 980, 40, 40}},
+        {{1440, -200, 1280, 1024}, DockSide::Right, {2680, -190, 40, 40}},
+        {{-1280, 300, 1280, 1024}, DockSide::Left, {-1280, 1270, 40, 40}},
+        {{-1280, 300, 1280, 1024}, DockSide::Top, {-60, 300, 40, 40}},
+        {{200, -800, 1000, 800}, DockSide::Bottom, {210, -40, 40, 40}},
+        {{200, 900, 1000, 800}, DockSide::Top, {1150, 900, 40, 40}},
+    };
+    for (const Case& each : cases) {
+        EXPECT_EQ(screenOfIcon(each.icon, {main, each.screen}), each.screen);
+        Input in = input(each.icon);
+        in.screen = each.screen;
+        Frames frames = strip(each.side, in, 3);
+        const Frames eight = strip(each.side, in, 8);
+        frames.insert(frames.end(), eight.begin(), eight.end());
+        frames.push_back(sample(each.side, in));
+        for (const QRectF& frame : frames) {
+            const QRectF onScreen(frame.x(), 900 - frame.y() - frame.height(), frame.width(),
+                                  frame.height());
+            EXPECT_TRUE(each.screen.adjusted(-1e-3, -1e-3, 1e-3, 1e-3).contains(onScreen))
+                << testing::PrintToString(&each - cases) << ": " << onScreen.x() << ' '
+                << onScreen.y();
+            EXPECT_FALSE(onScreen.intersects(each.icon));
+        }
+    }
+    // What hangs over an edge, or lies in the gap between two, still has a screen.
+    EXPECT_EQ(screenOfIcon({1400, 880, 100, 40}, {main, {1440, 0, 1280, 1024}}),
+              QRectF(1440, 0, 1280, 1024));
+    EXPECT_EQ(screenOfIcon({-30, 400, 10, 10}, {main, {1440, 0, 1280, 1024}}), main);
+    EXPECT_EQ(screenOfIcon({}, {}), QRectF());
+}
+
 TEST(PreviewLayout, sample_isPlacedBesideTheIcon_unshiftedInARow)
 {
     EXPECT_EQ(sample(DockSide::Bottom, input({700, 848, 48, 48})), QRectF(574, 62, 300, 200));
@@ -91,12 +153,13 @@ TEST(PreviewLayout, sample_isPlacedBesideTheIcon_unshiftedInARow)
     EXPECT_EQ(sample(DockSide::Right, input({1388, 880, 48, 48})), QRectF(1078, 0, 300, 200));
 }
 
-TEST(PreviewLayout, dockSide_isKnownForThreeWordsOnly)
+TEST(PreviewLayout, dockSide_isKnownForFourWordsOnly)
 {
     EXPECT_EQ(dockSideForOrientation(QStringLiteral("bottom")), DockSide::Bottom);
     EXPECT_EQ(dockSideForOrientation(QStringLiteral("left")), DockSide::Left);
     EXPECT_EQ(dockSideForOrientation(QStringLiteral("right")), DockSide::Right);
-    EXPECT_EQ(dockSideForOrientation(QStringLiteral("top")), std::nullopt);
+    EXPECT_EQ(dockSideForOrientation(QStringLiteral("top")), DockSide::Top);
+    EXPECT_EQ(dockSideForOrientation(QStringLiteral("floating")), std::nullopt);
 }
 
 } // namespace

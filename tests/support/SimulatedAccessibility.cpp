@@ -359,6 +359,10 @@ AXResult SimulatedAccessibility::switcherValue(const SimulatedElement& element,
             continue;
         if (attribute == QLatin1String("AXTitle"))
             return answer(entry.title);
+        if (attribute == QLatin1String("AXPosition")) // where in the list matters to nobody
+            return answer(QPointF(660, 400));
+        if (attribute == QLatin1String("AXSize"))
+            return answer(QSizeF(120, 120));
         if (attribute == QLatin1String("AXIsApplicationRunning") && entry.isRunning)
             return answer(*entry.isRunning);
         if (attribute == QLatin1String("AXURL") && !entry.url.isEmpty())

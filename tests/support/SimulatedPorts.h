@@ -136,9 +136,15 @@ public:
     explicit SimulatedDockPreferences(SimulatedState& state) : m_state(state) {}
 
     void synchronize() override;
-    std::optional<QString> orientation() override { return m_orientation; }
-    std::optional<int> magnification() override { return m_magnification; }
-    std::optional<int> autohide() override { return m_autohide; }
+    std::optional<QString> orientation(const platform::ElementRef&) override
+    {
+        return m_orientation;
+    }
+    std::optional<int> magnification(const platform::ElementRef&) override
+    {
+        return m_magnification;
+    }
+    std::optional<int> autohide(const platform::ElementRef&) override { return m_autohide; }
     bool tellsFinalPlaces() override { return m_tellsFinalPlaces; }
     void setTellsFinalPlaces(bool on) { m_tellsFinalPlaces = on; }
 

@@ -229,7 +229,9 @@ void SimulatedState::layOutDock()
     const double length = pitch * static_cast<double>(dockItems.size());
     double along = ((isRow ? screen.width() : screen.height()) - length) / 2;
     for (SimulatedDockItem& item : dockItems) {
-        if (isRow)
+        if (dockOrientation == QLatin1String("top"))
+            item.frame = {along, margin, side, side};
+        else if (isRow)
             item.frame = {along, screen.height() - side - margin, side, side};
         else if (dockOrientation == QLatin1String("left"))
             item.frame = {margin, along, side, side};

@@ -139,9 +139,6 @@ void DockModel::pointerMoved(QPoint point, xcb_window_t childOfRoot)
             entered = dock->provider;
         }
         m_isOverDock = dock != nullptr;
-        if (dock != nullptr) {
-            m_lastDock = dock->state->windows.front().id;
-        }
         isChanged = updateSelection();
         const bool isNear =
             dock != nullptr || std::ranges::any_of(m_docks, [&](const Known& known) {
@@ -353,16 +350,10 @@ DockItemId DockModel::itemAt(QPoint point) const
 DockStatePtr DockModel::firstDock() const
 {
     const std::lock_guard lock(m_mutex);
-    return m_docks.empty() ? nullptr : m_docks.front().state;
-}
-
-DockStatePtr DockModel::currentDock() const
-{
-    const std::lock_guard lock(m_mutex);
-    for (const Known& dock : m_docks) {
-        if (!dock.state->windows.empty() && dock.state->windows.front().id == m_lastDock) {
-            return dock.state;
-        }
+    const auto it =
+        std::ranges::find_if(m_docks, [](const Known& dock) { return !dock.state->items.empty(); });
+    if (it != m_docks.end()) {
+        return it->state;
     }
     return m_docks.empty() ? nullptr : m_docks.front().state;
 }

@@ -67,9 +67,9 @@ public:
     QString nameOfDock(DockItemId item) const;
     DockItemId selectedItem() const;
     DockItemId itemAt(QPoint point) const;
-    /// The dock that the pointer was on last, else the first; null when none runs.
-    DockStatePtr currentDock() const;
-    /// The preferred one; null when none runs.
+    /// The one that has the item; null when it is gone.
+    DockStatePtr dockOf(DockItemId id) const { return find(id).first; }
+    /// The preferred one of those that have items, else of all; null when none runs.
     DockStatePtr firstDock() const;
     /// Reads the docks' own preferences again. Main thread.
     void synchronize();
@@ -120,7 +120,6 @@ private:
     std::vector<Known> m_docks; // this and what follows guarded by m_mutex
     QPoint m_pointer;
     xcb_window_t m_childUnderPointer = XCB_NONE;
-    xcb_window_t m_lastDock = XCB_NONE; ///< window of the dock the pointer was on last
     bool m_isOverDock = false;
     double m_attendedAt = -1e9;
     double m_prefetchedAt = -1e9;

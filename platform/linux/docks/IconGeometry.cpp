@@ -154,10 +154,25 @@ DockEdge edgeOfDock(const QRect& dock, const QRect& screen, const QMargins& stru
     if (strut.top() > 0) {
         return DockEdge::Top;
     }
-    if (dock.width() >= dock.height()) {
-        return dock.center().y() < screen.center().y() ? DockEdge::Top : DockEdge::Bottom;
-    }
-    return dock.center().x() < screen.center().x() ? DockEdge::Left : DockEdge::Right;
+    // It keeps nothing free: one that hides, or floats. Where it touches several edges, its shape
+    // tells along which of them it lies.
+    struct Side {
+        DockEdge edge;
+        int gap;
+    };
+    const Side sides[] = {
+        {DockEdge::Bottom, screen.y() + screen.height() - dock.y() - dock.height()},
+        {DockEdge::Top, dock.y() - screen.y()},
+        {DockEdge::Left, dock.x() - screen.x()},
+        {DockEdge::Right, screen.x() + screen.width() - dock.x() - dock.width()},
+    };
+    const bool isLong = dock.width() >= dock.height();
+    return std::ranges::min_element(sides, {},
+                                    [isLong](const Side& side) {
+                                        return std::pair(std::max(side.gap, 0),
+                                                         isHorizontal(side.edge) != isLong);
+                                    })
+        ->edge;
 }
 
 } // namespace lumbrix::platform

@@ -41,8 +41,8 @@ QRect placeOnDock(const QRect& icon, const QRect& dock, bool& isOffPanel);
 std::vector<DockItem> deriveItems(const std::vector<PlacedWindow>& windows, const QRect& dock,
                                   DockEdge edge, const std::vector<DockItem>& previous);
 
-/// Where a dock's window stands. A wide one is at the top or at the bottom, a tall one at a side,
-/// unless it keeps space free (`strut`) at one edge.
+/// Where a dock stands: at the edge where it keeps space free (`strut`), else at the one nearest to
+/// it; where several are as near, its shape tells. Any dock has an edge, a floating one too.
 DockEdge edgeOfDock(const QRect& dock, const QRect& screen, const QMargins& strut);
 
 } // namespace lumbrix::platform

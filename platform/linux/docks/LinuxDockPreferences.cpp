@@ -3,12 +3,22 @@
 
 #include "platform/linux/docks/LinuxDockPreferences.h"
 
+#include "platform/linux/accessibility/X11Element.h"
+
 namespace lumbrix::platform
 {
 
-std::optional<QString> LinuxDockPreferences::orientation()
+DockStatePtr LinuxDockPreferences::dockOf(const ElementRef& item) const
 {
-    const DockStatePtr dock = m_docks.currentDock();
+    const X11Element* element = X11Element::from(item);
+    const bool isItem = element != nullptr && element->kind() == X11Element::Kind::DockItem;
+    const DockStatePtr dock = isItem ? m_docks.dockOf(element->dockItemId()) : nullptr;
+    return dock ? dock : m_docks.firstDock();
+}
+
+std::optional<QString> LinuxDockPreferences::orientation(const ElementRef& item)
+{
+    const DockStatePtr dock = dockOf(item);
     if (!dock) {
         return std::nullopt;
     }
@@ -25,15 +35,15 @@ std::optional<QString> LinuxDockPreferences::orientation()
     return QStringLiteral("bottom");
 }
 
-std::optional<int> LinuxDockPreferences::magnification()
+std::optional<int> LinuxDockPreferences::magnification(const ElementRef& item)
 {
-    const DockStatePtr dock = m_docks.currentDock();
+    const DockStatePtr dock = dockOf(item);
     return dock ? std::optional(dock->magnifies ? 1 : 0) : std::nullopt;
 }
 
-std::optional<int> LinuxDockPreferences::autohide()
+std::optional<int> LinuxDockPreferences::autohide(const ElementRef& item)
 {
-    const DockStatePtr dock = m_docks.currentDock();
+    const DockStatePtr dock = dockOf(item);
     return dock ? std::optional(dock->hides ? 1 : 0) : std::nullopt;
 }
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// The preferences of the dock that the pointer was on last.
+// The preferences of each dock, as it was seen last.
 #pragma once
 
 #include "platform/DockPreferences.h"
@@ -16,14 +16,16 @@ public:
     explicit LinuxDockPreferences(DockModel& docks) : m_docks(docks) {}
 
     void synchronize() override { m_docks.synchronize(); }
-    std::optional<QString> orientation() override;
-    std::optional<int> magnification() override;
-    std::optional<int> autohide() override;
+    std::optional<QString> orientation(const ElementRef& item) override;
+    std::optional<int> magnification(const ElementRef& item) override;
+    std::optional<int> autohide(const ElementRef& item) override;
     /// Magnified places are computed, and others taken in only once they stand; by the main thread,
     /// so that one that waits could not see them change anyway.
     bool tellsFinalPlaces() override { return true; }
 
 private:
+    DockStatePtr dockOf(const ElementRef& item) const;
+
     DockModel& m_docks;
 };
 

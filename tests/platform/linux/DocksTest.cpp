@@ -107,6 +107,13 @@ TEST(IconGeometryTest, edges_follow_the_strut_before_the_shape)
     EXPECT_EQ(edgeOfDock({0, 0, 60, 800}, screen, {}), DockEdge::Left);
     EXPECT_EQ(edgeOfDock({1220, 300, 60, 200}, screen, {}), DockEdge::Right);
     EXPECT_EQ(edgeOfDock({1220, 770, 60, 30}, screen, {0, 0, 60, 0}), DockEdge::Right);
+    // Hidden, in a corner, and floating: at the nearest edge, its shape telling where two are.
+    EXPECT_EQ(edgeOfDock({300, 798, 400, 40}, screen, {}), DockEdge::Bottom);
+    EXPECT_EQ(edgeOfDock({300, -38, 400, 40}, screen, {}), DockEdge::Top);
+    EXPECT_EQ(edgeOfDock({0, 400, 40, 400}, screen, {}), DockEdge::Left);
+    EXPECT_EQ(edgeOfDock({0, 760, 400, 40}, screen, {}), DockEdge::Bottom);
+    EXPECT_EQ(edgeOfDock({400, 100, 400, 40}, screen, {}), DockEdge::Top);
+    EXPECT_EQ(edgeOfDock({1100, 300, 120, 40}, screen, {}), DockEdge::Right);
 }
 
 TEST(IconGeometryTest, rows_of_buttons_keep_to_their_rows)
@@ -225,7 +232,7 @@ TEST_F(DocksTest, places_move_with_a_panel_that_hides)
     m_loop.advance(0.1);
     EXPECT_EQ(changes, 1) << "nothing is told that has not changed";
     EXPECT_EQ(*read(dockItems().at(0), "AXPosition").as<QPointF>(), QPointF(100, 770));
-    EXPECT_EQ(m_dockPreferences.autohide(), 1);
+    EXPECT_EQ(m_dockPreferences.autohide(nullptr), 1);
 
     // One window of a button was placed before the panel hid, the other one after.
     m_tracker.placeIcon(1, SecondButton);
@@ -246,7 +253,7 @@ TEST_F(DocksTest, places_move_with_a_panel_that_hides)
     m_loop.advance(0.1);
     EXPECT_EQ(titles(), QStringLiteral("Editor Term"));
     EXPECT_EQ(*read(dockItems().at(1), "AXPosition").as<QPointF>(), QPointF(252, 770));
-    EXPECT_EQ(m_dockPreferences.orientation(), QStringLiteral("bottom"));
+    EXPECT_EQ(m_dockPreferences.orientation(nullptr), QStringLiteral("bottom"));
 }
 
 TEST_F(DocksTest, hover_and_menu_are_told_once_to_the_observer_of_the_dock)
@@ -324,7 +331,7 @@ TEST_F(DocksTest, hover_and_menu_are_told_once_to_the_observer_of_the_dock)
 TEST_F(DocksTest, restarted_dock_is_found_again)
 {
     EXPECT_EQ(m_docks.pid(), 0);
-    EXPECT_FALSE(m_dockPreferences.orientation());
+    EXPECT_FALSE(m_dockPreferences.orientation(nullptr));
     addPanel();
     place();
     const ElementRef item = dockItems().at(0);
