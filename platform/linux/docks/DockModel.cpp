@@ -88,6 +88,7 @@ bool DockModel::showsOtherItems(const std::vector<Known>& before, const std::vec
                std::ranges::equal(a.state->items, b.state->items,
                                   [](const DockItem& one, const DockItem& other) {
                                       return one.id == other.id && one.rect == other.rect &&
+                                             one.windows == other.windows &&
                                              one.isMinimizedWindow == other.isMinimizedWindow;
                                   });
     });

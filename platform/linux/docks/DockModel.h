@@ -50,7 +50,7 @@ public:
     void setSelectionChanged(std::function<void()> call) { m_selectionChanged = std::move(call); }
     void setMenuOpened(std::function<void()> call) { m_menuOpened = std::move(call); }
     void setChanged(std::function<void()> call) { m_changed = std::move(call); }
-    /// There are other items than before, in other places, or hidden ones.
+    /// There are other items than before, in other places, for other windows, or hidden ones.
     void setItemsChanged(std::function<void()> call) { m_itemsChanged = std::move(call); }
     void setPrefetch(Prefetch prefetch) { m_prefetch = std::move(prefetch); }
     /// After the windows have been fetched.

@@ -180,8 +180,11 @@ TEST_F(DocksTest, windows_with_one_place_are_one_item)
     EXPECT_EQ(read(items[0], "AXIsApplicationRunning").error, AXError::AttributeUnsupported);
 
     // An item goes on while one of its windows stays, and is invalid after the last.
+    int changes = 0;
+    m_docks.setItemsChanged([&] { ++changes; });
     m_tracker.remove(1);
     m_loop.advance(0.1);
+    EXPECT_EQ(changes, 1) << "it stands for one window now";
     EXPECT_TRUE(elementsEqual(dockItems()[1], items[1]));
     EXPECT_EQ(m_accessibility.windowIDOf(items[1]), 3U);
     m_tracker.remove(3);
