@@ -61,6 +61,26 @@ TEST_P(ButtonRowTest, nextButtonOfTheApplication_takesTheRowAlong_andItsWindowIs
     EXPECT_EQ(places.size(), 2U);
 }
 
+TEST_P(ButtonRowTest, minimisedWindowsOfOneTitle_showEachItsOwnPicture)
+{
+    Application& alpha = launch(u"alpha"_qs);
+    for (const QColor& colour : {QColor(Qt::red), QColor(Qt::blue)})
+        alpha.open("the same", colour);
+    hover(alpha);
+    ASSERT_TRUE(shows(alpha)); // so that there are pictures
+    desk().park();
+    for (const AppWindow& window : alpha.windows())
+        alpha.minimise(window);
+    for (const AppWindow& window : alpha.windows()) {
+        hoverButtonOf(window);
+        EXPECT_TRUE(waitUntil([&] {
+            const auto shown = display().previews();
+            return shown.size() == 1 &&
+                   portionOf(display().picture(shown.front().geometry), window.colour) > 0.1;
+        })) << window.colour.name().toStdString();
+    }
+}
+
 TEST_P(ButtonRowTest, windowThatTakesAnotherClass_isPreviewedWithItsNewApplication)
 {
     const Application& beta = launch(u"beta"_qs, 1);
