@@ -36,7 +36,8 @@ class EventTap
 public:
     /// Main thread. The answer says whether to swallow the event. Where an adapter cannot wait for
     /// it, as on a server that hands out events of wanted keys only, every press and release of a
-    /// wanted key is swallowed and clicks are passed on. A held key may repeat its press.
+    /// wanted key is swallowed and clicks are passed on. A held key is pressed once: its repeats
+    /// are swallowed and not reported.
     using Callback = std::function<bool(const TapEvent&)>;
 
     virtual ~EventTap() = default;

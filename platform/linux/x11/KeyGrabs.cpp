@@ -65,6 +65,8 @@ void KeyGrabs::handleEvent(const xcb_generic_event_t& event)
 
 void KeyGrabs::eventsHandled()
 {
+    if (m_release)
+        tell(*m_release);
     if (std::exchange(m_isMappingDirty, false) && m_keyboard) {
         m_keyboard.reset();
         const std::lock_guard lock(m_mutex);
@@ -174,8 +176,16 @@ void KeyGrabs::giveBack(const Grab& grab) const
     });
 }
 
+/// A key that is held repeats: to the server that is a release and a press of the same moment.
 void KeyGrabs::pressed(const xcb_key_press_event_t& event)
 {
+    const auto release = std::exchange(m_release, std::nullopt);
+    if (release && release->detail == event.detail && release->time == event.time)
+        return;
+    if (release)
+        tell(*release);
+    if (m_down.contains(event.detail))
+        return; // some servers repeat without releases
     constexpr std::uint32_t modifierBits = 0xff;
     const auto grab = std::find_if(m_held.begin(), m_held.end(), [&](const Grab& held) {
         return held.keycode == event.detail &&
@@ -187,9 +197,17 @@ void KeyGrabs::pressed(const xcb_key_press_event_t& event)
     m_report({TapEvent::Type::KeyDown, grab->key});
 }
 
+/// Not told before it is known that it is none of a repeat.
 void KeyGrabs::released(const xcb_key_release_event_t& event)
 {
-    if (const auto down = m_down.extract(event.detail))
+    if (m_release)
+        tell(*m_release);
+    m_release = event;
+}
+
+void KeyGrabs::tell(const xcb_key_release_event_t& release)
+{
+    if (const auto down = m_down.extract(release.detail))
         m_report({TapEvent::Type::KeyUp, down.mapped()});
 }
 

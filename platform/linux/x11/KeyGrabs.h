@@ -69,6 +69,7 @@ private:
     void giveBack(const Grab& grab) const;
     void pressed(const xcb_key_press_event_t& event);
     void released(const xcb_key_release_event_t& event);
+    void tell(const xcb_key_release_event_t& release);
 
     const Connection& m_events;
     const Connection& m_requests;
@@ -83,6 +84,8 @@ private:
     // Event thread.
     std::vector<Grab> m_held;
     std::map<xcb_keycode_t, TapKey> m_down;
+    /// The last event of a key, also when it was told: its press may come in the next pass.
+    std::optional<xcb_key_release_event_t> m_release;
     std::optional<Keyboard> m_keyboard; ///< read when keys are wanted
     bool m_isMappingDirty = false;
 };

@@ -8,8 +8,11 @@
 #include <QtCore/QCoreApplication>
 #include <QtCore/QTemporaryDir>
 
+#include <xcb/record.h>
+#include <xcb/xcbext.h>
 #include <xcb/xtest.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <memory>
 
@@ -140,6 +143,51 @@ private:
     Application m_application;
 };
 
+/// Counts the presses of all keys, repeats too, whoever they go to.
+class PressCounter
+{
+public:
+    explicit PressCounter(const Session& session)
+        : m_control(xcb_connect(displayName(session).constData(), nullptr)),
+          m_data(xcb_connect(displayName(session).constData(), nullptr))
+    {
+        xcb_record_range_t presses{};
+        presses.device_events = {XCB_KEY_PRESS, XCB_KEY_PRESS};
+        const xcb_record_client_spec_t all = XCB_RECORD_CS_ALL_CLIENTS;
+        m_context = xcb_generate_id(m_control);
+        const Event error(reinterpret_cast<xcb_generic_event_t*>(
+            xcb_request_check(m_control, xcb_record_create_context_checked(m_control, m_context, 0,
+                                                                           1, 1, &all, &presses))));
+        EXPECT_FALSE(error);
+        m_request = xcb_record_enable_context(m_data, m_context).sequence;
+        xcb_flush(m_data);
+    }
+    ~PressCounter()
+    {
+        xcb_disconnect(m_data);
+        xcb_disconnect(m_control);
+    }
+    /// How many since it was made; the first answer tells that it has begun.
+    int presses()
+    {
+        void* answer = nullptr;
+        xcb_generic_error_t* error = nullptr;
+        while (xcb_poll_for_reply(m_data, m_request, &answer, &error) != 0 && answer) {
+            std::free(answer);
+            ++m_answers;
+        }
+        std::free(error);
+        return m_answers - 1;
+    }
+
+private:
+    xcb_connection_t* const m_control;
+    xcb_connection_t* const m_data;
+    xcb_record_context_t m_context = XCB_NONE;
+    unsigned int m_request = 0;
+    int m_answers = 0;
+};
+
 TEST(Keys, wantedKey_isSwallowedWholeInEveryStateOfTheLocks)
 {
     KeyDesk keys;
@@ -175,6 +223,25 @@ TEST(Keys, wantedKey_isSwallowedWholeInEveryStateOfTheLocks)
     EXPECT_TRUE(keys.programSees(kTwo, 4));
     EXPECT_TRUE(keys.comesFree(kTwo));
     keys.giveBack(kTwo);
+}
+
+TEST(Keys, heldKey_isPressedOnce)
+{
+    KeyDesk keys;
+    keys.run(u"xset"_qs, {u"r"_qs, u"rate"_qs, u"50"_qs, u"100"_qs});
+    keys.want({two, three});
+    PressCounter counter(keys.desk.session());
+    ASSERT_TRUE(keys.desk.waitFor([&] { return counter.presses() == 0; }));
+    keys.fake(XCB_KEY_PRESS, kSuper);
+    keys.fake(XCB_KEY_PRESS, kTwo);
+    EXPECT_TRUE(keys.desk.waitFor([&] { return counter.presses() > 10; }));
+    keys.fake(XCB_KEY_RELEASE, kTwo);
+    keys.type(kThree); // comes after all that the repeats have made
+    keys.fake(XCB_KEY_RELEASE, kSuper);
+    EXPECT_TRUE(keys.sees(4));
+    EXPECT_EQ(keys.seen.at(1).type, TapEvent::Type::KeyUp);
+    EXPECT_EQ(keys.seen.at(2).key, three);
+    keys.run(u"xset"_qs, {u"r"_qs, u"rate"_qs});
 }
 
 TEST(Keys, takenByAnotherProgram_isToldAndTriedAgain)
