@@ -68,6 +68,8 @@ void HotKeyRecorders::refresh()
 
 void HotKeyRecorders::setShown(bool shown)
 {
+    if (shown == (m_noteTimer != nullptr))
+        return;
     m_controller.hotKeyCenter().setTrying(shown);
     m_noteTimer = shown ? platform::desktop().runLoop.scheduleTimer(noteInterval, true,
                                                                     [this] { updateNotes(); })

@@ -5,6 +5,7 @@
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QEvent>
+#include <QtGui/QWindow>
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QPushButton>
@@ -154,18 +155,36 @@ void PrefsController::refresh()
         well->setColor(color);
 }
 
-/// What others changed meanwhile, and what a sheet took back.
 bool PrefsController::eventFilter(QObject* watched, QEvent* event)
 {
-    if (event->type() == QEvent::WindowActivate)
-        refresh();
+    switch (event->type()) {
+    case QEvent::WindowActivate:
+        refresh(); // what others changed meanwhile, and what a sheet took back
+        break;
+    case QEvent::Show:
+        window()->windowHandle()->installEventFilter(this); // for the next
+        break;
+    case QEvent::Expose:
+    case QEvent::WindowStateChange:
+        tellRecorders();
+        break;
+    default:
+        break;
+    }
     return DBPrefsWindowController::eventFilter(watched, event);
 }
 
-void PrefsController::currentViewDidChange()
+void PrefsController::currentViewDidChange() { tellRecorders(); }
+
+/// A window that is minimised or on another workspace counts as shown to the toolkit, and with an
+/// icon in the Dock to close it is to minimise it.
+void PrefsController::tellRecorders()
 {
-    if (m_recorders)
-        m_recorders->setShown(currentIdentifier() == QLatin1String("Hotkeys"));
+    if (!m_recorders || !window())
+        return;
+    const QWindow* native = window()->windowHandle();
+    const bool isSeen = native && native->isExposed() && !window()->isMinimized();
+    m_recorders->setShown(isSeen && currentIdentifier() == QLatin1String("Hotkeys"));
 }
 
 void PrefsController::windowWillClose() { m_bindings.clear(); }

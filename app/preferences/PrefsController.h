@@ -47,6 +47,7 @@ protected:
 
 private:
     void awakeFromNib(QWidget& pane);
+    void tellRecorders();
 
     LumbrixController& m_controller;
     std::vector<QPointer<SettingsBinding>> m_bindings;

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
+#include <QtGui/QWindow>
 #include <QtTest/QTest>
 #include <QtWidgets/QToolButton>
 
@@ -166,6 +167,33 @@ TEST_F(RecorderTest, keysThatCannotBeAHotKey_areNotTaken)
     QApplication::focusWidget()->clearFocus();
     EXPECT_FALSE(recorder->isRecording()) << "the keyboard is kept from everybody meanwhile";
     EXPECT_FALSE(QWidget::keyboardGrabber());
+}
+
+// With an icon in the Dock the window is never closed, only minimised.
+TEST_F(RecorderTest, windowOutOfSight_takesNoKeysAndWakesNobodyUp)
+{
+    desk.userDefaults().setDictionary(SGKeyCombo{kKey, 0x900}.plistRepresentation(),
+                                      HotKeyIdentifier::CloseAllWindows);
+    open();
+    QWidget& window = *PrefsController::openWindow();
+    const std::pair<std::function<void()>, std::function<void()>> ways[] = {
+        {[&] { window.showMinimized(); }, [&] { window.showNormal(); }},
+        {[&] { window.windowHandle()->hide(); }, [&] { window.windowHandle()->show(); }},
+    };
+    for (const auto& [leave, comeBack] : ways) {
+        EXPECT_EQ(taps.keysHeld(), std::vector<TapKey>{superAltK});
+        recorder->click();
+        leave();
+        QCoreApplication::processEvents();
+        loop.runUntilIdle();
+        EXPECT_FALSE(recorder->isRecording());
+        EXPECT_TRUE(taps.keysHeld().empty());
+        EXPECT_GT(loop.timeUntilNextEvent(), 0.25);
+        comeBack();
+        QCoreApplication::processEvents();
+        loop.runUntilIdle();
+    }
+    EXPECT_EQ(taps.keysHeld(), std::vector<TapKey>{superAltK});
 }
 
 TEST_F(RecorderTest, keysOfAnotherProgramOrChosenTwice_areMarked)

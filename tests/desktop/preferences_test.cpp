@@ -17,7 +17,10 @@ namespace
 // Key codes of the server's keyboard.
 constexpr std::uint8_t superKey = 133, altKey = 64, controlKey = 37;
 constexpr std::uint8_t tabKey = 23, rightKey = 114;
-constexpr std::uint8_t kKey = 45, jKey = 44, tKey = 28, wKey = 25, bKey = 56, oKey = 32, eKey = 26;
+constexpr std::uint8_t kKey = 45, jKey = 44, cKey = 54, tKey = 28, wKey = 25, bKey = 56, oKey = 32,
+                       eKey = 26;
+
+constexpr std::uint32_t iconicState = 3;
 
 } // namespace
 
@@ -86,9 +89,9 @@ protected:
                    return qBlue(c) > 240 && qBlue(c) - qRed(c) > 15 && qGreen(c) > 230;
                }) > 1000;
     }
-    void record(const std::vector<std::uint8_t>& keys)
+    void record(const std::vector<std::uint8_t>& keys, std::uint8_t mnemonic = tKey)
     {
-        type({altKey, tKey});
+        type({altKey, mnemonic});
         ASSERT_TRUE(waitUntil([this] { return isRecording(); }));
         type(keys);
         ASSERT_TRUE(waitUntil([this] { return !isRecording(); }));
@@ -164,6 +167,29 @@ TEST_P(PreferencesTest, hotKey_recorded_worksFromAnyProgramUnseenByIt)
     const std::vector<int> keys = alpha.keys();
     EXPECT_GT(std::count(keys.begin(), keys.end(), int{superKey}), 0) << "it had no focus";
     EXPECT_EQ(std::count(keys.begin(), keys.end(), int{kKey}), 0);
+}
+
+// Keys are tried while they are looked at, and no longer.
+TEST_P(PreferencesTest, hotKeysPane_outOfSight_givesTheKeysBack)
+{
+    Application& alpha = launch(u"alpha"_qs, 1);
+    const std::vector<std::uint8_t> keys{superKey, altKey, kKey};
+    const auto seen = [&](int key) { return std::ranges::count(alpha.keys(), key); };
+    openPreferences("Hotkeys");
+    record(keys, cKey);
+    ASSERT_TRUE(stores("[closeAllWindowsKey]"));
+    const xcb_window_t window = preferences();
+    alpha.activate(alpha.windows().front());
+    ASSERT_TRUE(waitUntil([&] { return display().activeWindow() == alpha.windows().front().id; }));
+    type(keys);
+    type({jKey}); // comes after what the keys have made
+    EXPECT_TRUE(waitUntil([&] { return seen(jKey) > 0; }));
+    EXPECT_EQ(seen(kKey), 0);
+    display().request(window, "WM_CHANGE_STATE", {iconicState});
+    EXPECT_TRUE(waitUntil([&] {
+        type(keys);
+        return seen(kKey) > 0;
+    }));
 }
 
 TEST_P(PreferencesTest, keysOfAnotherProgram_recorded_areMarkedAsTaken)
