@@ -238,6 +238,10 @@ void LumbrixController::showDockIconAlertDidEnd(int returnCode)
 
 void LumbrixController::enforceRunAtLogin()
 {
+    // A new user has not chosen yet. To take that for a no would remove an item that is there, and
+    // with it what the user changed in it, a moment before the first values have it written anew.
+    if (!defaults().boolForKey(QStringLiteral("firstRun")))
+        return;
     const QString path = platform::desktop().applicationBundle.path();
     platform::LoginItems& items = platform::desktop().loginItems;
     if (defaults().integerForKey(QStringLiteral("startAtLogin")) != 0)

@@ -123,6 +123,9 @@ private:
 
 TEST_F(LifecycleTest, newUser_start_isWelcomedOnThePreferencesOnce)
 {
+    // The first look at the settings, before they have values, threw it away.
+    const QString older = desk.applicationBundle().path() + u" --as-the-user-likes"_s;
+    desk.loginItems().insert(older);
     start();
     ASSERT_TRUE(sheet());
     EXPECT_EQ(sheet()->windowTitle(), u"Lumbrix"_s);
@@ -133,7 +136,7 @@ TEST_F(LifecycleTest, newUser_start_isWelcomedOnThePreferencesOnce)
     EXPECT_TRUE(text.contains(u"previews for it. \n\nThis is usually"_s));
     EXPECT_EQ(buttonsOf(*sheet()), QStringList{u"Okay"_s});
     answerSheet(u"Okay"_s);
-    EXPECT_EQ(desk.loginItems().paths(), QStringList{desk.applicationBundle().path()});
+    EXPECT_EQ(desk.loginItems().paths(), (QStringList{older, desk.applicationBundle().path()}));
 
     defaults.setInteger(0, u"startAtLogin"_s);
     controller->updateState();
