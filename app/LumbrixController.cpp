@@ -228,12 +228,21 @@ void LumbrixController::showDockIconAlertDidEnd(int returnCode)
         PrefsController::settingsDidChange();
         return;
     }
-    defaults().setBool(true, QStringLiteral("relaunchedForIcon"));
+    const QString relaunched = QStringLiteral("relaunchedForIcon");
+    defaults().setBool(true, relaunched);
     defaults().synchronize();
     enforceDockIcon();
-    // One that nothing would start again stays; the setting counts from its next start.
-    if (platform::desktop().applicationBundle.relaunch())
+    if (platform::desktop().applicationBundle.relaunch()) {
         quitApp();
+        return;
+    }
+    // One that nothing would start again stays. Its next start is the user's, who looks for nothing
+    // in the preferences then.
+    defaults().setBool(false, relaunched);
+    defaults().synchronize();
+    beginSheet(tr("Lumbrix could not be relaunched"),
+               tr("The icon in the Dock will change the next time you start Lumbrix."),
+               {tr("Okay")});
 }
 
 void LumbrixController::enforceRunAtLogin()

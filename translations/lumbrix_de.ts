@@ -1159,6 +1159,14 @@ Hinweis zu Arbeitsflächen: Lumbrix muss ein Fenster mindestens einmal gesehen h
 
 Meist spielt das keine Rolle, da Lumbrix schon läuft, wenn die Fenster entstehen. Dies ist aber Ihr erster Start von Lumbrix, und vielleicht sind schon Fenster offen.</translation>
     </message>
+    <message>
+        <source>Lumbrix could not be relaunched</source>
+        <translation>Lumbrix konnte nicht neu gestartet werden</translation>
+    </message>
+    <message>
+        <source>The icon in the Dock will change the next time you start Lumbrix.</source>
+        <translation>Das Symbol im Dock ändert sich, wenn Sie Lumbrix das nächste Mal starten.</translation>
+    </message>
 </context>
 <context>
     <name>lumbrix::SRRecorderControl</name>

@@ -210,7 +210,19 @@ TEST_F(LifecycleTest, dockIcon_changed_takesARelaunchOrIsTakenBack)
     EXPECT_FALSE(desk.applicationBundle().showsInDockNextTime());
     EXPECT_EQ(desk.applicationBundle().relaunches(), 0);
 
+    // Nothing to start it again with: no later start has the preferences in the user's way.
+    desk.applicationBundle().setCanRelaunch(false);
     defaults.setInteger(1, u"showIconInDock"_s);
+    controller->updateState(SenderTitle::ShowIconInDock);
+    EXPECT_FALSE(quitsBy([] { press(*sheet(), u"Apply and Relaunch"_s); }));
+    ASSERT_TRUE(sheet());
+    EXPECT_EQ(textOf(*sheet(), u"messageText"_s), u"Lumbrix could not be relaunched"_s);
+    answerSheet(u"Okay"_s);
+    EXPECT_TRUE(desk.applicationBundle().showsInDockNextTime());
+    EXPECT_FALSE(defaults.boolForKey(u"relaunchedForIcon"_s));
+    EXPECT_FALSE(defaults.hasUnsavedChanges());
+
+    desk.applicationBundle().setCanRelaunch(true);
     controller->updateState(SenderTitle::ShowIconInDock);
     EXPECT_TRUE(quitsBy([] { answerSheet(u"Apply and Relaunch"_s); }));
     EXPECT_TRUE(desk.applicationBundle().showsInDockNextTime());

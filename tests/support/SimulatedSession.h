@@ -47,20 +47,22 @@ public:
     bool isShownByWindows() const override { return m_isShownByWindows; }
     bool relaunch() override
     {
-        ++m_relaunches;
-        return true;
+        m_relaunches += m_canRelaunch ? 1 : 0;
+        return m_canRelaunch;
     }
 
     // For tests.
     bool showsInDockNextTime() const { return m_showsInDockNextTime; }
     bool isForeground() const { return m_isForeground; }
     int relaunches() const { return m_relaunches; }
+    void setCanRelaunch(bool can) { m_canRelaunch = can; }
     void setShownByWindows(bool on) { m_isShownByWindows = on; }
 
 private:
     bool m_showsInDockNextTime = false;
     bool m_isForeground = false;
     bool m_isShownByWindows = false;
+    bool m_canRelaunch = true;
     int m_relaunches = 0;
 };
 
