@@ -41,12 +41,10 @@ public:
     AlertPanel(const QString& title, const QString& text, const QStringList& buttons);
 
     void showSuppressionButton(const QString& text);
-    bool isSuppressed() const { return m_suppression && m_suppression->isChecked(); }
     void reject() override { done(m_lastAnswer); }
 
 private:
     QGridLayout* m_layout;
-    QCheckBox* m_suppression = nullptr;
     int m_lastAnswer = Alert::FirstButtonReturn;
 };
 
@@ -93,11 +91,8 @@ AlertPanel::AlertPanel(const QString& title, const QString& text, const QStringL
 
 void AlertPanel::showSuppressionButton(const QString& text)
 {
-    m_suppression = new QCheckBox(this);
-    m_suppression->setText(
-        text.isNull() ? QCoreApplication::translate("Alert", "Do not show this message again")
-                      : text);
-    m_layout->addWidget(m_suppression, 2, 1);
+    const QString usual = QCoreApplication::translate("Alert", "Do not show this message again");
+    m_layout->addWidget(new QCheckBox(text.isNull() ? usual : text, this), 2, 1);
 }
 
 Alert::Alert(const QString& title, const QString& text, const QStringList& buttons)
@@ -108,8 +103,6 @@ Alert::Alert(const QString& title, const QString& text, const QStringList& butto
 Alert::~Alert() = default;
 
 void Alert::showSuppressionButton(const QString& text) { m_panel->showSuppressionButton(text); }
-
-bool Alert::isSuppressed() const { return m_panel && m_panel->isSuppressed(); }
 
 int Alert::runModal()
 {

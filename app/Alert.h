@@ -35,8 +35,6 @@ public:
 
     /// Adds a checkbox for "do not show this again"; a null text gives it the usual one.
     void showSuppressionButton(const QString& text);
-    /// Whether that checkbox is set; false without one, and from when the sheet has begun.
-    bool isSuppressed() const;
 
     /// Shows it in front of everything and waits for the answer, with the event loop running.
     int runModal();

@@ -58,7 +58,7 @@ private:
     };
 
     void systemUIModeChanged();
-    bool mayBadge() const { return m_shouldBadgeDock && !m_isInFullscreen; }
+    bool mayBadge() const { return shouldBadgeDock() && !isInFullscreen(); }
     std::unique_ptr<WinNumberBadge> makeBadge(const SWElementPtr& item, int count);
     /// Has the watcher compare with the badges as they are now.
     void watch();

@@ -105,13 +105,6 @@ PrefsToolbarItem* PrefsToolbar::addItem(const QString& identifier, const QString
     return item;
 }
 
-void PrefsToolbar::removeItems()
-{
-    const auto items = m_group.buttons();
-    for (QAbstractButton* item : items)
-        delete item;
-}
-
 void PrefsToolbar::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);

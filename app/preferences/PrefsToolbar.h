@@ -50,7 +50,6 @@ public:
 
     PrefsToolbarItem* addItem(const QString& identifier, const QString& label,
                               const QString& image);
-    void removeItems();
 
 Q_SIGNALS:
     /// By the user.

@@ -250,6 +250,17 @@ TEST_F(LifecycleTest, dockIcon_on_keepsAWindowWhereDocksShowWindows)
     EXPECT_FALSE(PrefsController::openWindow()->isMinimized());
 }
 
+TEST_F(LifecycleTest, alert_withSuppression_hasACheckboxOfThatText)
+{
+    for (const QString& text : {QString(), u"Spare me"_s}) {
+        QWidget window;
+        LumbrixController::createAlert(u"Title"_s, u"Text"_s, {u"Okay"_s}, true, text)
+            ->beginSheetModalForWindow(window);
+        const QString usual = u"Do not show this message again"_s;
+        EXPECT_EQ(buttonsOf(window).count(text.isNull() ? usual : text), 1);
+    }
+}
+
 TEST_F(LifecycleTest, access_missing_canBeGivenOrRefused)
 {
     const auto setEnabled = [this](bool on) {
