@@ -1,8 +1,15 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
+#include <map>
+#include <string>
+
+#include "app/Defaults.h"
 #include "app/LumbrixController.h"
+#include "badges/BadgeLook.h"
+#include "badges/WinNumberBadger.h"
 #include "engine/LXHandler.h"
+#include "preview/MAWindow.h"
 #include "tests/support/DesktopFixture.h"
 
 namespace lumbrix::test
@@ -49,11 +56,17 @@ TEST_F(ControllerTest, newUser_start_seedsBothStagesAndShowsPreviews)
 {
     addApplication(u"Editor"_s, 2);
     start();
-    EXPECT_EQ(defaults.integerForKey(u"windowWidth"_s), 243);
-    EXPECT_EQ(defaults.integerForKey(u"windowHeight"_s), 190);
-    EXPECT_EQ(defaults.integerForKey(u"distanceFromDock"_s), 33);
-    EXPECT_EQ(defaults.integerForKey(u"badgeDock"_s), 1);
-    EXPECT_EQ(defaults.integerForKey(u"showSpaces"_s), 0);
+    const std::pair<const char*, int> seeds[] = {
+        {"startAtLogin", 1},  {"showInDock", 1},       {"showInTab", 1},
+        {"windowWidth", 243}, {"windowHeight", 190},   {"spaceSize", 0},
+        {"showFastKeys", 1},  {"zoomWindows", 1},      {"showSpaces", 0},
+        {"badgeDock", 1},     {"badgePosition", 3},    {"distanceFromDock", 33},
+        {"previewStyle", 1},  {"shouldBubbleWrap", 1}, {"shouldShowCal", 1},
+    };
+    for (const auto& [key, value] : seeds) {
+        EXPECT_TRUE(defaults.contains(QLatin1String(key))) << key;
+        EXPECT_EQ(defaults.integerForKey(QLatin1String(key)), value) << key;
+    }
     EXPECT_TRUE(defaults.boolForKey(u"firstRun"_s));
     EXPECT_TRUE(defaults.boolForKey(u"badgeDockIconsFirstRun"_s));
     EXPECT_FALSE(defaults.contains(u"displayDelay"_s));
@@ -98,6 +111,122 @@ TEST_F(ControllerTest, earlierUser_start_keepsOwnValuesAndGetsTheLaterOnes)
     EXPECT_FALSE(defaults.contains(u"badgeDock"_s)) << "badges look wrong on icons that move";
     EXPECT_EQ(defaults.integerForKey(u"previewStyle"_s), 1);
     EXPECT_EQ(engine().settings().spaceSize, std::numeric_limits<std::int32_t>::max());
+}
+
+TEST_F(ControllerTest, firstValues_followTheDesktopThatIsFound)
+{
+    const Pid pid = addApplication(u"Editor"_s, 1);
+    for (const int space : {1, 2}) {
+        desk.addWindow(pid, {.title = u"Another"_s, .space = space});
+        SimulatedUserDefaults fresh;
+        EXPECT_TRUE(seedFirstRun(fresh));
+        EXPECT_EQ(fresh.integerForKey(u"showSpaces"_s), space == 1 ? 0 : 1);
+    }
+    // Badges look wrong on icons that move.
+    for (const int flags : {0, 1, 2, 3}) {
+        desk.setDockFlags(flags & 1, flags >> 1);
+        SimulatedUserDefaults fresh;
+        EXPECT_TRUE(seedBadgeRun(fresh));
+        EXPECT_EQ(fresh.contains(u"badgeDock"_s), flags == 0);
+        EXPECT_FALSE(seedBadgeRun(fresh));
+    }
+}
+
+TEST_F(ControllerTest, storedSetting_changesItsFieldOfTheEngineAndNoOther)
+{
+    using S = EngineSettings;
+    const std::pair<const char*, Setting<float> S::*> floats[] = {
+        {"distanceFromDock", &S::distanceFromDock},
+        {"windowWidth", &S::windowWidth},
+        {"windowHeight", &S::windowHeight},
+        {"exitDelay", &S::exitDelay}};
+    const std::pair<const char*, Setting<std::int32_t> S::*> integers[] = {
+        {"showInDock", &S::showInDock},
+        {"showInTab", &S::showInTab},
+        {"ignoreHidden", &S::ignoreHidden},
+        {"ignoreMinimized", &S::ignoreMinimized},
+        {"neverClose", &S::neverClose},
+        {"showSpaces", &S::showSpaces},
+        {"previewStyle", &S::previewStyle},
+        {"spaceStyle", &S::spaceStyle},
+        {"spaceSize", &S::spaceSize},
+        {"hideControls", &S::hideControls},
+        {"closeOnClick", &S::closeOnClick},
+        {"ignoreOneWindow", &S::ignoreOneWindow},
+        {"showOthersInDockIcon", &S::showOthersInDockIcon},
+        {"onlyIfPressed", &S::onlyIfPressed},
+        {"onlyIfKeycode", &S::onlyIfKeycode},
+        {"tempDisableFilters", &S::tempDisableFilters},
+        {"tempDisableFiltersKeycode", &S::tempDisableFiltersKeycode},
+        {"disableLivePreviews", &S::disableLivePreviews},
+        {"hidePreviews", &S::hidePreviews},
+        {"hidePreviewsKeycode", &S::hidePreviewsKeycode},
+        {"hideClose", &S::hideClose},
+        {"disabled", &S::disabled},
+        {"showFastKeys", &S::showFastKeys},
+        {"zoomWindows", &S::zoomWindows}};
+    static_assert(sizeof(S) == (std::size(floats) + std::size(integers)) * sizeof(Setting<float>));
+    const auto changed = [&](const SimulatedUserDefaults& stored) {
+        EngineSettings settings;
+        mirrorEngineSettings(stored, settings);
+        std::map<std::string, float> result;
+        for (const auto& [key, field] : floats)
+            result[key] = settings.*field;
+        for (const auto& [key, field] : integers)
+            result[key] = static_cast<float>(settings.*field);
+        std::erase_if(result, [](const auto& each) { return each.second == 0; });
+        return result;
+    };
+    for (const auto& [key, field] : floats) {
+        SimulatedUserDefaults stored;
+        stored.setFloat(7.5F, QLatin1String(key));
+        EXPECT_EQ(changed(stored), (std::map<std::string, float>{{key, 7.5F}}));
+    }
+    for (const auto& [key, field] : integers) {
+        SimulatedUserDefaults stored;
+        stored.setInteger(7, QLatin1String(key));
+        EXPECT_EQ(changed(stored), (std::map<std::string, float>{{key, 7.0F}}));
+    }
+}
+
+TEST_F(ControllerTest, badges_areWhereAndAsTheSettingsSay)
+{
+    addApplication(u"Editor"_s, 2);
+    defaults.setBool(true, u"badgeDockIconsFirstRun"_s);
+    defaults.setInteger(1, u"badgeDock"_s);
+    defaults.setInteger(4, u"badgePosition"_s);
+    defaults.setData("#ff0000ff", u"winBadgeColor"_s);
+    start();
+    const auto badge = [] {
+        const auto& badger =
+            static_cast<const WinNumberBadger&>(*engine().companions().windowCountBadger);
+        return badger.badgesArray().empty() ? nullptr : badger.badgesArray().front().get();
+    };
+    const auto isAt = [&](int position, float extra) {
+        const QPointF wanted = badgeFrame(badge()->prevRect(), position, extra).center();
+        return (badge()->window().frame().center() - wanted).manhattanLength() < 2;
+    };
+    const auto color = [&] { // left of the number
+        const QImage picture = badge()->window().grab().toImage();
+        return picture.pixelColor(picture.width() / 6, picture.height() / 2);
+    };
+    ASSERT_TRUE(badge());
+    EXPECT_TRUE(isAt(4, 0));
+    EXPECT_GT(color().red(), 2 * color().blue());
+    controller.updateColorOfWindowBadges(Qt::blue);
+    EXPECT_GT(color().blue(), 2 * color().red());
+    defaults.setInteger(1, u"badgePosition"_s);
+    controller.updateState();
+    EXPECT_TRUE(isAt(1, 0));
+    defaults.setFloat(20, u"badgeSizeExtra"_s);
+    controller.updateDockBadgeSize();
+    EXPECT_TRUE(isAt(1, 20));
+    desk.closeWindow(desk.stacking().back());
+    loop.runUntilIdle();
+    EXPECT_TRUE(badge());
+    defaults.setInteger(1, u"badgeOnlyIfMore"_s);
+    controller.updateState();
+    EXPECT_FALSE(badge());
 }
 
 TEST_F(ControllerTest, style_ofPreviewsOrTheirNumbersChanged_dropsThoseOfTheOldOne)

@@ -5,6 +5,7 @@
 #include <QtTest/QTest>
 #include <QtWidgets/QCheckBox>
 #include <QtWidgets/QComboBox>
+#include <QtWidgets/QDialog>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QSlider>
@@ -15,6 +16,7 @@
 #include "app/preferences/PrefsController.h"
 #include "app/preferences/SRRecorderControl.h"
 #include "app/preferences/SettingsBinding.h"
+#include "badges/WinNumberBadger.h"
 #include "engine/LXHandler.h"
 #include "platform/InputState.h"
 #include "tests/support/DesktopFixture.h"
@@ -179,6 +181,49 @@ TEST_F(PreferencesTest, everyControl_movedByTheUser_storesSavesAndApplies)
     EXPECT_EQ(settings().windowWidth, 244.0F);
     EXPECT_EQ(find<QLabel>(u"windowWidthValue"_s)->text(), u"244 pt"_s);
     EXPECT_TRUE(controller.samplePreview().previewWindow()) << "the sample shows the new width";
+}
+
+TEST_F(PreferencesTest, titledCheckbox_clicked_storesAppliesAndTellsTheUser)
+{
+    addApplication(u"Editor"_s, 1);
+    open();
+    loop.runUntilIdle();
+    const auto& badger =
+        static_cast<WinNumberBadger&>(*LXHandler::sharedHandler().companions().windowCountBadger);
+    struct Row {
+        QString title;
+        const char* key;
+        int magnifies, hides;
+        const char* on; ///< what the sheet says; nothing where there is none
+        const char* off;
+    };
+    const Row rows[] = {
+        {SenderTitle::HideMenuIcon, "hideIcon", 0, 0, "Hide the menu icon", ""},
+        {SenderTitle::ShowIconInDock, "showIconInDock", 0, 0, "Relaunch required",
+         "Relaunch required"},
+        {SenderTitle::BadgeDockIcons, "badgeDock", 0, 0, "", ""},
+        {SenderTitle::BadgeDockIcons, "badgeDock", 1, 0, "Badge Dock Icons", ""},
+        {SenderTitle::BadgeDockIcons, "badgeDock", 0, 1, "Badge Dock Icons", ""},
+    };
+    for (const Row& row : rows) {
+        desk.setDockFlags(row.magnifies, row.hides);
+        const auto boxes = window()->findChildren<QCheckBox*>();
+        QCheckBox* box = *std::ranges::find_if(boxes, [&row](const QCheckBox* each) {
+            return each->property("settingsTitle") == row.title;
+        });
+        for (const bool on : {true, false}) {
+            SCOPED_TRACE(std::string(row.key) + (on ? " on" : " off"));
+            box->click();
+            EXPECT_EQ(defaults.integerForKey(QLatin1String(row.key)), on);
+            QDialog* sheet = window()->findChild<QDialog*>(u"alert"_s);
+            const QString said =
+                sheet ? sheet->findChild<QLabel*>(u"messageText"_s)->text() : QString();
+            EXPECT_EQ(said, QLatin1String(on ? row.on : row.off));
+            EXPECT_EQ(badger.badgesArray().size(), defaults.integerForKey(u"badgeDock"_s));
+            EXPECT_EQ(controller.statusItem() == nullptr, defaults.integerForKey(u"hideIcon"_s));
+            delete sheet; // unanswered
+        }
+    }
 }
 
 TEST_F(PreferencesTest, valuesBeyondAControl_stayUntilItIsMoved)

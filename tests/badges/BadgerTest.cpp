@@ -161,6 +161,22 @@ TEST_F(Badger, fullScreen_removesPreviewsAtOnceAndBadgesSoon)
     EXPECT_EQ(shownBadges(), u"Editor 3"_s);
 }
 
+TEST_F(Badger, fullScreenAtTheStart_badgesComeWhenItEnds)
+{
+    add(u"Editor"_s, 1);
+    desk.setSystemUIMode(3);
+    WinNumberBadger late;
+    late.setShouldBadgeDock(true);
+    late.setUp(engine());
+    EXPECT_TRUE(late.isInFullscreen());
+    EXPECT_TRUE(late.badgesArray().empty());
+    desk.setSystemUIMode(0);
+    loop.runUntilIdle();
+    EXPECT_EQ(late.badgesArray().size(), 1U);
+    late.tearDown();
+    loop.shutdown();
+}
+
 TEST_F(Badger, turnedOff_goesSoonAndWakesNobodyUp)
 {
     add(u"Editor"_s, 1);
