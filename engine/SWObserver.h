@@ -21,7 +21,6 @@ public:
 
     bool isEqualTo(std::int32_t pid) const { return m_pid == pid; }
     platform::AXObserver& observer() const { return *m_observer; }
-    std::int32_t pid() const { return m_pid; }
 
 private:
     SWObserver(std::unique_ptr<platform::AXObserver> observer, std::int32_t pid);
