@@ -47,6 +47,8 @@ QString SGKeyCodeTranslator::translateKeyCode(std::int64_t keyCode)
 
 QString stringForKeyCode(std::int64_t keyCode)
 {
+    if (QString name = platform::desktop().keyboardLayout.nameOfKey(keyCode); !name.isEmpty())
+        return name;
     static const QJsonObject table = readTable();
     const QString code = QString::number(keyCode);
     if (table.value(u"version").toInt() <= 0) {

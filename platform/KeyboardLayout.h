@@ -21,6 +21,9 @@ public:
     /// The characters that the key of a virtual key code writes by itself, for a dead key those of
     /// its accent. Empty when it writes none, or there is no such key.
     virtual QString charactersOfKey(std::int64_t keyCode) = 0;
+    /// What is printed here on a key that writes nothing, translated, where that is not what the
+    /// virtual key code stands for elsewhere; else empty.
+    virtual QString nameOfKey(std::int64_t keyCode) const = 0;
     /// The virtual key code of a key that was pressed, by the native numbers that the toolkit gives
     /// with the event; −1 when it has none.
     virtual std::int64_t keyCodeOf(std::uint32_t nativeScanCode,

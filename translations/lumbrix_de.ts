@@ -87,12 +87,12 @@
         <translation>Zeigt gar keine Vorschauen.</translation>
     </message>
     <message>
-        <source>As High, for a Finder whose windows have tabs.</source>
-        <translation>Wie „Hoch“, für einen Finder, dessen Fenster Reiter haben.</translation>
-    </message>
-    <message>
         <source>Leaves out empty windows, palettes and other floating windows.</source>
         <translation>Lässt leere Fenster, Paletten und andere schwebende Fenster aus.</translation>
+    </message>
+    <message>
+        <source>Leaves out windows with nothing in them, for a Finder whose windows have tabs.</source>
+        <translation>Lässt Fenster aus, in denen nichts ist; für einen Finder, dessen Fenster Reiter haben.</translation>
     </message>
 </context>
 <context>
@@ -560,6 +560,18 @@
     <message>
         <source>Super</source>
         <translation>Super</translation>
+    </message>
+    <message>
+        <source>Print</source>
+        <translation>Druck</translation>
+    </message>
+    <message>
+        <source>Scroll Lock</source>
+        <translation>Rollen</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Pause</translation>
     </message>
 </context>
 <context>

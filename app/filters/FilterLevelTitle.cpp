@@ -35,8 +35,9 @@ QString description(int level)
     case BlockAll:
         return QCoreApplication::translate("FilterLevel", "Shows no previews at all.");
     case TotalFinder:
-        return QCoreApplication::translate("FilterLevel",
-                                           "As High, for a Finder whose windows have tabs.");
+        return QCoreApplication::translate(
+            "FilterLevel",
+            "Leaves out windows with nothing in them, for a Finder whose windows have tabs.");
     default:
         return QCoreApplication::translate(
             "FilterLevel", "Leaves out empty windows, palettes and other floating windows.");

@@ -205,6 +205,9 @@ TEST_F(HotKeyTest, combo_isStoredShownAndRefusedWithoutModifier)
     EXPECT_EQ(combo.description(), u"⌘⌥⌃⇧É"_s);
     EXPECT_EQ((SGKeyCombo{83, 256}).description(), u"⌘Pad 1"_s);
     EXPECT_EQ((SGKeyCombo{96, 256}).description(), u"⌘F5"_s);
+    EXPECT_EQ((SGKeyCombo{113, 256}).description(), u"⌘F15"_s);
+    desk.keyboardLayout().nameKey(113, u"Pause"_s);
+    EXPECT_EQ((SGKeyCombo{113, 256}).description(), u"⌘Pause"_s) << "what is printed on it here";
     EXPECT_EQ(SGKeyCombo().keyCodeString(), QString());
     EXPECT_EQ((SGKeyCombo{16, 0}).description(), u"(None)"_s);
     desk.keyboardLayout().choose({{16, u"z"_s}});

@@ -10,6 +10,7 @@
 #include <QtWidgets/QTableView>
 
 #include "app/LumbrixController.h"
+#include "app/filters/FilterLevelTitle.h"
 #include "engine/LXHandler.h"
 #include "preview/InterfaceFile.h"
 #include "tests/support/DesktopFixture.h"
@@ -217,6 +218,9 @@ TEST_F(IgnoreTableTest, totalFinder_isOfferedForTheFinderAlone)
     choose(table->filterLevels(), u"TotalFinder"_s);
     press("okButton");
     EXPECT_EQ(stored(), (QVariantMap{{u"All applications"_s, 2}, {u"com.apple.finder"_s, 4}}));
+    // As with Medium, palettes stay: users were told of High.
+    EXPECT_TRUE(FilterLevel::description(FilterLevel::TotalFinder)
+                    .startsWith(FilterLevel::description(FilterLevel::Medium).chopped(1)));
 }
 
 TEST_F(IgnoreTableTest, blockAll_takesPreviewsOffTheScreenAtOnceAndDeletingBringsThemBack)

@@ -42,6 +42,7 @@ class SimulatedKeyboardLayout final : public platform::KeyboardLayout
 public:
     std::uint64_t currentLayout() override { return m_layout; }
     QString charactersOfKey(std::int64_t keyCode) override { return m_characters.value(keyCode); }
+    QString nameOfKey(std::int64_t keyCode) const override { return m_names.value(keyCode); }
     /// Here a scan code is the key code plus eight, as 0 is none.
     std::int64_t keyCodeOf(std::uint32_t nativeScanCode, std::uint32_t) override
     {
@@ -54,9 +55,11 @@ public:
         m_characters = std::move(characters);
         ++m_layout;
     }
+    void nameKey(std::int64_t keyCode, const QString& name) { m_names.insert(keyCode, name); }
 
 private:
     QHash<std::int64_t, QString> m_characters;
+    QHash<std::int64_t, QString> m_names;
     std::uint64_t m_layout = 1;
 };
 

@@ -29,6 +29,21 @@ QString X11KeyboardLayout::charactersOfKey(std::int64_t keyCode)
     return m_keymap ? m_keymap->charactersOf(keyCode, activeLayout(m_requests)) : QString();
 }
 
+/// The PC's keys above the arrows, in the places of F13 to F15.
+QString X11KeyboardLayout::nameOfKey(std::int64_t keyCode) const
+{
+    switch (keyCode) {
+    case 105:
+        return QCoreApplication::translate("KeyboardLayout", "Print");
+    case 107:
+        return QCoreApplication::translate("KeyboardLayout", "Scroll Lock");
+    case 113:
+        return QCoreApplication::translate("KeyboardLayout", "Pause");
+    default:
+        return {};
+    }
+}
+
 /// The scan code is the server's key code, which stands for one place; the virtual key is a symbol,
 /// of which several places may have the same.
 std::int64_t X11KeyboardLayout::keyCodeOf(std::uint32_t nativeScanCode, std::uint32_t)

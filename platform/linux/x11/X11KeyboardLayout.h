@@ -22,6 +22,7 @@ public:
 
     std::uint64_t currentLayout() override;
     QString charactersOfKey(std::int64_t keyCode) override;
+    QString nameOfKey(std::int64_t keyCode) const override;
     std::int64_t keyCodeOf(std::uint32_t nativeScanCode, std::uint32_t nativeVirtualKey) override;
     QString nameOfModifier(std::uint32_t flag) const override;
 

@@ -294,6 +294,9 @@ TEST(Keys, keyboardLayout_changed_isFollowed)
     EXPECT_EQ(layout.charactersOfKey(83), u"1"_qs) << "on the keypad";
     EXPECT_EQ(layout.charactersOfKey(123), QString());
     EXPECT_EQ(layout.charactersOfKey(4711), QString());
+    EXPECT_EQ(layout.nameOfKey(105) + layout.nameOfKey(107) + layout.nameOfKey(113),
+              u"PrintScroll LockPause"_qs);
+    EXPECT_EQ(layout.nameOfKey(122), QString()) << "F1 everywhere";
 
     keys.run(u"setxkbmap"_qs, {u"fr"_qs});
     EXPECT_TRUE(keys.desk.waitFor([&] { return layout.charactersOfKey(19) == u"é"_qs; }));
