@@ -49,6 +49,7 @@ class AbsentWindowCountBadger final : public WindowCountBadger
 class AbsentPlayerControls final : public PlayerControls
 {
     void setAppFlags(ScreenyView&, const std::optional<platform::RunningApplication>&) override {}
+    bool isReachable(const ScreenyView&) override { return false; }
     QString playerState(const ScreenyView&) override { return QStringLiteral("unknown"); }
     std::optional<QString> currentTrack(const ScreenyView&) override { return std::nullopt; }
     QImage artwork(const ScreenyView&) override { return {}; }

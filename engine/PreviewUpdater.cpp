@@ -19,6 +19,18 @@ namespace
 /// After a preview went, the strip moves under the mouse: this many exit checks are skipped, one
 /// second in all.
 constexpr int exitChecksSkippedAfterRemoval = 20;
+
+/// The track of a music player, the last one while it tells none; the window's title where there is
+/// no player to ask.
+void refreshTitle(ScreenyView& preview, PlayerControls& player)
+{
+    if (preview.iTunes() && player.isReachable(preview)) {
+        if (const auto track = player.currentTrack(preview))
+            preview.setTitleString(*track);
+        return;
+    }
+    preview.setTitleString(preview.elementRef()->getTitle().value_or(QString()));
+}
 } // namespace
 
 void PreviewUpdater::armUpdateTimer(platform::Seconds interval, const SWElementPtr& element)
@@ -89,13 +101,8 @@ bool PreviewUpdater::updateMinimizedPreview(const SWElementPtr&)
     if (!window || !window->checkIfExists() || !window->checkIfMinimized())
         return false;
     preview.showSpaces();
-    const auto track = preview.iTunes()
-                           ? m_handler.companions().playerControls->currentTrack(preview)
-                           : std::nullopt;
-    if (track)
-        preview.setTitleString(*track);
-    else if (!preview.iTunes())
-        preview.setTitleString(window->getTitle().value_or(QString()));
+    refreshTitle(preview, *m_handler.companions().playerControls);
+    preview.updateButtons();
     return true;
 }
 
@@ -126,19 +133,14 @@ void PreviewUpdater::refreshPreview(ScreenyView& preview)
     preview.showSpaces(); // it may have gone to another Space, or to all of them
     if (!m_handler.settings().disableLivePreviews)
         m_handler.pictureLoader().updateScreenshot(preview);
-    if (preview.iTunes()) {
-        PlayerControls& player = *m_handler.companions().playerControls;
-        if (const auto track = player.currentTrack(preview))
-            preview.setTitleString(*track);
-        const QImage artwork = player.artwork(preview);
-        if (artwork.isNull())
-            preview.setCapture(window->screenshot());
-        else
-            preview.setImage(artwork);
-    } else {
+    PlayerControls& player = *m_handler.companions().playerControls;
+    refreshTitle(preview, player);
+    const QImage artwork = preview.iTunes() ? player.artwork(preview) : QImage();
+    if (artwork.isNull())
         preview.setCapture(window->screenshot());
-        preview.setTitleString(window->getTitle().value_or(QString()));
-    }
+    else
+        preview.setImage(artwork);
+    preview.updateButtons();
 }
 
 void PreviewUpdater::followApplication(const SWElementPtr& element, Pass& pass)

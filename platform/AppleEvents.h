@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "platform/WindowID.h"
+#include "platform/Workspace.h"
 
 namespace lumbrix::platform
 {
@@ -84,6 +85,11 @@ public:
     /// that knows the answer beforehand gives that.
     virtual AppleEventReply getItem(const AppleEventTarget& target,
                                     const ObjectSpecifier& object) = 0;
+    /// As what the application with this process id takes commands, on behalf of this window of its
+    /// (both as in a target): also one that has no role of its own. Other when it takes none, as a
+    /// player may run without the interface by which it is reached. At once, from what is known
+    /// beforehand; one that hangs takes them all the same.
+    virtual ApplicationRole roleOf(std::int32_t pid, WindowID window) = 0;
 };
 
 } // namespace lumbrix::platform

@@ -26,12 +26,12 @@ ScriptingWindow windowOf(const ScreenyView& preview)
 
 /// iTunes' main window has the application's name for its title. Other players put the track there;
 /// theirs are told from their dialogs and palettes.
-bool isMainWindowOfMusicPlayer(const ScreenyView& preview,
-                               const platform::RunningApplication& application)
+bool isMainWindowOfMusicPlayer(const ScreenyView& preview, const QString& identifier,
+                               ApplicationRole role)
 {
-    if (application.bundleIdentifier == BundleIdentifier::ITunes)
+    if (identifier == BundleIdentifier::ITunes)
         return preview.titleString() == u"iTunes";
-    return application.role == ApplicationRole::MusicPlayer && preview.elementRef() &&
+    return role == ApplicationRole::MusicPlayer && preview.elementRef() &&
            AX::equals(preview.elementRef()->element(), AX::Subrole, AX::StandardWindow);
 }
 
@@ -49,8 +49,11 @@ void MediaControls::setAppFlags(ScreenyView& preview,
     if (!application)
         return;
     const QString& identifier = application->bundleIdentifier;
-    const ApplicationRole role = application->role;
-    if (isMainWindowOfMusicPlayer(preview, *application)) {
+    // What is known as no player may have one all the same, such as a browser.
+    const ApplicationRole role = application->role != ApplicationRole::Other
+                                     ? application->role
+                                     : script().roleOf(windowOf(preview));
+    if (isMainWindowOfMusicPlayer(preview, identifier, role)) {
         preview.setITunes(true);
         showTrack(preview);
         if (const QImage picture = artwork(preview); !picture.isNull())
@@ -63,6 +66,11 @@ void MediaControls::setAppFlags(ScreenyView& preview,
     } else if (identifier == BundleIdentifier::VLC || role == ApplicationRole::VLC) {
         preview.setVLC(true);
     }
+}
+
+bool MediaControls::isReachable(const ScreenyView& preview)
+{
+    return script().roleOf(windowOf(preview)) != ApplicationRole::Other;
 }
 
 QString MediaControls::playerState(const ScreenyView& preview)

@@ -14,6 +14,7 @@ class MediaControls final : public PlayerControls
 public:
     void setAppFlags(ScreenyView& preview,
                      const std::optional<platform::RunningApplication>& application) override;
+    bool isReachable(const ScreenyView& preview) override;
     QString playerState(const ScreenyView& preview) override;
     std::optional<QString> currentTrack(const ScreenyView& preview) override;
     QImage artwork(const ScreenyView& preview) override;

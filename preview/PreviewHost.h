@@ -28,6 +28,9 @@ public:
     /// Sets iTunes, Mail, QuickTime and VLC of the preview by its application (null: unknown).
     virtual void setAppFlags(ScreenyView& preview,
                              const std::optional<platform::RunningApplication>& application) = 0;
+    /// Whether there is somebody to obey the preview's buttons: a player may run without the
+    /// interface by which it is reached, or lose it. Never waits.
+    virtual bool isReachable(const ScreenyView& preview) = 0;
     /// "playing", "stopped" or "unknown".
     virtual QString playerState(const ScreenyView& preview) = 0;
     virtual std::optional<QString> currentTrack(const ScreenyView& preview) = 0;

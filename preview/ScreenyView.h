@@ -111,6 +111,9 @@ public:
     /// Clicks the first of skipLeft, skipRight, play, getMail and playPause that is shown and
     /// contains the point (relative to the panel); whether one was clicked.
     bool clickControlAt(QPointF point);
+    /// Shows the buttons of media players and mail while the mouse is inside and there is somebody
+    /// to obey them, else hides them. Those that are shown stay as they are.
+    void updateButtons();
 
     // Actions.
     void activateWindow();
@@ -158,6 +161,8 @@ private:
     bool loadWindow(const QString& interfaceFile);
 
     // Controls of media players and mail.
+    bool hasControls() const { return m_iTunes || m_Mail || m_VLC || m_QuickTime; }
+    bool areButtonsShown() const;
     void createButtons();
     ImageButton* createButton(const QString& image, const QString& alternate,
                               void (PlayerControls::*action)(ScreenyView&));

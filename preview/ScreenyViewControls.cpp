@@ -48,12 +48,8 @@ void ScreenyView::mouseEntered()
     m_closeButton->show();
     m_background->setHovered(true);
     showZoom(true);
-    const bool hasControls = m_iTunes || m_Mail || m_VLC || m_QuickTime;
-    if (hasControls && !m_host.settings().hideControls) {
-        createButtons();
-        placeButtons();
-        showButtons();
-    }
+    hideButtons();
+    updateButtons();
     m_closeButton->update();
 }
 
@@ -99,6 +95,35 @@ QRectF ScreenyView::frameOf(const QWidget& part) const
     const QRectF geometry = part.geometry();
     return {geometry.x(), m_background->height() - geometry.y() - geometry.height(),
             geometry.width(), geometry.height()};
+}
+
+bool ScreenyView::areButtonsShown() const
+{
+    return m_buttonsInitialized &&
+           std::any_of(m_controls.begin(), m_controls.end(),
+                       [](const ImageButton* button) { return !button->isHidden(); });
+}
+
+void ScreenyView::updateButtons()
+{
+    if (!m_elementRef || isCloseButtonHidden())
+        return;
+    const bool areWanted =
+        !m_host.settings().hideControls && m_host.playerControls().isReachable(*this);
+    if (areWanted == areButtonsShown())
+        return;
+    if (!areWanted) {
+        hideButtons();
+        return;
+    }
+    // What could be reached only since the preview was made has no kind yet.
+    if (!hasControls())
+        setAppFlags(m_elementRef->runningApplicationForWindow());
+    if (!hasControls())
+        return;
+    createButtons();
+    placeButtons();
+    showButtons();
 }
 
 ImageButton* ScreenyView::createButton(const QString& image, const QString& alternate,

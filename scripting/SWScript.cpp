@@ -3,6 +3,7 @@
 
 #include "scripting/SWScript.h"
 
+#include "platform/AppleEvents.h"
 #include "platform/Desktop.h"
 #include "platform/RunLoop.h"
 
@@ -61,6 +62,11 @@ QString SWScript::getPlayerState(const ScriptingWindow& window) const
     default:
         return QStringLiteral("unknown");
     }
+}
+
+platform::ApplicationRole SWScript::roleOf(const ScriptingWindow& window) const
+{
+    return platform::desktop().appleEvents.roleOf(window.pid, window.window);
 }
 
 void SWScript::playITunes(const ScriptingWindow& window) const

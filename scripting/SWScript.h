@@ -10,6 +10,7 @@
 #include <functional>
 #include <optional>
 
+#include "platform/Workspace.h"
 #include "scripting/Applications.h"
 
 namespace lumbrix
@@ -30,6 +31,9 @@ public:
     QImage getCurrentArtwork(const ScriptingWindow& window = {}) const;
     /// "playing", "stopped" (also while paused) or "unknown".
     QString getPlayerState(const ScriptingWindow& window = {}) const;
+
+    /// As what the window's application takes commands now; Other when it takes none. Never waits.
+    platform::ApplicationRole roleOf(const ScriptingWindow& window) const;
 
     void playITunes(const ScriptingWindow& window = {}) const;
     void pauseITunes(const ScriptingWindow& window = {}) const;

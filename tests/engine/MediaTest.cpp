@@ -16,8 +16,16 @@ using Manners = SimulatedScriptable::Manners;
 class MediaTest : public EngineFixture
 {
 protected:
+    /// One that can be reached, as its identifier tells where it has no role.
     Pid addPlayer(const QString& name, const QString& identifier,
                   ApplicationRole role = ApplicationRole::Other)
+    {
+        const Pid pid = addUnreachable(name, identifier, role);
+        desk.appleEvents().setRole(pid,
+                                   role == ApplicationRole::Other ? ApplicationRole::VLC : role);
+        return pid;
+    }
+    Pid addUnreachable(const QString& name, const QString& identifier, ApplicationRole role)
     {
         SimulatedApplication application{name};
         application.bundleIdentifier = identifier;
@@ -211,6 +219,41 @@ TEST_F(MediaTest, musicPlayer_buttons_controlItWithoutWaiting)
     EXPECT_EQ(preview(0).titleString(), u"Ann - First") << "the title applies all the same";
 }
 
+TEST_F(MediaTest, buttons_areThereAsLongAsThePlayerIs)
+{
+    const Pid mpv = addUnreachable(u"mpv"_s, u"mpv"_s, ApplicationRole::MoviePlayer);
+    const Pid browser = addUnreachable(u"Browser"_s, u"browser"_s, ApplicationRole::Other);
+    const Pid music = addPlayer(u"Player"_s, u"player"_s, ApplicationRole::MusicPlayer);
+    for (const Pid pid : {mpv, browser, music})
+        desk.addWindow(pid, {u"Main"_s});
+    play(u"iTunes"_s, {{u"Ann"_s, u"First"_s}});
+    loop.runUntilIdle();
+    const auto set = [&](Pid pid, ApplicationRole role) {
+        desk.appleEvents().setRole(pid, role);
+        loop.advance(1.1);
+    };
+    for (const auto& [pid, name, role] : {std::tuple{mpv, u"mpv"_s, ApplicationRole::MoviePlayer},
+                                          {browser, u"Browser"_s, ApplicationRole::VLC}}) {
+        SCOPED_TRACE(qPrintable(name));
+        hover(name);
+        enter();
+        EXPECT_FALSE(click(Place::Middle));
+        set(pid, role);
+        EXPECT_TRUE(click(Place::Middle));
+        set(pid, ApplicationRole::Other);
+        EXPECT_FALSE(click(Place::Middle));
+        leave();
+        loop.advance(1);
+    }
+    hover(u"Player"_s);
+    EXPECT_EQ(shown(), u"Ann - First"_s);
+    set(music, ApplicationRole::Other);
+    EXPECT_EQ(shown(), u"Main"_s) << "a window like any other";
+    set(music, ApplicationRole::MusicPlayer);
+    EXPECT_EQ(shown(), u"Ann - First"_s);
+    EXPECT_FALSE(click(Place::Middle)) << "the mouse is not there";
+}
+
 TEST_F(MediaTest, otherApplications_haveTheirOwnButtons)
 {
     struct Case {
@@ -236,7 +279,7 @@ TEST_F(MediaTest, otherApplications_haveTheirOwnButtons)
         {u"R"_s, u"totem"_s, ApplicationRole::MoviePlayer, u"QuickTime Player"_s, {}, movie, {}},
         {u"M"_s, u"com.apple.mail"_s, ApplicationRole::Other, u"Mail"_s, {}, mail, {}},
         {u"N"_s, u"claws-mail"_s, ApplicationRole::Mail, u"Mail"_s, {}, mail, {}},
-        {u"C"_s, u"org.example.Other"_s, ApplicationRole::Other, {}, {}, {}, {}},
+        {u"B"_s, u"browser"_s, ApplicationRole::Other, u"VLC"_s, previous, toggle, next},
     };
     for (const Case& each : cases) {
         SCOPED_TRACE(qPrintable(each.identifier));

@@ -25,6 +25,7 @@ public:
     std::vector<ScreenyViewPtr> cache;
     std::vector<std::shared_ptr<SGHotKey>> hotKeys; ///< registered now
     QString state = QStringLiteral("unknown");
+    bool hasPlayer = true;
     QStringList log;
 
     const EngineSettings& settings() const override { return settingsMirror; }
@@ -54,6 +55,7 @@ private:
     }
     void toggleEventTap(bool) override {}
     void setAppFlags(ScreenyView&, const std::optional<platform::RunningApplication>&) override {}
+    bool isReachable(const ScreenyView&) override { return hasPlayer; }
     QString playerState(const ScreenyView&) override { return state; }
     std::optional<QString> currentTrack(const ScreenyView&) override { return std::nullopt; }
     QImage artwork(const ScreenyView&) override { return {}; }

@@ -160,6 +160,19 @@ AppleEventReply SimulatedAppleEvents::answer(const SimulatedScriptable& applicat
     return {AppleEventError::None, artworks};
 }
 
+platform::ApplicationRole SimulatedAppleEvents::roleOf(std::int32_t pid, platform::WindowID)
+{
+    const std::lock_guard lock(m_mutex);
+    const auto it = m_roles.find(pid);
+    return it == m_roles.end() ? platform::ApplicationRole::Other : it->second;
+}
+
+void SimulatedAppleEvents::setRole(std::int32_t pid, platform::ApplicationRole role)
+{
+    const std::lock_guard lock(m_mutex);
+    m_roles[pid] = role;
+}
+
 void SimulatedAppleEvents::change(const QString& name,
                                   const std::function<void(SimulatedScriptable&)>& change)
 {

@@ -45,10 +45,13 @@ public:
                                    const platform::ObjectSpecifier& direct) override;
     platform::AppleEventReply getItem(const platform::AppleEventTarget& target,
                                       const platform::ObjectSpecifier& object) override;
+    platform::ApplicationRole roleOf(std::int32_t pid, platform::WindowID window) override;
 
     // For tests.
     void change(const QString& name, const std::function<void(SimulatedScriptable&)>& change);
     void quit(const QString& name);
+    /// From now on the application takes commands as such a one; with Other, none.
+    void setRole(std::int32_t pid, platform::ApplicationRole role);
     SimulatedScriptable application(const QString& name);
     /// The commands since the last call, such as "iTunes hook/Next" or, to a document, "QuickTime
     /// Player MVWR/play docu 1"; with the process id in front where one was given ("42 VLC ...").
@@ -66,9 +69,10 @@ private:
 
     platform::RunLoop& m_runLoop;
     std::mutex m_mutex;
-    std::map<QString, SimulatedScriptable> m_applications; // guarded by m_mutex
-    QStringList m_commands;                                // guarded by m_mutex
-    int m_mainThreadQuestions = 0;                         // guarded by m_mutex
+    std::map<QString, SimulatedScriptable> m_applications;     // guarded by m_mutex
+    std::map<std::int32_t, platform::ApplicationRole> m_roles; // guarded by m_mutex
+    QStringList m_commands;                                    // guarded by m_mutex
+    int m_mainThreadQuestions = 0;                             // guarded by m_mutex
 };
 
 } // namespace lumbrix::test

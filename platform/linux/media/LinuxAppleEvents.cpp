@@ -112,13 +112,19 @@ AppleEventReply ofTrack(const MediaPlayer& player, const ObjectSpecifier& object
 }
 
 /// The target's window, if it is one of the application's, else any of them.
-xcb_window_t meantWindow(const Application& application, const AppleEventTarget& target)
+xcb_window_t meantWindow(const Application& application, WindowID window)
 {
     const auto& windows = application.windows;
-    if (std::ranges::find(windows, target.window) != windows.end()) {
-        return target.window;
+    if (std::ranges::find(windows, window) != windows.end()) {
+        return window;
     }
     return windows.empty() ? XCB_NONE : windows.front();
+}
+
+const MailWay* wayToFetchMail(const Application& application)
+{
+    const MailWay* way = mailWay(application.running.bundleIdentifier);
+    return way != nullptr ? way : mailWay(application.running.executableURL.fileName());
 }
 
 /// A player shows one document.
@@ -150,24 +156,15 @@ std::int64_t LinuxAppleEvents::pidOf(xcb_window_t window) const
     return tracked && tracked->pid ? *tracked->pid : 0;
 }
 
-MediaPlayerWanted LinuxAppleEvents::wantedBy(const AppleEventTarget& target)
+MediaPlayerWanted LinuxAppleEvents::wantedBy(const Application& application, WindowID window) const
 {
     MediaPlayerWanted wanted;
-    wanted.role = roleOfName(target.name);
-    if (target.pid == 0) {
-        wanted.any = true;
-        return wanted;
-    }
-    const auto application = m_registry.application(target.pid);
-    if (!application) {
-        return wanted;
-    }
-    wanted.bundleIdentifier = application->running.bundleIdentifier;
-    const xcb_window_t window = meantWindow(*application, target);
-    if (const std::int64_t pid = pidOf(window); pid != 0) {
+    wanted.bundleIdentifier = application.running.bundleIdentifier;
+    wanted.name = application.running.localizedName;
+    if (const std::int64_t pid = pidOf(meantWindow(application, window)); pid != 0) {
         wanted.windowPid = pid;
     }
-    for (const xcb_window_t other : application->windows) {
+    for (const xcb_window_t other : application.windows) {
         if (const std::int64_t pid = pidOf(other); pid != 0 && pid != wanted.windowPid) {
             wanted.otherPids.push_back(pid);
         }
@@ -177,8 +174,16 @@ MediaPlayerWanted LinuxAppleEvents::wantedBy(const AppleEventTarget& target)
 
 std::optional<MediaPlayer> LinuxAppleEvents::playerFor(const AppleEventTarget& target)
 {
+    MediaPlayerWanted wanted{.any = true, .role = roleOfName(target.name)};
+    if (target.pid != 0) {
+        const auto application = m_registry.application(target.pid);
+        if (!application) {
+            return std::nullopt;
+        }
+        wanted = wantedBy(*application, target.window);
+    }
     const std::vector<MediaPlayer> players = m_players.players();
-    const MediaPlayer* player = chooseMediaPlayer(players, wantedBy(target));
+    const MediaPlayer* player = chooseMediaPlayer(players, wanted);
     if (player == nullptr) {
         return std::nullopt;
     }
@@ -196,17 +201,33 @@ AppleEventReply LinuxAppleEvents::getItem(const AppleEventTarget& target,
     if (!player) {
         return failure(AppleEventError::NotRunning);
     }
+    const ApplicationRole role = roleOfName(target.name);
     const FourCharCode first = object.steps.front().code;
-    if (player->role == ApplicationRole::MusicPlayer && first == fourCharCode("pPlS")) {
+    if (role == ApplicationRole::MusicPlayer && first == fourCharCode("pPlS")) {
         return stateOf(player->properties);
     }
-    if (player->role == ApplicationRole::MusicPlayer && first == fourCharCode("pTrk")) {
+    if (role == ApplicationRole::MusicPlayer && first == fourCharCode("pTrk")) {
         return ofTrack(*player, object);
     }
-    if (player->role == ApplicationRole::MoviePlayer && first == fourCharCode("docu")) {
+    if (role == ApplicationRole::MoviePlayer && first == fourCharCode("docu")) {
         return ofDocument(*player, object);
     }
     return failure(AppleEventError::NotHandled);
+}
+
+ApplicationRole LinuxAppleEvents::roleOf(std::int32_t pid, WindowID window)
+{
+    const auto application = m_registry.application(pid);
+    if (!application) {
+        return ApplicationRole::Other;
+    }
+    const ApplicationRole role = application->running.role;
+    if (role == ApplicationRole::Mail) {
+        return wayToFetchMail(*application) != nullptr ? role : ApplicationRole::Other;
+    }
+    const std::vector<MediaPlayer> players = m_players.players();
+    const MediaPlayer* player = chooseMediaPlayer(players, wantedBy(*application, window));
+    return player != nullptr ? roleFor(*player, role) : ApplicationRole::Other;
 }
 
 AppleEventReply LinuxAppleEvents::send(const AppleEventTarget& target, FourCharCode eventClass,
@@ -248,16 +269,14 @@ AppleEventReply LinuxAppleEvents::checkForNewMail(const AppleEventTarget& target
     if (!application) {
         return failure(AppleEventError::NotRunning);
     }
-    const MailWay* way = mailWay(application->running.bundleIdentifier);
-    if (way == nullptr) {
-        way = mailWay(application->running.executableURL.fileName());
-    }
+    const MailWay* way = wayToFetchMail(*application);
     if (way == nullptr) {
         return failure(AppleEventError::NotHandled);
     }
-    const bool isTold = way->command.isEmpty()
-                            ? m_sendShortcut(meantWindow(*application, target), way->shortcut)
-                            : launchCommand(way->command);
+    const bool isTold =
+        way->command.isEmpty()
+            ? m_sendShortcut(meantWindow(*application, target.window), way->shortcut)
+            : launchCommand(way->command);
     return isTold ? answer({}) : failure(AppleEventError::NotRunning);
 }
 

@@ -17,10 +17,10 @@
 namespace lumbrix::platform
 {
 
-/// "iTunes", "VLC", "QuickTime Player" and "Mail" stand for the programs of those roles. Questions
-/// are answered at once with what the players have announced; the one that is asked is looked at
-/// anew, so that one that has stopped answering is found out before the next question. Commands
-/// wait for their reply.
+/// "iTunes", "VLC", "QuickTime Player" and "Mail" stand for the programs of those roles, and with a
+/// process id for whichever player that application has. Questions are answered at once with what
+/// the players have announced; the one that is asked is looked at anew, so that one that has
+/// stopped answering is found out before the next question. Commands wait for their reply.
 class LinuxAppleEvents final : public AppleEvents
 {
 public:
@@ -34,9 +34,10 @@ public:
     AppleEventReply send(const AppleEventTarget& target, FourCharCode eventClass,
                          FourCharCode eventID, const ObjectSpecifier& direct) override;
     AppleEventReply getItem(const AppleEventTarget& target, const ObjectSpecifier& object) override;
+    ApplicationRole roleOf(std::int32_t pid, WindowID window) override;
 
 private:
-    MediaPlayerWanted wantedBy(const AppleEventTarget& target);
+    MediaPlayerWanted wantedBy(const Application& application, WindowID window) const;
     /// The player that is meant; none when none runs or it does not answer.
     std::optional<MediaPlayer> playerFor(const AppleEventTarget& target);
     std::int64_t pidOf(xcb_window_t window) const;

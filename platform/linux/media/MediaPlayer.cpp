@@ -18,19 +18,22 @@ bool isSame(const QString& a, const QString& b)
     return !a.isEmpty() && a.compare(b, Qt::CaseInsensitive) == 0;
 }
 
-bool belongsTo(const MediaPlayer& player, const QString& bundleIdentifier)
+bool isNamedLike(const MediaPlayer& player, const MediaPlayerWanted& wanted)
 {
-    if (isSame(player.desktopEntry, bundleIdentifier)) {
-        return true;
-    }
-    const QString word = bundleIdentifier.section(u'.', -1);
+    const QString word = wanted.bundleIdentifier.section(u'.', -1);
     for (const QString& name : {player.shortName, player.shortName.section(u'.', 0, 0),
                                 player.shortName.section(u'.', -1)}) {
-        if (isSame(name, bundleIdentifier) || isSame(name, word)) {
+        if (isSame(name, wanted.bundleIdentifier) || isSame(name, word)) {
             return true;
         }
     }
-    return false;
+    return isSame(player.identity, wanted.name);
+}
+
+bool isPlayerRole(ApplicationRole role)
+{
+    return role == ApplicationRole::MusicPlayer || role == ApplicationRole::MoviePlayer ||
+           role == ApplicationRole::VLC;
 }
 
 } // namespace
@@ -39,28 +42,32 @@ const MediaPlayer* chooseMediaPlayer(const std::vector<MediaPlayer>& players,
                                      const MediaPlayerWanted& wanted)
 {
     const auto first = [&](const auto& fits) -> const MediaPlayer* {
-        const auto it = std::ranges::find_if(players, [&](const MediaPlayer& player) {
-            return player.role == wanted.role && fits(player);
-        });
+        const auto it = std::ranges::find_if(players, fits);
         return it == players.end() ? nullptr : &*it;
     };
     if (wanted.any) {
-        if (const auto* playing = first([](const MediaPlayer& player) {
-                return player.answers && player.properties.playback == Playback::Playing;
-            })) {
-            return playing;
-        }
-        return first([](const MediaPlayer&) { return true; });
+        const auto isOfRole = [&](const MediaPlayer& player) { return player.role == wanted.role; };
+        const auto* playing = first([&](const MediaPlayer& player) {
+            return isOfRole(player) && player.answers &&
+                   player.properties.playback == Playback::Playing;
+        });
+        return playing != nullptr ? playing : first(isOfRole);
     }
     if (const auto* own = first([&](const MediaPlayer& player) {
             return player.pid != 0 && player.pid == wanted.windowPid;
         })) {
         return own;
     }
-    return first([&](const MediaPlayer& player) {
-        return std::ranges::find(wanted.otherPids, player.pid) == wanted.otherPids.end() &&
-               belongsTo(player, wanted.bundleIdentifier);
-    });
+    const auto isFree = [&](const MediaPlayer& player) {
+        return std::ranges::find(wanted.otherPids, player.pid) == wanted.otherPids.end();
+    };
+    if (const auto* entry = first([&](const MediaPlayer& player) {
+            return isFree(player) && isSame(player.desktopEntry, wanted.bundleIdentifier);
+        })) {
+        return entry;
+    }
+    return first(
+        [&](const MediaPlayer& player) { return isFree(player) && isNamedLike(player, wanted); });
 }
 
 ApplicationRole roleOfMediaPlayer(const QString& shortName)
@@ -72,6 +79,13 @@ ApplicationRole roleOfMediaPlayer(const QString& shortName)
         }
     }
     return ApplicationRole::Other;
+}
+
+ApplicationRole roleFor(const MediaPlayer& player, ApplicationRole application)
+{
+    return isPlayerRole(application)   ? application
+           : isPlayerRole(player.role) ? player.role
+                                       : ApplicationRole::VLC;
 }
 
 } // namespace lumbrix::platform

@@ -79,6 +79,15 @@ bool isAnswer(const QDBusMessage& reply, const char* signature)
 
 QVariantMap mapOf(const QVariant& argument) { return qdbus_cast<QVariantMap>(argument); }
 
+QString textOf(const QVariantMap& properties, const QString& name)
+{
+    const QVariant value = properties.value(name);
+    return value.typeId() == QMetaType::QString ? value.toString().left(200) : QString();
+}
+
+/// Speaks for whichever player was used last, so what it says of itself holds for a moment only.
+bool isStandIn(const QString& name) { return name == prefix() + QStringLiteral("playerctld"); }
+
 } // namespace
 
 MprisPlayers::MprisPlayers(RunLoop& runLoop, const QDBusConnection& bus)
@@ -163,6 +172,9 @@ void MprisPlayers::forget(const QString& name)
 
 void MprisPlayers::meet(const QString& name, const QString& owner)
 {
+    if (isStandIn(name)) {
+        return;
+    }
     const auto player = std::make_shared<Player>();
     player->known.owner = owner;
     player->known.shortName = name.mid(prefix().size());
@@ -177,28 +189,19 @@ void MprisPlayers::meet(const QString& name, const QString& owner)
                  publish();
              }
          });
-    if (player->known.role != ApplicationRole::Other) {
-        follow(*player);
-        ask(player);
-    }
+    follow(*player);
+    ask(player);
     call(player, getAll(owner, rootInterface()), LongPatienceMilliseconds,
-         [this, name](Player& about, const QDBusMessage& reply) {
-             const QVariant entry =
-                 isAnswer(reply, "a{sv}")
-                     ? mapOf(reply.arguments().constFirst()).value(QStringLiteral("DesktopEntry"))
-                     : QVariant();
-             if (entry.typeId() == QMetaType::QString) {
-                 about.known.desktopEntry = entry.toString().left(200);
-             }
+         [this](Player& about, const QDBusMessage& reply) {
+             const QVariantMap told =
+                 isAnswer(reply, "a{sv}") ? mapOf(reply.arguments().constFirst()) : QVariantMap();
+             about.known.desktopEntry = textOf(told, QStringLiteral("DesktopEntry"));
+             about.known.identity = textOf(told, QStringLiteral("Identity"));
              if (about.known.role == ApplicationRole::Other) {
                  about.known.role = roleOfApplicationId(about.known.desktopEntry);
-                 if (about.known.role == ApplicationRole::Other) {
-                     forget(name);
-                     return;
-                 }
-                 follow(about);
-                 look(about.known.owner);
              }
+             about.isMet = true;
+             updateArtwork(about);
              publish();
          });
 }
@@ -351,7 +354,7 @@ void MprisPlayers::publish()
 {
     std::vector<MediaPlayer> players;
     for (const auto& [name, player] : m_players) {
-        if (player->known.role != ApplicationRole::Other) {
+        if (player->isMet || player->known.role != ApplicationRole::Other) {
             players.push_back(player->known);
         }
     }

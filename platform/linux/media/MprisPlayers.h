@@ -20,8 +20,8 @@
 namespace lumbrix::platform
 {
 
-/// Main thread unless said otherwise. Follows the players that the table of roles knows by their
-/// own announcements, and never waits for one. A player that does not answer a question within
+/// Main thread unless said otherwise. Follows all players by their own announcements, and never
+/// waits for one. A player that does not answer a question within
 /// 0.2 s, or answers nonsense, is kept as one that does not answer until it does.
 class MprisPlayers final : public QObject
 {
@@ -45,6 +45,7 @@ private Q_SLOTS:
 private:
     struct Player {
         MediaPlayer known;
+        bool isMet = false; ///< all that tells whose player it is has been asked for
         bool isFollowed = false;
         bool isAsked = false;
         Seconds askedAt = 0.0;
@@ -70,7 +71,7 @@ private:
 
     RunLoop& m_runLoop;
     QDBusConnection m_bus;
-    std::map<QString, PlayerPtr> m_players; ///< by bus name; those without a role are let go
+    std::map<QString, PlayerPtr> m_players; ///< by bus name
     const std::shared_ptr<int> m_alive = std::make_shared<int>();
 
     mutable std::mutex m_mutex;

@@ -39,11 +39,13 @@ TEST(MediaPlayer, isTheOneWhoseWindowItIs)
     std::vector<MediaPlayer> players{player("quod", "quodlibet", 10),
                                      player("aud1", "audacious", 20),
                                      player("aud2", "audacious.instance21", 21),
-                                     player("film", "mpv", 21, ApplicationRole::MoviePlayer),
+                                     player("film", "mpv", 31, ApplicationRole::MoviePlayer),
                                      player("sandboxed", "org.gnome.Lollypop", 99)};
     const auto of = [&](std::int64_t pid, std::vector<std::int64_t> others, const char* id) {
-        return chosen(players, {ApplicationRole::MusicPlayer, false, pid, std::move(others),
-                                QString::fromLatin1(id)});
+        return chosen(players, {.windowPid = pid,
+                                .otherPids = std::move(others),
+                                .bundleIdentifier = QString::fromLatin1(id),
+                                .name = QStringLiteral("Web Radio")});
     };
     EXPECT_EQ(of(20, {21}, "audacious"), u"aud1");
     EXPECT_EQ(of(21, {20}, "audacious"), u"aud2");
@@ -51,14 +53,17 @@ TEST(MediaPlayer, isTheOneWhoseWindowItIs)
     EXPECT_EQ(of(30, {}, "audacious"), u"aud1") << "by name, where the process is hidden";
     EXPECT_EQ(of(5, {}, "org.gnome.Lollypop"), u"sandboxed");
     EXPECT_EQ(of(5, {}, "org.example.Other"), QString());
+    players.front().identity = QStringLiteral("web radio");
+    EXPECT_EQ(of(5, {}, "org.example.Other"), u"quod");
+    EXPECT_EQ(of(5, {10}, "org.example.Other"), QString()) << "another window's";
     players.back().desktopEntry = QStringLiteral("org.example.Other");
-    EXPECT_EQ(of(5, {}, "org.example.Other"), u"sandboxed");
+    EXPECT_EQ(of(5, {}, "org.example.Other"), u"sandboxed") << "says so itself";
 }
 
 TEST(MediaPlayer, withoutAWindow_isTheOneThatPlays)
 {
     std::vector<MediaPlayer> players{player("a", "audacious", 1), player("b", "quodlibet", 2)};
-    const MediaPlayerWanted any{ApplicationRole::MusicPlayer, true, {}, {}, {}};
+    const MediaPlayerWanted any{.any = true, .role = ApplicationRole::MusicPlayer};
     EXPECT_EQ(chosen(players, any), u"a");
     players[1].properties.playback = Playback::Playing;
     EXPECT_EQ(chosen(players, any), u"b");
@@ -75,6 +80,17 @@ TEST(MediaPlayer, role_isKnownByItsBusName)
               ApplicationRole::MoviePlayer);
     EXPECT_EQ(roleOfMediaPlayer(QStringLiteral("Lollypop")), ApplicationRole::MusicPlayer);
     EXPECT_EQ(roleOfMediaPlayer(QStringLiteral("chromium.instance12")), ApplicationRole::Other);
+}
+
+TEST(MediaPlayer, isDrivenAsItsApplication_elseAsItself_elseByButtonsAlone)
+{
+    using enum ApplicationRole;
+    for (const auto& [own, application, driven] : {std::tuple{Other, MusicPlayer, MusicPlayer},
+                                                   {MusicPlayer, MoviePlayer, MoviePlayer},
+                                                   {MusicPlayer, Other, MusicPlayer},
+                                                   {Other, Other, VLC},
+                                                   {Mail, Calendar, VLC}})
+        EXPECT_EQ(roleFor(player("a", "a", 1, own), application), driven);
 }
 
 } // namespace lumbrix::test

@@ -92,7 +92,7 @@ bool TestPlayer::handleMessage(const QDBusMessage& message, const QDBusConnectio
         return connection.send(message.createReply());
     QVariantMap reply = m_properties;
     if (message.arguments().value(0) != playerInterface()) {
-        reply = {{QStringLiteral("Identity"), m_connectionName}};
+        reply = {{QStringLiteral("Identity"), m_identity}};
         if (!m_desktopEntry.isEmpty())
             reply.insert(QStringLiteral("DesktopEntry"), m_desktopEntry);
     }

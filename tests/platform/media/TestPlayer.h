@@ -37,6 +37,7 @@ public:
     /// Announces something that is no announcement.
     void tellNonsense();
     void setDesktopEntry(const QString& entry) { m_desktopEntry = entry; }
+    void setIdentity(const QString& identity) { m_identity = identity; }
     Manners manners = Manners::Good;
     /// Commands since the last call, and how often it was asked.
     QStringList takeCommands() { return std::exchange(m_commands, {}); }
@@ -52,6 +53,7 @@ private:
     QDBusConnection m_bus;
     QVariantMap m_properties;
     QString m_desktopEntry;
+    QString m_identity = m_connectionName;
     QStringList m_commands;
     int m_questions = 0;
 };
