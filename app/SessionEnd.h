@@ -7,7 +7,6 @@
 #include <QtCore/QObject>
 
 class QGuiApplication;
-class QSessionManager;
 
 namespace lumbrix
 {

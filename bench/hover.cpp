@@ -11,6 +11,7 @@
 #include <QtCore/QCoreApplication>
 
 #include <algorithm>
+#include <cmath>
 #include <csignal>
 #include <cstdio>
 #include <functional>
@@ -47,7 +48,8 @@ double quantile(std::vector<double> values, double part)
     if (values.empty())
         return 0;
     std::sort(values.begin(), values.end());
-    return values[static_cast<std::size_t>(part * static_cast<double>(values.size() - 1) + 0.5)];
+    return values[static_cast<std::size_t>(
+        std::lround(part * static_cast<double>(values.size() - 1)))];
 }
 
 double median(const std::vector<double>& values) { return quantile(values, 0.5); }
@@ -83,6 +85,7 @@ public:
 
         BareCopy copier(m_display.name(), ids, windowSize);
         std::vector<double> bare;
+        bare.reserve(static_cast<std::size_t>(m_trials));
         for (int i = 0; i < m_trials; ++i)
             bare.push_back(Milliseconds(copier.copyAll()).count());
         m_bare = median(bare);

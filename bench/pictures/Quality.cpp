@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
 #include <limits>
 
 namespace lumbrix::bench
@@ -43,7 +44,7 @@ double squares(const QImage& picture, QPoint offset, const ExactPicture& exact, 
 {
     double sum = 0;
     for (int y = margin; y < exact.size.height() - margin && sum < limit; ++y) {
-        const uchar* line = picture.constScanLine(offset.y() + y) + offset.x() * 4;
+        const uchar* line = picture.constScanLine(offset.y() + y) + std::ptrdiff_t{4} * offset.x();
         const double* right =
             exact.samples.data() + static_cast<std::size_t>(y) * exact.size.width() * Channels;
         for (int x = margin; x < exact.size.width() - margin; ++x) {

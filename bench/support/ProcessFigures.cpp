@@ -134,6 +134,7 @@ std::vector<ThreadFigures> spentBetween(const ProcessFigures& before, const Proc
         sum.involuntary += thread.involuntary;
     }
     std::vector<ThreadFigures> result;
+    result.reserve(byName.size() + 1);
     for (const auto& [name, thread] : byName)
         result.push_back(thread);
     // The two accounts are not read at the same instant, hence a margin.
