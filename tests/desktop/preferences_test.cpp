@@ -124,6 +124,8 @@ TEST_P(PreferencesTest, sizeSlider_movedByKeys_showsASampleBesideTheDock)
 
 TEST_P(PreferencesTest, windowCounts_followTheirSettingsAtOnce)
 {
+    if (GetParam().dock == DockKind::Tint2)
+        GTEST_SKIP() << "a button for each window has no count";
     launch(u"alpha"_qs, 2);
     launch(u"beta"_qs, 1);
     const auto counted = [this](const QByteArray& number) {
