@@ -9,7 +9,8 @@ const char* __tsan_default_options()
 {
     return "halt_on_error=1:second_deadlock_stack=1:suppressions=" LUMBRIX_TSAN_SUPPRESSIONS;
 }
-// Strings need not end where they are counted: libxkbcommon hands over parts of the server's answers.
+// Strings need not end where they are counted: libxkbcommon hands over parts of the server's
+// answers.
 const char* __asan_default_options() { return "detect_stack_use_after_return=1"; }
 const char* __ubsan_default_options() { return "print_stacktrace=1"; }
 }

@@ -23,7 +23,8 @@ namespace lumbrix::platform::x11
 namespace
 {
 
-constexpr std::size_t kGranularity = std::size_t{256} * 1024; // windows of similar size share segments
+constexpr std::size_t kGranularity =
+    std::size_t{256} * 1024; // windows of similar size share segments
 constexpr std::size_t kMinIdleSegments = 2;
 constexpr std::size_t kMaxIdleSegments = 8;
 
