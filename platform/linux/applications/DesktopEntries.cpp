@@ -22,7 +22,7 @@ namespace
 
 constexpr double LookInterval = 2.0;
 constexpr std::int64_t ClockTick = 100; // milliseconds, generously
-constexpr qint64 MaximalFileSize = 1024 * 1024;
+constexpr qint64 MaximalFileSize = qint64{1024} * 1024;
 
 std::int64_t folderTime(const QString& folder)
 {
@@ -163,8 +163,8 @@ void DesktopEntries::rebuildIndices()
         index->clear();
     }
     // Entries that menus do not show stand last, so the first one found is the best.
-    std::ranges::stable_partition(m_entries,
-                                  [](const DesktopEntryPtr& entry) { return !entry->noDisplay; });
+    std::stable_partition(m_entries.begin(), m_entries.end(),
+                          [](const DesktopEntryPtr& entry) { return !entry->noDisplay; });
     const auto insertFirst = [](Index& index, const QString& key, const DesktopEntryPtr& entry) {
         if (!key.isEmpty() && !index.contains(key.toLower())) {
             index.insert(key.toLower(), entry);
@@ -203,7 +203,7 @@ DesktopEntryPtr DesktopEntries::byPath(const QString& path)
 {
     const std::lock_guard lock(m_mutex);
     refresh();
-    if (const DesktopEntryPtr entry = m_byPath.value(path)) {
+    if (DesktopEntryPtr entry = m_byPath.value(path)) {
         return entry;
     }
     const QFileInfo file(path);
