@@ -41,6 +41,7 @@ int millisecondsUntil(Clock::time_point deadline)
 std::vector<char*> pointers(std::vector<QByteArray>& strings)
 {
     std::vector<char*> result;
+    result.reserve(strings.size() + 1);
     for (QByteArray& string : strings)
         result.push_back(string.data());
     result.push_back(nullptr);
