@@ -19,7 +19,7 @@ namespace lumbrix::platform
 namespace
 {
 
-constexpr qint64 MaximalIndexSize = 1024 * 1024;
+constexpr qint64 MaximalIndexSize = qint64{1024} * 1024;
 constexpr std::array Suffixes{"png", "svg", "svgz", "xpm"};
 
 using Group = QHash<QByteArray, QByteArray>;
@@ -53,7 +53,7 @@ bool isPlainFile(const QString& path) { return QFileInfo(path).isFile(); }
 QString firstFile(const QString& pathWithoutSuffix)
 {
     for (const char* suffix : Suffixes) {
-        const QString path = pathWithoutSuffix + u'.' + QLatin1String(suffix);
+        QString path = pathWithoutSuffix + u'.' + QLatin1String(suffix);
         if (isPlainFile(path)) {
             return path;
         }
@@ -107,7 +107,7 @@ QString IconTheme::find(const QString& name, int pixels)
     }
     const std::lock_guard lock(m_mutex);
     for (const QString& each : searchOrder()) {
-        const QString path = findIn(each, theme(each), stem, pixels);
+        QString path = findIn(each, theme(each), stem, pixels);
         if (!path.isEmpty()) {
             return path;
         }
@@ -204,7 +204,7 @@ QString IconTheme::findIn(const QString& themeName, const Theme& theme, const QS
 QString IconTheme::findLoose(const QString& name) const
 {
     for (const QString& folder : m_folders) {
-        const QString path = firstFile(folder + u'/' + name);
+        QString path = firstFile(folder + u'/' + name);
         if (!path.isEmpty()) {
             return path;
         }

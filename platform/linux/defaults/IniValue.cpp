@@ -201,7 +201,7 @@ QByteArray encodeFloat(float value)
     }
     // The fewest digits that read back as the same single-precision number.
     for (int digits = 6; digits < 9; ++digits) {
-        const QByteArray text = QByteArray::number(static_cast<double>(value), 'g', digits);
+        QByteArray text = QByteArray::number(static_cast<double>(value), 'g', digits);
         if (text.toFloat() == value) {
             return text;
         }
