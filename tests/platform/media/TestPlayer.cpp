@@ -81,7 +81,8 @@ bool TestPlayer::handleMessage(const QDBusMessage& message, const QDBusConnectio
     case Manners::Dies:
         if (!isQuestion) {
             message.setDelayedReply(true);
-            leave();
+            // Not from in here: the toolkit holds a lock of the connection while it asks us.
+            QMetaObject::invokeMethod(this, &TestPlayer::leave, Qt::QueuedConnection);
             return true;
         }
         break;
