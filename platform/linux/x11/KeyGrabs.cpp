@@ -55,6 +55,10 @@ void KeyGrabs::handleEvent(const xcb_generic_event_t& event)
     case XCB_KEY_RELEASE:
         released(reinterpret_cast<const xcb_key_release_event_t&>(event));
         break;
+    case XCB_FOCUS_IN:
+        if (reinterpret_cast<const xcb_focus_in_event_t&>(event).mode == XCB_NOTIFY_MODE_GRAB)
+            finishRelease();
+        break;
     case XCB_MAPPING_NOTIFY:
         m_isMappingDirty = true;
         break;
@@ -65,8 +69,7 @@ void KeyGrabs::handleEvent(const xcb_generic_event_t& event)
 
 void KeyGrabs::eventsHandled()
 {
-    if (m_release)
-        tell(*m_release);
+    tellRelease();
     if (std::exchange(m_isMappingDirty, false) && m_keyboard) {
         m_keyboard.reset();
         const std::lock_guard lock(m_mutex);
@@ -124,9 +127,23 @@ bool KeyGrabs::readKeyboard()
     const auto masks = readModifierMasks(m_requests);
     // The map itself takes more memory than its few keys are worth keeping it for.
     const auto keymap = Keymap::read(m_requests);
-    if (masks && keymap)
+    if (masks && keymap) {
         m_keyboard.emplace(Keyboard{keymap->keycodes(), *masks});
+        watchGrabs();
+    }
     return m_keyboard.has_value();
+}
+
+/// The window of a grab gets the focus with it. What else is selected there stays.
+void KeyGrabs::watchGrabs() const
+{
+    xcb_connection_t* c = m_events.get();
+    const auto attributes = m_events.reply(xcb_get_window_attributes_reply,
+                                           xcb_get_window_attributes(c, m_events.root()));
+    if (!attributes)
+        return;
+    const std::uint32_t mask = attributes->your_event_mask | XCB_EVENT_MASK_FOCUS_CHANGE;
+    xcb_change_window_attributes(c, m_events.root(), XCB_CW_EVENT_MASK, &mask);
 }
 
 std::uint32_t KeyGrabs::modifiersFor(std::uint32_t flags) const
@@ -176,14 +193,15 @@ void KeyGrabs::giveBack(const Grab& grab) const
     });
 }
 
-/// A key that is held repeats: to the server that is a release and a press of the same moment.
+/// A key that is held repeats: to the server that is a release and a press of the same moment. Of a
+/// key that is pressed anew, the grab begins anew before the press.
 void KeyGrabs::pressed(const xcb_key_press_event_t& event)
 {
-    const auto release = std::exchange(m_release, std::nullopt);
-    if (release && release->detail == event.detail && release->time == event.time)
+    if (m_release && m_release->detail == event.detail && m_release->time == event.time) {
+        m_release.reset();
         return;
-    if (release)
-        tell(*release);
+    }
+    finishRelease();
     if (m_down.contains(event.detail))
         return; // some servers repeat without releases
     constexpr std::uint32_t modifierBits = 0xff;
@@ -200,15 +218,22 @@ void KeyGrabs::pressed(const xcb_key_press_event_t& event)
 /// Not told before it is known that it is none of a repeat.
 void KeyGrabs::released(const xcb_key_release_event_t& event)
 {
-    if (m_release)
-        tell(*m_release);
+    finishRelease();
     m_release = event;
 }
 
-void KeyGrabs::tell(const xcb_key_release_event_t& release)
+void KeyGrabs::tellRelease()
 {
-    if (const auto down = m_down.extract(release.detail))
+    if (!m_release)
+        return;
+    if (const auto down = m_down.extract(m_release->detail))
         m_report({TapEvent::Type::KeyUp, down.mapped()});
+}
+
+void KeyGrabs::finishRelease()
+{
+    tellRelease();
+    m_release.reset();
 }
 
 } // namespace lumbrix::platform::x11

@@ -64,12 +64,14 @@ private:
 
     std::vector<Grab> grabsFor(const std::vector<TapKey>& keys);
     bool readKeyboard();
+    void watchGrabs() const;
     std::uint32_t modifiersFor(std::uint32_t flags) const;
     void take(const std::vector<Grab>& grabs, std::vector<TapKey>& refused);
     void giveBack(const Grab& grab) const;
     void pressed(const xcb_key_press_event_t& event);
     void released(const xcb_key_release_event_t& event);
-    void tell(const xcb_key_release_event_t& release);
+    void tellRelease();
+    void finishRelease();
 
     const Connection& m_events;
     const Connection& m_requests;
@@ -84,7 +86,8 @@ private:
     // Event thread.
     std::vector<Grab> m_held;
     std::map<xcb_keycode_t, TapKey> m_down;
-    /// The last event of a key, also when it was told: its press may come in the next pass.
+    /// The last event of a key, if that was a release; also when it was told, as the press of a
+    /// repeat may come in the next pass.
     std::optional<xcb_key_release_event_t> m_release;
     std::optional<Keyboard> m_keyboard; ///< read when keys are wanted
     bool m_isMappingDirty = false;

@@ -198,7 +198,7 @@ TEST(Keys, wantedKey_isSwallowedWholeInEveryStateOfTheLocks)
             keys.type(lock);
         keys.typeWith(kSuper, kTwo);
         events += 2;
-        ASSERT_TRUE(keys.sees(events)) << "lock " << int{lock};
+        ASSERT_TRUE(keys.sees(events)) << "lock " << int{lock} << ", saw " << keys.seen.size();
         EXPECT_EQ(keys.seen[events - 2].type, TapEvent::Type::KeyDown);
         EXPECT_EQ(keys.seen[events - 1].type, TapEvent::Type::KeyUp);
         EXPECT_EQ(keys.seen[events - 1].key, two);
@@ -237,10 +237,14 @@ TEST(Keys, heldKey_isPressedOnce)
     EXPECT_TRUE(keys.desk.waitFor([&] { return counter.presses() > 10; }));
     keys.fake(XCB_KEY_RELEASE, kTwo);
     keys.type(kThree); // comes after all that the repeats have made
-    keys.fake(XCB_KEY_RELEASE, kSuper);
-    EXPECT_TRUE(keys.sees(4));
+    ASSERT_TRUE(keys.sees(4)) << "saw " << keys.seen.size();
     EXPECT_EQ(keys.seen.at(1).type, TapEvent::Type::KeyUp);
     EXPECT_EQ(keys.seen.at(2).key, three);
+    // Programs can type so fast that a release and the next press are of the same moment, too.
+    for (int i = 0; i < 20; ++i)
+        keys.type(kTwo);
+    keys.fake(XCB_KEY_RELEASE, kSuper);
+    EXPECT_TRUE(keys.sees(44));
     keys.run(u"xset"_qs, {u"r"_qs, u"rate"_qs});
 }
 
