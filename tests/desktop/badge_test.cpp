@@ -109,11 +109,14 @@ TEST_P(BadgeTest, click_onABadge_goesToTheDock)
     display().click();
     EXPECT_TRUE(waitUntil([&] { return display().activeWindow() == alpha.windows().front().id; }));
     // Neither the click nor what the dock did about it has put the dock above its badges.
-    const QRect place = badge(beta)->geometry;
     const auto isBlue = [](QRgb pixel) {
         return qBlue(pixel) > 150 && qRed(pixel) < 60 && qGreen(pixel) < 130;
     };
     EXPECT_TRUE(waitUntil([&] {
+        const auto shown = badge(beta); // where the panel has its button by now
+        if (!shown)
+            return false;
+        const QRect place = shown->geometry;
         const QImage seen = display().picture(place);
         return isBlue(seen.pixel(place.width() / 2, 3)) &&
                isBlue(seen.pixel(3, place.height() / 2));

@@ -106,7 +106,8 @@ TEST_P(EachWindowManager, windowOfAnotherDesktop_isNotIconicAndComesWithItsDeskt
     EXPECT_TRUE(desk.waitFor([&] { return desk.tracker().currentDesktop() == 0; }));
 
     app.moveToDesktop(window, -1);
-    desk.waitForWindow(window.id, [](const TrackedWindow& w) { return w.isMapped; });
+    desk.waitForWindow(window.id,
+                       [](const TrackedWindow& w) { return w.isMapped && w.desktop < 0; });
     EXPECT_EQ(desk.info(window.id)->workspace, 0);
     EXPECT_TRUE(desk.info(window.id)->isOnAllWorkspaces);
     EXPECT_TRUE(desk.core().windowServer().isOnAllWorkspaces(window.id));
