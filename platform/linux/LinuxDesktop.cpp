@@ -60,11 +60,13 @@ DockModel::Providers makeDockProviders(RunLoop& runLoop, x11::X11Core& core,
     DockModel::Providers providers;
     providers.push_back(std::make_unique<PlankDock>(runLoop, core.tracker(), registry,
                                                     QDBusConnection::sessionBus()));
-    providers.push_back(
-        std::make_unique<PanelDock>(runLoop, core.tracker(), core.pointSpace(),
-                                    [&connection = core.connection()](xcb_window_t window) {
-                                        return readStrut(connection.get(), window);
-                                    }));
+    providers.push_back(std::make_unique<PanelDock>(
+        runLoop, core.tracker(), core.pointSpace(),
+        [&connection = core.connection()](xcb_window_t window) {
+            return readStrut(connection.get(), window);
+        },
+        std::make_unique<AccessibleButtons>(runLoop, core.tracker(), registry,
+                                            QDBusConnection::sessionBus())));
     return providers;
 }
 

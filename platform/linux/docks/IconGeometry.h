@@ -21,6 +21,8 @@ struct PlacedWindow {
     bool isIconic = false;
     /// Only the place along the panel is to be believed: it was written while the panel was hidden.
     bool isOffPanel = false;
+
+    bool operator==(const PlacedWindow&) const = default;
 };
 
 /// Smaller places are transient: panels write them during animations and for hidden buttons.

@@ -26,12 +26,22 @@ bool isShownOn(const x11::TrackedWindow& window, int desktop)
     return window.desktop < 0 || window.desktop == desktop;
 }
 
+std::optional<PlacedWindow> placeIn(const std::vector<PlacedWindow>& places, xcb_window_t window)
+{
+    const auto it = std::ranges::find(places, window, &PlacedWindow::window);
+    return it != places.end() ? std::optional(*it) : std::nullopt;
+}
+
 } // namespace
 
 PanelDock::PanelDock(RunLoop& runLoop, x11::WindowTracker& tracker, const x11::PointSpace& space,
-                     StrutReader strutReader)
-    : m_runLoop(runLoop), m_tracker(tracker), m_space(space), m_strutReader(std::move(strutReader))
+                     StrutReader strutReader, std::unique_ptr<AccessibleButtons> buttons)
+    : m_runLoop(runLoop), m_tracker(tracker), m_space(space), m_strutReader(std::move(strutReader)),
+      m_buttons(std::move(buttons))
 {
+    if (m_buttons) {
+        m_buttons->setChanged([this] { derive(); });
+    }
 }
 
 PanelDock::~PanelDock()
@@ -79,6 +89,10 @@ void PanelDock::notePlace(const x11::TrackedWindow& window, double writtenAt)
         return;
     }
     const DockWindow& dock = docks[static_cast<std::size_t>(index)];
+    const x11::TrackedWindowPtr writer = m_tracker.window(dock.id);
+    if (writer && writer->pid) {
+        m_writers.wrote(*writer->pid);
+    }
     const std::lock_guard lock(m_mutex);
     Placement& placement = m_placements[window.id][dock.id];
     placement.writtenAt = writtenAt;
@@ -109,6 +123,7 @@ void PanelDock::windowAdded(const x11::TrackedWindowPtr& window)
     } else {
         notePlace(*window, m_runLoop.now());
     }
+    m_hasChanged = true;
     scheduleDerivation();
 }
 
@@ -125,8 +140,13 @@ void PanelDock::windowChanged(const x11::TrackedWindowPtr& before,
     if (isDockMoved && isIconPlace(after->bounds) && !isIconPlace(before->bounds)) {
         noteMissingPlaces();
     }
-    if (isPlaced || isDockMoved || before->isIconic != after->isIconic ||
-        before->desktop != after->desktop || before->skipTaskbar != after->skipTaskbar) {
+    const bool isShownOtherwise = isDockMoved || before->isIconic != after->isIconic ||
+                                  before->desktop != after->desktop ||
+                                  before->skipTaskbar != after->skipTaskbar;
+    if (isShownOtherwise) {
+        m_hasChanged = true;
+    }
+    if (isPlaced || isShownOtherwise) {
         scheduleDerivation();
     }
 }
@@ -140,12 +160,21 @@ void PanelDock::windowRemoved(const x11::TrackedWindowPtr& last)
             placements.erase(last->id);
         }
     }
+    m_hasChanged = true;
     scheduleDerivation();
 }
 
-void PanelDock::currentDesktopChanged(int) { scheduleDerivation(); }
+void PanelDock::currentDesktopChanged(int)
+{
+    m_hasChanged = true;
+    scheduleDerivation();
+}
 
-void PanelDock::screensChanged() { scheduleDerivation(); }
+void PanelDock::screensChanged()
+{
+    m_hasChanged = true;
+    scheduleDerivation();
+}
 
 void PanelDock::scheduleDerivation()
 {
@@ -187,6 +216,9 @@ void PanelDock::derive()
         const std::lock_guard lock(m_mutex);
         anyFresh = settle(m_runLoop.now());
     }
+    if (m_buttons) {
+        updateButtons(windows);
+    }
     std::vector<DockStatePtr> states;
     for (const x11::TrackedWindowPtr& window : windows) {
         if (isPanel(*window)) {
@@ -210,6 +242,38 @@ void PanelDock::derive()
     }
 }
 
+void PanelDock::updateButtons(const std::vector<x11::TrackedWindowPtr>& windows)
+{
+    std::vector<x11::TrackedWindowPtr> docks;
+    std::ranges::copy_if(windows, std::back_inserter(docks),
+                         [](const x11::TrackedWindowPtr& window) { return isDock(*window); });
+    std::set<std::int32_t> placed;
+    {
+        const std::lock_guard lock(m_mutex);
+        for (const auto& [window, placements] : m_placements) {
+            for (const x11::TrackedWindowPtr& dock : docks) {
+                if (dock->pid && placements.contains(dock->id)) {
+                    placed.insert(*dock->pid);
+                }
+            }
+        }
+    }
+    const int desktop = m_tracker.currentDesktop();
+    const bool areThereTasks =
+        std::ranges::any_of(windows, [desktop](const x11::TrackedWindowPtr& window) {
+            return isTask(*window, desktop);
+        });
+    const PlaceWriters::Doubt doubt =
+        m_writers.doubt(docks, placed, areThereTasks, m_runLoop.now());
+    m_buttons->want(doubt.pids);
+    if (m_hasChanged.exchange(false)) {
+        m_buttons->refresh();
+    }
+    if (doubt.lookAgain > 0) {
+        m_runLoop.performAfterDelay(this, doubt.lookAgain, [this] { derive(); });
+    }
+}
+
 DockStatePtr PanelDock::makeState(const x11::TrackedWindow& panel,
                                   const std::vector<x11::TrackedWindowPtr>& windows)
 {
@@ -224,16 +288,17 @@ DockStatePtr PanelDock::makeState(const x11::TrackedWindow& panel,
     state->windows.push_back({panel.id, panel.frame, panel.bounds});
 
     const int desktop = m_tracker.currentDesktop();
+    const std::vector<PlacedWindow>* read = m_buttons ? m_buttons->places(panel.id) : nullptr;
     std::vector<PlacedWindow> placed;
     const std::lock_guard lock(m_mutex);
     for (const x11::TrackedWindowPtr& window : windows) {
-        const auto known = m_placements.find(window->id);
-        if (known == m_placements.end() || !isShownOn(*window, desktop) || window->skipTaskbar) {
+        if (!isShownOn(*window, desktop) || window->skipTaskbar) {
             continue;
         }
-        const auto own = known->second.find(panel.id);
-        if (own != known->second.end() && own->second.settled) {
-            placed.push_back(*own->second.settled);
+        const std::optional<PlacedWindow> place =
+            read != nullptr ? placeIn(*read, window->id) : placeOn(panel.id, window->id);
+        if (place) {
+            placed.push_back(*place);
             placed.back().isIconic = window->isIconic;
         }
     }
@@ -245,6 +310,16 @@ DockStatePtr PanelDock::makeState(const x11::TrackedWindow& panel,
     }
     state->items = deriveItems(placed, panel.bounds, state->edge, previous);
     return state;
+}
+
+std::optional<PlacedWindow> PanelDock::placeOn(xcb_window_t panel, xcb_window_t window) const
+{
+    const auto known = m_placements.find(window);
+    if (known == m_placements.end()) {
+        return std::nullopt;
+    }
+    const auto own = known->second.find(panel);
+    return own != known->second.end() ? own->second.settled : std::nullopt;
 }
 
 QRect PanelDock::screenOf(const QRect& panel) const

@@ -12,8 +12,10 @@
 #include <set>
 
 #include "platform/RunLoop.h"
+#include "platform/linux/docks/AccessibleButtons.h"
 #include "platform/linux/docks/DockProvider.h"
 #include "platform/linux/docks/IconGeometry.h"
+#include "platform/linux/docks/PlaceWriters.h"
 #include "platform/linux/x11/PointSpace.h"
 
 namespace lumbrix::platform
@@ -26,9 +28,10 @@ public:
     /// Main thread; may ask the server.
     using StrutReader = std::function<std::optional<QMargins>(xcb_window_t)>;
 
-    /// Main thread, as is the destructor.
+    /// `buttons` are what is asked where the windows' properties do not tell the places; null =
+    /// nobody. Main thread, as is the destructor.
     PanelDock(RunLoop& runLoop, x11::WindowTracker& tracker, const x11::PointSpace& space,
-              StrutReader strutReader);
+              StrutReader strutReader, std::unique_ptr<AccessibleButtons> buttons = nullptr);
     ~PanelDock() override;
 
     const char* name() const override { return "Panel"; }
@@ -61,6 +64,10 @@ private:
     bool settle(double now);
     DockStatePtr makeState(const x11::TrackedWindow& panel,
                            const std::vector<x11::TrackedWindowPtr>& windows);
+    /// Where the panel told the window it is; null when it is not known. With m_mutex held.
+    std::optional<PlacedWindow> placeOn(xcb_window_t panel, xcb_window_t window) const;
+    /// Has the panels' buttons read whose windows' properties tell too little of them.
+    void updateButtons(const std::vector<x11::TrackedWindowPtr>& windows);
     std::vector<DockWindow> dockWindows() const;
     QRect screenOf(const QRect& panel) const;
 
@@ -69,8 +76,11 @@ private:
     const x11::PointSpace& m_space;
     const StrutReader m_strutReader;
     const std::shared_ptr<bool> m_alive = std::make_shared<bool>(true); ///< main thread
+    const std::unique_ptr<AccessibleButtons> m_buttons; ///< may be null; main thread
+    PlaceWriters m_writers;
     std::atomic<bool> m_isScheduled{false};
-    std::set<xcb_window_t> m_everUsed; ///< panels that showed a window once; main thread
+    std::atomic<bool> m_hasChanged{false}; ///< what panels show, since the last derivation
+    std::set<xcb_window_t> m_everUsed;     ///< panels that showed a window once; main thread
 
     mutable std::mutex m_mutex;
     std::map<xcb_window_t, Placements> m_placements; // guarded by m_mutex; by shown window

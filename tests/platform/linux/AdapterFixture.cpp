@@ -19,7 +19,7 @@ void writeEntry(const QString& folder, const QString& id, const QByteArray& line
     file.write("[Desktop Entry]\nType=Application\n" + lines);
 }
 
-AdapterFixture::AdapterFixture()
+AdapterFixture::AdapterFixture(const QDBusConnection* session)
     : m_entries({m_folder.path()}, {}, [this] { return m_loop.now(); }),
       m_registry(
           m_tracker, m_entries,
@@ -32,10 +32,13 @@ AdapterFixture::AdapterFixture()
       m_raiser(m_tracker, m_registry, [this] { return m_loop.now(); }),
       m_workspace(m_loop, m_tracker, m_registry, m_entries, m_raiser, m_uiMode),
       m_docks(m_loop, m_tracker, m_registry, m_entries,
-              [this] {
+              [this, session] {
                   DockModel::Providers providers;
                   providers.push_back(std::make_unique<PanelDock>(
-                      m_loop, m_tracker, m_space, [this](xcb_window_t) { return m_strut; }));
+                      m_loop, m_tracker, m_space, [this](xcb_window_t) { return m_strut; },
+                      session ? std::make_unique<AccessibleButtons>(m_loop, m_tracker, m_registry,
+                                                                    *session)
+                              : nullptr));
                   return providers;
               }()),
       m_accessibility({m_loop, m_tracker, m_space, m_registry, m_workspace, m_raiser, m_docks})

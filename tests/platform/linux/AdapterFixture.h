@@ -5,6 +5,7 @@
 #pragma once
 
 #include <QtCore/QTemporaryDir>
+#include <QtDBus/QDBusConnection>
 
 #include <map>
 #include <ostream>
@@ -33,7 +34,8 @@ void writeEntry(const QString& folder, const QString& id, const QByteArray& line
 class AdapterFixture : public testing::Test
 {
 protected:
-    AdapterFixture();
+    /// With the session's message bus, panels' buttons are read where they have to be.
+    explicit AdapterFixture(const QDBusConnection* session = nullptr);
 
     FakeTracker::Window window(xcb_window_t id, const QString& instance, const QString& className,
                                std::optional<std::int32_t> pid, const QString& title = {}) const;

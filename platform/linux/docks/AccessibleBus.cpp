@@ -1,0 +1,252 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include "platform/linux/docks/AccessibleBus.h"
+
+#include <QtDBus/QDBusArgument>
+#include <QtDBus/QDBusObjectPath>
+#include <QtDBus/QDBusPendingCallWatcher>
+
+#include <algorithm>
+
+namespace lumbrix::platform
+{
+
+namespace
+{
+
+constexpr int TimeoutMilliseconds = 5000;
+constexpr std::size_t MaximalApplications = 256;
+
+const QString& daemon()
+{
+    static const QString name = QStringLiteral("org.freedesktop.DBus");
+    return name;
+}
+
+const QString& eventInterface()
+{
+    static const QString name = QStringLiteral("org.a11y.atspi.Event.Object");
+    return name;
+}
+
+QDBusMessage daemonCall(const QString& method)
+{
+    return QDBusMessage::createMethodCall(daemon(), QStringLiteral("/org/freedesktop/DBus"),
+                                          daemon(), method);
+}
+
+QDBusMessage registryCall(const QString& path, const QString& interface, const QString& method)
+{
+    QDBusMessage message = QDBusMessage::createMethodCall(QStringLiteral("org.a11y.atspi.Registry"),
+                                                          path, interface, method);
+    message.setAutoStartService(false);
+    return message;
+}
+
+QString matchRule(const AccessibleRef& element)
+{
+    return QStringLiteral("type='signal',sender='%1',path='%2',interface='%3'")
+        .arg(element.bus, element.path, eventInterface());
+}
+
+QString freshConnectionName()
+{
+    static int count = 0;
+    return QStringLiteral("lumbrix-accessibility-%1").arg(++count);
+}
+
+} // namespace
+
+std::vector<AccessibleRef> accessibleRefs(const QDBusMessage& reply, std::size_t maximum)
+{
+    std::vector<AccessibleRef> result;
+    if (reply.type() != QDBusMessage::ReplyMessage || reply.signature() != u"a(so)") {
+        return result;
+    }
+    const auto list = reply.arguments().constFirst().value<QDBusArgument>();
+    list.beginArray();
+    while (!list.atEnd() && result.size() < maximum) {
+        QString bus;
+        QDBusObjectPath path;
+        list.beginStructure();
+        list >> bus >> path;
+        list.endStructure();
+        result.push_back({bus, path.path()});
+    }
+    list.endArray(); // also before its end: else the message would stay in memory
+    return result;
+}
+
+AccessibleBus::AccessibleBus(const QDBusConnection& session)
+    : m_session(session), m_bus(QDBusConnection(QString()))
+{
+}
+
+AccessibleBus::~AccessibleBus() { close(); }
+
+void AccessibleBus::open(std::function<void(bool)> done)
+{
+    close();
+    QDBusMessage message = QDBusMessage::createMethodCall(
+        QStringLiteral("org.a11y.Bus"), QStringLiteral("/org/a11y/bus"),
+        QStringLiteral("org.a11y.Bus"), QStringLiteral("GetAddress"));
+    message.setAutoStartService(false);
+    send(m_session, message, [this, done = std::move(done)](const QDBusMessage& reply) mutable {
+        if (reply.type() != QDBusMessage::ReplyMessage || reply.signature() != u"s") {
+            done(false);
+            return;
+        }
+        const QString address = reply.arguments().constFirst().toString();
+        m_probe =
+            std::make_unique<SocketProbe>([this, address, done = std::move(done)](bool answers) {
+                if (answers) {
+                    connectTo(address, done);
+                } else {
+                    done(false);
+                }
+            });
+        m_probe->start(address);
+    });
+}
+
+// A connection to a bus would wait for its greeting. One between two programs does not; the bus
+// does not know the difference when it is greeted by hand.
+void AccessibleBus::connectTo(const QString& address, std::function<void(bool)> done)
+{
+    m_bus = QDBusConnection::connectToPeer(address, freshConnectionName());
+    if (!m_bus.isConnected()) {
+        done(false);
+        return;
+    }
+    m_bus.connect(QString(), QStringLiteral("/org/freedesktop/DBus/Local"),
+                  QStringLiteral("org.freedesktop.DBus.Local"), QStringLiteral("Disconnected"),
+                  this, SLOT(disconnected()));
+    for (const QString& event :
+         {QStringLiteral("BoundsChanged"), QStringLiteral("ChildrenChanged")}) {
+        m_bus.connect(QString(), QString(), eventInterface(), event, this,
+                      SLOT(elementMoved(QDBusMessage)));
+    }
+    send(m_bus, daemonCall(QStringLiteral("Hello")),
+         [this, done = std::move(done)](const QDBusMessage& reply) {
+             m_isOpen = reply.type() == QDBusMessage::ReplyMessage;
+             done(m_isOpen);
+         });
+}
+
+void AccessibleBus::close()
+{
+    ++m_generation;
+    m_isOpen = false;
+    m_probe.reset();
+    m_watched.clear();
+    m_registered.clear();
+    const QString name = m_bus.name();
+    if (!name.isEmpty()) {
+        m_bus = QDBusConnection(QString());
+        QDBusConnection::disconnectFromPeer(name);
+    }
+}
+
+void AccessibleBus::disconnected()
+{
+    if (!m_bus.isConnected() && !m_bus.name().isEmpty()) {
+        close();
+        m_lost();
+    }
+}
+
+void AccessibleBus::send(const QDBusConnection& bus, const QDBusMessage& message, Answer answer)
+{
+    const QDBusPendingCall pending =
+        bus.isConnected() ? bus.asyncCall(message, TimeoutMilliseconds)
+                          : QDBusPendingCall::fromError(QDBusError(QDBusError::Disconnected, {}));
+    auto* watcher = new QDBusPendingCallWatcher(pending, this);
+    connect(watcher, &QDBusPendingCallWatcher::finished, this,
+            [this, generation = m_generation,
+             answer = std::move(answer)](QDBusPendingCallWatcher* finished) mutable {
+                finished->deleteLater();
+                if (generation == m_generation) {
+                    answer(finished->reply());
+                }
+            });
+}
+
+void AccessibleBus::call(const QDBusMessage& message, Answer answer)
+{
+    send(m_bus, message, std::move(answer));
+}
+
+void AccessibleBus::findApplication(std::int32_t pid, std::function<void(const QString&)> found)
+{
+    const QDBusMessage message =
+        registryCall(QStringLiteral("/org/a11y/atspi/accessible/root"),
+                     QStringLiteral("org.a11y.atspi.Accessible"), QStringLiteral("GetChildren"));
+    call(message, [this, pid, found = std::move(found)](const QDBusMessage& reply) {
+        const std::vector<AccessibleRef> all = accessibleRefs(reply, MaximalApplications);
+        struct Search {
+            std::size_t missing = 0;
+            QString name;
+        };
+        const auto search = std::make_shared<Search>();
+        search->missing = all.size();
+        if (all.empty()) {
+            found(QString());
+        }
+        for (const AccessibleRef& application : all) {
+            QDBusMessage question = daemonCall(QStringLiteral("GetConnectionUnixProcessID"));
+            question << application.bus;
+            call(question,
+                 [pid, found, search, name = application.bus](const QDBusMessage& answer) {
+                     if (answer.type() == QDBusMessage::ReplyMessage &&
+                         answer.arguments().value(0).toUInt() == static_cast<quint32>(pid)) {
+                         search->name = name;
+                     }
+                     if (--search->missing == 0) {
+                         found(search->name);
+                     }
+                 });
+        }
+    });
+}
+
+// What fails here shows in that nothing is told; then the buttons are read when windows change.
+void AccessibleBus::watch(const std::set<AccessibleRef>& elements)
+{
+    if (!m_isOpen || elements == m_watched) {
+        return;
+    }
+    for (const AccessibleRef& element : m_watched) {
+        if (!elements.contains(element)) {
+            tellBus(QStringLiteral("RemoveMatch"), matchRule(element));
+        }
+    }
+    for (const AccessibleRef& element : elements) {
+        if (!m_watched.contains(element)) {
+            tellBus(QStringLiteral("AddMatch"), matchRule(element));
+        }
+        // Told to this one program, so that no other one has to tell.
+        if (m_registered.insert(element.bus).second) {
+            for (const QString& event : {QStringLiteral("object:bounds-changed"),
+                                         QStringLiteral("object:children-changed")}) {
+                QDBusMessage message = registryCall(QStringLiteral("/org/a11y/atspi/registry"),
+                                                    QStringLiteral("org.a11y.atspi.Registry"),
+                                                    QStringLiteral("RegisterEvent"));
+                message << event << QStringList() << element.bus;
+                call(message, [](const QDBusMessage&) {});
+            }
+        }
+    }
+    m_watched = elements;
+}
+
+void AccessibleBus::tellBus(const QString& method, const QString& rule)
+{
+    QDBusMessage message = daemonCall(method);
+    message << rule;
+    call(message, [](const QDBusMessage&) {});
+}
+
+void AccessibleBus::elementMoved(const QDBusMessage& event) { m_moved(event.service()); }
+
+} // namespace lumbrix::platform

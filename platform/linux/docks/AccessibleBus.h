@@ -1,0 +1,80 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// The bus that programs tell their user interface on, without ever waiting for it or for them.
+#pragma once
+
+#include <QtCore/QObject>
+#include <QtDBus/QDBusConnection>
+#include <QtDBus/QDBusMessage>
+
+#include <functional>
+#include <memory>
+#include <set>
+
+#include "platform/linux/docks/ButtonMatcher.h"
+#include "platform/linux/docks/SocketProbe.h"
+
+namespace lumbrix::platform
+{
+
+/// Main thread. Starts nothing: where no program has started the bus, it has nothing to tell.
+class AccessibleBus final : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// The reply or an error.
+    using Answer = std::function<void(const QDBusMessage&)>;
+
+    /// `session` is where the bus's address is asked for.
+    explicit AccessibleBus(const QDBusConnection& session);
+    ~AccessibleBus() override;
+
+    /// Tells once whether it is connected now; never where somebody does not answer, nor after
+    /// close().
+    void open(std::function<void(bool)> done);
+    /// Lets go of the bus; calls under way are not answered any more.
+    void close();
+    bool isOpen() const { return m_isOpen; }
+
+    /// `answer` comes from the event loop, after some seconds with an error if need be.
+    void call(const QDBusMessage& message, Answer answer);
+    /// The unique name of the process's program on the bus, empty when it has none there.
+    void findApplication(std::int32_t pid, std::function<void(const QString&)> found);
+    /// From now on these elements are watched, for as long as the connection lasts.
+    void watch(const std::set<AccessibleRef>& elements);
+
+    // Before open.
+    /// A watched element of this program was laid out anew or has other children.
+    void setMoved(std::function<void(const QString& application)> call)
+    {
+        m_moved = std::move(call);
+    }
+    /// The connection broke; as after close().
+    void setLost(std::function<void()> call) { m_lost = std::move(call); }
+
+private Q_SLOTS:
+    void elementMoved(const QDBusMessage& event);
+    void disconnected();
+
+private:
+    void connectTo(const QString& address, std::function<void(bool)> done);
+    void send(const QDBusConnection& bus, const QDBusMessage& message, Answer answer);
+    void tellBus(const QString& method, const QString& rule);
+
+    QDBusConnection m_session;
+    QDBusConnection m_bus;
+    std::unique_ptr<SocketProbe> m_probe;
+    std::function<void(const QString&)> m_moved;
+    std::function<void()> m_lost;
+    bool m_isOpen = false;
+    std::uint64_t m_generation = 0; ///< grows with each closing, to drop late answers
+    std::set<AccessibleRef> m_watched;
+    std::set<QString> m_registered; ///< programs that were asked to tell
+};
+
+/// The references in an answer, at most so many; none when it is something else.
+std::vector<AccessibleRef> accessibleRefs(const QDBusMessage& reply, std::size_t maximum);
+
+} // namespace lumbrix::platform

@@ -1,0 +1,139 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include "tests/platform/docks/TestPanel.h"
+
+#include <QtDBus/QDBusArgument>
+#include <QtDBus/QDBusMessage>
+#include <QtDBus/QDBusMetaType>
+
+namespace lumbrix::test
+{
+
+/// As references go over the bus.
+struct TestRef {
+    QString bus;
+    QDBusObjectPath path;
+};
+
+QDBusArgument& operator<<(QDBusArgument& argument, const TestRef& ref)
+{
+    argument.beginStructure();
+    argument << ref.bus << ref.path;
+    argument.endStructure();
+    return argument;
+}
+
+const QDBusArgument& operator>>(const QDBusArgument& argument, TestRef& ref)
+{
+    argument.beginStructure();
+    argument >> ref.bus >> ref.path;
+    argument.endStructure();
+    return argument;
+}
+
+namespace
+{
+
+const QString& folder()
+{
+    static const QString path = QStringLiteral("/org/a11y/atspi/accessible/");
+    return path;
+}
+
+QVariant references(const QString& bus, const QStringList& names)
+{
+    QList<TestRef> result;
+    for (const QString& name : names)
+        result.append({bus, QDBusObjectPath(folder() + name)});
+    return QVariant::fromValue(result);
+}
+
+} // namespace
+
+TestPanel::TestPanel(const PrivateBus& bus)
+    : busAddress(bus.address()), m_registry(bus.connect(QStringLiteral("registry"))),
+      m_program(bus.connect(QStringLiteral("panel")))
+{
+    qDBusRegisterMetaType<TestRef>();
+    qDBusRegisterMetaType<QList<TestRef>>();
+    for (QDBusConnection* connection : {&m_registry, &m_program})
+        connection->registerVirtualObject(QStringLiteral("/org/a11y"), this,
+                                          QDBusConnection::SubPath);
+    if (!m_registry.registerService(QStringLiteral("org.a11y.Bus")) ||
+        !m_registry.registerService(QStringLiteral("org.a11y.atspi.Registry")))
+        qFatal("a test panel could not join the bus");
+}
+
+TestPanel::~TestPanel()
+{
+    for (QDBusConnection* connection : {&m_registry, &m_program}) {
+        connection->unregisterObject(QStringLiteral("/org/a11y"));
+        const QString name = connection->name();
+        *connection = QDBusConnection(QString());
+        QDBusConnection::disconnectFromBus(name);
+    }
+}
+
+void TestPanel::add(const QString& parent, const QString& element, quint32 role,
+                    const QRect& extents, const QString& name)
+{
+    elements[parent].children << element;
+    elements[element] = {role, name, extents, {}};
+}
+
+void TestPanel::moved(const QString& element)
+{
+    QDBusMessage event = QDBusMessage::createSignal(folder() + element,
+                                                    QStringLiteral("org.a11y.atspi.Event.Object"),
+                                                    QStringLiteral("BoundsChanged"));
+    event << QString() << 0 << 0 << QVariant::fromValue(QDBusVariant(0)) << QVariantMap();
+    m_program.send(event);
+}
+
+bool TestPanel::handleMessage(const QDBusMessage& message, const QDBusConnection& connection)
+{
+    if (message.member() == u"RegisterEvent")
+        registered << message.arguments().value(0).toString();
+    else
+        ++calls;
+    if (connection.name() == m_registry.name())
+        return connection.send(message.createReply(registryAnswer(message)));
+    switch (manners) {
+    case Manners::Hangs:
+        message.setDelayedReply(true);
+        return true;
+    case Manners::Refuses:
+        return false;
+    case Manners::Nonsense:
+        return connection.send(message.createReply(QStringList{message.member()}));
+    default:
+        return connection.send(message.createReply(answer(message)));
+    }
+}
+
+QVariant TestPanel::registryAnswer(const QDBusMessage& message)
+{
+    if (message.member() == u"GetAddress")
+        return busAddress;
+    return references(m_program.baseService(), {QStringLiteral("root")});
+}
+
+QVariant TestPanel::answer(const QDBusMessage& message)
+{
+    const QString name = message.path().mid(folder().size());
+    const Element element = elements[name];
+    if (message.member() == u"GetRole")
+        return element.role;
+    if (message.member() == u"GetExtents")
+        return element.extents;
+    if (message.member() == u"Get")
+        return QVariant::fromValue(QDBusVariant(element.name));
+    walks += name == u"root";
+    QStringList children = element.children;
+    for (int i = 0; manners == Manners::Crowded && i < 2000; ++i)
+        children << QStringLiteral("%1_%2").arg(name).arg(i);
+    return references(m_program.baseService(), children);
+}
+
+} // namespace lumbrix::test

@@ -1,0 +1,69 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// A panel on the accessibility bus, well-behaved or not, and that bus's registry.
+#pragma once
+
+#include <QtCore/QRect>
+#include <QtCore/QStringList>
+#include <QtDBus/QDBusConnection>
+#include <QtDBus/QDBusVirtualObject>
+
+#include <map>
+
+#include "tests/platform/media/PrivateBus.h"
+
+namespace lumbrix::test
+{
+
+/// Main thread; answers while the event loop runs.
+class TestPanel final : public QDBusVirtualObject
+{
+    Q_OBJECT
+
+public:
+    enum class Manners {
+        Good,
+        Hangs,    ///< never replies
+        Nonsense, ///< replies with something else than was asked for
+        Refuses,  ///< replies with errors
+        Crowded,  ///< everything has thousands of children
+    };
+    static constexpr quint32 Box = 39;
+    static constexpr quint32 Push = 43;
+    static constexpr quint32 Toggle = 62;
+    struct Element {
+        quint32 role = Box;
+        QString name;
+        QRect extents;
+        QStringList children;
+    };
+
+    explicit TestPanel(const PrivateBus& bus);
+    ~TestPanel() override;
+
+    std::map<QString, Element> elements; ///< by name on the bus; the program itself is "root"
+    Manners manners = Manners::Good;
+    QString busAddress;     ///< what is told of where the bus is
+    int calls = 0;          ///< also for the bus's address; without those for events
+    int walks = 0;          ///< questions for the program's windows
+    QStringList registered; ///< events that somebody wants to be told
+
+    /// Adds a child.
+    void add(const QString& parent, const QString& element, quint32 role, const QRect& extents = {},
+             const QString& name = {});
+    /// Tells that the element was laid out anew.
+    void moved(const QString& element);
+
+    bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override;
+    QString introspect(const QString&) const override { return {}; }
+
+private:
+    QVariant answer(const QDBusMessage& message);
+    QVariant registryAnswer(const QDBusMessage& message);
+
+    QDBusConnection m_registry;
+    QDBusConnection m_program;
+};
+
+} // namespace lumbrix::test
