@@ -21,6 +21,7 @@ struct DeskOptions {
     DockKind dock = DockKind::Plank;
     Edge edge = Edge::Bottom;
     SessionOptions session;
+    bool hasPanel = false; ///< xfce4-panel at the top, besides
 };
 
 /// Main thread.
@@ -61,6 +62,7 @@ public:
 private:
     DeskOptions m_options;
     Session m_session;
+    std::unique_ptr<Dock> m_panel;
     std::unique_ptr<Dock> m_dock;
     std::unique_ptr<Process> m_lumbrix;
     std::optional<Settings> m_settings; ///< none when a test has changed the file

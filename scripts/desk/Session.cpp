@@ -18,7 +18,7 @@ namespace lumbrix::privatedesk
 namespace
 {
 
-QStringList baseEnvironment(const QString& home)
+QStringList baseEnvironment(const QString& home, bool accessibility)
 {
     QStringList result{u"HOME="_qs + home,
                        u"XDG_CONFIG_HOME="_qs + home + u"/.config"_qs,
@@ -28,8 +28,9 @@ QStringList baseEnvironment(const QString& home)
                        u"XDG_DATA_DIRS=/usr/local/share:/usr/share"_qs,
                        u"LANG=C.UTF-8"_qs,
                        u"GSETTINGS_BACKEND=keyfile"_qs,
-                       u"GIO_USE_VFS=local"_qs,
-                       u"NO_AT_BRIDGE=1"_qs};
+                       u"GIO_USE_VFS=local"_qs};
+    if (!accessibility)
+        result << u"NO_AT_BRIDGE=1"_qs;
     for (const char* name : {"PATH", "ASAN_OPTIONS", "LSAN_OPTIONS", "TSAN_OPTIONS",
                              "UBSAN_OPTIONS", "USER", "LOGNAME", "TMPDIR", "LD_LIBRARY_PATH"}) {
         if (qEnvironmentVariableIsSet(name))
@@ -59,7 +60,7 @@ Session::Session(const SessionOptions& options) : m_options(options)
     for (const char* name : {".config", ".cache", ".local/share/applications", "run", "logs"})
         QDir(m_directory.path()).mkpath(QString::fromLatin1(name));
     QFile::setPermissions(path(u"run"_qs), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    m_environment = baseEnvironment(m_directory.path());
+    m_environment = baseEnvironment(m_directory.path(), options.accessibility);
     startServer();
     startBus();
     m_display->setWallpaper(wallpaper(m_options.size));

@@ -25,7 +25,8 @@ enum class WindowManager { Xfwm4, Openbox };
 struct SessionOptions {
     QSize size{1280, 1024};
     WindowManager windowManager = WindowManager::Xfwm4;
-    bool compositor = true; ///< Openbox has none
+    bool compositor = true;     ///< Openbox has none
+    bool accessibility = false; ///< programs tell assistive technology what they show
 };
 
 /// Main thread. Everything started here ends with it, in the reverse order.

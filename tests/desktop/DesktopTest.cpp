@@ -68,6 +68,13 @@ DeskOptions xfcePanel(Edge edge)
     return {named("xfce4_panel", edge), DockKind::XfcePanel, edge, {}};
 }
 
+DeskOptions panelAndPlank()
+{
+    SessionOptions session;
+    session.accessibility = true;
+    return {"panel_and_plank", DockKind::Plank, Edge::Bottom, session, true};
+}
+
 double portionOf(const QImage& picture, const QColor& colour)
 {
     const QColor lower = lowerColour(colour);

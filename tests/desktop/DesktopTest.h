@@ -23,6 +23,7 @@ inline void PrintTo(const DeskOptions& options, std::ostream* out) { *out << opt
 DeskOptions plank(Edge edge = Edge::Bottom);     ///< xfwm4 with compositing
 DeskOptions tint2(Edge edge = Edge::Bottom);     ///< Openbox, no compositor, windows not grouped
 DeskOptions xfcePanel(Edge edge = Edge::Bottom); ///< xfwm4 with compositing, windows grouped
+DeskOptions panelAndPlank();                     ///< the same at the top, and Plank at the bottom
 
 /// For INSTANTIATE_TEST_SUITE_P.
 inline std::string deskName(const testing::TestParamInfo<DeskOptions>& info)
