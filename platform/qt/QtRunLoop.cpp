@@ -90,7 +90,7 @@ private:
 
 EntryPtr QtRunLoop::Hub::start(Seconds interval, bool repeats, const void* target, Action action)
 {
-    const auto entry = std::make_shared<Entry>();
+    auto entry = std::make_shared<Entry>();
     entry->repeats = repeats;
     entry->target = target;
     entry->action = std::move(action);

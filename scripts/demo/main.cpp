@@ -88,7 +88,7 @@ private:
     QString installEntry(const QString& identifier, const QByteArray& name, const QByteArray& icon,
                          const QByteArray& windowClass)
     {
-        const QString path = m_session.dataPath(u"applications/"_qs + identifier + u".desktop"_qs);
+        QString path = m_session.dataPath(u"applications/"_qs + identifier + u".desktop"_qs);
         m_session.write(path, "[Desktop Entry]\nType=Application\nName=" + name +
                                   "\nExec=" + windowClass.toLower() + "\nIcon=" + icon +
                                   "\nStartupWMClass=" + windowClass + '\n');

@@ -68,8 +68,8 @@ bool launchUrl(DesktopEntries& entries, const QUrl& url)
     if (!file.open(QIODevice::ReadOnly)) {
         return false;
     }
-    const auto entry = parseDesktopEntry(file.read(1024 * 1024), QFileInfo(path).completeBaseName(),
-                                         path, {}, isHidden);
+    const auto entry = parseDesktopEntry(file.read(qint64{1024} * 1024),
+                                         QFileInfo(path).completeBaseName(), path, {}, isHidden);
     return entry && launchEntry(*entry);
 }
 
