@@ -119,14 +119,7 @@ void AccessibleBus::connectTo(const QString& address, std::function<void(bool)> 
         done(false);
         return;
     }
-    m_bus.connect(QString(), QStringLiteral("/org/freedesktop/DBus/Local"),
-                  QStringLiteral("org.freedesktop.DBus.Local"), QStringLiteral("Disconnected"),
-                  this, SLOT(disconnected()));
-    for (const QString& event :
-         {QStringLiteral("BoundsChanged"), QStringLiteral("ChildrenChanged")}) {
-        m_bus.connect(QString(), QString(), eventInterface(), event, this,
-                      SLOT(elementMoved(QDBusMessage)));
-    }
+    listen();
     send(m_bus, daemonCall(QStringLiteral("Hello")),
          [this, done = std::move(done)](const QDBusMessage& reply) {
              m_isOpen = reply.type() == QDBusMessage::ReplyMessage;
@@ -134,10 +127,28 @@ void AccessibleBus::connectTo(const QString& address, std::function<void(bool)> 
          });
 }
 
+// Queued, because what they lead to may close the connection.
+void AccessibleBus::listen()
+{
+    m_events = std::make_unique<AccessibleEvents>();
+    connect(m_events.get(), &AccessibleEvents::moved, this, m_moved, Qt::QueuedConnection);
+    connect(m_events.get(), &AccessibleEvents::lost, this, &AccessibleBus::connectionBroke,
+            Qt::QueuedConnection);
+    m_bus.connect(QString(), QStringLiteral("/org/freedesktop/DBus/Local"),
+                  QStringLiteral("org.freedesktop.DBus.Local"), QStringLiteral("Disconnected"),
+                  m_events.get(), SLOT(disconnected()));
+    for (const QString& event :
+         {QStringLiteral("BoundsChanged"), QStringLiteral("ChildrenChanged")}) {
+        m_bus.connect(QString(), QString(), eventInterface(), event, m_events.get(),
+                      SLOT(elementMoved(QDBusMessage)));
+    }
+}
+
 void AccessibleBus::close()
 {
     ++m_generation;
     m_isOpen = false;
+    m_events.reset();
     m_probe.reset();
     m_watched.clear();
     m_registered.clear();
@@ -148,7 +159,7 @@ void AccessibleBus::close()
     }
 }
 
-void AccessibleBus::disconnected()
+void AccessibleBus::connectionBroke()
 {
     if (!m_bus.isConnected() && !m_bus.name().isEmpty()) {
         close();
@@ -246,7 +257,5 @@ void AccessibleBus::tellBus(const QString& method, const QString& rule)
     message << rule;
     call(message, [](const QDBusMessage&) {});
 }
-
-void AccessibleBus::elementMoved(const QDBusMessage& event) { m_moved(event.service()); }
 
 } // namespace lumbrix::platform

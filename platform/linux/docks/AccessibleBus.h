@@ -18,6 +18,21 @@
 namespace lumbrix::platform
 {
 
+/// What one connection tells. It goes before its connection, whose thread would otherwise let go of
+/// it at some later time.
+class AccessibleEvents final : public QObject
+{
+    Q_OBJECT
+
+public Q_SLOTS:
+    void elementMoved(const QDBusMessage& event) { Q_EMIT moved(event.service()); }
+    void disconnected() { Q_EMIT lost(); }
+
+Q_SIGNALS:
+    void moved(const QString& application);
+    void lost();
+};
+
 /// Main thread. Starts nothing: where no program has started the bus, it has nothing to tell.
 class AccessibleBus final : public QObject
 {
@@ -54,17 +69,16 @@ public:
     /// The connection broke; as after close().
     void setLost(std::function<void()> call) { m_lost = std::move(call); }
 
-private Q_SLOTS:
-    void elementMoved(const QDBusMessage& event);
-    void disconnected();
-
 private:
     void connectTo(const QString& address, std::function<void(bool)> done);
+    void listen();
+    void connectionBroke();
     void send(const QDBusConnection& bus, const QDBusMessage& message, Answer answer);
     void tellBus(const QString& method, const QString& rule);
 
     QDBusConnection m_session;
     QDBusConnection m_bus;
+    std::unique_ptr<AccessibleEvents> m_events;
     std::unique_ptr<SocketProbe> m_probe;
     std::function<void(const QString&)> m_moved;
     std::function<void()> m_lost;

@@ -67,10 +67,13 @@ TestPanel::TestPanel(const PrivateBus& bus)
 
 TestPanel::~TestPanel()
 {
-    for (QDBusConnection* connection : {&m_registry, &m_program}) {
+    // Else the buses' own thread would let go of this, some time later.
+    for (QDBusConnection* connection : {&m_registry, &m_program})
         connection->unregisterObject(QStringLiteral("/org/a11y"));
+    disconnect();
+    for (QDBusConnection* connection : {&m_registry, &m_program}) {
         const QString name = connection->name();
-        *connection = QDBusConnection(QString());
+        *connection = QDBusConnection(QString()); // it lasts as long as somebody holds it
         QDBusConnection::disconnectFromBus(name);
     }
 }
