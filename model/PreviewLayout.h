@@ -35,8 +35,7 @@ QRectF screenOfIcon(const QRectF& icon, const std::vector<QRectF>& screens);
 
 /// Frames of a strip of `count` previews in screen coordinates, in strip order: a row above a
 /// bottom Dock or below one at the top from left to right, a column beside a side Dock from top to
-/// bottom. `size` stands
-/// in for the size of the settings (a calendar preview has its own).
+/// bottom. `size` stands in for the size of the settings (a calendar preview has its own).
 std::vector<QRectF> strip(DockSide side, const Input& input, int count,
                           std::optional<QSizeF> size = std::nullopt);
 
