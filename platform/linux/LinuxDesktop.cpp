@@ -53,13 +53,28 @@ private:
     ApplicationRegistry& m_registry;
 };
 
+PlankWindowReader plankWindowReader(const x11::Connection& connection)
+{
+    PlankWindowReader reader;
+    reader.scale = [&connection](xcb_window_t window) {
+        return readPlankScale(connection.get(), window);
+    };
+    if (connection.extensions().shape.present) {
+        reader.inputArea = [&connection](xcb_window_t window) {
+            return readInputArea(connection.get(), window);
+        };
+    }
+    return reader;
+}
+
 // In order of preference: a dock that tells its items beats one whose buttons have to be guessed.
 DockModel::Providers makeDockProviders(RunLoop& runLoop, x11::X11Core& core,
                                        ApplicationRegistry& registry)
 {
     DockModel::Providers providers;
     providers.push_back(std::make_unique<PlankDock>(runLoop, core.tracker(), registry,
-                                                    QDBusConnection::sessionBus()));
+                                                    QDBusConnection::sessionBus(),
+                                                    plankWindowReader(core.connection())));
     providers.push_back(std::make_unique<PanelDock>(
         runLoop, core.tracker(), core.pointSpace(),
         [&connection = core.connection()](xcb_window_t window) {
@@ -86,7 +101,7 @@ public:
           m_docks(runLoop, m_core->tracker(), m_registry, m_entries,
                   makeDockProviders(runLoop, *m_core, m_registry)),
           m_tooltips(m_core->connection(), ::getpid(),
-                     [this](std::int32_t pid) { return m_docks.pid() == pid; }),
+                     [this](std::int32_t pid) { return m_docks.hasDock(pid); }),
           m_dockPreferences(m_docks),
           m_accessibility({runLoop, m_core->tracker(), m_core->pointSpace(), m_registry,
                            m_workspace, m_raiser, m_docks}),

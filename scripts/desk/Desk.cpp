@@ -23,7 +23,7 @@ Desk::Desk(const DeskOptions& options) : m_options(options), m_session(options.s
     install(u"delta"_qs, Qt::darkYellow);
     if (options.hasPanel)
         m_panel = Dock::start(m_session, DockKind::XfcePanel, Edge::Top);
-    m_dock = Dock::start(m_session, options.dock, options.edge, entries);
+    m_dock = Dock::start(m_session, options.dock, options.edge, entries, options.secondEdge);
     park();
 }
 
@@ -78,6 +78,20 @@ std::optional<QPoint> Desk::iconOf(const Application& application)
                 if (icon)
                     break;
             }
+            return icon.has_value();
+        },
+        patience(10000));
+    return icon;
+}
+
+std::optional<QPoint> Desk::iconOnSecondDock(const Application& application)
+{
+    const QString entry =
+        m_session.dataPath(u"applications/"_qs + application.identifier() + u".desktop"_qs);
+    std::optional<QPoint> icon;
+    display().waitFor(
+        [&] {
+            icon = m_dock->iconOnSecondDock(entry);
             return icon.has_value();
         },
         patience(10000));

@@ -21,7 +21,8 @@ struct DeskOptions {
     DockKind dock = DockKind::Plank;
     Edge edge = Edge::Bottom;
     SessionOptions session;
-    bool hasPanel = false; ///< xfce4-panel at the top, besides
+    bool hasPanel = false;            ///< xfce4-panel at the top, besides
+    std::optional<Edge> secondEdge{}; ///< of Plank's second dock
 };
 
 /// Main thread.
@@ -53,6 +54,8 @@ public:
 
     /// Waits for the icon of the application's first window; none when the dock shows none.
     std::optional<QPoint> iconOf(const Application& application);
+    /// The same on the second dock.
+    std::optional<QPoint> iconOnSecondDock(const Application& application);
     /// Moves the pointer there; false when the dock shows none.
     bool hover(const Application& application);
     /// Moves the pointer to where there is neither a dock nor a preview.

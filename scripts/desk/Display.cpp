@@ -293,6 +293,14 @@ void Display::setWallpaper(const QImage& image)
     xcb_disconnect(painter);
 }
 
+void Display::setResources(const QByteArray& text)
+{
+    xcb_change_property(m_connection, XCB_PROP_MODE_REPLACE, m_root, XCB_ATOM_RESOURCE_MANAGER,
+                        XCB_ATOM_STRING, 8, static_cast<std::uint32_t>(text.size()),
+                        text.constData());
+    xcb_flush(m_connection);
+}
+
 QPoint Display::pointer()
 {
     const auto reply =

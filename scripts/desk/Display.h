@@ -82,6 +82,9 @@ public:
     /// Paints the wallpaper, for everything that looks for one.
     void setWallpaper(const QImage& image);
 
+    /// What the programs that start from now on read as the user's X resources.
+    void setResources(const QByteArray& text);
+
     // The pointer moves as a hand moves it: in a series of small steps.
     QPoint pointer();
     void moveTo(QPoint target);

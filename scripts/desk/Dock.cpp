@@ -33,20 +33,14 @@ QString edgeName(Edge edge)
 class Plank final : public Dock
 {
 public:
-    Plank(Session& session, Edge edge, const QStringList& pinned) : Dock(session, edge)
+    Plank(Session& session, Edge edge, const QStringList& pinned, std::optional<Edge> secondEdge)
+        : Dock(session, edge), m_secondEdge(secondEdge)
     {
-        QStringList items;
-        for (const QString& entry : pinned) {
-            const QString name = QFileInfo(entry).completeBaseName() + u".dockitem"_qs;
-            session.write(session.configPath(u"plank/dock1/launchers/"_qs + name),
-                          "[PlankDockItemPreferences]\nLauncher=file://" + entry.toUtf8() + '\n');
-            items << u'\'' + name + u'\'';
+        if (secondEdge) {
+            session.addSettings("[net/launchpad/plank]\nenabled-docks=['dock1', 'dock2']\n");
+            configure(u"dock2"_qs, *secondEdge, pinned);
         }
-        const QString settings =
-            u"[net/launchpad/plank/docks/dock1]\nposition='%1'\nhide-mode='none'\n"
-            u"show-dock-item=false\nauto-pinning=false\nlock-items=true\ndock-items=[%2]\n"
-            u"zoom-enabled=false\nicon-size=48\n"_qs.arg(edgeName(edge), items.join(u','));
-        session.addSettings(settings.toUtf8());
+        configure(u"dock1"_qs, edge, pinned);
         // Plank gives up for ever when the matcher is not there at its start.
         m_matcher = session.start(u"bamfdaemon"_qs, u"/usr/libexec/bamf/bamfdaemon"_qs);
         m_bus = std::make_unique<QDBusConnection>(
@@ -72,30 +66,55 @@ public:
 
     std::optional<QPoint> iconOf(const QString& entry, xcb_window_t) override
     {
+        return iconOn(u"dock1"_qs, m_edge, entry);
+    }
+    std::optional<QPoint> iconOnSecondDock(const QString& entry) override
+    {
+        return m_secondEdge ? iconOn(u"dock2"_qs, *m_secondEdge, entry) : std::nullopt;
+    }
+
+private:
+    void configure(const QString& dock, Edge edge, const QStringList& pinned)
+    {
+        QStringList items;
+        for (const QString& entry : pinned) {
+            const QString name = QFileInfo(entry).completeBaseName() + u".dockitem"_qs;
+            m_session.write(m_session.configPath(u"plank/%1/launchers/%2"_qs.arg(dock, name)),
+                            "[PlankDockItemPreferences]\nLauncher=file://" + entry.toUtf8() + '\n');
+            items << u'\'' + name + u'\'';
+        }
+        const QString settings =
+            u"[net/launchpad/plank/docks/%1]\nposition='%2'\nhide-mode='none'\n"
+            u"show-dock-item=false\nauto-pinning=false\nlock-items=true\ndock-items=[%3]\n"
+            u"zoom-enabled=false\nicon-size=48\n"_qs.arg(dock, edgeName(edge), items.join(u','));
+        m_session.addSettings(settings.toUtf8());
+    }
+    std::optional<QPoint> iconOn(const QString& dock, Edge edge, const QString& entry)
+    {
         QDBusMessage call = QDBusMessage::createMethodCall(
-            u"net.launchpad.plank"_qs, u"/net/launchpad/plank/dock1"_qs,
+            u"net.launchpad.plank"_qs, u"/net/launchpad/plank/"_qs + dock,
             u"net.launchpad.plank.Items"_qs, u"GetHoverPosition"_qs);
         call << QUrl::fromLocalFile(entry).toString();
         const QList<QVariant> answer = m_bus->call(call, QDBus::Block, 1000).arguments();
         if (answer.size() != 4 || !answer.at(3).toBool())
             return std::nullopt;
-        if (answer.at(isHorizontal(m_edge) ? 0 : 1).toInt() == 0)
-            return std::nullopt; // added, but not laid out yet
+        if (answer.at(isHorizontal(edge) ? 0 : 1).toInt() == 0)
+            return std::nullopt;                     // added, but not laid out yet
+        const int scale = m_session.options().scale; // of what it counts in
+        const QPoint middle = QPoint(answer.at(0).toInt(), answer.at(1).toInt()) * scale;
         const QSize screen = m_session.options().size;
-        constexpr int depth = 24; // about the middle of an icon of 48 pixels
-        switch (m_edge) {
+        const int depth = 24 * scale; // about the middle of an icon of 48 pixels
+        switch (edge) {
         case Edge::Left:
-            return QPoint(depth, answer.at(1).toInt());
+            return QPoint(depth, middle.y());
         case Edge::Right:
-            return QPoint(screen.width() - depth, answer.at(1).toInt());
+            return QPoint(screen.width() - depth, middle.y());
         case Edge::Top:
-            return QPoint(answer.at(0).toInt(), depth);
+            return QPoint(middle.x(), depth);
         default:
-            return QPoint(answer.at(0).toInt(), screen.height() - depth);
+            return QPoint(middle.x(), screen.height() - depth);
         }
     }
-
-private:
     bool owns(const QString& name)
     {
         QDBusMessage call =
@@ -106,6 +125,7 @@ private:
         return !answer.isEmpty() && answer.front().toBool();
     }
 
+    const std::optional<Edge> m_secondEdge;
     std::unique_ptr<Process> m_matcher;
     std::unique_ptr<QDBusConnection> m_bus;
 };
@@ -220,7 +240,7 @@ public:
 } // namespace
 
 std::unique_ptr<Dock> Dock::start(Session& session, DockKind kind, Edge edge,
-                                  const QStringList& pinned)
+                                  const QStringList& pinned, std::optional<Edge> secondEdge)
 {
     switch (kind) {
     case DockKind::Tint2:
@@ -228,7 +248,7 @@ std::unique_ptr<Dock> Dock::start(Session& session, DockKind kind, Edge edge,
     case DockKind::XfcePanel:
         return std::make_unique<XfcePanel>(session, edge);
     default:
-        return std::make_unique<Plank>(session, edge, pinned);
+        return std::make_unique<Plank>(session, edge, pinned, secondEdge);
     }
 }
 

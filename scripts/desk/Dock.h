@@ -25,15 +25,18 @@ class Dock
 {
 public:
     /// Starts it and waits until it shows. The session outlives it. `pinned` are desktop entries
-    /// that Plank shows whether they run or not.
+    /// that Plank shows whether they run or not, also on its second dock, if it is to have one.
     static std::unique_ptr<Dock> start(Session& session, DockKind kind, Edge edge,
-                                       const QStringList& pinned = {});
+                                       const QStringList& pinned = {},
+                                       std::optional<Edge> secondEdge = {});
     virtual ~Dock() = default;
 
     Edge edge() const { return m_edge; }
     /// Where to put the pointer to be on the icon that stands for this window of the application
     /// with this desktop entry (a path); none while the dock shows none or is still moving it.
     virtual std::optional<QPoint> iconOf(const QString& entry, xcb_window_t window) = 0;
+    /// The same on the second dock.
+    virtual std::optional<QPoint> iconOnSecondDock(const QString& /*entry*/) { return {}; }
     /// Kills the dock as a crash would.
     virtual void kill();
     /// Starts it again after kill().

@@ -175,6 +175,10 @@ void Session::startServer()
     const QByteArray name = ':' + number.trimmed();
     m_environment << u"DISPLAY="_qs + QString::fromLatin1(name);
     m_display = std::make_unique<Display>(name);
+    if (m_options.scale > 1) {
+        m_environment << u"GDK_SCALE="_qs + QString::number(m_options.scale);
+        m_display->setResources("Xft.dpi:\t" + QByteArray::number(96 * m_options.scale) + '\n');
+    }
 }
 
 void Session::startBus()

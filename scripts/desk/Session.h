@@ -27,6 +27,7 @@ struct SessionOptions {
     WindowManager windowManager = WindowManager::Xfwm4;
     bool compositor = true;     ///< Openbox has none
     bool accessibility = false; ///< programs tell assistive technology what they show
+    int scale = 1;              ///< how much larger the toolkits are told to draw
 };
 
 /// Main thread. Everything started here ends with it, in the reverse order.

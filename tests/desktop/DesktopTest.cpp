@@ -63,6 +63,15 @@ DeskOptions tint2(Edge edge)
         named("tint2", edge), DockKind::Tint2, edge, {{1280, 1024}, WindowManager::Openbox, false}};
 }
 
+DeskOptions enlarged(Edge edge)
+{
+    DeskOptions options = plank(edge);
+    options.name += "_enlarged";
+    options.session.size = {2048, 1536};
+    options.session.scale = 2;
+    return options;
+}
+
 DeskOptions xfcePanel(Edge edge)
 {
     return {named("xfce4_panel", edge), DockKind::XfcePanel, edge, {}};

@@ -21,6 +21,7 @@ inline void PrintTo(const DeskOptions& options, std::ostream* out) { *out << opt
 
 // The desktops that the tests run on.
 DeskOptions plank(Edge edge = Edge::Bottom);     ///< xfwm4 with compositing
+DeskOptions enlarged(Edge edge);                 ///< the same, all of it drawn twice as large
 DeskOptions tint2(Edge edge = Edge::Bottom);     ///< Openbox, no compositor, windows not grouped
 DeskOptions xfcePanel(Edge edge = Edge::Bottom); ///< xfwm4 with compositing, windows grouped
 DeskOptions panelAndPlank();                     ///< the same at the top, and Plank at the bottom

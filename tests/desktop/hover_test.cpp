@@ -13,8 +13,8 @@ class HoverTest : public DesktopTest
 
 INSTANTIATE_TEST_SUITE_P(, HoverTest,
                          testing::Values(plank(), plank(Edge::Left), plank(Edge::Right),
-                                         plank(Edge::Top), tint2(), tint2(Edge::Top), xfcePanel(),
-                                         xfcePanel(Edge::Top)),
+                                         plank(Edge::Top), enlarged(Edge::Bottom), tint2(),
+                                         tint2(Edge::Top), xfcePanel(), xfcePanel(Edge::Top)),
                          deskName);
 
 TEST_P(HoverTest, icon_hovered_showsEachWindowBesideTheDock)

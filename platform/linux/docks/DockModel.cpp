@@ -223,15 +223,16 @@ void DockModel::popupMapped(const x11::PopupMapped& popup)
     if (popup.kind != x11::PopupMapped::Kind::Menu || !popup.pid) {
         return;
     }
-    bool isDocks = false;
-    {
-        const std::lock_guard lock(m_mutex);
-        isDocks = std::ranges::any_of(
-            m_docks, [&](const Known& dock) { return dock.state->pid == *popup.pid; });
-    }
-    if (isDocks) {
+    if (hasDock(*popup.pid)) {
         callOnMainThread(&DockModel::m_menuOpened);
     }
+}
+
+bool DockModel::hasDock(std::int32_t pid) const
+{
+    const std::lock_guard lock(m_mutex);
+    return std::ranges::any_of(m_docks,
+                               [pid](const Known& dock) { return dock.state->pid == pid; });
 }
 
 std::int32_t DockModel::pid() const

@@ -58,6 +58,8 @@ public:
 
     /// Of the first dock; 0 while none runs.
     std::int32_t pid() const;
+    /// Whether a dock of this process runs.
+    bool hasDock(std::int32_t pid) const;
     /// Of all docks, the first one's first, each from left to right or from top to bottom.
     std::vector<DockItemId> items() const;
     /// Null when it is gone.

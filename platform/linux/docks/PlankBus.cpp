@@ -5,10 +5,11 @@
 
 #include <QtCore/QRegularExpression>
 #include <QtCore/QSet>
-#include <QtCore/QUrl>
-#include <QtDBus/QDBusConnectionInterface>
 #include <QtDBus/QDBusPendingCallWatcher>
 #include <QtDBus/QDBusServiceWatcher>
+
+#include <algorithm>
+#include <utility>
 
 namespace lumbrix::platform
 {
@@ -16,253 +17,235 @@ namespace lumbrix::platform
 namespace
 {
 
-const QString& service()
+const QString& plainName()
 {
     static const QString name = QStringLiteral("net.launchpad.plank");
     return name;
 }
 
-const QString& itemsInterface()
+const QString& parentPath()
 {
-    static const QString name = QStringLiteral("net.launchpad.plank.Items");
-    return name;
+    static const QString path = QStringLiteral("/net/launchpad/plank");
+    return path;
 }
 
-constexpr int TimeoutMilliseconds = 2000;
-constexpr int MaximalFailures = 10;
-
-// As Plank numbers them.
-DockEdge edgeOf(int position)
+QDBusMessage daemonCall(const QString& method, const QVariantList& arguments = {})
 {
-    switch (position) {
-    case 0:
-        return DockEdge::Left;
-    case 1:
-        return DockEdge::Right;
-    case 2:
-        return DockEdge::Top;
-    default:
-        return DockEdge::Bottom;
+    QDBusMessage message = QDBusMessage::createMethodCall(
+        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
+        QStringLiteral("org.freedesktop.DBus"), method);
+    message.setArguments(arguments);
+    return message;
+}
+
+QSet<QString> docksIn(const QDBusMessage& introspection)
+{
+    static const QRegularExpression node(QStringLiteral("<node name=[\"']([A-Za-z0-9_]+)"));
+    QSet<QString> names;
+    if (isPlankAnswer(introspection, "s")) {
+        const QString text = introspection.arguments().constFirst().toString();
+        for (auto it = node.globalMatch(text); it.hasNext();) {
+            names.insert(it.next().captured(1));
+        }
     }
-}
-
-bool isAnswer(const QDBusMessage& reply, const char* signature)
-{
-    return reply.type() == QDBusMessage::ReplyMessage &&
-           reply.signature() == QLatin1String(signature);
+    return names;
 }
 
 } // namespace
 
 PlankBus::PlankBus(RunLoop& runLoop, const QDBusConnection& bus) : m_runLoop(runLoop), m_bus(bus) {}
 
-PlankBus::~PlankBus() { m_runLoop.cancelPreviousPerformRequests(this); }
+PlankBus::~PlankBus()
+{
+    for (const auto& [name, plank] : m_planks) {
+        m_runLoop.cancelPreviousPerformRequests(plank.get());
+    }
+}
 
 void PlankBus::start()
 {
     if (!m_bus.isConnected()) {
         return;
     }
-    auto* watcher =
-        new QDBusServiceWatcher(service(), m_bus, QDBusServiceWatcher::WatchForOwnerChange, this);
+    auto* watcher = new QDBusServiceWatcher(plainName() + u'*', m_bus,
+                                            QDBusServiceWatcher::WatchForOwnerChange, this);
     connect(watcher, &QDBusServiceWatcher::serviceOwnerChanged, this,
-            [this](const QString&, const QString&, const QString& owner) { ownerChanged(owner); });
-    m_bus.connect(service(), QString(), itemsInterface(), QStringLiteral("Changed"), this,
-                  SLOT(itemsChanged()));
-    QDBusMessage message = QDBusMessage::createMethodCall(
-        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
-        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("GetNameOwner"));
-    message << service();
-    call(message, [this](const QDBusMessage& reply) {
-        if (isAnswer(reply, "s") && m_owner.isEmpty()) {
-            ownerChanged(reply.arguments().constFirst().toString());
-        }
-    });
+            [this](const QString& name, const QString&, const QString& owner) {
+                forget(name);
+                if (!owner.isEmpty()) {
+                    meet(name, owner);
+                }
+            });
+    m_bus.connect(QString(), QString(), QStringLiteral("net.launchpad.plank.Items"),
+                  QStringLiteral("Changed"), this, SLOT(itemsChanged(QDBusMessage)));
+    call(nullptr, daemonCall(QStringLiteral("ListNames")),
+         [this](const PlankPtr&, const QDBusMessage& reply) {
+             if (!isPlankAnswer(reply, "as")) {
+                 return;
+             }
+             for (const QString& name : reply.arguments().constFirst().toStringList()) {
+                 if (name != plainName() && !name.startsWith(plainName() + u'.')) {
+                     continue;
+                 }
+                 call(nullptr, daemonCall(QStringLiteral("GetNameOwner"), {name}),
+                      [this, name](const PlankPtr&, const QDBusMessage& owner) {
+                          if (isPlankAnswer(owner, "s") && !m_planks.contains(name)) {
+                              meet(name, owner.arguments().constFirst().toString());
+                          }
+                      });
+             }
+         });
 }
 
-// The answer comes only while the owner that was asked is still the same.
-void PlankBus::call(const QDBusMessage& message, Answer answer)
+// The answer comes only while the Plank that it is about is still there; without one it is about
+// the bus.
+void PlankBus::call(const PlankPtr& plank, const QDBusMessage& message, Answer answer)
 {
     auto* watcher =
-        new QDBusPendingCallWatcher(m_bus.asyncCall(message, TimeoutMilliseconds), this);
+        new QDBusPendingCallWatcher(m_bus.asyncCall(message, PlankTimeoutMilliseconds), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this,
-            [this, generation = m_generation,
+            [weak = std::weak_ptr(plank), isAboutBus = !plank,
              answer = std::move(answer)](QDBusPendingCallWatcher* finished) {
                 finished->deleteLater();
-                if (generation == m_generation) {
-                    answer(finished->reply());
+                const PlankPtr about = weak.lock();
+                if (isAboutBus || about) {
+                    answer(about, finished->reply());
                 }
             });
 }
 
-void PlankBus::ownerChanged(const QString& owner)
+void PlankBus::meet(const QString& name, const QString& owner)
 {
-    ++m_generation;
-    m_owner = owner;
-    m_dockName.clear();
-    m_items = {};
-    m_isQuerying = false;
-    m_isStale = false;
-    m_failures = 0;
-    m_runLoop.cancelPreviousPerformRequests(this);
-    if (m_onChanged) {
-        m_onChanged();
-    }
-    if (!owner.isEmpty()) {
-        findDock();
+    const auto plank = std::make_shared<Plank>();
+    plank->owner = owner;
+    m_planks[name] = plank;
+    call(plank, daemonCall(QStringLiteral("GetConnectionUnixProcessID"), {owner}),
+         [this](const PlankPtr& about, const QDBusMessage& reply) {
+             if (isPlankAnswer(reply, "u")) {
+                 about->pid = reply.arguments().constFirst().toInt();
+             }
+             findDocks(about);
+         });
+}
+
+void PlankBus::forget(const QString& name)
+{
+    const auto it = m_planks.find(name);
+    if (it != m_planks.end()) {
+        m_runLoop.cancelPreviousPerformRequests(it->second.get());
+        m_planks.erase(it);
+        notifyChanged();
     }
 }
 
-// Plank has its name on the bus before it has its docks there.
-void PlankBus::findDock()
+void PlankBus::findDocks(const PlankPtr& plank)
 {
+    if (std::exchange(plank->isAsked, true)) {
+        return;
+    }
     const QDBusMessage message = QDBusMessage::createMethodCall(
-        m_owner, QStringLiteral("/net/launchpad/plank"),
-        QStringLiteral("org.freedesktop.DBus.Introspectable"), QStringLiteral("Introspect"));
-    call(message, [this](const QDBusMessage& reply) {
-        static const QRegularExpression node(QStringLiteral("<node name=[\"']([A-Za-z0-9_]+)"));
-        const QString text =
-            isAnswer(reply, "s") ? reply.arguments().constFirst().toString() : QString();
-        const QRegularExpressionMatch match = node.match(text);
-        if (!match.hasMatch()) {
-            queryFailed();
-            return;
-        }
-        m_failures = 0;
-        m_dockName = match.captured(1);
-        refresh();
-        refreshAfter(1.0); // items move into place while the dock starts
+        plank->owner, parentPath(), QStringLiteral("org.freedesktop.DBus.Introspectable"),
+        QStringLiteral("Introspect"));
+    call(plank, message, [this](const PlankPtr& about, const QDBusMessage& reply) {
+        about->isAsked = false;
+        takeDocks(about, reply);
     });
 }
 
-QDBusMessage PlankBus::itemsCall(const QString& method) const
+// Plank has its name on the bus before it has its docks there, and these one after the other.
+void PlankBus::takeDocks(const PlankPtr& plank, const QDBusMessage& reply)
 {
-    return QDBusMessage::createMethodCall(
-        m_owner, QStringLiteral("/net/launchpad/plank/") + m_dockName, itemsInterface(), method);
+    const QSet<QString> names = docksIn(reply);
+    if (names.isEmpty()) {
+        if (++plank->failures <= MaximalPlankFailures) {
+            findDocksAfter(plank, 0.5);
+        }
+        return; // a Plank that hangs keeps its docks
+    }
+    plank->failures = 0;
+    bool isChanged = std::erase_if(plank->docks, [&](const auto& dock) {
+                         return !names.contains(dock.first);
+                     }) != 0;
+    for (const QString& name : names) {
+        std::unique_ptr<PlankItemsQuery>& dock = plank->docks[name];
+        if (!dock) {
+            isChanged = true;
+            dock = std::make_unique<PlankItemsQuery>(m_runLoop, m_bus, plank->owner,
+                                                     parentPath() + u'/' + name,
+                                                     [this] { notifyChanged(); });
+            dock->refresh();
+        }
+    }
+    if (isChanged) {
+        notifyChanged();
+        findDocksAfter(plank, 1.0);
+    }
 }
 
-void PlankBus::itemsChanged()
+void PlankBus::findDocksAfter(const PlankPtr& plank, Seconds delay)
 {
-    refresh();
-    // Items slide to their new places after the signal.
-    m_runLoop.cancelPreviousPerformRequests(this);
-    refreshAfter(0.3);
-    refreshAfter(0.8);
+    m_runLoop.performAfterDelay(plank.get(), delay, [this, weak = std::weak_ptr(plank)] {
+        if (const PlankPtr about = weak.lock()) {
+            findDocks(about);
+            for (const auto& [name, dock] : about->docks) {
+                dock->refresh(); // items move into place while the dock starts
+            }
+        }
+    });
 }
 
-void PlankBus::refreshAfter(Seconds delay)
+void PlankBus::lookForDocks()
 {
-    m_runLoop.performAfterDelay(this, delay, [this] { refresh(); });
+    for (const auto& [name, plank] : m_planks) {
+        findDocks(plank);
+    }
 }
 
 void PlankBus::refresh()
 {
-    if (m_owner.isEmpty()) {
-        return;
-    }
-    if (m_dockName.isEmpty()) {
-        return; // refreshed once the dock has been found
-    }
-    if (m_isQuerying) {
-        m_isStale = true;
-        return;
-    }
-    m_isQuerying = true;
-    m_isStale = false;
-    query();
-}
-
-void PlankBus::query()
-{
-    call(itemsCall(QStringLiteral("GetCount")), [this](const QDBusMessage& reply) {
-        m_count = isAnswer(reply, "i") ? reply.arguments().constFirst().toInt() : 0;
-    });
-    call(itemsCall(QStringLiteral("GetPersistentApplications")), [this](const QDBusMessage& kept) {
-        if (!isAnswer(kept, "as")) {
-            queryFailed();
-            return;
+    for (const auto& [name, plank] : m_planks) {
+        if (plank->docks.empty()) {
+            findDocks(plank);
         }
-        const QStringList uris = kept.arguments().constFirst().toStringList();
-        call(itemsCall(QStringLiteral("GetTransientApplications")),
-             [this, uris](const QDBusMessage& running) {
-                 if (!isAnswer(running, "as")) {
-                     queryFailed();
-                     return;
-                 }
-                 QStringList all = uris + running.arguments().constFirst().toStringList();
-                 all.append(QString()); // answered with the first item that has no entry
-                 all.removeDuplicates();
-                 queryPositions(all);
-             });
-    });
-}
-
-void PlankBus::queryPositions(const QStringList& uris)
-{
-    struct Collected {
-        PlankItems items;
-        qsizetype missing = 0;
-        bool isFailed = false;
-    };
-    const auto collected = std::make_shared<Collected>();
-    collected->missing = uris.size();
-    for (const QString& uri : uris) {
-        QDBusMessage message = itemsCall(QStringLiteral("GetHoverPosition"));
-        message << uri;
-        call(message, [this, uri, collected](const QDBusMessage& reply) {
-            const QVariantList values = reply.arguments();
-            if (!isAnswer(reply, "iiib")) {
-                collected->isFailed = true;
-            } else if (values[3].toBool()) {
-                const QPoint point(values[0].toInt(), values[1].toInt());
-                const QUrl url(uri);
-                if (uri.isEmpty()) {
-                    collected->items.firstUnnamed = point;
-                } else {
-                    collected->items.named.push_back(
-                        {url.isLocalFile() ? url.toLocalFile() : uri, point});
-                }
-                m_edge = edgeOf(values[2].toInt());
-            }
-            if (--collected->missing > 0) {
-                return;
-            }
-            if (collected->isFailed) {
-                queryFailed();
-            } else {
-                finishQuery(std::move(collected->items));
-            }
-        });
+        for (const auto& [dockName, dock] : plank->docks) {
+            dock->refresh();
+        }
     }
 }
 
-void PlankBus::finishQuery(PlankItems items)
+void PlankBus::itemsChanged(const QDBusMessage& message)
 {
-    m_isQuerying = false;
-    m_failures = 0;
-    m_items = std::move(items);
-    m_items.count = m_count;
+    for (const auto& [name, plank] : m_planks) {
+        if (plank->owner != message.service()) {
+            continue;
+        }
+        const auto dock = std::ranges::find_if(plank->docks, [&](const auto& known) {
+            return known.second->path() == message.path();
+        });
+        if (dock != plank->docks.end()) {
+            dock->second->refreshWhileTheyMove();
+        } else {
+            findDocks(plank);
+        }
+    }
+}
+
+void PlankBus::notifyChanged() const
+{
     if (m_onChanged) {
         m_onChanged();
     }
-    if (m_isStale) {
-        refresh();
-    }
 }
 
-void PlankBus::queryFailed()
+std::vector<PlankOnBus> PlankBus::docks() const
 {
-    m_isQuerying = false;
-    if (++m_failures > MaximalFailures) {
-        return; // the next signal or hover tries again
-    }
-    m_runLoop.performAfterDelay(this, 0.5, [this] {
-        if (m_dockName.isEmpty()) {
-            findDock();
-        } else {
-            refresh();
+    std::vector<PlankOnBus> result;
+    for (const auto& [plankName, plank] : m_planks) {
+        for (const auto& [name, dock] : plank->docks) {
+            result.push_back({plankName, name, plank->pid, dock->items()});
         }
-    });
+    }
+    return result;
 }
 
 } // namespace lumbrix::platform

@@ -1,40 +1,35 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// Plank's items over D-Bus, without ever waiting for it.
+// The docks of all Planks on the message bus. One Plank may run several docks, and there may be
+// more Planks than one, each with a name of its own.
 #pragma once
 
 #include <QtCore/QObject>
-#include <QtCore/QPoint>
-#include <QtCore/QStringList>
 #include <QtDBus/QDBusConnection>
 #include <QtDBus/QDBusMessage>
-#include <QtDBus/QDBusPendingCall>
 
 #include <functional>
-#include <optional>
+#include <map>
+#include <memory>
 #include <vector>
 
 #include "platform/RunLoop.h"
-#include "platform/linux/docks/DockItem.h"
+#include "platform/linux/docks/PlankItems.h"
 
 namespace lumbrix::platform
 {
 
-struct PlankItem {
-    QString desktopFile;
-    QPoint hoverPoint;
+/// What the bus knows of a dock.
+struct PlankOnBus {
+    QString plank;        ///< bus name of its Plank; with `name` it is the dock's identity
+    QString name;         ///< as in its settings' path, "dock1"
+    std::int32_t pid = 0; ///< of its Plank; 0 = unknown
+    PlankItems items;     ///< in Plank's own pixels; empty until it has answered
 };
 
-/// What Plank tells of its items. Those of programs without a desktop entry have no name on the
-/// bus: only their number and the place of the first one are known.
-struct PlankItems {
-    std::vector<PlankItem> named;
-    std::optional<QPoint> firstUnnamed;
-    int count = 0; ///< of all items
-};
-
-/// Main thread. A Plank that does not answer leaves the items as they were.
+/// Main thread. Each dock is asked by itself and never waited for, so that one that does not answer
+/// keeps nothing back of the others.
 class PlankBus final : public QObject
 {
     Q_OBJECT
@@ -44,45 +39,43 @@ public:
     ~PlankBus() override;
 
     void start();
-    /// Asks for the items anew; calls during a running query are answered by one more.
+    /// Asks all docks for their items anew.
     void refresh();
+    /// Asks all Planks for their docks anew: they tell of none that comes or goes.
+    void lookForDocks();
 
-    /// "dock1" or what the first dock is called; empty until known.
-    const QString& dockName() const { return m_dockName; }
-    const PlankItems& items() const { return m_items; }
-    DockEdge edge() const { return m_edge; }
+    /// The Plank of the plain name first, each one's docks by their names.
+    std::vector<PlankOnBus> docks() const;
 
+    /// Called when docks or items changed.
     void setChanged(std::function<void()> changed) { m_onChanged = std::move(changed); }
 
 private Q_SLOTS:
-    void itemsChanged();
+    void itemsChanged(const QDBusMessage& message);
 
 private:
-    using Answer = std::function<void(const QDBusMessage&)>;
+    struct Plank {
+        QString owner; ///< unique name
+        std::int32_t pid = 0;
+        bool isAsked = false; ///< which docks it has
+        int failures = 0;
+        std::map<QString, std::unique_ptr<PlankItemsQuery>> docks; ///< by name
+    };
+    using PlankPtr = std::shared_ptr<Plank>;
+    using Answer = std::function<void(const PlankPtr&, const QDBusMessage&)>;
 
-    void ownerChanged(const QString& owner);
-    void findDock();
-    void query();
-    void queryPositions(const QStringList& uris);
-    void finishQuery(PlankItems items);
-    void queryFailed();
-    void refreshAfter(Seconds delay);
-    void call(const QDBusMessage& message, Answer answer);
-    QDBusMessage itemsCall(const QString& method) const;
+    void meet(const QString& name, const QString& owner);
+    void forget(const QString& name);
+    void findDocks(const PlankPtr& plank);
+    void takeDocks(const PlankPtr& plank, const QDBusMessage& reply);
+    void findDocksAfter(const PlankPtr& plank, Seconds delay);
+    void call(const PlankPtr& plank, const QDBusMessage& message, Answer answer);
+    void notifyChanged() const;
 
     RunLoop& m_runLoop;
     QDBusConnection m_bus;
     std::function<void()> m_onChanged;
-    QString m_owner; ///< unique name; empty while none runs
-    QString m_dockName;
-    PlankItems m_items;
-    int m_count = 0;
-    DockEdge m_edge = DockEdge::Bottom;
-
-    std::uint64_t m_generation = 0; ///< grows with each owner, to drop late answers
-    bool m_isQuerying = false;
-    bool m_isStale = false; ///< something changed during the query
-    int m_failures = 0;
+    std::map<QString, PlankPtr> m_planks; ///< by bus name
 };
 
 } // namespace lumbrix::platform

@@ -13,12 +13,7 @@ namespace lumbrix::platform
 namespace
 {
 
-// Plank gives the windows an icon without size as soon as it starts to slide away, and their place
-// back when it starts to come.
-bool isOnScreen(const x11::TrackedWindow& window)
-{
-    return window.iconGeometry && !window.iconGeometry->isEmpty();
-}
+int along(QPoint point, DockEdge edge) { return isHorizontal(edge) ? point.x() : point.y(); }
 
 } // namespace
 
@@ -28,8 +23,8 @@ bool isPlankWindow(const x11::TrackedWindow& window)
 }
 
 PlankDock::PlankDock(RunLoop& runLoop, x11::WindowTracker& tracker, ApplicationRegistry& registry,
-                     const QDBusConnection& bus)
-    : m_runLoop(runLoop), m_tracker(tracker), m_registry(registry),
+                     const QDBusConnection& bus, PlankWindowReader reader)
+    : m_runLoop(runLoop), m_tracker(tracker), m_registry(registry), m_reader(std::move(reader)),
       m_bus(std::make_unique<PlankBus>(runLoop, bus))
 {
     m_bus->setChanged([this] { rebuild(); });
@@ -37,7 +32,7 @@ PlankDock::PlankDock(RunLoop& runLoop, x11::WindowTracker& tracker, ApplicationR
 
 PlankDock::~PlankDock() { *m_alive = false; }
 
-// The dock is known by its window, at once; its items follow when it has answered.
+// A dock is known by its window, at once; its items follow when it has answered.
 void PlankDock::start()
 {
     rebuild();
@@ -47,7 +42,7 @@ void PlankDock::start()
 std::vector<DockStatePtr> PlankDock::states() const
 {
     const std::lock_guard lock(m_mutex);
-    return m_state ? std::vector{m_state} : std::vector<DockStatePtr>();
+    return m_states;
 }
 
 // Everything is put together on the main thread, where D-Bus and the preferences answer.
@@ -64,6 +59,13 @@ void PlankDock::onMainThread(void (PlankDock::*step)())
 
 void PlankDock::refresh() { m_bus->refresh(); }
 
+void PlankDock::lookForDocks()
+{
+    rebuild();
+    m_bus->lookForDocks();
+    m_bus->refresh();
+}
+
 void PlankDock::pointerEntered() { onMainThread(&PlankDock::refresh); }
 
 void PlankDock::synchronize() { rebuild(); }
@@ -71,8 +73,7 @@ void PlankDock::synchronize() { rebuild(); }
 void PlankDock::windowAdded(const x11::TrackedWindowPtr& window)
 {
     if (isPlankWindow(*window)) {
-        onMainThread(&PlankDock::rebuild);
-        onMainThread(&PlankDock::refresh);
+        onMainThread(&PlankDock::lookForDocks);
     }
 }
 
@@ -84,8 +85,10 @@ void PlankDock::windowChanged(const x11::TrackedWindowPtr& before,
         onMainThread(&PlankDock::rebuild);
         onMainThread(&PlankDock::refresh);
     }
+    const Interest interest = m_interest;
     const bool isOfInterest =
-        m_hasUnnamed || (m_hides && isOnScreen(*before) != isOnScreen(*after));
+        interest == Interest::All ||
+        (interest == Interest::ComingAndGoing && isShownByDock(*before) != isShownByDock(*after));
     if (isOfInterest && before->iconGeometrySerial != after->iconGeometrySerial &&
         !m_isRebuildUnderWay.exchange(true)) {
         onMainThread(&PlankDock::rebuild);
@@ -95,76 +98,139 @@ void PlankDock::windowChanged(const x11::TrackedWindowPtr& before,
 void PlankDock::windowRemoved(const x11::TrackedWindowPtr& last)
 {
     if (isPlankWindow(*last)) {
-        onMainThread(&PlankDock::rebuild);
+        onMainThread(&PlankDock::lookForDocks);
     }
 }
 
-std::optional<PlankSettings::Values> PlankDock::readSettings()
+std::vector<PlankWindow> PlankDock::readWindows() const
 {
-    const QString& dock = m_bus->dockName();
-    if (dock.isEmpty()) {
-        return std::nullopt;
+    std::vector<PlankWindow> windows;
+    for (const x11::TrackedWindowPtr& window : m_tracker.windows()) {
+        if (isPlankWindow(*window)) {
+            windows.push_back({.window = {window->id, window->frame, window->bounds},
+                               .pid = window->pid.value_or(0),
+                               .scale = m_reader.scale(window->id),
+                               .touched = {}});
+        }
     }
-    if (!m_settings || m_settingsName != dock) {
-        m_settingsName = dock;
-        m_settings = std::make_unique<PlankSettings>(dock, [this] {
+    if (windows.size() > 1 && m_reader.inputArea) { // to tell them apart
+        for (PlankWindow& window : windows) {
+            const QRect area = m_reader.inputArea(window.window.id);
+            window.touched = area.translated(window.window.bounds.topLeft());
+        }
+    }
+    return windows;
+}
+
+PlankDock::Kept& PlankDock::keptOf(const PlankOnBus& dock)
+{
+    Kept& kept = m_kept[{dock.plank, dock.name}];
+    if (!kept.settings) {
+        kept.settings = std::make_unique<PlankSettings>(dock.name, [this] {
             onMainThread(&PlankDock::rebuild);
             onMainThread(&PlankDock::refresh);
         });
     }
-    return m_settings->read();
+    return kept;
+}
+
+std::vector<PlankDock::Known> PlankDock::knownDocks()
+{
+    std::vector<Known> docks;
+    for (PlankOnBus& told : m_bus->docks()) {
+        Known dock;
+        dock.told = std::move(told);
+        dock.kept = &keptOf(dock.told);
+        dock.settings = dock.kept->settings->read();
+        const DockEdge otherwise = dock.settings ? dock.settings->edge : DockEdge::Bottom;
+        dock.edge = dock.told.items.edge.value_or(otherwise);
+        docks.push_back(std::move(dock));
+    }
+    return docks;
+}
+
+void PlankDock::giveWindows(std::vector<Known>& docks, std::vector<PlankWindow>& windows)
+{
+    std::vector<PlankWithoutWindow> wanting;
+    wanting.reserve(docks.size());
+    for (const Known& dock : docks) {
+        wanting.push_back({dock.told.pid, dock.edge, dock.told.items.points()});
+    }
+    const auto given = windowsOfPlanks(wanting, windows);
+    for (std::size_t i = 0; i < docks.size(); ++i) {
+        if (given[i]) {
+            docks[i].window = windows[*given[i]];
+        }
+    }
+    std::erase_if(docks, [](const Known& dock) { return dock.window.window.id == XCB_NONE; });
+    std::erase_if(windows, [&](const PlankWindow& window) {
+        return std::ranges::any_of(
+            docks, [&](const Known& dock) { return dock.window.window.id == window.window.id; });
+    });
 }
 
 void PlankDock::rebuild()
 {
     m_isRebuildUnderWay = false;
-    DockStatePtr state = makeState();
+    std::vector<PlankWindow> windows = readWindows();
+    std::vector<Known> docks = knownDocks();
+    giveWindows(docks, windows);
+    bool hides = false;
+    bool hasUnnamed = false;
+    for (Known& dock : docks) {
+        placeItems(dock);
+        hides = hides || (dock.settings && dock.settings->hides);
+        hasUnnamed = hasUnnamed || dock.told.items.firstUnnamed;
+    }
+    m_interest = hasUnnamed || (hides && docks.size() > 1) ? Interest::All
+                 : hides                                   ? Interest::ComingAndGoing
+                                                           : Interest::None;
+    noteSlides(docks);
+    std::vector<DockStatePtr> states;
+    states.reserve(docks.size() + windows.size());
+    for (const Known& dock : docks) {
+        states.push_back(makeState(dock));
+    }
+    for (const PlankWindow& window : windows) {
+        auto state = std::make_shared<DockState>();
+        state->pid = window.pid;
+        state->windows.push_back(window.window);
+        states.push_back(std::move(state));
+    }
     {
         const std::lock_guard lock(m_mutex);
-        m_state = std::move(state);
+        m_states = std::move(states);
     }
     notifyChanged();
 }
 
-bool PlankDock::hasSlidAway() const
-{
-    x11::TrackedWindowPtr latest;
-    for (const x11::TrackedWindowPtr& window : m_tracker.windows()) {
-        if (window->iconGeometry &&
-            (!latest || window->iconGeometryTime > latest->iconGeometryTime)) {
-            latest = window;
-        }
-    }
-    return latest && !isOnScreen(*latest);
-}
-
 // The middle of the icon as the dock tells it to the application's windows.
-std::optional<int> PlankDock::iconCentre(const Application& application, DockEdge edge) const
+std::optional<int> PlankDock::iconCentreOf(const Application& application, const Known& dock) const
 {
     for (const xcb_window_t id : application.windows) {
         const x11::TrackedWindowPtr window = m_tracker.window(id);
-        if (window && window->iconGeometry && isIconPlace(*window->iconGeometry)) {
-            const QRect& icon = *window->iconGeometry;
-            return isHorizontal(edge) ? icon.x() + icon.width() / 2 : icon.y() + icon.height() / 2;
+        if (!window || !window->iconGeometry || !isIconPlace(*window->iconGeometry)) {
+            continue;
+        }
+        const QPoint centre = iconCentre(*window->iconGeometry, dock.window.scale);
+        if (dock.window.window.bounds.contains(centre)) {
+            return along(centre, dock.edge);
         }
     }
     return std::nullopt;
 }
 
 // An application without a desktop entry goes by the path of its made-up URL.
-std::vector<PlankItem> PlankDock::allItems(DockEdge edge, const PlankLook& look)
+std::vector<PlankItem> PlankDock::allItems(const Known& dock, const PlankItems& told) const
 {
-    const PlankItems& told = m_bus->items();
     std::vector<PlankItem> items = told.named;
-    m_hasUnnamed = told.firstUnnamed.has_value();
     if (!told.firstUnnamed) {
         return items;
     }
     std::vector<QUrl> named;
     std::vector<int> centres;
     for (const PlankItem& item : told.named) {
-        const QPoint point = item.hoverPoint;
-        centres.push_back(isHorizontal(edge) ? point.x() : point.y());
+        centres.push_back(along(item.hoverPoint, dock.edge));
         if (const auto application = m_registry.applicationForDesktopFile(item.desktopFile)) {
             named.push_back(application->running.bundleURL);
         }
@@ -174,61 +240,71 @@ std::vector<PlankItem> PlankDock::allItems(DockEdge edge, const PlankLook& look)
         const QUrl& url = application.running.bundleURL;
         if (application.isRegular && std::ranges::find(named, url) == named.end()) {
             unnamed.push_back(
-                {url.toLocalFile(), iconCentre(application, edge), application.running.pid});
+                {url.toLocalFile(), iconCentreOf(application, dock), application.running.pid});
         }
     }
     // Those that ran before this program count as started in the order of their processes.
     std::ranges::stable_sort(unnamed, {}, &PlankUnnamed::Candidate::pid);
     const QPoint first = *told.firstUnnamed;
-    const int firstCentre = isHorizontal(edge) ? first.x() : first.y();
+    const int firstCentre = along(first, dock.edge);
     std::vector<int> known = centres;
     known.push_back(firstCentre);
-    const int pitch = plankPitch(known, look.iconSize);
+    const int pitch = plankPitch(known, dock.look.iconSize);
     const int count = std::min(static_cast<int>(unnamed.size()),
                                told.count - static_cast<int>(told.named.size()));
     const std::vector<int> free = plankFreeCentres(firstCentre, count, pitch, centres);
-    const std::vector<QString> assigned = m_unnamed.assign(unnamed, free, pitch);
+    const std::vector<QString> assigned = dock.kept->unnamed.assign(unnamed, free, pitch);
     for (std::size_t i = 0; i < assigned.size(); ++i) {
-        items.push_back({assigned[i], isHorizontal(edge) ? QPoint(free[i], first.y())
-                                                         : QPoint(first.x(), free[i])});
+        items.push_back({assigned[i], isHorizontal(dock.edge) ? QPoint(free[i], first.y())
+                                                              : QPoint(first.x(), free[i])});
     }
     return items;
 }
 
-DockStatePtr PlankDock::makeState()
+// From here on everything is in root pixels.
+void PlankDock::placeItems(Known& dock) const
 {
-    auto state = std::make_shared<DockState>();
-    for (const x11::TrackedWindowPtr& window : m_tracker.windows()) {
-        if (isPlankWindow(*window)) {
-            state->pid = window->pid.value_or(0);
-            state->windows.push_back({window->id, window->frame, window->bounds});
-        }
+    if (dock.settings) {
+        dock.look = dock.settings->look;
     }
-    if (state->windows.empty()) {
-        return nullptr;
-    }
-    state->edge = m_bus->edge();
-    PlankLook look;
-    if (const auto settings = readSettings()) {
-        look = settings->look;
-        state->magnifies = look.magnifies;
-        state->hides = settings->hides;
-        state->isHidden = settings->hides && hasSlidAway();
-        m_hides = settings->hides;
-        if (m_bus->items().named.empty()) {
-            state->edge = settings->edge;
-        }
-    }
+    dock.look.iconSize *= dock.window.scale;
+    dock.items = allItems(dock, dock.told.items.scaledBy(dock.window.scale));
     std::vector<QPoint> points;
-    const std::vector<PlankItem> items = allItems(state->edge, look);
-    points.reserve(items.size());
-    for (const PlankItem& item : items) {
+    points.reserve(dock.items.size());
+    for (const PlankItem& item : dock.items) {
         points.push_back(item.hoverPoint);
     }
-    const auto places = plankPlaces(points, state->edge, state->windows.front().bounds, look);
-    for (std::size_t i = 0; i < places.size(); ++i) {
-        const QString& desktopFile = items[i].desktopFile;
-        DockItemId& id = m_ids[desktopFile];
+    dock.places = plankPlaces(points, dock.edge, dock.window.window.bounds, dock.look);
+}
+
+void PlankDock::noteSlides(const std::vector<Known>& docks)
+{
+    std::vector<PlankSlides::Dock> writers;
+    for (const Known& dock : docks) {
+        QRect extent;
+        for (const PlankPlace& place : dock.places) {
+            extent |= place.rect;
+        }
+        writers.push_back(
+            {dock.kept->number, dock.window.window.bounds, extent, dock.window.scale});
+    }
+    m_slides.note(m_tracker.windows(), writers);
+}
+
+DockStatePtr PlankDock::makeState(const Known& dock) const
+{
+    auto state = std::make_shared<DockState>();
+    state->pid = dock.window.pid;
+    state->windows.push_back(dock.window.window);
+    state->edge = dock.edge;
+    if (dock.settings) {
+        state->magnifies = dock.look.magnifies;
+        state->hides = dock.settings->hides;
+        state->isHidden = state->hides && m_slides.isAway(dock.kept->number);
+    }
+    for (std::size_t i = 0; i < dock.items.size(); ++i) {
+        const QString& desktopFile = dock.items[i].desktopFile;
+        DockItemId& id = dock.kept->ids[desktopFile];
         if (id == 0) {
             id = newDockItemId();
         }
@@ -236,11 +312,11 @@ DockStatePtr PlankDock::makeState()
                                 .desktopFile = desktopFile,
                                 .windows = {},
                                 .isMinimizedWindow = false,
-                                .rect = places[i].rect,
-                                .magnified = places[i].magnified});
+                                .rect = dock.places[i].rect,
+                                .magnified = dock.places[i].magnified});
     }
-    std::ranges::stable_sort(state->items, {}, [&](const DockItem& item) {
-        return isHorizontal(state->edge) ? item.rect.x() : item.rect.y();
+    std::ranges::stable_sort(state->items, {}, [edge = dock.edge](const DockItem& item) {
+        return isHorizontal(edge) ? item.rect.x() : item.rect.y();
     });
     return state;
 }

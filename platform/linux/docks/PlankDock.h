@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// Plank as a dock: its items from D-Bus, its look from its preferences, its window from X.
+// The docks of Plank: their items from D-Bus, their look from its preferences, their windows from
+// X.
 #pragma once
 
 #include <QtDBus/QDBusConnection>
@@ -10,26 +11,31 @@
 #include <map>
 #include <memory>
 #include <mutex>
+#include <utility>
 
 #include "platform/RunLoop.h"
 #include "platform/linux/applications/ApplicationRegistry.h"
 #include "platform/linux/docks/DockProvider.h"
 #include "platform/linux/docks/PlankBus.h"
 #include "platform/linux/docks/PlankSettings.h"
+#include "platform/linux/docks/PlankSlides.h"
 #include "platform/linux/docks/PlankUnnamed.h"
+#include "platform/linux/docks/PlankWindows.h"
 
 namespace lumbrix::platform
 {
 
-/// Whether it is the window that Plank draws a dock in.
+/// Whether it is a window that Plank draws a dock in.
 bool isPlankWindow(const x11::TrackedWindow& window);
 
+/// One state per dock: those of the Plank of the plain name first, and last the windows of docks
+/// that have not answered yet.
 class PlankDock final : public DockProvider
 {
 public:
     /// Main thread, as is the destructor.
     PlankDock(RunLoop& runLoop, x11::WindowTracker& tracker, ApplicationRegistry& registry,
-              const QDBusConnection& bus);
+              const QDBusConnection& bus, PlankWindowReader reader);
     ~PlankDock() override;
 
     const char* name() const override { return "Plank"; }
@@ -44,34 +50,58 @@ public:
     void windowRemoved(const x11::TrackedWindowPtr& last) override;
 
 private:
+    /// What is kept of a dock, also while it does not run.
+    struct Kept {
+        DockItemId number = newDockItemId(); ///< of the dock
+        std::unique_ptr<PlankSettings> settings;
+        PlankUnnamed unnamed;
+        std::map<QString, DockItemId> ids; ///< of its items, by desktop file
+    };
+    /// A dock that is to be made a state of.
+    struct Known {
+        PlankOnBus told;
+        Kept* kept = nullptr;
+        std::optional<PlankSettings::Values> settings;
+        DockEdge edge = DockEdge::Bottom;
+        PlankWindow window;
+        PlankLook look; ///< in root pixels, as are the items from here on
+        std::vector<PlankItem> items;
+        std::vector<PlankPlace> places; ///< one for each item
+    };
+
     void onMainThread(void (PlankDock::*step)());
 
     // Main thread.
     void refresh();
+    void lookForDocks();
     void rebuild();
-    DockStatePtr makeState(); ///< null when Plank shows no dock
-    std::optional<PlankSettings::Values> readSettings();
-    /// Whether it has told the windows last that they have no icon on the screen.
-    bool hasSlidAway() const;
+    std::vector<PlankWindow> readWindows() const;
+    std::vector<Known> knownDocks();
+    Kept& keptOf(const PlankOnBus& dock);
+    /// Gives each its window, takes those from `windows`, and drops the docks without one.
+    static void giveWindows(std::vector<Known>& docks, std::vector<PlankWindow>& windows);
+    void placeItems(Known& dock) const;
     /// Everything on the dock that is an application: what it names, and what it must be showing.
-    std::vector<PlankItem> allItems(DockEdge edge, const PlankLook& look);
-    std::optional<int> iconCentre(const Application& application, DockEdge edge) const;
+    std::vector<PlankItem> allItems(const Known& dock, const PlankItems& told) const;
+    std::optional<int> iconCentreOf(const Application& application, const Known& dock) const;
+    void noteSlides(const std::vector<Known>& docks);
+    DockStatePtr makeState(const Known& dock) const;
 
     RunLoop& m_runLoop;
     x11::WindowTracker& m_tracker;
     ApplicationRegistry& m_registry;
+    const PlankWindowReader m_reader;
     const std::shared_ptr<bool> m_alive = std::make_shared<bool>(true); ///< main thread
     std::unique_ptr<PlankBus> m_bus;
-    std::unique_ptr<PlankSettings> m_settings;
-    QString m_settingsName;
-    PlankUnnamed m_unnamed;
-    std::atomic<bool> m_hasUnnamed{false};
-    std::atomic<bool> m_hides{false};
+    std::map<std::pair<QString, QString>, Kept> m_kept; ///< by Plank and dock
+    PlankSlides m_slides;
+    /// Which of the icon places that are written to windows matter.
+    enum class Interest { None, ComingAndGoing, All };
+    std::atomic<Interest> m_interest{Interest::None};
     std::atomic<bool> m_isRebuildUnderWay{false};
-    std::map<QString, DockItemId> m_ids; ///< by desktop file
 
     mutable std::mutex m_mutex;
-    DockStatePtr m_state; // guarded by m_mutex
+    std::vector<DockStatePtr> m_states; // guarded by m_mutex
 };
 
 } // namespace lumbrix::platform

@@ -1,0 +1,198 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include "platform/linux/docks/PlankItems.h"
+
+#include <QtCore/QStringList>
+#include <QtCore/QUrl>
+#include <QtDBus/QDBusPendingCallWatcher>
+
+#include <memory>
+#include <utility>
+
+namespace lumbrix::platform
+{
+
+namespace
+{
+
+// As Plank numbers them.
+DockEdge edgeOf(int position)
+{
+    switch (position) {
+    case 0:
+        return DockEdge::Left;
+    case 1:
+        return DockEdge::Right;
+    case 2:
+        return DockEdge::Top;
+    default:
+        return DockEdge::Bottom;
+    }
+}
+
+} // namespace
+
+bool isPlankAnswer(const QDBusMessage& reply, const char* signature)
+{
+    return reply.type() == QDBusMessage::ReplyMessage &&
+           reply.signature() == QLatin1String(signature);
+}
+
+PlankItems PlankItems::scaledBy(int scale) const
+{
+    PlankItems scaled = *this;
+    for (PlankItem& item : scaled.named) {
+        item.hoverPoint *= scale;
+    }
+    if (scaled.firstUnnamed) {
+        *scaled.firstUnnamed *= scale;
+    }
+    return scaled;
+}
+
+std::vector<QPoint> PlankItems::points() const
+{
+    std::vector<QPoint> all;
+    all.reserve(named.size() + 1);
+    for (const PlankItem& item : named) {
+        all.push_back(item.hoverPoint);
+    }
+    if (firstUnnamed) {
+        all.push_back(*firstUnnamed);
+    }
+    return all;
+}
+
+PlankItemsQuery::PlankItemsQuery(RunLoop& runLoop, const QDBusConnection& bus, QString owner,
+                                 QString path, std::function<void()> changed)
+    : m_runLoop(runLoop), m_bus(bus), m_owner(std::move(owner)), m_path(std::move(path)),
+      m_onChanged(std::move(changed))
+{
+}
+
+PlankItemsQuery::~PlankItemsQuery() { m_runLoop.cancelPreviousPerformRequests(this); }
+
+void PlankItemsQuery::call(const QString& method, const QVariantList& arguments,
+                           std::function<void(const QDBusMessage&)> answer)
+{
+    QDBusMessage message = QDBusMessage::createMethodCall(
+        m_owner, m_path, QStringLiteral("net.launchpad.plank.Items"), method);
+    message.setArguments(arguments);
+    auto* watcher =
+        new QDBusPendingCallWatcher(m_bus.asyncCall(message, PlankTimeoutMilliseconds), this);
+    connect(watcher, &QDBusPendingCallWatcher::finished, this,
+            [answer = std::move(answer)](QDBusPendingCallWatcher* finished) {
+                finished->deleteLater();
+                answer(finished->reply());
+            });
+}
+
+void PlankItemsQuery::refreshWhileTheyMove()
+{
+    refresh();
+    m_runLoop.cancelPreviousPerformRequests(this);
+    refreshAfter(0.3);
+    refreshAfter(0.8);
+}
+
+void PlankItemsQuery::refreshAfter(Seconds delay)
+{
+    m_runLoop.performAfterDelay(this, delay, [this] { refresh(); });
+}
+
+void PlankItemsQuery::refresh()
+{
+    if (m_isQuerying) {
+        m_isStale = true;
+        return;
+    }
+    m_isQuerying = true;
+    m_isStale = false;
+    query();
+}
+
+void PlankItemsQuery::query()
+{
+    call(QStringLiteral("GetCount"), {}, [this](const QDBusMessage& reply) {
+        m_count = isPlankAnswer(reply, "i") ? reply.arguments().constFirst().toInt() : 0;
+    });
+    call(QStringLiteral("GetPersistentApplications"), {}, [this](const QDBusMessage& kept) {
+        if (!isPlankAnswer(kept, "as")) {
+            queryFailed();
+            return;
+        }
+        const QStringList uris = kept.arguments().constFirst().toStringList();
+        call(QStringLiteral("GetTransientApplications"), {},
+             [this, uris](const QDBusMessage& running) {
+                 if (!isPlankAnswer(running, "as")) {
+                     queryFailed();
+                     return;
+                 }
+                 QStringList all = uris + running.arguments().constFirst().toStringList();
+                 all.append(QString()); // answered with the first item that has no entry
+                 all.removeDuplicates();
+                 queryPositions(all);
+             });
+    });
+}
+
+void PlankItemsQuery::queryPositions(const QStringList& uris)
+{
+    struct Collected {
+        PlankItems items;
+        qsizetype missing = 0;
+        bool isFailed = false;
+    };
+    const auto collected = std::make_shared<Collected>();
+    collected->missing = uris.size();
+    for (const QString& uri : uris) {
+        call(QStringLiteral("GetHoverPosition"), {uri},
+             [this, uri, collected](const QDBusMessage& reply) {
+                 const QVariantList values = reply.arguments();
+                 if (!isPlankAnswer(reply, "iiib")) {
+                     collected->isFailed = true;
+                 } else if (values[3].toBool()) {
+                     const QPoint point(values[0].toInt(), values[1].toInt());
+                     const QUrl url(uri);
+                     if (uri.isEmpty()) {
+                         collected->items.firstUnnamed = point;
+                     } else {
+                         collected->items.named.push_back(
+                             {url.isLocalFile() ? url.toLocalFile() : uri, point});
+                     }
+                     collected->items.edge = edgeOf(values[2].toInt());
+                 }
+                 if (--collected->missing > 0) {
+                     return;
+                 }
+                 if (collected->isFailed) {
+                     queryFailed();
+                 } else {
+                     finishQuery(std::move(collected->items));
+                 }
+             });
+    }
+}
+
+void PlankItemsQuery::finishQuery(PlankItems items)
+{
+    m_isQuerying = false;
+    m_failures = 0;
+    m_items = std::move(items);
+    m_items.count = m_count;
+    m_onChanged();
+    if (m_isStale) {
+        refresh();
+    }
+}
+
+void PlankItemsQuery::queryFailed()
+{
+    m_isQuerying = false;
+    if (++m_failures <= MaximalPlankFailures) {
+        refreshAfter(0.5);
+    }
+}
+
+} // namespace lumbrix::platform

@@ -1,0 +1,88 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// The items of one dock of Plank over D-Bus, without ever waiting for it.
+#pragma once
+
+#include <QtCore/QObject>
+#include <QtCore/QPoint>
+#include <QtCore/QString>
+#include <QtDBus/QDBusConnection>
+#include <QtDBus/QDBusMessage>
+
+#include <functional>
+#include <optional>
+#include <vector>
+
+#include "platform/RunLoop.h"
+#include "platform/linux/docks/DockItem.h"
+
+namespace lumbrix::platform
+{
+
+struct PlankItem {
+    QString desktopFile;
+    QPoint hoverPoint;
+};
+
+/// What Plank tells of a dock's items. Those of programs without a desktop entry have no name on
+/// the bus: only their number and the place of the first one are known.
+struct PlankItems {
+    std::vector<PlankItem> named;
+    std::optional<QPoint> firstUnnamed;
+    int count = 0;                  ///< of all items
+    std::optional<DockEdge> edge{}; ///< null until an item has told it
+
+    /// The same with points in root pixels: Plank counts in pixels of its own, of which one is
+    /// `scale` by `scale` on the screen.
+    PlankItems scaledBy(int scale) const;
+    /// The points of all items it tells.
+    std::vector<QPoint> points() const;
+};
+
+/// Main thread. A dock that does not answer leaves the items as they were.
+class PlankItemsQuery final : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// `path` is the dock's object of the connection `owner`. `changed` is called after each
+    /// complete answer, and must not destroy this.
+    PlankItemsQuery(RunLoop& runLoop, const QDBusConnection& bus, QString owner, QString path,
+                    std::function<void()> changed);
+    ~PlankItemsQuery() override;
+
+    const QString& path() const { return m_path; }
+    const PlankItems& items() const { return m_items; }
+    /// Asks for the items anew; calls during a running query are answered by one more.
+    void refresh();
+    /// Asks now and until they have slid to their new places.
+    void refreshWhileTheyMove();
+
+private:
+    void query();
+    void queryPositions(const QStringList& uris);
+    void finishQuery(PlankItems items);
+    void queryFailed();
+    void refreshAfter(Seconds delay);
+    void call(const QString& method, const QVariantList& arguments,
+              std::function<void(const QDBusMessage&)> answer);
+
+    RunLoop& m_runLoop;
+    QDBusConnection m_bus;
+    const QString m_owner;
+    const QString m_path;
+    const std::function<void()> m_onChanged;
+    PlankItems m_items;
+    int m_count = 0;
+    bool m_isQuerying = false;
+    bool m_isStale = false; ///< something changed during the query
+    int m_failures = 0;
+};
+
+/// Whether the reply is a good one with arguments of these types.
+bool isPlankAnswer(const QDBusMessage& reply, const char* signature);
+inline constexpr int PlankTimeoutMilliseconds = 2000;
+inline constexpr int MaximalPlankFailures = 10; ///< in a row, then only signals and hovers ask
+
+} // namespace lumbrix::platform

@@ -1,0 +1,128 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include "platform/linux/docks/PlankWindows.h"
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+#include <tuple>
+
+#include <xcb/shape.h>
+
+#include "platform/linux/x11/Connection.h"
+
+namespace lumbrix::platform
+{
+
+namespace
+{
+
+constexpr int MaximalScale = 16;
+
+bool holds(const QRect& bounds, const std::vector<QPoint>& points, int scale)
+{
+    return !points.empty() && std::ranges::all_of(points, [&](QPoint point) {
+        return bounds.contains(point * scale);
+    });
+}
+
+// Along the edge only: across it a dock that has slid away touches nothing but the edge.
+bool isTouchedAt(const PlankWindow& window, const std::vector<QPoint>& points, DockEdge edge)
+{
+    const QRect& touched = window.touched;
+    return !touched.isEmpty() && !points.empty() && std::ranges::all_of(points, [&](QPoint point) {
+        const QPoint pixel = point * window.scale;
+        return isHorizontal(edge)
+                   ? pixel.x() >= touched.x() && pixel.x() < touched.x() + touched.width()
+                   : pixel.y() >= touched.y() && pixel.y() < touched.y() + touched.height();
+    });
+}
+
+// A process that is on both sides belongs together; numbers that are strange to each other may
+// still be the same process, seen from inside and outside of a container.
+bool areStrangers(std::int32_t dock, std::int32_t window,
+                  const std::vector<PlankWithoutWindow>& docks,
+                  const std::vector<PlankWindow>& windows)
+{
+    return dock != window &&
+           (std::ranges::find(docks, window, &PlankWithoutWindow::pid) != docks.end() ||
+            std::ranges::find(windows, dock, &PlankWindow::pid) != windows.end());
+}
+
+int fit(const PlankWithoutWindow& dock, const PlankWindow& window)
+{
+    const QRect& bounds = window.window.bounds;
+    const bool isWide = bounds.width() >= bounds.height();
+    return (holds(bounds, dock.points, window.scale) ? 4 : 0) +
+           (isWide == isHorizontal(dock.edge) ? 2 : 0) +
+           (isTouchedAt(window, dock.points, dock.edge) ? 1 : 0);
+}
+
+} // namespace
+
+int readPlankScale(xcb_connection_t* connection, xcb_window_t window)
+{
+    constexpr std::uint32_t Longs = 18;
+    constexpr std::uint32_t ResizeIncrementIsSet = 1U << 6;
+    const x11::Reply<xcb_get_property_reply_t> reply(
+        xcb_get_property_reply(connection,
+                               xcb_get_property(connection, 0, window, XCB_ATOM_WM_NORMAL_HINTS,
+                                                XCB_ATOM_WM_SIZE_HINTS, 0, Longs),
+                               nullptr));
+    std::array<std::uint32_t, Longs> hints{};
+    if (!reply || reply->format != 32 ||
+        xcb_get_property_value_length(reply.get()) != static_cast<int>(sizeof hints)) {
+        return 1;
+    }
+    std::memcpy(hints.data(), xcb_get_property_value(reply.get()), sizeof hints);
+    const std::uint32_t step = hints[9];
+    const bool isScale = (hints[0] & ResizeIncrementIsSet) != 0 && step == hints[10] && step >= 1 &&
+                         step <= MaximalScale;
+    return isScale ? static_cast<int>(step) : 1;
+}
+
+QRect readInputArea(xcb_connection_t* connection, xcb_window_t window)
+{
+    const x11::Reply<xcb_shape_get_rectangles_reply_t> reply(xcb_shape_get_rectangles_reply(
+        connection, xcb_shape_get_rectangles(connection, window, XCB_SHAPE_SK_INPUT), nullptr));
+    QRect area;
+    const int count = reply ? xcb_shape_get_rectangles_rectangles_length(reply.get()) : 0;
+    for (int i = 0; i < count; ++i) {
+        const xcb_rectangle_t& rect = xcb_shape_get_rectangles_rectangles(reply.get())[i];
+        area |= QRect(rect.x, rect.y, rect.width, rect.height);
+    }
+    return area;
+}
+
+std::vector<std::optional<std::size_t>>
+windowsOfPlanks(const std::vector<PlankWithoutWindow>& docks,
+                const std::vector<PlankWindow>& windows)
+{
+    struct Pair {
+        int fit = 0;
+        std::size_t dock = 0;
+        std::size_t window = 0;
+    };
+    std::vector<Pair> pairs;
+    for (std::size_t d = 0; d < docks.size(); ++d) {
+        for (std::size_t w = 0; w < windows.size(); ++w) {
+            if (!areStrangers(docks[d].pid, windows[w].pid, docks, windows)) {
+                pairs.push_back({fit(docks[d], windows[w]), d, w});
+            }
+        }
+    }
+    // What fits equally well goes by age: Plank makes the windows in the order of its docks.
+    std::ranges::sort(pairs, {}, [&](const Pair& pair) {
+        return std::tuple(-pair.fit, pair.dock, windows[pair.window].window.id);
+    });
+    std::vector<std::optional<std::size_t>> result(docks.size());
+    for (const Pair& pair : pairs) {
+        if (!result[pair.dock] && std::ranges::find(result, pair.window) == result.end()) {
+            result[pair.dock] = pair.window;
+        }
+    }
+    return result;
+}
+
+} // namespace lumbrix::platform

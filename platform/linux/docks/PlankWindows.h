@@ -1,0 +1,53 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// Which window shows which dock of Plank, which says so nowhere, and what else a dock's window
+// tells. Geometry is in root pixels.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <vector>
+
+#include "platform/linux/docks/DockItem.h"
+#include "platform/linux/docks/PlankItems.h"
+
+namespace lumbrix::platform
+{
+
+/// How many pixels of the screen, each way, one of Plank's own is: what is drawn bigger for the
+/// user's sake still counts its points and sizes as before, but has its window resized in steps of
+/// that many. 1 where the window says nothing or nonsense. One round trip; any thread.
+int readPlankScale(xcb_connection_t* connection, xcb_window_t window);
+/// The part of the window that the pointer touches, counted from the window's corner: the bar with
+/// the items, or a strip as long as that while the dock has slid away. Empty when unknown. One
+/// round trip; any thread; the server must have the shape extension.
+QRect readInputArea(xcb_connection_t* connection, xcb_window_t window);
+
+/// What has to be asked of the server. Main thread; `inputArea` may be null.
+struct PlankWindowReader {
+    std::function<int(xcb_window_t)> scale;
+    std::function<QRect(xcb_window_t)> inputArea;
+};
+
+struct PlankWindow {
+    DockWindow window;
+    std::int32_t pid = 0; ///< 0 = unknown
+    int scale = 1;
+    QRect touched; ///< the part that the pointer touches; empty = unknown
+};
+
+/// What is known of a dock that wants a window.
+struct PlankWithoutWindow {
+    std::int32_t pid = 0; ///< 0 = unknown
+    DockEdge edge = DockEdge::Bottom;
+    std::vector<QPoint> points; ///< beside its items, in Plank's own pixels
+};
+
+/// For each dock the index of its window, null while there is none. No window is given twice. Pure.
+std::vector<std::optional<std::size_t>>
+windowsOfPlanks(const std::vector<PlankWithoutWindow>& docks,
+                const std::vector<PlankWindow>& windows);
+
+} // namespace lumbrix::platform

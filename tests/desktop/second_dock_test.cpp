@@ -1,0 +1,56 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// A Plank with two docks, one at the bottom and one on the left.
+#include "DesktopTest.h"
+
+namespace lumbrix::privatedesk
+{
+
+class SecondDockTest : public DesktopTest
+{
+};
+
+INSTANTIATE_TEST_SUITE_P(, SecondDockTest,
+                         testing::Values(DeskOptions{
+                             .name = "plank_twice", .session = {}, .secondEdge = Edge::Left}),
+                         deskName);
+
+TEST_P(SecondDockTest, icons_ofBothDocks_haveTheirPreviewsAndCountsBesideThem)
+{
+    desk().startLumbrix({{u"badgeDock"_qs, u"1"_qs}});
+    const Application& alpha = launch(u"alpha"_qs, 2);
+    const auto below = desk().iconOf(alpha);
+    const auto left = desk().iconOnSecondDock(alpha);
+    ASSERT_TRUE(below && left);
+    const auto isCounted = [&](QPoint icon) {
+        return std::ranges::any_of(display().badges(), [&](const Panel& badge) {
+            return QRect(icon - QPoint(36, 36), QSize(72, 72)).contains(badge.geometry.center());
+        });
+    };
+    EXPECT_TRUE(waitUntil([&] { return isCounted(*below) && isCounted(*left); }));
+    const auto row = [&] {
+        QRect all;
+        for (const Panel& panel : display().previews())
+            all |= panel.geometry;
+        return all;
+    };
+    for (int round = 0; round < 2; ++round) {
+        display().moveTo(*below);
+        EXPECT_TRUE(waitUntil([&] {
+            return row().bottom() < below->y() && row().left() < below->x() &&
+                   below->x() < row().right() && row().width() > row().height();
+        }));
+        EXPECT_TRUE(shows(alpha));
+        savePicture("below");
+        display().moveTo(*left);
+        EXPECT_TRUE(waitUntil([&] {
+            return row().left() > left->x() && row().top() < left->y() &&
+                   left->y() < row().bottom() && row().height() > row().width();
+        }));
+        EXPECT_TRUE(shows(alpha));
+        savePicture("left");
+    }
+}
+
+} // namespace lumbrix::privatedesk

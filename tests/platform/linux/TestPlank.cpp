@@ -1,0 +1,82 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include "tests/platform/linux/TestPlank.h"
+
+#include <QtCore/QStringList>
+#include <QtDBus/QDBusMessage>
+
+#include <utility>
+
+namespace lumbrix::test
+{
+
+namespace
+{
+QString path() { return QStringLiteral("/net/launchpad/plank"); }
+} // namespace
+
+TestPlank::TestPlank(const QDBusConnection& bus, const QString& name,
+                     std::map<QString, Dock> itsDocks)
+    : docks(std::move(itsDocks)), m_bus(bus)
+{
+    m_bus.registerVirtualObject(path(), this, QDBusConnection::SubPath);
+    if (!m_bus.registerService(name))
+        qFatal("a test Plank could not join the bus");
+}
+
+TestPlank::~TestPlank()
+{
+    // Else the bus's own thread would let go of this, some time later.
+    m_bus.unregisterObject(path());
+    disconnect();
+    const QString name = m_bus.name();
+    m_bus = QDBusConnection(QString());
+    QDBusConnection::disconnectFromBus(name);
+}
+
+void TestPlank::tell(const QString& dock)
+{
+    m_bus.send(QDBusMessage::createSignal(path() + u'/' + dock,
+                                          QStringLiteral("net.launchpad.plank.Items"),
+                                          QStringLiteral("Changed")));
+}
+
+bool TestPlank::handleMessage(const QDBusMessage& message, const QDBusConnection& connection)
+{
+    if (hangs) {
+        message.setDelayedReply(true);
+        return true;
+    }
+    if (refuses)
+        return connection.send(message.createErrorReply(QDBusError::NoReply, QString()));
+    return connection.send(message.createReply(answer(message)));
+}
+
+QVariantList TestPlank::answer(const QDBusMessage& message) const
+{
+    if (message.member() == u"Introspect") {
+        QString nodes;
+        for (const auto& [name, dock] : docks)
+            nodes += QStringLiteral("<node name=\"%1\"/>").arg(name);
+        return {QStringLiteral("<node>%1</node>").arg(nodes)};
+    }
+    const auto it = docks.find(message.path().section(u'/', -1));
+    const Dock dock = it == docks.end() ? Dock() : it->second;
+    if (message.member() == u"GetHoverPosition") {
+        const auto item = dock.items.find(message.arguments().value(0).toString());
+        const bool isFound = item != dock.items.end();
+        const QPoint point = isFound ? item->second : QPoint();
+        return {point.x(), point.y(), dock.position, isFound};
+    }
+    if (message.member() == u"GetCount")
+        return {static_cast<int>(dock.items.size())};
+    QStringList uris;
+    for (const auto& [uri, point] : dock.items) {
+        if (message.member() == u"GetPersistentApplications" && !uri.isEmpty())
+            uris += uri;
+    }
+    return {uris};
+}
+
+} // namespace lumbrix::test
