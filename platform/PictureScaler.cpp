@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <cstdlib>
 #include <cstring>
 #include <numeric>
 #include <vector>
@@ -277,6 +278,15 @@ QImage scaledPicture(const QImage& source, QSize size, Arithmetic arithmetic)
     else
         scalePlain(picture, columns, rows, result);
     return result;
+}
+
+QSize pixelsToDraw(QSize picture, QSize points, double pixelsPerPoint)
+{
+    const QSize pixels = (QSizeF(points) * pixelsPerPoint).toSize();
+    const QSize difference = pixels - picture;
+    const bool isRounding = std::abs(difference.width()) < pixelsPerPoint &&
+                            std::abs(difference.height()) < pixelsPerPoint;
+    return isRounding ? picture : pixels;
 }
 
 } // namespace lumbrix

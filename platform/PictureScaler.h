@@ -23,4 +23,9 @@ enum class Arithmetic {
 /// already is returned as it is. Any thread.
 QImage scaledPicture(const QImage& source, QSize size, Arithmetic arithmetic = Arithmetic::Widest);
 
+/// How large, in pixels, to draw a picture that is to cover so many of the toolkit's points: as it
+/// is where only the rounding to whole points keeps it from fitting, as scaling by a single pixel
+/// would blur all of it. Any thread.
+QSize pixelsToDraw(QSize picture, QSize points, double pixelsPerPoint);
+
 } // namespace lumbrix

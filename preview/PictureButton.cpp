@@ -65,7 +65,7 @@ QRect PictureButton::pictureRect() const
 const QImage& PictureButton::painted(QSize points)
 {
     const qreal ratio = devicePixelRatioF();
-    const QSize pixels = (QSizeF(points) * ratio).toSize();
+    const QSize pixels = pixelsToDraw(m_image.size(), points, ratio);
     if (m_paintedFor == pixels)
         return m_painted;
     m_painted =

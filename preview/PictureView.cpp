@@ -23,11 +23,14 @@ void PictureView::paintEvent(QPaintEvent*)
 {
     if (m_image.isNull())
         return;
-    const QSize pixels = (QSizeF(size()) * devicePixelRatioF()).toSize();
-    if (m_scaled.size() != pixels)
+    const qreal ratio = devicePixelRatioF();
+    const QSize pixels = pixelsToDraw(m_image.size(), size(), ratio);
+    if (m_scaled.size() != pixels) {
         m_scaled = scaledPicture(m_image, pixels);
+        m_scaled.setDevicePixelRatio(ratio);
+    }
     QPainter painter(this);
-    painter.drawImage(rect(), m_scaled);
+    painter.drawImage(0, 0, m_scaled);
 }
 
 } // namespace lumbrix

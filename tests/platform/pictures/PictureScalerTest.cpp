@@ -142,5 +142,19 @@ TEST(PictureScaler, degenerateInput_givesNothingOrTheSourceItself)
               QImage::Format_RGB32);
 }
 
+TEST(PictureScaler, pictureThatFitsButForRounding_isDrawnAsItIs)
+{
+    const auto draw = [](int picture, int points, double pixelsPerPoint) {
+        return pixelsToDraw({picture, picture}, {points, points}, pixelsPerPoint).width();
+    };
+    EXPECT_EQ(draw(361, 180, 2.0), 361);
+    EXPECT_EQ(draw(361, 181, 2.0), 361);
+    EXPECT_EQ(draw(362, 180, 2.0), 360);
+    EXPECT_EQ(draw(227, 182, 1.25), 227);
+    EXPECT_EQ(draw(230, 182, 1.25), 228);
+    EXPECT_EQ(draw(101, 100, 1.0), 100);
+    EXPECT_EQ(pixelsToDraw({361, 400}, {180, 150}, 2.0), QSize(360, 300));
+}
+
 } // namespace
 } // namespace lumbrix
