@@ -74,11 +74,29 @@ void MAWindow::setFrame(const QRectF& frame)
 {
     m_frame = frame;
     const QRect rounded = toolkitRect(frame);
-    if (rounded == geometry())
+    const qreal pixelsPerPoint = devicePixelRatioF();
+    const bool isScaled = std::exchange(m_pixelsPerPoint, pixelsPerPoint) != pixelsPerPoint;
+    if (rounded == geometry() && !isScaled)
         return;
+    if (isScaled && windowHandle())
+        makeWindowAnew();
     setGeometry(rounded);
     if (m_content)
         m_content->setGeometry(rect());
+}
+
+// When the user has the toolkit draw larger, a window keeps its pixels, its mask and what it paints
+// on, and the toolkit does not notice that all this is fewer points now.
+void MAWindow::makeWindowAnew()
+{
+    const bool isFront = isVisible();
+    const bool isHeld = m_isHeld;
+    hide();
+    destroy();
+    m_maskPath = {};
+    m_isHeld = isHeld;
+    if (isFront)
+        orderFrontRegardless();
 }
 
 void MAWindow::setContent(QWidget* content)

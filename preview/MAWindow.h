@@ -94,6 +94,7 @@ protected:
 
 private:
     bool isOnScreen() const { return QWidget::isVisible() && !m_isAway; }
+    void makeWindowAnew();
     void prepareToShow();
     void enterFrontPanels();
     void bringOntoScreen();
@@ -109,6 +110,7 @@ private:
     QRectF m_frame;
     QWidget* m_content = nullptr;
     qreal m_cornerRadius = 0;
+    qreal m_pixelsPerPoint = 0; ///< when the frame was set
     int m_level = 0;
     bool m_shaped = false;
     bool m_isDue = false;  ///< ordered front, but held or alone

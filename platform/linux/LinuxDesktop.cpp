@@ -8,6 +8,7 @@
 
 #include <unistd.h>
 
+#include "platform/linux/ToolkitScale.h"
 #include "platform/linux/accessibility/X11Accessibility.h"
 #include "platform/linux/applications/ApplicationRegistry.h"
 #include "platform/linux/applications/LinuxWorkspace.h"
@@ -194,6 +195,10 @@ private:
     const RegistryOwnerPids m_ownerPids;
     const Desktop m_ports;
     QRect m_hint;
+    const ToolkitScale m_scale{[this](double pixelsPerPoint) {
+        m_core->setPixelsPerPoint(pixelsPerPoint);
+        m_workspace.tell(WorkspaceNotification::DockItemsDidChange, 0); // in points they have
+    }};
 };
 
 } // namespace

@@ -10,6 +10,7 @@
 #include <QtCore/QRect>
 #include <QtCore/QRectF>
 
+#include <atomic>
 #include <mutex>
 #include <vector>
 
@@ -26,6 +27,7 @@ public:
     void setScreens(std::vector<QRect> screens);
     std::vector<QRect> screens() const;
     double pixelsPerPoint() const { return m_scale; }
+    void setPixelsPerPoint(double pixelsPerPoint) { m_scale = pixelsPerPoint; }
 
     QRectF toPoints(const QRect& pixels) const;
     QPointF toPoints(QPoint pixels) const;
@@ -34,7 +36,7 @@ public:
     QPointF toScreenPoints(QPoint pixels) const;
 
 private:
-    const double m_scale;
+    std::atomic<double> m_scale;
     mutable std::mutex m_mutex;
     std::vector<QRect> m_screens{QRect(0, 0, 1, 1)};
 };

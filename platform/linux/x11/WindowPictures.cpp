@@ -5,6 +5,7 @@
 
 #include "platform/PictureScaler.h"
 #include "platform/linux/x11/Connection.h"
+#include "platform/linux/x11/PointSpace.h"
 
 #include <xcb/composite.h>
 
@@ -109,10 +110,9 @@ struct WindowPictures::Picture {
 
 WindowPictures::WindowPictures(RunLoop& runLoop, const Connection& events,
                                const Connection& captures, WindowTracker& tracker,
-                               double pixelsPerPoint, bool isCompositorRunning)
+                               const PointSpace& points, bool isCompositorRunning)
     : m_runLoop(runLoop), m_events(events), m_captures(captures), m_tracker(tracker),
-      m_pixelsPerPoint(pixelsPerPoint), m_isCompositorRunning(isCompositorRunning),
-      m_copier(captures),
+      m_points(points), m_isCompositorRunning(isCompositorRunning), m_copier(captures),
       m_worker(runLoop, "x11-pictures", [this](const Thread& self) { work(self); })
 {
 }
@@ -252,7 +252,7 @@ QImage WindowPictures::copy(Picture& picture, const TrackedWindow& before)
     m_captures.discardEvents();
     if (image.isNull())
         return image;
-    image.setDevicePixelRatio(m_pixelsPerPoint);
+    image.setDevicePixelRatio(m_points.pixelsPerPoint());
     ++m_copyCount;
     m_lastCopied = m_runLoop.now();
     return image;

@@ -26,6 +26,7 @@ namespace lumbrix::platform::x11
 {
 
 class Connection;
+class PointSpace;
 
 /// Every previewable window (docks and desktops are not) has a named pixmap from the time it is
 /// first seen mapped: it outlives the window's unmapping, so a minimised window and one of another
@@ -48,7 +49,7 @@ public:
     static constexpr Seconds kPingInterval = 1.0;
 
     WindowPictures(RunLoop& runLoop, const Connection& events, const Connection& captures,
-                   WindowTracker& tracker, double pixelsPerPoint, bool isCompositorRunning);
+                   WindowTracker& tracker, const PointSpace& points, bool isCompositorRunning);
     ~WindowPictures() override;
 
     /// Takes in the windows there are and starts the worker. Before the event thread starts.
@@ -108,7 +109,7 @@ private:
     const Connection& m_events;
     const Connection& m_captures;
     WindowTracker& m_tracker;
-    const double m_pixelsPerPoint;
+    const PointSpace& m_points; ///< how many pixels a picture has per point
     std::atomic<bool> m_isCompositorRunning;
     std::atomic<std::uint64_t> m_copyCount = 0;
     std::atomic<Seconds> m_lastCopied = -kKeepWhole;

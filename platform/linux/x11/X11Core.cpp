@@ -34,8 +34,7 @@ struct X11Core::Parts {
           captures(std::move(captureConnection)), atoms(*events), points(pixelsPerPoint),
           commands(*events, atoms, wake), tracker(runLoop, *events, atoms, commands, listeners),
           screens(*events, atoms, commands, listeners, points),
-          pictures(runLoop, *events, *captures, tracker, pixelsPerPoint,
-                   screens.isCompositorRunning()),
+          pictures(runLoop, *events, *captures, tracker, points, screens.isCompositorRunning()),
           popups(*events, atoms, tracker, listeners), trays(*events, atoms),
           input(*requests, *events, points), keys(*events, *requests, wake),
           eventTaps(runLoop, keys), layout(*requests), server(tracker, pictures, points, screens)
@@ -98,6 +97,14 @@ void X11Core::stop()
 {
     m_parts->thread->stop();
     m_parts->pictures.stop();
+}
+
+void X11Core::setPixelsPerPoint(double pixelsPerPoint)
+{
+    m_parts->points.setPixelsPerPoint(pixelsPerPoint);
+    m_parts->commands.post([this](xcb_timestamp_t) {
+        m_parts->listeners.notify([](WindowListener& listener) { listener.screensChanged(); });
+    });
 }
 
 WindowTracker& X11Core::tracker() { return m_parts->tracker; }

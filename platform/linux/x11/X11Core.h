@@ -58,6 +58,10 @@ public:
     /// destructor does it too, but listeners that are destroyed earlier need it earlier.
     void stop();
 
+    /// The toolkit's scale factor is another now. Main thread; listeners hear of it as of a change
+    /// of the screens.
+    void setPixelsPerPoint(double pixelsPerPoint);
+
     WindowTracker& tracker();
     X11WindowServer& windowServer();
     X11InputState& inputState();

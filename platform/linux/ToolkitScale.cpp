@@ -1,0 +1,54 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include "platform/linux/ToolkitScale.h"
+
+#include <QtGui/QGuiApplication>
+#include <QtGui/QScreen>
+
+#include <algorithm>
+#include <utility>
+
+namespace lumbrix::platform
+{
+
+namespace
+{
+
+// The application's own answer is an old one while a change is being told.
+double pixelsPerPoint()
+{
+    double largest = 1.0;
+    for (const QScreen* screen : QGuiApplication::screens()) {
+        largest = std::max(largest, screen->devicePixelRatio());
+    }
+    return largest;
+}
+
+} // namespace
+
+ToolkitScale::ToolkitScale(std::function<void(double)> changed)
+    : m_changed(std::move(changed)), m_last(pixelsPerPoint())
+{
+    connect(qGuiApp, &QGuiApplication::screenAdded, this, &ToolkitScale::watch);
+    for (const QScreen* screen : QGuiApplication::screens()) {
+        watch(screen);
+    }
+}
+
+// There is no signal for the factor itself; a screen's size in points goes with it.
+void ToolkitScale::watch(const QScreen* screen)
+{
+    connect(screen, &QScreen::geometryChanged, this, &ToolkitScale::look);
+    connect(screen, &QScreen::logicalDotsPerInchChanged, this, &ToolkitScale::look);
+}
+
+void ToolkitScale::look()
+{
+    const double now = pixelsPerPoint();
+    if (std::exchange(m_last, now) != now) {
+        m_changed(now);
+    }
+}
+
+} // namespace lumbrix::platform

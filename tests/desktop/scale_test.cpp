@@ -1,0 +1,176 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// A desktop that draws everything twice as large, until the user has it draw smaller.
+#include "DesktopTest.h"
+
+#include <cstring>
+
+namespace lumbrix::privatedesk
+{
+
+namespace
+{
+
+/// Whether some part of the picture is exactly the other one.
+bool contains(const QImage& picture, const QImage& part)
+{
+    const auto isAt = [&](int x, int y) {
+        for (int line = 0; line < part.height(); ++line) {
+            const auto* seen = reinterpret_cast<const QRgb*>(picture.constScanLine(y + line)) + x;
+            const auto* wanted = reinterpret_cast<const QRgb*>(part.constScanLine(line));
+            for (int i = 0; i < part.width(); ++i) {
+                if ((seen[i] & RGB_MASK) != (wanted[i] & RGB_MASK))
+                    return false;
+            }
+        }
+        return true;
+    };
+    for (int y = 0; y + part.height() <= picture.height(); ++y) {
+        for (int x = 0; x + part.width() <= picture.width(); ++x) {
+            if (isAt(x, y))
+                return true;
+        }
+    }
+    return false;
+}
+
+/// The settings daemon of a desktop, which tells running programs how large text is. Ends with its
+/// owner.
+class FontSettings
+{
+public:
+    explicit FontSettings(Display& display)
+        : m_display(display), m_connection(xcb_connect(display.name().constData(), nullptr)),
+          m_window(xcb_generate_id(m_connection))
+    {
+        xcb_create_window(m_connection, 0, m_window, display.root(), -1, -1, 1, 1, 0,
+                          XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT, 0, nullptr);
+    }
+    ~FontSettings() { xcb_disconnect(m_connection); }
+    FontSettings(const FontSettings&) = delete;
+    FontSettings& operator=(const FontSettings&) = delete;
+
+    void setDotsPerInch(int dots)
+    {
+        constexpr char name[] = "Xft/DPI";
+        struct {
+            std::uint32_t order = 0;
+            std::uint32_t serial = 0;
+            std::uint32_t count = 1;
+            std::uint16_t type = 0; // a number
+            std::uint16_t nameLength = sizeof name - 1;
+            char text[sizeof name] = {};
+            std::uint32_t settingSerial = 0;
+            std::int32_t value = 0;
+        } setting;
+        std::memcpy(setting.text, name, sizeof name); // its last character is the padding
+        setting.value = dots * 1024;
+        setting.serial = setting.settingSerial = ++m_serial;
+        const xcb_atom_t property = m_display.atom("_XSETTINGS_SETTINGS");
+        xcb_change_property(m_connection, XCB_PROP_MODE_REPLACE, m_window, property, property, 8,
+                            sizeof setting, &setting);
+        const xcb_atom_t selection = m_display.atom("_XSETTINGS_S0");
+        xcb_set_selection_owner(m_connection, m_window, selection, XCB_CURRENT_TIME);
+        xcb_client_message_event_t arrival{};
+        arrival.response_type = XCB_CLIENT_MESSAGE;
+        arrival.format = 32;
+        arrival.window = m_display.root();
+        arrival.type = m_display.atom("MANAGER");
+        arrival.data.data32[1] = selection;
+        arrival.data.data32[2] = m_window;
+        xcb_send_event(m_connection, 0, m_display.root(), XCB_EVENT_MASK_STRUCTURE_NOTIFY,
+                       reinterpret_cast<const char*>(&arrival));
+        xcb_flush(m_connection);
+    }
+
+private:
+    Display& m_display;
+    xcb_connection_t* const m_connection;
+    const xcb_window_t m_window;
+    std::uint32_t m_serial = 0;
+};
+
+} // namespace
+
+class ScaleTest : public DesktopTest
+{
+protected:
+    /// Waits until the application's row is to the right of its icon, at the icon's height.
+    Result showsBesideTheIcon(const Application& application)
+    {
+        hover(application);
+        if (const Result shown = shows(application); !shown)
+            return shown;
+        QRect row;
+        for (const Panel& panel : display().previews())
+            row |= panel.geometry;
+        const QPoint off = QPoint(row.left(), row.center().y()) - display().pointer();
+        if (off.x() > 24 && off.x() < 250 && std::abs(off.y()) < 20)
+            return testing::AssertionSuccess();
+        return testing::AssertionFailure() << off.x() << ',' << off.y() << " from the pointer";
+    }
+};
+
+INSTANTIATE_TEST_SUITE_P(, ScaleTest, testing::Values(enlarged(Edge::Left)), deskName);
+
+// Half a point too large or too small, they used to be scaled by one pixel, which blurs everything.
+TEST_P(ScaleTest, pictures_lifeSize_areShownPixelForPixel)
+{
+    Application& alpha = launch(u"alpha"_qs);
+    const AppWindow odd = alpha.open("odd", Qt::blue, {{181, 121}, {1200, 200}});
+    const AppWindow even = alpha.open("even", Qt::red, {{180, 120}, {1200, 500}});
+    hover(alpha);
+    QImage title;
+    const auto isShownAs = [&](const QString& role) {
+        return std::ranges::any_of(display().panels(), [&](const Panel& panel) {
+            return panel.role == role && contains(display().picture(panel.geometry), title);
+        });
+    };
+    for (const AppWindow& window : {even, odd}) {
+        const QRect place = display().geometry(window.id).value_or(QRect());
+        EXPECT_TRUE(waitUntil([&] {
+            title = display().picture({place.x() + 10, place.y() - 40, place.width() - 20, 20});
+            return isShownAs(u"preview"_qs);
+        })) << window.title.constData();
+    }
+    savePicture("small");
+    desk().park();
+    launch(u"beta"_qs).open("above it", Qt::green, {{300, 300}, {1150, 150}});
+    hover(alpha);
+    ASSERT_TRUE(waitUntil([&] { return preview(odd.title).has_value(); }));
+    moveToPreview(odd.title);
+    EXPECT_TRUE(waitUntil([&] { return isShownAs(u"zoom"_qs); }));
+    savePicture("zoom");
+}
+
+TEST_P(ScaleTest, scale_changedMeanwhile_isThatOfTheNextRow)
+{
+    auto settings = std::make_unique<FontSettings>(display());
+    settings->setDotsPerInch(192);
+    desk().stopLumbrix();
+    desk().startLumbrix({{u"badgeDock"_qs, u"1"_qs}});
+    const Application& alpha = launch(u"alpha"_qs, 2);
+    ASSERT_TRUE(waitUntil([&] { return display().badges().size() == 1; }));
+    EXPECT_TRUE(showsBesideTheIcon(alpha));
+    savePicture("before");
+    const auto width = [](const std::vector<Panel>& panels) {
+        return panels.empty() ? 0 : panels.front().geometry.width();
+    };
+    const int count = width(display().badges());
+    const int preview = width(display().previews());
+    desk().park();
+    ASSERT_TRUE(waitUntil([&] { return display().previews().empty(); }));
+
+    settings->setDotsPerInch(96);
+    ASSERT_TRUE(waitUntil([&] { return width(display().badges()) != count; }));
+    EXPECT_TRUE(showsBesideTheIcon(alpha));
+    savePicture("after");
+    EXPECT_EQ(width(display().previews()), preview / 2);
+
+    settings.reset();
+    desk().stopLumbrix(); // it keeps the scale that it was told last
+    desk().startLumbrix();
+}
+
+} // namespace lumbrix::privatedesk
