@@ -74,8 +74,9 @@ public:
     /// Frames of the screens, the main one first; in accessibility coordinates, so the main one's
     /// top left is (0, 0).
     virtual std::vector<QRectF> screens() = 0;
-    /// Where the accessibility origin lies in the toolkit's global coordinates, points.
-    virtual QPointF toolkitOrigin() = 0;
+    /// What leads from accessibility coordinates to the toolkit's global ones, for a panel with
+    /// these bounds (accessibility coordinates); points.
+    virtual QPointF toolkitOffset(const QRectF& bounds) = 0;
     /// Whether translucent pixels of a window are blended with what lies below. Where they are
     /// not, panels have to be shaped.
     virtual bool blendsTranslucency() = 0;

@@ -39,8 +39,9 @@ std::vector<MAWindow*>& frontPanels()
 /// neither overlap nor leave a gap.
 QRect toolkitRect(const QRectF& frame)
 {
-    const QRectF flipped = UIElementUtilities::flippedScreenBounds(frame).translated(
-        platform::desktop().windowServer.toolkitOrigin());
+    const QRectF bounds = UIElementUtilities::flippedScreenBounds(frame);
+    const QRectF flipped =
+        bounds.translated(platform::desktop().windowServer.toolkitOffset(bounds));
     const int left = qRound(flipped.x());
     const int top = qRound(flipped.y());
     const int width = qRound(flipped.x() + flipped.width()) - left;

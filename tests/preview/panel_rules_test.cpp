@@ -163,7 +163,7 @@ TEST_F(Panel, frames_neighboursTouchAndOriginIsBottomLeft)
 {
     struct OffOrigin : ForwardingWindowServer {
         using ForwardingWindowServer::ForwardingWindowServer;
-        QPointF toolkitOrigin() override { return {100, 50}; }
+        QPointF toolkitOffset(const QRectF&) override { return {100, 50}; }
     } windowServer{desk.windowServer()};
     install(desk.accessibility(), windowServer);
     const ScreenyViewPtr left = load();

@@ -116,7 +116,7 @@ public:
         return m_target.pictureAtHand(window, limit);
     }
     std::vector<QRectF> screens() override { return m_target.screens(); }
-    QPointF toolkitOrigin() override { return m_target.toolkitOrigin(); }
+    QPointF toolkitOffset(const QRectF& bounds) override { return m_target.toolkitOffset(bounds); }
     bool blendsTranslucency() override { return m_target.blendsTranslucency(); }
 
 private:

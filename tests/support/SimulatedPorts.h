@@ -78,7 +78,7 @@ public:
     /// Only what was captured before and has not changed since.
     std::optional<QImage> pictureAtHand(WindowID window, QSize limit) override;
     std::vector<QRectF> screens() override;
-    QPointF toolkitOrigin() override { return {}; }
+    QPointF toolkitOffset(const QRectF&) override { return {}; }
     bool blendsTranslucency() override;
 
 private:

@@ -3,6 +3,7 @@
 
 #include "platform/linux/x11/PointSpace.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace lumbrix::platform::x11
@@ -47,6 +48,21 @@ QPointF PointSpace::toScreenPoints(QPoint pixels) const
     const QRect& main = m_screens.front();
     const QPoint fromTopLeft = pixels - main.topLeft();
     return QPointF(fromTopLeft.x(), main.height() - fromTopLeft.y()) / m_scale;
+}
+
+QPointF PointSpace::toolkitOffset(const QRectF& bounds) const
+{
+    const QPoint middle = toPixels(bounds.center());
+    const std::lock_guard lock(m_mutex);
+    const auto outside = [](int value, int start, int length) {
+        return std::max({start - value, value - (start + length - 1), 0});
+    };
+    const auto distance = [&](const QRect& screen) {
+        return outside(middle.x(), screen.x(), screen.width()) +
+               outside(middle.y(), screen.y(), screen.height());
+    };
+    const QPointF origin = std::ranges::min_element(m_screens, {}, distance)->topLeft();
+    return origin - (origin - QPointF(m_screens.front().topLeft())) / m_scale;
 }
 
 } // namespace lumbrix::platform::x11

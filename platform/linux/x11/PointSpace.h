@@ -32,6 +32,10 @@ public:
     QRectF toPoints(const QRect& pixels) const;
     QPointF toPoints(QPoint pixels) const;
     QPoint toPixels(QPointF points) const;
+    /// From points to the toolkit's coordinates, for a panel with these bounds in points: the
+    /// toolkit scales what is inside a screen, the panel's, but leaves the screens' origins in
+    /// pixels.
+    QPointF toolkitOffset(const QRectF& bounds) const;
     /// Bottom-left origin, y upward.
     QPointF toScreenPoints(QPoint pixels) const;
 

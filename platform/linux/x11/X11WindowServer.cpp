@@ -117,8 +117,10 @@ std::vector<QRectF> X11WindowServer::screens()
     return list;
 }
 
-/// The toolkit scales what is inside a screen but leaves the screens' origins in pixels.
-QPointF X11WindowServer::toolkitOrigin() { return m_points.screens().front().topLeft(); }
+QPointF X11WindowServer::toolkitOffset(const QRectF& bounds)
+{
+    return m_points.toolkitOffset(bounds);
+}
 
 bool X11WindowServer::blendsTranslucency() { return m_screens.isCompositorRunning(); }
 

@@ -44,7 +44,7 @@ public:
     QImage captureWindow(WindowID window, QSize limit) override;
     std::optional<QImage> pictureAtHand(WindowID window, QSize limit) override;
     std::vector<QRectF> screens() override;
-    QPointF toolkitOrigin() override;
+    QPointF toolkitOffset(const QRectF& bounds) override;
     bool blendsTranslucency() override;
     bool setOnScreen(std::uintptr_t toolkitWindow, bool onScreen) override;
     void remindCompositor(std::uintptr_t toolkitWindow) override;

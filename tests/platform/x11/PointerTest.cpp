@@ -121,7 +121,7 @@ TEST(Screens, mainScreen_isTheOneWithTheDock)
     desk.core().screens().setMainScreenHint({700, 980, 500, 44});
     EXPECT_EQ(server.screens().front(), self);
     EXPECT_TRUE(hasScreen({-640, 0, 640, 1024}));
-    EXPECT_EQ(server.toolkitOrigin(), QPointF(640, 0));
+    EXPECT_EQ(server.toolkitOffset({0, 0, 50, 50}), QPointF(640, 0));
     EXPECT_TRUE(desk.waitFor([&] { return desk.recorder().screenChanges > changes; }));
     fake(display, XCB_MOTION_NOTIFY, 0, {700, 1000});
     EXPECT_TRUE(desk.waitFor(
@@ -141,6 +141,13 @@ TEST(PointSpace, pixelsAndPoints_convertBothWaysFromAnyMainScreen)
     EXPECT_EQ(points.toPixels({10.5, 20}), QPoint(1941, 140));
     EXPECT_EQ(points.toScreenPoints({1920, 1540}), QPointF(0, 0));
     EXPECT_EQ(points.toScreenPoints({1940, 100}), QPointF(10, 720));
+    // The toolkit has the screens where they are in pixels, and inside of them counts in points.
+    EXPECT_EQ(points.toolkitOffset({0, 0, 100, 100}), QPointF(1920, 100));
+    EXPECT_EQ(points.toolkitOffset({-960, -50, 100, 100}), QPointF(960, 50));
+    EXPECT_EQ(points.toolkitOffset({5000, 0, 100, 100}), QPointF(1920, 100)) << "the nearest";
+    points.setPixelsPerPoint(1.0);
+    EXPECT_EQ(points.toPoints(QPoint(1930, 120)), QPointF(10, 20));
+    EXPECT_EQ(points.toolkitOffset({-1920, -100, 100, 100}), QPointF(1920, 100)) << "as everywhere";
 }
 
 } // namespace
