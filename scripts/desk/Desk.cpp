@@ -21,8 +21,8 @@ Desk::Desk(const DeskOptions& options) : m_options(options), m_session(options.s
     for (const auto& [identifier, colour] : applications)
         entries << install(identifier, colour);
     install(u"delta"_qs, Qt::darkYellow);
-    if (options.hasPanel)
-        m_panel = Dock::start(m_session, DockKind::XfcePanel, Edge::Top);
+    if (options.panel)
+        m_panel = Dock::start(m_session, *options.panel, Edge::Top);
     m_dock = Dock::start(m_session, options.dock, options.edge, entries, options.secondEdge);
     park();
 }

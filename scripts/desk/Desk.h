@@ -21,7 +21,7 @@ struct DeskOptions {
     DockKind dock = DockKind::Plank;
     Edge edge = Edge::Bottom;
     SessionOptions session;
-    bool hasPanel = false;            ///< xfce4-panel at the top, besides
+    std::optional<DockKind> panel{};  ///< at the top, besides
     std::optional<Edge> secondEdge{}; ///< of Plank's second dock
 };
 
@@ -36,6 +36,7 @@ public:
     Session& session() { return m_session; }
     Display& display() { return m_session.display(); }
     Dock& dock() { return *m_dock; }
+    Dock& panel() { return *m_panel; } ///< only with one besides
     Process& lumbrix() { return *m_lumbrix; }
 
     /// Starts one of the applications "alpha", "beta" and "gamma", or "delta", which is not pinned

@@ -186,8 +186,12 @@ public:
 class XfcePanel final : public Panel
 {
 public:
-    XfcePanel(Session& session, Edge edge) : Panel(session, edge)
+    XfcePanel(Session& session, Edge edge, bool isStock) : Panel(session, edge)
     {
+        if (isStock) {
+            restart(); // without settings it takes those of its package, a panel at the top
+            return;
+        }
         // The panel's own words: positions 10 and 9 are the middle of the bottom and of the top
         // edge, 5 and 1 are the left and right edges.
         const QByteArray position = edge == Edge::Bottom ? "p=10;x=0;y=0"
@@ -246,7 +250,8 @@ std::unique_ptr<Dock> Dock::start(Session& session, DockKind kind, Edge edge,
     case DockKind::Tint2:
         return std::make_unique<Tint2>(session, edge);
     case DockKind::XfcePanel:
-        return std::make_unique<XfcePanel>(session, edge);
+    case DockKind::StockXfcePanel:
+        return std::make_unique<XfcePanel>(session, edge, kind == DockKind::StockXfcePanel);
     default:
         return std::make_unique<Plank>(session, edge, pinned, secondEdge);
     }

@@ -203,19 +203,35 @@ void Session::startBus()
 
 void Session::startWindowManager()
 {
-    if (m_options.windowManager == WindowManager::Openbox) {
+    const bool own = m_options.compositor && !m_options.picom;
+    bool composited = own || m_options.picom;
+    switch (m_options.windowManager) {
+    case WindowManager::Openbox:
         m_windowManager = start(u"openbox"_qs, u"openbox"_qs);
-    } else {
+        composited = m_options.picom;
+        break;
+    case WindowManager::Marco:
+        m_windowManager =
+            start(u"marco"_qs, u"marco"_qs, {own ? u"--composite"_qs : u"--no-composite"_qs});
+        break;
+    case WindowManager::KWin:
+        write(configPath(u"kwinrc"_qs),
+              own ? "[Compositing]\nEnabled=true\n" : "[Compositing]\nEnabled=false\n");
+        m_windowManager = start(u"kwin_x11"_qs, u"kwin_x11"_qs);
+        break;
+    default:
         m_windowManager =
             start(u"xfwm4"_qs, u"xfwm4"_qs,
-                  {m_options.compositor ? u"--compositor=on"_qs : u"--compositor=off"_qs,
-                   u"--vblank=off"_qs});
+                  {own ? u"--compositor=on"_qs : u"--compositor=off"_qs, u"--vblank=off"_qs});
     }
-    const bool composited = m_options.compositor && m_options.windowManager == WindowManager::Xfwm4;
-    if (!m_display->waitForWindowManager(patience(10000)) ||
-        !m_display->waitFor([&] { return m_display->hasCompositor() == composited; },
-                            patience(5000)))
+    if (!m_display->waitForWindowManager(patience(10000)))
         qFatal("the window manager did not start:\n%s", qPrintable(logs()));
+    if (m_options.picom)
+        m_compositor =
+            start(u"picom"_qs, u"picom"_qs, {u"--config=/dev/null"_qs, u"--backend=xrender"_qs});
+    if (!m_display->waitFor([&] { return m_display->hasCompositor() == composited; },
+                            patience(5000)))
+        qFatal("compositing is not as wanted:\n%s", qPrintable(logs()));
 }
 
 } // namespace lumbrix::privatedesk

@@ -20,14 +20,15 @@
 namespace lumbrix::privatedesk
 {
 
-enum class WindowManager { Xfwm4, Openbox };
+enum class WindowManager { Xfwm4, Openbox, Marco, KWin };
 
 struct SessionOptions {
     QSize size{1280, 1024};
     WindowManager windowManager = WindowManager::Xfwm4;
-    bool compositor = true;     ///< Openbox has none
+    bool compositor = true;     ///< the window manager's own; Openbox has none
     bool accessibility = false; ///< programs tell assistive technology what they show
     int scale = 1;              ///< how much larger the toolkits are told to draw
+    bool picom = false;         ///< that compositor, and none of the window manager's own
 };
 
 /// Main thread. Everything started here ends with it, in the reverse order.
@@ -78,6 +79,7 @@ private:
     std::unique_ptr<Display> m_display;
     std::unique_ptr<Process> m_bus;
     std::unique_ptr<Process> m_windowManager;
+    std::unique_ptr<Process> m_compositor; ///< one that is no window manager
 };
 
 } // namespace lumbrix::privatedesk

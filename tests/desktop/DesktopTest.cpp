@@ -81,7 +81,7 @@ DeskOptions panelAndPlank()
 {
     SessionOptions session;
     session.accessibility = true;
-    return {"panel_and_plank", DockKind::Plank, Edge::Bottom, session, true};
+    return {"panel_and_plank", DockKind::Plank, Edge::Bottom, session, DockKind::XfcePanel};
 }
 
 double portionOf(const QImage& picture, const QColor& colour)

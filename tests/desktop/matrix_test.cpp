@@ -1,0 +1,359 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// One tour of what previews are for, on each kind of desktop. scripts/matrix runs them all and
+// writes docs/desktops.md from the properties that the tests record.
+#include "DesktopTest.h"
+
+#include <QtCore/QStandardPaths>
+
+#include <functional>
+
+namespace lumbrix::privatedesk
+{
+
+namespace
+{
+
+struct Known {
+    const char* row;
+    const char* step;
+    const char* reason;
+    bool isImpossible = false; ///< there is nothing to try; else it is tried and must be red
+};
+
+/// What is not green, and why.
+const std::vector<Known> known{
+    {"tint2", "menu", "tint2 has no menus", true},
+};
+
+const Known* knownAbout(const std::string& row, const std::string& step)
+{
+    const auto found = std::ranges::find_if(known, [&](const Known& each) {
+        const std::string name = each.row;
+        return step == each.step && (row == name || row.starts_with(name + "_"));
+    });
+    return found != known.end() ? &*found : nullptr;
+}
+
+struct Program {
+    const char* shown;
+    const char* command;
+};
+
+Program programOf(DockKind kind)
+{
+    switch (kind) {
+    case DockKind::Tint2:
+        return {"tint2", "tint2"};
+    case DockKind::XfcePanel:
+        return {"xfce4-panel", "xfce4-panel"};
+    case DockKind::StockXfcePanel:
+        return {"xfce4-panel as it comes", "xfce4-panel"};
+    default:
+        return {"Plank", "plank"};
+    }
+}
+
+Program programOf(WindowManager manager)
+{
+    switch (manager) {
+    case WindowManager::Openbox:
+        return {"Openbox", "openbox"};
+    case WindowManager::Marco:
+        return {"Marco", "marco"};
+    case WindowManager::KWin:
+        return {"KWin", "kwin_x11"};
+    default:
+        return {"xfwm4", "xfwm4"};
+    }
+}
+
+const char* nameOf(Edge edge)
+{
+    switch (edge) {
+    case Edge::Left:
+        return "left";
+    case Edge::Right:
+        return "right";
+    case Edge::Top:
+        return "top";
+    default:
+        return "bottom";
+    }
+}
+
+DeskOptions stockXfce() { return {"stock_xfce", DockKind::StockXfcePanel, Edge::Top, {}}; }
+
+} // namespace
+
+/// A row of the matrix.
+class MatrixTest : public DesktopTest
+{
+protected:
+    using Icons = std::function<std::optional<QPoint>(const Application&)>;
+
+    void SetUp() override
+    {
+        const DeskOptions& row = GetParam();
+        std::vector<Program> programs{programOf(row.dock), programOf(row.session.windowManager)};
+        if (row.panel)
+            programs.push_back(programOf(*row.panel));
+        if (row.session.picom)
+            programs.push_back({"picom", "picom"});
+        for (const Program& program : programs) {
+            if (QStandardPaths::findExecutable(QString::fromLatin1(program.command)).isEmpty())
+                GTEST_SKIP() << program.command << " is not installed";
+        }
+        DesktopTest::SetUp();
+    }
+    void TearDown() override
+    {
+        if (!IsSkipped())
+            DesktopTest::TearDown();
+    }
+
+    /// Records what the row is about.
+    void describe(const std::string& dock, Edge edge)
+    {
+        const SessionOptions& session = GetParam().session;
+        const bool hasOwn = session.compositor && session.windowManager != WindowManager::Openbox;
+        RecordProperty("dock", dock);
+        RecordProperty("edge", nameOf(edge));
+        RecordProperty("window manager", programOf(session.windowManager).shown);
+        RecordProperty("compositor", session.picom ? "picom" : hasOwn ? "its own" : "none");
+        RecordProperty("monitors", "1");
+        RecordProperty("scale", session.scale);
+    }
+
+    /// Takes one step of the tour, from a desktop without previews, and back to there.
+    void step(const char* name, const std::function<Result()>& take)
+    {
+        const Known* const known = knownAbout(GetParam().name, name);
+        if (known && known->isImpossible) {
+            RecordProperty(name, std::string("none: ") + known->reason);
+            return;
+        }
+        const Result result = take();
+        if (!result)
+            savePicture(name);
+        RecordProperty(name,
+                       result ? std::string("green")
+                              : std::string("red: ") + (known ? known->reason : result.message()));
+        if (known)
+            EXPECT_FALSE(result) << name << " is green now; take out why it is red";
+        else
+            EXPECT_TRUE(result) << "in the step '" << name << '\'';
+        desk().park();
+        EXPECT_TRUE(showsNothing());
+    }
+
+    Result hovered(const Application& application)
+    {
+        const auto icon = m_icons(application);
+        if (!icon)
+            return testing::AssertionFailure() << "the dock shows no icon";
+        display().moveTo(*icon);
+        return shows(application);
+    }
+    Result hoveredOnPreview(const Application& application, const AppWindow& window)
+    {
+        if (const Result result = hovered(application); !result)
+            return result;
+        moveToPreview(window.title);
+        return preview(window.title)
+                   ? testing::AssertionSuccess()
+                   : testing::AssertionFailure() << "the preview went on the way to it";
+    }
+
+    /// What the docks keep for themselves, on the screen.
+    std::vector<QRect> struts()
+    {
+        std::vector<QRect> result;
+        const int width = display().size().width();
+        const int height = display().size().height();
+        for (const xcb_window_t window : display().numbers(display().root(), "_NET_CLIENT_LIST")) {
+            const auto numbers = display().numbers(window, "_NET_WM_STRUT_PARTIAL");
+            const std::vector<int> strut(numbers.begin(), numbers.end());
+            if (strut.size() != 12)
+                continue;
+            const int startEnd[] = {strut[4], strut[5], strut[6],  strut[7],
+                                    strut[8], strut[9], strut[10], strut[11]};
+            const auto length = [&](int side) {
+                return startEnd[side * 2 + 1] - startEnd[side * 2] + 1;
+            };
+            result.push_back({0, startEnd[0], strut[0], length(0)});
+            result.push_back({width - strut[1], startEnd[2], strut[1], length(1)});
+            result.push_back({startEnd[4], 0, length(2), strut[2]});
+            result.push_back({startEnd[6], height - strut[3], length(3), strut[3]});
+        }
+        std::erase_if(result, [](const QRect& area) { return area.isEmpty(); });
+        return result;
+    }
+
+    /// Whether the row that is shown is where it belongs, with the pointer on the icon.
+    Result isInPlace(Edge edge)
+    {
+        const QRect screen(QPoint(), display().size());
+        const QPoint icon = display().pointer();
+        const std::vector<QRect> docks = struts();
+        if (docks.empty())
+            return testing::AssertionFailure() << "the dock keeps no room for itself";
+        QRect row;
+        for (const Panel& panel : display().previews()) {
+            const QRect area = panel.geometry;
+            if (!screen.contains(area))
+                return testing::AssertionFailure() << "outside of the screen";
+            if (row.intersects(area))
+                return testing::AssertionFailure() << "one over another";
+            if (std::ranges::any_of(docks,
+                                    [&](const QRect& dock) { return dock.intersects(area); }))
+                return testing::AssertionFailure() << "over the dock";
+            row |= area;
+        }
+        const int gap = edge == Edge::Bottom ? icon.y() - row.bottom()
+                        : edge == Edge::Top  ? row.top() - icon.y()
+                        : edge == Edge::Left ? row.left() - icon.x()
+                                             : icon.x() - row.right();
+        const bool isBeside = isHorizontal(edge)
+                                  ? row.left() <= icon.x() && icon.x() <= row.right()
+                                  : row.top() <= icon.y() && icon.y() <= row.bottom();
+        if (gap <= 0 || gap > 110 * GetParam().session.scale || !isBeside)
+            return testing::AssertionFailure() << "not beside the icon";
+        return testing::AssertionSuccess();
+    }
+
+    void tour(Dock& dock, const Icons& icons)
+    {
+        m_icons = icons;
+        Application& alpha = launch(u"alpha"_qs, 3);
+        const Application& beta = launch(u"beta"_qs, 2);
+        step("previews", [&] {
+            const Result result = hovered(alpha);
+            savePicture("hover");
+            return result;
+        });
+        step("place", [&] {
+            const Result result = hovered(alpha);
+            return result ? isInPlace(dock.edge()) : result;
+        });
+        step("switching", [&] {
+            for (const Application& application :
+                 {std::cref<Application>(alpha), std::cref(beta), std::cref<Application>(alpha)}) {
+                if (const Result result = hovered(application); !result)
+                    return result;
+            }
+            return testing::AssertionSuccess();
+        });
+        step("leaving", [&] {
+            if (const Result result = hoveredOnPreview(alpha, alpha.windows()[1]); !result)
+                return result;
+            if (const Result result = shows(alpha); !result)
+                return result;
+            desk().park();
+            return showsNothing();
+        });
+        step("raising", [&] {
+            const AppWindow& window = alpha.windows().front();
+            if (const Result result = hoveredOnPreview(alpha, window); !result)
+                return result;
+            if (display().activeWindow() == window.id)
+                return testing::AssertionFailure() << "it had the focus before the click";
+            display().click();
+            return waitUntil([&] { return display().activeWindow() == window.id; });
+        });
+        step("closing", [&] {
+            const AppWindow window = alpha.windows()[1];
+            if (const Result result = hoveredOnPreview(alpha, window); !result)
+                return result;
+            display().moveTo(preview(window.title)->geometry.topLeft() +
+                             closeButton * GetParam().session.scale);
+            display().click();
+            if (const Result result = waitUntil([&] { return !alpha.closeRequests().empty(); });
+                !result)
+                return result;
+            alpha.destroy(window); // already gone; only our list of the windows changes
+            return shows(alpha);
+        });
+        step("menu", [&] {
+            if (const Result result = hovered(alpha); !result)
+                return result;
+            display().click(3);
+            if (!waitUntil([&] { return display().hasMenu(); }))
+                return testing::AssertionFailure() << "the dock shows no menu";
+            const Result result = showsNothing(1000);
+            desk().park();
+            display().click(); // beside it
+            return waitUntil([&] { return !display().hasMenu(); })
+                       ? result
+                       : testing::AssertionFailure() << "the menu stays";
+        });
+        step("restart", [&] {
+            if (const Result result = hovered(alpha); !result)
+                return result;
+            dock.kill();
+            if (const Result result = showsNothing(); !result)
+                return result;
+            desk().park();
+            dock.restart();
+            // It is noticed within some seconds, and not by a pointer that was there before.
+            Result found = testing::AssertionFailure();
+            display().waitFor(
+                [&] {
+                    desk().park();
+                    const auto icon = m_icons(alpha);
+                    if (icon)
+                        display().moveTo(*icon);
+                    found = shows(alpha, 500);
+                    return static_cast<bool>(found);
+                },
+                patience(8000));
+            return found;
+        });
+    }
+
+private:
+    Icons m_icons;
+};
+
+INSTANTIATE_TEST_SUITE_P(, MatrixTest,
+                         testing::Values(stockXfce(), xfcePanel(), xfcePanel(Edge::Top),
+                                         xfcePanel(Edge::Left), xfcePanel(Edge::Right), tint2(),
+                                         tint2(Edge::Top), tint2(Edge::Left), tint2(Edge::Right),
+                                         plank(), plank(Edge::Top), plank(Edge::Left),
+                                         plank(Edge::Right), enlarged(Edge::Bottom),
+                                         enlarged(Edge::Left), panelAndPlank()),
+                         deskName);
+
+TEST_P(MatrixTest, dock_hovered_previewsItsWindows)
+{
+    std::string shown = programOf(GetParam().dock).shown;
+    if (GetParam().panel)
+        shown += std::string(" beside ") + programOf(*GetParam().panel).shown;
+    describe(shown, GetParam().edge);
+    tour(desk().dock(), [&](const Application& application) { return desk().iconOf(application); });
+}
+
+/// The panel at the top of a desktop that has a dock, too.
+class PanelMatrixTest : public MatrixTest
+{
+};
+
+INSTANTIATE_TEST_SUITE_P(, PanelMatrixTest, testing::Values(panelAndPlank()), deskName);
+
+TEST_P(PanelMatrixTest, panelBesideTheDock_hovered_previewsItsWindows)
+{
+    describe(std::string(programOf(*GetParam().panel).shown) + " beside " +
+                 programOf(GetParam().dock).shown,
+             Edge::Top);
+    // The windows tell where their icons are on the other dock. The panel lays its buttons out in
+    // the order in which the applications came.
+    tour(desk().panel(), [&](const Application& application) -> std::optional<QPoint> {
+        constexpr int handle = 8;
+        constexpr int breadth = 200;
+        const int number = application.identifier() == u"alpha"_qs ? 0 : 1;
+        return QPoint(handle + breadth * number + breadth / 2, 20);
+    });
+}
+
+} // namespace lumbrix::privatedesk
