@@ -47,7 +47,8 @@ void HoverDispatch::iconHovered(const SWElementPtr& element)
         return;
     }
     const bool isOfMinimizedIcon = current && current->isMinimizedIcon();
-    if (isAlreadyShowing(application, false) && !isOfMinimizedIcon) {
+    if (isAlreadyShowing(application, false) && !isOfMinimizedIcon &&
+        HoverRules::verdictForPlace(element) == HoverVerdict::Shows) {
         if (!element->isEqualTo(current))
             moveRow(element);
         return;

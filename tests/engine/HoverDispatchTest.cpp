@@ -306,6 +306,12 @@ TEST_F(HoverDispatchTest, buttonsOfOneApplication_takeTheRowAlong_andMarkTheirOw
     loop.advance(0.5);
     EXPECT_EQ(marks(), u"-x--"_s);
     EXPECT_EQ(middle() - first, 50) << "beside the button that is hovered now";
+    desk.setDockOrientation(u"nowhere"_s);
+    hover(u"Notes"_s);
+    loop.advance(0.05);
+    EXPECT_EQ(shown(), QString()) << "a row has nowhere to go with it";
+    desk.setDockOrientation(u"bottom"_s);
+    hover(u"Button"_s);
 
     // The button of a minimised window shows that one alone, also where it was the row's first;
     // the next button shows all again.
