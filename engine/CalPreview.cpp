@@ -114,7 +114,8 @@ void CalPreview::eventsRead(const QDateTime& day)
     const ScreenyViewPtr shown = shownPreview();
     if (!shown) {
         // Meanwhile it may have been clicked, which brings up a menu or the application.
-        if (engine.screenyViews().empty() && engine.checkIfDockElementIsHovered(dockItem))
+        if (engine.screenyViews().empty() &&
+            (dockItem->isRequested() || engine.checkIfDockElementIsHovered(dockItem)))
             showPreview(dockItem, isBusyCal);
         return;
     }

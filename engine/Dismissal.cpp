@@ -89,6 +89,7 @@ void Dismissal::removeAllScreenViews()
     m_handler.companions().helpBubble->hideBubble();
     m_handler.companions().hotKeyCenter->toggleEventTap(false);
     stopTimers();
+    m_handler.requestedRow().rowEnded();
 }
 
 void Dismissal::removeAllScreenViewsNOW()
@@ -97,6 +98,7 @@ void Dismissal::removeAllScreenViewsNOW()
     m_handler.companions().helpBubble->hideBubble();
     m_handler.companions().hotKeyCenter->toggleEventTap(false);
     stopTimers();
+    m_handler.requestedRow().rowEnded();
 }
 
 void Dismissal::removeAllScreenViewsLeavingTimersAlone()

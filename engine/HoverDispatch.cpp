@@ -23,7 +23,11 @@ void HoverDispatch::iconHovered(const SWElementPtr& element)
     LXHandler& engine = m_handler;
     const bool isConfirmed = element && element->isMouseConfirmed();
     const SWElementPtr current = engine.currentDockElement();
-    if (!isConfirmed && engine.screenyViews().size() >= 2 &&
+    const bool isRequested = element && element->isRequested(); // the mouse has no part in it
+    // Before the item changes, as one that was asked for is gone then.
+    const bool areChosen = element && element->chosenWindows();
+    const bool wereOthers = current && (current->isMinimizedIcon() || current->chosenWindows());
+    if (!isConfirmed && !isRequested && engine.screenyViews().size() >= 2 &&
         (!element || !element->isEqualTo(current))) {
         // A row is up and the mouse passes over another icon, perhaps only on its way to the row:
         // wait until it rests.
@@ -42,12 +46,11 @@ void HoverDispatch::iconHovered(const SWElementPtr& element)
     }
     const Application application =
         element ? element->runningApplicationForDockElement() : std::nullopt;
-    if (application && engine.inventory().standsForOthers(*application)) {
+    if (application && !areChosen && engine.inventory().standsForOthers(*application)) {
         lumbrixIconHovered(element);
         return;
     }
-    const bool isOfMinimizedIcon = current && current->isMinimizedIcon();
-    if (isAlreadyShowing(application, false) && !isOfMinimizedIcon &&
+    if (isAlreadyShowing(application, false) && !wereOthers && !areChosen &&
         HoverRules::verdictForPlace(element) == HoverVerdict::Shows) {
         if (!element->isEqualTo(current))
             moveRow(element);
@@ -78,8 +81,9 @@ void HoverDispatch::showPreviewsForApplication(const platform::RunningApplicatio
 {
     LXHandler& engine = m_handler;
     engine.inventory().cleanWindowsArray();
-    const auto windows = engine.inventory().windowsForPID(application.pid);
-    if (HoverRules::verdictForWindows(engine.settings(), windows.size(), false) ==
+    const auto windows = engine.inventory().windowsBehindItem(*element, application);
+    const bool areChosen = element->chosenWindows().has_value();
+    if (HoverRules::verdictForWindows(engine.settings(), windows.size(), areChosen) ==
         HoverVerdict::Shows)
         showPreviews(windows, application, element);
 }
@@ -215,7 +219,9 @@ ScreenyViewPtr HoverDispatch::appendPreview(const SWElementPtr& window,
     preview->setImage({});
     preview->setElementRef(window);
     preview->setTitleString(window->getTitle().value_or(QString()));
-    preview->setAppFlags(application);
+    const SWElementPtr item = m_handler.currentDockElement();
+    const bool isChosen = item && item->chosenWindows(); // of whatever application
+    preview->setAppFlags(isChosen ? window->runningApplicationForWindow() : application);
     return preview;
 }
 

@@ -63,6 +63,12 @@ HoverVerdict verdictForWindows(const EngineSettings& settings, std::size_t count
     return verdictOnKey(settings);
 }
 
+bool waitsForKey(const EngineSettings& settings)
+{
+    return verdictBeforeWindows(settings) == HoverVerdict::HidingKeyHeld ||
+           verdictOnKey(settings) == HoverVerdict::ShowingKeyNotHeld;
+}
+
 HoverVerdict verdictInSwitcher(const EngineSettings& settings, std::size_t count)
 {
     return verdictForCount(settings, count);

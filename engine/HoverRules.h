@@ -47,10 +47,12 @@ HoverVerdict verdictBeforeWindows(const EngineSettings& settings);
 HoverVerdict verdictForPlace(const SWElementPtr& item);
 /// With so many windows to show: Shows, NoWindows, OneWindow or ShowingKeyNotHeld. `areOthers`:
 /// under this program's own icon, where it stands for other applications too and one window is as
-/// good as many, since a click on that icon brings none of them.
+/// good as many, since a click on that icon brings none of them; or where windows were chosen.
 HoverVerdict verdictForWindows(const EngineSettings& settings, std::size_t count, bool areOthers);
 /// The same in the switcher, whose own key leaves no hand for another: none is asked for.
 HoverVerdict verdictInSwitcher(const EngineSettings& settings, std::size_t count);
+/// Whether what is not shown now comes up as soon as the user holds a key, or lets it go.
+bool waitsForKey(const EngineSettings& settings);
 
 } // namespace HoverRules
 

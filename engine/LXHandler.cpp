@@ -51,7 +51,8 @@ void LXHandler::installCompanions(const Companions& companions)
 
 LXHandler::LXHandler(const Companions& companions)
     : m_companions(companions), m_inventory(m_settings, *this), m_cache(*this), m_hover(*this),
-      m_dismissal(*this), m_updater(*this), m_arranger(*this), m_pictureLoader(*this)
+      m_dismissal(*this), m_updater(*this), m_arranger(*this), m_pictureLoader(*this),
+      m_requestedRow(*this)
 {
     m_screenyViews.reserve(2);
     m_observers.reserve(5);
@@ -90,6 +91,7 @@ void LXHandler::setUp()
     desktop.runLoop.detachThread(
         "window-scanner", [this](const platform::Thread& self) { windowScannerThread(self); });
     m_companions.windowCountBadger->setUp(*this);
+    m_requestedRow.setUp();
 }
 
 void LXHandler::setFilters(const QVariantMap& filters)
@@ -134,6 +136,27 @@ int LXHandler::indexOfScreenyView(const ScreenyView& preview) const
         std::find_if(m_screenyViews.begin(), m_screenyViews.end(),
                      [&preview](const ScreenyViewPtr& shown) { return shown.get() == &preview; });
     return found == m_screenyViews.end() ? -1 : static_cast<int>(found - m_screenyViews.begin());
+}
+
+void LXHandler::setCurrentDockElement(const SWElementPtr& element)
+{
+    m_currentDockElement = element;
+    m_requestedRow.itemChanged(element);
+}
+
+void LXHandler::mouseExited()
+{
+    if (!m_requestedRow.hasLeftTheMouse())
+        letGoOfRow();
+}
+
+void LXHandler::dockSelectionEnded()
+{
+    // A row that was asked for is not the item's that the mouse has left.
+    if (m_requestedRow.isUp())
+        cancelMouseChecker();
+    else
+        mouseExited();
 }
 
 void LXHandler::startMouseChecker(const SWElementPtr& element)

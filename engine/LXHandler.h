@@ -18,6 +18,7 @@
 #include "engine/PictureLoader.h"
 #include "engine/PreviewCache.h"
 #include "engine/PreviewUpdater.h"
+#include "engine/RequestedRow.h"
 #include "engine/SWObserver.h"
 #include "engine/StripArranger.h"
 #include "model/EngineSettings.h"
@@ -74,7 +75,7 @@ public:
     bool isShowingPreviews() const override { return m_isShowing; } ///< any thread
 
     SWElementPtr currentDockElement() const { return m_currentDockElement; }
-    void setCurrentDockElement(const SWElementPtr& element) { m_currentDockElement = element; }
+    void setCurrentDockElement(const SWElementPtr& element);
     bool shouldInstantShow() const { return m_shouldInstantShow; }
     void setShouldInstantShow(bool on) { m_shouldInstantShow = on; }
 
@@ -97,7 +98,10 @@ public:
     void cancelPendingHover();
 
     // Dismissal.
-    void mouseExited() override { m_dismissal.mouseExited(); }
+    void mouseExited() override;
+    void letGoOfRow() { m_dismissal.mouseExited(); } ///< nothing keeps it but the mouse
+    /// The mouse is on no item of the Dock any more.
+    void dockSelectionEnded();
     void mouseExitedToOtherIcon() { m_dismissal.mouseExitedToOtherIcon(); }
     void mouseExitedToClosedApp() { mouseExitedToOtherIcon(); }
     void menuOpened() { m_dismissal.menuOpened(); }
@@ -113,6 +117,8 @@ public:
     void invalidateExitDelayTimer() { m_dismissal.invalidateExitDelayTimer(); }
     void armTabExitTimer(platform::Seconds interval, const SWElementPtr& entry);
     void setDelayExit(int checks) { m_dismissal.setDelayExit(checks); }
+
+    RequestedRow& requestedRow() { return m_requestedRow; }
 
     // Updating.
     void armUpdateTimer(platform::Seconds interval, const SWElementPtr& element);
@@ -185,6 +191,7 @@ private:
     PreviewUpdater m_updater;
     StripArranger m_arranger;
     PictureLoader m_pictureLoader;
+    RequestedRow m_requestedRow;
     const std::shared_ptr<bool> m_alive = std::make_shared<bool>(true); ///< as long as this
 };
 

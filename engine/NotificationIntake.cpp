@@ -70,7 +70,7 @@ ElementRef selectedItem(LXHandler& handler, const ElementRef& element)
     if (!selection && !isGone)
         return nullptr;
     if (isGone || selection->empty()) {
-        handler.mouseExited();
+        handler.dockSelectionEnded();
         return nullptr;
     }
     return selection->front();

@@ -90,8 +90,11 @@ void PreviewUpdater::updateWindows(const SWElementPtr& element)
     Pass pass;
     refreshShown(pass);
     followApplication(element, pass);
-    if (!pass.isOver && (pass.added || pass.removed))
+    if (pass.isOver)
+        return;
+    if (pass.added || pass.removed)
         layOutAgain(element, pass);
+    m_handler.requestedRow().endIfEmpty();
 }
 
 bool PreviewUpdater::updateMinimizedPreview(const SWElementPtr&)
@@ -116,6 +119,9 @@ void PreviewUpdater::refreshShown(Pass& pass)
         const bool goes = window && (rules.verdictForWindow(*window) != WindowVerdict::Good ||
                                      !window->checkIfExists());
         if (goes) {
+            // Nobody sees the mouse leave it, and no icon was left before.
+            if (m_handler.requestedRow().isUp() && preview->isMouseInside())
+                m_handler.letGoOfRow();
             preview->dismiss();
             pass.removed = true;
             continue;
@@ -151,14 +157,15 @@ void PreviewUpdater::followApplication(const SWElementPtr& element, Pass& pass)
         return;
     const bool isOwn =
         application->bundleIdentifier == platform::desktop().workspace.ownBundleIdentifier();
-    if (!isOwn &&
+    const bool areChosen = element->chosenWindows().has_value();
+    if (!isOwn && !areChosen &&
         VisibilityRules(settings).verdictForApplication(application->pid) != WindowVerdict::Good) {
         m_handler.removeAllScreenViewsLeavingTimersAlone();
         pass.removed = true;
     }
     m_handler.inventory().cleanWindowsArray();
-    const auto windows = m_handler.inventory().windowsBehindIcon(*application);
-    const bool areOthers = m_handler.inventory().standsForOthers(*application);
+    const auto windows = m_handler.inventory().windowsBehindItem(*element, *application);
+    const bool areOthers = areChosen || m_handler.inventory().standsForOthers(*application);
     const bool hasPlace =
         element->isTabIcon() || HoverRules::verdictForPlace(element) == HoverVerdict::Shows;
     if (!hasPlace ||
@@ -184,6 +191,11 @@ void PreviewUpdater::addMissing(const std::vector<SWElementPtr>& windows,
             });
         if (isShown)
             continue;
+        if (element->isRequested() && previews.empty()) {
+            m_handler.requestedRow().bringUp(); // without the mouse, which need not be near
+            pass.isOver = true;
+            return;
+        }
         if (!element->isTabIcon() && previews.empty()) {
             // The first preview comes up by way of a full hover, once the mouse is seen to rest.
             element->setIsMouseConfirmed(true);

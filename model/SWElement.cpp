@@ -159,6 +159,11 @@ std::optional<WindowID> SWElement::ownWindow() const
     return platform::desktop().accessibility.windowIDOf(m_element);
 }
 
+std::optional<std::vector<ElementRef>> SWElement::chosenWindows() const
+{
+    return m_isRequested ? AX::read<std::vector<ElementRef>>(m_element, AX::Windows) : std::nullopt;
+}
+
 bool SWElement::isHidden() const { return AX::read<bool>(m_element, AX::Hidden).value_or(false); }
 
 QRectF SWElement::getRect() const

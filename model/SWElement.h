@@ -122,6 +122,9 @@ public:
     void raise();
     /// Of a Dock item: the one window that it stands for, as far as the platform tells.
     std::optional<platform::WindowID> ownWindow() const;
+    /// Of an item that another program asked previews for: the windows that it chose, in the order
+    /// of their previews. Null = those of an application; always so for an item of the Dock.
+    std::optional<std::vector<platform::ElementRef>> chosenWindows() const;
     /// Of a Dock item: whether the Dock keeps it out of sight. False where it does not say.
     bool isHidden() const;
     QRectF getRect() const;   ///< accessibility coordinates
@@ -156,6 +159,9 @@ public:
     /// A switch away from this switcher entry is scheduled already.
     bool willBeChanged() const { return m_willBeChanged; }
     void setWillBeChanged(bool on) { m_willBeChanged = on; }
+    /// Another program has asked for previews beside this item; there need be no mouse on it.
+    bool isRequested() const { return m_isRequested; }
+    void setIsRequested(bool on) { m_isRequested = on; }
     bool isCal() const { return m_isCal; }
     void setIsCal(bool on) { m_isCal = on; }
 
@@ -177,6 +183,7 @@ private:
     std::atomic<bool> m_isMouseConfirmed{false};
     std::atomic<bool> m_willBeChanged{false};
     std::atomic<bool> m_isCal{false};
+    std::atomic<bool> m_isRequested{false};
     /// The last existence check said "exists": keeps a window that stops answering.
     std::atomic<bool> m_previouslyGood{false};
 

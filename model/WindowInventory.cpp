@@ -198,6 +198,28 @@ WindowInventory::windowsBehindIcon(const platform::RunningApplication& applicati
     return windows;
 }
 
+std::vector<SWElementPtr>
+WindowInventory::windowsBehindItem(const SWElement& item,
+                                   const platform::RunningApplication& application) const
+{
+    const auto chosen = item.chosenWindows();
+    if (!chosen)
+        return windowsBehindIcon(application);
+    const VisibilityRules rules(m_settings);
+    const auto known = windowsArray();
+    std::vector<SWElementPtr> windows;
+    for (const ElementRef& each : *chosen) {
+        const auto window = std::ranges::find_if(known, [&each](const SWElementPtr& record) {
+            return platform::elementsEqual(record->element(), each);
+        });
+        if (window != known.end() &&
+            rules.verdictForApplication((*window)->pid()) == WindowVerdict::Good &&
+            rules.verdictForWindow(**window) == WindowVerdict::Good)
+            windows.push_back(*window);
+    }
+    return windows;
+}
+
 int WindowInventory::countForPID(std::int32_t pid) const
 {
     int count = 0;

@@ -63,6 +63,10 @@ public:
     /// windowsForPID of all of them.
     std::vector<SWElementPtr>
     windowsBehindIcon(const platform::RunningApplication& application) const;
+    /// Those behind the application's icon or, where the item stands for chosen windows, as many of
+    /// these as are listed and allowed, of whatever applications.
+    std::vector<SWElementPtr>
+    windowsBehindItem(const SWElement& item, const platform::RunningApplication& application) const;
     int countForPID(std::int32_t pid) const;
     int countForRunningApp(const platform::RunningApplication& application) const;
     /// The minimised window that a Dock icon stands for: the one that the platform knows, else the

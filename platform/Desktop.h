@@ -16,6 +16,7 @@ class EventTaps;
 class InputState;
 class KeyboardLayout;
 class LoginItems;
+class PreviewRequests;
 class RunLoop;
 class StatusBar;
 class UserDefaults;
@@ -40,6 +41,7 @@ struct Desktop {
     AppleEvents& appleEvents;
     CalendarStore& calendarStore;
     WallClock& wallClock;
+    PreviewRequests& previewRequests;
 };
 
 /// The installed desktop. Any thread; calling it with none installed ends the program.

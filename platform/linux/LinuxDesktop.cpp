@@ -18,11 +18,13 @@
 #include "platform/linux/docks/DockModel.h"
 #include "platform/linux/docks/LinuxDockPreferences.h"
 #include "platform/linux/docks/PanelDock.h"
+#include "platform/linux/docks/PlaceRequests.h"
 #include "platform/linux/docks/PlankDock.h"
 #include "platform/linux/docks/Struts.h"
 #include "platform/linux/docks/TooltipOrder.h"
 #include "platform/linux/media/LinuxAppleEvents.h"
 #include "platform/linux/session/AutostartItems.h"
+#include "platform/linux/session/PreviewsService.h"
 #include "platform/linux/session/ProgramBundle.h"
 #include "platform/linux/session/TrayWatcher.h"
 #include "platform/linux/x11/Connection.h"
@@ -106,6 +108,9 @@ public:
           m_dockPreferences(m_docks),
           m_accessibility({runLoop, m_core->tracker(), m_core->pointSpace(), m_registry,
                            m_workspace, m_raiser, m_docks}),
+          m_requests({runLoop, m_core->tracker(), m_core->pointSpace(), m_registry, m_entries,
+                      m_docks, [this] { return m_core->inputState().pointer(); }}),
+          m_previews(m_requests, QDBusConnection::sessionBus()),
           m_defaults(IniDefaults::defaultPath()), m_loginItems(AutostartItems::defaultFolder()),
           m_tray(runLoop, m_core->trays(), QDBusConnection::sessionBus()),
           m_appleEvents(runLoop, QDBusConnection::sessionBus(), m_core->tracker(), m_registry,
@@ -127,12 +132,13 @@ public:
                                            m_tray,
                                            m_appleEvents,
                                            m_calendarStore,
-                                           m_wallClock}
+                                           m_wallClock,
+                                           m_requests}
     {
         m_core->windowServer().setOwnerPids(&m_ownerPids);
         for (x11::WindowListener* listener : std::initializer_list<x11::WindowListener*>{
                  m_accessibility.listenerBeforeRegistry(), &m_registry, &m_uiMode, &m_docks,
-                 &m_tooltips, m_accessibility.listenerAfterRegistry()}) {
+                 &m_requests, &m_tooltips, m_accessibility.listenerAfterRegistry()}) {
             m_core->tracker().addListener(listener);
         }
         m_docks.setPrefetch([this](const std::vector<xcb_window_t>& windows) {
@@ -185,6 +191,8 @@ private:
     TooltipOrder m_tooltips;
     LinuxDockPreferences m_dockPreferences;
     X11Accessibility m_accessibility;
+    PlaceRequests m_requests;
+    PreviewsService m_previews;
     IniDefaults m_defaults;
     AutostartItems m_loginItems;
     ProgramBundle m_bundle;

@@ -332,6 +332,12 @@ AXResult SimulatedAccessibility::dockValue(const SimulatedElement& element,
         return answer(item.url);
     if (attribute == QLatin1String("AXIsApplicationRunning") && isApplication)
         return answer(m_state.applicationAt(item.url) != nullptr);
+    if (attribute == QLatin1String("AXWindows") && item.chosen) {
+        std::vector<ElementRef> windows;
+        for (const WindowID window : *item.chosen)
+            windows.push_back(makeElement(Kind::Window, m_state.window(window)->pid, window));
+        return answer(windows);
+    }
     return unsupported;
 }
 

@@ -48,6 +48,7 @@ public:
     SimulatedAppleEvents& appleEvents() { return m_appleEvents; }
     SimulatedCalendarStore& calendarStore() { return m_calendarStore; }
     SimulatedWallClock& wallClock() { return m_wallClock; }
+    SimulatedPreviewRequests& previewRequests() { return m_previewRequests; }
 
     // Applications.
     Pid addApplication(SimulatedApplication application);
@@ -122,6 +123,7 @@ private:
     SimulatedAppleEvents m_appleEvents{m_state.runLoop};
     SimulatedCalendarStore m_calendarStore{m_state.runLoop};
     SimulatedWallClock m_wallClock{m_state.runLoop};
+    SimulatedPreviewRequests m_previewRequests;
 };
 
 } // namespace lumbrix::test

@@ -9,9 +9,11 @@
 
 #include <functional>
 #include <utility>
+#include <vector>
 
 #include "platform/ApplicationBundle.h"
 #include "platform/LoginItems.h"
+#include "platform/PreviewRequests.h"
 #include "platform/StatusBar.h"
 
 namespace lumbrix::test
@@ -83,6 +85,21 @@ public:
 private:
     bool m_isAvailable = false;
     std::function<void()> m_changed;
+};
+
+class SimulatedPreviewRequests final : public platform::PreviewRequests
+{
+public:
+    void setHost(Host* host) override { m_host = host; }
+    void rowEnded(const platform::ElementRef& item) override { m_ended.push_back(item); }
+
+    // For tests.
+    Host& host() { return *m_host; }
+    const std::vector<platform::ElementRef>& ended() const { return m_ended; }
+
+private:
+    Host* m_host = nullptr;
+    std::vector<platform::ElementRef> m_ended;
 };
 
 } // namespace lumbrix::test

@@ -78,7 +78,8 @@ struct SimulatedDockItem {
     QUrl url{};            ///< of an application
     WindowID window = 0;   ///< of a minimised-window icon, of a button that is its window's alone
     bool isPinned = false; ///< stays when its application quits
-    QRectF frame{};        ///< accessibility coordinates; the Dock lays its items out
+    std::optional<std::vector<WindowID>> chosen{}; ///< of one that was asked for
+    QRectF frame{}; ///< accessibility coordinates; the Dock lays its items out
     std::uint32_t id = 0;
 };
 

@@ -218,6 +218,15 @@ constexpr Attribute<DockItemView> dockItemTable[] = {
      [](const Self&, const DockItemView& item) {
          return item.isMinimizedWindow ? unsupported() : value(item.isRunning);
      }},
+    {u"AXWindows",
+     [](const Self&, const DockItemView& item) {
+         if (!item.chosen) {
+             return unsupported();
+         }
+         std::vector<ElementRef> result;
+         std::ranges::transform(*item.chosen, std::back_inserter(result), X11Element::window);
+         return elements(std::move(result));
+     }},
     {u"AXURL",
      [](const Self&, const DockItemView& item) {
          return item.url.isEmpty() ? unsupported() : value(item.url);

@@ -36,8 +36,9 @@ struct DockItem {
     /// The windows it stands for, where the dock tells them.
     std::vector<xcb_window_t> windows;
     bool isMinimizedWindow = false; ///< stands for one iconic window, not for an application
-    QRect rect;                     ///< at rest, up to the dock's edges across it
-    QRect magnified;                ///< while the pointer is on it
+    bool areChosen = false; ///< the windows are all that is to be shown, of whatever application
+    QRect rect;             ///< at rest, up to the dock's edges across it
+    QRect magnified;        ///< while the pointer is on it
 };
 
 struct DockWindow {

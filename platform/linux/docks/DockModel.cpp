@@ -261,7 +261,25 @@ std::pair<DockStatePtr, const DockItem*> DockModel::find(DockItemId id) const
             return {dock.state, item};
         }
     }
+    for (const DockStatePtr& state : m_requested) {
+        if (const DockItem* item = state->item(id)) {
+            return {state, item};
+        }
+    }
     return {nullptr, nullptr};
+}
+
+void DockModel::addRequested(const DockStatePtr& state)
+{
+    const std::lock_guard lock(m_mutex);
+    m_requested.push_back(state);
+}
+
+void DockModel::removeRequested(DockItemId id)
+{
+    const std::lock_guard lock(m_mutex);
+    std::erase_if(m_requested,
+                  [id](const DockStatePtr& state) { return state->item(id) != nullptr; });
 }
 
 std::optional<DockItemView> DockModel::item(DockItemId id) const
@@ -275,6 +293,7 @@ std::optional<DockItemView> DockModel::item(DockItemId id) const
                       .url = {},
                       .isRunning = false,
                       .isMinimizedWindow = item->isMinimizedWindow,
+                      .chosen = item->areChosen ? std::optional(item->windows) : std::nullopt,
                       .window = {},
                       .isHidden = state->isHidden,
                       .rect = selectedItem() == id ? item->magnified : item->rect};

@@ -27,6 +27,8 @@ struct DockItemView {
     QUrl url; ///< of the application; empty for a minimised window
     bool isRunning = false;
     bool isMinimizedWindow = false;
+    /// All that is to be shown, where windows were chosen.
+    std::optional<std::vector<xcb_window_t>> chosen;
     /// The only window behind it; none for an application as a whole.
     std::optional<xcb_window_t> window;
     bool isHidden = false; ///< the dock has slid out of sight; the place is where it comes back
@@ -73,6 +75,10 @@ public:
     DockStatePtr dockOf(DockItemId id) const { return find(id).first; }
     /// The preferred one of those that have items, else of all; null when none runs.
     DockStatePtr firstDock() const;
+    /// Adds an item that no dock has: it is found by its id, and by nothing else. `state` has this
+    /// one item, and the edge that it is at. Any thread.
+    void addRequested(const DockStatePtr& state);
+    void removeRequested(DockItemId id);
     /// Reads the docks' own preferences again. Main thread.
     void synchronize();
     /// Whether the pointer is or lately was on or near a dock, so that somebody is looking.
@@ -126,7 +132,8 @@ private:
     double m_attendedAt = -1e9;
     double m_prefetchedAt = -1e9;
     DockItemId m_selected = 0;
-    DockItemId m_menuItem = 0; ///< whose menu was opened, until something else happens
+    std::vector<DockStatePtr> m_requested; ///< places of items that no dock has
+    DockItemId m_menuItem = 0;             ///< whose menu was opened, until something else happens
     double m_menuItemLeftAt = -1e9;
 };
 

@@ -41,6 +41,12 @@ QPointF X11InputState::mouseLocation()
            QPointF(0, 0.5 / m_points.pixelsPerPoint());
 }
 
+QPoint X11InputState::pointer() const
+{
+    const auto pointer = queryPointer(m_requests);
+    return pointer ? QPoint(pointer->root_x, pointer->root_y) : QPoint();
+}
+
 std::uint32_t X11InputState::pointerMask() const
 {
     const auto pointer = queryPointer(m_requests);

@@ -25,6 +25,7 @@ public:
     X11InputState(const Connection& requests, const Connection& events, const PointSpace& points);
 
     QPointF mouseLocation() override;
+    QPoint pointer() const; ///< root pixels
     std::uint32_t pressedMouseButtons() override;
     std::uint32_t modifierFlags() override;
 

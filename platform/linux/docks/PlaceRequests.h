@@ -1,0 +1,94 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// Rows of previews that were asked for by name: what may be asked, and when the pointer ends one.
+#pragma once
+
+#include <QtCore/QRect>
+#include <QtCore/QString>
+
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <vector>
+
+#include "platform/PreviewRequests.h"
+#include "platform/RunLoop.h"
+#include "platform/linux/applications/ApplicationRegistry.h"
+#include "platform/linux/applications/DesktopEntries.h"
+#include "platform/linux/docks/DockModel.h"
+#include "platform/linux/x11/PointSpace.h"
+
+namespace lumbrix::platform
+{
+
+/// Where a row is to be, as it was asked for: nothing of it need make sense.
+struct RequestedPlace {
+    int x = 0; ///< root pixels, as is the rest
+    int y = 0;
+    int width = 0;
+    int height = 0;
+    QString edge; ///< of the screen: "bottom", "top", "left" or "right"
+};
+
+/// Why there is no row.
+struct RequestError {
+    enum class Kind { InvalidArguments, Disabled, NothingToShow };
+    Kind kind = Kind::InvalidArguments;
+    QString message; ///< for a developer, in English
+};
+
+/// Main thread, but for the listener's part, which is on the event thread.
+class PlaceRequests final : public PreviewRequests, public x11::WindowListener
+{
+public:
+    struct Parts {
+        RunLoop& runLoop;
+        x11::WindowTracker& tracker;
+        const x11::PointSpace& space;
+        ApplicationRegistry& registry;
+        DesktopEntries& entries;
+        DockModel& docks;
+        std::function<QPoint()> pointer; ///< where it is now, root pixels
+    };
+    static constexpr std::size_t mostWindows = 15; ///< as many as a row has
+
+    explicit PlaceRequests(Parts parts) : m(std::move(parts)) {}
+    ~PlaceRequests() override { *m_alive = false; }
+
+    /// A row that was asked for has ended. When another one takes its place, before that is told.
+    void setEnded(std::function<void()> ended) { m_ended = std::move(ended); }
+
+    // Null = the row is there, in the place of any other. Otherwise nothing has changed.
+    std::optional<RequestError> showForApplication(const QString& entryId,
+                                                   const RequestedPlace& place);
+    std::optional<RequestError> showForWindows(const std::vector<std::uint32_t>& windows,
+                                               const RequestedPlace& place);
+    void hide();    ///< nothing without a row
+    void abandon(); ///< nobody waits for its end any more; nothing without a row
+
+    void setHost(Host* host) override { m_host = host; }
+    void rowEnded(const ElementRef& item) override;
+
+    void pointerMoved(QPoint point, xcb_window_t childOfRoot) override;
+
+private:
+    /// What is wrong with it; else fills in the item's place and the edge.
+    std::optional<RequestError> readPlace(const RequestedPlace& place, DockState& state) const;
+    std::optional<RequestError> show(const std::shared_ptr<DockState>& state);
+    void pointerLeft(DockItemId id);
+
+    const Parts m;
+    const std::shared_ptr<bool> m_alive = std::make_shared<bool>(true);
+    Host* m_host = nullptr;
+    DockItemId m_current = 0; ///< 0 = there is no row
+    std::function<void()> m_ended;
+
+    std::mutex m_mutex;
+    DockItemId m_watched = 0; // this and what follows guarded by m_mutex; 0 = none
+    QRect m_place;
+    bool m_isPointerOn = false;
+};
+
+} // namespace lumbrix::platform

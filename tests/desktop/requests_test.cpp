@@ -1,0 +1,259 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// Previews that other programs ask for over the bus.
+#include "DesktopTest.h"
+
+#include <QtCore/QCoreApplication>
+#include <QtDBus/QDBusConnection>
+#include <QtDBus/QDBusMessage>
+
+namespace lumbrix::privatedesk
+{
+
+namespace
+{
+
+/// A program that asks; it has gone when this object has.
+class Caller final : public QObject
+{
+    Q_OBJECT
+
+public:
+    Caller(Session& session, const QString& name)
+        : m_name(name), m_bus(QDBusConnection::connectToBus(session.busAddress(), name))
+    {
+        m_bus.connect(service, path, interface, u"Hidden"_qs, this, SLOT(countHidden()));
+    }
+    ~Caller() override { QDBusConnection::disconnectFromBus(m_name); }
+
+    /// The error's name; empty when it went well.
+    QString call(const QString& method, const QVariantList& arguments = {})
+    {
+        return send(interface, method, arguments).errorName();
+    }
+    /// The same, and whatever the program says.
+    QDBusMessage send(const QString& onInterface, const QString& method,
+                      const QVariantList& arguments = {})
+    {
+        QDBusMessage message = QDBusMessage::createMethodCall(service, path, onInterface, method);
+        message.setArguments(arguments);
+        return m_bus.call(message, QDBus::Block, static_cast<int>(patience(5000).count()));
+    }
+    QString show(const QString& id, const QRect& place, const QString& edge = u"bottom"_qs)
+    {
+        return call(u"ShowForApplication"_qs, {id, place, edge});
+    }
+    QString show(const std::vector<AppWindow>& windows, const QRect& place)
+    {
+        QList<uint> ids;
+        for (const AppWindow& window : windows)
+            ids << window.id;
+        return call(u"ShowForWindows"_qs, {QVariant::fromValue(ids), place, u"bottom"_qs});
+    }
+    /// How many rows have ended by now.
+    int hidden() const
+    {
+        QCoreApplication::processEvents();
+        return m_hidden;
+    }
+
+    const QString service = u"org.lumbrix.Lumbrix"_qs;
+    const QString path = u"/org/lumbrix/Previews1"_qs;
+    const QString interface = u"org.lumbrix.Previews1"_qs;
+
+private Q_SLOTS:
+    void countHidden() { ++m_hidden; }
+
+private:
+    const QString m_name;
+    QDBusConnection m_bus;
+    int m_hidden = 0;
+};
+
+const QString invalid = u"org.freedesktop.DBus.Error.InvalidArgs"_qs;
+
+} // namespace
+
+class RequestsTest : public DesktopTest
+{
+protected:
+    std::vector<QByteArray> titlesShown()
+    {
+        std::vector<QByteArray> titles;
+        for (const Panel& panel : display().previews())
+            titles.push_back(panel.title);
+        return titles;
+    }
+    QRect row()
+    {
+        QRect all;
+        for (const Panel& panel : display().previews())
+            all |= panel.geometry;
+        return all;
+    }
+
+    const QRect place{300, 700, 60, 48};
+};
+
+INSTANTIATE_TEST_SUITE_P(, RequestsTest, testing::Values(plank(), tint2()), deskName);
+
+TEST_P(RequestsTest, row_standsBesideTheRectangle_untilItIsHidden)
+{
+    const Application& alpha = launch(u"alpha"_qs, 2);
+    launch(u"beta"_qs, 1);
+    Caller caller(desk().session(), u"caller"_qs);
+    constexpr int gap = 33;
+    const struct {
+        QString edge;
+        QRect place;
+        std::function<int(const QRect& row, const QRect& place)> distance;
+    } cases[] = {
+        {u"bottom"_qs, place, [](auto& row, auto& at) { return at.top() - row.bottom() - 1; }},
+        {u"top"_qs,
+         {300, 100, 60, 48},
+         [](auto& row, auto& at) { return row.top() - at.bottom() - 1; }},
+        {u"left"_qs,
+         {100, 500, 60, 48},
+         [](auto& row, auto& at) { return row.left() - at.right() - 1; }},
+        {u"right"_qs,
+         {1100, 500, 60, 48},
+         [](auto& row, auto& at) { return at.left() - row.right() - 1; }},
+    };
+    const xcb_window_t active = display().activeWindow();
+    int hidden = 0;
+    for (const auto& [edge, at, distance] : cases) {
+        SCOPED_TRACE(qPrintable(edge));
+        ASSERT_EQ(caller.show(u"alpha"_qs, at, edge), u""_qs);
+        ASSERT_TRUE(shows(alpha));
+        EXPECT_NEAR(distance(row(), at), gap, 1);
+        const bool isAcross = edge == u"left"_qs || edge == u"right"_qs;
+        EXPECT_NEAR(isAcross ? row().center().y() : row().center().x(),
+                    isAcross ? at.center().y() : at.center().x(), 12);
+        savePicture(edge.toLatin1());
+        EXPECT_EQ(caller.hidden(), hidden);
+        EXPECT_EQ(caller.call(u"Hide"_qs), u""_qs);
+        EXPECT_TRUE(showsNothing());
+        EXPECT_TRUE(waitUntil([&] { return caller.hidden() > hidden; }));
+        EXPECT_EQ(caller.hidden(), ++hidden);
+    }
+    EXPECT_EQ(caller.call(u"Hide"_qs), u""_qs) << "nothing to hide is no error";
+    EXPECT_EQ(caller.hidden(), hidden);
+    EXPECT_EQ(display().activeWindow(), active) << "the focus has moved";
+}
+
+TEST_P(RequestsTest, chosenWindows_areShownInTheirOrder_andComeForwardOnAClick)
+{
+    Application& alpha = launch(u"alpha"_qs, 3);
+    Application& beta = launch(u"beta"_qs, 1);
+    Caller caller(desk().session(), u"caller"_qs);
+    const AppWindow first = beta.windows().front();
+    const AppWindow last = alpha.windows().front();
+    ASSERT_EQ(caller.show({first, last, first}, place), u""_qs);
+    const std::vector<QByteArray> expected{first.title, last.title};
+    ASSERT_TRUE(waitUntil([&] { return titlesShown() == expected; }));
+    savePicture("chosen");
+    display().moveTo(preview(last.title)->geometry.center());
+    display().click();
+    EXPECT_TRUE(waitUntil([&] { return display().activeWindow() == last.id; }));
+    EXPECT_EQ(titlesShown(), expected);
+    alpha.destroy(last);
+    EXPECT_TRUE(waitUntil([&] { return titlesShown() == std::vector{first.title}; }));
+    EXPECT_EQ(caller.hidden(), 0);
+    desk().park();
+    EXPECT_TRUE(showsNothing()) << "the mouse has been there and left";
+    EXPECT_TRUE(waitUntil([&] { return caller.hidden() == 1; }));
+
+    // On the rectangle, and off it.
+    display().moveTo(place.center());
+    ASSERT_EQ(caller.show(u"alpha"_qs, place), u""_qs);
+    ASSERT_TRUE(shows(alpha));
+    desk().park();
+    EXPECT_TRUE(showsNothing());
+    EXPECT_TRUE(waitUntil([&] { return caller.hidden() == 2; }));
+    // By an icon of the dock.
+    ASSERT_EQ(caller.show(u"alpha"_qs, place), u""_qs);
+    ASSERT_TRUE(shows(alpha));
+    hover(beta);
+    EXPECT_TRUE(shows(beta));
+    EXPECT_TRUE(waitUntil([&] { return caller.hidden() == 3; }));
+}
+
+TEST_P(RequestsTest, row_goesWithItsCaller_andAnotherCallerTakesOver)
+{
+    const Application& alpha = launch(u"alpha"_qs, 2);
+    const Application& beta = launch(u"beta"_qs, 1);
+    auto first = std::make_unique<Caller>(desk().session(), u"first"_qs);
+    Caller second(desk().session(), u"second"_qs);
+    ASSERT_EQ(first->show(u"alpha"_qs, place), u""_qs);
+    ASSERT_TRUE(shows(alpha));
+    ASSERT_EQ(second.show(u"beta.desktop"_qs, place), u""_qs);
+    EXPECT_TRUE(shows(beta));
+    EXPECT_TRUE(waitUntil([&] { return first->hidden() == 1; }));
+    EXPECT_EQ(first->call(u"Hide"_qs), u""_qs) << "too late";
+    EXPECT_TRUE(shows(beta));
+    EXPECT_EQ(second.hidden(), 0);
+
+    ASSERT_EQ(first->show(u"alpha"_qs, place), u""_qs);
+    ASSERT_TRUE(shows(alpha));
+    EXPECT_TRUE(waitUntil([&] { return second.hidden() == 1; }));
+    first.reset();
+    EXPECT_TRUE(showsNothing());
+
+    // A command that ends at once: its row stays while the mouse is there.
+    const auto showAndEnd = [&] {
+        return Caller(desk().session(), u"brief"_qs).show(u"alpha"_qs, place);
+    };
+    display().moveTo(place.center());
+    EXPECT_EQ(showAndEnd(), u""_qs);
+    EXPECT_TRUE(shows(alpha));
+    EXPECT_EQ(second.call(u"Hide"_qs), u""_qs) << "nobody else is in charge";
+    EXPECT_TRUE(showsNothing());
+    EXPECT_EQ(showAndEnd(), u""_qs);
+    EXPECT_TRUE(shows(alpha));
+    desk().park();
+    EXPECT_TRUE(showsNothing());
+    EXPECT_EQ(second.hidden(), 1);
+}
+
+TEST_P(RequestsTest, whatCannotBeShown_isAnError_andChangesNothing)
+{
+    const Application& alpha = launch(u"alpha"_qs, 1);
+    Caller caller(desk().session(), u"caller"_qs);
+    ASSERT_EQ(caller.show(u"alpha"_qs, place), u""_qs);
+    ASSERT_TRUE(shows(alpha));
+    for (const QString& id : {u""_qs, u".desktop"_qs, u"nobody"_qs, QString(5000, u'x'),
+                              QString::fromUtf8("\xf0\x9f\x8e\xa8/../\x1b[31m")})
+        EXPECT_EQ(caller.show(id, place), invalid) << qPrintable(id.left(20));
+    constexpr int most = std::numeric_limits<int>::max();
+    for (const QRect& nowhere : {QRect(0, 0, 0, 10), QRect(0, 0, 10, -1), QRect(5000, 0, 9, 9),
+                                 QRect(-10, 0, 10, 10), QRect(most - 5, 0, 2, 2)})
+        EXPECT_EQ(caller.show(u"alpha"_qs, nowhere), invalid);
+    for (const QString& edge : {u""_qs, u"Bottom"_qs, u"middle"_qs})
+        EXPECT_EQ(caller.show(u"alpha"_qs, place, edge), invalid);
+    EXPECT_EQ(caller.show(std::vector<AppWindow>(), place), invalid);
+    AppWindow root;
+    root.id = display().root();
+    EXPECT_EQ(caller.show({alpha.windows().front(), root}, place), invalid);
+    EXPECT_EQ(caller.show(u"gamma"_qs, place), u"org.lumbrix.Previews1.Error.NothingToShow"_qs);
+    EXPECT_EQ(caller.call(u"ShowForApplication"_qs, {u"alpha"_qs, u"everywhere"_qs, u"top"_qs}),
+              u"org.freedesktop.DBus.Error.UnknownMethod"_qs);
+    EXPECT_TRUE(shows(alpha));
+    EXPECT_EQ(caller.hidden(), 0);
+    EXPECT_EQ(caller.call(u"Hide"_qs), u""_qs);
+    EXPECT_TRUE(showsNothing());
+
+    const QString described =
+        caller.send(u"org.freedesktop.DBus.Introspectable"_qs, u"Introspect"_qs)
+            .arguments()
+            .value(0)
+            .toString();
+    for (const QString& part :
+         {u"<interface name=\"org.lumbrix.Previews1\">"_qs, u"type=\"(iiii)\""_qs,
+          u"type=\"au\""_qs, u"<signal name=\"Hidden\"/>"_qs})
+        EXPECT_TRUE(described.contains(part)) << qPrintable(described);
+}
+
+} // namespace lumbrix::privatedesk
+
+#include "requests_test.moc"
