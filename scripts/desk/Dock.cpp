@@ -131,11 +131,23 @@ private:
 };
 
 /// A panel of window buttons, which tells every window where its button is.
-class Panel : public Dock
+class Panel final : public Dock
 {
 public:
-    using Dock::Dock;
+    /// With the settings that are written already.
+    Panel(Session& session, Edge edge, QString program, QStringList arguments = {})
+        : Dock(session, edge), m_program(std::move(program)), m_arguments(std::move(arguments))
+    {
+        restart();
+    }
 
+    void restart() override
+    {
+        m_process = m_session.start(m_program, m_program, m_arguments);
+        if (!m_session.display().waitFor(
+                [this] { return m_session.display().dockArea().has_value(); }, patience(15000)))
+            qFatal("%s did not start:\n%s", qPrintable(m_program), qPrintable(m_session.logs()));
+    }
     std::optional<QPoint> iconOf(const QString&, xcb_window_t window) override
     {
         Display& display = m_session.display();
@@ -151,54 +163,40 @@ public:
             return std::nullopt;
         return button.center();
     }
+
+private:
+    const QString m_program;
+    const QStringList m_arguments;
 };
 
-class Tint2 final : public Panel
+std::unique_ptr<Dock> startTint2(Session& session, Edge edge)
 {
-public:
-    Tint2(Session& session, Edge edge) : Panel(session, edge)
-    {
-        const QByteArray side = edgeName(edge).toLatin1();
-        const QByteArray place =
-            isHorizontal(edge)
-                ? "panel_position = " + side + " center horizontal\npanel_size = 100% 40\n"
-                : "panel_position = center " + side + " vertical\npanel_size = 100% 60\n";
-        session.write(session.path(u"tint2rc"_qs),
-                      "rounded = 0\nborder_width = 0\nbackground_color = #303030 100\n" + place +
-                          "panel_items = T\npanel_padding = 4 0 4\npanel_background_id = "
-                          "1\npanel_layer = top\n"
-                          "strut_policy = follow_size\ntaskbar_mode = single_desktop\n"
-                          "task_maximum_size = 60 40\ntask_text = 0\ntask_icon = 1\n"
-                          "task_padding = 4 2 4\nmouse_left = toggle_iconify\n");
-        restart();
-    }
+    const QByteArray side = edgeName(edge).toLatin1();
+    const QByteArray place =
+        isHorizontal(edge)
+            ? "panel_position = " + side + " center horizontal\npanel_size = 100% 40\n"
+            : "panel_position = center " + side + " vertical\npanel_size = 100% 60\n";
+    const QString file = session.path(u"tint2rc"_qs);
+    session.write(file, "rounded = 0\nborder_width = 0\nbackground_color = #303030 100\n" + place +
+                            "panel_items = T\npanel_padding = 4 0 4\npanel_background_id = "
+                            "1\npanel_layer = top\n"
+                            "strut_policy = follow_size\ntaskbar_mode = single_desktop\n"
+                            "task_maximum_size = 60 40\ntask_text = 0\ntask_icon = 1\n"
+                            "task_padding = 4 2 4\nmouse_left = toggle_iconify\n");
+    return std::make_unique<Panel>(session, edge, u"tint2"_qs, QStringList{u"-c"_qs, file});
+}
 
-    void restart() override
-    {
-        m_process =
-            m_session.start(u"tint2"_qs, u"tint2"_qs, {u"-c"_qs, m_session.path(u"tint2rc"_qs)});
-        if (!m_session.display().waitFor(
-                [this] { return m_session.display().dockArea().has_value(); }, patience(10000)))
-            qFatal("tint2 did not start:\n%s", qPrintable(m_session.logs()));
-    }
-};
-
-class XfcePanel final : public Panel
+/// Without settings it takes those of its package: a panel at the top and launchers at the bottom.
+std::unique_ptr<Dock> startXfcePanel(Session& session, Edge edge, bool isStock)
 {
-public:
-    XfcePanel(Session& session, Edge edge, bool isStock) : Panel(session, edge)
-    {
-        if (isStock) {
-            restart(); // without settings it takes those of its package, a panel at the top
-            return;
-        }
-        // The panel's own words: positions 10 and 9 are the middle of the bottom and of the top
-        // edge, 5 and 1 are the left and right edges.
-        const QByteArray position = edge == Edge::Bottom ? "p=10;x=0;y=0"
-                                    : edge == Edge::Top  ? "p=9;x=0;y=0"
-                                    : edge == Edge::Left ? "p=5;x=0;y=0"
-                                                         : "p=1;x=0;y=0";
-        const QByteArray mode = isHorizontal(edge) ? "0" : "2";
+    // The panel's own words: positions 10 and 9 are the middle of the bottom and of the top
+    // edge, 5 and 1 are the left and right edges.
+    const QByteArray position = edge == Edge::Bottom ? "p=10;x=0;y=0"
+                                : edge == Edge::Top  ? "p=9;x=0;y=0"
+                                : edge == Edge::Left ? "p=5;x=0;y=0"
+                                                     : "p=1;x=0;y=0";
+    const QByteArray mode = isHorizontal(edge) ? "0" : "2";
+    if (!isStock)
         session.write(session.configPath(u"xfce4/xfconf/xfce-perchannel-xml/xfce4-panel.xml"_qs),
                       R"(<?xml version="1.0" encoding="UTF-8"?>
 <channel name="xfce4-panel" version="1.0">
@@ -228,18 +226,37 @@ public:
   </property>
 </channel>
 )");
-        restart();
-    }
+    return std::make_unique<Panel>(
+        session, edge, u"xfce4-panel"_qs,
+        QStringList{u"--disable-wm-check"_qs, u"--sm-client-disable"_qs});
+}
 
-    void restart() override
-    {
-        m_process = m_session.start(u"xfce4-panel"_qs, u"xfce4-panel"_qs,
-                                    {u"--disable-wm-check"_qs, u"--sm-client-disable"_qs});
-        if (!m_session.display().waitFor(
-                [this] { return m_session.display().dockArea().has_value(); }, patience(15000)))
-            qFatal("xfce4-panel did not start:\n%s", qPrintable(m_session.logs()));
-    }
-};
+/// As it comes at the bottom, the upper of its two panels left out; elsewhere that panel is moved.
+std::unique_ptr<Dock> startMatePanel(Session& session, Edge edge)
+{
+    session.addSettings("[org/mate/panel/general]\ntoplevel-id-list=['panel']\n"
+                        "object-id-list=['window-list']\n"
+                        "[org/mate/panel/toplevels/panel]\nexpand=true\nsize=24\norientation='" +
+                        edgeName(edge).toLatin1() +
+                        "'\n[org/mate/panel/objects/window-list]\nobject-type='applet'\n"
+                        "applet-iid='WnckletFactory::WindowListApplet'\ntoplevel-id='panel'\n"
+                        "position=20\nlocked=true\n");
+    return std::make_unique<Panel>(session, edge, u"mate-panel"_qs);
+}
+
+std::unique_ptr<Dock> startLxqtPanel(Session& session, Edge edge)
+{
+    const QString side = edgeName(edge);
+    session.write(
+        session.configPath(u"lxqt/panel.conf"_qs),
+        "panels=panel1\n[panel1]\nplugins=mainmenu,desktopswitch,taskbar,worldclock\n"
+        "position=" +
+            (side.at(0).toUpper() + side.mid(1)).toLatin1() +
+            "\ndesktop=0\n[mainmenu]\ntype=mainmenu\n[desktopswitch]\ntype=desktopswitch\n"
+            "[taskbar]\ntype=taskbar\nbuttonWidth=220\ngroupingEnabled=false\n"
+            "[worldclock]\ntype=worldclock\n");
+    return std::make_unique<Panel>(session, edge, u"lxqt-panel"_qs);
+}
 
 } // namespace
 
@@ -248,10 +265,14 @@ std::unique_ptr<Dock> Dock::start(Session& session, DockKind kind, Edge edge,
 {
     switch (kind) {
     case DockKind::Tint2:
-        return std::make_unique<Tint2>(session, edge);
+        return startTint2(session, edge);
     case DockKind::XfcePanel:
     case DockKind::StockXfcePanel:
-        return std::make_unique<XfcePanel>(session, edge, kind == DockKind::StockXfcePanel);
+        return startXfcePanel(session, edge, kind == DockKind::StockXfcePanel);
+    case DockKind::MatePanel:
+        return startMatePanel(session, edge);
+    case DockKind::LxqtPanel:
+        return startLxqtPanel(session, edge);
     default:
         return std::make_unique<Plank>(session, edge, pinned, secondEdge);
     }

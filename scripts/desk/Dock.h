@@ -15,7 +15,7 @@
 namespace lumbrix::privatedesk
 {
 
-enum class DockKind { Plank, Tint2, XfcePanel, StockXfcePanel };
+enum class DockKind { Plank, Tint2, XfcePanel, StockXfcePanel, MatePanel, LxqtPanel };
 enum class Edge { Bottom, Left, Right, Top };
 
 inline bool isHorizontal(Edge edge) { return edge == Edge::Bottom || edge == Edge::Top; }
