@@ -9,6 +9,7 @@
 #include <unistd.h>
 
 #include "platform/linux/ToolkitScale.h"
+#include "platform/linux/accessibility/LinuxDockPreferences.h"
 #include "platform/linux/accessibility/X11Accessibility.h"
 #include "platform/linux/applications/ApplicationRegistry.h"
 #include "platform/linux/applications/LinuxWorkspace.h"
@@ -16,7 +17,6 @@
 #include "platform/linux/calendar/LinuxCalendarStore.h"
 #include "platform/linux/defaults/IniDefaults.h"
 #include "platform/linux/docks/DockModel.h"
-#include "platform/linux/docks/LinuxDockPreferences.h"
 #include "platform/linux/docks/PanelDock.h"
 #include "platform/linux/docks/PlaceRequests.h"
 #include "platform/linux/docks/PlankDock.h"

@@ -12,9 +12,9 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/linux/accessibility/LinuxDockPreferences.h"
 #include "platform/linux/accessibility/X11Accessibility.h"
 #include "platform/linux/applications/LinuxWorkspace.h"
-#include "platform/linux/docks/LinuxDockPreferences.h"
 #include "tests/platform/linux/FakeTracker.h"
 #include "tests/support/VirtualRunLoop.h"
 

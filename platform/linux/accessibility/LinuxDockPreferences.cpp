@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-#include "platform/linux/docks/LinuxDockPreferences.h"
+#include "platform/linux/accessibility/LinuxDockPreferences.h"
 
 #include "platform/linux/accessibility/X11Element.h"
 
