@@ -1,4 +1,8 @@
-add_compile_options(-Wall -Wextra -Wpedantic -Werror)
+option(LUMBRIX_WERROR "Take every warning for an error" OFF)
+add_compile_options(-Wall -Wextra -Wpedantic)
+if(LUMBRIX_WERROR)
+  add_compile_options(-Werror)
+endif()
 add_compile_definitions(QT_NO_KEYWORDS QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII
   QT_NO_FOREACH QT_STRICT_ITERATORS)
 if(LUMBRIX_SANITIZE)
