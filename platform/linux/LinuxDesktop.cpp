@@ -10,6 +10,7 @@
 
 #include "platform/linux/ToolkitScale.h"
 #include "platform/linux/accessibility/LinuxDockPreferences.h"
+#include "platform/linux/accessibility/PlaceRequests.h"
 #include "platform/linux/accessibility/X11Accessibility.h"
 #include "platform/linux/applications/ApplicationRegistry.h"
 #include "platform/linux/applications/LinuxWorkspace.h"
@@ -18,7 +19,6 @@
 #include "platform/linux/defaults/IniDefaults.h"
 #include "platform/linux/docks/DockModel.h"
 #include "platform/linux/docks/PanelDock.h"
-#include "platform/linux/docks/PlaceRequests.h"
 #include "platform/linux/docks/PlankDock.h"
 #include "platform/linux/docks/Struts.h"
 #include "platform/linux/docks/TooltipOrder.h"

@@ -11,7 +11,7 @@
 #include <QtDBus/QDBusContext>
 #include <QtDBus/QDBusServiceWatcher>
 
-#include "platform/linux/docks/PlaceRequests.h"
+#include "platform/linux/accessibility/PlaceRequests.h"
 
 class QDBusArgument;
 

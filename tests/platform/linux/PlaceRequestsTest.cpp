@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-#include "platform/linux/docks/PlaceRequests.h"
+#include "platform/linux/accessibility/PlaceRequests.h"
 #include "tests/platform/linux/AdapterFixture.h"
 
 namespace lumbrix::test
