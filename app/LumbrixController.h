@@ -99,6 +99,8 @@ private:
     /// Has the user decide whether access is to be given.
     static bool wantsAPI();
     void firstRunCheck();
+    /// Once for each user.
+    void tellOfUnseenWindows();
     void showDockIcon();
 
     void retrieveDefaults(const QString& senderTitle = {});

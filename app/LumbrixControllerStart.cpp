@@ -16,6 +16,7 @@
 #include "platform/ApplicationBundle.h"
 #include "platform/Desktop.h"
 #include "platform/UserDefaults.h"
+#include "platform/WindowServer.h"
 #include "preview/BubbleWrapper.h"
 #include "preview/MediaControls.h"
 
@@ -114,7 +115,9 @@ void LumbrixController::firstRunCheck()
                       "This is usually not a problem since you would have Lumbrix already running "
                       "when the windows are created. However, this is the first time you run "
                       "Lumbrix and you might have some windows already open."),
-                   {tr("Okay")});
+                   {tr("Okay")}, [this](int) { tellOfUnseenWindows(); });
+    } else {
+        tellOfUnseenWindows();
     }
     const QString relaunched = QStringLiteral("relaunchedForIcon");
     if (defaults().boolForKey(relaunched)) {
@@ -125,6 +128,18 @@ void LumbrixController::firstRunCheck()
             QStringLiteral("Dock Icon"), false);
     }
     seedBadgeRun(defaults());
+}
+
+void LumbrixController::tellOfUnseenWindows()
+{
+    const QString told = QStringLiteral("toldOfUnseenWindows");
+    const QString unseen = platform::desktop().windowServer.unseenWindows();
+    if (unseen.isEmpty() || defaults().boolForKey(told))
+        return;
+    defaults().setBool(true, told);
+    defaults().synchronize();
+    showPreferences();
+    beginSheet(tr("Not every window has a preview here"), unseen, {tr("Okay")});
 }
 
 void LumbrixController::showDockIcon()

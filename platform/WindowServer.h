@@ -71,6 +71,10 @@ public:
         return captureWindow(window, limit);
     }
 
+    /// Which of the user's windows can be neither seen nor pictured on this desktop, and what to do
+    /// about it: one line in words for the user. Empty where all can. Main thread.
+    virtual QString unseenWindows() { return {}; }
+
     /// Frames of the screens, the main one first; in accessibility coordinates, so the main one's
     /// top left is (0, 0).
     virtual std::vector<QRectF> screens() = 0;

@@ -542,6 +542,10 @@
         <source>it has just become another application&apos;s</source>
         <translation>es gehört seit eben zu einer anderen Anwendung</translation>
     </message>
+    <message>
+        <source>Session</source>
+        <translation>Sitzung</translation>
+    </message>
 </context>
 <context>
     <name>KeyboardLayout</name>
@@ -1017,6 +1021,13 @@
     </message>
 </context>
 <context>
+    <name>WindowServer</name>
+    <message>
+        <source>In a Wayland session Lumbrix sees only the windows of programs that use X. To have previews of all windows, choose an X11 session when you log in.</source>
+        <translation>In einer Wayland-Sitzung sieht Lumbrix nur die Fenster von Programmen, die X benutzen. Um Vorschauen aller Fenster zu haben, wählen Sie beim Anmelden eine X11-Sitzung.</translation>
+    </message>
+</context>
+<context>
     <name>lumbrix::AboutWindow</name>
     <message>
         <source>About Lumbrix</source>
@@ -1178,6 +1189,10 @@ Meist spielt das keine Rolle, da Lumbrix schon läuft, wenn die Fenster entstehe
     <message>
         <source>The icon in the Dock will change the next time you start Lumbrix.</source>
         <translation>Das Symbol im Dock ändert sich, wenn Sie Lumbrix das nächste Mal starten.</translation>
+    </message>
+    <message>
+        <source>Not every window has a preview here</source>
+        <translation>Nicht jedes Fenster hat hier eine Vorschau</translation>
     </message>
 </context>
 <context>

@@ -72,6 +72,7 @@ struct Inspection {
     /// Of the Lumbrix that runs on this desktop: 0 = none does, null = not known.
     std::optional<std::int32_t> runningProcess;
     bool hasRun = false;  ///< Lumbrix has been started before, and left its settings
+    QString unseen;       ///< which windows this desktop keeps from us; empty when none
     QStringList settings; ///< those that were changed and matter here, "name=value"
     bool isDisabled = false;
     int hidingKey = 0;                              ///< modifier index

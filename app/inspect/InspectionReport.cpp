@@ -145,6 +145,8 @@ QString inspectionReport(const Inspection& inspection)
     if (inspection.application)
         text += applicationRows(inspection);
     text += row(InspectionText::tr("Settings"), settingsText(inspection));
+    if (!inspection.unseen.isEmpty())
+        text += row(InspectionText::tr("Session"), inspection.unseen);
 
     if (!inspection.windows.empty())
         text += heading(InspectionText::tr("Windows"));

@@ -149,6 +149,7 @@ Inspection Inspector::inspect()
     result.element = UIElementUtilities::stringDescriptionOfUIElement(m_element, printableText);
     result.pointsAtItem = m_pointsAtItem;
     result.hasRun = m_hasRun;
+    result.unseen = desktop.windowServer.unseenWindows();
     if (m_hasRun)
         result.settings = settingsThatMatter(desktop.userDefaults);
     result.isDisabled = m_settings.disabled != 0;

@@ -27,16 +27,24 @@ private:
 
 std::unique_ptr<LinuxDesktop::DisplayHold> LinuxDesktop::prepareToolkit(QString& error)
 {
-    // In a Wayland session the toolkit would otherwise draw where the docks are not.
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+    // In a Wayland session the toolkit would otherwise draw where the docks are not; such sessions
+    // also ask it to.
+    const QByteArray plugin = qgetenv("QT_QPA_PLATFORM");
+    if (plugin.isEmpty() || plugin.startsWith("wayland"))
         qputenv("QT_QPA_PLATFORM", "xcb");
     // Tried here, because the toolkit aborts the program when it finds no display.
     auto connection = std::make_unique<Connection>();
     if (connection->isOpen())
         return connection;
     const QString display = qEnvironmentVariable("DISPLAY");
-    error = display.isEmpty() ? QStringLiteral("no X display: DISPLAY is not set")
-                              : QStringLiteral("the X display '%1' cannot be opened").arg(display);
+    if (!display.isEmpty())
+        error = QStringLiteral("the X display '%1' cannot be opened").arg(display);
+    else if (!qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY"))
+        error =
+            QStringLiteral("this Wayland session has no X display: Lumbrix needs an X11 session, "
+                           "or Xwayland for the windows of X programs");
+    else
+        error = QStringLiteral("no X display: DISPLAY is not set");
     return nullptr;
 }
 

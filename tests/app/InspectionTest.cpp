@@ -245,6 +245,9 @@ Attributes:
         u"Previews      None: Lumbrix does not run on this desktop.\n"
         u"If it ran     1 of 1 windows.\n"_s));
 
+    desk.windowServer().setUnseenWindows(u"Only some."_s);
+    EXPECT_TRUE(inspectionReport(inspect()).contains(u"\nSession       Only some.\n"_s));
+
     EXPECT_EQ(printableText(u"a\u200db\x7f\u2028"_s + QChar(0xD800)),
               u"a\u200db\\x7f\\u2028\ufffd"_s);
     EXPECT_EQ(printableText(QString(100'000, u'x')).size(), 300 + 10);

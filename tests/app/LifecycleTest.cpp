@@ -145,6 +145,32 @@ TEST_F(LifecycleTest, newUser_start_isWelcomedOnThePreferencesOnce)
     EXPECT_FALSE(sheet());
 }
 
+TEST_F(LifecycleTest, windowsThatCannotBeSeen_areToldOnce_afterTheWelcome)
+{
+    startAgain();
+    EXPECT_FALSE(sheet()) << "all can";
+    controller->applicationWillTerminate();
+    desk.windowServer().setUnseenWindows(u"Only some."_s);
+    defaults.setBool(false, u"firstRun"_s);
+    for (const bool isWelcomed : {true, false}) {
+        start();
+        ASSERT_TRUE(sheet());
+        if (isWelcomed) {
+            press(*sheet(), u"Okay"_s);
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        }
+        ASSERT_TRUE(sheet());
+        EXPECT_EQ(textOf(*sheet(), u"informativeText"_s), u"Only some."_s);
+        answerSheet(u"Okay"_s);
+        controller->applicationWillTerminate();
+        start();
+        EXPECT_FALSE(sheet());
+        controller->applicationWillTerminate();
+        defaults.removeObjectForKey(u"toldOfUnseenWindows"_s);
+    }
+    start();
+}
+
 TEST_F(LifecycleTest, statusMenu_tellsWhatItsItemsDo)
 {
     defaults.setDictionary(SGKeyCombo{35, 0x900}.plistRepresentation(), u"enableDisableKey"_s);

@@ -81,10 +81,14 @@ TEST_P(InspectTest, report_agreesWithWhatTheHoverShows_andDisturbsNothing)
     EXPECT_EQ(settings(), before);
 }
 
-TEST_P(InspectTest, report_isInTheUsersLanguage)
+// Wayland sessions ask the toolkit not to draw where the docks are.
+TEST_P(InspectTest, report_isInTheUsersLanguage_whateverTheSessionAsksTheToolkitFor)
 {
     const auto process = desk().session().start(
-        u"german"_qs, u"env"_qs, {u"LANGUAGE=de"_qs, lumbrixBinary(), u"--inspect"_qs}, true);
+        u"german"_qs, u"env"_qs,
+        {u"LANGUAGE=de"_qs, u"WAYLAND_DISPLAY=wayland-0"_qs, u"XDG_SESSION_TYPE=wayland"_qs,
+         u"QT_QPA_PLATFORM=wayland"_qs, lumbrixBinary(), u"--inspect"_qs},
+        true);
     EXPECT_TRUE(process->readLine(patience(10'000)).value_or("").startsWith("Vorschauen "));
     EXPECT_EQ(process->waitForExit(patience(2000)), 0);
 }

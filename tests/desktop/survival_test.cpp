@@ -128,11 +128,12 @@ TEST_P(SurvivalTest, lumbrix_terminated_leavesNothingBehind)
 
 TEST(LumbrixProgram, display_missing_isNeededForPreviewsOnly)
 {
-    const auto run = [](const QStringList& arguments) {
+    const auto run = [](const QStringList& arguments, const QString& wayland = {}) {
         QProcess process;
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.remove(u"DISPLAY"_qs);
-        environment.remove(u"WAYLAND_DISPLAY"_qs);
+        environment.insert(u"WAYLAND_DISPLAY"_qs, wayland);
+        environment.insert(u"QT_QPA_PLATFORM"_qs, wayland.isEmpty() ? u""_qs : u"wayland"_qs);
         process.setProcessEnvironment(environment);
         process.setProcessChannelMode(QProcess::MergedChannels);
         process.start(lumbrixBinary(), arguments);
@@ -149,6 +150,8 @@ TEST(LumbrixProgram, display_missing_isNeededForPreviewsOnly)
         EXPECT_EQ(status, 1) << "it must fail, not crash";
         EXPECT_TRUE(complaint.startsWith("lumbrix: ")) << complaint.constData();
     }
+    EXPECT_EQ(run({}, u"wayland-0"_qs).first, 1);
+    EXPECT_TRUE(run({}, u"wayland-0"_qs).second.startsWith("lumbrix: this Wayland session has no"));
     EXPECT_EQ(run({u"--inspect"_qs, u"what"_qs}).first, 2);
 }
 

@@ -80,8 +80,11 @@ public:
     std::vector<QRectF> screens() override;
     QPointF toolkitOffset(const QRectF&) override { return {}; }
     bool blendsTranslucency() override;
+    QString unseenWindows() override { return m_unseenWindows; }
+    void setUnseenWindows(const QString& text) { m_unseenWindows = text; }
 
 private:
+    QString m_unseenWindows;
     SimulatedState& m_state;
 };
 

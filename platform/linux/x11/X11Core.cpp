@@ -13,6 +13,7 @@
 #include "platform/linux/x11/PopupWatch.h"
 #include "platform/linux/x11/ScreenWatch.h"
 #include "platform/linux/x11/TrayWatch.h"
+#include "platform/linux/x11/WaylandSession.h"
 #include "platform/linux/x11/WindowCommands.h"
 #include "platform/linux/x11/WindowPictures.h"
 #include "platform/linux/x11/X11EventTaps.h"
@@ -37,7 +38,8 @@ struct X11Core::Parts {
           pictures(runLoop, *events, *captures, tracker, points, screens.isCompositorRunning()),
           popups(*events, atoms, tracker, listeners), trays(*events, atoms),
           input(*requests, *events, points), keys(*events, *requests, wake),
-          eventTaps(runLoop, keys), layout(*requests), server(tracker, pictures, points, screens)
+          eventTaps(runLoop, keys), layout(*requests),
+          server(tracker, pictures, points, screens, isOfWaylandSession(*requests))
     {
         tracker.fetchInitial();
         pointer = std::make_unique<PointerWatch>(*events, tracker, listeners);

@@ -8,6 +8,7 @@
 #include "platform/linux/x11/WindowPictures.h"
 #include "platform/linux/x11/WindowTracker.h"
 
+#include <QtCore/QCoreApplication>
 #include <QtGui/QGuiApplication>
 
 #include <limits>
@@ -40,8 +41,10 @@ int workspaceOf(const TrackedWindow& window) { return window.desktop < 0 ? 0 : w
 } // namespace
 
 X11WindowServer::X11WindowServer(const WindowTracker& tracker, WindowPictures& pictures,
-                                 const PointSpace& points, const ScreenWatch& screens)
-    : m_tracker(tracker), m_pictures(pictures), m_points(points), m_screens(screens)
+                                 const PointSpace& points, const ScreenWatch& screens,
+                                 bool isOfWaylandSession)
+    : m_tracker(tracker), m_pictures(pictures), m_points(points), m_screens(screens),
+      m_isOfWaylandSession(isOfWaylandSession)
 {
 }
 
@@ -107,6 +110,17 @@ QImage X11WindowServer::captureWindow(WindowID window, QSize limit)
 std::optional<QImage> X11WindowServer::pictureAtHand(WindowID window, QSize limit)
 {
     return m_pictures.atHand(window, limit);
+}
+
+QString X11WindowServer::unseenWindows()
+{
+    return m_isOfWaylandSession
+               ? QCoreApplication::translate(
+                     "WindowServer",
+                     "In a Wayland session Lumbrix sees only the windows of programs that use X. "
+                     "To "
+                     "have previews of all windows, choose an X11 session when you log in.")
+               : QString();
 }
 
 std::vector<QRectF> X11WindowServer::screens()

@@ -30,7 +30,7 @@ class X11WindowServer final : public WindowServer
 {
 public:
     X11WindowServer(const WindowTracker& tracker, WindowPictures& pictures,
-                    const PointSpace& points, const ScreenWatch& screens);
+                    const PointSpace& points, const ScreenWatch& screens, bool isOfWaylandSession);
 
     /// Until it is set, windows are reported with their own process id, or 0. It must outlive the
     /// use of this object. Before other threads use it.
@@ -43,6 +43,7 @@ public:
     std::vector<WindowID> workspaceWindowList(int workspace) override;
     QImage captureWindow(WindowID window, QSize limit) override;
     std::optional<QImage> pictureAtHand(WindowID window, QSize limit) override;
+    QString unseenWindows() override;
     std::vector<QRectF> screens() override;
     QPointF toolkitOffset(const QRectF& bounds) override;
     bool blendsTranslucency() override;
@@ -54,6 +55,7 @@ private:
     WindowPictures& m_pictures;
     const PointSpace& m_points;
     const ScreenWatch& m_screens;
+    const bool m_isOfWaylandSession;
     const OwnerPids* m_owners = nullptr;
 };
 

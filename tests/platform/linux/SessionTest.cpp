@@ -12,6 +12,7 @@
 
 #include "platform/linux/applications/DesktopEntry.h"
 #include "platform/linux/session/AutostartItems.h"
+#include "platform/linux/x11/WaylandSession.h"
 
 namespace lumbrix::platform
 {
@@ -95,6 +96,20 @@ TEST_F(AutostartTest, removed_program_is_started_by_no_item_and_others_stay)
     EXPECT_FALSE(QFile::exists(item));
     EXPECT_FALSE(QFile::exists(again));
     EXPECT_EQ(read(other), others);
+}
+
+TEST(WaylandSessionTest, server_isTakenForOne_whereTheSessionAndTheServerSaySo)
+{
+    const QString wayland = QStringLiteral("wayland");
+    const QString display = QStringLiteral("wayland-0");
+    const QStringList own{QStringLiteral("eDP-1"), QStringLiteral("XWAYLAND0")};
+    const QStringList real{QStringLiteral("eDP-1"), QStringLiteral("HDMI-1")};
+    EXPECT_TRUE(x11::isOfWaylandSession({wayland, {}, false, own}));
+    EXPECT_TRUE(x11::isOfWaylandSession({{}, display, false, own}));
+    EXPECT_TRUE(x11::isOfWaylandSession({QStringLiteral("tty"), display, true, real}));
+    EXPECT_FALSE(x11::isOfWaylandSession({wayland, display, false, real})) << "a nested server";
+    EXPECT_FALSE(x11::isOfWaylandSession({wayland, display, false, {}}));
+    EXPECT_FALSE(x11::isOfWaylandSession({QStringLiteral("x11"), {}, true, own}));
 }
 
 TEST(RelaunchTest, program_is_started_once_the_other_process_has_ended)
