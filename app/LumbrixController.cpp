@@ -314,7 +314,7 @@ void LumbrixController::addDockObserver()
     const std::int32_t pid = SWElement::getDockPid();
     if (pid == 0 || (m_dockObserver && m_dockObserver->isEqualTo(pid)))
         return;
-    m_dockObserver = SWObserver::observerWithPid(pid);
+    m_dockObserver = SWObserver::observerWithPid(pid, handleAXNotification);
     if (!m_dockObserver)
         return;
     const platform::ElementRef dock = platform::desktop().accessibility.createApplication(pid);

@@ -144,7 +144,7 @@ private:
     void observeDock()
     {
         const Pid pid = m_busy.desk.dockPid();
-        m_dockObserver = SWObserver::observerWithPid(pid);
+        m_dockObserver = SWObserver::observerWithPid(pid, handleAXNotification);
         const auto dock = m_busy.desk.accessibility().createApplication(pid);
         for (const QString& name :
              {AX::SelectedChildrenChanged, AX::MenuOpened, AX::FocusedUIElementChanged})

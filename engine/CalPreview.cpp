@@ -11,6 +11,7 @@
 #include <mutex>
 #include <utility>
 
+#include "engine/HitTest.h"
 #include "engine/HoverRules.h"
 #include "engine/LXHandler.h"
 #include "model/AXRead.h"
@@ -114,15 +115,14 @@ void CalPreview::eventsRead(const QDateTime& day)
     const ScreenyViewPtr shown = shownPreview();
     if (!shown) {
         // Meanwhile it may have been clicked, which brings up a menu or the application.
-        if (engine.screenyViews().empty() &&
-            (dockItem->isRequested() || engine.checkIfDockElementIsHovered(dockItem)))
+        if (engine.screenyViews().empty() && (dockItem->isRequested() || isHovered(dockItem)))
             showPreview(dockItem, isBusyCal);
         return;
     }
     if (upcomingEvents() == m_lines)
         return;
     generateCalData(*shown);
-    engine.arrangeWindows(dockItem, false);
+    engine.row().arranger().arrangeWindows(dockItem, false);
     shown->orderFront();
 }
 
@@ -136,7 +136,7 @@ void CalPreview::showPreview(const SWElementPtr& dockItem, bool isBusyCal)
         return;
     preview->prepareForCal();
     generateCalData(*preview);
-    engine.appendScreenyView(preview);
+    engine.row().append(preview);
     const auto application = dockItem ? dockItem->runningApplicationForDockElement() : std::nullopt;
     const auto windows = application ? engine.inventory().windowsForPID(application->pid)
                                      : std::vector<SWElementPtr>{};
@@ -146,9 +146,9 @@ void CalPreview::showPreview(const SWElementPtr& dockItem, bool isBusyCal)
         preview->setCalURL(AX::read<QUrl>(dockItem->element(), AX::URL).value_or(QUrl()));
     preview->setICal(true);
     preview->setBusyCal(isBusyCal);
-    engine.arrangeWindows(dockItem, false);
+    engine.row().arranger().arrangeWindows(dockItem, false);
     if (preview->elementRef())
-        engine.pictureLoader().loadUnseen(preview);
+        engine.row().pictures().loadUnseen(preview);
     preview->setHeld(false); // as part of a row that is no more it may have been
     preview->orderFront();
 }

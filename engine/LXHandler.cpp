@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <mutex>
 
-#include "engine/MouseChecker.h"
 #include "model/AXNames.h"
 #include "platform/Desktop.h"
 #include "preview/SafariPreview.h"
@@ -24,6 +23,13 @@ std::unique_ptr<LXHandler> sharedInstance;
 std::optional<Companions> installedCompanions;
 
 } // namespace
+
+void handleAXNotification(platform::AXObserver&, const platform::ElementRef& element,
+                          const QString& notification, platform::NotificationContext* context)
+{
+    LXHandler::sharedHandler().intake().handle(element, notification,
+                                               dynamic_cast<const HoverDelays*>(context));
+}
 
 LXHandler& LXHandler::sharedHandler()
 {
@@ -50,11 +56,15 @@ void LXHandler::installCompanions(const Companions& companions)
 }
 
 LXHandler::LXHandler(const Companions& companions)
-    : m_companions(companions), m_inventory(m_settings, *this), m_cache(*this), m_hover(*this),
-      m_dismissal(*this), m_updater(*this), m_arranger(*this), m_pictureLoader(*this),
-      m_requestedRow(*this)
+    : m_companions(companions), m_inventory(m_settings, *this),
+      m_hovered([this](const SWElementPtr& item) { m_hover.iconHovered(item); }),
+      m_row(*this, m_settings, m_companions, m_hovered), m_context{m_settings,  m_companions,
+                                                                   m_inventory, m_hovered,
+                                                                   m_timers,    m_row},
+      m_dismissal(m_context), m_updater(m_context, m_dismissal),
+      m_hover(m_context, m_dismissal, m_updater), m_switcher(m_context, m_dismissal, m_updater),
+      m_requestedRow(m_context, m_dismissal), m_intake(m_context, m_dismissal, m_hover, m_switcher)
 {
-    m_screenyViews.reserve(2);
     m_observers.reserve(5);
 }
 
@@ -62,8 +72,8 @@ LXHandler::~LXHandler()
 {
     m_companions.windowCountBadger->tearDown();
     SWElement::setFilterLevels(nullptr);
-    cancelMouseChecker();
-    platform::desktop().runLoop.cancelPreviousPerformRequests(this);
+    m_hovered.cancelHoverAtRest();
+    m_hovered.cancelDelayed();
 }
 
 void LXHandler::setUp()
@@ -112,76 +122,6 @@ void LXHandler::windowScannerThread(const platform::Thread& self)
     }
 }
 
-void LXHandler::setScreenyViews(std::vector<ScreenyViewPtr> previews)
-{
-    m_screenyViews = std::move(previews);
-    m_isShowing = !m_screenyViews.empty();
-}
-
-void LXHandler::appendScreenyView(const ScreenyViewPtr& preview)
-{
-    m_screenyViews.push_back(preview);
-    m_isShowing = true;
-}
-
-std::vector<ScreenyViewPtr> LXHandler::takeScreenyViews()
-{
-    m_isShowing = false;
-    return std::exchange(m_screenyViews, {});
-}
-
-int LXHandler::indexOfScreenyView(const ScreenyView& preview) const
-{
-    const auto found =
-        std::find_if(m_screenyViews.begin(), m_screenyViews.end(),
-                     [&preview](const ScreenyViewPtr& shown) { return shown.get() == &preview; });
-    return found == m_screenyViews.end() ? -1 : static_cast<int>(found - m_screenyViews.begin());
-}
-
-void LXHandler::setCurrentDockElement(const SWElementPtr& element)
-{
-    m_currentDockElement = element;
-    m_requestedRow.itemChanged(element);
-}
-
-void LXHandler::mouseExited()
-{
-    if (!m_requestedRow.hasLeftTheMouse())
-        letGoOfRow();
-}
-
-void LXHandler::dockSelectionEnded()
-{
-    // A row that was asked for is not the item's that the mouse has left.
-    if (m_requestedRow.isUp())
-        cancelMouseChecker();
-    else
-        mouseExited();
-}
-
-void LXHandler::startMouseChecker(const SWElementPtr& element)
-{
-    cancelMouseChecker();
-    m_mouseCheckerThread = platform::desktop().runLoop.makeThread(
-        "mouse-checker",
-        [this, element](const platform::Thread& self) { mouseChecker(*this, element, self); });
-    m_mouseCheckerThread->start();
-}
-
-void LXHandler::cancelMouseChecker()
-{
-    if (m_mouseCheckerThread)
-        m_mouseCheckerThread->cancel();
-}
-
-void LXHandler::cancelPendingHover()
-{
-    platform::desktop().runLoop.cancelPreviousPerformRequests(this);
-    cancelMouseChecker();
-    setCurrentDockElement(nullptr);
-    setShouldInstantShow(false);
-}
-
 void LXHandler::settingsDidChange()
 {
     if (!m_settings.disabled) {
@@ -189,48 +129,8 @@ void LXHandler::settingsDidChange()
         return;
     }
     // Notifications are ignored from now on, so nothing else would ever end it.
-    cancelPendingHover();
+    m_hovered.cancelPending();
     removeAllScreenViews();
-}
-
-void LXHandler::removeAllScreenViewsLeavingTimersAlone()
-{
-    m_dismissal.removeAllScreenViewsLeavingTimersAlone();
-}
-
-bool LXHandler::shouldInterceptClick(bool perform, bool isTabExit)
-{
-    return m_dismissal.shouldInterceptClick(perform, isTabExit);
-}
-
-bool LXHandler::checkIfPreviewsAreHovered(bool includeDockItem)
-{
-    return m_dismissal.checkIfPreviewsAreHovered(includeDockItem);
-}
-
-bool LXHandler::checkIfDockElementIsHovered(const SWElementPtr& element) const
-{
-    return Dismissal::checkIfDockElementIsHovered(element);
-}
-
-void LXHandler::armTabExitTimer(platform::Seconds interval, const SWElementPtr& entry)
-{
-    m_dismissal.armTabExitTimer(interval, entry);
-}
-
-void LXHandler::armUpdateTimer(platform::Seconds interval, const SWElementPtr& element)
-{
-    m_updater.armUpdateTimer(interval, element);
-}
-
-void LXHandler::arrangeWindows(const SWElementPtr& item, bool animate)
-{
-    m_arranger.arrangeWindows(item, animate);
-}
-
-void LXHandler::arrangeWindowsBottom(const SWElementPtr& item, bool animate)
-{
-    m_arranger.arrangeWindowsBottom(item, animate);
 }
 
 bool LXHandler::isObserving(std::int32_t pid) const
@@ -241,7 +141,7 @@ bool LXHandler::isObserving(std::int32_t pid) const
 
 void LXHandler::addObserverForApp(std::int32_t pid)
 {
-    auto observer = SWObserver::observerWithPid(pid);
+    auto observer = SWObserver::observerWithPid(pid, handleAXNotification);
     if (!observer || isObserving(pid))
         return;
     const platform::ElementRef application =
@@ -282,7 +182,7 @@ void LXHandler::appTerminated(std::int32_t pid)
 
 void LXHandler::appActivated()
 {
-    if (m_settings.closeOnClick && m_currentDockElement)
+    if (m_settings.closeOnClick && m_hovered.element())
         removeAllScreenViews();
 }
 

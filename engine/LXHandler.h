@@ -13,14 +13,18 @@
 
 #include "engine/Companions.h"
 #include "engine/Dismissal.h"
+#include "engine/EngineContext.h"
 #include "engine/FilterTable.h"
+#include "engine/HoverDelays.h"
 #include "engine/HoverDispatch.h"
-#include "engine/PictureLoader.h"
-#include "engine/PreviewCache.h"
+#include "engine/HoveredItem.h"
+#include "engine/NotificationIntake.h"
+#include "engine/PreviewRow.h"
 #include "engine/PreviewUpdater.h"
 #include "engine/RequestedRow.h"
+#include "engine/RowTimers.h"
 #include "engine/SWObserver.h"
-#include "engine/StripArranger.h"
+#include "engine/SwitcherWatch.h"
 #include "model/EngineSettings.h"
 #include "model/WindowInventory.h"
 #include "platform/Accessibility.h"
@@ -31,8 +35,6 @@
 namespace lumbrix
 {
 
-class HoverDelays;
-
 /// Main thread, except where a method says otherwise.
 class LXHandler final : public PreviewHost,
                         public InventoryObserver,
@@ -40,8 +42,6 @@ class LXHandler final : public PreviewHost,
                         public platform::NotificationContext
 {
 public:
-    using Application = HoverDispatch::Application;
-
     /// The one engine, made and set up on first use. Any thread; a call from inside setUp gets the
     /// instance as it stands.
     static LXHandler& sharedHandler();
@@ -58,83 +58,48 @@ public:
     EngineSettings& settings() { return m_settings; }
     const EngineSettings& settings() const override { return m_settings; }
     const Companions& companions() const { return m_companions; }
-    /// Where the switcher's watch asks for the hover delay; not owned, may be null.
-    const HoverDelays* applicationDelegate() const { return m_applicationDelegate; }
-    void setApplicationDelegate(const HoverDelays* delegate) { m_applicationDelegate = delegate; }
+    /// Where the hover delay is asked for; not owned, may be null.
+    void setApplicationDelegate(const HoverDelays* delegate) { m_switcher.setDelays(delegate); }
     QVariantMap filters() const { return m_filters.filters(); }
     /// In force at once: previews of windows that the new levels leave out go, windows that they
     /// let in are looked for.
     void setFilters(const QVariantMap& filters);
 
-    // The previews shown, in strip order.
-    const std::vector<ScreenyViewPtr>& screenyViews() const { return m_screenyViews; }
-    void setScreenyViews(std::vector<ScreenyViewPtr> previews);
-    void appendScreenyView(const ScreenyViewPtr& preview);
-    std::vector<ScreenyViewPtr> takeScreenyViews();
-    int indexOfScreenyView(const ScreenyView& preview) const override;
-    bool isShowingPreviews() const override { return m_isShowing; } ///< any thread
+    PreviewRow& row() { return m_row; }
+    HoveredItem& hovered() { return m_hovered; }
+    NotificationIntake& intake() { return m_intake; }
+    /// The previews shown, in strip order.
+    const std::vector<ScreenyViewPtr>& screenyViews() const { return m_row.previews(); }
+    int indexOfScreenyView(const ScreenyView& preview) const override
+    {
+        return m_row.indexOf(preview);
+    }
+    bool isShowingPreviews() const override { return m_row.isShowing(); } ///< any thread
+    SWElementPtr currentDockElement() const { return m_hovered.element(); }
 
-    SWElementPtr currentDockElement() const { return m_currentDockElement; }
-    void setCurrentDockElement(const SWElementPtr& element);
-    bool shouldInstantShow() const { return m_shouldInstantShow; }
-    void setShouldInstantShow(bool on) { m_shouldInstantShow = on; }
-
-    // Hover dispatch.
+    // What is hovered.
     void iconHovered(const SWElementPtr& element) { m_hover.iconHovered(element); }
-    void minimizedIconHovered(const SWElementPtr& el) { m_hover.minimizedIconHovered(el); }
-    void processListIconHovered(const Application& application, const SWElementPtr& element)
-    {
-        m_hover.processListIconHovered(application, element);
-    }
-    ScreenyViewPtr appendPreview(const SWElementPtr& window, const Application& app, bool byTab)
-    {
-        return m_hover.appendPreview(window, app, byTab);
-    }
-    /// Replaces the running checker by one for this element.
-    void startMouseChecker(const SWElementPtr& element);
-    void cancelMouseChecker();
-    /// Whatever is hovered, and would come up later, does not: after the hover delay, once the
-    /// mouse rests, or when a calendar has been read.
-    void cancelPendingHover();
-
-    // Dismissal.
-    void mouseExited() override;
-    void letGoOfRow() { m_dismissal.mouseExited(); } ///< nothing keeps it but the mouse
-    /// The mouse is on no item of the Dock any more.
-    void dockSelectionEnded();
-    void mouseExitedToOtherIcon() { m_dismissal.mouseExitedToOtherIcon(); }
-    void mouseExitedToClosedApp() { mouseExitedToOtherIcon(); }
-    void menuOpened() { m_dismissal.menuOpened(); }
-    void removeAllScreenViews() override { m_dismissal.removeAllScreenViews(); }
-    void removeAllScreenViewsNOW() { m_dismissal.removeAllScreenViewsNOW(); }
-    void removeAllScreenViewsLeavingTimersAlone();
-    void closeAllWindows() { m_dismissal.closeAllWindows(); }
-    bool shouldInterceptClick(bool perform, bool isTabExit);
-    bool checkIfPreviewsAreHovered(bool includeDockItem);
-    bool checkIfDockElementIsHovered(const SWElementPtr& element) const; ///< any thread
-    void invalidateExitTimer() { m_dismissal.invalidateExitTimer(); }
-    void invalidateTabExitTimer() { m_dismissal.invalidateTabExitTimer(); }
-    void invalidateExitDelayTimer() { m_dismissal.invalidateExitDelayTimer(); }
-    void armTabExitTimer(platform::Seconds interval, const SWElementPtr& entry);
-    void setDelayExit(int checks) { m_dismissal.setDelayExit(checks); }
-
-    RequestedRow& requestedRow() { return m_requestedRow; }
-
-    // Updating.
-    void armUpdateTimer(platform::Seconds interval, const SWElementPtr& element);
-    PictureLoader& pictureLoader() { return m_pictureLoader; }
-    void invalidateUpdateTimer() { m_updater.invalidateUpdateTimer(); }
     void updateWindows(const SWElementPtr& element) { m_updater.updateWindows(element); }
     /// Has the previews that are shown follow the settings, which have changed; with previews
     /// turned off nothing is shown any more, and nothing that is under way comes up.
     void settingsDidChange();
 
-    // Layout.
-    // Of the Dock that has the item; for null, of the first one.
-    static QString getDockOrientation(const SWElementPtr& item = nullptr)
+    // How it ends.
+    void mouseExited() override { m_dismissal.mouseExited(); }
+    void menuOpened() { m_dismissal.menuOpened(); }
+    void removeAllScreenViews() override { m_dismissal.removeAllScreenViews(); }
+    void removeAllScreenViewsNOW() { m_dismissal.removeAllScreenViewsNOW(); }
+    void removeAllScreenViewsLeavingTimersAlone()
     {
-        return StripArranger::getDockOrientation(item);
+        m_dismissal.removeAllScreenViewsLeavingTimersAlone();
     }
+    void closeAllWindows() { m_dismissal.closeAllWindows(); }
+    bool shouldInterceptClick(bool perform, bool isTabExit)
+    {
+        return m_dismissal.shouldInterceptClick(perform, isTabExit);
+    }
+
+    // Of the Dock that has the item; for null, of the first one.
     static bool isDockMagnificationEnabled(const SWElementPtr& item = nullptr)
     {
         return StripArranger::isDockMagnificationEnabled(item);
@@ -143,9 +108,8 @@ public:
     {
         return StripArranger::isDockAutoHidingEnabled(item);
     }
-    void arrangeWindows(const SWElementPtr& item, bool animate);
-    void arrangeWindowsBottom(const SWElementPtr& item, bool animate);
-    void arrangeWindow(ScreenyView& preview) { m_arranger.arrangeWindow(preview); }
+    /// Places one sample preview beside the Dock's first item and brings it to the front.
+    void arrangeWindow(ScreenyView& preview) { m_row.arranger().arrangeWindow(preview); }
 
     // Inventory, observers and cache.
     WindowInventory& inventory() { return m_inventory; }
@@ -155,11 +119,9 @@ public:
     }
     void addObserverForApp(std::int32_t pid);
     bool isObserving(std::int32_t pid) const;
-    ScreenyViewPtr createScreenyView() { return m_cache.createScreenyView(); }
-    void addToCache(const ScreenyViewPtr& preview) override { m_cache.addToCache(preview); }
-    void clearCache() { m_cache.clearCache(); }
-    void orderCacheOut() { m_cache.orderCacheOut(); }
-    const PreviewCache& cache() const { return m_cache; }
+    ScreenyViewPtr createScreenyView() { return m_row.cache().createScreenyView(); }
+    void addToCache(const ScreenyViewPtr& preview) override { m_row.cache().addToCache(preview); }
+    void clearCache() { m_row.cache().clearCache(); }
 
     HotKeyCenter& hotKeyCenter() override { return *m_companions.hotKeyCenter; }
     PlayerControls& playerControls() override { return *m_companions.playerControls; }
@@ -174,25 +136,29 @@ private:
     EngineSettings m_settings;
     const Companions m_companions;
     FilterTable m_filters;
-    const HoverDelays* m_applicationDelegate = nullptr;
     WindowInventory m_inventory;
-    PreviewCache m_cache;
-    std::vector<ScreenyViewPtr> m_screenyViews;
-    std::atomic<bool> m_isShowing{false};
     std::atomic<bool> m_isBadgingRequested{false}; ///< and not yet done
-    SWElementPtr m_currentDockElement;
-    bool m_shouldInstantShow = false;
-    platform::ThreadPtr m_mouseCheckerThread;
     std::vector<std::unique_ptr<SWObserver>> m_observers;
     std::vector<std::unique_ptr<platform::WorkspaceSubscription>> m_subscriptions;
 
-    HoverDispatch m_hover;
+    // Each knows those before it.
+    HoveredItem m_hovered;
+    RowTimers m_timers;
+    PreviewRow m_row;
+    const EngineContext m_context;
     Dismissal m_dismissal;
     PreviewUpdater m_updater;
-    StripArranger m_arranger;
-    PictureLoader m_pictureLoader;
+    HoverDispatch m_hover;
+    SwitcherWatch m_switcher;
     RequestedRow m_requestedRow;
+    NotificationIntake m_intake;
     const std::shared_ptr<bool> m_alive = std::make_shared<bool>(true); ///< as long as this
 };
+
+/// The callback of every observer: hands a notification of the Dock or of an application to the
+/// shared handler. Main thread. `context` is the controller (a HoverDelays) for the Dock's
+/// notifications.
+void handleAXNotification(platform::AXObserver& observer, const platform::ElementRef& element,
+                          const QString& notification, platform::NotificationContext* context);
 
 } // namespace lumbrix

@@ -3,7 +3,7 @@
 
 #include "engine/MouseChecker.h"
 
-#include "engine/LXHandler.h"
+#include "engine/HitTest.h"
 #include "model/MouseRest.h"
 #include "platform/Desktop.h"
 
@@ -15,23 +15,21 @@ namespace
 constexpr platform::Seconds confirmedPause = 0.5;
 } // namespace
 
-void mouseChecker(LXHandler& handler, const SWElementPtr& element, const platform::Thread& self)
+void mouseChecker(const HoverAction& hover, const SWElementPtr& item, const platform::Thread& self)
 {
-    const auto pause = [&element] {
-        return element && element->isMouseConfirmed() ? confirmedPause : 0;
-    };
+    const auto pause = [&item] { return item && item->isMouseConfirmed() ? confirmedPause : 0; };
     if (!waitForMouseRest(self, pause))
         return;
-    if (element && element->isMouseConfirmed() && !handler.checkIfDockElementIsHovered(element))
+    if (item && item->isMouseConfirmed() && !isHovered(item))
         return;
     platform::desktop().runLoop.performOnMainThread(
-        [&handler, element, &self] {
+        [&hover, item, &self] {
             // The main thread may have been busy, and learned meanwhile that the mouse has left.
             if (self.isCancelled())
                 return;
-            if (element)
-                element->setIsMouseConfirmed(true);
-            handler.iconHovered(element);
+            if (item)
+                item->setIsMouseConfirmed(true);
+            hover(item);
         },
         true);
 }

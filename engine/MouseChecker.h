@@ -4,17 +4,20 @@
 // Waits on a thread of its own until the mouse rests over a newly hovered Dock item.
 #pragma once
 
+#include <functional>
+
 #include "model/SWElement.h"
 #include "platform/RunLoop.h"
 
 namespace lumbrix
 {
 
-class LXHandler;
+/// Hovers the item. Main thread.
+using HoverAction = std::function<void(const SWElementPtr& item)>;
 
 /// The checker's body: runs until the mouse rests, then hands the hover to the main thread and
 /// waits for it. Ends without a hover when cancelled, or when the mouse has left an item that was
-/// confirmed before. Worker thread; the handler outlives it.
-void mouseChecker(LXHandler& handler, const SWElementPtr& element, const platform::Thread& self);
+/// confirmed before. Worker thread; the action outlives it.
+void mouseChecker(const HoverAction& hover, const SWElementPtr& item, const platform::Thread& self);
 
 } // namespace lumbrix

@@ -3,12 +3,10 @@
 
 #include "engine/NotificationIntake.h"
 
-#include "engine/HoverDelays.h"
-#include "engine/HoverRules.h"
-#include "engine/LXHandler.h"
+#include <utility>
+
 #include "model/AXRead.h"
 #include "platform/Desktop.h"
-#include "platform/RunLoop.h"
 
 namespace lumbrix
 {
@@ -16,29 +14,6 @@ namespace
 {
 
 using platform::ElementRef;
-
-/// Runs a dispatch now, or after the hover delay on the engine's behalf. The delay is for the first
-/// previews only, when the user wants later ones at once.
-void dispatch(LXHandler& handler, const HoverDelays* delays, std::function<void()> action)
-{
-    const float delay = delays ? delays->displayDelay() : 0;
-    const bool isOpen = handler.shouldInstantShow() || !handler.screenyViews().empty();
-    if (!(delay > 0) || (delays->dontDelayIfOpen() != 0 && isOpen))
-        action();
-    else
-        platform::desktop().runLoop.performAfterDelay(&handler, static_cast<double>(delay),
-                                                      std::move(action));
-}
-
-void cancelDelayedDispatches(LXHandler& handler)
-{
-    platform::desktop().runLoop.cancelPreviousPerformRequests(&handler);
-}
-
-DockItemKind kindOf(LXHandler& handler, const ElementRef& item)
-{
-    return kindOfDockItem(item, handler.companions().calendarPreview->shouldShowCal());
-}
 
 SWElementPtr wrappedItem(const ElementRef& item, bool isCalendar)
 {
@@ -48,18 +23,33 @@ SWElementPtr wrappedItem(const ElementRef& item, bool isCalendar)
     return element;
 }
 
-void dispatchSwitcherEntry(LXHandler& handler, const HoverDelays* delays,
-                           const platform::RunningApplication& application, const ElementRef& item)
+} // namespace
+
+void NotificationIntake::dispatch(const HoverDelays* delays, std::function<void()> action)
 {
-    SWElementPtr element = SWElement::elementWithElementRef(item);
-    dispatch(handler, delays, [&handler, application, element] {
-        handler.processListIconHovered(application, element);
+    const float delay = delays ? delays->displayDelay() : 0;
+    const bool isOpen = m.hovered.shouldInstantShow() || !m.row.isEmpty();
+    if (!(delay > 0) || (delays->dontDelayIfOpen() != 0 && isOpen))
+        action();
+    else
+        m.hovered.performAfterDelay(static_cast<double>(delay), std::move(action));
+}
+
+DockItemKind NotificationIntake::kindOf(const ElementRef& item) const
+{
+    return kindOfDockItem(item, m.companions.calendarPreview->shouldShowCal());
+}
+
+void NotificationIntake::dispatchSwitcherEntry(const HoverDelays* delays,
+                                               const platform::RunningApplication& application,
+                                               const ElementRef& item)
+{
+    dispatch(delays, [this, application, element = SWElement::elementWithElementRef(item)] {
+        m_switcher.processListIconHovered(application, element);
     });
 }
 
-/// The selected item; null when the selection is empty, which has then been dealt with, or could
-/// not be read.
-ElementRef selectedItem(LXHandler& handler, const ElementRef& element)
+ElementRef NotificationIntake::selectedItem(const ElementRef& element)
 {
     const platform::AXResult result =
         platform::desktop().accessibility.copyAttributeValue(element, AX::SelectedChildren);
@@ -70,74 +60,70 @@ ElementRef selectedItem(LXHandler& handler, const ElementRef& element)
     if (!selection && !isGone)
         return nullptr;
     if (isGone || selection->empty()) {
-        handler.dockSelectionEnded();
+        m_dismissal.dockSelectionEnded();
         return nullptr;
     }
     return selection->front();
 }
 
-void dockSelectionChanged(LXHandler& handler, const ElementRef& element, const HoverDelays* delays)
+void NotificationIntake::dockSelectionChanged(const ElementRef& element, const HoverDelays* delays)
 {
     // A dispatch still pending for the item that was hovered before must never fire.
-    cancelDelayedDispatches(handler);
-    const ElementRef item = selectedItem(handler, element);
+    m.hovered.cancelDelayed();
+    const ElementRef item = selectedItem(element);
     if (!item)
         return;
-    const DockItemKind kind = kindOf(handler, item);
+    const DockItemKind kind = kindOf(item);
     if (kind == DockItemKind::Application || kind == DockItemKind::Calendar) {
         SWElementPtr icon = wrappedItem(item, kind == DockItemKind::Calendar);
         if (delays && delays->displayDelay() > 0)
-            cancelDelayedDispatches(handler);
-        dispatch(handler, delays, [&handler, icon] { handler.iconHovered(icon); });
+            m.hovered.cancelDelayed();
+        dispatch(delays, [this, icon] { m_hover.iconHovered(icon); });
     } else if (kind == DockItemKind::MinimizedWindow) {
         SWElementPtr icon = wrappedItem(item, false);
-        dispatch(handler, delays, [&handler, icon] { handler.minimizedIconHovered(icon); });
+        dispatch(delays, [this, icon] { m_hover.minimizedIconHovered(icon); });
     } else if (const auto application = SWElement::runningAppForProccessListIcon(item)) {
-        dispatchSwitcherEntry(handler, delays, *application, item);
+        dispatchSwitcherEntry(delays, *application, item);
     } else {
-        handler.mouseExitedToOtherIcon();
+        m_dismissal.mouseExitedToOtherIcon();
     }
 }
 
-void dockFocusChanged(LXHandler& handler, const ElementRef& element, const HoverDelays* delays)
+void NotificationIntake::dockFocusChanged(const ElementRef& element, const HoverDelays* delays)
 {
-    cancelDelayedDispatches(handler);
-    const ElementRef item = selectedItem(handler, element);
+    m.hovered.cancelDelayed();
+    const ElementRef item = selectedItem(element);
     if (!item)
         return;
-    const bool isCalendar = kindOf(handler, item) == DockItemKind::Calendar;
+    const bool isCalendar = kindOf(item) == DockItemKind::Calendar;
     if (isCalendar || SWElement::checkIfAppIsRunning(item)) {
         // A selection made with the keyboard is meant: no delay.
-        handler.iconHovered(wrappedItem(item, isCalendar));
+        m_hover.iconHovered(wrappedItem(item, isCalendar));
     } else if (const auto application = SWElement::runningAppForProccessListIcon(item)) {
-        dispatchSwitcherEntry(handler, delays, *application, item);
+        dispatchSwitcherEntry(delays, *application, item);
     } else {
-        handler.mouseExitedToClosedApp();
+        m_dismissal.mouseExitedToClosedApp();
     }
 }
 
-} // namespace
-
-void handleAXNotification(platform::AXObserver&, const ElementRef& element,
-                          const QString& notification, platform::NotificationContext* context)
+void NotificationIntake::handle(const ElementRef& element, const QString& notification,
+                                const HoverDelays* delays)
 {
-    LXHandler& handler = LXHandler::sharedHandler();
-    if (handler.settings().disabled)
+    if (m.settings.disabled)
         return;
-    const auto* delays = dynamic_cast<const HoverDelays*>(context);
     if (notification == AX::WindowCreated) {
         const platform::WindowList list = WindowInventory::copyWindowList();
         if (const SWElementPtr window = SWElement::elementWithElementRef(element))
-            handler.inventory().processWindow(window, list);
+            m.inventory.processWindow(window, list);
     } else if (notification == AX::UIElementDestroyed) {
         if (SWElement::checkIfWindow(element))
-            handler.inventory().removeWindow(element);
+            m.inventory.removeWindow(element);
     } else if (notification == AX::SelectedChildrenChanged) {
-        dockSelectionChanged(handler, element, delays);
+        dockSelectionChanged(element, delays);
     } else if (notification == AX::FocusedUIElementChanged) {
-        dockFocusChanged(handler, element, delays);
+        dockFocusChanged(element, delays);
     } else if (notification == AX::MenuOpened) {
-        handler.menuOpened();
+        m_dismissal.menuOpened();
     }
 }
 

@@ -9,10 +9,10 @@
 #include <optional>
 #include <vector>
 
-#include "engine/LXHandler.h"
 #include "platform/Desktop.h"
 #include "platform/Workspace.h"
 #include "preview/NamedImage.h"
+#include "preview/ScreenyView.h"
 
 namespace lumbrix
 {
@@ -109,8 +109,8 @@ private:
     int m_threads = 0;
 };
 
-PictureLoader::PictureLoader(LXHandler& handler)
-    : m_handler(handler), m_queue(std::make_shared<Queue>())
+PictureLoader::PictureLoader(const std::vector<ScreenyViewPtr>& previews)
+    : m_previews(previews), m_queue(std::make_shared<Queue>())
 {
 }
 
@@ -120,13 +120,13 @@ void PictureLoader::loadMissing()
 {
     m_waiting = 0;
     ++m_round;
-    for (const ScreenyViewPtr& preview : m_handler.screenyViews()) {
+    for (const ScreenyViewPtr& preview : m_previews) {
         if (preview->elementRef() && preview->image().isNull())
             load(preview);
     }
     // The server does one thing after the other. A panel that it shows while it has pictures to
     // copy keeps it, and the compositor, from copying the others.
-    for (const ScreenyViewPtr& preview : m_handler.screenyViews())
+    for (const ScreenyViewPtr& preview : m_previews)
         preview->setHeld(true);
 }
 
@@ -144,7 +144,7 @@ void PictureLoader::showWhenComplete()
 void PictureLoader::letGo()
 {
     platform::desktop().runLoop.cancelPreviousPerformRequests(this);
-    for (const ScreenyViewPtr& preview : m_handler.screenyViews())
+    for (const ScreenyViewPtr& preview : m_previews)
         preview->setHeld(false);
 }
 

@@ -16,7 +16,6 @@
 namespace lumbrix
 {
 
-class LXHandler;
 class ScreenyView;
 using ScreenyViewPtr = std::shared_ptr<ScreenyView>;
 
@@ -24,7 +23,8 @@ using ScreenyViewPtr = std::shared_ptr<ScreenyView>;
 class PictureLoader
 {
 public:
-    explicit PictureLoader(LXHandler& handler);
+    /// Works on the previews that the row has at the time, which outlive the loader as a list.
+    explicit PictureLoader(const std::vector<ScreenyViewPtr>& previews);
     ~PictureLoader();
 
     /// Gives every shown preview that has no picture that of its window: at once where nothing has
@@ -58,7 +58,7 @@ private:
     void captureLater(ScreenyView& preview, Arrived arrived);
     void letGo();
 
-    LXHandler& m_handler;
+    const std::vector<ScreenyViewPtr>& m_previews;
     std::shared_ptr<Queue> m_queue;
     std::map<QString, std::vector<std::weak_ptr<ScreenyView>>> m_iconWanted; ///< by bundle
     const std::shared_ptr<bool> m_alive = std::make_shared<bool>(true);      ///< as long as this

@@ -6,8 +6,6 @@
 #include <algorithm>
 
 #include "engine/HoverRules.h"
-#include "engine/LXHandler.h"
-#include "engine/Timers.h"
 #include "model/Modifiers.h"
 #include "model/VisibilityRules.h"
 #include "platform/Desktop.h"
@@ -35,19 +33,19 @@ void refreshTitle(ScreenyView& preview, PlayerControls& player)
 
 void PreviewUpdater::armUpdateTimer(platform::Seconds interval, const SWElementPtr& element)
 {
-    m_updatedElement = element;
-    m_updateTimer = platform::desktop().runLoop.scheduleTimer(
+    m.timers.updated = element;
+    m.timers.update = platform::desktop().runLoop.scheduleTimer(
         interval, true, [this, element] { updateWindows(element); });
 }
 
 void PreviewUpdater::settingsDidChange()
 {
-    if (!m_updateTimer || !m_updateTimer->isValid() || m_handler.screenyViews().empty())
+    if (!m.timers.update || !m.timers.update->isValid() || m.row.isEmpty())
         return;
-    const SWElementPtr element = m_updatedElement;
-    const EngineSettings& settings = m_handler.settings();
+    const SWElementPtr element = m.timers.updated;
+    const EngineSettings& settings = m.settings;
     if (!(element && element->isTabIcon() ? settings.showInTab : settings.showInDock)) {
-        m_handler.removeAllScreenViews();
+        m_dismissal.removeAllScreenViews();
         return;
     }
     Pass pass;
@@ -57,34 +55,28 @@ void PreviewUpdater::settingsDidChange()
     }
     if (pass.isOver)
         return;
-    m_handler.companions().helpBubble->hideBubble(); // comes back with the row, if it is wanted
-    for (const ScreenyViewPtr& preview : m_handler.screenyViews())
+    m.companions.helpBubble->hideBubble(); // comes back with the row, if it is wanted
+    for (const ScreenyViewPtr& preview : m.row.previews())
         preview->hideSpaces(); // come back with the row, if they are wanted
     layOutAgain(element, pass);
 }
 
-void PreviewUpdater::invalidateUpdateTimer()
-{
-    invalidateTimer(m_updateTimer);
-    m_updatedElement = nullptr;
-}
-
 void PreviewUpdater::updateNow()
 {
-    if (m_updateTimer && m_updateTimer->isValid())
-        updateWindows(SWElementPtr(m_updatedElement));
+    if (m.timers.update && m.timers.update->isValid())
+        updateWindows(SWElementPtr(m.timers.updated));
 }
 
 void PreviewUpdater::updateWindows(const SWElementPtr& element)
 {
-    const EngineSettings& settings = m_handler.settings();
+    const EngineSettings& settings = m.settings;
     if (settings.hidePreviews && isModifierHeld(settings.hidePreviewsKeycode)) {
-        m_handler.removeAllScreenViewsLeavingTimersAlone();
+        m_dismissal.removeAllScreenViewsLeavingTimersAlone();
         return;
     }
-    if (m_handler.screenyViews().size() == 1 && element && element->isMinimizedIcon()) {
+    if (m.row.previews().size() == 1 && element && element->isMinimizedIcon()) {
         if (!updateMinimizedPreview(element))
-            m_handler.removeAllScreenViews();
+            m_dismissal.removeAllScreenViews();
         return;
     }
     Pass pass;
@@ -94,34 +86,36 @@ void PreviewUpdater::updateWindows(const SWElementPtr& element)
         return;
     if (pass.added || pass.removed)
         layOutAgain(element, pass);
-    m_handler.requestedRow().endIfEmpty();
+    // Of one that was asked for nothing is left, and nothing comes with a key.
+    if (m.hovered.requested().isUp() && m.row.isEmpty() && !HoverRules::waitsForKey(settings))
+        m_dismissal.endAtOnce();
 }
 
 bool PreviewUpdater::updateMinimizedPreview(const SWElementPtr&)
 {
-    ScreenyView& preview = *m_handler.screenyViews().front();
+    ScreenyView& preview = *m.row.previews().front();
     const SWElementPtr window = preview.elementRef();
     if (!window || !window->checkIfExists() || !window->checkIfMinimized())
         return false;
     preview.showSpaces();
-    refreshTitle(preview, *m_handler.companions().playerControls);
+    refreshTitle(preview, *m.companions.playerControls);
     preview.updateButtons();
     return true;
 }
 
 void PreviewUpdater::refreshShown(Pass& pass)
 {
-    const VisibilityRules rules(m_handler.settings());
+    const VisibilityRules rules(m.settings);
     std::vector<ScreenyViewPtr> kept;
-    const auto shown = m_handler.screenyViews();
+    const auto shown = m.row.previews();
     for (const ScreenyViewPtr& preview : shown) {
         const SWElementPtr window = preview->elementRef();
         const bool goes = window && (rules.verdictForWindow(*window) != WindowVerdict::Good ||
                                      !window->checkIfExists());
         if (goes) {
             // Nobody sees the mouse leave it, and no icon was left before.
-            if (m_handler.requestedRow().isUp() && preview->isMouseInside())
-                m_handler.letGoOfRow();
+            if (m.hovered.requested().isUp() && preview->isMouseInside())
+                m_dismissal.letGo();
             preview->dismiss();
             pass.removed = true;
             continue;
@@ -130,16 +124,16 @@ void PreviewUpdater::refreshShown(Pass& pass)
             refreshPreview(*preview);
         kept.push_back(preview);
     }
-    m_handler.setScreenyViews(std::move(kept));
+    m.row.setPreviews(std::move(kept));
 }
 
 void PreviewUpdater::refreshPreview(ScreenyView& preview)
 {
     const SWElementPtr window = preview.elementRef();
     preview.showSpaces(); // it may have gone to another Space, or to all of them
-    if (!m_handler.settings().disableLivePreviews)
-        m_handler.pictureLoader().updateScreenshot(preview);
-    PlayerControls& player = *m_handler.companions().playerControls;
+    if (!m.settings.disableLivePreviews)
+        m.row.pictures().updateScreenshot(preview);
+    PlayerControls& player = *m.companions.playerControls;
     refreshTitle(preview, player);
     const QImage artwork = preview.iTunes() ? player.artwork(preview) : QImage();
     if (artwork.isNull())
@@ -151,7 +145,7 @@ void PreviewUpdater::refreshPreview(ScreenyView& preview)
 
 void PreviewUpdater::followApplication(const SWElementPtr& element, Pass& pass)
 {
-    const EngineSettings& settings = m_handler.settings();
+    const EngineSettings& settings = m.settings;
     const auto application = element ? element->runningApplicationForDockElement() : std::nullopt;
     if (!application)
         return;
@@ -160,17 +154,17 @@ void PreviewUpdater::followApplication(const SWElementPtr& element, Pass& pass)
     const bool areChosen = element->chosenWindows().has_value();
     if (!isOwn && !areChosen &&
         VisibilityRules(settings).verdictForApplication(application->pid) != WindowVerdict::Good) {
-        m_handler.removeAllScreenViewsLeavingTimersAlone();
+        m_dismissal.removeAllScreenViewsLeavingTimersAlone();
         pass.removed = true;
     }
-    m_handler.inventory().cleanWindowsArray();
-    const auto windows = m_handler.inventory().windowsBehindItem(*element, *application);
-    const bool areOthers = areChosen || m_handler.inventory().standsForOthers(*application);
+    m.inventory.cleanWindowsArray();
+    const auto windows = m.inventory.windowsBehindItem(*element, *application);
+    const bool areOthers = areChosen || m.inventory.standsForOthers(*application);
     const bool hasPlace =
         element->isTabIcon() || HoverRules::verdictForPlace(element) == HoverVerdict::Shows;
     if (!hasPlace ||
         HoverRules::verdictForWindows(settings, windows.size(), areOthers) != HoverVerdict::Shows) {
-        m_handler.removeAllScreenViewsLeavingTimersAlone();
+        m_dismissal.removeAllScreenViewsLeavingTimersAlone();
         pass.added = false;
         return;
     }
@@ -182,7 +176,7 @@ void PreviewUpdater::addMissing(const std::vector<SWElementPtr>& windows,
                                 const SWElementPtr& element, Pass& pass)
 {
     for (const SWElementPtr& window : windows) {
-        const auto& previews = m_handler.screenyViews();
+        const auto& previews = m.row.previews();
         if (previews.size() >= mostPreviews)
             return;
         const bool isShown =
@@ -192,21 +186,19 @@ void PreviewUpdater::addMissing(const std::vector<SWElementPtr>& windows,
         if (isShown)
             continue;
         if (element->isRequested() && previews.empty()) {
-            m_handler.requestedRow().bringUp(); // without the mouse, which need not be near
+            m.hovered.hoverRequested();
             pass.isOver = true;
             return;
         }
         if (!element->isTabIcon() && previews.empty()) {
             // The first preview comes up by way of a full hover, once the mouse is seen to rest.
             element->setIsMouseConfirmed(true);
-            m_handler.startMouseChecker(element);
-            invalidateUpdateTimer();
+            m.hovered.hoverAtRest(element);
+            m.timers.stopUpdate();
             pass.isOver = true;
             return;
         }
-        const ScreenyViewPtr preview =
-            m_handler.appendPreview(window, application, element->isTabIcon());
-        if (!preview)
+        if (!m.row.append(window, application, element->isTabIcon()))
             return;
         pass.added = true;
     }
@@ -214,28 +206,19 @@ void PreviewUpdater::addMissing(const std::vector<SWElementPtr>& windows,
 
 void PreviewUpdater::layOutAgain(const SWElementPtr& element, const Pass& pass)
 {
-    if (m_handler.screenyViews().empty()) {
-        m_handler.companions().hotKeyCenter->toggleEventTap(false);
-        m_handler.companions().helpBubble->hideBubble();
+    if (m.row.isEmpty()) {
+        m.companions.hotKeyCenter->toggleEventTap(false);
+        m.companions.helpBubble->hideBubble();
         return;
     }
     if (pass.removed)
-        m_handler.setDelayExit(exitChecksSkippedAfterRemoval);
+        m_dismissal.setDelayExit(exitChecksSkippedAfterRemoval);
     if (element && element->isTabIcon())
-        m_handler.arrangeWindowsBottom(element, true);
+        m.row.arranger().arrangeWindowsBottom(element, true);
     else
-        m_handler.arrangeWindows(element, true);
-    m_handler.pictureLoader().loadMissing();
-    const auto previews = m_handler.screenyViews();
-    for (const ScreenyViewPtr& preview : previews) {
-        // Place and size of the numbers depend on the panels', which have just changed, also those
-        // of the previews that were there before.
-        preview->showSpaces();
-        preview->setShortcut();
-        preview->orderFront();
-    }
-    m_handler.pictureLoader().showWhenComplete();
-    m_handler.companions().hotKeyCenter->toggleEventTap(true);
+        m.row.arranger().arrangeWindows(element, true);
+    m.row.bringOutAgain();
+    m.companions.hotKeyCenter->toggleEventTap(true);
 }
 
 } // namespace lumbrix

@@ -6,6 +6,8 @@
 
 #include <vector>
 
+#include "engine/Dismissal.h"
+#include "engine/EngineContext.h"
 #include "model/SWElement.h"
 #include "platform/RunLoop.h"
 #include "platform/Workspace.h"
@@ -14,16 +16,18 @@
 namespace lumbrix
 {
 
-class LXHandler;
-
 /// Main thread.
 class PreviewUpdater
 {
 public:
-    explicit PreviewUpdater(LXHandler& handler) : m_handler(handler) {}
+    static constexpr platform::Seconds updateInterval = 0.5;
+
+    PreviewUpdater(const EngineContext& context, Dismissal& dismissal)
+        : m(context), m_dismissal(dismissal)
+    {
+    }
 
     void armUpdateTimer(platform::Seconds interval, const SWElementPtr& element);
-    void invalidateUpdateTimer();
     /// The pass that the armed timer would make next; nothing when none is armed.
     void updateNow();
     /// Has the row that is shown follow the settings, which have changed.
@@ -48,9 +52,8 @@ private:
                     Pass& pass);
     void layOutAgain(const SWElementPtr& element, const Pass& pass);
 
-    LXHandler& m_handler;
-    platform::TimerPtr m_updateTimer;
-    SWElementPtr m_updatedElement; ///< what the timer was armed for last
+    const EngineContext m;
+    Dismissal& m_dismissal;
 };
 
 } // namespace lumbrix

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// One accessibility observer for one process id, always with the engine's one callback.
+// One accessibility observer for one process id.
 #pragma once
 
 #include <cstdint>
@@ -17,7 +17,8 @@ class SWObserver
 {
 public:
     /// Null when the process cannot be observed.
-    static std::unique_ptr<SWObserver> observerWithPid(std::int32_t pid);
+    static std::unique_ptr<SWObserver> observerWithPid(std::int32_t pid,
+                                                       platform::AXObserver::Callback callback);
 
     bool isEqualTo(std::int32_t pid) const { return m_pid == pid; }
     platform::AXObserver& observer() const { return *m_observer; }

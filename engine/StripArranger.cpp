@@ -3,11 +3,12 @@
 
 #include "engine/StripArranger.h"
 
-#include "engine/LXHandler.h"
+#include "model/EngineSettings.h"
 #include "platform/Desktop.h"
 #include "platform/DockPreferences.h"
 #include "platform/RunLoop.h"
 #include "platform/WindowServer.h"
+#include "preview/HelpBubble.h"
 
 namespace lumbrix
 {
@@ -93,26 +94,24 @@ void StripArranger::arrangeWindowsRight(const SWElementPtr& item, bool /*animate
 void StripArranger::arrangeStrip(DockSide side, const SWElementPtr& item)
 {
     waitUntilSettled(item);
-    const auto& previews = m_handler.screenyViews();
     std::optional<QSizeF> size;
-    if (!previews.empty() && previews.front()->iCal() && previews.front()->window())
-        size = previews.front()->window()->frame().size();
+    if (!m_previews.empty() && m_previews.front()->iCal() && m_previews.front()->window())
+        size = m_previews.front()->window()->frame().size();
     const auto frames = PreviewLayout::strip(side, layoutInput(rectOf(item)),
-                                             static_cast<int>(previews.size()), size);
+                                             static_cast<int>(m_previews.size()), size);
     for (std::size_t i = 0; i < frames.size(); ++i) {
-        if (MAWindow* window = previews[i]->window())
+        if (MAWindow* window = m_previews[i]->window())
             window->setFrame(frames[i]);
-        previews[i]->setTrackingRect();
+        m_previews[i]->setTrackingRect();
     }
     markOwnWindow(item);
-    m_handler.companions().helpBubble->positionAndShowBubble(previews);
+    m_bubble.positionAndShowBubble(m_previews);
 }
 
 void StripArranger::markOwnWindow(const SWElementPtr& item)
 {
-    const auto& previews = m_handler.screenyViews();
-    const auto own = item && previews.size() > 1 ? item->ownWindow() : std::nullopt;
-    for (const ScreenyViewPtr& preview : previews) {
+    const auto own = item && m_previews.size() > 1 ? item->ownWindow() : std::nullopt;
+    for (const ScreenyViewPtr& preview : m_previews) {
         const SWElementPtr& window = preview->elementRef();
         preview->setMarked(own && window && window->wid() == *own);
     }
@@ -146,14 +145,13 @@ void StripArranger::waitUntilSettled(const SWElementPtr& item)
 PreviewLayout::Input StripArranger::layoutInput(const QRectF& icon) const
 {
     const auto screens = platform::desktop().windowServer.screens();
-    const EngineSettings& settings = m_handler.settings();
     PreviewLayout::Input input;
     input.icon = icon;
     input.screen = PreviewLayout::screenOfIcon(icon, screens);
     input.mainScreenHeight = screens.empty() ? 0 : screens.front().height();
-    input.windowWidth = settings.windowWidth;
-    input.windowHeight = settings.windowHeight;
-    input.distanceFromDock = settings.distanceFromDock;
+    input.windowWidth = m_settings.windowWidth;
+    input.windowHeight = m_settings.windowHeight;
+    input.distanceFromDock = m_settings.distanceFromDock;
     return input;
 }
 

@@ -6,19 +6,27 @@
 
 #include <QtCore/QString>
 
+#include <vector>
+
 #include "model/PreviewLayout.h"
 #include "preview/ScreenyView.h"
 
 namespace lumbrix
 {
 
-class LXHandler;
+struct EngineSettings;
+class HelpBubble;
 
 /// Main thread.
 class StripArranger
 {
 public:
-    explicit StripArranger(LXHandler& handler) : m_handler(handler) {}
+    /// Works on the previews that the row has at the time. All of it outlives the arranger.
+    StripArranger(const EngineSettings& settings, const std::vector<ScreenyViewPtr>& previews,
+                  HelpBubble& bubble)
+        : m_settings(settings), m_previews(previews), m_bubble(bubble)
+    {
+    }
 
     // The settings of the Dock that has the item, or for null of the first one, read afresh each
     // time.
@@ -49,7 +57,9 @@ private:
     static void waitUntilSettled(const SWElementPtr& item);
     PreviewLayout::Input layoutInput(const QRectF& icon) const;
 
-    LXHandler& m_handler;
+    const EngineSettings& m_settings;
+    const std::vector<ScreenyViewPtr>& m_previews;
+    HelpBubble& m_bubble;
 };
 
 } // namespace lumbrix

@@ -236,16 +236,16 @@ TEST_F(ControllerTest, style_ofPreviewsOrTheirNumbersChanged_dropsThoseOfTheOldO
     for (const QString& style : {u"previewStyle"_s, u"spaceStyle"_s}) {
         desk.leaveDock();
         hover(u"Editor"_s);
-        const auto before = engine().cache().cacheArray();
+        const auto before = engine().row().cache().cacheArray();
         controller.updateState();
         EXPECT_EQ(previews(), 2U);
-        EXPECT_EQ(engine().cache().cacheArray(), before);
+        EXPECT_EQ(engine().row().cache().cacheArray(), before);
 
         defaults.setInteger(3, style);
         controller.updateState();
         EXPECT_EQ(previews(), 0U) << qPrintable(style);
-        EXPECT_EQ(engine().cache().cacheArray().size(), 6U);
-        for (const ScreenyViewPtr& fresh : engine().cache().cacheArray())
+        EXPECT_EQ(engine().row().cache().cacheArray().size(), 6U);
+        for (const ScreenyViewPtr& fresh : engine().row().cache().cacheArray())
             EXPECT_EQ(std::count(before.begin(), before.end(), fresh), 0) << qPrintable(style);
     }
 }

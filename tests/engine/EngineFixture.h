@@ -59,7 +59,7 @@ protected:
     static EngineSettings& settings() { return engine().settings(); }
     void observeDock(platform::NotificationContext* context)
     {
-        m_dockObserver = SWObserver::observerWithPid(desk.dockPid());
+        m_dockObserver = SWObserver::observerWithPid(desk.dockPid(), handleAXNotification);
         const auto dock = desk.accessibility().createApplication(desk.dockPid());
         for (const QString& name :
              {AX::SelectedChildrenChanged, AX::MenuOpened, AX::FocusedUIElementChanged})
@@ -115,7 +115,7 @@ protected:
     int panelsOnScreen() const
     {
         int count = 0;
-        for (const auto& list : {engine().screenyViews(), engine().cache().cacheArray()})
+        for (const auto& list : {engine().screenyViews(), engine().row().cache().cacheArray()})
             count += static_cast<int>(std::count_if(list.begin(), list.end(), [](const auto& each) {
                 return each->window()->isVisible();
             }));

@@ -25,7 +25,7 @@ TEST_F(HoverDispatchTest, row_isFilledPlacedAndShown)
     EXPECT_EQ(preview(0).window()->frame(), QRectF(middle - 206, 62, 200, 150));
     EXPECT_EQ(preview(1).window()->frame(), QRectF(middle - 6, 62, 200, 150));
     EXPECT_EQ(preview(0).image().size(), QSize(400, 300));
-    EXPECT_TRUE(engine().shouldInstantShow());
+    EXPECT_TRUE(engine().hovered().shouldInstantShow());
 
     // The same item again changes nothing.
     const ScreenyView* const before = &preview(0);

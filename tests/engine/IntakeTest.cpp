@@ -40,11 +40,11 @@ TEST_F(Intake, quickMovesAlongTheDock_dispatchOnlyTheItemRestedOn)
     hover(u"Maps"_s);
     EXPECT_EQ(shown(), u"Maps 1"_s);
     // Either sign of it is enough.
-    engine().setShouldInstantShow(false);
+    engine().hovered().setShouldInstantShow(false);
     hover(u"Notes"_s);
     EXPECT_EQ(shown(), u"Notes 1"_s);
     engine().removeAllScreenViews();
-    engine().setShouldInstantShow(true);
+    engine().hovered().setShouldInstantShow(true);
     hover(u"Maps"_s);
     EXPECT_EQ(shown(), u"Maps 1"_s);
     desk.quitApplication(maps); // its windows with it
@@ -96,7 +96,7 @@ TEST_F(Intake, dockMenu_takesThePanelsOffTheScreenInTheSameStep)
     hover(u"Notes"_s);
     engine().menuOpened();
     EXPECT_EQ(panelsOnScreen(), 0);
-    EXPECT_FALSE(engine().shouldInstantShow());
+    EXPECT_FALSE(engine().hovered().shouldInstantShow());
     loop.advance(3);
     EXPECT_EQ(shown(), u""_s); // the update timer is off
 
@@ -278,7 +278,7 @@ TEST_F(Intake, leavingTheDock_dropsTheItemThatTheMouseWasToRestOn)
             hover(u"Trash"_s);
         else
             leave();
-        EXPECT_EQ(engine().shouldInstantShow(), toTheTrash);
+        EXPECT_EQ(engine().hovered().shouldInstantShow(), toTheTrash);
         loop.advance(1);
         EXPECT_EQ(shown(), u""_s) << toTheTrash;
     }

@@ -313,15 +313,15 @@ TEST_F(Update, panels_areReused_eachInItsFormerPlace)
     const ScreenyView* const second = &preview(1);
     const ScreenyView* const first = &preview(0);
     hover(u"Trash"_s);
-    EXPECT_EQ(engine().cache().cacheArray().size(), 2U);
+    EXPECT_EQ(engine().row().cache().cacheArray().size(), 2U);
     EXPECT_EQ(second->elementRef(), nullptr);
     hover(u"Notes"_s);
     EXPECT_EQ(&preview(0), first) << "or two panels would be seen to change places";
     EXPECT_EQ(&preview(1), second);
-    EXPECT_TRUE(engine().cache().cacheArray().empty());
+    EXPECT_TRUE(engine().row().cache().cacheArray().empty());
     engine().removeAllScreenViews();
     engine().clearCache();
-    EXPECT_EQ(engine().cache().cacheArray().size(), 6U);
+    EXPECT_EQ(engine().row().cache().cacheArray().size(), 6U);
     int style = -1;
     for (const char* look : {"Black", "", "Black", "Borderless", "Blue", "Red", "Green", "Black"})
         EXPECT_EQ(PreviewCache::interfaceFileForStyle(style++),

@@ -1,0 +1,135 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include "engine/PreviewRow.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "engine/HoverRules.h"
+#include "platform/Desktop.h"
+
+namespace lumbrix
+{
+namespace
+{
+
+/// The cache hands out last what it got first: so the next row gets each panel in its former place,
+/// and panels that are still on screen do not change places with each other.
+template <class Action>
+void forEachFromLast(const std::vector<ScreenyViewPtr>& previews, Action action)
+{
+    for (auto preview = previews.rbegin(); preview != previews.rend(); ++preview)
+        action(**preview);
+}
+
+} // namespace
+
+PreviewRow::PreviewRow(PreviewHost& host, const EngineSettings& settings,
+                       const Companions& companions, const HoveredItem& hovered)
+    : m_hovered(hovered), m_cache(host), m_arranger(settings, m_previews, *companions.helpBubble),
+      m_pictures(m_previews)
+{
+    m_previews.reserve(2);
+}
+
+int PreviewRow::indexOf(const ScreenyView& preview) const
+{
+    const auto found =
+        std::find_if(m_previews.begin(), m_previews.end(),
+                     [&preview](const ScreenyViewPtr& shown) { return shown.get() == &preview; });
+    return found == m_previews.end() ? -1 : static_cast<int>(found - m_previews.begin());
+}
+
+bool PreviewRow::belongsTo(const Application& application, bool byTab) const
+{
+    if (m_previews.empty() || !application)
+        return false;
+    const ScreenyView& first = *m_previews.front();
+    return first.elementRef() && first.elementRef()->pid() == application->pid &&
+           first.setByTab() == byTab;
+}
+
+void PreviewRow::append(const ScreenyViewPtr& preview)
+{
+    m_previews.push_back(preview);
+    m_isShowing = true;
+}
+
+ScreenyViewPtr PreviewRow::append(const SWElementPtr& window, const Application& application,
+                                  bool byTab)
+{
+    ScreenyViewPtr preview = m_cache.createScreenyView();
+    if (!preview)
+        return nullptr;
+    if (byTab)
+        preview->setSetByTab(true);
+    append(preview);
+    // One that is used again on the spot still has the picture of its former window.
+    preview->setImage({});
+    preview->setElementRef(window);
+    preview->setTitleString(window->getTitle().value_or(QString()));
+    preview->setAppFlags(m_hovered.applicationOf(*window, application));
+    return preview;
+}
+
+void PreviewRow::append(const std::vector<SWElementPtr>& windows, const Application& application,
+                        bool byTab)
+{
+    for (const SWElementPtr& window : windows) {
+        append(window, application, byTab);
+        if (m_previews.size() >= mostPreviews)
+            return;
+    }
+}
+
+void PreviewRow::setPreviews(std::vector<ScreenyViewPtr> previews)
+{
+    m_previews = std::move(previews);
+    m_isShowing = !m_previews.empty();
+}
+
+std::vector<ScreenyViewPtr> PreviewRow::take()
+{
+    m_isShowing = false;
+    return std::exchange(m_previews, {});
+}
+
+void PreviewRow::bringOut()
+{
+    m_pictures.loadMissing();
+    for (const ScreenyViewPtr& preview : m_previews) {
+        preview->orderFront();
+        preview->setShortcut();
+        preview->showSpaces();
+    }
+    m_pictures.showWhenComplete();
+}
+
+void PreviewRow::bringOutAgain()
+{
+    m_pictures.loadMissing();
+    const auto previews = m_previews;
+    for (const ScreenyViewPtr& preview : previews) {
+        // Place and size of the numbers depend on the panels', which have just changed, also those
+        // of the previews that were there before.
+        preview->showSpaces();
+        preview->setShortcut();
+        preview->orderFront();
+    }
+    m_pictures.showWhenComplete();
+}
+
+void PreviewRow::takeAwayWithTheNextPass()
+{
+    forEachFromLast(take(), [](ScreenyView& preview) { preview.rebirth(); });
+    m_orderOutTimer =
+        platform::desktop().runLoop.scheduleTimer(0, false, [this] { m_cache.orderCacheOut(); });
+}
+
+void PreviewRow::takeAway()
+{
+    forEachFromLast(take(), [](ScreenyView& preview) { preview.dismiss(); });
+}
+
+} // namespace lumbrix

@@ -1,0 +1,81 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// The previews on screen: which they are and in what order, where they are and what they show.
+#pragma once
+
+#include <atomic>
+#include <optional>
+#include <vector>
+
+#include "engine/Companions.h"
+#include "engine/HoveredItem.h"
+#include "engine/PictureLoader.h"
+#include "engine/PreviewCache.h"
+#include "engine/StripArranger.h"
+#include "model/EngineSettings.h"
+#include "model/SWElement.h"
+#include "platform/RunLoop.h"
+#include "platform/Workspace.h"
+#include "preview/ScreenyView.h"
+
+namespace lumbrix
+{
+
+/// Main thread, but for isShowing.
+class PreviewRow
+{
+public:
+    using Application = std::optional<platform::RunningApplication>;
+
+    /// All of it outlives the row.
+    PreviewRow(PreviewHost& host, const EngineSettings& settings, const Companions& companions,
+               const HoveredItem& hovered);
+
+    /// In the order of the row.
+    const std::vector<ScreenyViewPtr>& previews() const { return m_previews; }
+    bool isEmpty() const { return m_previews.empty(); }
+    bool isShowing() const { return m_isShowing; } ///< any thread
+    /// −1 when it is not one of them.
+    int indexOf(const ScreenyView& preview) const;
+    /// Whether it is that of the application, made for the switcher or not.
+    bool belongsTo(const Application& application, bool byTab) const;
+
+    void append(const ScreenyViewPtr& preview);
+    /// A new preview of a window, filled and appended; null when none can be made. `application` is
+    /// that of the hovered item.
+    ScreenyViewPtr append(const SWElementPtr& window, const Application& application, bool byTab);
+    /// The same for several, as long as there is room.
+    void append(const std::vector<SWElementPtr>& windows, const Application& application,
+                bool byTab);
+    /// Those that are left of it; the others were dismissed.
+    void setPreviews(std::vector<ScreenyViewPtr> previews);
+
+    /// Puts previews that are new or have moved onto the screen, when all have their pictures.
+    void bringOut();
+    /// The same for a row that was there before.
+    void bringOutAgain();
+    /// Empties it. Panels stay on screen until the next pass of the loop, so that a row built at
+    /// once from the same panels replaces them without a flicker.
+    void takeAwayWithTheNextPass();
+    /// Empties it at once.
+    void takeAway();
+
+    PreviewCache& cache() { return m_cache; }
+    const PreviewCache& cache() const { return m_cache; }
+    StripArranger& arranger() { return m_arranger; }
+    PictureLoader& pictures() { return m_pictures; }
+
+private:
+    std::vector<ScreenyViewPtr> take();
+
+    const HoveredItem& m_hovered;
+    PreviewCache m_cache;
+    std::vector<ScreenyViewPtr> m_previews;
+    std::atomic<bool> m_isShowing{false};
+    StripArranger m_arranger;
+    PictureLoader m_pictures;
+    platform::TimerPtr m_orderOutTimer;
+};
+
+} // namespace lumbrix

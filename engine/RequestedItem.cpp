@@ -1,0 +1,36 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include "engine/RequestedItem.h"
+
+#include <utility>
+
+#include "engine/HitTest.h"
+#include "platform/Desktop.h"
+#include "platform/PreviewRequests.h"
+
+namespace lumbrix
+{
+
+bool RequestedItem::is(const platform::ElementRef& item) const
+{
+    return m_item && platform::elementsEqual(m_item->element(), item);
+}
+
+bool RequestedItem::hasLeftTheMouse() const { return isUp() && mouseLocation() == m_mouseBefore; }
+
+void RequestedItem::rowEnded() { tellEnded(std::exchange(m_item, nullptr)); }
+
+void RequestedItem::itemChanged(const SWElementPtr& item)
+{
+    if (m_item && !m_item->isEqualTo(item))
+        rowEnded();
+}
+
+void RequestedItem::tellEnded(const SWElementPtr& item)
+{
+    if (item)
+        platform::desktop().previewRequests.rowEnded(item->element());
+}
+
+} // namespace lumbrix

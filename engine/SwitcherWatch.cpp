@@ -1,0 +1,93 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include "engine/SwitcherWatch.h"
+
+#include <vector>
+
+#include "engine/HitTest.h"
+#include "engine/HoverRules.h"
+#include "platform/Desktop.h"
+
+namespace lumbrix
+{
+namespace
+{
+constexpr platform::Seconds tabExitInterval = 0.1f;
+/// The switcher needs this long to settle on another entry.
+constexpr platform::Seconds switcherSettleTime = 0.2f;
+} // namespace
+
+void SwitcherWatch::processListIconHovered(const Application& application,
+                                           const SWElementPtr& element)
+{
+    // Dismissal must never take a switcher entry's rectangle for a hovered Dock item.
+    m.hovered.setElement(nullptr);
+    if (element)
+        element->setIsTabIcon(true);
+    if (!m.settings.showInTab) {
+        m_dismissal.removeAllScreenViews();
+        return;
+    }
+    if (m.row.belongsTo(application, true))
+        return;
+    m_dismissal.removeAllScreenViews();
+    m.inventory.cleanWindowsArray();
+    const auto windows =
+        application ? m.inventory.windowsForPID(application->pid) : std::vector<SWElementPtr>{};
+    if (HoverRules::verdictInSwitcher(m.settings, windows.size()) == HoverVerdict::Shows) {
+        m.hovered.setShouldInstantShow(true);
+        m.row.append(windows, application, true);
+        m.companions.hotKeyCenter->toggleEventTap(true);
+        // The switcher is in the middle of the screen, so its previews go to the bottom whatever
+        // the Dock's side.
+        m.row.arranger().arrangeWindowsBottom(element, false);
+        m.row.bringOut();
+    }
+    m_updater.armUpdateTimer(PreviewUpdater::updateInterval, element);
+    m.timers.tabExit = platform::desktop().runLoop.scheduleTimer(
+        tabExitInterval, true, [this, element] { tabExitCheck(element); });
+}
+
+void SwitcherWatch::tabExitCheck(const SWElementPtr& entry)
+{
+    if (SWElement::checkIfDockFocusedIsAXList()) {
+        followSwitcher(entry);
+        const QPointF mouse = mouseLocation();
+        const auto previews = m.row.previews();
+        for (const ScreenyViewPtr& preview : previews)
+            trackHover(*preview, contains(frameOf(*preview), mouse));
+        return;
+    }
+    // The switcher has closed: over a preview, that picks its window.
+    m.hovered.setShouldInstantShow(false);
+    m_dismissal.shouldInterceptClick(true, true);
+    m_dismissal.removeAllScreenViews();
+}
+
+void SwitcherWatch::followSwitcher(const SWElementPtr& entry)
+{
+    if (!entry || !entry->isTabIcon())
+        return;
+    const SWElementPtr selected = SWElement::getDockSelectedChild();
+    if (!selected || selected->isEqualTo(entry) || entry->willBeChanged())
+        return;
+    const auto application = SWElement::runningAppForProccessListIcon(selected->element());
+    if (!application)
+        return;
+    // Blocks the main thread on purpose: nothing sensible can be shown while the switcher moves.
+    platform::desktop().runLoop.sleep(switcherSettleTime);
+    if (m_delays && m_delays->displayDelay() > 0) {
+        m.hovered.cancelDelayed();
+        entry->setWillBeChanged(true); // later checks must not start the same change again
+        if (!m_delays->dontDelayIfOpen() || m.row.isEmpty()) {
+            m.hovered.performAfterDelay(
+                static_cast<double>(m_delays->displayDelay()),
+                [this, application, selected] { processListIconHovered(application, selected); });
+            return;
+        }
+    }
+    processListIconHovered(application, selected);
+}
+
+} // namespace lumbrix
