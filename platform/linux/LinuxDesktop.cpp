@@ -18,10 +18,10 @@
 #include "platform/linux/calendar/LinuxCalendarStore.h"
 #include "platform/linux/defaults/IniDefaults.h"
 #include "platform/linux/docks/DockModel.h"
+#include "platform/linux/docks/DockTooltips.h"
 #include "platform/linux/docks/PanelDock.h"
 #include "platform/linux/docks/PlankDock.h"
 #include "platform/linux/docks/Struts.h"
-#include "platform/linux/docks/TooltipOrder.h"
 #include "platform/linux/media/LinuxAppleEvents.h"
 #include "platform/linux/session/AutostartItems.h"
 #include "platform/linux/session/PreviewsService.h"
@@ -188,7 +188,7 @@ private:
     SystemUIMode m_uiMode;
     LinuxWorkspace m_workspace;
     DockModel m_docks;
-    TooltipOrder m_tooltips;
+    DockTooltips m_tooltips;
     LinuxDockPreferences m_dockPreferences;
     X11Accessibility m_accessibility;
     PlaceRequests m_requests;

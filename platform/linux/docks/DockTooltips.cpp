@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-#include "platform/linux/docks/TooltipOrder.h"
+#include "platform/linux/docks/DockTooltips.h"
 
 #include <utility>
 #include <vector>
@@ -9,17 +9,17 @@
 namespace lumbrix::platform
 {
 
-TooltipOrder::TooltipOrder(const x11::Connection& connection, std::int32_t ownPid, IsDock isDock)
+DockTooltips::DockTooltips(const x11::Connection& connection, std::int32_t ownPid, IsDock isDock)
     : m_connection(connection), m_ownPid(ownPid), m_isDock(std::move(isDock))
 {
 }
 
-xcb_window_t TooltipOrder::clientOf(xcb_window_t window) const
+xcb_window_t DockTooltips::clientOf(xcb_window_t window) const
 {
     return window & ~xcb_get_setup(m_connection.get())->resource_id_mask;
 }
 
-void TooltipOrder::popupMapped(const x11::PopupMapped& popup)
+void DockTooltips::popupMapped(const x11::PopupMapped& popup)
 {
     if (popup.pid == m_ownPid) {
         m_ownClient = clientOf(popup.id);
@@ -36,7 +36,7 @@ void TooltipOrder::popupMapped(const x11::PopupMapped& popup)
     m_connection.flush();
 }
 
-xcb_window_t TooltipOrder::lowestOwnPanel() const
+xcb_window_t DockTooltips::lowestOwnPanel() const
 {
     if (m_ownClient == XCB_NONE)
         return XCB_NONE;

@@ -13,12 +13,12 @@ namespace lumbrix::platform
 {
 
 /// Puts a dock's tooltip below this program's panels. Both outlive it; event thread.
-class TooltipOrder final : public x11::WindowListener
+class DockTooltips final : public x11::WindowListener
 {
 public:
     using IsDock = std::function<bool(std::int32_t pid)>;
 
-    TooltipOrder(const x11::Connection& connection, std::int32_t ownPid, IsDock isDock);
+    DockTooltips(const x11::Connection& connection, std::int32_t ownPid, IsDock isDock);
     void popupMapped(const x11::PopupMapped& popup) override;
 
 private:
