@@ -37,8 +37,10 @@ QStringList outputsOf(const Connection& connection)
         return {};
     const xcb_randr_output_t* outputs =
         xcb_randr_get_screen_resources_current_outputs(resources.get());
+    const int count = xcb_randr_get_screen_resources_current_outputs_length(resources.get());
     std::vector<xcb_randr_get_output_info_cookie_t> questions;
-    for (int i = 0; i < xcb_randr_get_screen_resources_current_outputs_length(resources.get()); ++i)
+    questions.reserve(static_cast<std::size_t>(count));
+    for (int i = 0; i < count; ++i)
         questions.push_back(xcb_randr_get_output_info(c, outputs[i], resources->config_timestamp));
     QStringList names;
     for (const auto& question : questions) {
