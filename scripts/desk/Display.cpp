@@ -159,8 +159,11 @@ void Display::request(xcb_window_t window, const std::string& message,
     xcb_flush(m_connection);
 }
 
-std::vector<Panel> Display::panels()
+std::vector<Panel> Display::panels() { return windowsOf("lumbrix", "Lumbrix"); }
+
+std::vector<Panel> Display::windowsOf(const QByteArray& instance, const QByteArray& windowClass)
 {
+    const QByteArray wanted = instance + '\0' + windowClass + '\0';
     std::vector<Panel> result;
     const auto tree =
         answer(xcb_query_tree_reply, m_connection, xcb_query_tree(m_connection, m_root));
@@ -181,7 +184,7 @@ std::vector<Panel> Display::panels()
         const QByteArray value(static_cast<const char*>(xcb_get_property_value(name.get())),
                                xcb_get_property_value_length(name.get()));
         const auto area = geometry(children[i]);
-        if (value != QByteArray("lumbrix\0Lumbrix\0", 16) || !area)
+        if (value != wanted || !area)
             continue;
         result.push_back({children[i], QString::fromUtf8(bytes(children[i], "WM_WINDOW_ROLE")),
                           bytes(children[i], "_NET_WM_NAME"), *area, seen->override_redirect != 0});

@@ -21,7 +21,7 @@
 namespace lumbrix::privatedesk
 {
 
-/// A mapped top-level window of Lumbrix.
+/// A mapped top-level window, as a rule of Lumbrix.
 struct Panel {
     xcb_window_t id = 0;
     QString role;     ///< "preview", "zoom", "bubble" ...
@@ -65,6 +65,8 @@ public:
                  const std::vector<std::uint32_t>& data);
     /// Mapped windows of Lumbrix, in stacking order from the bottom; not those in frames.
     std::vector<Panel> panels();
+    /// The same of programs with this name of the instance and of the class in WM_CLASS.
+    std::vector<Panel> windowsOf(const QByteArray& instance, const QByteArray& windowClass);
     /// Windows of Lumbrix that the window manager has, minimised ones included, the oldest first.
     std::vector<Panel> managedWindows();
     /// The mapped previews in reading order.

@@ -38,14 +38,42 @@ PopupWatch::PopupWatch(const Connection& connection, const Atoms& atoms,
 
 void PopupWatch::handleEvent(const xcb_generic_event_t& event)
 {
-    if ((event.response_type & 0x7f) != XCB_MAP_NOTIFY)
-        return;
-    const auto& map = reinterpret_cast<const xcb_map_notify_event_t&>(event);
-    if (map.event == m_connection.root() && map.override_redirect)
-        m_mapped.push_back(map.window);
+    switch (event.response_type & 0x7f) {
+    case XCB_MAP_NOTIFY: {
+        const auto& map = reinterpret_cast<const xcb_map_notify_event_t&>(event);
+        if (map.event == m_connection.root() && map.override_redirect)
+            m_mapped.push_back(map.window);
+        break;
+    }
+    case XCB_UNMAP_NOTIFY: {
+        const auto& unmap = reinterpret_cast<const xcb_unmap_notify_event_t&>(event);
+        if (unmap.event == m_connection.root()) {
+            std::erase(m_mapped, unmap.window);
+            m_unmapped.push_back(unmap.window);
+        }
+        break;
+    }
+    case XCB_CONFIGURE_NOTIFY: {
+        const auto& move = reinterpret_cast<const xcb_configure_notify_event_t&>(event);
+        if (move.event == m_connection.root() && move.override_redirect)
+            m_moved.insert(move.window);
+        break;
+    }
+    }
 }
 
 void PopupWatch::eventsHandled()
+{
+    for (const xcb_window_t window : std::exchange(m_unmapped, {}))
+        m_listeners.notify([&](WindowListener& listener) { listener.popupUnmapped(window); });
+    tellMapped();
+    for (const xcb_window_t window : std::exchange(m_moved, {})) {
+        if (!m_tracker.isFrame(window))
+            m_listeners.notify([&](WindowListener& listener) { listener.popupMoved(window); });
+    }
+}
+
+void PopupWatch::tellMapped()
 {
     std::vector<xcb_window_t> windows = std::exchange(m_mapped, {});
     // Window managers make their frames override-redirect too.

@@ -1,9 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// Notices menus, tooltips and other unmanaged windows as they are mapped.
+// Notices menus, tooltips and other unmanaged windows as they are mapped, moved and unmapped.
 #pragma once
 
+#include <set>
 #include <vector>
 
 #include "platform/linux/x11/Atoms.h"
@@ -27,11 +28,14 @@ public:
     void eventsHandled() override;
 
 private:
+    void tellMapped();
+
     const Connection& m_connection;
     const Atoms& m_atoms;
     const X11WindowTracker& m_tracker;
     const Listeners& m_listeners;
-    std::vector<xcb_window_t> m_mapped;
+    std::vector<xcb_window_t> m_mapped, m_unmapped;
+    std::set<xcb_window_t> m_moved;
 };
 
 } // namespace lumbrix::platform::x11

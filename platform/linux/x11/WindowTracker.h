@@ -34,6 +34,10 @@ public:
     virtual void activeWindowChanged(xcb_window_t) {}
     virtual void currentDesktopChanged(int /*0-based*/) {}
     virtual void popupMapped(const PopupMapped&) {}
+    /// An override-redirect window was moved, resized or restacked, mapped or not.
+    virtual void popupMoved(xcb_window_t) {}
+    /// A child of the root was unmapped, by its end, too; perhaps one that is managed.
+    virtual void popupUnmapped(xcb_window_t) {}
     /// The pointer moved to these root pixels, over this child of the root (XCB_NONE: the root).
     virtual void pointerMoved(QPoint, xcb_window_t /*childOfRoot*/) {}
     /// A mouse button went down anywhere; 1 left, 2 middle, 3 right.

@@ -1,0 +1,58 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// The tooltip in which a dock names the icon under the pointer, right where previews come up.
+#include "DesktopTest.h"
+
+namespace lumbrix::privatedesk
+{
+
+class TooltipTest : public DesktopTest
+{
+protected:
+    /// Where it is, while it is up.
+    std::optional<QRect> tooltip()
+    {
+        const auto popups = display().windowsOf("plank", "Plank");
+        if (popups.size() != 1)
+            return std::nullopt;
+        m_window = popups.front().id;
+        return popups.front().geometry;
+    }
+    /// Where the last one is now.
+    std::optional<QRect> place() { return display().geometry(m_window); }
+
+private:
+    xcb_window_t m_window = XCB_NONE;
+};
+
+INSTANTIATE_TEST_SUITE_P(, TooltipTest, testing::Values(plank(), plank(Edge::Left)), deskName);
+
+TEST_P(TooltipTest, tooltip_ofTheDock_isOutOfTheWayOfPreviews_andInItsPlaceWithoutThem)
+{
+    desk().startLumbrix({{u"ignoreMinimized"_qs, u"1"_qs}});
+    Application& alpha = launch(u"alpha"_qs, 1);
+    const AppWindow window = alpha.windows().front();
+    alpha.minimise(window);
+    const QRect screen(QPoint(), display().size());
+    hover(alpha);
+    EXPECT_TRUE(waitUntil([&] { return tooltip() && screen.contains(*tooltip()); }));
+    const QRect home = tooltip().value_or(QRect());
+    for (int round = 0; round < 2; ++round) {
+        desk().park();
+        EXPECT_TRUE(waitUntil([&] { return !tooltip(); }));
+        alpha.activate(window);
+        hover(alpha);
+        ASSERT_TRUE(shows(alpha));
+        EXPECT_TRUE(waitUntil([&] { return tooltip() && !screen.intersects(*tooltip()); }));
+        savePicture("previews");
+        desk().park();
+        EXPECT_TRUE(waitUntil([&] { return !tooltip() && place() == home; }))
+            << "the dock does not find it where it left it";
+        alpha.minimise(window);
+        hover(alpha);
+        EXPECT_TRUE(waitUntil([&] { return tooltip() == home; })) << "without previews";
+    }
+}
+
+} // namespace lumbrix::privatedesk
