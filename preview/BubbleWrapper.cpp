@@ -5,6 +5,10 @@
 
 #include <algorithm>
 
+#include "model/PreviewLayout.h"
+#include "model/UIElementUtilities.h"
+#include "platform/Desktop.h"
+#include "platform/WindowServer.h"
 #include "preview/ScreenyView.h"
 
 namespace lumbrix
@@ -40,6 +44,17 @@ QRectF frameAround(const ScreenyView& first, const ScreenyView& last)
     return {left + 1, bottom - 2, width, height};
 }
 
+/// The part of it on the screen that has most of it: where a row is as long as its screen, the rest
+/// would lie on the next one.
+QRectF onOneScreen(const QRectF& frame)
+{
+    const QRectF bounds = UIElementUtilities::flippedScreenBounds(frame);
+    const QRectF screen =
+        PreviewLayout::screenOfIcon(bounds, platform::desktop().windowServer.screens());
+    return bounds.intersects(screen) ? UIElementUtilities::flippedScreenBounds(bounds & screen)
+                                     : frame;
+}
+
 } // namespace
 
 void BubbleWrapper::setShouldBubbleWrap(bool on)
@@ -62,7 +77,7 @@ void BubbleWrapper::positionAndShowBubble(const std::vector<ScreenyViewPtr>& row
     if (!m_bubble)
         return;
     // The row runs in one direction, so its ends tell its extent.
-    m_bubble->window().setFrameWithAnimate(frameAround(*row.front(), *row.back()));
+    m_bubble->window().setFrameWithAnimate(onOneScreen(frameAround(*row.front(), *row.back())));
     m_bubble->orderFront();
 }
 

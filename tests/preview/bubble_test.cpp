@@ -41,6 +41,19 @@ TEST_F(Bubble, frame_isAroundTheRowAndNotSymmetric)
     EXPECT_EQ(panel().windowRole(), u"bubble"_qs);
 }
 
+// What stuck out of its screen lay on the next one.
+TEST_F(Bubble, frame_aroundARowAsLongAsItsScreen_staysOnThatScreen)
+{
+    desk.with([](SimulatedState& state) {
+        state.screens = {{0, 0, 1440, 900}, {1440, 0, 1280, 1024}, {-1000, 0, 1000, 900}};
+    });
+    wrapper.positionAndShowBubble(
+        {preview(QRectF(0, 110, 720, 150)), preview(QRectF(720, 110, 720, 150))});
+    EXPECT_EQ(panel().frame(), QRectF(1, 108, 1439, 151));
+    wrapper.positionAndShowBubble({preview(QRectF(-1000, 0, 1000, 150))});
+    EXPECT_EQ(panel().frame(), QRectF(-999, 0, 999, 149));
+}
+
 // One that comes a moment before its row, or stays a moment longer, is seen as a flash.
 TEST_F(Bubble, panel_comesAndGoesWithTheRow)
 {
