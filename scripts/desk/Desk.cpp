@@ -10,7 +10,6 @@ namespace lumbrix::privatedesk
 
 Desk::Desk(const DeskOptions& options) : m_options(options), m_session(options.session)
 {
-    QStringList entries;
     const std::vector<std::pair<QString, QColor>> applications{
         {u"alpha"_qs, Qt::red}, {u"beta"_qs, Qt::darkGreen}, {u"gamma"_qs, Qt::blue}};
     const auto install = [this](const QString& identifier, const QColor& colour) {
@@ -19,15 +18,21 @@ Desk::Desk(const DeskOptions& options) : m_options(options), m_session(options.s
             identifier, name, name, QStringLiteral(LUMBRIX_TEST_CLIENT " ") + identifier, colour);
     };
     for (const auto& [identifier, colour] : applications)
-        entries << install(identifier, colour);
+        m_entries << install(identifier, colour);
     install(u"delta"_qs, Qt::darkYellow);
     if (options.panel)
         m_panel = Dock::start(m_session, *options.panel, Edge::Top);
-    m_dock = Dock::start(m_session, options.dock, options.edge, entries, options.secondEdge);
+    changeDock(options.dock, {options.edge, options.monitor});
     park();
 }
 
 Desk::~Desk() = default;
+
+void Desk::changeDock(DockKind kind, const DockPlace& place)
+{
+    m_dock.reset();
+    m_dock = Dock::start(m_session, kind, place, m_entries, m_options.secondEdge);
+}
 
 std::unique_ptr<Application> Desk::launch(const QString& identifier)
 {
@@ -108,8 +113,8 @@ bool Desk::hover(const Application& application)
 
 void Desk::park()
 {
-    const QSize size = display().size();
-    display().moveTo(QPoint(size.width() / 2, size.height() / 3));
+    const QRect area = m_session.monitors().front().area;
+    display().moveTo(area.topLeft() + QPoint(area.width() / 2, area.height() / 3));
 }
 
 void Desk::savePicture(const QString& name)

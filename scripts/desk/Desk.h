@@ -23,6 +23,7 @@ struct DeskOptions {
     SessionOptions session;
     std::optional<DockKind> panel{};  ///< at the top, besides
     std::optional<Edge> secondEdge{}; ///< of Plank's second dock
+    QString monitor{};                ///< of the dock; its own choice when empty
 };
 
 /// Main thread.
@@ -39,6 +40,8 @@ public:
     Dock& panel() { return *m_panel; } ///< only with one besides
     Process& lumbrix() { return *m_lumbrix; }
 
+    /// Ends the dock and starts another one.
+    void changeDock(DockKind kind, const DockPlace& place);
     /// Starts one of the applications "alpha", "beta" and "gamma", or "delta", which is not pinned
     /// to the dock, without windows.
     std::unique_ptr<Application> launch(const QString& identifier);
@@ -66,6 +69,7 @@ public:
 private:
     DeskOptions m_options;
     Session m_session;
+    QStringList m_entries;
     std::unique_ptr<Dock> m_panel;
     std::unique_ptr<Dock> m_dock;
     std::unique_ptr<Process> m_lumbrix;

@@ -41,7 +41,6 @@ Display::Display(const QByteArray& name) : m_name(name)
         qFatal("no X server at %s", name.constData());
     const xcb_screen_t* screen = xcb_setup_roots_iterator(xcb_get_setup(m_connection)).data;
     m_root = screen->root;
-    m_size = QSize(screen->width_in_pixels, screen->height_in_pixels);
     const std::uint32_t events =
         XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_PROPERTY_CHANGE;
     xcb_change_window_attributes(m_connection, m_root, XCB_CW_EVENT_MASK, &events);
@@ -109,6 +108,8 @@ std::optional<QRect> Display::geometry(xcb_window_t window)
         return std::nullopt;
     return QRect(place->dst_x, place->dst_y, size->width, size->height);
 }
+
+QSize Display::size() { return geometry(m_root).value_or(QRect()).size(); }
 
 xcb_window_t Display::activeWindow()
 {
@@ -252,7 +253,7 @@ bool Display::hasMenu()
 
 QImage Display::picture(const QRect& area)
 {
-    const QRect inside = area.intersected(QRect(QPoint(), m_size));
+    const QRect inside = area.intersected(QRect(QPoint(), size()));
     if (inside.isEmpty())
         return {};
     const auto cookie = xcb_get_image(
@@ -273,11 +274,12 @@ void Display::setWallpaper(const QImage& image)
     // the pixmap outlives the painter.
     xcb_connection_t* painter = xcb_connect(m_name.constData(), nullptr);
     xcb_set_close_down_mode(painter, XCB_CLOSE_DOWN_RETAIN_PERMANENT);
-    const QImage rgb = image.scaled(m_size).convertToFormat(QImage::Format_RGB32);
+    const QSize size = this->size();
+    const QImage rgb = image.scaled(size).convertToFormat(QImage::Format_RGB32);
     const xcb_pixmap_t pixmap = xcb_generate_id(painter);
     const xcb_gcontext_t context = xcb_generate_id(painter);
-    xcb_create_pixmap(painter, 24, pixmap, m_root, static_cast<std::uint16_t>(m_size.width()),
-                      static_cast<std::uint16_t>(m_size.height()));
+    xcb_create_pixmap(painter, 24, pixmap, m_root, static_cast<std::uint16_t>(size.width()),
+                      static_cast<std::uint16_t>(size.height()));
     xcb_create_gc(painter, context, pixmap, 0, nullptr);
     constexpr int band = 32; // keeps each request below the server's limit
     for (int y = 0; y < rgb.height(); y += band) {

@@ -42,7 +42,7 @@ public:
     const QByteArray& name() const { return m_name; } ///< as in DISPLAY
     xcb_connection_t* connection() const { return m_connection; }
     xcb_window_t root() const { return m_root; }
-    QSize size() const { return m_size; }
+    QSize size(); ///< of all monitors together
 
     /// Waits until the condition holds and says whether it does. The condition is looked at again
     /// after everything that happens on the screen, and every few milliseconds for what the server
@@ -80,7 +80,7 @@ public:
 
     // Pictures.
     QImage picture(const QRect& area);
-    QImage picture() { return picture(QRect(QPoint(), m_size)); }
+    QImage picture() { return picture(QRect(QPoint(), size())); }
     /// Paints the wallpaper, for everything that looks for one.
     void setWallpaper(const QImage& image);
 
@@ -103,7 +103,6 @@ private:
 
     xcb_connection_t* m_connection = nullptr;
     xcb_window_t m_root = 0;
-    QSize m_size;
     std::map<std::string, xcb_atom_t> m_atoms;
     QByteArray m_name;
 };

@@ -9,6 +9,8 @@
 #include <QtDBus/QDBusMessage>
 
 #include <csignal>
+#include <set>
+#include <vector>
 
 namespace lumbrix::privatedesk
 {
@@ -33,14 +35,15 @@ QString edgeName(Edge edge)
 class Plank final : public Dock
 {
 public:
-    Plank(Session& session, Edge edge, const QStringList& pinned, std::optional<Edge> secondEdge)
-        : Dock(session, edge), m_secondEdge(secondEdge)
+    Plank(Session& session, const DockPlace& place, const QStringList& pinned,
+          std::optional<Edge> secondEdge)
+        : Dock(session, place), m_pinned(pinned), m_secondEdge(secondEdge)
     {
         if (secondEdge) {
             session.addSettings("[net/launchpad/plank]\nenabled-docks=['dock1', 'dock2']\n");
-            configure(u"dock2"_qs, *secondEdge, pinned);
+            configure(u"dock2"_qs, *secondEdge);
         }
-        configure(u"dock1"_qs, edge, pinned);
+        configure(u"dock1"_qs, place);
         // Plank gives up for ever when the matcher is not there at its start.
         m_matcher = session.start(u"bamfdaemon"_qs, u"/usr/libexec/bamf/bamfdaemon"_qs);
         m_bus = std::make_unique<QDBusConnection>(
@@ -66,7 +69,7 @@ public:
 
     std::optional<QPoint> iconOf(const QString& entry, xcb_window_t) override
     {
-        return iconOn(u"dock1"_qs, m_edge, entry);
+        return iconOn(u"dock1"_qs, m_place, entry);
     }
     std::optional<QPoint> iconOnSecondDock(const QString& entry) override
     {
@@ -74,22 +77,31 @@ public:
     }
 
 private:
-    void configure(const QString& dock, Edge edge, const QStringList& pinned)
+    void reconfigure() override
+    {
+        configure(u"dock1"_qs, m_place);
+        // It takes note of monitors only when it starts.
+        kill();
+        restart();
+    }
+    void configure(const QString& dock, const DockPlace& place)
     {
         QStringList items;
-        for (const QString& entry : pinned) {
+        for (const QString& entry : m_pinned) {
             const QString name = QFileInfo(entry).completeBaseName() + u".dockitem"_qs;
             m_session.write(m_session.configPath(u"plank/%1/launchers/%2"_qs.arg(dock, name)),
                             "[PlankDockItemPreferences]\nLauncher=file://" + entry.toUtf8() + '\n');
             items << u'\'' + name + u'\'';
         }
         const QString settings =
-            u"[net/launchpad/plank/docks/%1]\nposition='%2'\nhide-mode='none'\n"
-            u"show-dock-item=false\nauto-pinning=false\nlock-items=true\ndock-items=[%3]\n"
-            u"zoom-enabled=false\nicon-size=48\n"_qs.arg(dock, edgeName(edge), items.join(u','));
+            u"[net/launchpad/plank/docks/%1]\nposition='%2'\nmonitor='%3'\n"
+            u"hide-mode='%4'\nshow-dock-item=false\nauto-pinning=false\nlock-items=true\n"
+            u"dock-items=[%5]\nzoom-enabled=false\nicon-size=48\n"_qs.arg(
+                dock, edgeName(place.edge), place.monitor, place.hides ? u"auto"_qs : u"none"_qs,
+                items.join(u','));
         m_session.addSettings(settings.toUtf8());
     }
-    std::optional<QPoint> iconOn(const QString& dock, Edge edge, const QString& entry)
+    std::optional<QPoint> iconOn(const QString& dock, const DockPlace& place, const QString& entry)
     {
         QDBusMessage call = QDBusMessage::createMethodCall(
             u"net.launchpad.plank"_qs, u"/net/launchpad/plank/"_qs + dock,
@@ -98,21 +110,21 @@ private:
         const QList<QVariant> answer = m_bus->call(call, QDBus::Block, 1000).arguments();
         if (answer.size() != 4 || !answer.at(3).toBool())
             return std::nullopt;
-        if (answer.at(isHorizontal(edge) ? 0 : 1).toInt() == 0)
+        if (answer.at(isHorizontal(place.edge) ? 0 : 1).toInt() == 0)
             return std::nullopt;                     // added, but not laid out yet
         const int scale = m_session.options().scale; // of what it counts in
         const QPoint middle = QPoint(answer.at(0).toInt(), answer.at(1).toInt()) * scale;
-        const QSize screen = m_session.options().size;
+        const QRect screen = m_session.monitorArea(place.monitor);
         const int depth = 24 * scale; // about the middle of an icon of 48 pixels
-        switch (edge) {
+        switch (place.edge) {
         case Edge::Left:
-            return QPoint(depth, middle.y());
+            return QPoint(screen.x() + depth, middle.y());
         case Edge::Right:
-            return QPoint(screen.width() - depth, middle.y());
+            return QPoint(screen.x() + screen.width() - depth, middle.y());
         case Edge::Top:
-            return QPoint(middle.x(), depth);
+            return QPoint(middle.x(), screen.y() + depth);
         default:
-            return QPoint(middle.x(), screen.height() - depth);
+            return QPoint(middle.x(), screen.y() + screen.height() - depth);
         }
     }
     bool owns(const QString& name)
@@ -125,18 +137,19 @@ private:
         return !answer.isEmpty() && answer.front().toBool();
     }
 
+    const QStringList m_pinned;
     const std::optional<Edge> m_secondEdge;
     std::unique_ptr<Process> m_matcher;
     std::unique_ptr<QDBusConnection> m_bus;
 };
 
 /// A panel of window buttons, which tells every window where its button is.
-class Panel final : public Dock
+class Panel : public Dock
 {
 public:
     /// With the settings that are written already.
-    Panel(Session& session, Edge edge, QString program, QStringList arguments = {})
-        : Dock(session, edge), m_program(std::move(program)), m_arguments(std::move(arguments))
+    Panel(Session& session, const DockPlace& place, QString program, QStringList arguments = {})
+        : Dock(session, place), m_program(std::move(program)), m_arguments(std::move(arguments))
     {
         restart();
     }
@@ -169,34 +182,86 @@ private:
     const QStringList m_arguments;
 };
 
-std::unique_ptr<Dock> startTint2(Session& session, Edge edge)
+class Tint2 final : public Panel
 {
-    const QByteArray side = edgeName(edge).toLatin1();
-    const QByteArray place =
-        isHorizontal(edge)
-            ? "panel_position = " + side + " center horizontal\npanel_size = 100% 40\n"
-            : "panel_position = center " + side + " vertical\npanel_size = 100% 60\n";
-    const QString file = session.path(u"tint2rc"_qs);
-    session.write(file, "rounded = 0\nborder_width = 0\nbackground_color = #303030 100\n" + place +
-                            "panel_items = T\npanel_padding = 4 0 4\npanel_background_id = "
-                            "1\npanel_layer = top\n"
-                            "strut_policy = follow_size\ntaskbar_mode = single_desktop\n"
-                            "task_maximum_size = 60 40\ntask_text = 0\ntask_icon = 1\n"
-                            "task_padding = 4 2 4\nmouse_left = toggle_iconify\n");
-    return std::make_unique<Panel>(session, edge, u"tint2"_qs, QStringList{u"-c"_qs, file});
-}
+public:
+    Tint2(Session& session, const DockPlace& place)
+        : Panel(session, place, u"tint2"_qs, {u"-c"_qs, configure(session, place)})
+    {
+    }
 
-/// Without settings it takes those of its package: a panel at the top and launchers at the bottom.
-std::unique_ptr<Dock> startXfcePanel(Session& session, Edge edge, bool isStock)
+private:
+    /// One file for each that runs at a time.
+    static QString configure(Session& session, const DockPlace& place)
+    {
+        const QByteArray side = edgeName(place.edge).toLatin1();
+        const QByteArray shape =
+            isHorizontal(place.edge)
+                ? "panel_position = " + side + " center horizontal\npanel_size = 100% 40\n"
+                : "panel_position = center " + side + " vertical\npanel_size = 100% 60\n";
+        const QByteArray monitor = place.monitor.isEmpty() ? "all" : place.monitor.toLatin1();
+        QString file = session.path(u"tint2rc"_qs + place.monitor);
+        session.write(file, "rounded = 0\nborder_width = 0\nbackground_color = #303030 100\n" +
+                                shape + "panel_monitor = " + monitor +
+                                "\nautohide = " + (place.hides ? "1" : "0") +
+                                "\npanel_items = T\npanel_padding = 4 0 4\npanel_background_id = "
+                                "1\npanel_layer = top\n"
+                                "strut_policy = follow_size\ntaskbar_mode = single_desktop\n"
+                                "task_maximum_size = 60 40\ntask_text = 0\ntask_icon = 1\n"
+                                "task_padding = 4 2 4\nmouse_left = toggle_iconify\n");
+        return file;
+    }
+    void reconfigure() override
+    {
+        configure(m_session, m_place);
+        m_process->signal(SIGUSR1);
+    }
+};
+
+class XfcePanel final : public Panel
 {
-    // The panel's own words: positions 10 and 9 are the middle of the bottom and of the top
-    // edge, 5 and 1 are the left and right edges.
-    const QByteArray position = edge == Edge::Bottom ? "p=10;x=0;y=0"
-                                : edge == Edge::Top  ? "p=9;x=0;y=0"
-                                : edge == Edge::Left ? "p=5;x=0;y=0"
-                                                     : "p=1;x=0;y=0";
-    const QByteArray mode = isHorizontal(edge) ? "0" : "2";
-    if (!isStock)
+public:
+    /// A stock one takes the settings of its package: a panel at the top and launchers at the
+    /// bottom.
+    XfcePanel(Session& session, const DockPlace& place, bool isStock)
+        : Panel(session, place, u"xfce4-panel"_qs, arguments(session, place, isStock))
+    {
+    }
+
+    std::optional<QPoint> iconOf(const QString& entry, xcb_window_t window) override
+    {
+        const auto told = Panel::iconOf(entry, window);
+        const auto panel = m_session.display().dockArea();
+        if (!m_isMoved || !told || !panel)
+            return told;
+        // After a move it leaves what it told the windows as it was.
+        constexpr int handle = 8;
+        const int length = isHorizontal(m_place.edge) ? 200 : 32;
+        const int along = handle + length * numberOfButton(window) + length / 2;
+        return panel->topLeft() + (isHorizontal(m_place.edge) ? QPoint(along, panel->height() / 2)
+                                                              : QPoint(panel->width() / 2, along));
+    }
+
+private:
+    // The panel's own words: positions 10 and 9 are the middle of the bottom and of the top edge,
+    // 5 and 1 are the left and right edges.
+    static QByteArray position(Edge edge)
+    {
+        return edge == Edge::Bottom ? "p=10;x=0;y=0"
+               : edge == Edge::Top  ? "p=9;x=0;y=0"
+               : edge == Edge::Left ? "p=5;x=0;y=0"
+                                    : "p=1;x=0;y=0";
+    }
+    static QByteArray mode(Edge edge) { return isHorizontal(edge) ? "0" : "2"; }
+
+    static QStringList arguments(Session& session, const DockPlace& place, bool isStock)
+    {
+        if (!isStock)
+            configure(session, place);
+        return {u"--disable-wm-check"_qs, u"--sm-client-disable"_qs};
+    }
+    static void configure(Session& session, const DockPlace& place)
+    {
         session.write(session.configPath(u"xfce4/xfconf/xfce-perchannel-xml/xfce4-panel.xml"_qs),
                       R"(<?xml version="1.0" encoding="UTF-8"?>
 <channel name="xfce4-panel" version="1.0">
@@ -205,9 +270,11 @@ std::unique_ptr<Dock> startXfcePanel(Session& session, Edge edge, bool isStock)
     <value type="int" value="1"/>
     <property name="panel-1" type="empty">
       <property name="position" type="string" value=")" +
-                          position + R"("/>
+                          position(place.edge) + R"("/>
+      <property name="output-name" type="string" value=")" +
+                          place.monitor.toLatin1() + R"("/>
       <property name="mode" type="uint" value=")" +
-                          mode + R"("/>
+                          mode(place.edge) + R"("/>
       <property name="length" type="uint" value="100"/>
       <property name="size" type="uint" value="40"/>
       <property name="position-locked" type="bool" value="true"/>
@@ -226,10 +293,35 @@ std::unique_ptr<Dock> startXfcePanel(Session& session, Edge edge, bool isStock)
   </property>
 </channel>
 )");
-    return std::make_unique<Panel>(
-        session, edge, u"xfce4-panel"_qs,
-        QStringList{u"--disable-wm-check"_qs, u"--sm-client-disable"_qs});
-}
+    }
+    void reconfigure() override
+    {
+        m_isMoved = true;
+        for (const auto& [name, value] : {std::pair(u"output-name"_qs, m_place.monitor.toLatin1()),
+                                          std::pair(u"mode"_qs, mode(m_place.edge)),
+                                          std::pair(u"position"_qs, position(m_place.edge))})
+            m_session
+                .start(u"xfconf-query"_qs, u"xfconf-query"_qs,
+                       {u"-c"_qs, u"xfce4-panel"_qs, u"-p"_qs, u"/panels/panel-1/"_qs + name,
+                        u"-s"_qs, QString::fromLatin1(value)})
+                ->waitForExit(patience(5000));
+    }
+    int numberOfButton(xcb_window_t window)
+    {
+        Display& display = m_session.display();
+        const auto place = [&](xcb_window_t of) {
+            return display.numbers(of, "_NET_WM_ICON_GEOMETRY");
+        };
+        std::set<std::vector<std::uint32_t>> before;
+        for (const xcb_window_t other : display.numbers(display.root(), "_NET_CLIENT_LIST")) {
+            if (!place(other).empty() && place(other) < place(window))
+                before.insert(place(other));
+        }
+        return static_cast<int>(before.size());
+    }
+
+    bool m_isMoved = false;
+};
 
 /// As it comes at the bottom, the upper of its two panels left out; elsewhere that panel is moved.
 std::unique_ptr<Dock> startMatePanel(Session& session, Edge edge)
@@ -260,22 +352,42 @@ std::unique_ptr<Dock> startLxqtPanel(Session& session, Edge edge)
 
 } // namespace
 
-std::unique_ptr<Dock> Dock::start(Session& session, DockKind kind, Edge edge,
+std::unique_ptr<Dock> Dock::start(Session& session, DockKind kind, const DockPlace& place,
                                   const QStringList& pinned, std::optional<Edge> secondEdge)
 {
     switch (kind) {
     case DockKind::Tint2:
-        return startTint2(session, edge);
+        return std::make_unique<Tint2>(session, place);
     case DockKind::XfcePanel:
     case DockKind::StockXfcePanel:
-        return startXfcePanel(session, edge, kind == DockKind::StockXfcePanel);
+        return std::make_unique<XfcePanel>(session, place, kind == DockKind::StockXfcePanel);
     case DockKind::MatePanel:
-        return startMatePanel(session, edge);
+        return startMatePanel(session, place.edge);
     case DockKind::LxqtPanel:
-        return startLxqtPanel(session, edge);
+        return startLxqtPanel(session, place.edge);
     default:
-        return std::make_unique<Plank>(session, edge, pinned, secondEdge);
+        return std::make_unique<Plank>(session, place, pinned, secondEdge);
     }
+}
+
+void Dock::moveTo(const DockPlace& place)
+{
+    m_place = place;
+    reconfigure();
+    if (!m_session.display().waitFor([this] { return isInPlace(); }, patience(5000)))
+        qFatal("the dock has not moved:\n%s", qPrintable(m_session.logs()));
+}
+
+bool Dock::isInPlace()
+{
+    const QRect monitor = m_session.monitorArea(m_place.monitor);
+    const QRect area = m_session.display().dockArea().value_or(QRect());
+    const int gap = m_place.edge == Edge::Bottom ? monitor.bottom() - area.bottom()
+                    : m_place.edge == Edge::Top  ? area.top() - monitor.top()
+                    : m_place.edge == Edge::Left ? area.left() - monitor.left()
+                                                 : monitor.right() - area.right();
+    return monitor.contains(area) && gap == 0 &&
+           isHorizontal(m_place.edge) == (area.width() > area.height());
 }
 
 void Dock::kill()

@@ -9,6 +9,7 @@
 
 #include <memory>
 #include <optional>
+#include <utility>
 
 #include "Session.h"
 
@@ -20,18 +21,34 @@ enum class Edge { Bottom, Left, Right, Top };
 
 inline bool isHorizontal(Edge edge) { return edge == Edge::Bottom || edge == Edge::Top; }
 
+struct DockPlace {
+    DockPlace(Edge edge, QString monitor = {}, bool hides = false)
+        : edge(edge), monitor(std::move(monitor)), hides(hides)
+    {
+    }
+
+    Edge edge;
+    QString monitor; ///< the dock's own choice when empty
+    bool hides;      ///< while the pointer is elsewhere; not xfce4-panel
+};
+
 /// Main thread.
 class Dock
 {
 public:
     /// Starts it and waits until it shows. The session outlives it. `pinned` are desktop entries
     /// that Plank shows whether they run or not, also on its second dock, if it is to have one.
-    static std::unique_ptr<Dock> start(Session& session, DockKind kind, Edge edge,
+    static std::unique_ptr<Dock> start(Session& session, DockKind kind, const DockPlace& place,
                                        const QStringList& pinned = {},
                                        std::optional<Edge> secondEdge = {});
     virtual ~Dock() = default;
 
-    Edge edge() const { return m_edge; }
+    Edge edge() const { return m_place.edge; }
+    /// Has the user choose another place while it runs, and waits until it is there. Plank, tint2
+    /// and xfce4-panel.
+    void moveTo(const DockPlace& place);
+    /// Whether it is at its edge of its monitor, or of the primary one while that is off.
+    bool isInPlace();
     /// Where to put the pointer to be on the icon that stands for this window of the application
     /// with this desktop entry (a path); none while the dock shows none or is still moving it.
     virtual std::optional<QPoint> iconOf(const QString& entry, xcb_window_t window) = 0;
@@ -43,10 +60,12 @@ public:
     virtual void restart() = 0;
 
 protected:
-    Dock(Session& session, Edge edge) : m_session(session), m_edge(edge) {}
+    Dock(Session& session, const DockPlace& place) : m_session(session), m_place(place) {}
+    /// Has the program, which runs, go where m_place says.
+    virtual void reconfigure() {}
 
     Session& m_session;
-    const Edge m_edge;
+    DockPlace m_place;
     std::unique_ptr<Process> m_process;
 };
 

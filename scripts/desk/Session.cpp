@@ -6,11 +6,8 @@
 #include <QtCore/QDir>
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
+#include <QtCore/QSaveFile>
 #include <QtGui/QPainter>
-
-#include <fcntl.h>
-#include <poll.h>
-#include <unistd.h>
 
 namespace lumbrix::privatedesk
 {
@@ -63,7 +60,7 @@ Session::Session(const SessionOptions& options) : m_options(options)
     m_environment = baseEnvironment(m_directory.path(), options.accessibility);
     startServer();
     startBus();
-    m_display->setWallpaper(wallpaper(m_options.size));
+    m_display->setWallpaper(wallpaper(m_display->size()));
     startWindowManager();
 }
 
@@ -99,7 +96,11 @@ void Session::write(const QString& path, const QByteArray& content) const
 void Session::addSettings(const QByteArray& groups)
 {
     m_settings += groups;
-    write(configPath(u"glib-2.0/settings/keyfile"_qs), m_settings);
+    const QString path = configPath(u"glib-2.0/settings/keyfile"_qs);
+    // At once, for programs that run: half a file would have them do what nobody chose.
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(m_settings) < 0 || !file.commit())
+        qFatal("cannot write %s", qPrintable(path));
 }
 
 QString Session::installApplication(const QString& identifier, const QString& name,
@@ -144,41 +145,58 @@ QString Session::logs() const
 
 void Session::startServer()
 {
-    int fds[2];
-    if (pipe2(fds, O_CLOEXEC) != 0)
-        qFatal("no pipe");
-    ProcessOptions options;
-    options.program = u"Xvfb"_qs;
-    options.arguments = {u"-displayfd"_qs,
-                         QString::number(fds[1]),
-                         u"-screen"_qs,
-                         u"0"_qs,
-                         u"%1x%2x24"_qs.arg(m_options.size.width()).arg(m_options.size.height()),
-                         u"-nolisten"_qs,
-                         u"tcp"_qs,
-                         u"-noreset"_qs};
-    options.environment = m_environment;
-    options.log = path(u"logs/server"_qs);
-    options.passFd = fds[1];
-    m_server = Process::start(options);
-    close(fds[1]);
-    QByteArray number;
-    pollfd waited{fds[0], POLLIN, 0};
-    while (!number.endsWith('\n')) {
-        char digit = 0;
-        if (poll(&waited, 1, static_cast<int>(patience(10000).count())) != 1 ||
-            read(fds[0], &digit, 1) != 1)
-            qFatal("the X server did not start:\n%s", qPrintable(logs()));
-        number += digit;
-    }
-    close(fds[0]);
-    const QByteArray name = ':' + number.trimmed();
-    m_environment << u"DISPLAY="_qs + QString::fromLatin1(name);
-    m_display = std::make_unique<Display>(name);
+    const QString log = path(u"logs/server"_qs);
+    m_server = m_options.monitors.empty()
+                   ? privatedesk::startServer(m_options.size, m_environment, log)
+                   : startMonitorServer(m_directory.path(), m_environment, log);
+    if (m_server.display.isEmpty())
+        qFatal("the X server did not start:\n%s", qPrintable(logs()));
+    m_environment << u"DISPLAY="_qs + QString::fromLatin1(m_server.display);
+    m_display = std::make_unique<Display>(m_server.display);
+    if (m_options.monitors.empty())
+        m_monitors = {{{}, QRect(QPoint(), m_options.size)}};
+    else
+        setMonitors(m_options.monitors);
     if (m_options.scale > 1) {
         m_environment << u"GDK_SCALE="_qs + QString::number(m_options.scale);
         m_display->setResources("Xft.dpi:\t" + QByteArray::number(96 * m_options.scale) + '\n');
     }
+}
+
+void Session::setMonitors(const std::vector<Monitor>& monitors)
+{
+    const auto xrandr = [this](const QStringList& arguments) {
+        if (start(u"xrandr"_qs, u"xrandr"_qs, arguments)->waitForExit(patience(5000)) != 0)
+            qFatal("no such monitors:\n%s", qPrintable(log(u"xrandr"_qs)));
+    };
+    QRect desktop;
+    for (const Monitor& monitor : monitors)
+        desktop |= monitor.area;
+    QStringList arrangement;
+    for (const Monitor& monitor : m_monitors)
+        arrangement += {u"--output"_qs, monitor.name, u"--off"_qs};
+    m_monitors = monitors;
+    for (Monitor& monitor : m_monitors) {
+        QRect& area = monitor.area;
+        area.translate(-desktop.topLeft());
+        const QString mode = u"%1x%2"_qs.arg(area.width()).arg(area.height());
+        xrandr({u"--addmode"_qs, monitor.name, mode});
+        arrangement += {u"--output"_qs, monitor.name, u"--mode"_qs,
+                        mode,           u"--pos"_qs,  u"%1x%2"_qs.arg(area.x()).arg(area.y())};
+    }
+    xrandr(arrangement + QStringList{u"--output"_qs, monitors.front().name, u"--primary"_qs});
+    xrandr({u"--listmonitors"_qs}); // the driver says that they are connected, or not any more,
+                                    // when it is asked
+    m_monitors = monitors;
+}
+
+QRect Session::monitorArea(const QString& name) const
+{
+    for (const Monitor& monitor : m_monitors) {
+        if (monitor.name == name)
+            return monitor.area;
+    }
+    return m_monitors.front().area;
 }
 
 void Session::startBus()

@@ -13,9 +13,11 @@
 
 #include <memory>
 #include <optional>
+#include <vector>
 
 #include "Display.h"
 #include "Process.h"
+#include "Server.h"
 
 namespace lumbrix::privatedesk
 {
@@ -28,7 +30,12 @@ struct SessionOptions {
     bool compositor = true;     ///< the window manager's own; Openbox has none
     bool accessibility = false; ///< programs tell assistive technology what they show
     int scale = 1;              ///< how much larger the toolkits are told to draw
+<<<<<<< HEAD
     bool picom = false;         ///< that compositor, and none of the window manager's own
+=======
+    /// Instead of one of that size; the first one is the primary one.
+    std::vector<Monitor> monitors{};
+>>>>>>> 7d08e64 (Try the program with several monitors)
 };
 
 /// Main thread. Everything started here ends with it, in the reverse order.
@@ -54,6 +61,13 @@ public:
     std::unique_ptr<Process> start(const QString& logName, const QString& program,
                                    const QStringList& arguments = {}, bool pipes = false);
     void write(const QString& path, const QByteArray& content) const;
+    /// Has these monitors on, the first one as the primary one, and all others off; the desktop
+    /// begins where the leftmost and the topmost do. Only where the session was given monitors.
+    void setMonitors(const std::vector<Monitor>& monitors);
+    /// Never empty; the primary one first.
+    const std::vector<Monitor>& monitors() const { return m_monitors; }
+    /// Of the primary one when there is none of that name.
+    QRect monitorArea(const QString& name) const;
     /// Adds to what programs that use GSettings read: groups of keys, as in a key file.
     void addSettings(const QByteArray& groups);
     /// Makes an application known to the desktop: a desktop entry and a plain icon. Returns the
@@ -75,7 +89,8 @@ private:
     QStringList m_environment;
     QString m_busAddress;
     QByteArray m_settings;
-    std::unique_ptr<Process> m_server;
+    Server m_server;
+    std::vector<Monitor> m_monitors;
     std::unique_ptr<Display> m_display;
     std::unique_ptr<Process> m_bus;
     std::unique_ptr<Process> m_windowManager;
