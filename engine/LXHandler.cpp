@@ -95,6 +95,10 @@ void LXHandler::setUp()
             [this](std::int32_t) { m_inventory.windowScanner(); });
     observe(WorkspaceNotification::DidActivateApplication,
             [this](std::int32_t) { appActivated(); });
+    observe(WorkspaceNotification::DockItemsDidChange,
+            [this](std::int32_t) { m_updater.dockItemsDidChange(); });
+    observe(WorkspaceNotification::ScreensDidChange,
+            [this](std::int32_t) { m_updater.screensDidChange(); });
 
     for (const std::int32_t pid : desktop.workspace.launchedApplications())
         addObserverForApp(pid);

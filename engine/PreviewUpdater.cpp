@@ -61,6 +61,36 @@ void PreviewUpdater::settingsDidChange()
     layOutAgain(element, pass);
 }
 
+SWElementPtr PreviewUpdater::itemOfRow() const
+{
+    const auto& previews = m.row.previews();
+    return previews.empty() || previews.front()->setByTab() ? nullptr : m.hovered.element();
+}
+
+void PreviewUpdater::dockItemsDidChange()
+{
+    const SWElementPtr item = itemOfRow();
+    // A preview under the mouse stays where it is.
+    if (item && StripArranger::hasPlaceBeside(item) && !m.row.arranger().isArrangedBeside(item) &&
+        !m_dismissal.checkIfPreviewsAreHovered(false))
+        layOutAgain(item, {});
+}
+
+void PreviewUpdater::screensDidChange()
+{
+    const SWElementPtr item = itemOfRow();
+    if (!item)
+        return;
+    if (!StripArranger::isOnScreen(item)) {
+        m_dismissal.endAtOnce();
+        return;
+    }
+    layOutAgain(item, {});
+    // The mouse was perhaps put onto another screen, which nothing else tells.
+    if (!m_dismissal.checkIfPreviewsAreHovered(true))
+        m_dismissal.dockSelectionEnded();
+}
+
 void PreviewUpdater::updateNow()
 {
     if (m.timers.update && m.timers.update->isValid())

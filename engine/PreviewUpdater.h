@@ -32,6 +32,11 @@ public:
     void updateNow();
     /// Has the row that is shown follow the settings, which have changed.
     void settingsDidChange();
+    /// Has the row follow its icon, which may be elsewhere now.
+    void dockItemsDidChange();
+    /// Has the row go when its icon is on no screen any more. What is where has changed for all
+    /// that is shown, also where nothing moved.
+    void screensDidChange();
     /// One pass of the update timer for the hovered item.
     void updateWindows(const SWElementPtr& element);
 
@@ -51,6 +56,8 @@ private:
                     const platform::RunningApplication& application, const SWElementPtr& element,
                     Pass& pass);
     void layOutAgain(const SWElementPtr& element, const Pass& pass);
+    /// The Dock item that a row is shown beside; null where none is, or it is the switcher's.
+    SWElementPtr itemOfRow() const;
 
     const EngineContext m;
     Dismissal& m_dismissal;

@@ -3,6 +3,8 @@
 
 #include "engine/StripArranger.h"
 
+#include <algorithm>
+
 #include "model/EngineSettings.h"
 #include "platform/Desktop.h"
 #include "platform/DockPreferences.h"
@@ -58,6 +60,20 @@ bool StripArranger::hasPlaceBeside(const SWElementPtr& item)
            PreviewLayout::dockSideForOrientation(getDockOrientation(item)).has_value();
 }
 
+bool StripArranger::isOnScreen(const SWElementPtr& item)
+{
+    const auto screens = platform::desktop().windowServer.screens();
+    return hasPlaceBeside(item) && std::ranges::any_of(screens, [&](const QRectF& screen) {
+               return screen.intersects(rectOf(item));
+           });
+}
+
+bool StripArranger::isArrangedBeside(const SWElementPtr& item) const
+{
+    return rectOf(item) == m_icon &&
+           PreviewLayout::dockSideForOrientation(getDockOrientation(item)) == m_side;
+}
+
 void StripArranger::arrangeWindows(const SWElementPtr& item, bool animate)
 {
     const auto side = PreviewLayout::dockSideForOrientation(getDockOrientation(item));
@@ -97,8 +113,10 @@ void StripArranger::arrangeStrip(DockSide side, const SWElementPtr& item)
     std::optional<QSizeF> size;
     if (!m_previews.empty() && m_previews.front()->iCal() && m_previews.front()->window())
         size = m_previews.front()->window()->frame().size();
-    const auto frames = PreviewLayout::strip(side, layoutInput(rectOf(item)),
-                                             static_cast<int>(m_previews.size()), size);
+    m_side = side;
+    m_icon = rectOf(item);
+    const auto frames =
+        PreviewLayout::strip(side, layoutInput(m_icon), static_cast<int>(m_previews.size()), size);
     for (std::size_t i = 0; i < frames.size(); ++i) {
         if (MAWindow* window = m_previews[i]->window())
             window->setFrame(frames[i]);

@@ -4,8 +4,10 @@
 // Applies the preview layout to panels, once the Dock has settled.
 #pragma once
 
+#include <QtCore/QRectF>
 #include <QtCore/QString>
 
+#include <optional>
 #include <vector>
 
 #include "model/PreviewLayout.h"
@@ -37,6 +39,11 @@ public:
     /// Whether the item is somewhere, beside a Dock at an edge that previews can be placed at.
     static bool hasPlaceBeside(const SWElementPtr& item);
 
+    /// Whether the item has a place, some of it on a screen.
+    static bool isOnScreen(const SWElementPtr& item);
+    /// Whether the strip that was placed last would be placed there again.
+    bool isArrangedBeside(const SWElementPtr& item) const;
+
     /// Places the previews shown as one strip beside the item on the side of the Dock that has it,
     /// on the item's screen; nothing is placed where no edge is known. A null item reads as the
     /// zero rectangle. Panels of this program move at once, so `animate` only tells what was asked
@@ -60,6 +67,8 @@ private:
     const EngineSettings& m_settings;
     const std::vector<ScreenyViewPtr>& m_previews;
     HelpBubble& m_bubble;
+    std::optional<PreviewLayout::DockSide> m_side; ///< of the strip that was placed last
+    QRectF m_icon;
 };
 
 } // namespace lumbrix

@@ -51,6 +51,9 @@ enum class WorkspaceNotification {
     SystemUIModeDidChange,
     /// The Dock has other items, in other places, or hides them. Not told on every platform.
     DockItemsDidChange,
+    /// There are other screens, in other places, or another one is the main one: all coordinates
+    /// mean something else.
+    ScreensDidChange,
 };
 
 /// Ends the subscription when destroyed. Main thread.

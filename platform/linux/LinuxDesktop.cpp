@@ -137,7 +137,7 @@ public:
         m_core->windowServer().setOwnerPids(&m_ownerPids);
         for (x11::WindowListener* listener : std::initializer_list<x11::WindowListener*>{
                  m_accessibility.listenerBeforeRegistry(), &m_registry, &m_uiMode, &m_docks,
-                 &m_requests, &m_tooltips, m_accessibility.listenerAfterRegistry()}) {
+                 &m_requests, &m_tooltips, &m_workspace, m_accessibility.listenerAfterRegistry()}) {
             m_core->tracker().addListener(listener);
         }
         m_docks.setPrefetch([this](const std::vector<xcb_window_t>& windows) {

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// Where the row goes while the icon it stands for is still moving.
+// Where the row goes while the icon it stands for is still moving, and when it has moved.
 
 #include "tests/engine/EngineFixture.h"
 
@@ -52,6 +52,58 @@ TEST_F(StripArrangerTest, iconThatMoves_isWaitedFor_whereItMayMove_butNotForEver
         loop.advance(1);
         desk.setDockOrientation(u"bottom"_s); // puts the icon back
     }
+}
+
+// It used to stay where a dock had been that went to another edge or re-sorted its buttons.
+TEST_F(StripArrangerTest, iconThatHasMoved_isFollowed_butNotFromUnderTheMouse)
+{
+    add(u"Notes"_s, 1);
+    hover(u"Notes"_s);
+    const QPointF place = preview(0).window()->frame().topLeft();
+    const auto move = [&](double x) {
+        desk.with([x](SimulatedState& state) { state.dockItems.front().frame.translate(x, 0); });
+        desk.tellDockItemsChanged();
+        loop.runUntilIdle();
+    };
+    move(20);
+    EXPECT_EQ(preview(0).window()->frame().topLeft(), place + QPointF(20, 0));
+    movePointerTo(preview(0));
+    move(20);
+    EXPECT_EQ(preview(0).window()->frame().topLeft(), place + QPointF(20, 0));
+    leave();
+    loop.advance(1);
+    move(20); // no row to take along
+    EXPECT_EQ(shown(), QString());
+}
+
+// A row could be left over on a screen that none had been shown on.
+TEST_F(StripArrangerTest, screensThatChange_leaveARowBesideAnIconUnderTheMouseAlone)
+{
+    add(u"Notes"_s, 1);
+    const QRectF screen = desk.with([](SimulatedState& state) { return state.screens.front(); });
+    const auto setScreens = [&](std::vector<QRectF> screens) {
+        desk.with([&](SimulatedState& state) { state.screens = std::move(screens); });
+        desk.tellScreensChanged();
+        loop.runUntilIdle();
+    };
+    settings().neverClose = 1;
+    hover(u"Notes"_s);
+    const QRectF place = preview(0).window()->frame();
+    setScreens({screen, screen.translated(screen.width(), 0)});
+    EXPECT_EQ(shown(), u"Notes 1"_s);
+    EXPECT_EQ(preview(0).window()->frame(), place);
+    setScreens({screen.adjusted(0, 0, 0, -200)});
+    EXPECT_EQ(shown(), QString()) << "the icon is on none";
+
+    leave();
+    setScreens({screen});
+    settings().neverClose = 0;
+    hover(u"Notes"_s);
+    ASSERT_EQ(shown(), u"Notes 1"_s);
+    desk.with([](SimulatedState& state) { state.pointer = {700, 700}; });
+    setScreens({screen});
+    loop.advance(0.1);
+    EXPECT_EQ(shown(), QString()) << "the mouse has been put elsewhere";
 }
 
 } // namespace

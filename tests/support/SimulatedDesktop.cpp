@@ -220,6 +220,13 @@ void SimulatedDesktop::tellDockItemsChanged()
     });
 }
 
+void SimulatedDesktop::tellScreensChanged()
+{
+    with([](SimulatedState& state) {
+        state.notify(platform::WorkspaceNotification::ScreensDidChange, 0);
+    });
+}
+
 void SimulatedDesktop::openSwitcher(std::vector<SimulatedSwitcherEntry> entries,
                                     std::size_t selection)
 {

@@ -86,6 +86,7 @@ public:
     void setSystemUIMode(std::uint32_t mode);
     /// Says that the Dock's items are others, elsewhere or hidden; it does not by itself.
     void tellDockItemsChanged();
+    void tellScreensChanged(); ///< likewise
 
     // The Command-Tab switcher.
     void openSwitcher(std::vector<SimulatedSwitcherEntry> entries, std::size_t selection = 0);

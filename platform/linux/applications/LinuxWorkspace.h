@@ -15,7 +15,7 @@ namespace lumbrix::platform
 {
 
 /// Hiding an application makes all its windows iconic together.
-class LinuxWorkspace final : public Workspace
+class LinuxWorkspace final : public Workspace, public x11::WindowListener
 {
 public:
     /// Before the event thread starts: becomes what the registry and the mode tell.
@@ -44,6 +44,8 @@ public:
 
     [[nodiscard]] std::unique_ptr<WorkspaceSubscription> observe(WorkspaceNotification notification,
                                                                  Observer observer) override;
+
+    void screensChanged() override { tell(WorkspaceNotification::ScreensDidChange, 0); }
 
 private:
     class Subscribers;

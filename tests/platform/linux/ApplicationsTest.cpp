@@ -21,7 +21,8 @@ protected:
               std::pair(WorkspaceNotification::DidActivateApplication, "active"),
               std::pair(WorkspaceNotification::ActiveSpaceDidChange, "space"),
               std::pair(WorkspaceNotification::SystemUIModeDidChange, "mode"),
-              std::pair(WorkspaceNotification::DockItemsDidChange, "dock")}) {
+              std::pair(WorkspaceNotification::DockItemsDidChange, "dock"),
+              std::pair(WorkspaceNotification::ScreensDidChange, "screens")}) {
             m_subscriptions.push_back(m_workspace.observe(
                 notification, [this, what = QString::fromLatin1(name)](std::int32_t pid) {
                     m_log.append(what + QString::number(pid));
