@@ -177,7 +177,7 @@ public:
         return button.center();
     }
 
-private:
+protected:
     const QString m_program;
     const QStringList m_arguments;
 };
@@ -186,13 +186,14 @@ class Tint2 final : public Panel
 {
 public:
     Tint2(Session& session, const DockPlace& place)
-        : Panel(session, place, u"tint2"_qs, {u"-c"_qs, configure(session, place)})
+        // One file for each that runs at a time.
+        : Panel(session, place, u"tint2"_qs,
+                {u"-c"_qs, configure(session, place, session.path(u"tint2rc"_qs + place.monitor))})
     {
     }
 
 private:
-    /// One file for each that runs at a time.
-    static QString configure(Session& session, const DockPlace& place)
+    static QString configure(const Session& session, const DockPlace& place, const QString& file)
     {
         const QByteArray side = edgeName(place.edge).toLatin1();
         const QByteArray shape =
@@ -200,7 +201,6 @@ private:
                 ? "panel_position = " + side + " center horizontal\npanel_size = 100% 40\n"
                 : "panel_position = center " + side + " vertical\npanel_size = 100% 60\n";
         const QByteArray monitor = place.monitor.isEmpty() ? "all" : place.monitor.toLatin1();
-        QString file = session.path(u"tint2rc"_qs + place.monitor);
         session.write(file, "rounded = 0\nborder_width = 0\nbackground_color = #303030 100\n" +
                                 shape + "panel_monitor = " + monitor +
                                 "\nautohide = " + (place.hides ? "1" : "0") +
@@ -213,7 +213,7 @@ private:
     }
     void reconfigure() override
     {
-        configure(m_session, m_place);
+        configure(m_session, m_place, m_arguments.last());
         m_process->signal(SIGUSR1);
     }
 };

@@ -185,9 +185,8 @@ void Session::setMonitors(const std::vector<Monitor>& monitors)
                         mode,           u"--pos"_qs,  u"%1x%2"_qs.arg(area.x()).arg(area.y())};
     }
     xrandr(arrangement + QStringList{u"--output"_qs, monitors.front().name, u"--primary"_qs});
-    xrandr({u"--listmonitors"_qs}); // the driver says that they are connected, or not any more,
-                                    // when it is asked
-    m_monitors = monitors;
+    // The driver says that they are connected, or not any more, only when it is asked.
+    xrandr({u"--listmonitors"_qs});
 }
 
 QRect Session::monitorArea(const QString& name) const

@@ -30,12 +30,9 @@ struct SessionOptions {
     bool compositor = true;     ///< the window manager's own; Openbox has none
     bool accessibility = false; ///< programs tell assistive technology what they show
     int scale = 1;              ///< how much larger the toolkits are told to draw
-<<<<<<< HEAD
     bool picom = false;         ///< that compositor, and none of the window manager's own
-=======
     /// Instead of one of that size; the first one is the primary one.
     std::vector<Monitor> monitors{};
->>>>>>> 7d08e64 (Try the program with several monitors)
 };
 
 /// Main thread. Everything started here ends with it, in the reverse order.
