@@ -22,7 +22,7 @@ struct Known {
     bool isImpossible = false; ///< there is nothing to try; else it is tried and must be red
 };
 
-/// What is not green, and why.
+/// What is not green, and why; the page has the reasons below its table.
 const std::vector<Known> known{
     {"tint2", "menu", "tint2 has no menus", true},
 };
