@@ -192,8 +192,11 @@ void PreviewUpdater::followApplication(const SWElementPtr& element, Pass& pass)
     const bool areOthers = areChosen || m.inventory.standsForOthers(*application);
     const bool hasPlace =
         element->isTabIcon() || HoverRules::verdictForPlace(element) == HoverVerdict::Shows;
-    if (!hasPlace ||
-        HoverRules::verdictForWindows(settings, windows.size(), areOthers) != HoverVerdict::Shows) {
+    // In the switcher, no key decides.
+    const HoverVerdict verdict =
+        element->isTabIcon() ? HoverRules::verdictInSwitcher(settings, windows.size())
+                             : HoverRules::verdictForWindows(settings, windows.size(), areOthers);
+    if (!hasPlace || verdict != HoverVerdict::Shows) {
         m_dismissal.removeAllScreenViewsLeavingTimersAlone();
         pass.added = false;
         return;

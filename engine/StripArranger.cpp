@@ -115,8 +115,10 @@ void StripArranger::arrangeStrip(DockSide side, const SWElementPtr& item)
         size = m_previews.front()->window()->frame().size();
     m_side = side;
     m_icon = rectOf(item);
-    const auto frames =
-        PreviewLayout::strip(side, layoutInput(m_icon), static_cast<int>(m_previews.size()), size);
+    const auto count = static_cast<int>(m_previews.size());
+    const PreviewLayout::Input input = layoutInput(m_icon);
+    const auto frames = item && item->isTabIcon() ? PreviewLayout::rowBesideSwitcher(input, count)
+                                                  : PreviewLayout::strip(side, input, count, size);
     for (std::size_t i = 0; i < frames.size(); ++i) {
         if (MAWindow* window = m_previews[i]->window())
             window->setFrame(frames[i]);

@@ -45,6 +45,7 @@ void SwitcherWatch::processListIconHovered(const Application& application,
         m.row.bringOut();
     }
     m_updater.armUpdateTimer(PreviewUpdater::updateInterval, element);
+    m_restingMouse = mouseLocation();
     m.timers.tabExit = platform::desktop().runLoop.scheduleTimer(
         tabExitInterval, true, [this, element] { tabExitCheck(element); });
 }
@@ -54,15 +55,26 @@ void SwitcherWatch::tabExitCheck(const SWElementPtr& entry)
     if (SWElement::checkIfDockFocusedIsAXList()) {
         followSwitcher(entry);
         const QPointF mouse = mouseLocation();
+        const bool hasMoved = hasMouseMoved();
         const auto previews = m.row.previews();
         for (const ScreenyViewPtr& preview : previews)
-            trackHover(*preview, contains(frameOf(*preview), mouse));
+            trackHover(*preview, hasMoved && contains(frameOf(*preview), mouse));
         return;
     }
     // The switcher has closed: over a preview, that picks its window.
     m.hovered.setShouldInstantShow(false);
-    m_dismissal.shouldInterceptClick(true, true);
+    if (hasMouseMoved())
+        m_dismissal.shouldInterceptClick(true, true);
     m_dismissal.removeAllScreenViews();
+}
+
+// Who switches with the keyboard leaves the mouse where it is, and the row may come up just there.
+// That must not bring up another window than the one that was selected.
+bool SwitcherWatch::hasMouseMoved()
+{
+    if (m_restingMouse != mouseLocation())
+        m_restingMouse.reset();
+    return !m_restingMouse;
 }
 
 void SwitcherWatch::followSwitcher(const SWElementPtr& entry)

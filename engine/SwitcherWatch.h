@@ -4,6 +4,8 @@
 // The previews of the application that is selected in the switcher, as long as that is open.
 #pragma once
 
+#include <QtCore/QPointF>
+
 #include <optional>
 
 #include "engine/Dismissal.h"
@@ -35,11 +37,14 @@ public:
 private:
     void tabExitCheck(const SWElementPtr& entry);
     void followSwitcher(const SWElementPtr& entry);
+    /// Since the row came up.
+    bool hasMouseMoved();
 
     const EngineContext m;
     Dismissal& m_dismissal;
     PreviewUpdater& m_updater;
     const HoverDelays* m_delays = nullptr;
+    std::optional<QPointF> m_restingMouse; ///< where it is since the row came up
 };
 
 } // namespace lumbrix

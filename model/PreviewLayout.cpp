@@ -15,6 +15,8 @@ constexpr double stripShift = 6;
 /// Kept free at the top of the screen, and along a row before it is shrunk.
 constexpr float menuBarHeight = 22;
 constexpr float rowMargin = 50;
+/// Between a row and the edge of the screen, for the shape behind it.
+constexpr double edgeMargin = 12;
 
 bool isRow(DockSide side) { return side == DockSide::Bottom || side == DockSide::Top; }
 
@@ -126,6 +128,26 @@ std::vector<QRectF> strip(DockSide side, const Input& input, int count, std::opt
     const float height = size ? static_cast<float>(size->height()) : input.windowHeight;
     return isRow(side) ? row(side, input, count, width, height)
                        : column(side, input, count, width, height);
+}
+
+std::vector<QRectF> rowBesideSwitcher(const Input& input, int count)
+{
+    std::vector<QRectF> frames = strip(DockSide::Bottom, input, count);
+    const QRectF& list = input.icon;
+    const QRectF& screen = input.screen;
+    const double height = frames.empty() ? 0 : frames.front().height();
+    const double above = list.y() - screen.y();
+    const double below = screen.y() + screen.height() - list.y() - list.height();
+    const double needed = height + input.distanceFromDock + edgeMargin;
+    if (above >= needed)
+        return frames;
+    double lowerEdge = list.y() + list.height() + input.distanceFromDock + height;
+    if (below < needed)
+        lowerEdge = above >= below ? screen.y() + edgeMargin + height
+                                   : screen.y() + screen.height() - edgeMargin;
+    for (QRectF& frame : frames)
+        frame.moveTop(input.mainScreenHeight - lowerEdge);
+    return frames;
 }
 
 QRectF screenOfIcon(const QRectF& icon, const std::vector<QRectF>& screens)

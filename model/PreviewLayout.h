@@ -39,6 +39,10 @@ QRectF screenOfIcon(const QRectF& icon, const std::vector<QRectF>& screens);
 std::vector<QRectF> strip(DockSide side, const Input& input, int count,
                           std::optional<QSizeF> size = std::nullopt);
 
+/// Frames of a row for the switcher, whose list stands for the icon: above it where there is room,
+/// else below it, else at the edge of the screen where it covers least of the list.
+std::vector<QRectF> rowBesideSwitcher(const Input& input, int count);
+
 /// Frame of one sample preview beside the icon, in screen coordinates.
 QRectF sample(DockSide side, const Input& input);
 

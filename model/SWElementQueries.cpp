@@ -133,6 +133,10 @@ std::optional<RunningApplication> SWElement::runningAppForProccessListIcon(const
     const auto title = titleForElement(icon);
     if (!title)
         return std::nullopt;
+    // One that says which application it stands for need not be on the Dock, nor be the only one
+    // of that name.
+    if (const auto application = wrapped(icon)->runningApplicationForDockElement())
+        return application;
     for (const SWElementPtr& item : runningApps().value_or(std::vector<SWElementPtr>{})) {
         if (titleForElement(item->element()) == title && checkIfAppIsRunning(item->element()))
             return item->runningApplicationForDockElement();

@@ -189,6 +189,12 @@ bool ScreenyView::isMarked() const { return m_background->isMarked(); }
 
 void ScreenyView::setTrackingRect()
 {
+    if (m_setByTab) {
+        // The engine's watch tells: a mouse that only rests where the panel comes up hovers
+        // nothing.
+        m_window->clearTracking();
+        return;
+    }
     m_window->setTracking([this] { mouseEntered(); }, [this] { mouseExited(); });
 }
 

@@ -170,11 +170,14 @@ InspectedDock Inspector::inspectDock() const
     dock.pid = SWElement::getDockPid();
     const ElementRef application =
         dock.pid != 0 ? platform::desktop().accessibility.createApplication(dock.pid) : nullptr;
-    if (!application)
+    const auto lists = AX::readElements(application, AX::Children);
+    if (lists.empty()) { // something stands in for a Dock where there is but a switcher
+        dock.pid = 0;
         return dock;
+    }
     dock.name = UIElementUtilities::descriptionOfAXDescriptionOfUIElement(application);
     dock.orientation = StripArranger::getDockOrientation(SWElement::elementWithElementRef(m_item));
-    for (const ElementRef& list : AX::readElements(application, AX::Children))
+    for (const ElementRef& list : lists)
         dock.items += AX::readElements(list, AX::Children).size();
     return dock;
 }

@@ -27,6 +27,7 @@
 #include "platform/linux/session/PreviewsService.h"
 #include "platform/linux/session/ProgramBundle.h"
 #include "platform/linux/session/TrayWatcher.h"
+#include "platform/linux/switcher/SwitcherModel.h"
 #include "platform/linux/x11/Connection.h"
 #include "platform/linux/x11/PointSpace.h"
 #include "platform/linux/x11/ScreenWatch.h"
@@ -104,9 +105,11 @@ public:
           m_docks(runLoop, m_core->tracker(), m_registry, m_entries,
                   makeDockProviders(runLoop, *m_core, m_registry)),
           m_tooltips(m_core->connection(), m_core->tracker(), ::getpid()),
+          m_switcher(runLoop, m_core->tracker(), m_registry, &m_session,
+                     [this](bool on) { m_core->hearKeys(on); }),
           m_dockPreferences(m_docks),
           m_accessibility({runLoop, m_core->tracker(), m_core->pointSpace(), m_registry,
-                           m_workspace, m_raiser, m_docks}),
+                           m_workspace, m_raiser, m_docks, m_switcher}),
           m_requests({runLoop, m_core->tracker(), m_core->pointSpace(), m_registry, m_entries,
                       m_docks, [this] { return m_core->inputState().pointer(); }}),
           m_previews(m_requests, QDBusConnection::sessionBus()),
@@ -137,7 +140,8 @@ public:
         m_core->windowServer().setOwnerPids(&m_ownerPids);
         for (x11::WindowListener* listener : std::initializer_list<x11::WindowListener*>{
                  m_accessibility.listenerBeforeRegistry(), &m_registry, &m_uiMode, &m_docks,
-                 &m_requests, &m_tooltips, &m_workspace, m_accessibility.listenerAfterRegistry()}) {
+                 &m_requests, &m_tooltips, &m_workspace, &m_switcher,
+                 m_accessibility.listenerAfterRegistry()}) {
             m_core->tracker().addListener(listener);
         }
         m_docks.setPrefetch([this](const std::vector<xcb_window_t>& windows) {
@@ -188,6 +192,8 @@ private:
     LinuxWorkspace m_workspace;
     DockModel m_docks;
     DockTooltips m_tooltips;
+    const QDBusConnection m_session = QDBusConnection::sessionBus();
+    SwitcherModel m_switcher;
     LinuxDockPreferences m_dockPreferences;
     X11Accessibility m_accessibility;
     PlaceRequests m_requests;

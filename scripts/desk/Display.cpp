@@ -349,13 +349,20 @@ void Display::click(int button)
 
 void Display::type(const std::vector<std::uint8_t>& keys)
 {
-    const auto fake = [this](std::uint8_t type, std::uint8_t key) {
-        xcb_test_fake_input(m_connection, type, key, XCB_CURRENT_TIME, m_root, 0, 0, 0);
-    };
     for (const std::uint8_t key : keys)
-        fake(XCB_KEY_PRESS, key);
-    std::for_each(keys.rbegin(), keys.rend(),
-                  [&](std::uint8_t key) { fake(XCB_KEY_RELEASE, key); });
+        holdKey(key);
+    std::for_each(keys.rbegin(), keys.rend(), [this](std::uint8_t key) { letGoOfKey(key); });
+}
+
+void Display::holdKey(std::uint8_t key)
+{
+    xcb_test_fake_input(m_connection, XCB_KEY_PRESS, key, XCB_CURRENT_TIME, m_root, 0, 0, 0);
+    xcb_flush(m_connection);
+}
+
+void Display::letGoOfKey(std::uint8_t key)
+{
+    xcb_test_fake_input(m_connection, XCB_KEY_RELEASE, key, XCB_CURRENT_TIME, m_root, 0, 0, 0);
     xcb_flush(m_connection);
 }
 

@@ -97,6 +97,8 @@ public:
     /// Presses the keys in turn and lets them go in the reverse order: {control, c}. Key codes of
     /// the server's keyboard.
     void type(const std::vector<std::uint8_t>& keys);
+    void holdKey(std::uint8_t key);
+    void letGoOfKey(std::uint8_t key);
 
 private:
     std::vector<Panel> panels(const QString& role);

@@ -96,9 +96,12 @@ TEST_F(Switcher, release_picksThePreviewUnderTheMouse)
     EXPECT_EQ(desk.activeApplication(), notes);
     EXPECT_EQ(desk.window(desk.stacking().front())->title, u"Notes 1"_s);
 
+    // A mouse that only lies where the row comes up hovers nothing and picks nothing.
     desk.activateApplication(maps);
-    leave();
     open(0);
+    loop.advance(0.1);
+    ASSERT_EQ(shown(), both);
+    EXPECT_TRUE(preview(1).isCloseButtonHidden());
     desk.closeSwitcher();
     loop.advance(0.1);
     EXPECT_EQ(shown(), u""_s);

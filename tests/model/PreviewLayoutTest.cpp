@@ -143,6 +143,21 @@ TEST(PreviewLayout, strips_stayOnTheScreenOfTheirIcon)
     EXPECT_EQ(screenOfIcon({}, {}), QRectF());
 }
 
+TEST(PreviewLayout, rowOfTheSwitcher_isAboveItsList_orBelow_orAtTheEdgeWithMoreRoom)
+{
+    struct Case {
+        double top, height, rowTop;
+    };
+    for (const Case& each :
+         {Case{350, 200, 140}, Case{200, 300, 510}, Case{200, 600, 12}, Case{140, 600, 688}}) {
+        const auto frames = rowBesideSwitcher(input({400, each.top, 640, each.height}), 2);
+        EXPECT_EQ(frames,
+                  (Frames{{414, 700 - each.rowTop, 300, 200}, {714, 700 - each.rowTop, 300, 200}}))
+            << each.top;
+    }
+    EXPECT_TRUE(rowBesideSwitcher(input({400, 10, 640, 800}), 0).empty());
+}
+
 TEST(PreviewLayout, sample_isPlacedBesideTheIcon_unshiftedInARow)
 {
     EXPECT_EQ(sample(DockSide::Bottom, input({700, 848, 48, 48})), QRectF(574, 62, 300, 200));

@@ -89,6 +89,9 @@ TEST_F(SWElementDockTest, switcherEntry_isTheRunningItemOfThatTitle)
     EXPECT_EQ(selected(), maps);
     desk.selectInSwitcher(2);
     EXPECT_EQ(selected(), 0); // no such item in the Dock
+    const QUrl url = desk.application(maps).bundleURL;
+    desk.openSwitcher({{u"Not on the Dock"_s, false, url}});
+    EXPECT_EQ(selected(), maps);
     desk.closeSwitcher();
     EXPECT_FALSE(SWElement::checkIfDockFocusedIsAXList());
 }

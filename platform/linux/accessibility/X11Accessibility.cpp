@@ -13,7 +13,8 @@ namespace lumbrix::platform
 using Kind = X11Element::Kind;
 
 X11Accessibility::X11Accessibility(const Parts& parts)
-    : m(parts), m_attributes({parts.tracker, parts.space, parts.registry, parts.docks})
+    : m(parts),
+      m_attributes({parts.tracker, parts.space, parts.registry, parts.docks, parts.switcher})
 {
     m.docks.setSelectionChanged([this] {
         m_hub->notifyAll(X11Element::dockList(), QStringLiteral("AXSelectedChildrenChanged"));
@@ -21,12 +22,16 @@ X11Accessibility::X11Accessibility(const Parts& parts)
     m.docks.setMenuOpened([this] {
         m_hub->notifyAll(X11Element::application(m.docks.pid()), QStringLiteral("AXMenuOpened"));
     });
+    m.switcher.setSelectionChanged([this] {
+        m_hub->notifyAll(X11Element::switcherList(), QStringLiteral("AXFocusedUIElementChanged"));
+    });
 }
 
 X11Accessibility::~X11Accessibility()
 {
     m.docks.setSelectionChanged({});
     m.docks.setMenuOpened({});
+    m.switcher.setSelectionChanged({});
     m_hub->close();
 }
 
@@ -73,6 +78,8 @@ AXError X11Accessibility::setAttributeValue(const ElementRef& reference, const Q
     case Kind::CloseButton:
     case Kind::DockList:
     case Kind::DockItem:
+    case Kind::SwitcherList:
+    case Kind::SwitcherEntry:
         break;
     }
     return AXError::AttributeUnsupported;
@@ -84,7 +91,7 @@ AXError X11Accessibility::setApplicationAttribute(std::int32_t pid, const QStrin
     if (!m.registry.application(pid)) {
         return AXError::InvalidUIElement;
     }
-    if (pid == m.docks.pid()) {
+    if (pid == m.registry.dockPid()) {
         return AXError::AttributeUnsupported; // docks are neither hidden nor brought forward
     }
     const bool* on = std::get_if<bool>(&value);
@@ -131,9 +138,11 @@ AXError X11Accessibility::setWindowAttribute(xcb_window_t id, const QString& att
 
 const X11Accessibility::Action* X11Accessibility::actionOf(Kind kind)
 {
-    static constexpr Action raise{
-        u"AXRaise", QT_TRANSLATE_NOOP("Accessibility", "raise"),
-        [](const Parts& parts, xcb_window_t id) { parts.raiser.raise(id); }};
+    static constexpr Action raise{u"AXRaise", QT_TRANSLATE_NOOP("Accessibility", "raise"),
+                                  [](const Parts& parts, xcb_window_t id) {
+                                      parts.switcher.picked(id);
+                                      parts.raiser.raise(id);
+                                  }};
     static constexpr Action press{
         u"AXPress", QT_TRANSLATE_NOOP("Accessibility", "press"),
         [](const Parts& parts, xcb_window_t id) { parts.tracker.close(id); }};
@@ -232,6 +241,9 @@ std::optional<std::int32_t> X11Accessibility::pidOf(const ElementRef& reference)
     case Kind::DockList:
     case Kind::DockItem:
         return m.docks.pid();
+    case Kind::SwitcherList:
+    case Kind::SwitcherEntry:
+        return m.registry.dockPid();
     case Kind::Window:
     case Kind::CloseButton:
         break;
@@ -246,6 +258,11 @@ std::optional<WindowID> X11Accessibility::windowIDOf(const ElementRef& reference
     if (element != nullptr && element->kind() == Kind::DockItem) {
         const auto item = m.docks.item(element->dockItemId());
         return item ? item->window : std::nullopt;
+    }
+    if (element != nullptr && element->kind() == Kind::SwitcherEntry) {
+        const auto selection = m.switcher.selection();
+        return selection && selection->pid == element->pid() ? std::optional(selection->window)
+                                                             : std::nullopt;
     }
     if (element == nullptr || element->kind() != Kind::Window) {
         return std::nullopt;

@@ -31,6 +31,7 @@ public:
         LinuxWorkspace& workspace;
         WindowRaiser& raiser;
         DockModel& docks;
+        SwitcherModel& switcher;
     };
 
     explicit X11Accessibility(const Parts& parts);

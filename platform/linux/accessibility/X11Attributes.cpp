@@ -123,10 +123,16 @@ constexpr Attribute<Application> dockTable[] = {
     {u"AXDescription",
      [](const Self& self, const Application&) { return value(self.parts().docks.nameOfDock(0)); }},
     {u"AXChildren",
-     [](const Self&, const Application&) { return elements({X11Element::dockList()}); }},
+     [](const Self& self, const Application&) {
+         return elements(self.parts().docks.pid() != 0 ? std::vector{X11Element::dockList()}
+                                                       : std::vector<ElementRef>());
+     }},
     {u"AXWindows", [](const Self&, const Application&) { return elements({}); }},
     {u"AXFocusedUIElement",
-     [](const Self&, const Application&) { return value(X11Element::dockList()); }},
+     [](const Self& self, const Application&) {
+         return value(self.parts().switcher.selection() ? X11Element::switcherList()
+                                                        : X11Element::dockList());
+     }},
     {u"AXFrontmost", no},
     {u"AXHidden", no},
 };
@@ -233,12 +239,85 @@ constexpr Attribute<DockItemView> dockItemTable[] = {
      }},
 };
 
+using Switcher = SwitcherModel::Selection;
+
+constexpr Attribute<Switcher> switcherListTable[] = {
+    {u"AXRole", [](const Self&, const Switcher&) { return text("AXList"); }},
+    {u"AXSubrole", [](const Self&, const Switcher&) { return text("AXProcessSwitcherList"); }},
+    {u"AXParent",
+     [](const Self& self, const Switcher&) {
+         return value(X11Element::application(self.parts().registry.dockPid()));
+     }},
+    // Of the others nothing is known.
+    {u"AXChildren",
+     [](const Self&, const Switcher& switcher) {
+         return elements({X11Element::switcherEntry(switcher.pid)});
+     }},
+    {u"AXSelectedChildren",
+     [](const Self&, const Switcher& switcher) {
+         return elements({X11Element::switcherEntry(switcher.pid)});
+     }},
+};
+
+/// An application in the switcher.
+struct Entry {
+    Application application;
+    QRect list;
+};
+
+constexpr Attribute<Entry> switcherEntryTable[] = {
+    {u"AXRole", [](const Self&, const Entry&) { return text("AXButton"); }},
+    // As on the dock, which may know the application by another name than it has itself.
+    {u"AXTitle",
+     [](const Self& self, const Entry& entry) {
+         const RunningApplication& running = entry.application.running;
+         for (const DockItemId id : self.parts().docks.items()) {
+             const auto item = self.parts().docks.item(id);
+             if (item && !item->isMinimizedWindow && item->url == running.bundleURL) {
+                 return value(item->title);
+             }
+         }
+         return value(running.localizedName);
+     }},
+    {u"AXURL",
+     [](const Self&, const Entry& entry) { return value(entry.application.running.bundleURL); }},
+    {u"AXParent", [](const Self&, const Entry&) { return value(X11Element::switcherList()); }},
+    // Where in the list it is cannot be known everywhere.
+    {u"AXPosition",
+     [](const Self& self, const Entry& entry) {
+         return value(self.parts().space.toPoints(entry.list).topLeft());
+     }},
+    {u"AXSize",
+     [](const Self& self, const Entry& entry) {
+         return value(self.parts().space.toPoints(entry.list).size());
+     }},
+};
+
 } // namespace
 
 std::int32_t X11Attributes::activePid() const
 {
     const x11::TrackedWindowPtr active = m.tracker.window(m.tracker.activeWindow());
     return active && isApplicationWindow(*active) ? m.registry.ownerPidOf(*active) : 0;
+}
+
+template <class Use> AXError X11Attributes::visitSwitcher(const X11Element& element, Use use) const
+{
+    const auto selection = m.switcher.selection();
+    if (!selection) {
+        return AXError::InvalidUIElement;
+    }
+    if (element.kind() == X11Element::Kind::SwitcherList) {
+        use(switcherListTable, *selection);
+        return AXError::Success;
+    }
+    const auto application =
+        element.pid() != 0 ? m.registry.application(element.pid()) : std::nullopt;
+    if (!application) {
+        return AXError::InvalidUIElement;
+    }
+    use(switcherEntryTable, Entry{.application = *application, .list = selection->list});
+    return AXError::Success;
 }
 
 template <class Use> AXError X11Attributes::visit(const ElementRef& reference, Use use) const
@@ -257,7 +336,7 @@ template <class Use> AXError X11Attributes::visit(const ElementRef& reference, U
         if (!application) {
             return AXError::InvalidUIElement;
         }
-        if (element->pid() == m.docks.pid()) {
+        if (element->pid() == m.registry.dockPid()) {
             use(dockTable, *application);
         } else {
             use(applicationTable, *application);
@@ -278,6 +357,9 @@ template <class Use> AXError X11Attributes::visit(const ElementRef& reference, U
         use(dockItemTable, *item);
         return AXError::Success;
     }
+    case Kind::SwitcherList:
+    case Kind::SwitcherEntry:
+        return visitSwitcher(*element, use);
     case Kind::Window:
     case Kind::CloseButton:
         break;

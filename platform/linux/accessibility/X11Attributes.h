@@ -7,6 +7,7 @@
 #include "platform/linux/accessibility/X11Element.h"
 #include "platform/linux/applications/ApplicationRegistry.h"
 #include "platform/linux/docks/DockModel.h"
+#include "platform/linux/switcher/SwitcherModel.h"
 #include "platform/linux/x11/PointSpace.h"
 
 namespace lumbrix::platform
@@ -21,6 +22,7 @@ public:
         const x11::PointSpace& space;
         ApplicationRegistry& registry;
         DockModel& docks;
+        SwitcherModel& switcher;
     };
     /// One row of a kind's table. The name is the accessibility interface's.
     template <class Subject> struct Attribute {
@@ -47,6 +49,8 @@ private:
     /// Gives the element's table and what its rows are read from; or the reason why nothing can be
     /// read.
     template <class Use> AXError visit(const ElementRef& element, Use use) const;
+
+    template <class Use> AXError visitSwitcher(const X11Element& element, Use use) const;
 
     const Parts m;
 };

@@ -25,6 +25,8 @@ public:
         CloseButton, ///< of a window
         DockList,    ///< the list of the dock's items
         DockItem,
+        SwitcherList,  ///< of the window manager's switcher
+        SwitcherEntry, ///< an application in it, by process id; 0 for none
     };
 
     static ElementRef systemWide() { return make(Kind::SystemWide, 0); }
@@ -39,6 +41,12 @@ public:
     static ElementRef closeButton(xcb_window_t id) { return make(Kind::CloseButton, id); }
     static ElementRef dockList() { return make(Kind::DockList, 0); }
     static ElementRef dockItem(DockItemId id) { return make(Kind::DockItem, id); }
+
+    static ElementRef switcherList() { return make(Kind::SwitcherList, 0); }
+    static ElementRef switcherEntry(std::int32_t pid)
+    {
+        return make(Kind::SwitcherEntry, static_cast<std::uint32_t>(pid));
+    }
 
     /// Null when it is null or another adapter's.
     static const X11Element* from(const ElementRef& element)
@@ -59,7 +67,7 @@ public:
 
     Kind kind() const { return m_kind; }
     bool isGone() const { return m_isGone; }
-    std::int32_t pid() const { return static_cast<std::int32_t>(m_id); } ///< of an Application
+    std::int32_t pid() const { return static_cast<std::int32_t>(m_id); } ///< of either
     xcb_window_t windowId() const { return static_cast<xcb_window_t>(m_id); }
     DockItemId dockItemId() const { return m_id; }
 

@@ -251,6 +251,19 @@ std::int32_t ApplicationRegistry::dockPid() const
 void ApplicationRegistry::setDock(std::int32_t pid)
 {
     const std::lock_guard lock(m_mutex);
+    m_runningDock = pid;
+    changeDock(pid != 0 ? pid : m_dockStandIn);
+}
+
+void ApplicationRegistry::setDockStandIn(std::int32_t pid)
+{
+    const std::lock_guard lock(m_mutex);
+    m_dockStandIn = pid;
+    changeDock(m_runningDock != 0 ? m_runningDock : pid);
+}
+
+void ApplicationRegistry::changeDock(std::int32_t pid)
+{
     if (pid == m_dockPid) {
         return;
     }

@@ -51,6 +51,9 @@ public:
     void setSink(Sink sink);
     /// The dock program's process; 0 = none runs.
     void setDock(std::int32_t pid);
+    /// The process that stands in for the dock program while none runs; 0 = none.
+    void setDockStandIn(std::int32_t pid);
+    /// Of the dock program or its stand-in.
     std::int32_t dockPid() const;
     const Own& own() const { return m_own; }
 
@@ -82,6 +85,7 @@ private:
     // All with m_mutex held.
     Group& insert(const x11::TrackedWindow& window, const ApplicationIdentity& identity);
     void remove(xcb_window_t id);
+    void changeDock(std::int32_t pid);
     void meetAll();
     /// Puts the window into its application; its owner's process id.
     std::int32_t meet(const x11::TrackedWindow& window);
@@ -103,7 +107,9 @@ private:
     mutable std::mutex m_mutex;
     std::vector<std::unique_ptr<Group>> m_groups; ///< this program first, then as they appeared
     QHash<quint32, Group*> m_groupOfWindow;
-    std::int32_t m_dockPid = 0;
+    std::int32_t m_dockPid = 0; ///< what the next two come to
+    std::int32_t m_runningDock = 0;
+    std::int32_t m_dockStandIn = 0;
     std::int32_t m_nextSyntheticPid = 0x40000000;
     std::int32_t m_activePid = 0;
 };

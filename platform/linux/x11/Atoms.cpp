@@ -26,6 +26,7 @@ constexpr std::array<const char*, kCount> kNames{
     "_NET_FRAME_EXTENTS",
     "_NET_NUMBER_OF_DESKTOPS",
     "_NET_SUPPORTED",
+    "_NET_SUPPORTING_WM_CHECK",
     "_NET_WM_DESKTOP",
     "_NET_WM_ICON_GEOMETRY",
     "_NET_WM_NAME",

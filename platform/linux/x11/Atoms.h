@@ -25,6 +25,7 @@ enum class AtomName : std::size_t {
     NetFrameExtents,
     NetNumberOfDesktops,
     NetSupported,
+    NetSupportingWmCheck,
     NetWmDesktop,
     NetWmIconGeometry,
     NetWmName,

@@ -31,10 +31,51 @@ PointerWatch::PointerWatch(const Connection& connection, const WindowTracker& tr
                            const Listeners& listeners)
     : m_connection(connection), m_listeners(listeners)
 {
-    selectXInput(connection.get(), connection.root(),
-                 XCB_INPUT_XI_EVENT_MASK_RAW_MOTION | XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_PRESS);
+    selectRaw(false);
     for (const TrackedWindowPtr& window : tracker.windows())
         windowAdded(window);
+}
+
+void PointerWatch::hearKeys(bool on)
+{
+    selectRaw(on);
+    m_keyboard = nullptr;
+    if (!on)
+        return;
+    const xcb_setup_t& setup = *xcb_get_setup(m_connection.get());
+    m_keyboard = m_connection.reply(
+        xcb_get_keyboard_mapping_reply,
+        xcb_get_keyboard_mapping(
+            m_connection.get(), setup.min_keycode,
+            static_cast<std::uint8_t>(setup.max_keycode - setup.min_keycode + 1)));
+}
+
+void PointerWatch::tellKeys()
+{
+    const std::vector<xcb_keycode_t> keys = std::exchange(m_keys, {});
+    const auto pointer = m_connection.reply(
+        xcb_query_pointer_reply, xcb_query_pointer(m_connection.get(), m_connection.root()));
+    if (!m_keyboard || !pointer)
+        return;
+    const bool withShift = (pointer->mask & XCB_MOD_MASK_SHIFT) != 0;
+    const int first = xcb_get_setup(m_connection.get())->min_keycode;
+    for (const xcb_keycode_t key : keys) {
+        const int place = (key - first) * m_keyboard->keysyms_per_keycode;
+        if (place < 0 || place >= xcb_get_keyboard_mapping_keysyms_length(m_keyboard.get()))
+            continue;
+        const xcb_keysym_t keysym =
+            xcb_get_keyboard_mapping_keysyms(m_keyboard.get())[static_cast<std::size_t>(place)];
+        m_listeners.notify(
+            [&](WindowListener& listener) { listener.keyPressed(keysym, withShift); });
+    }
+}
+
+void PointerWatch::selectRaw(bool withKeys) const
+{
+    const std::uint32_t always =
+        XCB_INPUT_XI_EVENT_MASK_RAW_MOTION | XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_PRESS;
+    selectXInput(m_connection.get(), m_connection.root(),
+                 withKeys ? always | XCB_INPUT_XI_EVENT_MASK_RAW_KEY_PRESS : always);
 }
 
 void PointerWatch::windowAdded(const TrackedWindowPtr& window)
@@ -93,11 +134,16 @@ void PointerWatch::handleEvent(const xcb_generic_event_t& event)
             reinterpret_cast<const xcb_input_raw_button_press_event_t&>(event).detail;
         if (!isWheel(button))
             m_pressed.push_back(static_cast<int>(button));
+    } else if (generic.event_type == XCB_INPUT_RAW_KEY_PRESS) {
+        m_keys.push_back(static_cast<xcb_keycode_t>(
+            reinterpret_cast<const xcb_input_raw_key_press_event_t&>(event).detail));
     }
 }
 
 void PointerWatch::eventsHandled()
 {
+    if (!m_keys.empty())
+        tellKeys();
     if (!m_hasMoved && m_pressed.empty())
         return;
     m_hasMoved = false;

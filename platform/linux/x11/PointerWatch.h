@@ -10,13 +10,12 @@
 #include <optional>
 #include <vector>
 
+#include "platform/linux/x11/Connection.h"
 #include "platform/linux/x11/EventThread.h"
 #include "platform/linux/x11/Listeners.h"
 
 namespace lumbrix::platform::x11
 {
-
-class Connection;
 
 /// Event thread, except the constructor.
 class PointerWatch final : public EventHandler, public WindowListener
@@ -24,6 +23,10 @@ class PointerWatch final : public EventHandler, public WindowListener
 public:
     PointerWatch(const Connection& connection, const WindowTracker& tracker,
                  const Listeners& listeners);
+
+    /// Whether listeners are told of keys, too. Nobody needs to hear what people write, so only as
+    /// long as it has to be.
+    void hearKeys(bool on); ///< a round trip when it begins
 
     void handleEvent(const xcb_generic_event_t& event) override;
     /// One question for all the motion and presses of a batch.
@@ -33,12 +36,16 @@ public:
     void windowChanged(const TrackedWindowPtr& before, const TrackedWindowPtr& after) override;
 
 private:
+    void selectRaw(bool withKeys) const;
+    void tellKeys();
     void followDock(xcb_window_t window);
 
     const Connection& m_connection;
     const Listeners& m_listeners;
     bool m_hasMoved = true; ///< the position at the start is reported once
     std::vector<int> m_pressed;
+    std::vector<xcb_keycode_t> m_keys;
+    Reply<xcb_get_keyboard_mapping_reply_t> m_keyboard; ///< while keys are heard
     std::optional<QPoint> m_position;
     xcb_window_t m_child = XCB_NONE;
 };

@@ -19,6 +19,24 @@ struct PopupMapped {
     std::optional<std::int32_t> pid;
 };
 
+/// A window that the window manager itself has on the screen: its switcher, an outline.
+struct ManagerWindow {
+    xcb_window_t id = XCB_NONE;
+    QRect rect; ///< root pixels
+    int depth = 0;
+    QString classInstance;
+    bool isPlain = true; ///< says nothing of its kind, or that it is a normal one
+
+    bool operator==(const ManagerWindow&) const = default;
+};
+
+/// The window manager that runs, and what it shows of its own; empty while there is none.
+struct Manager {
+    QString name;
+    std::int32_t pid = 0;
+    std::vector<ManagerWindow> windows; ///< the oldest first
+};
+
 /// What the event thread tells; every call is on the event thread, without a lock held, and must
 /// not block. `before` and `after` are snapshots.
 class WindowListener
@@ -42,6 +60,12 @@ public:
     virtual void pointerMoved(QPoint, xcb_window_t /*childOfRoot*/) {}
     /// A mouse button went down anywhere; 1 left, 2 middle, 3 right.
     virtual void buttonPressed(int /*button*/, QPoint) {}
+    /// A key went down anywhere, with Shift or without; only while somebody wants to hear keys. As
+    /// what X knows it by when it is pressed alone.
+    virtual void keyPressed(xcb_keysym_t, bool /*withShift*/) {}
+    /// Another window manager runs, or it shows other windows of its own than before. Told once
+    /// at the start, too.
+    virtual void managerChanged(const Manager&) {}
     virtual void screensChanged() {}
     virtual void compositorChanged(bool /*running*/) {}
 };

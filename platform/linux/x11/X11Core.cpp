@@ -8,6 +8,7 @@
 #include "platform/linux/x11/EventThread.h"
 #include "platform/linux/x11/KeyGrabs.h"
 #include "platform/linux/x11/Listeners.h"
+#include "platform/linux/x11/ManagerWatch.h"
 #include "platform/linux/x11/PointSpace.h"
 #include "platform/linux/x11/PointerWatch.h"
 #include "platform/linux/x11/PopupWatch.h"
@@ -36,8 +37,8 @@ struct X11Core::Parts {
           commands(*events, atoms, wake), tracker(runLoop, *events, atoms, commands, listeners),
           screens(*events, atoms, commands, listeners, points),
           pictures(runLoop, *events, *captures, tracker, points, screens.isCompositorRunning()),
-          popups(*events, atoms, tracker, listeners), trays(*events, atoms),
-          input(*requests, *events, points), keys(*events, *requests, wake),
+          popups(*events, atoms, tracker, listeners), manager(*events, atoms, tracker, listeners),
+          trays(*events, atoms), input(*requests, *events, points), keys(*events, *requests, wake),
           eventTaps(runLoop, keys), layout(*requests),
           server(tracker, pictures, points, screens, isOfWaylandSession(*requests))
     {
@@ -47,7 +48,7 @@ struct X11Core::Parts {
         listeners.add(pointer.get());
         thread = std::make_unique<EventThread>(
             runLoop, *events, wake,
-            std::vector<EventHandler*>{&commands, &screens, &pictures, &tracker, &popups,
+            std::vector<EventHandler*>{&commands, &screens, &pictures, &tracker, &popups, &manager,
                                        pointer.get(), &input, &keys, &layout, &trays},
             std::move(onConnectionLost));
     }
@@ -62,6 +63,7 @@ struct X11Core::Parts {
     ScreenWatch screens;
     WindowPictures pictures;
     PopupWatch popups;
+    ManagerWatch manager;
     TrayWatch trays;
     X11InputState input;
     KeyGrabs keys;
@@ -107,6 +109,11 @@ void X11Core::setPixelsPerPoint(double pixelsPerPoint)
     m_parts->commands.post([this](xcb_timestamp_t) {
         m_parts->listeners.notify([](WindowListener& listener) { listener.screensChanged(); });
     });
+}
+
+void X11Core::hearKeys(bool on)
+{
+    m_parts->commands.post([this, on](xcb_timestamp_t) { m_parts->pointer->hearKeys(on); });
 }
 
 WindowTracker& X11Core::tracker() { return m_parts->tracker; }

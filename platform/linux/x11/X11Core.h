@@ -62,6 +62,9 @@ public:
     /// of the screens.
     void setPixelsPerPoint(double pixelsPerPoint);
 
+    /// Whether listeners are told of keys, from a moment later on. Any thread.
+    void hearKeys(bool on);
+
     WindowTracker& tracker();
     X11WindowServer& windowServer();
     X11InputState& inputState();

@@ -41,7 +41,8 @@ AdapterFixture::AdapterFixture(const QDBusConnection* session)
                               : nullptr));
                   return providers;
               }()),
-      m_accessibility({m_loop, m_tracker, m_space, m_registry, m_workspace, m_raiser, m_docks})
+      m_accessibility(
+          {m_loop, m_tracker, m_space, m_registry, m_workspace, m_raiser, m_docks, m_switcher})
 {
     writeEntry(m_folder.path(), QStringLiteral("debian-term"), "Name=Term\nExec=term\n");
     writeEntry(m_folder.path(), QStringLiteral("org.example.Editor"),
@@ -50,7 +51,7 @@ AdapterFixture::AdapterFixture(const QDBusConnection* session)
     m_space.setScreens({QRect(0, 0, 1280, 800)});
     for (x11::WindowListener* listener : std::initializer_list<x11::WindowListener*>{
              m_accessibility.listenerBeforeRegistry(), &m_registry, &m_uiMode, &m_docks,
-             m_accessibility.listenerAfterRegistry()}) {
+             &m_switcher, m_accessibility.listenerAfterRegistry()}) {
         m_tracker.addListener(listener);
     }
     m_docks.start();

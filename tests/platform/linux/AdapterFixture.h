@@ -61,6 +61,9 @@ protected:
     platform::LinuxWorkspace m_workspace;
     std::optional<QMargins> m_strut{QMargins(0, 0, 0, 30)};
     platform::DockModel m_docks;
+    platform::SwitcherModel m_switcher{m_loop, m_tracker, m_registry, nullptr,
+                                       [this](bool on) { m_hearsKeys = on; }};
+    bool m_hearsKeys = false;
     platform::LinuxDockPreferences m_dockPreferences{m_docks};
     platform::X11Accessibility m_accessibility;
 };

@@ -96,6 +96,16 @@ void FakeTracker::mapPopup(const platform::x11::PopupMapped& popup)
     notify([&](WindowListener& listener) { listener.popupMapped(popup); });
 }
 
+void FakeTracker::showManager(const platform::x11::Manager& manager)
+{
+    notify([&](WindowListener& listener) { listener.managerChanged(manager); });
+}
+
+void FakeTracker::pressKey(xcb_keysym_t key, bool withShift)
+{
+    notify([&](WindowListener& listener) { listener.keyPressed(key, withShift); });
+}
+
 void FakeTracker::activate(xcb_window_t id)
 {
     ++m_activations;

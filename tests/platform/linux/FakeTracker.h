@@ -28,6 +28,8 @@ public:
     void movePointer(QPoint point); ///< over the topmost shown window there
     void press(int button);
     void mapPopup(const platform::x11::PopupMapped& popup);
+    void showManager(const platform::x11::Manager& manager);
+    void pressKey(xcb_keysym_t key, bool withShift = false);
     int activations() const { return m_activations; }
     /// A window manager that ignores requests to iconify.
     void refuseIconify() { m_iconifies = false; }

@@ -1,0 +1,96 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// The window manager's switcher: whether it is up, and which window is selected in it.
+#pragma once
+
+#include <QtDBus/QDBusConnection>
+
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <vector>
+
+#include "platform/RunLoop.h"
+#include "platform/linux/applications/ApplicationRegistry.h"
+#include "platform/linux/switcher/SwitcherReader.h"
+#include "platform/linux/switcher/SwitcherTitle.h"
+#include "platform/linux/x11/WindowTracker.h"
+
+namespace lumbrix::platform
+{
+
+/// The listener's part on the event thread, queries on any thread, the rest on the main thread.
+/// Window managers' switchers select windows; what is told of is the application of the selected
+/// one. Nobody listens to keys while no switcher is up.
+class SwitcherModel final : public x11::WindowListener
+{
+public:
+    struct Selection {
+        std::int32_t pid = 0; ///< of the application; 0: the window is of none, or none is selected
+        xcb_window_t window = XCB_NONE;
+        QRect list; ///< where the switcher is, root pixels
+    };
+    using HearKeys = std::function<void(bool)>;
+
+    /// `session` is where the accessibility bus is asked for; without it titles are not read.
+    SwitcherModel(RunLoop& runLoop, x11::WindowTracker& tracker, ApplicationRegistry& registry,
+                  const QDBusConnection* session, HearKeys hearKeys);
+    ~SwitcherModel() override;
+
+    /// Before the event thread starts. Another application is selected than before, or none any
+    /// more because the user gave up; not told of a switcher that just closes. Main thread.
+    void setSelectionChanged(std::function<void()> call) { m_selectionChanged = std::move(call); }
+
+    /// Null while no switcher is up.
+    std::optional<Selection> selection() const;
+    /// Whether the window manager's switcher can be read; false while none runs.
+    bool canRead() const;
+    /// The user picked this window while the switcher is up. It is brought up again when that
+    /// closes and brings up what was selected in it.
+    void picked(xcb_window_t window);
+
+    void managerChanged(const x11::Manager& manager) override;
+    void activeWindowChanged(xcb_window_t window) override;
+    void keyPressed(xcb_keysym_t key, bool withShift) override;
+
+private:
+    using Windows = std::vector<xcb_window_t>;
+
+    void post(std::function<void()> action);
+    void takeManager(const x11::Manager& manager);
+    void takeKey(xcb_keysym_t key, bool withShift);
+    void lookAfter(Seconds delay);
+    void look();
+    void closed();
+    void choose(const SwitcherSight& sight, const QString& title);
+    void select(xcb_window_t window, const QRect& list);
+    Windows ring() const;
+    std::int32_t ownerOf(xcb_window_t window) const;
+
+    RunLoop& m_runLoop;
+    x11::WindowTracker& m_tracker;
+    ApplicationRegistry& m_registry;
+    const HearKeys m_hearKeys;
+    std::function<void()> m_selectionChanged;
+    const std::shared_ptr<bool> m_alive = std::make_shared<bool>(true);
+    const char m_settling = 0; ///< for the run loop
+
+    // Main thread.
+    std::unique_ptr<SwitcherTitle> m_title;
+    x11::Manager m_manager;
+    Windows m_recent; ///< the last one that was active first
+    bool m_isUp = false;
+    bool m_isCancelled = false;
+    bool m_hasStepped = false; ///< since the last choice
+    bool m_isBackwards = false;
+    QRect m_outline; ///< of the last choice
+
+    mutable std::mutex m_mutex;
+    const SwitcherReader* m_reader = nullptr; // this and what follows guarded by m_mutex
+    std::optional<Selection> m_selection;
+    xcb_window_t m_picked = XCB_NONE;
+};
+
+} // namespace lumbrix::platform

@@ -1,0 +1,49 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// Which window manager runs, and what it has on the screen for itself: its window switcher, and
+// the outlines of windows.
+#pragma once
+
+#include <map>
+#include <vector>
+
+#include "platform/linux/x11/Atoms.h"
+#include "platform/linux/x11/EventThread.h"
+#include "platform/linux/x11/Listeners.h"
+
+namespace lumbrix::platform::x11
+{
+
+class Connection;
+class X11WindowTracker;
+
+/// Event thread. Comes after the tracker in the order of handlers, which knows what is a frame.
+/// Windows that were there before a window manager was known are none of its switcher's.
+class ManagerWatch final : public EventHandler
+{
+public:
+    ManagerWatch(const Connection& connection, const Atoms& atoms, const X11WindowTracker& tracker,
+                 const Listeners& listeners);
+
+    void handleEvent(const xcb_generic_event_t& event) override;
+    void eventsHandled() override;
+
+private:
+    void fetchManager();
+    void fetchMapped();
+    bool isManagers(xcb_window_t window) const;
+
+    const Connection& m_connection;
+    const Atoms& m_atoms;
+    const X11WindowTracker& m_tracker;
+    const Listeners& m_listeners;
+    xcb_window_t m_check = XCB_NONE; ///< tells the window manager's name
+    Manager m_manager;
+    std::map<xcb_window_t, ManagerWindow> m_windows;
+    std::vector<xcb_window_t> m_mapped; ///< not looked at yet
+    bool m_isManagerDirty = true;
+    bool m_isChanged = true;
+};
+
+} // namespace lumbrix::platform::x11

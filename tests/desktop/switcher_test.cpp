@@ -1,0 +1,209 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// The switchers of window managers, and the row of previews above them.
+#include "DesktopTest.h"
+
+#include <QtCore/QStandardPaths>
+
+namespace lumbrix::privatedesk
+{
+namespace
+{
+
+constexpr std::uint8_t altKey = 64;
+constexpr std::uint8_t tabKey = 23;
+constexpr std::uint8_t shiftKey = 50;
+constexpr std::uint8_t escapeKey = 9;
+
+QString programOf(WindowManager manager)
+{
+    switch (manager) {
+    case WindowManager::Openbox:
+        return u"openbox"_qs;
+    case WindowManager::Marco:
+        return u"marco"_qs;
+    case WindowManager::KWin:
+        return u"kwin_x11"_qs;
+    default:
+        return u"xfwm4"_qs;
+    }
+}
+
+DeskOptions under(WindowManager manager, const std::string& name, bool compositor)
+{
+    DeskOptions options;
+    options.name = "switcher_" + name;
+    options.dock = DockKind::Tint2;
+    options.session.windowManager = manager;
+    options.session.compositor = compositor;
+    options.session.accessibility = true;
+    return options;
+}
+
+} // namespace
+
+class SwitcherTest : public DesktopTest
+{
+protected:
+    void SetUp() override
+    {
+        const QString program = programOf(GetParam().session.windowManager);
+        if (QStandardPaths::findExecutable(program).isEmpty())
+            GTEST_SKIP() << qPrintable(program) << " is not installed";
+        DesktopTest::SetUp();
+        display().moveTo(QPoint(5, 5));
+    }
+    void TearDown() override
+    {
+        if (IsSkipped())
+            return;
+        display().letGoOfKey(shiftKey);
+        display().letGoOfKey(altKey);
+        DesktopTest::TearDown();
+    }
+
+    void tab() { display().type({tabKey}); }
+    /// Opens the switcher, which then selects the window that was active before the present one.
+    void open()
+    {
+        display().holdKey(altKey);
+        tab();
+    }
+    void letGo() { display().letGoOfKey(altKey); }
+    Result isActive(const AppWindow& window)
+    {
+        return waitUntil([&] { return display().activeWindow() == window.id; });
+    }
+    void moveOnto(const AppWindow& window)
+    {
+        const auto panel = preview(window.title);
+        ASSERT_TRUE(panel.has_value());
+        display().moveTo(panel->geometry.center());
+    }
+    std::vector<xcb_window_t> panelNumbers()
+    {
+        std::vector<xcb_window_t> result;
+        for (const Panel& panel : display().previews())
+            result.push_back(panel.id);
+        return result;
+    }
+};
+
+INSTANTIATE_TEST_SUITE_P(, SwitcherTest,
+                         testing::Values(under(WindowManager::Xfwm4, "xfwm4", true)), deskName);
+
+TEST_P(SwitcherTest, row_followsTheSelection_andGoesWithTheSwitcher)
+{
+    const Application& alpha = launch(u"alpha"_qs, 2);
+    const Application& beta = launch(u"beta"_qs, 1);
+    open();
+    ASSERT_TRUE(shows(alpha));
+    savePicture("opened");
+    const auto panels = panelNumbers();
+    tab();
+    tab();
+    ASSERT_TRUE(shows(beta));
+    display().type({shiftKey, tabKey});
+    ASSERT_TRUE(shows(alpha));
+    tab();
+    ASSERT_TRUE(shows(beta));
+    tab();
+    ASSERT_TRUE(shows(alpha));
+    letGo();
+    EXPECT_TRUE(showsNothing());
+    EXPECT_TRUE(isActive(alpha.windows()[1]));
+
+    // The same once more, with nobody to tell which applications there are but the windows.
+    desk().dock().kill();
+    open();
+    ASSERT_TRUE(shows(beta));
+    letGo();
+    EXPECT_TRUE(showsNothing());
+    EXPECT_TRUE(isActive(beta.windows()[0]));
+    desk().dock().restart();
+}
+
+TEST_P(SwitcherTest, release_picksThePreviewThatTheMouseWasMovedTo)
+{
+    const Application& alpha = launch(u"alpha"_qs, 2);
+    const Application& beta = launch(u"beta"_qs, 1);
+    open();
+    ASSERT_TRUE(shows(alpha));
+    const QPoint place = preview(alpha.windows()[0].title)->geometry.center();
+    display().type({escapeKey});
+    letGo();
+    ASSERT_TRUE(showsNothing());
+    // Where it only lies, as with whoever uses the keyboard alone, it picks nothing.
+    display().moveTo(place);
+    open();
+    ASSERT_TRUE(shows(alpha));
+    letGo();
+    EXPECT_TRUE(showsNothing());
+    EXPECT_TRUE(isActive(alpha.windows()[1]));
+
+    open();
+    ASSERT_TRUE(shows(beta));
+    tab();
+    ASSERT_TRUE(shows(alpha));
+    moveOnto(alpha.windows()[1]); // the switcher has selected the other one
+    savePicture("hovered");
+    letGo();
+    EXPECT_TRUE(showsNothing());
+    EXPECT_TRUE(isActive(alpha.windows()[1]));
+}
+
+TEST_P(SwitcherTest, escape_leavesNothing_alsoWithTheMouseOnAPreview)
+{
+    const Application& alpha = launch(u"alpha"_qs, 2);
+    const Application& beta = launch(u"beta"_qs, 1);
+    for (const bool onPreview : {false, true}) {
+        open();
+        ASSERT_TRUE(shows(alpha));
+        if (onPreview)
+            moveOnto(alpha.windows()[0]);
+        display().type({escapeKey});
+        EXPECT_TRUE(showsNothing());
+        letGo();
+        EXPECT_TRUE(isActive(beta.windows()[0]));
+    }
+}
+
+TEST_P(SwitcherTest, click_picksThatWindow)
+{
+    const Application& alpha = launch(u"alpha"_qs, 2);
+    launch(u"beta"_qs, 1);
+    open();
+    ASSERT_TRUE(shows(alpha));
+    moveOnto(alpha.windows()[0]);
+    display().click();
+    letGo();
+    EXPECT_TRUE(showsNothing());
+    EXPECT_TRUE(isActive(alpha.windows()[0]));
+}
+
+TEST_P(SwitcherTest, maximisedWindows_areToldApart)
+{
+    Application& alpha = launch(u"alpha"_qs, 1);
+    Application& beta = launch(u"beta"_qs, 1);
+    Application& gamma = launch(u"gamma"_qs, 1);
+    for (Application* application : {&alpha, &beta, &gamma})
+        application->maximise(application->windows()[0]);
+    for (Application* application : {&alpha, &beta, &gamma}) {
+        application->activate(application->windows()[0]);
+        ASSERT_TRUE(isActive(application->windows()[0]));
+    }
+    open();
+    EXPECT_TRUE(shows(beta));
+    tab();
+    EXPECT_TRUE(shows(alpha));
+    tab();
+    EXPECT_TRUE(shows(gamma));
+    display().type({shiftKey, tabKey});
+    EXPECT_TRUE(shows(alpha));
+    letGo();
+    EXPECT_TRUE(showsNothing());
+    EXPECT_TRUE(isActive(alpha.windows()[0]));
+}
+
+} // namespace lumbrix::privatedesk

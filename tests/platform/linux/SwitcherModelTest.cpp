@@ -1,0 +1,166 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// What is told of a window manager's switcher, from what it shows.
+
+#include "platform/linux/switcher/SwitcherChoice.h"
+#include "tests/platform/linux/AdapterFixture.h"
+
+namespace lumbrix::test
+{
+
+using namespace platform;
+
+namespace
+{
+
+constexpr std::int32_t ManagerPid = 900;
+constexpr xcb_keysym_t TabKey = 0xff09;
+constexpr xcb_keysym_t EscapeKey = 0xff1b;
+const QRect List(300, 400, 600, 200);
+
+class SwitcherModelTest : public AdapterFixture
+{
+protected:
+    SwitcherModelTest()
+    {
+        m_programs = {{11, QStringLiteral("/usr/bin/term")},
+                      {12, QStringLiteral("/usr/bin/editor")}};
+        // In the order in which they are opened; the two terminals are elsewhere than the editor.
+        add(0x100, "term", 11, "one", QRect(0, 0, 400, 300));
+        add(0x101, "term", 11, "two", QRect(50, 50, 400, 300));
+        add(0x200, "editor", 12, "text", QRect(90, 90, 500, 400));
+        show(std::nullopt);
+        m_observer = m_accessibility.createObserver(
+            m_registry.dockPid(),
+            [this](AXObserver&, const ElementRef& element, const QString&, NotificationContext*) {
+                const auto selected = list(element, "AXSelectedChildren");
+                m_told << (selected.empty() ? QStringLiteral("nothing")
+                                            : text(selected.front(), "AXTitle"));
+            });
+        if (m_observer) {
+            m_observer->addNotification(X11Element::dockList(),
+                                        QStringLiteral("AXFocusedUIElementChanged"), nullptr);
+            m_observer->addToRunLoop();
+        }
+    }
+
+    void add(xcb_window_t id, const char* program, std::int32_t pid, const char* title,
+             const QRect& bounds)
+    {
+        const QString name = QString::fromLatin1(program);
+        FakeTracker::Window added = window(id, name, name, pid, QString::fromLatin1(title));
+        added.bounds = added.frameBounds = bounds;
+        m_tracker.add(added);
+        m_tracker.setActive(id);
+    }
+    /// The window manager shows its switcher with this outline, or nothing of its own.
+    void show(std::optional<QRect> outline, const char* manager = "Xfwm4")
+    {
+        x11::Manager shown{.name = QString::fromLatin1(manager), .pid = ManagerPid, .windows = {}};
+        if (outline) {
+            shown.windows = {
+                {.id = 1, .rect = List, .depth = 32, .classInstance = u"xfwm4"_qs},
+                {.id = 2, .rect = *outline, .depth = 32, .classInstance = u"xfwm4-wireframe"_qs}};
+        }
+        m_tracker.showManager(shown);
+        m_loop.advance(0.1);
+    }
+    void press(xcb_keysym_t key, bool withShift = false)
+    {
+        m_tracker.pressKey(key, withShift);
+        m_loop.advance(0.1);
+    }
+    QString focusedSubrole()
+    {
+        const AXResult focused =
+            read(m_accessibility.createApplication(m_registry.dockPid()), "AXFocusedUIElement");
+        const ElementRef* element = focused.as<ElementRef>();
+        return element != nullptr ? text(*element, "AXSubrole") : QString();
+    }
+    QStringList told() { return std::exchange(m_told, {}); }
+
+    std::unique_ptr<AXObserver> m_observer;
+    QStringList m_told;
+};
+
+TEST_F(SwitcherModelTest, selectedApplication_isToldOnce_withoutADock)
+{
+    ASSERT_NE(m_observer, nullptr);
+    EXPECT_EQ(focusedSubrole(), u"<-25202>"_qs);
+    EXPECT_FALSE(m_hearsKeys);
+    show(QRect(50, 50, 400, 300));
+    EXPECT_TRUE(m_hearsKeys);
+    EXPECT_EQ(focusedSubrole(), u"AXProcessSwitcherList"_qs);
+    const auto entry = m_switcher.selection();
+    ASSERT_TRUE(entry);
+    EXPECT_EQ(entry->list, List);
+    EXPECT_EQ(m_accessibility.windowIDOf(X11Element::switcherEntry(11)), 0x101U);
+    show(QRect(0, 0, 400, 300)); // another window of the same application
+    EXPECT_EQ(m_accessibility.windowIDOf(X11Element::switcherEntry(11)), 0x100U);
+    show(QRect(94, 98, 492, 384)); // within an invisible border
+    show(QRect(700, 1, 5, 5));     // about nothing: it is just being drawn
+    EXPECT_EQ(told(), (QStringList{u"Term"_qs, u"Editor"_qs}));
+    show(std::nullopt);
+    EXPECT_FALSE(m_hearsKeys);
+    EXPECT_EQ(told(), QStringList());
+    EXPECT_EQ(focusedSubrole(), u"<-25202>"_qs);
+}
+
+TEST_F(SwitcherModelTest, givingUp_endsTheSelection_lettingGoDoesNot)
+{
+    show(QRect(0, 0, 400, 300));
+    press(EscapeKey);
+    show(std::nullopt);
+    EXPECT_EQ(told(), (QStringList{u"Term"_qs, u"<-25202>"_qs}));
+    EXPECT_FALSE(m_switcher.selection());
+    show(QRect(0, 0, 400, 300));
+    press(0xffe9); // Alt repeats
+    show(std::nullopt);
+    EXPECT_EQ(told(), QStringList{u"Term"_qs});
+}
+
+TEST_F(SwitcherModelTest, windowsInOnePlace_areToldApartByTheKeys)
+{
+    const QRect whole(0, 0, 1280, 770);
+    for (const xcb_window_t id : {0x100U, 0x200U})
+        m_tracker.change(
+            id, [&](FakeTracker::Window& window) { window.bounds = window.frameBounds = whole; });
+    m_tracker.setActive(0x101);
+    show(whole);
+    press(TabKey);
+    press(TabKey, true);
+    EXPECT_EQ(told(), (QStringList{u"Editor"_qs, u"Term"_qs, u"Editor"_qs}));
+}
+
+TEST_F(SwitcherModelTest, pickedWindow_comesUpAgain_whenTheSwitcherCloses)
+{
+    show(QRect(0, 0, 400, 300));
+    m_accessibility.performAction(X11Element::window(0x100), u"AXRaise"_qs);
+    m_tracker.setActive(0x200); // the switcher goes, and brings up what was selected
+    show(std::nullopt);
+    EXPECT_EQ(m_tracker.activeWindow(), 0x100U);
+    show(QRect(50, 50, 400, 300));
+    show(std::nullopt);
+    EXPECT_EQ(m_tracker.activeWindow(), 0x100U);
+}
+
+TEST_F(SwitcherModelTest, otherWindowManager_endsTheSwitcher_andIsReadAsItCan)
+{
+    EXPECT_TRUE(m_switcher.canRead());
+    show(QRect(0, 0, 400, 300));
+    show(QRect(0, 0, 400, 300), "Another");
+    EXPECT_FALSE(m_switcher.canRead());
+    EXPECT_FALSE(m_switcher.selection());
+    EXPECT_EQ(m_registry.dockPid(), 0);
+    show(QRect(50, 50, 400, 300));
+    EXPECT_TRUE(m_switcher.selection());
+    EXPECT_EQ(m_registry.dockPid(), ManagerPid);
+    addPanel();
+    EXPECT_EQ(m_registry.dockPid(), PanelPid);
+    EXPECT_EQ(told(), (QStringList{u"Term"_qs, u"Term"_qs}));
+}
+
+} // namespace
+
+} // namespace lumbrix::test
