@@ -124,6 +124,9 @@ public:
     virtual void openAPIPreferences() = 0;
     virtual void setMessagingTimeout(float seconds) = 0;
 
+    /// Whether the system's application switcher tells what is selected in it. Main thread.
+    virtual bool tellsSwitcher() const = 0;
+
     /// Null when there is no such process.
     virtual ElementRef createApplication(std::int32_t pid) = 0;
     virtual ElementRef createSystemWide() = 0;

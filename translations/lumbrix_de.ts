@@ -868,6 +868,10 @@
         <translation>Im &amp;Anwendungsumschalter</translation>
     </message>
     <message>
+        <source>This desktop&apos;s cannot be read.</source>
+        <translation>Der dieser Oberfläche ist nicht lesbar.</translation>
+    </message>
+    <message>
         <source>Today&apos;s &amp;events for calendars</source>
         <translation>Bei Kalendern die &amp;Termine von heute</translation>
     </message>

@@ -6,6 +6,7 @@
 #include <QtCore/QCoreApplication>
 #include <QtCore/QEvent>
 #include <QtGui/QWindow>
+#include <QtWidgets/QCheckBox>
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QPushButton>
@@ -20,6 +21,7 @@
 #include "app/preferences/SRRecorderControl.h"
 #include "app/preferences/SettingsBinding.h"
 #include "engine/LXHandler.h"
+#include "platform/Accessibility.h"
 #include "platform/Desktop.h"
 #include "platform/InputState.h"
 #include "platform/KeyboardLayout.h"
@@ -150,6 +152,12 @@ void PrefsController::refresh()
     for (const QPointer<SettingsBinding>& binding : m_bindings)
         binding->refresh();
     m_recorders->refresh();
+    // Another window manager, with another switcher, may have been started meanwhile.
+    const bool tellsSwitcher = platform::desktop().accessibility.tellsSwitcher();
+    if (auto* box = window()->findChild<QCheckBox*>(QStringLiteral("showInTab")))
+        box->setEnabled(tellsSwitcher);
+    if (auto* note = window()->findChild<QLabel*>(QStringLiteral("showInTabNote")))
+        note->setVisible(!tellsSwitcher);
     const QColor color = badger().getCurrentColor();
     if (auto* well = window()->findChild<ColorWell*>(); well && color.isValid())
         well->setColor(color);

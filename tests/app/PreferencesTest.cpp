@@ -226,6 +226,18 @@ TEST_F(PreferencesTest, titledCheckbox_clicked_storesAppliesAndTellsTheUser)
     }
 }
 
+TEST_F(PreferencesTest, switcherThatCannotBeRead_isSaidBesideItsSetting)
+{
+    open();
+    preferences().displayViewForIdentifier(u"General"_s, false);
+    for (const bool isRead : {false, true}) {
+        desk.with([&](SimulatedState& state) { state.tellsSwitcher = isRead; });
+        PrefsController::settingsDidChange();
+        EXPECT_EQ(find<QCheckBox>(u"showInTab"_s)->isEnabled(), isRead);
+        EXPECT_EQ(find<QLabel>(u"showInTabNote"_s)->isVisible(), !isRead);
+    }
+}
+
 TEST_F(PreferencesTest, valuesBeyondAControl_stayUntilItIsMoved)
 {
     const QMap<QString, float> floats{

@@ -91,7 +91,11 @@ protected:
 };
 
 INSTANTIATE_TEST_SUITE_P(, SwitcherTest,
-                         testing::Values(under(WindowManager::Xfwm4, "xfwm4", true)), deskName);
+                         testing::Values(under(WindowManager::Xfwm4, "xfwm4", true),
+                                         under(WindowManager::Xfwm4, "xfwm4_plain", false),
+                                         under(WindowManager::Openbox, "openbox", false),
+                                         under(WindowManager::Marco, "marco", true)),
+                         deskName);
 
 TEST_P(SwitcherTest, row_followsTheSelection_andGoesWithTheSwitcher)
 {

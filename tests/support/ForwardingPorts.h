@@ -20,6 +20,7 @@ public:
     bool apiEnabled() const override { return m_target.apiEnabled(); }
     void enableAPI() override { m_target.enableAPI(); }
     void openAPIPreferences() override { m_target.openAPIPreferences(); }
+    bool tellsSwitcher() const override { return m_target.tellsSwitcher(); }
     void setMessagingTimeout(float seconds) override { m_target.setMessagingTimeout(seconds); }
     platform::ElementRef createApplication(std::int32_t pid) override
     {

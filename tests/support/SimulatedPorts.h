@@ -24,6 +24,7 @@ public:
     bool apiEnabled() const override;
     void enableAPI() override;
     void openAPIPreferences() override { ++m_preferencesOpened; }
+    bool tellsSwitcher() const override { return m_state.tellsSwitcher; }
     int preferencesOpened() const { return m_preferencesOpened; }
     void setMessagingTimeout(float seconds) override { m_timeout = seconds; }
     float messagingTimeout() const { return m_timeout; }

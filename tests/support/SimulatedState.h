@@ -167,6 +167,7 @@ struct SimulatedState {
     bool isDockHidden = false; ///< slid out of sight; its items keep their places
     std::uint32_t systemUIMode = 0;
 
+    bool tellsSwitcher = true;
     std::optional<std::vector<SimulatedSwitcherEntry>> switcher;
     std::size_t switcherSelection = 0;
 

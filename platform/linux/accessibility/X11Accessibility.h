@@ -43,6 +43,8 @@ public:
     void openAPIPreferences() override;
     void setMessagingTimeout(float) override {} // nothing here waits for an application
 
+    bool tellsSwitcher() const override { return m.switcher.canRead(); }
+
     ElementRef createApplication(std::int32_t pid) override;
     ElementRef createSystemWide() override;
 

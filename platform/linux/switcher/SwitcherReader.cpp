@@ -16,7 +16,10 @@ using x11::ManagerWindow;
 using Windows = std::vector<ManagerWindow>;
 
 constexpr int MinimalList = 60; ///< pixels; what tells a size while resizing is a line high
+constexpr int MaximalEdge = 20; ///< pixels; how thick an outline's edge may be
+constexpr int ListDepth = 32;   ///< translucent, as outlines are not
 constexpr std::uint32_t LabelRole = 29;
+constexpr std::uint32_t StatusBarRole = 54;
 
 template <class Test> QRect rectOf(const Windows& windows, Test test)
 {
@@ -39,7 +42,50 @@ std::optional<SwitcherSight> lookAtXfwm4(const Windows& windows)
                                        })};
 }
 
+// Either may be turned off. An outline is four windows without a name, one for each edge.
+std::optional<SwitcherSight> lookAtOpenbox(const Windows& windows)
+{
+    const QRect list = rectOf(windows, [](const ManagerWindow& window) {
+        return window.classInstance.startsWith(u"OPENBOX_FOCUS_CYCLE_POPUP");
+    });
+    QRect outline;
+    int edges = 0;
+    for (const ManagerWindow& window : windows) {
+        if (window.classInstance.isEmpty() &&
+            std::min(window.rect.width(), window.rect.height()) <= MaximalEdge) {
+            outline |= window.rect;
+            ++edges;
+        }
+    }
+    if (edges != 4) {
+        outline = QRect();
+    }
+    return list.isEmpty() && outline.isEmpty()
+               ? std::nullopt
+               : std::optional(SwitcherSight{.list = list, .outline = outline});
+}
+
+// The outline is hidden, moved and shown again, so that it may be missing for a moment.
+std::optional<SwitcherSight> lookAtMarco(const Windows& windows)
+{
+    const auto isOwn = [](const ManagerWindow& window) {
+        return window.classInstance == u"marco" && window.isPlain &&
+               window.rect.height() >= MinimalList;
+    };
+    const QRect list = rectOf(windows, [&](const ManagerWindow& window) {
+        return isOwn(window) && window.depth == ListDepth;
+    });
+    if (list.isEmpty()) {
+        return std::nullopt;
+    }
+    return SwitcherSight{.list = list, .outline = rectOf(windows, [&](const ManagerWindow& window) {
+                                           return isOwn(window) && window.depth != ListDepth;
+                                       })};
+}
+
 constexpr std::array readers{
+    SwitcherReader{.manager = "Openbox", .look = lookAtOpenbox, .titleRole = 0},
+    SwitcherReader{.manager = "Metacity (Marco)", .look = lookAtMarco, .titleRole = StatusBarRole},
     SwitcherReader{.manager = "Xfwm4", .look = lookAtXfwm4, .titleRole = LabelRole},
 };
 
