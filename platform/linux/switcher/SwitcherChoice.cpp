@@ -53,21 +53,25 @@ bool isTitleOf(const QString& written, const QString& title)
                                 written == QStringLiteral("[ %1 ]").arg(title));
 }
 
-xcb_window_t nextInRing(const std::vector<xcb_window_t>& ring, xcb_window_t from, bool backwards,
+xcb_window_t nextInRing(const std::vector<xcb_window_t>& ring, xcb_window_t from, int steps,
                         const std::vector<xcb_window_t>& candidates)
 {
     const auto count = static_cast<std::ptrdiff_t>(ring.size());
+    const std::ptrdiff_t direction = steps < 0 ? -1 : 1;
     const auto found = std::ranges::find(ring, from);
     // Nothing comes before the first one.
-    std::ptrdiff_t place = found != ring.end() ? found - ring.begin() : (backwards ? 0 : -1);
+    std::ptrdiff_t place = found != ring.end() ? found - ring.begin() : (steps < 0 ? 0 : -1);
+    if (steps != 0) {
+        place += steps - direction;
+    }
     for (std::ptrdiff_t i = 0; i < count; ++i) {
-        place = (place + (backwards ? count - 1 : 1)) % count;
-        const xcb_window_t window = ring[static_cast<std::size_t>(place)];
-        if (std::ranges::find(candidates, window) != candidates.end()) {
-            return window;
+        place += direction;
+        const auto index = static_cast<std::size_t>(((place % count) + count) % count);
+        if (std::ranges::find(candidates, ring[index]) != candidates.end()) {
+            return ring[index];
         }
     }
-    return XCB_NONE;
+    return candidates.empty() ? xcb_window_t{XCB_NONE} : candidates.front();
 }
 
 } // namespace lumbrix::platform

@@ -22,9 +22,10 @@ std::vector<xcb_window_t> windowsOutlinedBy(const QRect& outline,
 /// Whether a switcher would write this for a window of that title; minimised ones are in brackets.
 bool isTitleOf(const QString& written, const QString& title);
 
-/// The first of the candidates that comes after `from` in the ring, or before it; `from` itself
-/// comes last. XCB_NONE when none of them is in the ring.
-xcb_window_t nextInRing(const std::vector<xcb_window_t>& ring, xcb_window_t from, bool backwards,
+/// The candidate that is so many steps after `from` in the ring, or before it, or the next one in
+/// that direction; 0 is for an unknown number of steps forwards. A candidate that is not in the
+/// ring when none is there; XCB_NONE without candidates.
+xcb_window_t nextInRing(const std::vector<xcb_window_t>& ring, xcb_window_t from, int steps,
                         const std::vector<xcb_window_t>& candidates);
 
 } // namespace lumbrix::platform

@@ -117,8 +117,7 @@ void SwitcherModel::takeKey(xcb_keysym_t key, bool withShift)
         return;
     }
     m_isCancelled = key == EscapeKey;
-    m_hasStepped = true;
-    m_isBackwards = withShift;
+    m_steps += withShift ? -1 : 1;
     lookAfter(KeyTime);
 }
 
@@ -136,7 +135,8 @@ void SwitcherModel::look()
         return;
     }
     if (!std::exchange(m_isUp, true)) {
-        m_isCancelled = m_hasStepped = m_isBackwards = false;
+        m_isCancelled = false;
+        m_steps = 0;
         m_outline = QRect();
         m_hearKeys(true);
     }
@@ -173,13 +173,13 @@ void SwitcherModel::choose(const SwitcherSight& sight, const QString& title)
     }
     const auto before = selection();
     const xcb_window_t from = before ? before->window : m_tracker.activeWindow();
-    const bool hasMoved = !before || m_hasStepped || sight.outline != m_outline;
+    const bool hasMoved = !before || m_steps != 0 || sight.outline != m_outline;
     const bool stays = !hasMoved && std::ranges::count(candidates, from) > 0;
-    const xcb_window_t next = stays ? from : nextInRing(ring(), from, m_isBackwards, candidates);
+    const xcb_window_t next = stays ? from : nextInRing(ring(), from, m_steps, candidates);
     if (next == XCB_NONE) {
         return; // it is just being drawn
     }
-    m_hasStepped = false;
+    m_steps = 0;
     m_outline = sight.outline;
     select(next, sight.list.isEmpty() ? sight.outline : sight.list);
 }
@@ -189,16 +189,16 @@ SwitcherModel::Windows SwitcherModel::ring() const
 {
     Windows result;
     const std::vector<x11::TrackedWindowPtr> windows = m_tracker.windows();
-    for (const xcb_window_t window : m_recent) {
-        if (m_tracker.window(window)) {
-            result.push_back(window);
-        }
-    }
+    const int desktop = m_tracker.currentDesktop();
     for (const x11::TrackedWindowPtr& window : windows) {
-        if (isApplicationWindow(*window) && std::ranges::count(result, window->id) == 0) {
+        const bool isHere = window->desktop < 0 || window->desktop == desktop;
+        if (isApplicationWindow(*window) && !window->skipTaskbar && isHere) {
             result.push_back(window->id);
         }
     }
+    std::ranges::stable_sort(result, {}, [this](xcb_window_t window) {
+        return std::ranges::find(m_recent, window) - m_recent.begin();
+    });
     return result;
 }
 

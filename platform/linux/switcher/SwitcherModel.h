@@ -83,8 +83,7 @@ private:
     Windows m_recent; ///< the last one that was active first
     bool m_isUp = false;
     bool m_isCancelled = false;
-    bool m_hasStepped = false; ///< since the last choice
-    bool m_isBackwards = false;
+    int m_steps = 0; ///< keys since the last choice, those backwards against those forwards
     QRect m_outline; ///< of the last choice
 
     mutable std::mutex m_mutex;

@@ -23,6 +23,9 @@ void selectXInput(xcb_connection_t* c, xcb_window_t window, std::uint32_t events
     xcb_input_xi_select_events(c, window, 1, &request.head);
 }
 
+constexpr xcb_keysym_t leftShiftKey = 0xffe1;
+constexpr xcb_keysym_t rightShiftKey = 0xffe2;
+
 bool isWheel(std::uint32_t button) { return button >= 4 && button <= 7; }
 
 } // namespace
@@ -40,8 +43,12 @@ void PointerWatch::hearKeys(bool on)
 {
     selectRaw(on);
     m_keyboard = nullptr;
+    m_keys.clear();
     if (!on)
         return;
+    const auto pointer = m_connection.reply(
+        xcb_query_pointer_reply, xcb_query_pointer(m_connection.get(), m_connection.root()));
+    m_isShiftDown = pointer && (pointer->mask & XCB_MOD_MASK_SHIFT);
     const xcb_setup_t& setup = *xcb_get_setup(m_connection.get());
     m_keyboard = m_connection.reply(
         xcb_get_keyboard_mapping_reply,
@@ -52,21 +59,21 @@ void PointerWatch::hearKeys(bool on)
 
 void PointerWatch::tellKeys()
 {
-    const std::vector<xcb_keycode_t> keys = std::exchange(m_keys, {});
-    const auto pointer = m_connection.reply(
-        xcb_query_pointer_reply, xcb_query_pointer(m_connection.get(), m_connection.root()));
-    if (!m_keyboard || !pointer)
+    const std::vector<Key> keys = std::exchange(m_keys, {});
+    if (!m_keyboard)
         return;
-    const bool withShift = (pointer->mask & XCB_MOD_MASK_SHIFT) != 0;
     const int first = xcb_get_setup(m_connection.get())->min_keycode;
-    for (const xcb_keycode_t key : keys) {
-        const int place = (key - first) * m_keyboard->keysyms_per_keycode;
+    for (const Key& key : keys) {
+        const int place = (key.code - first) * m_keyboard->keysyms_per_keycode;
         if (place < 0 || place >= xcb_get_keyboard_mapping_keysyms_length(m_keyboard.get()))
             continue;
         const xcb_keysym_t keysym =
             xcb_get_keyboard_mapping_keysyms(m_keyboard.get())[static_cast<std::size_t>(place)];
-        m_listeners.notify(
-            [&](WindowListener& listener) { listener.keyPressed(keysym, withShift); });
+        if (keysym == leftShiftKey || keysym == rightShiftKey)
+            m_isShiftDown = key.isDown;
+        if (key.isDown)
+            m_listeners.notify(
+                [&](WindowListener& listener) { listener.keyPressed(keysym, m_isShiftDown); });
     }
 }
 
@@ -75,7 +82,9 @@ void PointerWatch::selectRaw(bool withKeys) const
     const std::uint32_t always =
         XCB_INPUT_XI_EVENT_MASK_RAW_MOTION | XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_PRESS;
     selectXInput(m_connection.get(), m_connection.root(),
-                 withKeys ? always | XCB_INPUT_XI_EVENT_MASK_RAW_KEY_PRESS : always);
+                 withKeys ? always | XCB_INPUT_XI_EVENT_MASK_RAW_KEY_PRESS |
+                                XCB_INPUT_XI_EVENT_MASK_RAW_KEY_RELEASE
+                          : always);
 }
 
 void PointerWatch::windowAdded(const TrackedWindowPtr& window)
@@ -134,9 +143,12 @@ void PointerWatch::handleEvent(const xcb_generic_event_t& event)
             reinterpret_cast<const xcb_input_raw_button_press_event_t&>(event).detail;
         if (!isWheel(button))
             m_pressed.push_back(static_cast<int>(button));
-    } else if (generic.event_type == XCB_INPUT_RAW_KEY_PRESS) {
-        m_keys.push_back(static_cast<xcb_keycode_t>(
-            reinterpret_cast<const xcb_input_raw_key_press_event_t&>(event).detail));
+    } else if (generic.event_type == XCB_INPUT_RAW_KEY_PRESS ||
+               generic.event_type == XCB_INPUT_RAW_KEY_RELEASE) {
+        // Both have the same layout.
+        const auto& key = reinterpret_cast<const xcb_input_raw_key_press_event_t&>(event);
+        m_keys.push_back({static_cast<xcb_keycode_t>(key.detail),
+                          generic.event_type == XCB_INPUT_RAW_KEY_PRESS});
     }
 }
 

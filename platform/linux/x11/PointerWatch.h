@@ -44,7 +44,12 @@ private:
     const Listeners& m_listeners;
     bool m_hasMoved = true; ///< the position at the start is reported once
     std::vector<int> m_pressed;
-    std::vector<xcb_keycode_t> m_keys;
+    struct Key {
+        xcb_keycode_t code = 0;
+        bool isDown = false;
+    };
+    std::vector<Key> m_keys;
+    bool m_isShiftDown = false;                         ///< while keys are heard
     Reply<xcb_get_keyboard_mapping_reply_t> m_keyboard; ///< while keys are heard
     std::optional<QPoint> m_position;
     xcb_window_t m_child = XCB_NONE;

@@ -131,6 +131,15 @@ TEST_F(SwitcherModelTest, windowsInOnePlace_areToldApartByTheKeys)
     press(TabKey);
     press(TabKey, true);
     EXPECT_EQ(told(), (QStringList{u"Editor"_qs, u"Term"_qs, u"Editor"_qs}));
+    m_tracker.pressKey(TabKey); // onto the next one, and over another
+    m_tracker.pressKey(TabKey);
+    m_tracker.pressKey(TabKey);
+    m_loop.advance(0.1);
+    EXPECT_EQ(told(), QStringList());
+    m_tracker.pressKey(TabKey, true);
+    m_tracker.pressKey(TabKey, true);
+    m_loop.advance(0.1);
+    EXPECT_EQ(told(), QStringList{u"Term"_qs});
 }
 
 TEST_F(SwitcherModelTest, pickedWindow_comesUpAgain_whenTheSwitcherCloses)
