@@ -81,13 +81,6 @@ protected:
         ASSERT_TRUE(panel.has_value());
         display().moveTo(panel->geometry.center());
     }
-    std::vector<xcb_window_t> panelNumbers()
-    {
-        std::vector<xcb_window_t> result;
-        for (const Panel& panel : display().previews())
-            result.push_back(panel.id);
-        return result;
-    }
 };
 
 INSTANTIATE_TEST_SUITE_P(, SwitcherTest,
@@ -104,7 +97,6 @@ TEST_P(SwitcherTest, row_followsTheSelection_andGoesWithTheSwitcher)
     open();
     ASSERT_TRUE(shows(alpha));
     savePicture("opened");
-    const auto panels = panelNumbers();
     tab();
     tab();
     ASSERT_TRUE(shows(beta));

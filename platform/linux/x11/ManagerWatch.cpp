@@ -131,6 +131,7 @@ void ManagerWatch::fetchMapped()
         xcb_get_property_cookie_t name, type;
     };
     std::vector<Cookies> cookies;
+    cookies.reserve(windows.size());
     xcb_connection_t* c = m_connection.get();
     for (const xcb_window_t window : windows) {
         cookies.push_back({xcb_get_geometry(c, window),
