@@ -251,7 +251,7 @@ private:
                 fault(u"a preview of an application that has quit"_s);
         }
         const auto isShown = [](const MAWindow* panel) { return panel && panel->isVisible(); };
-        for (const ScreenyViewPtr& each : engine().cache().cacheArray()) {
+        for (const ScreenyViewPtr& each : engine().row().cache().cacheArray()) {
             if (isShown(each->window()) || isShown(each->zoomWindow()))
                 fault(u"an idle preview is on screen"_s);
         }
