@@ -135,7 +135,7 @@ std::optional<RunningApplication> SWElement::runningAppForProccessListIcon(const
         return std::nullopt;
     // One that says which application it stands for need not be on the Dock, nor be the only one
     // of that name.
-    if (const auto application = wrapped(icon)->runningApplicationForDockElement())
+    if (auto application = wrapped(icon)->runningApplicationForDockElement())
         return application;
     for (const SWElementPtr& item : runningApps().value_or(std::vector<SWElementPtr>{})) {
         if (titleForElement(item->element()) == title && checkIfAppIsRunning(item->element()))
