@@ -3,11 +3,11 @@
 
 #include "platform/linux/docks/AccessibleBus.h"
 
-#include <QtDBus/QDBusArgument>
-#include <QtDBus/QDBusObjectPath>
 #include <QtDBus/QDBusPendingCallWatcher>
 
 #include <algorithm>
+
+#include "platform/linux/docks/AccessibleQuestions.h"
 
 namespace lumbrix::platform
 {
@@ -57,26 +57,6 @@ QString freshConnectionName()
 }
 
 } // namespace
-
-std::vector<AccessibleRef> accessibleRefs(const QDBusMessage& reply, std::size_t maximum)
-{
-    std::vector<AccessibleRef> result;
-    if (reply.type() != QDBusMessage::ReplyMessage || reply.signature() != u"a(so)") {
-        return result;
-    }
-    const auto list = reply.arguments().constFirst().value<QDBusArgument>();
-    list.beginArray();
-    while (!list.atEnd() && result.size() < maximum) {
-        QString bus;
-        QDBusObjectPath path;
-        list.beginStructure();
-        list >> bus >> path;
-        list.endStructure();
-        result.push_back({bus, path.path()});
-    }
-    list.endArray(); // also before its end: else the message would stay in memory
-    return result;
-}
 
 AccessibleBus::AccessibleBus(const QDBusConnection& session)
     : m_session(session), m_bus(QDBusConnection(QString()))

@@ -88,7 +88,4 @@ private:
     std::set<QString> m_registered; ///< programs that were asked to tell
 };
 
-/// The references in an answer, at most so many; none when it is something else.
-std::vector<AccessibleRef> accessibleRefs(const QDBusMessage& reply, std::size_t maximum);
-
 } // namespace lumbrix::platform

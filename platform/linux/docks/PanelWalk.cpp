@@ -4,11 +4,11 @@
 #include "platform/linux/docks/PanelWalk.h"
 
 #include <QtDBus/QDBusArgument>
-#include <QtDBus/QDBusVariant>
 
 #include <algorithm>
 #include <cstdlib>
 
+#include "platform/linux/docks/AccessibleQuestions.h"
 #include "platform/linux/docks/IconGeometry.h"
 
 namespace lumbrix::platform
@@ -22,7 +22,6 @@ constexpr int MaximalDepth = 12;
 constexpr std::size_t MaximalWindows = 64;
 constexpr std::size_t MaximalChildren = 300;
 constexpr std::size_t MaximalElements = 1500;
-constexpr int MaximalName = 4096; ///< characters, as of windows' titles
 constexpr int MaximalScale = 4;
 constexpr int MaximalCoordinate = 1 << 17;
 
@@ -39,16 +38,13 @@ bool isWindowButton(std::uint32_t role)
     return role == ToggleButton || role == CheckBox || role == RadioButton;
 }
 
-QDBusMessage question(const AccessibleRef& element, const char* interface, const char* method)
-{
-    return QDBusMessage::createMethodCall(element.bus, element.path, QString::fromLatin1(interface),
-                                          QString::fromLatin1(method));
-}
-
 QDBusMessage extentsQuestion(const AccessibleRef& element)
 {
     constexpr quint32 onTheScreen = 0;
-    return question(element, "org.a11y.atspi.Component", "GetExtents") << onTheScreen;
+    return QDBusMessage::createMethodCall(element.bus, element.path,
+                                          QStringLiteral("org.a11y.atspi.Component"),
+                                          QStringLiteral("GetExtents"))
+           << onTheScreen;
 }
 
 /// Null for what is not shown: that has a place far off.
@@ -78,8 +74,8 @@ std::optional<QRect> extentsIn(const QDBusMessage& reply)
 
 PanelWalk::PanelWalk(AccessibleBus& bus, const QString& application, std::vector<DockWindow> panels,
                      AccessibleRoles roles, Done done)
-    : m_bus(bus), m_root{application, QStringLiteral("/org/a11y/atspi/accessible/root")},
-      m_panels(std::move(panels)), m_knownRoles(std::move(roles)), m_done(std::move(done))
+    : m_bus(bus), m_root(accessibleRoot(application)), m_panels(std::move(panels)),
+      m_knownRoles(std::move(roles)), m_done(std::move(done))
 {
 }
 
@@ -87,13 +83,12 @@ PanelWalk::~PanelWalk() { *m_alive = false; }
 
 void PanelWalk::start()
 {
-    ask(question(m_root, "org.a11y.atspi.Accessible", "GetChildren"),
-        [this](const QDBusMessage& reply) {
-            m_result.isAnswered = reply.type() == QDBusMessage::ReplyMessage;
-            for (const AccessibleRef& window : accessibleRefs(reply, MaximalWindows)) {
-                lookAtWindow(window);
-            }
-        });
+    ask(childrenQuestion(m_root), [this](const QDBusMessage& reply) {
+        m_result.isAnswered = reply.type() == QDBusMessage::ReplyMessage;
+        for (const AccessibleRef& window : accessibleRefs(reply, MaximalWindows)) {
+            lookAtWindow(window);
+        }
+    });
 }
 
 // A program with much to tell is asked little by little: it has other things to do.
@@ -166,27 +161,25 @@ void PanelWalk::lookInto(const AccessibleRef& container, const Panel& panel, int
     if (depth >= MaximalDepth) {
         return;
     }
-    ask(question(container, "org.a11y.atspi.Accessible", "GetChildren"),
-        [this, container, panel, depth](const QDBusMessage& reply) {
-            const std::vector<AccessibleRef> children = accessibleRefs(reply, MaximalChildren);
-            const List list{.ref = container, .size = children.size(), .depth = depth};
-            for (const AccessibleRef& child : children) {
-                if (m_seen.size() >= MaximalElements || !m_seen.insert(child).second) {
-                    continue;
-                }
-                const auto known = m_knownRoles.find(child);
-                if (known != m_knownRoles.end()) {
-                    lookAt(child, known->second, list, panel);
-                    continue;
-                }
-                ask(question(child, "org.a11y.atspi.Accessible", "GetRole"),
-                    [this, child, list, panel](const QDBusMessage& answer) {
-                        if (answer.signature() == u"u") {
-                            lookAt(child, answer.arguments().constFirst().toUInt(), list, panel);
-                        }
-                    });
+    ask(childrenQuestion(container), [this, container, panel, depth](const QDBusMessage& reply) {
+        const std::vector<AccessibleRef> children = accessibleRefs(reply, MaximalChildren);
+        const List list{.ref = container, .size = children.size(), .depth = depth};
+        for (const AccessibleRef& child : children) {
+            if (m_seen.size() >= MaximalElements || !m_seen.insert(child).second) {
+                continue;
             }
-        });
+            const auto known = m_knownRoles.find(child);
+            if (known != m_knownRoles.end()) {
+                lookAt(child, known->second, list, panel);
+                continue;
+            }
+            ask(roleQuestion(child), [this, child, list, panel](const QDBusMessage& answer) {
+                if (const auto role = roleIn(answer)) {
+                    lookAt(child, *role, list, panel);
+                }
+            });
+        }
+    });
 }
 
 void PanelWalk::lookAt(const AccessibleRef& element, std::uint32_t role, const List& list,
@@ -209,16 +202,14 @@ void PanelWalk::readButton(const AccessibleRef& element, const List& list, const
         }
         const QRect place((extents->topLeft() - panel.corner) * panel.scale,
                           extents->size() * panel.scale);
-        QDBusMessage get = question(element, "org.freedesktop.DBus.Properties", "Get");
-        get << QStringLiteral("org.a11y.atspi.Accessible") << QStringLiteral("Name");
-        ask(get, [this, element, list, panel, place](const QDBusMessage& answer) {
-            if (answer.signature() != u"v") {
+        ask(nameQuestion(element), [this, element, list, panel, place](const QDBusMessage& answer) {
+            const std::optional<QString> name = nameIn(answer);
+            if (!name) {
                 return;
             }
-            const auto name = answer.arguments().constFirst().value<QDBusVariant>().variant();
             m_result.panels[panel.id].push_back({.ref = element,
                                                  .list = list.ref,
-                                                 .name = name.toString().left(MaximalName),
+                                                 .name = *name,
                                                  .place = place,
                                                  .siblings = list.size});
         });

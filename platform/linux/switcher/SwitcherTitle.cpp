@@ -3,11 +3,11 @@
 
 #include "platform/linux/switcher/SwitcherTitle.h"
 
-#include <QtDBus/QDBusVariant>
-
 #include <algorithm>
 #include <memory>
 #include <utility>
+
+#include "platform/linux/docks/AccessibleQuestions.h"
 
 namespace lumbrix::platform
 {
@@ -17,18 +17,6 @@ namespace
 
 constexpr int MaximalDepth = 6;
 constexpr std::size_t MaximalElements = 256; ///< of one generation
-constexpr int MaximalText = 4096;            ///< characters, as of windows' titles
-
-const QString& accessible()
-{
-    static const QString name = QStringLiteral("org.a11y.atspi.Accessible");
-    return name;
-}
-
-QDBusMessage question(const AccessibleRef& element, const QString& method)
-{
-    return QDBusMessage::createMethodCall(element.bus, element.path, accessible(), method);
-}
 
 } // namespace
 
@@ -108,7 +96,7 @@ void SwitcherTitle::step()
     } else if (m_element) {
         readName();
     } else {
-        search({{m_name, QStringLiteral("/org/a11y/atspi/accessible/root")}}, 0);
+        search({accessibleRoot(m_name)}, 0);
     }
 }
 
@@ -121,15 +109,14 @@ void SwitcherTitle::search(const Elements& parents, int depth)
     const auto level = std::make_shared<Level>();
     level->missing = parents.size();
     for (const AccessibleRef& parent : parents) {
-        call(question(parent, QStringLiteral("GetChildren")),
-             [this, level, depth](const QDBusMessage& reply) {
-                 const Elements children = accessibleRefs(reply, MaximalElements);
-                 level->found.insert(level->found.end(), children.begin(), children.end());
-                 if (--level->missing == 0) {
-                     level->found.resize(std::min(level->found.size(), MaximalElements));
-                     readRoles(level->found, depth);
-                 }
-             });
+        call(childrenQuestion(parent), [this, level, depth](const QDBusMessage& reply) {
+            const Elements children = accessibleRefs(reply, MaximalElements);
+            level->found.insert(level->found.end(), children.begin(), children.end());
+            if (--level->missing == 0) {
+                level->found.resize(std::min(level->found.size(), MaximalElements));
+                readRoles(level->found, depth);
+            }
+        });
     }
 }
 
@@ -142,10 +129,9 @@ void SwitcherTitle::readRoles(const Elements& elements, int depth)
     const auto level = std::make_shared<Level>();
     level->missing = elements.size();
     for (const AccessibleRef& element : elements) {
-        call(question(element, QStringLiteral("GetRole")),
+        call(roleQuestion(element),
              [this, level, element, elements, depth](const QDBusMessage& reply) {
-                 if (reply.signature() == u"u" &&
-                     reply.arguments().constFirst().toUInt() == m_question->role) {
+                 if (roleIn(reply) == m_question->role) {
                      level->wanted = level->wanted.value_or(element);
                  }
                  if (--level->missing > 0) {
@@ -159,18 +145,12 @@ void SwitcherTitle::readRoles(const Elements& elements, int depth)
 
 void SwitcherTitle::readName()
 {
-    QDBusMessage get = QDBusMessage::createMethodCall(
-        m_element->bus, m_element->path, QStringLiteral("org.freedesktop.DBus.Properties"),
-        QStringLiteral("Get"));
-    get << accessible() << QStringLiteral("Name");
-    call(get, [this](const QDBusMessage& reply) {
-        if (reply.signature() != u"v") {
+    call(nameQuestion(*m_element), [this](const QDBusMessage& reply) {
+        const std::optional<QString> name = nameIn(reply);
+        if (!name) {
             m_element.reset(); // it has gone, and another is looked for the next time
-            finish(QString());
-            return;
         }
-        const auto name = reply.arguments().constFirst().value<QDBusVariant>().variant();
-        finish(name.toString().left(MaximalText));
+        finish(name.value_or(QString()));
     });
 }
 
