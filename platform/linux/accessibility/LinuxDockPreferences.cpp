@@ -19,20 +19,7 @@ DockStatePtr LinuxDockPreferences::dockOf(const ElementRef& item) const
 std::optional<QString> LinuxDockPreferences::orientation(const ElementRef& item)
 {
     const DockStatePtr dock = dockOf(item);
-    if (!dock) {
-        return std::nullopt;
-    }
-    switch (dock->edge) {
-    case DockEdge::Left:
-        return QStringLiteral("left");
-    case DockEdge::Right:
-        return QStringLiteral("right");
-    case DockEdge::Top:
-        return QStringLiteral("top");
-    case DockEdge::Bottom:
-        break;
-    }
-    return QStringLiteral("bottom");
+    return dock ? std::optional(edgeName(dock->edge)) : std::nullopt;
 }
 
 std::optional<int> LinuxDockPreferences::magnification(const ElementRef& item)

@@ -22,13 +22,6 @@ RequestError invalid(const QString& message) { return {Kind::InvalidArguments, m
 
 RequestError nothingToShow(const QString& message) { return {Kind::NothingToShow, message}; }
 
-constexpr std::pair<QLatin1String, DockEdge> edges[] = {
-    {QLatin1String("bottom"), DockEdge::Bottom},
-    {QLatin1String("top"), DockEdge::Top},
-    {QLatin1String("left"), DockEdge::Left},
-    {QLatin1String("right"), DockEdge::Right},
-};
-
 /// What the protocol of the display can say; beyond, sums do not fit any more.
 bool isRootCoordinate(int value)
 {
@@ -53,13 +46,12 @@ std::optional<RequestError> PlaceRequests::readPlace(const RequestedPlace& place
                              [&rect](const QRect& screen) { return screen.intersects(rect); })) {
         return invalid(QStringLiteral("the rectangle is on no monitor"));
     }
-    const auto* edge =
-        std::ranges::find(edges, place.edge, &std::pair<QLatin1String, DockEdge>::first);
-    if (edge == std::end(edges)) {
+    const std::optional<DockEdge> edge = edgeNamed(place.edge);
+    if (!edge) {
         return invalid(
             QStringLiteral("the edge is none of \"bottom\", \"top\", \"left\" and \"right\""));
     }
-    state.edge = edge->second;
+    state.edge = *edge;
     state.items.resize(1);
     state.items.front().rect = rect;
     state.items.front().magnified = rect;

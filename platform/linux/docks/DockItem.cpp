@@ -5,9 +5,35 @@
 
 #include <algorithm>
 #include <atomic>
+#include <iterator>
+#include <utility>
 
 namespace lumbrix::platform
 {
+
+namespace
+{
+
+constexpr std::pair<QLatin1String, DockEdge> edges[] = {
+    {QLatin1String("left"), DockEdge::Left},
+    {QLatin1String("right"), DockEdge::Right},
+    {QLatin1String("top"), DockEdge::Top},
+    {QLatin1String("bottom"), DockEdge::Bottom},
+};
+
+} // namespace
+
+QString edgeName(DockEdge edge)
+{
+    const auto* known = std::ranges::find(edges, edge, &std::pair<QLatin1String, DockEdge>::second);
+    return known->first;
+}
+
+std::optional<DockEdge> edgeNamed(const QString& name)
+{
+    const auto* known = std::ranges::find(edges, name, &std::pair<QLatin1String, DockEdge>::first);
+    return known != std::end(edges) ? std::optional(known->second) : std::nullopt;
+}
 
 DockItemId newDockItemId()
 {

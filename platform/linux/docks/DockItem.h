@@ -24,6 +24,11 @@ inline bool isHorizontal(DockEdge edge)
     return edge == DockEdge::Top || edge == DockEdge::Bottom;
 }
 
+/// "left", "right", "top" or "bottom".
+QString edgeName(DockEdge edge);
+/// Null for any other name.
+std::optional<DockEdge> edgeNamed(const QString& name);
+
 /// Identity of an item while the program runs; 0 = none.
 using DockItemId = std::uint64_t;
 /// Never gives the same number twice. Any thread.
