@@ -52,11 +52,17 @@ QStringList outputsOf(const Connection& connection)
     return names;
 }
 
+/// The environment does.
+bool saysWayland(const SessionSigns& signs)
+{
+    return signs.sessionType == QLatin1String("wayland") || !signs.waylandDisplay.isEmpty();
+}
+
 } // namespace
 
 bool isOfWaylandSession(const SessionSigns& signs)
 {
-    if (signs.sessionType != QLatin1String("wayland") && signs.waylandDisplay.isEmpty())
+    if (!saysWayland(signs))
         return false;
     return signs.hasExtension || std::ranges::any_of(signs.outputs, [](const QString& name) {
                return name.startsWith(QLatin1String("XWAYLAND"));
@@ -65,9 +71,15 @@ bool isOfWaylandSession(const SessionSigns& signs)
 
 bool isOfWaylandSession(const Connection& connection)
 {
-    return isOfWaylandSession({qEnvironmentVariable("XDG_SESSION_TYPE"),
-                               qEnvironmentVariable("WAYLAND_DISPLAY"),
-                               hasExtension(connection, "XWAYLAND"), outputsOf(connection)});
+    SessionSigns signs{qEnvironmentVariable("XDG_SESSION_TYPE"),
+                       qEnvironmentVariable("WAYLAND_DISPLAY"),
+                       false,
+                       {}};
+    if (!saysWayland(signs))
+        return false; // as on most desktops, which need not be asked
+    signs.hasExtension = hasExtension(connection, "XWAYLAND");
+    signs.outputs = outputsOf(connection);
+    return isOfWaylandSession(signs);
 }
 
 } // namespace lumbrix::platform::x11

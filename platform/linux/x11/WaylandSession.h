@@ -24,7 +24,7 @@ struct SessionSigns {
 /// Both have to say so: a nested X server has all windows of its own desktop, and an Xwayland that
 /// somebody runs outside of such a session has, too.
 bool isOfWaylandSession(const SessionSigns& signs);
-/// The same of this server and the environment. Asks the server.
+/// The same of this server and the environment. Asks the server where the environment says so.
 bool isOfWaylandSession(const Connection& connection);
 
 } // namespace lumbrix::platform::x11
