@@ -72,8 +72,6 @@ LXHandler::~LXHandler()
 {
     m_companions.windowCountBadger->tearDown();
     SWElement::setFilterLevels(nullptr);
-    m_hovered.cancelHoverAtRest();
-    m_hovered.cancelDelayed();
 }
 
 void LXHandler::setUp()

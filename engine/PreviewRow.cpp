@@ -98,21 +98,10 @@ std::vector<ScreenyViewPtr> PreviewRow::take()
 void PreviewRow::bringOut()
 {
     m_pictures.loadMissing();
-    for (const ScreenyViewPtr& preview : m_previews) {
-        preview->orderFront();
-        preview->setShortcut();
-        preview->showSpaces();
-    }
-    m_pictures.showWhenComplete();
-}
-
-void PreviewRow::bringOutAgain()
-{
-    m_pictures.loadMissing();
     const auto previews = m_previews;
     for (const ScreenyViewPtr& preview : previews) {
-        // Place and size of the numbers depend on the panels', which have just changed, also those
-        // of the previews that were there before.
+        // Place and size of the numbers depend on the panels', which may have just changed, also
+        // those of previews that were there before.
         preview->showSpaces();
         preview->setShortcut();
         preview->orderFront();

@@ -53,8 +53,6 @@ public:
 
     /// Puts previews that are new or have moved onto the screen, when all have their pictures.
     void bringOut();
-    /// The same for a row that was there before.
-    void bringOutAgain();
     /// Empties it. Panels stay on screen until the next pass of the loop, so that a row built at
     /// once from the same panels replaces them without a flicker.
     void takeAwayWithTheNextPass();

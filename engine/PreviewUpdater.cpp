@@ -250,7 +250,7 @@ void PreviewUpdater::layOutAgain(const SWElementPtr& element, const Pass& pass)
         m.row.arranger().arrangeWindowsBottom(element, true);
     else
         m.row.arranger().arrangeWindows(element, true);
-    m.row.bringOutAgain();
+    m.row.bringOut();
     m.companions.hotKeyCenter->toggleEventTap(true);
 }
 
