@@ -101,9 +101,12 @@ void PreviewRow::bringOut()
     const auto previews = m_previews;
     for (const ScreenyViewPtr& preview : previews) {
         // Place and size of the numbers depend on the panels', which may have just changed, also
-        // those of previews that were there before.
-        preview->showSpaces();
-        preview->setShortcut();
+        // those of previews that were there before. A calendar's lines have their panel to
+        // themselves.
+        if (!preview->iCal()) {
+            preview->showSpaces();
+            preview->setShortcut();
+        }
         preview->orderFront();
     }
     m_pictures.showWhenComplete();

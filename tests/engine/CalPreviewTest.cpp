@@ -324,6 +324,18 @@ TEST_F(CalPreviewTest, click_raisesTheCalendarOrStartsIt)
     loop.advance(0.1);
     EXPECT_FALSE(preview(0).image().isNull());
     EXPECT_TRUE(preview(0).window()->findChild<QWidget*>(u"image"_s)->isHidden());
+    // Beside an icon that has moved, the lines still have their panel to themselves.
+    settings().showFastKeys = true;
+    settings().showSpaces = 1;
+    const QPointF place = preview(0).window()->frame().topLeft();
+    desk.with([](SimulatedState& state) {
+        for (auto& item : state.dockItems)
+            item.frame.translate(20, 0);
+    });
+    desk.tellDockItemsChanged();
+    loop.runUntilIdle();
+    EXPECT_EQ(preview(0).window()->frame().topLeft(), place + QPointF(20, 0));
+    EXPECT_EQ(numbers(), u""_s);
     desk.addWindow(add(u"Editor"_s, 1), {u"In front"_s});
     preview(0).clickImage();
     loop.runUntilIdle();
