@@ -19,7 +19,7 @@
 
 #include "pictures/Quality.h"
 #include "pictures/TerminalDesk.h"
-#include "platform/PictureScaler.h"
+#include "platform/pictures/PictureScaler.h"
 #include "support/BareCopy.h"
 #include "support/Table.h"
 

@@ -11,6 +11,7 @@
 #include <mutex>
 #include <utility>
 
+#include "engine/CalendarChoice.h"
 #include "engine/HitTest.h"
 #include "engine/HoverRules.h"
 #include "engine/LXHandler.h"
@@ -19,7 +20,6 @@
 #include "platform/CalendarStore.h"
 #include "platform/Desktop.h"
 #include "platform/WallClock.h"
-#include "preview/CalendarPicker.h"
 #include "preview/EventLine.h"
 
 namespace lumbrix
@@ -39,7 +39,7 @@ constexpr QSizeF surroundings(30, 40);
 platform::CalendarEvents eventsToCome()
 {
     QStringList calendars;
-    for (const platform::Calendar& calendar : CalendarPicker::getAllowedCalendars())
+    for (const platform::Calendar& calendar : CalendarChoice::getAllowedCalendars())
         calendars << calendar.uid;
     return platform::desktop().calendarStore.events(platform::desktop().wallClock.now(),
                                                     CalPreview::nextDate(), calendars);

@@ -7,7 +7,7 @@
 
 #include <algorithm>
 
-#include "platform/PictureScaler.h"
+#include "platform/pictures/PictureScaler.h"
 #include "preview/RoundedPicture.h"
 
 namespace lumbrix

@@ -5,7 +5,7 @@
 
 #include <QtGui/QPainter>
 
-#include "platform/PictureScaler.h"
+#include "platform/pictures/PictureScaler.h"
 
 namespace lumbrix
 {

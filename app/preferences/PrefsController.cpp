@@ -25,7 +25,7 @@
 #include "platform/Desktop.h"
 #include "platform/InputState.h"
 #include "platform/KeyboardLayout.h"
-#include "preview/CalendarPicker.h"
+#include "app/preferences/CalendarPicker.h"
 #include "preview/InterfaceFile.h"
 
 namespace lumbrix

@@ -3,7 +3,7 @@
 
 #include "platform/linux/x11/WindowPictures.h"
 
-#include "platform/PictureScaler.h"
+#include "platform/pictures/PictureScaler.h"
 #include "platform/linux/x11/Connection.h"
 #include "platform/linux/x11/PointSpace.h"
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-#include "platform/PictureScaler.h"
+#include "platform/pictures/PictureScaler.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// Which calendars the calendar preview shows, and the sheet that lets the user switch some off.
+// The sheet that lets the user switch calendars off.
 #pragma once
 
 #include <QtCore/QObject>
@@ -18,8 +18,7 @@
 namespace lumbrix
 {
 
-/// Main thread. The calendars that are switched off are kept by uid in the settings, as
-/// "calendars", so a calendar that is new is shown.
+/// Main thread.
 class CalendarPicker final : public QObject
 {
     Q_OBJECT
@@ -30,10 +29,6 @@ public:
 
     explicit CalendarPicker(QObject* parent = nullptr);
     ~CalendarPicker() override;
-
-    /// Of the calendars that the store knows, in store order or that of the settings.
-    static std::vector<platform::Calendar> getDisabledCalendars();
-    static std::vector<platform::Calendar> getAllowedCalendars();
 
     /// Opens the sheet on that window, with what is known, and again with what the store reads
     /// then. Does not wait for the user. Raises it when it is open already.

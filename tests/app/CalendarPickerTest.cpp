@@ -1,11 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-#include "preview/CalendarPicker.h"
+#include "app/preferences/CalendarPicker.h"
 
 #include <QtTest/QTest>
 #include <QtWidgets/QPushButton>
 
+#include "engine/CalendarChoice.h"
 #include "tests/support/DesktopFixture.h"
 
 namespace lumbrix::test
@@ -86,9 +87,9 @@ TEST_F(CalendarPickerTest, boxes_clickedAndTyped_switchCalendarsOff)
     finish();
     EXPECT_EQ(saved(), QStringList{u"w"_s});
     EXPECT_FALSE(desk.userDefaults().hasUnsavedChanges());
-    ASSERT_EQ(CalendarPicker::getAllowedCalendars().size(), 2U);
-    EXPECT_EQ(CalendarPicker::getAllowedCalendars()[0].uid, u"h"_s);
-    EXPECT_EQ(CalendarPicker::getDisabledCalendars()[0].uid, u"w"_s);
+    ASSERT_EQ(CalendarChoice::getAllowedCalendars().size(), 2U);
+    EXPECT_EQ(CalendarChoice::getAllowedCalendars()[0].uid, u"h"_s);
+    EXPECT_EQ(CalendarChoice::getDisabledCalendars()[0].uid, u"w"_s);
 }
 
 TEST_F(CalendarPickerTest, calendarsThatComeLateOrNotAtAll_loseNoChoice)

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-#include "platform/PictureScaler.h"
+#include "platform/pictures/PictureScaler.h"
 
-#include "platform/Lanes.h"
+#include "platform/pictures/Lanes.h"
 
 #include <algorithm>
 #include <cstdint>

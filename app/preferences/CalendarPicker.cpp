@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-#include "preview/CalendarPicker.h"
+#include "app/preferences/CalendarPicker.h"
 
 #include <QtCore/QAbstractTableModel>
 #include <QtWidgets/QHeaderView>
@@ -10,8 +10,8 @@
 
 #include <algorithm>
 
+#include "engine/CalendarChoice.h"
 #include "platform/Desktop.h"
-#include "platform/UserDefaults.h"
 #include "platform/WallClock.h"
 #include "preview/DisplayText.h"
 #include "preview/InterfaceFile.h"
@@ -26,17 +26,6 @@ using platform::CalendarError;
 
 constexpr int checkboxColumnWidth = 30;
 constexpr int rowHeight = 22;
-
-QStringList disabledUIDs()
-{
-    return platform::desktop().userDefaults.arrayForKey(u"calendars"_qs).value_or(QStringList());
-}
-
-template <class Row> auto findUID(std::vector<Row>& rows, const QString& uid)
-{
-    return std::find_if(rows.begin(), rows.end(),
-                        [&uid](const Row& row) { return row.uid == uid; });
-}
 
 } // namespace
 
@@ -98,25 +87,6 @@ CalendarPicker::CalendarPicker(QObject* parent)
 
 CalendarPicker::~CalendarPicker() { delete m_calendarPicker; }
 
-std::vector<Calendar> CalendarPicker::getDisabledCalendars()
-{
-    std::vector<Calendar> known = platform::desktop().calendarStore.calendars().calendars;
-    std::vector<Calendar> disabled;
-    for (const QString& uid : disabledUIDs()) {
-        if (const auto calendar = findUID(known, uid); calendar != known.end())
-            disabled.push_back(*calendar);
-    }
-    return disabled;
-}
-
-std::vector<Calendar> CalendarPicker::getAllowedCalendars()
-{
-    std::vector<Calendar> calendars = platform::desktop().calendarStore.calendars().calendars;
-    for (const Calendar& disabled : getDisabledCalendars())
-        std::erase(calendars, disabled);
-    return calendars;
-}
-
 void CalendarPicker::showSheet(QWidget& preferencesWindow)
 {
     if (m_calendarPicker) {
@@ -162,7 +132,7 @@ void CalendarPicker::showSheet(QWidget& preferencesWindow)
 void CalendarPicker::generateDataStore()
 {
     QStringList disabled;
-    for (const Calendar& calendar : getDisabledCalendars())
+    for (const Calendar& calendar : CalendarChoice::getDisabledCalendars())
         disabled << calendar.uid;
     // What the user has changed on the sheet by now is what counts.
     for (std::size_t row = 0; row < m_calArray.size() && m_error != CalendarError::NotReady;
@@ -239,14 +209,12 @@ void CalendarPicker::saveDefaults()
             disabled << m_calArray[row].uid;
     }
     if (m_error == CalendarError::Failed) {
-        for (const QString& uid : disabledUIDs()) {
-            if (findUID(m_calArray, uid) == m_calArray.end())
+        for (const QString& uid : CalendarChoice::disabledUIDs()) {
+            if (std::ranges::find(m_calArray, uid, &Calendar::uid) == m_calArray.end())
                 disabled << uid;
         }
     }
-    platform::UserDefaults& defaults = platform::desktop().userDefaults;
-    defaults.setArray(disabled, u"calendars"_qs);
-    defaults.synchronize();
+    CalendarChoice::setDisabledUIDs(disabled);
 }
 
 void CalendarPicker::endPicking()

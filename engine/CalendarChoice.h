@@ -1,0 +1,26 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// Which calendars the user wants to see.
+#pragma once
+
+#include <QtCore/QStringList>
+
+#include <vector>
+
+#include "platform/CalendarStore.h"
+
+/// Main thread. What is switched off is kept by uid in the settings, as "calendars", so a calendar
+/// that is new is shown.
+namespace lumbrix::CalendarChoice
+{
+
+/// As they are in the settings, also those of calendars that the store does not know.
+QStringList disabledUIDs();
+/// Of the calendars that the store knows, in the order of the settings.
+std::vector<platform::Calendar> getDisabledCalendars();
+/// Of the calendars that the store knows, in its order.
+std::vector<platform::Calendar> getAllowedCalendars();
+void setDisabledUIDs(const QStringList& uids);
+
+} // namespace lumbrix::CalendarChoice
