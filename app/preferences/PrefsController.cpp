@@ -15,6 +15,7 @@
 
 #include "app/LumbrixController.h"
 #include "app/filters/IgnoreTable.h"
+#include "app/preferences/CalendarPicker.h"
 #include "app/preferences/ColorWell.h"
 #include "app/preferences/HotKeyRecorders.h"
 #include "app/preferences/NoteLabel.h"
@@ -25,7 +26,6 @@
 #include "platform/Desktop.h"
 #include "platform/InputState.h"
 #include "platform/KeyboardLayout.h"
-#include "app/preferences/CalendarPicker.h"
 #include "preview/InterfaceFile.h"
 
 namespace lumbrix

@@ -3,9 +3,9 @@
 
 #include "platform/linux/x11/WindowPictures.h"
 
-#include "platform/pictures/PictureScaler.h"
 #include "platform/linux/x11/Connection.h"
 #include "platform/linux/x11/PointSpace.h"
+#include "platform/pictures/PictureScaler.h"
 
 #include <xcb/composite.h>
 
