@@ -5,8 +5,8 @@
 
 #include <algorithm>
 #include <limits>
-#include <utility>
 
+#include "app/SettingsTable.h"
 #include "engine/LXHandler.h"
 #include "platform/Desktop.h"
 #include "platform/UserDefaults.h"
@@ -20,6 +20,14 @@ using platform::UserDefaults;
 using Limits = std::numeric_limits<std::int32_t>;
 
 QString key(const char* name) { return QString::fromLatin1(name); }
+
+void seed(UserDefaults& defaults, FirstStored when)
+{
+    for (const SettingRow& row : settingsTable()) {
+        if (row.stored == when)
+            defaults.setInteger(row.first, key(row.key));
+    }
+}
 
 /// A changed place or rule is seen at once; a changed size comes by its own action.
 void mirrorBadgeSettings(const UserDefaults& defaults, WindowCountBadger& badger)
@@ -42,12 +50,7 @@ bool seedFirstRun(UserDefaults& defaults)
     if (defaults.boolForKey(flag))
         return false;
     defaults.setBool(true, flag);
-    const std::pair<const char*, int> values[] = {
-        {"startAtLogin", 1},   {"showInDock", 1}, {"showInTab", 1},    {"windowWidth", 243},
-        {"windowHeight", 190}, {"spaceSize", 0},  {"showFastKeys", 1}, {"zoomWindows", 1},
-    };
-    for (const auto& [name, value] : values)
-        defaults.setInteger(value, key(name));
+    seed(defaults, FirstStored::AtFirstRun);
     defaults.setInteger(SWElement::checkIfAnyWindowIsOnOtherSpace() ? 1 : 0, key("showSpaces"));
     defaults.synchronize();
     return true;
@@ -59,14 +62,10 @@ bool seedBadgeRun(UserDefaults& defaults)
     if (defaults.boolForKey(flag))
         return false;
     defaults.setBool(true, flag);
-    defaults.setInteger(3, key("badgePosition"));
+    seed(defaults, FirstStored::AtBadgeRun);
     // Badges look wrong on icons that move by themselves.
     if (!LXHandler::isDockAutoHidingEnabled() && !LXHandler::isDockMagnificationEnabled())
         defaults.setInteger(1, key("badgeDock"));
-    defaults.setInteger(33, key("distanceFromDock"));
-    defaults.setInteger(1, key("previewStyle"));
-    defaults.setInteger(1, key("shouldBubbleWrap"));
-    defaults.setInteger(1, key("shouldShowCal"));
     defaults.synchronize();
     return true;
 }
@@ -79,41 +78,12 @@ std::int32_t integerSetting(const UserDefaults& defaults, const QString& name)
 
 void mirrorEngineSettings(const UserDefaults& defaults, EngineSettings& settings)
 {
-    const auto copyInteger = [&defaults](Setting<std::int32_t>& setting, const char* name) {
-        setting = integerSetting(defaults, key(name));
-    };
-    const auto copyFloat = [&defaults](Setting<float>& setting, const char* name) {
-        setting = defaults.floatForKey(key(name));
-    };
-
-    copyFloat(settings.distanceFromDock, "distanceFromDock");
-    copyFloat(settings.windowWidth, "windowWidth");
-    copyFloat(settings.windowHeight, "windowHeight");
-    copyInteger(settings.showInDock, "showInDock");
-    copyInteger(settings.showInTab, "showInTab");
-    copyInteger(settings.ignoreHidden, "ignoreHidden");
-    copyInteger(settings.ignoreMinimized, "ignoreMinimized");
-    copyInteger(settings.neverClose, "neverClose");
-    copyInteger(settings.showSpaces, "showSpaces");
-    copyInteger(settings.zoomWindows, "zoomWindows");
-    copyFloat(settings.exitDelay, "exitDelay");
-    copyInteger(settings.previewStyle, "previewStyle");
-    copyInteger(settings.spaceStyle, "spaceStyle");
-    copyInteger(settings.spaceSize, "spaceSize");
-    copyInteger(settings.hideControls, "hideControls");
-    copyInteger(settings.closeOnClick, "closeOnClick");
-    copyInteger(settings.ignoreOneWindow, "ignoreOneWindow");
-    copyInteger(settings.onlyIfPressed, "onlyIfPressed");
-    copyInteger(settings.onlyIfKeycode, "onlyIfKeycode");
-    copyInteger(settings.hidePreviews, "hidePreviews");
-    copyInteger(settings.hidePreviewsKeycode, "hidePreviewsKeycode");
-    copyInteger(settings.disabled, "disabled");
-    copyInteger(settings.showFastKeys, "showFastKeys");
-    copyInteger(settings.disableLivePreviews, "disableLivePreviews");
-    copyInteger(settings.tempDisableFilters, "tempDisableFilters");
-    copyInteger(settings.tempDisableFiltersKeycode, "tempDisableFiltersKeycode");
-    copyInteger(settings.showOthersInDockIcon, "showOthersInDockIcon");
-    copyInteger(settings.hideClose, "hideClose");
+    for (const SettingRow& row : settingsTable()) {
+        if (const auto* integer = std::get_if<Setting<std::int32_t> EngineSettings::*>(&row.field))
+            settings.*(*integer) = integerSetting(defaults, key(row.key));
+        else if (const auto* number = std::get_if<Setting<float> EngineSettings::*>(&row.field))
+            settings.*(*number) = defaults.floatForKey(key(row.key));
+    }
 }
 
 void mirrorSettings(const UserDefaults& defaults, LXHandler& handler)

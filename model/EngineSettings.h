@@ -29,9 +29,9 @@ private:
     std::atomic<T> m_value{};
 };
 
-/// Named as the user defaults they mirror. All start at zero, that is, off, until the controller
-/// fills them. Flags are on when non-zero; a "Keycode" is a modifier index (1 Option, 2 Control,
-/// 3 Shift, anything else Command).
+/// Named as the user defaults they mirror, each of which has a row in app/SettingsTable.cpp. All
+/// start at zero, that is, off, until the controller fills them. Flags are on when non-zero; a
+/// "Keycode" is a modifier index (1 Option, 2 Control, 3 Shift, anything else Command).
 struct EngineSettings {
     Setting<float> distanceFromDock; ///< points
     Setting<float> windowWidth;      ///< points

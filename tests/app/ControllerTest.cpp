@@ -1,11 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-#include <map>
+#include <set>
 #include <string>
 
 #include "app/Defaults.h"
 #include "app/LumbrixController.h"
+#include "app/SettingsTable.h"
 #include "badges/BadgeLook.h"
 #include "badges/WinNumberBadger.h"
 #include "engine/LXHandler.h"
@@ -134,59 +135,37 @@ TEST_F(ControllerTest, firstValues_followTheDesktopThatIsFound)
 
 TEST_F(ControllerTest, storedSetting_changesItsFieldOfTheEngineAndNoOther)
 {
-    using S = EngineSettings;
-    const std::pair<const char*, Setting<float> S::*> floats[] = {
-        {"distanceFromDock", &S::distanceFromDock},
-        {"windowWidth", &S::windowWidth},
-        {"windowHeight", &S::windowHeight},
-        {"exitDelay", &S::exitDelay}};
-    const std::pair<const char*, Setting<std::int32_t> S::*> integers[] = {
-        {"showInDock", &S::showInDock},
-        {"showInTab", &S::showInTab},
-        {"ignoreHidden", &S::ignoreHidden},
-        {"ignoreMinimized", &S::ignoreMinimized},
-        {"neverClose", &S::neverClose},
-        {"showSpaces", &S::showSpaces},
-        {"previewStyle", &S::previewStyle},
-        {"spaceStyle", &S::spaceStyle},
-        {"spaceSize", &S::spaceSize},
-        {"hideControls", &S::hideControls},
-        {"closeOnClick", &S::closeOnClick},
-        {"ignoreOneWindow", &S::ignoreOneWindow},
-        {"showOthersInDockIcon", &S::showOthersInDockIcon},
-        {"onlyIfPressed", &S::onlyIfPressed},
-        {"onlyIfKeycode", &S::onlyIfKeycode},
-        {"tempDisableFilters", &S::tempDisableFilters},
-        {"tempDisableFiltersKeycode", &S::tempDisableFiltersKeycode},
-        {"disableLivePreviews", &S::disableLivePreviews},
-        {"hidePreviews", &S::hidePreviews},
-        {"hidePreviewsKeycode", &S::hidePreviewsKeycode},
-        {"hideClose", &S::hideClose},
-        {"disabled", &S::disabled},
-        {"showFastKeys", &S::showFastKeys},
-        {"zoomWindows", &S::zoomWindows}};
-    static_assert(sizeof(S) == (std::size(floats) + std::size(integers)) * sizeof(Setting<float>));
-    const auto changed = [&](const SimulatedUserDefaults& stored) {
+    const auto value = [](const SettingField& field, const EngineSettings& settings) {
+        return std::visit(
+            [&settings](auto member) {
+                if constexpr (std::is_same_v<decltype(member), std::monostate>)
+                    return 0.0F;
+                else
+                    return static_cast<float>(settings.*member);
+            },
+            field);
+    };
+    std::set<std::string> keys;
+    std::set<std::string> mirrored;
+    for (const SettingRow& row : settingsTable()) {
+        EXPECT_TRUE(keys.insert(row.key).second) << row.key << " has two rows";
+        const bool isFloat = std::holds_alternative<Setting<float> EngineSettings::*>(row.field);
+        SimulatedUserDefaults stored;
+        if (isFloat)
+            stored.setFloat(7.5F, QLatin1String(row.key));
+        else
+            stored.setInteger(7, QLatin1String(row.key));
         EngineSettings settings;
         mirrorEngineSettings(stored, settings);
-        std::map<std::string, float> result;
-        for (const auto& [key, field] : floats)
-            result[key] = settings.*field;
-        for (const auto& [key, field] : integers)
-            result[key] = static_cast<float>(settings.*field);
-        std::erase_if(result, [](const auto& each) { return each.second == 0; });
-        return result;
-    };
-    for (const auto& [key, field] : floats) {
-        SimulatedUserDefaults stored;
-        stored.setFloat(7.5F, QLatin1String(key));
-        EXPECT_EQ(changed(stored), (std::map<std::string, float>{{key, 7.5F}}));
+        for (const SettingRow& other : settingsTable()) {
+            const bool isItself = &other == &row && row.field.index() != 0;
+            EXPECT_EQ(value(other.field, settings), isItself ? (isFloat ? 7.5F : 7.0F) : 0.0F)
+                << row.key << " in " << other.key;
+        }
+        if (row.field.index() != 0)
+            mirrored.insert(row.key);
     }
-    for (const auto& [key, field] : integers) {
-        SimulatedUserDefaults stored;
-        stored.setInteger(7, QLatin1String(key));
-        EXPECT_EQ(changed(stored), (std::map<std::string, float>{{key, 7.0F}}));
-    }
+    EXPECT_EQ(mirrored.size() * sizeof(Setting<float>), sizeof(EngineSettings));
 }
 
 TEST_F(ControllerTest, badges_areWhereAndAsTheSettingsSay)

@@ -13,6 +13,7 @@
 #include "app/HotKeyIdentifiers.h"
 #include "app/LumbrixController.h"
 #include "app/SenderTitles.h"
+#include "app/SettingsTable.h"
 #include "app/preferences/PrefsController.h"
 #include "app/preferences/SRRecorderControl.h"
 #include "app/preferences/SettingsBinding.h"
@@ -75,24 +76,40 @@ QChar mnemonicOf(const QString& text)
     return keys.isEmpty() ? QChar() : QChar(keys[0].key());
 }
 
-TEST_F(PreferencesTest, everySettingOfTheUser_isBoundToOneControl)
+QString range(double minimum, double maximum) { return u": %1 to %2"_s.arg(minimum).arg(maximum); }
+
+/// The values that a control stores.
+QString rangeOf(const QObject& control)
+{
+    if (const auto* slider = qobject_cast<const QSlider*>(&control)) {
+        const QVariant step = slider->property("settingsStep");
+        const double factor = step.isValid() ? step.toDouble() : 1;
+        return range(slider->minimum() * factor, slider->maximum() * factor);
+    }
+    const auto* box = qobject_cast<const QComboBox*>(&control);
+    if (!box)
+        return range(0, 1);
+    // In any order; those of the others are their places in the list.
+    const QStringList values = box->property("settingsValues").toString().split(u',');
+    const auto [first, last] = std::ranges::minmax(values);
+    return box->property("settingsValues").isValid() ? range(first.toInt(), last.toInt())
+                                                     : range(0, box->count() - 1);
+}
+
+TEST_F(PreferencesTest, everySettingOfTheUser_isBoundToOneControlWithItsRange)
 {
     open();
     QStringList bound;
     for (const SettingsBinding* binding : window()->findChildren<SettingsBinding*>())
-        bound << binding->key();
+        bound << binding->key() + rangeOf(*binding->parent());
+    QStringList wanted;
+    for (const SettingRow& row : settingsTable()) {
+        if (row.kind != SettingKind::Color) // the well has no binding
+            wanted << QLatin1String(row.key) + range(row.minimum, row.maximum);
+    }
     bound.sort();
-    QStringList wanted = u"hideIcon displayDelay dontDelayIfOpen monoChrome distanceFromDock "
-                         "windowWidth windowHeight showInDock showInTab ignoreHidden "
-                         "ignoreMinimized neverClose showSpaces zoomWindows exitDelay "
-                         "shouldShowCal previewStyle spaceStyle spaceSize hideControls "
-                         "closeOnClick ignoreOneWindow onlyIfPressed onlyIfKeycode hidePreviews "
-                         "hidePreviewsKeycode disabled showFastKeys disableLivePreviews "
-                         "tempDisableFilters tempDisableFiltersKeycode showOthersInDockIcon "
-                         "hideClose badgeDock badgePosition badgeOnlyIfMore badgeSizeExtra "
-                         "shouldBubbleWrap showIconInDock startAtLogin"_s.split(u' ');
     wanted.sort();
-    EXPECT_EQ(bound.join(u' '), wanted.join(u' '));
+    EXPECT_EQ(bound.join(u'\n'), wanted.join(u'\n'));
 
     QStringList titles;
     for (const QCheckBox* box : window()->findChildren<QCheckBox*>())
