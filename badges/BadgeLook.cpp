@@ -12,7 +12,7 @@ namespace lumbrix
 namespace
 {
 
-constexpr double largestSide = 78;
+constexpr double maxSide = 78;
 /// Below this nobody can read it.
 constexpr double smallestSide = 14;
 constexpr double itemShare = 2.75;
@@ -34,8 +34,8 @@ QSizeF badgeSize(const QSizeF& item, double extra)
     if (std::max(item.width(), item.height()) > longItem * breadth)
         size = QSizeF(breadth, breadth) / buttonShare;
     size = QSizeF(extra + size.width(), extra + size.height());
-    if (size.width() > largestSide || size.height() > largestSide)
-        return {largestSide, largestSide};
+    if (size.width() > maxSide || size.height() > maxSide)
+        return {maxSide, maxSide};
     return size.expandedTo({smallestSide, smallestSide});
 }
 

@@ -36,7 +36,7 @@ using namespace std::chrono_literals;
 constexpr QSize screenSize(1920, 1080);
 constexpr int warmUp = 100;
 constexpr std::size_t windowCount = 30;
-constexpr std::size_t mostWindows = 12; ///< of one application, so that all are previewed
+constexpr std::size_t maxWindows = 12; ///< of one application, so that all are previewed
 /// Longer than pictures are kept that nobody looks at.
 constexpr auto pictureLife = 40s;
 
@@ -174,7 +174,7 @@ private:
 
     void open(Application& application)
     {
-        if (application.windows().size() < mostWindows)
+        if (application.windows().size() < maxWindows)
             application.open(anyTitle(), anyColour(),
                              {{300 + pick(500), 200 + pick(300)}, anyPlace()});
     }

@@ -31,10 +31,10 @@ namespace
 
 using namespace Qt::StringLiterals;
 
-constexpr std::size_t mostPreviews = 15;
+constexpr std::size_t maxPreviews = 15;
 constexpr int warmUp = 500;
 constexpr int samples = 10;
-constexpr int mostFaultsPrinted = 20;
+constexpr int maxFaultsPrinted = 20;
 /// By then everything that was begun has been ended. The longest: half a second until a closed
 /// window's preview goes, and one more for which the row is then left alone.
 constexpr platform::Seconds settleTime = 1.8;
@@ -242,7 +242,7 @@ private:
     {
         ++m_checks;
         const auto& previews = engine().screenyViews();
-        if (previews.size() > mostPreviews)
+        if (previews.size() > maxPreviews)
             fault(u"%1 previews"_s.arg(previews.size()));
         for (const ScreenyViewPtr& each : previews) {
             if (!each->elementRef() || !each->window()->isVisible())
@@ -291,7 +291,7 @@ private:
         const SimulatedWindow* firstWindow = first ? state.window(first->wid()) : nullptr;
         if (hovered->kind == Item::Application) {
             expected = state.windowsOf(state.applicationAt(hovered->url)->pid);
-            count = std::min(expected.size(), mostPreviews);
+            count = std::min(expected.size(), maxPreviews);
             // Coming from the icon of one of its windows, that one's preview stays.
             if (previews.size() == 1 && firstWindow && firstWindow->isMinimized)
                 count = 1;
@@ -306,7 +306,7 @@ private:
     }
     void fault(const QString& what)
     {
-        if (++m_faults <= mostFaultsPrinted)
+        if (++m_faults <= maxFaultsPrinted)
             std::printf("WRONG at check %ld: %s, after%s\n", m_checks, qPrintable(what),
                         qPrintable(m_chance.last()));
     }

@@ -29,9 +29,9 @@ namespace
 
 using platform::CalendarError;
 
-constexpr int mostLines = 10;
+constexpr int maxLines = 10;
 constexpr float lineHeight = 17;
-constexpr float widestLine = 700;
+constexpr float maxLineWidth = 700;
 /// What the panel has beside, above and below its lines.
 constexpr QPointF firstLine(20, 21);
 constexpr QSizeF surroundings(30, 40);
@@ -159,7 +159,7 @@ void CalPreview::generateCalData(ScreenyView& preview)
     float width = 1;
     for (const QString& line : m_lines)
         width = std::max(width, static_cast<float>(EventLine::widthOf(line)));
-    width = std::min(width, widestLine);
+    width = std::min(width, maxLineWidth);
     MAWindow& panel = *preview.window();
     const auto count = static_cast<double>(m_lines.size());
     panel.setFrame(QRectF(panel.frame().topLeft(),
@@ -185,7 +185,7 @@ QStringList CalPreview::upcomingEvents()
 {
     QStringList lines;
     for (const platform::CalendarEvent& event : eventsToCome().events) {
-        if (lines.size() == mostLines)
+        if (lines.size() == maxLines)
             break;
         lines << humanTimeFromDate(event.start, event.end) + u' ' + event.title;
     }

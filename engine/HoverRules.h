@@ -16,7 +16,7 @@ namespace lumbrix
 {
 
 /// Building stops once this many previews are up.
-inline constexpr std::size_t mostPreviews = 15;
+inline constexpr std::size_t maxPreviews = 15;
 
 /// What a hovered Dock item stands for.
 enum class DockItemKind : std::uint8_t {
@@ -49,7 +49,7 @@ HoverVerdict verdictForPlace(const SWElementPtr& item);
 /// under this program's own icon, where it stands for other applications too and one window is as
 /// good as many, since a click on that icon brings none of them; or where windows were chosen.
 HoverVerdict verdictForWindows(const EngineSettings& settings, std::size_t count, bool areOthers);
-/// The same in the switcher, whose own key leaves no hand for another: none is asked for.
+/// The same in the switcher, where no key is asked for: its own keys are held already.
 HoverVerdict verdictInSwitcher(const EngineSettings& settings, std::size_t count);
 /// Whether what is not shown now comes up as soon as the user holds a key, or lets it go.
 bool waitsForKey(const EngineSettings& settings);

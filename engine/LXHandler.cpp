@@ -109,7 +109,7 @@ void LXHandler::setUp()
 void LXHandler::setFilters(const QVariantMap& filters)
 {
     m_filters.setFilters(filters);
-    // On a thread of its own: a busy application must not hold up whoever edits the levels.
+    // On a thread of its own: a busy application must not hold up the user who edits the levels.
     platform::desktop().runLoop.detachThread(
         "filter-scan", [this](const platform::Thread&) { m_inventory.windowScanner(); });
     if (isShowingPreviews())

@@ -20,10 +20,10 @@ namespace
 {
 
 /// Longer than copying a large window takes, and too short to be seen as a delay.
-constexpr platform::Seconds longestHold = 0.1;
+constexpr platform::Seconds maxHold = 0.1;
 
 /// While one waits for the pixels, another scales; more would only get in each other's way.
-constexpr int mostThreads = 2;
+constexpr int maxThreads = 2;
 
 } // namespace
 
@@ -47,7 +47,7 @@ public:
             return false;
         }
         m_tasks.push_back({window, limit, {std::move(done)}});
-        if (m_threads == mostThreads)
+        if (m_threads == maxThreads)
             return false;
         ++m_threads;
         return true;
@@ -138,7 +138,7 @@ void PictureLoader::showWhenComplete()
     }
     platform::RunLoop& runLoop = platform::desktop().runLoop;
     runLoop.cancelPreviousPerformRequests(this);
-    runLoop.performAfterDelay(this, longestHold, [this] { letGo(); });
+    runLoop.performAfterDelay(this, maxHold, [this] { letGo(); });
 }
 
 void PictureLoader::letGo()

@@ -78,7 +78,7 @@ void PreviewRow::append(const std::vector<SWElementPtr>& windows, const Applicat
 {
     for (const SWElementPtr& window : windows) {
         append(window, application, byTab);
-        if (m_previews.size() >= mostPreviews)
+        if (m_previews.size() >= maxPreviews)
             return;
     }
 }

@@ -210,7 +210,7 @@ void PreviewUpdater::addMissing(const std::vector<SWElementPtr>& windows,
 {
     for (const SWElementPtr& window : windows) {
         const auto& previews = m.row.previews();
-        if (previews.size() >= mostPreviews)
+        if (previews.size() >= maxPreviews)
             return;
         const bool isShown =
             std::any_of(previews.begin(), previews.end(), [&window](const ScreenyViewPtr& shown) {

@@ -11,7 +11,7 @@
 namespace lumbrix
 {
 
-/// Whoever needs one schedules it; whoever ends the row stops them all. Main thread.
+/// The part that needs one schedules it; the one that ends the row stops them all. Main thread.
 struct RowTimers {
     platform::TimerPtr exit;      ///< looks whether the mouse has left for good
     platform::TimerPtr exitDelay; ///< grants some time after that

@@ -103,8 +103,8 @@ public:
     /// The same, and what it ends at.
     WindowVerdict matchWindow(const platform::WindowList& windowList);
     /// Captures the window; a limit (pixels) reduces the picture to what just fits. Keeps nothing:
-    /// whoever shows the window makes it the screenshot, so that a picture that comes late does not
-    /// stay with a window that nobody looks at any more.
+    /// the part that shows the window makes it the screenshot, so that a picture that comes late
+    /// does not stay with a window that nobody looks at any more.
     WindowPicture grabWindow(QSize limit = {}) const;
     /// The same if no copying has to be waited for, else nothing.
     std::optional<WindowPicture> grabWindowAtHand(QSize limit) const;

@@ -19,7 +19,7 @@ namespace
 {
 
 /// More ancestors than any element has: some programs name themselves as their own.
-constexpr int mostAncestors = 64;
+constexpr int maxAncestors = 64;
 
 QString listOfSize(std::size_t count)
 {
@@ -52,7 +52,7 @@ QString filtered(const QString& text, const UIElementUtilities::TextFilter& filt
 void appendLineage(const ElementRef& element, int depth, std::vector<QString>& lineage)
 {
     const ElementRef parent = UIElementUtilities::parentOfUIElement(element);
-    if (parent && depth < mostAncestors)
+    if (parent && depth < maxAncestors)
         appendLineage(parent, depth + 1, lineage);
     lineage.push_back(elementInWords(element));
 }

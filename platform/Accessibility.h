@@ -93,7 +93,7 @@ public:
 };
 
 /// Observes one process; delivers on the main thread from the moment it was added to the run loop
-/// until it is destroyed. A Dock that ends while one of its items is selected tells of the end of
+/// until it is destroyed. A Dock that ends while one of its items is selected reports the end of
 /// that selection as of any other; its elements are invalid by then. Main thread only.
 class AXObserver
 {

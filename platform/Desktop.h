@@ -24,7 +24,7 @@ class WallClock;
 class WindowServer;
 class Workspace;
 
-/// References only; whoever installs it keeps the adapters alive.
+/// References only; the one that installs it keeps the adapters alive.
 struct Desktop {
     RunLoop& runLoop;
     Accessibility& accessibility;

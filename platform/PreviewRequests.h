@@ -23,7 +23,7 @@ public:
         NothingToShow, ///< no window that the user's settings let in
     };
 
-    /// Whoever shows previews. There is one row at a time.
+    /// The part that shows previews. There is one row at a time.
     class Host
     {
     public:
@@ -34,7 +34,7 @@ public:
         virtual void hide(const ElementRef& item) = 0;
         /// The mouse was on the item and is no more: as when it leaves an icon of the Dock.
         virtual void mouseLeft(const ElementRef& item) = 0;
-        /// Whoever asked for it has gone: the row goes, from under the mouse only when that leaves.
+        /// Its caller has gone: the row goes, from under the mouse only when that leaves.
         virtual void abandon(const ElementRef& item) = 0;
     };
 

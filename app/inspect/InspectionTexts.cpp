@@ -188,7 +188,7 @@ QString reasonText(const InspectedWindow& window)
         return InspectionText::tr("minimised windows are left out") + where("Advanced");
     case WindowVerdict::BeyondMost:
         return InspectionText::tr("there are %1 previews already, which is as many as fit")
-            .arg(mostPreviews);
+            .arg(maxPreviews);
     }
     return {};
 }

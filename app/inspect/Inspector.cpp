@@ -28,7 +28,7 @@ namespace
 
 constexpr QSize smallPicture(64, 64); ///< pixels
 
-/// Those that decide what a hover shows, as far as they are not as at first.
+/// The settings that decide what a hover shows, where they differ from their first values.
 QStringList settingsThatMatter(const platform::UserDefaults& defaults)
 {
     static constexpr const char* names[] = {
@@ -221,7 +221,7 @@ void Inspector::inspectApplication(Inspection& result)
     // Those that the engine would show, by its own account.
     auto shown = m_inventory.windowsBehindIcon(*m_application);
     result.previewable = shown.size();
-    shown.resize(std::min(shown.size(), mostPreviews));
+    shown.resize(std::min(shown.size(), maxPreviews));
     for (std::size_t i = 0; i < windows.size(); ++i) {
         const bool isShown = std::ranges::any_of(
             shown, [&](const SWElementPtr& each) { return each->isEqualTo(windows[i]); });

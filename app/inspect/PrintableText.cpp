@@ -10,7 +10,7 @@ namespace lumbrix
 namespace
 {
 
-constexpr qsizetype mostCharacters = 300;
+constexpr qsizetype maxCharacters = 300;
 
 bool isToBeEscaped(char32_t character)
 {
@@ -49,7 +49,7 @@ QString printableText(const QString& text)
     // Lone halves of surrogate pairs become replacement characters here.
     const auto characters = text.toUcs4();
     for (qsizetype i = 0; i < characters.size(); ++i) {
-        if (i == mostCharacters)
+        if (i == maxCharacters)
             return result + QStringLiteral("… [%1]").arg(characters.size());
         const char32_t character = characters.at(i);
         if (isToBeEscaped(character))

@@ -13,7 +13,7 @@ namespace
 
 constexpr std::size_t applicationCount = 40;
 constexpr std::size_t windowCount = 200;
-constexpr std::size_t mostMinimized = 8; ///< what the Dock still has room for
+constexpr std::size_t maxMinimized = 8; ///< what the Dock still has room for
 
 } // namespace
 
@@ -115,7 +115,7 @@ void BusyDesktop::close()
 void BusyDesktop::minimize()
 {
     const auto windows = minimized();
-    if (windows.size() >= mostMinimized || (!windows.empty() && m_chance.pick(2) == 0))
+    if (windows.size() >= maxMinimized || (!windows.empty() && m_chance.pick(2) == 0))
         desk.minimizeWindow(m_chance.anyOf(windows), false);
     else
         desk.minimizeWindow(m_chance.anyOf(desk.stacking()));

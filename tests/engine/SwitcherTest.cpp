@@ -39,7 +39,7 @@ TEST_F(Switcher, selectedEntry_isShownAtTheBottom_andFollowed)
     EXPECT_TRUE(isTapOn());
     EXPECT_EQ(engine().currentDockElement(), nullptr);
 
-    // A selection that the Dock does not tell of is found by the watch, once the switcher settled.
+    // A selection that the Dock does not report is found by the watch, once the switcher settled.
     desk.selectInSwitcher(1, false);
     loop.advance(0.1);
     EXPECT_EQ(shown(), u"Maps 1"_s);

@@ -72,7 +72,7 @@ protected:
         return names;
     }
     /// That each drawing that a part names, to be drawn now or at some time, is there: one that is
-    /// not leaves a hole, and nothing else tells of it.
+    /// not leaves a hole, and nothing else reports it.
     static void expectDrawings(const QWidget& panel)
     {
         for (const QWidget* each : panel.findChildren<QWidget*>()) {

@@ -88,7 +88,7 @@ void SimulatedState::quit(Pid pid)
     const SimulatedApplication* found = application(pid);
     if (!found)
         return;
-    // Nothing tells of the single windows: whoever could has ended.
+    // Nothing reports the single windows: whoever could has ended.
     for (const WindowID number : windowsOf(pid)) {
         setMinimized(number, false);
         windows.erase(number);

@@ -51,7 +51,7 @@ private:
 };
 
 /// More steps than this at one instant are an endless loop.
-constexpr int mostStepsAtOnce = 1'000'000;
+constexpr int maxStepsAtOnce = 1'000'000;
 
 } // namespace
 
@@ -170,7 +170,7 @@ void VirtualRunLoop::runNext(Microseconds until, bool threadsOnly)
     // over.
     while (runOne(threadsOnly ? until : std::max(until, m_now), threadsOnly)) {
         steps = std::exchange(instant, m_now) == m_now ? steps + 1 : 0;
-        if (steps > mostStepsAtOnce)
+        if (steps > maxStepsAtOnce)
             fail("time stands still");
     }
     m_now = std::max(m_now, until);

@@ -19,7 +19,7 @@ class ObserverHub : public std::enable_shared_from_this<ObserverHub>
 public:
     std::unique_ptr<AXObserver> createObserver(std::int32_t pid, AXObserver::Callback callback);
     void notify(std::int32_t pid, const ElementRef& element, const QString& notification);
-    /// To whoever asked for it, of whatever process. For what only docks tell: the one that is
+    /// To all that asked for it, whatever the process. For what only docks tell: the one that is
     /// observed may have ended, and nobody would learn of the end of its selection.
     void notifyAll(const ElementRef& element, const QString& notification);
     /// Nothing is delivered any more.

@@ -108,8 +108,8 @@ std::optional<RequestError> PlaceRequests::showForWindows(const std::vector<std:
     if (item.windows.empty()) {
         return invalid(QStringLiteral("there are no windows"));
     }
-    if (item.windows.size() > mostWindows) {
-        return invalid(QStringLiteral("there are more than %1 windows").arg(mostWindows));
+    if (item.windows.size() > maxWindows) {
+        return invalid(QStringLiteral("there are more than %1 windows").arg(maxWindows));
     }
     return show(state);
 }

@@ -52,7 +52,7 @@ public:
         DockModel& docks;
         std::function<QPoint()> pointer; ///< where it is now, root pixels
     };
-    static constexpr std::size_t mostWindows = 15; ///< as many as a row has
+    static constexpr std::size_t maxWindows = 15; ///< as many as a row has
 
     explicit PlaceRequests(Parts parts) : m(std::move(parts)) {}
     ~PlaceRequests() override { *m_alive = false; }

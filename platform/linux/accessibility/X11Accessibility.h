@@ -37,7 +37,7 @@ public:
     explicit X11Accessibility(const Parts& parts);
     ~X11Accessibility() override;
 
-    /// The server tells everything to whoever is connected to it.
+    /// The server tells everything to every client.
     bool apiEnabled() const override { return true; }
     void enableAPI() override;
     void openAPIPreferences() override;

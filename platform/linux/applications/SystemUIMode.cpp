@@ -31,9 +31,9 @@ x11::TrackedWindowPtr SystemUIMode::windowInFront()
     if (const xcb_window_t active = m_tracker.activeWindow(); active != XCB_NONE) {
         m_lastActive = active;
     }
-    constexpr int longestChain = 8;
+    constexpr int maxChainLength = 8;
     x11::TrackedWindowPtr window = m_tracker.window(m_lastActive);
-    for (int i = 0; i < longestChain && window && !window->isFullscreen; ++i) {
+    for (int i = 0; i < maxChainLength && window && !window->isFullscreen; ++i) {
         window = m_tracker.window(window->transientFor);
     }
     return window;

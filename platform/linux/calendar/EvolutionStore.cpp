@@ -24,10 +24,10 @@ const QString factoryInterface = QStringLiteral("org.gnome.evolution.dataserver.
 const QString calendarInterface = QStringLiteral("org.gnome.evolution.dataserver.Calendar");
 
 /// A calendar on a server that is not reached takes the longest.
-constexpr Seconds longestWait = 4;
+constexpr Seconds answerTimeout = 4;
 constexpr int callTimeout = 4000; ///< milliseconds
-constexpr std::size_t mostCalendars = 200;
-constexpr int mostRecurring = 500;
+constexpr std::size_t maxCalendars = 200;
+constexpr int maxRecurring = 500;
 
 bool isAnswer(const QDBusMessage& reply, const char* signature)
 {
@@ -47,7 +47,7 @@ std::vector<EvolutionCalendar> calendarsIn(const QDBusMessage& reply)
         const auto source = EvolutionSource::parse(
             properties.value(QStringLiteral("UID")).toString(),
             properties.value(QStringLiteral("Data")).toString().toUtf8(), {});
-        if (source && calendars.size() < mostCalendars)
+        if (source && calendars.size() < maxCalendars)
             calendars.push_back({*source, {}});
     }
     std::sort(calendars.begin(), calendars.end(), [](const auto& a, const auto& b) {
@@ -99,7 +99,7 @@ void EvolutionStore::fetch(ical::Instant start, ical::Instant end, Done done)
         m_runLoop.performAfterDelay(this, 0, [this, job] { finish(job); });
         return;
     }
-    m_runLoop.performAfterDelay(this, longestWait, [this, job] {
+    m_runLoop.performAfterDelay(this, answerTimeout, [this, job] {
         job->answer.isComplete = false;
         finish(job);
     });
@@ -197,7 +197,7 @@ void EvolutionStore::readObjects(const JobPtr& job, std::size_t index, const QSt
         const bool recurs = !propertyOf(object, QStringLiteral("RRULE")).isEmpty() ||
                             !propertyOf(object, QStringLiteral("RDATE")).isEmpty() ||
                             !propertyOf(object, QStringLiteral("RECURRENCE-ID")).isEmpty();
-        if (recurs && recurring.size() < mostRecurring)
+        if (recurs && recurring.size() < maxRecurring)
             recurring << propertyOf(object, QStringLiteral("UID"));
         else
             text += object.toUtf8() + "\r\n";

@@ -19,8 +19,8 @@
 namespace lumbrix::platform
 {
 
-/// What the server tells of one calendar: iCalendar texts of the events that may happen between the
-/// times asked for, with all exceptions of those that recur.
+/// What the server reports about one calendar: iCalendar texts of the events that may happen
+/// between the times asked for, with all exceptions of those that recur.
 struct EvolutionCalendar {
     EvolutionSource source;
     QByteArray text;

@@ -20,10 +20,10 @@ namespace lumbrix::platform
 namespace
 {
 
-constexpr qint64 largestFile = qint64{32} * 1024 * 1024;
-constexpr qint64 largestNote = qint64{64} * 1024;
-constexpr qsizetype mostCalendars = 200;
-constexpr qsizetype mostFilesInFolder = 20'000;
+constexpr qint64 maxFileSize = qint64{32} * 1024 * 1024;
+constexpr qint64 maxNoteSize = qint64{64} * 1024;
+constexpr qsizetype maxCalendars = 200;
+constexpr qsizetype maxFilesInFolder = 20'000;
 
 /// The first line of a small file; empty when there is none.
 QString noteIn(const QString& path)
@@ -31,13 +31,13 @@ QString noteIn(const QString& path)
     QFile file(path);
     if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly))
         return {};
-    return QString::fromUtf8(file.readLine(largestNote)).trimmed();
+    return QString::fromUtf8(file.readLine(maxNoteSize)).trimmed();
 }
 
 QByteArray smallFile(const QString& path)
 {
     QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.read(largestNote) : QByteArray();
+    return file.open(QIODevice::ReadOnly) ? file.read(maxNoteSize) : QByteArray();
 }
 
 /// Without the pipes and devices that opening would wait for.
@@ -45,7 +45,7 @@ QStringList icalFiles(const QDir& folder)
 {
     const QStringList names =
         folder.entryList({u"*.ics"_qs}, QDir::Files | QDir::Readable, QDir::Name)
-            .mid(0, mostFilesInFolder);
+            .mid(0, maxFilesInFolder);
     QStringList paths;
     for (const QString& name : names)
         paths << folder.filePath(name);
@@ -75,7 +75,7 @@ std::vector<IcalFolder::Source> IcalFolder::ownSources() const
         QDir(m_paths.own)
             .entryInfoList(QDir::Files | QDir::Dirs | QDir::NoDotAndDotDot | QDir::Readable,
                            QDir::Name);
-    for (const QFileInfo& entry : entries.mid(0, mostCalendars)) {
+    for (const QFileInfo& entry : entries.mid(0, maxCalendars)) {
         if (entry.isDir())
             addOwnFolder(sources, entry.filePath());
         else if (entry.suffix().compare(u"ics"_qs, Qt::CaseInsensitive) == 0)
@@ -111,7 +111,7 @@ std::vector<IcalFolder::Source> IcalFolder::evolutionSources() const
         const QDir folder(path);
         const QFileInfoList entries =
             folder.entryInfoList({u"*.source"_qs}, QDir::Files | QDir::Readable, QDir::Name);
-        for (const QFileInfo& entry : entries.mid(0, mostCalendars)) {
+        for (const QFileInfo& entry : entries.mid(0, maxCalendars)) {
             const auto source = EvolutionSource::parse(
                 entry.completeBaseName(), smallFile(entry.filePath()), m_paths.evolutionData);
             // Those that are elsewhere are calendars too, though only the server can tell what is
@@ -126,7 +126,7 @@ std::vector<IcalFolder::Source> IcalFolder::evolutionSources() const
     return sources;
 }
 
-/// The calendar that everyone has from the start is told of on disk only once it was changed.
+/// The calendar that everyone has from the start is recorded on disk only once it was changed.
 void IcalFolder::addSystemCalendar(std::vector<Source>& sources) const
 {
     const QString uid = u"system-calendar"_qs;
@@ -141,7 +141,7 @@ void IcalFolder::addSystemCalendar(std::vector<Source>& sources) const
 const ical::Contents* IcalFolder::contentsOf(const QString& path, const Question& question)
 {
     const QFileInfo info(path);
-    if (!info.isFile() || info.size() > largestFile)
+    if (!info.isFile() || info.size() > maxFileSize)
         return nullptr;
     const qint64 modified = info.lastModified().toMSecsSinceEpoch();
     auto known = m_files.find(path);

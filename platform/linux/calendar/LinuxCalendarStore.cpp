@@ -16,7 +16,7 @@ namespace
 {
 
 /// Enough for more calendars than anyone has, on a slow disk.
-constexpr Seconds longestReading = 10;
+constexpr Seconds readTimeout = 10;
 
 void append(std::vector<CalendarEvent>& events, const ReadCalendar& calendar,
             const QTimeZone& local)
@@ -73,7 +73,7 @@ void LinuxCalendarStore::read(const EvolutionAnswer& evolution)
     m_runLoop.detachThread("calendar", [&runLoop = m_runLoop, this, alive = std::weak_ptr(m_alive),
                                         folder = m_folder, evolution, start = first.start,
                                         end = first.end](const Thread& self) {
-        const Seconds deadline = runLoop.now() + longestReading;
+        const Seconds deadline = runLoop.now() + readTimeout;
         Known known = readAll(*folder, evolution,
                               {{start.toMSecsSinceEpoch(), end.toMSecsSinceEpoch()},
                                start.timeZone(),

@@ -15,7 +15,7 @@ namespace lumbrix::platform::ical
 namespace
 {
 
-constexpr qsizetype longestTitle = 1000;
+constexpr qsizetype maxTitleLength = 1000;
 /// Further apart than any two clocks.
 constexpr WallSeconds slack = 2 * daySeconds;
 
@@ -63,7 +63,7 @@ QString titleOf(icalcomponent* event)
 {
     icalproperty* summary = icalcomponent_get_first_property(event, ICAL_SUMMARY_PROPERTY);
     const char* text = summary ? icalproperty_get_summary(summary) : nullptr;
-    return QString::fromUtf8(text).left(longestTitle);
+    return QString::fromUtf8(text).left(maxTitleLength);
 }
 
 bool isException(icalcomponent* event)

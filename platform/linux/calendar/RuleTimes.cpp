@@ -10,8 +10,8 @@ namespace lumbrix::platform::ical
 namespace
 {
 
-constexpr int mostSteps = 200'000;
-constexpr std::size_t mostTimes = 10'000;
+constexpr int maxSteps = 200'000;
+constexpr std::size_t maxTimes = 10'000;
 
 bool has(const short* list) { return list[0] != ICAL_RECURRENCE_ARRAY_MAX; }
 
@@ -72,7 +72,7 @@ std::vector<icaltimetype> ruleTimes(icalrecurrencetype rule, const icaltimetype&
         rule.until = timeOfWallSeconds(until, false);
     rule.until.is_date = start.is_date;
     const IteratorPtr iterator(icalrecur_iterator_new(rule, skipAhead(rule, start, from)));
-    for (int step = 1; iterator && step <= mostSteps && times.size() < mostTimes; ++step) {
+    for (int step = 1; iterator && step <= maxSteps && times.size() < maxTimes; ++step) {
         if (step % 256 == 0 && stop())
             break;
         const icaltimetype time = icalrecur_iterator_next(iterator.get());

@@ -15,7 +15,7 @@ namespace
 constexpr Seconds Patience = 1.5;    ///< for all that one reading takes
 constexpr Seconds SettleTime = 0.05; ///< panels do something about a change, too
 constexpr Seconds MinimalSpacing = 0.25;
-constexpr Seconds MaximalSpacing = 2.0; ///< while a panel tells of changes that change nothing
+constexpr Seconds MaximalSpacing = 2.0; ///< while a panel reports changes that change nothing
 constexpr Seconds MaximalPause = 64.0;  ///< after failures
 constexpr Seconds Resolution = 0.001;   ///< of timers, so that none is set for less
 constexpr int MaximalFailures = 5;      ///< then only when windows change

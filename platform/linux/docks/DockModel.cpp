@@ -379,7 +379,7 @@ DockStatePtr DockModel::firstDock() const
     return m_docks.empty() ? nullptr : m_docks.front().state;
 }
 
-// Asked for before every read; the docks tell of most changes by themselves.
+// Asked for before every read; the docks report most changes by themselves.
 void DockModel::synchronize()
 {
     const double now = m_runLoop.now();

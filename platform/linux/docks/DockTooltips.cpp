@@ -97,7 +97,7 @@ void DockTooltips::arrange()
     const std::vector<QRect> previews = clients.empty() ? std::vector<QRect>() : row();
     for (auto& [window, home] : m_shown) {
         const std::optional<QRect> place = placeOf(window);
-        // Whoever has left the dock leaves its tooltip to the dock to take down.
+        // A pointer that has left the dock leaves its tooltip to the dock to take down.
         if (!place || !clients.contains(m_connection.clientOf(window))) {
             continue;
         }

@@ -22,7 +22,7 @@ namespace lumbrix::platform
 using AccessibleRoles = std::map<AccessibleRef, std::uint32_t>;
 
 /// Bounded in depth, in the number of elements and in the calls that are under way at a time;
-/// whoever starts it bounds its time, by destroying it. Main thread.
+/// the caller bounds its time, by destroying it. Main thread.
 class PanelWalk
 {
 public:

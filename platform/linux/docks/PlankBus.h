@@ -41,7 +41,7 @@ public:
     void start();
     /// Asks all docks for their items anew.
     void refresh();
-    /// Asks all Planks for their docks anew: they tell of none that comes or goes.
+    /// Asks all Planks for their docks anew: they do not report one that comes or goes.
     void lookForDocks();
 
     /// The Plank of the plain name first, each one's docks by their names.

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// Where Plank's icons are, from what it tells of each: a point beside the icon, in the middle of
-// its length and clear of it even when it is magnified.
+// Where Plank's icons are, from what it reports about each: a point beside the icon, in the middle
+// of its length and clear of it even when it is magnified.
 #pragma once
 
 #include <QtCore/QPoint>

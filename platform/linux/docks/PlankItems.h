@@ -25,7 +25,7 @@ struct PlankItem {
     QPoint hoverPoint;
 };
 
-/// What Plank tells of a dock's items. Those of programs without a desktop entry have no name on
+/// What Plank reports of a dock's items. Those of programs without a desktop entry have no name on
 /// the bus: only their number and the place of the first one are known.
 struct PlankItems {
     std::vector<PlankItem> named;

@@ -93,7 +93,7 @@ AppleEventReply ofTrack(const MediaPlayer& player, const ObjectSpecifier& object
     default:
         return failure(AppleEventError::NotHandled);
     }
-    // A player tells of one artwork.
+    // A player reports one artwork.
     if (steps[1].kind == ObjectSpecifier::Step::Kind::Elements) {
         std::vector<ObjectSpecifier> artworks;
         if (!player.artwork.isNull()) {

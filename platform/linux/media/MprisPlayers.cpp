@@ -237,7 +237,7 @@ void MprisPlayers::propertiesChanged(const QDBusMessage& message)
         MprisProperties properties = player->known.properties;
         applyMprisProperties(mapOf(arguments[1]), properties);
         update(*player, properties, player->known.answers);
-        // What has changed without being told, and a player that has come to itself.
+        // What has changed without being told, and a player that answers again.
         if (!arguments[2].toStringList().isEmpty() || !player->known.answers) {
             ask(player);
         }

@@ -22,7 +22,7 @@ namespace lumbrix::platform
 {
 
 /// The listener's part on the event thread, queries on any thread, the rest on the main thread.
-/// Window managers' switchers select windows; what is told of is the application of the selected
+/// Window managers' switchers select windows; what is reported is the application of the selected
 /// one. Nobody listens to keys while no switcher is up.
 class SwitcherModel final : public x11::WindowListener
 {

@@ -45,7 +45,7 @@ struct Extensions {
 
 /// Any thread may send requests and wait for their replies. Events are read by one thread only, and
 /// on a connection whose events are waited for in poll() no other thread may send anything: libxcb
-/// would read events from the socket while writing, and poll() would not tell of them.
+/// would read events from the socket while writing, and poll() would not report them.
 class Connection
 {
 public:

@@ -106,7 +106,7 @@ void EventThread::dispatchQueue()
         for (EventHandler* handler : m_handlers)
             handler->eventsHandled();
         m_connection.flush();
-        // Waiting for replies and flushing may have read events that poll() would not tell of.
+        // Waiting for replies and flushing may have read events that poll() would not report.
         event = Event(xcb_poll_for_queued_event(m_connection.get()));
     } while (event && !m_stopping);
 }

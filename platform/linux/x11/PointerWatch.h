@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// Follows the pointer and the mouse buttons, wherever they are and whoever grabs them, without a
-// wake-up while the mouse is still.
+// Follows the pointer and the mouse buttons, wherever they are and whatever program grabs them,
+// without a wake-up while the mouse is still.
 #pragma once
 
 #include <QtCore/QPoint>
@@ -24,7 +24,7 @@ public:
     PointerWatch(const Connection& connection, const WindowTracker& tracker,
                  const Listeners& listeners);
 
-    /// Whether listeners are told of keys, too. Nobody needs to hear what people write, so only as
+    /// Whether listeners get keys, too. Nobody needs to hear what people write, so only as
     /// long as it has to be.
     void hearKeys(bool on); ///< a round trip when it begins
 

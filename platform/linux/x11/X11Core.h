@@ -62,7 +62,7 @@ public:
     /// of the screens.
     void setPixelsPerPoint(double pixelsPerPoint);
 
-    /// Whether listeners are told of keys, from a moment later on. Any thread.
+    /// Whether listeners get keys, from a moment later on. Any thread.
     void hearKeys(bool on);
 
     WindowTracker& tracker();

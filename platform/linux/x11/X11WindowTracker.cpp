@@ -29,7 +29,7 @@ X11WindowTracker::X11WindowTracker(RunLoop& runLoop, const Connection& connectio
 
 void X11WindowTracker::fetchInitial()
 {
-    // The substructure events tell of frames, of popups, and bring the answers to pings.
+    // The substructure events report frames and popups, and bring the answers to pings.
     const std::uint32_t events = XCB_EVENT_MASK_PROPERTY_CHANGE |
                                  XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY |
                                  XCB_EVENT_MASK_STRUCTURE_NOTIFY;

@@ -227,7 +227,7 @@ TEST_F(AccessibleButtonsTest, storm_of_events_is_read_a_few_times_a_second)
     EXPECT_LE(panel.walks, 9);
     settle();
     EXPECT_EQ(items(), "Term 100, Editor 300");
-    // One that tells of nothing new gets attention ever more rarely.
+    // One that reports nothing new gets attention ever more rarely.
     panel.walks = 0;
     for (int i = 0; i < 100; ++i) {
         panel.moved(u"list"_s);

@@ -44,7 +44,7 @@ public:
 
     std::map<QString, Element> elements; ///< by name on the bus; the program itself is "root"
     Manners manners = Manners::Good;
-    QString busAddress;     ///< what is told of where the bus is
+    QString busAddress;     ///< what is told about where the bus is
     int calls = 0;          ///< also for the bus's address; without those for events
     int walks = 0;          ///< questions for the program's windows
     QStringList registered; ///< events that somebody wants to be told

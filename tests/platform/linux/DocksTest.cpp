@@ -317,7 +317,7 @@ TEST_F(DocksTest, hover_and_menu_are_told_once_to_the_observer_of_the_dock)
     m_loop.advance(0.1);
     EXPECT_TRUE(taken().endsWith(QStringLiteral("Term")));
 
-    // A dock that ends under a pointer at rest: whoever it had told of an item must hear of its
+    // A dock that ends under a pointer at rest: those it had reported an item to must hear of its
     // end.
     m_tracker.remove(PanelWindow);
     m_loop.advance(0.1);

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// What is told of a window manager's switcher, from what it shows.
+// What is reported of a window manager's switcher, from what it shows.
 
 #include "platform/linux/switcher/SwitcherChoice.h"
 #include "tests/platform/linux/AdapterFixture.h"

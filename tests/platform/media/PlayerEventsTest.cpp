@@ -228,7 +228,7 @@ TEST_F(PlayerEventsTest, playersOfAllApplications_areReachedAsLongAsTheyAreThere
     EXPECT_TRUE(waitUntil([&] { return state().as<FourCharCode>(); }));
     byName->manners = Manners::Hangs;
     EXPECT_EQ(send({u"VLC"_s, 502, 502}, "VLC#", "VLC1"), AppleEventError::NotRunning);
-    EXPECT_EQ(roles(), u"vvvm--v@") << "it may come to itself under the mouse";
+    EXPECT_EQ(roles(), u"vvvm--v@") << "it may answer again under the mouse";
     byName.reset();
     EXPECT_TRUE(waitUntil([&] { return roles() == u"vv-m--v@"; })) << qPrintable(roles());
     EXPECT_EQ(standIn.questions(), 0);
@@ -245,7 +245,7 @@ TEST_F(PlayerEventsTest, playerThatHangs_keepsNobodyWaiting)
     EXPECT_EQ(send({u"iTunes"_s}, "hook", "Next"), AppleEventError::NotRunning);
 
     player.manners = Manners::Good;
-    EXPECT_TRUE(waitUntil([&] { return isState("kPSP"); })) << "it has come to itself";
+    EXPECT_TRUE(waitUntil([&] { return isState("kPSP"); })) << "it answers again";
     EXPECT_EQ(player.takeCommands(), QStringList()) << "nobody waits for a command in vain";
     EXPECT_LT(player.questions() - before, 100) << "each question was passed on, and waited for";
     // Hangs again: commands end, and what was known of it does not outlive the next look.
