@@ -83,7 +83,7 @@ void WinNumberBadge::arrangeRelativeTo(std::int32_t position, float sizeExtra)
         updateImage();
         fitNumber();
     }
-    if (m_isFront && !m_window->isVisible())
+    if (m_isFront && !m_window->isFront())
         m_window->orderFrontRegardless();
 }
 

@@ -196,7 +196,7 @@ private:
     {
         const auto previews = engine().screenyViews();
         for (const ScreenyViewPtr& each : previews) {
-            if (!each->isCloseButtonHidden())
+            if (each->isHovered())
                 each->mouseExited();
         }
     }
@@ -245,12 +245,12 @@ private:
         if (previews.size() > maxPreviews)
             fault(u"%1 previews"_s.arg(previews.size()));
         for (const ScreenyViewPtr& each : previews) {
-            if (!each->elementRef() || !each->window()->isVisible())
+            if (!each->elementRef() || !each->window()->isFront())
                 fault(u"a preview without a window, or not on screen"_s);
             else if (m_busy.desk.application(each->elementRef()->pid()).pid == 0)
                 fault(u"a preview of an application that has quit"_s);
         }
-        const auto isShown = [](const MAWindow* panel) { return panel && panel->isVisible(); };
+        const auto isShown = [](const MAWindow* panel) { return panel && panel->isFront(); };
         for (const ScreenyViewPtr& each : engine().row().cache().cacheArray()) {
             if (isShown(each->window()) || isShown(each->zoomWindow()))
                 fault(u"an idle preview is on screen"_s);
@@ -267,9 +267,8 @@ private:
             expectPreviews(state, hovered, expected, count);
             return hovered ? hovered->title : QString();
         });
-        if (item.isNull() && std::any_of(previews.begin(), previews.end(), [](const auto& each) {
-                return !each->isCloseButtonHidden();
-            }))
+        if (item.isNull() && std::any_of(previews.begin(), previews.end(),
+                                         [](const auto& each) { return each->isHovered(); }))
             return; // the mouse is on one
         for (const ScreenyViewPtr& each : previews) {
             const WindowID window = each->elementRef() ? each->elementRef()->wid() : 0;

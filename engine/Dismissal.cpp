@@ -159,7 +159,7 @@ bool Dismissal::checkIfPreviewsAreHovered(bool includeDockItem)
         const bool isInside = contains(frame, mouse);
         trackHover(*preview, isInside);
         if (isInside || (includeDockItem && contains(bridgedToDock(frame, icon, side), mouse)) ||
-            !preview->isCloseButtonHidden())
+            preview->isHovered())
             return true;
     }
     return false;
@@ -179,7 +179,7 @@ bool Dismissal::shouldInterceptClick(bool perform, bool isTabExit)
         if (!perform)
             return true; // the release is swallowed with the press
         const QPointF inside = mouse - frame.topLeft();
-        if (!isTabExit && !preview->isCloseButtonHidden()) {
+        if (!isTabExit && preview->isHovered()) {
             if (contains(preview->closeButtonFrame(), inside)) {
                 preview->clickCloseButton();
                 return true;

@@ -29,7 +29,7 @@ QRectF frameOf(const ScreenyView& preview)
 
 void trackHover(ScreenyView& preview, bool isInside)
 {
-    if (isInside && preview.isCloseButtonHidden())
+    if (isInside && !preview.isHovered())
         preview.mouseEntered();
     else if (!isInside && preview.isMouseInside())
         preview.mouseExited();

@@ -4,19 +4,14 @@
 #include "preview/MAWindow.h"
 
 #include <QtCore/QCoreApplication>
-#include <QtGui/QBitmap>
 #include <QtGui/QExposeEvent>
-#include <QtGui/QPainter>
 #include <QtGui/QWindow>
 
 #include <algorithm>
-#include <array>
 #include <utility>
-#include <vector>
 
 #include "model/UIElementUtilities.h"
 #include "platform/Desktop.h"
-#include "platform/RunLoop.h"
 #include "platform/WindowServer.h"
 #include "preview/IgnoredAccessible.h"
 
@@ -24,16 +19,6 @@ namespace lumbrix
 {
 namespace
 {
-
-/// From one reminder of the compositor to the next: soon, for the eye; then for a busy machine.
-constexpr std::array<platform::Seconds, 5> reminderDelays{0.05, 0.15, 0.3, 0.5, 1.0};
-
-/// The panels that are ordered front, the lowest first; so they are sorted by level.
-std::vector<MAWindow*>& frontPanels()
-{
-    static std::vector<MAWindow*> panels;
-    return panels;
-}
 
 /// Screen coordinates to the toolkit's. The edges are rounded, not the size, so that neighbours
 /// neither overlap nor leave a gap.
@@ -67,7 +52,7 @@ MAWindow::MAWindow(QWidget* parent)
 
 MAWindow::~MAWindow()
 {
-    std::erase(frontPanels(), this);
+    leaveFrontPanels();
     takeBackdropsAway();
 }
 
@@ -90,7 +75,7 @@ void MAWindow::setFrame(const QRectF& frame)
 // on, and the toolkit does not notice that all this is fewer points now.
 void MAWindow::makeWindowAnew()
 {
-    const bool isFront = isVisible();
+    const bool isFront = m_presence.isFront();
     const bool isHeld = m_isHeld;
     hide();
     destroy();
@@ -111,19 +96,10 @@ void MAWindow::orderFrontRegardless()
 {
     prepareToShow();
     enterFrontPanels();
-    if ((m_isHeld || (m_isBackdrop && !hasCompany())) && !isVisible())
-        m_isDue = true;
-    if (!m_isDue)
+    if ((m_isHeld || (m_isBackdrop && !hasCompany())) && !isFront())
+        m_presence.wait();
+    if (!m_presence.isDue())
         bringOntoScreen();
-}
-
-void MAWindow::enterFrontPanels()
-{
-    std::vector<MAWindow*>& panels = frontPanels();
-    std::erase(panels, this);
-    panels.insert(std::find_if(panels.begin(), panels.end(),
-                               [this](const MAWindow* panel) { return panel->level() > m_level; }),
-                  this);
 }
 
 void MAWindow::bringOntoScreen()
@@ -133,20 +109,20 @@ void MAWindow::bringOntoScreen()
     // program. What lies on it is not worth a flicker.
     if (m_level < 0 && !(isOnScreen() && hasCompany()))
         placeBelowHigherPanels();
-    // A tool window that is shown is raised before it is mapped.
-    if (!QWidget::isVisible()) {
+    // Not yet shown by the toolkit. A tool window that it shows is raised before it is mapped.
+    if (!isVisible()) {
         show();
         return;
     }
     if (m_level == 0)
         raise();
-    if (m_isAway) {
-        cameBack();
+    if (!isOnScreen()) {
+        platform::desktop().windowServer.setOnScreen(internalWinId(), true);
+        m_reminder.start(internalWinId());
+        m_presence.comeBack();
         // The server will ask for the content, but behind all that the compositor does about new
         // windows. It takes what follows in its order, so it can have the content unasked.
         setAttribute(Qt::WA_Mapped);
-        m_isExposed = true;
-        m_isAhead = true;
         QCoreApplication::sendPostedEvents(nullptr, QEvent::UpdateLater);
     }
     // One that is on screen already may show something else by now, and elsewhere. Painted in a
@@ -154,122 +130,40 @@ void MAWindow::bringOntoScreen()
     repaint();
 }
 
-bool MAWindow::hasCompany() const
-{
-    const std::vector<MAWindow*>& panels = frontPanels();
-    return std::any_of(panels.begin(), panels.end(), [this](const MAWindow* panel) {
-        return panel->level() > m_level && panel->isOnScreen();
-    });
-}
-
-void MAWindow::bringBackdrops() const
-{
-    const std::vector<MAWindow*> panels = frontPanels();
-    for (MAWindow* panel : panels) {
-        if (panel->isBackdrop() && panel->level() < m_level && std::exchange(panel->m_isDue, false))
-            panel->bringOntoScreen();
-    }
-}
-
-void MAWindow::takeBackdropsAway()
-{
-    const std::vector<MAWindow*> panels = frontPanels();
-    for (MAWindow* panel : panels) {
-        if (!panel->isBackdrop() || !panel->isOnScreen() || panel->hasCompany())
-            continue;
-        panel->orderOut();
-        panel->enterFrontPanels();
-        panel->m_isDue = true;
-    }
-}
-
-void MAWindow::setLevel(int level)
-{
-    m_level = level;
-    // Unlike a tool window, an ordinary one keeps its place in the stack when it is shown.
-    if (level < 0 && windowType() == Qt::Tool)
-        setWindowFlags((windowFlags() & ~Qt::WindowType_Mask) | Qt::Window);
-}
-
-void MAWindow::placeBelowHigherPanels()
-{
-    // A window that was just made, but not yet shown, is on top of the stack: what it would cover
-    // has to be put above it before it is seen. Nothing else is touched, for without a compositor
-    // any change of the order flickers.
-    if (!testAttribute(Qt::WA_WState_Created))
-        create();
-    else
-        raise();
-    const std::vector<MAWindow*>& panels = frontPanels();
-    const auto covered = std::find_if(panels.begin(), panels.end(), [this](const MAWindow* panel) {
-        return panel->level() > m_level && panel->isOnScreen() &&
-               panel->geometry().intersects(geometry());
-    });
-    std::for_each(covered, panels.end(), [](MAWindow* panel) { panel->raise(); });
-}
-
-void MAWindow::cameBack()
-{
-    m_isAway = false;
-    platform::desktop().windowServer.setOnScreen(internalWinId(), true);
-    m_isBack = std::make_shared<const bool>(true);
-    remindCompositorAfter(0);
-}
-
-void MAWindow::remindCompositorAfter(std::size_t reminder)
-{
-    if (reminder == reminderDelays.size())
-        return;
-    platform::desktop().runLoop.performAfterDelay(
-        this, reminderDelays[reminder], [this, reminder, isBack = std::weak_ptr(m_isBack)] {
-            if (isBack.expired())
-                return;
-            platform::desktop().windowServer.remindCompositor(internalWinId());
-            remindCompositorAfter(reminder + 1);
-        });
-}
-
 void MAWindow::orderOut()
 {
-    const bool isOnScreen = QWidget::isVisible() && !m_isAway;
-    if (isOnScreen && !platform::desktop().windowServer.setOnScreen(internalWinId(), false)) {
+    if (isOnScreen() && !platform::desktop().windowServer.setOnScreen(internalWinId(), false))
         hide();
-        return;
-    }
-    m_isAway = m_isAway || isOnScreen;
-    wentOffScreen();
+    else
+        wentOffScreen();
 }
 
 void MAWindow::wentOffScreen()
 {
-    const auto gone = std::erase(frontPanels(), this);
-    m_isDue = false;
+    m_presence.leave();
     m_isHeld = false;
-    m_isExposed = false;
-    m_isAhead = false;
-    m_isBack = nullptr;
-    if (gone > 0)
+    m_reminder.stop();
+    if (leaveFrontPanels())
         takeBackdropsAway();
 }
 
 void MAWindow::setHeld(bool held)
 {
     m_isHeld = held;
-    if (!held && std::exchange(m_isDue, false))
+    if (!held && m_presence.isDue())
         bringOntoScreen();
 }
 
 void MAWindow::showEvent(QShowEvent* event)
 {
     QWidget::showEvent(event);
-    m_isExposed = false;
+    m_presence.appear();
     windowHandle()->installEventFilter(this);
 }
 
 void MAWindow::hideEvent(QHideEvent* event)
 {
     wentOffScreen();
-    m_isAway = false;
     QWidget::hideEvent(event);
 }
 
@@ -277,7 +171,7 @@ bool MAWindow::event(QEvent* event)
 {
     // The toolkit paints a window that was just shown twice: once because its parts have changed,
     // again as soon as the server says that it can be seen. The first of these is for nothing.
-    if (event->type() == QEvent::UpdateRequest && !m_isExposed)
+    if (event->type() == QEvent::UpdateRequest && !m_presence.isPaintable())
         return true;
     return QWidget::event(event);
 }
@@ -287,68 +181,13 @@ bool MAWindow::eventFilter(QObject* watched, QEvent* event)
     if (watched != windowHandle() || event->type() != QEvent::Expose ||
         !windowHandle()->isExposed())
         return QWidget::eventFilter(watched, event);
-    m_isExposed = true;
-    // What it asks for here has been painted. A compositor keeps that, so it never has to be again.
-    if (m_isAhead && testAttribute(Qt::WA_Mapped)) {
-        m_isAhead = !m_shaped;
+    // A compositor keeps what has been painted, so it never has to be again.
+    if (m_presence.expose(testAttribute(Qt::WA_Mapped), !m_shaped))
         return true;
-    }
     // What the parts have asked for by being shown is on its way as events of their own, which
     // would have it all painted once more.
     QCoreApplication::sendPostedEvents(nullptr, QEvent::UpdateLater);
     return false;
-}
-
-void MAWindow::setCornerRadius(qreal radius)
-{
-    m_cornerRadius = radius;
-    updateShape();
-}
-
-void MAWindow::setShapeSource(std::function<QPainterPath()> source)
-{
-    m_shapeSource = std::move(source);
-    updateShape();
-}
-
-void MAWindow::updateShape()
-{
-    if (isVisible())
-        applyShape();
-}
-
-void MAWindow::prepareToShow()
-{
-    const bool shaped = !platform::desktop().windowServer.blendsTranslucency();
-    if (m_shaped != shaped) {
-        m_shaped = shaped;
-        Q_EMIT shapedChanged(shaped);
-    }
-    applyShape();
-}
-
-void MAWindow::applyShape()
-{
-    if (!m_shaped || (!m_shapeSource && m_cornerRadius <= 0)) {
-        if (!mask().isEmpty())
-            clearMask();
-        return;
-    }
-    QPainterPath path;
-    if (m_shapeSource)
-        path = m_shapeSource();
-    else
-        path.addRoundedRect(QRectF(rect()), m_cornerRadius, m_cornerRadius);
-    if (path == m_maskPath && !mask().isEmpty())
-        return;
-    m_maskPath = path;
-    // Painted rather than made of the path's polygons, whose corners would be rounded inward.
-    QBitmap bitmap(size());
-    bitmap.clear();
-    QPainter painter(&bitmap);
-    painter.fillPath(path, Qt::color1);
-    painter.end();
-    setMask(QRegion(bitmap));
 }
 
 bool MAWindow::clickThrough() const { return windowFlags() & Qt::WindowTransparentForInput; }
@@ -371,7 +210,7 @@ void MAWindow::enterEvent(QEnterEvent* event)
 {
     QWidget::enterEvent(event);
     // Copied, because what it does may end the tracking.
-    if (const std::function<void()> entered = m_entered; entered && isVisible())
+    if (const std::function<void()> entered = m_entered; entered && isFront())
         entered();
 }
 
@@ -379,7 +218,7 @@ void MAWindow::leaveEvent(QEvent* event)
 {
     QWidget::leaveEvent(event);
     // A panel that is taken off the screen was not left by the mouse.
-    if (const std::function<void()> exited = m_exited; exited && isVisible())
+    if (const std::function<void()> exited = m_exited; exited && isFront())
         exited();
 }
 

@@ -9,9 +9,10 @@
 #include <QtGui/QPainterPath>
 #include <QtWidgets/QWidget>
 
-#include <cstddef>
 #include <functional>
-#include <memory>
+
+#include "preview/CompositorReminder.h"
+#include "preview/PanelPresence.h"
 
 namespace lumbrix
 {
@@ -43,9 +44,9 @@ public:
     /// Shows the panel above all others of its level, whichever application is active.
     void orderFrontRegardless();
     void orderOut();
-    /// Whether it is on the screen, or would be if it were not held or alone. The toolkit, which
-    /// need not know, may say otherwise.
-    bool isVisible() const { return m_isDue || isOnScreen(); }
+    /// Whether it is ordered front: on the screen, or would be if it were not held or alone. What
+    /// the toolkit calls visible may be off the screen.
+    bool isFront() const { return m_presence.isFront(); }
 
     /// Where translucency is not blended, the panel is cut to its rounded shape, or to the path of
     /// the shape source if there is one. Which of both holds is asked each time the panel is shown.
@@ -93,19 +94,20 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    bool isOnScreen() const { return QWidget::isVisible() && !m_isAway; }
+    bool isOnScreen() const { return m_presence.isOnScreen(); }
     void makeWindowAnew();
     void prepareToShow();
-    void enterFrontPanels();
     void bringOntoScreen();
+    void wentOffScreen();
+    void applyShape();
+
+    // Among the panels that are ordered front.
+    void enterFrontPanels();
+    bool leaveFrontPanels(); ///< whether it was one of them
+    bool hasCompany() const;
     void bringBackdrops() const;
     static void takeBackdropsAway();
-    bool hasCompany() const;
     void placeBelowHigherPanels();
-    void wentOffScreen();
-    void cameBack();
-    void remindCompositorAfter(std::size_t reminder);
-    void applyShape();
 
     QRectF m_frame;
     QWidget* m_content = nullptr;
@@ -113,13 +115,10 @@ private:
     qreal m_pixelsPerPoint = 0; ///< when the frame was set
     int m_level = 0;
     bool m_shaped = false;
-    bool m_isDue = false;  ///< ordered front, but held or alone
-    bool m_isAway = false; ///< taken off the screen behind the toolkit's back
     bool m_isHeld = false;
     bool m_isBackdrop = false;
-    bool m_isExposed = false;             ///< has been, since it was last shown
-    bool m_isAhead = false;               ///< painted before the server asked for it
-    std::shared_ptr<const bool> m_isBack; ///< since the last time it was away; null while away
+    PanelPresence m_presence;
+    CompositorReminder m_reminder;
     std::function<QPainterPath()> m_shapeSource;
     QPainterPath m_maskPath; ///< what the mask was made of
     std::function<void()> m_entered;

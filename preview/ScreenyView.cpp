@@ -219,11 +219,9 @@ void ScreenyView::rebirth()
     m_elementRef.reset();
     delete m_iCalView;
     m_calURL.clear();
-    m_isDragInside = false;
-    m_closeButton->hide();
+    setHover(Hover::Outside);
     m_closeButton->setEnabled(true);
     m_closeButton->setAlpha(1.0);
-    m_background->setHovered(false);
     setMarked(false);
     removeButtons();
     clearAppFlags();
@@ -263,7 +261,7 @@ void ScreenyView::activateWindow()
     if (m_iTunes)
         launchAgain(element->pid());
     // The window needs a moment to come forward; without it the zoom would uncover what was before.
-    if (m_host.settings().zoomWindows && m_zoomWindow && m_zoomWindow->isVisible())
+    if (m_host.settings().zoomWindows && m_zoomWindow && m_zoomWindow->isFront())
         desktop.runLoop.sleep(zoomActivationPause);
     hideZoom();
     if (m_host.settings().closeOnClick)

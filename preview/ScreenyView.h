@@ -99,10 +99,11 @@ public:
     void mouseEntered();
     void mouseExited();
     /// It has entered and not exited, with or without a drag.
-    bool isMouseInside() const { return m_isDragInside || !isCloseButtonHidden(); }
+    bool isMouseInside() const { return m_hover != Hover::Outside; }
+    /// Inside without a drag: what comes up under the mouse is there.
+    bool isHovered() const { return m_hover == Hover::Inside; }
 
     // Controls. Frames are relative to the panel, origin at its bottom left.
-    bool isCloseButtonHidden() const;
     void setCloseButtonEnabled(bool enabled);
     bool isCloseButtonEnabled() const;
     QRectF closeButtonFrame() const;
@@ -155,10 +156,13 @@ public:
     QWidget* iCalView() const { return m_iCalView; }
 
 private:
+    enum class Hover { Outside, Dragging, Inside };
     enum ControlIndex { SkipLeft, SkipRight, Play, GetMail, PlayPause, ControlCount };
 
     explicit ScreenyView(PreviewHost& host);
     bool loadWindow(const QString& interfaceFile);
+    /// With what follows from it: the close button, and the look of the panel.
+    void setHover(Hover hover);
 
     // Controls of media players and mail.
     bool hasControls() const { return m_iTunes || m_Mail || m_VLC || m_QuickTime; }
@@ -198,7 +202,7 @@ private:
     BadgeView* m_spaceView = nullptr;                    ///< in the window too
     std::array<ImageButton*, ControlCount> m_controls{}; ///< null unless m_buttonsInitialized
     bool m_buttonsInitialized = false;
-    bool m_isDragInside = false;
+    Hover m_hover = Hover::Outside;
 
     std::shared_ptr<SGHotKey> m_fastKey;
 

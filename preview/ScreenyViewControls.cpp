@@ -33,20 +33,20 @@ void ScreenyView::mouseEntered()
     if (platform::desktop().inputState.pressedMouseButtons() == leftButtonOnly) {
         // Something is being dragged onto the window. Nothing comes up under it, so the engine's
         // checks find the preview not hovered and say again and again that the mouse is inside.
-        if (!std::exchange(m_isDragInside, true))
+        if (m_hover != Hover::Dragging) {
+            setHover(Hover::Dragging);
             activateWindow();
+        }
         return;
     }
-    m_isDragInside = false;
     if (m_host.settings().hideClose) {
-        // Not hidden all the same: that state tells that the mouse is inside.
+        // Unseen, yet in its place: a click there is none on the picture.
         m_closeButton->setEnabled(false);
         m_closeButton->setAlpha(0.0);
     } else {
         m_closeButton->setEnabled(m_elementRef->isClosable());
     }
-    m_closeButton->show();
-    m_background->setHovered(true);
+    setHover(Hover::Inside);
     showZoom(true);
     hideButtons();
     updateButtons();
@@ -56,16 +56,19 @@ void ScreenyView::mouseEntered()
 void ScreenyView::mouseExited()
 {
     cancelZoomWatcher();
-    m_isDragInside = false;
-    m_closeButton->hide();
-    m_background->setHovered(false);
+    setHover(Hover::Outside);
     m_host.mouseExited();
     hideZoom();
     hideButtons();
     m_closeButton->update();
 }
 
-bool ScreenyView::isCloseButtonHidden() const { return m_closeButton->isHidden(); }
+void ScreenyView::setHover(Hover hover)
+{
+    m_hover = hover;
+    m_closeButton->setVisible(isHovered());
+    m_background->setHovered(isHovered());
+}
 
 void ScreenyView::setCloseButtonEnabled(bool enabled) { m_closeButton->setEnabled(enabled); }
 
@@ -106,7 +109,7 @@ bool ScreenyView::areButtonsShown() const
 
 void ScreenyView::updateButtons()
 {
-    if (!m_elementRef || isCloseButtonHidden())
+    if (!m_elementRef || !isHovered())
         return;
     const bool areWanted =
         !m_host.settings().hideControls && m_host.playerControls().isReachable(*this);

@@ -66,7 +66,7 @@ void ScreenyView::cancelZoomWatcher()
 
 void ScreenyView::showZoomWindow()
 {
-    if (isCloseButtonHidden())
+    if (!isHovered())
         return; // the mouse has left
     if (!m_zoomWindow) {
         std::unique_ptr<QWidget> loaded = loadInterface(u"ZoomWindow"_qs);
@@ -129,7 +129,7 @@ void ScreenyView::updateTimer()
     if (picture.isNull())
         return;
     m_zoomImageView->setImage(picture);
-    if (!m_zoomWindow->frame().isEmpty() && !m_zoomWindow->isVisible())
+    if (!m_zoomWindow->frame().isEmpty() && !m_zoomWindow->isFront())
         m_zoomWindow->orderFrontRegardless();
 }
 

@@ -279,7 +279,7 @@ TEST_F(ControllerTest, movedSlider_showsASampleUntilHalfASecondAfterTheLastMove)
     controller.updateWindowSize();
     ASSERT_TRUE(sample());
     const MAWindow& window = *sample()->window();
-    EXPECT_TRUE(window.isVisible());
+    EXPECT_TRUE(window.isFront());
     EXPECT_EQ(window.frame().size(), QSizeF(300, 190));
     const double bottom = window.frame().y();
     loop.advance(0.4);

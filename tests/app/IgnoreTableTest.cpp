@@ -258,7 +258,7 @@ TEST_F(IgnoreTableTest, filterOfOneApplication_leavesTheRowOfAnotherAlone)
     press("okButton");
     loop.runUntilIdle();
     EXPECT_EQ(previews(), 2U);
-    EXPECT_TRUE(engine().screenyViews().front()->window()->isVisible());
+    EXPECT_TRUE(engine().screenyViews().front()->window()->isFront());
 }
 
 TEST_F(IgnoreTableTest, keysAndDoubleClicks_openTheSheet)

@@ -339,7 +339,7 @@ TEST_F(PreferencesTest, rowOfPreviews_followsControlsWhileItIsShown)
     const double bottom = row.front()->window()->frame().y();
     find<QSlider>(u"distanceFromDock"_s)->setValue(20);
     EXPECT_EQ(row.front()->window()->frame().y(), bottom + 20);
-    EXPECT_TRUE(row.front()->window()->isVisible());
+    EXPECT_TRUE(row.front()->window()->isFront());
     find<QCheckBox>(u"showInDock"_s)->click();
     EXPECT_TRUE(row.empty());
 }

@@ -29,7 +29,7 @@ protected:
     {
         QStringList result;
         for (const auto& badge : badges->badgesArray()) {
-            if (badge->window().isVisible())
+            if (badge->window().isFront())
                 result += badge->dockItem()->getTitle().value_or(QString()) + u' ' +
                           badge->badge().text();
         }

@@ -57,7 +57,7 @@ protected:
     {
         QStringList lines;
         for (const ScreenyViewPtr& preview : engine().screenyViews()) {
-            if (!preview->iCal() || !preview->window()->isVisible())
+            if (!preview->iCal() || !preview->window()->isFront())
                 return {u"something else"_s};
             for (const EventLine* field : fields(*preview))
                 lines << field->text();

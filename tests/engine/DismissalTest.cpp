@@ -40,7 +40,7 @@ TEST_F(DismissalTest, gapToTheDock_isBridged_butNothingElse)
         movePointerTo(preview(1));
         loop.advance(20 * tick);
         ASSERT_EQ(shown(), both);
-        EXPECT_FALSE(preview(1).isCloseButtonHidden());
+        EXPECT_TRUE(preview(1).isHovered());
     }
     desk.movePointer({gap().x() - 10, gap().y()});
     loop.runUntilIdle();
@@ -221,7 +221,7 @@ TEST_F(DismissalTest, dragOverAPreview_activatesItOncePerEntering)
     loop.advance(tick);
     desk.setButtons(0);
     loop.advance(tick);
-    EXPECT_FALSE(preview(0).isCloseButtonHidden()) << "dropped";
+    EXPECT_TRUE(preview(0).isHovered()) << "dropped";
 }
 
 TEST_F(DismissalTest, closeAllWindows_closesAlsoThoseWhoseButtonIsDisabled)

@@ -94,7 +94,7 @@ protected:
     {
         QStringList titles;
         for (const ScreenyViewPtr& each : engine().screenyViews())
-            titles << (each->window()->isVisible() ? u"%1"_s : u"(%1)"_s).arg(each->titleString());
+            titles << (each->window()->isFront() ? u"%1"_s : u"(%1)"_s).arg(each->titleString());
         return titles.join(u", "_s);
     }
     /// The numbers on the previews: "<Space>@<distance from the right edge>" and the fast key.
@@ -117,7 +117,7 @@ protected:
         int count = 0;
         for (const auto& list : {engine().screenyViews(), engine().row().cache().cacheArray()})
             count += static_cast<int>(std::count_if(list.begin(), list.end(), [](const auto& each) {
-                return each->window()->isVisible();
+                return each->window()->isFront();
             }));
         return count;
     }

@@ -126,7 +126,7 @@ TEST_F(MediaTest, musicPlayer_withArtwork_isZoomedAsItsWindow)
     enter();
     loop.advance(0.05);
     ASSERT_TRUE(preview(0).zoomWindow());
-    EXPECT_TRUE(preview(0).zoomWindow()->isVisible());
+    EXPECT_TRUE(preview(0).zoomWindow()->isFront());
     EXPECT_EQ(preview(0).zoomWindow()->grab().toImage().pixelColor(5, 5), QColor(Qt::green));
     EXPECT_EQ(preview(0).image().pixelColor(5, 5), QColor(Qt::red));
 }

@@ -85,7 +85,7 @@ TEST_F(Switcher, release_picksThePreviewUnderTheMouse)
     open(0);
     movePointerTo(preview(1));
     loop.advance(0.1);
-    EXPECT_FALSE(preview(1).isCloseButtonHidden()); // hovered, though no panel was entered
+    EXPECT_TRUE(preview(1).isHovered()); // hovered, though no panel was entered
     // Over the close button too: a click would close the window, letting the switcher go never
     // does.
     desk.movePointer(preview(1).window()->frame().topLeft() +
@@ -101,7 +101,7 @@ TEST_F(Switcher, release_picksThePreviewUnderTheMouse)
     open(0);
     loop.advance(0.1);
     ASSERT_EQ(shown(), both);
-    EXPECT_TRUE(preview(1).isCloseButtonHidden());
+    EXPECT_FALSE(preview(1).isHovered());
     desk.closeSwitcher();
     loop.advance(0.1);
     EXPECT_EQ(shown(), u""_s);

@@ -78,7 +78,7 @@ TEST_F(Bubble, panel_comesAndGoesWithTheRow)
     wrapper.hideBubble();
     loop.runUntilIdle();
     previews[1]->orderFront();
-    EXPECT_FALSE(panel().isVisible());
+    EXPECT_FALSE(panel().isFront());
 }
 
 TEST_F(Bubble, dismissedAndShownInOnePass_stays)
@@ -109,7 +109,7 @@ TEST_F(Bubble, turnedOff_isGoneAndCostsNothing)
     wrapper.setShouldBubbleWrap(false);
     loop.runUntilIdle();
     wrapper.positionAndShowBubble(previews);
-    EXPECT_FALSE(panel().isVisible());
+    EXPECT_FALSE(panel().isFront());
 }
 
 } // namespace

@@ -28,7 +28,7 @@ protected:
         host.previews.push_back(preview);
         return preview;
     }
-    /// Whether the toolkit has it on the screen; a panel calls itself visible while it is held.
+    /// Whether the toolkit has it on the screen; to the panel it is in front while it is held.
     static bool isOnScreen(const QWidget& panel) { return panel.isVisible(); }
 
     PanelHost host;
