@@ -30,8 +30,6 @@ namespace
 {
 platform::UserDefaults& defaults() { return platform::desktop().userDefaults; }
 
-LumbrixController* theDelegate = nullptr;
-
 WindowCountBadger& badger() { return *LXHandler::sharedHandler().companions().windowCountBadger; }
 
 float storedBadgeSizeExtra() { return defaults().floatForKey(QStringLiteral("badgeSizeExtra")); }
@@ -39,17 +37,15 @@ float storedBadgeSizeExtra() { return defaults().floatForKey(QStringLiteral("bad
 
 LumbrixController::LumbrixController() : m_hotKeyCenter(std::make_shared<SGHotKeyCenter>())
 {
-    theDelegate = this;
+    PrefsController::setHost(this);
 }
 
 LumbrixController::~LumbrixController()
 {
     m_dockIcon = nullptr;
     PrefsController::releaseSharedPrefsWindowController();
-    theDelegate = nullptr;
+    PrefsController::setHost(nullptr);
 }
-
-LumbrixController* LumbrixController::applicationDelegate() { return theDelegate; }
 
 bool LumbrixController::applicationShouldHandleReopen()
 {
@@ -266,7 +262,12 @@ void LumbrixController::displayStatusIcon()
         return;
     }
     if (!m_statusItem) {
-        auto menu = std::make_unique<StatusMenu>(*this);
+        auto menu = std::make_unique<StatusMenu>();
+        connect(menu.get(), &StatusMenu::toggleChosen, this, &LumbrixController::toggleDisabled);
+        connect(menu.get(), &StatusMenu::preferencesChosen, this,
+                &LumbrixController::showPreferences);
+        connect(menu.get(), &StatusMenu::aboutChosen, this, &LumbrixController::showAbout);
+        connect(menu.get(), &StatusMenu::quitChosen, this, &LumbrixController::quitApp);
         m_statusMenu = menu.get();
         m_statusItem = std::make_unique<StatusItem>(std::move(menu));
     }

@@ -13,33 +13,28 @@
 
 #include "app/Alert.h"
 #include "app/SamplePreview.h"
+#include "app/preferences/PreferencesHost.h"
 #include "engine/HoverDelays.h"
 #include "engine/SWObserver.h"
 #include "platform/RunLoop.h"
-
-class QColor;
-class QLabel;
 
 namespace lumbrix
 {
 
 class AboutWindow;
 class DockIcon;
-class SGHotKeyCenter;
 class StatusItem;
 class StatusMenu;
 struct SGHotKey;
 
 /// Main thread.
-class LumbrixController final : public QObject, public HoverDelays
+class LumbrixController final : public QObject, public PreferencesHost, public HoverDelays
 {
     Q_OBJECT
 
 public:
     LumbrixController();
     ~LumbrixController() override;
-    /// The one there is; null before and after.
-    static LumbrixController* applicationDelegate();
 
     /// First part of the start: access to other applications, then the engine, with the hot-key
     /// centre, and its settings. False when there is no access and the user does not want to give
@@ -53,15 +48,16 @@ public:
     /// Takes everything off the screen and lets go of the Dock.
     void applicationWillTerminate();
 
-    /// Applies all settings as a whole; to be called after each change of one. `senderTitle` is the
-    /// title of the control that changed it (SenderTitles.h), as a few ask the user something.
-    void updateState(const QString& senderTitle = {});
-
-    // What sliders and wells do beside storing their value: its effect is seen while they move.
-    void updateWindowSize();
-    void updateDistanceFromDock();
-    void updateDockBadgeSize();
-    void updateColorOfWindowBadges(const QColor& color);
+    // What the preferences ask.
+    void updateState(const QString& senderTitle = {}) override;
+    void updateWindowSize() override;
+    void updateDistanceFromDock() override;
+    void updateDockBadgeSize() override;
+    void updateColorOfWindowBadges(const QColor& color) override;
+    void setVersionLabel(QLabel* label) override;
+    void setDelayLabel(QLabel* label) override;
+    void setExitDelayLabel(QLabel* label) override;
+    SGHotKeyCenter& hotKeyCenter() override { return *m_hotKeyCenter; }
 
     /// Flips whether previews are shown at all.
     void toggleDisabled();
@@ -69,11 +65,6 @@ public:
     void showPreferences();
     void showAbout();
     void quitApp();
-
-    // Labels of the preferences window, null until connected; filled at once and kept up to date.
-    void setVersionLabel(QLabel* label);
-    void setDelayLabel(QLabel* label);
-    void setExitDelayLabel(QLabel* label);
 
     /// Every alert of the program is made here. A suppression text without the checkbox is ignored;
     /// the checkbox without a text has the usual one.
@@ -87,7 +78,6 @@ public:
 
     float displayDelay() const override { return m_displayDelay; }
     std::int32_t dontDelayIfOpen() const override { return m_dontDelayIfOpen; }
-    SGHotKeyCenter& hotKeyCenter() { return *m_hotKeyCenter; }
     const SWObserver* dockObserver() const { return m_dockObserver.get(); }
     const SamplePreview& samplePreview() const { return m_samplePreview; }
     StatusItem* statusItem() const { return m_statusItem.get(); } ///< null while it is hidden

@@ -3,20 +3,18 @@
 
 #include "app/StatusMenu.h"
 
-#include "app/LumbrixController.h"
-
 namespace lumbrix
 {
 
-StatusMenu::StatusMenu(LumbrixController& controller)
+StatusMenu::StatusMenu()
 {
     setWindowRole(QStringLiteral("status-menu"));
-    m_toggle = addAction(QString(), &controller, &LumbrixController::toggleDisabled);
+    m_toggle = addAction(QString(), this, &StatusMenu::toggleChosen);
     addSeparator();
-    addAction(tr("Preferences"), &controller, &LumbrixController::showPreferences);
-    addAction(tr("About"), &controller, &LumbrixController::showAbout);
+    addAction(tr("Preferences"), this, &StatusMenu::preferencesChosen);
+    addAction(tr("About"), this, &StatusMenu::aboutChosen);
     addSeparator();
-    addAction(tr("Quit"), &controller, &LumbrixController::quitApp);
+    addAction(tr("Quit"), this, &StatusMenu::quitChosen);
     update(false, QString());
 }
 

@@ -9,18 +9,22 @@
 namespace lumbrix
 {
 
-class LumbrixController;
-
-/// Main thread. The controller outlives it.
+/// Main thread.
 class StatusMenu final : public QMenu
 {
     Q_OBJECT
 
 public:
-    explicit StatusMenu(LumbrixController& controller);
+    StatusMenu();
     /// What the first item would do, and the hot key that does the same, which is shown beside it;
     /// empty for none. Also while the menu is open.
     void update(bool isDisabled, const QString& keyEquivalent);
+
+Q_SIGNALS:
+    void toggleChosen(); ///< of the first item
+    void preferencesChosen();
+    void aboutChosen();
+    void quitChosen();
 
 private:
     QAction* m_toggle;

@@ -3,10 +3,9 @@
 
 #include "preview/BadgeView.h"
 
-#include <memory>
+#include <algorithm>
 
 #include "preview/Cells.h"
-#include "preview/InterfaceFile.h"
 #include "preview/NumberLabel.h"
 
 namespace lumbrix
@@ -17,24 +16,16 @@ BadgeView::BadgeView(QWidget* parent) : QWidget(parent)
     setAttribute(Qt::WA_TransparentForMouseEvents);
 }
 
-BadgeView* BadgeView::load(QWidget& parent)
+bool BadgeView::awakeFromNib()
 {
-    std::unique_ptr<QWidget> loaded = loadInterface(u"SpaceBadge"_qs);
-    auto* view = qobject_cast<BadgeView*>(loaded.get());
-    if (!view)
-        return nullptr;
-    view->m_labels = {view->findChild<NumberLabel*>(u"smallLabel"_qs),
-                      view->findChild<NumberLabel*>(u"mediumLabel"_qs),
-                      view->findChild<NumberLabel*>(u"largeLabel"_qs)};
-    view->m_badgeImage = view->findChild<LXImageCell*>(u"badgeImage"_qs);
-    for (const QWidget* part : view->m_labels) {
-        if (!part || !view->m_badgeImage)
-            return nullptr;
-    }
-    view->hideAll();
-    view->setParent(&parent);
-    static_cast<void>(loaded.release()); // the parent has it now
-    return view;
+    m_labels = {findChild<NumberLabel*>(u"smallLabel"_qs),
+                findChild<NumberLabel*>(u"mediumLabel"_qs),
+                findChild<NumberLabel*>(u"largeLabel"_qs)};
+    m_badgeImage = findChild<LXImageCell*>(u"badgeImage"_qs);
+    if (!m_badgeImage || std::count(m_labels.begin(), m_labels.end(), nullptr) > 0)
+        return false;
+    hideAll();
+    return true;
 }
 
 void BadgeView::show(int number, Size size, const QRect& frame)

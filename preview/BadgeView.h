@@ -24,8 +24,8 @@ public:
     static constexpr int sizeCount = 3;
 
     explicit BadgeView(QWidget* parent = nullptr);
-    /// Hidden, and belongs to the parent. Null when the file cannot be loaded.
-    static BadgeView* load(QWidget& parent);
+    /// To be called once its parts are there. Hides it; false when one is missing.
+    bool awakeFromNib();
 
     NumberLabel* label(Size size) const { return m_labels.at(size); }
     LXImageCell* badgeImage() const { return m_badgeImage; }

@@ -9,6 +9,7 @@
 #include "model/EngineSettings.h"
 #include "preview/BadgeView.h"
 #include "preview/Cells.h"
+#include "preview/InterfaceFile.h"
 #include "preview/PreviewHost.h"
 
 namespace lumbrix
@@ -44,6 +45,18 @@ std::int32_t fittingSize(std::int32_t wanted, float height)
     return size;
 }
 
+/// Hidden, and belongs to the parent. Null when the interface file cannot be loaded.
+BadgeView* loadBadge(QWidget& parent)
+{
+    std::unique_ptr<QWidget> loaded = loadInterface(u"SpaceBadge"_qs);
+    auto* badge = qobject_cast<BadgeView*>(loaded.get());
+    if (!badge || !badge->awakeFromNib())
+        return nullptr;
+    badge->setParent(&parent);
+    static_cast<void>(loaded.release()); // the parent has it now
+    return badge;
+}
+
 } // namespace
 
 void ScreenyView::showSpaces()
@@ -57,7 +70,7 @@ void ScreenyView::showSpaces()
         return;
     }
     if (!m_spaceView) {
-        m_spaceView = BadgeView::load(*contentView());
+        m_spaceView = loadBadge(*contentView());
         if (!m_spaceView)
             return;
         if (settings.spaceStyle == blueStyle)

@@ -6,9 +6,9 @@
 #include <algorithm>
 
 #include "app/HotKeyIdentifiers.h"
-#include "app/LumbrixController.h"
 #include "app/SGHotKeyCenter.h"
 #include "app/preferences/NoteLabel.h"
+#include "app/preferences/PreferencesHost.h"
 #include "app/preferences/SRRecorderControl.h"
 #include "platform/Desktop.h"
 #include "platform/UserDefaults.h"
@@ -29,8 +29,8 @@ SGKeyCombo storedCombo(const QString& identifier)
 
 } // namespace
 
-HotKeyRecorders::HotKeyRecorders(QWidget& pane, LumbrixController& controller)
-    : QObject(&pane), m_controller(controller)
+HotKeyRecorders::HotKeyRecorders(QWidget& pane, PreferencesHost& host)
+    : QObject(&pane), m_host(host)
 {
     const auto row = [&pane](const QString& identifier, const char* control, const char* note) {
         return Row{identifier, pane.findChild<SRRecorderControl*>(QLatin1String(control)),
@@ -46,9 +46,9 @@ HotKeyRecorders::HotKeyRecorders(QWidget& pane, LumbrixController& controller)
         connect(control, &SRRecorderControl::keyComboDidChange, this,
                 [this, &each] { shortcutRecorderKeyComboDidChange(each); });
         connect(control, &SRRecorderControl::recordingDidBegin, this,
-                [this] { m_controller.hotKeyCenter().setSuspended(true); });
+                [this] { m_host.hotKeyCenter().setSuspended(true); });
         connect(control, &SRRecorderControl::recordingDidEnd, this,
-                [this] { m_controller.hotKeyCenter().setSuspended(false); });
+                [this] { m_host.hotKeyCenter().setSuspended(false); });
     }
     refresh();
 }
@@ -56,7 +56,7 @@ HotKeyRecorders::HotKeyRecorders(QWidget& pane, LumbrixController& controller)
 HotKeyRecorders::~HotKeyRecorders()
 {
     setShown(false);
-    m_controller.hotKeyCenter().setSuspended(false);
+    m_host.hotKeyCenter().setSuspended(false);
 }
 
 void HotKeyRecorders::refresh()
@@ -70,7 +70,7 @@ void HotKeyRecorders::setShown(bool shown)
 {
     if (shown == (m_noteTimer != nullptr))
         return;
-    m_controller.hotKeyCenter().setTrying(shown);
+    m_host.hotKeyCenter().setTrying(shown);
     m_noteTimer = shown ? platform::desktop().runLoop.scheduleTimer(noteInterval, true,
                                                                     [this] { updateNotes(); })
                         : nullptr;
@@ -81,7 +81,7 @@ void HotKeyRecorders::shortcutRecorderKeyComboDidChange(const Row& row)
     platform::UserDefaults& defaults = platform::desktop().userDefaults;
     defaults.setDictionary(row.control->keyCombo().plistRepresentation(), row.identifier);
     defaults.synchronize();
-    m_controller.updateState();
+    m_host.updateState();
     updateNotes();
 }
 
@@ -101,7 +101,7 @@ QString HotKeyRecorders::noteFor(const Row& row) const
     });
     if (isDouble)
         return tr("Chosen twice: only one of them works.");
-    const auto taken = m_controller.hotKeyCenter().takenHotKeys();
+    const auto taken = m_host.hotKeyCenter().takenHotKeys();
     const bool isTaken = std::any_of(taken.begin(), taken.end(), [&row](const auto& hotKey) {
         return hotKey->identifier == row.identifier;
     });

@@ -16,8 +16,8 @@ class QWidget;
 namespace lumbrix
 {
 
-class LumbrixController;
 class NoteLabel;
+class PreferencesHost;
 class SRRecorderControl;
 
 /// Main thread. Goes with the pane.
@@ -26,7 +26,7 @@ class HotKeyRecorders final : public QObject
     Q_OBJECT
 
 public:
-    HotKeyRecorders(QWidget& pane, LumbrixController& controller);
+    HotKeyRecorders(QWidget& pane, PreferencesHost& host);
     ~HotKeyRecorders() override;
 
     /// Shows the stored hot keys.
@@ -46,7 +46,7 @@ private:
     void updateNotes();
     QString noteFor(const Row& row) const;
 
-    LumbrixController& m_controller;
+    PreferencesHost& m_host;
     std::array<Row, 3> m_rows;
     platform::TimerPtr m_noteTimer;
 };

@@ -13,12 +13,12 @@
 
 #include <array>
 
-#include "app/LumbrixController.h"
 #include "app/filters/IgnoreTable.h"
 #include "app/preferences/CalendarPicker.h"
 #include "app/preferences/ColorWell.h"
 #include "app/preferences/HotKeyRecorders.h"
 #include "app/preferences/NoteLabel.h"
+#include "app/preferences/PreferencesHost.h"
 #include "app/preferences/SRRecorderControl.h"
 #include "app/preferences/SettingsBinding.h"
 #include "engine/LXHandler.h"
@@ -57,6 +57,7 @@ constexpr std::array widgetClasses{
     InterfaceClass{QLatin1String("SRRecorderControl"), make<SRRecorderControl>},
 };
 
+PreferencesHost* sharedHost = nullptr;
 std::unique_ptr<PrefsController> sharedInstance;
 
 WindowCountBadger& badger() { return *LXHandler::sharedHandler().companions().windowCountBadger; }
@@ -80,10 +81,11 @@ void fillModifierNames(QWidget& pane)
 PrefsController& PrefsController::sharedPrefsWindowController()
 {
     if (!sharedInstance)
-        sharedInstance =
-            std::make_unique<PrefsController>(*LumbrixController::applicationDelegate());
+        sharedInstance = std::make_unique<PrefsController>(*sharedHost);
     return *sharedInstance;
 }
+
+void PrefsController::setHost(PreferencesHost* host) { sharedHost = host; }
 
 void PrefsController::releaseSharedPrefsWindowController() { sharedInstance.reset(); }
 
@@ -116,13 +118,13 @@ void PrefsController::setupToolbar()
 void PrefsController::awakeFromNib(QWidget& pane)
 {
     fillModifierNames(pane);
-    for (SettingsBinding* binding : bindPane(pane, m_controller))
+    for (SettingsBinding* binding : bindPane(pane, m_host))
         m_bindings.emplace_back(binding);
     if (pane.findChild<SRRecorderControl*>())
-        m_recorders = new HotKeyRecorders(pane, m_controller);
+        m_recorders = new HotKeyRecorders(pane, m_host);
     if (auto* well = pane.findChild<ColorWell*>()) {
-        connect(well, &ColorWell::colorChanged, &m_controller,
-                &LumbrixController::updateColorOfWindowBadges);
+        connect(well, &ColorWell::colorChanged, this,
+                [this](const QColor& color) { m_host.updateColorOfWindowBadges(color); });
     }
     if (pane.objectName() == QLatin1String("preferencesFilters"))
         new IgnoreTable(pane);
@@ -132,11 +134,11 @@ void PrefsController::awakeFromNib(QWidget& pane)
                 [picker, &pane] { picker->showSheet(*pane.window()); });
     }
     if (auto* label = pane.findChild<QLabel*>(QStringLiteral("versionLabel")))
-        m_controller.setVersionLabel(label);
+        m_host.setVersionLabel(label);
     if (auto* label = pane.findChild<QLabel*>(QStringLiteral("delayLabel")))
-        m_controller.setDelayLabel(label);
+        m_host.setDelayLabel(label);
     if (auto* label = pane.findChild<QLabel*>(QStringLiteral("exitDelayLabel")))
-        m_controller.setExitDelayLabel(label);
+        m_host.setExitDelayLabel(label);
 }
 
 void PrefsController::windowWillShow()

@@ -14,7 +14,7 @@ namespace lumbrix
 {
 
 class HotKeyRecorders;
-class LumbrixController;
+class PreferencesHost;
 class SettingsBinding;
 
 /// Main thread.
@@ -23,16 +23,18 @@ class PrefsController final : public DBPrefsWindowController
     Q_OBJECT
 
 public:
-    /// The one instance, made on first use. Not without an application controller.
+    /// Whose preferences they are from now on; null after their release.
+    static void setHost(PreferencesHost* host);
+    /// The one instance, made on first use. Not without a host.
     static PrefsController& sharedPrefsWindowController();
-    /// Closes the window, without a controller to tell about it any more.
+    /// Closes the window, without a host to tell about it any more.
     static void releaseSharedPrefsWindowController();
     /// The window, for sheets; null while it is closed.
     static QWidget* openWindow();
     /// Has an open window show what is stored now.
     static void settingsDidChange();
 
-    explicit PrefsController(LumbrixController& controller) : m_controller(controller) {}
+    explicit PrefsController(PreferencesHost& host) : m_host(host) {}
     ~PrefsController() override;
 
     /// Shows what is stored now; does nothing while there is no window.
@@ -49,7 +51,7 @@ private:
     void awakeFromNib(QWidget& pane);
     void tellRecorders();
 
-    LumbrixController& m_controller;
+    PreferencesHost& m_host;
     std::vector<QPointer<SettingsBinding>> m_bindings;
     QPointer<HotKeyRecorders> m_recorders;
 };

@@ -12,7 +12,7 @@
 #include <cmath>
 #include <utility>
 
-#include "app/LumbrixController.h"
+#include "app/preferences/PreferencesHost.h"
 #include "platform/Desktop.h"
 #include "platform/UserDefaults.h"
 
@@ -23,7 +23,7 @@ namespace
 
 platform::UserDefaults& defaults() { return platform::desktop().userDefaults; }
 
-/// In English, whatever language it is shown in, where the controller knows it.
+/// In English, whatever language it is shown in, where the program knows it.
 QString titleOf(const QCheckBox& box)
 {
     const QVariant title = box.property("settingsTitle");
@@ -33,12 +33,11 @@ QString titleOf(const QCheckBox& box)
 class CheckBoxBinding final : public SettingsBinding
 {
 public:
-    CheckBoxBinding(QCheckBox& box, LumbrixController& controller)
-        : SettingsBinding(box, controller), m_box(box)
+    CheckBoxBinding(QCheckBox& box, PreferencesHost& host) : SettingsBinding(box, host), m_box(box)
     {
         connect(&box, &QCheckBox::clicked, this, [this](bool isChecked) {
             storeInteger(isChecked ? 1 : 0);
-            this->controller().updateState(titleOf(m_box));
+            this->host().updateState(titleOf(m_box));
         });
     }
     void refresh() override { m_box.setChecked(defaults().integerForKey(key()) != 0); }
@@ -50,8 +49,7 @@ private:
 class ComboBoxBinding final : public SettingsBinding
 {
 public:
-    ComboBoxBinding(QComboBox& box, LumbrixController& controller)
-        : SettingsBinding(box, controller), m_box(box)
+    ComboBoxBinding(QComboBox& box, PreferencesHost& host) : SettingsBinding(box, host), m_box(box)
     {
         const QString values = box.property("settingsValues").toString();
         const auto given = values.split(QLatin1Char(','), Qt::SkipEmptyParts);
@@ -64,7 +62,7 @@ public:
             if (index == indexOf(defaults().integerForKey(key())))
                 return;
             storeInteger(m_values.at(static_cast<std::size_t>(index)));
-            this->controller().updateState();
+            this->host().updateState();
         });
     }
     void refresh() override { m_box.setCurrentIndex(indexOf(defaults().integerForKey(key()))); }
@@ -84,8 +82,8 @@ private:
 class SliderBinding final : public SettingsBinding
 {
 public:
-    SliderBinding(QSlider& slider, LumbrixController& controller)
-        : SettingsBinding(slider, controller), m_slider(slider),
+    SliderBinding(QSlider& slider, PreferencesHost& host)
+        : SettingsBinding(slider, host), m_slider(slider),
           m_label(labelNamed(slider.property("valueLabel").toString(), slider)),
           m_format(slider.property("valueFormat").toString()),
           m_action(actionNamed(slider.property("settingsAction").toString()))
@@ -97,7 +95,7 @@ public:
                 return;
             storeFloat(static_cast<float>(position * m_step));
             showValue();
-            m_action(this->controller());
+            m_action(this->host());
         });
     }
     void refresh() override
@@ -112,7 +110,7 @@ public:
     }
 
 private:
-    using Action = void (*)(LumbrixController&);
+    using Action = void (*)(PreferencesHost&);
 
     static QLabel* labelNamed(const QString& name, const QSlider& slider)
     {
@@ -121,15 +119,15 @@ private:
     static Action actionNamed(const QString& name)
     {
         static const std::pair<const char*, Action> actions[] = {
-            {"updateWindowSize", [](LumbrixController& c) { c.updateWindowSize(); }},
-            {"updateDistanceFromDock", [](LumbrixController& c) { c.updateDistanceFromDock(); }},
-            {"updateDockBadgeSize", [](LumbrixController& c) { c.updateDockBadgeSize(); }},
+            {"updateWindowSize", [](PreferencesHost& h) { h.updateWindowSize(); }},
+            {"updateDistanceFromDock", [](PreferencesHost& h) { h.updateDistanceFromDock(); }},
+            {"updateDockBadgeSize", [](PreferencesHost& h) { h.updateDockBadgeSize(); }},
         };
         for (const auto& [known, action] : actions) {
             if (name == QLatin1String(known))
                 return action;
         }
-        return [](LumbrixController& c) { c.updateState(); };
+        return [](PreferencesHost& h) { h.updateState(); };
     }
     /// The value that is stored, which may lie beyond the slider's ends.
     void showValue()
@@ -166,22 +164,22 @@ void makeDependent(QWidget& widget, QWidget& pane)
 
 } // namespace
 
-SettingsBinding::SettingsBinding(QWidget& control, LumbrixController& controller)
-    : QObject(&control), m_controller(controller), m_key(control.property("settingsKey").toString())
+SettingsBinding::SettingsBinding(QWidget& control, PreferencesHost& host)
+    : QObject(&control), m_host(host), m_key(control.property("settingsKey").toString())
 {
 }
 
-SettingsBinding* SettingsBinding::bind(QWidget& control, LumbrixController& controller)
+SettingsBinding* SettingsBinding::bind(QWidget& control, PreferencesHost& host)
 {
     if (!control.property("settingsKey").isValid())
         return nullptr;
     SettingsBinding* binding = nullptr;
     if (auto* checkBox = qobject_cast<QCheckBox*>(&control))
-        binding = new CheckBoxBinding(*checkBox, controller);
+        binding = new CheckBoxBinding(*checkBox, host);
     else if (auto* comboBox = qobject_cast<QComboBox*>(&control))
-        binding = new ComboBoxBinding(*comboBox, controller);
+        binding = new ComboBoxBinding(*comboBox, host);
     else if (auto* slider = qobject_cast<QSlider*>(&control))
-        binding = new SliderBinding(*slider, controller);
+        binding = new SliderBinding(*slider, host);
     if (binding)
         binding->refresh();
     return binding;
@@ -199,12 +197,12 @@ void SettingsBinding::storeFloat(float value)
     defaults().synchronize();
 }
 
-std::vector<SettingsBinding*> bindPane(QWidget& pane, LumbrixController& controller)
+std::vector<SettingsBinding*> bindPane(QWidget& pane, PreferencesHost& host)
 {
     std::vector<SettingsBinding*> bindings;
     const auto widgets = pane.findChildren<QWidget*>();
     for (QWidget* widget : widgets) {
-        if (SettingsBinding* binding = SettingsBinding::bind(*widget, controller))
+        if (SettingsBinding* binding = SettingsBinding::bind(*widget, host))
             bindings.push_back(binding);
     }
     for (QWidget* widget : widgets) {

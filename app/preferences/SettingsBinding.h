@@ -5,11 +5,11 @@
 //
 // Interface files say how by these properties:
 //   settingsKey     of a checkbox (0 or 1), a combo box (an integer) or a slider (a number)
-//   settingsTitle   of a checkbox: its title as the controller knows it, where it knows it
+//   settingsTitle   of a checkbox: its title as the program knows it, where it knows it
 //   settingsValues  of a combo box: what its items stand for, "0,1,4"; otherwise their indices
 //   settingsElse    of a combo box: the index of the item that stands for all other values
 //   settingsStep    of a slider: what one of its steps stands for; otherwise 1
-//   settingsAction  of a slider: the controller's method to call instead of updateState()
+//   settingsAction  of a slider: the host's method to call instead of updateState()
 //   valueLabel      of a slider: the name of the label beside it ...
 //   valueFormat     ... and its text, with %1 in the place of the rounded value
 //   enabledBy       of any widget: the checkbox that must be set for it to be enabled, or with !
@@ -32,9 +32,9 @@ class QWidget;
 namespace lumbrix
 {
 
-class LumbrixController;
+class PreferencesHost;
 
-/// Main thread. When the user moves the control, the value is stored and the controller told. Until
+/// Main thread. When the user moves the control, the value is stored and the host told. Until
 /// then a value that the control cannot show stays as it is.
 class SettingsBinding : public QObject
 {
@@ -42,25 +42,25 @@ class SettingsBinding : public QObject
 
 public:
     /// Null for a widget without a key, or of another kind. The binding goes with the control.
-    static SettingsBinding* bind(QWidget& control, LumbrixController& controller);
+    static SettingsBinding* bind(QWidget& control, PreferencesHost& host);
 
     const QString& key() const { return m_key; }
     /// Shows what is stored now.
     virtual void refresh() = 0;
 
 protected:
-    SettingsBinding(QWidget& control, LumbrixController& controller);
+    SettingsBinding(QWidget& control, PreferencesHost& host);
 
     void storeInteger(std::int64_t value);
     void storeFloat(float value);
-    LumbrixController& controller() { return m_controller; }
+    PreferencesHost& host() { return m_host; }
 
 private:
-    LumbrixController& m_controller;
+    PreferencesHost& m_host;
     const QString m_key;
 };
 
 /// Binds every control of a pane that has a key, and makes those depend on one another that say so.
-std::vector<SettingsBinding*> bindPane(QWidget& pane, LumbrixController& controller);
+std::vector<SettingsBinding*> bindPane(QWidget& pane, PreferencesHost& host);
 
 } // namespace lumbrix

@@ -7,7 +7,6 @@
 
 #include <array>
 
-#include "app/LumbrixController.h"
 #include "app/StatusMenu.h"
 #include "app/Translations.h"
 #include "app/filters/FilterLevelTitle.h"
@@ -33,7 +32,7 @@ protected:
     {
         forget();
         installTranslations(languages, {u"/no/such/folder"_s, QStringLiteral(CATALOGUE_FOLDER)});
-        const StatusMenu menu(m_controller);
+        const StatusMenu menu;
         const auto pane = loadInterface(u"PreferencesAdvanced"_s, classes);
         return {menu.actions().constLast()->text(),
                 pane->findChild<QCheckBox*>(u"ignoreMinimized"_s)->text(), FilterLevel::title(0)};
@@ -42,7 +41,6 @@ protected:
     static constexpr std::array classes{
         InterfaceClass{QLatin1String("NoteLabel"),
                        [](QWidget* parent) -> QWidget* { return new NoteLabel(parent); }}};
-    LumbrixController m_controller;
 };
 
 TEST_F(TranslationsTest, texts_areInTheFirstLanguageThatThereIs)
