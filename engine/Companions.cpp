@@ -50,7 +50,7 @@ class AbsentPlayerControls final : public PlayerControls
 {
     void setAppFlags(ScreenyView&, const std::optional<platform::RunningApplication>&) override {}
     bool isReachable(const ScreenyView&) override { return false; }
-    QString playerState(const ScreenyView&) override { return QStringLiteral("unknown"); }
+    PlayerState playerState(const ScreenyView&) override { return PlayerState::Unknown; }
     std::optional<QString> currentTrack(const ScreenyView&) override { return std::nullopt; }
     QImage artwork(const ScreenyView&) override { return {}; }
     void skipLeft(ScreenyView&) override {}

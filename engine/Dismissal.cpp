@@ -150,8 +150,7 @@ bool Dismissal::checkIfPreviewsAreHovered(bool includeDockItem)
     const QRectF icon = includeDockItem && dockItem ? dockItem->getNSRect() : QRectF();
     if (contains(icon, mouse))
         return true;
-    const auto side =
-        PreviewLayout::dockSideForOrientation(StripArranger::getDockOrientation(dockItem));
+    const auto side = StripArranger::dockSide(dockItem);
     // A copy: a preview's hover state may have the engine change the set.
     const auto previews = m.row.previews();
     for (const ScreenyViewPtr& preview : previews) {

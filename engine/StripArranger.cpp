@@ -44,6 +44,11 @@ QString StripArranger::getDockOrientation(const SWElementPtr& item)
     return freshDockPreferences().orientation(elementOf(item)).value_or(QStringLiteral("bottom"));
 }
 
+std::optional<DockSide> StripArranger::dockSide(const SWElementPtr& item)
+{
+    return PreviewLayout::dockSideForOrientation(getDockOrientation(item));
+}
+
 bool StripArranger::isDockMagnificationEnabled(const SWElementPtr& item)
 {
     return freshDockPreferences().magnification(elementOf(item)) == 1;
@@ -56,8 +61,7 @@ bool StripArranger::isDockAutoHidingEnabled(const SWElementPtr& item)
 
 bool StripArranger::hasPlaceBeside(const SWElementPtr& item)
 {
-    return !rectOf(item).isEmpty() &&
-           PreviewLayout::dockSideForOrientation(getDockOrientation(item)).has_value();
+    return !rectOf(item).isEmpty() && dockSide(item).has_value();
 }
 
 bool StripArranger::isOnScreen(const SWElementPtr& item)
@@ -70,13 +74,12 @@ bool StripArranger::isOnScreen(const SWElementPtr& item)
 
 bool StripArranger::isArrangedBeside(const SWElementPtr& item) const
 {
-    return rectOf(item) == m_icon &&
-           PreviewLayout::dockSideForOrientation(getDockOrientation(item)) == m_side;
+    return rectOf(item) == m_icon && dockSide(item) == m_side;
 }
 
 void StripArranger::arrangeWindows(const SWElementPtr& item, bool animate)
 {
-    const auto side = PreviewLayout::dockSideForOrientation(getDockOrientation(item));
+    const auto side = dockSide(item);
     if (side == DockSide::Bottom)
         arrangeWindowsBottom(item, animate);
     else if (side == DockSide::Top)
@@ -140,7 +143,7 @@ void StripArranger::markOwnWindow(const SWElementPtr& item)
 void StripArranger::arrangeWindow(ScreenyView& preview)
 {
     const SWElementPtr first = SWElement::getFirstDockElement();
-    const auto side = PreviewLayout::dockSideForOrientation(getDockOrientation(first));
+    const auto side = dockSide(first);
     if (MAWindow* window = preview.window(); window && side && first)
         window->setFrame(PreviewLayout::sample(*side, layoutInput(first->getRect())));
     preview.orderFront();

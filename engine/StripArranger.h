@@ -33,6 +33,8 @@ public:
     // The settings of the Dock that has the item, or for null of the first one, read afresh each
     // time.
     static QString getDockOrientation(const SWElementPtr& item);
+    /// The same as a side; null where that Dock names none that previews can be placed at.
+    static std::optional<PreviewLayout::DockSide> dockSide(const SWElementPtr& item);
     static bool isDockMagnificationEnabled(const SWElementPtr& item);
     static bool isDockAutoHidingEnabled(const SWElementPtr& item);
 

@@ -73,7 +73,7 @@ bool MediaControls::isReachable(const ScreenyView& preview)
     return script().roleOf(windowOf(preview)) != ApplicationRole::Other;
 }
 
-QString MediaControls::playerState(const ScreenyView& preview)
+PlayerState MediaControls::playerState(const ScreenyView& preview)
 {
     return script().getPlayerState(windowOf(preview));
 }
@@ -93,20 +93,20 @@ QImage MediaControls::artwork(const ScreenyView& preview)
 void MediaControls::skipLeft(ScreenyView& preview)
 {
     if (preview.iTunes()) {
-        script().skipLeft(QStringLiteral("iTunes"), windowOf(preview));
+        script().skipLeft(ApplicationRole::MusicPlayer, windowOf(preview));
         showTrack(preview);
     } else if (preview.VLC()) {
-        script().skipLeft(QStringLiteral("VLC"), windowOf(preview));
+        script().skipLeft(ApplicationRole::VLC, windowOf(preview));
     }
 }
 
 void MediaControls::skipRight(ScreenyView& preview)
 {
     if (preview.iTunes()) {
-        script().skipRight(QStringLiteral("iTunes"), windowOf(preview));
+        script().skipRight(ApplicationRole::MusicPlayer, windowOf(preview));
         showTrack(preview);
     } else if (preview.VLC()) {
-        script().skipRight(QStringLiteral("VLC"), windowOf(preview));
+        script().skipRight(ApplicationRole::VLC, windowOf(preview));
     }
 }
 
@@ -130,9 +130,9 @@ void MediaControls::getMail(ScreenyView& preview)
 void MediaControls::playPause(ScreenyView& preview)
 {
     if (preview.VLC())
-        script().playPause(QStringLiteral("VLC"), windowOf(preview));
+        script().playPause(ApplicationRole::VLC, windowOf(preview));
     else if (preview.QuickTime())
-        script().playPause(QStringLiteral("QuickTime"), windowOf(preview));
+        script().playPause(ApplicationRole::MoviePlayer, windowOf(preview));
 }
 
 } // namespace lumbrix

@@ -15,7 +15,7 @@ public:
     void setAppFlags(ScreenyView& preview,
                      const std::optional<platform::RunningApplication>& application) override;
     bool isReachable(const ScreenyView& preview) override;
-    QString playerState(const ScreenyView& preview) override;
+    PlayerState playerState(const ScreenyView& preview) override;
     std::optional<QString> currentTrack(const ScreenyView& preview) override;
     QImage artwork(const ScreenyView& preview) override;
     void skipLeft(ScreenyView& preview) override;

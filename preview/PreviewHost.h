@@ -11,6 +11,7 @@
 #include <optional>
 
 #include "platform/Workspace.h"
+#include "scripting/PlayerState.h"
 
 namespace lumbrix
 {
@@ -31,8 +32,7 @@ public:
     /// Whether there is somebody to obey the preview's buttons: a player may run without the
     /// interface by which it is reached, or lose it. Never waits.
     virtual bool isReachable(const ScreenyView& preview) = 0;
-    /// "playing", "stopped" or "unknown".
-    virtual QString playerState(const ScreenyView& preview) = 0;
+    virtual PlayerState playerState(const ScreenyView& preview) = 0;
     virtual std::optional<QString> currentTrack(const ScreenyView& preview) = 0;
     virtual QImage artwork(const ScreenyView& preview) = 0; ///< null without one
     virtual void skipLeft(ScreenyView& preview) = 0;

@@ -177,11 +177,9 @@ void ScreenyView::placeButtons()
 void ScreenyView::showButtons()
 {
     if (m_iTunes) {
-        const QString state = m_host.playerControls().playerState(*this);
-        if (state == u"stopped")
-            setPlayState(false);
-        else if (state == u"playing")
-            setPlayState(true);
+        const PlayerState state = m_host.playerControls().playerState(*this);
+        if (state != PlayerState::Unknown)
+            setPlayState(state == PlayerState::Playing);
         m_controls[SkipLeft]->show();
         m_controls[SkipRight]->show();
     } else if (m_Mail) {

@@ -10,6 +10,8 @@
 namespace lumbrix
 {
 
+using platform::ApplicationRole;
+
 SWScript& SWScript::sharedScript()
 {
     static SWScript script = [] {
@@ -50,21 +52,21 @@ QImage SWScript::getCurrentArtwork(const ScriptingWindow& window) const
     return {};
 }
 
-QString SWScript::getPlayerState(const ScriptingWindow& window) const
+PlayerState SWScript::getPlayerState(const ScriptingWindow& window) const
 {
     const auto state = ITApplication(window).playerState();
     switch (state.value_or(0)) {
     case ITApplication::playing:
-        return QStringLiteral("playing");
-    case ITApplication::paused: // is offered to be played, just as a stopped one
+        return PlayerState::Playing;
+    case ITApplication::paused:
     case ITApplication::stopped:
-        return QStringLiteral("stopped");
+        return PlayerState::Stopped;
     default:
-        return QStringLiteral("unknown");
+        return PlayerState::Unknown;
     }
 }
 
-platform::ApplicationRole SWScript::roleOf(const ScriptingWindow& window) const
+ApplicationRole SWScript::roleOf(const ScriptingWindow& window) const
 {
     return platform::desktop().appleEvents.roleOf(window.pid, window.window);
 }
@@ -79,27 +81,27 @@ void SWScript::pauseITunes(const ScriptingWindow& window) const
     offMainThread([window] { ITApplication(window).pause(); });
 }
 
-void SWScript::skipLeft(const QString& player, const ScriptingWindow& window) const
+void SWScript::skipLeft(ApplicationRole player, const ScriptingWindow& window) const
 {
-    if (player == u"iTunes")
+    if (player == ApplicationRole::MusicPlayer)
         offMainThread([window] { ITApplication(window).previousTrack(); });
-    else if (player == u"VLC")
+    else if (player == ApplicationRole::VLC)
         offMainThread([window] { VLApplication(window).previous(); });
 }
 
-void SWScript::skipRight(const QString& player, const ScriptingWindow& window) const
+void SWScript::skipRight(ApplicationRole player, const ScriptingWindow& window) const
 {
-    if (player == u"iTunes")
+    if (player == ApplicationRole::MusicPlayer)
         offMainThread([window] { ITApplication(window).nextTrack(); });
-    else if (player == u"VLC")
+    else if (player == ApplicationRole::VLC)
         offMainThread([window] { VLApplication(window).next(); });
 }
 
-void SWScript::playPause(const QString& player, const ScriptingWindow& window) const
+void SWScript::playPause(ApplicationRole player, const ScriptingWindow& window) const
 {
-    if (player == u"VLC") {
+    if (player == ApplicationRole::VLC) {
         offMainThread([window] { VLApplication(window).play(); });
-    } else if (player == u"QuickTime") {
+    } else if (player == ApplicationRole::MoviePlayer) {
         offMainThread([window] {
             const QPDocument document = QPApplication(window).document(1);
             if (document.playing().value_or(false))

@@ -12,6 +12,7 @@
 
 #include "platform/Workspace.h"
 #include "scripting/Applications.h"
+#include "scripting/PlayerState.h"
 
 namespace lumbrix
 {
@@ -29,20 +30,20 @@ public:
     std::optional<QString> getCurrentTrack(const ScriptingWindow& window = {}) const;
     /// The first artwork of iTunes' current track that has a picture; null without one.
     QImage getCurrentArtwork(const ScriptingWindow& window = {}) const;
-    /// "playing", "stopped" (also while paused) or "unknown".
-    QString getPlayerState(const ScriptingWindow& window = {}) const;
+    PlayerState getPlayerState(const ScriptingWindow& window = {}) const;
 
     /// As what the window's application takes commands now; Other when it takes none. Never waits.
     platform::ApplicationRole roleOf(const ScriptingWindow& window) const;
 
     void playITunes(const ScriptingWindow& window = {}) const;
     void pauseITunes(const ScriptingWindow& window = {}) const;
-    /// The previous track of "iTunes" or "VLC"; nothing for another name.
-    void skipLeft(const QString& player, const ScriptingWindow& window = {}) const;
-    /// The next track of "iTunes" or "VLC".
-    void skipRight(const QString& player, const ScriptingWindow& window = {}) const;
-    /// Toggles "VLC", or the first document of "QuickTime".
-    void playPause(const QString& player, const ScriptingWindow& window = {}) const;
+    // To a player of that role; nothing for roles that are not named.
+    /// The previous track of a music player or VLC.
+    void skipLeft(platform::ApplicationRole player, const ScriptingWindow& window = {}) const;
+    /// The next track of a music player or VLC.
+    void skipRight(platform::ApplicationRole player, const ScriptingWindow& window = {}) const;
+    /// Toggles VLC, or the first document of a movie player.
+    void playPause(platform::ApplicationRole player, const ScriptingWindow& window = {}) const;
     void getMail(const ScriptingWindow& window = {}) const;
 
 private:

@@ -303,10 +303,10 @@ TEST_F(MediaTest, otherApplications_haveTheirOwnButtons)
 
     play(u"QuickTime Player"_s, {{{}, {}}});
     const SWScript& script = SWScript::sharedScript();
-    script.playPause(u"QuickTime"_s);
-    script.playPause(u"iTunes"_s);
-    script.skipLeft(u"QuickTime"_s);
-    script.skipRight(u"Mail"_s);
+    script.playPause(ApplicationRole::MoviePlayer);
+    script.playPause(ApplicationRole::MusicPlayer);
+    script.skipLeft(ApplicationRole::MoviePlayer);
+    script.skipRight(ApplicationRole::Mail);
     loop.runUntilIdle();
     EXPECT_EQ(commands(), u"QuickTime Player MVWR/paus docu 1") << "the rest are no such players";
     EXPECT_EQ(desk.appleEvents().application(u"QuickTime Player"_s).state, ITApplication::paused);

@@ -102,7 +102,7 @@ int main(int argc, char* argv[])
         preview->setTitleString(given("caption").isEmpty() ? picture.section(QLatin1Char('/'), -1)
                                                            : given("caption"));
         preview->setITunes(isSet("controls"));
-        host.state = n % 2 ? QStringLiteral("playing") : QStringLiteral("stopped");
+        host.state = n % 2 ? PlayerState::Playing : PlayerState::Stopped;
         const int row = n / columns;
         preview->window()->setFrame(
             QRectF(QPointF(30 + (n % columns) * panel.width(),

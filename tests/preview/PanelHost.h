@@ -24,7 +24,7 @@ public:
     std::vector<ScreenyViewPtr> previews;
     std::vector<ScreenyViewPtr> cache;
     std::vector<std::shared_ptr<SGHotKey>> hotKeys; ///< registered now
-    QString state = QStringLiteral("unknown");
+    PlayerState state = PlayerState::Unknown;
     bool hasPlayer = true;
     QStringList log;
 
@@ -56,7 +56,7 @@ private:
     void toggleEventTap(bool) override {}
     void setAppFlags(ScreenyView&, const std::optional<platform::RunningApplication>&) override {}
     bool isReachable(const ScreenyView&) override { return hasPlayer; }
-    QString playerState(const ScreenyView&) override { return state; }
+    PlayerState playerState(const ScreenyView&) override { return state; }
     std::optional<QString> currentTrack(const ScreenyView&) override { return std::nullopt; }
     QImage artwork(const ScreenyView&) override { return {}; }
     void skipLeft(ScreenyView&) override { log += QStringLiteral("skipLeft"); }

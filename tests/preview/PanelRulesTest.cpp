@@ -437,23 +437,24 @@ TEST_F(Panel, controls_followTheApplicationAndThePlayer)
     preview->mouseEntered();
     EXPECT_EQ(controls(preview), QStringList());
     preview->mouseExited();
+    using enum PlayerState;
     const struct {
         void (ScreenyView::*flag)(bool);
-        const char* state;
+        PlayerState state;
         QStringList expected;
     } cases[] = {
-        {&ScreenyView::setITunes, "unknown", {u"skipLeft"_qs, u"skipRight"_qs}},
-        {&ScreenyView::setITunes, "playing", {u"skipLeft"_qs, u"skipRight"_qs, u"pause"_qs}},
-        {&ScreenyView::setITunes, "stopped", {u"skipLeft"_qs, u"skipRight"_qs, u"play"_qs}},
-        {&ScreenyView::setMail, "", {u"mailGet"_qs}},
-        {&ScreenyView::setVLC, "", {u"skipLeft"_qs, u"skipRight"_qs, u"playPause"_qs}},
-        {&ScreenyView::setQuickTime, "", {u"playPause"_qs}},
+        {&ScreenyView::setITunes, Unknown, {u"skipLeft"_qs, u"skipRight"_qs}},
+        {&ScreenyView::setITunes, Playing, {u"skipLeft"_qs, u"skipRight"_qs, u"pause"_qs}},
+        {&ScreenyView::setITunes, Stopped, {u"skipLeft"_qs, u"skipRight"_qs, u"play"_qs}},
+        {&ScreenyView::setMail, {}, {u"mailGet"_qs}},
+        {&ScreenyView::setVLC, {}, {u"skipLeft"_qs, u"skipRight"_qs, u"playPause"_qs}},
+        {&ScreenyView::setQuickTime, {}, {u"playPause"_qs}},
     };
     for (const auto& [flag, state, expected] : cases) {
         SCOPED_TRACE(qPrintable(expected.join(u" ")));
         preview->clearAppFlags();
         (preview.get()->*flag)(true);
-        host.state = QString::fromLatin1(state);
+        host.state = state;
         host.settingsMirror.hideControls = 1;
         preview->mouseEntered();
         EXPECT_EQ(controls(preview), QStringList());
@@ -495,7 +496,7 @@ TEST_F(Panel, controls_areLargeFrom180PointsOn)
 
     preview->clearAppFlags();
     preview->setITunes(true);
-    host.state = QStringLiteral("stopped");
+    host.state = PlayerState::Stopped;
     preview->mouseExited();
     preview->mouseEntered();
     EXPECT_EQ(hit(95, 40), u"play");
