@@ -7,11 +7,20 @@
 #include <QtCore/QString>
 
 #include <optional>
+#include <vector>
 
 #include "platform/Accessibility.h"
 
 namespace lumbrix::platform
 {
+
+/// What a dock shows by itself for the icon under the pointer.
+struct DockDisplay {
+    enum class Kind { Tooltip, Preview };
+    Kind kind = Kind::Tooltip;
+    bool isKnownOn = false; ///< else it may be off
+    QString setting;        ///< what turns it off, for the user to read; empty when nothing does
+};
 
 /// Main thread. Asked of the Dock that has the item; for a null item, of the first that has any.
 /// Values are as that Dock stores them; null when it does not say.
@@ -30,6 +39,9 @@ public:
     /// Whether the places of the Dock's items are told as they will be once it rests, also while it
     /// grows or slides. Else they have to be waited for.
     virtual bool tellsFinalPlaces() = 0;
+    /// Those that are not known to be off; empty also where nothing is known of the Dock. May read
+    /// files, but waits for no other program.
+    virtual std::vector<DockDisplay> ownDisplays(const ElementRef& item) = 0;
 };
 
 } // namespace lumbrix::platform

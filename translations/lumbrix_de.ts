@@ -546,6 +546,30 @@
         <source>Session</source>
         <translation>Sitzung</translation>
     </message>
+    <message>
+        <source>a tooltip</source>
+        <translation>eine Kurzinfo</translation>
+    </message>
+    <message>
+        <source>a preview</source>
+        <translation>eine Vorschau</translation>
+    </message>
+    <message>
+        <source>perhaps %1</source>
+        <translation>vielleicht %1</translation>
+    </message>
+    <message>
+        <source>which nothing turns off</source>
+        <translation>nicht abschaltbar</translation>
+    </message>
+    <message>
+        <source>off with: %1</source>
+        <translation>aus mit: %1</translation>
+    </message>
+    <message>
+        <source>Dock&apos;s own</source>
+        <translation>Vom Dock</translation>
+    </message>
 </context>
 <context>
     <name>KeyboardLayout</name>
@@ -576,6 +600,13 @@
     <message>
         <source>Pause</source>
         <translation>Pause</translation>
+    </message>
+</context>
+<context>
+    <name>OwnDisplays</name>
+    <message>
+        <source>the preferences of Docklike (right click with Ctrl held)</source>
+        <translation>die Einstellungen von Docklike (Rechtsklick bei gedrückter Strg-Taste)</translation>
     </message>
 </context>
 <context>

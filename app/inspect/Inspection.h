@@ -16,6 +16,7 @@
 #include "engine/HoverRules.h"
 #include "model/FilterLevels.h"
 #include "model/WindowVerdict.h"
+#include "platform/DockPreferences.h"
 #include "platform/WindowServer.h"
 
 namespace lumbrix
@@ -57,6 +58,7 @@ struct InspectedDock {
     std::int32_t pid = 0; ///< 0 = none was recognised
     QString orientation;
     std::size_t items = 0;
+    std::vector<platform::DockDisplay> displays; ///< that it shows or may show by itself
 };
 
 struct Inspection {

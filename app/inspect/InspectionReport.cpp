@@ -7,6 +7,8 @@
 #include <QtCore/QStringList>
 #include <QtCore/QSysInfo>
 
+#include <utility>
+
 #include "app/inspect/InspectionTexts.h"
 #include "app/inspect/PrintableText.h"
 
@@ -109,6 +111,17 @@ QString dockText(const InspectedDock& dock)
         .join(comma);
 }
 
+QString displayText(const platform::DockDisplay& display)
+{
+    const bool isTooltip = display.kind == platform::DockDisplay::Kind::Tooltip;
+    QString what = isTooltip ? InspectionText::tr("a tooltip") : InspectionText::tr("a preview");
+    if (!display.isKnownOn)
+        what = InspectionText::tr("perhaps %1").arg(what);
+    return what + comma +
+           (display.setting.isEmpty() ? InspectionText::tr("which nothing turns off")
+                                      : InspectionText::tr("off with: %1").arg(display.setting));
+}
+
 QString details(const Inspection& inspection)
 {
     QStringList system{QSysInfo::prettyProductName(),
@@ -147,6 +160,9 @@ QString inspectionReport(const Inspection& inspection)
     text += row(InspectionText::tr("Settings"), settingsText(inspection));
     if (!inspection.unseen.isEmpty())
         text += row(InspectionText::tr("Session"), inspection.unseen);
+    QString label = InspectionText::tr("Dock's own");
+    for (const platform::DockDisplay& display : inspection.dock.displays)
+        text += row(std::exchange(label, QString()), displayText(display));
 
     if (!inspection.windows.empty())
         text += heading(InspectionText::tr("Windows"));

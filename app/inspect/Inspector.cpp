@@ -177,6 +177,7 @@ InspectedDock Inspector::inspectDock() const
     }
     dock.name = UIElementUtilities::descriptionOfAXDescriptionOfUIElement(application);
     dock.orientation = StripArranger::getDockOrientation(SWElement::elementWithElementRef(m_item));
+    dock.displays = platform::desktop().dockPreferences.ownDisplays(m_item);
     for (const ElementRef& list : lists)
         dock.items += AX::readElements(list, AX::Children).size();
     return dock;

@@ -208,6 +208,9 @@ TEST_F(InspectionTest, report_isPlainTextWithTheAnswerFirst)
     desk.addWindow(maps, {u"Grüße\x1b[31m\n\u202e \U0001F600"_s, {10, 20, 400, 300}});
     desk.movePointer({30, 900 - 40});
     defaults.setFloat(0.5F, u"displayDelay"_s);
+    using enum platform::DockDisplay::Kind;
+    desk.dockPreferences().setOwnDisplays(
+        {{Tooltip, true, u"tips=0"_s}, {Preview, false, u"views=0"_s}, {Tooltip, true, {}}});
     QStringList lines = inspectionReport(inspect()).split(u'\n');
     EXPECT_TRUE(lines.removeOne(lines.filter(u"System        "_s).value(0)));
     const QString title = uR"(Grüße\x1b[31m\n\u202e 😀)"_s;
@@ -216,6 +219,9 @@ Icon          “Maps”, a running application, in No Description
 Application   Maps, identifier org.example.Maps, process %3
 Filter        High, that of all applications
 Settings      displayDelay=0.5
+Dock's own    a tooltip, off with: tips=0
+              perhaps a preview, off with: views=0
+              a tooltip, which nothing turns off
 
 Windows
 -------

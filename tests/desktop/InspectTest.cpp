@@ -63,6 +63,10 @@ TEST_P(InspectTest, report_agreesWithWhatTheHoverShows_andDisturbsNothing)
     for (const QByteArray& expected :
          {QByteArray("Previews      1 of 3 windows."),
           QByteArray("\nApplication   Alpha, identifier alpha, "), QByteArray("ignoreMinimized=1"),
+          desk().options().dock == DockKind::Plank
+              ? QByteArray("Dock's own    a tooltip, off with: gsettings set net.launchpad.plank."
+                           "dock.settings:/net/launchpad/plank/docks/dock1/ tooltips-enabled false")
+              : QByteArray("perhaps a tooltip, off with: task_tooltip = 0 (tint2rc)"),
           QByteArray("edge: bottom"), QByteArray("“Alpha”, a running application, in "),
           QByteArray("“first 🎨 \\x1b[31m”"), id,
           QByteArray("not previewed: minimised windows are left out (Preferences > Advanced)"),

@@ -151,6 +151,14 @@ public:
     std::optional<int> autohide(const platform::ElementRef&) override { return m_autohide; }
     bool tellsFinalPlaces() override { return m_tellsFinalPlaces; }
     void setTellsFinalPlaces(bool on) { m_tellsFinalPlaces = on; }
+    std::vector<platform::DockDisplay> ownDisplays(const platform::ElementRef&) override
+    {
+        return m_ownDisplays;
+    }
+    void setOwnDisplays(std::vector<platform::DockDisplay> displays)
+    {
+        m_ownDisplays = std::move(displays);
+    }
 
 private:
     SimulatedState& m_state;
@@ -158,6 +166,7 @@ private:
     std::optional<int> m_magnification;
     std::optional<int> m_autohide;
     bool m_tellsFinalPlaces = false;
+    std::vector<platform::DockDisplay> m_ownDisplays;
 };
 
 class SimulatedUserDefaults final : public platform::UserDefaults

@@ -4,6 +4,9 @@
 #include "platform/linux/accessibility/LinuxDockPreferences.h"
 
 #include "platform/linux/accessibility/X11Element.h"
+#include "platform/linux/applications/ProcessNames.h"
+#include "platform/linux/defaults/ProgramSettings.h"
+#include "platform/linux/docks/OwnDisplays.h"
 
 namespace lumbrix::platform
 {
@@ -32,6 +35,19 @@ std::optional<int> LinuxDockPreferences::autohide(const ElementRef& item)
 {
     const DockStatePtr dock = dockOf(item);
     return dock ? std::optional(dock->hides ? 1 : 0) : std::nullopt;
+}
+
+std::vector<DockDisplay> LinuxDockPreferences::ownDisplays(const ElementRef& item)
+{
+    const DockStatePtr dock = dockOf(item);
+    if (!dock) {
+        return {};
+    }
+    return ownDisplaysOf(readProcessNames(dock->pid).programs().value(0), dock->settingsPath,
+                         [](const QString& schema, const QString& path, const char* key) {
+                             const auto settings = ProgramSettings::open(schema, path);
+                             return settings ? settings->flag(key) : std::nullopt;
+                         });
 }
 
 } // namespace lumbrix::platform

@@ -22,6 +22,7 @@ public:
     /// Magnified places are computed, and others taken in only once they stand; by the main thread,
     /// so that one that waits could not see them change anyway.
     bool tellsFinalPlaces() override { return true; }
+    std::vector<DockDisplay> ownDisplays(const ElementRef& item) override;
 
 private:
     DockStatePtr dockOf(const ElementRef& item) const;

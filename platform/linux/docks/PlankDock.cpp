@@ -298,6 +298,7 @@ DockStatePtr PlankDock::makeState(const Known& dock) const
     state->windows.push_back(dock.window.window);
     state->edge = dock.edge;
     if (dock.settings) {
+        state->settingsPath = plankSettingsPath(dock.told.name);
         state->magnifies = dock.look.magnifies;
         state->hides = dock.settings->hides;
         state->isHidden = state->hides && m_slides.isAway(dock.kept->number);

@@ -10,10 +10,14 @@
 #include <memory>
 #include <optional>
 
+#include "platform/linux/defaults/ProgramSettings.h"
 #include "platform/linux/docks/PlankGeometry.h"
 
 namespace lumbrix::platform
 {
+
+/// Where those of a dock are, whose name is as in "dock1".
+QString plankSettingsPath(const QString& dockName);
 
 /// Main thread. Without Plank's schema every read gives null.
 class PlankSettings
@@ -25,17 +29,13 @@ public:
         PlankLook look;
     };
 
-    /// `dockName` as in "dock1". `changed` is called when one of the values changed.
+    /// `changed` is called when one of the values changed.
     PlankSettings(const QString& dockName, std::function<void()> changed);
-    ~PlankSettings();
-    PlankSettings(const PlankSettings&) = delete;
-    PlankSettings& operator=(const PlankSettings&) = delete;
 
     std::optional<Values> read() const;
 
 private:
-    struct Native;
-    std::unique_ptr<Native> m_native;
+    const std::unique_ptr<ProgramSettings> m_settings;
 };
 
 } // namespace lumbrix::platform

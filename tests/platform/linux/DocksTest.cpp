@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "platform/linux/docks/IconGeometry.h"
+#include "platform/linux/docks/OwnDisplays.h"
 #include "platform/linux/docks/PlankGeometry.h"
 #include "platform/linux/docks/PlankUnnamed.h"
 #include "tests/platform/linux/AdapterFixture.h"
@@ -127,6 +128,43 @@ TEST(IconGeometryTest, rows_of_buttons_keep_to_their_rows)
     EXPECT_EQ(items[0].rect, QRect(10, 740, 100, 30));
     EXPECT_EQ(items[1].rect, QRect(10, 770, 100, 30));
     EXPECT_EQ(items[2].rect, QRect(120, 740, 100, 60));
+}
+
+TEST(OwnDisplaysTest, docks_sayWhatIsOnOrMayBe_andWhatTurnsItOff)
+{
+    const QString path = QStringLiteral("/a/dock2/");
+    std::optional<bool> isOn;
+    QStringList asked;
+    const auto shown = [&](const char* program, std::optional<bool> flag) {
+        isOn = flag;
+        QStringList result;
+        for (const DockDisplay& each : ownDisplaysOf(QString::fromLatin1(program), path,
+                                                     [&](const auto&, const QString&at, auto) {
+                                                         asked << at;
+                                                         return isOn;
+                                                     })) {
+            const bool isTooltip = each.kind == DockDisplay::Kind::Tooltip;
+            result << (isTooltip ? QStringLiteral("tooltip") : QStringLiteral("preview")) +
+                          (each.isKnownOn ? u'!' : u'?') + each.setting;
+        }
+        return result.join(u'|');
+    };
+    const QString flag = QStringLiteral("gsettings set net.launchpad.plank.dock.settings:/a/dock2/ "
+                                        "tooltips-enabled false");
+    const QString preview = QStringLiteral("preview?plank --preferences");
+    EXPECT_EQ(shown("plank", true), QStringLiteral("tooltip!%1|%2").arg(flag, preview));
+    EXPECT_EQ(shown("plank", {}), QStringLiteral("tooltip?%1|%2").arg(flag, preview));
+    EXPECT_EQ(shown("plank", false), preview);
+    asked.clear();
+    EXPECT_EQ(shown("mate-panel", true),
+              QStringLiteral("preview!gsettings set org.mate.panel.applet.window-list-previews "
+                             "show-window-thumbnails false|"
+                             "tooltip!gsettings set org.mate.panel tooltips-enabled false"));
+    EXPECT_EQ(asked, QStringList({QString(), QString()})) << "there is but one place for it";
+    EXPECT_EQ(shown("tint2", {}), QStringLiteral("tooltip?task_tooltip = 0 (tint2rc)|"
+                                                 "preview?task_thumbnail = 0 (tint2rc)"));
+    EXPECT_EQ(shown("lxqt-panel", {}), QStringLiteral("tooltip!"));
+    EXPECT_EQ(shown("term", true), QString());
 }
 
 class DocksTest : public AdapterFixture

@@ -1,0 +1,75 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include "platform/linux/docks/OwnDisplays.h"
+
+#include <QtCore/QCoreApplication>
+
+namespace lumbrix::platform
+{
+
+namespace
+{
+
+using enum DockDisplay::Kind;
+
+struct Known {
+    const char* program;
+    DockDisplay::Kind kind;
+    bool isKnownOn;      ///< where there is no flag to tell
+    const char* setting; ///< null: nothing turns it off; with a key, the schema of the flag
+    const char* key = nullptr;
+    bool isOfEachDock = false; ///< each dock of the program has the flag at a path of its own
+};
+
+constexpr const char* context = "OwnDisplays";
+
+constexpr Known known[] = {
+    {"plank", Tooltip, false, "net.launchpad.plank.dock.settings", "tooltips-enabled", true},
+    // Of the continued Plank only, which tells of itself what the other one does.
+    {"plank", Preview, false, "plank --preferences"},
+    {"tint2", Tooltip, false, "task_tooltip = 0 (tint2rc)"},
+    {"tint2", Preview, false, "task_thumbnail = 0 (tint2rc)"},
+    {"mate-panel", Preview, false, "org.mate.panel.applet.window-list-previews",
+     "show-window-thumbnails"},
+    {"mate-panel", Tooltip, false, "org.mate.panel", "tooltips-enabled"},
+    {"xfce4-panel", Tooltip, true, nullptr},
+    {"xfce4-panel", Preview, false,
+     QT_TRANSLATE_NOOP("OwnDisplays", "the preferences of Docklike (right click with Ctrl held)")},
+    {"lxqt-panel", Tooltip, true, nullptr},
+};
+
+} // namespace
+
+std::vector<DockDisplay> ownDisplaysOf(const QString& program, const QString& settingsPath,
+                                       const FlagReader& flag)
+{
+    std::vector<DockDisplay> result;
+    for (const Known& each : known) {
+        if (program != QLatin1String(each.program) ||
+            (each.isOfEachDock && settingsPath.isEmpty())) {
+            continue;
+        }
+        DockDisplay display{each.kind, each.isKnownOn, {}};
+        if (each.key != nullptr) {
+            QString schema = QString::fromLatin1(each.setting);
+            const QString path = each.isOfEachDock ? settingsPath : QString();
+            const std::optional<bool> isOn = flag(schema, path, each.key);
+            if (isOn == false) {
+                continue;
+            }
+            display.isKnownOn = isOn.has_value();
+            if (!path.isEmpty()) {
+                schema += u':' + path;
+            }
+            display.setting = QStringLiteral("gsettings set %1 %2 false")
+                                  .arg(schema, QString::fromLatin1(each.key));
+        } else if (each.setting != nullptr) {
+            display.setting = QCoreApplication::translate(context, each.setting);
+        }
+        result.push_back(display);
+    }
+    return result;
+}
+
+} // namespace lumbrix::platform
