@@ -84,6 +84,20 @@ DeskOptions panelAndPlank()
     return {"panel_and_plank", DockKind::Plank, Edge::Bottom, session, DockKind::XfcePanel};
 }
 
+DeskOptions onSecondMonitor(DeskOptions options, const std::string& arrangement)
+{
+    std::pair<QPoint, QRect> place{{160, 900}, {0, 0, 1600, 900}}; // above
+    if (arrangement == "right")
+        place = {{0, 0}, {1280, 0, 1024, 768}};
+    else if (arrangement == "left")
+        place = {{1024, 0}, {0, 400, 1024, 768}};
+    options.name += "_monitor_" + arrangement;
+    options.session.monitors = {{firstMonitor, {place.first, options.session.size}},
+                                {secondMonitor, place.second}};
+    options.monitor = secondMonitor;
+    return options;
+}
+
 double portionOf(const QImage& picture, const QColor& colour)
 {
     const QColor lower = lowerColour(colour);
@@ -211,6 +225,38 @@ std::optional<Panel> DesktopTest::preview(const QByteArray& title)
             return panel;
     }
     return std::nullopt;
+}
+
+Result DesktopTest::isBeside(const QRect& monitor, Edge edge)
+{
+    const QPoint pointer = display().pointer();
+    const auto text = [](const QRect& rect) {
+        return testing::Message() << rect.x() << ',' << rect.y() << ' ' << rect.width() << 'x'
+                                  << rect.height();
+    };
+    QRect row;
+    for (const Panel& panel : display().previews()) {
+        if (row.intersects(panel.geometry))
+            return testing::AssertionFailure() << "previews overlap";
+        row |= panel.geometry;
+    }
+    const bool isAlong = isHorizontal(edge)
+                             ? row.left() <= pointer.x() && pointer.x() <= row.right()
+                             : row.top() <= pointer.y() && pointer.y() <= row.bottom();
+    const int gap = edge == Edge::Bottom ? pointer.y() - row.bottom()
+                    : edge == Edge::Top  ? row.top() - pointer.y()
+                    : edge == Edge::Left ? row.left() - pointer.x()
+                                         : pointer.x() - row.right();
+    if (!monitor.contains(row) || !isAlong || gap < 24 || gap > 110 * GetParam().session.scale)
+        return testing::AssertionFailure()
+               << "the row is at " << text(row) << ", the pointer at " << pointer.x() << ','
+               << pointer.y() << ", the monitor " << text(monitor);
+    for (const Panel& panel : display().panels()) {
+        if (!monitor.contains(panel.geometry))
+            return testing::AssertionFailure()
+                   << panel.role.toStdString() << " at " << text(panel.geometry);
+    }
+    return testing::AssertionSuccess();
 }
 
 void DesktopTest::moveToPreview(const QByteArray& title)

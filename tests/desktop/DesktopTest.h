@@ -26,6 +26,12 @@ DeskOptions tint2(Edge edge = Edge::Bottom);     ///< Openbox, no compositor, wi
 DeskOptions xfcePanel(Edge edge = Edge::Bottom); ///< xfwm4 with compositing, windows grouped
 DeskOptions panelAndPlank();                     ///< the same at the top, and Plank at the bottom
 
+inline const QString firstMonitor = u"DUMMY0"_qs; ///< the primary one
+inline const QString secondMonitor = u"DUMMY1"_qs;
+/// With the dock on the second one of two monitors, which is "right" of the primary one, "left" and
+/// lower, or "above" and larger.
+DeskOptions onSecondMonitor(DeskOptions options, const std::string& arrangement);
+
 /// For INSTANTIATE_TEST_SUITE_P.
 inline std::string deskName(const testing::TestParamInfo<DeskOptions>& info)
 {
@@ -62,6 +68,8 @@ protected:
     Result waitUntil(const std::function<bool()>& condition, int milliseconds = 3000);
     /// The preview with this title; none when there is no such preview.
     std::optional<Panel> preview(const QByteArray& title);
+    /// Whether all that is shown is on that monitor, the row beside the pointer's icon.
+    Result isBeside(const QRect& monitor, Edge edge);
     /// Moves from the icon to the middle of the preview: first straight away from the dock, because
     /// other icons on the way would be hovered too.
     void moveToPreview(const QByteArray& title);

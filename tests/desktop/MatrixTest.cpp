@@ -138,7 +138,13 @@ std::vector<DeskOptions> rows()
          row("plank_picom", DockKind::Plank, Bottom, WindowManager::Openbox, Picom),
          row("plank_marco", DockKind::Plank, Bottom, WindowManager::Marco, Own),
          row("plank_kwin", DockKind::Plank, Bottom, WindowManager::KWin, Own),
-         row("plank_kwin_plain", DockKind::Plank, Bottom, WindowManager::KWin, None)});
+         row("plank_kwin_plain", DockKind::Plank, Bottom, WindowManager::KWin, None),
+         onSecondMonitor(plank(), "right"),
+         onSecondMonitor(plank(Edge::Left), "left"),
+         onSecondMonitor(tint2(), "left"),
+         onSecondMonitor(tint2(Edge::Top), "above"),
+         onSecondMonitor(xfcePanel(), "right"),
+         onSecondMonitor(xfcePanel(), "above")});
     return all;
 }
 
@@ -179,8 +185,16 @@ protected:
         RecordProperty("edge", nameOf(edge));
         RecordProperty("window manager", programOf(session.windowManager).shown);
         RecordProperty("compositor", session.picom ? "picom" : hasOwn ? "its own" : "none");
-        RecordProperty("monitors", "1");
+        RecordProperty("monitors", session.monitors.empty() ? "1" : "2, " + arrangement());
         RecordProperty("scale", session.scale);
+    }
+
+    /// How the monitor with the dock lies to the primary one.
+    static std::string arrangement()
+    {
+        const std::string& name = GetParam().name;
+        const std::string last = name.substr(name.rfind('_') + 1);
+        return last == "left" ? "left and lower" : last;
     }
 
     /// Takes one step of the tour, from a desktop without previews, and back to there.
@@ -251,33 +265,15 @@ protected:
     /// Whether the row that is shown is where it belongs, with the pointer on the icon.
     Result isInPlace(Edge edge)
     {
-        const QRect screen(QPoint(), display().size());
-        const QPoint icon = display().pointer();
         const std::vector<QRect> docks = struts();
         if (docks.empty())
             return testing::AssertionFailure() << "the dock keeps no room for itself";
-        QRect row;
         for (const Panel& panel : display().previews()) {
-            const QRect area = panel.geometry;
-            if (!screen.contains(area))
-                return testing::AssertionFailure() << "outside of the screen";
-            if (row.intersects(area))
-                return testing::AssertionFailure() << "one over another";
-            if (std::ranges::any_of(docks,
-                                    [&](const QRect& dock) { return dock.intersects(area); }))
+            if (std::ranges::any_of(
+                    docks, [&](const QRect& dock) { return dock.intersects(panel.geometry); }))
                 return testing::AssertionFailure() << "over the dock";
-            row |= area;
         }
-        const int gap = edge == Edge::Bottom ? icon.y() - row.bottom()
-                        : edge == Edge::Top  ? row.top() - icon.y()
-                        : edge == Edge::Left ? row.left() - icon.x()
-                                             : icon.x() - row.right();
-        const bool isBeside = isHorizontal(edge)
-                                  ? row.left() <= icon.x() && icon.x() <= row.right()
-                                  : row.top() <= icon.y() && icon.y() <= row.bottom();
-        if (gap <= 0 || gap > 110 * GetParam().session.scale || !isBeside)
-            return testing::AssertionFailure() << "not beside the icon";
-        return testing::AssertionSuccess();
+        return isBeside(desk().session().monitorArea(GetParam().monitor), edge);
     }
 
     void tour(Dock& dock, const Icons& icons)

@@ -10,16 +10,8 @@ namespace lumbrix::privatedesk
 namespace
 {
 
-const QString first = u"DUMMY0"_qs;
-const QString second = u"DUMMY1"_qs;
-
-DeskOptions monitors(const char* arrangement, const QRect& primary, const QRect& other)
-{
-    DeskOptions options{.name = std::string("monitors_") + arrangement, .session = {}};
-    options.session.monitors = {{first, primary}, {second, other}};
-    options.monitor = second;
-    return options;
-}
+const QString first = firstMonitor;
+const QString second = secondMonitor;
 
 const char* nameOf(DockKind kind)
 {
@@ -59,47 +51,13 @@ protected:
                           patience(2000));
         return result;
     }
-
-    /// Whether all that is shown is on that monitor, the row beside the pointer's icon.
-    Result isBeside(const QRect& monitor, Edge edge)
-    {
-        const QPoint pointer = display().pointer();
-        const auto text = [](const QRect& rect) {
-            return testing::Message()
-                   << rect.x() << ',' << rect.y() << ' ' << rect.width() << 'x' << rect.height();
-        };
-        QRect row;
-        for (const Panel& panel : display().previews()) {
-            if (row.intersects(panel.geometry))
-                return testing::AssertionFailure() << "previews overlap";
-            row |= panel.geometry;
-        }
-        const bool isAlong = isHorizontal(edge)
-                                 ? row.left() <= pointer.x() && pointer.x() <= row.right()
-                                 : row.top() <= pointer.y() && pointer.y() <= row.bottom();
-        const int gap = edge == Edge::Bottom ? pointer.y() - row.bottom()
-                        : edge == Edge::Top  ? row.top() - pointer.y()
-                        : edge == Edge::Left ? row.left() - pointer.x()
-                                             : pointer.x() - row.right();
-        if (!monitor.contains(row) || !isAlong || gap < 24 || gap > 100)
-            return testing::AssertionFailure()
-                   << "the row is at " << text(row) << ", the pointer at " << pointer.x() << ','
-                   << pointer.y() << ", the monitor " << text(monitor);
-        for (const Panel& panel : display().panels()) {
-            if (!monitor.contains(panel.geometry))
-                return testing::AssertionFailure()
-                       << panel.role.toStdString() << " at " << text(panel.geometry);
-        }
-        return testing::AssertionSuccess();
-    }
 };
 
-INSTANTIATE_TEST_SUITE_P(
-    , MonitorTest,
-    testing::Values(monitors("right", {0, 0, 1280, 1024}, {1280, 0, 1024, 768}),
-                    monitors("left", {1024, 0, 1280, 1024}, {0, 400, 1024, 768}),
-                    monitors("above", {160, 900, 1280, 1024}, {0, 0, 1600, 900})),
-    deskName);
+INSTANTIATE_TEST_SUITE_P(, MonitorTest,
+                         testing::Values(onSecondMonitor(plank(), "right"),
+                                         onSecondMonitor(plank(), "left"),
+                                         onSecondMonitor(plank(), "above")),
+                         deskName);
 
 TEST_P(MonitorTest, rows_ofADockThatIsMoved_areBesideTheIconOnItsMonitor)
 {
