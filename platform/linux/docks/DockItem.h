@@ -59,7 +59,7 @@ struct DockState {
     bool magnifies = false;
     bool hides = false;
     bool isHidden = false; ///< has slid out of sight now
-    QString settingsPath; ///< of this dock among several of its program; empty when it has none
+    QString settingsPath;  ///< of this dock among several of its program; empty when it has none
     std::vector<DockWindow> windows;
     std::vector<DockItem> items; ///< from left to right, from top to bottom
 
