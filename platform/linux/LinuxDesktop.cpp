@@ -8,6 +8,7 @@
 
 #include <unistd.h>
 
+#include "platform/linux/BaseFolders.h"
 #include "platform/linux/ToolkitScale.h"
 #include "platform/linux/accessibility/LinuxDockPreferences.h"
 #include "platform/linux/accessibility/PlaceRequests.h"
@@ -27,6 +28,7 @@
 #include "platform/linux/session/PreviewsService.h"
 #include "platform/linux/session/ProgramBundle.h"
 #include "platform/linux/session/TrayWatcher.h"
+#include "platform/linux/switcher/KWinSettings.h"
 #include "platform/linux/switcher/SwitcherModel.h"
 #include "platform/linux/x11/Connection.h"
 #include "platform/linux/x11/PointSpace.h"
@@ -105,8 +107,13 @@ public:
           m_docks(runLoop, m_core->tracker(), m_registry, m_entries,
                   makeDockProviders(runLoop, *m_core, m_registry)),
           m_tooltips(m_core->connection(), m_core->tracker(), ::getpid()),
-          m_switcher(runLoop, m_core->tracker(), m_registry, &m_session,
-                     [this](bool on) { m_core->hearKeys(on); }),
+          m_switcher(
+              runLoop, m_core->tracker(), m_registry, &m_session,
+              [this](x11::KeyHearing which) { m_core->hearKeys(which); },
+              [this] {
+                  return kwinLetsPreviewsBeSeen(configHome(), dataFolders(),
+                                                m_core->screens().isCompositorRunning());
+              }),
           m_dockPreferences(m_docks),
           m_accessibility({runLoop, m_core->tracker(), m_core->pointSpace(), m_registry,
                            m_workspace, m_raiser, m_docks, m_switcher}),

@@ -233,7 +233,8 @@ void Session::startWindowManager()
         break;
     case WindowManager::KWin:
         write(configPath(u"kwinrc"_qs),
-              own ? "[Compositing]\nEnabled=true\n" : "[Compositing]\nEnabled=false\n");
+              own ? "[Compositing]\nEnabled=true\n[TabBox]\nHighlightWindows=false\n"
+                  : "[Compositing]\nEnabled=false\n");
         m_windowManager = start(u"kwin_x11"_qs, u"kwin_x11"_qs);
         break;
     default:

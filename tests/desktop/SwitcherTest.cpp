@@ -4,6 +4,7 @@
 // The switchers of window managers, and the row of previews above them.
 #include "DesktopTest.h"
 
+#include <QtCore/QFileInfo>
 #include <QtCore/QStandardPaths>
 
 namespace lumbrix::privatedesk
@@ -51,6 +52,11 @@ protected:
         const QString program = programOf(GetParam().session.windowManager);
         if (QStandardPaths::findExecutable(program).isEmpty())
             GTEST_SKIP() << qPrintable(program) << " is not installed";
+        // Without them it has no Alt+Tab, or one that shows nothing.
+        if (program == u"kwin_x11"_qs &&
+            (QStandardPaths::findExecutable(u"kglobalaccel5"_qs).isEmpty() ||
+             !QFileInfo::exists(u"/usr/share/kwin/tabbox"_qs)))
+            GTEST_SKIP() << "libkf5globalaccel-bin or kwin-addons is not installed";
         DesktopTest::SetUp();
         display().moveTo(QPoint(5, 5));
     }
@@ -87,7 +93,9 @@ INSTANTIATE_TEST_SUITE_P(, SwitcherTest,
                          testing::Values(under(WindowManager::Xfwm4, "xfwm4", true),
                                          under(WindowManager::Xfwm4, "xfwm4_plain", false),
                                          under(WindowManager::Openbox, "openbox", false),
-                                         under(WindowManager::Marco, "marco", true)),
+                                         under(WindowManager::Marco, "marco", true),
+                                         under(WindowManager::KWin, "kwin", true),
+                                         under(WindowManager::KWin, "kwin_plain", false)),
                          deskName);
 
 TEST_P(SwitcherTest, row_followsTheSelection_andGoesWithTheSwitcher)

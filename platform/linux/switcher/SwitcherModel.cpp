@@ -18,23 +18,21 @@ namespace
 constexpr Seconds SettleTime = 0.02;
 /// A key that moves nothing that can be seen may have moved the selection all the same.
 constexpr Seconds KeyTime = 0.06;
-constexpr std::size_t MaximalRecent = 200;
 
 constexpr xcb_keysym_t EscapeKey = 0xff1b;
-// Shift, Control, locks, Alt, Super and the like; those of further levels.
-bool isModifier(xcb_keysym_t key)
-{
-    return (key >= 0xffe1 && key <= 0xffee) || (key >= 0xfe01 && key <= 0xfe0f);
-}
+
+// Meta, Alt, Super and Hyper: one of them holds a switcher open.
+bool isHolder(xcb_keysym_t key) { return key >= 0xffe7 && key <= 0xffee; }
 
 } // namespace
 
 SwitcherModel::SwitcherModel(RunLoop& runLoop, x11::WindowTracker& tracker,
                              ApplicationRegistry& registry, const QDBusConnection* session,
-                             HearKeys hearKeys)
+                             HearKeys hearKeys, std::function<bool()> canCount)
     : m_runLoop(runLoop), m_tracker(tracker), m_registry(registry), m_hearKeys(std::move(hearKeys)),
+      m_canCount(std::move(canCount)),
       m_title(session != nullptr ? std::make_unique<SwitcherTitle>(*session) : nullptr),
-      m_recent{tracker.activeWindow()}
+      m_recent(tracker)
 {
 }
 
@@ -82,13 +80,19 @@ void SwitcherModel::managerChanged(const x11::Manager& manager)
     post([this, manager] { takeManager(manager); });
 }
 
+void SwitcherModel::windowAdded(const x11::TrackedWindowPtr& window)
+{
+    post([this, window = window->id] { m_recent.added(window); });
+}
+
 void SwitcherModel::activeWindowChanged(xcb_window_t window)
 {
-    post([this, window] {
-        std::erase(m_recent, window);
-        m_recent.insert(m_recent.begin(), window);
-        m_recent.resize(std::min(m_recent.size(), MaximalRecent));
-    });
+    post([this, window] { m_recent.activated(window); });
+}
+
+void SwitcherModel::compositorChanged(bool /*isRunning*/)
+{
+    post([this] { takeManager(m_manager); });
 }
 
 void SwitcherModel::keyPressed(xcb_keysym_t key, bool withShift)
@@ -96,14 +100,42 @@ void SwitcherModel::keyPressed(xcb_keysym_t key, bool withShift)
     post([this, key, withShift] { takeKey(key, withShift); });
 }
 
+void SwitcherModel::keyRepeated(xcb_keysym_t key)
+{
+    post([this, key] {
+        if (!isModifierKey(key)) {
+            moveUnseen();
+        }
+    });
+}
+
+void SwitcherModel::pointerMoved(QPoint /*position*/, xcb_window_t childOfRoot)
+{
+    m_underPointer = childOfRoot;
+}
+
+// A click in the list selects there.
+void SwitcherModel::buttonPressed(int /*button*/, QPoint /*position*/)
+{
+    post([this, clicked = m_underPointer] {
+        if (std::ranges::count(m_manager.windows, clicked, &x11::ManagerWindow::id) > 0) {
+            moveUnseen();
+        }
+    });
+}
+
 void SwitcherModel::takeManager(const x11::Manager& manager)
 {
     m_manager = manager;
     const SwitcherReader* reader = switcherReaderFor(manager.name);
+    if (reader != nullptr && reader->isCounted && !m_canCount()) {
+        reader = nullptr;
+    }
     {
         const std::lock_guard lock(m_mutex);
         m_reader = reader;
     }
+    hearKeys();
     if (reader != nullptr && reader->look(manager.windows)) {
         lookAfter(SettleTime);
     } else if (m_isUp) {
@@ -111,9 +143,24 @@ void SwitcherModel::takeManager(const x11::Manager& manager)
     }
 }
 
+void SwitcherModel::hearKeys()
+{
+    const bool isCounted = m_reader != nullptr && m_reader->isCounted;
+    const x11::KeyHearing which = isCounted ? x11::KeyHearing::WithModifier
+                                  : m_isUp  ? x11::KeyHearing::All
+                                            : x11::KeyHearing::None;
+    if (std::exchange(m_hearing, which) != which) {
+        m_hearKeys(which);
+    }
+}
+
 void SwitcherModel::takeKey(xcb_keysym_t key, bool withShift)
 {
-    if (!m_isUp || isModifier(key)) {
+    if (!m_isUp && isHolder(key)) {
+        m_counted.restart();
+    }
+    m_counted.pressed(key, withShift);
+    if (!m_isUp || isModifierKey(key)) {
         return;
     }
     m_isCancelled = key == EscapeKey;
@@ -129,7 +176,7 @@ void SwitcherModel::lookAfter(Seconds delay)
 
 void SwitcherModel::look()
 {
-    const SwitcherReader* reader = switcherReaderFor(m_manager.name);
+    const SwitcherReader* reader = m_reader;
     const auto sight = reader != nullptr ? reader->look(m_manager.windows) : std::nullopt;
     if (!sight) {
         return;
@@ -138,7 +185,13 @@ void SwitcherModel::look()
         m_isCancelled = false;
         m_steps = 0;
         m_outline = QRect();
-        m_hearKeys(true);
+        m_start = m_tracker.activeWindow();
+        m_order = m_recent.ringOfKWin();
+        hearKeys();
+    }
+    if (reader->isCounted) {
+        count(sight->list);
+        return;
     }
     // The outline tells the window where no other application has one just there.
     const Windows outlined = windowsOutlinedBy(sight->outline, m_tracker.windows());
@@ -175,7 +228,7 @@ void SwitcherModel::choose(const SwitcherSight& sight, const QString& title)
     const xcb_window_t from = before ? before->window : m_tracker.activeWindow();
     const bool hasMoved = !before || m_steps != 0 || sight.outline != m_outline;
     const bool stays = !hasMoved && std::ranges::count(candidates, from) > 0;
-    const xcb_window_t next = stays ? from : nextInRing(ring(), from, m_steps, candidates);
+    const xcb_window_t next = stays ? from : nextInRing(m_recent.ring(), from, m_steps, candidates);
     if (next == XCB_NONE) {
         return; // it is just being drawn
     }
@@ -184,22 +237,36 @@ void SwitcherModel::choose(const SwitcherSight& sight, const QString& title)
     select(next, sight.list.isEmpty() ? sight.outline : sight.list);
 }
 
-// Window managers go through the windows in the order in which they were active last.
-SwitcherModel::Windows SwitcherModel::ring() const
+// Of a switcher that is moved nobody knows where, what it has selected is not told any more.
+void SwitcherModel::moveUnseen()
 {
-    Windows result;
-    const std::vector<x11::TrackedWindowPtr> windows = m_tracker.windows();
-    const int desktop = m_tracker.currentDesktop();
-    for (const x11::TrackedWindowPtr& window : windows) {
-        const bool isHere = window->desktop < 0 || window->desktop == desktop;
-        if (isApplicationWindow(*window) && !window->skipTaskbar && isHere) {
-            result.push_back(window->id);
-        }
+    if (m_isUp && m_reader != nullptr && m_reader->isCounted) {
+        m_counted.lose();
+        loseSelection();
     }
-    std::ranges::stable_sort(result, {}, [this](xcb_window_t window) {
-        return std::ranges::find(m_recent, window) - m_recent.begin();
-    });
-    return result;
+}
+
+void SwitcherModel::loseSelection()
+{
+    if (!selection()) {
+        return;
+    }
+    select(XCB_NONE, QRect());
+    const std::lock_guard lock(m_mutex);
+    m_selection.reset();
+}
+
+void SwitcherModel::count(const QRect& list)
+{
+    const auto steps = m_counted.count();
+    const auto start = std::ranges::find(m_order, m_start);
+    if (!steps || start == m_order.end()) {
+        moveUnseen();
+        return;
+    }
+    const auto size = static_cast<std::ptrdiff_t>(m_order.size());
+    const std::ptrdiff_t place = (start - m_order.begin() + *steps) % size;
+    select(m_order[static_cast<std::size_t>(place < 0 ? place + size : place)], list);
 }
 
 std::int32_t SwitcherModel::ownerOf(xcb_window_t window) const
@@ -225,14 +292,15 @@ void SwitcherModel::select(xcb_window_t window, const QRect& list)
 void SwitcherModel::closed()
 {
     m_isUp = false;
-    m_hearKeys(false);
+    hearKeys();
+    m_counted.restart();
     m_runLoop.cancelPreviousPerformRequests(&m_settling);
     if (m_title) {
         m_title->forget();
     }
     // Letting the switcher go with the mouse on a preview picks that window; giving up does not.
-    if (m_isCancelled && selection()) {
-        select(XCB_NONE, QRect());
+    if (m_isCancelled) {
+        loseSelection();
     }
     xcb_window_t again = XCB_NONE;
     {

@@ -14,7 +14,9 @@
 
 #include "platform/RunLoop.h"
 #include "platform/linux/applications/ApplicationRegistry.h"
+#include "platform/linux/switcher/RecentWindows.h"
 #include "platform/linux/switcher/SwitcherReader.h"
+#include "platform/linux/switcher/SwitcherSteps.h"
 #include "platform/linux/switcher/SwitcherTitle.h"
 #include "platform/linux/x11/WindowTracker.h"
 
@@ -23,7 +25,7 @@ namespace lumbrix::platform
 
 /// The listener's part on the event thread, queries on any thread, the rest on the main thread.
 /// Window managers' switchers select windows; what is reported is the application of the selected
-/// one. Nobody listens to keys while no switcher is up.
+/// one. Nobody listens to keys while no switcher is up, but where they alone tell the selection.
 class SwitcherModel final : public x11::WindowListener
 {
 public:
@@ -32,11 +34,15 @@ public:
         xcb_window_t window = XCB_NONE;
         QRect list; ///< where the switcher is, root pixels
     };
-    using HearKeys = std::function<void(bool)>;
+    using HearKeys = std::function<void(x11::KeyHearing)>;
 
     /// `session` is where the accessibility bus is asked for; without it titles are not read.
+    /// `canCount` tells whether a switcher whose selection is counted goes through the windows in
+    /// order and leaves previews to be seen; on the main thread, again whenever the window manager
+    /// shows something.
     SwitcherModel(RunLoop& runLoop, x11::WindowTracker& tracker, ApplicationRegistry& registry,
-                  const QDBusConnection* session, HearKeys hearKeys);
+                  const QDBusConnection* session, HearKeys hearKeys,
+                  std::function<bool()> canCount);
     ~SwitcherModel() override;
 
     /// Before the event thread starts. Another application is selected than before, or none any
@@ -52,8 +58,13 @@ public:
     void picked(xcb_window_t window);
 
     void managerChanged(const x11::Manager& manager) override;
+    void windowAdded(const x11::TrackedWindowPtr& window) override;
     void activeWindowChanged(xcb_window_t window) override;
+    void compositorChanged(bool isRunning) override;
     void keyPressed(xcb_keysym_t key, bool withShift) override;
+    void keyRepeated(xcb_keysym_t key) override;
+    void pointerMoved(QPoint position, xcb_window_t childOfRoot) override;
+    void buttonPressed(int button, QPoint position) override;
 
 private:
     using Windows = std::vector<xcb_window_t>;
@@ -61,32 +72,43 @@ private:
     void post(std::function<void()> action);
     void takeManager(const x11::Manager& manager);
     void takeKey(xcb_keysym_t key, bool withShift);
+    void hearKeys();
+    void count(const QRect& list);
+    void moveUnseen();
+    void loseSelection();
     void lookAfter(Seconds delay);
     void look();
     void closed();
     void choose(const SwitcherSight& sight, const QString& title);
     void select(xcb_window_t window, const QRect& list);
-    Windows ring() const;
     std::int32_t ownerOf(xcb_window_t window) const;
 
     RunLoop& m_runLoop;
     x11::WindowTracker& m_tracker;
     ApplicationRegistry& m_registry;
     const HearKeys m_hearKeys;
+    const std::function<bool()> m_canCount;
     std::function<void()> m_selectionChanged;
     const std::shared_ptr<bool> m_alive = std::make_shared<bool>(true);
     const char m_settling = 0; ///< for the run loop
 
+    xcb_window_t m_underPointer = XCB_NONE; ///< event thread
+
     // Main thread.
     std::unique_ptr<SwitcherTitle> m_title;
     x11::Manager m_manager;
-    Windows m_recent; ///< the last one that was active first
+    x11::KeyHearing m_hearing = x11::KeyHearing::None;
+    SwitcherSteps m_counted;
+    Windows m_order;                 ///< when the switcher was opened
+    xcb_window_t m_start = XCB_NONE; ///< was active then
+    RecentWindows m_recent;
     bool m_isUp = false;
     bool m_isCancelled = false;
     int m_steps = 0; ///< keys since the last choice, those backwards against those forwards
     QRect m_outline; ///< of the last choice
 
     mutable std::mutex m_mutex;
+    /// Written on the main thread alone, which reads it without the lock.
     const SwitcherReader* m_reader = nullptr; // this and what follows guarded by m_mutex
     std::optional<Selection> m_selection;
     xcb_window_t m_picked = XCB_NONE;

@@ -83,10 +83,26 @@ std::optional<SwitcherSight> lookAtMarco(const Windows& windows)
                                        })};
 }
 
+// The selected window comes to the front of the others, if at all, in the compositor's picture
+// alone. Other windows of KWin's own look the same from outside; the keys tell them apart.
+std::optional<SwitcherSight> lookAtKWin(const Windows& windows)
+{
+    const QRect list = rectOf(windows, [](const ManagerWindow& window) {
+        return window.classInstance.startsWith(u"kwin") && window.rect.height() >= MinimalList;
+    });
+    return list.isEmpty() ? std::nullopt
+                          : std::optional(SwitcherSight{.list = list, .outline = {}});
+}
+
 constexpr std::array readers{
-    SwitcherReader{.manager = "Openbox", .look = lookAtOpenbox, .titleRole = 0},
-    SwitcherReader{.manager = "Metacity (Marco)", .look = lookAtMarco, .titleRole = StatusBarRole},
-    SwitcherReader{.manager = "Xfwm4", .look = lookAtXfwm4, .titleRole = LabelRole},
+    SwitcherReader{.manager = "Openbox", .look = lookAtOpenbox, .titleRole = 0, .isCounted = false},
+    SwitcherReader{.manager = "Metacity (Marco)",
+                   .look = lookAtMarco,
+                   .titleRole = StatusBarRole,
+                   .isCounted = false},
+    SwitcherReader{
+        .manager = "Xfwm4", .look = lookAtXfwm4, .titleRole = LabelRole, .isCounted = false},
+    SwitcherReader{.manager = "KWin", .look = lookAtKWin, .titleRole = 0, .isCounted = true},
 };
 
 } // namespace

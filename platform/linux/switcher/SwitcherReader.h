@@ -31,6 +31,8 @@ struct SwitcherReader {
     /// The role, as assistive technology numbers them, of what shows the title of the selected
     /// window; 0 where nothing does.
     std::uint32_t titleRole;
+    /// It shows nothing of the selection: that is found by counting keys, see SwitcherSteps.
+    bool isCounted;
 };
 
 /// Immutable; null for a window manager whose switcher shows nothing that can be read.

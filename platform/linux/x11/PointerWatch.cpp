@@ -25,6 +25,11 @@ void selectXInput(xcb_connection_t* c, xcb_window_t window, std::uint32_t events
 
 constexpr xcb_keysym_t leftShiftKey = 0xffe1;
 constexpr xcb_keysym_t rightShiftKey = 0xffe2;
+/// Milliseconds; keys are set to repeat after a longer time, and no raw event tells of it.
+constexpr xcb_timestamp_t repeatTime = 250;
+
+// Meta, Alt, Super and Hyper: their keys are neighbours.
+bool isAltOrSuper(xcb_keysym_t key) { return key >= 0xffe7 && key <= 0xffee; }
 
 bool isWheel(std::uint32_t button) { return button >= 4 && button <= 7; }
 
@@ -39,41 +44,65 @@ PointerWatch::PointerWatch(const Connection& connection, const WindowTracker& tr
         windowAdded(window);
 }
 
-void PointerWatch::hearKeys(bool on)
+void PointerWatch::hearKeys(KeyHearing which)
 {
-    selectRaw(on);
+    m_hearing = which;
+    selectRaw(which != KeyHearing::None);
     m_keyboard = nullptr;
     m_keys.clear();
-    if (!on)
-        return;
-    const auto pointer = m_connection.reply(
-        xcb_query_pointer_reply, xcb_query_pointer(m_connection.get(), m_connection.root()));
+    m_lastPressed = {};
+    if (which != KeyHearing::None)
+        fetchKeyboard();
+}
+
+void PointerWatch::fetchKeyboard()
+{
+    xcb_connection_t* c = m_connection.get();
+    const xcb_setup_t& setup = *xcb_get_setup(c);
+    const auto count = static_cast<std::uint8_t>(setup.max_keycode - setup.min_keycode + 1);
+    const auto pointerCookie = xcb_query_pointer(c, m_connection.root());
+    const auto keyboardCookie = xcb_get_keyboard_mapping(c, setup.min_keycode, count);
+    const auto pointer = m_connection.reply(xcb_query_pointer_reply, pointerCookie);
     m_isShiftDown = pointer && (pointer->mask & XCB_MOD_MASK_SHIFT);
-    const xcb_setup_t& setup = *xcb_get_setup(m_connection.get());
-    m_keyboard = m_connection.reply(
-        xcb_get_keyboard_mapping_reply,
-        xcb_get_keyboard_mapping(
-            m_connection.get(), setup.min_keycode,
-            static_cast<std::uint8_t>(setup.max_keycode - setup.min_keycode + 1)));
+    m_isModifierDown = pointer && (pointer->mask & (XCB_MOD_MASK_1 | XCB_MOD_MASK_4));
+    m_keyboard = m_connection.reply(xcb_get_keyboard_mapping_reply, keyboardCookie);
 }
 
 void PointerWatch::tellKeys()
 {
     const std::vector<Key> keys = std::exchange(m_keys, {});
     if (!m_keyboard)
+        fetchKeyboard();
+    if (!m_keyboard)
         return;
     const int first = xcb_get_setup(m_connection.get())->min_keycode;
     for (const Key& key : keys) {
         const int place = (key.code - first) * m_keyboard->keysyms_per_keycode;
-        if (place < 0 || place >= xcb_get_keyboard_mapping_keysyms_length(m_keyboard.get()))
-            continue;
-        const xcb_keysym_t keysym =
-            xcb_get_keyboard_mapping_keysyms(m_keyboard.get())[static_cast<std::size_t>(place)];
-        if (keysym == leftShiftKey || keysym == rightShiftKey)
-            m_isShiftDown = key.isDown;
-        if (key.isDown)
-            m_listeners.notify(
-                [&](WindowListener& listener) { listener.keyPressed(keysym, m_isShiftDown); });
+        if (place >= 0 && place < xcb_get_keyboard_mapping_keysyms_length(m_keyboard.get()))
+            tellKey(
+                xcb_get_keyboard_mapping_keysyms(m_keyboard.get())[static_cast<std::size_t>(place)],
+                key);
+    }
+}
+
+void PointerWatch::tellKey(xcb_keysym_t keysym, const Key& key)
+{
+    if (keysym == leftShiftKey || keysym == rightShiftKey)
+        m_isShiftDown = key.isDown;
+    if (isAltOrSuper(keysym))
+        m_isModifierDown = key.isDown;
+    const bool hasRepeated =
+        !key.isDown && key.code == m_lastPressed.code && key.time - m_lastPressed.time > repeatTime;
+    if (m_hearing != KeyHearing::All && !m_isModifierDown) {
+        m_lastPressed = {};
+        return;
+    }
+    if (key.isDown) {
+        m_lastPressed = key;
+        m_listeners.notify(
+            [&](WindowListener& listener) { listener.keyPressed(keysym, m_isShiftDown); });
+    } else if (hasRepeated) {
+        m_listeners.notify([&](WindowListener& listener) { listener.keyRepeated(keysym); });
     }
 }
 
@@ -127,6 +156,9 @@ void PointerWatch::handleEvent(const xcb_generic_event_t& event)
     case XCB_ENTER_NOTIFY:
     case XCB_LEAVE_NOTIFY:
         m_hasMoved = true;
+        return;
+    case XCB_MAPPING_NOTIFY: // sent to everybody: the keys have other meanings now
+        m_keyboard = nullptr;
         return;
     case XCB_GE_GENERIC:
         break;

@@ -24,9 +24,9 @@ public:
     PointerWatch(const Connection& connection, const WindowTracker& tracker,
                  const Listeners& listeners);
 
-    /// Whether listeners get keys, too. Nobody needs to hear what people write, so only as
+    /// Which keys listeners get, too. Nobody needs to hear what people write, so only as
     /// long as it has to be.
-    void hearKeys(bool on); ///< a round trip when it begins
+    void hearKeys(KeyHearing which);
 
     void handleEvent(const xcb_generic_event_t& event) override;
     /// One question for all the motion and presses of a batch.
@@ -36,21 +36,29 @@ public:
     void windowChanged(const TrackedWindowPtr& before, const TrackedWindowPtr& after) override;
 
 private:
+    struct Key {
+        xcb_keycode_t code = 0;
+        bool isDown = false;
+        xcb_timestamp_t time = 0;
+    };
+
     void selectRaw(bool withKeys) const;
+    void fetchKeyboard();
     void tellKeys();
+    void tellKey(xcb_keysym_t keysym, const Key& key);
     void followDock(xcb_window_t window);
 
     const Connection& m_connection;
     const Listeners& m_listeners;
     bool m_hasMoved = true; ///< the position at the start is reported once
     std::vector<int> m_pressed;
-    struct Key {
-        xcb_keycode_t code = 0;
-        bool isDown = false;
-    };
     std::vector<Key> m_keys;
-    bool m_isShiftDown = false;                         ///< while keys are heard
-    Reply<xcb_get_keyboard_mapping_reply_t> m_keyboard; ///< while keys are heard
+    // While keys are heard.
+    KeyHearing m_hearing = KeyHearing::None;
+    bool m_isShiftDown = false;
+    bool m_isModifierDown = false;                      ///< Alt or Super
+    Reply<xcb_get_keyboard_mapping_reply_t> m_keyboard; ///< null: to be asked for
+    Key m_lastPressed;
     std::optional<QPoint> m_position;
     xcb_window_t m_child = XCB_NONE;
 };

@@ -31,6 +31,8 @@ struct TrackedWindow {
     std::optional<std::int32_t> pid; ///< _NET_WM_PID, else what the server knows of the client
     WindowType type = WindowType::Normal;
     bool skipTaskbar = false;
+    bool skipSwitcher = false; ///< asks KWin, which alone knows this, to leave it out
+    bool isModal = false;      ///< of what it is transient for
     bool isIconic = false;
     bool isFullscreen = false;
     bool isMapped = false;  ///< its frame is; also true of a shaded window

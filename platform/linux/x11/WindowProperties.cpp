@@ -88,6 +88,8 @@ void applyState(WindowRecord& record, const PropertyValue& value, const Atoms& a
     record.isShaded = has(AtomName::NetWmStateShaded);
     record.isFullscreen = has(AtomName::NetWmStateFullscreen);
     record.skipTaskbar = has(AtomName::NetWmStateSkipTaskbar);
+    record.skipSwitcher = has(AtomName::KdeNetWmStateSkipSwitcher);
+    record.isModal = has(AtomName::NetWmStateModal);
 }
 
 void applyWmState(WindowRecord& record, const PropertyValue& value, const Atoms&)
@@ -263,6 +265,8 @@ TrackedWindow snapshotOf(const WindowRecord& record, const ManagerTraits& manage
     window.type =
         record.listedType.value_or(record.transientFor ? WindowType::Dialog : WindowType::Normal);
     window.skipTaskbar = record.skipTaskbar;
+    window.skipSwitcher = record.skipSwitcher;
+    window.isModal = record.isModal;
     window.isIconic = isIconic(record, manager);
     window.isFullscreen = record.isFullscreen;
     window.isMapped = record.isMapped;

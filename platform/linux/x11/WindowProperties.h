@@ -38,6 +38,8 @@ struct WindowRecord {
     std::optional<std::int32_t> clientPid; ///< of the client that made the window
     std::optional<WindowType> listedType;
     bool skipTaskbar = false;
+    bool skipSwitcher = false;
+    bool isModal = false;
     bool isHidden = false;
     bool isShaded = false;
     bool isFullscreen = false;

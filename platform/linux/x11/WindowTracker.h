@@ -30,6 +30,9 @@ struct ManagerWindow {
     bool operator==(const ManagerWindow&) const = default;
 };
 
+/// Which keys listeners are told of: none, those that go down while Alt or Super is, or all.
+enum class KeyHearing { None, WithModifier, All };
+
 /// The window manager that runs, and what it shows of its own; empty while there is none.
 struct Manager {
     QString name;
@@ -63,6 +66,9 @@ public:
     /// A key went down anywhere, with Shift or without; only while somebody wants to hear keys. As
     /// what X knows it by when it is pressed alone.
     virtual void keyPressed(xcb_keysym_t, bool /*withShift*/) {}
+    /// Told of a heard key's release: it was down for so long that it may have repeated, which is
+    /// not told of.
+    virtual void keyRepeated(xcb_keysym_t) {}
     /// Another window manager runs, or it shows other windows of its own than before. Told once
     /// at the start, too.
     virtual void managerChanged(const Manager&) {}

@@ -111,9 +111,9 @@ void X11Core::setPixelsPerPoint(double pixelsPerPoint)
     });
 }
 
-void X11Core::hearKeys(bool on)
+void X11Core::hearKeys(KeyHearing which)
 {
-    m_parts->commands.post([this, on](xcb_timestamp_t) { m_parts->pointer->hearKeys(on); });
+    m_parts->commands.post([this, which](xcb_timestamp_t) { m_parts->pointer->hearKeys(which); });
 }
 
 WindowTracker& X11Core::tracker() { return m_parts->tracker; }

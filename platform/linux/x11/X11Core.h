@@ -23,6 +23,7 @@ namespace lumbrix::platform::x11
 
 class Atoms;
 class Connection;
+enum class KeyHearing;
 class PointSpace;
 class ScreenWatch;
 class TrayWatch;
@@ -62,8 +63,8 @@ public:
     /// of the screens.
     void setPixelsPerPoint(double pixelsPerPoint);
 
-    /// Whether listeners get keys, from a moment later on. Any thread.
-    void hearKeys(bool on);
+    /// Which keys listeners get, from a moment later on. Any thread.
+    void hearKeys(KeyHearing which);
 
     WindowTracker& tracker();
     X11WindowServer& windowServer();

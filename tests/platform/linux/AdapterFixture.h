@@ -61,9 +61,15 @@ protected:
     platform::LinuxWorkspace m_workspace;
     std::optional<QMargins> m_strut{QMargins(0, 0, 0, 30)};
     platform::DockModel m_docks;
-    platform::SwitcherModel m_switcher{m_loop, m_tracker, m_registry, nullptr,
-                                       [this](bool on) { m_hearsKeys = on; }};
-    bool m_hearsKeys = false;
+    platform::SwitcherModel m_switcher{
+        m_loop,
+        m_tracker,
+        m_registry,
+        nullptr,
+        [this](platform::x11::KeyHearing which) { m_hearing = which; },
+        [this] { return m_canCount; }};
+    platform::x11::KeyHearing m_hearing{};
+    bool m_canCount = true;
     platform::LinuxDockPreferences m_dockPreferences{m_docks};
     platform::X11Accessibility m_accessibility;
 };

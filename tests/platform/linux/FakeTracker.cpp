@@ -106,6 +106,11 @@ void FakeTracker::pressKey(xcb_keysym_t key, bool withShift)
     notify([&](WindowListener& listener) { listener.keyPressed(key, withShift); });
 }
 
+void FakeTracker::repeatKey(xcb_keysym_t key)
+{
+    notify([&](WindowListener& listener) { listener.keyRepeated(key); });
+}
+
 void FakeTracker::activate(xcb_window_t id)
 {
     ++m_activations;

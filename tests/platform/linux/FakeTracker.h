@@ -30,6 +30,7 @@ public:
     void mapPopup(const platform::x11::PopupMapped& popup);
     void showManager(const platform::x11::Manager& manager);
     void pressKey(xcb_keysym_t key, bool withShift = false);
+    void repeatKey(xcb_keysym_t key);
     int activations() const { return m_activations; }
     /// A window manager that ignores requests to iconify.
     void refuseIconify() { m_iconifies = false; }

@@ -3,6 +3,10 @@
 
 // What is reported of a window manager's switcher, from what it shows.
 
+#include <QtCore/QDir>
+#include <QtCore/QFile>
+
+#include "platform/linux/switcher/KWinSettings.h"
 #include "platform/linux/switcher/SwitcherChoice.h"
 #include "tests/platform/linux/AdapterFixture.h"
 
@@ -17,6 +21,9 @@ namespace
 constexpr std::int32_t ManagerPid = 900;
 constexpr xcb_keysym_t TabKey = 0xff09;
 constexpr xcb_keysym_t EscapeKey = 0xff1b;
+constexpr xcb_keysym_t AltKey = 0xffe9;
+constexpr xcb_keysym_t RightKey = 0xff53;
+constexpr xcb_window_t ListWindow = 3;
 const QRect List(300, 400, 600, 200);
 
 class SwitcherModelTest : public AdapterFixture
@@ -66,6 +73,26 @@ protected:
         m_tracker.showManager(shown);
         m_loop.advance(0.1);
     }
+    /// What KWin has selected after these keys, where each with a minus goes with Shift.
+    xcb_window_t selectedByKWin(const std::vector<std::int64_t>& before,
+                                const std::vector<std::int64_t>& after = {})
+    {
+        x11::Manager kwin{.name = u"KWin"_qs, .pid = ManagerPid, .windows = {}};
+        m_tracker.showManager(kwin);
+        press(AltKey);
+        for (const std::int64_t key : before)
+            press(static_cast<xcb_keysym_t>(std::abs(key)), key < 0);
+        kwin.windows = {{.id = ListWindow, .rect = List, .classInstance = u"kwin_x11"_qs}};
+        m_tracker.showManager(kwin);
+        m_loop.advance(0.1);
+        for (const std::int64_t key : after)
+            press(static_cast<xcb_keysym_t>(std::abs(key)), key < 0);
+        return selected();
+    }
+    xcb_window_t selected() const
+    {
+        return m_switcher.selection().value_or(SwitcherModel::Selection{}).window;
+    }
     void press(xcb_keysym_t key, bool withShift = false)
     {
         m_tracker.pressKey(key, withShift);
@@ -88,9 +115,9 @@ TEST_F(SwitcherModelTest, selectedApplication_isToldOnce_withoutADock)
 {
     ASSERT_NE(m_observer, nullptr);
     EXPECT_EQ(focusedSubrole(), u"<-25202>"_qs);
-    EXPECT_FALSE(m_hearsKeys);
+    EXPECT_EQ(m_hearing, x11::KeyHearing::None);
     show(QRect(50, 50, 400, 300));
-    EXPECT_TRUE(m_hearsKeys);
+    EXPECT_EQ(m_hearing, x11::KeyHearing::All);
     EXPECT_EQ(focusedSubrole(), u"AXProcessSwitcherList"_qs);
     const auto entry = m_switcher.selection();
     ASSERT_TRUE(entry);
@@ -102,7 +129,7 @@ TEST_F(SwitcherModelTest, selectedApplication_isToldOnce_withoutADock)
     show(QRect(700, 1, 5, 5));     // about nothing: it is just being drawn
     EXPECT_EQ(told(), (QStringList{u"Term"_qs, u"Editor"_qs}));
     show(std::nullopt);
-    EXPECT_FALSE(m_hearsKeys);
+    EXPECT_EQ(m_hearing, x11::KeyHearing::None);
     EXPECT_EQ(told(), QStringList());
     EXPECT_EQ(focusedSubrole(), u"<-25202>"_qs);
 }
@@ -168,6 +195,79 @@ TEST_F(SwitcherModelTest, otherWindowManager_endsTheSwitcher_andIsReadAsItCan)
     addPanel();
     EXPECT_EQ(m_registry.dockPid(), PanelPid);
     EXPECT_EQ(told(), (QStringList{u"Term"_qs, u"Term"_qs}));
+}
+
+TEST_F(SwitcherModelTest, kwin_isReadFromTheKeys_asLongAsTheyTell)
+{
+    constexpr std::int64_t Tab = TabKey;
+    const struct {
+        std::vector<std::int64_t> before, after;
+        xcb_window_t window;
+    } cases[] = {
+        {{Tab}, {}, 0x101},
+        {{-Tab}, {}, 0x100},
+        {{Tab, Tab}, {Tab, Tab}, 0x101},
+        {{Tab, Tab}, {-Tab, -Tab, -Tab}, 0x100},
+        {{Tab, EscapeKey, Tab}, {}, 0x101},
+        {{RightKey, Tab}, {AltKey}, 0x101}, // the first is none of its keys
+        {{}, {}, XCB_NONE},
+        {{'`'}, {Tab}, XCB_NONE}, // that lists other windows
+        {{Tab}, {RightKey, Tab}, XCB_NONE},
+    };
+    for (const auto& [before, after, window] : cases)
+        EXPECT_EQ(selectedByKWin(before, after), window) << &before - &cases[0].before;
+    EXPECT_EQ(m_hearing, x11::KeyHearing::WithModifier);
+
+    EXPECT_EQ(selectedByKWin({Tab}), 0x101U);
+    m_tracker.repeatKey(TabKey);
+    m_loop.advance(0.1);
+    EXPECT_EQ(selected(), 0U);
+    EXPECT_EQ(selectedByKWin({Tab}), 0x101U);
+    FakeTracker::Window list = window(ListWindow - 1, u"kwin"_qs, u"kwin"_qs, ManagerPid);
+    list.type = x11::WindowType::Other;
+    list.bounds = List;
+    m_tracker.add(list);
+    m_tracker.movePointer(List.center());
+    m_tracker.press(1);
+    m_loop.advance(0.1);
+    EXPECT_EQ(selected(), 0U);
+
+    m_canCount = false;
+    EXPECT_EQ(selectedByKWin({Tab}), 0U);
+    EXPECT_FALSE(m_switcher.canRead());
+}
+
+TEST_F(SwitcherModelTest, kwin_listsDialogsForTheirWindows_andNothingThatAsksToBeLeftOut)
+{
+    m_tracker.change(0x101, [](FakeTracker::Window& window) { window.skipSwitcher = true; });
+    FakeTracker::Window dialog = window(0x102, u"term"_qs, u"term"_qs, 11, u"question"_qs);
+    dialog.type = x11::WindowType::Dialog;
+    dialog.transientFor = 0x100;
+    dialog.isModal = dialog.skipTaskbar = true;
+    m_tracker.add(dialog); // without the focus
+    EXPECT_EQ(selectedByKWin({TabKey}), 0x102U);
+    EXPECT_EQ(selectedByKWin({TabKey, TabKey}), 0x200U);
+}
+
+TEST(KWinSettingsTest, previews_areSeen_unlessTheSwitcherIsSetOtherwiseOrHasNoLayout)
+{
+    const QTemporaryDir folder;
+    const QStringList data{folder.filePath(u"data"_qs)};
+    const auto isSeenWith = [&](const char* lines, bool isComposited = false) {
+        QFile file(folder.filePath(u"kwinrc"_qs));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(lines);
+        file.close();
+        return kwinLetsPreviewsBeSeen(folder.path(), data, isComposited);
+    };
+    EXPECT_FALSE(kwinLetsPreviewsBeSeen(folder.path(), data, false));
+    QDir().mkpath(data.front() + u"/plasma/look-and-feel/some/contents/windowswitcher"_qs);
+    EXPECT_TRUE(kwinLetsPreviewsBeSeen(folder.path(), data, false));
+    EXPECT_TRUE(isSeenWith("[TabBox]\nDesktopMode=1\n[TabBoxAlternative]\nDesktopMode=0\n"));
+    EXPECT_FALSE(isSeenWith("[TabBox]\nLayoutName=compact\nApplicationsMode=1\n"));
+    EXPECT_FALSE(isSeenWith("[TabBox]\nShowTabBox=false\n"));
+    EXPECT_FALSE(isSeenWith("[TabBox]\nLayoutName=compact\n", true));
+    EXPECT_TRUE(isSeenWith("[TabBox]\nHighlightWindows=false\n", true));
 }
 
 } // namespace

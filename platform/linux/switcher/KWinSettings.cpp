@@ -1,0 +1,72 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include "platform/linux/switcher/KWinSettings.h"
+
+#include <QtCore/QDir>
+#include <QtCore/QFile>
+
+#include <algorithm>
+#include <array>
+
+#include "platform/linux/defaults/IniFile.h"
+
+namespace lumbrix::platform
+{
+
+namespace
+{
+
+struct Setting {
+    const char* key;
+    const char* usual; ///< when it is not written
+    const char* wanted;
+};
+
+/// Which windows there are, and in which order.
+constexpr std::array settings{
+    Setting{.key = "ShowTabBox", .usual = "true", .wanted = "true"},
+    Setting{.key = "SwitchingMode",
+            .usual = "0",
+            .wanted = "0"}, // in the order in which they were active
+    Setting{.key = "ApplicationsMode", .usual = "0", .wanted = "0"},
+    Setting{.key = "DesktopMode", .usual = "1", .wanted = "1"}, // those of the current one
+    Setting{.key = "ActivitiesMode", .usual = "1", .wanted = "1"},
+    Setting{.key = "MinimizedMode", .usual = "0", .wanted = "0"},
+    Setting{.key = "OrderMinimizedMode", .usual = "0", .wanted = "0"},
+    Setting{.key = "MultiScreenMode", .usual = "0", .wanted = "0"},
+    Setting{.key = "ShowDesktopMode", .usual = "0", .wanted = "0"},
+};
+
+/// The selected window, above previews too, where pictures are composed.
+constexpr Setting showsSelected{.key = "HighlightWindows", .usual = "true", .wanted = "false"};
+
+/// Without a layout, one of its own or one of a desktop's look, it switches but shows nothing.
+bool hasLayout(const QString& dataFolder)
+{
+    constexpr auto folders = QDir::Dirs | QDir::NoDotAndDotDot;
+    const QDir own(dataFolder + QStringLiteral("/kwin/tabbox"));
+    if (!own.entryList(folders).isEmpty())
+        return true;
+    const QDir looks(dataFolder + QStringLiteral("/plasma/look-and-feel"));
+    return std::ranges::any_of(looks.entryList(folders), [&](const QString& look) {
+        return looks.exists(look + QStringLiteral("/contents/windowswitcher"));
+    });
+}
+
+} // namespace
+
+bool kwinLetsPreviewsBeSeen(const QString& configFolder, const QStringList& dataFolders,
+                            bool isComposited)
+{
+    QFile file(configFolder + QStringLiteral("/kwinrc"));
+    const IniFile written(file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray());
+    const auto isSet = [&](const Setting& setting) {
+        return written.value(QStringLiteral("TabBox"), QLatin1String(setting.key))
+                   .value_or(setting.usual) == setting.wanted;
+    };
+    return std::ranges::all_of(settings, isSet) && (!isComposited || isSet(showsSelected)) &&
+           std::ranges::any_of(dataFolders, hasLayout);
+}
+
+} // namespace lumbrix::platform
