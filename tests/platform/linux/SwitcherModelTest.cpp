@@ -215,7 +215,8 @@ TEST_F(SwitcherModelTest, kwin_isReadFromTheKeys_asLongAsTheyTell)
         {{Tab}, {RightKey, Tab}, XCB_NONE},
     };
     for (const auto& [before, after, window] : cases)
-        EXPECT_EQ(selectedByKWin(before, after), window) << &before - &cases[0].before;
+        EXPECT_EQ(selectedByKWin(before, after), window)
+            << testing::PrintToString(before) << testing::PrintToString(after);
     EXPECT_EQ(m_hearing, x11::KeyHearing::WithModifier);
 
     EXPECT_EQ(selectedByKWin({Tab}), 0x101U);
