@@ -146,4 +146,26 @@ TEST_P(MonitorTest, monitorOfTheRow_switchedOffAndOn_takesItAlongAndBack)
     }
 }
 
+TEST_P(MonitorTest, dockThatHides_comingOut_hasTheRowBesideIt)
+{
+    for (const auto& [kind, identifier] :
+         {std::pair(DockKind::Plank, u"alpha"_qs), std::pair(DockKind::Tint2, u"beta"_qs)}) {
+        SCOPED_TRACE(nameOf(kind));
+        desk().changeDock(kind, {Edge::Left, second, true});
+        const Application& application = launch(identifier, 2);
+        const QImage hidden = display().picture();
+        display().moveTo(area(second).topLeft() + QPoint(0, area(second).height() / 2));
+        // Whoever leaves the edge before the dock is there sends it back.
+        ASSERT_TRUE(waitUntil([&] {
+            const QPoint icon = desk().iconOf(application).value_or(QPoint());
+            return display().picture().pixel(icon) != hidden.pixel(icon);
+        }));
+        hover(application);
+        EXPECT_TRUE(showsOn(second, Edge::Left, application));
+        savePicture((std::string("hides_") + nameOf(kind)).c_str());
+        desk().park();
+        EXPECT_TRUE(showsNothing());
+    }
+}
+
 } // namespace lumbrix::privatedesk
