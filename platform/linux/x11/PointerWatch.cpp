@@ -180,7 +180,7 @@ void PointerWatch::handleEvent(const xcb_generic_event_t& event)
         // Both have the same layout.
         const auto& key = reinterpret_cast<const xcb_input_raw_key_press_event_t&>(event);
         m_keys.push_back({static_cast<xcb_keycode_t>(key.detail),
-                          generic.event_type == XCB_INPUT_RAW_KEY_PRESS});
+                          generic.event_type == XCB_INPUT_RAW_KEY_PRESS, key.time});
     }
 }
 

@@ -17,9 +17,11 @@ namespace
 
 const SessionOptions kPlain{{1280, 1024}, WindowManager::Xfwm4, false};
 
-void fake(Display& display, std::uint8_t type, std::uint8_t detail, QPoint position = {})
+/// After so many milliseconds, which the server waits.
+void fake(Display& display, std::uint8_t type, std::uint8_t detail, QPoint position = {},
+          std::uint32_t delay = 0)
 {
-    xcb_test_fake_input(display.connection(), type, detail, XCB_CURRENT_TIME, display.root(),
+    xcb_test_fake_input(display.connection(), type, detail, delay, display.root(),
                         static_cast<std::int16_t>(position.x()),
                         static_cast<std::int16_t>(position.y()), 0);
     xcb_flush(display.connection());
@@ -95,6 +97,37 @@ TEST(Pointer, buttonsKeysAndPlace_areToldInPortTerms)
         EXPECT_TRUE(desk.waitFor([&] { return input.pressedMouseButtons() == bit; }));
         fake(display, XCB_BUTTON_RELEASE, static_cast<std::uint8_t>(button));
     }
+}
+
+TEST(Keys, heardWithAltOrSuperAlone_sayWhichWasHeldDown)
+{
+    X11Desk desk(kPlain);
+    Display& display = desk.display();
+    constexpr std::uint8_t alt = 64, tab = 23;
+    constexpr std::int64_t altKey = 0xffe9, tabKey = 0xff09;
+    const auto press = [&](std::uint8_t key, std::uint32_t heldFor = 0) {
+        fake(display, XCB_KEY_PRESS, key);
+        fake(display, XCB_KEY_RELEASE, key, {}, heldFor);
+    };
+    desk.core().hearKeys(KeyHearing::WithModifier);
+    ASSERT_TRUE(desk.waitFor([&] {
+        press(alt); // until it is heard
+        return !desk.recorder().keys().empty();
+    }));
+    press(tab); // what people write
+    fake(display, XCB_KEY_PRESS, alt);
+    press(tab);
+    press(tab, 400);
+    fake(display, XCB_KEY_RELEASE, alt);
+    press(tab);
+    press(alt);
+    const auto lastKeys = [&](std::size_t count) {
+        const auto keys = desk.recorder().keys();
+        return std::vector(keys.end() - std::min<std::ptrdiff_t>(count, keys.size()), keys.end());
+    };
+    const std::vector expected{altKey, altKey, tabKey, tabKey, -tabKey, altKey};
+    EXPECT_TRUE(desk.waitFor([&] { return lastKeys(expected.size()) == expected; }))
+        << testing::PrintToString(desk.recorder().keys());
 }
 
 TEST(Screens, mainScreen_isTheOneWithTheDock)

@@ -49,6 +49,24 @@ void Recorder::pointerMoved(QPoint position, xcb_window_t childOfRoot)
     ++moved;
 }
 
+void Recorder::keyPressed(xcb_keysym_t key, bool)
+{
+    const std::lock_guard lock(m_mutex);
+    m_keys.push_back(key);
+}
+
+void Recorder::keyRepeated(xcb_keysym_t key)
+{
+    const std::lock_guard lock(m_mutex);
+    m_keys.push_back(-std::int64_t{key});
+}
+
+std::vector<std::int64_t> Recorder::keys() const
+{
+    const std::lock_guard lock(m_mutex);
+    return m_keys;
+}
+
 void Recorder::buttonPressed(int button, QPoint)
 {
     const std::lock_guard lock(m_mutex);

@@ -43,6 +43,8 @@ public:
     void popupMapped(const PopupMapped& popup) override;
     void pointerMoved(QPoint position, xcb_window_t childOfRoot) override;
     void buttonPressed(int button, QPoint position) override;
+    void keyPressed(xcb_keysym_t key, bool withShift) override;
+    void keyRepeated(xcb_keysym_t key) override;
     void screensChanged() override { ++screenChanges; }
 
     std::atomic<int> added = 0, changed = 0, removed = 0, moved = 0, screenChanges = 0;
@@ -50,6 +52,8 @@ public:
     std::optional<PopupMapped> lastPopup() const;
     std::pair<QPoint, xcb_window_t> lastPosition() const;
     std::vector<int> buttons() const;
+    /// Pressed ones, and negated those that were held down.
+    std::vector<std::int64_t> keys() const;
 
 private:
     mutable std::mutex m_mutex;
@@ -57,6 +61,7 @@ private:
     std::optional<PopupMapped> m_popup;
     std::pair<QPoint, xcb_window_t> m_position;
     std::vector<int> m_buttons;
+    std::vector<std::int64_t> m_keys;
 };
 
 QByteArray displayName(const Session& session);
