@@ -160,14 +160,11 @@ void LXHandler::windowsChanged()
     // windows has them counted once.
     if (m_isBadgingRequested.exchange(true))
         return;
-    platform::desktop().runLoop.performOnMainThread(
-        [this, alive = std::weak_ptr(m_alive)] {
-            if (alive.expired())
-                return;
-            m_isBadgingRequested = false;
-            m_companions.windowCountBadger->badgeDockItems();
-        },
-        false);
+    const auto count = m_guard.ifAlive([this] {
+        m_isBadgingRequested = false;
+        m_companions.windowCountBadger->badgeDockItems();
+    });
+    platform::desktop().runLoop.performOnMainThread(count, false);
 }
 
 void LXHandler::appLaunched(std::int32_t pid)

@@ -28,6 +28,7 @@
 #include "model/EngineSettings.h"
 #include "model/WindowInventory.h"
 #include "platform/Accessibility.h"
+#include "platform/MainThreadGuard.h"
 #include "platform/RunLoop.h"
 #include "platform/Workspace.h"
 #include "preview/PreviewHost.h"
@@ -152,7 +153,7 @@ private:
     SwitcherWatch m_switcher;
     RequestedRow m_requestedRow;
     NotificationIntake m_intake;
-    const std::shared_ptr<bool> m_alive = std::make_shared<bool>(true); ///< as long as this
+    const platform::MainThreadGuard m_guard;
 };
 
 /// The callback of every observer: hands a notification of the Dock or of an application to the

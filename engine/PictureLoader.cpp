@@ -160,17 +160,15 @@ void PictureLoader::load(const ScreenyViewPtr& preview)
     ++m_waiting;
     // One that is used again on the spot would show nothing, or its former window.
     preview->window()->orderOut();
-    captureLater(*preview, [this, round = m_round, alive = std::weak_ptr(m_alive)](
-                               ScreenyView* shown, const QImage& picture) {
-        if (alive.expired())
-            return;
+    const auto show = [this, round = m_round](ScreenyView* shown, const QImage& picture) {
         // It may have something better to show by now.
         if (shown && shown->image().isNull()) {
             shown->setCapture(picture);
             loadIcon(*shown);
         }
         this->arrived(round);
-    });
+    };
+    captureLater(*preview, m_guard.ifAlive(show));
 }
 
 void PictureLoader::arrived(int round)
@@ -189,22 +187,18 @@ void PictureLoader::loadIcon(ScreenyView& preview)
     if (previews.size() > 1)
         return; // it is being read
     ++m_waiting;
+    const int side = preview.iconSide();
+    const auto read = m_guard.ifAlive([this, bundle, side, round = m_round](const QImage& icon) {
+        setIcons(bundle,
+                 icon.isNull() ? namedPixmap(u"anyApp"_qs, {side, side}, 1).toImage() : icon);
+        arrived(round);
+    });
     // On a thread, as it reads files.
     platform::desktop().runLoop.detachThread(
-        "window-icon", [this, bundle, side = preview.iconSide(), round = m_round,
-                        alive = std::weak_ptr(m_alive)](const platform::Thread&) {
+        "window-icon", [bundle, side, read](const platform::Thread&) {
             const platform::Desktop& desktop = platform::desktop();
             const QImage icon = desktop.workspace.applicationIcon(bundle, side);
-            desktop.runLoop.performOnMainThread(
-                [this, bundle, icon, side, round, alive] {
-                    if (alive.expired())
-                        return;
-                    setIcons(bundle, icon.isNull()
-                                         ? namedPixmap(u"anyApp"_qs, {side, side}, 1).toImage()
-                                         : icon);
-                    arrived(round);
-                },
-                false);
+            desktop.runLoop.performOnMainThread([read, icon] { read(icon); }, false);
         });
 }
 

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "model/SWElement.h"
+#include "platform/MainThreadGuard.h"
 
 namespace lumbrix
 {
@@ -61,7 +62,7 @@ private:
     const std::vector<ScreenyViewPtr>& m_previews;
     std::shared_ptr<Queue> m_queue;
     std::map<QString, std::vector<std::weak_ptr<ScreenyView>>> m_iconWanted; ///< by bundle
-    const std::shared_ptr<bool> m_alive = std::make_shared<bool>(true);      ///< as long as this
+    const platform::MainThreadGuard m_guard;
     int m_waiting = 0; ///< pictures that this round still has to bring
     int m_round = 0;   ///< which of the waits this is; what an earlier one brings late ends none
 };

@@ -184,13 +184,7 @@ void PlaceRequests::pointerMoved(QPoint point, xcb_window_t)
         }
     }
     if (left != 0) {
-        m.runLoop.performOnMainThread(
-            [this, left, alive = m_alive] {
-                if (*alive) {
-                    pointerLeft(left);
-                }
-            },
-            false);
+        m.runLoop.performOnMainThread(m_guard.ifAlive([this, left] { pointerLeft(left); }), false);
     }
 }
 

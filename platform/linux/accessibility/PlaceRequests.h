@@ -13,6 +13,7 @@
 #include <optional>
 #include <vector>
 
+#include "platform/MainThreadGuard.h"
 #include "platform/PreviewRequests.h"
 #include "platform/RunLoop.h"
 #include "platform/linux/applications/ApplicationRegistry.h"
@@ -55,7 +56,6 @@ public:
     static constexpr std::size_t maxWindows = 15; ///< as many as a row has
 
     explicit PlaceRequests(Parts parts) : m(std::move(parts)) {}
-    ~PlaceRequests() override { *m_alive = false; }
 
     /// A row that was asked for has ended. When another one takes its place, before that is told.
     void setEnded(std::function<void()> ended) { m_ended = std::move(ended); }
@@ -80,7 +80,7 @@ private:
     void pointerLeft(DockItemId id);
 
     const Parts m;
-    const std::shared_ptr<bool> m_alive = std::make_shared<bool>(true);
+    const MainThreadGuard m_guard;
     Host* m_host = nullptr;
     DockItemId m_current = 0; ///< 0 = there is no row
     std::function<void()> m_ended;

@@ -70,9 +70,9 @@ void LinuxCalendarStore::start()
 void LinuxCalendarStore::read(const EvolutionAnswer& evolution)
 {
     const Request& first = m_requests.front();
-    m_runLoop.detachThread("calendar", [&runLoop = m_runLoop, this, alive = std::weak_ptr(m_alive),
-                                        folder = m_folder, evolution, start = first.start,
-                                        end = first.end](const Thread& self) {
+    const auto finish = m_guard.ifAlive([this](const Known& known) { this->finish(known); });
+    m_runLoop.detachThread("calendar", [&runLoop = m_runLoop, finish, folder = m_folder, evolution,
+                                        start = first.start, end = first.end](const Thread& self) {
         const Seconds deadline = runLoop.now() + readTimeout;
         Known known = readAll(*folder, evolution,
                               {{start.toMSecsSinceEpoch(), end.toMSecsSinceEpoch()},
@@ -81,12 +81,7 @@ void LinuxCalendarStore::read(const EvolutionAnswer& evolution)
                                [&] { return self.isCancelled() || runLoop.now() > deadline; }});
         known.start = start;
         known.end = end;
-        runLoop.performOnMainThread(
-            [this, alive, known = std::move(known)] {
-                if (!alive.expired())
-                    finish(known);
-            },
-            false);
+        runLoop.performOnMainThread([finish, known = std::move(known)] { finish(known); }, false);
     });
 }
 

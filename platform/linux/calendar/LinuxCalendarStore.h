@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "platform/CalendarStore.h"
+#include "platform/MainThreadGuard.h"
 #include "platform/RunLoop.h"
 #include "platform/linux/calendar/EvolutionStore.h"
 #include "platform/linux/calendar/IcalFolder.h"
@@ -52,7 +53,7 @@ private:
     std::vector<Request> m_requests;            ///< in their order; the first ones are served now
     std::size_t m_served = 0;                   ///< how many of them; 0 = nothing is read
     Known m_known;
-    const std::shared_ptr<bool> m_alive = std::make_shared<bool>(true); ///< as long as this
+    const MainThreadGuard m_guard;
 };
 
 } // namespace lumbrix::platform

@@ -32,7 +32,7 @@ DockModel::DockModel(RunLoop& runLoop, x11::WindowTracker& tracker, ApplicationR
     }
 }
 
-DockModel::~DockModel() { *m_alive = false; }
+DockModel::~DockModel() = default;
 
 void DockModel::start()
 {
@@ -43,13 +43,12 @@ void DockModel::start()
 
 void DockModel::callOnMainThread(std::function<void()> DockModel::*call)
 {
-    m_runLoop.performOnMainThread(
-        [this, call, alive = m_alive] {
-            if (*alive && this->*call) {
-                (this->*call)();
-            }
-        },
-        false);
+    const auto callIfSet = m_guard.ifAlive([this, call] {
+        if (this->*call) {
+            (this->*call)();
+        }
+    });
+    m_runLoop.performOnMainThread(callIfSet, false);
 }
 
 void DockModel::collect()

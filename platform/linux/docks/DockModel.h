@@ -12,6 +12,7 @@
 #include <optional>
 #include <vector>
 
+#include "platform/MainThreadGuard.h"
 #include "platform/RunLoop.h"
 #include "platform/linux/applications/ApplicationRegistry.h"
 #include "platform/linux/applications/DesktopEntries.h"
@@ -120,8 +121,8 @@ private:
     std::function<void()> m_changed;
     std::function<void()> m_itemsChanged;
     Prefetch m_prefetch;
-    const std::shared_ptr<bool> m_alive = std::make_shared<bool>(true); ///< main thread
-    double m_synchronizedAt = -1e9;                                     ///< main thread
+    const MainThreadGuard m_guard;
+    double m_synchronizedAt = -1e9; ///< main thread
 
     std::mutex m_collectMutex; ///< keeps states from overtaking one another; before m_mutex
     mutable std::mutex m_mutex;

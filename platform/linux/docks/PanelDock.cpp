@@ -44,11 +44,7 @@ PanelDock::PanelDock(RunLoop& runLoop, x11::WindowTracker& tracker, const x11::P
     }
 }
 
-PanelDock::~PanelDock()
-{
-    *m_alive = false;
-    m_runLoop.cancelPreviousPerformRequests(this);
-}
+PanelDock::~PanelDock() { m_runLoop.cancelPreviousPerformRequests(this); }
 
 void PanelDock::start()
 {
@@ -181,16 +177,13 @@ void PanelDock::scheduleDerivation()
     if (m_isScheduled.exchange(true)) {
         return;
     }
-    m_runLoop.performOnMainThread(
-        [this, alive = m_alive] {
-            if (*alive) {
-                m_runLoop.performAfterDelay(this, SettleTime, [this] {
-                    m_isScheduled = false;
-                    derive();
-                });
-            }
-        },
-        false);
+    const auto schedule = m_guard.ifAlive([this] {
+        m_runLoop.performAfterDelay(this, SettleTime, [this] {
+            m_isScheduled = false;
+            derive();
+        });
+    });
+    m_runLoop.performOnMainThread(schedule, false);
 }
 
 bool PanelDock::settle(double now)

@@ -11,6 +11,7 @@
 #include <mutex>
 #include <set>
 
+#include "platform/MainThreadGuard.h"
 #include "platform/RunLoop.h"
 #include "platform/linux/docks/AccessibleButtons.h"
 #include "platform/linux/docks/DockProvider.h"
@@ -75,7 +76,7 @@ private:
     x11::WindowTracker& m_tracker;
     const x11::PointSpace& m_space;
     const StrutReader m_strutReader;
-    const std::shared_ptr<bool> m_alive = std::make_shared<bool>(true); ///< main thread
+    const MainThreadGuard m_guard;
     const std::unique_ptr<AccessibleButtons> m_buttons; ///< may be null; main thread
     PlaceWriters m_writers;
     std::atomic<bool> m_isScheduled{false};

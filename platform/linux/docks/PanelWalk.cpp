@@ -79,7 +79,7 @@ PanelWalk::PanelWalk(AccessibleBus& bus, const QString& application, std::vector
 {
 }
 
-PanelWalk::~PanelWalk() { *m_alive = false; }
+PanelWalk::~PanelWalk() = default;
 
 void PanelWalk::start()
 {
@@ -105,10 +105,7 @@ void PanelWalk::pump()
         m_questions.pop_front();
         ++m_underWay;
         m_bus.call(next.message,
-                   [this, alive = m_alive, answer = next.answer](const QDBusMessage& reply) {
-                       if (!*alive) {
-                           return;
-                       }
+                   m_guard.ifAlive([this, answer = next.answer](const QDBusMessage& reply) {
                        answer(reply);
                        --m_underWay;
                        pump();
@@ -116,7 +113,7 @@ void PanelWalk::pump()
                            const Done done = std::move(m_done);
                            done(std::move(m_result));
                        }
-                   });
+                   }));
     }
 }
 

@@ -7,11 +7,11 @@
 #include <deque>
 #include <functional>
 #include <map>
-#include <memory>
 #include <optional>
 #include <set>
 #include <vector>
 
+#include "platform/MainThreadGuard.h"
 #include "platform/linux/docks/AccessibleBus.h"
 #include "platform/linux/docks/DockItem.h"
 
@@ -79,7 +79,7 @@ private:
     std::deque<Question> m_questions;
     int m_underWay = 0;
     std::set<AccessibleRef> m_seen;
-    const std::shared_ptr<bool> m_alive = std::make_shared<bool>(true);
+    const MainThreadGuard m_guard;
 };
 
 } // namespace lumbrix::platform

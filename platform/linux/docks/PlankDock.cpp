@@ -30,7 +30,7 @@ PlankDock::PlankDock(RunLoop& runLoop, x11::WindowTracker& tracker, ApplicationR
     m_bus->setChanged([this] { rebuild(); });
 }
 
-PlankDock::~PlankDock() { *m_alive = false; }
+PlankDock::~PlankDock() = default;
 
 // A dock is known by its window, at once; its items follow when it has answered.
 void PlankDock::start()
@@ -48,13 +48,7 @@ std::vector<DockStatePtr> PlankDock::states() const
 // Everything is put together on the main thread, where D-Bus and the preferences answer.
 void PlankDock::onMainThread(void (PlankDock::*step)())
 {
-    m_runLoop.performOnMainThread(
-        [this, step, alive = m_alive] {
-            if (*alive) {
-                (this->*step)();
-            }
-        },
-        false);
+    m_runLoop.performOnMainThread(m_guard.ifAlive([this, step] { (this->*step)(); }), false);
 }
 
 void PlankDock::refresh() { m_bus->refresh(); }

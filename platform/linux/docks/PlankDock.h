@@ -13,6 +13,7 @@
 #include <mutex>
 #include <utility>
 
+#include "platform/MainThreadGuard.h"
 #include "platform/RunLoop.h"
 #include "platform/linux/applications/ApplicationRegistry.h"
 #include "platform/linux/docks/DockProvider.h"
@@ -91,7 +92,7 @@ private:
     x11::WindowTracker& m_tracker;
     ApplicationRegistry& m_registry;
     const PlankWindowReader m_reader;
-    const std::shared_ptr<bool> m_alive = std::make_shared<bool>(true); ///< main thread
+    const MainThreadGuard m_guard;
     std::unique_ptr<PlankBus> m_bus;
     std::map<std::pair<QString, QString>, Kept> m_kept; ///< by Plank and dock
     PlankSlides m_slides;

@@ -246,17 +246,13 @@ void MprisPlayers::propertiesChanged(const QDBusMessage& message)
 
 void MprisPlayers::look(const QString& owner)
 {
-    m_runLoop.performOnMainThread(
-        [this, owner, alive = std::weak_ptr(m_alive)] {
-            if (alive.expired()) {
-                return;
-            }
-            const PlayerPtr player = playerOf(owner);
-            if (player && m_runLoop.now() - player->askedAt >= ShortestInterval) {
-                ask(player);
-            }
-        },
-        false);
+    const auto askSoon = m_guard.ifAlive([this, owner] {
+        const PlayerPtr player = playerOf(owner);
+        if (player && m_runLoop.now() - player->askedAt >= ShortestInterval) {
+            ask(player);
+        }
+    });
+    m_runLoop.performOnMainThread(askSoon, false);
 }
 
 void MprisPlayers::ask(const PlayerPtr& player)
@@ -315,18 +311,15 @@ void MprisPlayers::loadArtworkOf(Player& player)
     }
     player.artworkKey = key;
     player.isLoading = true;
-    RunLoop& runLoop = m_runLoop;
-    m_runLoop.detachThread("artwork",
-                           [this, &runLoop, key, uri = track.artUrl, owner = player.known.owner,
-                            alive = std::weak_ptr(m_alive)](const Thread&) {
-                               runLoop.performOnMainThread(
-                                   [this, key, owner, alive, picture = loadArtwork(uri)] {
-                                       if (!alive.expired()) {
-                                           setArtwork(owner, key, picture);
-                                       }
-                                   },
-                                   false);
-                           });
+    const auto loaded =
+        m_guard.ifAlive([this, key, owner = player.known.owner](const QImage& picture) {
+            setArtwork(owner, key, picture);
+        });
+    m_runLoop.detachThread(
+        "artwork", [&runLoop = m_runLoop, uri = track.artUrl, loaded](const Thread&) {
+            runLoop.performOnMainThread([loaded, picture = loadArtwork(uri)] { loaded(picture); },
+                                        false);
+        });
 }
 
 void MprisPlayers::setArtwork(const QString& owner, const QByteArray& key, const QImage& picture)

@@ -14,6 +14,7 @@
 #include <mutex>
 #include <vector>
 
+#include "platform/MainThreadGuard.h"
 #include "platform/RunLoop.h"
 #include "platform/linux/media/MediaPlayer.h"
 
@@ -72,7 +73,7 @@ private:
     RunLoop& m_runLoop;
     QDBusConnection m_bus;
     std::map<QString, PlayerPtr> m_players; ///< by bus name
-    const std::shared_ptr<int> m_alive = std::make_shared<int>();
+    const MainThreadGuard m_guard;
 
     mutable std::mutex m_mutex;
     std::vector<MediaPlayer> m_published; // guarded by m_mutex

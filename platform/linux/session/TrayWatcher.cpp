@@ -3,7 +3,6 @@
 
 #include "platform/linux/session/TrayWatcher.h"
 
-#include <QtCore/QPointer>
 #include <QtDBus/QDBusMessage>
 #include <QtDBus/QDBusPendingCallWatcher>
 #include <QtDBus/QDBusPendingReply>
@@ -28,13 +27,8 @@ const QString& service()
 TrayWatcher::TrayWatcher(RunLoop& runLoop, x11::TrayWatch& screen, const QDBusConnection& bus)
     : m_screen(screen), m_bus(bus)
 {
-    m_screen.setChanged([this, &runLoop, alive = QPointer(this)] {
-        runLoop.performOnMainThread(
-            [this, alive] {
-                if (alive)
-                    update();
-            },
-            false);
+    m_screen.setChanged([&runLoop, changed = m_guard.ifAlive([this] { update(); })] {
+        runLoop.performOnMainThread(changed, false);
     });
     m_isAvailable = m_screen.isTrayRunning();
     if (!m_bus.isConnected())

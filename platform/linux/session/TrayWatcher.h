@@ -8,6 +8,7 @@
 #include <QtCore/QObject>
 #include <QtDBus/QDBusConnection>
 
+#include "platform/MainThreadGuard.h"
 #include "platform/RunLoop.h"
 #include "platform/StatusBar.h"
 #include "platform/linux/x11/TrayWatch.h"
@@ -39,6 +40,7 @@ private:
     bool m_hasHost = false;
     bool m_isAvailable = false;
     std::function<void()> m_changed;
+    const MainThreadGuard m_guard;
 };
 
 } // namespace lumbrix::platform
