@@ -41,11 +41,13 @@ bool LumbrixController::awakeFromNib()
 {
     if (!checkAXAPI())
         return false;
+    const platform::Desktop& desktop = platform::desktop();
     Companions companions;
     companions.hotKeyCenter = m_hotKeyCenter;
     companions.calendarPreview = CalPreview::sharedPreview();
     companions.helpBubble = std::make_shared<BubbleWrapper>();
-    companions.windowCountBadger = std::make_shared<WinNumberBadger>();
+    companions.windowCountBadger =
+        std::make_shared<WinNumberBadger>(desktop.runLoop, desktop.workspace, desktop.userDefaults);
     companions.playerControls = std::make_shared<MediaControls>();
     LXHandler::installCompanions(companions);
     LXHandler::sharedHandler().setApplicationDelegate(this);

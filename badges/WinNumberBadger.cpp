@@ -7,7 +7,6 @@
 #include <utility>
 
 #include "badges/BadgeLook.h"
-#include "platform/Desktop.h"
 #include "platform/UserDefaults.h"
 #include "preview/MAWindow.h"
 
@@ -24,7 +23,8 @@ constexpr platform::Seconds settleInterval = 0.02f;
 QString colorKey() { return QStringLiteral("winBadgeColor"); }
 
 /// Returns once an icon that moves has come to rest, or after half a second.
-void waitUntilSettled(const SWElement& item, const platform::Thread& self)
+void waitUntilSettled(const SWElement& item, platform::RunLoop& runLoop,
+                      const platform::Thread& self)
 {
     QRectF previous;
     for (int reading = 0; reading < settleReadings && !self.isCancelled(); ++reading) {
@@ -32,24 +32,29 @@ void waitUntilSettled(const SWElement& item, const platform::Thread& self)
         if (current == previous)
             return;
         previous = current;
-        platform::desktop().runLoop.sleep(settleInterval);
+        runLoop.sleep(settleInterval);
     }
 }
 
 } // namespace
+
+WinNumberBadger::WinNumberBadger(platform::RunLoop& runLoop, platform::Workspace& workspace,
+                                 platform::UserDefaults& userDefaults)
+    : m_runLoop(runLoop), m_workspace(workspace), m_userDefaults(userDefaults)
+{
+}
 
 WinNumberBadger::~WinNumberBadger() = default;
 
 void WinNumberBadger::setUp(WindowCounts& counts)
 {
     m_counts = &counts;
-    platform::Workspace& workspace = platform::desktop().workspace;
     using platform::WorkspaceNotification;
-    m_subscriptions.push_back(workspace.observe(WorkspaceNotification::SystemUIModeDidChange,
-                                                [this](std::int32_t) { systemUIModeChanged(); }));
-    m_subscriptions.push_back(workspace.observe(WorkspaceNotification::DockItemsDidChange,
-                                                [this](std::int32_t) { badgeDockItems(); }));
-    m_isInFullscreen = workspace.systemUIMode() != 0;
+    m_subscriptions.push_back(m_workspace.observe(WorkspaceNotification::SystemUIModeDidChange,
+                                                  [this](std::int32_t) { systemUIModeChanged(); }));
+    m_subscriptions.push_back(m_workspace.observe(WorkspaceNotification::DockItemsDidChange,
+                                                  [this](std::int32_t) { badgeDockItems(); }));
+    m_isInFullscreen = m_workspace.systemUIMode() != 0;
     badgeDockItems();
 }
 
@@ -62,7 +67,7 @@ void WinNumberBadger::tearDown()
 
 void WinNumberBadger::systemUIModeChanged()
 {
-    m_isInFullscreen = platform::desktop().workspace.systemUIMode() != 0;
+    m_isInFullscreen = m_workspace.systemUIMode() != 0;
     if (m_isInFullscreen)
         m_counts->removeAllScreenViews(); // the badges go with the watcher's next look
     else
@@ -155,7 +160,7 @@ void WinNumberBadger::updateBadgeColors()
 QColor WinNumberBadger::getCurrentColor()
 {
     if (!m_color) {
-        const auto data = platform::desktop().userDefaults.dataForKey(colorKey());
+        const auto data = m_userDefaults.dataForKey(colorKey());
         m_color = data ? unarchivedColor(*data) : std::nullopt;
     }
     return m_color.value_or(defaultBadgeColor);
@@ -166,9 +171,8 @@ void WinNumberBadger::setCurrentColor(const QColor& color)
     if (!color.isValid())
         return;
     m_color = color;
-    platform::UserDefaults& defaults = platform::desktop().userDefaults;
-    defaults.setData(archivedColor(color), colorKey());
-    defaults.synchronize();
+    m_userDefaults.setData(archivedColor(color), colorKey());
+    m_userDefaults.synchronize();
     updateBadgeColors();
 }
 
@@ -183,13 +187,12 @@ void WinNumberBadger::watch()
         isNeeded = !m_watched.empty() && !std::exchange(m_isWatching, !m_watched.empty());
     }
     if (isNeeded)
-        platform::desktop().runLoop.detachThread(
-            "badge-watcher", [this](const platform::Thread& self) { scanForChanges(self); });
+        m_runLoop.detachThread("badge-watcher",
+                               [this](const platform::Thread& self) { scanForChanges(self); });
 }
 
 void WinNumberBadger::scanForChanges(const platform::Thread& self)
 {
-    platform::RunLoop& runLoop = platform::desktop().runLoop;
     while (!self.isCancelled()) {
         std::vector<Watched> watched;
         {
@@ -203,12 +206,12 @@ void WinNumberBadger::scanForChanges(const platform::Thread& self)
             return WinNumberBadge::iconRect(*each.dockItem) != each.prevRect;
         });
         if (!mayBadge()) {
-            runLoop.performOnMainThread([this] { dismissBadges(); }, true);
+            m_runLoop.performOnMainThread([this] { dismissBadges(); }, true);
         } else if (moved != watched.end()) {
-            waitUntilSettled(*moved->dockItem, self);
-            runLoop.performOnMainThread([this] { updateBadgeSizes(); }, true);
+            waitUntilSettled(*moved->dockItem, m_runLoop, self);
+            m_runLoop.performOnMainThread([this] { updateBadgeSizes(); }, true);
         }
-        runLoop.sleep(watchInterval);
+        m_runLoop.sleep(watchInterval);
     }
 }
 

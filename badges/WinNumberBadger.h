@@ -17,6 +17,11 @@
 namespace lumbrix
 {
 
+namespace platform
+{
+class UserDefaults;
+}
+
 /// Main thread, but for the watcher, its thread. That one runs while there are badges: the Dock
 /// need not tell that its icons moved.
 class WinNumberBadger final : public WindowCountBadger
@@ -24,6 +29,9 @@ class WinNumberBadger final : public WindowCountBadger
 public:
     using Badges = std::vector<std::unique_ptr<WinNumberBadge>>;
 
+    /// The ports outlive it.
+    WinNumberBadger(platform::RunLoop& runLoop, platform::Workspace& workspace,
+                    platform::UserDefaults& userDefaults);
     ~WinNumberBadger() override;
 
     void setUp(WindowCounts& counts) override;
@@ -64,6 +72,9 @@ private:
     void watch();
     void scanForChanges(const platform::Thread& self);
 
+    platform::RunLoop& m_runLoop;
+    platform::Workspace& m_workspace;
+    platform::UserDefaults& m_userDefaults;
     WindowCounts* m_counts = nullptr; ///< null unless set up
     Badges m_badgesArray;
     std::int32_t m_dockPid = 0; ///< of the Dock that the badges were laid over

@@ -165,7 +165,7 @@ TEST_F(Badger, fullScreenAtTheStart_badgesComeWhenItEnds)
 {
     add(u"Editor"_s, 1);
     desk.setSystemUIMode(3);
-    WinNumberBadger late;
+    WinNumberBadger late(loop, desk.workspace(), desk.userDefaults());
     late.setShouldBadgeDock(true);
     late.setUp(engine());
     EXPECT_TRUE(late.isInFullscreen());

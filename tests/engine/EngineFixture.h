@@ -131,7 +131,8 @@ protected:
     }
     const QStringList& calendarItems() const { return m_calendar->items; }
 
-    const std::shared_ptr<WinNumberBadger> badges = std::make_shared<WinNumberBadger>();
+    const std::shared_ptr<WinNumberBadger> badges =
+        std::make_shared<WinNumberBadger>(loop, desk.workspace(), desk.userDefaults());
 
     struct Delays final : HoverDelays {
         float displayDelay() const override { return delay; }
