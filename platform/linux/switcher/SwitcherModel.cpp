@@ -36,11 +36,7 @@ SwitcherModel::SwitcherModel(RunLoop& runLoop, x11::WindowTracker& tracker,
 {
 }
 
-SwitcherModel::~SwitcherModel()
-{
-    *m_alive = false;
-    m_runLoop.cancelPreviousPerformRequests(&m_settling);
-}
+SwitcherModel::~SwitcherModel() { m_runLoop.cancelPreviousPerformRequests(&m_settling); }
 
 std::optional<SwitcherModel::Selection> SwitcherModel::selection() const
 {
@@ -64,13 +60,7 @@ void SwitcherModel::picked(xcb_window_t window)
 
 void SwitcherModel::post(std::function<void()> action)
 {
-    m_runLoop.performOnMainThread(
-        [alive = m_alive, action = std::move(action)] {
-            if (*alive) {
-                action();
-            }
-        },
-        false);
+    m_runLoop.performOnMainThread(m_guard.ifAlive(std::move(action)), false);
 }
 
 void SwitcherModel::managerChanged(const x11::Manager& manager)

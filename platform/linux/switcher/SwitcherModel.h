@@ -12,6 +12,7 @@
 #include <optional>
 #include <vector>
 
+#include "platform/MainThreadGuard.h"
 #include "platform/RunLoop.h"
 #include "platform/linux/applications/ApplicationRegistry.h"
 #include "platform/linux/switcher/RecentWindows.h"
@@ -89,7 +90,6 @@ private:
     const HearKeys m_hearKeys;
     const std::function<bool()> m_canCount;
     std::function<void()> m_selectionChanged;
-    const std::shared_ptr<bool> m_alive = std::make_shared<bool>(true);
     const char m_settling = 0; ///< for the run loop
 
     xcb_window_t m_underPointer = XCB_NONE; ///< event thread
@@ -112,6 +112,7 @@ private:
     const SwitcherReader* m_reader = nullptr; // this and what follows guarded by m_mutex
     std::optional<Selection> m_selection;
     xcb_window_t m_picked = XCB_NONE;
+    const MainThreadGuard m_guard;
 };
 
 } // namespace lumbrix::platform
