@@ -373,5 +373,15 @@ TEST_F(HoverDispatchTest, minimisedIcon_showsItsOneWindow)
     EXPECT_EQ(shown(), u"(Notes 2)"_s); // made, but not shown
 }
 
+TEST_F(HoverDispatchTest, minimisedIcon_afterItsApplications_hasAPreviewOfItsOwn)
+{
+    add(u"Notes"_s, 1);
+    desk.minimizeWindow(desk.stacking().front());
+    hover(u"Notes"_s);
+    preview(0).setTitleString(u"the application's"_s);
+    hover(u"Notes 1"_s);
+    EXPECT_EQ(shown(), u"Notes 1"_s);
+}
+
 } // namespace
 } // namespace lumbrix::test
