@@ -90,6 +90,16 @@ protected:
     {
         return waitUntil([&] { return call().isEmpty(); });
     }
+    /// The same for each of these alone: of several, those that are not known yet come later, and
+    /// behind the others.
+    void waitUntilKnown(const std::vector<AppWindow>& windows)
+    {
+        Caller caller(desk().session(), u"early"_qs);
+        for (const AppWindow& window : windows)
+            ASSERT_TRUE(succeeds([&] { return caller.show({window}, place); }));
+        EXPECT_EQ(caller.call(u"Hide"_qs), u""_qs);
+        ASSERT_TRUE(showsNothing());
+    }
     QRect row()
     {
         QRect all;
@@ -154,7 +164,8 @@ TEST_P(RequestsTest, chosenWindows_areShownInTheirOrder_andComeForwardOnAClick)
     Caller caller(desk().session(), u"caller"_qs);
     const AppWindow first = beta.windows().front();
     const AppWindow last = alpha.windows().front();
-    ASSERT_TRUE(succeeds([&] { return caller.show({first, last, first}, place); }));
+    waitUntilKnown({first, last});
+    ASSERT_EQ(caller.show({first, last, first}, place), u""_qs);
     const std::vector<QByteArray> expected{first.title, last.title};
     ASSERT_TRUE(waitUntil([&] { return titlesShown() == expected; }));
     savePicture("chosen");
