@@ -79,8 +79,6 @@ PanelWalk::PanelWalk(AccessibleBus& bus, const QString& application, std::vector
 {
 }
 
-PanelWalk::~PanelWalk() = default;
-
 void PanelWalk::start()
 {
     ask(childrenQuestion(m_root), [this](const QDBusMessage& reply) {

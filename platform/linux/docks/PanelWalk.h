@@ -37,7 +37,6 @@ public:
     /// outlives it.
     PanelWalk(AccessibleBus& bus, const QString& application, std::vector<DockWindow> panels,
               AccessibleRoles roles, Done done);
-    ~PanelWalk();
     PanelWalk(const PanelWalk&) = delete;
     PanelWalk& operator=(const PanelWalk&) = delete;
 

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "platform/linux/switcher/SwitcherChoice.h"
+#include "platform/linux/x11/KeySymbols.h"
 
 namespace lumbrix::platform
 {
@@ -18,11 +19,6 @@ namespace
 constexpr Seconds SettleTime = 0.02;
 /// A key that moves nothing that can be seen may have moved the selection all the same.
 constexpr Seconds KeyTime = 0.06;
-
-constexpr xcb_keysym_t EscapeKey = 0xff1b;
-
-// Meta, Alt, Super and Hyper: one of them holds a switcher open.
-bool isHolder(xcb_keysym_t key) { return key >= 0xffe7 && key <= 0xffee; }
 
 } // namespace
 
@@ -93,7 +89,7 @@ void SwitcherModel::keyPressed(xcb_keysym_t key, bool withShift)
 void SwitcherModel::keyRepeated(xcb_keysym_t key)
 {
     post([this, key] {
-        if (!isModifierKey(key)) {
+        if (!x11::keysym::isModifier(key)) {
             moveUnseen();
         }
     });
@@ -146,14 +142,14 @@ void SwitcherModel::hearKeys()
 
 void SwitcherModel::takeKey(xcb_keysym_t key, bool withShift)
 {
-    if (!m_isUp && isHolder(key)) {
+    if (!m_isUp && x11::keysym::isAltOrSuper(key)) {
         m_counted.restart();
     }
     m_counted.pressed(key, withShift);
-    if (!m_isUp || isModifierKey(key)) {
+    if (!m_isUp || x11::keysym::isModifier(key)) {
         return;
     }
-    m_isCancelled = key == EscapeKey;
+    m_isCancelled = key == x11::keysym::escape;
     m_steps += withShift ? -1 : 1;
     lookAfter(KeyTime);
 }

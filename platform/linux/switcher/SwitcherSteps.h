@@ -11,9 +11,6 @@
 namespace lumbrix::platform
 {
 
-/// Shift, Control, locks, Alt, Super and the like; those of further levels.
-bool isModifierKey(xcb_keysym_t key);
-
 /// Tab moves it on, and with Shift back. Anything else may move it nobody knows where, and from
 /// then on it tells nothing rather than something wrong.
 class SwitcherSteps

@@ -4,35 +4,28 @@
 #include "platform/linux/x11/ModifierMasks.h"
 
 #include "platform/linux/x11/Connection.h"
+#include "platform/linux/x11/KeySymbols.h"
 
 namespace lumbrix::platform::x11
 {
 namespace
 {
 
-// Key symbols.
-constexpr xcb_keysym_t kNumLock = 0xff7f;
-constexpr xcb_keysym_t kScrollLock = 0xff14;
-constexpr xcb_keysym_t kAltLeft = 0xffe9;
-constexpr xcb_keysym_t kAltRight = 0xffea;
-constexpr xcb_keysym_t kSuperLeft = 0xffeb;
-constexpr xcb_keysym_t kSuperRight = 0xffec;
-
 void addSymbol(ModifierMasks& masks, xcb_keysym_t symbol, std::uint32_t bit)
 {
     switch (symbol) {
-    case kAltLeft:
-    case kAltRight:
+    case keysym::altLeft:
+    case keysym::altRight:
         masks.option |= bit;
         break;
-    case kSuperLeft:
-    case kSuperRight:
+    case keysym::superLeft:
+    case keysym::superRight:
         masks.command |= bit;
         break;
-    case kNumLock:
+    case keysym::numLock:
         masks.numLock |= bit;
         break;
-    case kScrollLock:
+    case keysym::scrollLock:
         masks.scrollLock |= bit;
         break;
     default:

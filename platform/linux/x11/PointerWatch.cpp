@@ -4,6 +4,7 @@
 #include "platform/linux/x11/PointerWatch.h"
 
 #include "platform/linux/x11/Connection.h"
+#include "platform/linux/x11/KeySymbols.h"
 
 #include <xcb/xinput.h>
 
@@ -23,13 +24,8 @@ void selectXInput(xcb_connection_t* c, xcb_window_t window, std::uint32_t events
     xcb_input_xi_select_events(c, window, 1, &request.head);
 }
 
-constexpr xcb_keysym_t leftShiftKey = 0xffe1;
-constexpr xcb_keysym_t rightShiftKey = 0xffe2;
 /// Milliseconds; keys are set to repeat after a longer time, and no raw event tells of it.
 constexpr xcb_timestamp_t repeatTime = 250;
-
-// Meta, Alt, Super and Hyper: their keys are neighbours.
-bool isAltOrSuper(xcb_keysym_t key) { return key >= 0xffe7 && key <= 0xffee; }
 
 bool isWheel(std::uint32_t button) { return button >= 4 && button <= 7; }
 
@@ -85,11 +81,11 @@ void PointerWatch::tellKeys()
     }
 }
 
-void PointerWatch::tellKey(xcb_keysym_t keysym, const Key& key)
+void PointerWatch::tellKey(xcb_keysym_t symbol, const Key& key)
 {
-    if (keysym == leftShiftKey || keysym == rightShiftKey)
+    if (symbol == keysym::shiftLeft || symbol == keysym::shiftRight)
         m_isShiftDown = key.isDown;
-    if (isAltOrSuper(keysym))
+    if (keysym::isAltOrSuper(symbol))
         m_isModifierDown = key.isDown;
     const bool hasRepeated =
         !key.isDown && key.code == m_lastPressed.code && key.time - m_lastPressed.time > repeatTime;
@@ -100,9 +96,9 @@ void PointerWatch::tellKey(xcb_keysym_t keysym, const Key& key)
     if (key.isDown) {
         m_lastPressed = key;
         m_listeners.notify(
-            [&](WindowListener& listener) { listener.keyPressed(keysym, m_isShiftDown); });
+            [&](WindowListener& listener) { listener.keyPressed(symbol, m_isShiftDown); });
     } else if (hasRepeated) {
-        m_listeners.notify([&](WindowListener& listener) { listener.keyRepeated(keysym); });
+        m_listeners.notify([&](WindowListener& listener) { listener.keyRepeated(symbol); });
     }
 }
 

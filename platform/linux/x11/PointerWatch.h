@@ -45,7 +45,7 @@ private:
     void selectRaw(bool withKeys) const;
     void fetchKeyboard();
     void tellKeys();
-    void tellKey(xcb_keysym_t keysym, const Key& key);
+    void tellKey(xcb_keysym_t symbol, const Key& key);
     void followDock(xcb_window_t window);
 
     const Connection& m_connection;
