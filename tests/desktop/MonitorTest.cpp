@@ -94,6 +94,7 @@ TEST_P(MonitorTest, windowOnTheOtherMonitor_hoveredAndClicked_isShownAndRaisedTh
     open(alpha, "near", Qt::blue, second);
     Application& beta = launch(u"beta"_qs);
     beta.open("above it", Qt::green, {{500, 400}, area(first).center() - QPoint(250, 200)});
+    ASSERT_TRUE(desk().iconOf(beta)) << "which pushes the other one aside when it comes";
     hover(alpha);
     ASSERT_TRUE(shows(alpha));
     moveToPreview(far.title);
