@@ -46,10 +46,12 @@ struct X11Core::Parts {
         pointer = std::make_unique<PointerWatch>(*events, tracker, listeners);
         listeners.add(&pictures); // first, so that a picture is there when others hear of a window
         listeners.add(pointer.get());
+        // The pointer's watch, which hears keys, before the manager's: what comes of a key is told
+        // after it, though both came at once.
         thread = std::make_unique<EventThread>(
             runLoop, *events, wake,
-            std::vector<EventHandler*>{&commands, &screens, &pictures, &tracker, &popups, &manager,
-                                       pointer.get(), &input, &keys, &layout, &trays},
+            std::vector<EventHandler*>{&commands, &screens, &pictures, &tracker, &popups,
+                                       pointer.get(), &manager, &input, &keys, &layout, &trays},
             std::move(onConnectionLost));
     }
 

@@ -128,6 +128,24 @@ TEST(Keys, heardWithAltOrSuperAlone_sayWhichWasHeldDown)
     const std::vector expected{altKey, altKey, tabKey, tabKey, -tabKey, altKey};
     EXPECT_TRUE(desk.waitFor([&] { return lastKeys(expected.size()) == expected; }))
         << testing::PrintToString(desk.recorder().keys());
+
+    // A key and what comes of it are read at once by whom the key before has kept busy.
+    const std::size_t before = desk.recorder().keys().size();
+    {
+        const auto busy = desk.recorder().keepBusy();
+        press(alt);
+        display.activeWindow(); // it is out
+        press(alt);
+        xcb_change_property(display.connection(), XCB_PROP_MODE_APPEND, display.root(),
+                            display.atom("_NET_SUPPORTING_WM_CHECK"), XCB_ATOM_WINDOW, 32, 0,
+                            nullptr);
+        display.activeWindow();
+    }
+    ASSERT_TRUE(desk.waitFor([&] {
+        return desk.recorder().keys().size() == before + 2 &&
+               desk.recorder().keysBeforeManager > before;
+    }));
+    EXPECT_EQ(desk.recorder().keysBeforeManager, before + 2);
 }
 
 TEST(Screens, mainScreen_isTheOneWithTheDock)

@@ -61,6 +61,8 @@ void Recorder::keyRepeated(xcb_keysym_t key)
     m_keys.push_back(-std::int64_t{key});
 }
 
+void Recorder::managerChanged(const Manager&) { keysBeforeManager = keys().size(); }
+
 std::vector<std::int64_t> Recorder::keys() const
 {
     const std::lock_guard lock(m_mutex);

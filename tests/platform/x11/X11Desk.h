@@ -45,6 +45,7 @@ public:
     void buttonPressed(int button, QPoint position) override;
     void keyPressed(xcb_keysym_t key, bool withShift) override;
     void keyRepeated(xcb_keysym_t key) override;
+    void managerChanged(const Manager&) override;
     void screensChanged() override { ++screenChanges; }
 
     std::atomic<int> added = 0, changed = 0, removed = 0, moved = 0, screenChanges = 0;
@@ -54,6 +55,10 @@ public:
     std::vector<int> buttons() const;
     /// Pressed ones, and negated those that were held down.
     std::vector<std::int64_t> keys() const;
+    /// How many of those came before the window manager changed last.
+    std::atomic<std::size_t> keysBeforeManager = 0;
+    /// The next key is told only when the lock is let go.
+    std::unique_lock<std::mutex> keepBusy() { return std::unique_lock(m_mutex); }
 
 private:
     mutable std::mutex m_mutex;
