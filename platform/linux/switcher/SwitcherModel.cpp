@@ -73,7 +73,13 @@ void SwitcherModel::windowAdded(const x11::TrackedWindowPtr& window)
 
 void SwitcherModel::activeWindowChanged(xcb_window_t window)
 {
-    post([this, window] { m_recent.activated(window); });
+    post([this, window] {
+        m_recent.activated(window);
+        // Without a list to choose from, the step has been taken, and the next one goes from there.
+        if (!m_isUp) {
+            m_counted.restart();
+        }
+    });
 }
 
 void SwitcherModel::compositorChanged(bool /*isRunning*/)

@@ -77,16 +77,23 @@ protected:
     xcb_window_t selectedByKWin(const std::vector<std::int64_t>& before,
                                 const std::vector<std::int64_t>& after = {})
     {
-        x11::Manager kwin{.name = u"KWin"_qs, .pid = ManagerPid, .windows = {}};
-        m_tracker.showManager(kwin);
+        m_tracker.showManager({.name = u"KWin"_qs, .pid = ManagerPid, .windows = {}});
         press(AltKey);
         for (const std::int64_t key : before)
             press(static_cast<xcb_keysym_t>(std::abs(key)), key < 0);
-        kwin.windows = {{.id = ListWindow, .rect = List, .classInstance = u"kwin_x11"_qs}};
-        m_tracker.showManager(kwin);
-        m_loop.advance(0.1);
+        shownByKWin();
         for (const std::int64_t key : after)
             press(static_cast<xcb_keysym_t>(std::abs(key)), key < 0);
+        return selected();
+    }
+    /// What it has selected when its list comes.
+    xcb_window_t shownByKWin()
+    {
+        m_tracker.showManager(
+            {.name = u"KWin"_qs,
+             .pid = ManagerPid,
+             .windows = {{.id = ListWindow, .rect = List, .classInstance = u"kwin_x11"_qs}}});
+        m_loop.advance(0.1);
         return selected();
     }
     xcb_window_t selected() const
@@ -218,6 +225,16 @@ TEST_F(SwitcherModelTest, kwin_isReadFromTheKeys_asLongAsTheyTell)
         EXPECT_EQ(selectedByKWin(before, after), window)
             << testing::PrintToString(before) << testing::PrintToString(after);
     EXPECT_EQ(m_hearing, x11::KeyHearing::WithModifier);
+
+    // It takes a step without its list, and then shows it.
+    press(EscapeKey);
+    m_tracker.showManager({.name = u"KWin"_qs, .pid = ManagerPid, .windows = {}});
+    press(AltKey);
+    press(TabKey);
+    m_tracker.setActive(0x101);
+    press(TabKey);
+    EXPECT_EQ(shownByKWin(), 0x200U);
+    m_tracker.setActive(0x200);
 
     EXPECT_EQ(selectedByKWin({Tab}), 0x101U);
     m_tracker.repeatKey(TabKey);
