@@ -147,6 +147,35 @@ TEST_P(MonitorTest, monitorOfTheRow_switchedOffAndOn_takesItAlongAndBack)
     }
 }
 
+// Of one program, with the windows of its monitor on each.
+TEST_P(MonitorTest, dockOnEachMonitor_hoveredInTurn_hasTheRowBesideIt)
+{
+    desk().changeDock(DockKind::Tint2, Edge::Bottom);
+    Application& alpha = launch(u"alpha"_qs);
+    const AppWindow window = open(alpha, "alpha", Qt::red, first);
+    Application& beta = launch(u"beta"_qs);
+    open(beta, "beta", Qt::blue, second);
+    for (int i = 0; i < 2; ++i) {
+        hover(alpha);
+        EXPECT_TRUE(showsOn(first, Edge::Bottom, alpha));
+        hover(beta);
+        EXPECT_TRUE(showsOn(second, Edge::Bottom, beta));
+    }
+    savePicture("each");
+    constexpr std::uint32_t toPlace = 0x300;
+    const QPoint place = area(second).topLeft() + QPoint(50, 50);
+    display().request(
+        window.id, "_NET_MOVERESIZE_WINDOW",
+        {toPlace, static_cast<std::uint32_t>(place.x()), static_cast<std::uint32_t>(place.y())});
+    ASSERT_TRUE(waitUntil([&] {
+        return area(second).contains(desk().iconOf(alpha).value_or(area(first).center()));
+    }));
+    hover(alpha);
+    EXPECT_TRUE(showsOn(second, Edge::Bottom, alpha));
+    desk().park();
+    EXPECT_TRUE(showsNothing());
+}
+
 TEST_P(MonitorTest, dockThatHides_comingOut_hasTheRowBesideIt)
 {
     for (const auto& [kind, identifier] :
