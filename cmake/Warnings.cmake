@@ -1,5 +1,5 @@
 option(LUMBRIX_WERROR "Take every warning for an error" OFF)
-add_compile_options(-Wall -Wextra -Wpedantic)
+add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor)
 if(LUMBRIX_WERROR)
   add_compile_options(-Werror)
 endif()

@@ -69,14 +69,14 @@ public:
 
 private:
     struct Additions final : x11::WindowListener {
-        explicit Additions(X11Accessibility& owner) : owner(owner) {}
+        explicit Additions(X11Accessibility& accessibility) : owner(accessibility) {}
         void windowAdded(const x11::TrackedWindowPtr& window) override;
         void windowChanged(const x11::TrackedWindowPtr& before,
                            const x11::TrackedWindowPtr& after) override;
         X11Accessibility& owner;
     };
     struct Removals final : x11::WindowListener {
-        explicit Removals(X11Accessibility& owner) : owner(owner) {}
+        explicit Removals(X11Accessibility& accessibility) : owner(accessibility) {}
         void windowChanged(const x11::TrackedWindowPtr& before,
                            const x11::TrackedWindowPtr& after) override;
         void windowRemoved(const x11::TrackedWindowPtr& last) override;

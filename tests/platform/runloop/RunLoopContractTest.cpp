@@ -239,7 +239,7 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values<MakeDriver>(
         []() -> std::unique_ptr<Driver> { return std::make_unique<QtDriver>(); },
         []() -> std::unique_ptr<Driver> { return std::make_unique<VirtualDriver>(); }),
-    [](const auto& info) { return info.index == 0 ? "qt" : "virtual"; });
+    [](const auto& tested) { return tested.index == 0 ? "qt" : "virtual"; });
 
 } // namespace
 } // namespace lumbrix::test

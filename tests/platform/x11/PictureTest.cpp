@@ -18,7 +18,7 @@ protected:
     SessionOptions options() const { return {{1280, 1024}, WindowManager::Xfwm4, GetParam()}; }
 };
 INSTANTIATE_TEST_SUITE_P(Pictures, EachCompositing, testing::Bool(),
-                         [](const auto& info) { return info.param ? "composited" : "plain"; });
+                         [](const auto& tested) { return tested.param ? "composited" : "plain"; });
 
 TEST_P(EachCompositing, pictureOfAWindow_isCopiedOnlyWhenSomethingWasDrawn)
 {

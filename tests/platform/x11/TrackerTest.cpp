@@ -22,9 +22,9 @@ class EachWindowManager : public testing::TestWithParam<SessionOptions>
 {
 };
 INSTANTIATE_TEST_SUITE_P(Tracker, EachWindowManager, testing::Values(kPlain, kOpenbox),
-                         [](const auto& info) {
-                             return info.param.windowManager == WindowManager::Xfwm4 ? "xfwm4"
-                                                                                     : "openbox";
+                         [](const auto& tested) {
+                             return tested.param.windowManager == WindowManager::Xfwm4 ? "xfwm4"
+                                                                                       : "openbox";
                          });
 
 TEST_P(EachWindowManager, windowsOfAnApplication_areFollowedAndCommanded)
