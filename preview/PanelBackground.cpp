@@ -148,8 +148,8 @@ QPainterPath PanelBackground::outlinePath() const
             const auto* part = qobject_cast<const QWidget*>(child);
             if (part && part != m_parts.image && part != m_parts.close && !part->isHidden() &&
                 !picture.contains(part->geometry())) {
-                const qreal radius = std::min(part->width(), part->height()) / 2.0;
-                path.addRoundedRect(QRectF(part->geometry()), radius, radius);
+                const qreal half = std::min(part->width(), part->height()) / 2.0;
+                path.addRoundedRect(QRectF(part->geometry()), half, half);
             }
         }
     }
