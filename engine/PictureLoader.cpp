@@ -246,11 +246,11 @@ void PictureLoader::captureLater(ScreenyView& preview, Arrived arrived)
             [window, weak, arrived, picture] {
                 // The panel may be gone, or be the preview of something else by now; the picture
                 // is then nobody's.
-                const ScreenyViewPtr preview = weak.lock();
-                const bool isShown = preview && preview->elementRef() == window;
+                const ScreenyViewPtr alive = weak.lock();
+                const bool isShown = alive && alive->elementRef() == window;
                 if (isShown)
                     window->setScreenshot(picture);
-                arrived(isShown ? preview.get() : nullptr, picture.image);
+                arrived(isShown ? alive.get() : nullptr, picture.image);
             },
             false);
     };
