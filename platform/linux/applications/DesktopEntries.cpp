@@ -6,13 +6,13 @@
 #include <QtCore/QDateTime>
 #include <QtCore/QDir>
 #include <QtCore/QDirIterator>
-#include <QtCore/QFile>
 #include <QtCore/QSet>
 
 #include <algorithm>
 #include <tuple>
 
 #include "platform/linux/BaseFolders.h"
+#include "platform/linux/PlainFile.h"
 
 namespace lumbrix::platform
 {
@@ -145,10 +145,8 @@ const DesktopEntries::CachedFile& DesktopEntries::readFile(std::map<QString, Cac
         return cached;
     }
     cached = {.modified = modified, .size = info.size(), .isHidden = false, .entry = nullptr};
-    QFile file(path);
-    if (info.size() <= MaximalFileSize && file.open(QIODevice::ReadOnly)) {
-        auto entry =
-            parseDesktopEntry(file.read(MaximalFileSize), id, path, m_locales, cached.isHidden);
+    if (const QByteArray text = readPlainFile(path, MaximalFileSize); !text.isEmpty()) {
+        auto entry = parseDesktopEntry(text, id, path, m_locales, cached.isHidden);
         if (entry) {
             cached.entry = std::make_shared<const DesktopEntry>(std::move(*entry));
         }

@@ -4,13 +4,13 @@
 #include "platform/linux/applications/IconFile.h"
 
 #include <QtCore/QBuffer>
-#include <QtCore/QFile>
-#include <QtCore/QFileInfo>
 #include <QtGui/QImageReader>
 #include <QtGui/QPainter>
 #include <QtSvg/QSvgRenderer>
 
 #include <cmath>
+
+#include "platform/linux/PlainFile.h"
 
 namespace lumbrix::platform
 {
@@ -21,16 +21,6 @@ namespace
 constexpr qint64 MaximalBytes = qint64{4} * 1024 * 1024;
 /// Both ways. A file of a few kilobytes may unpack into a picture of gigabytes.
 constexpr int MaximalPixels = 2048;
-
-QByteArray bytesOf(const QString& path)
-{
-    const QFileInfo info(path);
-    QFile file(path);
-    if (!info.isFile() || info.size() > MaximalBytes || !file.open(QIODevice::ReadOnly)) {
-        return {};
-    }
-    return file.read(MaximalBytes);
-}
 
 QImage picture(QByteArray bytes, int pixels)
 {
@@ -52,7 +42,7 @@ QImage picture(QByteArray bytes, int pixels)
 
 QImage readIconFile(const QString& path, int pixels)
 {
-    const QByteArray bytes = bytesOf(path);
+    const QByteArray bytes = readPlainFile(path, MaximalBytes);
     if (bytes.isEmpty() || pixels <= 0) {
         return {};
     }

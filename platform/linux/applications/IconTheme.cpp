@@ -4,7 +4,6 @@
 #include "platform/linux/applications/IconTheme.h"
 
 #include <QtCore/QDir>
-#include <QtCore/QFile>
 #include <QtCore/QFileInfo>
 #include <QtCore/QHash>
 
@@ -12,6 +11,7 @@
 #include <limits>
 
 #include "platform/linux/BaseFolders.h"
+#include "platform/linux/PlainFile.h"
 
 namespace lumbrix::platform
 {
@@ -149,11 +149,11 @@ IconTheme::Theme IconTheme::readTheme(const QString& name) const
     }
     for (const QString& folder : m_folders) {
         const QString path = folder + u'/' + name + QStringLiteral("/index.theme");
-        QFile file(path);
-        if (!isPlainFile(path) || !file.open(QIODevice::ReadOnly)) {
+        const QByteArray text = readPlainFile(path, MaximalIndexSize);
+        if (text.isEmpty()) {
             continue;
         }
-        const auto groups = groupsOf(file.read(MaximalIndexSize));
+        const auto groups = groupsOf(text);
         const Group main = groups.value("Icon Theme");
         for (const QByteArray& parent : main.value("Inherits").split(',')) {
             result.parents.append(QString::fromUtf8(parent.trimmed()));

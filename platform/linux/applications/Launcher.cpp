@@ -4,7 +4,6 @@
 #include "platform/linux/applications/Launcher.h"
 
 #include <QtCore/QDir>
-#include <QtCore/QFile>
 #include <QtCore/QFileInfo>
 #include <QtCore/QProcess>
 #include <QtCore/QStandardPaths>
@@ -60,16 +59,7 @@ bool launchUrl(DesktopEntries& entries, const QUrl& url)
     if (!path.endsWith(QStringLiteral(".desktop"))) {
         return launchExecutable(path);
     }
-    if (const DesktopEntryPtr entry = entries.byPath(path)) {
-        return launchEntry(*entry);
-    }
-    QFile file(path);
-    bool isHidden = false;
-    if (!file.open(QIODevice::ReadOnly)) {
-        return false;
-    }
-    const auto entry = parseDesktopEntry(file.read(qint64{1024} * 1024),
-                                         QFileInfo(path).completeBaseName(), path, {}, isHidden);
+    const DesktopEntryPtr entry = entries.byPath(path);
     return entry && launchEntry(*entry);
 }
 

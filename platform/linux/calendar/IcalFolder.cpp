@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/linux/PlainFile.h"
 #include "platform/linux/calendar/CalendarColor.h"
 #include "platform/linux/calendar/EvolutionSource.h"
 
@@ -28,19 +29,10 @@ constexpr qsizetype maxFilesInFolder = 20'000;
 /// The first line of a small file; empty when there is none.
 QString noteIn(const QString& path)
 {
-    QFile file(path);
-    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly))
-        return {};
-    return QString::fromUtf8(file.readLine(maxNoteSize)).trimmed();
+    const QByteArray text = readPlainFile(path, maxNoteSize);
+    return QString::fromUtf8(text.split('\n').constFirst()).trimmed();
 }
 
-QByteArray smallFile(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.read(maxNoteSize) : QByteArray();
-}
-
-/// Without the pipes and devices that opening would wait for.
 QStringList icalFiles(const QDir& folder)
 {
     const QStringList names =
@@ -112,8 +104,9 @@ std::vector<IcalFolder::Source> IcalFolder::evolutionSources() const
         const QFileInfoList entries =
             folder.entryInfoList({u"*.source"_qs}, QDir::Files | QDir::Readable, QDir::Name);
         for (const QFileInfo& entry : entries.mid(0, maxCalendars)) {
-            const auto source = EvolutionSource::parse(
-                entry.completeBaseName(), smallFile(entry.filePath()), m_paths.evolutionData);
+            const auto source = EvolutionSource::parse(entry.completeBaseName(),
+                                                       readPlainFile(entry.filePath(), maxNoteSize),
+                                                       m_paths.evolutionData);
             // Those that are elsewhere are calendars too, though only the server can tell what is
             // in them.
             if (source)
@@ -141,13 +134,11 @@ void IcalFolder::addSystemCalendar(std::vector<Source>& sources) const
 const ical::Contents* IcalFolder::contentsOf(const QString& path, const Question& question)
 {
     const QFileInfo info(path);
-    if (!info.isFile() || info.size() > maxFileSize)
-        return nullptr;
     const qint64 modified = info.lastModified().toMSecsSinceEpoch();
     auto known = m_files.find(path);
     if (known == m_files.end() || known->modified != modified || known->size != info.size()) {
-        QFile file(path);
-        if (!file.open(QIODevice::ReadOnly))
+        QFile file;
+        if (!openPlainFile(file, path, maxFileSize))
             return nullptr;
         known = m_files.insert(
             path, {modified, info.size(), true,

@@ -4,13 +4,10 @@
 #include "platform/linux/media/Artwork.h"
 
 #include <QtCore/QBuffer>
-#include <QtCore/QFile>
 #include <QtCore/QUrl>
 #include <QtGui/QImageReader>
 
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
+#include "platform/linux/PlainFile.h"
 
 namespace lumbrix::platform
 {
@@ -22,25 +19,6 @@ constexpr qint64 MostBytes = qint64{8} * 1024 * 1024;
 constexpr qint64 MostPixels = qint64{32} * 1024 * 1024;
 /// Twice what the largest preview shows of a square.
 constexpr int LargestSide = 640;
-
-// A pipe or a device would keep us waiting, and may have no end.
-QByteArray readPlainFile(const QString& path)
-{
-    const int descriptor =
-        ::open(QFile::encodeName(path).constData(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
-    if (descriptor < 0) {
-        return {};
-    }
-    QFile file;
-    struct stat status = {};
-    if (::fstat(descriptor, &status) != 0 || !S_ISREG(status.st_mode) ||
-        status.st_size > MostBytes ||
-        !file.open(descriptor, QIODevice::ReadOnly, QFileDevice::AutoCloseHandle)) {
-        ::close(descriptor);
-        return {};
-    }
-    return file.read(MostBytes);
-}
 
 QByteArray readDataUri(QStringView uri)
 {
@@ -60,8 +38,9 @@ QByteArray readUri(const QString& uri)
         return readDataUri(QStringView(uri).mid(5));
     }
     const QUrl url(uri, QUrl::StrictMode);
-    return url.isLocalFile() && url.host().isEmpty() ? readPlainFile(url.toLocalFile())
-                                                     : QByteArray();
+    if (!url.isLocalFile() || !url.host().isEmpty())
+        return {};
+    return readPlainFile(url.toLocalFile(), MostBytes);
 }
 
 // Those that carry pixels only, and nothing that refers to other files.

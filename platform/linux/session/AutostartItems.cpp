@@ -9,9 +9,8 @@
 #include <QtCore/QRegularExpression>
 #include <QtCore/QStandardPaths>
 
-#include <optional>
-
 #include "platform/linux/BaseFolders.h"
+#include "platform/linux/PlainFile.h"
 #include "platform/linux/applications/DesktopEntry.h"
 #include "platform/linux/defaults/IniFile.h"
 #include "platform/linux/defaults/ReplaceFile.h"
@@ -33,15 +32,6 @@ const QString& section()
 {
     static const QString name = QStringLiteral("Desktop Entry");
     return name;
-}
-
-/// Null when there is no such file, or none that can be read.
-std::optional<QByteArray> readFile(const QString& path)
-{
-    QFile file(path);
-    if (!QFileInfo(path).isFile() || file.size() > maximalSize || !file.open(QIODevice::ReadOnly))
-        return std::nullopt;
-    return file.read(maximalSize);
 }
 
 void writeFile(const QString& path, const QByteArray& bytes)
@@ -86,7 +76,7 @@ bool startsWith(const QString& file, const QString& path)
 {
     bool isHidden = false;
     const auto item =
-        parseDesktopEntry(readFile(file).value_or(QByteArray()), QString(), file, {}, isHidden);
+        parseDesktopEntry(readPlainFile(file, maximalSize), QString(), file, {}, isHidden);
     const QStringList words = item ? execArguments(item->exec) : QStringList();
     return !words.isEmpty() && resolved(words.front()).startsWith(path);
 }
@@ -111,8 +101,7 @@ QString AutostartItems::defaultFolder() { return configHome() + QStringLiteral("
 void AutostartItems::insert(const QString& path)
 {
     const QString file = m_folder + u'/' + ownName();
-    const auto bytes = readFile(file);
-    IniFile item(bytes.value_or(QByteArray()));
+    IniFile item(readPlainFile(file, maximalSize));
     if (!item.hasSection(section())) {
         writeFile(file, newItem(execValue(path), path));
         return;

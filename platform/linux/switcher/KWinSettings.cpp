@@ -4,11 +4,11 @@
 #include "platform/linux/switcher/KWinSettings.h"
 
 #include <QtCore/QDir>
-#include <QtCore/QFile>
 
 #include <algorithm>
 #include <array>
 
+#include "platform/linux/PlainFile.h"
 #include "platform/linux/defaults/IniFile.h"
 
 namespace lumbrix::platform
@@ -16,6 +16,8 @@ namespace lumbrix::platform
 
 namespace
 {
+
+constexpr qint64 maximalSize = qint64{1024} * 1024;
 
 struct Setting {
     const char* key;
@@ -59,8 +61,7 @@ bool hasLayout(const QString& dataFolder)
 bool kwinLetsPreviewsBeSeen(const QString& configFolder, const QStringList& dataFolders,
                             bool isComposited)
 {
-    QFile file(configFolder + QStringLiteral("/kwinrc"));
-    const IniFile written(file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray());
+    const IniFile written(readPlainFile(configFolder + QStringLiteral("/kwinrc"), maximalSize));
     const auto isSet = [&](const Setting& setting) {
         return written.value(QStringLiteral("TabBox"), QLatin1String(setting.key))
                    .value_or(setting.usual) == setting.wanted;

@@ -9,6 +9,8 @@
 #include <QtCore/QTemporaryDir>
 #include <QtDBus/QDBusConnection>
 
+#include <sys/stat.h>
+
 #include <gtest/gtest.h>
 
 #include "tests/support/VirtualRunLoop.h"
@@ -289,6 +291,9 @@ TEST_F(CalendarStoreTest, calendars_areFilesFoldersAndThoseOfOtherPrograms)
     write(u"sources/f01.source"_s, source("Off", "local").replace("true", "false"));
     write(u"sources/f02.source"_s, "[Data Source]\nDisplayName=Mail\n[Mail Account]\n");
     write(u"sources/f03.source"_s, QByteArray(3000, '\xfe'));
+    const QString pipe = m_folder.filePath(u"pipe"_s);
+    ASSERT_EQ(::mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+    ASSERT_TRUE(QFile::link(pipe, m_folder.filePath(u"sources/f04.source"_s)));
     writeEvents(u"evolution/calendar/system/calendar.ics"_s,
                 {"UID:1\nSUMMARY:mine\nDTSTART:20260310T110000"});
 
