@@ -17,6 +17,21 @@
 namespace lumbrix::platform::x11
 {
 
+namespace
+{
+
+/// Any program may send any event to another one, and could so tell of a window that it is gone.
+/// What is sent with good reason is a client message, or news of what the server tells us itself:
+/// a window moved by its manager or withdrawn by its owner. Selections are asked for by the
+/// toolkit, on its own connection.
+bool mayBeForged(const xcb_generic_event_t& event)
+{
+    constexpr int sent = 0x80;
+    return (event.response_type & sent) != 0 && event.response_type != (sent | XCB_CLIENT_MESSAGE);
+}
+
+} // namespace
+
 WakeFd::WakeFd() : m_fd(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)) {}
 
 WakeFd::~WakeFd()
@@ -94,6 +109,8 @@ void EventThread::run(const Thread& self)
 void EventThread::dispatchQueue()
 {
     const auto dispatch = [this](const Event& event) {
+        if (mayBeForged(*event))
+            return;
         for (EventHandler* handler : m_handlers)
             handler->handleEvent(*event);
     };

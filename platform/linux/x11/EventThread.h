@@ -19,7 +19,8 @@ namespace lumbrix::platform::x11
 
 class Connection;
 
-/// Something that follows events. Called on the event thread only, in the order of the list.
+/// Something that follows events. Called on the event thread only, in the order of the list. Of
+/// the events that programs send each other only client messages come.
 class EventHandler
 {
 public:

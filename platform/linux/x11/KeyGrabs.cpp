@@ -48,7 +48,7 @@ std::vector<TapKey> KeyGrabs::refused() const
 
 void KeyGrabs::handleEvent(const xcb_generic_event_t& event)
 {
-    switch (event.response_type) { // other programs may send events; those have another bit set
+    switch (event.response_type) {
     case XCB_KEY_PRESS:
         pressed(reinterpret_cast<const xcb_key_press_event_t&>(event));
         break;

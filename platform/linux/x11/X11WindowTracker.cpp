@@ -126,21 +126,18 @@ WindowRecord* X11WindowTracker::recordOfFrame(xcb_window_t frame)
 
 void X11WindowTracker::handleEvent(const xcb_generic_event_t& event)
 {
-    const bool isSynthetic = event.response_type & 0x80;
     switch (event.response_type & 0x7f) {
     case XCB_PROPERTY_NOTIFY:
         propertyChanged(reinterpret_cast<const xcb_property_notify_event_t&>(event));
         break;
     case XCB_CONFIGURE_NOTIFY:
-        if (!isSynthetic) // those the window manager sends carry nothing new
-            configured(reinterpret_cast<const xcb_configure_notify_event_t&>(event));
+        configured(reinterpret_cast<const xcb_configure_notify_event_t&>(event));
         break;
     case XCB_MAP_NOTIFY:
         mappingChanged(reinterpret_cast<const xcb_map_notify_event_t&>(event).window, true);
         break;
     case XCB_UNMAP_NOTIFY:
-        if (!isSynthetic)
-            mappingChanged(reinterpret_cast<const xcb_unmap_notify_event_t&>(event).window, false);
+        mappingChanged(reinterpret_cast<const xcb_unmap_notify_event_t&>(event).window, false);
         break;
     case XCB_REPARENT_NOTIFY:
         markGeometry(reinterpret_cast<const xcb_reparent_notify_event_t&>(event).window);

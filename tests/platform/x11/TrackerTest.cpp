@@ -210,6 +210,25 @@ TEST(Tracker, docksDesktopsAndPopups_areToldApart)
     background.map();
     desk.waitForWindow(dock.id(), [](const TrackedWindow& w) { return w.isMapped; });
     desk.waitForWindow(background.id(), [](const TrackedWindow& w) { return w.isMapped; });
+
+    // Sent by a program: to us alone, as the window manager would believe it.
+    xcb_connection_t* const c = desk.display().connection();
+    ASSERT_TRUE(desk.waitFor([&] {
+        const std::unique_ptr<xcb_get_window_attributes_reply_t, decltype(&std::free)> dockIs(
+            xcb_get_window_attributes_reply(c, xcb_get_window_attributes(c, dock.id()), nullptr),
+            &std::free);
+        return (dockIs->all_event_masks & XCB_EVENT_MASK_LEAVE_WINDOW) != 0;
+    }));
+    union {
+        xcb_destroy_notify_event_t event;
+        char bytes[32] = {XCB_DESTROY_NOTIFY};
+    } gone;
+    gone.event.event = gone.event.window = dock.id();
+    xcb_send_event(c, 0, dock.id(), XCB_EVENT_MASK_LEAVE_WINDOW, gone.bytes);
+    EXPECT_TRUE(desk.display().geometry(dock.id())); // the server has sent it on
+    dock.setBytes("WM_NAME", "STRING", "still there");
+    desk.waitForWindow(dock.id(),
+                       [](const TrackedWindow& w) { return w.title == u"still there"_qs; });
     EXPECT_GT(desk.info(dock.id())->layer, 0);
     EXPECT_LT(desk.info(background.id())->layer, 0);
     for (const WindowInfo& entry :
