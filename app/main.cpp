@@ -8,6 +8,7 @@
 #include <QtWidgets/QApplication>
 
 #include <cstdio>
+#include <cstdlib>
 
 #include "app/CommandLine.h"
 #include "app/LumbrixController.h"
@@ -51,6 +52,15 @@ void run(LumbrixController& controller, QApplication& application, SingleInstanc
     controller.applicationWillTerminate();
 }
 
+/// A thread that does not end must not keep the program, nor lose what it works on.
+void shutDown(platform::QtRunLoop& runLoop, int status)
+{
+    if (runLoop.shutdown())
+        return;
+    std::fflush(nullptr);
+    std::_Exit(status);
+}
+
 /// Beside the Lumbrix that runs, or without one.
 int inspect(platform::QtRunLoop& runLoop, const platform::LinuxDesktopOptions& options)
 {
@@ -61,7 +71,7 @@ int inspect(platform::QtRunLoop& runLoop, const platform::LinuxDesktopOptions& o
     const platform::DesktopScope scope(desktop->ports());
     const int status = inspectAndPrint(SingleInstance::runningProcess());
     desktop->stop();
-    runLoop.shutdown();
+    shutDown(runLoop, status);
     return status;
 }
 
@@ -109,7 +119,7 @@ int main(int argc, char** argv)
     LumbrixController controller;
     run(controller, application, *instance);
     desktop->stop();
-    runLoop.shutdown();
+    shutDown(runLoop, 0);
     LXHandler::releaseSharedHandler();
     return 0;
 }

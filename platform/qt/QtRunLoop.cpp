@@ -190,10 +190,11 @@ QtRunLoop::QtRunLoop()
 
 QtRunLoop::~QtRunLoop() { shutdown(); }
 
-void QtRunLoop::shutdown()
+bool QtRunLoop::shutdown(Seconds patience)
 {
-    m_threads->shutdown();
+    const bool haveAllEnded = m_threads->shutdown(patience);
     m_hub->dropAll();
+    return haveAllEnded;
 }
 
 TimerPtr QtRunLoop::scheduleTimer(Seconds interval, bool repeats, Action action)

@@ -30,7 +30,10 @@ public:
     ///
     /// Called from within an action that a thread waits for, it releases that thread before the
     /// action has returned.
-    void shutdown();
+    ///
+    /// False when a thread has not ended after `patience`: it goes on, and may use whatever it was
+    /// given, this loop included, so the program has to end without destroying any of that.
+    bool shutdown(Seconds patience = 10.0);
 
     TimerPtr scheduleTimer(Seconds interval, bool repeats, Action action) override;
     void performAfterDelay(const void* target, Seconds delay, Action action) override;

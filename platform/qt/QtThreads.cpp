@@ -87,7 +87,8 @@ void QtThreads::run(QtThread& thread)
     Running self;
     const std::lock_guard lock(m_mutex);
     auto listed = m_running.extract(&thread);
-    m_finished.push_back(std::move(listed.mapped().handle));
+    if (listed.mapped().handle.joinable())
+        m_finished.push_back(std::move(listed.mapped().handle));
     self.thread = std::move(listed.mapped().thread);
     m_changed.notify_all();
 }
@@ -101,9 +102,10 @@ void QtThreads::sleep(Seconds duration)
     m_shutDown.wait_until(lock, until, [this] { return m_isShuttingDown; });
 }
 
-void QtThreads::shutdown()
+bool QtThreads::shutdown(Seconds patience)
 {
     std::vector<std::thread> finished;
+    bool haveAllEnded = false;
     {
         std::unique_lock lock(m_mutex);
         m_isShuttingDown = true;
@@ -111,11 +113,20 @@ void QtThreads::shutdown()
             running.thread->cancel();
         m_shutDown.notify_all();
         m_changed.notify_all();
-        m_changed.wait(lock, [this] { return m_running.empty(); });
+        const auto isAwaited = [](const auto& entry) { return entry.second.handle.joinable(); };
+        m_changed.wait_for(lock, std::chrono::duration<Seconds>(patience),
+                           [&] { return std::ranges::none_of(m_running, isAwaited); });
+        // A library may compute for hours, and takes no notice of anybody.
+        for (auto& [key, running] : m_running) {
+            if (running.handle.joinable())
+                running.handle.detach();
+        }
+        haveAllEnded = m_running.empty();
         finished.swap(m_finished);
     }
     for (std::thread& handle : finished)
         handle.join();
+    return haveAllEnded;
 }
 
 } // namespace lumbrix::platform

@@ -38,8 +38,9 @@ public:
     bool isShuttingDown() const { return m_isShuttingDown; } ///< under mutex()
 
     /// Cancels every thread, wakes all that sleep or wait, and joins them. Threads started later
-    /// end without running.
-    void shutdown();
+    /// end without running. False when some have not ended after `patience`: these go on, and
+    /// nobody waits for them any more.
+    bool shutdown(Seconds patience);
 
 private:
     friend class QtThread;

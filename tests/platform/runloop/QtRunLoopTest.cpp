@@ -12,6 +12,7 @@
 #include <atomic>
 #include <cstdio>
 #include <fstream>
+#include <semaphore>
 #include <string>
 
 #include "platform/qt/QtRunLoop.h"
@@ -111,6 +112,21 @@ TEST(QtRunLoop, timersAndThreads_mayOutliveTheLoop)
     thread->start();
     EXPECT_TRUE(thread->isFinished());
     EXPECT_FALSE(ran);
+}
+
+TEST(QtRunLoop, threadThatNothingStops_isGivenUp)
+{
+    const auto end = std::make_shared<std::binary_semaphore>(0);
+    platform::ThreadPtr thread;
+    {
+        QtRunLoop loop;
+        thread = loop.detachThread("stuck", [end](const Thread&) { end->acquire(); });
+        EXPECT_FALSE(loop.shutdown(0.0));
+    }
+    EXPECT_FALSE(thread->isFinished());
+    end->release();
+    while (!thread->isFinished())
+        std::this_thread::yield();
 }
 
 } // namespace
