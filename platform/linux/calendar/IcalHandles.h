@@ -4,8 +4,11 @@
 // What the iCalendar library hands out, each owned by one pointer.
 #pragma once
 
+#include <QtCore/QtGlobal>
+
 #include <libical/ical.h>
 
+#include <algorithm>
 #include <memory>
 #include <vector>
 
@@ -39,6 +42,20 @@ void forEachProperty(icalcomponent* component, icalproperty_kind kind, Action ac
         properties.push_back(property);
     for (icalproperty* property : properties)
         action(property);
+}
+
+/// How many numbers a part of a rule lists; 0 when the rule does not have it.
+template <std::size_t Size> qint64 listed(const short (&part)[Size])
+{
+    return std::find(part, part + Size, static_cast<short>(ICAL_RECURRENCE_ARRAY_MAX)) - part;
+}
+
+/// How many times of a day a rule gives by itself, where it gives days.
+inline qint64 timesOfDay(const icalrecurrencetype& rule)
+{
+    const auto atLeastOne = [](qint64 count) { return std::max<qint64>(count, 1); };
+    return atLeastOne(listed(rule.by_hour)) * atLeastOne(listed(rule.by_minute)) *
+           atLeastOne(listed(rule.by_second));
 }
 
 } // namespace lumbrix::platform::ical

@@ -13,20 +13,21 @@ namespace
 constexpr int maxSteps = 200'000;
 constexpr std::size_t maxTimes = 10'000;
 
-bool has(const short* list) { return list[0] != ICAL_RECURRENCE_ARRAY_MAX; }
+/// Quarters of all hours, and then some.
+constexpr qint64 maxTimesOfDay = 100;
 
-/// A rule whose parts exclude each other is followed to the end of time in steps of its frequency.
-/// That is a matter of seconds for days, but of hours for minutes.
-bool isManageable(const icalrecurrencetype& rule)
+bool hasDates(const icalrecurrencetype& rule)
 {
-    if (rule.freq > ICAL_HOURLY_RECURRENCE)
-        return rule.freq != ICAL_NO_RECURRENCE;
-    const bool hasDates = has(rule.by_month) || has(rule.by_month_day) || has(rule.by_year_day) ||
-                          has(rule.by_week_no) || has(rule.by_set_pos);
-    const bool hasTimes =
-        has(rule.by_day) || has(rule.by_hour) || has(rule.by_minute) || has(rule.by_second);
-    // Of the hours of a week some match, if each of them is looked at.
-    return !hasDates && (!hasTimes || (rule.freq == ICAL_HOURLY_RECURRENCE && rule.interval == 1));
+    return listed(rule.by_month) + listed(rule.by_month_day) + listed(rule.by_year_day) +
+               listed(rule.by_week_no) + listed(rule.by_set_pos) >
+           0;
+}
+
+bool hasTimes(const icalrecurrencetype& rule)
+{
+    return listed(rule.by_day) + listed(rule.by_hour) + listed(rule.by_minute) +
+               listed(rule.by_second) >
+           0;
 }
 
 /// How long it takes until the rule is at the same point again; 0 where that differs.
@@ -59,6 +60,29 @@ icaltimetype skipAhead(const icalrecurrencetype& rule, const icaltimetype& start
     return timeOfWallSeconds(first + ((from - first) / period - 1) * period, start.is_date);
 }
 
+/// A rule whose parts exclude each other is followed to its end in steps of its frequency, each of
+/// which is as many as there are times of a day. Nothing can stop the library meanwhile, so these
+/// are no more than we would go through. `length` is how far the rule is followed.
+bool isManageable(const icalrecurrencetype& rule, WallSeconds length)
+{
+    if (rule.freq == ICAL_NO_RECURRENCE || rule.interval < 1 || timesOfDay(rule) > maxTimesOfDay)
+        return false;
+    if (rule.freq < ICAL_DAILY_RECURRENCE) {
+        if (hasDates(rule))
+            return false;
+        if (!hasTimes(rule))
+            return true; // every step is a time
+        // Of the hours of a week some match, if each of them is looked at.
+        if (rule.freq != ICAL_HOURLY_RECURRENCE || rule.interval != 1)
+            return false;
+    }
+    qint64 inPeriod = timesOfDay(rule);
+    if (rule.freq == ICAL_WEEKLY_RECURRENCE)
+        inPeriod *= std::max<qint64>(listed(rule.by_day), 1);
+    const WallSeconds period = periodOf(rule);
+    return period == 0 || length / period * inPeriod <= maxSteps;
+}
+
 } // namespace
 
 std::vector<icaltimetype> ruleTimes(icalrecurrencetype rule, const icaltimetype& start,
@@ -66,12 +90,13 @@ std::vector<icaltimetype> ruleTimes(icalrecurrencetype rule, const icaltimetype&
                                     const std::function<bool()>& stop)
 {
     std::vector<icaltimetype> times;
-    if (!isManageable(rule))
+    const icaltimetype first = skipAhead(rule, start, from);
+    if (stop() || !isManageable(rule, until - wallSecondsOf(first)))
         return times;
     if (icaltime_is_null_time(rule.until) || wallSecondsOf(rule.until) > until)
         rule.until = timeOfWallSeconds(until, false);
     rule.until.is_date = start.is_date;
-    const IteratorPtr iterator(icalrecur_iterator_new(rule, skipAhead(rule, start, from)));
+    const IteratorPtr iterator(icalrecur_iterator_new(rule, first));
     for (int step = 1; iterator && step <= maxSteps && times.size() < maxTimes; ++step) {
         if (step % 256 == 0 && stop())
             break;

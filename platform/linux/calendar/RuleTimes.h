@@ -14,7 +14,8 @@ namespace lumbrix::platform::ical
 
 /// The times that a rule gives to an event that starts at `start`, on its own clock, between the
 /// two (inclusive) and perhaps some before. The rule's own end is on that clock too. None for a
-/// rule that nobody could mean and that would take ages to follow.
+/// rule that nobody could mean and that would take ages to follow, or that would have to be counted
+/// through centuries of days.
 std::vector<icaltimetype> ruleTimes(icalrecurrencetype rule, const icaltimetype& start,
                                     WallSeconds from, WallSeconds until,
                                     const std::function<bool()>& stop);

@@ -90,13 +90,27 @@ QTimeZone systemZone(const QByteArray& tzid)
     return {};
 }
 
-bool isYearly(icalcomponent* rules)
+constexpr int maxZoneRules = 100;
+
+/// Every change is worked out beforehand, in a call that nothing can stop: one a second would take
+/// all memory. Clocks change on a day of the year, if one among those of a week, at one time of it.
+bool changesOnceAYear(const icalrecurrencetype& rule)
 {
-    bool isYearly = true;
-    forEachProperty(rules, ICAL_RRULE_PROPERTY, [&isYearly](icalproperty* property) {
-        isYearly = isYearly && icalproperty_get_rrule(property).freq == ICAL_YEARLY_RECURRENCE;
+    return rule.freq == ICAL_YEARLY_RECURRENCE && !rule.rscale && timesOfDay(rule) == 1 &&
+           listed(rule.by_month) <= 1 && listed(rule.by_day) <= 1 &&
+           listed(rule.by_month_day) <= 7 && listed(rule.by_year_day) <= 7 &&
+           listed(rule.by_week_no) <= 1;
+}
+
+/// Whether its rules can be followed; counts them.
+bool isFollowable(icalcomponent* rules, int& count)
+{
+    bool isFollowable = true;
+    forEachProperty(rules, ICAL_RRULE_PROPERTY, [&](icalproperty* property) {
+        isFollowable = isFollowable && ++count <= maxZoneRules &&
+                       changesOnceAYear(icalproperty_get_rrule(property));
     });
-    return isYearly;
+    return isFollowable;
 }
 
 /// Null when it defines nothing.
@@ -107,10 +121,10 @@ std::unique_ptr<Zone> definedZone(icalcomponent* vtimezone)
         icalcomponent_add_property(copy.get(), icalproperty_new_clone(property));
     });
     bool hasRules = false;
+    int ruleCount = 0;
     for (icalcomponent* rules = icalcomponent_get_first_component(vtimezone, ICAL_ANY_COMPONENT);
          rules; rules = icalcomponent_get_next_component(vtimezone, ICAL_ANY_COMPONENT)) {
-        // Every change is worked out beforehand: one a second would take all memory.
-        if (!isYearly(rules))
+        if (!isFollowable(rules, ruleCount))
             continue;
         icalcomponent_add_component(copy.get(), icalcomponent_new_clone(rules));
         hasRules = true;

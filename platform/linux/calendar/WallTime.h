@@ -45,7 +45,8 @@ public:
     explicit ZoneTable(const QTimeZone& local);
     ~ZoneTable();
 
-    /// Adds what a text says of its zones (VTIMEZONE). Rules other than yearly ones are left out.
+    /// Adds what a text says of its zones (VTIMEZONE). Rules by which clocks change more often than
+    /// once a year, and those beyond a hundred, are left out.
     void define(icalcomponent* vtimezone);
 
     const Zone& local() const { return *m_local; }

@@ -233,21 +233,38 @@ TEST_F(CalendarStoreTest, brokenFiles_areSkipped_andSpoilNothingElse)
     for (int i = 0; i < 100'000; ++i)
         nested += "BEGIN:VEVENT\nBEGIN:VALARM\n";
     write(m_own + u"nested.ics"_s, nested);
-    writeEvents(m_own + u"odd.ics"_s,
-                {"UID:1\nSUMMARY:never", "UID:2\nSUMMARY:garbage\nDTSTART:today\nRRULE:FREQ=BOGUS",
-                 "SUMMARY:month\nDTSTART:20261399T990000",
-                 "SUMMARY:backwards\nDTSTART:20260310T120000\nDTEND:20260310T110000",
-                 "SUMMARY:bad rule\nDTSTART:20260310T130000\nRRULE:FREQ=DAILY;INTERVAL=0",
-                 "SUMMARY:\xc3\x28 bytes\nDTSTART:20260310T140000",
-                 // These would be followed for hours, or fill the memory.
-                 "SUMMARY:impossible\nDTSTART:20260310T150000\n"
-                 "RRULE:FREQ=SECONDLY;BYMONTH=2;BYMONTHDAY=30",
-                 "SUMMARY:seconds\nDTSTART:19700101T000000\nRRULE:FREQ=SECONDLY;INTERVAL=21600",
-                 "SUMMARY:path\nDTSTART;TZID=../../../../dev/zero:20260310T160000",
-                 "SUMMARY:zone\nDTSTART;TZID=Z:20260310T170000"},
-                "BEGIN:VTIMEZONE\nTZID:Z\nBEGIN:STANDARD\nDTSTART:19700101T000000\n"
-                "RRULE:FREQ=SECONDLY\nTZOFFSETFROM:+0000\nTZOFFSETTO:+0100\nEND:STANDARD\n"
-                "END:VTIMEZONE\n");
+    QByteArray allTimes;
+    for (const auto& [part, count] :
+         {std::pair(";BYHOUR=0", 24), std::pair(";BYMINUTE=0", 60), std::pair(";BYSECOND=0", 60)}) {
+        allTimes += part;
+        for (int i = 1; i < count; ++i)
+            allTimes += ',' + QByteArray::number(i);
+    }
+    const auto zoneRule = [](const QByteArray& rule) {
+        return "BEGIN:STANDARD\nDTSTART:19700101T000000\nRRULE:FREQ=" + rule +
+               "\nTZOFFSETFROM:+0000\nTZOFFSETTO:+0100\nEND:STANDARD\n";
+    };
+    writeEvents(
+        m_own + u"odd.ics"_s,
+        {"UID:1\nSUMMARY:never", "UID:2\nSUMMARY:garbage\nDTSTART:today\nRRULE:FREQ=BOGUS",
+         "SUMMARY:month\nDTSTART:20261399T990000",
+         "SUMMARY:backwards\nDTSTART:20260310T120000\nDTEND:20260310T110000",
+         "SUMMARY:bad rule\nDTSTART:20260310T130000\nRRULE:FREQ=DAILY;INTERVAL=0",
+         "SUMMARY:\xc3\x28 bytes\nDTSTART:20260310T140000",
+         // These would be followed for hours, or fill the memory.
+         "SUMMARY:impossible\nDTSTART:20260310T150000\n"
+         "RRULE:FREQ=SECONDLY;BYMONTH=2;BYMONTHDAY=30",
+         "SUMMARY:seconds\nDTSTART:19700101T000000\nRRULE:FREQ=SECONDLY;INTERVAL=21600",
+         "SUMMARY:counted\nDTSTART:00020101T000000\n"
+         "RRULE:FREQ=DAILY;COUNT=5;BYMONTH=2;BYMONTHDAY=30" +
+             allTimes,
+         "SUMMARY:century\nDTSTART:00020101T000000\n"
+         "RRULE:FREQ=HOURLY;COUNT=5;BYDAY=1MO",
+         "SUMMARY:path\nDTSTART;TZID=../../../../dev/zero:20260310T160000",
+         "SUMMARY:zone\nDTSTART;TZID=Z:20260310T170000"},
+        "BEGIN:VTIMEZONE\nTZID:Z\n" + zoneRule("SECONDLY") +
+            zoneRule("YEARLY;BYMONTH=1,2,3,4,5,6,7,8,9,10,11,12;BYDAY=MO,TU,WE" + allTimes) +
+            "END:VTIMEZONE\n");
     write(m_own + u"truncated.ics"_s, "BEGIN:VCALENDAR\nBEGIN:VEVENT\nSUMMARY:whole\n"
                                       "DTSTART:20260310T090000\nEND:VEVENT\n"
                                       "BEGIN:VEVENT\nSUMMARY:half\nDTSTART:20260310T09");
