@@ -52,7 +52,7 @@ Contents readCalendar(QIODevice& text, const Window& window, const QTimeZone& lo
     for (const ComponentPtr& definition : definitions)
         zones.define(definition.get());
     for (const auto& series : seriesOf(events)) {
-        if (stop())
+        if (stop() || contents.occurrences.size() >= maxOccurrences)
             break;
         auto found = expand(series, zones, window, stop);
         std::move(found.begin(), found.end(), std::back_inserter(contents.occurrences));

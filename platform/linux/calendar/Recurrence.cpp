@@ -76,7 +76,8 @@ class Event
 {
 public:
     Event(icalcomponent* event, const Written& start, ZoneTable& zones)
-        : m_event(event), m_start(start), m_length(lengthOf(event, start, zones)), m_zones(zones)
+        : m_event(event), m_title(titleOf(event)), m_start(start),
+          m_length(lengthOf(event, start, zones)), m_zones(zones)
     {
     }
 
@@ -160,11 +161,13 @@ private:
         const Instant end = length.endOf(wall, *m_start.zone);
         const bool overlaps = start < m_window.end &&
                               (end > m_window.start || (end == start && start >= m_window.start));
-        if (overlaps && !exceptions.contains(wall, start))
-            m_occurrences.emplace(start, Occurrence{titleOf(m_event), start, std::max(start, end)});
+        if (overlaps && !exceptions.contains(wall, start) &&
+            m_occurrences.size() < maxOccurrences / 10)
+            m_occurrences.emplace(start, Occurrence{m_title, start, std::max(start, end)});
     }
 
     icalcomponent* m_event;
+    const QString m_title; ///< of all occurrences, which share it
     const Written m_start;
     const Length m_length;
     ZoneTable& m_zones;
@@ -215,7 +218,7 @@ std::vector<Occurrence> expand(const std::vector<icalcomponent*>& series, ZoneTa
     std::vector<Occurrence> result;
     const auto add = [&](icalcomponent* event, const Exceptions& exceptions) {
         const auto start = startOf(event);
-        if (!start || isCancelled(event))
+        if (!start || isCancelled(event) || result.size() >= maxOccurrences || stop())
             return;
         auto found = Event(event, *start, zones).within(window, exceptions, stop);
         std::move(found.begin(), found.end(), std::back_inserter(result));

@@ -26,6 +26,9 @@ struct Occurrence {
     Instant end = 0;
 };
 
+/// Whatever a text would still bring when there are so many is left out: nobody could look at it.
+inline constexpr std::size_t maxOccurrences = 5000;
+
 /// Whether an event may happen within the window or change one that does; judged without its zone,
 /// so for some days around it is yes.
 bool mayMatter(icalcomponent* event, const Window& window);
@@ -34,7 +37,8 @@ bool mayMatter(icalcomponent* event, const Window& window);
 using Stop = std::function<bool()>;
 
 /// The occurrences of events that have the same UID (an event and the exceptions to its rule), or
-/// of a single one, that overlap the window. In no order.
+/// of a single one, that overlap the window. In no order. A single event gives a tenth of
+/// maxOccurrences at most, so that it does not take the place of others.
 std::vector<Occurrence> expand(const std::vector<icalcomponent*>& series, ZoneTable& zones,
                                const Window& window, const Stop& stop);
 

@@ -13,6 +13,8 @@
 
 #include <gtest/gtest.h>
 
+#include <set>
+
 #include "tests/support/VirtualRunLoop.h"
 
 inline void PrintTo(const QString& text, std::ostream* out) { *out << text.toStdString(); }
@@ -282,6 +284,23 @@ TEST_F(CalendarStoreTest, brokenFiles_areSkipped_andSpoilNothingElse)
         titles << calendar.title;
     EXPECT_EQ(titles, (QStringList{u"good"_s, u"nested"_s, u"odd"_s, u"truncated"_s}));
     EXPECT_EQ(m_store.calendars().error, CalendarError::None);
+}
+
+TEST_F(CalendarStoreTest, occurrencesWithoutNumber_areCutShortAndShareTheirTitle)
+{
+    writeEvents(m_own + u"a.ics"_s, QByteArrayList(50, "SUMMARY:a\nDTSTART:20260310T000000\n"
+                                                       "RRULE:FREQ=MINUTELY"));
+    writeEvents(m_own + u"b.ics"_s, {"SUMMARY:b\nDTSTART:20260310T235900"});
+    read({2026, 3, 10}, berlin);
+    const auto events = m_store.events(QDate(2026, 3, 10).startOfDay(berlin),
+                                       QDate(2026, 3, 11).startOfDay(berlin), allCalendars());
+    EXPECT_GT(events.events.size(), 1000U);
+    EXPECT_LT(events.events.size(), 10'000U);
+    EXPECT_EQ(events.events.back().title, u"b"_s);
+    std::set<const QChar*> titles;
+    for (const CalendarEvent& event : events.events)
+        titles.insert(event.title.constData());
+    EXPECT_LE(titles.size(), 51U);
 }
 
 TEST_F(CalendarStoreTest, calendars_areFilesFoldersAndThoseOfOtherPrograms)
