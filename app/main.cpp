@@ -11,6 +11,7 @@
 #include <cstdlib>
 
 #include "app/CommandLine.h"
+#include "app/DisplayLoss.h"
 #include "app/LumbrixController.h"
 #include "app/QuitSignals.h"
 #include "app/SessionEnd.h"
@@ -90,6 +91,7 @@ int main(int argc, char** argv)
     QApplication::setApplicationVersion(QStringLiteral(LUMBRIX_VERSION));
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication application(argc, argv);
+    const DisplayLoss displayLoss;
     display.reset();
     installTranslations(QLocale::system().uiLanguages(), catalogueFolders());
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/images/lumbrix.svg")));

@@ -58,7 +58,9 @@ constexpr std::array widgetClasses{
 };
 
 PreferencesHost* sharedHost = nullptr;
-std::unique_ptr<PrefsController> sharedInstance;
+/// The application's: a static one would be destroyed after the toolkit's own when exit() is
+/// called.
+QPointer<PrefsController> sharedInstance;
 
 WindowCountBadger& badger() { return *LXHandler::sharedHandler().companions().windowCountBadger; }
 
@@ -80,14 +82,16 @@ void fillModifierNames(QWidget& pane)
 
 PrefsController& PrefsController::sharedPrefsWindowController()
 {
-    if (!sharedInstance)
-        sharedInstance = std::make_unique<PrefsController>(*sharedHost);
+    if (!sharedInstance) {
+        sharedInstance = new PrefsController(*sharedHost);
+        sharedInstance->setParent(QCoreApplication::instance());
+    }
     return *sharedInstance;
 }
 
 void PrefsController::setHost(PreferencesHost* host) { sharedHost = host; }
 
-void PrefsController::releaseSharedPrefsWindowController() { sharedInstance.reset(); }
+void PrefsController::releaseSharedPrefsWindowController() { delete sharedInstance; }
 
 QWidget* PrefsController::openWindow()
 {

@@ -3,10 +3,11 @@
 
 #include "platform/linux/LinuxDesktop.h"
 
-#include <QtCore/QCoreApplication>
 #include <QtDBus/QDBusConnection>
 
 #include <unistd.h>
+
+#include <cstdlib>
 
 #include "platform/linux/BaseFolders.h"
 #include "platform/linux/ToolkitScale.h"
@@ -228,8 +229,8 @@ LinuxDesktop::create(RunLoop& runLoop, const LinuxDesktopOptions& options, QStri
 {
     auto core = x11::X11Core::create(
         runLoop, {.pixelsPerPoint = options.pixelsPerPoint, .displayName = {}},
-        [&runLoop] { runLoop.performOnMainThread([] { QCoreApplication::quit(); }, false); },
-        error);
+        // As the toolkit does when it is the first to notice.
+        [&runLoop] { runLoop.performOnMainThread([] { std::exit(1); }, false); }, error);
     if (!core) {
         return nullptr;
     }

@@ -8,6 +8,9 @@
 
 #include <csignal>
 
+#include <sys/socket.h>
+#include <sys/wait.h>
+
 namespace lumbrix::privatedesk
 {
 
@@ -153,6 +156,27 @@ TEST(LumbrixProgram, display_missing_isNeededForPreviewsOnly)
     EXPECT_EQ(run({}, u"wayland-0"_qs).first, 1);
     EXPECT_TRUE(run({}, u"wayland-0"_qs).second.startsWith("lumbrix: this Wayland session has no"));
     EXPECT_EQ(run({u"--inspect"_qs, u"what"_qs}).first, 2);
+}
+
+TEST(LumbrixProgram, display_goesAway_endsItInWords)
+{
+    Session session({{800, 600}, WindowManager::Openbox});
+    // The first time, with its preferences and a sheet on them.
+    const auto lumbrix = session.start(u"lumbrix"_qs, lumbrixBinary());
+    ASSERT_TRUE(session.display().waitFor(
+        [&] { return !session.display().managedWindows().empty(); }, patience(10000)))
+        << qPrintable(session.logs());
+    ucred server{};
+    socklen_t length = sizeof(server);
+    ASSERT_EQ(getsockopt(xcb_get_file_descriptor(session.display().connection()), SOL_SOCKET,
+                         SO_PEERCRED, &server, &length),
+              0);
+    ASSERT_EQ(kill(server.pid, SIGKILL), 0);
+    const auto status = lumbrix->waitForExit(patience(5000));
+    ASSERT_TRUE(status);
+    EXPECT_TRUE(WIFEXITED(*status)) << *status;
+    EXPECT_EQ(WEXITSTATUS(*status), 1);
+    EXPECT_TRUE(session.log(u"lumbrix"_qs).contains(u"lumbrix: the display has gone away"_qs));
 }
 
 } // namespace lumbrix::privatedesk
