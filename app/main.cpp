@@ -109,9 +109,12 @@ int main(int argc, char** argv)
     case SingleInstance::Result::First:
         break;
     case SingleInstance::Result::HandedOver:
+        fail(QStringLiteral("%1 is Lumbrix already, and was asked to open its preferences")
+                 .arg(instance->otherOne()));
         return 0;
     case SingleInstance::Result::NoAnswer:
-        return fail(QStringLiteral("the Lumbrix that runs already does not answer"));
+        return fail(
+            QStringLiteral("%1 is Lumbrix already, and does not answer").arg(instance->otherOne()));
     }
 
     const auto desktop = platform::LinuxDesktop::create(runLoop, options, error);

@@ -158,7 +158,9 @@ TEST_P(LifecycleTest, secondStart_opensThePreferencesOfTheFirst)
     const auto status = startAgain();
     desk().lumbrix().signal(SIGCONT);
     EXPECT_TRUE(status && *status != 0);
-    EXPECT_TRUE(desk().session().log(u"second"_qs).startsWith(u"lumbrix: "_qs));
+    const QString said = desk().session().log(u"second"_qs);
+    EXPECT_EQ(said.count(u"lumbrix: process %1 ("_qs.arg(desk().lumbrix().pid())), 3);
+    EXPECT_TRUE(said.contains(u"asked to open its preferences"_qs)) << qPrintable(said);
     EXPECT_TRUE(opens(u"preferences"_qs));
     close(u"preferences"_qs);
 }

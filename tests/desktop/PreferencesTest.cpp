@@ -44,7 +44,7 @@ protected:
         desk().startLumbrix({{u"hideIcon"_qs, u"1"_qs}, {u"showFastKeys"_qs, u"0"_qs}});
         desk().park();
         ASSERT_TRUE(showsNothing());
-        m_second = desk().session().start(u"lumbrix"_qs, lumbrixBinary());
+        m_second = desk().session().start(u"second"_qs, lumbrixBinary());
         ASSERT_TRUE(waitUntil([this] {
             return preferences() && display().activeWindow() == preferences();
         })) << "no preferences window with the focus";

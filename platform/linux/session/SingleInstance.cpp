@@ -9,6 +9,8 @@
 #include <optional>
 #include <utility>
 
+#include "platform/linux/applications/ProcessNames.h"
+
 namespace lumbrix::platform
 {
 namespace
@@ -68,6 +70,18 @@ Name requestName(const QDBusConnection& bus, const QString& name)
     }
 }
 
+/// 0 when nobody has the name, null when nobody knows.
+std::optional<std::int32_t> processOf(const QDBusConnection& bus, const QString& name)
+{
+    const QDBusMessage reply = bus.call(
+        busCall(QStringLiteral("GetConnectionUnixProcessID"), {name}), QDBus::Block, busTimeout);
+    if (reply.type() == QDBusMessage::ReplyMessage && !reply.arguments().isEmpty())
+        return static_cast<std::int32_t>(reply.arguments().constFirst().toUInt());
+    if (reply.errorName() == QLatin1String("org.freedesktop.DBus.Error.NameHasNoOwner"))
+        return 0;
+    return std::nullopt;
+}
+
 } // namespace
 
 SingleInstance::SingleInstance(const RunLoop& runLoop, const QDBusConnection& bus,
@@ -84,15 +98,16 @@ std::unique_ptr<SingleInstance> SingleInstance::create(const RunLoop& runLoop)
 
 std::optional<std::int32_t> SingleInstance::runningProcess()
 {
-    const QDBusMessage reply =
-        QDBusConnection::sessionBus().call(busCall(QStringLiteral("GetConnectionUnixProcessID"),
-                                                   {nameFor(qEnvironmentVariable("DISPLAY"))}),
-                                           QDBus::Block, busTimeout);
-    if (reply.type() == QDBusMessage::ReplyMessage && !reply.arguments().isEmpty())
-        return static_cast<std::int32_t>(reply.arguments().constFirst().toUInt());
-    if (reply.errorName() == QLatin1String("org.freedesktop.DBus.Error.NameHasNoOwner"))
-        return 0;
-    return std::nullopt;
+    return processOf(QDBusConnection::sessionBus(), nameFor(qEnvironmentVariable("DISPLAY")));
+}
+
+QString SingleInstance::otherOne() const
+{
+    const std::int32_t pid = processOf(m_bus, m_name).value_or(0);
+    return pid == 0 ? QStringLiteral("another process")
+                    : QStringLiteral("process %1 (%2)")
+                          .arg(pid)
+                          .arg(readProcessNames(pid).executablePath);
 }
 
 SingleInstance::~SingleInstance() { release(); }

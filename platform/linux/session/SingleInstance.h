@@ -45,6 +45,9 @@ public:
 
     /// Asks the bus, and the other one if there is one, for a few seconds at most.
     Result start();
+    /// Who has the place that start() did not get, in words: "process 123 (/usr/bin/lumbrix)". It
+    /// may be any program of the user.
+    QString otherOne() const;
     /// Makes room for the next start, which then is the first one.
     void release();
     /// What to do when the program was started once more; when that happened already, at once.
