@@ -6,6 +6,7 @@
 #include <QtCore/QDir>
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
+#include <QtCore/QHash>
 
 #include <cstdio>
 #include <sys/stat.h>
@@ -139,16 +140,16 @@ void IniDefaults::apply(IniFile& file, const QString& key, const Change& change)
         file.removeSection(key);
         return;
     }
-    for (const auto& [name, text] : file.entries(key)) {
-        if (!change.dictionary->contains(name)) {
-            file.removeValue(key, name);
-        }
-    }
+    file.keepValues(key, [&](const QString& name) { return change.dictionary->contains(name); });
     file.ensureSection(key);
+    QHash<QString, QByteArray> written; // there may be thousands
+    for (const auto& [name, text] : file.entries(key)) {
+        written.insert(name, text);
+    }
     for (auto it = change.dictionary->cbegin(); it != change.dictionary->cend(); ++it) {
         // What is the same stays as it is written, bytes that no text can stand for included.
-        const auto present = file.value(key, it.key());
-        if (!present || inivalue::decode(*present) != it.value()) {
+        const auto present = written.constFind(it.key());
+        if (present == written.cend() || inivalue::decode(*present) != it.value()) {
             file.setValue(key, it.key(), inivalue::encode(it.value()));
         }
     }

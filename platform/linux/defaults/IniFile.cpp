@@ -202,6 +202,14 @@ void IniFile::removeValue(const QString& section, const QString& key)
     std::erase_if(m_lines, [&](const Line& line) { return isEntry(line, section, key); });
 }
 
+void IniFile::keepValues(const QString& section,
+                         const std::function<bool(const QString& key)>& isKept)
+{
+    std::erase_if(m_lines, [&](const Line& line) {
+        return line.kind == Kind::Entry && line.section == section && !isKept(line.key);
+    });
+}
+
 void IniFile::ensureSection(const QString& section)
 {
     const bool isGeneral = section == generalSection();

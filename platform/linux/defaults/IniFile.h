@@ -8,6 +8,7 @@
 #include <QtCore/QByteArray>
 #include <QtCore/QString>
 
+#include <functional>
 #include <limits>
 #include <optional>
 #include <utility>
@@ -39,6 +40,8 @@ public:
     /// Makes the section when it is missing: "General" as the first one, others last.
     void setValue(const QString& section, const QString& key, const QByteArray& value);
     void removeValue(const QString& section, const QString& key);
+    /// Removes the entries of the section that are not among these.
+    void keepValues(const QString& section, const std::function<bool(const QString& key)>& isKept);
     void ensureSection(const QString& section);
     /// Takes away its header and its entries; comments stay.
     void removeSection(const QString& section);

@@ -173,6 +173,25 @@ TEST_F(IniDefaultsTest, file_far_too_long_is_read_at_its_beginning_and_kept_whol
     EXPECT_EQ(next.dictionaryForKey(key("someKey")), (QVariantMap{{key("keyCode"), 3}}));
 }
 
+TEST_F(IniDefaultsTest, section_of_many_keys_is_changed_at_once)
+{
+    QByteArray lines = "[filters]\n";
+    for (int i = 0; i < 30'000; ++i)
+        lines += QByteArray::number(i, 36) + "=1\n";
+    IniDefaults defaults(m_path);
+    for (int round = 0; round < 10; ++round) { // minutes, if each key were searched for
+        putOnDisk(lines);
+        ASSERT_TRUE(defaults.synchronize());
+        QVariantMap filters = defaults.dictionaryForKey(key("filters")).value_or(QVariantMap());
+        filters.insert(key("new"), round);
+        defaults.setDictionary(filters, key("filters"));
+        EXPECT_EQ(defaults.dictionaryForKey(key("filters"))->size(), 30'001);
+        defaults.setDictionary({{key("new"), round}}, key("filters"));
+        ASSERT_TRUE(defaults.synchronize());
+        EXPECT_EQ(onDisk(), "[filters]\nnew=" + QByteArray::number(round) + '\n');
+    }
+}
+
 TEST_F(IniDefaultsTest, disk_full_leaves_the_old_file_whole)
 {
     const QByteArray before = "a=1\n";
