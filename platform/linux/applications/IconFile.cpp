@@ -4,6 +4,7 @@
 #include "platform/linux/applications/IconFile.h"
 
 #include <QtCore/QBuffer>
+#include <QtCore/QXmlStreamReader>
 #include <QtGui/QImageReader>
 #include <QtGui/QPainter>
 #include <QtSvg/QSvgRenderer>
@@ -22,16 +23,62 @@ constexpr qint64 MaximalBytes = qint64{4} * 1024 * 1024;
 /// Both ways. A file of a few kilobytes may unpack into a picture of gigabytes.
 constexpr int MaximalPixels = 2048;
 
-QImage picture(QByteArray bytes, int pixels)
+/// Those that carry pixels only. Others can name further files, and have a say when the size is
+/// asked for.
+bool isPlainFormat(const QByteArray& format)
+{
+    return QList<QByteArray>{"png", "xpm", "jpeg", "jpg", "ico"}.contains(format);
+}
+
+QImage pixelsIn(QByteArray bytes)
 {
     QBuffer buffer(&bytes);
+    buffer.open(QIODevice::ReadOnly);
     QImageReader reader(&buffer);
     reader.setAutoTransform(false);
+    if (!isPlainFormat(reader.format())) {
+        return {};
+    }
     const QSize size = reader.size();
     if (size.isEmpty() || size.width() > MaximalPixels || size.height() > MaximalPixels) {
         return {};
     }
-    const QImage image = reader.read();
+    return reader.read();
+}
+
+/// Drawing opens whatever file a picture in the drawing or its style sheet names, and waits for it
+/// if that is a pipe. Only pictures that are in the drawing themselves are wanted.
+bool namesOtherFiles(const QByteArray& drawing)
+{
+    QXmlStreamReader xml(drawing);
+    xml.setNamespaceProcessing(false); // not all that editors write is declared
+    while (!xml.atEnd()) {
+        xml.readNext();
+        if (xml.isProcessingInstruction() &&
+            xml.processingInstructionTarget() == QLatin1String("xml-stylesheet")) {
+            return true;
+        }
+        if (!xml.isStartElement() || !xml.qualifiedName().endsWith(QLatin1String("image"))) {
+            continue;
+        }
+        for (const QXmlStreamAttribute& attribute : xml.attributes()) {
+            if (!attribute.qualifiedName().endsWith(QLatin1String("href"))) {
+                continue;
+            }
+            const QStringView link = attribute.value();
+            const QStringView data = link.mid(link.lastIndexOf(QLatin1String("base64,")) + 7);
+            if (!link.startsWith(QLatin1String("data:")) ||
+                pixelsIn(QByteArray::fromBase64(data.toLatin1())).isNull()) {
+                return true;
+            }
+        }
+    }
+    return xml.hasError();
+}
+
+QImage picture(const QByteArray& bytes, int pixels)
+{
+    const QImage image = pixelsIn(bytes);
     const bool isLarger = image.width() > pixels || image.height() > pixels;
     return isLarger && !image.isNull()
                ? image.scaled(pixels, pixels, Qt::KeepAspectRatio, Qt::SmoothTransformation)
@@ -49,7 +96,10 @@ QImage readIconFile(const QString& path, int pixels)
     QImage icon(pixels, pixels, QImage::Format_ARGB32_Premultiplied);
     icon.fill(Qt::transparent);
     QPainter painter(&icon);
-    if (path.endsWith(QStringLiteral(".svg")) || path.endsWith(QStringLiteral(".svgz"))) {
+    if (path.endsWith(QStringLiteral(".svg"))) {
+        if (namesOtherFiles(bytes)) {
+            return {};
+        }
         QSvgRenderer drawing(bytes);
         if (!drawing.isValid()) {
             return {};

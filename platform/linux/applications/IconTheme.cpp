@@ -20,7 +20,7 @@ namespace
 {
 
 constexpr qint64 MaximalIndexSize = qint64{1024} * 1024;
-constexpr std::array Suffixes{"png", "svg", "svgz", "xpm"};
+constexpr std::array Suffixes{"png", "svg", "xpm"};
 
 using Group = QHash<QByteArray, QByteArray>;
 

@@ -61,9 +61,10 @@ QImage loadArtwork(const QString& uri)
     buffer.open(QIODevice::ReadOnly);
     QImageReader reader(&buffer);
     reader.setAutoTransform(true);
+    if (!isPlainFormat(reader.format()))
+        return {}; // asked for its size, a drawing would open the files that it names
     const QSize size = reader.size();
-    if (!isPlainFormat(reader.format()) || size.isEmpty() ||
-        qint64(size.width()) * size.height() > MostPixels) {
+    if (size.isEmpty() || qint64(size.width()) * size.height() > MostPixels) {
         return {};
     }
     const QSize largest(LargestSide, LargestSide);

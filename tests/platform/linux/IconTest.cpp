@@ -86,6 +86,26 @@ TEST_F(IconTest, file_isFittedIntoTheSquareAndTooLargeOnesAreLeft)
                      32);
     EXPECT_EQ(drawing.pixelColor(31, 31), QColor(Qt::blue));
 
+    // What would wait for another file, or has it named by a picture within, is left.
+    const QByteArray pipe = QFile::encodeName(path(u"pipe"_qs));
+    ASSERT_EQ(::mkfifo(pipe.constData(), 0600), 0);
+    const auto svg = [](const QByteArray& link) {
+        return "<svg xmlns='http://www.w3.org/2000/svg' viewBox='0 0 9 9' "
+               "xmlns:xlink='http://www.w3.org/1999/xlink'>"
+               "<image width='9' height='9' xlink:href='" +
+               link + "'/></svg>";
+    };
+    const auto data = [](const QByteArray& bytes) { return "data:x;base64," + bytes.toBase64(); };
+    QFile file(draw(u"red.png"_qs, 9, 9));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const QByteArray red = svg(data(file.readAll()));
+    EXPECT_EQ(readIconFile(write(u"b.svg"_qs, red), 32).pixelColor(16, 16), QColor(Qt::red));
+    for (const QByteArray& text :
+         {svg(pipe), svg(data(svg(pipe))),
+          "<?xml-stylesheet type=\"text/css\" href=\"" + pipe + "\"?>" + red}) {
+        EXPECT_TRUE(readIconFile(write(u"c.svg"_qs, text), 32).isNull()) << text.toStdString();
+        EXPECT_TRUE(readIconFile(write(u"c.png"_qs, text), 32).isNull()) << text.toStdString();
+    }
     EXPECT_TRUE(readIconFile(draw(u"large.png"_qs, 3000, 4), 32).isNull());
     EXPECT_TRUE(readIconFile(write(u"long.png"_qs, QByteArray(5'000'000, 'x')), 32).isNull());
     EXPECT_TRUE(readIconFile(write(u"noise.png"_qs, "\x89PNG\r\n\x1a\nnoise"), 32).isNull());
