@@ -41,7 +41,17 @@ void writeFile(const QString& path, const QByteArray& bytes)
     replaceFile(path, bytes);
 }
 
-/// The path as a word of a command line, and that as a value of a desktop entry.
+/// As a value of a desktop entry, where a line is one.
+QByteArray stringValue(QString text)
+{
+    return text.replace(u'\\', QStringLiteral(R"(\\)"))
+        .replace(u'\n', QStringLiteral(R"(\n)"))
+        .replace(u'\r', QStringLiteral(R"(\r)"))
+        .replace(u'\t', QStringLiteral(R"(\t)"))
+        .toUtf8();
+}
+
+/// The path as a word of a command line, and that as a value.
 QByteArray execValue(QString path)
 {
     static const QRegularExpression reserved(QStringLiteral(R"([^A-Za-z0-9_@%+=:,./-])"));
@@ -49,7 +59,7 @@ QByteArray execValue(QString path)
     path.replace(u'%', QStringLiteral("%%"));
     if (path.contains(reserved))
         path = u'"' + path.replace(escaped, QStringLiteral(R"(\\1)")) + u'"';
-    return path.replace(u'\\', QStringLiteral(R"(\\)")).toUtf8();
+    return stringValue(path);
 }
 
 QString resolved(const QString& program)
@@ -71,14 +81,17 @@ bool startsProgram(const QString& command, const QString& path)
     return command.contains(word) && resolved(name) == resolved(path);
 }
 
-/// Whether the program of the item is one below this path.
-bool startsWith(const QString& file, const QString& path)
+/// Whether the item starts the program at this path, or one below it.
+bool startsProgramOf(const QString& file, const QString& path)
 {
     bool isHidden = false;
     const auto item =
         parseDesktopEntry(readPlainFile(file, maximalSize), QString(), file, {}, isHidden);
     const QStringList words = item ? execArguments(item->exec) : QStringList();
-    return !words.isEmpty() && resolved(words.front()).startsWith(path);
+    if (words.isEmpty() || path.isEmpty())
+        return false;
+    const QString program = resolved(words.front());
+    return program == path || program.startsWith(path + u'/');
 }
 
 QByteArray newItem(const QByteArray& exec, const QString& path)
@@ -88,7 +101,7 @@ QByteArray newItem(const QByteArray& exec, const QString& path)
            "Name=Lumbrix\n"
            "Comment=Live previews of an application's windows beside its Dock icon\n"
            "Exec=" +
-           exec + "\nTryExec=" + QString(path).replace(u'\\', QStringLiteral(R"(\\)")).toUtf8() +
+           exec + "\nTryExec=" + stringValue(path) +
            "\nIcon=lumbrix\n"
            "Terminal=false\n"
            "StartupNotify=false\n";
@@ -111,7 +124,7 @@ void AutostartItems::insert(const QString& path)
         return;
     item.setValue(section(), QStringLiteral("Exec"), execValue(path));
     if (item.value(section(), QStringLiteral("TryExec")))
-        item.setValue(section(), QStringLiteral("TryExec"), path.toUtf8());
+        item.setValue(section(), QStringLiteral("TryExec"), stringValue(path));
     writeFile(file, item.toBytes());
 }
 
@@ -121,7 +134,7 @@ void AutostartItems::remove(const QString& path)
     const QDir folder(m_folder);
     for (const QString& name : folder.entryList({QStringLiteral("*.desktop")}, QDir::Files)) {
         const QString file = folder.filePath(name);
-        if (name == ownName() || startsWith(file, program))
+        if (name == ownName() || startsProgramOf(file, program))
             QFile::remove(file);
     }
 }

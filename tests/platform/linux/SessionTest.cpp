@@ -45,7 +45,7 @@ protected:
     QTemporaryDir home;
     const QString folder = home.filePath(QStringLiteral("config/autostart"));
     const QString item = folder + QStringLiteral("/lumbrix.desktop");
-    const QString program = home.filePath(QStringLiteral("bin/lum $br\\ix 100%"));
+    const QString program = home.filePath(QStringLiteral("bin/lum $br\\ix 100%\nHidden=true"));
     AutostartItems items{folder};
 };
 
@@ -93,6 +93,8 @@ TEST_F(AutostartTest, removed_program_is_started_by_no_item_and_others_stay)
     write(other, others);
     QFile::copy(item, again);
     items.remove(program);
+    items.remove(QStringLiteral("/usr/bin/oth"));
+    items.remove(QString());
     EXPECT_FALSE(QFile::exists(item));
     EXPECT_FALSE(QFile::exists(again));
     EXPECT_EQ(read(other), others);
