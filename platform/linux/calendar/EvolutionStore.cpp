@@ -4,13 +4,14 @@
 #include "platform/linux/calendar/EvolutionStore.h"
 
 #include <QtCore/QDateTime>
-#include <QtCore/QRegularExpression>
 #include <QtDBus/QDBusArgument>
 #include <QtDBus/QDBusObjectPath>
 #include <QtDBus/QDBusPendingCallWatcher>
 
 #include <algorithm>
 #include <utility>
+
+#include "platform/linux/calendar/EvolutionObject.h"
 
 namespace lumbrix::platform
 {
@@ -28,6 +29,7 @@ constexpr Seconds answerTimeout = 4;
 constexpr int callTimeout = 4000; ///< milliseconds
 constexpr std::size_t maxCalendars = 200;
 constexpr int maxRecurring = 500;
+constexpr qsizetype maxText = qsizetype{32} * 1024 * 1024; ///< of one calendar
 
 bool isAnswer(const QDBusMessage& reply, const char* signature)
 {
@@ -60,16 +62,6 @@ QString inUtc(ical::Instant instant)
 {
     return QDateTime::fromMSecsSinceEpoch(instant, Qt::UTC)
         .toString(QStringLiteral("yyyyMMddThhmmssZ"));
-}
-
-/// The value of a property that stands on a line of its own, folded or not.
-QString propertyOf(const QString& object, const QString& name)
-{
-    const QRegularExpression line(
-        QStringLiteral("^%1[^:\r\n]*:((?:[^\r\n]|\r?\n[ \t])*)").arg(name),
-        QRegularExpression::MultilineOption | QRegularExpression::CaseInsensitiveOption);
-    static const QRegularExpression fold(QStringLiteral("\r?\n[ \t]"));
-    return line.match(object).captured(1).remove(fold).trimmed();
 }
 
 } // namespace
@@ -194,13 +186,13 @@ void EvolutionStore::readObjects(const JobPtr& job, std::size_t index, const QSt
     QStringList recurring;
     QByteArray& text = job->answer.calendars[index].text;
     for (const QString& object : objects) {
-        const bool recurs = !propertyOf(object, QStringLiteral("RRULE")).isEmpty() ||
-                            !propertyOf(object, QStringLiteral("RDATE")).isEmpty() ||
-                            !propertyOf(object, QStringLiteral("RECURRENCE-ID")).isEmpty();
-        if (recurs && recurring.size() < maxRecurring)
-            recurring << propertyOf(object, QStringLiteral("UID"));
-        else
+        const EvolutionObject event = EvolutionObject::parse(object);
+        if (event.recurs && recurring.size() < maxRecurring)
+            recurring << event.uid;
+        else if (text.size() + object.size() < maxText)
             text += object.toUtf8() + "\r\n";
+        else
+            job->answer.isComplete = false;
     }
     recurring.removeDuplicates();
     const auto missing = std::make_shared<qsizetype>(recurring.size());
@@ -216,9 +208,9 @@ void EvolutionStore::readObjects(const JobPtr& job, std::size_t index, const QSt
                                                               QStringLiteral("GetObject"));
         message << uid << QString();
         call(job, message, [job, index, missing, close](const QDBusMessage& reply) {
-            if (isAnswer(reply, "s"))
-                job->answer.calendars[index].text +=
-                    reply.arguments().constFirst().toString().toUtf8() + "\r\n";
+            QByteArray& known = job->answer.calendars[index].text;
+            if (isAnswer(reply, "s") && known.size() < maxText)
+                known += reply.arguments().constFirst().toString().toUtf8() + "\r\n";
             else
                 job->answer.isComplete = false;
             if (--*missing == 0)

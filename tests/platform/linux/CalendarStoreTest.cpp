@@ -15,6 +15,7 @@
 
 #include <set>
 
+#include "platform/linux/calendar/EvolutionObject.h"
 #include "tests/support/VirtualRunLoop.h"
 
 inline void PrintTo(const QString& text, std::ostream* out) { *out << text.toStdString(); }
@@ -348,6 +349,19 @@ TEST_F(CalendarStoreTest, calendars_areFilesFoldersAndThoseOfOtherPrograms)
     EXPECT_EQ(m_store.calendars().calendars.back().title, u"Personal"_s);
     const QDateTime noon({2026, 3, 10}, {0, 0}, berlin);
     EXPECT_EQ(m_store.events(noon, noon.addDays(1), {allCalendars().at(1)}).events.size(), 1U);
+}
+
+TEST(EvolutionObjectTest, text_tellsHowItHangsTogetherWithOthers)
+{
+    const auto parse = [](const QString& text) {
+        const EvolutionObject object = EvolutionObject::parse(text);
+        return object.uid + (object.recurs ? u" recurs"_s : QString());
+    };
+    EXPECT_EQ(parse(u"BEGIN:VEVENT\r\nUID;X=1:ab\r\n c d\r\nSUMMARY:x\r\n y\r\nUID:2\r\n"_s),
+              u"abc d"_s);
+    EXPECT_EQ(parse(u"rrule:FREQ=DAILY\nuid: 7 "_s), u"7 recurs"_s);
+    EXPECT_EQ(parse(u"RECURRENCE-ID;TZID=x:20260101\n\n\r"_s), u" recurs"_s);
+    EXPECT_EQ(parse(u"RDATES:1\nSUMMARY:a\n RRULE:b\nUID"_s), QString());
 }
 
 TEST_F(CalendarStoreTest, files_areReadAgainWhenTheyOrTheDayHaveChanged)
