@@ -24,6 +24,8 @@ constexpr double LookInterval = 2.0;
 constexpr std::int64_t ClockTick = 100; // milliseconds, generously
 constexpr qint64 MaximalFileSize = qint64{1024} * 1024;
 
+constexpr std::size_t MaximalStrays = 1000;
+
 std::int64_t folderTime(const QString& folder)
 {
     const QFileInfo info(folder);
@@ -207,6 +209,9 @@ DesktopEntryPtr DesktopEntries::byPath(const QString& path)
     const QFileInfo file(path);
     if (!path.endsWith(QStringLiteral(".desktop")) || !file.isFile()) {
         return nullptr;
+    }
+    if (m_strays.size() > MaximalStrays) {
+        m_strays.clear();
     }
     return readFile(m_strays, file, file.completeBaseName()).entry;
 }

@@ -17,6 +17,9 @@ namespace lumbrix::platform
 namespace
 {
 
+/// Of one Plank; each is asked.
+constexpr qsizetype MaximalDocks = 30;
+
 const QString& plainName()
 {
     static const QString name = QStringLiteral("net.launchpad.plank");
@@ -44,7 +47,7 @@ QSet<QString> docksIn(const QDBusMessage& introspection)
     QSet<QString> names;
     if (isPlankAnswer(introspection, "s")) {
         const QString text = introspection.arguments().constFirst().toString();
-        for (auto it = node.globalMatch(text); it.hasNext();) {
+        for (auto it = node.globalMatch(text); it.hasNext() && names.size() < MaximalDocks;) {
             names.insert(it.next().captured(1));
         }
     }

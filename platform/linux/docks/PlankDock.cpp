@@ -13,6 +13,9 @@ namespace lumbrix::platform
 namespace
 {
 
+/// What is not there any more is remembered, until there is so much of it.
+constexpr std::size_t MaximalKept = 1000;
+
 int along(QPoint point, DockEdge edge) { return isHorizontal(edge) ? point.x() : point.y(); }
 
 } // namespace
@@ -130,8 +133,16 @@ PlankDock::Kept& PlankDock::keptOf(const PlankOnBus& dock)
 
 std::vector<PlankDock::Known> PlankDock::knownDocks()
 {
+    std::vector<PlankOnBus> all = m_bus->docks();
+    if (m_kept.size() > std::max(MaximalKept, all.size())) {
+        std::erase_if(m_kept, [&](const auto& kept) {
+            return std::ranges::none_of(all, [&](const PlankOnBus& told) {
+                return kept.first == std::pair(told.plank, told.name);
+            });
+        });
+    }
     std::vector<Known> docks;
-    for (PlankOnBus& told : m_bus->docks()) {
+    for (PlankOnBus& told : all) {
         Known dock;
         dock.told = std::move(told);
         dock.kept = &keptOf(dock.told);
@@ -309,6 +320,12 @@ DockStatePtr PlankDock::makeState(const Known& dock) const
                                 .isMinimizedWindow = false,
                                 .rect = dock.places[i].rect,
                                 .magnified = dock.places[i].magnified});
+    }
+    if (dock.kept->ids.size() > std::max(MaximalKept, state->items.size())) {
+        std::erase_if(dock.kept->ids, [&](const auto& kept) {
+            return std::ranges::find(state->items, kept.second, &DockItem::id) ==
+                   state->items.end();
+        });
     }
     std::ranges::stable_sort(state->items, {}, [edge = dock.edge](const DockItem& item) {
         return isHorizontal(edge) ? item.rect.x() : item.rect.y();

@@ -7,6 +7,7 @@
 #include <QtCore/QUrl>
 #include <QtDBus/QDBusPendingCallWatcher>
 
+#include <algorithm>
 #include <memory>
 #include <utility>
 
@@ -15,6 +16,12 @@ namespace lumbrix::platform
 
 namespace
 {
+
+/// More than fit on a screen; each is asked for, and a bus may have room for 128 questions.
+constexpr qsizetype MaximalItems = 120;
+
+/// None beyond those that a screen can have, so that reckoning with them stays within bounds.
+int coordinate(const QVariant& value) { return std::clamp(value.toInt(), -0x8000, 0x7fff); }
 
 // As Plank numbers them.
 DockEdge edgeOf(int position)
@@ -115,7 +122,8 @@ void PlankItemsQuery::refresh()
 void PlankItemsQuery::query()
 {
     call(QStringLiteral("GetCount"), {}, [this](const QDBusMessage& reply) {
-        m_count = isPlankAnswer(reply, "i") ? reply.arguments().constFirst().toInt() : 0;
+        const int count = isPlankAnswer(reply, "i") ? reply.arguments().constFirst().toInt() : 0;
+        m_count = std::clamp(count, 0, static_cast<int>(MaximalItems));
     });
     call(QStringLiteral("GetPersistentApplications"), {}, [this](const QDBusMessage& kept) {
         if (!isPlankAnswer(kept, "as")) {
@@ -130,6 +138,7 @@ void PlankItemsQuery::query()
                      return;
                  }
                  QStringList all = uris + running.arguments().constFirst().toStringList();
+                 all = all.mid(0, MaximalItems);
                  all.append(QString()); // answered with the first item that has no entry
                  all.removeDuplicates();
                  queryPositions(all);
@@ -153,7 +162,7 @@ void PlankItemsQuery::queryPositions(const QStringList& uris)
                  if (!isPlankAnswer(reply, "iiib")) {
                      collected->isFailed = true;
                  } else if (values[3].toBool()) {
-                     const QPoint point(values[0].toInt(), values[1].toInt());
+                     const QPoint point(coordinate(values[0]), coordinate(values[1]));
                      const QUrl url(uri);
                      if (uri.isEmpty()) {
                          collected->items.firstUnnamed = point;

@@ -56,6 +56,9 @@ constexpr int LongPatienceMilliseconds = 5000;
 /// A preview looks several times at once, and again on every update.
 constexpr Seconds ShortestInterval = 0.3;
 
+/// Each may have a picture read, on a thread of its own.
+constexpr std::size_t MaximalPlayers = 50;
+
 QDBusMessage daemonCall(const QString& method)
 {
     return QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.DBus"),
@@ -172,7 +175,7 @@ void MprisPlayers::forget(const QString& name)
 
 void MprisPlayers::meet(const QString& name, const QString& owner)
 {
-    if (isStandIn(name)) {
+    if (isStandIn(name) || m_players.size() >= MaximalPlayers) {
         return;
     }
     const auto player = std::make_shared<Player>();

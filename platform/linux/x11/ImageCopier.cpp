@@ -25,6 +25,8 @@ namespace
 
 constexpr std::size_t kGranularity =
     std::size_t{256} * 1024; // windows of similar size share segments
+/// Twice the largest screens; a window of the largest size that can be would take four gigabytes.
+constexpr qint64 kMaxPixels = qint64{64} * 1024 * 1024;
 constexpr std::size_t kMinIdleSegments = 2;
 constexpr std::size_t kMaxIdleSegments = 8;
 
@@ -173,7 +175,8 @@ ImageCopier::~ImageCopier()
 
 QImage ImageCopier::copy(xcb_drawable_t drawable, const QRect& rect, int depth)
 {
-    if (rect.isEmpty() || !isDepthReadable(depth))
+    if (rect.isEmpty() || qint64{rect.width()} * rect.height() > kMaxPixels ||
+        !isDepthReadable(depth))
         return {};
     const QImage::Format format =
         depth == 32 ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32;

@@ -26,7 +26,8 @@ public:
     explicit ImageCopier(const Connection& connection);
     ~ImageCopier();
 
-    /// Null when the drawable is gone, `rect` is not inside it, or its depth is not 24 or 32.
+    /// Null when the drawable is gone, `rect` is not inside it or has more than 64 megapixels, or
+    /// its depth is not 24 or 32.
     /// Depth 24 gives RGB32 whose unused byte holds anything, which painting would take for
     /// opacity; depth 32 gives ARGB32_Premultiplied.
     QImage copy(xcb_drawable_t drawable, const QRect& rect, int depth);

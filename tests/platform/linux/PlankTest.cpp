@@ -195,6 +195,23 @@ TEST_F(PlankTest, items_ofAnEnlargedPlank_standWhereTheyAreDrawn)
     }
 }
 
+TEST_F(PlankTest, items_withoutNumberOrPlace_areTamed)
+{
+    addWindow(9, {0, 884, 1280, 140});
+    TestPlank::Dock dock;
+    for (int i = 0; i < 400; ++i)
+        dock.items[u"file:///a/%1.desktop"_s.arg(i)] = {INT_MAX, INT_MIN};
+    const TestPlank plank(m_bus.connect(u"plank"_s), u"net.launchpad.plank"_s,
+                          {{u"dock1"_s, dock}});
+    ASSERT_TRUE(waitUntil([&] {
+        m_loop.advance(0.05);
+        return !m_plank.states().empty() && !m_plank.states().front()->items.empty();
+    }));
+    const DockStatePtr state = m_plank.states().front();
+    EXPECT_LE(state->items.size(), 120U);
+    EXPECT_LT(std::abs(state->items.front().rect.x()), 0x10000);
+}
+
 TEST_F(PlankTest, docks_ofSeveralPlanks_comeMoveAndGoByThemselves)
 {
     const QRect bottom(0, 884, 1280, 140);

@@ -151,6 +151,17 @@ TEST_P(EachCompositing, windowsDestroyedUnderLoad_harmNobody)
     }));
 }
 
+TEST(Pictures, windowBeyondAnyScreen_isNotCopied)
+{
+    X11Desk desk({{1280, 1024}, WindowManager::Openbox, false});
+    RawWindow raw(desk.session(), {0, 0, 8200, 8200});
+    raw.map();
+    desk.waitForWindow(raw.id(), [](const TrackedWindow& w) {
+        return w.isMapped && w.frameBounds.width() >= 8200;
+    });
+    EXPECT_TRUE(desk.pictures().capture(raw.id()).isNull());
+}
+
 TEST(Pictures, compositorComingAndGoing_keepsPicturesLive)
 {
     // Its window manager is replaced: a session of its own.
