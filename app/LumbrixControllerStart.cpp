@@ -48,7 +48,7 @@ bool LumbrixController::awakeFromNib()
     companions.helpBubble = std::make_shared<BubbleWrapper>();
     companions.windowCountBadger =
         std::make_shared<WinNumberBadger>(desktop.runLoop, desktop.workspace, desktop.userDefaults);
-    companions.playerControls = std::make_shared<MediaControls>();
+    companions.playerControls = std::make_shared<MediaControls>(desktop);
     LXHandler::installCompanions(companions);
     LXHandler::sharedHandler().setApplicationDelegate(this);
     updateState();

@@ -15,8 +15,6 @@ namespace
 
 using platform::ApplicationRole;
 
-const SWScript& script() { return SWScript::sharedScript(); }
-
 /// Several players may run; the one meant is the one whose window is previewed.
 ScriptingWindow windowOf(const ScreenyView& preview)
 {
@@ -35,13 +33,18 @@ bool isMainWindowOfMusicPlayer(const ScreenyView& preview, const QString& identi
            AX::equals(preview.elementRef()->element(), AX::Subrole, AX::StandardWindow);
 }
 
-void showTrack(ScreenyView& preview)
+void showTrack(ScreenyView& preview, const SWScript& script)
 {
-    if (const auto track = script().getCurrentTrack(windowOf(preview)))
+    if (const auto track = script.getCurrentTrack(windowOf(preview)))
         preview.setTitleString(*track);
 }
 
 } // namespace
+
+MediaControls::MediaControls(const platform::Desktop& ports)
+    : m_script(SWScript::sharedScript(ports.appleEvents, ports.runLoop))
+{
+}
 
 void MediaControls::setAppFlags(ScreenyView& preview,
                                 const std::optional<platform::RunningApplication>& application)
@@ -52,10 +55,10 @@ void MediaControls::setAppFlags(ScreenyView& preview,
     // What is known as no player may have one all the same, such as a browser.
     const ApplicationRole role = application->role != ApplicationRole::Other
                                      ? application->role
-                                     : script().roleOf(windowOf(preview));
+                                     : m_script->roleOf(windowOf(preview));
     if (isMainWindowOfMusicPlayer(preview, identifier, role)) {
         preview.setITunes(true);
-        showTrack(preview);
+        showTrack(preview, *m_script);
         if (const QImage picture = artwork(preview); !picture.isNull())
             preview.setImage(picture);
     } else if (identifier == BundleIdentifier::Mail || role == ApplicationRole::Mail) {
@@ -70,22 +73,22 @@ void MediaControls::setAppFlags(ScreenyView& preview,
 
 bool MediaControls::isReachable(const ScreenyView& preview)
 {
-    return script().roleOf(windowOf(preview)) != ApplicationRole::Other;
+    return m_script->roleOf(windowOf(preview)) != ApplicationRole::Other;
 }
 
 PlayerState MediaControls::playerState(const ScreenyView& preview)
 {
-    return script().getPlayerState(windowOf(preview));
+    return m_script->getPlayerState(windowOf(preview));
 }
 
 std::optional<QString> MediaControls::currentTrack(const ScreenyView& preview)
 {
-    return script().getCurrentTrack(windowOf(preview));
+    return m_script->getCurrentTrack(windowOf(preview));
 }
 
 QImage MediaControls::artwork(const ScreenyView& preview)
 {
-    return script().getCurrentArtwork(windowOf(preview));
+    return m_script->getCurrentArtwork(windowOf(preview));
 }
 
 // The title is read at once, while the skip is still under way, so it may be that of the track
@@ -93,20 +96,20 @@ QImage MediaControls::artwork(const ScreenyView& preview)
 void MediaControls::skipLeft(ScreenyView& preview)
 {
     if (preview.iTunes()) {
-        script().skipLeft(ApplicationRole::MusicPlayer, windowOf(preview));
-        showTrack(preview);
+        m_script->skipLeft(ApplicationRole::MusicPlayer, windowOf(preview));
+        showTrack(preview, *m_script);
     } else if (preview.VLC()) {
-        script().skipLeft(ApplicationRole::VLC, windowOf(preview));
+        m_script->skipLeft(ApplicationRole::VLC, windowOf(preview));
     }
 }
 
 void MediaControls::skipRight(ScreenyView& preview)
 {
     if (preview.iTunes()) {
-        script().skipRight(ApplicationRole::MusicPlayer, windowOf(preview));
-        showTrack(preview);
+        m_script->skipRight(ApplicationRole::MusicPlayer, windowOf(preview));
+        showTrack(preview, *m_script);
     } else if (preview.VLC()) {
-        script().skipRight(ApplicationRole::VLC, windowOf(preview));
+        m_script->skipRight(ApplicationRole::VLC, windowOf(preview));
     }
 }
 
@@ -115,24 +118,24 @@ void MediaControls::play(ScreenyView& preview)
     if (!preview.iTunes())
         return;
     if (preview.isPlaying())
-        script().pauseITunes(windowOf(preview));
+        m_script->pauseITunes(windowOf(preview));
     else
-        script().playITunes(windowOf(preview));
+        m_script->playITunes(windowOf(preview));
     preview.setPlayState(!preview.isPlaying());
 }
 
 void MediaControls::getMail(ScreenyView& preview)
 {
     if (preview.Mail())
-        script().getMail(windowOf(preview));
+        m_script->getMail(windowOf(preview));
 }
 
 void MediaControls::playPause(ScreenyView& preview)
 {
     if (preview.VLC())
-        script().playPause(ApplicationRole::VLC, windowOf(preview));
+        m_script->playPause(ApplicationRole::VLC, windowOf(preview));
     else if (preview.QuickTime())
-        script().playPause(ApplicationRole::MoviePlayer, windowOf(preview));
+        m_script->playPause(ApplicationRole::MoviePlayer, windowOf(preview));
 }
 
 } // namespace lumbrix

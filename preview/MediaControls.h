@@ -4,14 +4,22 @@
 // The controls of previews of media players and mail, on the scripting layer.
 #pragma once
 
+#include <memory>
+
+#include "platform/Desktop.h"
 #include "preview/PreviewHost.h"
 
 namespace lumbrix
 {
 
+class SWScript;
+
 class MediaControls final : public PlayerControls
 {
 public:
+    /// The ports outlive it.
+    explicit MediaControls(const platform::Desktop& ports);
+
     void setAppFlags(ScreenyView& preview,
                      const std::optional<platform::RunningApplication>& application) override;
     bool isReachable(const ScreenyView& preview) override;
@@ -24,6 +32,9 @@ public:
     void play(ScreenyView& preview) override;
     void getMail(ScreenyView& preview) override;
     void playPause(ScreenyView& preview) override;
+
+private:
+    const std::shared_ptr<const SWScript> m_script;
 };
 
 } // namespace lumbrix

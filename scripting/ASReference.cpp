@@ -3,8 +3,6 @@
 
 #include "scripting/ASReference.h"
 
-#include "platform/Desktop.h"
-
 namespace lumbrix
 {
 
@@ -37,23 +35,20 @@ ASReference ASReference::at(int index) const
     return result;
 }
 
-platform::AppleEventReply ASReference::get() const
-{
-    return platform::desktop().appleEvents.getItem(m_target, m_object);
-}
+platform::AppleEventReply ASReference::get() const { return m_events.getItem(m_target, m_object); }
 
 std::vector<ASReference> ASReference::getElements() const
 {
     std::vector<ASReference> result;
     for (const ObjectSpecifier& element :
          getItem<std::vector<ObjectSpecifier>>().value_or(std::vector<ObjectSpecifier>()))
-        result.emplace_back(m_target, element);
+        result.emplace_back(m_events, m_target, element);
     return result;
 }
 
 void ASReference::send(platform::FourCharCode eventClass, platform::FourCharCode eventID) const
 {
-    platform::desktop().appleEvents.send(m_target, eventClass, eventID, m_object);
+    m_events.send(m_target, eventClass, eventID, m_object);
 }
 
 } // namespace lumbrix

@@ -16,8 +16,10 @@ namespace lumbrix
 class ASReference
 {
 public:
-    explicit ASReference(platform::AppleEventTarget target, platform::ObjectSpecifier object = {})
-        : m_target(std::move(target)), m_object(std::move(object))
+    /// The port outlives it.
+    ASReference(platform::AppleEvents& events, platform::AppleEventTarget target,
+                platform::ObjectSpecifier object = {})
+        : m_events(events), m_target(std::move(target)), m_object(std::move(object))
     {
     }
 
@@ -43,6 +45,7 @@ private:
     platform::AppleEventReply get() const;
     ASReference with(platform::ObjectSpecifier::Step step) const;
 
+    platform::AppleEvents& m_events;
     platform::AppleEventTarget m_target;
     platform::ObjectSpecifier m_object;
 };

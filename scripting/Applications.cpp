@@ -17,9 +17,10 @@ constexpr FourCharCode vlcClass = fourCharCode("VLC#");
 constexpr FourCharCode movieClass = fourCharCode("MVWR");
 constexpr FourCharCode mailClass = fourCharCode("emal");
 
-ASReference applicationWithName(const char* name, const ScriptingWindow& window)
+ASReference applicationWithName(platform::AppleEvents& events, const char* name,
+                                const ScriptingWindow& window)
 {
-    return ASReference({QString::fromLatin1(name), window.pid, window.window});
+    return {events, {QString::fromLatin1(name), window.pid, window.window}};
 }
 
 } // namespace
@@ -44,8 +45,8 @@ QImage ITTrack::data(const ASReference& artwork)
     return artwork.property(fourCharCode("pPCT")).getItem<QImage>().value_or(QImage());
 }
 
-ITApplication::ITApplication(const ScriptingWindow& window)
-    : m_application(applicationWithName("iTunes", window))
+ITApplication::ITApplication(platform::AppleEvents& events, const ScriptingWindow& window)
+    : m_application(applicationWithName(events, "iTunes", window))
 {
 }
 
@@ -67,8 +68,8 @@ std::optional<FourCharCode> ITApplication::playerState() const
     return m_application.property(fourCharCode("pPlS")).getItem<FourCharCode>();
 }
 
-VLApplication::VLApplication(const ScriptingWindow& window)
-    : m_application(applicationWithName("VLC", window))
+VLApplication::VLApplication(platform::AppleEvents& events, const ScriptingWindow& window)
+    : m_application(applicationWithName(events, "VLC", window))
 {
 }
 
@@ -87,8 +88,8 @@ void QPDocument::play() const { m_document.send(movieClass, fourCharCode("play")
 
 void QPDocument::pause() const { m_document.send(movieClass, fourCharCode("paus")); }
 
-QPApplication::QPApplication(const ScriptingWindow& window)
-    : m_application(applicationWithName("QuickTime Player", window))
+QPApplication::QPApplication(platform::AppleEvents& events, const ScriptingWindow& window)
+    : m_application(applicationWithName(events, "QuickTime Player", window))
 {
 }
 
@@ -97,8 +98,8 @@ QPDocument QPApplication::document(int index) const
     return QPDocument(m_application.elements(fourCharCode("docu")).at(index));
 }
 
-MLApplication::MLApplication(const ScriptingWindow& window)
-    : m_application(applicationWithName("Mail", window))
+MLApplication::MLApplication(platform::AppleEvents& events, const ScriptingWindow& window)
+    : m_application(applicationWithName(events, "Mail", window))
 {
 }
 

@@ -43,7 +43,7 @@ private:
 class ITApplication
 {
 public:
-    explicit ITApplication(const ScriptingWindow& window);
+    ITApplication(platform::AppleEvents& events, const ScriptingWindow& window);
 
     // Player states.
     static constexpr platform::FourCharCode paused = platform::fourCharCode("kPSp");
@@ -64,7 +64,7 @@ private:
 class VLApplication
 {
 public:
-    explicit VLApplication(const ScriptingWindow& window);
+    VLApplication(platform::AppleEvents& events, const ScriptingWindow& window);
 
     void play() const; ///< the play/pause button
     void previous() const;
@@ -90,7 +90,7 @@ private:
 class QPApplication
 {
 public:
-    explicit QPApplication(const ScriptingWindow& window);
+    QPApplication(platform::AppleEvents& events, const ScriptingWindow& window);
 
     QPDocument document(int index) const; ///< from 1
 
@@ -101,7 +101,7 @@ private:
 class MLApplication
 {
 public:
-    explicit MLApplication(const ScriptingWindow& window);
+    MLApplication(platform::AppleEvents& events, const ScriptingWindow& window);
 
     void checkForNewMail() const;
 

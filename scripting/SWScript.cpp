@@ -3,8 +3,10 @@
 
 #include "scripting/SWScript.h"
 
+#include <mutex>
+#include <utility>
+
 #include "platform/AppleEvents.h"
-#include "platform/Desktop.h"
 #include "platform/RunLoop.h"
 
 namespace lumbrix
@@ -12,30 +14,34 @@ namespace lumbrix
 
 using platform::ApplicationRole;
 
-SWScript& SWScript::sharedScript()
+std::shared_ptr<const SWScript> SWScript::sharedScript(platform::AppleEvents& events,
+                                                       platform::RunLoop& runLoop)
 {
-    static SWScript script = [] {
-        SWScript made;
-        made.setUp();
-        return made;
-    }();
+    static std::mutex mutex;
+    static std::weak_ptr<const SWScript> shared; // guarded by mutex
+    const std::lock_guard lock(mutex);
+    std::shared_ptr<const SWScript> script = shared.lock();
+    if (!script) {
+        const std::shared_ptr<SWScript> made(new SWScript(events, runLoop));
+        made->setUp();
+        shared = script = made;
+    }
     return script;
 }
 
-void SWScript::offMainThread(std::function<void()> command)
+void SWScript::offMainThread(Command command) const
 {
-    platform::RunLoop& runLoop = platform::desktop().runLoop;
-    if (!runLoop.isMainThread()) {
-        command();
+    if (!m_runLoop.isMainThread()) {
+        command(m_events);
         return;
     }
-    runLoop.detachThread("script",
-                         [command = std::move(command)](const platform::Thread&) { command(); });
+    m_runLoop.detachThread("script", [command = std::move(command), &events = m_events](
+                                         const platform::Thread&) { command(events); });
 }
 
 std::optional<QString> SWScript::getCurrentTrack(const ScriptingWindow& window) const
 {
-    const ITTrack track = ITApplication(window).currentTrack();
+    const ITTrack track = ITApplication(m_events, window).currentTrack();
     const QString artist = track.artist().value_or(QString());
     const QString name = track.name().value_or(QString());
     if (artist.isEmpty())
@@ -45,7 +51,7 @@ std::optional<QString> SWScript::getCurrentTrack(const ScriptingWindow& window) 
 
 QImage SWScript::getCurrentArtwork(const ScriptingWindow& window) const
 {
-    for (const ASReference& artwork : ITApplication(window).currentTrack().artworks()) {
+    for (const ASReference& artwork : ITApplication(m_events, window).currentTrack().artworks()) {
         if (QImage picture = ITTrack::data(artwork); !picture.isNull())
             return picture;
     }
@@ -54,7 +60,7 @@ QImage SWScript::getCurrentArtwork(const ScriptingWindow& window) const
 
 PlayerState SWScript::getPlayerState(const ScriptingWindow& window) const
 {
-    const auto state = ITApplication(window).playerState();
+    const auto state = ITApplication(m_events, window).playerState();
     switch (state.value_or(0)) {
     case ITApplication::playing:
         return PlayerState::Playing;
@@ -68,42 +74,50 @@ PlayerState SWScript::getPlayerState(const ScriptingWindow& window) const
 
 ApplicationRole SWScript::roleOf(const ScriptingWindow& window) const
 {
-    return platform::desktop().appleEvents.roleOf(window.pid, window.window);
+    return m_events.roleOf(window.pid, window.window);
 }
 
 void SWScript::playITunes(const ScriptingWindow& window) const
 {
-    offMainThread([window] { ITApplication(window).play(); });
+    offMainThread(
+        [window](platform::AppleEvents& events) { ITApplication(events, window).play(); });
 }
 
 void SWScript::pauseITunes(const ScriptingWindow& window) const
 {
-    offMainThread([window] { ITApplication(window).pause(); });
+    offMainThread(
+        [window](platform::AppleEvents& events) { ITApplication(events, window).pause(); });
 }
 
 void SWScript::skipLeft(ApplicationRole player, const ScriptingWindow& window) const
 {
     if (player == ApplicationRole::MusicPlayer)
-        offMainThread([window] { ITApplication(window).previousTrack(); });
+        offMainThread([window](platform::AppleEvents& events) {
+            ITApplication(events, window).previousTrack();
+        });
     else if (player == ApplicationRole::VLC)
-        offMainThread([window] { VLApplication(window).previous(); });
+        offMainThread(
+            [window](platform::AppleEvents& events) { VLApplication(events, window).previous(); });
 }
 
 void SWScript::skipRight(ApplicationRole player, const ScriptingWindow& window) const
 {
     if (player == ApplicationRole::MusicPlayer)
-        offMainThread([window] { ITApplication(window).nextTrack(); });
+        offMainThread(
+            [window](platform::AppleEvents& events) { ITApplication(events, window).nextTrack(); });
     else if (player == ApplicationRole::VLC)
-        offMainThread([window] { VLApplication(window).next(); });
+        offMainThread(
+            [window](platform::AppleEvents& events) { VLApplication(events, window).next(); });
 }
 
 void SWScript::playPause(ApplicationRole player, const ScriptingWindow& window) const
 {
     if (player == ApplicationRole::VLC) {
-        offMainThread([window] { VLApplication(window).play(); });
+        offMainThread(
+            [window](platform::AppleEvents& events) { VLApplication(events, window).play(); });
     } else if (player == ApplicationRole::MoviePlayer) {
-        offMainThread([window] {
-            const QPDocument document = QPApplication(window).document(1);
+        offMainThread([window](platform::AppleEvents& events) {
+            const QPDocument document = QPApplication(events, window).document(1);
             if (document.playing().value_or(false))
                 document.pause();
             else
@@ -114,7 +128,9 @@ void SWScript::playPause(ApplicationRole player, const ScriptingWindow& window) 
 
 void SWScript::getMail(const ScriptingWindow& window) const
 {
-    offMainThread([window] { MLApplication(window).checkForNewMail(); });
+    offMainThread([window](platform::AppleEvents& events) {
+        MLApplication(events, window).checkForNewMail();
+    });
 }
 
 } // namespace lumbrix

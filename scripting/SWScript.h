@@ -8,6 +8,7 @@
 #include <QtGui/QImage>
 
 #include <functional>
+#include <memory>
 #include <optional>
 
 #include "platform/Workspace.h"
@@ -17,13 +18,21 @@
 namespace lumbrix
 {
 
+namespace platform
+{
+class RunLoop;
+}
+
 /// Any thread. Questions wait for the answer, at most 0.2 s each. Commands that are given on the
 /// main thread are sent from a thread of their own; elsewhere they wait for the reply. A player
 /// that does not run or answer leaves the answers empty and the commands without effect.
 class SWScript
 {
 public:
-    static SWScript& sharedScript();
+    /// The one there is, as long as someone holds it, on the ports of who asked first. They outlive
+    /// it, and its commands.
+    static std::shared_ptr<const SWScript> sharedScript(platform::AppleEvents& events,
+                                                        platform::RunLoop& runLoop);
 
     /// Artist and name of iTunes' current track, joined by " - "; either alone where the other is
     /// empty, none where both are.
@@ -47,10 +56,18 @@ public:
     void getMail(const ScriptingWindow& window = {}) const;
 
 private:
-    SWScript() = default;
+    using Command = std::function<void(platform::AppleEvents& events)>;
+
+    SWScript(platform::AppleEvents& events, platform::RunLoop& runLoop)
+        : m_events(events), m_runLoop(runLoop)
+    {
+    }
     /// For the fields of a later day; there are none.
     void setUp() {}
-    static void offMainThread(std::function<void()> command);
+    void offMainThread(Command command) const;
+
+    platform::AppleEvents& m_events;
+    platform::RunLoop& m_runLoop;
 };
 
 } // namespace lumbrix

@@ -37,7 +37,7 @@ protected:
         companions.calendarPreview = calendarPreview ? calendarPreview : m_calendar;
         companions.helpBubble = m_bubble;
         companions.windowCountBadger = badges;
-        companions.playerControls = std::make_shared<MediaControls>();
+        companions.playerControls = std::make_shared<MediaControls>(ports());
         LXHandler::installCompanions(companions);
         EngineSettings& settings = engine().settings();
         settings.windowWidth = 200;

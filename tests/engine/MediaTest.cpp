@@ -302,7 +302,7 @@ TEST_F(MediaTest, otherApplications_haveTheirOwnButtons)
     }
 
     play(u"QuickTime Player"_s, {{{}, {}}});
-    const SWScript& script = SWScript::sharedScript();
+    const SWScript& script = *SWScript::sharedScript(desk.appleEvents(), loop);
     script.playPause(ApplicationRole::MoviePlayer);
     script.playPause(ApplicationRole::MusicPlayer);
     script.skipLeft(ApplicationRole::MoviePlayer);

@@ -34,6 +34,9 @@ protected:
         m_scope.emplace(*m_desktop);
     }
 
+    /// What the desktop is to the program; those that were installed last.
+    const platform::Desktop& ports() const { return *m_desktop; }
+
     /// An application with as many windows, titled "<name> 1", "<name> 2" ..., each a little lower.
     Pid addApplication(const QString& name, int windows = 0)
     {
