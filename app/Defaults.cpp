@@ -51,7 +51,8 @@ bool seedFirstRun(UserDefaults& defaults)
         return false;
     defaults.setBool(true, flag);
     seed(defaults, FirstStored::AtFirstRun);
-    defaults.setInteger(SWElement::checkIfAnyWindowIsOnOtherSpace() ? 1 : 0, key("showSpaces"));
+    defaults.setInteger(SWElement::checkIfAnyWindowIsOnOtherSpace(platform::desktop()) ? 1 : 0,
+                        key("showSpaces"));
     defaults.synchronize();
     return true;
 }

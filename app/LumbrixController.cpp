@@ -312,7 +312,7 @@ void LumbrixController::toggleDisabled()
 
 void LumbrixController::addDockObserver()
 {
-    const std::int32_t pid = SWElement::getDockPid();
+    const std::int32_t pid = SWElement::getDockPid(platform::desktop());
     if (pid == 0 || (m_dockObserver && m_dockObserver->isEqualTo(pid)))
         return;
     m_dockObserver = SWObserver::observerWithPid(pid, handleAXNotification);

@@ -46,8 +46,7 @@ bool LumbrixController::awakeFromNib()
     companions.hotKeyCenter = m_hotKeyCenter;
     companions.calendarPreview = CalPreview::sharedPreview();
     companions.helpBubble = std::make_shared<BubbleWrapper>();
-    companions.windowCountBadger =
-        std::make_shared<WinNumberBadger>(desktop.runLoop, desktop.workspace, desktop.userDefaults);
+    companions.windowCountBadger = std::make_shared<WinNumberBadger>(desktop);
     companions.playerControls = std::make_shared<MediaControls>(desktop);
     LXHandler::installCompanions(companions);
     LXHandler::sharedHandler().setApplicationDelegate(this);

@@ -38,11 +38,7 @@ void waitUntilSettled(const SWElement& item, platform::RunLoop& runLoop,
 
 } // namespace
 
-WinNumberBadger::WinNumberBadger(platform::RunLoop& runLoop, platform::Workspace& workspace,
-                                 platform::UserDefaults& userDefaults)
-    : m_runLoop(runLoop), m_workspace(workspace), m_userDefaults(userDefaults)
-{
-}
+WinNumberBadger::WinNumberBadger(const platform::Desktop& ports) : m_ports(ports) {}
 
 WinNumberBadger::~WinNumberBadger() = default;
 
@@ -50,11 +46,12 @@ void WinNumberBadger::setUp(WindowCounts& counts)
 {
     m_counts = &counts;
     using platform::WorkspaceNotification;
-    m_subscriptions.push_back(m_workspace.observe(WorkspaceNotification::SystemUIModeDidChange,
-                                                  [this](std::int32_t) { systemUIModeChanged(); }));
-    m_subscriptions.push_back(m_workspace.observe(WorkspaceNotification::DockItemsDidChange,
-                                                  [this](std::int32_t) { badgeDockItems(); }));
-    m_isInFullscreen = m_workspace.systemUIMode() != 0;
+    m_subscriptions.push_back(
+        m_ports.workspace.observe(WorkspaceNotification::SystemUIModeDidChange,
+                                  [this](std::int32_t) { systemUIModeChanged(); }));
+    m_subscriptions.push_back(m_ports.workspace.observe(
+        WorkspaceNotification::DockItemsDidChange, [this](std::int32_t) { badgeDockItems(); }));
+    m_isInFullscreen = m_ports.workspace.systemUIMode() != 0;
     badgeDockItems();
 }
 
@@ -67,7 +64,7 @@ void WinNumberBadger::tearDown()
 
 void WinNumberBadger::systemUIModeChanged()
 {
-    m_isInFullscreen = m_workspace.systemUIMode() != 0;
+    m_isInFullscreen = m_ports.workspace.systemUIMode() != 0;
     if (m_isInFullscreen)
         m_counts->removeAllScreenViews(); // the badges go with the watcher's next look
     else
@@ -83,11 +80,11 @@ void WinNumberBadger::badgeDockItems()
         return;
     }
     // The windows of a Dock that was started anew lie above those that were there before.
-    const std::int32_t dockPid = SWElement::getDockPid();
+    const std::int32_t dockPid = SWElement::getDockPid(m_ports);
     const bool isOtherDock = std::exchange(m_dockPid, dockPid) != dockPid;
     Badges confirmed;
     for (const SWElementPtr& item :
-         SWElement::runningApps().value_or(std::vector<SWElementPtr>{})) {
+         SWElement::runningApps(m_ports).value_or(std::vector<SWElementPtr>{})) {
         const auto application = item->runningApplicationForDockElement();
         const int count = application ? m_counts->countForRunningApp(*application) : 0;
         if (count == 0 || (m_badgeOnlyIfMore && count < 2))
@@ -160,7 +157,7 @@ void WinNumberBadger::updateBadgeColors()
 QColor WinNumberBadger::getCurrentColor()
 {
     if (!m_color) {
-        const auto data = m_userDefaults.dataForKey(colorKey());
+        const auto data = m_ports.userDefaults.dataForKey(colorKey());
         m_color = data ? unarchivedColor(*data) : std::nullopt;
     }
     return m_color.value_or(defaultBadgeColor);
@@ -171,8 +168,8 @@ void WinNumberBadger::setCurrentColor(const QColor& color)
     if (!color.isValid())
         return;
     m_color = color;
-    m_userDefaults.setData(archivedColor(color), colorKey());
-    m_userDefaults.synchronize();
+    m_ports.userDefaults.setData(archivedColor(color), colorKey());
+    m_ports.userDefaults.synchronize();
     updateBadgeColors();
 }
 
@@ -187,8 +184,8 @@ void WinNumberBadger::watch()
         isNeeded = !m_watched.empty() && !std::exchange(m_isWatching, !m_watched.empty());
     }
     if (isNeeded)
-        m_runLoop.detachThread("badge-watcher",
-                               [this](const platform::Thread& self) { scanForChanges(self); });
+        m_ports.runLoop.detachThread(
+            "badge-watcher", [this](const platform::Thread& self) { scanForChanges(self); });
 }
 
 void WinNumberBadger::scanForChanges(const platform::Thread& self)
@@ -206,12 +203,12 @@ void WinNumberBadger::scanForChanges(const platform::Thread& self)
             return WinNumberBadge::iconRect(*each.dockItem) != each.prevRect;
         });
         if (!mayBadge()) {
-            m_runLoop.performOnMainThread([this] { dismissBadges(); }, true);
+            m_ports.runLoop.performOnMainThread([this] { dismissBadges(); }, true);
         } else if (moved != watched.end()) {
-            waitUntilSettled(*moved->dockItem, m_runLoop, self);
-            m_runLoop.performOnMainThread([this] { updateBadgeSizes(); }, true);
+            waitUntilSettled(*moved->dockItem, m_ports.runLoop, self);
+            m_ports.runLoop.performOnMainThread([this] { updateBadgeSizes(); }, true);
         }
-        m_runLoop.sleep(watchInterval);
+        m_ports.runLoop.sleep(watchInterval);
     }
 }
 

@@ -12,15 +12,11 @@
 
 #include "badges/WinNumberBadge.h"
 #include "badges/WindowCountBadger.h"
+#include "platform/Desktop.h"
 #include "platform/RunLoop.h"
 
 namespace lumbrix
 {
-
-namespace platform
-{
-class UserDefaults;
-}
 
 /// Main thread, but for the watcher, its thread. That one runs while there are badges: the Dock
 /// need not tell that its icons moved.
@@ -30,8 +26,7 @@ public:
     using Badges = std::vector<std::unique_ptr<WinNumberBadge>>;
 
     /// The ports outlive it.
-    WinNumberBadger(platform::RunLoop& runLoop, platform::Workspace& workspace,
-                    platform::UserDefaults& userDefaults);
+    explicit WinNumberBadger(const platform::Desktop& ports);
     ~WinNumberBadger() override;
 
     void setUp(WindowCounts& counts) override;
@@ -72,9 +67,7 @@ private:
     void watch();
     void scanForChanges(const platform::Thread& self);
 
-    platform::RunLoop& m_runLoop;
-    platform::Workspace& m_workspace;
-    platform::UserDefaults& m_userDefaults;
+    const platform::Desktop& m_ports;
     WindowCounts* m_counts = nullptr; ///< null unless set up
     Badges m_badgesArray;
     std::int32_t m_dockPid = 0; ///< of the Dock that the badges were laid over

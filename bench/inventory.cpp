@@ -73,11 +73,13 @@ void expectWindows(benchmark::State& state, const WindowInventory& inventory)
 void bareReads(benchmark::State& state)
 {
     Scene scene(state.range(0));
+    const WindowInventory inventory(scene.ports, scene.settings, scene);
     for ([[maybe_unused]] auto _ : state) {
-        benchmark::DoNotOptimize(WindowInventory::copyWindowList());
+        benchmark::DoNotOptimize(inventory.copyWindowList());
         for (const std::int32_t pid : scene.desk.workspace().launchedApplications()) {
             const auto application = scene.desk.accessibility().createApplication(pid);
-            for (const auto& window : AX::readElements(application, AX::Windows)) {
+            for (const auto& window :
+                 AX::readElements(scene.ports.accessibility, application, AX::Windows)) {
                 for (const QString& attribute : {AX::Title, AX::Role, AX::Subrole})
                     benchmark::DoNotOptimize(
                         scene.desk.accessibility().copyAttributeValue(window, attribute));
@@ -91,11 +93,11 @@ void firstScan(benchmark::State& state)
 {
     Scene scene(state.range(0));
     for ([[maybe_unused]] auto _ : state) {
-        WindowInventory inventory(scene.settings, scene);
+        WindowInventory inventory(scene.ports, scene.settings, scene);
         inventory.windowScanner();
         benchmark::DoNotOptimize(inventory);
     }
-    WindowInventory inventory(scene.settings, scene);
+    WindowInventory inventory(scene.ports, scene.settings, scene);
     inventory.windowScanner();
     expectWindows(state, inventory);
     setSize(state);
@@ -103,7 +105,7 @@ void firstScan(benchmark::State& state)
 
 void scanRepeatedly(benchmark::State& state, Scene& scene)
 {
-    WindowInventory inventory(scene.settings, scene);
+    WindowInventory inventory(scene.ports, scene.settings, scene);
     inventory.windowScanner();
     for ([[maybe_unused]] auto _ : state)
         inventory.windowScanner();
@@ -133,7 +135,7 @@ void repeatedScanOfOneApplication(benchmark::State& state)
 void windowsForPID(benchmark::State& state)
 {
     Scene scene(state.range(0));
-    WindowInventory inventory(scene.settings, scene);
+    WindowInventory inventory(scene.ports, scene.settings, scene);
     inventory.windowScanner();
     for ([[maybe_unused]] auto _ : state)
         benchmark::DoNotOptimize(inventory.windowsForPID(scene.last));

@@ -68,7 +68,8 @@ void CalPreview::calIconHovered(const SWElementPtr& dockItem)
 {
     LXHandler& engine = LXHandler::sharedHandler();
     const EngineSettings& settings = engine.settings();
-    const bool isBusyCal = dockItem && SWElement::checkIfBusyCal(dockItem->element());
+    const bool isBusyCal =
+        dockItem && SWElement::checkIfBusyCal(platform::desktop(), dockItem->element());
     if (const ScreenyViewPtr shown = shownPreview(); shown && shown->BusyCal() == isBusyCal) {
         if (m_wanted.dockItem)
             m_wanted.dockItem = dockItem; // another element each time that the icon is hovered
@@ -77,10 +78,12 @@ void CalPreview::calIconHovered(const SWElementPtr& dockItem)
     engine.removeAllScreenViews();
     // The key that hides the previews of windows is the one that brings up the calendar: the two
     // take turns.
-    if (settings.hidePreviews && !isModifierHeld(settings.hidePreviewsKeycode))
+    if (settings.hidePreviews &&
+        !isModifierHeld(platform::desktop().inputState, settings.hidePreviewsKeycode))
         return;
     engine.inventory().cleanWindowsArray();
-    if (settings.onlyIfPressed && !isModifierHeld(settings.onlyIfKeycode))
+    if (settings.onlyIfPressed &&
+        !isModifierHeld(platform::desktop().inputState, settings.onlyIfKeycode))
         return;
     if (eventsToCome().error != CalendarError::NotReady)
         showPreview(dockItem, isBusyCal);
@@ -143,7 +146,9 @@ void CalPreview::showPreview(const SWElementPtr& dockItem, bool isBusyCal)
     if (!windows.empty())
         preview->setElementRef(windows.front());
     else if (dockItem)
-        preview->setCalURL(AX::read<QUrl>(dockItem->element(), AX::URL).value_or(QUrl()));
+        preview->setCalURL(
+            AX::read<QUrl>(platform::desktop().accessibility, dockItem->element(), AX::URL)
+                .value_or(QUrl()));
     preview->setICal(true);
     preview->setBusyCal(isBusyCal);
     engine.row().arranger().arrangeWindows(dockItem, false);

@@ -141,7 +141,8 @@ void HoverDispatch::minimizedIconHovered(const SWElementPtr& element)
         preview->showSpaces();
         const EngineSettings& settings = m.settings;
         // With the key held the preview exists but stays unshown; the next update drops it.
-        if (!settings.hidePreviews || !isModifierHeld(settings.hidePreviewsKeycode)) {
+        if (!settings.hidePreviews ||
+            !isModifierHeld(platform::desktop().inputState, settings.hidePreviewsKeycode)) {
             preview->orderFront();
             preview->setShortcut();
         }

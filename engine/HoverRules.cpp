@@ -5,18 +5,20 @@
 
 #include "engine/StripArranger.h"
 #include "model/Modifiers.h"
+#include "platform/Desktop.h"
 
 namespace lumbrix
 {
 
 DockItemKind kindOfDockItem(const platform::ElementRef& item, bool showsCalendars)
 {
-    if (showsCalendars && SWElement::checkIfCal(item))
+    if (showsCalendars && SWElement::checkIfCal(platform::desktop(), item))
         return DockItemKind::Calendar;
-    if (SWElement::checkIfDockApplication(item))
+    if (SWElement::checkIfDockApplication(platform::desktop(), item))
         return DockItemKind::Application;
-    return SWElement::checkIfMinimizedWindowIcon(item) ? DockItemKind::MinimizedWindow
-                                                       : DockItemKind::Other;
+    return SWElement::checkIfMinimizedWindowIcon(platform::desktop(), item)
+               ? DockItemKind::MinimizedWindow
+               : DockItemKind::Other;
 }
 
 namespace HoverRules
@@ -33,7 +35,8 @@ HoverVerdict verdictForCount(const EngineSettings& settings, std::size_t count)
 
 HoverVerdict verdictOnKey(const EngineSettings& settings)
 {
-    return settings.onlyIfPressed && !isModifierHeld(settings.onlyIfKeycode)
+    return settings.onlyIfPressed &&
+                   !isModifierHeld(platform::desktop().inputState, settings.onlyIfKeycode)
                ? HoverVerdict::ShowingKeyNotHeld
                : HoverVerdict::Shows;
 }
@@ -44,7 +47,8 @@ HoverVerdict verdictBeforeWindows(const EngineSettings& settings)
 {
     if (!settings.showInDock)
         return HoverVerdict::DockPreviewsOff;
-    return settings.hidePreviews && isModifierHeld(settings.hidePreviewsKeycode)
+    return settings.hidePreviews &&
+                   isModifierHeld(platform::desktop().inputState, settings.hidePreviewsKeycode)
                ? HoverVerdict::HidingKeyHeld
                : HoverVerdict::Shows;
 }
@@ -58,7 +62,8 @@ HoverVerdict verdictForWindows(const EngineSettings& settings, std::size_t count
 {
     const HoverVerdict verdict = verdictForCount(settings, count);
     if (verdict == HoverVerdict::NoWindows ||
-        (verdict == HoverVerdict::OneWindow && !areOthers && !areFiltersSuspended(settings)))
+        (verdict == HoverVerdict::OneWindow && !areOthers &&
+         !areFiltersSuspended(platform::desktop().inputState, settings)))
         return verdict;
     return verdictOnKey(settings);
 }

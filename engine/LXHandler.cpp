@@ -56,7 +56,7 @@ void LXHandler::installCompanions(const Companions& companions)
 }
 
 LXHandler::LXHandler(const Companions& companions)
-    : m_companions(companions), m_inventory(m_settings, *this),
+    : m_companions(companions), m_inventory(platform::desktop(), m_settings, *this),
       m_hovered([this](const SWElementPtr& item) { m_hover.iconHovered(item); }),
       m_row(*this, m_settings, m_companions, m_hovered), m_context{m_settings,  m_companions,
                                                                    m_inventory, m_hovered,
@@ -169,7 +169,7 @@ void LXHandler::windowsChanged()
 
 void LXHandler::appLaunched(std::int32_t pid)
 {
-    m_inventory.addAppWindows(pid, WindowInventory::copyWindowList());
+    m_inventory.addAppWindows(pid, m_inventory.copyWindowList());
     addObserverForApp(pid);
 }
 

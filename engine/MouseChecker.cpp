@@ -18,7 +18,7 @@ constexpr platform::Seconds confirmedPause = 0.5;
 void mouseChecker(const HoverAction& hover, const SWElementPtr& item, const platform::Thread& self)
 {
     const auto pause = [&item] { return item && item->isMouseConfirmed() ? confirmedPause : 0; };
-    if (!waitForMouseRest(self, pause))
+    if (!waitForMouseRest(platform::desktop(), self, pause))
         return;
     if (item && item->isMouseConfirmed() && !isHovered(item))
         return;

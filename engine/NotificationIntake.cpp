@@ -17,7 +17,7 @@ using platform::ElementRef;
 
 SWElementPtr wrappedItem(const ElementRef& item, bool isCalendar)
 {
-    SWElementPtr element = SWElement::elementWithElementRef(item);
+    SWElementPtr element = SWElement::elementWithElementRef(platform::desktop(), item);
     if (isCalendar)
         element->setIsCal(true);
     return element;
@@ -44,7 +44,8 @@ void NotificationIntake::dispatchSwitcherEntry(const HoverDelays* delays,
                                                const platform::RunningApplication& application,
                                                const ElementRef& item)
 {
-    dispatch(delays, [this, application, element = SWElement::elementWithElementRef(item)] {
+    dispatch(delays, [this, application,
+                      element = SWElement::elementWithElementRef(platform::desktop(), item)] {
         m_switcher.processListIconHovered(application, element);
     });
 }
@@ -82,7 +83,8 @@ void NotificationIntake::dockSelectionChanged(const ElementRef& element, const H
     } else if (kind == DockItemKind::MinimizedWindow) {
         SWElementPtr icon = wrappedItem(item, false);
         dispatch(delays, [this, icon] { m_hover.minimizedIconHovered(icon); });
-    } else if (const auto application = SWElement::runningAppForProccessListIcon(item)) {
+    } else if (const auto application =
+                   SWElement::runningAppForProccessListIcon(platform::desktop(), item)) {
         dispatchSwitcherEntry(delays, *application, item);
     } else {
         m_dismissal.mouseExitedToOtherIcon();
@@ -96,10 +98,11 @@ void NotificationIntake::dockFocusChanged(const ElementRef& element, const Hover
     if (!item)
         return;
     const bool isCalendar = kindOf(item) == DockItemKind::Calendar;
-    if (isCalendar || SWElement::checkIfAppIsRunning(item)) {
+    if (isCalendar || SWElement::checkIfAppIsRunning(platform::desktop(), item)) {
         // A selection made with the keyboard is meant: no delay.
         m_hover.iconHovered(wrappedItem(item, isCalendar));
-    } else if (const auto application = SWElement::runningAppForProccessListIcon(item)) {
+    } else if (const auto application =
+                   SWElement::runningAppForProccessListIcon(platform::desktop(), item)) {
         dispatchSwitcherEntry(delays, *application, item);
     } else {
         m_dismissal.mouseExitedToClosedApp();
@@ -112,11 +115,12 @@ void NotificationIntake::handle(const ElementRef& element, const QString& notifi
     if (m.settings.disabled)
         return;
     if (notification == AX::WindowCreated) {
-        const platform::WindowList list = WindowInventory::copyWindowList();
-        if (const SWElementPtr window = SWElement::elementWithElementRef(element))
+        const platform::WindowList list = m.inventory.copyWindowList();
+        if (const SWElementPtr window =
+                SWElement::elementWithElementRef(platform::desktop(), element))
             m.inventory.processWindow(window, list);
     } else if (notification == AX::UIElementDestroyed) {
-        if (SWElement::checkIfWindow(element))
+        if (SWElement::checkIfWindow(platform::desktop(), element))
             m.inventory.removeWindow(element);
     } else if (notification == AX::SelectedChildrenChanged) {
         dockSelectionChanged(element, delays);

@@ -100,7 +100,8 @@ void PreviewUpdater::updateNow()
 void PreviewUpdater::updateWindows(const SWElementPtr& element)
 {
     const EngineSettings& settings = m.settings;
-    if (settings.hidePreviews && isModifierHeld(settings.hidePreviewsKeycode)) {
+    if (settings.hidePreviews &&
+        isModifierHeld(platform::desktop().inputState, settings.hidePreviewsKeycode)) {
         m_dismissal.removeAllScreenViewsLeavingTimersAlone();
         return;
     }
@@ -135,7 +136,7 @@ bool PreviewUpdater::updateMinimizedPreview(const SWElementPtr&)
 
 void PreviewUpdater::refreshShown(Pass& pass)
 {
-    const VisibilityRules rules(m.settings);
+    const VisibilityRules rules(platform::desktop(), m.settings);
     std::vector<ScreenyViewPtr> kept;
     const auto shown = m.row.previews();
     for (const ScreenyViewPtr& preview : shown) {
@@ -183,7 +184,8 @@ void PreviewUpdater::followApplication(const SWElementPtr& element, Pass& pass)
         application->bundleIdentifier == platform::desktop().workspace.ownBundleIdentifier();
     const bool areChosen = element->chosenWindows().has_value();
     if (!isOwn && !areChosen &&
-        VisibilityRules(settings).verdictForApplication(application->pid) != WindowVerdict::Good) {
+        VisibilityRules(platform::desktop(), settings).verdictForApplication(application->pid) !=
+            WindowVerdict::Good) {
         m_dismissal.removeAllScreenViewsLeavingTimersAlone();
         pass.removed = true;
     }

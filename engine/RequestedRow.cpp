@@ -31,8 +31,10 @@ RequestedRow::Answer RequestedRow::judge(const SWElement& element) const
     if (element.isCal()) {
         // Today's events may come later. They wait for no key, and one that hides windows has them.
         const bool isKept =
-            (settings.hidePreviews && !isModifierHeld(settings.hidePreviewsKeycode)) ||
-            (settings.onlyIfPressed && !isModifierHeld(settings.onlyIfKeycode));
+            (settings.hidePreviews &&
+             !isModifierHeld(platform::desktop().inputState, settings.hidePreviewsKeycode)) ||
+            (settings.onlyIfPressed &&
+             !isModifierHeld(platform::desktop().inputState, settings.onlyIfKeycode));
         return isKept ? Answer::NothingToShow : Answer::Accepted;
     }
     if (!settings.showInDock)
@@ -51,7 +53,7 @@ RequestedRow::Answer RequestedRow::judge(const SWElement& element) const
 
 RequestedRow::Answer RequestedRow::show(const platform::ElementRef& item)
 {
-    const SWElementPtr element = SWElement::elementWithElementRef(item);
+    const SWElementPtr element = SWElement::elementWithElementRef(platform::desktop(), item);
     if (!element)
         return Answer::NothingToShow;
     element->setIsRequested(true);

@@ -142,7 +142,7 @@ void StripArranger::markOwnWindow(const SWElementPtr& item)
 
 void StripArranger::arrangeWindow(ScreenyView& preview)
 {
-    const SWElementPtr first = SWElement::getFirstDockElement();
+    const SWElementPtr first = SWElement::getFirstDockElement(platform::desktop());
     const auto side = dockSide(first);
     if (MAWindow* window = preview.window(); window && side && first)
         window->setFrame(PreviewLayout::sample(*side, layoutInput(first->getRect())));

@@ -52,7 +52,7 @@ void SwitcherWatch::processListIconHovered(const Application& application,
 
 void SwitcherWatch::tabExitCheck(const SWElementPtr& entry)
 {
-    if (SWElement::checkIfDockFocusedIsAXList()) {
+    if (SWElement::checkIfDockFocusedIsAXList(platform::desktop())) {
         followSwitcher(entry);
         const QPointF mouse = mouseLocation();
         const bool hasMoved = hasMouseMoved();
@@ -81,10 +81,11 @@ void SwitcherWatch::followSwitcher(const SWElementPtr& entry)
 {
     if (!entry || !entry->isTabIcon())
         return;
-    const SWElementPtr selected = SWElement::getDockSelectedChild();
+    const SWElementPtr selected = SWElement::getDockSelectedChild(platform::desktop());
     if (!selected || selected->isEqualTo(entry) || entry->willBeChanged())
         return;
-    const auto application = SWElement::runningAppForProccessListIcon(selected->element());
+    const auto application =
+        SWElement::runningAppForProccessListIcon(platform::desktop(), selected->element());
     if (!application)
         return;
     // Blocks the main thread on purpose: nothing sensible can be shown while the switcher moves.

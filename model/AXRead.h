@@ -8,42 +8,43 @@
 
 #include "model/AXNames.h"
 #include "platform/Accessibility.h"
-#include "platform/Desktop.h"
 
 namespace lumbrix::AX
 {
 
 /// Null when there is no element, the read fails, or the value has another type.
 template <class T>
-std::optional<T> read(const platform::ElementRef& element, const QString& attribute)
+std::optional<T> read(platform::Accessibility& accessibility, const platform::ElementRef& element,
+                      const QString& attribute)
 {
     if (!element)
         return std::nullopt;
-    const platform::AXResult result =
-        platform::desktop().accessibility.copyAttributeValue(element, attribute);
+    const platform::AXResult result = accessibility.copyAttributeValue(element, attribute);
     if (const T* value = result.as<T>())
         return *value;
     return std::nullopt;
 }
 
-inline platform::ElementRef readElement(const platform::ElementRef& element,
+inline platform::ElementRef readElement(platform::Accessibility& accessibility,
+                                        const platform::ElementRef& element,
                                         const QString& attribute)
 {
-    return read<platform::ElementRef>(element, attribute).value_or(nullptr);
+    return read<platform::ElementRef>(accessibility, element, attribute).value_or(nullptr);
 }
 
-inline std::vector<platform::ElementRef> readElements(const platform::ElementRef& element,
+inline std::vector<platform::ElementRef> readElements(platform::Accessibility& accessibility,
+                                                      const platform::ElementRef& element,
                                                       const QString& attribute)
 {
-    return read<std::vector<platform::ElementRef>>(element, attribute)
+    return read<std::vector<platform::ElementRef>>(accessibility, element, attribute)
         .value_or(std::vector<platform::ElementRef>{});
 }
 
 /// Whether the attribute can be read and is this text.
-inline bool equals(const platform::ElementRef& element, const QString& attribute,
-                   const QString& text)
+inline bool equals(platform::Accessibility& accessibility, const platform::ElementRef& element,
+                   const QString& attribute, const QString& text)
 {
-    return read<QString>(element, attribute) == text;
+    return read<QString>(accessibility, element, attribute) == text;
 }
 
 } // namespace lumbrix::AX

@@ -3,9 +3,6 @@
 
 #include "model/Modifiers.h"
 
-#include "platform/Desktop.h"
-#include "platform/InputState.h"
-
 namespace lumbrix
 {
 
@@ -23,14 +20,14 @@ std::uint32_t flagForIndex(int index)
     }
 }
 
-bool isModifierHeld(int index)
+bool isModifierHeld(platform::InputState& input, int index)
 {
-    return (platform::desktop().inputState.modifierFlags() & flagForIndex(index)) != 0;
+    return (input.modifierFlags() & flagForIndex(index)) != 0;
 }
 
-bool areFiltersSuspended(const EngineSettings& settings)
+bool areFiltersSuspended(platform::InputState& input, const EngineSettings& settings)
 {
-    return settings.tempDisableFilters && isModifierHeld(settings.tempDisableFiltersKeycode);
+    return settings.tempDisableFilters && isModifierHeld(input, settings.tempDisableFiltersKeycode);
 }
 
 } // namespace lumbrix

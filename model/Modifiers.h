@@ -7,6 +7,7 @@
 #include <cstdint>
 
 #include "model/EngineSettings.h"
+#include "platform/InputState.h"
 
 namespace lumbrix
 {
@@ -15,8 +16,8 @@ namespace lumbrix
 /// Command.
 std::uint32_t flagForIndex(int index);
 /// Whether the modifier key of that index is held now.
-bool isModifierHeld(int index);
+bool isModifierHeld(platform::InputState& input, int index);
 /// The visibility filters are off for as long as their override key is held.
-bool areFiltersSuspended(const EngineSettings& settings);
+bool areFiltersSuspended(platform::InputState& input, const EngineSettings& settings);
 
 } // namespace lumbrix

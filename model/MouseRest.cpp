@@ -3,7 +3,6 @@
 
 #include "model/MouseRest.h"
 
-#include "platform/Desktop.h"
 #include "platform/InputState.h"
 
 namespace lumbrix
@@ -14,15 +13,15 @@ namespace
 constexpr platform::Seconds restInterval = 0.02f;
 } // namespace
 
-bool waitForMouseRest(const platform::Thread& self, const std::function<platform::Seconds()>& pause)
+bool waitForMouseRest(const platform::Desktop& ports, const platform::Thread& self,
+                      const std::function<platform::Seconds()>& pause)
 {
-    const platform::Desktop& desktop = platform::desktop();
     while (!self.isCancelled()) {
         if (const platform::Seconds before = pause ? pause() : 0; before > 0)
-            desktop.runLoop.sleep(before);
-        const QPointF former = desktop.inputState.mouseLocation();
-        desktop.runLoop.sleep(restInterval);
-        if (desktop.inputState.mouseLocation() == former)
+            ports.runLoop.sleep(before);
+        const QPointF former = ports.inputState.mouseLocation();
+        ports.runLoop.sleep(restInterval);
+        if (ports.inputState.mouseLocation() == former)
             return !self.isCancelled();
     }
     return false;

@@ -8,9 +8,6 @@
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
 
-#include "platform/Desktop.h"
-#include "platform/KeyboardLayout.h"
-
 namespace lumbrix
 {
 namespace
@@ -26,12 +23,13 @@ QJsonObject readTable()
 
 } // namespace
 
-std::shared_ptr<SGKeyCodeTranslator> SGKeyCodeTranslator::currentTranslator()
+std::shared_ptr<SGKeyCodeTranslator>
+SGKeyCodeTranslator::currentTranslator(platform::KeyboardLayout& keyboard)
 {
     static std::shared_ptr<SGKeyCodeTranslator> current;
-    const std::uint64_t layout = platform::desktop().keyboardLayout.currentLayout();
-    if (!current || current->m_layout != layout)
-        current = std::make_shared<SGKeyCodeTranslator>(layout);
+    const std::uint64_t layout = keyboard.currentLayout();
+    if (!current || &current->m_keyboard != &keyboard || current->m_layout != layout)
+        current = std::make_shared<SGKeyCodeTranslator>(keyboard, layout);
     return current;
 }
 
@@ -40,14 +38,14 @@ QString SGKeyCodeTranslator::translateKeyCode(std::int64_t keyCode)
     const auto known = m_known.constFind(keyCode);
     if (known != m_known.constEnd())
         return *known;
-    const QString text = platform::desktop().keyboardLayout.charactersOfKey(keyCode);
+    const QString text = m_keyboard.charactersOfKey(keyCode);
     const bool isPair = text.size() > 1 && text.at(0).isHighSurrogate();
     return *m_known.insert(keyCode, text.left(isPair ? 2 : 1));
 }
 
-QString stringForKeyCode(std::int64_t keyCode)
+QString stringForKeyCode(platform::KeyboardLayout& keyboard, std::int64_t keyCode)
 {
-    if (QString name = platform::desktop().keyboardLayout.nameOfKey(keyCode); !name.isEmpty())
+    if (QString name = keyboard.nameOfKey(keyCode); !name.isEmpty())
         return name;
     static const QJsonObject table = readTable();
     const QString code = QString::number(keyCode);
@@ -60,7 +58,7 @@ QString stringForKeyCode(std::int64_t keyCode)
     if (!name.isEmpty())
         return name;
     QString character =
-        SGKeyCodeTranslator::currentTranslator()->translateKeyCode(keyCode).toUpper();
+        SGKeyCodeTranslator::currentTranslator(keyboard)->translateKeyCode(keyCode).toUpper();
     if (!table.value(u"padKeys").toArray().contains(code))
         return character;
     return table.value(u"padKeyString").toString() + u' ' + character;

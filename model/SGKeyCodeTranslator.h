@@ -10,6 +10,8 @@
 #include <cstdint>
 #include <memory>
 
+#include "platform/KeyboardLayout.h"
+
 namespace lumbrix
 {
 
@@ -18,19 +20,25 @@ class SGKeyCodeTranslator
 {
 public:
     /// The one for the layout in use; another object after the layout has changed.
-    static std::shared_ptr<SGKeyCodeTranslator> currentTranslator();
+    static std::shared_ptr<SGKeyCodeTranslator>
+    currentTranslator(platform::KeyboardLayout& keyboard);
 
-    explicit SGKeyCodeTranslator(std::uint64_t layout) : m_layout(layout) {}
+    /// The port outlives it.
+    SGKeyCodeTranslator(platform::KeyboardLayout& keyboard, std::uint64_t layout)
+        : m_keyboard(keyboard), m_layout(layout)
+    {
+    }
     /// One character, or none.
     QString translateKeyCode(std::int64_t keyCode);
 
 private:
+    platform::KeyboardLayout& m_keyboard;
     const std::uint64_t m_layout;
     QHash<std::int64_t, QString> m_known;
 };
 
 /// The name of a key that writes nothing, otherwise its upper-case character, with a word before it
 /// for the keys of the keypad. Main thread.
-QString stringForKeyCode(std::int64_t keyCode);
+QString stringForKeyCode(platform::KeyboardLayout& keyboard, std::int64_t keyCode);
 
 } // namespace lumbrix

@@ -62,12 +62,12 @@ std::uint32_t SGKeyCombo::modifierMask() const
     return mask;
 }
 
-QString SGKeyCombo::keyCodeString() const
+QString SGKeyCombo::keyCodeString(platform::KeyboardLayout& keyboard) const
 {
-    return isClearCombo() ? QString() : stringForKeyCode(keyCode);
+    return isClearCombo() ? QString() : stringForKeyCode(keyboard, keyCode);
 }
 
-QString SGKeyCombo::description() const
+QString SGKeyCombo::description(platform::KeyboardLayout& keyboard) const
 {
     if (!isValidHotKeyCombo())
         return QCoreApplication::translate("SGKeyCombo", "(None)");
@@ -76,7 +76,7 @@ QString SGKeyCombo::description() const
         if (modifiers & modifier.bit)
             signs += QChar(modifier.sign);
     }
-    return signs + keyCodeString();
+    return signs + keyCodeString(keyboard);
 }
 
 } // namespace lumbrix

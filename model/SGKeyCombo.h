@@ -9,6 +9,8 @@
 
 #include <cstdint>
 
+#include "platform/KeyboardLayout.h"
+
 namespace lumbrix
 {
 
@@ -29,9 +31,9 @@ struct SGKeyCombo {
     /// The modifiers as ModifierFlag bits.
     std::uint32_t modifierMask() const;
     /// The text on the key; empty for the clear combo. Main thread.
-    QString keyCodeString() const;
+    QString keyCodeString(platform::KeyboardLayout& keyboard) const;
     /// Modifier signs and the text on the key. Main thread.
-    QString description() const;
+    QString description(platform::KeyboardLayout& keyboard) const;
 };
 
 } // namespace lumbrix

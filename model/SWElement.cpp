@@ -5,7 +5,6 @@
 
 #include "model/AXRead.h"
 #include "model/UIElementUtilities.h"
-#include "platform/Desktop.h"
 #include "platform/Workspace.h"
 
 namespace lumbrix
@@ -38,7 +37,10 @@ WindowPicture pictureOf(const QImage& image, QSize limit, QSizeF windowSize)
 
 QString SWElement::notResponding() { return QStringLiteral("Not Responding"); }
 
-SWElement::SWElement(ElementRef element) : m_element(std::move(element)) {}
+SWElement::SWElement(const platform::Desktop& ports, ElementRef element)
+    : m_ports(ports), m_element(std::move(element))
+{
+}
 
 bool SWElement::isEqualTo(const SWElement* other) const
 {
@@ -47,7 +49,7 @@ bool SWElement::isEqualTo(const SWElement* other) const
 
 std::optional<QString> SWElement::getTitle() const
 {
-    return titleFrom(platform::desktop().accessibility.copyAttributeValue(m_element, AX::Title));
+    return titleFrom(m_ports.accessibility.copyAttributeValue(m_element, AX::Title));
 }
 
 std::optional<QString> SWElement::titleFrom(const platform::AXResult& read) const
@@ -65,7 +67,7 @@ std::optional<QSizeF> SWElement::sizeToCapture() const
     const WindowID window = m_wid;
     if (!window)
         return std::nullopt;
-    const auto bounds = platform::desktop().windowServer.windowBounds(window);
+    const auto bounds = m_ports.windowServer.windowBounds(window);
     if (!bounds || bounds->width() == 0 || bounds->height() == 0)
         return std::nullopt;
     return bounds->size();
@@ -76,7 +78,7 @@ WindowPicture SWElement::grabWindow(QSize limit) const
     const auto size = sizeToCapture();
     if (!size)
         return {};
-    return pictureOf(platform::desktop().windowServer.captureWindow(m_wid, limit), limit, *size);
+    return pictureOf(m_ports.windowServer.captureWindow(m_wid, limit), limit, *size);
 }
 
 std::optional<WindowPicture> SWElement::grabWindowAtHand(QSize limit) const
@@ -84,16 +86,16 @@ std::optional<WindowPicture> SWElement::grabWindowAtHand(QSize limit) const
     const auto size = sizeToCapture();
     if (!size)
         return WindowPicture();
-    const auto image = platform::desktop().windowServer.pictureAtHand(m_wid, limit);
+    const auto image = m_ports.windowServer.pictureAtHand(m_wid, limit);
     return image ? std::optional(pictureOf(*image, limit, *size)) : std::nullopt;
 }
 
 // A number that cannot be read leaves the one before; a window that is on all Spaces has none.
 int SWElement::getSpaceNumber()
 {
-    if (platform::desktop().windowServer.isOnAllWorkspaces(m_wid))
+    if (m_ports.windowServer.isOnAllWorkspaces(m_wid))
         m_spaceNumber = 0;
-    const int number = spaceNumberOfWindow(m_wid);
+    const int number = spaceNumberOfWindow(m_ports, m_wid);
     if (number >= 1 && number <= 59)
         m_spaceNumber = number;
     return m_spaceNumber;
@@ -116,26 +118,27 @@ int SWElement::getSpaceNumber(const WindowList& windowList)
 
 bool SWElement::checkIfMinimized() const
 {
-    return AX::read<bool>(m_element, AX::Minimized).value_or(false);
+    return AX::read<bool>(m_ports.accessibility, m_element, AX::Minimized).value_or(false);
 }
 
 bool SWElement::isClosable() const
 {
-    const ElementRef button = AX::readElement(m_element, AX::CloseButton);
-    return AX::read<bool>(button, AX::Enabled).value_or(false);
+    const ElementRef button = AX::readElement(m_ports.accessibility, m_element, AX::CloseButton);
+    return AX::read<bool>(m_ports.accessibility, button, AX::Enabled).value_or(false);
 }
 
 void SWElement::closeWindow()
 {
-    if (const ElementRef button = AX::readElement(m_element, AX::CloseButton))
-        platform::desktop().accessibility.performAction(button, AX::Press);
+    if (const ElementRef button =
+            AX::readElement(m_ports.accessibility, m_element, AX::CloseButton))
+        m_ports.accessibility.performAction(button, AX::Press);
 }
 
 bool SWElement::unhideIfHidden()
 {
-    platform::Accessibility& accessibility = platform::desktop().accessibility;
+    platform::Accessibility& accessibility = m_ports.accessibility;
     const ElementRef application = accessibility.createApplication(m_pid);
-    if (!AX::read<bool>(application, AX::Hidden).value_or(false))
+    if (!AX::read<bool>(accessibility, application, AX::Hidden).value_or(false))
         return false;
     accessibility.setAttributeValue(application, AX::Hidden, false);
     return true;
@@ -143,54 +146,58 @@ bool SWElement::unhideIfHidden()
 
 void SWElement::raise()
 {
-    const platform::Desktop& desktop = platform::desktop();
     // Twice on purpose: the first round may only bring the application forward, with another of
     // its windows on top.
     for (int round = 0; round < 2; ++round) {
-        desktop.accessibility.setAttributeValue(m_element, AX::Frontmost, true);
-        desktop.accessibility.setAttributeValue(m_element, AX::Focused, true);
-        desktop.accessibility.performAction(m_element, AX::Raise);
-        desktop.workspace.activate(m_pid, platform::ActivateIgnoringOtherApps);
+        m_ports.accessibility.setAttributeValue(m_element, AX::Frontmost, true);
+        m_ports.accessibility.setAttributeValue(m_element, AX::Focused, true);
+        m_ports.accessibility.performAction(m_element, AX::Raise);
+        m_ports.workspace.activate(m_pid, platform::ActivateIgnoringOtherApps);
     }
 }
 
 std::optional<WindowID> SWElement::ownWindow() const
 {
-    return platform::desktop().accessibility.windowIDOf(m_element);
+    return m_ports.accessibility.windowIDOf(m_element);
 }
 
 std::optional<std::vector<ElementRef>> SWElement::chosenWindows() const
 {
-    return m_isRequested ? AX::read<std::vector<ElementRef>>(m_element, AX::Windows) : std::nullopt;
+    return m_isRequested
+               ? AX::read<std::vector<ElementRef>>(m_ports.accessibility, m_element, AX::Windows)
+               : std::nullopt;
 }
 
-bool SWElement::isHidden() const { return AX::read<bool>(m_element, AX::Hidden).value_or(false); }
+bool SWElement::isHidden() const
+{
+    return AX::read<bool>(m_ports.accessibility, m_element, AX::Hidden).value_or(false);
+}
 
 QRectF SWElement::getRect() const
 {
-    const auto position = AX::read<QPointF>(m_element, AX::Position);
-    const auto size = AX::read<QSizeF>(m_element, AX::Size);
+    const auto position = AX::read<QPointF>(m_ports.accessibility, m_element, AX::Position);
+    const auto size = AX::read<QSizeF>(m_ports.accessibility, m_element, AX::Size);
     return position && size ? QRectF(*position, *size) : QRectF();
 }
 
 QRectF SWElement::getNSRect() const
 {
-    const auto position = AX::read<QPointF>(m_element, AX::Position);
-    const auto size = AX::read<QSizeF>(m_element, AX::Size);
+    const auto position = AX::read<QPointF>(m_ports.accessibility, m_element, AX::Position);
+    const auto size = AX::read<QSizeF>(m_ports.accessibility, m_element, AX::Size);
     if (!position || !size)
         return {};
-    const QPointF origin = UIElementUtilities::cocoaScreenPointFromCarbonScreenPoint(*position);
+    const QPointF origin =
+        UIElementUtilities(m_ports).cocoaScreenPointFromCarbonScreenPoint(*position);
     return {QPointF(origin.x(), origin.y() - size->height()), *size};
 }
 
 std::optional<RunningApplication> SWElement::runningApplicationForDockElement() const
 {
-    const auto url = AX::read<QUrl>(m_element, AX::URL);
+    const auto url = AX::read<QUrl>(m_ports.accessibility, m_element, AX::URL);
     if (!url)
         return std::nullopt;
     const QUrl wanted = standardized(*url);
-    for (const RunningApplication& application :
-         platform::desktop().workspace.runningApplications()) {
+    for (const RunningApplication& application : m_ports.workspace.runningApplications()) {
         if (standardized(application.bundleURL) == wanted)
             return application;
     }
@@ -199,7 +206,7 @@ std::optional<RunningApplication> SWElement::runningApplicationForDockElement() 
 
 std::optional<RunningApplication> SWElement::runningApplicationForWindow() const
 {
-    return platform::desktop().workspace.runningApplication(m_pid);
+    return m_ports.workspace.runningApplication(m_pid);
 }
 
 QUrl SWElement::url() const

@@ -20,6 +20,7 @@
 #include "model/FilterLevels.h"
 #include "model/WindowVerdict.h"
 #include "platform/Accessibility.h"
+#include "platform/Desktop.h"
 #include "platform/WindowServer.h"
 #include "platform/Workspace.h"
 
@@ -41,47 +42,56 @@ struct WindowPicture {
 class SWElement
 {
 public:
-    explicit SWElement(platform::ElementRef element);
+    /// The ports outlive it, as they do every element that is made of it.
+    SWElement(const platform::Desktop& ports, platform::ElementRef element);
     SWElement(const SWElement&) = delete;
     SWElement& operator=(const SWElement&) = delete;
 
     // Constructors; null when no element results.
-    static SWElementPtr systemWideElement();
-    static SWElementPtr elementWithElementRef(const platform::ElementRef& element);
+    static SWElementPtr systemWideElement(const platform::Desktop& ports);
+    static SWElementPtr elementWithElementRef(const platform::Desktop& ports,
+                                              const platform::ElementRef& element);
     /// Point in accessibility coordinates. Gives the window at the point, or the element itself
     /// when it is a window or will not say what it is.
     static SWElementPtr elementAtPosition(QPointF point, const SWElementPtr& systemWide);
-    static SWElementPtr elementOfFocusedWindow();
-    static std::vector<SWElementPtr> elementsForElementRef(const platform::ElementRef& application);
+    static SWElementPtr elementOfFocusedWindow(const platform::Desktop& ports);
+    static std::vector<SWElementPtr> elementsForElementRef(const platform::Desktop& ports,
+                                                           const platform::ElementRef& application);
 
     // Queries on the Dock.
-    static std::int32_t getDockPid(); ///< 0 when no Dock runs
-    static SWElementPtr getFirstDockElement();
-    static SWElementPtr getDockSelectedChild();
+    static std::int32_t getDockPid(const platform::Desktop& ports); ///< 0 when no Dock runs
+    static SWElementPtr getFirstDockElement(const platform::Desktop& ports);
+    static SWElementPtr getDockSelectedChild(const platform::Desktop& ports);
     /// The Dock's items that are running applications, each with its url; null, not empty.
-    static std::optional<std::vector<SWElementPtr>> runningApps();
+    static std::optional<std::vector<SWElementPtr>> runningApps(const platform::Desktop& ports);
     static std::optional<platform::RunningApplication>
-    runningAppForProccessListIcon(const platform::ElementRef& icon);
-    static bool checkIfAppIsRunning(const platform::ElementRef& dockItem);
+    runningAppForProccessListIcon(const platform::Desktop& ports, const platform::ElementRef& icon);
+    static bool checkIfAppIsRunning(const platform::Desktop& ports,
+                                    const platform::ElementRef& dockItem);
     /// True whenever the Dock item says whether it runs, whatever it says: only application items
     /// have that attribute.
-    static bool checkIfDockApplication(const platform::ElementRef& dockItem);
-    static bool checkIfCal(const platform::ElementRef& dockItem);
-    static bool checkIfBusyCal(const platform::ElementRef& dockItem);
-    static bool checkIfMinimizedWindowIcon(const platform::ElementRef& dockItem);
-    static bool checkIfDockFocusedIsAXList();
+    static bool checkIfDockApplication(const platform::Desktop& ports,
+                                       const platform::ElementRef& dockItem);
+    static bool checkIfCal(const platform::Desktop& ports, const platform::ElementRef& dockItem);
+    static bool checkIfBusyCal(const platform::Desktop& ports,
+                               const platform::ElementRef& dockItem);
+    static bool checkIfMinimizedWindowIcon(const platform::Desktop& ports,
+                                           const platform::ElementRef& dockItem);
+    static bool checkIfDockFocusedIsAXList(const platform::Desktop& ports);
 
     // Queries on elements, windows and applications.
-    static std::optional<QString> titleForElement(const platform::ElementRef& element);
-    static bool checkIfWindow(const platform::ElementRef& element);
-    static void activateApp(const platform::ElementRef& application);
+    static std::optional<QString> titleForElement(const platform::Desktop& ports,
+                                                  const platform::ElementRef& element);
+    static bool checkIfWindow(const platform::Desktop& ports, const platform::ElementRef& element);
+    static void activateApp(const platform::Desktop& ports,
+                            const platform::ElementRef& application);
     /// Terminates every application whose name resembles that of the one under the mouse.
-    static void quitApp();
-    static bool checkIfPidHasOpenWindows(std::int32_t pid);
-    static bool checkIfAnyWindowIsOnOtherSpace();
-    static int spaceNumberOfWindow(platform::WindowID window);
+    static void quitApp(const platform::Desktop& ports);
+    static bool checkIfPidHasOpenWindows(const platform::Desktop& ports, std::int32_t pid);
+    static bool checkIfAnyWindowIsOnOtherSpace(const platform::Desktop& ports);
+    static int spaceNumberOfWindow(const platform::Desktop& ports, platform::WindowID window);
     /// Whether the window server's window is large enough to be one for the user.
-    static bool testWindow(platform::WindowID window);
+    static bool testWindow(const platform::Desktop& ports, platform::WindowID window);
     static int keyCodeForNumberKey(int digit);
 
     /// Where getFilterLevel looks levels up; null (the initial state) means there are none stored.
@@ -174,6 +184,7 @@ private:
     WindowVerdict judgeSubrole(int filterLevel) const;
     std::optional<QSizeF> sizeToCapture() const;
 
+    const platform::Desktop& m_ports;
     const platform::ElementRef m_element;
     std::atomic<std::int32_t> m_pid{0};
     std::atomic<platform::WindowID> m_wid{0};

@@ -7,7 +7,6 @@
 #include "model/BundleIdentifiers.h"
 #include "model/SWElement.h"
 #include "model/UIElementUtilities.h"
-#include "platform/Desktop.h"
 #include "platform/InputState.h"
 #include "platform/Workspace.h"
 
@@ -21,9 +20,9 @@ using platform::WindowID;
 namespace
 {
 
-SWElementPtr wrapped(const ElementRef& element)
+SWElementPtr wrapped(const platform::Desktop& ports, const ElementRef& element)
 {
-    return element ? std::make_shared<SWElement>(element) : nullptr;
+    return element ? std::make_shared<SWElement>(ports, element) : nullptr;
 }
 
 ElementRef firstOf(const std::vector<ElementRef>& elements)
@@ -31,95 +30,107 @@ ElementRef firstOf(const std::vector<ElementRef>& elements)
     return elements.empty() ? nullptr : elements.front();
 }
 
-ElementRef dockApplication()
+ElementRef dockApplication(const platform::Desktop& ports)
 {
-    const std::int32_t pid = SWElement::getDockPid();
-    return pid ? platform::desktop().accessibility.createApplication(pid) : nullptr;
+    const std::int32_t pid = SWElement::getDockPid(ports);
+    return pid ? ports.accessibility.createApplication(pid) : nullptr;
 }
 
-ElementRef dockItemList() { return firstOf(AX::readElements(dockApplication(), AX::Children)); }
+ElementRef dockItemList(const platform::Desktop& ports)
+{
+    return firstOf(AX::readElements(ports.accessibility, dockApplication(ports), AX::Children));
+}
 
-ElementRef dockFocusedElement() { return AX::readElement(dockApplication(), AX::FocusedUIElement); }
+ElementRef dockFocusedElement(const platform::Desktop& ports)
+{
+    return AX::readElement(ports.accessibility, dockApplication(ports), AX::FocusedUIElement);
+}
 
 } // namespace
 
-SWElementPtr SWElement::systemWideElement()
+SWElementPtr SWElement::systemWideElement(const platform::Desktop& ports)
 {
-    return wrapped(platform::desktop().accessibility.createSystemWide());
+    return wrapped(ports, ports.accessibility.createSystemWide());
 }
 
-SWElementPtr SWElement::elementWithElementRef(const ElementRef& element)
+SWElementPtr SWElement::elementWithElementRef(const platform::Desktop& ports,
+                                              const ElementRef& element)
 {
-    return wrapped(element);
+    return wrapped(ports, element);
 }
 
 SWElementPtr SWElement::elementAtPosition(QPointF point, const SWElementPtr& systemWide)
 {
     if (!systemWide)
         return nullptr;
-    platform::Accessibility& accessibility = platform::desktop().accessibility;
-    const platform::AXResult hit = accessibility.copyElementAtPosition(
+    const platform::Desktop& ports = systemWide->m_ports;
+    const platform::AXResult hit = ports.accessibility.copyElementAtPosition(
         static_cast<float>(point.x()), static_cast<float>(point.y()));
     const ElementRef* element = hit.as<ElementRef>();
     if (!element || !*element)
         return nullptr;
-    if (const ElementRef window = AX::readElement(*element, AX::Window))
-        return wrapped(window);
+    if (const ElementRef window = AX::readElement(ports.accessibility, *element, AX::Window))
+        return wrapped(ports, window);
     // An element that will not tell its role is kept: it may well be a window.
-    const auto role = AX::read<QString>(*element, AX::Role);
-    return !role || *role == AX::WindowRole ? wrapped(*element) : nullptr;
+    const auto role = AX::read<QString>(ports.accessibility, *element, AX::Role);
+    return !role || *role == AX::WindowRole ? wrapped(ports, *element) : nullptr;
 }
 
-SWElementPtr SWElement::elementOfFocusedWindow()
+SWElementPtr SWElement::elementOfFocusedWindow(const platform::Desktop& ports)
 {
-    const SWElementPtr systemWide = systemWideElement();
+    const SWElementPtr systemWide = systemWideElement(ports);
     if (!systemWide)
         return nullptr;
-    const ElementRef application = AX::readElement(systemWide->element(), AX::FocusedApplication);
-    return wrapped(AX::readElement(application, AX::FocusedWindow));
+    const ElementRef application =
+        AX::readElement(ports.accessibility, systemWide->element(), AX::FocusedApplication);
+    return wrapped(ports, AX::readElement(ports.accessibility, application, AX::FocusedWindow));
 }
 
-std::vector<SWElementPtr> SWElement::elementsForElementRef(const ElementRef& application)
+std::vector<SWElementPtr> SWElement::elementsForElementRef(const platform::Desktop& ports,
+                                                           const ElementRef& application)
 {
     std::vector<SWElementPtr> elements;
-    for (const ElementRef& window : AX::readElements(application, AX::Windows)) {
-        if (SWElementPtr element = wrapped(window))
+    for (const ElementRef& window :
+         AX::readElements(ports.accessibility, application, AX::Windows)) {
+        if (SWElementPtr element = wrapped(ports, window))
             elements.push_back(std::move(element));
     }
     return elements;
 }
 
-std::int32_t SWElement::getDockPid()
+std::int32_t SWElement::getDockPid(const platform::Desktop& ports)
 {
-    for (const RunningApplication& application :
-         platform::desktop().workspace.runningApplications()) {
+    for (const RunningApplication& application : ports.workspace.runningApplications()) {
         if (application.bundleIdentifier == BundleIdentifier::Dock)
             return application.pid;
     }
     return 0;
 }
 
-SWElementPtr SWElement::getFirstDockElement()
+SWElementPtr SWElement::getFirstDockElement(const platform::Desktop& ports)
 {
-    return wrapped(firstOf(AX::readElements(dockItemList(), AX::Children)));
+    return wrapped(
+        ports, firstOf(AX::readElements(ports.accessibility, dockItemList(ports), AX::Children)));
 }
 
-SWElementPtr SWElement::getDockSelectedChild()
+SWElementPtr SWElement::getDockSelectedChild(const platform::Desktop& ports)
 {
-    return wrapped(firstOf(AX::readElements(dockFocusedElement(), AX::SelectedChildren)));
+    return wrapped(ports, firstOf(AX::readElements(ports.accessibility, dockFocusedElement(ports),
+                                                   AX::SelectedChildren)));
 }
 
-std::optional<std::vector<SWElementPtr>> SWElement::runningApps()
+std::optional<std::vector<SWElementPtr>> SWElement::runningApps(const platform::Desktop& ports)
 {
     std::vector<SWElementPtr> items;
     items.reserve(3);
-    for (const ElementRef& item : AX::readElements(dockItemList(), AX::Children)) {
-        if (!checkIfAppIsRunning(item))
+    for (const ElementRef& item :
+         AX::readElements(ports.accessibility, dockItemList(ports), AX::Children)) {
+        if (!checkIfAppIsRunning(ports, item))
             continue;
-        const auto url = AX::read<QUrl>(item, AX::URL);
+        const auto url = AX::read<QUrl>(ports.accessibility, item, AX::URL);
         if (!url)
             continue;
-        SWElementPtr element = wrapped(item);
+        SWElementPtr element = wrapped(ports, item);
         element->setUrl(*url);
         items.push_back(std::move(element));
     }
@@ -128,112 +139,115 @@ std::optional<std::vector<SWElementPtr>> SWElement::runningApps()
     return items;
 }
 
-std::optional<RunningApplication> SWElement::runningAppForProccessListIcon(const ElementRef& icon)
+std::optional<RunningApplication>
+SWElement::runningAppForProccessListIcon(const platform::Desktop& ports, const ElementRef& icon)
 {
-    const auto title = titleForElement(icon);
+    const auto title = titleForElement(ports, icon);
     if (!title)
         return std::nullopt;
     // One that says which application it stands for need not be on the Dock, nor be the only one
     // of that name.
-    if (auto application = wrapped(icon)->runningApplicationForDockElement())
+    if (auto application = wrapped(ports, icon)->runningApplicationForDockElement())
         return application;
-    for (const SWElementPtr& item : runningApps().value_or(std::vector<SWElementPtr>{})) {
-        if (titleForElement(item->element()) == title && checkIfAppIsRunning(item->element()))
+    for (const SWElementPtr& item : runningApps(ports).value_or(std::vector<SWElementPtr>{})) {
+        if (titleForElement(ports, item->element()) == title &&
+            checkIfAppIsRunning(ports, item->element()))
             return item->runningApplicationForDockElement();
     }
     return std::nullopt;
 }
 
-bool SWElement::checkIfAppIsRunning(const ElementRef& dockItem)
+bool SWElement::checkIfAppIsRunning(const platform::Desktop& ports, const ElementRef& dockItem)
 {
-    return AX::read<bool>(dockItem, AX::IsApplicationRunning).value_or(false);
+    return AX::read<bool>(ports.accessibility, dockItem, AX::IsApplicationRunning).value_or(false);
 }
 
-bool SWElement::checkIfDockApplication(const ElementRef& dockItem)
+bool SWElement::checkIfDockApplication(const platform::Desktop& ports, const ElementRef& dockItem)
 {
-    return dockItem && platform::desktop()
-                           .accessibility.copyAttributeValue(dockItem, AX::IsApplicationRunning)
-                           .ok();
+    return dockItem &&
+           ports.accessibility.copyAttributeValue(dockItem, AX::IsApplicationRunning).ok();
 }
 
-bool SWElement::checkIfCal(const ElementRef& dockItem)
+bool SWElement::checkIfCal(const platform::Desktop& ports, const ElementRef& dockItem)
 {
-    if (!AX::equals(dockItem, AX::Subrole, AX::ApplicationDockItem))
+    if (!AX::equals(ports.accessibility, dockItem, AX::Subrole, AX::ApplicationDockItem))
         return false;
-    const auto title = titleForElement(dockItem);
+    const auto title = titleForElement(ports, dockItem);
     if (title && (*title == QLatin1String("iCal") || *title == QLatin1String("Calendar") ||
                   *title == QLatin1String("BusyCal")))
         return true;
     // Titles are in the user's language, and calendars have other names elsewhere.
-    const auto url = AX::read<QUrl>(dockItem, AX::URL);
-    return url && platform::desktop().workspace.roleOfApplication(*url) ==
-                      platform::ApplicationRole::Calendar;
+    const auto url = AX::read<QUrl>(ports.accessibility, dockItem, AX::URL);
+    return url && ports.workspace.roleOfApplication(*url) == platform::ApplicationRole::Calendar;
 }
 
-bool SWElement::checkIfBusyCal(const ElementRef& dockItem)
+bool SWElement::checkIfBusyCal(const platform::Desktop& ports, const ElementRef& dockItem)
 {
-    return titleForElement(dockItem) == QStringLiteral("BusyCal") &&
-           AX::equals(dockItem, AX::Subrole, AX::ApplicationDockItem);
+    return titleForElement(ports, dockItem) == QStringLiteral("BusyCal") &&
+           AX::equals(ports.accessibility, dockItem, AX::Subrole, AX::ApplicationDockItem);
 }
 
-bool SWElement::checkIfMinimizedWindowIcon(const ElementRef& dockItem)
+bool SWElement::checkIfMinimizedWindowIcon(const platform::Desktop& ports,
+                                           const ElementRef& dockItem)
 {
-    return AX::equals(dockItem, AX::Subrole, AX::MinimizedWindowDockItem);
+    return AX::equals(ports.accessibility, dockItem, AX::Subrole, AX::MinimizedWindowDockItem);
 }
 
-bool SWElement::checkIfDockFocusedIsAXList()
+bool SWElement::checkIfDockFocusedIsAXList(const platform::Desktop& ports)
 {
-    return AX::equals(dockFocusedElement(), AX::Subrole, AX::ProcessSwitcherList);
+    return AX::equals(ports.accessibility, dockFocusedElement(ports), AX::Subrole,
+                      AX::ProcessSwitcherList);
 }
 
-std::optional<QString> SWElement::titleForElement(const ElementRef& element)
+std::optional<QString> SWElement::titleForElement(const platform::Desktop& ports,
+                                                  const ElementRef& element)
 {
-    return AX::read<QString>(element, AX::Title);
+    return AX::read<QString>(ports.accessibility, element, AX::Title);
 }
 
-bool SWElement::checkIfWindow(const ElementRef& element)
+bool SWElement::checkIfWindow(const platform::Desktop& ports, const ElementRef& element)
 {
-    return AX::equals(element, AX::Role, AX::WindowRole);
+    return AX::equals(ports.accessibility, element, AX::Role, AX::WindowRole);
 }
 
-void SWElement::activateApp(const ElementRef& application)
+void SWElement::activateApp(const platform::Desktop& ports, const ElementRef& application)
 {
-    platform::Accessibility& accessibility = platform::desktop().accessibility;
+    platform::Accessibility& accessibility = ports.accessibility;
     accessibility.setAttributeValue(application, AX::Frontmost, true);
     accessibility.setAttributeValue(application, AX::Hidden, false);
 }
 
-void SWElement::quitApp()
+void SWElement::quitApp(const platform::Desktop& ports)
 {
-    const platform::Desktop& desktop = platform::desktop();
-    const QPointF mouse = UIElementUtilities::carbonScreenPointFromCocoaScreenPoint(
-        desktop.inputState.mouseLocation());
-    const SWElementPtr element = elementAtPosition(mouse, systemWideElement());
+    const QPointF mouse = UIElementUtilities(ports).carbonScreenPointFromCocoaScreenPoint(
+        ports.inputState.mouseLocation());
+    const SWElementPtr element = elementAtPosition(mouse, systemWideElement(ports));
     if (!element)
         return;
-    const ElementRef parent = AX::readElement(element->element(), AX::Parent);
-    const auto title = titleForElement(parent);
-    if (!title || title->isEmpty() || !AX::equals(parent, AX::Role, AX::ApplicationRole))
+    const ElementRef parent = AX::readElement(ports.accessibility, element->element(), AX::Parent);
+    const auto title = titleForElement(ports, parent);
+    if (!title || title->isEmpty() ||
+        !AX::equals(ports.accessibility, parent, AX::Role, AX::ApplicationRole))
         return;
     // Deliberately loose: the name under the mouse may be longer or shorter than the
     // application's own, and its helpers go with it.
-    for (const RunningApplication& application : desktop.workspace.runningApplications()) {
+    for (const RunningApplication& application : ports.workspace.runningApplications()) {
         const QString& name = application.localizedName;
         if (!name.isEmpty() && (name.contains(*title) || title->contains(name)))
-            desktop.workspace.terminate(application.pid);
+            ports.workspace.terminate(application.pid);
     }
 }
 
-bool SWElement::checkIfPidHasOpenWindows(std::int32_t pid)
+bool SWElement::checkIfPidHasOpenWindows(const platform::Desktop& ports, std::int32_t pid)
 {
-    platform::Accessibility& accessibility = platform::desktop().accessibility;
+    platform::Accessibility& accessibility = ports.accessibility;
     const ElementRef application = accessibility.createApplication(pid);
     if (!application)
         return false;
     const platform::AXResult result = accessibility.copyAttributeValue(application, AX::Windows);
     if (const auto* windows = result.as<std::vector<ElementRef>>()) {
         for (const ElementRef& window : *windows) {
-            const auto subrole = AX::read<QString>(window, AX::Subrole);
+            const auto subrole = AX::read<QString>(accessibility, window, AX::Subrole);
             if (subrole == AX::StandardWindow || subrole == AX::Dialog ||
                 subrole == AX::SystemDialog)
                 return true;
@@ -243,27 +257,27 @@ bool SWElement::checkIfPidHasOpenWindows(std::int32_t pid)
     return result.error == platform::AXError::CannotComplete;
 }
 
-bool SWElement::checkIfAnyWindowIsOnOtherSpace()
+bool SWElement::checkIfAnyWindowIsOnOtherSpace(const platform::Desktop& ports)
 {
-    platform::WindowServer& server = platform::desktop().windowServer;
+    platform::WindowServer& server = ports.windowServer;
     for (const platform::WindowInfo& entry :
          server.copyWindowInfo(platform::WindowListOption::ExcludeDesktopElements)) {
-        if (spaceNumberOfWindow(entry.number) > 1)
+        if (spaceNumberOfWindow(ports, entry.number) > 1)
             return true;
     }
     return false;
 }
 
-int SWElement::spaceNumberOfWindow(WindowID window)
+int SWElement::spaceNumberOfWindow(const platform::Desktop& ports, WindowID window)
 {
-    return platform::desktop().windowServer.windowWorkspace(window).value_or(0);
+    return ports.windowServer.windowWorkspace(window).value_or(0);
 }
 
-bool SWElement::testWindow(WindowID window)
+bool SWElement::testWindow(const platform::Desktop& ports, WindowID window)
 {
     if (window == 0)
         return false;
-    const auto bounds = platform::desktop().windowServer.windowBounds(window);
+    const auto bounds = ports.windowServer.windowBounds(window);
     if (!bounds || bounds->width() == 0 || bounds->height() == 0)
         return false;
     return bounds->width() >= 50 || bounds->height() >= 50;

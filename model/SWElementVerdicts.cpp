@@ -8,7 +8,6 @@
 #include "model/BundleIdentifiers.h"
 #include "model/FilterLevels.h"
 #include "model/SWElement.h"
-#include "platform/Desktop.h"
 #include "platform/Workspace.h"
 
 namespace lumbrix
@@ -105,7 +104,7 @@ AppliedFilterLevel SWElement::filterLevelOf(const QString& bundle)
 
 WindowVerdict SWElement::matchWindow(const WindowList& windowList)
 {
-    platform::Accessibility& accessibility = platform::desktop().accessibility;
+    platform::Accessibility& accessibility = m_ports.accessibility;
     const AXResult size = accessibility.copyAttributeValue(m_element, AX::Size);
     const AXResult position = accessibility.copyAttributeValue(m_element, AX::Position);
     if (!size.as<QSizeF>() || !position.as<QPointF>())
@@ -114,7 +113,7 @@ WindowVerdict SWElement::matchWindow(const WindowList& windowList)
     if (!pid)
         return WindowVerdict::NoProcess;
     m_pid = *pid;
-    const auto application = platform::desktop().workspace.runningApplication(*pid);
+    const auto application = m_ports.workspace.runningApplication(*pid);
     setBundle(application ? application->bundleIdentifier : QString());
     const QString title = getTitle().value_or(QString());
     const Target target({*position.as<QPointF>(), *size.as<QSizeF>()}, bundle(), getFilterLevel());
@@ -132,7 +131,7 @@ WindowVerdict SWElement::matchWindow(const WindowList& windowList)
             skip(WindowVerdict::NoOrdinaryLayer);
         } else if (!target.holds(entry.bounds)) {
             skip(WindowVerdict::NoSameFrame);
-        } else if (!testWindow(entry.number)) {
+        } else if (!testWindow(m_ports, entry.number)) {
             skip(WindowVerdict::TooSmall);
         } else if (title.isEmpty()) {
             return WindowVerdict::Untitled; // an untitled window is never matched
@@ -155,13 +154,13 @@ WindowVerdict SWElement::matchWindow(const WindowList& windowList)
 bool SWElement::isOwnerAsMatched() const
 {
     const std::int32_t known = m_pid;
-    const auto pid = platform::desktop().accessibility.pidOf(m_element);
+    const auto pid = m_ports.accessibility.pidOf(m_element);
     if (!pid || known == 0)
         return true; // gone, or never matched: for others to tell
     if (*pid != known)
         return false;
     const QString matched = bundle();
-    const auto application = platform::desktop().workspace.runningApplication(known);
+    const auto application = m_ports.workspace.runningApplication(known);
     return !application || matched.isEmpty() || application->bundleIdentifier == matched;
 }
 
@@ -174,8 +173,7 @@ WindowVerdict SWElement::judgeExistence()
         return WindowVerdict::BlockedByLevel;
     if (!checkIfWIDIsInWindowList())
         return WindowVerdict::ClosedToServer;
-    const AXResult read =
-        platform::desktop().accessibility.copyAttributeValue(m_element, AX::Title);
+    const AXResult read = m_ports.accessibility.copyAttributeValue(m_element, AX::Title);
     const auto title = titleFrom(read);
     if (!title)
         return verdictOnFailure(read.error);
@@ -184,7 +182,7 @@ WindowVerdict SWElement::judgeExistence()
     if (*title == notResponding() && m_previouslyGood)
         return WindowVerdict::Good;
     const WindowVerdict verdict =
-        checkIfWindow(m_element) ? judgeSubrole(level) : WindowVerdict::NoWindowRole;
+        checkIfWindow(m_ports, m_element) ? judgeSubrole(level) : WindowVerdict::NoWindowRole;
     m_previouslyGood = verdict == WindowVerdict::Good;
     return verdict;
 }
@@ -193,12 +191,13 @@ WindowVerdict SWElement::judgeSubrole(int filterLevel) const
 {
     if (filterLevel == everyWindowFilterLevel)
         return WindowVerdict::Good;
-    const auto subrole = AX::read<QString>(m_element, AX::Subrole);
+    const auto subrole = AX::read<QString>(m_ports.accessibility, m_element, AX::Subrole);
     if (subrole && filterLevel == standardFilterLevel &&
         (*subrole == AX::FloatingWindow || *subrole == AX::SystemFloatingWindow ||
          *subrole == AX::Unknown))
         return WindowVerdict::FloatingAtLevel;
-    if (subrole == AX::StandardWindow || !AX::readElements(m_element, AX::Children).empty())
+    if (subrole == AX::StandardWindow ||
+        !AX::readElements(m_ports.accessibility, m_element, AX::Children).empty())
         return WindowVerdict::Good;
     return WindowVerdict::NoContent;
 }
@@ -209,11 +208,10 @@ bool SWElement::checkIfWIDIsInWindowList() const
     if (bundle() != BundleIdentifier::ITunes)
         return true;
     const WindowID window = m_wid;
-    if (window == 0 || checkIfMinimized() || platform::desktop().workspace.isHidden(m_pid))
+    if (window == 0 || checkIfMinimized() || m_ports.workspace.isHidden(m_pid))
         return true;
     for (int workspace = 1; workspace <= 16; ++workspace) {
-        for (const WindowID other :
-             platform::desktop().windowServer.workspaceWindowList(workspace)) {
+        for (const WindowID other : m_ports.windowServer.workspaceWindowList(workspace)) {
             if (other == window)
                 return true;
         }

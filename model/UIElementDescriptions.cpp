@@ -6,7 +6,6 @@
 
 #include "model/AXNames.h"
 #include "model/UIElementUtilities.h"
-#include "platform/Desktop.h"
 
 namespace lumbrix
 {
@@ -26,13 +25,13 @@ QString listOfSize(std::size_t count)
     return QString::asprintf("<array of size %d>", static_cast<int>(count));
 }
 
-QString elementInWords(const ElementRef& element)
+QString elementInWords(const UIElementUtilities& utilities, const ElementRef& element)
 {
-    const auto role = UIElementUtilities::roleOfUIElement(element);
+    const auto role = utilities.roleOfUIElement(element);
     if (!role)
         return QString::asprintf("<AXUIElement pid=%d>",
-                                 UIElementUtilities::processIdentifierOfUIElement(element));
-    const auto title = UIElementUtilities::titleOfUIElement(element);
+                                 utilities.processIdentifierOfUIElement(element));
+    const auto title = utilities.titleOfUIElement(element);
     if (title && !title->isEmpty())
         return QStringLiteral("<%1: “%2”>").arg(*role, *title);
     return QStringLiteral("<%1>").arg(*role);
@@ -49,12 +48,13 @@ QString filtered(const QString& text, const UIElementUtilities::TextFilter& filt
     return filter ? filter(text) : text;
 }
 
-void appendLineage(const ElementRef& element, int depth, std::vector<QString>& lineage)
+void appendLineage(const UIElementUtilities& utilities, const ElementRef& element, int depth,
+                   std::vector<QString>& lineage)
 {
-    const ElementRef parent = UIElementUtilities::parentOfUIElement(element);
+    const ElementRef parent = utilities.parentOfUIElement(element);
     if (parent && depth < maxAncestors)
-        appendLineage(parent, depth + 1, lineage);
-    lineage.push_back(elementInWords(element));
+        appendLineage(utilities, parent, depth + 1, lineage);
+    lineage.push_back(elementInWords(utilities, element));
 }
 
 } // namespace
@@ -79,7 +79,8 @@ QString UIElementUtilities::stringDescriptionOfAXValue(const Value& value, bool 
     return QStringLiteral("AXValue???");
 }
 
-std::optional<QString> UIElementUtilities::descriptionOfValue(const Value& value, bool beingVerbose)
+std::optional<QString> UIElementUtilities::descriptionOfValue(const Value& value,
+                                                              bool beingVerbose) const
 {
     if (std::holds_alternative<std::monostate>(value))
         return std::nullopt;
@@ -94,17 +95,17 @@ std::optional<QString> UIElementUtilities::descriptionOfValue(const Value& value
     if (const auto* list = std::get_if<std::vector<ElementRef>>(&value))
         return listOfSize(list->size());
     if (const auto* element = std::get_if<ElementRef>(&value))
-        return *element ? std::optional(elementInWords(*element)) : std::nullopt;
+        return *element ? std::optional(elementInWords(*this, *element)) : std::nullopt;
     return stringDescriptionOfAXValue(value, beingVerbose);
 }
 
 std::optional<QString> UIElementUtilities::descriptionForUIElement(const Element& element,
                                                                    const QString& attribute,
-                                                                   bool beingVerbose)
+                                                                   bool beingVerbose) const
 {
     if (!element)
         return std::nullopt;
-    platform::Accessibility& accessibility = platform::desktop().accessibility;
+    platform::Accessibility& accessibility = m_ports.accessibility;
     if (attribute == AX::Children || attribute == AX::Rows) {
         const AXResult count = accessibility.attributeValueCount(element, attribute);
         if (const double* number = count.as<double>())
@@ -114,16 +115,16 @@ std::optional<QString> UIElementUtilities::descriptionForUIElement(const Element
     return result.ok() ? descriptionOfValue(result.value, beingVerbose) : std::nullopt;
 }
 
-std::vector<QString> UIElementUtilities::lineageOfUIElement(const Element& element)
+std::vector<QString> UIElementUtilities::lineageOfUIElement(const Element& element) const
 {
     std::vector<QString> lineage;
     if (element)
-        appendLineage(element, 0, lineage);
+        appendLineage(*this, element, 0, lineage);
     return lineage;
 }
 
 QString UIElementUtilities::lineageDescriptionOfUIElement(const Element& element,
-                                                          const TextFilter& filter)
+                                                          const TextFilter& filter) const
 {
     QString text;
     QString indent;
@@ -135,7 +136,7 @@ QString UIElementUtilities::lineageDescriptionOfUIElement(const Element& element
 }
 
 QString UIElementUtilities::stringDescriptionOfUIElement(const Element& element,
-                                                         const TextFilter& filter)
+                                                         const TextFilter& filter) const
 {
     QString text = lineageDescriptionOfUIElement(element, filter);
     const auto attributes = attributeNamesOfUIElement(element);
@@ -158,7 +159,7 @@ QString UIElementUtilities::stringDescriptionOfUIElement(const Element& element,
     return text;
 }
 
-QString UIElementUtilities::descriptionOfAXDescriptionOfUIElement(const Element& element)
+QString UIElementUtilities::descriptionOfAXDescriptionOfUIElement(const Element& element) const
 {
     const Value value = valueOfAttribute(AX::Description, element);
     const auto* text = std::get_if<QString>(&value);

@@ -9,7 +9,6 @@
 #include <string_view>
 
 #include "model/UIElementUtilities.h"
-#include "platform/Desktop.h"
 
 namespace lumbrix
 {
@@ -114,14 +113,14 @@ struct Parse {
 } // namespace
 
 void UIElementUtilities::setStringValue(const QString& text, const QString& attribute,
-                                        const Element& element)
+                                        const Element& element) const
 {
     if (attribute.isNull())
         return;
     const Value present = valueOfAttribute(attribute, element);
     const Value value = std::visit(Parse{text}, present);
     if (!std::holds_alternative<std::monostate>(value))
-        platform::desktop().accessibility.setAttributeValue(element, attribute, value);
+        m_ports.accessibility.setAttributeValue(element, attribute, value);
 }
 
 } // namespace lumbrix

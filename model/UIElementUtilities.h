@@ -17,6 +17,7 @@
 #include <vector>
 
 #include "platform/Accessibility.h"
+#include "platform/Desktop.h"
 
 namespace lumbrix
 {
@@ -32,47 +33,53 @@ public:
     /// What becomes of a description before it is written into a text of several lines.
     using TextFilter = std::function<QString(const QString&)>;
 
+    /// The ports outlive it.
+    explicit UIElementUtilities(const platform::Desktop& ports) : m_ports(ports) {}
+
     // Access.
-    static std::int32_t processIdentifierOfUIElement(const Element& element);
-    static std::optional<std::vector<QString>> attributeNamesOfUIElement(const Element& element);
-    static std::optional<std::vector<QString>> actionNamesOfUIElement(const Element& element);
-    static Text descriptionOfAction(const QString& action, const Element& element);
-    static void performAction(const QString& action, const Element& element);
+    std::int32_t processIdentifierOfUIElement(const Element& element) const;
+    std::optional<std::vector<QString>> attributeNamesOfUIElement(const Element& element) const;
+    std::optional<std::vector<QString>> actionNamesOfUIElement(const Element& element) const;
+    Text descriptionOfAction(const QString& action, const Element& element) const;
+    void performAction(const QString& action, const Element& element) const;
     /// Null also for an attribute that the element does not list.
-    static Value valueOfAttribute(const QString& attribute, const Element& element);
-    static bool canSetAttribute(const QString& attribute, const Element& element);
+    Value valueOfAttribute(const QString& attribute, const Element& element) const;
+    bool canSetAttribute(const QString& attribute, const Element& element) const;
     /// Sets the attribute to what the text says, in the terse form of the value it has now: a point
     /// as "x=1 y=2", a string as it is. Nothing when the text does not begin in that form, or when
     /// there is no value now or one of a kind without such a form.
-    static void setStringValue(const QString& text, const QString& attribute,
-                               const Element& element);
-    static Element parentOfUIElement(const Element& element);
-    static Text roleOfUIElement(const Element& element);
-    static Text titleOfUIElement(const Element& element);
-    static bool isApplicationUIElement(const Element& element);
+    void setStringValue(const QString& text, const QString& attribute,
+                        const Element& element) const;
+    Element parentOfUIElement(const Element& element) const;
+    Text roleOfUIElement(const Element& element) const;
+    Text titleOfUIElement(const Element& element) const;
+    bool isApplicationUIElement(const Element& element) const;
 
     // Geometry.
     /// Both mirror y at the main screen's height; (0, 0) when no screen is known.
-    static QPointF carbonScreenPointFromCocoaScreenPoint(QPointF point);
-    static QPointF cocoaScreenPointFromCarbonScreenPoint(QPointF point);
+    QPointF carbonScreenPointFromCocoaScreenPoint(QPointF point) const;
+    QPointF cocoaScreenPointFromCarbonScreenPoint(QPointF point) const;
     /// A rectangle measured from the top becomes one measured from the bottom.
-    static QRectF flippedScreenBounds(const QRectF& bounds);
-    static QRectF frameOfUIElement(const Element& element); ///< screen coordinates
+    QRectF flippedScreenBounds(const QRectF& bounds) const;
+    QRectF frameOfUIElement(const Element& element) const; ///< screen coordinates
 
     // Descriptions. Verbose ones name the kind of a value.
     static QString stringDescriptionOfAXValue(const Value& value, bool beingVerbose);
-    static Text descriptionOfValue(const Value& value, bool beingVerbose);
+    Text descriptionOfValue(const Value& value, bool beingVerbose) const;
     /// Children and rows are counted, not fetched.
-    static Text descriptionForUIElement(const Element& element, const QString& attribute,
-                                        bool beingVerbose);
+    Text descriptionForUIElement(const Element& element, const QString& attribute,
+                                 bool beingVerbose) const;
     /// From the top ancestor down to the element.
-    static std::vector<QString> lineageOfUIElement(const Element& element);
-    static QString lineageDescriptionOfUIElement(const Element& element,
-                                                 const TextFilter& filter = {});
+    std::vector<QString> lineageOfUIElement(const Element& element) const;
+    QString lineageDescriptionOfUIElement(const Element& element,
+                                          const TextFilter& filter = {}) const;
     /// Lineage, attributes and actions, a line each.
-    static QString stringDescriptionOfUIElement(const Element& element,
-                                                const TextFilter& filter = {});
-    static QString descriptionOfAXDescriptionOfUIElement(const Element& element);
+    QString stringDescriptionOfUIElement(const Element& element,
+                                         const TextFilter& filter = {}) const;
+    QString descriptionOfAXDescriptionOfUIElement(const Element& element) const;
+
+private:
+    const platform::Desktop& m_ports;
 };
 
 } // namespace lumbrix

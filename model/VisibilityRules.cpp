@@ -5,23 +5,22 @@
 
 #include "model/Modifiers.h"
 #include "model/SWElement.h"
-#include "platform/Desktop.h"
 #include "platform/Workspace.h"
 
 namespace lumbrix
 {
 
-VisibilityRules::VisibilityRules(const EngineSettings& settings)
-    : m_settings(settings), m_areSuspended(areFiltersSuspended(settings))
+VisibilityRules::VisibilityRules(const platform::Desktop& ports, const EngineSettings& settings)
+    : m_ports(ports), m_settings(settings),
+      m_areSuspended(areFiltersSuspended(ports.inputState, settings))
 {
 }
 
 WindowVerdict VisibilityRules::verdictForApplication(std::int32_t pid) const
 {
     const bool leavesOut = m_settings.ignoreHidden && !m_areSuspended;
-    return leavesOut && platform::desktop().workspace.isHidden(pid)
-               ? WindowVerdict::ApplicationHidden
-               : WindowVerdict::Good;
+    return leavesOut && m_ports.workspace.isHidden(pid) ? WindowVerdict::ApplicationHidden
+                                                        : WindowVerdict::Good;
 }
 
 WindowVerdict VisibilityRules::verdictForWindow(const SWElement& window) const

@@ -8,6 +8,7 @@
 
 #include "model/EngineSettings.h"
 #include "model/WindowVerdict.h"
+#include "platform/Desktop.h"
 
 namespace lumbrix
 {
@@ -18,7 +19,7 @@ class SWElement;
 class VisibilityRules
 {
 public:
-    explicit VisibilityRules(const EngineSettings& settings);
+    VisibilityRules(const platform::Desktop& ports, const EngineSettings& settings);
 
     /// ApplicationHidden or Good.
     WindowVerdict verdictForApplication(std::int32_t pid) const;
@@ -27,6 +28,7 @@ public:
     bool areSuspended() const { return m_areSuspended; }
 
 private:
+    const platform::Desktop& m_ports;
     const EngineSettings& m_settings;
     const bool m_areSuspended;
 };

@@ -7,7 +7,6 @@
 
 #include "model/BundleIdentifiers.h"
 #include "model/VisibilityRules.h"
-#include "platform/Desktop.h"
 #include "platform/Workspace.h"
 
 namespace lumbrix
@@ -16,8 +15,9 @@ namespace lumbrix
 using platform::ElementRef;
 using platform::WindowList;
 
-WindowInventory::WindowInventory(const EngineSettings& settings, InventoryObserver& observer)
-    : m_settings(settings), m_observer(observer)
+WindowInventory::WindowInventory(const platform::Desktop& ports, const EngineSettings& settings,
+                                 InventoryObserver& observer)
+    : m_ports(ports), m_settings(settings), m_observer(observer)
 {
     m_windows.reserve(5);
 }
@@ -61,15 +61,14 @@ void WindowInventory::removeObject(const SWElementPtr& element)
     m_observer.windowsChanged();
 }
 
-WindowList WindowInventory::copyWindowList()
+WindowList WindowInventory::copyWindowList() const
 {
-    return platform::desktop().windowServer.copyWindowInfo(
-        platform::WindowListOption::ExcludeDesktopElements);
+    return m_ports.windowServer.copyWindowInfo(platform::WindowListOption::ExcludeDesktopElements);
 }
 
 std::vector<std::int32_t> WindowInventory::scannedApplications() const
 {
-    platform::Workspace& workspace = platform::desktop().workspace;
+    platform::Workspace& workspace = m_ports.workspace;
     if (!m_settings.showOthersInDockIcon)
         return workspace.launchedApplications();
     std::vector<std::int32_t> pids;
@@ -102,10 +101,10 @@ void WindowInventory::cleanWindowsArray()
 
 void WindowInventory::addAppWindows(std::int32_t pid, const WindowList& windowList)
 {
-    const ElementRef application = platform::desktop().accessibility.createApplication(pid);
+    const ElementRef application = m_ports.accessibility.createApplication(pid);
     if (!application)
         return;
-    for (const SWElementPtr& window : SWElement::elementsForElementRef(application))
+    for (const SWElementPtr& window : SWElement::elementsForElementRef(m_ports, application))
         processWindow(window, windowList);
 }
 
@@ -152,7 +151,7 @@ void WindowInventory::removeWindow(const ElementRef& element)
 
 std::vector<SWElementPtr> WindowInventory::windowsForPID(std::int32_t pid) const
 {
-    const VisibilityRules rules(m_settings);
+    const VisibilityRules rules(m_ports, m_settings);
     if (rules.verdictForApplication(pid) != WindowVerdict::Good)
         return {};
     std::vector<SWElementPtr> windows;
@@ -171,7 +170,7 @@ std::vector<SWElementPtr> WindowInventory::windowsForPID(std::int32_t pid) const
 bool WindowInventory::standsForOthers(const platform::RunningApplication& application) const
 {
     return m_settings.showOthersInDockIcon &&
-           application.bundleIdentifier == platform::desktop().workspace.ownBundleIdentifier();
+           application.bundleIdentifier == m_ports.workspace.ownBundleIdentifier();
 }
 
 std::vector<std::int32_t>
@@ -205,7 +204,7 @@ WindowInventory::windowsBehindItem(const SWElement& item,
     const auto chosen = item.chosenWindows();
     if (!chosen)
         return windowsBehindIcon(application);
-    const VisibilityRules rules(m_settings);
+    const VisibilityRules rules(m_ports, m_settings);
     const auto known = windowsArray();
     std::vector<SWElementPtr> windows;
     for (const ElementRef& each : *chosen) {
@@ -234,7 +233,7 @@ int WindowInventory::countForPID(std::int32_t pid) const
 int WindowInventory::countForRunningApp(const platform::RunningApplication& application) const
 {
     if (!standsForOthers(application) && m_settings.ignoreHidden &&
-        platform::desktop().workspace.isHidden(application.pid))
+        m_ports.workspace.isHidden(application.pid))
         return 0;
     int count = 0;
     for (const std::int32_t pid : processesBehindIcon(application))
@@ -258,9 +257,9 @@ SWElementPtr WindowInventory::windowForMinimizedIcon(const SWElement& icon) cons
     return nullptr;
 }
 
-std::vector<std::int32_t> WindowInventory::applicationsWithoutDockIcon()
+std::vector<std::int32_t> WindowInventory::applicationsWithoutDockIcon() const
 {
-    platform::Workspace& workspace = platform::desktop().workspace;
+    platform::Workspace& workspace = m_ports.workspace;
     const std::vector<std::int32_t> launched = workspace.launchedApplications();
     std::vector<std::int32_t> others;
     for (const auto& application : workspace.runningApplications()) {

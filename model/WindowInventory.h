@@ -11,6 +11,7 @@
 
 #include "model/EngineSettings.h"
 #include "model/SWElement.h"
+#include "platform/Desktop.h"
 #include "platform/WindowServer.h"
 
 namespace lumbrix
@@ -31,8 +32,9 @@ public:
 class WindowInventory
 {
 public:
-    /// Both outlive the inventory.
-    WindowInventory(const EngineSettings& settings, InventoryObserver& observer);
+    /// All of it outlives the inventory.
+    WindowInventory(const platform::Desktop& ports, const EngineSettings& settings,
+                    InventoryObserver& observer);
 
     std::vector<SWElementPtr> windowsArray() const;
     void addObject(const SWElementPtr& element);
@@ -73,12 +75,13 @@ public:
     /// first of its title; null when none is known.
     SWElementPtr windowForMinimizedIcon(const SWElement& icon) const;
     /// Running applications that have no Dock icon of their own, in running order.
-    static std::vector<std::int32_t> applicationsWithoutDockIcon();
+    std::vector<std::int32_t> applicationsWithoutDockIcon() const;
 
     /// The window server's list as every caller takes it.
-    static platform::WindowList copyWindowList();
+    platform::WindowList copyWindowList() const;
 
 private:
+    const platform::Desktop& m_ports;
     const EngineSettings& m_settings;
     InventoryObserver& m_observer;
     struct ElementHash {

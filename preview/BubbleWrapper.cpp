@@ -48,11 +48,12 @@ QRectF frameAround(const ScreenyView& first, const ScreenyView& last)
 /// would lie on the next one.
 QRectF onOneScreen(const QRectF& frame)
 {
-    const QRectF bounds = UIElementUtilities::flippedScreenBounds(frame);
+    const QRectF bounds = UIElementUtilities(platform::desktop()).flippedScreenBounds(frame);
     const QRectF screen =
         PreviewLayout::screenOfIcon(bounds, platform::desktop().windowServer.screens());
-    return bounds.intersects(screen) ? UIElementUtilities::flippedScreenBounds(bounds & screen)
-                                     : frame;
+    return bounds.intersects(screen)
+               ? UIElementUtilities(platform::desktop()).flippedScreenBounds(bounds & screen)
+               : frame;
 }
 
 } // namespace

@@ -24,7 +24,7 @@ namespace
 /// neither overlap nor leave a gap.
 QRect toolkitRect(const QRectF& frame)
 {
-    const QRectF bounds = UIElementUtilities::flippedScreenBounds(frame);
+    const QRectF bounds = UIElementUtilities(platform::desktop()).flippedScreenBounds(frame);
     const QRectF flipped =
         bounds.translated(platform::desktop().windowServer.toolkitOffset(bounds));
     const int left = qRound(flipped.x());

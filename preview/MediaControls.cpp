@@ -30,7 +30,8 @@ bool isMainWindowOfMusicPlayer(const ScreenyView& preview, const QString& identi
     if (identifier == BundleIdentifier::ITunes)
         return preview.titleString() == u"iTunes";
     return role == ApplicationRole::MusicPlayer && preview.elementRef() &&
-           AX::equals(preview.elementRef()->element(), AX::Subrole, AX::StandardWindow);
+           AX::equals(platform::desktop().accessibility, preview.elementRef()->element(),
+                      AX::Subrole, AX::StandardWindow);
 }
 
 void showTrack(ScreenyView& preview, const SWScript& script)

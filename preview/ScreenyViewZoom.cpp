@@ -41,7 +41,7 @@ void ScreenyView::armZoom()
     m_zoomWatch = isCurrent;
     m_mouseCheckerThread = runLoop.detachThread(
         "zoom", [&runLoop, weak = weak_from_this(), isCurrent](const platform::Thread& self) {
-            if (!waitForMouseRest(self))
+            if (!waitForMouseRest(platform::desktop(), self))
                 return;
             runLoop.performOnMainThread(
                 [weak, isCurrent] {

@@ -9,9 +9,7 @@
 #include "app/inspect/PrintableText.h"
 #include "engine/StripArranger.h"
 #include "model/AXRead.h"
-#include "model/UIElementUtilities.h"
 #include "model/VisibilityRules.h"
-#include "platform/Desktop.h"
 #include "platform/InputState.h"
 #include "platform/UserDefaults.h"
 
@@ -55,24 +53,22 @@ QStringList settingsThatMatter(const platform::UserDefaults& defaults)
 }
 
 /// 0 when it is not known.
-WindowID numberOf(const SWElement& window)
+WindowID numberOf(const SWElement& window, const platform::Desktop& ports)
 {
-    return window.wid() != 0
-               ? window.wid()
-               : platform::desktop().accessibility.windowIDOf(window.element()).value_or(0);
+    return window.wid() != 0 ? window.wid()
+                             : ports.accessibility.windowIDOf(window.element()).value_or(0);
 }
 
-std::vector<SWElementPtr> windowsOf(std::int32_t pid)
+std::vector<SWElementPtr> windowsOf(std::int32_t pid, const platform::Desktop& ports)
 {
-    return SWElement::elementsForElementRef(
-        platform::desktop().accessibility.createApplication(pid));
+    return SWElement::elementsForElementRef(ports, ports.accessibility.createApplication(pid));
 }
 
 } // namespace
 
 Inspector::Inspector()
 {
-    const platform::UserDefaults& defaults = platform::desktop().userDefaults;
+    const platform::UserDefaults& defaults = m_ports.userDefaults;
     mirrorEngineSettings(defaults, m_settings);
     m_hasRun = defaults.boolForKey(QStringLiteral("firstRun"));
     m_showsCalendars = integerSetting(defaults, QStringLiteral("shouldShowCal")) != 0;
@@ -89,17 +85,16 @@ Inspector::~Inspector() { SWElement::setFilterLevels(nullptr); }
 
 void Inspector::aim()
 {
-    const platform::Desktop& desktop = platform::desktop();
-    m_pointer = UIElementUtilities::carbonScreenPointFromCocoaScreenPoint(
-        desktop.inputState.mouseLocation());
-    const platform::AXResult hit = desktop.accessibility.copyElementAtPosition(
+    m_pointer =
+        m_utilities.carbonScreenPointFromCocoaScreenPoint(m_ports.inputState.mouseLocation());
+    const platform::AXResult hit = m_ports.accessibility.copyElementAtPosition(
         static_cast<float>(m_pointer.x()), static_cast<float>(m_pointer.y()));
     m_element = hit.as<ElementRef>() ? *hit.as<ElementRef>() : nullptr;
     m_pointsAtItem = isDockItem(m_element);
     if (m_pointsAtItem) {
         m_item = m_element;
-        const SWElement item(m_item);
-        if (SWElement::checkIfMinimizedWindowIcon(m_item)) {
+        const SWElement item(m_ports, m_item);
+        if (SWElement::checkIfMinimizedWindowIcon(m_ports, m_item)) {
             m_inventory.windowScanner();
             m_window = m_inventory.windowForMinimizedIcon(item);
             m_application = m_window ? m_window->runningApplicationForWindow() : std::nullopt;
@@ -107,32 +102,32 @@ void Inspector::aim()
             m_application = item.runningApplicationForDockElement();
         }
     } else if (m_element) {
-        m_window = SWElement::elementAtPosition(m_pointer, SWElement::systemWideElement());
-        const auto pid = desktop.accessibility.pidOf(m_element);
-        m_application = pid ? desktop.workspace.runningApplication(*pid) : std::nullopt;
+        m_window = SWElement::elementAtPosition(m_pointer, SWElement::systemWideElement(m_ports));
+        const auto pid = m_ports.accessibility.pidOf(m_element);
+        m_application = pid ? m_ports.workspace.runningApplication(*pid) : std::nullopt;
         m_item = m_application ? itemOf(*m_application) : nullptr;
     }
     if (!m_application)
         return;
     for (const std::int32_t pid : m_inventory.processesBehindIcon(*m_application)) {
-        for (const SWElementPtr& window : windowsOf(pid)) {
-            if (const WindowID number = numberOf(*window))
-                desktop.windowServer.captureWindow(number, smallPicture);
+        for (const SWElementPtr& window : windowsOf(pid, m_ports)) {
+            if (const WindowID number = numberOf(*window, m_ports))
+                m_ports.windowServer.captureWindow(number, smallPicture);
         }
     }
 }
 
 bool Inspector::isDockItem(const ElementRef& element) const
 {
-    const std::int32_t dock = SWElement::getDockPid();
-    return element && dock != 0 && platform::desktop().accessibility.pidOf(element) == dock &&
-           AX::equals(element, AX::Role, AX::DockItemRole);
+    const std::int32_t dock = SWElement::getDockPid(m_ports);
+    return element && dock != 0 && m_ports.accessibility.pidOf(element) == dock &&
+           AX::equals(m_ports.accessibility, element, AX::Role, AX::DockItemRole);
 }
 
 ElementRef Inspector::itemOf(const RunningApplication& application) const
 {
     for (const SWElementPtr& item :
-         SWElement::runningApps().value_or(std::vector<SWElementPtr>{})) {
+         SWElement::runningApps(m_ports).value_or(std::vector<SWElementPtr>{})) {
         const auto owner = item->runningApplicationForDockElement();
         if (owner && owner->pid == application.pid)
             return item->element();
@@ -142,16 +137,15 @@ ElementRef Inspector::itemOf(const RunningApplication& application) const
 
 Inspection Inspector::inspect()
 {
-    const platform::Desktop& desktop = platform::desktop();
     Inspection result;
     result.pointer = m_pointer;
-    result.screens = desktop.windowServer.screens();
-    result.element = UIElementUtilities::stringDescriptionOfUIElement(m_element, printableText);
+    result.screens = m_ports.windowServer.screens();
+    result.element = m_utilities.stringDescriptionOfUIElement(m_element, printableText);
     result.pointsAtItem = m_pointsAtItem;
     result.hasRun = m_hasRun;
-    result.unseen = desktop.windowServer.unseenWindows();
+    result.unseen = m_ports.windowServer.unseenWindows();
     if (m_hasRun)
-        result.settings = settingsThatMatter(desktop.userDefaults);
+        result.settings = settingsThatMatter(m_ports.userDefaults);
     result.isDisabled = m_settings.disabled != 0;
     result.hidingKey = m_settings.hidePreviewsKeycode;
     result.showingKey = m_settings.onlyIfKeycode;
@@ -167,54 +161,54 @@ Inspection Inspector::inspect()
 InspectedDock Inspector::inspectDock() const
 {
     InspectedDock dock;
-    dock.pid = SWElement::getDockPid();
+    dock.pid = SWElement::getDockPid(m_ports);
     const ElementRef application =
-        dock.pid != 0 ? platform::desktop().accessibility.createApplication(dock.pid) : nullptr;
-    const auto lists = AX::readElements(application, AX::Children);
+        dock.pid != 0 ? m_ports.accessibility.createApplication(dock.pid) : nullptr;
+    const auto lists = AX::readElements(m_ports.accessibility, application, AX::Children);
     if (lists.empty()) { // something stands in for a Dock where there is but a switcher
         dock.pid = 0;
         return dock;
     }
-    dock.name = UIElementUtilities::descriptionOfAXDescriptionOfUIElement(application);
-    dock.orientation = StripArranger::getDockOrientation(SWElement::elementWithElementRef(m_item));
-    dock.displays = platform::desktop().dockPreferences.ownDisplays(m_item);
+    dock.name = m_utilities.descriptionOfAXDescriptionOfUIElement(application);
+    dock.orientation =
+        StripArranger::getDockOrientation(SWElement::elementWithElementRef(m_ports, m_item));
+    dock.displays = m_ports.dockPreferences.ownDisplays(m_item);
     for (const ElementRef& list : lists)
-        dock.items += AX::readElements(list, AX::Children).size();
+        dock.items += AX::readElements(m_ports.accessibility, list, AX::Children).size();
     return dock;
 }
 
 InspectedItem Inspector::inspectItem() const
 {
-    const SWElement element(m_item);
+    const SWElement element(m_ports, m_item);
     InspectedItem item;
     item.title = element.getTitle().value_or(QString());
-    item.dock = UIElementUtilities::descriptionOfAXDescriptionOfUIElement(m_item);
+    item.dock = m_utilities.descriptionOfAXDescriptionOfUIElement(m_item);
     item.kind = kindOfDockItem(m_item, m_showsCalendars);
-    item.isRunning = SWElement::checkIfAppIsRunning(m_item);
+    item.isRunning = SWElement::checkIfAppIsRunning(m_ports, m_item);
     return item;
 }
 
 void Inspector::inspectApplication(Inspection& result)
 {
-    const platform::Desktop& desktop = platform::desktop();
     const auto scanned = m_inventory.scannedApplications();
-    const WindowList list = WindowInventory::copyWindowList();
+    const WindowList list = m_inventory.copyWindowList();
     InspectedApplication application;
     application.name = m_application->localizedName;
     application.identifier = m_application->bundleIdentifier;
     application.pid = m_application->pid;
-    application.isHidden = desktop.workspace.isHidden(application.pid);
+    application.isHidden = m_ports.workspace.isHidden(application.pid);
     application.level = SWElement::filterLevelOf(application.identifier);
-    const ElementRef element = desktop.accessibility.createApplication(application.pid);
+    const ElementRef element = m_ports.accessibility.createApplication(application.pid);
     application.answers =
-        element && desktop.accessibility.copyAttributeValue(element, AX::Windows).error !=
+        element && m_ports.accessibility.copyAttributeValue(element, AX::Windows).error !=
                        platform::AXError::CannotComplete;
     result.application = application;
 
     std::vector<SWElementPtr> windows;
     for (const std::int32_t pid : m_inventory.processesBehindIcon(*m_application)) {
         const bool isScanned = std::ranges::count(scanned, pid) != 0;
-        for (const SWElementPtr& window : windowsOf(pid)) {
+        for (const SWElementPtr& window : windowsOf(pid, m_ports)) {
             windows.push_back(window);
             result.windows.push_back(inspectWindow(window, isScanned, list));
         }
@@ -242,27 +236,27 @@ InspectedWindow Inspector::inspectWindow(const SWElementPtr& found, bool isScann
         if (known->isEqualTo(found))
             window = known;
     }
-    const platform::Desktop& desktop = platform::desktop();
-    const std::int32_t pid = desktop.accessibility.pidOf(found->element()).value_or(0);
-    const VisibilityRules rules(m_settings);
+    const std::int32_t pid = m_ports.accessibility.pidOf(found->element()).value_or(0);
+    const VisibilityRules rules(m_ports, m_settings);
     if (result.verdict == WindowVerdict::Good)
         result.verdict = rules.verdictForApplication(pid);
     if (result.verdict == WindowVerdict::Good)
         result.verdict = rules.verdictForWindow(*window);
 
     if (pid != m_application->pid) {
-        const auto owner = desktop.workspace.runningApplication(pid);
+        const auto owner = m_ports.workspace.runningApplication(pid);
         result.owner = owner ? owner->localizedName : QString::number(pid);
     }
     result.level = window->getFilterLevel();
     result.title = window->getTitle().value_or(QString());
-    result.subrole = AX::read<QString>(window->element(), AX::Subrole).value_or(QString());
+    result.subrole = AX::read<QString>(m_ports.accessibility, window->element(), AX::Subrole)
+                         .value_or(QString());
     result.frame = window->getRect();
-    result.number = numberOf(*window);
+    result.number = numberOf(*window, m_ports);
     const auto listed = std::ranges::find(list, result.number, &platform::WindowInfo::number);
     if (result.number != 0 && listed != list.end())
         result.listed = *listed;
-    result.space = SWElement::spaceNumberOfWindow(result.number);
+    result.space = SWElement::spaceNumberOfWindow(m_ports, result.number);
     result.isMinimized = window->checkIfMinimized();
     result.isUnderPointer = !m_pointsAtItem && window->isEqualTo(m_window);
     return result;
@@ -273,7 +267,7 @@ HoverVerdict Inspector::judgeHover(const Inspection& result) const
     const HoverVerdict verdict = HoverRules::verdictBeforeWindows(m_settings);
     if (verdict != HoverVerdict::Shows)
         return verdict;
-    if (m_item && HoverRules::verdictForPlace(SWElement::elementWithElementRef(m_item)) !=
+    if (m_item && HoverRules::verdictForPlace(SWElement::elementWithElementRef(m_ports, m_item)) !=
                       HoverVerdict::Shows)
         return HoverVerdict::NoPlace;
     if (result.pointsAtItem && result.item->kind == DockItemKind::MinimizedWindow)

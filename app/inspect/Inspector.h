@@ -9,7 +9,9 @@
 
 #include "app/inspect/Inspection.h"
 #include "engine/FilterTable.h"
+#include "model/UIElementUtilities.h"
 #include "model/WindowInventory.h"
+#include "platform/Desktop.h"
 #include "platform/Workspace.h"
 
 namespace lumbrix
@@ -45,11 +47,13 @@ private:
                                   const platform::WindowList& list);
     HoverVerdict judgeHover(const Inspection& inspection) const;
 
+    const platform::Desktop& m_ports = platform::desktop();
+    const UIElementUtilities m_utilities{m_ports};
     bool m_hasRun = false; ///< Lumbrix has been started before
     bool m_showsCalendars = false;
     EngineSettings m_settings;
     FilterTable m_filters;
-    WindowInventory m_inventory{m_settings, *this};
+    WindowInventory m_inventory{m_ports, m_settings, *this};
 
     QPointF m_pointer;
     platform::ElementRef m_element; ///< under the pointer; null when there is none

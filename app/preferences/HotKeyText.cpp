@@ -61,8 +61,8 @@ QString hotKeyText(const SGKeyCombo& combo)
     if (!combo.isValidHotKeyCombo())
         return {};
     const char* word = wordFor(combo.keyCode);
-    const QString key =
-        word ? QCoreApplication::translate("HotKeyText", word) : combo.keyCodeString();
+    const QString key = word ? QCoreApplication::translate("HotKeyText", word)
+                             : combo.keyCodeString(platform::desktop().keyboardLayout);
     return modifierText(combo.modifiers) + key;
 }
 

@@ -201,17 +201,19 @@ TEST_F(HotKeyTest, combo_isStoredShownAndRefusedWithoutModifier)
                   {{u"keyCode"_s, u"19"_s}, {u"modifiers"_s, u"nonsense"_s}}),
               (SGKeyCombo{19, -1}));
 
-    desk.keyboardLayout().choose({{19, u"é"_s}, {83, u"1"_s}, {16, u"y"_s}});
-    EXPECT_EQ(combo.description(), u"⌘⌥⌃⇧É"_s);
-    EXPECT_EQ((SGKeyCombo{83, 256}).description(), u"⌘Pad 1"_s);
-    EXPECT_EQ((SGKeyCombo{96, 256}).description(), u"⌘F5"_s);
-    EXPECT_EQ((SGKeyCombo{113, 256}).description(), u"⌘F15"_s);
-    desk.keyboardLayout().nameKey(113, u"Pause"_s);
-    EXPECT_EQ((SGKeyCombo{113, 256}).description(), u"⌘Pause"_s) << "what is printed on it here";
-    EXPECT_EQ(SGKeyCombo().keyCodeString(), QString());
-    EXPECT_EQ((SGKeyCombo{16, 0}).description(), u"(None)"_s);
-    desk.keyboardLayout().choose({{16, u"z"_s}});
-    EXPECT_EQ((SGKeyCombo{16, 256}).keyCodeString(), u"Z"_s);
+    SimulatedKeyboardLayout& keyboard = desk.keyboardLayout();
+    keyboard.choose({{19, u"é"_s}, {83, u"1"_s}, {16, u"y"_s}});
+    EXPECT_EQ(combo.description(keyboard), u"⌘⌥⌃⇧É"_s);
+    EXPECT_EQ((SGKeyCombo{83, 256}).description(keyboard), u"⌘Pad 1"_s);
+    EXPECT_EQ((SGKeyCombo{96, 256}).description(keyboard), u"⌘F5"_s);
+    EXPECT_EQ((SGKeyCombo{113, 256}).description(keyboard), u"⌘F15"_s);
+    keyboard.nameKey(113, u"Pause"_s);
+    EXPECT_EQ((SGKeyCombo{113, 256}).description(keyboard), u"⌘Pause"_s)
+        << "what is printed on it here";
+    EXPECT_EQ(SGKeyCombo().keyCodeString(keyboard), QString());
+    EXPECT_EQ((SGKeyCombo{16, 0}).description(keyboard), u"(None)"_s);
+    keyboard.choose({{16, u"z"_s}});
+    EXPECT_EQ((SGKeyCombo{16, 256}).keyCodeString(keyboard), u"Z"_s);
 
     start();
     SGHotKeyCenter& center = controller.hotKeyCenter();

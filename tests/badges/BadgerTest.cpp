@@ -37,7 +37,7 @@ protected:
     }
     bool liesOn(const QString& title)
     {
-        const auto item = std::make_shared<SWElement>(desk.dockItem(title));
+        const auto item = std::make_shared<SWElement>(ports(), desk.dockItem(title));
         const WinNumberBadge* badge = badger().badgeForDockItem(*item);
         if (!badge)
             return false;
@@ -165,7 +165,7 @@ TEST_F(Badger, fullScreenAtTheStart_badgesComeWhenItEnds)
 {
     add(u"Editor"_s, 1);
     desk.setSystemUIMode(3);
-    WinNumberBadger late(loop, desk.workspace(), desk.userDefaults());
+    WinNumberBadger late(ports());
     late.setShouldBadgeDock(true);
     late.setUp(engine());
     EXPECT_TRUE(late.isInFullscreen());

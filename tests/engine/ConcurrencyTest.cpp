@@ -80,7 +80,7 @@ TEST(EngineConcurrency, windowsChangedByTheirApplications_whileScannedCapturedAn
         while (!isOver)
             engine.inventory().windowScanner();
     });
-    const SWElementPtr item = SWElement::elementWithElementRef(desk.dockItem(u"Notes"_s));
+    const SWElementPtr item = SWElement::elementWithElementRef(desktop, desk.dockItem(u"Notes"_s));
     item->setIsMouseConfirmed(true);
     const QDeadlineTimer deadline(30'000);
     while (!(application->isFinished() && scanner->isFinished()) && !deadline.hasExpired()) {

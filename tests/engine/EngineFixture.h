@@ -131,8 +131,7 @@ protected:
     }
     const QStringList& calendarItems() const { return m_calendar->items; }
 
-    const std::shared_ptr<WinNumberBadger> badges =
-        std::make_shared<WinNumberBadger>(loop, desk.workspace(), desk.userDefaults());
+    const std::shared_ptr<WinNumberBadger> badges = std::make_shared<WinNumberBadger>(ports());
 
     struct Delays final : HoverDelays {
         float displayDelay() const override { return delay; }

@@ -26,7 +26,7 @@ protected:
 
     SWElementPtr element(WindowID window)
     {
-        return SWElement::elementWithElementRef(desk.windowElement(window));
+        return SWElement::elementWithElementRef(ports(), desk.windowElement(window));
     }
     /// An element of the window, matched against the present window list.
     SWElementPtr matched(WindowID window)
@@ -37,7 +37,7 @@ protected:
     }
     SWElementPtr dockItem(const QString& title)
     {
-        return SWElement::elementWithElementRef(desk.dockItem(title));
+        return SWElement::elementWithElementRef(ports(), desk.dockItem(title));
     }
     platform::WindowList list()
     {

@@ -22,9 +22,9 @@ TEST_F(Modifiers, key_isHeldOnlyAsTheOneOfItsIndex)
     } cases[] = {{1, Option}, {2, Control}, {3, Shift}, {0, Command}, {4, Command}, {-1, Command}};
     for (const auto& [index, flag] : cases) {
         desk.setModifiers(flag);
-        EXPECT_TRUE(isModifierHeld(index)) << index;
+        EXPECT_TRUE(isModifierHeld(desk.inputState(), index)) << index;
         desk.setModifiers(all & ~flag);
-        EXPECT_FALSE(isModifierHeld(index)) << index;
+        EXPECT_FALSE(isModifierHeld(desk.inputState(), index)) << index;
     }
 }
 

@@ -27,11 +27,11 @@ TEST_F(SWElementDockTest, everyKindOfItem_isToldFromTheOthers)
     const auto classify = [&](const QString& title) {
         const auto item = desk.dockItem(title);
         QString is;
-        is += SWElement::checkIfDockApplication(item) ? u'a' : u'-';
-        is += SWElement::checkIfAppIsRunning(item) ? u'r' : u'-';
-        is += SWElement::checkIfCal(item) ? u'c' : u'-';
-        is += SWElement::checkIfBusyCal(item) ? u'b' : u'-';
-        is += SWElement::checkIfMinimizedWindowIcon(item) ? u'm' : u'-';
+        is += SWElement::checkIfDockApplication(ports(), item) ? u'a' : u'-';
+        is += SWElement::checkIfAppIsRunning(ports(), item) ? u'r' : u'-';
+        is += SWElement::checkIfCal(ports(), item) ? u'c' : u'-';
+        is += SWElement::checkIfBusyCal(ports(), item) ? u'b' : u'-';
+        is += SWElement::checkIfMinimizedWindowIcon(ports(), item) ? u'm' : u'-';
         return is;
     };
     EXPECT_EQ(classify(u"Notes"_s), u"ar---"_s);
@@ -43,16 +43,16 @@ TEST_F(SWElementDockTest, everyKindOfItem_isToldFromTheOthers)
     EXPECT_EQ(classify(u"Trash"_s), u"-----"_s);
     EXPECT_EQ(classify(u"no such item"_s), u"-----"_s);
 
-    EXPECT_TRUE(SWElement::getFirstDockElement()->isEqualTo(dockItem(u"Notes"_s)));
-    const auto running = SWElement::runningApps();
+    EXPECT_TRUE(SWElement::getFirstDockElement(ports())->isEqualTo(dockItem(u"Notes"_s)));
+    const auto running = SWElement::runningApps(ports());
     ASSERT_TRUE(running && running->size() == 1);
     EXPECT_EQ(running->front()->url(), desk.application(notes).bundleURL);
     desk.quitApplication(notes);
-    EXPECT_EQ(SWElement::runningApps(), std::nullopt);
+    EXPECT_EQ(SWElement::runningApps(ports()), std::nullopt);
     desk.killDock();
-    EXPECT_EQ(SWElement::getDockPid(), 0);
-    EXPECT_EQ(SWElement::getFirstDockElement(), nullptr);
-    EXPECT_EQ(SWElement::getDockPid(), desk.dockPid());
+    EXPECT_EQ(SWElement::getDockPid(ports()), 0);
+    EXPECT_EQ(SWElement::getFirstDockElement(ports()), nullptr);
+    EXPECT_EQ(SWElement::getDockPid(ports()), desk.dockPid());
 }
 
 TEST_F(SWElementDockTest, item_standsForTheApplicationAtItsPlace)
@@ -77,13 +77,14 @@ TEST_F(SWElementDockTest, switcherEntry_isTheRunningItemOfThatTitle)
 {
     addApplication(u"Notes"_s);
     const Pid maps = addApplication(u"Maps"_s);
-    EXPECT_FALSE(SWElement::checkIfDockFocusedIsAXList());
-    EXPECT_EQ(SWElement::getDockSelectedChild(), nullptr);
+    EXPECT_FALSE(SWElement::checkIfDockFocusedIsAXList(ports()));
+    EXPECT_EQ(SWElement::getDockSelectedChild(ports()), nullptr);
     desk.openSwitcher({{u"Notes"_s}, {u"Maps"_s}, {u"Helper"_s}}, 1);
-    EXPECT_TRUE(SWElement::checkIfDockFocusedIsAXList());
-    const auto selected = [] {
-        const SWElementPtr child = SWElement::getDockSelectedChild();
-        const auto application = SWElement::runningAppForProccessListIcon(child->element());
+    EXPECT_TRUE(SWElement::checkIfDockFocusedIsAXList(ports()));
+    const auto selected = [this] {
+        const SWElementPtr child = SWElement::getDockSelectedChild(ports());
+        const auto application =
+            SWElement::runningAppForProccessListIcon(ports(), child->element());
         return application ? application->pid : 0;
     };
     EXPECT_EQ(selected(), maps);
@@ -93,28 +94,28 @@ TEST_F(SWElementDockTest, switcherEntry_isTheRunningItemOfThatTitle)
     desk.openSwitcher({{u"Not on the Dock"_s, false, url}});
     EXPECT_EQ(selected(), maps);
     desk.closeSwitcher();
-    EXPECT_FALSE(SWElement::checkIfDockFocusedIsAXList());
+    EXPECT_FALSE(SWElement::checkIfDockFocusedIsAXList(ports()));
 }
 
 TEST_F(SWElementDockTest, openWindows_areStandardOnesAndDialogs_orAssumedOfABusyApplication)
 {
     const Pid notes = addApplication(u"Notes"_s);
-    EXPECT_FALSE(SWElement::checkIfPidHasOpenWindows(notes));
+    EXPECT_FALSE(SWElement::checkIfPidHasOpenWindows(ports(), notes));
     SimulatedWindow palette{u"Colours"_s};
     palette.subrole = u"AXFloatingWindow"_s;
     desk.addWindow(notes, palette);
-    EXPECT_FALSE(SWElement::checkIfPidHasOpenWindows(notes));
+    EXPECT_FALSE(SWElement::checkIfPidHasOpenWindows(ports(), notes));
     desk.changeApplication(notes, [](auto& application) { application.responds = false; });
-    EXPECT_TRUE(SWElement::checkIfPidHasOpenWindows(notes));
+    EXPECT_TRUE(SWElement::checkIfPidHasOpenWindows(ports(), notes));
     desk.changeApplication(notes, [](auto& application) { application.responds = true; });
     for (const QString& subrole : {u"AXStandardWindow"_s, u"AXDialog"_s, u"AXSystemDialog"_s}) {
         SimulatedWindow window{u"Ideas"_s};
         window.subrole = subrole;
         const WindowID number = desk.addWindow(notes, window);
-        EXPECT_TRUE(SWElement::checkIfPidHasOpenWindows(notes));
+        EXPECT_TRUE(SWElement::checkIfPidHasOpenWindows(ports(), notes));
         desk.closeWindow(number);
     }
-    EXPECT_FALSE(SWElement::checkIfPidHasOpenWindows(4711));
+    EXPECT_FALSE(SWElement::checkIfPidHasOpenWindows(ports(), 4711));
 }
 
 TEST_F(SWElementDockTest, quit_endsEveryApplicationNamedLikeTheOneUnderTheMouse)
@@ -126,9 +127,9 @@ TEST_F(SWElementDockTest, quit_endsEveryApplicationNamedLikeTheOneUnderTheMouse)
     const Pid maps = addApplication(u"Maps"_s);
     const Pid nameless = desk.addApplication({QString(), u"org.example.nameless"_s});
     desk.leaveDock();
-    SWElement::quitApp(); // nothing there
+    SWElement::quitApp(ports()); // nothing there
     desk.movePointer({100, 800});
-    SWElement::quitApp();
+    SWElement::quitApp(ports());
     for (const Pid pid : {notes, helper, shorter})
         EXPECT_EQ(desk.application(pid).pid, 0);
     for (const Pid pid : {maps, nameless})

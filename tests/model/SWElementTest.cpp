@@ -132,9 +132,9 @@ TEST_F(SWElementTest, spaceNumber_changesOnlyToARealSpace)
     putOnAll(false);
 
     move(1);
-    EXPECT_FALSE(SWElement::checkIfAnyWindowIsOnOtherSpace());
+    EXPECT_FALSE(SWElement::checkIfAnyWindowIsOnOtherSpace(ports()));
     move(2);
-    EXPECT_TRUE(SWElement::checkIfAnyWindowIsOnOtherSpace());
+    EXPECT_TRUE(SWElement::checkIfAnyWindowIsOnOtherSpace(ports()));
 }
 
 TEST_F(SWElementTest, capture_tellsWhetherItIsWhole_andIsNullForAWindowThatVanishesMeanwhile)
@@ -238,11 +238,11 @@ TEST_F(SWElementTest, rectangles_areMirroredAtTheMainScreensHeight)
     desk.with([](SimulatedState& state) {
         state.screens = {{0, 0, 1440, 900}, {1440, -300, 1920, 1200}};
     });
-    using Convert = UIElementUtilities;
-    EXPECT_EQ(Convert::cocoaScreenPointFromCarbonScreenPoint({100, 0}), QPointF(100, 900));
-    EXPECT_EQ(Convert::carbonScreenPointFromCocoaScreenPoint({100, 900}), QPointF(100, 0));
-    EXPECT_EQ(Convert::cocoaScreenPointFromCarbonScreenPoint({1500, -300}), QPointF(1500, 1200));
-    EXPECT_EQ(Convert::flippedScreenBounds({0, 0, 50, 20}), QRectF(0, 880, 50, 20));
+    const UIElementUtilities convert(ports());
+    EXPECT_EQ(convert.cocoaScreenPointFromCarbonScreenPoint({100, 0}), QPointF(100, 900));
+    EXPECT_EQ(convert.carbonScreenPointFromCocoaScreenPoint({100, 900}), QPointF(100, 0));
+    EXPECT_EQ(convert.cocoaScreenPointFromCarbonScreenPoint({1500, -300}), QPointF(1500, 1200));
+    EXPECT_EQ(convert.flippedScreenBounds({0, 0, 50, 20}), QRectF(0, 880, 50, 20));
 
     const WindowID number =
         desk.addWindow(addApplication(u"Notes"_s), {u"Ideas"_s, {10, 20, 400, 300}});
@@ -253,8 +253,8 @@ TEST_F(SWElementTest, rectangles_areMirroredAtTheMainScreensHeight)
     EXPECT_EQ(window->getRect(), QRectF());
     EXPECT_EQ(window->getNSRect(), QRectF());
     desk.with([](SimulatedState& state) { state.screens.clear(); });
-    EXPECT_EQ(Convert::cocoaScreenPointFromCarbonScreenPoint({100, 50}), QPointF());
-    EXPECT_EQ(Convert::flippedScreenBounds({0, 5, 50, 20}), QRectF(0, -25, 50, 20));
+    EXPECT_EQ(convert.cocoaScreenPointFromCarbonScreenPoint({100, 50}), QPointF());
+    EXPECT_EQ(convert.flippedScreenBounds({0, 5, 50, 20}), QRectF(0, -25, 50, 20));
 }
 
 TEST_F(SWElementTest, elementUnderAPoint_isTheWindowOfWhatLiesThere)
@@ -262,8 +262,8 @@ TEST_F(SWElementTest, elementUnderAPoint_isTheWindowOfWhatLiesThere)
     const Pid notes = addApplication(u"Notes"_s);
     const WindowID back = desk.addWindow(notes, {u"Ideas"_s, {0, 0, 400, 300}});
     const WindowID front = desk.addWindow(notes, {u"Plans"_s, {200, 0, 400, 300}});
-    const auto at = [](QPointF point) {
-        return SWElement::elementAtPosition(point, SWElement::systemWideElement());
+    const auto at = [this](QPointF point) {
+        return SWElement::elementAtPosition(point, SWElement::systemWideElement(ports()));
     };
     EXPECT_TRUE(at({100, 100})->isEqualTo(element(back)));
     EXPECT_TRUE(at({300, 100})->isEqualTo(element(front)));
@@ -274,7 +274,7 @@ TEST_F(SWElementTest, elementUnderAPoint_isTheWindowOfWhatLiesThere)
     EXPECT_TRUE(at({300, 100})->isEqualTo(element(front))); // will not tell its role
     desk.changeApplication(notes, [](auto& application) { application.responds = true; });
     desk.activateApplication(notes);
-    EXPECT_TRUE(SWElement::elementOfFocusedWindow()->isEqualTo(element(front)));
+    EXPECT_TRUE(SWElement::elementOfFocusedWindow(ports())->isEqualTo(element(front)));
 }
 
 } // namespace

@@ -11,7 +11,6 @@ namespace lumbrix::test
 namespace
 {
 
-using Utilities = UIElementUtilities;
 using platform::AXRange;
 using platform::AXValue;
 using platform::ElementRef;
@@ -35,10 +34,11 @@ protected:
     }
     QString terse(const QString& attribute)
     {
-        return Utilities::descriptionForUIElement(desk.windowElement(number), attribute, false)
+        return utilities.descriptionForUIElement(desk.windowElement(number), attribute, false)
             .value_or(u"null"_s);
     }
 
+    const UIElementUtilities utilities{ports()};
     WindowID number = 0;
 };
 
@@ -57,20 +57,20 @@ TEST_F(UIElementUtilitiesTest, values_haveAVerboseAndATerseForm)
         {desk.dockItem(u"Trash"_s), u"<AXDockItem: “Trash”>"_s, u"<AXDockItem: “Trash”>"_s},
     };
     for (const auto& [value, verbose, terse] : rows) {
-        EXPECT_EQ(Utilities::descriptionOfValue(value, true), verbose);
-        EXPECT_EQ(Utilities::descriptionOfValue(value, false), terse);
+        EXPECT_EQ(utilities.descriptionOfValue(value, true), verbose);
+        EXPECT_EQ(utilities.descriptionOfValue(value, false), terse);
     }
-    EXPECT_EQ(Utilities::descriptionOfValue({}, true), std::nullopt);
-    EXPECT_EQ(Utilities::stringDescriptionOfAXValue(u"text"_s, true), u"AXValue???"_s);
-    EXPECT_EQ(Utilities::stringDescriptionOfAXValue({}, false), u"AXValue???"_s);
+    EXPECT_EQ(utilities.descriptionOfValue({}, true), std::nullopt);
+    EXPECT_EQ(UIElementUtilities::stringDescriptionOfAXValue(u"text"_s, true), u"AXValue???"_s);
+    EXPECT_EQ(UIElementUtilities::stringDescriptionOfAXValue({}, false), u"AXValue???"_s);
     desk.changeWindow(number, [](SimulatedWindow& each) { each.title.clear(); });
-    EXPECT_EQ(Utilities::descriptionOfValue(window, false), u"<AXWindow>"_s);
+    EXPECT_EQ(utilities.descriptionOfValue(window, false), u"<AXWindow>"_s);
 
-    EXPECT_EQ(Utilities::descriptionOfAXDescriptionOfUIElement(window), u"No Description"_s);
+    EXPECT_EQ(utilities.descriptionOfAXDescriptionOfUIElement(window), u"No Description"_s);
     for (const QString& text : {QString(), u"A plan"_s}) {
         desk.changeWindow(number,
                           [&](SimulatedWindow& each) { each.attributes[AX::Description] = text; });
-        EXPECT_EQ(Utilities::descriptionOfAXDescriptionOfUIElement(window),
+        EXPECT_EQ(utilities.descriptionOfAXDescriptionOfUIElement(window),
                   text.isEmpty() ? u"No Description"_s : text);
     }
 }
@@ -97,24 +97,24 @@ TEST_F(UIElementUtilitiesTest, text_isSetInTheFormOfThePresentValue_orNotAtAll)
         {u"Missing"_s, u"0"_s, u"null"_s},
     };
     for (const auto& [attribute, text, expected] : rows) {
-        Utilities::setStringValue(text, attribute, window);
+        utilities.setStringValue(text, attribute, window);
         EXPECT_EQ(terse(attribute), expected) << qPrintable(attribute + u' ' + text);
     }
     desk.closeWindow(number);
-    Utilities::setStringValue(u"new"_s, u"Note"_s, window);
-    Utilities::setStringValue(u"new"_s, u"Note"_s, nullptr);
+    utilities.setStringValue(u"new"_s, u"Note"_s, window);
+    utilities.setStringValue(u"new"_s, u"Note"_s, nullptr);
 }
 
 TEST_F(UIElementUtilitiesTest, report_tellsLineageAttributesAndActions)
 {
     const Pid maps = addApplication(u"Maps"_s, 1);
     const ElementRef window = desk.windowElement(desk.stacking().front());
-    EXPECT_EQ(Utilities::processIdentifierOfUIElement(window), maps);
-    EXPECT_TRUE(Utilities::isApplicationUIElement(Utilities::parentOfUIElement(window)));
-    EXPECT_FALSE(Utilities::isApplicationUIElement(window));
-    EXPECT_EQ(Utilities::frameOfUIElement(window), QRectF(100, 540, 400, 300));
-    EXPECT_EQ(Utilities::frameOfUIElement(Utilities::parentOfUIElement(window)), QRectF());
-    EXPECT_EQ(Utilities::stringDescriptionOfUIElement(window),
+    EXPECT_EQ(utilities.processIdentifierOfUIElement(window), maps);
+    EXPECT_TRUE(utilities.isApplicationUIElement(utilities.parentOfUIElement(window)));
+    EXPECT_FALSE(utilities.isApplicationUIElement(window));
+    EXPECT_EQ(utilities.frameOfUIElement(window), QRectF(100, 540, 400, 300));
+    EXPECT_EQ(utilities.frameOfUIElement(utilities.parentOfUIElement(window)), QRectF());
+    EXPECT_EQ(utilities.stringDescriptionOfUIElement(window),
               u"<AXApplication: “Maps”>\n"
               " <AXWindow: “Maps 1”>\n"
               "\n"
@@ -131,19 +131,19 @@ TEST_F(UIElementUtilitiesTest, report_tellsLineageAttributesAndActions)
               "\n"
               "Actions:\n"
               "   AXRaise - raise\n"_s);
-    EXPECT_EQ(Utilities::lineageDescriptionOfUIElement(
+    EXPECT_EQ(utilities.lineageDescriptionOfUIElement(
                   window, [](const QString& text) { return text.toUpper(); }),
               u"<AXAPPLICATION: “MAPS”>\n <AXWINDOW: “MAPS 1”>\n"_s);
     // Which attributes are there, and what there is not.
-    EXPECT_EQ(std::get<QString>(Utilities::valueOfAttribute(AX::Title, window)), u"Maps 1"_s);
-    EXPECT_EQ(Utilities::valueOfAttribute(AX::URL, window), AXValue());
-    Utilities::performAction(
-        AX::Press, std::get<ElementRef>(Utilities::valueOfAttribute(AX::CloseButton, window)));
-    EXPECT_EQ(Utilities::stringDescriptionOfUIElement(window),
+    EXPECT_EQ(std::get<QString>(utilities.valueOfAttribute(AX::Title, window)), u"Maps 1"_s);
+    EXPECT_EQ(utilities.valueOfAttribute(AX::URL, window), AXValue());
+    utilities.performAction(
+        AX::Press, std::get<ElementRef>(utilities.valueOfAttribute(AX::CloseButton, window)));
+    EXPECT_EQ(utilities.stringDescriptionOfUIElement(window),
               u"<AXUIElement pid=%1>\n"_s.arg(maps));
-    EXPECT_EQ(Utilities::attributeNamesOfUIElement(window), std::nullopt);
-    EXPECT_FALSE(Utilities::canSetAttribute(AX::Minimized, window));
-    EXPECT_EQ(Utilities::stringDescriptionOfUIElement(nullptr), QString());
+    EXPECT_EQ(utilities.attributeNamesOfUIElement(window), std::nullopt);
+    EXPECT_FALSE(utilities.canSetAttribute(AX::Minimized, window));
+    EXPECT_EQ(utilities.stringDescriptionOfUIElement(nullptr), QString());
 }
 
 TEST_F(UIElementUtilitiesTest, listsAreCountedWithoutBeingFetched_andLoopsOfParentsEnd)
@@ -169,9 +169,9 @@ TEST_F(UIElementUtilitiesTest, listsAreCountedWithoutBeingFetched_andLoopsOfPare
     install(odd, desk.windowServer());
     addApplication(u"Maps"_s, 1);
     const ElementRef window = desk.windowElement(desk.stacking().front());
-    EXPECT_EQ(Utilities::descriptionForUIElement(window, AX::Children, false),
+    EXPECT_EQ(utilities.descriptionForUIElement(window, AX::Children, false),
               u"<array of size 3>"_s);
-    EXPECT_LT(Utilities::lineageOfUIElement(window).size(), 100U);
+    EXPECT_LT(utilities.lineageOfUIElement(window).size(), 100U);
 }
 
 } // namespace

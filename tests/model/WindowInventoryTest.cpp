@@ -36,7 +36,7 @@ protected:
     }
 
     EngineSettings settings;
-    WindowInventory inventory{settings, *this};
+    WindowInventory inventory{ports(), settings, *this};
     bool isShowing = false;
     int changes = 0;
 

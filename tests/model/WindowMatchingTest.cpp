@@ -125,10 +125,11 @@ TEST_F(WindowMatching, vanishedOrUnreadableWindow_isNotMatched)
     desk.closeWindow(number);
     EXPECT_FALSE(window->findPIDandWID(before));
 
-    EXPECT_FALSE(SWElement::testWindow(0));
-    EXPECT_FALSE(SWElement::testWindow(number));
+    EXPECT_FALSE(SWElement::testWindow(ports(), 0));
+    EXPECT_FALSE(SWElement::testWindow(ports(), number));
     const auto isWindow = [&](double width, double height) {
-        return SWElement::testWindow(desk.addWindow(notes, {u"x"_s, {0, 0, width, height}}));
+        return SWElement::testWindow(ports(),
+                                     desk.addWindow(notes, {u"x"_s, {0, 0, width, height}}));
     };
     EXPECT_FALSE(isWindow(49, 49));
     EXPECT_TRUE(isWindow(49, 50));

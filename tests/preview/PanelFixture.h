@@ -20,7 +20,7 @@ protected:
         SimulatedWindow description{QStringLiteral("A window"), QRectF(200, 100, 600, 400)};
         description.space = space;
         const WindowID window = desk.addWindow(pid, description);
-        auto element = std::make_shared<SWElement>(desk.windowElement(window));
+        auto element = std::make_shared<SWElement>(ports(), desk.windowElement(window));
         element->setPid(pid);
         element->setWid(window);
         preview->setElementRef(element);

@@ -97,7 +97,7 @@ int main(int argc, char* argv[])
         test::SimulatedWindow window{picture};
         window.isClosable = n != 1;
         preview->setElementRef(
-            std::make_shared<SWElement>(desk.windowElement(desk.addWindow(pid, window))));
+            std::make_shared<SWElement>(ports, desk.windowElement(desk.addWindow(pid, window))));
         preview->setImage(QImage(picture));
         preview->setTitleString(given("caption").isEmpty() ? picture.section(QLatin1Char('/'), -1)
                                                            : given("caption"));

@@ -46,7 +46,7 @@ protected:
         SimulatedWindow description{QStringLiteral("A window"), QRectF(200, 100, 600, 400)};
         description.isClosable = closable;
         window = desk.addWindow(pid, description);
-        element = std::make_shared<SWElement>(desk.windowElement(window));
+        element = std::make_shared<SWElement>(ports(), desk.windowElement(window));
         element->setPid(pid);
         element->setScreenshot({picture(), true});
         preview->setElementRef(element);

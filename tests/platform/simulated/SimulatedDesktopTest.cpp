@@ -26,9 +26,12 @@ protected:
         auto observer = desk.accessibility().createObserver(
             pid, [this](AXObserver&, const ElementRef& element, const QString& name,
                         platform::NotificationContext*) {
-                const auto selection = AX::readElements(element, AX::SelectedChildren);
+                const auto selection =
+                    AX::readElements(desk.accessibility(), element, AX::SelectedChildren);
                 const ElementRef subject = selection.empty() ? element : selection.front();
-                log << name + u' ' + AX::read<QString>(subject, AX::Title).value_or(u"-"_s);
+                log << name + u' ' +
+                           AX::read<QString>(desk.accessibility(), subject, AX::Title)
+                               .value_or(u"-"_s);
             });
         const ElementRef application = desk.accessibility().createApplication(pid);
         for (const QString& name : notifications)
@@ -73,7 +76,8 @@ TEST_F(SimulatedDesktopTest, deadDock_leavesDeadElements_andReturnsAsAnotherProc
     EXPECT_EQ(desk.accessibility().createApplication(first), nullptr);
     EXPECT_NE(desk.startDock(), first);
     EXPECT_FALSE(elementsEqual(item, desk.dockItem(u"Notes"_s)));
-    EXPECT_EQ(AX::read<QString>(desk.dockItem(u"Notes"_s), AX::Title), u"Notes"_s);
+    EXPECT_EQ(AX::read<QString>(desk.accessibility(), desk.dockItem(u"Notes"_s), AX::Title),
+              u"Notes"_s);
 }
 
 TEST_F(SimulatedDesktopTest, windows_areReallyRaisedMinimisedAndClosed)
@@ -98,7 +102,7 @@ TEST_F(SimulatedDesktopTest, windows_areReallyRaisedMinimisedAndClosed)
     EXPECT_EQ(desk.stacking()[1], numbers[1]); // in front of its own application's only
     desk.workspace().activate(notes, platform::ActivateIgnoringOtherApps);
     EXPECT_EQ(desk.stacking()[0], numbers[1]);
-    accessibility.performAction(AX::readElement(back, AX::CloseButton), AX::Press);
+    accessibility.performAction(AX::readElement(accessibility, back, AX::CloseButton), AX::Press);
     EXPECT_FALSE(desk.window(numbers[1]));
     EXPECT_EQ(accessibility.copyAttributeValue(back, AX::Title).error, AXError::InvalidUIElement);
     desk.addWindow(notes, {u"Notes 3"_s});
