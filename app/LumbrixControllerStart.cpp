@@ -45,7 +45,7 @@ bool LumbrixController::awakeFromNib()
     Companions companions;
     companions.hotKeyCenter = m_hotKeyCenter;
     companions.calendarPreview = CalPreview::sharedPreview();
-    companions.helpBubble = std::make_shared<BubbleWrapper>();
+    companions.helpBubble = std::make_shared<BubbleWrapper>(desktop);
     companions.windowCountBadger = std::make_shared<WinNumberBadger>(desktop);
     companions.playerControls = std::make_shared<MediaControls>(desktop);
     LXHandler::installCompanions(companions);

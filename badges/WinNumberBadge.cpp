@@ -29,9 +29,10 @@ QRect roundPart(const QWidget& window)
 
 } // namespace
 
-std::unique_ptr<WinNumberBadge> WinNumberBadge::load(SWElementPtr dockItem)
+std::unique_ptr<WinNumberBadge> WinNumberBadge::load(const platform::Desktop& ports,
+                                                     SWElementPtr dockItem)
 {
-    std::unique_ptr<QWidget> loaded = loadInterface(u"WinNumberBadge"_qs);
+    std::unique_ptr<QWidget> loaded = loadInterface(ports, u"WinNumberBadge"_qs);
     if (!qobject_cast<MAWindow*>(loaded.get()))
         return nullptr;
     std::unique_ptr<MAWindow> window(static_cast<MAWindow*>(loaded.release()));

@@ -9,6 +9,7 @@
 #include <memory>
 
 #include "model/SWElement.h"
+#include "platform/Desktop.h"
 
 namespace lumbrix
 {
@@ -22,8 +23,9 @@ class NumberLabel;
 class WinNumberBadge
 {
 public:
-    /// Null when the interface file cannot be loaded.
-    static std::unique_ptr<WinNumberBadge> load(SWElementPtr dockItem);
+    /// Null when the interface file cannot be loaded. The ports outlive it.
+    static std::unique_ptr<WinNumberBadge> load(const platform::Desktop& ports,
+                                                SWElementPtr dockItem);
     ~WinNumberBadge();
 
     /// The item's rectangle on the screen (screen coordinates); empty while the Dock keeps it out

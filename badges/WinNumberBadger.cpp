@@ -114,7 +114,7 @@ void WinNumberBadger::badgeDockItems()
 
 std::unique_ptr<WinNumberBadge> WinNumberBadger::makeBadge(const SWElementPtr& item, int count)
 {
-    std::unique_ptr<WinNumberBadge> badge = WinNumberBadge::load(item);
+    std::unique_ptr<WinNumberBadge> badge = WinNumberBadge::load(m_ports, item);
     if (!badge)
         return nullptr;
     badge->updateImageColor(getCurrentColor());

@@ -79,7 +79,7 @@ void LXHandler::setUp()
     const platform::Desktop& desktop = platform::desktop();
     m_filters.setFilters(FilterTable::getFiltersDictionary());
     SWElement::setFilterLevels(&m_filters);
-    SafariPreview::sharedPreview();
+    SafariPreview::sharedPreview(desktop.runLoop);
 
     using platform::WorkspaceNotification;
     const auto observe = [this, &desktop](WorkspaceNotification notification, auto action) {

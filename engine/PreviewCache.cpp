@@ -4,6 +4,7 @@
 #include "engine/PreviewCache.h"
 
 #include "model/EngineSettings.h"
+#include "platform/Desktop.h"
 #include "preview/PreviewHost.h"
 
 namespace lumbrix
@@ -66,7 +67,8 @@ QString PreviewCache::interfaceFileForStyle(int previewStyle)
 
 ScreenyViewPtr PreviewCache::load()
 {
-    return ScreenyView::load(interfaceFileForStyle(m_host.settings().previewStyle), m_host);
+    return ScreenyView::load(platform::desktop(),
+                             interfaceFileForStyle(m_host.settings().previewStyle), m_host);
 }
 
 } // namespace lumbrix

@@ -7,7 +7,6 @@
 
 #include "model/PreviewLayout.h"
 #include "model/UIElementUtilities.h"
-#include "platform/Desktop.h"
 #include "platform/WindowServer.h"
 #include "preview/ScreenyView.h"
 
@@ -46,14 +45,12 @@ QRectF frameAround(const ScreenyView& first, const ScreenyView& last)
 
 /// The part of it on the screen that has most of it: where a row is as long as its screen, the rest
 /// would lie on the next one.
-QRectF onOneScreen(const QRectF& frame)
+QRectF onOneScreen(const QRectF& frame, const platform::Desktop& ports)
 {
-    const QRectF bounds = UIElementUtilities(platform::desktop()).flippedScreenBounds(frame);
-    const QRectF screen =
-        PreviewLayout::screenOfIcon(bounds, platform::desktop().windowServer.screens());
-    return bounds.intersects(screen)
-               ? UIElementUtilities(platform::desktop()).flippedScreenBounds(bounds & screen)
-               : frame;
+    const UIElementUtilities utilities(ports);
+    const QRectF bounds = utilities.flippedScreenBounds(frame);
+    const QRectF screen = PreviewLayout::screenOfIcon(bounds, ports.windowServer.screens());
+    return bounds.intersects(screen) ? utilities.flippedScreenBounds(bounds & screen) : frame;
 }
 
 } // namespace
@@ -74,11 +71,12 @@ void BubbleWrapper::positionAndShowBubble(const std::vector<ScreenyViewPtr>& row
         return;
     }
     if (!m_bubble)
-        m_bubble = OverlayWindow::load();
+        m_bubble = OverlayWindow::load(m_ports);
     if (!m_bubble)
         return;
     // The row runs in one direction, so its ends tell its extent.
-    m_bubble->window().setFrameWithAnimate(onOneScreen(frameAround(*row.front(), *row.back())));
+    m_bubble->window().setFrameWithAnimate(
+        onOneScreen(frameAround(*row.front(), *row.back()), m_ports));
     m_bubble->orderFront();
 }
 

@@ -5,6 +5,7 @@
 
 #include <memory>
 
+#include "platform/Desktop.h"
 #include "preview/HelpBubble.h"
 #include "preview/OverlayWindow.h"
 
@@ -16,6 +17,9 @@ namespace lumbrix
 class BubbleWrapper final : public HelpBubble
 {
 public:
+    /// The ports outlive it.
+    explicit BubbleWrapper(const platform::Desktop& ports) : m_ports(ports) {}
+
     bool shouldBubbleWrap() const { return m_shouldBubbleWrap; }
     void setShouldBubbleWrap(bool on) override;
     void positionAndShowBubble(const std::vector<ScreenyViewPtr>& row) override;
@@ -23,6 +27,7 @@ public:
     OverlayWindow* bubble() const { return m_bubble.get(); } ///< null until first needed
 
 private:
+    const platform::Desktop& m_ports;
     std::unique_ptr<OverlayWindow> m_bubble;
     bool m_shouldBubbleWrap = false;
 };

@@ -5,7 +5,6 @@
 
 #include <array>
 
-#include "platform/Desktop.h"
 #include "platform/RunLoop.h"
 #include "platform/WindowServer.h"
 
@@ -29,14 +28,13 @@ void CompositorReminder::remindAfter(std::size_t reminder, std::uintptr_t toolki
 {
     if (reminder == reminderDelays.size())
         return;
-    platform::desktop().runLoop.performAfterDelay(
-        this, reminderDelays[reminder],
-        [this, reminder, toolkitWindow, run = std::weak_ptr(m_run)] {
-            if (run.expired())
-                return;
-            platform::desktop().windowServer.remindCompositor(toolkitWindow);
-            remindAfter(reminder + 1, toolkitWindow);
-        });
+    m_ports.runLoop.performAfterDelay(this, reminderDelays[reminder],
+                                      [this, reminder, toolkitWindow, run = std::weak_ptr(m_run)] {
+                                          if (run.expired())
+                                              return;
+                                          m_ports.windowServer.remindCompositor(toolkitWindow);
+                                          remindAfter(reminder + 1, toolkitWindow);
+                                      });
 }
 
 } // namespace lumbrix

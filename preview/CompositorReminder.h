@@ -7,6 +7,8 @@
 #include <cstdint>
 #include <memory>
 
+#include "platform/Desktop.h"
+
 namespace lumbrix
 {
 
@@ -15,6 +17,9 @@ namespace lumbrix
 class CompositorReminder
 {
 public:
+    /// The ports outlive it.
+    explicit CompositorReminder(const platform::Desktop& ports) : m_ports(ports) {}
+
     /// From the beginning, if it runs already. The window (the toolkit's) outlives the reminders.
     void start(std::uintptr_t toolkitWindow);
     void stop() { m_run.reset(); }
@@ -22,6 +27,7 @@ public:
 private:
     void remindAfter(std::size_t reminder, std::uintptr_t toolkitWindow);
 
+    const platform::Desktop& m_ports;
     std::shared_ptr<const bool> m_run; ///< null while stopped, another one after each start
 };
 

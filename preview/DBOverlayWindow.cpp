@@ -10,7 +10,8 @@
 namespace lumbrix
 {
 
-DBOverlayWindow::DBOverlayWindow(QWidget* parent) : MAWindow(parent)
+DBOverlayWindow::DBOverlayWindow(const platform::Desktop& ports, QWidget* parent)
+    : MAWindow(ports, parent)
 {
     connect(this, &MAWindow::shapedChanged, this, qOverload<>(&QWidget::update));
 }

@@ -18,7 +18,7 @@ class DBOverlayWindow : public MAWindow
     Q_PROPERTY(QColor overlayColor READ overlayColor WRITE setOverlayColor)
 
 public:
-    explicit DBOverlayWindow(QWidget* parent = nullptr);
+    explicit DBOverlayWindow(const platform::Desktop& ports, QWidget* parent = nullptr);
 
     const QColor& overlayColor() const { return m_overlayColor; }
     void setOverlayColor(const QColor& color);

@@ -29,14 +29,17 @@ namespace
 
 template <class Widget> QWidget* make(QWidget* parent) { return new Widget(parent); }
 
+template <class Panel> QWidget* makePanel(const platform::Desktop& ports, QWidget* parent)
+{
+    return new Panel(ports, parent);
+}
+
 constexpr std::array WidgetClasses{
     InterfaceClass{QLatin1String("BadgeView"), make<BadgeView>},
-    InterfaceClass{QLatin1String("DBOverlayWindow"), make<DBOverlayWindow>},
     InterfaceClass{QLatin1String("CalTableView"), make<CalTableView>},
     InterfaceClass{QLatin1String("ImageButton"), make<ImageButton>},
     InterfaceClass{QLatin1String("KeyLabel"), make<KeyLabel>},
     InterfaceClass{QLatin1String("LXImageCell"), make<LXImageCell>},
-    InterfaceClass{QLatin1String("MAWindow"), make<MAWindow>},
     InterfaceClass{QLatin1String("NumberLabel"), make<NumberLabel>},
     InterfaceClass{QLatin1String("PanelBackground"), make<PanelBackground>},
     InterfaceClass{QLatin1String("PictureButton"), make<PictureButton>},
@@ -44,35 +47,60 @@ constexpr std::array WidgetClasses{
     InterfaceClass{QLatin1String("TitleLabel"), make<TitleLabel>},
 };
 
+struct PanelClass {
+    QLatin1String name;
+    QWidget* (*create)(const platform::Desktop& ports, QWidget* parent);
+};
+constexpr std::array PanelClasses{
+    PanelClass{QLatin1String("DBOverlayWindow"), makePanel<DBOverlayWindow>},
+    PanelClass{QLatin1String("MAWindow"), makePanel<MAWindow>},
+};
+
 class Loader : public QUiLoader
 {
 public:
     Loader() { setLanguageChangeEnabled(false); }
 
-    std::unique_ptr<QWidget> loadWith(QIODevice& file, std::span<const InterfaceClass> classes)
+    std::unique_ptr<QWidget> loadWith(const platform::Desktop& ports, QIODevice& file,
+                                      std::span<const InterfaceClass> classes)
     {
+        m_ports = &ports;
         m_classes = classes;
         std::unique_ptr<QWidget> result(load(&file));
         m_classes = {};
+        m_ports = nullptr;
         return result;
     }
 
     QWidget* createWidget(const QString& className, QWidget* parent, const QString& name) override
     {
-        for (const std::span<const InterfaceClass> known :
-             {std::span<const InterfaceClass>(WidgetClasses), m_classes}) {
-            for (const InterfaceClass& candidate : known) {
-                if (className == candidate.name) {
-                    QWidget* widget = candidate.create(parent);
-                    widget->setObjectName(name);
-                    return widget;
-                }
-            }
-        }
-        return QUiLoader::createWidget(className, parent, name);
+        QWidget* widget = createOwn(className, parent);
+        if (!widget)
+            return QUiLoader::createWidget(className, parent, name);
+        widget->setObjectName(name);
+        return widget;
     }
 
 private:
+    /// Null when it is none of the program's own classes.
+    QWidget* createOwn(const QString& className, QWidget* parent) const
+    {
+        for (const PanelClass& candidate : PanelClasses) {
+            if (className == candidate.name)
+                return candidate.create(*m_ports, parent);
+        }
+        for (const std::span<const InterfaceClass> known :
+             {std::span<const InterfaceClass>(WidgetClasses), m_classes}) {
+            for (const InterfaceClass& candidate : known) {
+                if (className == candidate.name)
+                    return candidate.create(parent);
+            }
+        }
+        return nullptr;
+    }
+
+    // While a file is being loaded.
+    const platform::Desktop* m_ports = nullptr;
     std::span<const InterfaceClass> m_classes; ///< beside those every file may name
 };
 
@@ -89,14 +117,15 @@ std::unique_ptr<Loader> makeLoader()
 
 } // namespace
 
-std::unique_ptr<QWidget> loadInterface(const QString& name, std::span<const InterfaceClass> classes)
+std::unique_ptr<QWidget> loadInterface(const platform::Desktop& ports, const QString& name,
+                                       std::span<const InterfaceClass> classes)
 {
     QFile file(u":/interfaces/%1.ui"_qs.arg(name));
     if (!file.open(QIODevice::ReadOnly))
         return nullptr;
     static const std::unique_ptr<Loader> kept = makeLoader();
     Loader& loader = *kept;
-    return loader.loadWith(file, classes);
+    return loader.loadWith(ports, file, classes);
 }
 
 } // namespace lumbrix

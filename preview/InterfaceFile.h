@@ -8,6 +8,8 @@
 #include <memory>
 #include <span>
 
+#include "platform/Desktop.h"
+
 class QWidget;
 
 namespace lumbrix
@@ -20,8 +22,9 @@ struct InterfaceClass {
 };
 
 /// Loads an interface file of the program by name ("ScreenyView"), with the widget classes of the
-/// previews and the given ones. Null when there is none or it cannot be read. Main thread.
-std::unique_ptr<QWidget> loadInterface(const QString& name,
+/// previews and the given ones; the ports are those of the panels in it. Null when there is none or
+/// it cannot be read. Main thread.
+std::unique_ptr<QWidget> loadInterface(const platform::Desktop& ports, const QString& name,
                                        std::span<const InterfaceClass> classes = {});
 
 } // namespace lumbrix

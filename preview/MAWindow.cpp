@@ -11,7 +11,6 @@
 #include <utility>
 
 #include "model/UIElementUtilities.h"
-#include "platform/Desktop.h"
 #include "platform/WindowServer.h"
 #include "preview/IgnoredAccessible.h"
 
@@ -22,11 +21,10 @@ namespace
 
 /// Screen coordinates to the toolkit's. The edges are rounded, not the size, so that neighbours
 /// neither overlap nor leave a gap.
-QRect toolkitRect(const QRectF& frame)
+QRect toolkitRect(const QRectF& frame, const platform::Desktop& ports)
 {
-    const QRectF bounds = UIElementUtilities(platform::desktop()).flippedScreenBounds(frame);
-    const QRectF flipped =
-        bounds.translated(platform::desktop().windowServer.toolkitOffset(bounds));
+    const QRectF bounds = UIElementUtilities(ports).flippedScreenBounds(frame);
+    const QRectF flipped = bounds.translated(ports.windowServer.toolkitOffset(bounds));
     const int left = qRound(flipped.x());
     const int top = qRound(flipped.y());
     const int width = qRound(flipped.x() + flipped.width()) - left;
@@ -36,10 +34,11 @@ QRect toolkitRect(const QRectF& frame)
 
 } // namespace
 
-MAWindow::MAWindow(QWidget* parent)
+MAWindow::MAWindow(const platform::Desktop& ports, QWidget* parent)
     : QWidget(parent, Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint |
                           Qt::WindowDoesNotAcceptFocus | Qt::BypassWindowManagerHint |
-                          Qt::NoDropShadowWindowHint)
+                          Qt::NoDropShadowWindowHint),
+      m_ports(ports), m_reminder(ports)
 {
     setAttribute(Qt::WA_ShowWithoutActivating);
     setAttribute(Qt::WA_TranslucentBackground);
@@ -59,7 +58,7 @@ MAWindow::~MAWindow()
 void MAWindow::setFrame(const QRectF& frame)
 {
     m_frame = frame;
-    const QRect rounded = toolkitRect(frame);
+    const QRect rounded = toolkitRect(frame, m_ports);
     const qreal pixelsPerPoint = devicePixelRatioF();
     const bool isScaled = std::exchange(m_pixelsPerPoint, pixelsPerPoint) != pixelsPerPoint;
     if (rounded == geometry() && !isScaled)
@@ -117,7 +116,7 @@ void MAWindow::bringOntoScreen()
     if (m_level == 0)
         raise();
     if (!isOnScreen()) {
-        platform::desktop().windowServer.setOnScreen(internalWinId(), true);
+        m_ports.windowServer.setOnScreen(internalWinId(), true);
         m_reminder.start(internalWinId());
         m_presence.comeBack();
         // The server will ask for the content, but behind all that the compositor does about new
@@ -132,7 +131,7 @@ void MAWindow::bringOntoScreen()
 
 void MAWindow::orderOut()
 {
-    if (isOnScreen() && !platform::desktop().windowServer.setOnScreen(internalWinId(), false))
+    if (isOnScreen() && !m_ports.windowServer.setOnScreen(internalWinId(), false))
         hide();
     else
         wentOffScreen();

@@ -11,6 +11,7 @@
 
 #include <functional>
 
+#include "platform/Desktop.h"
 #include "preview/CompositorReminder.h"
 #include "preview/PanelPresence.h"
 
@@ -30,7 +31,8 @@ class MAWindow : public QWidget
     Q_PROPERTY(bool accessibilityIsIgnored READ accessibilityIsIgnored CONSTANT)
 
 public:
-    explicit MAWindow(QWidget* parent = nullptr);
+    /// The ports outlive it.
+    explicit MAWindow(const platform::Desktop& ports, QWidget* parent = nullptr);
     ~MAWindow() override;
 
     /// The frame as last set, unrounded; on screen its edges are rounded to whole points, so panels
@@ -109,6 +111,7 @@ private:
     static void takeBackdropsAway();
     void placeBelowHigherPanels();
 
+    const platform::Desktop& m_ports;
     QRectF m_frame;
     QWidget* m_content = nullptr;
     qreal m_cornerRadius = 0;

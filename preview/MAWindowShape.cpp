@@ -9,7 +9,6 @@
 
 #include <utility>
 
-#include "platform/Desktop.h"
 #include "platform/WindowServer.h"
 
 namespace lumbrix
@@ -35,7 +34,7 @@ void MAWindow::updateShape()
 
 void MAWindow::prepareToShow()
 {
-    const bool shaped = !platform::desktop().windowServer.blendsTranslucency();
+    const bool shaped = !m_ports.windowServer.blendsTranslucency();
     if (m_shaped != shaped) {
         m_shaped = shaped;
         Q_EMIT shapedChanged(shaped);

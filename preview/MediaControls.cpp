@@ -25,13 +25,13 @@ ScriptingWindow windowOf(const ScreenyView& preview)
 /// iTunes' main window has the application's name for its title. Other players put the track there;
 /// theirs are told from their dialogs and palettes.
 bool isMainWindowOfMusicPlayer(const ScreenyView& preview, const QString& identifier,
-                               ApplicationRole role)
+                               ApplicationRole role, platform::Accessibility& accessibility)
 {
     if (identifier == BundleIdentifier::ITunes)
         return preview.titleString() == u"iTunes";
     return role == ApplicationRole::MusicPlayer && preview.elementRef() &&
-           AX::equals(platform::desktop().accessibility, preview.elementRef()->element(),
-                      AX::Subrole, AX::StandardWindow);
+           AX::equals(accessibility, preview.elementRef()->element(), AX::Subrole,
+                      AX::StandardWindow);
 }
 
 void showTrack(ScreenyView& preview, const SWScript& script)
@@ -43,7 +43,7 @@ void showTrack(ScreenyView& preview, const SWScript& script)
 } // namespace
 
 MediaControls::MediaControls(const platform::Desktop& ports)
-    : m_script(SWScript::sharedScript(ports.appleEvents, ports.runLoop))
+    : m_ports(ports), m_script(SWScript::sharedScript(ports.appleEvents, ports.runLoop))
 {
 }
 
@@ -57,7 +57,7 @@ void MediaControls::setAppFlags(ScreenyView& preview,
     const ApplicationRole role = application->role != ApplicationRole::Other
                                      ? application->role
                                      : m_script->roleOf(windowOf(preview));
-    if (isMainWindowOfMusicPlayer(preview, identifier, role)) {
+    if (isMainWindowOfMusicPlayer(preview, identifier, role, m_ports.accessibility)) {
         preview.setITunes(true);
         showTrack(preview, *m_script);
         if (const QImage picture = artwork(preview); !picture.isNull())

@@ -34,6 +34,7 @@ public:
     void playPause(ScreenyView& preview) override;
 
 private:
+    const platform::Desktop& m_ports;
     const std::shared_ptr<const SWScript> m_script;
 };
 

@@ -3,22 +3,23 @@
 
 #include "preview/OverlayWindow.h"
 
-#include "platform/Desktop.h"
 #include "preview/InterfaceFile.h"
 
 namespace lumbrix
 {
 
-std::unique_ptr<OverlayWindow> OverlayWindow::load()
+std::unique_ptr<OverlayWindow> OverlayWindow::load(const platform::Desktop& ports)
 {
-    std::unique_ptr<QWidget> loaded = loadInterface(u"OverlayWindow"_qs);
+    std::unique_ptr<QWidget> loaded = loadInterface(ports, u"OverlayWindow"_qs);
     if (!qobject_cast<DBOverlayWindow*>(loaded.get()))
         return nullptr;
     return std::unique_ptr<OverlayWindow>(new OverlayWindow(
+        ports.runLoop,
         std::unique_ptr<DBOverlayWindow>(static_cast<DBOverlayWindow*>(loaded.release()))));
 }
 
-OverlayWindow::OverlayWindow(std::unique_ptr<DBOverlayWindow> window) : m_window(std::move(window))
+OverlayWindow::OverlayWindow(platform::RunLoop& runLoop, std::unique_ptr<DBOverlayWindow> window)
+    : m_runLoop(runLoop), m_window(std::move(window))
 {
 }
 
@@ -33,7 +34,7 @@ void OverlayWindow::orderFront()
 void OverlayWindow::dismiss()
 {
     m_isShown = false;
-    m_orderOutTimer = platform::desktop().runLoop.scheduleTimer(0, false, [this] { orderOut(); });
+    m_orderOutTimer = m_runLoop.scheduleTimer(0, false, [this] { orderOut(); });
 }
 
 void OverlayWindow::orderOut()

@@ -5,6 +5,7 @@
 
 #include <memory>
 
+#include "platform/Desktop.h"
 #include "platform/RunLoop.h"
 #include "preview/DBOverlayWindow.h"
 
@@ -15,8 +16,8 @@ namespace lumbrix
 class OverlayWindow
 {
 public:
-    /// Null when the interface file "OverlayWindow" cannot be loaded.
-    static std::unique_ptr<OverlayWindow> load();
+    /// Null when the interface file "OverlayWindow" cannot be loaded. The ports outlive it.
+    static std::unique_ptr<OverlayWindow> load(const platform::Desktop& ports);
     ~OverlayWindow();
 
     DBOverlayWindow& window() { return *m_window; }
@@ -27,9 +28,10 @@ public:
     void dismiss();
 
 private:
-    explicit OverlayWindow(std::unique_ptr<DBOverlayWindow> window);
+    OverlayWindow(platform::RunLoop& runLoop, std::unique_ptr<DBOverlayWindow> window);
     void orderOut();
 
+    platform::RunLoop& m_runLoop;
     const std::unique_ptr<DBOverlayWindow> m_window;
     bool m_isShown = false;
     platform::TimerPtr m_orderOutTimer;

@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <memory>
 
-#include "platform/Desktop.h"
 #include "platform/RunLoop.h"
 
 namespace lumbrix
@@ -17,12 +16,12 @@ std::mutex sharedLock;
 std::unique_ptr<SafariPreview> sharedInstance;
 } // namespace
 
-SafariPreview& SafariPreview::sharedPreview()
+SafariPreview& SafariPreview::sharedPreview(platform::RunLoop& runLoop)
 {
     const std::lock_guard lock(sharedLock);
     if (!sharedInstance) {
         sharedInstance = std::make_unique<SafariPreview>();
-        sharedInstance->setUp();
+        sharedInstance->setUp(runLoop);
     }
     return *sharedInstance;
 }
@@ -33,10 +32,10 @@ void SafariPreview::releaseSharedPreview()
     sharedInstance.reset();
 }
 
-void SafariPreview::setUp()
+void SafariPreview::setUp(platform::RunLoop& runLoop)
 {
-    platform::desktop().runLoop.detachThread(
-        "tab-scanner", [this](const platform::Thread& self) { tabScannerThread(self); });
+    runLoop.detachThread("tab-scanner",
+                         [this](const platform::Thread& self) { tabScannerThread(self); });
 }
 
 void SafariPreview::tabScannerThread(const platform::Thread&) {}

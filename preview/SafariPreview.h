@@ -13,8 +13,9 @@
 
 namespace lumbrix::platform
 {
+class RunLoop;
 class Thread;
-}
+} // namespace lumbrix::platform
 
 namespace lumbrix
 {
@@ -26,8 +27,8 @@ public:
     /// What one record holds is open until a scanner fills them.
     using Tab = QVariant;
 
-    /// The one instance, made on first use, with its scanner thread.
-    static SafariPreview& sharedPreview();
+    /// The one instance, made on first use, with its scanner thread in the run loop given then.
+    static SafariPreview& sharedPreview(platform::RunLoop& runLoop);
     /// Ends it. The run loop that ran its scanner has been shut down before.
     static void releaseSharedPreview();
 
@@ -41,7 +42,7 @@ public:
     void removeObject(const Tab& tab);                    ///< every equal one
 
 private:
-    void setUp();
+    void setUp(platform::RunLoop& runLoop);
     void tabScannerThread(const platform::Thread& self);
 
     mutable std::mutex m_lock; ///< guards the tabs

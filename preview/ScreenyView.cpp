@@ -4,7 +4,6 @@
 #include "preview/ScreenyView.h"
 
 #include "model/EngineSettings.h"
-#include "platform/Desktop.h"
 #include "platform/InputState.h"
 #include "platform/Workspace.h"
 #include "preview/DisplayText.h"
@@ -29,9 +28,8 @@ constexpr std::int64_t commandKey = 0x100;
 constexpr std::uint32_t hideOthersFlags =
     platform::ModifierFlag::Option | platform::ModifierFlag::Command;
 
-void hideOthers(std::int32_t pid)
+void hideOthers(std::int32_t pid, platform::Workspace& workspace)
 {
-    platform::Workspace& workspace = platform::desktop().workspace;
     for (const platform::RunningApplication& application : workspace.runningApplications()) {
         if (application.pid != pid)
             workspace.hide(application.pid);
@@ -40,9 +38,8 @@ void hideOthers(std::int32_t pid)
 
 /// Starting a player that runs already brings its main window forward. By its bundle, as its
 /// executable may be an interpreter that other programs share.
-void launchAgain(std::int32_t pid)
+void launchAgain(std::int32_t pid, platform::Workspace& workspace)
 {
-    platform::Workspace& workspace = platform::desktop().workspace;
     if (const auto application = workspace.runningApplication(pid))
         workspace.launchApplicationAtURL(application->bundleURL,
                                          platform::LaunchOption::WithoutAddingToRecents |
@@ -52,7 +49,10 @@ void launchAgain(std::int32_t pid)
 
 } // namespace
 
-ScreenyView::ScreenyView(PreviewHost& host) : m_host(host) {}
+ScreenyView::ScreenyView(const platform::Desktop& ports, PreviewHost& host)
+    : m_ports(ports), m_host(host)
+{
+}
 
 ScreenyView::~ScreenyView()
 {
@@ -60,15 +60,16 @@ ScreenyView::~ScreenyView()
     invalidateTimer();
 }
 
-ScreenyViewPtr ScreenyView::load(const QString& interfaceFile, PreviewHost& host)
+ScreenyViewPtr ScreenyView::load(const platform::Desktop& ports, const QString& interfaceFile,
+                                 PreviewHost& host)
 {
-    ScreenyViewPtr preview(new ScreenyView(host));
+    ScreenyViewPtr preview(new ScreenyView(ports, host));
     return preview->loadWindow(interfaceFile) ? preview : nullptr;
 }
 
 bool ScreenyView::loadWindow(const QString& interfaceFile)
 {
-    std::unique_ptr<QWidget> loaded = loadInterface(interfaceFile);
+    std::unique_ptr<QWidget> loaded = loadInterface(m_ports, interfaceFile);
     if (!qobject_cast<MAWindow*>(loaded.get()))
         return false;
     m_window.reset(static_cast<MAWindow*>(loaded.release()));
@@ -245,7 +246,7 @@ void ScreenyView::dismiss()
 void ScreenyView::activateWindow()
 {
     if (!m_elementRef) {
-        platform::Workspace& workspace = platform::desktop().workspace;
+        platform::Workspace& workspace = m_ports.workspace;
         if (m_iCal && !workspace.launchApplication(m_BusyCal ? u"BusyCal"_qs : u"iCal"_qs) &&
             !m_calURL.isEmpty())
             workspace.launchApplicationAtURL(m_calURL, platform::LaunchOption::Async);
@@ -254,15 +255,14 @@ void ScreenyView::activateWindow()
     // Closing all previews, below, may drop the last reference to this one.
     const ScreenyViewPtr self = shared_from_this();
     const SWElementPtr element = m_elementRef;
-    const platform::Desktop& desktop = platform::desktop();
-    desktop.runLoop.detachThread("raise", [element](const platform::Thread&) { element->raise(); });
-    if ((desktop.inputState.modifierFlags() & hideOthersFlags) == hideOthersFlags)
-        hideOthers(element->pid());
+    m_ports.runLoop.detachThread("raise", [element](const platform::Thread&) { element->raise(); });
+    if ((m_ports.inputState.modifierFlags() & hideOthersFlags) == hideOthersFlags)
+        hideOthers(element->pid(), m_ports.workspace);
     if (m_iTunes)
-        launchAgain(element->pid());
+        launchAgain(element->pid(), m_ports.workspace);
     // The window needs a moment to come forward; without it the zoom would uncover what was before.
     if (m_host.settings().zoomWindows && m_zoomWindow && m_zoomWindow->isFront())
-        desktop.runLoop.sleep(zoomActivationPause);
+        m_ports.runLoop.sleep(zoomActivationPause);
     hideZoom();
     if (m_host.settings().closeOnClick)
         m_host.removeAllScreenViews();
@@ -273,7 +273,7 @@ void ScreenyView::closeWindow()
     if (!m_elementRef)
         return;
     hideZoom();
-    platform::desktop().runLoop.detachThread(
+    m_ports.runLoop.detachThread(
         "close", [element = m_elementRef](const platform::Thread&) { element->closeWindow(); });
 }
 

@@ -16,6 +16,7 @@
 #include <optional>
 
 #include "model/SWElement.h"
+#include "platform/Desktop.h"
 #include "platform/RunLoop.h"
 #include "preview/HotKeyCenter.h"
 #include "preview/MAWindow.h"
@@ -42,9 +43,10 @@ class ScreenyView : public QObject, public std::enable_shared_from_this<ScreenyV
     Q_OBJECT
 
 public:
-    /// Loads the named interface file ("ScreenyView", "ScreenyViewBlack" ...). The host outlives
-    /// the preview. Null when the file cannot be loaded.
-    static ScreenyViewPtr load(const QString& interfaceFile, PreviewHost& host);
+    /// Loads the named interface file ("ScreenyView", "ScreenyViewBlack" ...). The ports and
+    /// the host outlive the preview. Null when the file cannot be loaded.
+    static ScreenyViewPtr load(const platform::Desktop& ports, const QString& interfaceFile,
+                               PreviewHost& host);
     ~ScreenyView() override;
 
     // Filling.
@@ -159,7 +161,7 @@ private:
     enum class Hover { Outside, Dragging, Inside };
     enum ControlIndex { SkipLeft, SkipRight, Play, GetMail, PlayPause, ControlCount };
 
-    explicit ScreenyView(PreviewHost& host);
+    ScreenyView(const platform::Desktop& ports, PreviewHost& host);
     bool loadWindow(const QString& interfaceFile);
     /// With what follows from it: the close button, and the look of the panel.
     void setHover(Hover hover);
@@ -186,6 +188,7 @@ private:
     void updateTimer();
     void invalidateTimer();
 
+    const platform::Desktop& m_ports;
     PreviewHost& m_host;
     SWElementPtr m_elementRef;
     QString m_titleString;

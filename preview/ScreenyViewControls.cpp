@@ -8,7 +8,6 @@
 #include <utility>
 
 #include "model/EngineSettings.h"
-#include "platform/Desktop.h"
 #include "platform/InputState.h"
 #include "preview/ImageButton.h"
 #include "preview/PanelBackground.h"
@@ -30,7 +29,7 @@ void ScreenyView::mouseEntered()
 {
     if (!m_elementRef)
         return;
-    if (platform::desktop().inputState.pressedMouseButtons() == leftButtonOnly) {
+    if (m_ports.inputState.pressedMouseButtons() == leftButtonOnly) {
         // Something is being dragged onto the window. Nothing comes up under it, so the engine's
         // checks find the preview not hovered and say again and again that the mouse is inside.
         if (m_hover != Hover::Dragging) {

@@ -46,9 +46,9 @@ std::int32_t fittingSize(std::int32_t wanted, float height)
 }
 
 /// Hidden, and belongs to the parent. Null when the interface file cannot be loaded.
-BadgeView* loadBadge(QWidget& parent)
+BadgeView* loadBadge(QWidget& parent, const platform::Desktop& ports)
 {
-    std::unique_ptr<QWidget> loaded = loadInterface(u"SpaceBadge"_qs);
+    std::unique_ptr<QWidget> loaded = loadInterface(ports, u"SpaceBadge"_qs);
     auto* badge = qobject_cast<BadgeView*>(loaded.get());
     if (!badge || !badge->awakeFromNib())
         return nullptr;
@@ -70,7 +70,7 @@ void ScreenyView::showSpaces()
         return;
     }
     if (!m_spaceView) {
-        m_spaceView = loadBadge(*contentView());
+        m_spaceView = loadBadge(*contentView(), m_ports);
         if (!m_spaceView)
             return;
         if (settings.spaceStyle == blueStyle)

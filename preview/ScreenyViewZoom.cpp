@@ -6,7 +6,6 @@
 
 #include "model/EngineSettings.h"
 #include "model/MouseRest.h"
-#include "platform/Desktop.h"
 #include "preview/ImageButton.h"
 #include "preview/InterfaceFile.h"
 #include "preview/PictureView.h"
@@ -34,16 +33,16 @@ void ScreenyView::showZoom(bool arm)
 void ScreenyView::armZoom()
 {
     cancelZoomWatcher();
-    platform::RunLoop& runLoop = platform::desktop().runLoop;
     // The thread may outlive this preview, so it only carries what finds it again. Whether it is
     // still the watcher is asked on the main thread, where nothing can replace it meanwhile.
     const auto isCurrent = std::make_shared<bool>(true);
     m_zoomWatch = isCurrent;
-    m_mouseCheckerThread = runLoop.detachThread(
-        "zoom", [&runLoop, weak = weak_from_this(), isCurrent](const platform::Thread& self) {
-            if (!waitForMouseRest(platform::desktop(), self))
+    m_mouseCheckerThread =
+        m_ports.runLoop.detachThread("zoom", [&ports = m_ports, weak = weak_from_this(),
+                                              isCurrent](const platform::Thread& self) {
+            if (!waitForMouseRest(ports, self))
                 return;
-            runLoop.performOnMainThread(
+            ports.runLoop.performOnMainThread(
                 [weak, isCurrent] {
                     if (!*isCurrent)
                         return;
@@ -69,7 +68,7 @@ void ScreenyView::showZoomWindow()
     if (!isHovered())
         return; // the mouse has left
     if (!m_zoomWindow) {
-        std::unique_ptr<QWidget> loaded = loadInterface(u"ZoomWindow"_qs);
+        std::unique_ptr<QWidget> loaded = loadInterface(m_ports, u"ZoomWindow"_qs);
         if (!qobject_cast<MAWindow*>(loaded.get()))
             return;
         m_zoomWindow.reset(static_cast<MAWindow*>(loaded.release()));
@@ -94,7 +93,7 @@ void ScreenyView::showZoomWindow()
 
 void ScreenyView::grabWhole()
 {
-    platform::RunLoop& runLoop = platform::desktop().runLoop;
+    platform::RunLoop& runLoop = m_ports.runLoop;
     runLoop.detachThread("capture", [&runLoop, element = m_elementRef,
                                      weak = weak_from_this()](const platform::Thread&) {
         runLoop.performOnMainThread(
@@ -116,8 +115,8 @@ void ScreenyView::setTimer()
     invalidateTimer();
     if (m_host.settings().disableLivePreviews)
         return;
-    m_zoomUpdateTimer = platform::desktop().runLoop.scheduleTimer(zoomRefreshInterval, true,
-                                                                  [this] { updateTimer(); });
+    m_zoomUpdateTimer =
+        m_ports.runLoop.scheduleTimer(zoomRefreshInterval, true, [this] { updateTimer(); });
 }
 
 void ScreenyView::updateTimer()

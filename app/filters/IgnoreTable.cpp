@@ -45,8 +45,8 @@ QWidget* makeNoteLabel(QWidget* parent) { return new NoteLabel(parent); }
 QDialog& loadSheet(QWidget& pane)
 {
     static constexpr std::array classes{InterfaceClass{QLatin1String("NoteLabel"), makeNoteLabel}};
-    auto* sheet =
-        qobject_cast<QDialog*>(loadInterface(QStringLiteral("FilterSheet"), classes).release());
+    auto* sheet = qobject_cast<QDialog*>(
+        loadInterface(platform::desktop(), QStringLiteral("FilterSheet"), classes).release());
     if (!sheet)
         qFatal("there is no interface file of the filter sheet");
     sheet->setParent(&pane, Qt::Dialog);

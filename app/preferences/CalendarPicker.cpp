@@ -94,7 +94,7 @@ void CalendarPicker::showSheet(QWidget& preferencesWindow)
         m_calendarPicker->activateWindow();
         return;
     }
-    std::unique_ptr<QWidget> loaded = loadInterface(u"CalendarPicker"_qs);
+    std::unique_ptr<QWidget> loaded = loadInterface(platform::desktop(), u"CalendarPicker"_qs);
     auto* sheet = qobject_cast<QDialog*>(loaded.get());
     auto* table = loaded ? loaded->findChild<CalTableView*>(u"tableView"_qs) : nullptr;
     auto* button = loaded ? loaded->findChild<QPushButton*>(u"endPicking"_qs) : nullptr;

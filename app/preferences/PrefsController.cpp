@@ -109,7 +109,8 @@ PrefsController::~PrefsController() { closeWindow(); }
 void PrefsController::setupToolbar()
 {
     for (const Pane& pane : panes) {
-        auto view = loadInterface(QLatin1String(pane.interfaceFile), widgetClasses);
+        auto view =
+            loadInterface(platform::desktop(), QLatin1String(pane.interfaceFile), widgetClasses);
         if (view)
             awakeFromNib(*view);
         addView(std::move(view), QLatin1String(pane.identifier),

@@ -51,7 +51,7 @@ protected:
         m_controller = std::make_unique<LumbrixController>();
         ASSERT_TRUE(m_controller->awakeFromNib());
         m_controller->applicationDidFinishLaunching();
-        m_pane = loadInterface(u"PreferencesFilters"_s);
+        m_pane = loadInterface(ports(), u"PreferencesFilters"_s);
         ASSERT_TRUE(m_pane);
         m_pane->show();
         table = new IgnoreTable(*m_pane);

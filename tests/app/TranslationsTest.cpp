@@ -33,7 +33,7 @@ protected:
         forget();
         installTranslations(languages, {u"/no/such/folder"_s, QStringLiteral(CATALOGUE_FOLDER)});
         const StatusMenu menu;
-        const auto pane = loadInterface(u"PreferencesAdvanced"_s, classes);
+        const auto pane = loadInterface(ports(), u"PreferencesAdvanced"_s, classes);
         return {menu.actions().constLast()->text(),
                 pane->findChild<QCheckBox*>(u"ignoreMinimized"_s)->text(), FilterLevel::title(0)};
     }

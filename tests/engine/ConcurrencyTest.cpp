@@ -29,8 +29,8 @@ using SafariPreviewTest = DesktopFixture;
 
 TEST_F(SafariPreviewTest, tabs_areScannedForOnceAndInVain_andCopiedOut)
 {
-    SafariPreview& preview = SafariPreview::sharedPreview();
-    EXPECT_EQ(&preview, &SafariPreview::sharedPreview());
+    SafariPreview& preview = SafariPreview::sharedPreview(loop);
+    EXPECT_EQ(&preview, &SafariPreview::sharedPreview(loop));
     EXPECT_EQ(loop.runningThreads("tab-scanner"), 1);
     loop.runUntilIdle();
     EXPECT_EQ(loop.runningThreads("tab-scanner"), 0);
@@ -53,8 +53,8 @@ TEST(EngineConcurrency, windowsChangedByTheirApplications_whileScannedCapturedAn
     // Several ask for the one list of tabs while the engine makes it.
     std::array<std::atomic<SafariPreview*>, 4> previews{};
     for (auto& preview : previews)
-        loop.detachThread("asker", [&preview](const platform::Thread&) {
-            preview = &SafariPreview::sharedPreview();
+        loop.detachThread("asker", [&preview, &loop](const platform::Thread&) {
+            preview = &SafariPreview::sharedPreview(loop);
             preview.load()->addObject(1);
         });
     LXHandler& engine = LXHandler::sharedHandler();
@@ -97,8 +97,8 @@ TEST(EngineConcurrency, windowsChangedByTheirApplications_whileScannedCapturedAn
     EXPECT_EQ(engine.screenyViews().size(), 2U);
     loop.shutdown();
     for (const auto& preview : previews)
-        EXPECT_EQ(preview, &SafariPreview::sharedPreview());
-    EXPECT_EQ(SafariPreview::sharedPreview().tabsArray().size(), previews.size());
+        EXPECT_EQ(preview, &SafariPreview::sharedPreview(loop));
+    EXPECT_EQ(SafariPreview::sharedPreview(loop).tabsArray().size(), previews.size());
     LXHandler::releaseSharedHandler();
 }
 

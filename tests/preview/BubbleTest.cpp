@@ -23,7 +23,7 @@ protected:
     }
     const DBOverlayWindow& panel() const { return wrapper.bubble()->window(); }
 
-    BubbleWrapper wrapper;
+    BubbleWrapper wrapper{ports()};
 };
 
 TEST_F(Bubble, frame_isAroundTheRowAndNotSymmetric)
@@ -99,7 +99,7 @@ TEST_F(Bubble, dismissedAndShownInOnePass_stays)
 TEST_F(Bubble, turnedOff_isGoneAndCostsNothing)
 {
     const std::vector<ScreenyViewPtr> previews = row(1);
-    BubbleWrapper off;
+    BubbleWrapper off(ports());
     off.positionAndShowBubble(previews);
     off.hideBubble();
     EXPECT_FALSE(off.bubble());

@@ -16,7 +16,7 @@ class PanelFixture : public DesktopFixture
 protected:
     ScreenyViewPtr preview(const QRectF& frame, int space = 1)
     {
-        ScreenyViewPtr preview = ScreenyView::load(QStringLiteral("ScreenyView"), host);
+        ScreenyViewPtr preview = ScreenyView::load(ports(), QStringLiteral("ScreenyView"), host);
         SimulatedWindow description{QStringLiteral("A window"), QRectF(200, 100, 600, 400)};
         description.space = space;
         const WindowID window = desk.addWindow(pid, description);

@@ -88,7 +88,8 @@ int main(int argc, char* argv[])
     const int columns = given("columns").toInt();
     const QStringList pictures = parser.positionalArguments();
     for (std::size_t i = 0; i < Styles.size(); ++i) {
-        const ScreenyViewPtr preview = ScreenyView::load(QString::fromLatin1(Styles.at(i)), host);
+        const ScreenyViewPtr preview =
+            ScreenyView::load(ports, QString::fromLatin1(Styles.at(i)), host);
         if (!preview)
             return 1;
         const int n = static_cast<int>(i);

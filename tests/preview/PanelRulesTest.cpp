@@ -34,7 +34,7 @@ class Panel : public DesktopFixture
 protected:
     ScreenyViewPtr load(const QString& style = QStringLiteral("ScreenyView"))
     {
-        ScreenyViewPtr preview = ScreenyView::load(style, host);
+        ScreenyViewPtr preview = ScreenyView::load(ports(), style, host);
         host.previews.push_back(preview);
         preview->window()->setFrame({0, 20, 243, 190});
         return preview;
@@ -132,7 +132,7 @@ TEST_F(Panel, everyStyle_hasItsPartsAtEverySize)
             EXPECT_FALSE(title->geometry().intersects(part(preview, "fastKeyButton")->geometry()));
         }
     }
-    EXPECT_FALSE(ScreenyView::load(QStringLiteral("NoSuchStyle"), host));
+    EXPECT_FALSE(ScreenyView::load(ports(), QStringLiteral("NoSuchStyle"), host));
 }
 
 TEST_F(Panel, everyDrawing_canBeDrawn)
