@@ -65,7 +65,8 @@ bool seedBadgeRun(UserDefaults& defaults)
     defaults.setBool(true, flag);
     seed(defaults, FirstStored::AtBadgeRun);
     // Badges look wrong on icons that move by themselves.
-    if (!LXHandler::isDockAutoHidingEnabled() && !LXHandler::isDockMagnificationEnabled())
+    platform::DockPreferences& dock = platform::desktop().dockPreferences;
+    if (!LXHandler::isDockAutoHidingEnabled(dock) && !LXHandler::isDockMagnificationEnabled(dock))
         defaults.setInteger(1, key("badgeDock"));
     defaults.synchronize();
     return true;

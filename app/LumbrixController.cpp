@@ -190,8 +190,9 @@ void LumbrixController::retrieveDefaults(const QString& senderTitle)
 void LumbrixController::badgeDockIconsChanged()
 {
     badger().badgeDockItems();
+    platform::DockPreferences& dock = platform::desktop().dockPreferences;
     if (badger().shouldBadgeDock() &&
-        (LXHandler::isDockMagnificationEnabled() || LXHandler::isDockAutoHidingEnabled()))
+        (LXHandler::isDockMagnificationEnabled(dock) || LXHandler::isDockAutoHidingEnabled(dock)))
         beginSheet(tr("Badge Dock Icons"),
                    tr("Please note that this feature doesn't work very well when Dock "
                       "Magnification/Hiding are enabled."),
@@ -315,7 +316,8 @@ void LumbrixController::addDockObserver()
     const std::int32_t pid = SWElement::getDockPid(platform::desktop());
     if (pid == 0 || (m_dockObserver && m_dockObserver->isEqualTo(pid)))
         return;
-    m_dockObserver = SWObserver::observerWithPid(pid, handleAXNotification);
+    m_dockObserver =
+        SWObserver::observerWithPid(platform::desktop().accessibility, pid, handleAXNotification);
     if (!m_dockObserver)
         return;
     const platform::ElementRef dock = platform::desktop().accessibility.createApplication(pid);

@@ -44,11 +44,11 @@ bool LumbrixController::awakeFromNib()
     const platform::Desktop& desktop = platform::desktop();
     Companions companions;
     companions.hotKeyCenter = m_hotKeyCenter;
-    companions.calendarPreview = CalPreview::sharedPreview();
+    companions.calendarPreview = CalPreview::sharedPreview(desktop);
     companions.helpBubble = std::make_shared<BubbleWrapper>(desktop);
     companions.windowCountBadger = std::make_shared<WinNumberBadger>(desktop);
     companions.playerControls = std::make_shared<MediaControls>(desktop);
-    LXHandler::installCompanions(companions);
+    LXHandler::installCompanions(desktop, companions);
     LXHandler::sharedHandler().setApplicationDelegate(this);
     updateState();
     return true;

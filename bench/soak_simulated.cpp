@@ -61,6 +61,7 @@ class Soak final : public HoverDelays
 public:
     explicit Soak(unsigned seed) : m_chance(seed), m_busy(m_chance)
     {
+        LXHandler::installCompanions(m_busy.ports(), {});
         EngineSettings& settings = engine().settings();
         settings.windowWidth = 160;
         settings.windowHeight = 120;
@@ -144,7 +145,8 @@ private:
     void observeDock()
     {
         const Pid pid = m_busy.desk.dockPid();
-        m_dockObserver = SWObserver::observerWithPid(pid, handleAXNotification);
+        m_dockObserver =
+            SWObserver::observerWithPid(m_busy.desk.accessibility(), pid, handleAXNotification);
         const auto dock = m_busy.desk.accessibility().createApplication(pid);
         for (const QString& name :
              {AX::SelectedChildrenChanged, AX::MenuOpened, AX::FocusedUIElementChanged})

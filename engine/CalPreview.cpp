@@ -18,7 +18,6 @@
 #include "model/AXRead.h"
 #include "model/Modifiers.h"
 #include "platform/CalendarStore.h"
-#include "platform/Desktop.h"
 #include "platform/WallClock.h"
 #include "preview/EventLine.h"
 
@@ -36,25 +35,24 @@ constexpr float maxLineWidth = 700;
 constexpr QPointF firstLine(20, 21);
 constexpr QSizeF surroundings(30, 40);
 
-platform::CalendarEvents eventsToCome()
+platform::CalendarEvents eventsUntil(const QDateTime& end, const platform::Desktop& ports)
 {
     QStringList calendars;
-    for (const platform::Calendar& calendar : CalendarChoice::getAllowedCalendars())
+    for (const platform::Calendar& calendar : CalendarChoice::getAllowedCalendars(ports))
         calendars << calendar.uid;
-    return platform::desktop().calendarStore.events(platform::desktop().wallClock.now(),
-                                                    CalPreview::nextDate(), calendars);
+    return ports.calendarStore.events(ports.wallClock.now(), end, calendars);
 }
 
 } // namespace
 
-std::shared_ptr<CalPreview> CalPreview::sharedPreview()
+std::shared_ptr<CalPreview> CalPreview::sharedPreview(const platform::Desktop& ports)
 {
     static std::mutex mutex;
     static std::weak_ptr<CalPreview> shared; // guarded by mutex
     const std::lock_guard lock(mutex);
     std::shared_ptr<CalPreview> preview = shared.lock();
     if (!preview)
-        shared = preview = std::make_shared<CalPreview>();
+        shared = preview = std::make_shared<CalPreview>(ports);
     return preview;
 }
 
@@ -68,8 +66,7 @@ void CalPreview::calIconHovered(const SWElementPtr& dockItem)
 {
     LXHandler& engine = LXHandler::sharedHandler();
     const EngineSettings& settings = engine.settings();
-    const bool isBusyCal =
-        dockItem && SWElement::checkIfBusyCal(platform::desktop(), dockItem->element());
+    const bool isBusyCal = dockItem && SWElement::checkIfBusyCal(m_ports, dockItem->element());
     if (const ScreenyViewPtr shown = shownPreview(); shown && shown->BusyCal() == isBusyCal) {
         if (m_wanted.dockItem)
             m_wanted.dockItem = dockItem; // another element each time that the icon is hovered
@@ -78,14 +75,12 @@ void CalPreview::calIconHovered(const SWElementPtr& dockItem)
     engine.removeAllScreenViews();
     // The key that hides the previews of windows is the one that brings up the calendar: the two
     // take turns.
-    if (settings.hidePreviews &&
-        !isModifierHeld(platform::desktop().inputState, settings.hidePreviewsKeycode))
+    if (settings.hidePreviews && !isModifierHeld(m_ports.inputState, settings.hidePreviewsKeycode))
         return;
     engine.inventory().cleanWindowsArray();
-    if (settings.onlyIfPressed &&
-        !isModifierHeld(platform::desktop().inputState, settings.onlyIfKeycode))
+    if (settings.onlyIfPressed && !isModifierHeld(m_ports.inputState, settings.onlyIfKeycode))
         return;
-    if (eventsToCome().error != CalendarError::NotReady)
+    if (eventsUntil(nextDate(), m_ports).error != CalendarError::NotReady)
         showPreview(dockItem, isBusyCal);
     read(dockItem, isBusyCal);
 }
@@ -94,16 +89,16 @@ void CalPreview::read(const SWElementPtr& dockItem, bool isBusyCal)
 {
     m_wanted = {dockItem, isBusyCal};
     // All of today, so that what is read now is still enough later on.
-    const QDateTime now = platform::desktop().wallClock.now();
+    const QDateTime now = m_ports.wallClock.now();
     const QDateTime day = platform::WallClock::startOfDay(now);
     if (m_dayBeingRead == day)
         return; // it will do for this icon, too
     m_dayBeingRead = day;
-    platform::desktop().calendarStore.refresh(day, platform::WallClock::endOfDay(now),
-                                              [weak = weak_from_this(), day] {
-                                                  if (const auto self = weak.lock())
-                                                      self->eventsRead(day);
-                                              });
+    m_ports.calendarStore.refresh(day, platform::WallClock::endOfDay(now),
+                                  [weak = weak_from_this(), day] {
+                                      if (const auto self = weak.lock())
+                                          self->eventsRead(day);
+                                  });
 }
 
 void CalPreview::eventsRead(const QDateTime& day)
@@ -118,7 +113,8 @@ void CalPreview::eventsRead(const QDateTime& day)
     const ScreenyViewPtr shown = shownPreview();
     if (!shown) {
         // Meanwhile it may have been clicked, which brings up a menu or the application.
-        if (engine.screenyViews().empty() && (dockItem->isRequested() || isHovered(dockItem)))
+        if (engine.screenyViews().empty() &&
+            (dockItem->isRequested() || isHovered(m_ports.inputState, dockItem)))
             showPreview(dockItem, isBusyCal);
         return;
     }
@@ -132,7 +128,7 @@ void CalPreview::eventsRead(const QDateTime& day)
 void CalPreview::showPreview(const SWElementPtr& dockItem, bool isBusyCal)
 {
     LXHandler& engine = LXHandler::sharedHandler();
-    if (HoverRules::verdictForPlace(dockItem) != HoverVerdict::Shows)
+    if (HoverRules::verdictForPlace(m_ports.dockPreferences, dockItem) != HoverVerdict::Shows)
         return;
     const ScreenyViewPtr preview = engine.createScreenyView();
     if (!preview)
@@ -147,8 +143,7 @@ void CalPreview::showPreview(const SWElementPtr& dockItem, bool isBusyCal)
         preview->setElementRef(windows.front());
     else if (dockItem)
         preview->setCalURL(
-            AX::read<QUrl>(platform::desktop().accessibility, dockItem->element(), AX::URL)
-                .value_or(QUrl()));
+            AX::read<QUrl>(m_ports.accessibility, dockItem->element(), AX::URL).value_or(QUrl()));
     preview->setICal(true);
     preview->setBusyCal(isBusyCal);
     engine.row().arranger().arrangeWindows(dockItem, false);
@@ -186,10 +181,10 @@ void CalPreview::addTextField(const QString& line, int index, ScreenyView& previ
     field->show();
 }
 
-QStringList CalPreview::upcomingEvents()
+QStringList CalPreview::upcomingEvents() const
 {
     QStringList lines;
-    for (const platform::CalendarEvent& event : eventsToCome().events) {
+    for (const platform::CalendarEvent& event : eventsUntil(nextDate(), m_ports).events) {
         if (lines.size() == maxLines)
             break;
         lines << humanTimeFromDate(event.start, event.end) + u' ' + event.title;
@@ -199,10 +194,10 @@ QStringList CalPreview::upcomingEvents()
     return lines;
 }
 
-QDateTime CalPreview::nextDate()
+QDateTime CalPreview::nextDate() const
 {
     // A day by the calendar. By the clock it is an hour more or less when the clocks change.
-    return platform::WallClock::endOfDay(platform::desktop().wallClock.now());
+    return platform::WallClock::endOfDay(m_ports.wallClock.now());
 }
 
 QString CalPreview::humanTimeFromDate(const QDateTime& start, const QDateTime& end)

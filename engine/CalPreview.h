@@ -10,6 +10,7 @@
 #include <memory>
 
 #include "engine/Companions.h"
+#include "platform/Desktop.h"
 #include "preview/ScreenyView.h"
 
 namespace lumbrix
@@ -21,8 +22,10 @@ class LXHandler;
 class CalPreview final : public CalendarPreview, public std::enable_shared_from_this<CalPreview>
 {
 public:
-    /// The one there is, as long as someone holds it. Any thread.
-    static std::shared_ptr<CalPreview> sharedPreview();
+    /// The one there is, as long as someone holds it, on the ports of who asked first, which
+    /// outlive it. Any thread.
+    static std::shared_ptr<CalPreview> sharedPreview(const platform::Desktop& ports);
+    explicit CalPreview(const platform::Desktop& ports) : m_ports(ports) {}
 
     bool shouldShowCal() const override { return m_shouldShowCal; }
     void setShouldShowCal(bool on) override { m_shouldShowCal = on; }
@@ -32,9 +35,9 @@ public:
     void calIconHovered(const SWElementPtr& dockItem) override;
 
     /// The lines of the preview, ten at most, never none; from what the store knows.
-    static QStringList upcomingEvents();
+    QStringList upcomingEvents() const;
     /// The midnight that ends today.
-    static QDateTime nextDate();
+    QDateTime nextDate() const;
     /// Such as "9:00 AM - 10:30 AM", as the user's language writes times.
     static QString humanTimeFromDate(const QDateTime& start, const QDateTime& end);
 
@@ -48,6 +51,7 @@ private:
     /// The preview on screen; null when there is none.
     static ScreenyViewPtr shownPreview();
 
+    const platform::Desktop& m_ports;
     bool m_shouldShowCal = false;
     QStringList m_lines; ///< as last shown
     struct Wanted {

@@ -5,24 +5,21 @@
 
 #include <algorithm>
 
-#include "platform/Desktop.h"
-#include "platform/UserDefaults.h"
-
 namespace lumbrix::CalendarChoice
 {
 
 using platform::Calendar;
 
-QStringList disabledUIDs()
+QStringList disabledUIDs(const platform::UserDefaults& defaults)
 {
-    return platform::desktop().userDefaults.arrayForKey(u"calendars"_qs).value_or(QStringList());
+    return defaults.arrayForKey(u"calendars"_qs).value_or(QStringList());
 }
 
-std::vector<Calendar> getDisabledCalendars()
+std::vector<Calendar> getDisabledCalendars(const platform::Desktop& ports)
 {
-    const std::vector<Calendar> known = platform::desktop().calendarStore.calendars().calendars;
+    const std::vector<Calendar> known = ports.calendarStore.calendars().calendars;
     std::vector<Calendar> disabled;
-    for (const QString& uid : disabledUIDs()) {
+    for (const QString& uid : disabledUIDs(ports.userDefaults)) {
         if (const auto calendar = std::ranges::find(known, uid, &Calendar::uid);
             calendar != known.end())
             disabled.push_back(*calendar);
@@ -30,17 +27,16 @@ std::vector<Calendar> getDisabledCalendars()
     return disabled;
 }
 
-std::vector<Calendar> getAllowedCalendars()
+std::vector<Calendar> getAllowedCalendars(const platform::Desktop& ports)
 {
-    std::vector<Calendar> calendars = platform::desktop().calendarStore.calendars().calendars;
-    for (const Calendar& disabled : getDisabledCalendars())
+    std::vector<Calendar> calendars = ports.calendarStore.calendars().calendars;
+    for (const Calendar& disabled : getDisabledCalendars(ports))
         std::erase(calendars, disabled);
     return calendars;
 }
 
-void setDisabledUIDs(const QStringList& uids)
+void setDisabledUIDs(platform::UserDefaults& defaults, const QStringList& uids)
 {
-    platform::UserDefaults& defaults = platform::desktop().userDefaults;
     defaults.setArray(uids, u"calendars"_qs);
     defaults.synchronize();
 }

@@ -9,6 +9,8 @@
 #include <vector>
 
 #include "platform/CalendarStore.h"
+#include "platform/Desktop.h"
+#include "platform/UserDefaults.h"
 
 /// Main thread. What is switched off is kept by uid in the settings, as "calendars", so a calendar
 /// that is new is shown.
@@ -16,11 +18,11 @@ namespace lumbrix::CalendarChoice
 {
 
 /// As they are in the settings, also those of calendars that the store does not know.
-QStringList disabledUIDs();
+QStringList disabledUIDs(const platform::UserDefaults& defaults);
 /// Of the calendars that the store knows, in the order of the settings.
-std::vector<platform::Calendar> getDisabledCalendars();
+std::vector<platform::Calendar> getDisabledCalendars(const platform::Desktop& ports);
 /// Of the calendars that the store knows, in its order.
-std::vector<platform::Calendar> getAllowedCalendars();
-void setDisabledUIDs(const QStringList& uids);
+std::vector<platform::Calendar> getAllowedCalendars(const platform::Desktop& ports);
+void setDisabledUIDs(platform::UserDefaults& defaults, const QStringList& uids);
 
 } // namespace lumbrix::CalendarChoice

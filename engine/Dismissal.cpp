@@ -6,7 +6,6 @@
 #include <algorithm>
 
 #include "engine/HitTest.h"
-#include "platform/Desktop.h"
 
 namespace lumbrix
 {
@@ -44,8 +43,8 @@ void Dismissal::letGo()
     if (m.timers.isSwitcherWatched())
         return; // it decides
     invalidateTimer(m.timers.exit);
-    m.timers.exit = platform::desktop().runLoop.scheduleTimer(
-        exitCheckInterval, true, [this] { removeAllScreenViewsWithCheck(); });
+    m.timers.exit = m.ports.runLoop.scheduleTimer(exitCheckInterval, true,
+                                                  [this] { removeAllScreenViewsWithCheck(); });
 }
 
 void Dismissal::mouseExitedToOtherIcon()
@@ -106,7 +105,7 @@ void Dismissal::removeAllScreenViewsWithCheck()
     }
     invalidateTimer(m.timers.exit);
     invalidateTimer(m.timers.exitDelay);
-    m.timers.exitDelay = platform::desktop().runLoop.scheduleTimer(
+    m.timers.exitDelay = m.ports.runLoop.scheduleTimer(
         static_cast<double>(exitDelay), false, [this] { removeAllScreenViewsWithCheckDelayed(); });
 }
 
@@ -145,12 +144,12 @@ QRectF Dismissal::bridgedToDock(const QRectF& frame, const QRectF& icon,
 
 bool Dismissal::checkIfPreviewsAreHovered(bool includeDockItem)
 {
-    const QPointF mouse = mouseLocation();
+    const QPointF mouse = m.ports.inputState.mouseLocation();
     const SWElementPtr dockItem = m.hovered.element();
     const QRectF icon = includeDockItem && dockItem ? dockItem->getNSRect() : QRectF();
     if (contains(icon, mouse))
         return true;
-    const auto side = StripArranger::dockSide(dockItem);
+    const auto side = StripArranger::dockSide(m.ports.dockPreferences, dockItem);
     // A copy: a preview's hover state may have the engine change the set.
     const auto previews = m.row.previews();
     for (const ScreenyViewPtr& preview : previews) {
@@ -170,7 +169,7 @@ bool Dismissal::shouldInterceptClick(bool perform, bool isTabExit)
     // Only the switcher keeps ordinary clicks from reaching the previews.
     if (!m.settings.showInTab || previews.empty() || !previews.front()->setByTab())
         return false;
-    const QPointF mouse = mouseLocation();
+    const QPointF mouse = m.ports.inputState.mouseLocation();
     for (const ScreenyViewPtr& preview : previews) {
         const QRectF frame = frameOf(*preview);
         if (!contains(frame, mouse))

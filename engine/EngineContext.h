@@ -9,12 +9,14 @@
 #include "engine/RowTimers.h"
 #include "model/EngineSettings.h"
 #include "model/WindowInventory.h"
+#include "platform/Desktop.h"
 
 namespace lumbrix
 {
 
 /// What the parts of the engine work on together. All of it outlives them.
 struct EngineContext {
+    const platform::Desktop& ports;
     const EngineSettings& settings;
     const Companions& companions;
     WindowInventory& inventory;

@@ -3,9 +3,6 @@
 
 #include "engine/FilterTable.h"
 
-#include "platform/Desktop.h"
-#include "platform/UserDefaults.h"
-
 namespace lumbrix
 {
 namespace
@@ -13,10 +10,9 @@ namespace
 constexpr int usualLevel = 2;
 } // namespace
 
-QVariantMap FilterTable::getFiltersDictionary()
+QVariantMap FilterTable::getFiltersDictionary(const platform::UserDefaults& defaults)
 {
-    const auto stored =
-        platform::desktop().userDefaults.dictionaryForKey(QStringLiteral("filters"));
+    const auto stored = defaults.dictionaryForKey(QStringLiteral("filters"));
     return stored.value_or(QVariantMap{{QStringLiteral("All applications"), usualLevel}});
 }
 

@@ -9,6 +9,7 @@
 #include <mutex>
 
 #include "model/FilterLevels.h"
+#include "platform/UserDefaults.h"
 
 namespace lumbrix
 {
@@ -18,7 +19,7 @@ class FilterTable final : public FilterLevels
 {
 public:
     /// The stored dictionary, or the one a new user starts with. Main thread.
-    static QVariantMap getFiltersDictionary();
+    static QVariantMap getFiltersDictionary(const platform::UserDefaults& defaults);
 
     /// The level that a stored value stands for. Files are edited by hand, too: what is no number
     /// stands for the usual level.

@@ -3,13 +3,8 @@
 
 #include "engine/HitTest.h"
 
-#include "platform/Desktop.h"
-#include "platform/InputState.h"
-
 namespace lumbrix
 {
-
-QPointF mouseLocation() { return platform::desktop().inputState.mouseLocation(); }
 
 bool contains(const QRectF& rect, QPointF point)
 {
@@ -17,9 +12,9 @@ bool contains(const QRectF& rect, QPointF point)
            point.y() < rect.y() + rect.height();
 }
 
-bool isHovered(const SWElementPtr& item)
+bool isHovered(platform::InputState& input, const SWElementPtr& item)
 {
-    return item && contains(item->getNSRect(), mouseLocation());
+    return item && contains(item->getNSRect(), input.mouseLocation());
 }
 
 QRectF frameOf(const ScreenyView& preview)

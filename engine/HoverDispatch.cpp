@@ -5,7 +5,6 @@
 
 #include "engine/HoverRules.h"
 #include "model/Modifiers.h"
-#include "platform/Desktop.h"
 
 namespace lumbrix
 {
@@ -45,13 +44,13 @@ void HoverDispatch::iconHovered(const SWElementPtr& element)
         return;
     }
     if (m.row.belongsTo(application, false) && !wereOthers && !areChosen &&
-        HoverRules::verdictForPlace(element) == HoverVerdict::Shows) {
+        HoverRules::verdictForPlace(m.ports.dockPreferences, element) == HoverVerdict::Shows) {
         if (!element->isEqualTo(current))
             moveRow(element);
         return;
     }
     m_dismissal.removeAllScreenViews();
-    const HoverVerdict verdict = HoverRules::verdictBeforeWindows(m.settings);
+    const HoverVerdict verdict = HoverRules::verdictBeforeWindows(m.ports.inputState, m.settings);
     if (verdict == HoverVerdict::DockPreviewsOff)
         return;
     if (application && verdict == HoverVerdict::Shows)
@@ -76,14 +75,15 @@ void HoverDispatch::showPreviewsForApplication(const platform::RunningApplicatio
     m.inventory.cleanWindowsArray();
     const auto windows = m.inventory.windowsBehindItem(*element, application);
     const bool areChosen = element->chosenWindows().has_value();
-    if (HoverRules::verdictForWindows(m.settings, windows.size(), areChosen) == HoverVerdict::Shows)
+    if (HoverRules::verdictForWindows(m.ports.inputState, m.settings, windows.size(), areChosen) ==
+        HoverVerdict::Shows)
         showPreviews(windows, application, element);
 }
 
 void HoverDispatch::showPreviews(const std::vector<SWElementPtr>& windows,
                                  const Application& application, const SWElementPtr& element)
 {
-    if (HoverRules::verdictForPlace(element) != HoverVerdict::Shows)
+    if (HoverRules::verdictForPlace(m.ports.dockPreferences, element) != HoverVerdict::Shows)
         return;
     m.hovered.setShouldInstantShow(true);
     m.companions.hotKeyCenter->toggleEventTap(true);
@@ -100,13 +100,14 @@ void HoverDispatch::lumbrixIconHovered(const SWElementPtr& element)
         element ? element->runningApplicationForDockElement() : std::nullopt;
     m_dismissal.removeAllScreenViews();
     // The same rules as in the update, which would take back half a second later what they forbid.
-    const HoverVerdict verdict = HoverRules::verdictBeforeWindows(settings);
+    const HoverVerdict verdict = HoverRules::verdictBeforeWindows(m.ports.inputState, settings);
     if (verdict == HoverVerdict::DockPreviewsOff)
         return;
     if (application && verdict == HoverVerdict::Shows) {
         m.inventory.cleanWindowsArray();
         const auto windows = m.inventory.windowsBehindIcon(*application);
-        if (HoverRules::verdictForWindows(settings, windows.size(), true) == HoverVerdict::Shows)
+        if (HoverRules::verdictForWindows(m.ports.inputState, settings, windows.size(), true) ==
+            HoverVerdict::Shows)
             showPreviews(windows, application, element);
     }
     armUpdateTimer(element);
@@ -129,7 +130,8 @@ void HoverDispatch::minimizedIconHovered(const SWElementPtr& element)
         element->isEqualTo(current))
         return;
     m_dismissal.removeAllScreenViews();
-    if (!m.settings.showInDock || HoverRules::verdictForPlace(element) != HoverVerdict::Shows)
+    if (!m.settings.showInDock ||
+        HoverRules::verdictForPlace(m.ports.dockPreferences, element) != HoverVerdict::Shows)
         return;
     m.hovered.setShouldInstantShow(true);
     m.companions.hotKeyCenter->toggleEventTap(true);
@@ -142,7 +144,7 @@ void HoverDispatch::minimizedIconHovered(const SWElementPtr& element)
         const EngineSettings& settings = m.settings;
         // With the key held the preview exists but stays unshown; the next update drops it.
         if (!settings.hidePreviews ||
-            !isModifierHeld(platform::desktop().inputState, settings.hidePreviewsKeycode)) {
+            !isModifierHeld(m.ports.inputState, settings.hidePreviewsKeycode)) {
             preview->orderFront();
             preview->setShortcut();
         }

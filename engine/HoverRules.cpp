@@ -5,20 +5,19 @@
 
 #include "engine/StripArranger.h"
 #include "model/Modifiers.h"
-#include "platform/Desktop.h"
 
 namespace lumbrix
 {
 
-DockItemKind kindOfDockItem(const platform::ElementRef& item, bool showsCalendars)
+DockItemKind kindOfDockItem(const platform::Desktop& ports, const platform::ElementRef& item,
+                            bool showsCalendars)
 {
-    if (showsCalendars && SWElement::checkIfCal(platform::desktop(), item))
+    if (showsCalendars && SWElement::checkIfCal(ports, item))
         return DockItemKind::Calendar;
-    if (SWElement::checkIfDockApplication(platform::desktop(), item))
+    if (SWElement::checkIfDockApplication(ports, item))
         return DockItemKind::Application;
-    return SWElement::checkIfMinimizedWindowIcon(platform::desktop(), item)
-               ? DockItemKind::MinimizedWindow
-               : DockItemKind::Other;
+    return SWElement::checkIfMinimizedWindowIcon(ports, item) ? DockItemKind::MinimizedWindow
+                                                              : DockItemKind::Other;
 }
 
 namespace HoverRules
@@ -33,45 +32,44 @@ HoverVerdict verdictForCount(const EngineSettings& settings, std::size_t count)
     return settings.ignoreOneWindow && count == 1 ? HoverVerdict::OneWindow : HoverVerdict::Shows;
 }
 
-HoverVerdict verdictOnKey(const EngineSettings& settings)
+HoverVerdict verdictOnKey(platform::InputState& input, const EngineSettings& settings)
 {
-    return settings.onlyIfPressed &&
-                   !isModifierHeld(platform::desktop().inputState, settings.onlyIfKeycode)
+    return settings.onlyIfPressed && !isModifierHeld(input, settings.onlyIfKeycode)
                ? HoverVerdict::ShowingKeyNotHeld
                : HoverVerdict::Shows;
 }
 
 } // namespace
 
-HoverVerdict verdictBeforeWindows(const EngineSettings& settings)
+HoverVerdict verdictBeforeWindows(platform::InputState& input, const EngineSettings& settings)
 {
     if (!settings.showInDock)
         return HoverVerdict::DockPreviewsOff;
-    return settings.hidePreviews &&
-                   isModifierHeld(platform::desktop().inputState, settings.hidePreviewsKeycode)
+    return settings.hidePreviews && isModifierHeld(input, settings.hidePreviewsKeycode)
                ? HoverVerdict::HidingKeyHeld
                : HoverVerdict::Shows;
 }
 
-HoverVerdict verdictForPlace(const SWElementPtr& item)
+HoverVerdict verdictForPlace(platform::DockPreferences& preferences, const SWElementPtr& item)
 {
-    return StripArranger::hasPlaceBeside(item) ? HoverVerdict::Shows : HoverVerdict::NoPlace;
+    return StripArranger::hasPlaceBeside(preferences, item) ? HoverVerdict::Shows
+                                                            : HoverVerdict::NoPlace;
 }
 
-HoverVerdict verdictForWindows(const EngineSettings& settings, std::size_t count, bool areOthers)
+HoverVerdict verdictForWindows(platform::InputState& input, const EngineSettings& settings,
+                               std::size_t count, bool areOthers)
 {
     const HoverVerdict verdict = verdictForCount(settings, count);
     if (verdict == HoverVerdict::NoWindows ||
-        (verdict == HoverVerdict::OneWindow && !areOthers &&
-         !areFiltersSuspended(platform::desktop().inputState, settings)))
+        (verdict == HoverVerdict::OneWindow && !areOthers && !areFiltersSuspended(input, settings)))
         return verdict;
-    return verdictOnKey(settings);
+    return verdictOnKey(input, settings);
 }
 
-bool waitsForKey(const EngineSettings& settings)
+bool waitsForKey(platform::InputState& input, const EngineSettings& settings)
 {
-    return verdictBeforeWindows(settings) == HoverVerdict::HidingKeyHeld ||
-           verdictOnKey(settings) == HoverVerdict::ShowingKeyNotHeld;
+    return verdictBeforeWindows(input, settings) == HoverVerdict::HidingKeyHeld ||
+           verdictOnKey(input, settings) == HoverVerdict::ShowingKeyNotHeld;
 }
 
 HoverVerdict verdictInSwitcher(const EngineSettings& settings, std::size_t count)

@@ -11,6 +11,7 @@
 #include "model/EngineSettings.h"
 #include "model/SWElement.h"
 #include "platform/Accessibility.h"
+#include "platform/Desktop.h"
 
 namespace lumbrix
 {
@@ -26,7 +27,8 @@ enum class DockItemKind : std::uint8_t {
     Other, ///< an entry of the switcher, or nothing that has windows
 };
 /// Calendars are told apart only where they show their events.
-DockItemKind kindOfDockItem(const platform::ElementRef& item, bool showsCalendars);
+DockItemKind kindOfDockItem(const platform::Desktop& ports, const platform::ElementRef& item,
+                            bool showsCalendars);
 
 enum class HoverVerdict : std::uint8_t {
     Shows,
@@ -42,17 +44,18 @@ namespace HoverRules
 {
 
 /// Before any window is looked at: Shows, DockPreviewsOff or HidingKeyHeld.
-HoverVerdict verdictBeforeWindows(const EngineSettings& settings);
+HoverVerdict verdictBeforeWindows(platform::InputState& input, const EngineSettings& settings);
 /// Once an item is known to have something to show: Shows or NoPlace.
-HoverVerdict verdictForPlace(const SWElementPtr& item);
+HoverVerdict verdictForPlace(platform::DockPreferences& preferences, const SWElementPtr& item);
 /// With so many windows to show: Shows, NoWindows, OneWindow or ShowingKeyNotHeld. `areOthers`:
 /// under this program's own icon, where it stands for other applications too and one window is as
 /// good as many, since a click on that icon brings none of them; or where windows were chosen.
-HoverVerdict verdictForWindows(const EngineSettings& settings, std::size_t count, bool areOthers);
+HoverVerdict verdictForWindows(platform::InputState& input, const EngineSettings& settings,
+                               std::size_t count, bool areOthers);
 /// The same in the switcher, where no key is asked for: its own keys are held already.
 HoverVerdict verdictInSwitcher(const EngineSettings& settings, std::size_t count);
 /// Whether what is not shown now comes up as soon as the user holds a key, or lets it go.
-bool waitsForKey(const EngineSettings& settings);
+bool waitsForKey(platform::InputState& input, const EngineSettings& settings);
 
 } // namespace HoverRules
 

@@ -3,8 +3,6 @@
 
 #include "engine/HoveredItem.h"
 
-#include "platform/Desktop.h"
-
 namespace lumbrix
 {
 
@@ -31,9 +29,10 @@ HoveredItem::applicationOf(const SWElement& window,
 void HoveredItem::hoverAtRest(const SWElementPtr& element)
 {
     cancelHoverAtRest();
-    m_mouseChecker = platform::desktop().runLoop.makeThread(
-        "mouse-checker",
-        [this, element](const platform::Thread& self) { mouseChecker(m_hover, element, self); });
+    m_mouseChecker =
+        m_ports.runLoop.makeThread("mouse-checker", [this, element](const platform::Thread& self) {
+            mouseChecker(m_ports, m_hover, element, self);
+        });
     m_mouseChecker->start();
 }
 
@@ -45,13 +44,10 @@ void HoveredItem::cancelHoverAtRest()
 
 void HoveredItem::performAfterDelay(platform::Seconds delay, std::function<void()> action)
 {
-    platform::desktop().runLoop.performAfterDelay(this, delay, std::move(action));
+    m_ports.runLoop.performAfterDelay(this, delay, std::move(action));
 }
 
-void HoveredItem::cancelDelayed()
-{
-    platform::desktop().runLoop.cancelPreviousPerformRequests(this);
-}
+void HoveredItem::cancelDelayed() { m_ports.runLoop.cancelPreviousPerformRequests(this); }
 
 void HoveredItem::cancelPending()
 {

@@ -11,6 +11,7 @@
 #include "engine/MouseChecker.h"
 #include "engine/RequestedItem.h"
 #include "model/SWElement.h"
+#include "platform/Desktop.h"
 #include "platform/RunLoop.h"
 #include "platform/Workspace.h"
 
@@ -21,8 +22,11 @@ namespace lumbrix
 class HoveredItem
 {
 public:
-    /// `hover` shows what an item has to show, and outlives the program's threads.
-    explicit HoveredItem(HoverAction hover) : m_hover(std::move(hover)) {}
+    /// `hover` shows what an item has to show, and outlives the program's threads. So do the ports.
+    HoveredItem(const platform::Desktop& ports, HoverAction hover)
+        : m_ports(ports), m_hover(std::move(hover)), m_requested(ports)
+    {
+    }
     ~HoveredItem();
 
     /// Null while there are none, or those of the switcher.
@@ -55,6 +59,7 @@ public:
     void hoverRequested() { m_requested.bringUp(m_hover); }
 
 private:
+    const platform::Desktop& m_ports;
     const HoverAction m_hover;
     SWElementPtr m_element;
     bool m_shouldInstantShow = false;

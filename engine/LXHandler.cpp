@@ -7,7 +7,6 @@
 #include <mutex>
 
 #include "model/AXNames.h"
-#include "platform/Desktop.h"
 #include "preview/SafariPreview.h"
 
 namespace lumbrix
@@ -20,7 +19,12 @@ constexpr platform::Seconds scanInterval = 2.5;
 /// Recursive, so that setUp may ask for the handler it sets up.
 std::recursive_mutex sharedLock;
 std::unique_ptr<LXHandler> sharedInstance;
-std::optional<Companions> installedCompanions;
+
+struct Parts {
+    const platform::Desktop& ports;
+    const Companions companions;
+};
+std::optional<Parts> installedParts;
 
 } // namespace
 
@@ -35,7 +39,10 @@ LXHandler& LXHandler::sharedHandler()
 {
     const std::lock_guard lock(sharedLock);
     if (!sharedInstance) {
-        sharedInstance = std::make_unique<LXHandler>(installedCompanions.value_or(Companions()));
+        if (!installedParts)
+            qFatal("no companions are installed");
+        sharedInstance =
+            std::make_unique<LXHandler>(installedParts->ports, installedParts->companions);
         sharedInstance->setUp();
     }
     return *sharedInstance;
@@ -45,22 +52,23 @@ void LXHandler::releaseSharedHandler()
 {
     const std::lock_guard lock(sharedLock);
     sharedInstance.reset();
-    installedCompanions.reset();
+    installedParts.reset();
     SafariPreview::releaseSharedPreview();
 }
 
-void LXHandler::installCompanions(const Companions& companions)
+void LXHandler::installCompanions(const platform::Desktop& ports, const Companions& companions)
 {
     const std::lock_guard lock(sharedLock);
-    installedCompanions = companions;
+    installedParts.emplace(Parts{ports, companions});
 }
 
-LXHandler::LXHandler(const Companions& companions)
-    : m_companions(companions), m_inventory(platform::desktop(), m_settings, *this),
-      m_hovered([this](const SWElementPtr& item) { m_hover.iconHovered(item); }),
-      m_row(*this, m_settings, m_companions, m_hovered), m_context{m_settings,  m_companions,
-                                                                   m_inventory, m_hovered,
-                                                                   m_timers,    m_row},
+LXHandler::LXHandler(const platform::Desktop& ports, const Companions& companions)
+    : m_ports(ports), m_companions(companions), m_inventory(ports, m_settings, *this),
+      m_hovered(ports, [this](const SWElementPtr& item) { m_hover.iconHovered(item); }),
+      m_row(ports, *this, m_settings, m_companions, m_hovered), m_context{ports,        m_settings,
+                                                                          m_companions, m_inventory,
+                                                                          m_hovered,    m_timers,
+                                                                          m_row},
       m_dismissal(m_context), m_updater(m_context, m_dismissal),
       m_hover(m_context, m_dismissal, m_updater), m_switcher(m_context, m_dismissal, m_updater),
       m_requestedRow(m_context, m_dismissal), m_intake(m_context, m_dismissal, m_hover, m_switcher)
@@ -76,14 +84,13 @@ LXHandler::~LXHandler()
 
 void LXHandler::setUp()
 {
-    const platform::Desktop& desktop = platform::desktop();
-    m_filters.setFilters(FilterTable::getFiltersDictionary());
+    m_filters.setFilters(FilterTable::getFiltersDictionary(m_ports.userDefaults));
     SWElement::setFilterLevels(&m_filters);
-    SafariPreview::sharedPreview(desktop.runLoop);
+    SafariPreview::sharedPreview(m_ports.runLoop);
 
     using platform::WorkspaceNotification;
-    const auto observe = [this, &desktop](WorkspaceNotification notification, auto action) {
-        m_subscriptions.push_back(desktop.workspace.observe(notification, std::move(action)));
+    const auto observe = [this](WorkspaceNotification notification, auto action) {
+        m_subscriptions.push_back(m_ports.workspace.observe(notification, std::move(action)));
     };
     observe(WorkspaceNotification::DidLaunchApplication,
             [this](std::int32_t pid) { appLaunched(pid); });
@@ -98,9 +105,9 @@ void LXHandler::setUp()
     observe(WorkspaceNotification::ScreensDidChange,
             [this](std::int32_t) { m_updater.screensDidChange(); });
 
-    for (const std::int32_t pid : desktop.workspace.launchedApplications())
+    for (const std::int32_t pid : m_ports.workspace.launchedApplications())
         addObserverForApp(pid);
-    desktop.runLoop.detachThread(
+    m_ports.runLoop.detachThread(
         "window-scanner", [this](const platform::Thread& self) { windowScannerThread(self); });
     m_companions.windowCountBadger->setUp(*this);
     m_requestedRow.setUp();
@@ -110,8 +117,8 @@ void LXHandler::setFilters(const QVariantMap& filters)
 {
     m_filters.setFilters(filters);
     // On a thread of its own: a busy application must not hold up the user who edits the levels.
-    platform::desktop().runLoop.detachThread(
-        "filter-scan", [this](const platform::Thread&) { m_inventory.windowScanner(); });
+    m_ports.runLoop.detachThread("filter-scan",
+                                 [this](const platform::Thread&) { m_inventory.windowScanner(); });
     if (isShowingPreviews())
         m_updater.updateNow();
 }
@@ -120,7 +127,7 @@ void LXHandler::windowScannerThread(const platform::Thread& self)
 {
     while (!self.isCancelled()) {
         m_inventory.windowScanner();
-        platform::desktop().runLoop.sleep(scanInterval);
+        m_ports.runLoop.sleep(scanInterval);
     }
 }
 
@@ -143,11 +150,10 @@ bool LXHandler::isObserving(std::int32_t pid) const
 
 void LXHandler::addObserverForApp(std::int32_t pid)
 {
-    auto observer = SWObserver::observerWithPid(pid, handleAXNotification);
+    auto observer = SWObserver::observerWithPid(m_ports.accessibility, pid, handleAXNotification);
     if (!observer || isObserving(pid))
         return;
-    const platform::ElementRef application =
-        platform::desktop().accessibility.createApplication(pid);
+    const platform::ElementRef application = m_ports.accessibility.createApplication(pid);
     observer->observer().addNotification(application, AX::WindowCreated, this);
     observer->observer().addNotification(application, AX::UIElementDestroyed, this);
     observer->observer().addToRunLoop();
@@ -164,7 +170,7 @@ void LXHandler::windowsChanged()
         m_isBadgingRequested = false;
         m_companions.windowCountBadger->badgeDockItems();
     });
-    platform::desktop().runLoop.performOnMainThread(count, false);
+    m_ports.runLoop.performOnMainThread(count, false);
 }
 
 void LXHandler::appLaunched(std::int32_t pid)

@@ -28,6 +28,7 @@
 #include "model/EngineSettings.h"
 #include "model/WindowInventory.h"
 #include "platform/Accessibility.h"
+#include "platform/Desktop.h"
 #include "platform/MainThreadGuard.h"
 #include "platform/RunLoop.h"
 #include "platform/Workspace.h"
@@ -44,15 +45,15 @@ class LXHandler final : public PreviewHost,
 {
 public:
     /// The one engine, made and set up on first use. Any thread; a call from inside setUp gets the
-    /// instance as it stands.
+    /// instance as it stands. Ends the program where no companions are installed.
     static LXHandler& sharedHandler();
     /// Ends the engine. Every thread it started must have ended before.
     static void releaseSharedHandler();
 
-    /// The companions that the shared handler is made with; before its first use.
-    static void installCompanions(const Companions& companions);
+    /// What the shared handler is made with; before its first use. The ports outlive it.
+    static void installCompanions(const platform::Desktop& ports, const Companions& companions);
 
-    explicit LXHandler(const Companions& companions);
+    LXHandler(const platform::Desktop& ports, const Companions& companions);
     ~LXHandler() override;
     void setUp();
 
@@ -101,13 +102,15 @@ public:
     }
 
     // Of the Dock that has the item; for null, of the first one.
-    static bool isDockMagnificationEnabled(const SWElementPtr& item = nullptr)
+    static bool isDockMagnificationEnabled(platform::DockPreferences& preferences,
+                                           const SWElementPtr& item = nullptr)
     {
-        return StripArranger::isDockMagnificationEnabled(item);
+        return StripArranger::isDockMagnificationEnabled(preferences, item);
     }
-    static bool isDockAutoHidingEnabled(const SWElementPtr& item = nullptr)
+    static bool isDockAutoHidingEnabled(platform::DockPreferences& preferences,
+                                        const SWElementPtr& item = nullptr)
     {
-        return StripArranger::isDockAutoHidingEnabled(item);
+        return StripArranger::isDockAutoHidingEnabled(preferences, item);
     }
     /// Places one sample preview beside the Dock's first item and brings it to the front.
     void arrangeWindow(ScreenyView& preview) { m_row.arranger().arrangeWindow(preview); }
@@ -134,6 +137,7 @@ private:
     void appActivated();
     void windowScannerThread(const platform::Thread& self);
 
+    const platform::Desktop& m_ports;
     EngineSettings m_settings;
     const Companions m_companions;
     FilterTable m_filters;

@@ -5,7 +5,6 @@
 
 #include "engine/HitTest.h"
 #include "model/MouseRest.h"
-#include "platform/Desktop.h"
 
 namespace lumbrix
 {
@@ -15,14 +14,15 @@ namespace
 constexpr platform::Seconds confirmedPause = 0.5;
 } // namespace
 
-void mouseChecker(const HoverAction& hover, const SWElementPtr& item, const platform::Thread& self)
+void mouseChecker(const platform::Desktop& ports, const HoverAction& hover,
+                  const SWElementPtr& item, const platform::Thread& self)
 {
     const auto pause = [&item] { return item && item->isMouseConfirmed() ? confirmedPause : 0; };
-    if (!waitForMouseRest(platform::desktop(), self, pause))
+    if (!waitForMouseRest(ports, self, pause))
         return;
-    if (item && item->isMouseConfirmed() && !isHovered(item))
+    if (item && item->isMouseConfirmed() && !isHovered(ports.inputState, item))
         return;
-    platform::desktop().runLoop.performOnMainThread(
+    ports.runLoop.performOnMainThread(
         [&hover, item, &self] {
             // The main thread may have been busy, and learned meanwhile that the mouse has left.
             if (self.isCancelled())

@@ -7,6 +7,7 @@
 #include <functional>
 
 #include "model/SWElement.h"
+#include "platform/Desktop.h"
 #include "platform/RunLoop.h"
 
 namespace lumbrix
@@ -17,7 +18,8 @@ using HoverAction = std::function<void(const SWElementPtr& item)>;
 
 /// The checker's body: runs until the mouse rests, then hands the hover to the main thread and
 /// waits for it. Ends without a hover when cancelled, or when the mouse has left an item that was
-/// confirmed before. Worker thread; the action outlives it.
-void mouseChecker(const HoverAction& hover, const SWElementPtr& item, const platform::Thread& self);
+/// confirmed before. Worker thread; ports and action outlive it.
+void mouseChecker(const platform::Desktop& ports, const HoverAction& hover,
+                  const SWElementPtr& item, const platform::Thread& self);
 
 } // namespace lumbrix

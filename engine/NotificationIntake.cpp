@@ -6,7 +6,6 @@
 #include <utility>
 
 #include "model/AXRead.h"
-#include "platform/Desktop.h"
 
 namespace lumbrix
 {
@@ -15,9 +14,9 @@ namespace
 
 using platform::ElementRef;
 
-SWElementPtr wrappedItem(const ElementRef& item, bool isCalendar)
+SWElementPtr wrappedItem(const platform::Desktop& ports, const ElementRef& item, bool isCalendar)
 {
-    SWElementPtr element = SWElement::elementWithElementRef(platform::desktop(), item);
+    SWElementPtr element = SWElement::elementWithElementRef(ports, item);
     if (isCalendar)
         element->setIsCal(true);
     return element;
@@ -37,23 +36,23 @@ void NotificationIntake::dispatch(const HoverDelays* delays, std::function<void(
 
 DockItemKind NotificationIntake::kindOf(const ElementRef& item) const
 {
-    return kindOfDockItem(item, m.companions.calendarPreview->shouldShowCal());
+    return kindOfDockItem(m.ports, item, m.companions.calendarPreview->shouldShowCal());
 }
 
 void NotificationIntake::dispatchSwitcherEntry(const HoverDelays* delays,
                                                const platform::RunningApplication& application,
                                                const ElementRef& item)
 {
-    dispatch(delays, [this, application,
-                      element = SWElement::elementWithElementRef(platform::desktop(), item)] {
-        m_switcher.processListIconHovered(application, element);
-    });
+    dispatch(delays,
+             [this, application, element = SWElement::elementWithElementRef(m.ports, item)] {
+                 m_switcher.processListIconHovered(application, element);
+             });
 }
 
 ElementRef NotificationIntake::selectedItem(const ElementRef& element)
 {
     const platform::AXResult result =
-        platform::desktop().accessibility.copyAttributeValue(element, AX::SelectedChildren);
+        m.ports.accessibility.copyAttributeValue(element, AX::SelectedChildren);
     const auto* selection = result.as<std::vector<ElementRef>>();
     // A Dock that is gone selects nothing any more. Whatever else fails may be read the next time,
     // but its row would stay for good.
@@ -76,15 +75,14 @@ void NotificationIntake::dockSelectionChanged(const ElementRef& element, const H
         return;
     const DockItemKind kind = kindOf(item);
     if (kind == DockItemKind::Application || kind == DockItemKind::Calendar) {
-        SWElementPtr icon = wrappedItem(item, kind == DockItemKind::Calendar);
+        SWElementPtr icon = wrappedItem(m.ports, item, kind == DockItemKind::Calendar);
         if (delays && delays->displayDelay() > 0)
             m.hovered.cancelDelayed();
         dispatch(delays, [this, icon] { m_hover.iconHovered(icon); });
     } else if (kind == DockItemKind::MinimizedWindow) {
-        SWElementPtr icon = wrappedItem(item, false);
+        SWElementPtr icon = wrappedItem(m.ports, item, false);
         dispatch(delays, [this, icon] { m_hover.minimizedIconHovered(icon); });
-    } else if (const auto application =
-                   SWElement::runningAppForProccessListIcon(platform::desktop(), item)) {
+    } else if (const auto application = SWElement::runningAppForProccessListIcon(m.ports, item)) {
         dispatchSwitcherEntry(delays, *application, item);
     } else {
         m_dismissal.mouseExitedToOtherIcon();
@@ -98,11 +96,10 @@ void NotificationIntake::dockFocusChanged(const ElementRef& element, const Hover
     if (!item)
         return;
     const bool isCalendar = kindOf(item) == DockItemKind::Calendar;
-    if (isCalendar || SWElement::checkIfAppIsRunning(platform::desktop(), item)) {
+    if (isCalendar || SWElement::checkIfAppIsRunning(m.ports, item)) {
         // A selection made with the keyboard is meant: no delay.
-        m_hover.iconHovered(wrappedItem(item, isCalendar));
-    } else if (const auto application =
-                   SWElement::runningAppForProccessListIcon(platform::desktop(), item)) {
+        m_hover.iconHovered(wrappedItem(m.ports, item, isCalendar));
+    } else if (const auto application = SWElement::runningAppForProccessListIcon(m.ports, item)) {
         dispatchSwitcherEntry(delays, *application, item);
     } else {
         m_dismissal.mouseExitedToClosedApp();
@@ -116,11 +113,10 @@ void NotificationIntake::handle(const ElementRef& element, const QString& notifi
         return;
     if (notification == AX::WindowCreated) {
         const platform::WindowList list = m.inventory.copyWindowList();
-        if (const SWElementPtr window =
-                SWElement::elementWithElementRef(platform::desktop(), element))
+        if (const SWElementPtr window = SWElement::elementWithElementRef(m.ports, element))
             m.inventory.processWindow(window, list);
     } else if (notification == AX::UIElementDestroyed) {
-        if (SWElement::checkIfWindow(platform::desktop(), element))
+        if (SWElement::checkIfWindow(m.ports, element))
             m.inventory.removeWindow(element);
     } else if (notification == AX::SelectedChildrenChanged) {
         dockSelectionChanged(element, delays);

@@ -9,7 +9,6 @@
 #include <optional>
 #include <vector>
 
-#include "platform/Desktop.h"
 #include "platform/Workspace.h"
 #include "preview/NamedImage.h"
 #include "preview/ScreenyView.h"
@@ -109,12 +108,13 @@ private:
     int m_threads = 0;
 };
 
-PictureLoader::PictureLoader(const std::vector<ScreenyViewPtr>& previews)
-    : m_previews(previews), m_queue(std::make_shared<Queue>())
+PictureLoader::PictureLoader(const platform::Desktop& ports,
+                             const std::vector<ScreenyViewPtr>& previews)
+    : m_ports(ports), m_previews(previews), m_queue(std::make_shared<Queue>())
 {
 }
 
-PictureLoader::~PictureLoader() { platform::desktop().runLoop.cancelPreviousPerformRequests(this); }
+PictureLoader::~PictureLoader() { m_ports.runLoop.cancelPreviousPerformRequests(this); }
 
 void PictureLoader::loadMissing()
 {
@@ -136,14 +136,14 @@ void PictureLoader::showWhenComplete()
         letGo();
         return;
     }
-    platform::RunLoop& runLoop = platform::desktop().runLoop;
+    platform::RunLoop& runLoop = m_ports.runLoop;
     runLoop.cancelPreviousPerformRequests(this);
     runLoop.performAfterDelay(this, maxHold, [this] { letGo(); });
 }
 
 void PictureLoader::letGo()
 {
-    platform::desktop().runLoop.cancelPreviousPerformRequests(this);
+    m_ports.runLoop.cancelPreviousPerformRequests(this);
     for (const ScreenyViewPtr& preview : m_previews)
         preview->setHeld(false);
 }
@@ -194,11 +194,10 @@ void PictureLoader::loadIcon(ScreenyView& preview)
         arrived(round);
     });
     // On a thread, as it reads files.
-    platform::desktop().runLoop.detachThread(
-        "window-icon", [bundle, side, read](const platform::Thread&) {
-            const platform::Desktop& desktop = platform::desktop();
-            const QImage icon = desktop.workspace.applicationIcon(bundle, side);
-            desktop.runLoop.performOnMainThread([read, icon] { read(icon); }, false);
+    m_ports.runLoop.detachThread(
+        "window-icon", [bundle, side, read, &ports = m_ports](const platform::Thread&) {
+            const QImage icon = ports.workspace.applicationIcon(bundle, side);
+            ports.runLoop.performOnMainThread([read, icon] { read(icon); }, false);
         });
 }
 
@@ -238,7 +237,7 @@ void PictureLoader::updateScreenshot(ScreenyView& preview)
 
 void PictureLoader::captureLater(ScreenyView& preview, Arrived arrived)
 {
-    platform::RunLoop& runLoop = platform::desktop().runLoop;
+    platform::RunLoop& runLoop = m_ports.runLoop;
     const SWElementPtr window = preview.elementRef();
     const auto done = [window, weak = preview.weak_from_this(), arrived = std::move(arrived),
                        &runLoop](const WindowPicture& picture) {

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "model/SWElement.h"
+#include "platform/Desktop.h"
 #include "platform/MainThreadGuard.h"
 
 namespace lumbrix
@@ -24,8 +25,9 @@ using ScreenyViewPtr = std::shared_ptr<ScreenyView>;
 class PictureLoader
 {
 public:
-    /// Works on the previews that the row has at the time, which outlive the loader as a list.
-    explicit PictureLoader(const std::vector<ScreenyViewPtr>& previews);
+    /// Works on the previews that the row has at the time, which outlive the loader as a list, as
+    /// the ports do.
+    PictureLoader(const platform::Desktop& ports, const std::vector<ScreenyViewPtr>& previews);
     ~PictureLoader();
 
     /// Gives every shown preview that has no picture that of its window: at once where nothing has
@@ -59,6 +61,7 @@ private:
     void captureLater(ScreenyView& preview, Arrived arrived);
     void letGo();
 
+    const platform::Desktop& m_ports;
     const std::vector<ScreenyViewPtr>& m_previews;
     std::shared_ptr<Queue> m_queue;
     std::map<QString, std::vector<std::weak_ptr<ScreenyView>>> m_iconWanted; ///< by bundle

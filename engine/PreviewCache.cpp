@@ -4,7 +4,6 @@
 #include "engine/PreviewCache.h"
 
 #include "model/EngineSettings.h"
-#include "platform/Desktop.h"
 #include "preview/PreviewHost.h"
 
 namespace lumbrix
@@ -67,8 +66,8 @@ QString PreviewCache::interfaceFileForStyle(int previewStyle)
 
 ScreenyViewPtr PreviewCache::load()
 {
-    return ScreenyView::load(platform::desktop(),
-                             interfaceFileForStyle(m_host.settings().previewStyle), m_host);
+    return ScreenyView::load(m_ports, interfaceFileForStyle(m_host.settings().previewStyle),
+                             m_host);
 }
 
 } // namespace lumbrix

@@ -8,6 +8,7 @@
 
 #include <vector>
 
+#include "platform/Desktop.h"
 #include "preview/ScreenyView.h"
 
 namespace lumbrix
@@ -17,8 +18,10 @@ namespace lumbrix
 class PreviewCache
 {
 public:
-    /// The host outlives the cache.
-    explicit PreviewCache(PreviewHost& host) : m_host(host) {}
+    /// Both outlive the cache.
+    PreviewCache(const platform::Desktop& ports, PreviewHost& host) : m_ports(ports), m_host(host)
+    {
+    }
 
     /// One from the cache, else a new one in the style of the settings; null when its interface
     /// file cannot be loaded.
@@ -36,6 +39,7 @@ public:
 private:
     ScreenyViewPtr load();
 
+    const platform::Desktop& m_ports;
     PreviewHost& m_host;
     std::vector<ScreenyViewPtr> m_cacheArray;
 };

@@ -7,7 +7,6 @@
 #include <utility>
 
 #include "engine/HoverRules.h"
-#include "platform/Desktop.h"
 
 namespace lumbrix
 {
@@ -25,10 +24,11 @@ void forEachFromLast(const std::vector<ScreenyViewPtr>& previews, Action action)
 
 } // namespace
 
-PreviewRow::PreviewRow(PreviewHost& host, const EngineSettings& settings,
-                       const Companions& companions, const HoveredItem& hovered)
-    : m_hovered(hovered), m_cache(host), m_arranger(settings, m_previews, *companions.helpBubble),
-      m_pictures(m_previews)
+PreviewRow::PreviewRow(const platform::Desktop& ports, PreviewHost& host,
+                       const EngineSettings& settings, const Companions& companions,
+                       const HoveredItem& hovered)
+    : m_ports(ports), m_hovered(hovered), m_cache(ports, host),
+      m_arranger(ports, settings, m_previews, *companions.helpBubble), m_pictures(ports, m_previews)
 {
     m_previews.reserve(2);
 }
@@ -115,8 +115,7 @@ void PreviewRow::bringOut()
 void PreviewRow::takeAwayWithTheNextPass()
 {
     forEachFromLast(take(), [](ScreenyView& preview) { preview.rebirth(); });
-    m_orderOutTimer =
-        platform::desktop().runLoop.scheduleTimer(0, false, [this] { m_cache.orderCacheOut(); });
+    m_orderOutTimer = m_ports.runLoop.scheduleTimer(0, false, [this] { m_cache.orderCacheOut(); });
 }
 
 void PreviewRow::takeAway()

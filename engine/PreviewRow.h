@@ -15,6 +15,7 @@
 #include "engine/StripArranger.h"
 #include "model/EngineSettings.h"
 #include "model/SWElement.h"
+#include "platform/Desktop.h"
 #include "platform/RunLoop.h"
 #include "platform/Workspace.h"
 #include "preview/ScreenyView.h"
@@ -29,8 +30,8 @@ public:
     using Application = std::optional<platform::RunningApplication>;
 
     /// All of it outlives the row.
-    PreviewRow(PreviewHost& host, const EngineSettings& settings, const Companions& companions,
-               const HoveredItem& hovered);
+    PreviewRow(const platform::Desktop& ports, PreviewHost& host, const EngineSettings& settings,
+               const Companions& companions, const HoveredItem& hovered);
 
     /// In the order of the row.
     const std::vector<ScreenyViewPtr>& previews() const { return m_previews; }
@@ -67,6 +68,7 @@ public:
 private:
     std::vector<ScreenyViewPtr> take();
 
+    const platform::Desktop& m_ports;
     const HoveredItem& m_hovered;
     PreviewCache m_cache;
     std::vector<ScreenyViewPtr> m_previews;

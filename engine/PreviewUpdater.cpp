@@ -8,7 +8,6 @@
 #include "engine/HoverRules.h"
 #include "model/Modifiers.h"
 #include "model/VisibilityRules.h"
-#include "platform/Desktop.h"
 
 namespace lumbrix
 {
@@ -34,8 +33,8 @@ void refreshTitle(ScreenyView& preview, PlayerControls& player)
 void PreviewUpdater::armUpdateTimer(platform::Seconds interval, const SWElementPtr& element)
 {
     m.timers.updated = element;
-    m.timers.update = platform::desktop().runLoop.scheduleTimer(
-        interval, true, [this, element] { updateWindows(element); });
+    m.timers.update =
+        m.ports.runLoop.scheduleTimer(interval, true, [this, element] { updateWindows(element); });
 }
 
 void PreviewUpdater::settingsDidChange()
@@ -71,8 +70,8 @@ void PreviewUpdater::dockItemsDidChange()
 {
     const SWElementPtr item = itemOfRow();
     // A preview under the mouse stays where it is.
-    if (item && StripArranger::hasPlaceBeside(item) && !m.row.arranger().isArrangedBeside(item) &&
-        !m_dismissal.checkIfPreviewsAreHovered(false))
+    if (item && StripArranger::hasPlaceBeside(m.ports.dockPreferences, item) &&
+        !m.row.arranger().isArrangedBeside(item) && !m_dismissal.checkIfPreviewsAreHovered(false))
         layOutAgain(item, {});
 }
 
@@ -81,7 +80,7 @@ void PreviewUpdater::screensDidChange()
     const SWElementPtr item = itemOfRow();
     if (!item)
         return;
-    if (!StripArranger::isOnScreen(item)) {
+    if (!m.row.arranger().isOnScreen(item)) {
         m_dismissal.endAtOnce();
         return;
     }
@@ -100,8 +99,7 @@ void PreviewUpdater::updateNow()
 void PreviewUpdater::updateWindows(const SWElementPtr& element)
 {
     const EngineSettings& settings = m.settings;
-    if (settings.hidePreviews &&
-        isModifierHeld(platform::desktop().inputState, settings.hidePreviewsKeycode)) {
+    if (settings.hidePreviews && isModifierHeld(m.ports.inputState, settings.hidePreviewsKeycode)) {
         m_dismissal.removeAllScreenViewsLeavingTimersAlone();
         return;
     }
@@ -118,7 +116,8 @@ void PreviewUpdater::updateWindows(const SWElementPtr& element)
     if (pass.added || pass.removed)
         layOutAgain(element, pass);
     // Of one that was asked for nothing is left, and nothing comes with a key.
-    if (m.hovered.requested().isUp() && m.row.isEmpty() && !HoverRules::waitsForKey(settings))
+    if (m.hovered.requested().isUp() && m.row.isEmpty() &&
+        !HoverRules::waitsForKey(m.ports.inputState, settings))
         m_dismissal.endAtOnce();
 }
 
@@ -136,7 +135,7 @@ bool PreviewUpdater::updateMinimizedPreview(const SWElementPtr&)
 
 void PreviewUpdater::refreshShown(Pass& pass)
 {
-    const VisibilityRules rules(platform::desktop(), m.settings);
+    const VisibilityRules rules(m.ports, m.settings);
     std::vector<ScreenyViewPtr> kept;
     const auto shown = m.row.previews();
     for (const ScreenyViewPtr& preview : shown) {
@@ -180,11 +179,10 @@ void PreviewUpdater::followApplication(const SWElementPtr& element, Pass& pass)
     const auto application = element ? element->runningApplicationForDockElement() : std::nullopt;
     if (!application)
         return;
-    const bool isOwn =
-        application->bundleIdentifier == platform::desktop().workspace.ownBundleIdentifier();
+    const bool isOwn = application->bundleIdentifier == m.ports.workspace.ownBundleIdentifier();
     const bool areChosen = element->chosenWindows().has_value();
     if (!isOwn && !areChosen &&
-        VisibilityRules(platform::desktop(), settings).verdictForApplication(application->pid) !=
+        VisibilityRules(m.ports, settings).verdictForApplication(application->pid) !=
             WindowVerdict::Good) {
         m_dismissal.removeAllScreenViewsLeavingTimersAlone();
         pass.removed = true;
@@ -193,11 +191,13 @@ void PreviewUpdater::followApplication(const SWElementPtr& element, Pass& pass)
     const auto windows = m.inventory.windowsBehindItem(*element, *application);
     const bool areOthers = areChosen || m.inventory.standsForOthers(*application);
     const bool hasPlace =
-        element->isTabIcon() || HoverRules::verdictForPlace(element) == HoverVerdict::Shows;
+        element->isTabIcon() ||
+        HoverRules::verdictForPlace(m.ports.dockPreferences, element) == HoverVerdict::Shows;
     // In the switcher, no key decides.
-    const HoverVerdict verdict =
-        element->isTabIcon() ? HoverRules::verdictInSwitcher(settings, windows.size())
-                             : HoverRules::verdictForWindows(settings, windows.size(), areOthers);
+    const HoverVerdict verdict = element->isTabIcon()
+                                     ? HoverRules::verdictInSwitcher(settings, windows.size())
+                                     : HoverRules::verdictForWindows(m.ports.inputState, settings,
+                                                                     windows.size(), areOthers);
     if (!hasPlace || verdict != HoverVerdict::Shows) {
         m_dismissal.removeAllScreenViewsLeavingTimersAlone();
         pass.added = false;

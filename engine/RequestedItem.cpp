@@ -5,8 +5,7 @@
 
 #include <utility>
 
-#include "engine/HitTest.h"
-#include "platform/Desktop.h"
+#include "platform/InputState.h"
 #include "platform/PreviewRequests.h"
 
 namespace lumbrix
@@ -17,7 +16,10 @@ bool RequestedItem::is(const platform::ElementRef& item) const
     return m_item && platform::elementsEqual(m_item->element(), item);
 }
 
-bool RequestedItem::hasLeftTheMouse() const { return isUp() && mouseLocation() == m_mouseBefore; }
+bool RequestedItem::hasLeftTheMouse() const
+{
+    return isUp() && m_ports.inputState.mouseLocation() == m_mouseBefore;
+}
 
 void RequestedItem::rowEnded() { tellEnded(std::exchange(m_item, nullptr)); }
 
@@ -27,10 +29,10 @@ void RequestedItem::itemChanged(const SWElementPtr& item)
         rowEnded();
 }
 
-void RequestedItem::tellEnded(const SWElementPtr& item)
+void RequestedItem::tellEnded(const SWElementPtr& item) const
 {
     if (item)
-        platform::desktop().previewRequests.rowEnded(item->element());
+        m_ports.previewRequests.rowEnded(item->element());
 }
 
 } // namespace lumbrix

@@ -10,6 +10,7 @@
 #include <utility>
 
 #include "model/SWElement.h"
+#include "platform/Desktop.h"
 
 namespace lumbrix
 {
@@ -19,6 +20,9 @@ namespace lumbrix
 class RequestedItem
 {
 public:
+    /// The ports outlive it.
+    explicit RequestedItem(const platform::Desktop& ports) : m_ports(ports) {}
+
     /// Whether the present row, or one that waits for a key, was asked for.
     bool isUp() const { return m_item != nullptr; }
     const SWElementPtr& item() const { return m_item; } ///< null = the present row was not
@@ -43,9 +47,10 @@ public:
     /// From now on the previews belong to this item.
     void itemChanged(const SWElementPtr& item);
     /// Tells the port that the item's row has ended; nothing for a null one.
-    static void tellEnded(const SWElementPtr& item);
+    void tellEnded(const SWElementPtr& item) const;
 
 private:
+    const platform::Desktop& m_ports;
     SWElementPtr m_item;
     std::optional<QPointF> m_mouseBefore;
 };

@@ -6,7 +6,6 @@
 #include "engine/HitTest.h"
 #include "engine/HoverRules.h"
 #include "model/Modifiers.h"
-#include "platform/Desktop.h"
 
 namespace lumbrix
 {
@@ -14,13 +13,13 @@ namespace lumbrix
 RequestedRow::~RequestedRow()
 {
     if (m_takesRequests)
-        platform::desktop().previewRequests.setHost(nullptr);
+        m.ports.previewRequests.setHost(nullptr);
 }
 
 void RequestedRow::setUp()
 {
     m_takesRequests = true;
-    platform::desktop().previewRequests.setHost(this);
+    m.ports.previewRequests.setHost(this);
 }
 
 RequestedRow::Answer RequestedRow::judge(const SWElement& element) const
@@ -32,9 +31,8 @@ RequestedRow::Answer RequestedRow::judge(const SWElement& element) const
         // Today's events may come later. They wait for no key, and one that hides windows has them.
         const bool isKept =
             (settings.hidePreviews &&
-             !isModifierHeld(platform::desktop().inputState, settings.hidePreviewsKeycode)) ||
-            (settings.onlyIfPressed &&
-             !isModifierHeld(platform::desktop().inputState, settings.onlyIfKeycode));
+             !isModifierHeld(m.ports.inputState, settings.hidePreviewsKeycode)) ||
+            (settings.onlyIfPressed && !isModifierHeld(m.ports.inputState, settings.onlyIfKeycode));
         return isKept ? Answer::NothingToShow : Answer::Accepted;
     }
     if (!settings.showInDock)
@@ -45,7 +43,8 @@ RequestedRow::Answer RequestedRow::judge(const SWElement& element) const
     m.inventory.cleanWindowsArray();
     const auto windows = m.inventory.windowsBehindItem(element, *application);
     const bool areOthers = m.inventory.standsForOthers(*application) || element.chosenWindows();
-    const HoverVerdict verdict = HoverRules::verdictForWindows(settings, windows.size(), areOthers);
+    const HoverVerdict verdict =
+        HoverRules::verdictForWindows(m.ports.inputState, settings, windows.size(), areOthers);
     return verdict == HoverVerdict::NoWindows || verdict == HoverVerdict::OneWindow
                ? Answer::NothingToShow
                : Answer::Accepted;
@@ -53,12 +52,13 @@ RequestedRow::Answer RequestedRow::judge(const SWElement& element) const
 
 RequestedRow::Answer RequestedRow::show(const platform::ElementRef& item)
 {
-    const SWElementPtr element = SWElement::elementWithElementRef(platform::desktop(), item);
+    const SWElementPtr element = SWElement::elementWithElementRef(m.ports, item);
     if (!element)
         return Answer::NothingToShow;
     element->setIsRequested(true);
-    element->setIsCal(kindOfDockItem(item, m.companions.calendarPreview->shouldShowCal()) ==
-                      DockItemKind::Calendar);
+    element->setIsCal(
+        kindOfDockItem(m.ports, item, m.companions.calendarPreview->shouldShowCal()) ==
+        DockItemKind::Calendar);
     if (const Answer answer = judge(*element); answer != Answer::Accepted)
         return answer;
     // What is under way for the mouse would take the place of this, which is meant.
@@ -69,10 +69,10 @@ RequestedRow::Answer RequestedRow::show(const platform::ElementRef& item)
         m_dismissal.removeAllScreenViews(); // one that shows events already would not move
     const SWElementPtr former = m.hovered.requested().begin(element);
     const bool isOnFormer = m_dismissal.checkIfPreviewsAreHovered(false);
-    m.hovered.requested().setMouseBefore(isOnFormer ? std::optional(mouseLocation())
-                                                    : std::nullopt);
+    m.hovered.requested().setMouseBefore(
+        isOnFormer ? std::optional(m.ports.inputState.mouseLocation()) : std::nullopt);
     m.hovered.hoverRequested();
-    RequestedItem::tellEnded(former);
+    m.hovered.requested().tellEnded(former);
     return Answer::Accepted;
 }
 

@@ -5,15 +5,14 @@
 
 #include <utility>
 
-#include "platform/Desktop.h"
-
 namespace lumbrix
 {
 
-std::unique_ptr<SWObserver> SWObserver::observerWithPid(std::int32_t pid,
+std::unique_ptr<SWObserver> SWObserver::observerWithPid(platform::Accessibility& accessibility,
+                                                        std::int32_t pid,
                                                         platform::AXObserver::Callback callback)
 {
-    auto observer = platform::desktop().accessibility.createObserver(pid, std::move(callback));
+    auto observer = accessibility.createObserver(pid, std::move(callback));
     if (!observer)
         return nullptr;
     return std::unique_ptr<SWObserver>(new SWObserver(std::move(observer), pid));

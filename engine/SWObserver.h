@@ -17,7 +17,8 @@ class SWObserver
 {
 public:
     /// Null when the process cannot be observed.
-    static std::unique_ptr<SWObserver> observerWithPid(std::int32_t pid,
+    static std::unique_ptr<SWObserver> observerWithPid(platform::Accessibility& accessibility,
+                                                       std::int32_t pid,
                                                        platform::AXObserver::Callback callback);
 
     bool isEqualTo(std::int32_t pid) const { return m_pid == pid; }

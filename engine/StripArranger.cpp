@@ -6,8 +6,6 @@
 #include <algorithm>
 
 #include "model/EngineSettings.h"
-#include "platform/Desktop.h"
-#include "platform/DockPreferences.h"
 #include "platform/RunLoop.h"
 #include "platform/WindowServer.h"
 #include "preview/HelpBubble.h"
@@ -23,9 +21,8 @@ namespace
 constexpr int settleReadings = 30;
 constexpr platform::Seconds settleInterval = 0.03;
 
-platform::DockPreferences& freshDockPreferences()
+platform::DockPreferences& fresh(platform::DockPreferences& preferences)
 {
-    platform::DockPreferences& preferences = platform::desktop().dockPreferences;
     preferences.synchronize();
     return preferences;
 }
@@ -39,47 +36,51 @@ QRectF rectOf(const SWElementPtr& item) { return item ? item->getRect() : QRectF
 
 } // namespace
 
-QString StripArranger::getDockOrientation(const SWElementPtr& item)
+QString StripArranger::getDockOrientation(platform::DockPreferences& preferences,
+                                          const SWElementPtr& item)
 {
-    return freshDockPreferences().orientation(elementOf(item)).value_or(QStringLiteral("bottom"));
+    return fresh(preferences).orientation(elementOf(item)).value_or(QStringLiteral("bottom"));
 }
 
-std::optional<DockSide> StripArranger::dockSide(const SWElementPtr& item)
+std::optional<DockSide> StripArranger::dockSide(platform::DockPreferences& preferences,
+                                                const SWElementPtr& item)
 {
-    return PreviewLayout::dockSideForOrientation(getDockOrientation(item));
+    return PreviewLayout::dockSideForOrientation(getDockOrientation(preferences, item));
 }
 
-bool StripArranger::isDockMagnificationEnabled(const SWElementPtr& item)
+bool StripArranger::isDockMagnificationEnabled(platform::DockPreferences& preferences,
+                                               const SWElementPtr& item)
 {
-    return freshDockPreferences().magnification(elementOf(item)) == 1;
+    return fresh(preferences).magnification(elementOf(item)) == 1;
 }
 
-bool StripArranger::isDockAutoHidingEnabled(const SWElementPtr& item)
+bool StripArranger::isDockAutoHidingEnabled(platform::DockPreferences& preferences,
+                                            const SWElementPtr& item)
 {
-    return freshDockPreferences().autohide(elementOf(item)) == 1;
+    return fresh(preferences).autohide(elementOf(item)) == 1;
 }
 
-bool StripArranger::hasPlaceBeside(const SWElementPtr& item)
+bool StripArranger::hasPlaceBeside(platform::DockPreferences& preferences, const SWElementPtr& item)
 {
-    return !rectOf(item).isEmpty() && dockSide(item).has_value();
+    return !rectOf(item).isEmpty() && dockSide(preferences, item).has_value();
 }
 
-bool StripArranger::isOnScreen(const SWElementPtr& item)
+bool StripArranger::isOnScreen(const SWElementPtr& item) const
 {
-    const auto screens = platform::desktop().windowServer.screens();
-    return hasPlaceBeside(item) && std::ranges::any_of(screens, [&](const QRectF& screen) {
-               return screen.intersects(rectOf(item));
-           });
+    const auto screens = m_ports.windowServer.screens();
+    return hasPlaceBeside(m_ports.dockPreferences, item) &&
+           std::ranges::any_of(
+               screens, [&](const QRectF& screen) { return screen.intersects(rectOf(item)); });
 }
 
 bool StripArranger::isArrangedBeside(const SWElementPtr& item) const
 {
-    return rectOf(item) == m_icon && dockSide(item) == m_side;
+    return rectOf(item) == m_icon && dockSide(m_ports.dockPreferences, item) == m_side;
 }
 
 void StripArranger::arrangeWindows(const SWElementPtr& item, bool animate)
 {
-    const auto side = dockSide(item);
+    const auto side = dockSide(m_ports.dockPreferences, item);
     if (side == DockSide::Bottom)
         arrangeWindowsBottom(item, animate);
     else if (side == DockSide::Top)
@@ -142,22 +143,23 @@ void StripArranger::markOwnWindow(const SWElementPtr& item)
 
 void StripArranger::arrangeWindow(ScreenyView& preview)
 {
-    const SWElementPtr first = SWElement::getFirstDockElement(platform::desktop());
-    const auto side = dockSide(first);
+    const SWElementPtr first = SWElement::getFirstDockElement(m_ports);
+    const auto side = dockSide(m_ports.dockPreferences, first);
     if (MAWindow* window = preview.window(); window && side && first)
         window->setFrame(PreviewLayout::sample(*side, layoutInput(first->getRect())));
     preview.orderFront();
 }
 
-void StripArranger::waitUntilSettled(const SWElementPtr& item)
+void StripArranger::waitUntilSettled(const SWElementPtr& item) const
 {
+    platform::DockPreferences& dock = m_ports.dockPreferences;
     // Under magnification or while the Dock slides in, the icon is still moving.
-    if (platform::desktop().dockPreferences.tellsFinalPlaces() ||
-        (!isDockMagnificationEnabled(item) && !isDockAutoHidingEnabled(item)))
+    if (dock.tellsFinalPlaces() ||
+        (!isDockMagnificationEnabled(dock, item) && !isDockAutoHidingEnabled(dock, item)))
         return;
     QRectF previous = rectOf(item);
     for (int reading = 1; reading < settleReadings; ++reading) {
-        platform::desktop().runLoop.sleep(settleInterval);
+        m_ports.runLoop.sleep(settleInterval);
         const QRectF current = rectOf(item);
         if (current == previous)
             return;
@@ -167,7 +169,7 @@ void StripArranger::waitUntilSettled(const SWElementPtr& item)
 
 PreviewLayout::Input StripArranger::layoutInput(const QRectF& icon) const
 {
-    const auto screens = platform::desktop().windowServer.screens();
+    const auto screens = m_ports.windowServer.screens();
     PreviewLayout::Input input;
     input.icon = icon;
     input.screen = PreviewLayout::screenOfIcon(icon, screens);

@@ -11,6 +11,8 @@
 #include <vector>
 
 #include "model/PreviewLayout.h"
+#include "platform/Desktop.h"
+#include "platform/DockPreferences.h"
 #include "preview/ScreenyView.h"
 
 namespace lumbrix
@@ -24,25 +26,29 @@ class StripArranger
 {
 public:
     /// Works on the previews that the row has at the time. All of it outlives the arranger.
-    StripArranger(const EngineSettings& settings, const std::vector<ScreenyViewPtr>& previews,
-                  HelpBubble& bubble)
-        : m_settings(settings), m_previews(previews), m_bubble(bubble)
+    StripArranger(const platform::Desktop& ports, const EngineSettings& settings,
+                  const std::vector<ScreenyViewPtr>& previews, HelpBubble& bubble)
+        : m_ports(ports), m_settings(settings), m_previews(previews), m_bubble(bubble)
     {
     }
 
     // The settings of the Dock that has the item, or for null of the first one, read afresh each
     // time.
-    static QString getDockOrientation(const SWElementPtr& item);
+    static QString getDockOrientation(platform::DockPreferences& preferences,
+                                      const SWElementPtr& item);
     /// The same as a side; null where that Dock names none that previews can be placed at.
-    static std::optional<PreviewLayout::DockSide> dockSide(const SWElementPtr& item);
-    static bool isDockMagnificationEnabled(const SWElementPtr& item);
-    static bool isDockAutoHidingEnabled(const SWElementPtr& item);
+    static std::optional<PreviewLayout::DockSide> dockSide(platform::DockPreferences& preferences,
+                                                           const SWElementPtr& item);
+    static bool isDockMagnificationEnabled(platform::DockPreferences& preferences,
+                                           const SWElementPtr& item);
+    static bool isDockAutoHidingEnabled(platform::DockPreferences& preferences,
+                                        const SWElementPtr& item);
 
     /// Whether the item is somewhere, beside a Dock at an edge that previews can be placed at.
-    static bool hasPlaceBeside(const SWElementPtr& item);
+    static bool hasPlaceBeside(platform::DockPreferences& preferences, const SWElementPtr& item);
 
     /// Whether the item has a place, some of it on a screen.
-    static bool isOnScreen(const SWElementPtr& item);
+    bool isOnScreen(const SWElementPtr& item) const;
     /// Whether the strip that was placed last would be placed there again.
     bool isArrangedBeside(const SWElementPtr& item) const;
 
@@ -63,9 +69,10 @@ private:
     void arrangeStrip(PreviewLayout::DockSide side, const SWElementPtr& item);
     /// Of a row, marks the preview of the one window that the item stands for, if it does.
     void markOwnWindow(const SWElementPtr& item);
-    static void waitUntilSettled(const SWElementPtr& item);
+    void waitUntilSettled(const SWElementPtr& item) const;
     PreviewLayout::Input layoutInput(const QRectF& icon) const;
 
+    const platform::Desktop& m_ports;
     const EngineSettings& m_settings;
     const std::vector<ScreenyViewPtr>& m_previews;
     HelpBubble& m_bubble;

@@ -7,7 +7,6 @@
 
 #include "engine/HitTest.h"
 #include "engine/HoverRules.h"
-#include "platform/Desktop.h"
 
 namespace lumbrix
 {
@@ -45,16 +44,16 @@ void SwitcherWatch::processListIconHovered(const Application& application,
         m.row.bringOut();
     }
     m_updater.armUpdateTimer(PreviewUpdater::updateInterval, element);
-    m_restingMouse = mouseLocation();
-    m.timers.tabExit = platform::desktop().runLoop.scheduleTimer(
-        tabExitInterval, true, [this, element] { tabExitCheck(element); });
+    m_restingMouse = m.ports.inputState.mouseLocation();
+    m.timers.tabExit = m.ports.runLoop.scheduleTimer(tabExitInterval, true,
+                                                     [this, element] { tabExitCheck(element); });
 }
 
 void SwitcherWatch::tabExitCheck(const SWElementPtr& entry)
 {
-    if (SWElement::checkIfDockFocusedIsAXList(platform::desktop())) {
+    if (SWElement::checkIfDockFocusedIsAXList(m.ports)) {
         followSwitcher(entry);
-        const QPointF mouse = mouseLocation();
+        const QPointF mouse = m.ports.inputState.mouseLocation();
         const bool hasMoved = hasMouseMoved();
         const auto previews = m.row.previews();
         for (const ScreenyViewPtr& preview : previews)
@@ -72,7 +71,7 @@ void SwitcherWatch::tabExitCheck(const SWElementPtr& entry)
 // That must not bring up another window than the one that was selected.
 bool SwitcherWatch::hasMouseMoved()
 {
-    if (m_restingMouse != mouseLocation())
+    if (m_restingMouse != m.ports.inputState.mouseLocation())
         m_restingMouse.reset();
     return !m_restingMouse;
 }
@@ -81,15 +80,14 @@ void SwitcherWatch::followSwitcher(const SWElementPtr& entry)
 {
     if (!entry || !entry->isTabIcon())
         return;
-    const SWElementPtr selected = SWElement::getDockSelectedChild(platform::desktop());
+    const SWElementPtr selected = SWElement::getDockSelectedChild(m.ports);
     if (!selected || selected->isEqualTo(entry) || entry->willBeChanged())
         return;
-    const auto application =
-        SWElement::runningAppForProccessListIcon(platform::desktop(), selected->element());
+    const auto application = SWElement::runningAppForProccessListIcon(m.ports, selected->element());
     if (!application)
         return;
     // Blocks the main thread on purpose: nothing sensible can be shown while the switcher moves.
-    platform::desktop().runLoop.sleep(switcherSettleTime);
+    m.ports.runLoop.sleep(switcherSettleTime);
     if (m_delays && m_delays->displayDelay() > 0) {
         m.hovered.cancelDelayed();
         entry->setWillBeChanged(true); // later checks must not start the same change again

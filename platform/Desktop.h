@@ -44,7 +44,8 @@ struct Desktop {
     PreviewRequests& previewRequests;
 };
 
-/// The installed desktop. Any thread; calling it with none installed ends the program.
+/// The installed desktop, for app/ alone: what is below is given its ports. Any thread; calling it
+/// with none installed ends the program.
 const Desktop& desktop();
 
 /// Installs a desktop for its own lifetime; at most one at a time. Main thread, created before and

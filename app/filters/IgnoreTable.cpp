@@ -63,7 +63,10 @@ IgnoreTable::IgnoreTable(QWidget& pane)
     setUpSheet();
 }
 
-QVariantMap IgnoreTable::getFiltersDictionary() { return FilterTable::getFiltersDictionary(); }
+QVariantMap IgnoreTable::getFiltersDictionary()
+{
+    return FilterTable::getFiltersDictionary(platform::desktop().userDefaults);
+}
 
 void IgnoreTable::setUpTable()
 {

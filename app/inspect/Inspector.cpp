@@ -77,7 +77,7 @@ Inspector::Inspector()
         m_settings.showInDock = 1;
         m_showsCalendars = true;
     }
-    m_filters.setFilters(FilterTable::getFiltersDictionary());
+    m_filters.setFilters(FilterTable::getFiltersDictionary(defaults));
     SWElement::setFilterLevels(&m_filters);
 }
 
@@ -170,8 +170,8 @@ InspectedDock Inspector::inspectDock() const
         return dock;
     }
     dock.name = m_utilities.descriptionOfAXDescriptionOfUIElement(application);
-    dock.orientation =
-        StripArranger::getDockOrientation(SWElement::elementWithElementRef(m_ports, m_item));
+    dock.orientation = StripArranger::getDockOrientation(
+        m_ports.dockPreferences, SWElement::elementWithElementRef(m_ports, m_item));
     dock.displays = m_ports.dockPreferences.ownDisplays(m_item);
     for (const ElementRef& list : lists)
         dock.items += AX::readElements(m_ports.accessibility, list, AX::Children).size();
@@ -184,7 +184,7 @@ InspectedItem Inspector::inspectItem() const
     InspectedItem item;
     item.title = element.getTitle().value_or(QString());
     item.dock = m_utilities.descriptionOfAXDescriptionOfUIElement(m_item);
-    item.kind = kindOfDockItem(m_item, m_showsCalendars);
+    item.kind = kindOfDockItem(m_ports, m_item, m_showsCalendars);
     item.isRunning = SWElement::checkIfAppIsRunning(m_ports, m_item);
     return item;
 }
@@ -264,16 +264,18 @@ InspectedWindow Inspector::inspectWindow(const SWElementPtr& found, bool isScann
 
 HoverVerdict Inspector::judgeHover(const Inspection& result) const
 {
-    const HoverVerdict verdict = HoverRules::verdictBeforeWindows(m_settings);
+    const HoverVerdict verdict = HoverRules::verdictBeforeWindows(m_ports.inputState, m_settings);
     if (verdict != HoverVerdict::Shows)
         return verdict;
-    if (m_item && HoverRules::verdictForPlace(SWElement::elementWithElementRef(m_ports, m_item)) !=
+    if (m_item && HoverRules::verdictForPlace(m_ports.dockPreferences,
+                                              SWElement::elementWithElementRef(m_ports, m_item)) !=
                       HoverVerdict::Shows)
         return HoverVerdict::NoPlace;
     if (result.pointsAtItem && result.item->kind == DockItemKind::MinimizedWindow)
         return m_window ? HoverVerdict::Shows : HoverVerdict::NoWindows;
     const bool areOthers = m_application && m_inventory.standsForOthers(*m_application);
-    return HoverRules::verdictForWindows(m_settings, result.previewable, areOthers);
+    return HoverRules::verdictForWindows(m_ports.inputState, m_settings, result.previewable,
+                                         areOthers);
 }
 
 } // namespace lumbrix

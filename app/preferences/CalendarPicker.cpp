@@ -132,7 +132,7 @@ void CalendarPicker::showSheet(QWidget& preferencesWindow)
 void CalendarPicker::generateDataStore()
 {
     QStringList disabled;
-    for (const Calendar& calendar : CalendarChoice::getDisabledCalendars())
+    for (const Calendar& calendar : CalendarChoice::getDisabledCalendars(platform::desktop()))
         disabled << calendar.uid;
     // What the user has changed on the sheet by now is what counts.
     for (std::size_t row = 0; row < m_calArray.size() && m_error != CalendarError::NotReady;
@@ -209,12 +209,12 @@ void CalendarPicker::saveDefaults()
             disabled << m_calArray[row].uid;
     }
     if (m_error == CalendarError::Failed) {
-        for (const QString& uid : CalendarChoice::disabledUIDs()) {
+        for (const QString& uid : CalendarChoice::disabledUIDs(platform::desktop().userDefaults)) {
             if (std::ranges::find(m_calArray, uid, &Calendar::uid) == m_calArray.end())
                 disabled << uid;
         }
     }
-    CalendarChoice::setDisabledUIDs(disabled);
+    CalendarChoice::setDisabledUIDs(platform::desktop().userDefaults, disabled);
 }
 
 void CalendarPicker::endPicking()

@@ -34,6 +34,8 @@ public:
     /// Of all pictures that the windows have been asked for.
     long pictureBytes();
 
+    const platform::Desktop& ports() const { return m_ports; }
+
     test::VirtualRunLoop loop;
     test::SimulatedDesktop desk{loop};
 

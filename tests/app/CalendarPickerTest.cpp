@@ -87,9 +87,9 @@ TEST_F(CalendarPickerTest, boxes_clickedAndTyped_switchCalendarsOff)
     finish();
     EXPECT_EQ(saved(), QStringList{u"w"_s});
     EXPECT_FALSE(desk.userDefaults().hasUnsavedChanges());
-    ASSERT_EQ(CalendarChoice::getAllowedCalendars().size(), 2U);
-    EXPECT_EQ(CalendarChoice::getAllowedCalendars()[0].uid, u"h"_s);
-    EXPECT_EQ(CalendarChoice::getDisabledCalendars()[0].uid, u"w"_s);
+    ASSERT_EQ(CalendarChoice::getAllowedCalendars(ports()).size(), 2U);
+    EXPECT_EQ(CalendarChoice::getAllowedCalendars(ports())[0].uid, u"h"_s);
+    EXPECT_EQ(CalendarChoice::getDisabledCalendars(ports())[0].uid, u"w"_s);
 }
 
 TEST_F(CalendarPickerTest, calendarsThatComeLateOrNotAtAll_loseNoChoice)

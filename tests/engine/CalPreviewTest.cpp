@@ -3,8 +3,6 @@
 
 #include <QtCore/QPointer>
 
-#include "engine/CalPreview.h"
-
 #include <QtCore/QLocale>
 
 #include "preview/EventLine.h"
@@ -22,10 +20,10 @@ using ItemKind = SimulatedDockItem::Kind;
 class CalPreviewTest : public EngineFixture
 {
 protected:
-    CalPreviewTest() : EngineFixture(CalPreview::sharedPreview())
+    CalPreviewTest() : EngineFixture(true)
     {
         QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
-        CalPreview::sharedPreview()->setShouldShowCal(true);
+        calendar().setShouldShowCal(true);
         desk.wallClock().set(at(9, 30));
         store.allCalendars = {{u"work"_s, u"Work"_s, Qt::red}, {u"home"_s, u"Home"_s, Qt::blue}};
         desk.addDockItem({u"Calendar"_s, ItemKind::Application, calendarURL});
@@ -33,6 +31,7 @@ protected:
     }
     ~CalPreviewTest() override { QLocale::setDefault(QLocale::c()); }
 
+    CalPreview& calendar() { return *CalPreview::sharedPreview(ports()); }
     static QDateTime at(int hour, int minute, int day = 11)
     {
         return QDateTime({2026, 3, day}, {hour, minute}, QTimeZone("Europe/Berlin"));
@@ -294,7 +293,7 @@ TEST_F(CalPreviewTest, modifierKeys_decideWhetherItIsShown)
     settings().onlyIfKeycode = 2;
     EXPECT_FALSE(shows(Option));
     EXPECT_TRUE(shows(Option | Control));
-    CalPreview::sharedPreview()->setShouldShowCal(false);
+    calendar().setShouldShowCal(false);
     EXPECT_FALSE(shows(Option | Control)) << "it is an application like any other then";
 }
 
@@ -347,7 +346,7 @@ TEST_F(CalPreviewTest, nextDate_onDaysOfAnotherLength_isTheNextMidnight)
     const QTimeZone berlin("Europe/Berlin");
     const auto next = [&](const QDate& date, const QTime& time) {
         desk.wallClock().set(QDateTime(date, time, berlin));
-        return CalPreview::nextDate();
+        return calendar().nextDate();
     };
     EXPECT_EQ(next({2026, 10, 25}, {0, 30}), QDateTime({2026, 10, 26}, {0, 0}, berlin));
     EXPECT_EQ(next({2026, 3, 28}, {23, 30}), QDateTime({2026, 3, 29}, {0, 0}, berlin));

@@ -57,6 +57,7 @@ TEST(EngineConcurrency, windowsChangedByTheirApplications_whileScannedCapturedAn
             preview = &SafariPreview::sharedPreview(loop);
             preview.load()->addObject(1);
         });
+    LXHandler::installCompanions(desktop, {});
     LXHandler& engine = LXHandler::sharedHandler();
     engine.settings().showInDock = 1;
     engine.settings().showSpaces = 1;

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "badges/WinNumberBadger.h"
+#include "engine/CalPreview.h"
 #include "engine/HoverDelays.h"
 #include "engine/LXHandler.h"
 #include "engine/SWObserver.h"
@@ -29,16 +30,18 @@ using platform::ModifierFlag::Option;
 class EngineFixture : public DesktopFixture
 {
 protected:
-    /// The calendar preview is one that writes down what it is asked, unless another is given.
-    explicit EngineFixture(const std::shared_ptr<CalendarPreview>& calendarPreview = nullptr)
+    /// Without the program's calendar preview there is one that writes down what it is asked.
+    explicit EngineFixture(bool showsEvents = false)
     {
         Companions companions;
         companions.hotKeyCenter = m_hotKeys;
-        companions.calendarPreview = calendarPreview ? calendarPreview : m_calendar;
+        companions.calendarPreview = m_calendar;
+        if (showsEvents)
+            companions.calendarPreview = CalPreview::sharedPreview(ports());
         companions.helpBubble = m_bubble;
         companions.windowCountBadger = badges;
         companions.playerControls = std::make_shared<MediaControls>(ports());
-        LXHandler::installCompanions(companions);
+        LXHandler::installCompanions(ports(), companions);
         EngineSettings& settings = engine().settings();
         settings.windowWidth = 200;
         settings.windowHeight = 150;
@@ -59,7 +62,8 @@ protected:
     static EngineSettings& settings() { return engine().settings(); }
     void observeDock(platform::NotificationContext* context)
     {
-        m_dockObserver = SWObserver::observerWithPid(desk.dockPid(), handleAXNotification);
+        m_dockObserver =
+            SWObserver::observerWithPid(desk.accessibility(), desk.dockPid(), handleAXNotification);
         const auto dock = desk.accessibility().createApplication(desk.dockPid());
         for (const QString& name :
              {AX::SelectedChildrenChanged, AX::MenuOpened, AX::FocusedUIElementChanged})

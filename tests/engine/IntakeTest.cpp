@@ -289,6 +289,7 @@ using Start = DesktopFixture;
 TEST_F(Start, applicationsThatRunAlready_areObserved)
 {
     const Pid notes = addApplication(u"Notes"_s, 1);
+    LXHandler::installCompanions(ports(), {});
     LXHandler& engine = LXHandler::sharedHandler();
     loop.runUntilIdle(); // the first scan; the next one is far
     desk.addWindow(notes, {u"New"_s});
