@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// Shows preview panels of every style to look at. Not a test.
+// Shows preview panels of every style to look at.
 //
 //   panel_gallery [--shaped] [--hover] [--marked] [--controls] [--keys] [--size WxH]
 //                 [--columns N] [--wallpaper FILE] [--caption TEXT] PICTURE...

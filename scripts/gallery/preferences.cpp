@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// Pictures of all panes of the preferences, to look at. Not a test.
+// Pictures of all panes of the preferences, to look at.
 //
 //   preferences_gallery [--dark] [--stay] [--catalogues FOLDER] FOLDER
 //

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// Pictures of what previews and windows look like on a real desktop, to look at. Not a test.
+// Pictures of what previews and windows look like on a real desktop, to look at.
 //
 //   desktop_gallery FOLDER
 //
