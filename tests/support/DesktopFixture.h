@@ -42,8 +42,8 @@ protected:
     {
         const Pid pid = desk.addApplication({name});
         for (int i = 1; i <= windows; ++i)
-            desk.addWindow(pid, {QStringLiteral("%1 %2").arg(name).arg(i),
-                                 QRectF(100, 40.0 + 20 * i, 400, 300)});
+            desk.addWindow(pid,
+                           {u"%1 %2"_qs.arg(name).arg(i), QRectF(100, 40.0 + 20 * i, 400, 300)});
         return pid;
     }
 

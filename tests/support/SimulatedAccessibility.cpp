@@ -22,6 +22,10 @@ AXResult answer(AXValue value) { return {AXError::Success, std::move(value)}; }
 AXResult answer(const char16_t* text) { return answer(AXValue(QString::fromUtf16(text))); }
 AXResult refusal(AXError error) { return {error, {}}; }
 const AXResult unsupported = refusal(AXError::AttributeUnsupported);
+AXResult orNoValue(const ElementRef& element)
+{
+    return element ? answer(element) : refusal(AXError::NoValue);
+}
 
 const SimulatedElement& own(const ElementRef& element)
 {
@@ -78,12 +82,6 @@ private:
 
 } // namespace
 
-bool SimulatedAccessibility::apiEnabled() const
-{
-    const std::lock_guard lock(m_state.mutex);
-    return m_state.isAccessibilityEnabled;
-}
-
 void SimulatedAccessibility::enableAPI()
 {
     const std::lock_guard lock(m_state.mutex);
@@ -92,8 +90,7 @@ void SimulatedAccessibility::enableAPI()
 
 ElementRef SimulatedAccessibility::createApplication(std::int32_t pid)
 {
-    const std::lock_guard lock(m_state.mutex);
-    return m_state.application(pid) ? makeElement(Kind::Application, pid) : nullptr;
+    return m_state.locked()->application(pid) ? makeElement(Kind::Application, pid) : nullptr;
 }
 
 ElementRef SimulatedAccessibility::createSystemWide() { return makeElement(Kind::SystemWide, 0); }
@@ -122,8 +119,10 @@ AXError SimulatedAccessibility::stateOf(const SimulatedElement& element)
         exists = exists && element.pid == m_state.dockPid && m_state.dockItem(element.id);
         break;
     case Kind::SwitcherList:
-    case Kind::SwitcherEntry:
         exists = exists && element.pid == m_state.dockPid && m_state.switcher;
+        break;
+    case Kind::SwitcherEntry:
+        exists = exists && element.pid == m_state.dockPid && m_state.switcherEntry(element.id);
         break;
     default:
         break;
@@ -142,64 +141,24 @@ AXResult SimulatedAccessibility::copyAttributeValue(const ElementRef& element,
         return refusal(AXError::APIDisabled);
     if (const AXError error = stateOf(target); error != AXError::Success) {
         const bool tellsRole = m_state.destroyedWindowsTellRole && target.kind == Kind::Window &&
-                               error == AXError::InvalidUIElement &&
-                               attribute == QLatin1String("AXRole");
+                               error == AXError::InvalidUIElement && attribute == u"AXRole";
         return tellsRole ? answer(u"AXWindow") : refusal(error);
     }
-    switch (target.kind) {
-    case Kind::SystemWide:
-        return systemWideValue(attribute);
-    case Kind::Application:
-        return applicationValue(target.pid, attribute);
-    case Kind::Window:
-    case Kind::CloseButton:
-    case Kind::Content:
-        return windowValue(target, attribute);
-    case Kind::DockList:
-    case Kind::DockItem:
-        return dockValue(target, attribute);
-    default:
-        return switcherValue(target, attribute);
-    }
+    const Attributes attributes = attributesOf(target);
+    const auto found = std::find_if(attributes.rbegin(), attributes.rend(),
+                                    [&](const auto& each) { return each.first == attribute; });
+    return found == attributes.rend() ? unsupported : found->second;
 }
 
 platform::AXNames SimulatedAccessibility::copyAttributeNames(const ElementRef& element)
 {
-    static constexpr const char16_t* known[] = {
-        u"AXRole",
-        u"AXSubrole",
-        u"AXTitle",
-        u"AXParent",
-        u"AXChildren",
-        u"AXSelectedChildren",
-        u"AXWindow",
-        u"AXWindows",
-        u"AXFocusedApplication",
-        u"AXPosition",
-        u"AXFocusedUIElement",
-        u"AXFocusedWindow",
-        u"AXSize",
-        u"AXMinimized",
-        u"AXHidden",
-        u"AXFrontmost",
-        u"AXEnabled",
-        u"AXCloseButton",
-        u"AXDescription",
-        u"AXURL",
-        u"AXIsApplicationRunning",
-    };
     const std::lock_guard lock(m_state.mutex);
     const SimulatedElement& target = own(element);
     if (const AXError error = stateOf(target); error != AXError::Success)
         return {error};
     platform::AXNames result{AXError::Success};
-    for (const char16_t* each : known) {
-        const QString name = QString::fromUtf16(each);
-        if (copyAttributeValue(element, name).error != AXError::AttributeUnsupported)
-            result.names.push_back(name);
-    }
-    if (target.kind == Kind::Window) {
-        for (const auto& [name, value] : m_state.window(target.id)->attributes)
+    for (const auto& [name, value] : attributesOf(target)) {
+        if (value.error != AXError::AttributeUnsupported)
             result.names.push_back(name);
     }
     return result;
@@ -213,169 +172,145 @@ AXResult SimulatedAccessibility::isAttributeSettable(const ElementRef& element,
     if (const AXError error = stateOf(target); error != AXError::Success)
         return refusal(error);
     const bool isWindow = target.kind == Kind::Window;
-    return answer(
-        (isWindow && (attribute == QLatin1String("AXMinimized") ||
-                      m_state.window(target.id)->attributes.count(attribute) != 0)) ||
-        (target.kind == Kind::Application &&
-         (attribute == QLatin1String("AXHidden") || attribute == QLatin1String("AXFrontmost"))));
+    return answer((isWindow && (attribute == u"AXMinimized" ||
+                                m_state.window(target.id)->attributes.count(attribute) != 0)) ||
+                  (target.kind == Kind::Application &&
+                   (attribute == u"AXHidden" || attribute == u"AXFrontmost")));
 }
 
-AXResult SimulatedAccessibility::systemWideValue(const QString& attribute)
+SimulatedAccessibility::Attributes
+SimulatedAccessibility::attributesOf(const SimulatedElement& element)
 {
-    if (attribute != QLatin1String("AXFocusedApplication"))
-        return unsupported;
-    return m_state.application(m_state.activePid)
-               ? answer(makeElement(Kind::Application, m_state.activePid))
-               : refusal(AXError::NoValue);
+    switch (element.kind) {
+    case Kind::SystemWide:
+        return {{u"AXFocusedApplication"_qs, orNoValue(createApplication(m_state.activePid))}};
+    case Kind::Application:
+        return applicationAttributes(element.pid);
+    case Kind::Window:
+    case Kind::CloseButton:
+    case Kind::Content:
+        return windowAttributes(element);
+    case Kind::DockList:
+    case Kind::DockItem:
+        return dockAttributes(element);
+    default:
+        return switcherAttributes(element);
+    }
 }
 
-AXResult SimulatedAccessibility::applicationValue(Pid pid, const QString& attribute)
+SimulatedAccessibility::Attributes SimulatedAccessibility::applicationAttributes(Pid pid)
 {
     const SimulatedApplication& application = *m_state.application(pid);
     const bool isDock = pid == m_state.dockPid;
-    if (attribute == QLatin1String("AXRole"))
-        return answer(u"AXApplication");
-    if (attribute == QLatin1String("AXTitle"))
-        return answer(application.name);
-    if (attribute == QLatin1String("AXHidden"))
-        return answer(application.isHidden);
-    if (attribute == QLatin1String("AXFrontmost"))
-        return answer(pid == m_state.activePid);
-    if (attribute == QLatin1String("AXChildren") && isDock)
-        return answer(std::vector<ElementRef>{makeElement(Kind::DockList, pid)});
-    if (attribute == QLatin1String("AXWindows") || attribute == QLatin1String("AXChildren"))
-        return answer(windowElements(m_state, pid));
-    if (attribute == QLatin1String("AXFocusedWindow")) {
-        const auto windows = windowElements(m_state, pid);
-        return windows.empty() ? refusal(AXError::NoValue) : answer(windows.front());
-    }
-    if (attribute == QLatin1String("AXFocusedUIElement") && isDock)
-        return m_state.switcher ? answer(makeElement(Kind::SwitcherList, pid))
-                                : refusal(AXError::NoValue);
-    return unsupported;
+    const auto windows = windowElements(m_state, pid);
+    const std::vector<ElementRef> docks{makeElement(Kind::DockList, pid)};
+    const ElementRef switcher = m_state.switcher ? makeElement(Kind::SwitcherList, pid) : nullptr;
+    return {
+        {u"AXRole"_qs, answer(u"AXApplication")},
+        {u"AXTitle"_qs, answer(application.name)},
+        {u"AXChildren"_qs, answer(isDock ? docks : windows)},
+        {u"AXWindows"_qs, answer(windows)},
+        {u"AXFocusedUIElement"_qs, isDock ? orNoValue(switcher) : unsupported},
+        {u"AXFocusedWindow"_qs, orNoValue(windows.empty() ? nullptr : windows.front())},
+        {u"AXHidden"_qs, answer(application.isHidden)},
+        {u"AXFrontmost"_qs, answer(pid == m_state.activePid)},
+    };
 }
 
-AXResult SimulatedAccessibility::windowValue(const SimulatedElement& element,
-                                             const QString& attribute)
+SimulatedAccessibility::Attributes
+SimulatedAccessibility::windowAttributes(const SimulatedElement& element)
 {
     const SimulatedWindow& window = *m_state.window(element.id);
-    if (const auto extra = window.attributes.find(attribute);
-        element.kind == Kind::Window && extra != window.attributes.end())
-        return answer(extra->second);
+    const ElementRef itself = makeElement(Kind::Window, element.pid, element.id);
     if (element.kind != Kind::Window) {
         const bool isButton = element.kind == Kind::CloseButton;
-        if (attribute == QLatin1String("AXRole"))
-            return isButton ? answer(u"AXButton") : answer(u"AXGroup");
-        if (attribute == QLatin1String("AXEnabled") && isButton)
-            return answer(window.isClosable);
-        if (attribute == QLatin1String("AXWindow") || attribute == QLatin1String("AXParent"))
-            return answer(makeElement(Kind::Window, element.pid, element.id));
-        return unsupported;
+        return {
+            {u"AXRole"_qs, isButton ? answer(u"AXButton") : answer(u"AXGroup")},
+            {u"AXParent"_qs, answer(itself)},
+            {u"AXWindow"_qs, answer(itself)},
+            {u"AXEnabled"_qs, isButton ? answer(window.isClosable) : unsupported},
+        };
     }
-    if (attribute == QLatin1String("AXRole"))
-        return answer(window.role);
-    if (attribute == QLatin1String("AXSubrole"))
-        return window.subrole.isNull() ? unsupported : answer(window.subrole);
-    if (attribute == QLatin1String("AXTitle"))
-        return answer(window.title);
-    if (attribute == QLatin1String("AXPosition"))
-        return answer(window.frame.topLeft());
-    if (attribute == QLatin1String("AXSize"))
-        return answer(window.frame.size());
-    if (attribute == QLatin1String("AXMinimized"))
-        return answer(window.isMinimized);
-    if (attribute == QLatin1String("AXCloseButton"))
-        return answer(makeElement(Kind::CloseButton, element.pid, element.id));
-    if (attribute == QLatin1String("AXParent"))
-        return answer(makeElement(Kind::Application, element.pid));
-    if (attribute == QLatin1String("AXChildren")) {
-        std::vector<ElementRef> children;
-        if (window.hasContent)
-            children.push_back(makeElement(Kind::Content, element.pid, element.id));
-        return answer(children);
-    }
-    return unsupported;
+    std::vector<ElementRef> children;
+    if (window.hasContent)
+        children.push_back(makeElement(Kind::Content, element.pid, element.id));
+    Attributes result{
+        {u"AXRole"_qs, answer(window.role)},
+        {u"AXSubrole"_qs, window.subrole.isNull() ? unsupported : answer(window.subrole)},
+        {u"AXTitle"_qs, answer(window.title)},
+        {u"AXParent"_qs, answer(makeElement(Kind::Application, element.pid))},
+        {u"AXChildren"_qs, answer(children)},
+        {u"AXPosition"_qs, answer(window.frame.topLeft())},
+        {u"AXSize"_qs, answer(window.frame.size())},
+        {u"AXMinimized"_qs, answer(window.isMinimized)},
+        {u"AXCloseButton"_qs, answer(makeElement(Kind::CloseButton, element.pid, element.id))},
+    };
+    for (const auto& [name, value] : window.attributes)
+        result.emplace_back(name, answer(value));
+    return result;
 }
 
-AXResult SimulatedAccessibility::dockValue(const SimulatedElement& element,
-                                           const QString& attribute)
+SimulatedAccessibility::Attributes
+SimulatedAccessibility::dockAttributes(const SimulatedElement& element)
 {
     if (element.kind == Kind::DockList) {
         std::vector<ElementRef> children;
-        const bool selectedOnly = attribute == QLatin1String("AXSelectedChildren");
-        if (!selectedOnly && attribute != QLatin1String("AXChildren"))
-            return attribute == QLatin1String("AXRole") ? answer(u"AXList") : unsupported;
+        std::vector<ElementRef> selected;
         for (const SimulatedDockItem& item : m_state.dockItems) {
-            if (!selectedOnly || item.id == m_state.hoveredItem)
-                children.push_back(makeElement(Kind::DockItem, element.pid, item.id));
+            children.push_back(makeElement(Kind::DockItem, element.pid, item.id));
+            if (item.id == m_state.hoveredItem)
+                selected.push_back(children.back());
         }
-        return answer(children);
+        return {{u"AXRole"_qs, answer(u"AXList")},
+                {u"AXChildren"_qs, answer(children)},
+                {u"AXSelectedChildren"_qs, answer(selected)}};
     }
     static constexpr const char16_t* subroles[] = {
         u"AXApplicationDockItem", u"AXMinimizedWindowDockItem", u"AXSeparatorDockItem",
         u"AXFolderDockItem", u"AXTrashDockItem"};
     const SimulatedDockItem& item = *m_state.dockItem(element.id);
     const bool isApplication = item.kind == SimulatedDockItem::Kind::Application;
-    if (attribute == QLatin1String("AXRole"))
-        return answer(u"AXDockItem");
-    if (attribute == QLatin1String("AXSubrole"))
-        return answer(subroles[static_cast<int>(item.kind)]);
-    if (attribute == QLatin1String("AXTitle"))
-        return answer(item.title);
-    if (attribute == QLatin1String("AXPosition"))
-        return answer(item.frame.topLeft());
-    if (attribute == QLatin1String("AXSize"))
-        return answer(item.frame.size());
-    if (attribute == QLatin1String("AXHidden"))
-        return answer(m_state.isDockHidden);
-    if (attribute == QLatin1String("AXURL") && isApplication)
-        return answer(item.url);
-    if (attribute == QLatin1String("AXIsApplicationRunning") && isApplication)
-        return answer(m_state.applicationAt(item.url) != nullptr);
-    if (attribute == QLatin1String("AXWindows") && item.chosen) {
-        std::vector<ElementRef> windows;
-        for (const WindowID window : *item.chosen)
-            windows.push_back(makeElement(Kind::Window, m_state.window(window)->pid, window));
-        return answer(windows);
+    const bool isRunning = m_state.applicationAt(item.url) != nullptr;
+    std::vector<ElementRef> windows;
+    for (const WindowID number : item.chosen.value_or(std::vector<WindowID>())) {
+        const SimulatedWindow* window = m_state.window(number);
+        windows.push_back(makeElement(Kind::Window, window ? window->pid : 0, number));
     }
-    return unsupported;
+    return {
+        {u"AXRole"_qs, answer(u"AXDockItem")},
+        {u"AXSubrole"_qs, answer(subroles[static_cast<int>(item.kind)])},
+        {u"AXTitle"_qs, answer(item.title)},
+        {u"AXWindows"_qs, item.chosen ? answer(windows) : unsupported},
+        {u"AXPosition"_qs, answer(item.frame.topLeft())},
+        {u"AXSize"_qs, answer(item.frame.size())},
+        {u"AXHidden"_qs, answer(m_state.isDockHidden)},
+        {u"AXURL"_qs, isApplication ? answer(item.url) : unsupported},
+        {u"AXIsApplicationRunning"_qs, isApplication ? answer(isRunning) : unsupported},
+    };
 }
 
-AXResult SimulatedAccessibility::switcherValue(const SimulatedElement& element,
-                                               const QString& attribute)
+SimulatedAccessibility::Attributes
+SimulatedAccessibility::switcherAttributes(const SimulatedElement& element)
 {
-    const auto& entries = *m_state.switcher;
     if (element.kind == Kind::SwitcherList) {
-        if (attribute == QLatin1String("AXSubrole"))
-            return answer(u"AXProcessSwitcherList");
         std::vector<ElementRef> children;
-        if (attribute == QLatin1String("AXSelectedChildren") &&
-            m_state.switcherSelection < entries.size())
-            children.push_back(makeElement(Kind::SwitcherEntry, element.pid,
-                                           entries[m_state.switcherSelection].id));
-        else if (attribute == QLatin1String("AXChildren"))
-            for (const auto& entry : entries)
-                children.push_back(makeElement(Kind::SwitcherEntry, element.pid, entry.id));
-        else if (attribute != QLatin1String("AXSelectedChildren"))
-            return unsupported;
-        return answer(children);
+        for (const SimulatedSwitcherEntry& entry : *m_state.switcher)
+            children.push_back(makeElement(Kind::SwitcherEntry, element.pid, entry.id));
+        std::vector<ElementRef> selected;
+        if (m_state.switcherSelection < children.size())
+            selected.push_back(children[m_state.switcherSelection]);
+        return {{u"AXSubrole"_qs, answer(u"AXProcessSwitcherList")},
+                {u"AXChildren"_qs, answer(children)},
+                {u"AXSelectedChildren"_qs, answer(selected)}};
     }
-    for (const SimulatedSwitcherEntry& entry : entries) {
-        if (entry.id != element.id)
-            continue;
-        if (attribute == QLatin1String("AXTitle"))
-            return answer(entry.title);
-        if (attribute == QLatin1String("AXPosition")) // where in the list matters to nobody
-            return answer(QPointF(660, 400));
-        if (attribute == QLatin1String("AXSize"))
-            return answer(QSizeF(120, 120));
-        if (attribute == QLatin1String("AXIsApplicationRunning") && entry.isRunning)
-            return answer(*entry.isRunning);
-        if (attribute == QLatin1String("AXURL") && !entry.url.isEmpty())
-            return answer(entry.url);
-        return unsupported;
-    }
-    return refusal(AXError::InvalidUIElement);
+    const SimulatedSwitcherEntry& entry = *m_state.switcherEntry(element.id);
+    return {
+        {u"AXTitle"_qs, answer(entry.title)},
+        {u"AXPosition"_qs, answer(QPointF(660, 400))}, // where in the list matters to nobody
+        {u"AXSize"_qs, answer(QSizeF(120, 120))},
+        {u"AXURL"_qs, entry.url.isEmpty() ? unsupported : answer(entry.url)},
+        {u"AXIsApplicationRunning"_qs, entry.isRunning ? answer(*entry.isRunning) : unsupported},
+    };
 }
 
 AXError SimulatedAccessibility::setAttributeValue(const ElementRef& element,
@@ -396,13 +331,13 @@ AXError SimulatedAccessibility::setAttributeValue(const ElementRef& element,
     const bool* on = std::get_if<bool>(&value);
     if (!on)
         return AXError::IllegalArgument;
-    if (attribute == QLatin1String("AXFrontmost") && *on)
+    if (attribute == u"AXFrontmost" && *on)
         m_state.activate(ownerOf(target));
-    else if (target.kind == Kind::Application && attribute == QLatin1String("AXHidden"))
+    else if (target.kind == Kind::Application && attribute == u"AXHidden")
         m_state.setHidden(target.pid, *on);
-    else if (target.kind == Kind::Window && attribute == QLatin1String("AXMinimized"))
+    else if (target.kind == Kind::Window && attribute == u"AXMinimized")
         m_state.setMinimized(target.id, *on);
-    else if (target.kind != Kind::Window || attribute != QLatin1String("AXFocused"))
+    else if (target.kind != Kind::Window || attribute != u"AXFocused")
         return AXError::AttributeUnsupported;
     return AXError::Success;
 }
@@ -414,20 +349,20 @@ platform::AXNames SimulatedAccessibility::copyActionNames(const ElementRef& elem
     if (const AXError error = stateOf(target); error != AXError::Success)
         return {error};
     if (target.kind == Kind::Window)
-        return {AXError::Success, {QStringLiteral("AXRaise")}};
+        return {AXError::Success, {u"AXRaise"_qs}};
     if (target.kind == Kind::CloseButton)
-        return {AXError::Success, {QStringLiteral("AXPress")}};
+        return {AXError::Success, {u"AXPress"_qs}};
     return {AXError::Success};
 }
 
 AXResult SimulatedAccessibility::copyActionDescription(const ElementRef& element,
                                                        const QString& action)
 {
-    const platform::AXNames actions = copyActionNames(element);
+    const platform::AXNames actions = SimulatedAccessibility::copyActionNames(element);
     if (!actions.ok() ||
         std::find(actions.names.begin(), actions.names.end(), action) == actions.names.end())
         return refusal(AXError::ActionUnsupported);
-    return answer(action == QLatin1String("AXRaise") ? u"raise" : u"press");
+    return answer(action == u"AXRaise" ? u"raise" : u"press");
 }
 
 AXError SimulatedAccessibility::performAction(const ElementRef& element, const QString& action)
@@ -436,9 +371,9 @@ AXError SimulatedAccessibility::performAction(const ElementRef& element, const Q
     const SimulatedElement& target = own(element);
     if (const AXError error = stateOf(target); error != AXError::Success)
         return error;
-    if (target.kind == Kind::Window && action == QLatin1String("AXRaise")) {
+    if (target.kind == Kind::Window && action == u"AXRaise") {
         m_state.raise(target.id);
-    } else if (target.kind == Kind::CloseButton && action == QLatin1String("AXPress")) {
+    } else if (target.kind == Kind::CloseButton && action == u"AXPress") {
         if (!m_state.window(target.id)->isClosable)
             return AXError::Failure;
         m_state.close(target.id);

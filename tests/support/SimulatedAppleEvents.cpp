@@ -60,7 +60,7 @@ AppleEventReply SimulatedAppleEvents::send(const platform::AppleEventTarget& tar
     for (const ObjectSpecifier::Step& step : direct.steps)
         command += u' ' + text(step.code) + u' ' + QString::number(step.index);
     if (m_runLoop.isMainThread())
-        command += QStringLiteral(" on the main thread");
+        command += u" on the main thread"_qs;
     {
         const std::lock_guard lock(m_mutex);
         m_commands += command;
@@ -104,10 +104,6 @@ void SimulatedAppleEvents::obey(SimulatedScriptable& application, FourCharCode e
 AppleEventReply SimulatedAppleEvents::getItem(const platform::AppleEventTarget& target,
                                               const ObjectSpecifier& object)
 {
-    if (m_runLoop.isMainThread()) {
-        const std::lock_guard lock(m_mutex);
-        ++m_mainThreadQuestions;
-    }
     if (const auto refused = refusal(target.name))
         return *refused;
     const std::lock_guard lock(m_mutex);
@@ -116,7 +112,7 @@ AppleEventReply SimulatedAppleEvents::getItem(const platform::AppleEventTarget& 
         return {AppleEventError::NotRunning};
     AppleEventReply reply = answer(*application, object);
     if (application->manners == Manners::AnswersNonsense && reply.error == AppleEventError::None)
-        reply.value = reply.as<bool>() ? platform::AppleEventValue(QStringLiteral("yes"))
+        reply.value = reply.as<bool>() ? platform::AppleEventValue(u"yes"_qs)
                                        : platform::AppleEventValue(true);
     return reply;
 }
@@ -197,12 +193,6 @@ QStringList SimulatedAppleEvents::takeCommands()
 {
     const std::lock_guard lock(m_mutex);
     return std::exchange(m_commands, {});
-}
-
-int SimulatedAppleEvents::takeMainThreadQuestions()
-{
-    const std::lock_guard lock(m_mutex);
-    return std::exchange(m_mainThreadQuestions, 0);
 }
 
 } // namespace lumbrix::test

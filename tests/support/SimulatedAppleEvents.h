@@ -56,8 +56,6 @@ public:
     /// The commands since the last call, such as "iTunes hook/Next" or, to a document, "QuickTime
     /// Player MVWR/play docu 1"; with the process id in front where one was given ("42 VLC ...").
     QStringList takeCommands();
-    /// Questions asked on the main thread since the last call.
-    int takeMainThreadQuestions();
 
 private:
     SimulatedScriptable* find(const QString& name);
@@ -72,7 +70,6 @@ private:
     std::map<QString, SimulatedScriptable> m_applications;     // guarded by m_mutex
     std::map<std::int32_t, platform::ApplicationRole> m_roles; // guarded by m_mutex
     QStringList m_commands;                                    // guarded by m_mutex
-    int m_mainThreadQuestions = 0;                             // guarded by m_mutex
 };
 
 } // namespace lumbrix::test

@@ -48,8 +48,23 @@ public:
 
     platform::CalendarList calendars() const override { return m_known.calendars; }
     platform::CalendarEvents events(const QDateTime& start, const QDateTime& end,
-                                    const QStringList& calendars) const override;
-    void refresh(const QDateTime& start, const QDateTime& end, std::function<void()> done) override;
+                                    const QStringList& calendars) const override
+    {
+        if (!m_known.start.isValid() || start < m_known.start || end > m_known.end)
+            return {};
+        return {m_known.calendars.error,
+                platform::selectEvents(m_known.events, start, end, calendars)};
+    }
+    void refresh(const QDateTime& start, const QDateTime& end, std::function<void()> done) override
+    {
+        using platform::CalendarError;
+        ++refreshes;
+        m_runLoop.performAfterDelay(this, delay, [this, start, end, done = std::move(done)] {
+            m_known = isFailing ? Known{{CalendarError::Failed, {}}, {}, start, end}
+                                : Known{{CalendarError::None, allCalendars}, allEvents, start, end};
+            done();
+        });
+    }
 
     // For tests.
     std::vector<platform::Calendar> allCalendars;

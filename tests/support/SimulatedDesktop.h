@@ -50,57 +50,6 @@ public:
     SimulatedWallClock& wallClock() { return m_wallClock; }
     SimulatedPreviewRequests& previewRequests() { return m_previewRequests; }
 
-    // Applications.
-    Pid addApplication(SimulatedApplication application);
-    void quitApplication(Pid pid);
-    void activateApplication(Pid pid);
-    void changeApplication(Pid pid, const std::function<void(SimulatedApplication&)>& change);
-    SimulatedApplication application(Pid pid); ///< pid 0 when it does not run
-    Pid activeApplication();
-    Pid ownPid();
-
-    // Windows; a new one is in front.
-    WindowID addWindow(Pid pid, SimulatedWindow window);
-    void closeWindow(WindowID window);
-    void giveWindow(WindowID window, Pid pid); ///< to another application
-    void minimizeWindow(WindowID window, bool minimized = true);
-    void changeWindow(WindowID window, const std::function<void(SimulatedWindow&)>& change);
-    std::optional<SimulatedWindow> window(WindowID window); ///< null when closed
-    std::vector<WindowID> stacking();                       ///< front to back
-    platform::ElementRef windowElement(WindowID window);
-    int captures(WindowID window);
-    void showSpace(int space);
-
-    // The Dock.
-    void addDockItem(SimulatedDockItem item);
-    void setDockOrientation(const QString& orientation);
-    void setDockFlags(std::optional<int> magnification, std::optional<int> autohide);
-    void killDock();
-    Pid startDock(); ///< with a new pid and new elements
-    Pid dockPid();
-    /// First item of that title; null elements and rectangles when there is none.
-    platform::ElementRef dockItem(const QString& title);
-    QRectF dockItemFrame(const QString& title); ///< accessibility coordinates
-    void openDockMenu();
-    /// 0 = normal.
-    void setSystemUIMode(std::uint32_t mode);
-    /// Says that the Dock's items are others, elsewhere or hidden; it does not by itself.
-    void tellDockItemsChanged();
-    void tellScreensChanged(); ///< likewise
-
-    // The Command-Tab switcher.
-    void openSwitcher(std::vector<SimulatedSwitcherEntry> entries, std::size_t selection = 0);
-    /// `tells`: whether the Dock says so; it does not when the mouse made the selection.
-    void selectInSwitcher(std::size_t selection, bool tells = true);
-    void closeSwitcher();
-
-    // Input; screen coordinates, origin at the bottom left.
-    void movePointer(QPointF point);
-    void hoverDockItem(const QString& title);
-    void leaveDock(); ///< to the middle of the main screen
-    void setButtons(std::uint32_t buttons);
-    void setModifiers(std::uint32_t flags);
-
     /// The rest, under the lock: screens, whether accessibility is enabled ...
     template <class Use> auto with(Use use)
     {
@@ -108,7 +57,76 @@ public:
         return use(m_state);
     }
 
+    // Applications.
+    Pid addApplication(SimulatedApplication application)
+    {
+        return m_state.locked()->launch(std::move(application));
+    }
+    void quitApplication(Pid pid) { m_state.locked()->quit(pid); }
+    void activateApplication(Pid pid) { m_state.locked()->activate(pid); }
+    void changeApplication(Pid pid, const std::function<void(SimulatedApplication&)>& change)
+    {
+        change(*m_state.locked()->application(pid));
+    }
+    SimulatedApplication application(Pid pid); ///< pid 0 when it does not run
+    Pid activeApplication() { return m_state.locked()->activePid; }
+    Pid ownPid() { return m_state.locked()->ownPid; }
+
+    // Windows; a new one is in front.
+    WindowID addWindow(Pid pid, SimulatedWindow window)
+    {
+        return m_state.locked()->open(pid, std::move(window));
+    }
+    void closeWindow(WindowID window) { m_state.locked()->close(window); }
+    /// To another application.
+    void giveWindow(WindowID window, Pid pid) { m_state.locked()->give(window, pid); }
+    void minimizeWindow(WindowID window, bool minimized = true)
+    {
+        m_state.locked()->setMinimized(window, minimized);
+    }
+    void changeWindow(WindowID window, const std::function<void(SimulatedWindow&)>& change)
+    {
+        change(*m_state.locked()->window(window));
+    }
+    std::optional<SimulatedWindow> window(WindowID window);                 ///< null when closed
+    std::vector<WindowID> stacking() { return m_state.locked()->stacking; } ///< front to back
+    platform::ElementRef windowElement(WindowID window);
+    int captures(WindowID window) { return m_state.locked()->window(window)->captures; }
+    void showSpace(int space) { m_state.locked()->showSpace(space); }
+
+    // The Dock.
+    void addDockItem(SimulatedDockItem item) { m_state.locked()->addDockItem(std::move(item)); }
+    void setDockOrientation(const QString& orientation);
+    void setDockFlags(std::optional<int> magnification, std::optional<int> autohide);
+    void killDock();
+    Pid startDock(); ///< with a new pid and new elements
+    Pid dockPid() { return m_state.locked()->dockPid; }
+    /// First item of that title; null elements and rectangles when there is none.
+    platform::ElementRef dockItem(const QString& title);
+    QRectF dockItemFrame(const QString& title); ///< accessibility coordinates
+    void openDockMenu();
+    /// 0 = normal.
+    void setSystemUIMode(std::uint32_t mode);
+    /// Says that the Dock's items are others, elsewhere or hidden; it does not by itself.
+    void tellDockItemsChanged() { tell(platform::WorkspaceNotification::DockItemsDidChange); }
+    void tellScreensChanged() { tell(platform::WorkspaceNotification::ScreensDidChange); }
+
+    // The Command-Tab switcher.
+    void openSwitcher(std::vector<SimulatedSwitcherEntry> entries, std::size_t selection = 0);
+    /// `tells`: whether the Dock says so; it does not when the mouse made the selection.
+    void selectInSwitcher(std::size_t selection, bool tells = true);
+    void closeSwitcher() { m_state.locked()->switcher.reset(); }
+
+    // Input; screen coordinates, origin at the bottom left.
+    void movePointer(QPointF point);
+    void hoverDockItem(const QString& title);
+    void leaveDock(); ///< to the middle of the main screen
+    void setButtons(std::uint32_t buttons) { m_state.locked()->buttons = buttons; }
+    void setModifiers(std::uint32_t flags) { m_state.locked()->modifiers = flags; }
+
 private:
+    void tell(platform::WorkspaceNotification what) { m_state.locked()->notify(what, 0); }
+
     SimulatedState m_state;
     SimulatedAccessibility m_accessibility{m_state};
     SimulatedWindowServer m_windowServer{m_state};

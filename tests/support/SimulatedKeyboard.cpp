@@ -104,10 +104,10 @@ std::vector<TapKey> SimulatedEventTaps::keysHeld() const
 QString SimulatedKeyboardLayout::nameOfModifier(std::uint32_t flag) const
 {
     static const QHash<std::uint32_t, QString> names{
-        {platform::ModifierFlag::Shift, QStringLiteral("Shift")},
-        {platform::ModifierFlag::Control, QStringLiteral("Ctrl")},
-        {platform::ModifierFlag::Option, QStringLiteral("Alt")},
-        {platform::ModifierFlag::Command, QStringLiteral("Super")},
+        {platform::ModifierFlag::Shift, u"Shift"_qs},
+        {platform::ModifierFlag::Control, u"Ctrl"_qs},
+        {platform::ModifierFlag::Option, u"Alt"_qs},
+        {platform::ModifierFlag::Command, u"Super"_qs},
     };
     return names.value(flag);
 }

@@ -16,12 +16,13 @@
 namespace lumbrix::test
 {
 
-class SimulatedAccessibility final : public platform::Accessibility
+/// Not final: a test derives from ForwardingAccessibility.
+class SimulatedAccessibility : public platform::Accessibility
 {
 public:
     explicit SimulatedAccessibility(SimulatedState& state) : m_state(state) {}
 
-    bool apiEnabled() const override;
+    bool apiEnabled() const override { return m_state.locked()->isAccessibilityEnabled; }
     void enableAPI() override;
     void openAPIPreferences() override { ++m_preferencesOpened; }
     bool tellsSwitcher() const override { return m_state.tellsSwitcher; }
@@ -50,22 +51,27 @@ public:
     createObserver(std::int32_t pid, platform::AXObserver::Callback callback) override;
 
 private:
+    friend class ForwardingAccessibility;
+    /// The attributes that an element has, in the order in which they are listed.
+    using Attributes = std::vector<std::pair<QString, platform::AXResult>>;
+
     /// The process that has the element now.
     Pid ownerOf(const SimulatedElement& element);
     /// Success, or why the element cannot be asked.
     platform::AXError stateOf(const SimulatedElement& element);
-    platform::AXResult systemWideValue(const QString& attribute);
-    platform::AXResult applicationValue(Pid pid, const QString& attribute);
-    platform::AXResult windowValue(const SimulatedElement& element, const QString& attribute);
-    platform::AXResult dockValue(const SimulatedElement& element, const QString& attribute);
-    platform::AXResult switcherValue(const SimulatedElement& element, const QString& attribute);
+    Attributes attributesOf(const SimulatedElement& element);
+    Attributes applicationAttributes(Pid pid);
+    Attributes windowAttributes(const SimulatedElement& element);
+    Attributes dockAttributes(const SimulatedElement& element);
+    Attributes switcherAttributes(const SimulatedElement& element);
 
     SimulatedState& m_state;
     std::atomic<float> m_timeout{0};
     int m_preferencesOpened = 0;
 };
 
-class SimulatedWindowServer final : public platform::WindowServer
+/// Not final: a test derives from ForwardingWindowServer.
+class SimulatedWindowServer : public platform::WindowServer
 {
 public:
     explicit SimulatedWindowServer(SimulatedState& state) : m_state(state) {}
@@ -78,13 +84,15 @@ public:
     QImage captureWindow(WindowID window, QSize limit) override;
     /// Only what was captured before and has not changed since.
     std::optional<QImage> pictureAtHand(WindowID window, QSize limit) override;
-    std::vector<QRectF> screens() override;
+    std::vector<QRectF> screens() override { return m_state.locked()->screens; }
     QPointF toolkitOffset(const QRectF&) override { return {}; }
-    bool blendsTranslucency() override;
+    bool blendsTranslucency() override { return m_state.locked()->blendsTranslucency; }
     QString unseenWindows() override { return m_unseenWindows; }
     void setUnseenWindows(const QString& text) { m_unseenWindows = text; }
 
 private:
+    friend class ForwardingWindowServer;
+
     QString m_unseenWindows;
     SimulatedState& m_state;
 };
@@ -108,7 +116,7 @@ public:
     void terminate(std::int32_t pid) override;
     bool launchApplication(const QString& name) override;
     bool launchApplicationAtURL(const QUrl& url, std::uint32_t options) override;
-    std::uint32_t systemUIMode() override;
+    std::uint32_t systemUIMode() override { return m_state.locked()->systemUIMode; }
     std::unique_ptr<platform::WorkspaceSubscription>
     observe(platform::WorkspaceNotification notification, Observer observer) override;
 
@@ -125,9 +133,9 @@ class SimulatedInputState final : public platform::InputState
 public:
     explicit SimulatedInputState(SimulatedState& state) : m_state(state) {}
 
-    QPointF mouseLocation() override;
-    std::uint32_t pressedMouseButtons() override;
-    std::uint32_t modifierFlags() override;
+    QPointF mouseLocation() override { return m_state.locked()->pointer; }
+    std::uint32_t pressedMouseButtons() override { return m_state.locked()->buttons; }
+    std::uint32_t modifierFlags() override { return m_state.locked()->modifiers; }
 
 private:
     SimulatedState& m_state;
@@ -139,7 +147,14 @@ class SimulatedDockPreferences final : public platform::DockPreferences
 public:
     explicit SimulatedDockPreferences(SimulatedState& state) : m_state(state) {}
 
-    void synchronize() override;
+    void synchronize() override
+    {
+        const auto state = m_state.locked();
+        const QString& edge = state->dockOrientation;
+        m_orientation = edge.isNull() ? std::nullopt : std::optional(edge);
+        m_magnification = state->dockMagnification;
+        m_autohide = state->dockAutohide;
+    }
     std::optional<QString> orientation(const platform::ElementRef&) override
     {
         return m_orientation;
@@ -172,35 +187,63 @@ private:
 class SimulatedUserDefaults final : public platform::UserDefaults
 {
 public:
-    std::int64_t integerForKey(const QString& key) const override;
-    float floatForKey(const QString& key) const override;
-    bool boolForKey(const QString& key) const override;
-    std::optional<QVariantMap> dictionaryForKey(const QString& key) const override;
-    std::optional<QStringList> arrayForKey(const QString& key) const override;
-    std::optional<QByteArray> dataForKey(const QString& key) const override;
-    void setInteger(std::int64_t value, const QString& key) override;
-    void setFloat(float value, const QString& key) override;
-    void setBool(bool value, const QString& key) override;
-    void setDictionary(const QVariantMap& value, const QString& key) override;
-    void setArray(const QStringList& value, const QString& key) override;
-    void setData(const QByteArray& value, const QString& key) override;
-    void removeObjectForKey(const QString& key) override;
-    bool synchronize() override;
+    std::int64_t integerForKey(const QString& key) const override
+    {
+        return read<qint64>(key).value_or(read<bool>(key).value_or(false) ? 1 : 0);
+    }
+    float floatForKey(const QString& key) const override
+    {
+        return read<float>(key).value_or(static_cast<float>(integerForKey(key)));
+    }
+    bool boolForKey(const QString& key) const override { return integerForKey(key) != 0; }
+    std::optional<QVariantMap> dictionaryForKey(const QString& key) const override
+    {
+        return read<QVariantMap>(key);
+    }
+    std::optional<QStringList> arrayForKey(const QString& key) const override
+    {
+        return read<QStringList>(key);
+    }
+    std::optional<QByteArray> dataForKey(const QString& key) const override
+    {
+        return read<QByteArray>(key);
+    }
+    void setInteger(std::int64_t value, const QString& key) override { write(key, qint64(value)); }
+    void setFloat(float value, const QString& key) override { write(key, value); }
+    void setBool(bool value, const QString& key) override { write(key, value); }
+    void setDictionary(const QVariantMap& value, const QString& key) override { write(key, value); }
+    void setArray(const QStringList& value, const QString& key) override { write(key, value); }
+    void setData(const QByteArray& value, const QString& key) override { write(key, value); }
+    void removeObjectForKey(const QString& key) override
+    {
+        m_values.remove(key);
+        m_hasUnsavedChanges = true;
+    }
+    bool synchronize() override
+    {
+        m_hasUnsavedChanges = false;
+        return true;
+    }
 
     // For tests.
     bool contains(const QString& key) const { return m_values.contains(key); }
-    int synchronizeCount() const { return m_synchronizeCount; }
     bool hasUnsavedChanges() const { return m_hasUnsavedChanges; }
-    void setWritable(bool writable) { m_isWritable = writable; }
 
 private:
-    void write(const QString& key, const QVariant& value);
-    template <class T> std::optional<T> read(const QString& key) const;
+    void write(const QString& key, const QVariant& value)
+    {
+        m_values.insert(key, value);
+        m_hasUnsavedChanges = true;
+    }
+    template <class T> std::optional<T> read(const QString& key) const
+    {
+        const QVariant value = m_values.value(key);
+        return value.metaType() == QMetaType::fromType<T>() ? std::optional(value.value<T>())
+                                                            : std::nullopt;
+    }
 
     QVariantMap m_values;
-    int m_synchronizeCount = 0;
     bool m_hasUnsavedChanges = false;
-    bool m_isWritable = true;
 };
 
 } // namespace lumbrix::test

@@ -42,8 +42,8 @@ private:
 class SimulatedBundle final : public platform::ApplicationBundle
 {
 public:
-    QString path() const override { return QStringLiteral("/Applications/Lumbrix"); }
-    QString shortVersionString() const override { return QStringLiteral("1.2.3"); }
+    QString path() const override { return u"/Applications/Lumbrix"_qs; }
+    QString shortVersionString() const override { return u"1.2.3"_qs; }
     void setShowsInDock(bool on) override { m_showsInDockNextTime = on; }
     void transformToForegroundApplication() override { m_isForeground = true; }
     bool isShownByWindows() const override { return m_isShownByWindows; }
@@ -68,23 +68,12 @@ private:
     int m_relaunches = 0;
 };
 
-/// Not there at first: the toolkit of the tests has no place for status items.
+/// Not there: the toolkit of the tests has no place for status items.
 class SimulatedStatusBar final : public platform::StatusBar
 {
 public:
-    bool isAvailable() const override { return m_isAvailable; }
-    void setObserver(std::function<void()> changed) override { m_changed = std::move(changed); }
-
-    // For tests.
-    void setAvailable(bool available)
-    {
-        if (std::exchange(m_isAvailable, available) != available && m_changed)
-            m_changed();
-    }
-
-private:
-    bool m_isAvailable = false;
-    std::function<void()> m_changed;
+    bool isAvailable() const override { return false; }
+    void setObserver(std::function<void()>) override {}
 };
 
 class SimulatedPreviewRequests final : public platform::PreviewRequests

@@ -43,6 +43,11 @@ SimulatedDockItem* SimulatedState::dockItem(std::uint32_t id)
     return findIf(dockItems, [id](const auto& each) { return each.id == id; });
 }
 
+SimulatedSwitcherEntry* SimulatedState::switcherEntry(std::uint32_t id)
+{
+    return switcher ? findIf(*switcher, [id](const auto& each) { return each.id == id; }) : nullptr;
+}
+
 bool SimulatedState::isOnscreen(const SimulatedWindow& window)
 {
     const SimulatedApplication* owner = application(window.pid);
@@ -64,10 +69,10 @@ Pid SimulatedState::launch(SimulatedApplication application)
     if (application.pid == 0)
         application.pid = nextPid++;
     if (application.bundleIdentifier.isEmpty())
-        application.bundleIdentifier = QStringLiteral("org.example.") + application.name;
+        application.bundleIdentifier = u"org.example."_qs + application.name;
     if (application.bundleURL.isEmpty())
         application.bundleURL =
-            QUrl::fromLocalFile(QStringLiteral("/Applications/%1.app").arg(application.name));
+            QUrl::fromLocalFile(u"/Applications/%1.app"_qs.arg(application.name));
     std::erase_if(installed,
                   [&](const auto& each) { return each.bundleURL == application.bundleURL; });
     applications.push_back(application);
@@ -134,7 +139,7 @@ WindowID SimulatedState::open(Pid pid, SimulatedWindow window)
     const WindowID number = window.number;
     windows.emplace(number, std::move(window));
     stacking.insert(stacking.begin(), number);
-    notify(pid, makeElement(Kind::Window, pid, number), QStringLiteral("AXWindowCreated"));
+    notify(pid, makeElement(Kind::Window, pid, number), u"AXWindowCreated"_qs);
     setMinimized(number, isMinimized);
     return number;
 }
@@ -148,7 +153,7 @@ void SimulatedState::close(WindowID number)
     setMinimized(number, false);
     windows.erase(number);
     std::erase(stacking, number);
-    notify(pid, makeElement(Kind::Window, pid, number), QStringLiteral("AXUIElementDestroyed"));
+    notify(pid, makeElement(Kind::Window, pid, number), u"AXUIElementDestroyed"_qs);
 }
 
 void SimulatedState::give(WindowID number, Pid pid)
@@ -157,8 +162,8 @@ void SimulatedState::give(WindowID number, Pid pid)
     if (!found)
         return;
     const platform::ElementRef element = makeElement(Kind::Window, found->pid, number);
-    notify(std::exchange(found->pid, pid), element, QStringLiteral("AXUIElementDestroyed"));
-    notify(pid, element, QStringLiteral("AXWindowCreated"));
+    notify(std::exchange(found->pid, pid), element, u"AXUIElementDestroyed"_qs);
+    notify(pid, element, u"AXWindowCreated"_qs);
 }
 
 void SimulatedState::setMinimized(WindowID number, bool minimized)
@@ -212,28 +217,21 @@ void SimulatedState::addDockItem(SimulatedDockItem item)
     layOutDock();
 }
 
-void SimulatedState::removeDockItem(std::uint32_t id)
-{
-    std::erase_if(dockItems, [id](const auto& item) { return item.id == id; });
-    layOutDock();
-}
-
 void SimulatedState::layOutDock()
 {
     constexpr double pitch = 50;
     constexpr double side = 48;
     constexpr double margin = 4;
     const QRectF screen = screens.empty() ? QRectF() : screens.front();
-    const bool isRow =
-        dockOrientation != QLatin1String("left") && dockOrientation != QLatin1String("right");
+    const bool isRow = dockOrientation != u"left" && dockOrientation != u"right";
     const double length = pitch * static_cast<double>(dockItems.size());
     double along = ((isRow ? screen.width() : screen.height()) - length) / 2;
     for (SimulatedDockItem& item : dockItems) {
-        if (dockOrientation == QLatin1String("top"))
+        if (dockOrientation == u"top")
             item.frame = {along, margin, side, side};
         else if (isRow)
             item.frame = {along, screen.height() - side - margin, side, side};
-        else if (dockOrientation == QLatin1String("left"))
+        else if (dockOrientation == u"left")
             item.frame = {margin, along, side, side};
         else
             item.frame = {screen.width() - side - margin, along, side, side};
@@ -252,8 +250,7 @@ void SimulatedState::updateHover()
             hovered = item.id;
     }
     if (std::exchange(hoveredItem, hovered) != hovered)
-        notify(dockPid, makeElement(Kind::DockList, dockPid),
-               QStringLiteral("AXSelectedChildrenChanged"));
+        notify(dockPid, makeElement(Kind::DockList, dockPid), u"AXSelectedChildrenChanged"_qs);
 }
 
 void SimulatedState::notify(Pid pid, const platform::ElementRef& element,

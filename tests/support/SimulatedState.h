@@ -22,13 +22,48 @@
 #include "platform/RunLoop.h"
 #include "platform/WindowServer.h"
 #include "platform/Workspace.h"
-#include "tests/support/SimulatedElement.h"
 
 namespace lumbrix::test
 {
 
 using platform::WindowID;
 using Pid = std::int32_t;
+
+/// An element of the simulated desktop: what it is and which one. Every read makes new ones, so
+/// that only their own equality can tell that two are the same.
+struct SimulatedElement final : platform::AXElement {
+    enum class Kind {
+        SystemWide,
+        Application,
+        Window,
+        CloseButton,
+        Content, ///< the one child of a window
+        DockList,
+        DockItem,
+        SwitcherList,
+        SwitcherEntry,
+    };
+
+    SimulatedElement(Kind k, std::int32_t p, std::uint32_t i) : kind(k), pid(p), id(i) {}
+    bool isEqual(const AXElement& other) const override
+    {
+        const auto* same = dynamic_cast<const SimulatedElement*>(&other);
+        // A window that becomes another application's stays the same.
+        return same && same->kind == kind && same->id == id &&
+               (same->pid == pid || kind == Kind::Window);
+    }
+    std::size_t hash() const override { return id; }
+
+    const Kind kind;
+    const std::int32_t pid; ///< of the owner; 0 for the system-wide element
+    const std::uint32_t id; ///< window number, Dock item or switcher entry
+};
+
+inline platform::ElementRef makeElement(SimulatedElement::Kind kind, std::int32_t pid,
+                                        std::uint32_t id = 0)
+{
+    return std::make_shared<SimulatedElement>(kind, pid, id);
+}
 
 struct SimulatedApplication {
     QString name;
@@ -47,8 +82,8 @@ struct SimulatedApplication {
 struct SimulatedWindow {
     QString title;
     QRectF frame{100, 100, 400, 300}; ///< accessibility coordinates
-    QString role = QStringLiteral("AXWindow");
-    QString subrole = QStringLiteral("AXStandardWindow"); ///< null = unreadable
+    QString role = u"AXWindow"_qs;
+    QString subrole = u"AXStandardWindow"_qs; ///< null = unreadable
     bool isMinimized = false;
     bool isClosable = true;
     int space = 1; ///< 0 = not known
@@ -111,11 +146,21 @@ struct SimulatedSubscription {
 
 /// Guarded by its one mutex, which every caller holds while it reads or calls.
 struct SimulatedState {
+    /// The state, locked while this exists.
+    struct Locked {
+        std::unique_lock<std::recursive_mutex> lock;
+        SimulatedState& state;
+        SimulatedState* operator->() const { return &state; }
+    };
+
     explicit SimulatedState(platform::RunLoop& loop) : runLoop(loop) {}
+    /// For one expression: state.locked()->activePid.
+    Locked locked() { return {std::unique_lock(mutex), *this}; }
 
     SimulatedApplication* application(Pid pid);
     SimulatedWindow* window(WindowID number);
     SimulatedDockItem* dockItem(std::uint32_t id);
+    SimulatedSwitcherEntry* switcherEntry(std::uint32_t id);
     SimulatedApplication* applicationAt(const QUrl& url);
     bool isOnscreen(const SimulatedWindow& window);
     std::vector<WindowID> windowsOf(Pid pid) const; ///< front to back
@@ -134,7 +179,6 @@ struct SimulatedState {
     void showSpace(int space);
 
     void addDockItem(SimulatedDockItem item);
-    void removeDockItem(std::uint32_t id);
     void layOutDock();
     /// Tells the Dock's observers when another item is under the pointer.
     void updateHover();
@@ -161,7 +205,7 @@ struct SimulatedState {
     std::vector<SimulatedDockItem> dockItems;
     std::uint32_t nextDockItem = 1;
     std::uint32_t hoveredItem = 0; ///< 0 = none
-    QString dockOrientation = QStringLiteral("bottom");
+    QString dockOrientation = u"bottom"_qs;
     std::optional<int> dockMagnification;
     std::optional<int> dockAutohide;
     bool isDockHidden = false; ///< slid out of sight; its items keep their places

@@ -104,37 +104,7 @@ std::optional<QImage> SimulatedWindowServer::pictureAtHand(WindowID window, QSiz
     const SimulatedWindow* found = m_state.window(window);
     if (found && found->hasPicture && !isPictureCurrent(*found))
         return std::nullopt;
-    return captureWindow(window, limit);
-}
-
-std::vector<QRectF> SimulatedWindowServer::screens()
-{
-    const std::lock_guard lock(m_state.mutex);
-    return m_state.screens;
-}
-
-bool SimulatedWindowServer::blendsTranslucency()
-{
-    const std::lock_guard lock(m_state.mutex);
-    return m_state.blendsTranslucency;
-}
-
-QPointF SimulatedInputState::mouseLocation()
-{
-    const std::lock_guard lock(m_state.mutex);
-    return m_state.pointer;
-}
-
-std::uint32_t SimulatedInputState::pressedMouseButtons()
-{
-    const std::lock_guard lock(m_state.mutex);
-    return m_state.buttons;
-}
-
-std::uint32_t SimulatedInputState::modifierFlags()
-{
-    const std::lock_guard lock(m_state.mutex);
-    return m_state.modifiers;
+    return SimulatedWindowServer::captureWindow(window, limit);
 }
 
 } // namespace lumbrix::test

@@ -125,28 +125,28 @@ bool SimulatedWorkspace::isHidden(std::int32_t pid)
 void SimulatedWorkspace::hide(std::int32_t pid)
 {
     const std::lock_guard lock(m_state.mutex);
-    m_state.commands.push_back(QStringLiteral("hide %1").arg(pid));
+    m_state.commands.push_back(u"hide %1"_qs.arg(pid));
     m_state.setHidden(pid, true);
 }
 
 void SimulatedWorkspace::activate(std::int32_t pid, std::uint32_t options)
 {
     const std::lock_guard lock(m_state.mutex);
-    m_state.commands.push_back(QStringLiteral("activate %1 %2").arg(pid).arg(options));
+    m_state.commands.push_back(u"activate %1 %2"_qs.arg(pid).arg(options));
     m_state.activate(pid);
 }
 
 void SimulatedWorkspace::terminate(std::int32_t pid)
 {
     const std::lock_guard lock(m_state.mutex);
-    m_state.commands.push_back(QStringLiteral("terminate %1").arg(pid));
+    m_state.commands.push_back(u"terminate %1"_qs.arg(pid));
     m_state.quit(pid);
 }
 
 bool SimulatedWorkspace::launchApplication(const QString& name)
 {
     const std::lock_guard lock(m_state.mutex);
-    m_state.commands.push_back(QStringLiteral("launch ") + name);
+    m_state.commands.push_back(u"launch "_qs + name);
     return launchOrActivate([&](const SimulatedApplication& each) {
         return each.name == name || each.executableURL.fileName() == name;
     });
@@ -155,8 +155,7 @@ bool SimulatedWorkspace::launchApplication(const QString& name)
 bool SimulatedWorkspace::launchApplicationAtURL(const QUrl& url, std::uint32_t options)
 {
     const std::lock_guard lock(m_state.mutex);
-    m_state.commands.push_back(
-        QStringLiteral("launch %1 0x%2").arg(url.toString()).arg(options, 0, 16));
+    m_state.commands.push_back(u"launch %1 0x%2"_qs.arg(url.toString()).arg(options, 0, 16));
     return launchOrActivate([&](const SimulatedApplication& each) {
         return each.bundleURL == url || each.executableURL == url;
     });
@@ -177,12 +176,6 @@ bool SimulatedWorkspace::launchOrActivate(
         return false;
     m_state.activate(m_state.launch(SimulatedApplication(*known)));
     return true;
-}
-
-std::uint32_t SimulatedWorkspace::systemUIMode()
-{
-    const std::lock_guard lock(m_state.mutex);
-    return m_state.systemUIMode;
 }
 
 std::unique_ptr<platform::WorkspaceSubscription>
