@@ -5,52 +5,18 @@
 #include <string>
 
 #include "app/Defaults.h"
-#include "app/LumbrixController.h"
 #include "app/SettingsTable.h"
 #include "badges/BadgeLook.h"
 #include "badges/WinNumberBadger.h"
-#include "engine/LXHandler.h"
-#include "preview/MAWindow.h"
-#include "tests/support/DesktopFixture.h"
+#include "tests/app/AppFixture.h"
 
 namespace lumbrix::test
 {
 namespace
 {
 
-using namespace Qt::StringLiterals;
-
-class ControllerTest : public DesktopFixture
+class ControllerTest : public AppFixture
 {
-protected:
-    ~ControllerTest() override
-    {
-        if (m_isStarted)
-            controller.applicationWillTerminate();
-        loop.shutdown();
-        LXHandler::releaseSharedHandler();
-    }
-
-    void start()
-    {
-        m_isStarted = controller.awakeFromNib();
-        ASSERT_TRUE(m_isStarted);
-        controller.applicationDidFinishLaunching();
-        loop.runUntilIdle();
-    }
-    void hover(const QString& item)
-    {
-        desk.hoverDockItem(item);
-        loop.runUntilIdle();
-    }
-    static LXHandler& engine() { return LXHandler::sharedHandler(); }
-    static std::size_t previews() { return engine().screenyViews().size(); }
-
-    SimulatedUserDefaults& defaults = desk.userDefaults();
-    LumbrixController controller;
-
-private:
-    bool m_isStarted = false;
 };
 
 TEST_F(ControllerTest, newUser_start_seedsBothStagesAndShowsPreviews)
@@ -76,7 +42,7 @@ TEST_F(ControllerTest, newUser_start_seedsBothStagesAndShowsPreviews)
     hover(u"Editor"_s);
     ASSERT_EQ(previews(), 2U);
     EXPECT_EQ(engine().screenyViews().front()->window()->frame().size(), QSizeF(243, 190));
-    controller.toggleDisabled();
+    controller->toggleDisabled();
     EXPECT_EQ(previews(), 0U);
     EXPECT_EQ(defaults.integerForKey(u"disabled"_s), 1);
     desk.leaveDock();
@@ -90,13 +56,12 @@ TEST_F(ControllerTest, previewsTurnedOffByASetting_goAlsoWhereTheyNeverClose)
     addApplication(u"Editor"_s, 2);
     start();
     defaults.setInteger(1, u"neverClose"_s);
-    controller.updateState();
+    controller->updateState();
     hover(u"Editor"_s);
-    desk.leaveDock();
-    loop.advance(1);
+    leave();
     ASSERT_EQ(previews(), 2U);
     defaults.setInteger(1, u"disabled"_s);
-    controller.updateState();
+    controller->updateState();
     EXPECT_EQ(previews(), 0U);
 }
 
@@ -192,19 +157,19 @@ TEST_F(ControllerTest, badges_areWhereAndAsTheSettingsSay)
     ASSERT_TRUE(badge());
     EXPECT_TRUE(isAt(4, 0));
     EXPECT_GT(color().red(), 2 * color().blue());
-    controller.updateColorOfWindowBadges(Qt::blue);
+    controller->updateColorOfWindowBadges(Qt::blue);
     EXPECT_GT(color().blue(), 2 * color().red());
     defaults.setInteger(1, u"badgePosition"_s);
-    controller.updateState();
+    controller->updateState();
     EXPECT_TRUE(isAt(1, 0));
     defaults.setFloat(20, u"badgeSizeExtra"_s);
-    controller.updateDockBadgeSize();
+    controller->updateDockBadgeSize();
     EXPECT_TRUE(isAt(1, 20));
     desk.closeWindow(desk.stacking().back());
     loop.runUntilIdle();
     EXPECT_TRUE(badge());
     defaults.setInteger(1, u"badgeOnlyIfMore"_s);
-    controller.updateState();
+    controller->updateState();
     EXPECT_FALSE(badge());
 }
 
@@ -216,12 +181,12 @@ TEST_F(ControllerTest, style_ofPreviewsOrTheirNumbersChanged_dropsThoseOfTheOldO
         desk.leaveDock();
         hover(u"Editor"_s);
         const auto before = engine().row().cache().cacheArray();
-        controller.updateState();
+        controller->updateState();
         EXPECT_EQ(previews(), 2U);
         EXPECT_EQ(engine().row().cache().cacheArray(), before);
 
         defaults.setInteger(3, style);
-        controller.updateState();
+        controller->updateState();
         EXPECT_EQ(previews(), 0U) << qPrintable(style);
         EXPECT_EQ(engine().row().cache().cacheArray().size(), 6U);
         for (const ScreenyViewPtr& fresh : engine().row().cache().cacheArray())
@@ -239,8 +204,8 @@ TEST_F(ControllerTest, dock_restarted_isObservedAgainAtLatestAfterThreeSeconds)
     EXPECT_EQ(previews(), 0U);
     const Pid pid = desk.startDock();
     loop.advance(3.0);
-    ASSERT_TRUE(controller.dockObserver());
-    EXPECT_TRUE(controller.dockObserver()->isEqualTo(pid));
+    ASSERT_TRUE(controller->dockObserver());
+    EXPECT_TRUE(controller->dockObserver()->isEqualTo(pid));
     desk.leaveDock();
     hover(u"Editor"_s);
     EXPECT_EQ(previews(), 1U);
@@ -253,16 +218,14 @@ TEST_F(ControllerTest, magnifyingDock_hover_waitsForTheIconToSettle)
     const double calm = loop.now();
     hover(u"Editor"_s);
     EXPECT_EQ(loop.now(), calm);
-    desk.leaveDock();
-    loop.advance(1);
+    leave();
 
     desk.setDockFlags(1, std::nullopt);
     const double before = loop.now();
     hover(u"Editor"_s);
     EXPECT_EQ(previews(), 1U);
     EXPECT_NEAR(loop.now() - before, 0.03, 1e-6) << "two equal readings end the wait";
-    desk.leaveDock();
-    loop.advance(1);
+    leave();
 
     desk.dockPreferences().setTellsFinalPlaces(true);
     const double last = loop.now();
@@ -274,9 +237,9 @@ TEST_F(ControllerTest, magnifyingDock_hover_waitsForTheIconToSettle)
 TEST_F(ControllerTest, movedSlider_showsASampleUntilHalfASecondAfterTheLastMove)
 {
     start();
-    const auto sample = [this] { return controller.samplePreview().previewWindow(); };
+    const auto sample = [this] { return controller->samplePreview().previewWindow(); };
     defaults.setFloat(300, u"windowWidth"_s);
-    controller.updateWindowSize();
+    controller->updateWindowSize();
     ASSERT_TRUE(sample());
     const MAWindow& window = *sample()->window();
     EXPECT_TRUE(window.isFront());
@@ -284,7 +247,7 @@ TEST_F(ControllerTest, movedSlider_showsASampleUntilHalfASecondAfterTheLastMove)
     const double bottom = window.frame().y();
     loop.advance(0.4);
     defaults.setFloat(83, u"distanceFromDock"_s);
-    controller.updateDistanceFromDock();
+    controller->updateDistanceFromDock();
     EXPECT_EQ(window.frame().y(), bottom + 50);
     EXPECT_EQ(window.frame().size(), QSizeF(300, 190));
     loop.advance(0.4);

@@ -1,19 +1,16 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-#include "app/LumbrixController.h"
 #include "app/SGHotKeyCenter.h"
-#include "engine/LXHandler.h"
 #include "model/SGKeyCombo.h"
 #include "platform/InputState.h"
-#include "tests/support/DesktopFixture.h"
+#include "tests/app/AppFixture.h"
 
 namespace lumbrix::test
 {
 namespace
 {
 
-using namespace Qt::StringLiterals;
 using platform::TapEvent;
 using platform::TapKey;
 using platform::ModifierFlag::Command;
@@ -24,37 +21,12 @@ constexpr TapKey digits[] = {{18, Command}, {19, Command}, {20, Command}};
 constexpr std::int64_t optionBit = 0x800;
 constexpr std::int64_t pKey = 35; // the letter P's place
 
-class HotKeyTest : public DesktopFixture
+class HotKeyTest : public AppFixture
 {
 protected:
-    ~HotKeyTest() override
-    {
-        controller.applicationWillTerminate();
-        EXPECT_TRUE(taps.keysHeld().empty());
-        loop.shutdown();
-        LXHandler::releaseSharedHandler();
-    }
-
-    void start()
-    {
-        ASSERT_TRUE(controller.awakeFromNib());
-        controller.applicationDidFinishLaunching();
-        loop.runUntilIdle();
-    }
     void store(const QString& identifier, std::int64_t keyCode, std::int64_t modifiers = optionBit)
     {
-        desk.userDefaults().setDictionary(SGKeyCombo{keyCode, modifiers}.plistRepresentation(),
-                                          identifier);
-    }
-    void hover(const QString& item)
-    {
-        desk.hoverDockItem(item);
-        loop.runUntilIdle();
-    }
-    void leave()
-    {
-        desk.leaveDock();
-        loop.advance(1);
+        defaults.setDictionary(SGKeyCombo{keyCode, modifiers}.plistRepresentation(), identifier);
     }
     bool type(const TapKey& key)
     {
@@ -62,11 +34,7 @@ protected:
         loop.runUntilIdle();
         return isSwallowed;
     }
-    static LXHandler& engine() { return LXHandler::sharedHandler(); }
-    static std::size_t previews() { return engine().screenyViews().size(); }
-
     SimulatedEventTaps& taps = desk.eventTaps();
-    LumbrixController controller;
 };
 
 TEST_F(HotKeyTest, numberKeys_workWhilePreviewsAreUpAndOnlyThen)
@@ -93,9 +61,9 @@ TEST_F(HotKeyTest, numberKeys_workWhilePreviewsAreUpAndOnlyThen)
     EXPECT_TRUE(taps.keysHeld().empty());
     hover(u"Mail"_s);
     EXPECT_EQ(taps.keysHeld(), std::vector<TapKey>{digits[0]});
-    desk.userDefaults().setInteger(0, u"showFastKeys"_s);
+    defaults.setInteger(0, u"showFastKeys"_s);
     leave();
-    controller.updateState();
+    controller->updateState();
     hover(u"Editor"_s);
     EXPECT_EQ(previews(), 3U);
     EXPECT_TRUE(taps.keysHeld().empty());
@@ -112,7 +80,7 @@ TEST_F(HotKeyTest, toggleKey_worksFromAnywhereWithPreviewsOnAndOff)
     EXPECT_EQ(previews(), 1U);
     EXPECT_TRUE(type(toggle));
     EXPECT_EQ(previews(), 0U);
-    EXPECT_EQ(desk.userDefaults().integerForKey(u"disabled"_s), 1);
+    EXPECT_EQ(defaults.integerForKey(u"disabled"_s), 1);
     EXPECT_EQ(taps.keysHeld(), std::vector<TapKey>{toggle});
     leave();
     hover(u"Editor"_s);
@@ -123,12 +91,12 @@ TEST_F(HotKeyTest, toggleKey_worksFromAnywhereWithPreviewsOnAndOff)
     hover(u"Editor"_s);
     EXPECT_EQ(previews(), 1U);
     // A changed setting leaves the numbers of these previews working.
-    controller.updateState();
+    controller->updateState();
     loop.runUntilIdle();
     EXPECT_EQ(taps.keysHeld().size(), 2U);
     leave();
-    desk.userDefaults().removeObjectForKey(u"enableDisableKey"_s);
-    controller.updateState();
+    defaults.removeObjectForKey(u"enableDisableKey"_s);
+    controller->updateState();
     loop.runUntilIdle();
     EXPECT_TRUE(taps.keysHeld().empty());
 }
@@ -138,10 +106,10 @@ TEST_F(HotKeyTest, otherStoredKeys_actOnThePreviewsThatAreUp)
     const Pid pid = addApplication(u"Editor"_s, 2);
     store(u"hideAllPreviewsKey"_s, pKey);
     store(u"closeAllWindowsKey"_s, 36, 0x100 | optionBit);
-    desk.userDefaults().setBool(true, u"firstRun"_s);
-    desk.userDefaults().setInteger(1, u"showInDock"_s);
-    desk.userDefaults().setFloat(200, u"windowWidth"_s);
-    desk.userDefaults().setFloat(150, u"windowHeight"_s);
+    defaults.setBool(true, u"firstRun"_s);
+    defaults.setInteger(1, u"showInDock"_s);
+    defaults.setFloat(200, u"windowWidth"_s);
+    defaults.setFloat(150, u"windowHeight"_s);
     start(); // without number keys
     EXPECT_TRUE(taps.keysHeld().empty());
     hover(u"Editor"_s);
@@ -152,7 +120,7 @@ TEST_F(HotKeyTest, otherStoredKeys_actOnThePreviewsThatAreUp)
     leave();
     hover(u"Editor"_s);
     desk.eventTaps().take({pKey, Option});
-    const auto taken = controller.hotKeyCenter().takenHotKeys();
+    const auto taken = controller->hotKeyCenter().takenHotKeys();
     ASSERT_EQ(taken.size(), 1U);
     EXPECT_EQ(taken[0]->identifier, u"hideAllPreviewsKey"_s);
     EXPECT_TRUE(type({36, Command | Option}));
@@ -216,7 +184,7 @@ TEST_F(HotKeyTest, combo_isStoredShownAndRefusedWithoutModifier)
     EXPECT_EQ((SGKeyCombo{16, 256}).keyCodeString(keyboard), u"Z"_s);
 
     start();
-    SGHotKeyCenter& center = controller.hotKeyCenter();
+    SGHotKeyCenter& center = controller->hotKeyCenter();
     const std::size_t before = center.allHotKeys().size();
     center.registerHotKey(std::make_shared<SGHotKey>(SGHotKey{u"plain"_s, {19, 0}, {}}));
     center.registerHotKey(nullptr);

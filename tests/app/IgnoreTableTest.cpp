@@ -9,61 +9,39 @@
 #include <QtWidgets/QDialog>
 #include <QtWidgets/QTableView>
 
-#include "app/LumbrixController.h"
 #include "app/filters/FilterLevelTitle.h"
-#include "engine/LXHandler.h"
 #include "preview/InterfaceFile.h"
-#include "tests/support/DesktopFixture.h"
+#include "tests/app/AppFixture.h"
 
 namespace lumbrix::test
 {
 namespace
 {
 
-using namespace Qt::StringLiterals;
-
 /// The pane in a window, with an engine whose previews show.
-class IgnoreTableTest : public DesktopFixture
+class IgnoreTableTest : public AppFixture
 {
 protected:
     IgnoreTableTest()
     {
-        defaults.setBool(true, u"firstRun"_s);
-        defaults.setBool(true, u"badgeDockIconsFirstRun"_s);
+        haveUser();
         defaults.setInteger(1, u"showInDock"_s);
         defaults.setInteger(200, u"windowWidth"_s);
         defaults.setInteger(150, u"windowHeight"_s);
     }
-    ~IgnoreTableTest() override
-    {
-        m_pane.reset();
-        if (m_controller)
-            m_controller->applicationWillTerminate();
-        loop.shutdown();
-        m_controller.reset();
-        LXHandler::releaseSharedHandler();
-    }
+    ~IgnoreTableTest() override { m_pane.reset(); }
 
     void start(const std::optional<QVariantMap>& filters = std::nullopt)
     {
         if (filters)
             defaults.setDictionary(*filters, u"filters"_s);
-        m_controller = std::make_unique<LumbrixController>();
-        ASSERT_TRUE(m_controller->awakeFromNib());
-        m_controller->applicationDidFinishLaunching();
+        AppFixture::start();
         m_pane = loadInterface(ports(), u"PreferencesFilters"_s);
         ASSERT_TRUE(m_pane);
         m_pane->show();
         table = new IgnoreTable(*m_pane);
         loop.runUntilIdle();
     }
-    void hover(const QString& item)
-    {
-        desk.hoverDockItem(item);
-        loop.runUntilIdle();
-    }
-    static LXHandler& engine() { return LXHandler::sharedHandler(); }
-    static std::size_t previews() { return engine().screenyViews().size(); }
     QVariantMap stored() { return defaults.dictionaryForKey(u"filters"_s).value_or(QVariantMap()); }
 
     /// "name: level" of each row.
@@ -98,11 +76,9 @@ protected:
         return icon.pixmap(32, 32).toImage().pixelColor(16, 16);
     }
 
-    SimulatedUserDefaults& defaults = desk.userDefaults();
     IgnoreTable* table = nullptr; ///< the pane's
 
 private:
-    std::unique_ptr<LumbrixController> m_controller;
     std::unique_ptr<QWidget> m_pane;
 };
 

@@ -9,20 +9,15 @@
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QMenu>
 
-#include "app/LumbrixController.h"
 #include "app/SenderTitles.h"
 #include "app/StatusItem.h"
-#include "app/preferences/PrefsController.h"
-#include "engine/LXHandler.h"
 #include "model/SGKeyCombo.h"
-#include "tests/support/DesktopFixture.h"
+#include "tests/app/AppFixture.h"
 
 namespace lumbrix::test
 {
 namespace
 {
-
-using namespace Qt::StringLiterals;
 
 QString textOf(const QWidget& alert, const QString& label)
 {
@@ -69,24 +64,9 @@ bool quitsBy(const std::function<void()>& action)
     return QCoreApplication::exec() == 0;
 }
 
-class LifecycleTest : public DesktopFixture
+class LifecycleTest : public AppFixture
 {
 protected:
-    ~LifecycleTest() override
-    {
-        if (m_isStarted)
-            controller->applicationWillTerminate();
-        loop.shutdown();
-        LXHandler::releaseSharedHandler();
-    }
-
-    void start()
-    {
-        m_isStarted = controller->awakeFromNib();
-        ASSERT_TRUE(m_isStarted);
-        controller->applicationDidFinishLaunching();
-        loop.runUntilIdle();
-    }
     /// As a user who has seen the welcome.
     void startAgain()
     {
@@ -113,12 +93,6 @@ protected:
             texts << (action->isSeparator() ? u"-"_s : action->text());
         return texts;
     }
-
-    SimulatedUserDefaults& defaults = desk.userDefaults();
-    std::optional<LumbrixController> controller{std::in_place};
-
-private:
-    bool m_isStarted = false;
 };
 
 TEST_F(LifecycleTest, newUser_start_isWelcomedOnThePreferencesOnce)

@@ -11,62 +11,34 @@
 #include <QtWidgets/QSlider>
 
 #include "app/HotKeyIdentifiers.h"
-#include "app/LumbrixController.h"
 #include "app/SenderTitles.h"
 #include "app/SettingsTable.h"
-#include "app/preferences/PrefsController.h"
 #include "app/preferences/SRRecorderControl.h"
 #include "app/preferences/SettingsBinding.h"
 #include "badges/WinNumberBadger.h"
-#include "engine/LXHandler.h"
 #include "platform/InputState.h"
-#include "tests/support/DesktopFixture.h"
+#include "tests/app/AppFixture.h"
 
 namespace lumbrix::test
 {
 namespace
 {
 
-using namespace Qt::StringLiterals;
-
-class PreferencesTest : public DesktopFixture
+class PreferencesTest : public AppFixture
 {
 protected:
-    PreferencesTest()
-    {
-        defaults.setBool(true, u"firstRun"_s);
-        defaults.setBool(true, u"badgeDockIconsFirstRun"_s);
-    }
-    ~PreferencesTest() override
-    {
-        controller.applicationWillTerminate();
-        loop.shutdown();
-        LXHandler::releaseSharedHandler();
-    }
+    PreferencesTest() { haveUser(); }
 
     void open()
     {
-        if (!m_isStarted) {
-            m_isStarted = controller.awakeFromNib();
-            ASSERT_TRUE(m_isStarted);
-            controller.applicationDidFinishLaunching();
-        }
-        controller.showPreferences();
+        if (!m_isStarted)
+            start();
+        controller->showPreferences();
         ASSERT_TRUE(QTest::qWaitForWindowActive(window()));
     }
     static PrefsController& preferences() { return PrefsController::sharedPrefsWindowController(); }
     static QWidget* window() { return PrefsController::openWindow(); }
-    template <class Widget> static Widget* find(const QString& name)
-    {
-        return window()->findChild<Widget*>(name);
-    }
-    static EngineSettings& settings() { return LXHandler::sharedHandler().settings(); }
-
-    SimulatedUserDefaults& defaults = desk.userDefaults();
-    LumbrixController controller;
-
-private:
-    bool m_isStarted = false;
+    static EngineSettings& settings() { return engine().settings(); }
 };
 
 /// The mnemonic of a text; null when it has none.
@@ -169,7 +141,7 @@ TEST_F(PreferencesTest, everyControl_movedByTheUser_storesSavesAndApplies)
     }
     EXPECT_EQ(settings().ignoreMinimized, 1);
     EXPECT_EQ(settings().disabled, 1);
-    EXPECT_EQ(controller.dontDelayIfOpen(), 1);
+    EXPECT_EQ(controller->dontDelayIfOpen(), 1);
 
     auto* style = find<QComboBox>(u"previewStyle"_s);
     QTest::keyClick(style, Qt::Key_Down);
@@ -197,7 +169,7 @@ TEST_F(PreferencesTest, everyControl_movedByTheUser_storesSavesAndApplies)
     QTest::keyClick(find<QSlider>(u"windowWidth"_s), Qt::Key_Right);
     EXPECT_EQ(settings().windowWidth, 244.0F);
     EXPECT_EQ(find<QLabel>(u"windowWidthValue"_s)->text(), u"244 pt"_s);
-    EXPECT_TRUE(controller.samplePreview().previewWindow()) << "the sample shows the new width";
+    EXPECT_TRUE(controller->samplePreview().previewWindow()) << "the sample shows the new width";
 }
 
 TEST_F(PreferencesTest, titledCheckbox_clicked_storesAppliesAndTellsTheUser)
@@ -205,8 +177,7 @@ TEST_F(PreferencesTest, titledCheckbox_clicked_storesAppliesAndTellsTheUser)
     addApplication(u"Editor"_s, 1);
     open();
     loop.runUntilIdle();
-    const auto& badger =
-        static_cast<WinNumberBadger&>(*LXHandler::sharedHandler().companions().windowCountBadger);
+    const auto& badger = static_cast<WinNumberBadger&>(*engine().companions().windowCountBadger);
     struct Row {
         QString title;
         const char* key;
@@ -237,7 +208,7 @@ TEST_F(PreferencesTest, titledCheckbox_clicked_storesAppliesAndTellsTheUser)
                 sheet ? sheet->findChild<QLabel*>(u"messageText"_s)->text() : QString();
             EXPECT_EQ(said, QLatin1String(on ? row.on : row.off));
             EXPECT_EQ(badger.badgesArray().size(), defaults.integerForKey(u"badgeDock"_s));
-            EXPECT_EQ(controller.statusItem() == nullptr, defaults.integerForKey(u"hideIcon"_s));
+            EXPECT_EQ(controller->statusItem() == nullptr, defaults.integerForKey(u"hideIcon"_s));
             delete sheet; // unanswered
         }
     }
@@ -294,7 +265,7 @@ TEST_F(PreferencesTest, settingsChangedElsewhere_areShownAtOnce)
     open();
     auto* disabled = find<QCheckBox>(u"disabled"_s);
     EXPECT_FALSE(disabled->isChecked());
-    controller.toggleDisabled();
+    controller->toggleDisabled();
     EXPECT_TRUE(disabled->isChecked());
 
     // What depends on a checkbox follows it, however it changed.
@@ -322,9 +293,8 @@ TEST_F(PreferencesTest, rowOfPreviews_followsControlsWhileItIsShown)
     defaults.setFloat(243, u"windowWidth"_s);
     defaults.setFloat(190, u"windowHeight"_s);
     open();
-    desk.hoverDockItem(u"Editor"_s);
-    loop.runUntilIdle();
-    const auto& row = LXHandler::sharedHandler().screenyViews();
+    hover(u"Editor"_s);
+    const auto& row = engine().screenyViews();
     ASSERT_EQ(row.size(), 3U);
     EXPECT_EQ(desk.eventTaps().keysHeld().size(), 3U);
 

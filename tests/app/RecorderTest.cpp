@@ -6,21 +6,17 @@
 #include <QtWidgets/QToolButton>
 
 #include "app/HotKeyIdentifiers.h"
-#include "app/LumbrixController.h"
 #include "app/SGHotKeyCenter.h"
 #include "app/preferences/NoteLabel.h"
-#include "app/preferences/PrefsController.h"
 #include "app/preferences/SRRecorderControl.h"
-#include "engine/LXHandler.h"
 #include "platform/InputState.h"
-#include "tests/support/DesktopFixture.h"
+#include "tests/app/AppFixture.h"
 
 namespace lumbrix::test
 {
 namespace
 {
 
-using namespace Qt::StringLiterals;
 using platform::TapKey;
 using platform::ModifierFlag::Command;
 using platform::ModifierFlag::Option;
@@ -29,38 +25,24 @@ constexpr std::uint32_t kKey = 40; // the letter K's place
 constexpr TapKey superAltK{kKey, Command | Option};
 constexpr auto superAlt = Qt::MetaModifier | Qt::AltModifier;
 
-class RecorderTest : public DesktopFixture
+class RecorderTest : public AppFixture
 {
 protected:
     RecorderTest()
     {
-        desk.userDefaults().setBool(true, u"firstRun"_s);
-        desk.userDefaults().setBool(true, u"badgeDockIconsFirstRun"_s);
+        haveUser();
         desk.keyboardLayout().choose({{kKey, u"k"_s}});
     }
-    ~RecorderTest() override
-    {
-        controller.applicationWillTerminate();
-        EXPECT_TRUE(taps.keysHeld().empty());
-        loop.shutdown();
-        LXHandler::releaseSharedHandler();
-    }
-
     void open()
     {
-        ASSERT_TRUE(controller.awakeFromNib());
-        controller.applicationDidFinishLaunching();
-        controller.showPreferences();
+        start();
+        controller->showPreferences();
         PrefsController::sharedPrefsWindowController().displayViewForIdentifier(u"Hotkeys"_s,
                                                                                 false);
         ASSERT_TRUE(QTest::qWaitForWindowActive(PrefsController::openWindow()));
         recorder = find<SRRecorderControl>(u"enableDisableControl"_s);
         recorder->setFocus();
         loop.runUntilIdle();
-    }
-    template <class Widget> static Widget* find(const QString& name)
-    {
-        return PrefsController::openWindow()->findChild<Widget*>(name);
     }
     /// As the keyboard does it, with the number of the key's place.
     void send(QEvent::Type type, int key, Qt::KeyboardModifiers modifiers, std::uint32_t place,
@@ -84,13 +66,12 @@ protected:
     }
     SGKeyCombo stored()
     {
-        const auto plist = desk.userDefaults().dictionaryForKey(HotKeyIdentifier::EnableDisable);
+        const auto plist = defaults.dictionaryForKey(HotKeyIdentifier::EnableDisable);
         return SGKeyCombo::initWithPlistRepresentation(plist.value_or(QVariantMap()));
     }
-    bool isDisabled() { return desk.userDefaults().integerForKey(u"disabled"_s) != 0; }
+    bool isDisabled() { return defaults.integerForKey(u"disabled"_s) != 0; }
 
     SimulatedEventTaps& taps = desk.eventTaps();
-    LumbrixController controller;
     SRRecorderControl* recorder = nullptr;
 };
 
@@ -106,7 +87,7 @@ TEST_F(RecorderTest, keysPressed_becomeTheHotKeyOnceTheyAreReleased)
     send(QEvent::KeyPress, Qt::Key_K, superAlt, kKey);
     EXPECT_EQ(recorder->displayText(), u"Super+Alt+K"_s);
     EXPECT_EQ(stored(), (SGKeyCombo{kKey, 0x900}));
-    EXPECT_FALSE(desk.userDefaults().hasUnsavedChanges());
+    EXPECT_FALSE(defaults.hasUnsavedChanges());
     loop.advance(1);
     EXPECT_FALSE(typeSomewhereElse(superAltK)) << "a key still held would act at once";
     send(QEvent::KeyPress, Qt::Key_K, superAlt, kKey, true);
@@ -172,8 +153,8 @@ TEST_F(RecorderTest, keysThatCannotBeAHotKey_areNotTaken)
 // With an icon in the Dock the window is never closed, only minimised.
 TEST_F(RecorderTest, windowOutOfSight_takesNoKeysAndWakesNobodyUp)
 {
-    desk.userDefaults().setDictionary(SGKeyCombo{kKey, 0x900}.plistRepresentation(),
-                                      HotKeyIdentifier::CloseAllWindows);
+    defaults.setDictionary(SGKeyCombo{kKey, 0x900}.plistRepresentation(),
+                           HotKeyIdentifier::CloseAllWindows);
     open();
     QWidget& window = *PrefsController::openWindow();
     const std::pair<std::function<void()>, std::function<void()>> ways[] = {
@@ -199,8 +180,8 @@ TEST_F(RecorderTest, windowOutOfSight_takesNoKeysAndWakesNobodyUp)
 TEST_F(RecorderTest, keysOfAnotherProgramOrChosenTwice_areMarked)
 {
     taps.take(superAltK);
-    desk.userDefaults().setDictionary(SGKeyCombo{kKey, 0x900}.plistRepresentation(),
-                                      HotKeyIdentifier::CloseAllWindows);
+    defaults.setDictionary(SGKeyCombo{kKey, 0x900}.plistRepresentation(),
+                           HotKeyIdentifier::CloseAllWindows);
     open();
     const auto note = [](const char* name) { return find<NoteLabel>(QLatin1String(name))->text(); };
     loop.advance(0.5);
@@ -217,9 +198,9 @@ TEST_F(RecorderTest, keysOfAnotherProgramOrChosenTwice_areMarked)
 
     // Keys are tried only while they are looked at.
     find<SRRecorderControl>(u"enableDisableControl"_s)->findChild<QToolButton*>()->click();
-    desk.userDefaults().setDictionary(SGKeyCombo{kKey, 0x800}.plistRepresentation(),
-                                      HotKeyIdentifier::CloseAllWindows);
-    controller.updateState();
+    defaults.setDictionary(SGKeyCombo{kKey, 0x800}.plistRepresentation(),
+                           HotKeyIdentifier::CloseAllWindows);
+    controller->updateState();
     loop.runUntilIdle();
     EXPECT_EQ(taps.keysHeld().size(), 1U);
     PrefsController::sharedPrefsWindowController().displayViewForIdentifier(u"General"_s, false);
