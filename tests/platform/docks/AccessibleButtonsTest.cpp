@@ -62,14 +62,6 @@ protected:
         panel.add(u"list"_s, u"b5"_s, TestPanel::Toggle, buttonAt(200), u"notes"_s);
     }
 
-    void addDock(xcb_window_t id, const QString& name, std::int32_t pid, const QRect& bounds)
-    {
-        FakeTracker::Window dock = window(id, name, name, pid);
-        dock.type = x11::WindowType::Dock;
-        dock.bounds = bounds;
-        dock.desktop = -1;
-        m_tracker.add(dock);
-    }
     void addPlank()
     {
         addDock(0x6000, u"plank"_s, 600, PlankBounds);
@@ -168,7 +160,7 @@ TEST_F(AccessibleButtonsTest, places_taken_by_another_dock_are_read_and_followed
     EXPECT_EQ(panel.calls, calls);
 
     // A window's title comes before its button's.
-    m_tracker.change(5, [](auto& window) { window.title = QStringLiteral("other"); });
+    m_tracker.change(5, [](auto& window) { window.title = u"other"_s; });
     settleAfterMove();
     EXPECT_EQ(items(), "Term 100, Editor 200");
     EXPECT_TRUE(elementsEqual(dockItems()[1], before[1]));

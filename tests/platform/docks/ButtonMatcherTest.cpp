@@ -19,9 +19,8 @@ namespace
 PanelButton button(const QString& name, int x)
 {
     const bool isElsewhere = name.contains(u'/');
-    return {.ref = {QStringLiteral(":1.1"), QString::number(x)},
-            .list = {QStringLiteral(":1.1"),
-                     isElsewhere ? name.section(u'/', 0, 0) : QStringLiteral("list")},
+    return {.ref = {u":1.1"_qs, QString::number(x)},
+            .list = {u":1.1"_qs, isElsewhere ? name.section(u'/', 0, 0) : u"list"_qs},
             .name = isElsewhere ? name.section(u'/', 1) : name,
             .place = QRect(x, 0, 90, 30),
             .siblings = isElsewhere ? 1U : 5U};
@@ -47,10 +46,10 @@ std::string match(const std::vector<PanelButton>& buttons, const std::vector<But
         QStringList numbers;
         for (const xcb_window_t id : ids)
             numbers << QString::number(id);
-        result << ref.path + QStringLiteral(": ") + numbers.join(u' ');
+        result << ref.path + u": "_qs + numbers.join(u' ');
     }
     result.sort();
-    return result.join(QStringLiteral(", ")).toStdString();
+    return result.join(u", "_qs).toStdString();
 }
 
 QString text(const char* latin1) { return QString::fromLatin1(latin1); }

@@ -37,7 +37,7 @@ namespace
 
 const QString& folder()
 {
-    static const QString path = QStringLiteral("/org/a11y/atspi/accessible/");
+    static const QString path = u"/org/a11y/atspi/accessible/"_qs;
     return path;
 }
 
@@ -52,16 +52,15 @@ QVariant references(const QString& bus, const QStringList& names)
 } // namespace
 
 TestPanel::TestPanel(const PrivateBus& bus)
-    : busAddress(bus.address()), m_registry(bus.connect(QStringLiteral("registry"))),
-      m_program(bus.connect(QStringLiteral("panel")))
+    : busAddress(bus.address()), m_registry(bus.connect(u"registry"_qs)),
+      m_program(bus.connect(u"panel"_qs))
 {
     qDBusRegisterMetaType<TestRef>();
     qDBusRegisterMetaType<QList<TestRef>>();
     for (QDBusConnection* connection : {&m_registry, &m_program})
-        connection->registerVirtualObject(QStringLiteral("/org/a11y"), this,
-                                          QDBusConnection::SubPath);
-    if (!m_registry.registerService(QStringLiteral("org.a11y.Bus")) ||
-        !m_registry.registerService(QStringLiteral("org.a11y.atspi.Registry")))
+        connection->registerVirtualObject(u"/org/a11y"_qs, this, QDBusConnection::SubPath);
+    if (!m_registry.registerService(u"org.a11y.Bus"_qs) ||
+        !m_registry.registerService(u"org.a11y.atspi.Registry"_qs))
         qFatal("a test panel could not join the bus");
 }
 
@@ -69,7 +68,7 @@ TestPanel::~TestPanel()
 {
     // Else the buses' own thread would let go of this, some time later.
     for (QDBusConnection* connection : {&m_registry, &m_program})
-        connection->unregisterObject(QStringLiteral("/org/a11y"));
+        connection->unregisterObject(u"/org/a11y"_qs);
     disconnect();
     for (QDBusConnection* connection : {&m_registry, &m_program}) {
         const QString name = connection->name();
@@ -87,9 +86,8 @@ void TestPanel::add(const QString& parent, const QString& element, quint32 role,
 
 void TestPanel::moved(const QString& element)
 {
-    QDBusMessage event = QDBusMessage::createSignal(folder() + element,
-                                                    QStringLiteral("org.a11y.atspi.Event.Object"),
-                                                    QStringLiteral("BoundsChanged"));
+    QDBusMessage event = QDBusMessage::createSignal(
+        folder() + element, u"org.a11y.atspi.Event.Object"_qs, u"BoundsChanged"_qs);
     event << QString() << 0 << 0 << QVariant::fromValue(QDBusVariant(0)) << QVariantMap();
     m_program.send(event);
 }
@@ -119,7 +117,7 @@ QVariant TestPanel::registryAnswer(const QDBusMessage& message)
 {
     if (message.member() == u"GetAddress")
         return busAddress;
-    return references(m_program.baseService(), {QStringLiteral("root")});
+    return references(m_program.baseService(), {u"root"_qs});
 }
 
 QVariant TestPanel::answer(const QDBusMessage& message)
@@ -135,7 +133,7 @@ QVariant TestPanel::answer(const QDBusMessage& message)
     walks += name == u"root";
     QStringList children = element.children;
     for (int i = 0; manners == Manners::Crowded && i < 2000; ++i)
-        children << QStringLiteral("%1_%2").arg(name).arg(i);
+        children << u"%1_%2"_qs.arg(name).arg(i);
     return references(m_program.baseService(), children);
 }
 

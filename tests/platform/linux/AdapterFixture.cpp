@@ -14,7 +14,7 @@ using namespace platform;
 
 void writeEntry(const QString& folder, const QString& id, const QByteArray& lines)
 {
-    QFile file(folder + u'/' + id + QStringLiteral(".desktop"));
+    QFile file(folder + u'/' + id + u".desktop"_qs);
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     file.write("[Desktop Entry]\nType=Application\n" + lines);
 }
@@ -28,7 +28,7 @@ AdapterFixture::AdapterFixture(const QDBusConnection* session)
               return it == m_programs.end() ? ProcessNames()
                                             : ProcessNames{it->second, {it->second}};
           },
-          {OwnPid, QStringLiteral("lumbrix")}, [this] { return m_loop.now(); }),
+          {OwnPid, u"lumbrix"_qs}, [this] { return m_loop.now(); }),
       m_raiser(m_tracker, m_registry, [this] { return m_loop.now(); }),
       m_workspace(m_loop, m_tracker, m_registry, m_entries, m_raiser, m_uiMode),
       m_docks(m_loop, m_tracker, m_registry, m_entries,
@@ -44,9 +44,8 @@ AdapterFixture::AdapterFixture(const QDBusConnection* session)
       m_accessibility(
           {m_loop, m_tracker, m_space, m_registry, m_workspace, m_raiser, m_docks, m_switcher})
 {
-    writeEntry(m_folder.path(), QStringLiteral("debian-term"), "Name=Term\nExec=term\n");
-    writeEntry(m_folder.path(), QStringLiteral("org.example.Editor"),
-               "Name=Editor\nExec=editor %U\n");
+    writeEntry(m_folder.path(), u"debian-term"_qs, "Name=Term\nExec=term\n");
+    writeEntry(m_folder.path(), u"org.example.Editor"_qs, "Name=Editor\nExec=editor %U\n");
     m_loop.advance(5.0); // entries are looked for anew
     m_space.setScreens({QRect(0, 0, 1280, 800)});
     for (x11::WindowListener* listener : std::initializer_list<x11::WindowListener*>{
@@ -74,14 +73,19 @@ FakeTracker::Window AdapterFixture::window(xcb_window_t id, const QString& insta
     return window;
 }
 
+void AdapterFixture::addDock(xcb_window_t id, const QString& name, std::int32_t pid,
+                             const QRect& bounds)
+{
+    FakeTracker::Window dock = window(id, name, name.at(0).toUpper() + name.mid(1), pid);
+    dock.type = x11::WindowType::Dock;
+    dock.bounds = bounds;
+    dock.desktop = -1;
+    m_tracker.add(dock);
+}
+
 void AdapterFixture::addPanel()
 {
-    FakeTracker::Window panel =
-        window(PanelWindow, QStringLiteral("panel"), QStringLiteral("Panel"), PanelPid);
-    panel.type = x11::WindowType::Dock;
-    panel.bounds = PanelBounds;
-    panel.desktop = -1;
-    m_tracker.add(panel);
+    addDock(PanelWindow, u"panel"_qs, PanelPid, PanelBounds);
     m_loop.advance(0.1);
 }
 
@@ -100,7 +104,7 @@ QString AdapterFixture::text(const ElementRef& element, const char* attribute)
 {
     const AXResult result = read(element, attribute);
     const QString* value = result.as<QString>();
-    return value != nullptr ? *value : QStringLiteral("<%1>").arg(static_cast<int>(result.error));
+    return value != nullptr ? *value : u"<%1>"_qs.arg(static_cast<int>(result.error));
 }
 
 std::vector<ElementRef> AdapterFixture::list(const ElementRef& element, const char* attribute)

@@ -39,6 +39,7 @@ protected:
 
     FakeTracker::Window window(xcb_window_t id, const QString& instance, const QString& className,
                                std::optional<std::int32_t> pid, const QString& title = {}) const;
+    void addDock(xcb_window_t id, const QString& name, std::int32_t pid, const QRect& bounds);
     void addPanel();
     std::optional<platform::Application> ownerOf(xcb_window_t id);
     platform::AXResult read(const platform::ElementRef& element, const char* attribute);

@@ -41,51 +41,50 @@ protected:
 
 TEST_F(ApplicationsTest, processes_of_one_group_are_one_application_with_one_stable_pid)
 {
-    m_programs = {{101, QStringLiteral("/usr/bin/term")}, {102, QStringLiteral("/usr/bin/term")}};
-    m_tracker.add(window(1, QStringLiteral("foo"), QStringLiteral("Foo"), 101));
-    m_tracker.add(window(3, QStringLiteral("bar"), QStringLiteral("Bar"), 102));
-    m_tracker.add(window(5, QStringLiteral("term"), QStringLiteral("Term"), std::nullopt));
-    EXPECT_EQ(log(), QStringLiteral("launch101"));
+    m_programs = {{101, u"/usr/bin/term"_qs}, {102, u"/usr/bin/term"_qs}};
+    m_tracker.add(window(1, u"foo"_qs, u"Foo"_qs, 101));
+    m_tracker.add(window(3, u"bar"_qs, u"Bar"_qs, 102));
+    m_tracker.add(window(5, u"term"_qs, u"Term"_qs, std::nullopt));
+    EXPECT_EQ(log(), u"launch101"_qs);
     for (const xcb_window_t id : {1, 3, 5}) {
         EXPECT_EQ(ownerOf(id)->running.pid, 101);
-        EXPECT_EQ(ownerOf(id)->running.bundleIdentifier, QStringLiteral("debian-term"));
+        EXPECT_EQ(ownerOf(id)->running.bundleIdentifier, u"debian-term"_qs);
     }
-    EXPECT_EQ(ownerOf(1)->running.localizedName, QStringLiteral("Term"));
+    EXPECT_EQ(ownerOf(1)->running.localizedName, u"Term"_qs);
     EXPECT_EQ(ownerOf(1)->running.bundleURL,
-              QUrl::fromLocalFile(m_folder.filePath(QStringLiteral("debian-term.desktop"))));
+              QUrl::fromLocalFile(m_folder.filePath(u"debian-term.desktop"_qs)));
 
     m_tracker.remove(1); // the process that stands for all ends, the others stay
     EXPECT_EQ(ownerOf(5)->running.pid, 101);
-    const auto gone = window(1, QStringLiteral("foo"), QStringLiteral("Foo"), 101);
+    const auto gone = window(1, u"foo"_qs, u"Foo"_qs, 101);
     m_registry.ownerPidOf(gone); // from an older list; must not bring it back
     m_tracker.remove(3);
     m_tracker.remove(5);
-    EXPECT_EQ(log(), QStringLiteral("end101"));
+    EXPECT_EQ(log(), u"end101"_qs);
     EXPECT_FALSE(m_registry.application(101));
 }
 
 TEST_F(ApplicationsTest, applications_of_one_process_have_a_pid_each)
 {
-    m_programs = {{200, QStringLiteral("/usr/bin/office")}};
-    m_tracker.add(window(1, QStringLiteral("office"), QStringLiteral("office-writer"), 200));
-    m_tracker.add(window(3, QStringLiteral("office"), QStringLiteral("office-calc"), 200));
-    FakeTracker::Window dialog = window(5, {}, {}, 200, QStringLiteral("Print"));
+    m_programs = {{200, u"/usr/bin/office"_qs}};
+    m_tracker.add(window(1, u"office"_qs, u"office-writer"_qs, 200));
+    m_tracker.add(window(3, u"office"_qs, u"office-calc"_qs, 200));
+    FakeTracker::Window dialog = window(5, {}, {}, 200, u"Print"_qs);
     dialog.transientFor = 3;
     m_tracker.add(dialog);
     EXPECT_EQ(ownerOf(1)->running.pid, 200);
     EXPECT_GE(ownerOf(3)->running.pid, 0x40000000);
     EXPECT_EQ(ownerOf(5)->running.pid, ownerOf(3)->running.pid);
-    EXPECT_EQ(ownerOf(3)->running.bundleIdentifier, QStringLiteral("office-calc"));
+    EXPECT_EQ(ownerOf(3)->running.bundleIdentifier, u"office-calc"_qs);
     EXPECT_NE(ownerOf(1)->running.bundleURL, ownerOf(3)->running.bundleURL);
 
     // The dock and this program keep their own numbers, whatever windows their processes have.
-    m_tracker.add(window(7, QStringLiteral("panel"), QStringLiteral("Panel"), PanelPid));
-    m_tracker.add(window(9, QStringLiteral("lumbrix"), QStringLiteral("Lumbrix"), OwnPid));
+    m_tracker.add(window(7, u"panel"_qs, u"Panel"_qs, PanelPid));
+    m_tracker.add(window(9, u"lumbrix"_qs, u"Lumbrix"_qs, OwnPid));
     addPanel();
     EXPECT_GE(ownerOf(7)->running.pid, 0x40000000);
-    EXPECT_EQ(ownerOf(9)->running.bundleIdentifier, QStringLiteral("lumbrix"));
-    EXPECT_EQ(m_workspace.runningApplication(PanelPid)->bundleIdentifier,
-              QStringLiteral("com.apple.dock"));
+    EXPECT_EQ(ownerOf(9)->running.bundleIdentifier, u"lumbrix"_qs);
+    EXPECT_EQ(m_workspace.runningApplication(PanelPid)->bundleIdentifier, u"com.apple.dock"_qs);
 }
 
 TEST_F(ApplicationsTest, application_is_found_by_any_entry_of_its_program)
@@ -95,11 +94,11 @@ TEST_F(ApplicationsTest, application_is_found_by_any_entry_of_its_program)
         writeEntry(folder.path(), QString::fromLatin1(id), lines);
         m_loop.advance(5.0);
         const auto application = m_registry.applicationForDesktopFile(
-            folder.filePath(QString::fromLatin1(id) + QStringLiteral(".desktop")));
+            folder.filePath(QString::fromLatin1(id) + u".desktop"_qs));
         return application ? application->running.pid : 0;
     };
-    m_tracker.add(window(1, QStringLiteral("editor"), QStringLiteral("Editor"), 302));
-    m_tracker.add(window(3, QStringLiteral("tool"), QStringLiteral("Tool"), 303));
+    m_tracker.add(window(1, u"editor"_qs, u"Editor"_qs, 302));
+    m_tracker.add(window(3, u"tool"_qs, u"Tool"_qs, 303));
     EXPECT_EQ(found(m_folder, "pinned-editor", "Name=E\nExec=/usr/bin/editor --new\n"), 302);
     EXPECT_EQ(found(elsewhere, "x", "Name=T\nExec=tool %U\n"), 303);
     EXPECT_EQ(found(elsewhere, "y", "Name=Other\nExec=other\n"), 0);
@@ -107,32 +106,30 @@ TEST_F(ApplicationsTest, application_is_found_by_any_entry_of_its_program)
     // The parts of a suite; one that does not run is not taken for one that does.
     const QByteArray suite = "Exec=office\nStartupWMClass=office-";
     EXPECT_EQ(found(m_folder, "a-writer", "Name=W\n" + suite + "writer\n"), 0);
-    m_tracker.add(window(5, QStringLiteral("office"), QStringLiteral("office-writer"), 304));
+    m_tracker.add(window(5, u"office"_qs, u"office-writer"_qs, 304));
     EXPECT_EQ(found(m_folder, "b-calc", "Name=C\n" + suite + "calc\n"), 0);
     EXPECT_EQ(found(m_folder, "a-writer", "Name=W\n" + suite + "writer\n"), 304);
 }
 
 TEST_F(ApplicationsTest, program_started_as_it_is_installed_is_known_by_its_entry)
 {
-    m_tracker.add(window(1, QStringLiteral("a"), QStringLiteral("Before"), 400));
-    writeEntry(m_folder.path(), QStringLiteral("interpreter"), "Name=I\nExec=runner\n");
-    writeEntry(m_folder.path(), QStringLiteral("org.example.Fresh"),
+    m_tracker.add(window(1, u"a"_qs, u"Before"_qs, 400));
+    writeEntry(m_folder.path(), u"interpreter"_qs, "Name=I\nExec=runner\n");
+    writeEntry(m_folder.path(), u"org.example.Fresh"_qs,
                "Name=Fresh\nExec=runner fresh\nStartupWMClass=Fresh\n");
-    m_programs = {{401, QStringLiteral("/usr/bin/runner")}};
-    m_tracker.add(window(3, QStringLiteral("fresh"), QStringLiteral("Fresh"), 401));
-    EXPECT_EQ(ownerOf(3)->running.bundleIdentifier, QStringLiteral("org.example.Fresh"));
+    m_programs = {{401, u"/usr/bin/runner"_qs}};
+    m_tracker.add(window(3, u"fresh"_qs, u"Fresh"_qs, 401));
+    EXPECT_EQ(ownerOf(3)->running.bundleIdentifier, u"org.example.Fresh"_qs);
 }
 
 TEST_F(ApplicationsTest, roles_are_known_by_entry_program_or_class)
 {
     const auto urlOf = [this](const char* id) {
-        return QUrl::fromLocalFile(
-            m_folder.filePath(QString::fromLatin1(id) + QStringLiteral(".desktop")));
+        return QUrl::fromLocalFile(m_folder.filePath(QString::fromLatin1(id) + u".desktop"_qs));
     };
-    writeEntry(m_folder.path(), QStringLiteral("org.gnome.Rhythmbox3"),
-               "Name=Rhythmbox\nExec=rhythmbox %U\n");
-    writeEntry(m_folder.path(), QStringLiteral("my-films"), "Name=Films\nExec=env A=b vlc %U\n");
-    writeEntry(m_folder.path(), QStringLiteral("evolution-calendar"),
+    writeEntry(m_folder.path(), u"org.gnome.Rhythmbox3"_qs, "Name=Rhythmbox\nExec=rhythmbox %U\n");
+    writeEntry(m_folder.path(), u"my-films"_qs, "Name=Films\nExec=env A=b vlc %U\n");
+    writeEntry(m_folder.path(), u"evolution-calendar"_qs,
                "Name=Calendar\nExec=evolution --component=calendar\n");
     m_loop.advance(5.0);
     EXPECT_EQ(m_workspace.roleOfApplication(urlOf("org.gnome.Rhythmbox3")),
@@ -143,10 +140,10 @@ TEST_F(ApplicationsTest, roles_are_known_by_entry_program_or_class)
     EXPECT_EQ(m_workspace.roleOfApplication(urlOf("debian-term")), ApplicationRole::Other);
     EXPECT_EQ(m_workspace.roleOfApplication({}), ApplicationRole::Other);
 
-    m_programs = {{401, QStringLiteral("/opt/mail/thunderbird")}};
-    m_tracker.add(window(1, QStringLiteral("rhythmbox"), QStringLiteral("Rhythmbox"), 400));
-    m_tracker.add(window(3, QStringLiteral("Mail"), QStringLiteral("post"), 401));
-    m_tracker.add(window(5, QStringLiteral("gl"), QStringLiteral("mpv"), 402));
+    m_programs = {{401, u"/opt/mail/thunderbird"_qs}};
+    m_tracker.add(window(1, u"rhythmbox"_qs, u"Rhythmbox"_qs, 400));
+    m_tracker.add(window(3, u"Mail"_qs, u"post"_qs, 401));
+    m_tracker.add(window(5, u"gl"_qs, u"mpv"_qs, 402));
     EXPECT_EQ(ownerOf(1)->running.role, ApplicationRole::MusicPlayer);
     EXPECT_EQ(ownerOf(3)->running.role, ApplicationRole::Mail);
     EXPECT_EQ(ownerOf(5)->running.role, ApplicationRole::MoviePlayer);
@@ -156,13 +153,13 @@ TEST_F(ApplicationsTest, roles_are_known_by_entry_program_or_class)
 
 TEST_F(ApplicationsTest, regular_applications_are_those_that_task_bars_show)
 {
-    FakeTracker::Window applet = window(1, QStringLiteral("applet"), QStringLiteral("Applet"), 300);
+    FakeTracker::Window applet = window(1, u"applet"_qs, u"Applet"_qs, 300);
     applet.skipTaskbar = true;
     m_tracker.add(applet);
-    FakeTracker::Window wallpaper = window(3, QStringLiteral("d"), QStringLiteral("D"), 301);
+    FakeTracker::Window wallpaper = window(3, u"d"_qs, u"D"_qs, 301);
     wallpaper.type = x11::WindowType::Desktop;
     m_tracker.add(wallpaper);
-    m_tracker.add(window(5, QStringLiteral("editor"), QStringLiteral("Editor"), 302));
+    m_tracker.add(window(5, u"editor"_qs, u"Editor"_qs, 302));
     EXPECT_EQ(m_workspace.launchedApplications(), std::vector<std::int32_t>{302});
     EXPECT_TRUE(m_workspace.runningApplication(300));
     EXPECT_FALSE(m_workspace.runningApplication(301));
@@ -173,9 +170,9 @@ TEST_F(ApplicationsTest, regular_applications_are_those_that_task_bars_show)
 
 TEST_F(ApplicationsTest, hiding_makes_all_windows_iconic_until_one_is_shown)
 {
-    m_tracker.add(window(1, QStringLiteral("editor"), QStringLiteral("Editor"), 302));
-    m_tracker.add(window(3, QStringLiteral("editor"), QStringLiteral("Editor"), 302));
-    m_tracker.add(window(5, QStringLiteral("editor"), QStringLiteral("Editor"), 302));
+    m_tracker.add(window(1, u"editor"_qs, u"Editor"_qs, 302));
+    m_tracker.add(window(3, u"editor"_qs, u"Editor"_qs, 302));
+    m_tracker.add(window(5, u"editor"_qs, u"Editor"_qs, 302));
     m_tracker.iconify(5); // by the user, before
     m_workspace.hide(302);
     EXPECT_TRUE(m_workspace.isHidden(302));
@@ -198,19 +195,19 @@ TEST_F(ApplicationsTest, hiding_makes_all_windows_iconic_until_one_is_shown)
 
 TEST_F(ApplicationsTest, raising_a_window_and_activating_its_application_is_one_activation)
 {
-    m_tracker.add(window(1, QStringLiteral("editor"), QStringLiteral("Editor"), 302));
-    FakeTracker::Window away = window(3, QStringLiteral("editor"), QStringLiteral("Editor"), 302);
+    m_tracker.add(window(1, u"editor"_qs, u"Editor"_qs, 302));
+    FakeTracker::Window away = window(3, u"editor"_qs, u"Editor"_qs, 302);
     away.desktop = 2;
     away.isIconic = true;
     m_tracker.add(away);
-    m_tracker.add(window(5, QStringLiteral("term"), QStringLiteral("Term"), 101));
+    m_tracker.add(window(5, u"term"_qs, u"Term"_qs, 101));
     m_tracker.setActive(5);
     const ElementRef element = X11Element::window(3);
     const auto raise = [&] {
         for (int i = 0; i < 2; ++i) {
-            m_accessibility.setAttributeValue(element, QStringLiteral("AXFrontmost"), true);
-            m_accessibility.setAttributeValue(element, QStringLiteral("AXFocused"), true);
-            m_accessibility.performAction(element, QStringLiteral("AXRaise"));
+            m_accessibility.setAttributeValue(element, u"AXFrontmost"_qs, true);
+            m_accessibility.setAttributeValue(element, u"AXFocused"_qs, true);
+            m_accessibility.performAction(element, u"AXRaise"_qs);
             m_workspace.activate(302, ActivateIgnoringOtherApps);
         }
     };
@@ -218,7 +215,7 @@ TEST_F(ApplicationsTest, raising_a_window_and_activating_its_application_is_one_
     EXPECT_EQ(m_tracker.activations(), 1);
     EXPECT_EQ(m_tracker.activeWindow(), 3U);
     EXPECT_FALSE(m_tracker.window(3)->isIconic);
-    EXPECT_EQ(log(), QStringLiteral("launch302 launch101 active101 space0 active302"));
+    EXPECT_EQ(log(), u"launch302 launch101 active101 space0 active302"_qs);
 
     m_loop.advance(1.0);
     m_workspace.activate(101, 0);
@@ -235,14 +232,13 @@ TEST_F(ApplicationsTest, raising_a_window_and_activating_its_application_is_one_
 
 TEST_F(ApplicationsTest, launching_what_runs_brings_forward_no_other_program_of_its_interpreter)
 {
-    writeEntry(m_folder.path(), QStringLiteral("org.gnome.Lollypop"), "Name=L\nExec=lollypop\n");
+    writeEntry(m_folder.path(), u"org.gnome.Lollypop"_qs, "Name=L\nExec=lollypop\n");
     m_loop.advance(5.0);
-    m_programs = {{101, QStringLiteral("/no/such/python3")},
-                  {302, QStringLiteral("/no/such/python3")},
-                  {400, QStringLiteral("/no/such/player")}};
-    m_tracker.add(window(1, QStringLiteral("tool"), QStringLiteral("Tool"), 101));
-    m_tracker.add(window(3, QStringLiteral("lollypop"), QStringLiteral("Lollypop"), 302));
-    m_tracker.add(window(5, QStringLiteral("player"), QStringLiteral("Player"), 400));
+    m_programs = {
+        {101, u"/no/such/python3"_qs}, {302, u"/no/such/python3"_qs}, {400, u"/no/such/player"_qs}};
+    m_tracker.add(window(1, u"tool"_qs, u"Tool"_qs, 101));
+    m_tracker.add(window(3, u"lollypop"_qs, u"Lollypop"_qs, 302));
+    m_tracker.add(window(5, u"player"_qs, u"Player"_qs, 400));
     const auto activeAfter = [this](const QUrl& url) {
         m_loop.advance(1.0);
         m_tracker.setActive(XCB_NONE);
@@ -260,8 +256,8 @@ TEST_F(ApplicationsTest, launching_what_runs_brings_forward_no_other_program_of_
 TEST_F(ApplicationsTest, terminate_closes_windows_but_never_the_dock_or_this_program)
 {
     addPanel();
-    m_tracker.add(window(1, QStringLiteral("editor"), QStringLiteral("Editor"), 302));
-    m_tracker.add(window(9, QStringLiteral("lumbrix"), QStringLiteral("Lumbrix"), OwnPid));
+    m_tracker.add(window(1, u"editor"_qs, u"Editor"_qs, 302));
+    m_tracker.add(window(9, u"lumbrix"_qs, u"Lumbrix"_qs, OwnPid));
     for (const std::int32_t pid : {302, PanelPid, OwnPid, 12345}) {
         m_workspace.terminate(pid);
     }
@@ -286,8 +282,8 @@ TEST_F(ApplicationsTest, observer_that_ends_another_subscription_is_the_last_one
 
 TEST_F(ApplicationsTest, mode_is_full_screen_while_the_active_window_covers_the_main_screen)
 {
-    m_tracker.add(window(1, QStringLiteral("a"), QStringLiteral("A"), 100));
-    m_tracker.add(window(2, QStringLiteral("b"), QStringLiteral("B"), 200));
+    m_tracker.add(window(1, u"a"_qs, u"A"_qs, 100));
+    m_tracker.add(window(2, u"b"_qs, u"B"_qs, 200));
     m_tracker.setActive(1);
     log();
     const auto change = [this](xcb_window_t id, bool isFull, const QRect& bounds) {
@@ -298,28 +294,28 @@ TEST_F(ApplicationsTest, mode_is_full_screen_while_the_active_window_covers_the_
         return log() + QString::number(m_workspace.systemUIMode());
     };
     const QRect other(1280, 0, 1280, 800);
-    EXPECT_EQ(change(1, true, other), QStringLiteral("0")) << "of another screen";
-    EXPECT_EQ(change(1, true, m_mainScreen), QStringLiteral("mode03"));
-    EXPECT_EQ(change(1, true, m_mainScreen.united(other)), QStringLiteral("3"));
+    EXPECT_EQ(change(1, true, other), u"0"_qs) << "of another screen";
+    EXPECT_EQ(change(1, true, m_mainScreen), u"mode03"_qs);
+    EXPECT_EQ(change(1, true, m_mainScreen.united(other)), u"3"_qs);
     m_tracker.setActive(2);
-    EXPECT_EQ(log(), QStringLiteral("active200 mode0")) << "it is below the dock now";
+    EXPECT_EQ(log(), u"active200 mode0"_qs) << "it is below the dock now";
     EXPECT_EQ(m_workspace.systemUIMode(), 0U);
     m_tracker.setActive(1);
-    EXPECT_EQ(log(), QStringLiteral("active100 mode0"));
+    EXPECT_EQ(log(), u"active100 mode0"_qs);
     // Neither a dialog nor the loss of the focus puts the dock above it; another desktop does.
-    FakeTracker::Window dialog = window(3, QStringLiteral("a"), QStringLiteral("A"), 100);
+    FakeTracker::Window dialog = window(3, u"a"_qs, u"A"_qs, 100);
     dialog.transientFor = 1;
     m_tracker.add(dialog);
     for (const xcb_window_t active : {3U, 0U})
         m_tracker.setActive(active);
-    EXPECT_FALSE(log().contains(QStringLiteral("mode"))) << m_workspace.systemUIMode();
+    EXPECT_FALSE(log().contains(u"mode"_qs)) << m_workspace.systemUIMode();
     m_tracker.change(1, [](auto& window) { window.desktop = 0; });
     m_tracker.setCurrentDesktop(1);
-    EXPECT_TRUE(log().contains(QStringLiteral("mode0")));
+    EXPECT_TRUE(log().contains(u"mode0"_qs));
     m_tracker.setCurrentDesktop(0);
     EXPECT_EQ(m_workspace.systemUIMode(), 3U);
     m_tracker.remove(1);
-    EXPECT_TRUE(log().contains(QStringLiteral("mode0")));
+    EXPECT_TRUE(log().contains(u"mode0"_qs));
     EXPECT_EQ(m_workspace.systemUIMode(), 0U);
 }
 

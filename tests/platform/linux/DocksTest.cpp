@@ -132,7 +132,7 @@ TEST(IconGeometryTest, rows_of_buttons_keep_to_their_rows)
 
 TEST(OwnDisplaysTest, docks_sayWhatIsOnOrMayBe_andWhatTurnsItOff)
 {
-    const QString path = QStringLiteral("/a/dock2/");
+    const QString path = u"/a/dock2/"_qs;
     std::optional<bool> isOn;
     QStringList asked;
     const auto shown = [&](const char* program, std::optional<bool> flag) {
@@ -144,26 +144,26 @@ TEST(OwnDisplaysTest, docks_sayWhatIsOnOrMayBe_andWhatTurnsItOff)
                                                          return isOn;
                                                      })) {
             const bool isTooltip = each.kind == DockDisplay::Kind::Tooltip;
-            result << (isTooltip ? QStringLiteral("tooltip") : QStringLiteral("preview")) +
-                          (each.isKnownOn ? u'!' : u'?') + each.setting;
+            result << (isTooltip ? u"tooltip"_qs : u"preview"_qs) + (each.isKnownOn ? u'!' : u'?') +
+                          each.setting;
         }
         return result.join(u'|');
     };
-    const QString flag = QStringLiteral("gsettings set net.launchpad.plank.dock.settings:/a/dock2/ "
-                                        "tooltips-enabled false");
-    const QString preview = QStringLiteral("preview?plank --preferences");
-    EXPECT_EQ(shown("plank", true), QStringLiteral("tooltip!%1|%2").arg(flag, preview));
-    EXPECT_EQ(shown("plank", {}), QStringLiteral("tooltip?%1|%2").arg(flag, preview));
+    const QString flag = u"gsettings set net.launchpad.plank.dock.settings:/a/dock2/ "
+                         u"tooltips-enabled false"_qs;
+    const QString preview = u"preview?plank --preferences"_qs;
+    EXPECT_EQ(shown("plank", true), u"tooltip!%1|%2"_qs.arg(flag, preview));
+    EXPECT_EQ(shown("plank", {}), u"tooltip?%1|%2"_qs.arg(flag, preview));
     EXPECT_EQ(shown("plank", false), preview);
     asked.clear();
     EXPECT_EQ(shown("mate-panel", true),
-              QStringLiteral("preview!gsettings set org.mate.panel.applet.window-list-previews "
-                             "show-window-thumbnails false|"
-                             "tooltip!gsettings set org.mate.panel tooltips-enabled false"));
+              u"preview!gsettings set org.mate.panel.applet.window-list-previews "
+              u"show-window-thumbnails false|"
+              u"tooltip!gsettings set org.mate.panel tooltips-enabled false"_qs);
     EXPECT_EQ(asked, QStringList({QString(), QString()})) << "there is but one place for it";
-    EXPECT_EQ(shown("tint2", {}), QStringLiteral("tooltip?task_tooltip = 0 (tint2rc)|"
-                                                 "preview?task_thumbnail = 0 (tint2rc)"));
-    EXPECT_EQ(shown("lxqt-panel", {}), QStringLiteral("tooltip!"));
+    EXPECT_EQ(shown("tint2", {}), u"tooltip?task_tooltip = 0 (tint2rc)|"
+                                  u"preview?task_thumbnail = 0 (tint2rc)"_qs);
+    EXPECT_EQ(shown("lxqt-panel", {}), u"tooltip!"_qs);
     EXPECT_EQ(shown("term", true), QString());
 }
 
@@ -172,10 +172,9 @@ class DocksTest : public AdapterFixture
 protected:
     DocksTest()
     {
-        m_tracker.add(window(1, QStringLiteral("term"), QStringLiteral("Term"), 101));
-        m_tracker.add(window(3, QStringLiteral("term"), QStringLiteral("Term"), 102));
-        m_tracker.add(window(5, QStringLiteral("editor"), QStringLiteral("Editor"), 302,
-                             QStringLiteral("notes.txt")));
+        m_tracker.add(window(1, u"term"_qs, u"Term"_qs, 101));
+        m_tracker.add(window(3, u"term"_qs, u"Term"_qs, 102));
+        m_tracker.add(window(5, u"editor"_qs, u"Editor"_qs, 302, u"notes.txt"_qs));
     }
     void place()
     {
@@ -198,9 +197,9 @@ TEST_F(DocksTest, windows_with_one_place_are_one_item)
 {
     addPanel();
     place();
-    EXPECT_EQ(titles(), QStringLiteral("Editor Term")); // from left to right
+    EXPECT_EQ(titles(), u"Editor Term"_qs); // from left to right
     const auto items = dockItems();
-    EXPECT_EQ(text(items[0], "AXSubrole"), QStringLiteral("AXApplicationDockItem"));
+    EXPECT_EQ(text(items[0], "AXSubrole"), u"AXApplicationDockItem"_qs);
     EXPECT_EQ(*read(items[0], "AXPosition").as<QPointF>(), QPointF(100, 770));
     EXPECT_EQ(*read(items[0], "AXSize").as<QSizeF>(), QSizeF(150, 30));
     EXPECT_EQ(*read(items[1], "AXURL").as<QUrl>(), ownerOf(1)->running.bundleURL);
@@ -212,8 +211,8 @@ TEST_F(DocksTest, windows_with_one_place_are_one_item)
     m_tracker.iconify(5);
     m_loop.advance(0.1);
     ASSERT_TRUE(elementsEqual(dockItems()[0], items[0]));
-    EXPECT_EQ(text(items[0], "AXSubrole"), QStringLiteral("AXMinimizedWindowDockItem"));
-    EXPECT_EQ(text(items[0], "AXTitle"), QStringLiteral("notes.txt"));
+    EXPECT_EQ(text(items[0], "AXSubrole"), u"AXMinimizedWindowDockItem"_qs);
+    EXPECT_EQ(text(items[0], "AXTitle"), u"notes.txt"_qs);
     EXPECT_EQ(m_accessibility.windowIDOf(items[0]), 5U);
     EXPECT_EQ(read(items[0], "AXIsApplicationRunning").error, AXError::AttributeUnsupported);
 
@@ -229,7 +228,7 @@ TEST_F(DocksTest, windows_with_one_place_are_one_item)
     m_loop.advance(0.1);
     EXPECT_EQ(m_accessibility.windowIDOf(items[1]), std::nullopt);
     EXPECT_EQ(read(items[1], "AXTitle").error, AXError::InvalidUIElement);
-    EXPECT_EQ(titles(), QStringLiteral("notes.txt"));
+    EXPECT_EQ(titles(), u"notes.txt"_qs);
 }
 
 TEST_F(DocksTest, places_count_once_they_stand_and_only_on_this_desktop)
@@ -248,10 +247,10 @@ TEST_F(DocksTest, places_count_once_they_stand_and_only_on_this_desktop)
     EXPECT_EQ(xOfTerm(), 340);
     m_tracker.change(5, [](auto& window) { window.desktop = 1; });
     m_loop.advance(0.1);
-    EXPECT_EQ(titles(), QStringLiteral("Term"));
+    EXPECT_EQ(titles(), u"Term"_qs);
     m_tracker.setCurrentDesktop(1);
     m_loop.advance(0.1);
-    EXPECT_EQ(titles(), QStringLiteral("Editor"));
+    EXPECT_EQ(titles(), u"Editor"_qs);
 }
 
 TEST_F(DocksTest, places_move_with_a_panel_that_hides)
@@ -279,22 +278,16 @@ TEST_F(DocksTest, places_move_with_a_panel_that_hides)
     m_tracker.placeIcon(1, SecondButton);
     m_loop.advance(0.1);
     m_tracker.remove(PanelWindow);
-    FakeTracker::Window trigger =
-        window(0x6000, QStringLiteral("panel"), QStringLiteral("Panel"), PanelPid);
-    trigger.type = x11::WindowType::Dock;
-    trigger.bounds = QRect(0, 797, 1280, 3); // what the pointer touches to bring the panel back
-    m_tracker.add(trigger);
-    FakeTracker::Window away = trigger;
-    away.id = PanelWindow;
-    away.bounds = PanelBounds.translated(0, 78);
-    m_tracker.add(away);
+    // What the pointer touches to bring the panel back.
+    addDock(0x6000, u"panel"_qs, PanelPid, QRect(0, 797, 1280, 3));
+    addDock(PanelWindow, u"panel"_qs, PanelPid, PanelBounds.translated(0, 78));
     m_tracker.placeIcon(3, SecondButton.translated(0, 78));
     m_loop.advance(0.1);
     m_tracker.change(PanelWindow, [](auto& window) { window.bounds = PanelBounds; });
     m_loop.advance(0.1);
-    EXPECT_EQ(titles(), QStringLiteral("Editor Term"));
+    EXPECT_EQ(titles(), u"Editor Term"_qs);
     EXPECT_EQ(*read(dockItems().at(1), "AXPosition").as<QPointF>(), QPointF(252, 770));
-    EXPECT_EQ(m_dockPreferences.orientation(nullptr), QStringLiteral("bottom"));
+    EXPECT_EQ(m_dockPreferences.orientation(nullptr), u"bottom"_qs);
 }
 
 TEST_F(DocksTest, hover_and_menu_are_told_once_to_the_observer_of_the_dock)
@@ -307,13 +300,13 @@ TEST_F(DocksTest, hover_and_menu_are_told_once_to_the_observer_of_the_dock)
             m_docks.pid(),
             [&](AXObserver&, const ElementRef& element, const QString& name, NotificationContext*) {
                 const auto selected = list(element, "AXSelectedChildren");
-                log << (name == u"AXMenuOpened" ? QStringLiteral("menu")
-                        : selected.empty()      ? QStringLiteral("none")
+                log << (name == u"AXMenuOpened" ? u"menu"_qs
+                        : selected.empty()      ? u"none"_qs
                                                 : text(selected.front(), "AXTitle"));
             });
         const ElementRef dock = m_accessibility.createApplication(m_docks.pid());
-        observer->addNotification(dock, QStringLiteral("AXSelectedChildrenChanged"), nullptr);
-        observer->addNotification(dock, QStringLiteral("AXMenuOpened"), nullptr);
+        observer->addNotification(dock, u"AXSelectedChildrenChanged"_qs, nullptr);
+        observer->addNotification(dock, u"AXMenuOpened"_qs, nullptr);
         observer->addToRunLoop();
         return observer;
     };
@@ -324,13 +317,13 @@ TEST_F(DocksTest, hover_and_menu_are_told_once_to_the_observer_of_the_dock)
     };
     m_tracker.movePointer({110, 780});
     m_tracker.movePointer({120, 799}); // the very edge of the screen
-    EXPECT_EQ(taken(), QStringLiteral("Editor"));
+    EXPECT_EQ(taken(), u"Editor"_qs);
     m_tracker.movePointer({300, 780});
-    EXPECT_EQ(taken(), QStringLiteral("Term"));
+    EXPECT_EQ(taken(), u"Term"_qs);
     m_tracker.press(3);
     m_tracker.mapPopup({0x99, x11::PopupMapped::Kind::Tooltip, PanelPid});
     m_tracker.mapPopup({0x99, x11::PopupMapped::Kind::Menu, 101});
-    EXPECT_EQ(taken(), QStringLiteral("menu"));
+    EXPECT_EQ(taken(), u"menu"_qs);
     m_tracker.movePointer({300, 400}); // the grab of the menu, for a moment
     m_loop.advance(0.03);
     log.clear();
@@ -339,30 +332,30 @@ TEST_F(DocksTest, hover_and_menu_are_told_once_to_the_observer_of_the_dock)
     m_tracker.press(1);
 
     // A window over the panel keeps the pointer from it, also where a button lies below.
-    FakeTracker::Window above = window(7, QStringLiteral("x"), QStringLiteral("X"), 400);
+    FakeTracker::Window above = window(7, u"x"_qs, u"X"_qs, 400);
     above.bounds = QRect(0, 600, 1280, 200);
     m_tracker.add(above);
     m_tracker.movePointer({110, 780});
-    EXPECT_EQ(taken(), QStringLiteral("none"));
+    EXPECT_EQ(taken(), u"none"_qs);
     m_tracker.remove(7);
 
     // Buttons that move under a pointer at rest.
     m_tracker.movePointer({110, 780});
-    EXPECT_EQ(taken(), QStringLiteral("Editor"));
+    EXPECT_EQ(taken(), u"Editor"_qs);
     m_tracker.remove(5);
     m_tracker.placeIcon(1, FirstButton);
     m_tracker.placeIcon(3, FirstButton);
     m_loop.advance(0.1);
-    EXPECT_TRUE(taken().endsWith(QStringLiteral("Term")));
+    EXPECT_TRUE(taken().endsWith(u"Term"_qs));
 
     // A dock that ends under a pointer at rest: those it had reported an item to must hear of its
     // end.
     m_tracker.remove(PanelWindow);
     m_loop.advance(0.1);
-    EXPECT_EQ(taken(), QStringLiteral("none"));
+    EXPECT_EQ(taken(), u"none"_qs);
     addPanel();
     m_tracker.movePointer({110, 780});
-    EXPECT_EQ(taken(), QStringLiteral("Term"));
+    EXPECT_EQ(taken(), u"Term"_qs);
 
     m_tracker.movePointer({110, 400});
     observer.reset(); // with the notification under way
@@ -387,7 +380,7 @@ TEST_F(DocksTest, restarted_dock_is_found_again)
     addPanel();
     place();
     EXPECT_EQ(m_docks.pid(), PanelPid);
-    EXPECT_EQ(titles(), QStringLiteral("Editor Term"));
+    EXPECT_EQ(titles(), u"Editor Term"_qs);
 }
 
 TEST_F(DocksTest, approach_prefetches_the_nearest_first)

@@ -20,7 +20,7 @@ protected:
 TEST_F(ElementsTest, windows_say_what_they_are)
 {
     m_space.setScreens({QRect(1280, 0, 1920, 1080), QRect(0, 0, 1280, 800)});
-    FakeTracker::Window plain = window(1, QStringLiteral("editor"), QStringLiteral("Editor"), 302);
+    FakeTracker::Window plain = window(1, u"editor"_qs, u"Editor"_qs, 302);
     m_tracker.add(plain);
     const std::vector<std::pair<x11::WindowType, const char*>> types{
         {x11::WindowType::Dialog, "AXDialog"},
@@ -35,9 +35,9 @@ TEST_F(ElementsTest, windows_say_what_they_are)
         id += 2;
     }
     const ElementRef element = X11Element::window(1);
-    EXPECT_EQ(text(element, "AXSubrole"), QStringLiteral("AXStandardWindow"));
+    EXPECT_EQ(text(element, "AXSubrole"), u"AXStandardWindow"_qs);
     m_tracker.change(1, [](auto& window) { window.skipTaskbar = true; });
-    EXPECT_EQ(text(element, "AXSubrole"), QStringLiteral("AXSystemFloatingWindow"));
+    EXPECT_EQ(text(element, "AXSubrole"), u"AXSystemFloatingWindow"_qs);
     EXPECT_EQ(*read(element, "AXPosition").as<QPointF>(), QPointF(-1180, 100));
     EXPECT_EQ(*read(element, "AXSize").as<QSizeF>(), QSizeF(400, 300));
     EXPECT_EQ(m_accessibility.windowIDOf(element), 1U);
@@ -49,17 +49,16 @@ TEST_F(ElementsTest, windows_say_what_they_are)
     EXPECT_TRUE(elementsEqual(*read(button, "AXWindow").as<ElementRef>(), element));
     m_tracker.change(1, [](auto& window) { window.canDelete = false; });
     EXPECT_FALSE(*read(button, "AXEnabled").as<bool>());
-    EXPECT_EQ(m_accessibility.performAction(button, QStringLiteral("AXPress")), AXError::Success);
+    EXPECT_EQ(m_accessibility.performAction(button, u"AXPress"_qs), AXError::Success);
     EXPECT_EQ(read(element, "AXRole").error, AXError::InvalidUIElement);
-    EXPECT_EQ(m_accessibility.performAction(element, QStringLiteral("AXRaise")),
-              AXError::InvalidUIElement);
+    EXPECT_EQ(m_accessibility.performAction(element, u"AXRaise"_qs), AXError::InvalidUIElement);
     EXPECT_EQ(read(nullptr, "AXRole").error, AXError::IllegalArgument);
 }
 
 TEST_F(ElementsTest, busy_windows_cannot_complete)
 {
-    m_tracker.add(window(1, QStringLiteral("editor"), QStringLiteral("Editor"), 302));
-    m_tracker.add(window(3, QStringLiteral("editor"), QStringLiteral("Editor"), 302));
+    m_tracker.add(window(1, u"editor"_qs, u"Editor"_qs, 302));
+    m_tracker.add(window(3, u"editor"_qs, u"Editor"_qs, 302));
     const auto hang = [&](xcb_window_t id) {
         m_tracker.change(id, [](auto& window) { window.isResponding = false; });
     };
@@ -68,27 +67,27 @@ TEST_F(ElementsTest, busy_windows_cannot_complete)
     EXPECT_EQ(list(application(302), "AXWindows").size(), 2U);
     hang(3);
     EXPECT_EQ(read(application(302), "AXWindows").error, AXError::CannotComplete);
-    EXPECT_EQ(m_accessibility.performAction(X11Element::closeButton(1), QStringLiteral("AXPress")),
+    EXPECT_EQ(m_accessibility.performAction(X11Element::closeButton(1), u"AXPress"_qs),
               AXError::Success);
 }
 
 TEST_F(ElementsTest, topmost_element_is_under_a_point)
 {
     addPanel();
-    m_tracker.add(window(1, QStringLiteral("editor"), QStringLiteral("Editor"), 302));
+    m_tracker.add(window(1, u"editor"_qs, u"Editor"_qs, 302));
     m_tracker.placeIcon(1, QRect(100, 772, 150, 26));
-    m_tracker.add(window(3, QStringLiteral("term"), QStringLiteral("Term"), 101));
+    m_tracker.add(window(3, u"term"_qs, u"Term"_qs, 101));
     m_loop.advance(0.1);
     const auto at = [&](float x, float y) {
         const AXResult result = m_accessibility.copyElementAtPosition(x, y);
         const ElementRef* element = result.as<ElementRef>();
         return element != nullptr ? text(*element, "AXTitle") : QString();
     };
-    EXPECT_EQ(at(110, 785), QStringLiteral("Editor"));
+    EXPECT_EQ(at(110, 785), u"Editor"_qs);
     EXPECT_EQ(at(600, 785), QString());
-    EXPECT_EQ(at(200, 200), QStringLiteral("Term"));
+    EXPECT_EQ(at(200, 200), u"Term"_qs);
     m_tracker.iconify(3);
-    EXPECT_EQ(at(200, 200), QStringLiteral("Editor"));
+    EXPECT_EQ(at(200, 200), u"Editor"_qs);
     EXPECT_EQ(at(std::numeric_limits<float>::quiet_NaN(), 0), QString());
     m_tracker.setActive(1);
     const ElementRef focused =
@@ -101,7 +100,7 @@ TEST_F(ElementsTest, topmost_element_is_under_a_point)
 TEST_F(ElementsTest, listed_names_are_those_that_can_be_read_and_set)
 {
     addPanel();
-    m_tracker.add(window(1, QStringLiteral("editor"), QStringLiteral("Editor"), 302));
+    m_tracker.add(window(1, u"editor"_qs, u"Editor"_qs, 302));
     m_tracker.placeIcon(1, QRect(100, 772, 150, 26));
     m_loop.advance(0.1);
     const std::vector<ElementRef> all{m_accessibility.createSystemWide(),
@@ -115,7 +114,7 @@ TEST_F(ElementsTest, listed_names_are_those_that_can_be_read_and_set)
     for (const ElementRef& element : all) {
         const AXNames listed = m_accessibility.copyAttributeNames(element);
         ASSERT_TRUE(listed.ok());
-        EXPECT_EQ(listed.names.front(), QStringLiteral("AXRole"));
+        EXPECT_EQ(listed.names.front(), u"AXRole"_qs);
         known.insert(listed.names.begin(), listed.names.end());
         const AXNames actions = m_accessibility.copyActionNames(element);
         EXPECT_TRUE(actions.ok());
@@ -138,10 +137,8 @@ TEST_F(ElementsTest, listed_names_are_those_that_can_be_read_and_set)
                 << qPrintable(text(element, "AXRole") + u' ' + name);
         }
     }
-    EXPECT_TRUE(text(dockItems().at(0), "AXDescription").startsWith(QStringLiteral("Panel")));
-    EXPECT_EQ(
-        *m_accessibility.attributeValueCount(dockList(), QStringLiteral("AXChildren")).as<double>(),
-        1.0);
+    EXPECT_TRUE(text(dockItems().at(0), "AXDescription").startsWith(u"Panel"_qs));
+    EXPECT_EQ(*m_accessibility.attributeValueCount(dockList(), u"AXChildren"_qs).as<double>(), 1.0);
     m_tracker.change(1, [](auto& window) { window.isResponding = false; });
     EXPECT_EQ(m_accessibility.copyAttributeNames(all[3]).error, AXError::CannotComplete);
     m_tracker.remove(1);
@@ -156,16 +153,16 @@ TEST_F(ElementsTest, window_notifications_come_between_launch_and_end_of_the_app
     std::map<std::int32_t, std::unique_ptr<AXObserver>> observers;
     const auto launched =
         m_workspace.observe(WorkspaceNotification::DidLaunchApplication, [&](std::int32_t pid) {
-            log << QStringLiteral("launch %1").arg(pid);
-            auto observer = m_accessibility.createObserver(
-                pid, [&, pid](AXObserver&, const ElementRef& element, const QString& name,
-                              NotificationContext*) {
-                    EXPECT_EQ(text(element, "AXRole"), QStringLiteral("AXWindow"));
-                    log << QStringLiteral("%1 %2 of %3")
-                               .arg(QLatin1Char(name == u"AXWindowCreated" ? '+' : '-'))
-                               .arg(*m_accessibility.windowIDOf(element))
-                               .arg(pid);
-                });
+            log << u"launch %1"_qs.arg(pid);
+            auto observer = m_accessibility.createObserver(pid, [&, pid](AXObserver&,
+                                                                         const ElementRef& element,
+                                                                         const QString& name,
+                                                                         NotificationContext*) {
+                EXPECT_EQ(text(element, "AXRole"), u"AXWindow"_qs);
+                log << u"%1 %2 of %3"_qs.arg(QLatin1Char(name == u"AXWindowCreated" ? '+' : '-'))
+                           .arg(*m_accessibility.windowIDOf(element))
+                           .arg(pid);
+            });
             ASSERT_TRUE(observer);
             for (const char* name : {"AXWindowCreated", "AXUIElementDestroyed"}) {
                 observer->addNotification(application(pid), QString::fromLatin1(name), nullptr);
@@ -175,27 +172,26 @@ TEST_F(ElementsTest, window_notifications_come_between_launch_and_end_of_the_app
         });
     const auto ended =
         m_workspace.observe(WorkspaceNotification::DidTerminateApplication, [&](std::int32_t pid) {
-            log << QStringLiteral("end %1").arg(pid);
+            log << u"end %1"_qs.arg(pid);
             observers.erase(pid);
         });
     const auto taken = [&] {
         m_loop.runUntilIdle();
         return std::exchange(log, {}).join(u',');
     };
-    m_tracker.add(window(1, QStringLiteral("office"), QStringLiteral("Start"), 302));
-    EXPECT_EQ(taken(), QStringLiteral("launch 302,+ 1 of 302"));
+    m_tracker.add(window(1, u"office"_qs, u"Start"_qs, 302));
+    EXPECT_EQ(taken(), u"launch 302,+ 1 of 302"_qs);
     // A start window becomes a document's: another application, though the process is the same.
-    m_tracker.change(1, [](auto& window) { window.className = QStringLiteral("Editor"); });
-    EXPECT_EQ(taken(), QStringLiteral("- 1 of 302,end 302,launch 302,+ 1 of 302"));
-    m_tracker.add(window(3, QStringLiteral("editor"), QStringLiteral("Editor"), 303));
-    EXPECT_EQ(taken(), QStringLiteral("+ 3 of 302"));
-    m_tracker.change(
-        3, [](auto& window) { window.className = window.classInstance = QStringLiteral("Term"); });
-    EXPECT_EQ(taken(), QStringLiteral("- 3 of 302,launch 303,+ 3 of 303"));
+    m_tracker.change(1, [](auto& window) { window.className = u"Editor"_qs; });
+    EXPECT_EQ(taken(), u"- 1 of 302,end 302,launch 302,+ 1 of 302"_qs);
+    m_tracker.add(window(3, u"editor"_qs, u"Editor"_qs, 303));
+    EXPECT_EQ(taken(), u"+ 3 of 302"_qs);
+    m_tracker.change(3, [](auto& window) { window.className = window.classInstance = u"Term"_qs; });
+    EXPECT_EQ(taken(), u"- 3 of 302,launch 303,+ 3 of 303"_qs);
     m_tracker.change(3, [](auto& window) { window.type = x11::WindowType::Dock; });
-    EXPECT_EQ(taken(), QStringLiteral("- 3 of 303,end 303"));
+    EXPECT_EQ(taken(), u"- 3 of 303,end 303"_qs);
     m_tracker.remove(1);
-    EXPECT_EQ(taken(), QStringLiteral("- 1 of 302,end 302"));
+    EXPECT_EQ(taken(), u"- 1 of 302,end 302"_qs);
     EXPECT_TRUE(observers.empty());
     EXPECT_FALSE(m_accessibility.createObserver(302, {}));
 }

@@ -8,24 +8,13 @@
 namespace lumbrix::test
 {
 
-using platform::x11::WindowListener;
-
-void FakeTracker::notify(const std::function<void(WindowListener&)>& call)
-{
-    for (WindowListener* listener : m_listeners) {
-        call(*listener);
-    }
-}
-
-void FakeTracker::addListener(WindowListener* listener) { m_listeners.push_back(listener); }
-
 void FakeTracker::add(Window window)
 {
     window.frame = window.id + 1;
     window.isMapped = true;
     const auto added = std::make_shared<const Window>(std::move(window));
     m_windows.insert(m_windows.begin(), added);
-    notify([&](WindowListener& listener) { listener.windowAdded(added); });
+    notify(&Listener::windowAdded, added);
 }
 
 FakeTracker::WindowPtr FakeTracker::window(xcb_window_t id) const
@@ -37,14 +26,13 @@ FakeTracker::WindowPtr FakeTracker::window(xcb_window_t id) const
 void FakeTracker::change(xcb_window_t id, const std::function<void(Window&)>& how)
 {
     const auto it = std::ranges::find(m_windows, id, &Window::id);
-    if (it == m_windows.end()) {
+    if (it == m_windows.end())
         return;
-    }
     const WindowPtr before = *it;
     Window changed = *before;
     how(changed);
     const WindowPtr after = *it = std::make_shared<const Window>(std::move(changed));
-    notify([&](WindowListener& listener) { listener.windowChanged(before, after); });
+    notify(&Listener::windowChanged, before, after);
 }
 
 void FakeTracker::placeIcon(xcb_window_t id, const QRect& place)
@@ -59,21 +47,20 @@ void FakeTracker::remove(xcb_window_t id)
 {
     const WindowPtr last = window(id);
     std::erase(m_windows, last);
-    if (last) {
-        notify([&](WindowListener& listener) { listener.windowRemoved(last); });
-    }
+    if (last)
+        notify(&Listener::windowRemoved, last);
 }
 
 void FakeTracker::setActive(xcb_window_t id)
 {
     m_active = id;
-    notify([&](WindowListener& listener) { listener.activeWindowChanged(id); });
+    notify(&Listener::activeWindowChanged, id);
 }
 
 void FakeTracker::setCurrentDesktop(int desktop)
 {
     m_desktop = desktop;
-    notify([&](WindowListener& listener) { listener.currentDesktopChanged(desktop); });
+    notify(&Listener::currentDesktopChanged, desktop);
 }
 
 void FakeTracker::movePointer(QPoint point)
@@ -83,45 +70,18 @@ void FakeTracker::movePointer(QPoint point)
         return !window->isIconic && window->bounds.contains(point);
     });
     const xcb_window_t child = it == m_windows.end() ? xcb_window_t{XCB_NONE} : (*it)->frame;
-    notify([&](WindowListener& listener) { listener.pointerMoved(point, child); });
-}
-
-void FakeTracker::press(int button)
-{
-    notify([&](WindowListener& listener) { listener.buttonPressed(button, m_pointer); });
-}
-
-void FakeTracker::mapPopup(const platform::x11::PopupMapped& popup)
-{
-    notify([&](WindowListener& listener) { listener.popupMapped(popup); });
-}
-
-void FakeTracker::showManager(const platform::x11::Manager& manager)
-{
-    notify([&](WindowListener& listener) { listener.managerChanged(manager); });
-}
-
-void FakeTracker::pressKey(xcb_keysym_t key, bool withShift)
-{
-    notify([&](WindowListener& listener) { listener.keyPressed(key, withShift); });
-}
-
-void FakeTracker::repeatKey(xcb_keysym_t key)
-{
-    notify([&](WindowListener& listener) { listener.keyRepeated(key); });
+    notify(&Listener::pointerMoved, point, child);
 }
 
 void FakeTracker::activate(xcb_window_t id)
 {
     ++m_activations;
     const WindowPtr raised = window(id);
-    if (!raised) {
+    if (!raised)
         return;
-    }
     deiconify(id);
-    if (raised->desktop >= 0 && raised->desktop != m_desktop) {
+    if (raised->desktop >= 0 && raised->desktop != m_desktop)
         setCurrentDesktop(raised->desktop);
-    }
     const WindowPtr current = window(id);
     std::erase(m_windows, current);
     m_windows.insert(m_windows.begin(), current);
@@ -130,9 +90,8 @@ void FakeTracker::activate(xcb_window_t id)
 
 void FakeTracker::iconify(xcb_window_t id)
 {
-    if (m_iconifies) {
+    if (m_iconifies)
         change(id, [](Window& window) { window.isIconic = true; });
-    }
 }
 
 void FakeTracker::deiconify(xcb_window_t id)

@@ -17,6 +17,7 @@ class FakeTracker final : public platform::x11::WindowTracker
 public:
     using Window = platform::x11::TrackedWindow;
     using WindowPtr = platform::x11::TrackedWindowPtr;
+    using Listener = platform::x11::WindowListener;
 
     // For the test.
     void add(Window window); ///< on top
@@ -26,16 +27,25 @@ public:
     void setActive(xcb_window_t id);
     void setCurrentDesktop(int desktop);
     void movePointer(QPoint point); ///< over the topmost shown window there
-    void press(int button);
-    void mapPopup(const platform::x11::PopupMapped& popup);
-    void showManager(const platform::x11::Manager& manager);
-    void pressKey(xcb_keysym_t key, bool withShift = false);
-    void repeatKey(xcb_keysym_t key);
+    void press(int button) { notify(&Listener::buttonPressed, button, m_pointer); }
+    void mapPopup(const platform::x11::PopupMapped& popup)
+    {
+        notify(&Listener::popupMapped, popup);
+    }
+    void showManager(const platform::x11::Manager& manager)
+    {
+        notify(&Listener::managerChanged, manager);
+    }
+    void pressKey(xcb_keysym_t key, bool withShift = false)
+    {
+        notify(&Listener::keyPressed, key, withShift);
+    }
+    void repeatKey(xcb_keysym_t key) { notify(&Listener::keyRepeated, key); }
     int activations() const { return m_activations; }
     /// A window manager that ignores requests to iconify.
     void refuseIconify() { m_iconifies = false; }
 
-    void addListener(platform::x11::WindowListener* listener) override;
+    void addListener(Listener* listener) override { m_listeners.push_back(listener); }
     WindowPtr window(xcb_window_t id) const override;
     std::vector<WindowPtr> windows() const override { return m_windows; }
     xcb_window_t activeWindow() const override { return m_active; }
@@ -48,9 +58,13 @@ public:
     void ping(xcb_window_t) override {}
 
 private:
-    void notify(const std::function<void(platform::x11::WindowListener&)>& call);
+    template <class Tell, class... Arguments> void notify(Tell tell, const Arguments&... arguments)
+    {
+        for (Listener* listener : m_listeners)
+            (listener->*tell)(arguments...);
+    }
 
-    std::vector<platform::x11::WindowListener*> m_listeners;
+    std::vector<Listener*> m_listeners;
     std::vector<WindowPtr> m_windows; ///< topmost first
     xcb_window_t m_active = XCB_NONE;
     int m_desktop = 0;

@@ -44,7 +44,7 @@ protected:
 
     Host host;
     int ended = 0;
-    const RequestedPlace place{100, 700, 60, 40, QStringLiteral("left")};
+    const RequestedPlace place{100, 700, 60, 40, u"left"_qs};
     PlaceRequests requests{{m_loop, m_tracker, m_space, m_registry, m_entries, m_docks,
                             [] { return QPoint(110, 710); }}};
 };

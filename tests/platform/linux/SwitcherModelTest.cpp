@@ -31,8 +31,7 @@ class SwitcherModelTest : public AdapterFixture
 protected:
     SwitcherModelTest()
     {
-        m_programs = {{11, QStringLiteral("/usr/bin/term")},
-                      {12, QStringLiteral("/usr/bin/editor")}};
+        m_programs = {{11, u"/usr/bin/term"_qs}, {12, u"/usr/bin/editor"_qs}};
         // In the order in which they are opened; the two terminals are elsewhere than the editor.
         add(0x100, "term", 11, "one", QRect(0, 0, 400, 300));
         add(0x101, "term", 11, "two", QRect(50, 50, 400, 300));
@@ -42,12 +41,11 @@ protected:
             m_registry.dockPid(),
             [this](AXObserver&, const ElementRef& element, const QString&, NotificationContext*) {
                 const auto selected = list(element, "AXSelectedChildren");
-                m_told << (selected.empty() ? QStringLiteral("nothing")
-                                            : text(selected.front(), "AXTitle"));
+                m_told << (selected.empty() ? u"nothing"_qs : text(selected.front(), "AXTitle"));
             });
         if (m_observer) {
-            m_observer->addNotification(X11Element::dockList(),
-                                        QStringLiteral("AXFocusedUIElementChanged"), nullptr);
+            m_observer->addNotification(X11Element::dockList(), u"AXFocusedUIElementChanged"_qs,
+                                        nullptr);
             m_observer->addToRunLoop();
         }
     }

@@ -13,7 +13,7 @@ namespace lumbrix::test
 
 namespace
 {
-QString path() { return QStringLiteral("/net/launchpad/plank"); }
+QString path() { return u"/net/launchpad/plank"_qs; }
 } // namespace
 
 TestPlank::TestPlank(const QDBusConnection& bus, const QString& name,
@@ -37,9 +37,8 @@ TestPlank::~TestPlank()
 
 void TestPlank::tell(const QString& dock)
 {
-    m_bus.send(QDBusMessage::createSignal(path() + u'/' + dock,
-                                          QStringLiteral("net.launchpad.plank.Items"),
-                                          QStringLiteral("Changed")));
+    m_bus.send(QDBusMessage::createSignal(path() + u'/' + dock, u"net.launchpad.plank.Items"_qs,
+                                          u"Changed"_qs));
 }
 
 bool TestPlank::handleMessage(const QDBusMessage& message, const QDBusConnection& connection)
@@ -58,8 +57,8 @@ QVariantList TestPlank::answer(const QDBusMessage& message) const
     if (message.member() == u"Introspect") {
         QString nodes;
         for (const auto& [name, dock] : docks)
-            nodes += QStringLiteral("<node name=\"%1\"/>").arg(name);
-        return {QStringLiteral("<node>%1</node>").arg(nodes)};
+            nodes += u"<node name=\"%1\"/>"_qs.arg(name);
+        return {u"<node>%1</node>"_qs.arg(nodes)};
     }
     const auto it = docks.find(message.path().section(u'/', -1));
     const Dock dock = it == docks.end() ? Dock() : it->second;

@@ -77,24 +77,24 @@ TEST_F(ArtworkTest, everythingElse_isNoPicture)
     const QByteArray png = encoded({8, 8}, "PNG");
     const QString local = write("local.png", png);
     ASSERT_FALSE(platform::loadArtwork(local).isNull());
-    const QByteArray pipe = QFile::encodeName(m_folder.filePath(QStringLiteral("pipe.png")));
+    const QByteArray pipe = QFile::encodeName(m_folder.filePath(u"pipe.png"_qs));
     ASSERT_EQ(::mkfifo(pipe.constData(), 0600), 0);
     const QStringList uris{
         {},
-        QStringLiteral("nonsense"),
-        QStringLiteral("http://127.0.0.1:9/cover.png"),
-        QString(local).replace(QStringLiteral("file://"), QStringLiteral("file://server")),
+        u"nonsense"_qs,
+        u"http://127.0.0.1:9/cover.png"_qs,
+        QString(local).replace(u"file://"_qs, u"file://server"_qs),
         QUrl(local).toLocalFile(), // a path is no address
         QUrl::fromLocalFile(m_folder.path()).toString(),
         QUrl::fromLocalFile(QFile::decodeName(pipe)).toString(),
-        QStringLiteral("file:///dev/zero"),
+        u"file:///dev/zero"_qs,
         write("text.png", "this is no picture"),
         write("cut.png", png.left(40)),
         write("drawing.svg", "<svg xmlns='http://www.w3.org/2000/svg' width='9' height='9'/>"),
         write("large.png", png + QByteArray(9 * 1024 * 1024, '\0')),
         write("huge.bmp", promise(100000, 100000)),
         dataUri("image/png;base64", "!!!"),
-        QStringLiteral("data:image/png;base64"),
+        u"data:image/png;base64"_qs,
         dataUri("image/png;base64", (png + QByteArray(9 * 1024 * 1024, '\0')).toBase64()),
     };
     for (const QString& uri : uris)

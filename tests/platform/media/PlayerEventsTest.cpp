@@ -32,15 +32,15 @@ protected:
     PlayerEventsTest() { m_tracker.addListener(&m_registry); }
     ~PlayerEventsTest() override { m_loop.shutdown(); }
 
-    AppleEventReply get(const QString& application, const char (&code)[5], Kind kind,
+    AppleEventReply get(const AppleEventTarget& target, const char (&code)[5], Kind kind,
                         const char (&more)[5])
     {
         return m_events.getItem(
-            {application}, {{{kind, fourCharCode(code), 1}, {Kind::Property, fourCharCode(more)}}});
+            target, {{{kind, fourCharCode(code), 1}, {Kind::Property, fourCharCode(more)}}});
     }
-    AppleEventReply state()
+    AppleEventReply state(const AppleEventTarget& target = {u"iTunes"_s})
     {
-        return m_events.getItem({u"iTunes"_s}, {{{Kind::Property, fourCharCode("pPlS")}}});
+        return m_events.getItem(target, {{{Kind::Property, fourCharCode("pPlS")}}});
     }
     bool isState(const char (&code)[5])
     {
@@ -48,13 +48,13 @@ protected:
         return reply.as<FourCharCode>() && *reply.as<FourCharCode>() == fourCharCode(code);
     }
     /// Artist and name of the track; "?" for what cannot be told.
-    QString trackNames()
+    QString trackNames(const AppleEventTarget& target = {u"iTunes"_s})
     {
         const auto text = [](const AppleEventReply& reply) {
             return reply.as<QString>() ? *reply.as<QString>() : u"?"_s;
         };
-        return text(get(u"iTunes"_s, "pTrk", Kind::Property, "pArt")) + u'/' +
-               text(get(u"iTunes"_s, "pTrk", Kind::Property, "pnam"));
+        return text(get(target, "pTrk", Kind::Property, "pArt")) + u'/' +
+               text(get(target, "pTrk", Kind::Property, "pnam"));
     }
     QImage artwork()
     {
@@ -148,7 +148,9 @@ TEST_F(PlayerEventsTest, commands_reachThePlayersOfTheirRole)
     TestPlayer film(m_bus.address(), u"unheardof"_s, {{u"PlaybackStatus"_s, u"Playing"_s}});
     film.setDesktopEntry(u"org.gnome.Totem"_s);
     TestPlayer browser(m_bus.address(), u"chromium"_s);
-    const auto playing = [&] { return get(u"QuickTime Player"_s, "docu", Kind::Element, "play"); };
+    const auto playing = [&] {
+        return get({u"QuickTime Player"_s}, "docu", Kind::Element, "play");
+    };
     ASSERT_TRUE(waitUntil([&] {
         return playing().as<bool>() && music.questions() > 0 && vlc.questions() > 0 &&
                send({u"VLC"_s}, "VLC#", "VLC1") == AppleEventError::None &&
@@ -221,11 +223,7 @@ TEST_F(PlayerEventsTest, playersOfAllApplications_areReachedAsLongAsTheyAreThere
     EXPECT_EQ(byName->takeCommands().join(u' '), u"PlayPause");
     EXPECT_EQ(send({u"iTunes"_s, 503, 503}, "hook", "Paus"), AppleEventError::None);
     EXPECT_EQ(music.takeCommands().join(u' '), u"Pause");
-    const auto state = [&] {
-        return m_events.getItem({u"iTunes"_s, 503, 503},
-                                {{{Kind::Property, fourCharCode("pPlS")}}});
-    };
-    EXPECT_TRUE(waitUntil([&] { return state().as<FourCharCode>(); }));
+    EXPECT_TRUE(waitUntil([&] { return state({u"iTunes"_s, 503, 503}).as<FourCharCode>(); }));
     byName->manners = Manners::Hangs;
     EXPECT_EQ(send({u"VLC"_s, 502, 502}, "VLC#", "VLC1"), AppleEventError::NotRunning);
     EXPECT_EQ(roles(), u"vvvm--v@") << "it may answer again under the mouse";
@@ -260,16 +258,10 @@ TEST_F(PlayerEventsTest, nonsense_isNothing)
     TestPlayer player(m_bus.address(), u"audacious"_s, {{u"PlaybackStatus"_s, u"Playing"_s}});
     addWindow(1, u"rhythmbox"_s, 500);
     addWindow(3, u"audacious"_s, 501);
-    const auto otherName = [&] {
-        const AppleEventReply reply = m_events.getItem(
-            {u"iTunes"_s, 500, 1},
-            {{{Kind::Property, fourCharCode("pTrk")}, {Kind::Property, fourCharCode("pnam")}}});
-        return reply.as<QString>() ? *reply.as<QString>() : u"?"_s;
-    };
-    const auto stateOfPlayer = [&] {
-        return m_events.getItem({u"iTunes"_s, 501, 3}, {{{Kind::Property, fourCharCode("pPlS")}}});
-    };
-    ASSERT_TRUE(waitUntil([&] { return otherName() == u"First"; }));
+    const auto namesOfOther = [&] { return trackNames({u"iTunes"_s, 500, 1}); };
+    const AppleEventTarget target{u"iTunes"_s, 501, 3};
+    const auto stateOfPlayer = [&] { return state(target); };
+    ASSERT_TRUE(waitUntil([&] { return namesOfOther() == u"Ann/First"; }));
     ASSERT_TRUE(waitUntil([&] { return stateOfPlayer().as<FourCharCode>(); }));
 
     for (const Manners manners : {Manners::Nonsense, Manners::Refuses}) {
@@ -289,12 +281,10 @@ TEST_F(PlayerEventsTest, nonsense_isNothing)
         player.set(strange);
     player.set({{u"PlaybackStatus"_s, u"Paused"_s}});
     EXPECT_TRUE(waitUntil([&] { return stateOfPlayer().as<FourCharCode>(); }));
-    const AppleEventReply name = m_events.getItem(
-        {u"iTunes"_s, 501, 3},
-        {{{Kind::Property, fourCharCode("pTrk")}, {Kind::Property, fourCharCode("pnam")}}});
+    const AppleEventReply name = get(target, "pTrk", Kind::Property, "pnam");
     ASSERT_TRUE(name.as<QString>());
     EXPECT_EQ(*name.as<QString>(), longText.left(1000));
-    EXPECT_EQ(otherName(), u"First");
+    EXPECT_EQ(namesOfOther(), u"Ann/First");
 }
 
 TEST_F(PlayerEventsTest, playerThatDiesOfACommand_isGone)

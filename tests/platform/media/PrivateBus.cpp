@@ -14,8 +14,8 @@ namespace lumbrix::test
 
 PrivateBus::PrivateBus()
 {
-    const QString configuration = m_folder.filePath(QStringLiteral("bus.conf"));
-    m_address = QStringLiteral("unix:path=") + m_folder.filePath(QStringLiteral("bus"));
+    const QString configuration = m_folder.filePath(u"bus.conf"_qs);
+    m_address = u"unix:path="_qs + m_folder.filePath(u"bus"_qs);
     QFile file(configuration);
     if (!file.open(QIODevice::WriteOnly))
         qFatal("no folder for the message bus");
@@ -25,11 +25,11 @@ PrivateBus::PrivateBus()
                "<allow own=\"*\"/></policy></busconfig>");
     file.close();
     m_daemon = privatedesk::Process::start(
-        {.program = QStringLiteral("dbus-daemon"),
-         .arguments = {QStringLiteral("--config-file=") + configuration, QStringLiteral("--nofork"),
-                       QStringLiteral("--nopidfile"), QStringLiteral("--print-address")},
+        {.program = u"dbus-daemon"_qs,
+         .arguments = {u"--config-file="_qs + configuration, u"--nofork"_qs, u"--nopidfile"_qs,
+                       u"--print-address"_qs},
          .environment = QProcessEnvironment::systemEnvironment().toStringList(),
-         .log = m_folder.filePath(QStringLiteral("bus.log")),
+         .log = m_folder.filePath(u"bus.log"_qs),
          .pipes = true,
          .passFd = {}});
     // It says its address once it listens.

@@ -10,18 +10,18 @@ namespace lumbrix::test
 namespace
 {
 
-QString path() { return QStringLiteral("/org/mpris/MediaPlayer2"); }
-QString playerInterface() { return QStringLiteral("org.mpris.MediaPlayer2.Player"); }
-QString propertiesInterface() { return QStringLiteral("org.freedesktop.DBus.Properties"); }
+QString path() { return u"/org/mpris/MediaPlayer2"_qs; }
+QString playerInterface() { return u"org.mpris.MediaPlayer2.Player"_qs; }
+QString propertiesInterface() { return u"org.freedesktop.DBus.Properties"_qs; }
 
 } // namespace
 
 TestPlayer::TestPlayer(const QString& address, const QString& name, const QVariantMap& properties)
-    : m_connectionName(QStringLiteral("player ") + name),
+    : m_connectionName(u"player "_qs + name),
       m_bus(QDBusConnection::connectToBus(address, m_connectionName)), m_properties(properties)
 {
     m_bus.registerVirtualObject(path(), this);
-    if (!m_bus.registerService(QStringLiteral("org.mpris.MediaPlayer2.") + name))
+    if (!m_bus.registerService(u"org.mpris.MediaPlayer2."_qs + name))
         qFatal("a test player could not join the bus");
 }
 
@@ -41,8 +41,8 @@ void TestPlayer::set(const QVariantMap& properties, bool tell)
     m_properties.insert(properties);
     if (!tell)
         return;
-    QDBusMessage signal = QDBusMessage::createSignal(path(), propertiesInterface(),
-                                                     QStringLiteral("PropertiesChanged"));
+    QDBusMessage signal =
+        QDBusMessage::createSignal(path(), propertiesInterface(), u"PropertiesChanged"_qs);
     signal << playerInterface() << properties << QStringList();
     m_bus.send(signal);
 }
@@ -51,13 +51,13 @@ void TestPlayer::tellNonsense()
 {
     for (const QVariantList& arguments :
          {QVariantList{}, QVariantList{playerInterface()},
-          QVariantList{playerInterface(), 7, QStringLiteral("x")},
-          QVariantList{playerInterface(),
-                       QVariantMap{{QStringLiteral("Metadata"), QStringList{path()}},
-                                   {QStringLiteral("PlaybackStatus"), path()}},
-                       QStringList()}}) {
-        QDBusMessage signal = QDBusMessage::createSignal(path(), propertiesInterface(),
-                                                         QStringLiteral("PropertiesChanged"));
+          QVariantList{playerInterface(), 7, u"x"_qs},
+          QVariantList{
+              playerInterface(),
+              QVariantMap{{u"Metadata"_qs, QStringList{path()}}, {u"PlaybackStatus"_qs, path()}},
+              QStringList()}}) {
+        QDBusMessage signal =
+            QDBusMessage::createSignal(path(), propertiesInterface(), u"PropertiesChanged"_qs);
         signal.setArguments(arguments);
         m_bus.send(signal);
     }
@@ -75,9 +75,9 @@ bool TestPlayer::handleMessage(const QDBusMessage& message, const QDBusConnectio
         message.setDelayedReply(true);
         return true;
     case Manners::Refuses:
-        return connection.send(message.createErrorReply(QDBusError::Failed, QStringLiteral("no")));
+        return connection.send(message.createErrorReply(QDBusError::Failed, u"no"_qs));
     case Manners::Nonsense:
-        return connection.send(message.createReply({7, QStringLiteral("nonsense")}));
+        return connection.send(message.createReply({7, u"nonsense"_qs}));
     case Manners::Dies:
         if (!isQuestion) {
             message.setDelayedReply(true);
@@ -93,9 +93,9 @@ bool TestPlayer::handleMessage(const QDBusMessage& message, const QDBusConnectio
         return connection.send(message.createReply());
     QVariantMap reply = m_properties;
     if (message.arguments().value(0) != playerInterface()) {
-        reply = {{QStringLiteral("Identity"), m_identity}};
+        reply = {{u"Identity"_qs, m_identity}};
         if (!m_desktopEntry.isEmpty())
-            reply.insert(QStringLiteral("DesktopEntry"), m_desktopEntry);
+            reply.insert(u"DesktopEntry"_qs, m_desktopEntry);
     }
     return connection.send(message.createReply(reply));
 }
@@ -103,13 +103,13 @@ bool TestPlayer::handleMessage(const QDBusMessage& message, const QDBusConnectio
 QVariantMap track(const QVariant& artist, const QVariant& title, const QVariant& artUrl)
 {
     QVariantMap metadata;
-    for (const auto& [name, value] : {std::pair(QStringLiteral("xesam:artist"), artist),
-                                      std::pair(QStringLiteral("xesam:title"), title),
-                                      std::pair(QStringLiteral("mpris:artUrl"), artUrl)}) {
+    for (const auto& [name, value] :
+         {std::pair(u"xesam:artist"_qs, artist), std::pair(u"xesam:title"_qs, title),
+          std::pair(u"mpris:artUrl"_qs, artUrl)}) {
         if (value.isValid())
             metadata.insert(name, value);
     }
-    return {{QStringLiteral("Metadata"), metadata}};
+    return {{u"Metadata"_qs, metadata}};
 }
 
 } // namespace lumbrix::test

@@ -15,6 +15,7 @@
 #include <semaphore>
 #include <string>
 
+#include "platform/MainThreadGuard.h"
 #include "platform/qt/QtRunLoop.h"
 
 namespace lumbrix::test
@@ -127,6 +128,17 @@ TEST(QtRunLoop, threadThatNothingStops_isGivenUp)
     end->release();
     while (!thread->isFinished())
         std::this_thread::yield();
+}
+
+TEST(MainThreadGuardTest, ownerGone_callThatWasMadeBefore_doesNothing)
+{
+    int sum = 0;
+    auto guard = std::make_unique<platform::MainThreadGuard>();
+    const auto add = guard->ifAlive([&sum](int value) { sum += value; });
+    add(1);
+    guard.reset();
+    add(2);
+    EXPECT_EQ(sum, 1);
 }
 
 } // namespace

@@ -45,26 +45,21 @@ public:
     }
 };
 
-class QtDriver final : public Driver
+template <class Loop> class DriverOf final : public Driver
 {
 public:
-    RunLoop& loop() override { return m_loop; }
+    Loop& loop() override { return m_loop; }
     void shutdown() override { m_loop.shutdown(); }
-    void step() override { QCoreApplication::processEvents(QEventLoop::AllEvents, 5); }
+    void step() override
+    {
+        if constexpr (std::is_same_v<Loop, VirtualRunLoop>)
+            m_loop.advance(0.001);
+        else
+            QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
+    }
 
 private:
-    QtRunLoop m_loop;
-};
-
-class VirtualDriver final : public Driver
-{
-public:
-    RunLoop& loop() override { return m_loop; }
-    void shutdown() override { m_loop.shutdown(); }
-    void step() override { m_loop.advance(0.001); }
-
-private:
-    VirtualRunLoop m_loop;
+    Loop m_loop;
 };
 
 using MakeDriver = std::unique_ptr<Driver> (*)();
@@ -237,8 +232,8 @@ TEST_P(RunLoopContract, shutdown_endsSleepersAndWaiters_andDropsWhatIsQueued)
 INSTANTIATE_TEST_SUITE_P(
     Loops, RunLoopContract,
     testing::Values<MakeDriver>(
-        []() -> std::unique_ptr<Driver> { return std::make_unique<QtDriver>(); },
-        []() -> std::unique_ptr<Driver> { return std::make_unique<VirtualDriver>(); }),
+        []() -> std::unique_ptr<Driver> { return std::make_unique<DriverOf<QtRunLoop>>(); },
+        []() -> std::unique_ptr<Driver> { return std::make_unique<DriverOf<VirtualRunLoop>>(); }),
     [](const auto& tested) { return tested.index == 0 ? "qt" : "virtual"; });
 
 } // namespace
