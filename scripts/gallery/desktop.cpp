@@ -17,14 +17,12 @@
 #include <vector>
 
 #include "Desk.h"
+#include "Keys.h"
 
 using namespace lumbrix::privatedesk;
 
 namespace
 {
-
-// Key codes of the server's keyboard.
-constexpr std::uint8_t controlKey = 37, altKey = 64, tabKey = 23, sKey = 39, cKey = 54;
 
 /// Pictures side by side, in rows of so many, on white.
 QImage sheetOf(const std::vector<QImage>& pictures, int columns)

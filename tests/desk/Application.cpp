@@ -26,14 +26,17 @@ Application::~Application()
 {
     m_process->stop();
     Display& display = m_session.display();
-    display.waitFor(
-        [&] {
-            const auto listed = display.numbers(display.root(), "_NET_CLIENT_LIST");
-            return std::none_of(m_windows.begin(), m_windows.end(), [&](const AppWindow& window) {
-                return std::count(listed.begin(), listed.end(), window.id) != 0;
-            });
-        },
-        patience(2000));
+    display.waitFor([&] {
+        const auto listed = display.numbers(display.root(), "_NET_CLIENT_LIST");
+        return std::none_of(m_windows.begin(), m_windows.end(), [&](const AppWindow& window) {
+            return std::count(listed.begin(), listed.end(), window.id) != 0;
+        });
+    });
+}
+
+QString Application::entry() const
+{
+    return m_session.dataPath(u"applications/"_qs + m_identifier + u".desktop"_qs);
 }
 
 std::vector<QByteArray> Application::titles() const
@@ -60,13 +63,11 @@ AppWindow Application::open(const QByteArray& title, const QColor& colour,
     AppWindow window{fields[1].toInt(), fields[2].toUInt(), title, colour};
     m_windows.push_back(window);
     Display& display = m_session.display();
-    display.waitFor(
-        [&] {
-            const auto listed = display.numbers(display.root(), "_NET_CLIENT_LIST");
-            return std::count(listed.begin(), listed.end(), window.id) != 0 &&
-                   display.activeWindow() == window.id;
-        },
-        patience(3000));
+    display.waitFor([&] {
+        const auto listed = display.numbers(display.root(), "_NET_CLIENT_LIST");
+        return std::count(listed.begin(), listed.end(), window.id) != 0 &&
+               display.activeWindow() == window.id;
+    });
     return window;
 }
 
@@ -125,24 +126,21 @@ void Application::maximise(const AppWindow& window)
     display.request(window.id, "_NET_WM_STATE",
                     {1, display.atom("_NET_WM_STATE_MAXIMIZED_VERT"),
                      display.atom("_NET_WM_STATE_MAXIMIZED_HORZ"), 2});
-    display.waitFor(
-        [&] {
-            const auto area = display.geometry(window.id);
-            return area && area->width() > display.size().width() / 2;
-        },
-        patience(2000));
+    display.waitFor([&] {
+        const auto area = display.geometry(window.id);
+        return area && area->width() > display.size().width() / 2;
+    });
 }
 
 void Application::minimise(const AppWindow& window)
 {
     m_session.display().request(window.id, "WM_CHANGE_STATE", {3});
-    m_session.display().waitFor([&] { return isMinimised(window); }, patience(2000));
+    m_session.display().waitFor([&] { return isMinimised(window); });
 }
 
 bool Application::isMinimised(const AppWindow& window) const
 {
-    const auto state = m_session.display().numbers(window.id, "WM_STATE");
-    return !state.empty() && state.front() == 3;
+    return m_session.display().isMinimised(window.id);
 }
 
 void Application::moveToDesktop(const AppWindow& window, int desktop)
@@ -150,19 +148,16 @@ void Application::moveToDesktop(const AppWindow& window, int desktop)
     Display& display = m_session.display();
     const auto number = static_cast<std::uint32_t>(desktop);
     display.request(window.id, "_NET_WM_DESKTOP", {number, 2});
-    display.waitFor(
-        [&] {
-            const auto now = display.numbers(window.id, "_NET_WM_DESKTOP");
-            return !now.empty() && now.front() == number;
-        },
-        patience(2000));
+    display.waitFor([&] {
+        const auto now = display.numbers(window.id, "_NET_WM_DESKTOP");
+        return !now.empty() && now.front() == number;
+    });
 }
 
 void Application::activate(const AppWindow& window)
 {
     m_session.display().request(window.id, "_NET_ACTIVE_WINDOW", {2, 0, 0});
-    m_session.display().waitFor([&] { return m_session.display().activeWindow() == window.id; },
-                                patience(2000));
+    m_session.display().waitFor([&] { return m_session.display().activeWindow() == window.id; });
 }
 
 void Application::startChurning() { command("churn 1"); }

@@ -41,6 +41,7 @@ public:
     ~Application();
 
     QString identifier() const { return m_identifier; }
+    QString entry() const; ///< the desktop entry's path
     Process& process() { return *m_process; }
     const std::vector<AppWindow>& windows() const { return m_windows; }
     std::vector<QByteArray> titles() const;

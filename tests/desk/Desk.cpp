@@ -52,8 +52,7 @@ void Desk::startLumbrix(const Settings& changed)
         hover(*probe);
     });
     park();
-    display().waitFor([&] { return display().panels().size() == display().badges().size(); },
-                      patience(3000));
+    display().waitFor([&] { return display().panels().size() == display().badges().size(); });
 }
 
 void Desk::startLumbrixAgain(const Application& application)
@@ -72,14 +71,12 @@ std::optional<QPoint> Desk::iconOf(const Application& application)
 {
     if (application.windows().empty())
         return std::nullopt;
-    const QString entry =
-        m_session.dataPath(u"applications/"_qs + application.identifier() + u".desktop"_qs);
     std::optional<QPoint> icon;
     display().waitFor(
         [&] {
             // Windows that share a button need not all have been told of it yet.
             for (const AppWindow& window : application.windows()) {
-                icon = m_dock->iconOf(entry, window.id);
+                icon = m_dock->iconOf(application.entry(), window.id);
                 if (icon)
                     break;
             }
@@ -91,12 +88,10 @@ std::optional<QPoint> Desk::iconOf(const Application& application)
 
 std::optional<QPoint> Desk::iconOnSecondDock(const Application& application)
 {
-    const QString entry =
-        m_session.dataPath(u"applications/"_qs + application.identifier() + u".desktop"_qs);
     std::optional<QPoint> icon;
     display().waitFor(
         [&] {
-            icon = m_dock->iconOnSecondDock(entry);
+            icon = m_dock->iconOnSecondDock(application.entry());
             return icon.has_value();
         },
         patience(10000));

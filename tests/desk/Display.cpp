@@ -111,6 +111,12 @@ std::optional<QRect> Display::geometry(xcb_window_t window)
 
 QSize Display::size() { return geometry(m_root).value_or(QRect()).size(); }
 
+bool Display::isMinimised(xcb_window_t window)
+{
+    const auto state = numbers(window, "WM_STATE");
+    return !state.empty() && state.front() == 3;
+}
+
 xcb_window_t Display::activeWindow()
 {
     const auto active = numbers(m_root, "_NET_ACTIVE_WINDOW");
@@ -320,26 +326,22 @@ void Display::moveTo(QPoint target)
     constexpr std::chrono::milliseconds pace(8); // an ordinary mouse reports 125 times a second
     for (int i = 1; i <= steps; ++i) {
         const QPoint at = start + (target - start) * i / steps;
-        xcb_test_fake_input(m_connection, XCB_MOTION_NOTIFY, 0, XCB_CURRENT_TIME, m_root,
-                            static_cast<std::int16_t>(at.x()), static_cast<std::int16_t>(at.y()),
-                            0);
+        fake(XCB_MOTION_NOTIFY, 0, at);
         waitFor([] { return false; }, pace);
     }
 }
 
-void Display::press(int button)
+void Display::fake(std::uint8_t type, int detail, QPoint at)
 {
-    xcb_test_fake_input(m_connection, XCB_BUTTON_PRESS, static_cast<std::uint8_t>(button),
-                        XCB_CURRENT_TIME, m_root, 0, 0, 0);
+    xcb_test_fake_input(m_connection, type, static_cast<std::uint8_t>(detail), XCB_CURRENT_TIME,
+                        m_root, static_cast<std::int16_t>(at.x()),
+                        static_cast<std::int16_t>(at.y()), 0);
     xcb_flush(m_connection);
 }
 
-void Display::release(int button)
-{
-    xcb_test_fake_input(m_connection, XCB_BUTTON_RELEASE, static_cast<std::uint8_t>(button),
-                        XCB_CURRENT_TIME, m_root, 0, 0, 0);
-    xcb_flush(m_connection);
-}
+void Display::press(int button) { fake(XCB_BUTTON_PRESS, button); }
+
+void Display::release(int button) { fake(XCB_BUTTON_RELEASE, button); }
 
 void Display::click(int button)
 {
@@ -354,16 +356,8 @@ void Display::type(const std::vector<std::uint8_t>& keys)
     std::for_each(keys.rbegin(), keys.rend(), [this](std::uint8_t key) { letGoOfKey(key); });
 }
 
-void Display::holdKey(std::uint8_t key)
-{
-    xcb_test_fake_input(m_connection, XCB_KEY_PRESS, key, XCB_CURRENT_TIME, m_root, 0, 0, 0);
-    xcb_flush(m_connection);
-}
+void Display::holdKey(std::uint8_t key) { fake(XCB_KEY_PRESS, key); }
 
-void Display::letGoOfKey(std::uint8_t key)
-{
-    xcb_test_fake_input(m_connection, XCB_KEY_RELEASE, key, XCB_CURRENT_TIME, m_root, 0, 0, 0);
-    xcb_flush(m_connection);
-}
+void Display::letGoOfKey(std::uint8_t key) { fake(XCB_KEY_RELEASE, key); }
 
 } // namespace lumbrix::privatedesk

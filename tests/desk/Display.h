@@ -18,6 +18,8 @@
 #include <vector>
 #include <xcb/xcb.h>
 
+#include "Process.h"
+
 namespace lumbrix::privatedesk
 {
 
@@ -47,13 +49,15 @@ public:
     /// Waits until the condition holds and says whether it does. The condition is looked at again
     /// after everything that happens on the screen, and every few milliseconds for what the server
     /// does not announce (pixels, processes).
-    bool waitFor(const std::function<bool()>& condition, std::chrono::milliseconds timeout);
+    bool waitFor(const std::function<bool()>& condition,
+                 std::chrono::milliseconds timeout = patience(5000));
 
     // Windows.
     xcb_atom_t atom(const std::string& name);
     std::vector<std::uint32_t> numbers(xcb_window_t window, const std::string& property);
     QByteArray bytes(xcb_window_t window, const std::string& property);
     std::optional<QRect> geometry(xcb_window_t window); ///< on the screen; none once it is gone
+    bool isMinimised(xcb_window_t window);
     xcb_window_t activeWindow();
     int currentDesktop();
     bool hasCompositor();
@@ -102,6 +106,7 @@ public:
 
 private:
     std::vector<Panel> panels(const QString& role);
+    void fake(std::uint8_t type, int detail, QPoint at = {});
 
     xcb_connection_t* m_connection = nullptr;
     xcb_window_t m_root = 0;

@@ -18,20 +18,6 @@ namespace lumbrix::privatedesk
 namespace
 {
 
-QString edgeName(Edge edge)
-{
-    switch (edge) {
-    case Edge::Left:
-        return u"left"_qs;
-    case Edge::Right:
-        return u"right"_qs;
-    case Edge::Top:
-        return u"top"_qs;
-    default:
-        return u"bottom"_qs;
-    }
-}
-
 class Plank final : public Dock
 {
 public:
@@ -97,8 +83,8 @@ private:
             u"[net/launchpad/plank/docks/%1]\nposition='%2'\nmonitor='%3'\n"
             u"hide-mode='%4'\nshow-dock-item=false\nauto-pinning=false\nlock-items=true\n"
             u"dock-items=[%5]\nzoom-enabled=false\nicon-size=48\n"_qs.arg(
-                dock, edgeName(place.edge), place.monitor, place.hides ? u"auto"_qs : u"none"_qs,
-                items.join(u','));
+                dock, QLatin1String(nameOf(place.edge)), place.monitor,
+                place.hides ? u"auto"_qs : u"none"_qs, items.join(u','));
         m_session.addSettings(settings.toUtf8());
     }
     std::optional<QPoint> iconOn(const QString& dock, const DockPlace& place, const QString& entry)
@@ -195,7 +181,7 @@ public:
 private:
     static QString configure(const Session& session, const DockPlace& place, const QString& file)
     {
-        const QByteArray side = edgeName(place.edge).toLatin1();
+        const QByteArray side = QByteArray(nameOf(place.edge));
         const QByteArray shape =
             isHorizontal(place.edge)
                 ? "panel_position = " + side + " center horizontal\npanel_size = 100% 40\n"
@@ -247,10 +233,8 @@ private:
     // 5 and 1 are the left and right edges.
     static QByteArray position(Edge edge)
     {
-        return edge == Edge::Bottom ? "p=10;x=0;y=0"
-               : edge == Edge::Top  ? "p=9;x=0;y=0"
-               : edge == Edge::Left ? "p=5;x=0;y=0"
-                                    : "p=1;x=0;y=0";
+        constexpr const char* positions[] = {"10", "5", "1", "9"};
+        return QByteArray("p=") + positions[static_cast<int>(edge)] + ";x=0;y=0";
     }
     static QByteArray mode(Edge edge) { return isHorizontal(edge) ? "0" : "2"; }
 
@@ -329,7 +313,7 @@ std::unique_ptr<Dock> startMatePanel(Session& session, Edge edge)
     session.addSettings("[org/mate/panel/general]\ntoplevel-id-list=['panel']\n"
                         "object-id-list=['window-list']\n"
                         "[org/mate/panel/toplevels/panel]\nexpand=true\nsize=24\norientation='" +
-                        edgeName(edge).toLatin1() +
+                        QByteArray(nameOf(edge)) +
                         "'\n[org/mate/panel/objects/window-list]\nobject-type='applet'\n"
                         "applet-iid='WnckletFactory::WindowListApplet'\ntoplevel-id='panel'\n"
                         "position=20\nlocked=true\n");
@@ -338,12 +322,13 @@ std::unique_ptr<Dock> startMatePanel(Session& session, Edge edge)
 
 std::unique_ptr<Dock> startLxqtPanel(Session& session, Edge edge)
 {
-    const QString side = edgeName(edge);
+    QByteArray side = nameOf(edge);
+    side[0] = static_cast<char>(side[0] + 'A' - 'a');
     session.write(
         session.configPath(u"lxqt/panel.conf"_qs),
         "panels=panel1\n[panel1]\nplugins=mainmenu,desktopswitch,taskbar,worldclock\n"
         "position=" +
-            (side.at(0).toUpper() + side.mid(1)).toLatin1() +
+            side +
             "\ndesktop=0\n[mainmenu]\ntype=mainmenu\n[desktopswitch]\ntype=desktopswitch\n"
             "[taskbar]\ntype=taskbar\nbuttonWidth=220\ngroupingEnabled=false\n"
             "[worldclock]\ntype=worldclock\n");
@@ -374,7 +359,7 @@ void Dock::moveTo(const DockPlace& place)
 {
     m_place = place;
     reconfigure();
-    if (!m_session.display().waitFor([this] { return isInPlace(); }, patience(5000)))
+    if (!m_session.display().waitFor([this] { return isInPlace(); }))
         qFatal("the dock has not moved:\n%s", qPrintable(m_session.logs()));
 }
 

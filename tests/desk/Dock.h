@@ -19,6 +19,12 @@ namespace lumbrix::privatedesk
 enum class DockKind { Plank, Tint2, XfcePanel, StockXfcePanel, MatePanel, LxqtPanel };
 enum class Edge { Bottom, Left, Right, Top };
 
+/// In lower case.
+inline const char* nameOf(Edge edge)
+{
+    constexpr const char* names[] = {"bottom", "left", "right", "top"};
+    return names[static_cast<int>(edge)];
+}
 inline bool isHorizontal(Edge edge) { return edge == Edge::Bottom || edge == Edge::Top; }
 
 struct DockPlace {

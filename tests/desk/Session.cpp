@@ -214,7 +214,7 @@ void Session::startBus()
     m_environment << u"DBUS_SESSION_BUS_ADDRESS="_qs + m_busAddress;
     m_bus = start(u"bus"_qs, u"dbus-daemon"_qs,
                   {u"--config-file="_qs + configuration, u"--nofork"_qs, u"--nopidfile"_qs});
-    if (!m_display->waitFor([&] { return QFileInfo::exists(socket); }, patience(5000)))
+    if (!m_display->waitFor([&] { return QFileInfo::exists(socket); }))
         qFatal("the message bus did not start:\n%s", qPrintable(logs()));
 }
 
@@ -247,8 +247,7 @@ void Session::startWindowManager()
     if (m_options.picom)
         m_compositor =
             start(u"picom"_qs, u"picom"_qs, {u"--config=/dev/null"_qs, u"--backend=xrender"_qs});
-    if (!m_display->waitFor([&] { return m_display->hasCompositor() == composited; },
-                            patience(5000)))
+    if (!m_display->waitFor([&] { return m_display->hasCompositor() == composited; }))
         qFatal("compositing is not as wanted:\n%s", qPrintable(logs()));
 }
 

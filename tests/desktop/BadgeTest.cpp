@@ -20,9 +20,7 @@ protected:
     std::optional<QRect> iconArea(const Application& application)
     {
         const xcb_window_t window = application.windows().front().id;
-        const QString entry = desk().session().dataPath(u"applications/"_qs +
-                                                        application.identifier() + u".desktop"_qs);
-        const auto middle = desk().dock().iconOf(entry, window);
+        const auto middle = desk().dock().iconOf(application.entry(), window);
         if (!middle)
             return std::nullopt;
         // A panel tells the whole button, Plank the middle of an icon of 48 pixels.
@@ -149,14 +147,7 @@ TEST_P(BadgeTest, row_liesOnItsBubbleAndBothAboveTheBadges)
             roles += panel.role;
     }
     EXPECT_EQ(roles.join(u' ').toStdString(), "window-count bubble preview");
-    QRect row;
-    for (const Panel& panel : display().previews())
-        row |= panel.geometry;
-    for (const Panel& panel : display().panels()) {
-        if (panel.role == u"bubble"_qs) {
-            EXPECT_EQ(panel.geometry, row.adjusted(1, 1, 9, 2));
-        }
-    }
+    EXPECT_EQ(window(u"bubble"_qs)->geometry, row().adjusted(1, 1, 9, 2));
     desk().park();
     EXPECT_TRUE(waitUntil([&] { return display().panels().size() == display().badges().size(); }));
 }

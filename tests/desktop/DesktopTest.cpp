@@ -4,6 +4,7 @@
 #include "DesktopTest.h"
 
 #include <QtCore/QCoreApplication>
+#include <QtCore/QFile>
 
 #include <algorithm>
 #include <csignal>
@@ -33,16 +34,7 @@ bool near(QRgb a, const QColor& b)
 
 std::string named(const std::string& dock, Edge edge)
 {
-    switch (edge) {
-    case Edge::Left:
-        return dock + "_left";
-    case Edge::Right:
-        return dock + "_right";
-    case Edge::Top:
-        return dock + "_top";
-    default:
-        return dock;
-    }
+    return edge == Edge::Bottom ? dock : dock + '_' + nameOf(edge);
 }
 
 std::string join(const std::vector<QByteArray>& titles)
@@ -191,12 +183,7 @@ Result DesktopTest::match(const Application& application)
 Result DesktopTest::shows(const Application& application, int milliseconds)
 {
     Result result = testing::AssertionFailure();
-    display().waitFor(
-        [&] {
-            result = match(application);
-            return static_cast<bool>(result);
-        },
-        patience(milliseconds));
+    display().waitFor([&] { return bool(result = match(application)); }, patience(milliseconds));
     return result;
 }
 
@@ -225,6 +212,39 @@ std::optional<Panel> DesktopTest::preview(const QByteArray& title)
             return panel;
     }
     return std::nullopt;
+}
+
+QRect DesktopTest::row()
+{
+    QRect all;
+    for (const Panel& panel : display().previews())
+        all |= panel.geometry;
+    return all;
+}
+
+std::optional<Panel> DesktopTest::window(const QString& role)
+{
+    for (const auto& windows : {display().panels(), display().managedWindows()}) {
+        if (const auto found = std::ranges::find(windows, role, &Panel::role);
+            found != windows.end())
+            return *found;
+    }
+    return std::nullopt;
+}
+
+Result DesktopTest::getsFocus(const QString& role)
+{
+    return waitUntil([&] {
+               const auto found = window(role);
+               return found && display().activeWindow() == found->id;
+           })
+           << "no window '" << role.toStdString() << "' with the focus";
+}
+
+QByteArray DesktopTest::settings()
+{
+    QFile file(settingsPath(m_desk->session()));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
 Result DesktopTest::isBeside(const QRect& monitor, Edge edge)

@@ -68,6 +68,14 @@ protected:
     Result waitUntil(const std::function<bool()>& condition, int milliseconds = 3000);
     /// The preview with this title; none when there is no such preview.
     std::optional<Panel> preview(const QByteArray& title);
+    /// What all previews take together; empty without any.
+    QRect row();
+    /// A window of Lumbrix with this role, minimised or not; none while there is none.
+    std::optional<Panel> window(const QString& role);
+    /// Waits until that window has the focus.
+    Result getsFocus(const QString& role);
+    /// The settings file, as far as it has been written.
+    QByteArray settings();
     /// Whether all that is shown is on that monitor, the row beside the pointer's icon.
     Result isBeside(const QRect& monitor, Edge edge);
     /// Moves from the icon to the middle of the preview: first straight away from the dock, because

@@ -4,8 +4,6 @@
 // The report of "lumbrix --inspect", beside a Lumbrix that runs.
 #include "DesktopTest.h"
 
-#include <QtCore/QFile>
-
 #include <iostream>
 
 #include "Lumbrix.h"
@@ -27,11 +25,6 @@ protected:
         EXPECT_EQ(process->waitForExit(patience(2000)), 0);
         EXPECT_TRUE(desk().session().log(u"inspect"_qs).contains(u"Point at an icon"_qs));
         return report;
-    }
-    QByteArray settings()
-    {
-        QFile file(desk().session().configPath(u"lumbrix/lumbrix.conf"_qs));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
     }
     void makeUtility(const AppWindow& window)
     {

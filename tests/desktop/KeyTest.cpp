@@ -7,35 +7,14 @@
 #include <algorithm>
 #include <csignal>
 #include <cstdlib>
-#include <xcb/xtest.h>
+
+#include "Keys.h"
 
 namespace lumbrix::privatedesk
 {
-namespace
-{
-
-constexpr std::uint8_t superKey = 133;
-constexpr std::uint8_t digitKey = 11;  // the digit 2
-constexpr std::uint8_t fourthKey = 13; // the digit 4
-
-} // namespace
-
 class KeyTest : public DesktopTest
 {
 protected:
-    void fake(std::uint8_t type, std::uint8_t keycode)
-    {
-        xcb_test_fake_input(display().connection(), type, keycode, XCB_CURRENT_TIME,
-                            display().root(), 0, 0, 0);
-        xcb_flush(display().connection());
-    }
-    void typeWithSuper(std::uint8_t keycode)
-    {
-        fake(XCB_KEY_PRESS, superKey);
-        fake(XCB_KEY_PRESS, keycode);
-        fake(XCB_KEY_RELEASE, keycode);
-        fake(XCB_KEY_RELEASE, superKey);
-    }
     /// Whether some program has this key with Super: nobody else can have it then.
     bool isTaken(std::uint8_t keycode)
     {
@@ -55,7 +34,7 @@ protected:
         for (int i = 0; i < 3; ++i) {
             hover(application);
             ASSERT_TRUE(shows(application));
-            if (waitUntil([&] { return isTaken(fourthKey); }, 1000))
+            if (waitUntil([&] { return isTaken(fourKey); }, 1000))
                 return;
             desk().park();
             ASSERT_TRUE(showsNothing());
@@ -80,17 +59,17 @@ TEST_P(KeyTest, superAndDigit_raisesThatWindowUnseenByTheFocusedProgram)
         std::find_if(alpha.windows().begin(), alpha.windows().end(),
                      [&](const AppWindow& window) { return window.title == title; });
     ASSERT_NE(second, alpha.windows().end());
-    typeWithSuper(digitKey);
+    display().type({superKey, twoKey});
     EXPECT_TRUE(waitUntil([&] { return display().activeWindow() == second->id; }));
     EXPECT_GT(count(beta.keys(), superKey), 0) << "the program had no focus";
-    EXPECT_EQ(count(beta.keys(), digitKey), 0);
-    EXPECT_EQ(count(alpha.keys(), digitKey), 0);
+    EXPECT_EQ(count(beta.keys(), twoKey), 0);
+    EXPECT_EQ(count(alpha.keys(), twoKey), 0);
 
     desk().park();
     EXPECT_TRUE(showsNothing());
-    EXPECT_TRUE(waitUntil([&] { return !isTaken(digitKey) && !isTaken(fourthKey); }));
-    typeWithSuper(digitKey);
-    EXPECT_TRUE(waitUntil([&] { return count(alpha.keys(), digitKey) == 2; }));
+    EXPECT_TRUE(waitUntil([&] { return !isTaken(twoKey) && !isTaken(fourKey); }));
+    display().type({superKey, twoKey});
+    EXPECT_TRUE(waitUntil([&] { return count(alpha.keys(), twoKey) == 2; }));
 }
 
 TEST_P(KeyTest, lumbrix_endedInAnyWay_givesTheKeysBack)
@@ -100,7 +79,7 @@ TEST_P(KeyTest, lumbrix_endedInAnyWay_givesTheKeysBack)
         hoverForKeys(alpha);
         desk().lumbrix().signal(signal);
         desk().lumbrix().waitForExit(patience(2000));
-        EXPECT_TRUE(waitUntil([&] { return !isTaken(digitKey) && !isTaken(fourthKey); }));
+        EXPECT_TRUE(waitUntil([&] { return !isTaken(twoKey) && !isTaken(fourKey); }));
         desk().park();
         desk().startLumbrix();
     }

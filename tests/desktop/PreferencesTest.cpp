@@ -4,25 +4,13 @@
 // The preferences, by keyboard as a person uses them.
 #include "DesktopTest.h"
 
-#include <QtCore/QFile>
-
 #include <algorithm>
 #include <cstdlib>
 
+#include "Keys.h"
+
 namespace lumbrix::privatedesk
 {
-namespace
-{
-
-// Key codes of the server's keyboard.
-constexpr std::uint8_t superKey = 133, altKey = 64, controlKey = 37;
-constexpr std::uint8_t tabKey = 23, rightKey = 114;
-constexpr std::uint8_t kKey = 45, jKey = 44, cKey = 54, tKey = 28, wKey = 25, bKey = 56, oKey = 32,
-                       eKey = 26;
-
-constexpr std::uint32_t iconicState = 3;
-
-} // namespace
 
 class PreferencesTest : public DesktopTest
 {
@@ -30,11 +18,8 @@ protected:
     void type(const std::vector<std::uint8_t>& keys) { display().type(keys); }
     xcb_window_t preferences()
     {
-        for (const xcb_window_t window : display().numbers(display().root(), "_NET_CLIENT_LIST")) {
-            if (display().bytes(window, "WM_WINDOW_ROLE") == "preferences")
-                return window;
-        }
-        return XCB_NONE;
+        const auto shown = window(u"preferences"_qs);
+        return shown ? shown->id : XCB_NONE;
     }
     QByteArray title() { return display().bytes(preferences(), "_NET_WM_NAME"); }
     /// Without an icon in a menu, starting the program again is the way to its preferences.
@@ -45,21 +30,13 @@ protected:
         desk().park();
         ASSERT_TRUE(showsNothing());
         m_second = desk().session().start(u"second"_qs, lumbrixBinary());
-        ASSERT_TRUE(waitUntil([this] {
-            return preferences() && display().activeWindow() == preferences();
-        })) << "no preferences window with the focus";
+        ASSERT_TRUE(getsFocus(u"preferences"_qs));
         for (int i = 0; i < 8 && title() != pane; ++i) {
             const QByteArray before = title();
             type({controlKey, tabKey});
             ASSERT_TRUE(waitUntil([&] { return title() != before; }));
         }
         ASSERT_EQ(title(), pane);
-    }
-    /// What is stored, as far as it has been written.
-    QByteArray settings()
-    {
-        QFile file(desk().session().configPath(u"lumbrix/lumbrix.conf"_qs));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     }
     bool stores(const QByteArray& line)
     {
@@ -113,7 +90,6 @@ TEST_P(PreferencesTest, sizeSlider_movedByKeys_showsASampleBesideTheDock)
     EXPECT_EQ(sample.width(), 244);
     EXPECT_LT(sample.bottom(), display().dockArea()->bottom());
     EXPECT_GT(sample.bottom(), display().dockArea()->top() - 120);
-    savePicture("sample");
     EXPECT_TRUE(stores("windowWidth=244"));
     EXPECT_EQ(display().activeWindow(), preferences()) << "the sample took the focus";
     EXPECT_TRUE(showsNothing()) << "the sample stays";
@@ -149,6 +125,34 @@ TEST_P(PreferencesTest, windowCounts_followTheirSettingsAtOnce)
     EXPECT_TRUE(waitUntil([&] { return display().badges().empty(); }, 500));
 }
 
+TEST_P(PreferencesTest, blockAll_chosenWhilePreviewsShow_stopsThemAtOnceAndForGood)
+{
+    const Application& alpha = launch(u"alpha"_qs, 2);
+    const Application& beta = launch(u"beta"_qs, 1);
+    openPreferences("Filters");
+    type({altKey, aKey});
+    ASSERT_TRUE(getsFocus(u"alert"_qs));
+    for (const std::uint8_t key : {aKey, lKey, pKey}) // "Alpha"
+        type({key});
+    type({tabKey});
+    type({endKey}); // "Block all"
+    hover(alpha);
+    ASSERT_TRUE(shows(alpha)) << "the sheet holds the previews up";
+    type({returnKey});
+    EXPECT_TRUE(waitUntil([this] { return display().previews().empty(); }, 400))
+        << "at once, not with the next update";
+    EXPECT_TRUE(waitUntil([this] { return !window(u"alert"_qs); }));
+    EXPECT_TRUE(stores("alpha=3"));
+    EXPECT_TRUE(stores("All applications=2"));
+    hover(beta);
+    EXPECT_TRUE(shows(beta));
+
+    desk().startLumbrixAgain(beta);
+    hover(alpha);
+    EXPECT_TRUE(waitUntil([this] { return display().previews().empty(); }));
+    EXPECT_FALSE(waitUntil([this] { return !display().previews().empty(); }, 1000));
+}
+
 TEST_P(PreferencesTest, hotKey_recorded_worksFromAnyProgramUnseenByIt)
 {
     Application& alpha = launch(u"alpha"_qs, 1);
@@ -180,14 +184,15 @@ TEST_P(PreferencesTest, hotKeysPane_outOfSight_givesTheKeysBack)
     openPreferences("Hotkeys");
     record(keys, cKey);
     ASSERT_TRUE(stores("[closeAllWindowsKey]"));
-    const xcb_window_t window = preferences();
+    const xcb_window_t shown = preferences();
     alpha.activate(alpha.windows().front());
     ASSERT_TRUE(waitUntil([&] { return display().activeWindow() == alpha.windows().front().id; }));
     type(keys);
     type({jKey}); // comes after what the keys have made
     EXPECT_TRUE(waitUntil([&] { return seen(jKey) > 0; }));
     EXPECT_EQ(seen(kKey), 0);
-    display().request(window, "WM_CHANGE_STATE", {iconicState});
+    constexpr std::uint32_t iconic = 3;
+    display().request(shown, "WM_CHANGE_STATE", {iconic});
     EXPECT_TRUE(waitUntil([&] {
         type(keys);
         return seen(kKey) > 0;
@@ -205,7 +210,6 @@ TEST_P(PreferencesTest, keysOfAnotherProgram_recorded_areMarkedAsTaken)
     record({superKey, altKey, jKey});
     EXPECT_TRUE(stores("keyCode=38")) << "not recorded, as the other program had them";
     EXPECT_TRUE(waitUntil([this] { return warns(); }));
-    savePicture("taken");
     xcb_ungrab_key(c, jKey, display().root(), XCB_MOD_MASK_4 | XCB_MOD_MASK_1);
     xcb_flush(c);
     record({superKey, altKey, kKey});

@@ -10,7 +10,6 @@
 #include <QtDBus/QDBusArgument>
 #include <QtDBus/QDBusMessage>
 #include <QtGui/QImage>
-#include <QtGui/QPainter>
 
 #include <cmath>
 #include <unistd.h>
@@ -36,21 +35,6 @@ QByteArray chunk(const char* name, const QByteArray& body)
 bool isInstalled(const char* program)
 {
     return !QStandardPaths::findExecutable(QString::fromLatin1(program)).isEmpty();
-}
-
-/// The sun over the sea, in red.
-void drawCover(const QString& path)
-{
-    QImage cover(400, 400, QImage::Format_RGB32);
-    QPainter painter(&cover);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.fillRect(cover.rect(), QColor(150, 20, 30));
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(QColor(250, 170, 60));
-    painter.drawEllipse(QPoint(200, 200), 110, 110);
-    painter.fillRect(0, 200, 400, 200, QColor(115, 10, 35));
-    painter.end();
-    cover.save(path);
 }
 
 constexpr uid_t nobody = 65534;
@@ -86,7 +70,9 @@ RealPlayer::RealPlayer(Session& session, const QString& name)
 {
     writeSong(m_folder.filePath(u"1.wav"_qs), "Ann", "First Song", 440);
     writeSong(m_folder.filePath(u"2.wav"_qs), "Bob", "Second Song", 330);
-    drawCover(m_folder.filePath(u"cover.png"_qs));
+    QImage cover(400, 400, QImage::Format_RGB32);
+    cover.fill(QColor(150, 20, 30));
+    cover.save(m_folder.filePath(u"cover.png"_qs));
 }
 
 RealPlayer::~RealPlayer()

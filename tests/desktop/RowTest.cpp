@@ -52,11 +52,7 @@ TEST_P(ButtonRowTest, nextButtonOfTheApplication_takesTheRowAlong_andItsWindowIs
         hoverButtonOf(window);
         ASSERT_TRUE(shows(alpha));
         EXPECT_TRUE(marks(window)) << window.title.constData();
-        savePicture(window.title);
-        QRect row;
-        for (const Panel& panel : display().previews())
-            row |= panel.geometry;
-        places.insert(row.center().x());
+        places.insert(row().center().x());
     }
     EXPECT_EQ(places.size(), 2U);
 }
@@ -99,6 +95,53 @@ TEST_P(ButtonRowTest, windowThatTakesAnotherClass_isPreviewedWithItsNewApplicati
     EXPECT_TRUE(marks(window));
 }
 
+TEST_P(RowTest, preview_clicked_bringsItsWindowForward)
+{
+    Application& alpha = launch(u"alpha"_qs, 3);
+    const AppWindow minimised = alpha.windows()[1];
+    const AppWindow elsewhere = alpha.windows()[2];
+    // Pictures of windows that cannot be seen are those from when they could be.
+    hover(alpha);
+    ASSERT_TRUE(shows(alpha));
+    alpha.minimise(minimised);
+    alpha.moveToDesktop(elsewhere, 1);
+    launch(u"beta"_qs, 1);
+    desk().park();
+    ASSERT_TRUE(showsNothing());
+
+    for (const AppWindow& window : alpha.windows()) {
+        hover(alpha);
+        ASSERT_TRUE(shows(alpha)) << "before the click on " << window.title.constData();
+        moveToPreview(window.title);
+        display().click();
+        EXPECT_TRUE(waitUntil([&] { return display().activeWindow() == window.id; }))
+            << window.title.constData();
+        EXPECT_FALSE(alpha.isMinimised(window));
+        EXPECT_EQ(display().currentDesktop(), window.id == elsewhere.id ? 1 : 0);
+        desk().park();
+        EXPECT_TRUE(showsNothing());
+    }
+    display().request(display().root(), "_NET_CURRENT_DESKTOP", {0, 0});
+    EXPECT_TRUE(waitUntil([&] { return display().currentDesktop() == 0; }));
+}
+
+TEST_P(RowTest, preview_hovered_showsItsWindowInFull)
+{
+    Application& alpha = launch(u"alpha"_qs, 1);
+    // Clear of the row.
+    const AppWindow window = alpha.open("alpha apart", Qt::red, {{400, 300}, {420, 380}});
+    launch(u"beta"_qs, 3);
+    hover(alpha);
+    ASSERT_TRUE(shows(alpha));
+    moveToPreview(window.title);
+    const QRect place = display().geometry(window.id).value_or(QRect());
+    EXPECT_TRUE(waitUntil([&] {
+        return this->window(u"zoom"_qs) && portionOf(display().picture(place), window.colour) > 0.2;
+    }));
+    savePicture("zoom");
+    EXPECT_TRUE(shows(alpha));
+}
+
 TEST_P(RowTest, windows_openedChangedAndClosed_areFollowed)
 {
     Application& alpha = launch(u"alpha"_qs, 2);
@@ -118,7 +161,6 @@ TEST_P(RowTest, windows_twenty_showTheFirstFifteen)
     const Application& alpha = launch(u"alpha"_qs, 20);
     hover(alpha);
     ASSERT_TRUE(waitUntil([&] { return display().previews().size() == 15; }));
-    savePicture("fifteen");
     std::set<QByteArray> shown;
     for (const Panel& panel : display().previews()) {
         shown.insert(panel.title);
@@ -164,7 +206,6 @@ TEST_P(RowTest, titles_hostile_areShownAsPlainText)
         EXPECT_LT(shown.front().title.size(), 5000);
         EXPECT_EQ(QString::fromUtf8(shown.front().title).toUtf8(), shown.front().title);
     }
-    savePicture("broken");
 }
 
 } // namespace lumbrix::privatedesk

@@ -30,11 +30,6 @@ class SettingsTest : public DesktopTest
 {
 protected:
     QString path() { return settingsPath(desk().session()); }
-    QByteArray file()
-    {
-        QFile file(path());
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
     /// Starts Lumbrix with this file.
     void startWith(const QByteArray& bytes, const Application& application)
     {
@@ -60,8 +55,8 @@ TEST_P(SettingsTest, file_damaged_isReadAsFarAsItGoesAndKept)
         ASSERT_TRUE(shows(alpha));
         EXPECT_EQ(display().previews().front().geometry.width(), 300);
         EXPECT_TRUE(
-            waitUntil([this] { return file().contains("\nbadgeDockIconsFirstRun=true\n"); }));
-        QByteArray rest = file();
+            waitUntil([this] { return settings().contains("\nbadgeDockIconsFirstRun=true\n"); }));
+        QByteArray rest = settings();
         for (const char* added : {"badgeDockIconsFirstRun=true\n", "badgePosition=3\n",
                                   "badgeDock=1\n", "distanceFromDock=33\n", "previewStyle=1\n",
                                   "shouldBubbleWrap=1\n", "shouldShowCal=1\n"})
@@ -92,7 +87,7 @@ TEST_P(SettingsTest, values_ofWrongTypes_harmNobody)
             bytes += '[' + QByteArray(key) + "]\nkeyCode=" + value + "\nmodifiers=" + value + '\n';
         startWith(bytes, alpha);
         EXPECT_TRUE(waitUntil([this] { return !display().previews().empty(); }));
-        EXPECT_EQ(file(), bytes) << "starting changes no setting";
+        EXPECT_EQ(settings(), bytes) << "starting changes no setting";
         EXPECT_EQ(desk().complaints().toStdString(), "");
     }
 }

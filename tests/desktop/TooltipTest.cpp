@@ -45,7 +45,6 @@ TEST_P(TooltipTest, tooltip_ofTheDock_isOutOfTheWayOfPreviews_andInItsPlaceWitho
         hover(alpha);
         ASSERT_TRUE(shows(alpha));
         EXPECT_TRUE(waitUntil([&] { return tooltip() && !screen.intersects(*tooltip()); }));
-        savePicture("previews");
         desk().park();
         EXPECT_TRUE(waitUntil([&] { return !tooltip() && place() == home; }))
             << "the dock does not find it where it left it";

@@ -42,12 +42,10 @@ TEST_P(TwoDocksTest, buttonAndIcon_hoveredInTurn_showTheSameWindows)
     for (int i = 0; i < 2; ++i) {
         hoverButton(0);
         ASSERT_TRUE(shows(alpha));
-        savePicture("button");
         hoverButton(1);
         ASSERT_TRUE(shows(beta));
         hover(alpha);
         ASSERT_TRUE(shows(alpha));
-        savePicture("icon");
         hover(beta);
         ASSERT_TRUE(shows(beta));
     }
@@ -67,11 +65,49 @@ TEST_P(TwoDocksTest, buttonAndIcon_hoveredInTurn_showTheSameWindows)
     beta.destroy(beta.windows().front());
     hoverButton(1);
     EXPECT_TRUE(shows(gamma)) << "the buttons have moved up";
-    savePicture("moved");
     hover(gamma);
     EXPECT_TRUE(shows(gamma));
     hoverButton(2);
     EXPECT_TRUE(showsNothing()) << "there is no button any more";
+}
+
+/// A Plank with two docks, one at the bottom and one on the left.
+class SecondDockTest : public DesktopTest
+{
+};
+
+INSTANTIATE_TEST_SUITE_P(, SecondDockTest,
+                         testing::Values(DeskOptions{
+                             .name = "plank_twice", .session = {}, .secondEdge = Edge::Left}),
+                         deskName);
+
+TEST_P(SecondDockTest, icons_ofBothDocks_haveTheirPreviewsAndCountsBesideThem)
+{
+    desk().startLumbrix({{u"badgeDock"_qs, u"1"_qs}});
+    const Application& alpha = launch(u"alpha"_qs, 2);
+    const auto below = desk().iconOf(alpha);
+    const auto left = desk().iconOnSecondDock(alpha);
+    ASSERT_TRUE(below && left);
+    const auto isCounted = [&](QPoint icon) {
+        return std::ranges::any_of(display().badges(), [&](const Panel& badge) {
+            return QRect(icon - QPoint(36, 36), QSize(72, 72)).contains(badge.geometry.center());
+        });
+    };
+    EXPECT_TRUE(waitUntil([&] { return isCounted(*below) && isCounted(*left); }));
+    for (int round = 0; round < 2; ++round) {
+        display().moveTo(*below);
+        EXPECT_TRUE(waitUntil([&] {
+            return row().bottom() < below->y() && row().left() < below->x() &&
+                   below->x() < row().right() && row().width() > row().height();
+        }));
+        EXPECT_TRUE(shows(alpha));
+        display().moveTo(*left);
+        EXPECT_TRUE(waitUntil([&] {
+            return row().left() > left->x() && row().top() < left->y() &&
+                   left->y() < row().bottom() && row().height() > row().width();
+        }));
+        EXPECT_TRUE(shows(alpha));
+    }
 }
 
 } // namespace lumbrix::privatedesk

@@ -10,7 +10,6 @@
 
 #include <xcb/record.h>
 #include <xcb/xcbext.h>
-#include <xcb/xtest.h>
 
 #include <algorithm>
 #include <cstdlib>
@@ -47,23 +46,7 @@ public:
         });
     }
 
-    void fake(std::uint8_t type, std::uint8_t keycode)
-    {
-        xcb_test_fake_input(desk.display().connection(), type, keycode, XCB_CURRENT_TIME,
-                            desk.display().root(), 0, 0, 0);
-        xcb_flush(desk.display().connection());
-    }
-    void type(std::uint8_t keycode)
-    {
-        fake(XCB_KEY_PRESS, keycode);
-        fake(XCB_KEY_RELEASE, keycode);
-    }
-    void typeWith(std::uint8_t modifier, std::uint8_t keycode)
-    {
-        fake(XCB_KEY_PRESS, modifier);
-        type(keycode);
-        fake(XCB_KEY_RELEASE, modifier);
-    }
+    Display& display() { return desk.display(); }
     /// The event thread has done what it was asked before: it does so in the pass in which it sees
     /// a new window at the latest. That pass may go on to see what comes at once, but is over when
     /// it has seen several, one after the other.
@@ -79,7 +62,7 @@ public:
         EXPECT_TRUE(desk.waitFor([&] {
             // Asked again, as the window manager may still be at finding an heir for it.
             m_application.activate(m_application.windows().front());
-            xcb_connection_t* c = desk.display().connection();
+            xcb_connection_t* c = display().connection();
             const std::unique_ptr<xcb_get_input_focus_reply_t, decltype(&std::free)> reply(
                 xcb_get_input_focus_reply(c, xcb_get_input_focus(c), nullptr), &std::free);
             return reply && reply->focus == window;
@@ -108,9 +91,9 @@ public:
     /// Another program asks for the key with Super: whether it gets it.
     bool canBeTaken(std::uint8_t keycode)
     {
-        xcb_connection_t* c = desk.display().connection();
+        xcb_connection_t* c = display().connection();
         const Event error(reinterpret_cast<xcb_generic_event_t*>(xcb_request_check(
-            c, xcb_grab_key_checked(c, 0, desk.display().root(), XCB_MOD_MASK_4, keycode,
+            c, xcb_grab_key_checked(c, 0, display().root(), XCB_MOD_MASK_4, keycode,
                                     XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC))));
         return !error;
     }
@@ -125,9 +108,9 @@ public:
     }
     void giveBack(std::uint8_t keycode)
     {
-        xcb_connection_t* c = desk.display().connection();
+        xcb_connection_t* c = display().connection();
         const Event error(reinterpret_cast<xcb_generic_event_t*>(xcb_request_check(
-            c, xcb_ungrab_key_checked(c, keycode, desk.display().root(), XCB_MOD_MASK_4))));
+            c, xcb_ungrab_key_checked(c, keycode, display().root(), XCB_MOD_MASK_4))));
         EXPECT_FALSE(error);
     }
     void run(const QString& program, const QStringList& arguments)
@@ -147,9 +130,9 @@ private:
 class PressCounter
 {
 public:
-    explicit PressCounter(const Session& session)
-        : m_control(xcb_connect(displayName(session).constData(), nullptr)),
-          m_data(xcb_connect(displayName(session).constData(), nullptr))
+    explicit PressCounter(const Display& display)
+        : m_control(xcb_connect(display.name().constData(), nullptr)),
+          m_data(xcb_connect(display.name().constData(), nullptr))
     {
         xcb_record_range_t presses{};
         presses.device_events = {XCB_KEY_PRESS, XCB_KEY_PRESS};
@@ -195,31 +178,31 @@ TEST(Keys, wantedKey_isSwallowedWholeInEveryStateOfTheLocks)
     std::size_t events = 0;
     for (const std::uint8_t lock : {std::uint8_t{0}, kNumLock, kCapsLock}) {
         if (lock)
-            keys.type(lock);
-        keys.typeWith(kSuper, kTwo);
+            keys.display().type({lock});
+        keys.display().type({kSuper, kTwo});
         events += 2;
         ASSERT_TRUE(keys.sees(events)) << "lock " << int{lock} << ", saw " << keys.seen.size();
         EXPECT_EQ(keys.seen[events - 2].type, TapEvent::Type::KeyDown);
         EXPECT_EQ(keys.seen[events - 1].type, TapEvent::Type::KeyUp);
         EXPECT_EQ(keys.seen[events - 1].key, two);
     }
-    keys.type(kNumLock);
-    keys.type(kCapsLock);
+    keys.display().type({kNumLock});
+    keys.display().type({kCapsLock});
 
     // Neither other keys nor other modifiers are touched.
-    keys.typeWith(kSuper, kThree);
+    keys.display().type({kSuper, kThree});
     EXPECT_TRUE(keys.programSees(kThree, 2));
-    keys.typeWith(kShift, kTwo);
+    keys.display().type({kShift, kTwo});
     EXPECT_TRUE(keys.programSees(kTwo, 2));
     // A key that is given back while it is down leaves no half of it to the program.
-    keys.fake(XCB_KEY_PRESS, kSuper);
-    keys.fake(XCB_KEY_PRESS, kTwo);
+    keys.display().holdKey(kSuper);
+    keys.display().holdKey(kTwo);
     EXPECT_TRUE(keys.sees(events + 1));
     keys.tap->setEnabled(false);
     keys.settle();
-    keys.fake(XCB_KEY_RELEASE, kTwo);
-    keys.fake(XCB_KEY_RELEASE, kSuper);
-    keys.typeWith(kShift, kTwo);
+    keys.display().letGoOfKey(kTwo);
+    keys.display().letGoOfKey(kSuper);
+    keys.display().type({kShift, kTwo});
     EXPECT_TRUE(keys.programSees(kTwo, 4));
     EXPECT_TRUE(keys.comesFree(kTwo));
     keys.giveBack(kTwo);
@@ -230,20 +213,20 @@ TEST(Keys, heldKey_isPressedOnce)
     KeyDesk keys;
     keys.run(u"xset"_qs, {u"r"_qs, u"rate"_qs, u"50"_qs, u"100"_qs});
     keys.want({two, three});
-    PressCounter counter(keys.desk.session());
+    PressCounter counter(keys.display());
     ASSERT_TRUE(keys.desk.waitFor([&] { return counter.presses() == 0; }));
-    keys.fake(XCB_KEY_PRESS, kSuper);
-    keys.fake(XCB_KEY_PRESS, kTwo);
+    keys.display().holdKey(kSuper);
+    keys.display().holdKey(kTwo);
     EXPECT_TRUE(keys.desk.waitFor([&] { return counter.presses() > 10; }));
-    keys.fake(XCB_KEY_RELEASE, kTwo);
-    keys.type(kThree); // comes after all that the repeats have made
+    keys.display().letGoOfKey(kTwo);
+    keys.display().type({kThree}); // comes after all that the repeats have made
     ASSERT_TRUE(keys.sees(4)) << "saw " << keys.seen.size();
     EXPECT_EQ(keys.seen.at(1).type, TapEvent::Type::KeyUp);
     EXPECT_EQ(keys.seen.at(2).key, three);
     // Programs can type so fast that a release and the next press are of the same moment, too.
     for (int i = 0; i < 20; ++i)
-        keys.type(kTwo);
-    keys.fake(XCB_KEY_RELEASE, kSuper);
+        keys.display().type({kTwo});
+    keys.display().letGoOfKey(kSuper);
     EXPECT_TRUE(keys.sees(44));
     keys.run(u"xset"_qs, {u"r"_qs, u"rate"_qs});
 }
@@ -307,13 +290,13 @@ TEST(Keys, keyboardLayout_changed_isFollowed)
     EXPECT_EQ(layout.charactersOfKey(33), u"^"_qs) << "a dead key";
     EXPECT_NE(layout.currentLayout(), before);
     keys.settle();
-    keys.typeWith(kSuper, kTwo);
+    keys.display().type({kSuper, kTwo});
     EXPECT_TRUE(keys.sees(2));
 
     // A keyboard that numbers its keys differently: the places of 2 and 3 change numbers.
     const QTemporaryDir folder;
     const QString path = folder.filePath(u"map.xkb"_qs);
-    const QString server = QString::fromLatin1(keys.desk.display().name());
+    const QString server = QString::fromLatin1(keys.display().name());
     keys.run(u"setxkbmap"_qs, {u"us,de"_qs, u"-option"_qs, u"grp:caps_toggle"_qs});
     keys.run(u"xkbcomp"_qs, {server, path});
     QFile file(path);
@@ -331,16 +314,16 @@ TEST(Keys, keyboardLayout_changed_isFollowed)
     keys.giveBack(kTwo);
     keys.settle();
     keys.seen.clear();
-    keys.typeWith(kSuper, 12);
+    keys.display().type({kSuper, 12});
     EXPECT_TRUE(keys.sees(2));
 
     // Another of the user's layouts, chosen by a key.
     EXPECT_EQ(layout.charactersOfKey(16), u"y"_qs);
-    keys.type(kCapsLock);
+    keys.display().type({kCapsLock});
     EXPECT_TRUE(keys.desk.waitFor([&] { return layout.charactersOfKey(16) == u"z"_qs; }));
-    keys.typeWith(kSuper, 12);
+    keys.display().type({kSuper, 12});
     EXPECT_TRUE(keys.sees(4)) << "the same place in another layout";
-    keys.type(kCapsLock);
+    keys.display().type({kCapsLock});
     keys.run(u"setxkbmap"_qs, {u"us"_qs, u"-option"_qs, QString()});
 }
 

@@ -166,7 +166,6 @@ TEST(Pictures, compositorComingAndGoing_keepsPicturesLive)
 {
     // Its window manager is replaced: a session of its own.
     Session session({{1280, 1024}, WindowManager::Openbox, false});
-    waitForManager(session);
     X11Desk desk(session);
     Application app(desk.session(), u"alpha"_qs);
     const AppWindow window = app.open("through changes", Qt::red);

@@ -17,16 +17,6 @@ namespace
 
 const SessionOptions kPlain{{1280, 1024}, WindowManager::Xfwm4, false};
 
-/// After so many milliseconds, which the server waits.
-void fake(Display& display, std::uint8_t type, std::uint8_t detail, QPoint position = {},
-          std::uint32_t delay = 0)
-{
-    xcb_test_fake_input(display.connection(), type, detail, delay, display.root(),
-                        static_cast<std::int16_t>(position.x()),
-                        static_cast<std::int16_t>(position.y()), 0);
-    xcb_flush(display.connection());
-}
-
 void warp(Display& display, QPoint position)
 {
     xcb_warp_pointer(display.connection(), XCB_NONE, display.root(), 0, 0, 0, 0,
@@ -46,9 +36,9 @@ TEST(Pointer, movedOrWarped_isNoticedOnceAndNotWhileStill)
         desk.waitForWindow(dock.id(), [](const TrackedWindow& w) { return w.isMapped; });
     const auto isAt = [&](QPoint position, xcb_window_t child) {
         return desk.waitFor(
-            [&] { return desk.recorder().lastPosition() == std::pair(position, child); });
+            [&] { return desk.recorder().heard().position == std::pair(position, child); });
     };
-    fake(display, XCB_MOTION_NOTIFY, 0, {600, 500});
+    display.moveTo({600, 500});
     EXPECT_TRUE(isAt({600, 500}, XCB_NONE));
     // Warps make no raw motion.
     warp(display, {300, 1000});
@@ -64,12 +54,10 @@ TEST(Pointer, movedOrWarped_isNoticedOnceAndNotWhileStill)
     desk.waitForWindow(dock.id(), [](const TrackedWindow& w) { return w.title == u"still"_qs; });
     EXPECT_EQ(desk.recorder().moved, moved);
 
-    for (const std::uint8_t button : {1, 3, 5}) { // the last one is the wheel
-        fake(display, XCB_BUTTON_PRESS, button);
-        fake(display, XCB_BUTTON_RELEASE, button);
-    }
+    for (const int button : {1, 3, 5}) // the last one is the wheel
+        display.click(button);
     const std::vector<int> expected{1, 3};
-    EXPECT_TRUE(desk.waitFor([&] { return desk.recorder().buttons() == expected; }));
+    EXPECT_TRUE(desk.waitFor([&] { return desk.recorder().heard().buttons == expected; }));
 }
 
 TEST(Pointer, buttonsKeysAndPlace_areToldInPortTerms)
@@ -77,7 +65,7 @@ TEST(Pointer, buttonsKeysAndPlace_areToldInPortTerms)
     X11Desk desk(kPlain);
     Display& display = desk.display();
     InputState& input = desk.core().inputState();
-    fake(display, XCB_MOTION_NOTIFY, 0, {600, 500});
+    display.moveTo({600, 500});
     EXPECT_TRUE(desk.waitFor([&] { return input.mouseLocation() == QPointF(600, 1024 - 500.5); }));
 
     struct Key {
@@ -87,15 +75,15 @@ TEST(Pointer, buttonsKeysAndPlace_areToldInPortTerms)
     // Shift_L, Control_L, Alt_L, Super_L on the server's keyboard.
     for (const Key key : {Key{50, ModifierFlag::Shift}, Key{37, ModifierFlag::Control},
                           Key{64, ModifierFlag::Option}, Key{133, ModifierFlag::Command}}) {
-        fake(display, XCB_KEY_PRESS, key.code);
+        display.holdKey(key.code);
         EXPECT_TRUE(desk.waitFor([&] { return input.modifierFlags() == key.flag; }));
-        fake(display, XCB_KEY_RELEASE, key.code);
+        display.letGoOfKey(key.code);
     }
     EXPECT_TRUE(desk.waitFor([&] { return input.modifierFlags() == 0; }));
     for (const auto& [button, bit] : {std::pair(1, 1U), std::pair(2, 4U), std::pair(3, 2U)}) {
-        fake(display, XCB_BUTTON_PRESS, static_cast<std::uint8_t>(button));
+        display.press(button);
         EXPECT_TRUE(desk.waitFor([&] { return input.pressedMouseButtons() == bit; }));
-        fake(display, XCB_BUTTON_RELEASE, static_cast<std::uint8_t>(button));
+        display.release(button);
     }
 }
 
@@ -106,31 +94,34 @@ TEST(Keys, heardWithAltOrSuperAlone_sayWhichWasHeldDown)
     constexpr std::uint8_t alt = 64, tab = 23;
     constexpr std::int64_t altKey = 0xffe9, tabKey = 0xff09;
     const auto press = [&](std::uint8_t key, std::uint32_t heldFor = 0) {
-        fake(display, XCB_KEY_PRESS, key);
-        fake(display, XCB_KEY_RELEASE, key, {}, heldFor);
+        display.holdKey(key);
+        // After so many milliseconds, which the server waits.
+        xcb_test_fake_input(display.connection(), XCB_KEY_RELEASE, key, heldFor, display.root(), 0,
+                            0, 0);
+        xcb_flush(display.connection());
     };
     desk.core().hearKeys(KeyHearing::WithModifier);
     ASSERT_TRUE(desk.waitFor([&] {
         press(alt); // until it is heard
-        return !desk.recorder().keys().empty();
+        return !desk.recorder().heard().keys.empty();
     }));
     press(tab); // what people write
-    fake(display, XCB_KEY_PRESS, alt);
+    display.holdKey(alt);
     press(tab);
     press(tab, 400);
-    fake(display, XCB_KEY_RELEASE, alt);
+    display.letGoOfKey(alt);
     press(tab);
     press(alt);
     const auto lastKeys = [&](std::size_t count) {
-        const auto keys = desk.recorder().keys();
+        const auto keys = desk.recorder().heard().keys;
         return std::vector(keys.end() - std::min<std::ptrdiff_t>(count, keys.size()), keys.end());
     };
     const std::vector expected{altKey, altKey, tabKey, tabKey, -tabKey, altKey};
     EXPECT_TRUE(desk.waitFor([&] { return lastKeys(expected.size()) == expected; }))
-        << testing::PrintToString(desk.recorder().keys());
+        << testing::PrintToString(desk.recorder().heard().keys);
 
     // A key and what comes of it are read at once by whom the key before has kept busy.
-    const std::size_t before = desk.recorder().keys().size();
+    const std::size_t before = desk.recorder().heard().keys.size();
     {
         const auto busy = desk.recorder().keepBusy();
         press(alt);
@@ -142,7 +133,7 @@ TEST(Keys, heardWithAltOrSuperAlone_sayWhichWasHeldDown)
         display.activeWindow();
     }
     ASSERT_TRUE(desk.waitFor([&] {
-        return desk.recorder().keys().size() == before + 2 &&
+        return desk.recorder().heard().keys.size() == before + 2 &&
                desk.recorder().keysBeforeManager > before;
     }));
     EXPECT_EQ(desk.recorder().keysBeforeManager, before + 2);
@@ -174,7 +165,7 @@ TEST(Screens, mainScreen_isTheOneWithTheDock)
     EXPECT_TRUE(hasScreen({-640, 0, 640, 1024}));
     EXPECT_EQ(server.toolkitOffset({0, 0, 50, 50}), QPointF(640, 0));
     EXPECT_TRUE(desk.waitFor([&] { return desk.recorder().screenChanges > changes; }));
-    fake(display, XCB_MOTION_NOTIFY, 0, {700, 1000});
+    display.moveTo({700, 1000});
     EXPECT_TRUE(desk.waitFor(
         [&] { return desk.core().inputState().mouseLocation() == QPointF(60, 23.5); }));
 

@@ -18,9 +18,9 @@ TEST(DecodeText, brokenText_givesValidTextOfLimitedLength)
     EXPECT_EQ(utf8("gr\xc3\xbc\xc3\x9f"), QString::fromUtf8("gr\xc3\xbc\xc3\x9f"));
     EXPECT_EQ(utf8("a\xff"
                    "b"),
-              QStringLiteral("a") + replacement + QStringLiteral("b"));
-    EXPECT_EQ(utf8(QByteArray("title\0rest", 10)), QStringLiteral("title"));
-    EXPECT_EQ(utf8("cut\xe2\x82"), QStringLiteral("cut")); // by the fetched length
+              u"a"_qs + replacement + u"b"_qs);
+    EXPECT_EQ(utf8(QByteArray("title\0rest", 10)), u"title"_qs);
+    EXPECT_EQ(utf8("cut\xe2\x82"), u"cut"_qs); // by the fetched length
     EXPECT_TRUE(utf8(QByteArray(8, '\x80')).contains(replacement));
 
     EXPECT_EQ(utf8(QByteArray(100000, 'x')).size(), kMaxTitleLength);

@@ -239,7 +239,7 @@ TEST(Tracker, docksDesktopsAndPopups_areToldApart)
     menu.setType("_NET_WM_WINDOW_TYPE_POPUP_MENU");
     menu.map();
     EXPECT_TRUE(desk.waitFor([&] {
-        const auto popup = desk.recorder().lastPopup();
+        const auto popup = desk.recorder().heard().popup;
         return popup && popup->id == menu.id() && popup->kind == PopupMapped::Kind::Menu &&
                popup->pid == static_cast<std::int32_t>(getpid());
     }));
@@ -257,12 +257,11 @@ TEST(Core, lostServer_isReportedAndNothingBlocks)
 {
     // A session of its own, as it does not outlive the test.
     auto session = std::make_unique<Session>(SessionOptions{{640, 480}, WindowManager::Openbox});
-    waitForManager(*session);
     QtRunLoop runLoop;
     std::promise<void> lost;
     QString error;
     const auto core = X11Core::create(
-        runLoop, {1.0, displayName(*session).toStdString()}, [&] { lost.set_value(); }, error);
+        runLoop, {1.0, session->display().name().toStdString()}, [&] { lost.set_value(); }, error);
     ASSERT_TRUE(core) << qPrintable(error);
     core->start();
     RawWindow raw(*session, {50, 60, 200, 100});

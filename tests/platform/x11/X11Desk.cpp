@@ -39,102 +39,52 @@ void Recorder::windowRemoved(const TrackedWindowPtr& last)
 void Recorder::popupMapped(const PopupMapped& popup)
 {
     const std::lock_guard lock(m_mutex);
-    m_popup = popup;
+    m_heard.popup = popup;
 }
 
 void Recorder::pointerMoved(QPoint position, xcb_window_t childOfRoot)
 {
     const std::lock_guard lock(m_mutex);
-    m_position = {position, childOfRoot};
+    m_heard.position = {position, childOfRoot};
     ++moved;
 }
 
 void Recorder::keyPressed(xcb_keysym_t key, bool)
 {
     const std::lock_guard lock(m_mutex);
-    m_keys.push_back(key);
+    m_heard.keys.push_back(key);
 }
 
 void Recorder::keyRepeated(xcb_keysym_t key)
 {
     const std::lock_guard lock(m_mutex);
-    m_keys.push_back(-std::int64_t{key});
+    m_heard.keys.push_back(-std::int64_t{key});
 }
 
-void Recorder::managerChanged(const Manager&) { keysBeforeManager = keys().size(); }
-
-std::vector<std::int64_t> Recorder::keys() const
-{
-    const std::lock_guard lock(m_mutex);
-    return m_keys;
-}
+void Recorder::managerChanged(const Manager&) { keysBeforeManager = heard().keys.size(); }
 
 void Recorder::buttonPressed(int button, QPoint)
 {
     const std::lock_guard lock(m_mutex);
-    m_buttons.push_back(button);
-}
-
-std::optional<PopupMapped> Recorder::lastPopup() const
-{
-    const std::lock_guard lock(m_mutex);
-    return m_popup;
-}
-
-std::pair<QPoint, xcb_window_t> Recorder::lastPosition() const
-{
-    const std::lock_guard lock(m_mutex);
-    return m_position;
-}
-
-std::vector<int> Recorder::buttons() const
-{
-    const std::lock_guard lock(m_mutex);
-    return m_buttons;
-}
-
-QByteArray displayName(const Session& session)
-{
-    for (const QString& variable : session.environment()) {
-        if (variable.startsWith(u"DISPLAY="_qs))
-            return variable.mid(8).toLatin1();
-    }
-    return {};
+    m_heard.buttons.push_back(button);
 }
 
 Session& sharedSession(const SessionOptions& options)
 {
     static std::map<std::pair<WindowManager, bool>, std::unique_ptr<Session>> sessions;
     auto& session = sessions[{options.windowManager, options.compositor}];
-    if (!session) {
+    if (!session)
         session = std::make_unique<Session>(options);
-        waitForManager(*session);
-    }
     return *session;
-}
-
-void waitForManager(Session& session)
-{
-    Display& display = session.display();
-    bool isManaged = false;
-    for (int attempt = 0; !isManaged; ++attempt) {
-        if (attempt == 50)
-            qFatal("no window manager has come:\n%s", qPrintable(session.logs()));
-        RawWindow probe(session, {0, 0, 10, 10});
-        probe.map();
-        isManaged = display.waitFor(
-            [&] { return !display.numbers(display.root(), "_NET_CLIENT_LIST").empty(); },
-            patience(200));
-    }
 }
 
 X11Desk::X11Desk(Session& session) : m_session(session)
 {
     X11CoreOptions coreOptions;
-    coreOptions.displayName = displayName(m_session).toStdString();
+    coreOptions.displayName = display().name().toStdString();
     // The wheel over the bare desktop, for one, has other desktops shown.
     display().request(display().root(), "_NET_CURRENT_DESKTOP", {0, 0});
-    display().waitFor([this] { return display().currentDesktop() == 0; }, patience(2000));
+    display().waitFor([this] { return display().currentDesktop() == 0; });
     QString error;
     m_core = X11Core::create(
         m_runLoop, coreOptions, [this] { m_isConnectionLost = true; }, error);
@@ -152,7 +102,7 @@ X11Desk::~X11Desk()
 
 bool X11Desk::waitFor(const std::function<bool()>& condition)
 {
-    return display().waitFor(condition, patience(5000));
+    return display().waitFor(condition);
 }
 
 TrackedWindowPtr X11Desk::waitForWindow(xcb_window_t id,
@@ -191,7 +141,7 @@ QColor X11Desk::capturedColour(const AppWindow& window)
 
 RawWindow::RawWindow(Session& session, const QRect& rect, bool isOverrideRedirect)
     : m_display(session.display()),
-      m_connection(xcb_connect(displayName(session).constData(), nullptr)),
+      m_connection(xcb_connect(m_display.name().constData(), nullptr)),
       m_id(xcb_generate_id(m_connection))
 {
     const std::uint32_t values[] = {0xffffff, isOverrideRedirect ? 1U : 0U};

@@ -50,11 +50,17 @@ public:
 
     std::atomic<int> added = 0, changed = 0, removed = 0, moved = 0, screenChanges = 0;
     std::atomic<bool> isConsistent = true; ///< every `before` was the `after` last told
-    std::optional<PopupMapped> lastPopup() const;
-    std::pair<QPoint, xcb_window_t> lastPosition() const;
-    std::vector<int> buttons() const;
-    /// Pressed ones, and negated those that were held down.
-    std::vector<std::int64_t> keys() const;
+    struct Heard {
+        std::optional<PopupMapped> popup{};         ///< the last one
+        std::pair<QPoint, xcb_window_t> position{}; ///< the last one, and what is there
+        std::vector<int> buttons{};
+        std::vector<std::int64_t> keys{}; ///< pressed ones, and negated those that were held down
+    };
+    Heard heard() const
+    {
+        const std::lock_guard lock(m_mutex);
+        return m_heard;
+    }
     /// How many of those came before the window manager changed last.
     std::atomic<std::size_t> keysBeforeManager = 0;
     /// The next key is told only when the lock is let go.
@@ -63,16 +69,8 @@ public:
 private:
     mutable std::mutex m_mutex;
     std::map<xcb_window_t, TrackedWindowPtr> m_known;
-    std::optional<PopupMapped> m_popup;
-    std::pair<QPoint, xcb_window_t> m_position;
-    std::vector<int> m_buttons;
-    std::vector<std::int64_t> m_keys;
+    Heard m_heard;
 };
-
-QByteArray displayName(const Session& session);
-
-/// Openbox announces itself before it manages windows, and never manages one mapped in between.
-void waitForManager(Session& session);
 
 /// The session, shared by all tests with the same options.
 Session& sharedSession(const SessionOptions& options);
