@@ -10,8 +10,8 @@ namespace lumbrix::platform
 {
 
 /// Any thread, but not the main one. The picture in a file of another program, fitted into the
-/// middle of a square of so many pixels; null when it cannot be read, is larger than any icon, is of
-/// a format that icons do not have, or needs other files.
+/// middle of a square of so many pixels; null when it cannot be read, is larger than any icon, is
+/// of a format that icons do not have, or needs other files.
 QImage readIconFile(const QString& path, int pixels);
 
 } // namespace lumbrix::platform
