@@ -10,6 +10,7 @@
 
 #include "platform/ApplicationBundle.h"
 #include "platform/Desktop.h"
+#include "platform/StringLiterals.h"
 #include "preview/NamedImage.h"
 
 namespace lumbrix
@@ -27,7 +28,7 @@ AboutWindow::AboutWindow()
     : QDialog(nullptr, Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                            Qt::WindowMinimizeButtonHint | Qt::WindowCloseButtonHint)
 {
-    setWindowRole(QStringLiteral("about"));
+    setWindowRole(u"about"_s);
     setWindowTitle(tr("About Lumbrix"));
     setAttribute(Qt::WA_QuitOnClose, false);
 
@@ -45,9 +46,9 @@ AboutWindow::AboutWindow()
     };
 
     auto* icon = new QLabel(this);
-    icon->setPixmap(namedPixmap(QStringLiteral("lumbrix"), iconSize, devicePixelRatioF()));
+    icon->setPixmap(namedPixmap(u"lumbrix"_s, iconSize, devicePixelRatioF()));
     layout->addWidget(icon, 0, Qt::AlignHCenter);
-    QLabel* name = addText(QStringLiteral("Lumbrix"));
+    QLabel* name = addText(u"Lumbrix"_s);
     QFont large = name->font();
     large.setBold(true);
     large.setPointSizeF(large.pointSizeF() * 1.6);

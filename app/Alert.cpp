@@ -11,6 +11,7 @@
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QPushButton>
 
+#include "platform/StringLiterals.h"
 #include "preview/NamedImage.h"
 
 namespace lumbrix
@@ -45,26 +46,26 @@ public:
 
 private:
     QGridLayout* m_layout;
-    int m_lastAnswer = Alert::FirstButtonReturn;
+    int m_lastAnswer = Alert::firstButtonReturn;
 };
 
 AlertPanel::AlertPanel(const QString& title, const QString& text, const QStringList& buttons)
     : m_layout(new QGridLayout(this))
 {
-    setObjectName(QStringLiteral("alert"));
-    setWindowRole(QStringLiteral("alert"));
-    setWindowTitle(QStringLiteral("Lumbrix"));
+    setObjectName(u"alert"_s);
+    setWindowRole(u"alert"_s);
+    setWindowTitle(u"Lumbrix"_s);
     setAttribute(Qt::WA_QuitOnClose, false);
 
     auto* icon = new QLabel(this);
-    icon->setPixmap(namedPixmap(QStringLiteral("lumbrix"), iconSize, devicePixelRatioF()));
+    icon->setPixmap(namedPixmap(u"lumbrix"_s, iconSize, devicePixelRatioF()));
     QLabel* message = makeText(title, this);
-    message->setObjectName(QStringLiteral("messageText"));
+    message->setObjectName(u"messageText"_s);
     QFont bold = message->font();
     bold.setBold(true);
     message->setFont(bold);
     QLabel* informative = makeText(text, this);
-    informative->setObjectName(QStringLiteral("informativeText"));
+    informative->setObjectName(u"informativeText"_s);
 
     // The first button, the one for Return, is at the end of the row.
     auto* row = new QHBoxLayout;
@@ -72,7 +73,7 @@ AlertPanel::AlertPanel(const QString& title, const QString& text, const QStringL
     row->addStretch();
     for (int i = 0; i < buttons.size(); ++i) {
         auto* button = new QPushButton(buttons[i], this);
-        m_lastAnswer = Alert::FirstButtonReturn + i;
+        m_lastAnswer = Alert::firstButtonReturn + i;
         button->setDefault(i == 0);
         connect(button, &QPushButton::clicked, this,
                 [this, answer = m_lastAnswer] { done(answer); });

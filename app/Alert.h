@@ -24,8 +24,8 @@ class AlertPanel;
 class Alert
 {
 public:
-    static constexpr int FirstButtonReturn = 1000;
-    static constexpr int SecondButtonReturn = 1001;
+    static constexpr int firstButtonReturn = 1000;
+    static constexpr int secondButtonReturn = 1001;
 
     /// Texts are plain ones; empty lines in `text` separate paragraphs.
     Alert(const QString& title, const QString& text, const QStringList& buttons);

@@ -23,10 +23,9 @@ QString key(const char* name) { return QString::fromLatin1(name); }
 
 void seed(UserDefaults& defaults, FirstStored when)
 {
-    for (const SettingRow& row : settingsTable()) {
+    for (const SettingRow& row : settingsTable())
         if (row.stored == when)
             defaults.setInteger(row.first, key(row.key));
-    }
 }
 
 /// A changed place or rule is seen at once; a changed size comes by its own action.
@@ -80,12 +79,11 @@ std::int32_t integerSetting(const UserDefaults& defaults, const QString& name)
 
 void mirrorEngineSettings(const UserDefaults& defaults, EngineSettings& settings)
 {
-    for (const SettingRow& row : settingsTable()) {
+    for (const SettingRow& row : settingsTable())
         if (const auto* integer = std::get_if<Setting<std::int32_t> EngineSettings::*>(&row.field))
             settings.*(*integer) = integerSetting(defaults, key(row.key));
         else if (const auto* number = std::get_if<Setting<float> EngineSettings::*>(&row.field))
             settings.*(*number) = defaults.floatForKey(key(row.key));
-    }
 }
 
 void mirrorSettings(const UserDefaults& defaults, LXHandler& handler)

@@ -6,11 +6,13 @@
 
 #include <QtCore/QString>
 
+#include "platform/StringLiterals.h"
+
 namespace lumbrix::HotKeyIdentifier
 {
 
-inline const QString CloseAllWindows = QStringLiteral("closeAllWindowsKey");
-inline const QString EnableDisable = QStringLiteral("enableDisableKey");
-inline const QString HideAllPreviews = QStringLiteral("hideAllPreviewsKey");
+inline const QString CloseAllWindows = u"closeAllWindowsKey"_s;
+inline const QString EnableDisable = u"enableDisableKey"_s;
+inline const QString HideAllPreviews = u"hideAllPreviewsKey"_s;
 
 } // namespace lumbrix::HotKeyIdentifier

@@ -22,6 +22,7 @@
 #include "platform/ApplicationBundle.h"
 #include "platform/Desktop.h"
 #include "platform/LoginItems.h"
+#include "platform/StringLiterals.h"
 #include "platform/UserDefaults.h"
 
 namespace lumbrix
@@ -32,7 +33,7 @@ platform::UserDefaults& defaults() { return platform::desktop().userDefaults; }
 
 WindowCountBadger& badger() { return *LXHandler::sharedHandler().companions().windowCountBadger; }
 
-float storedBadgeSizeExtra() { return defaults().floatForKey(QStringLiteral("badgeSizeExtra")); }
+float storedBadgeSizeExtra() { return defaults().floatForKey(u"badgeSizeExtra"_s); }
 } // namespace
 
 LumbrixController::LumbrixController() : m_hotKeyCenter(std::make_shared<SGHotKeyCenter>())
@@ -155,7 +156,7 @@ void LumbrixController::updateDelayLabels()
             label->setText(QString::number(seconds, 'f', 1));
     };
     show(m_delayLabel, m_displayDelay);
-    show(m_exitDelayLabel, defaults().floatForKey(QStringLiteral("exitDelay")));
+    show(m_exitDelayLabel, defaults().floatForKey(u"exitDelay"_s));
 }
 
 std::unique_ptr<Alert> LumbrixController::createAlert(const QString& title, const QString& text,
@@ -171,10 +172,10 @@ std::unique_ptr<Alert> LumbrixController::createAlert(const QString& title, cons
 
 void LumbrixController::retrieveDefaults(const QString& senderTitle)
 {
-    m_hideMenuIcon = integerSetting(defaults(), QStringLiteral("hideIcon"));
-    m_displayDelay = defaults().floatForKey(QStringLiteral("displayDelay"));
-    m_dontDelayIfOpen = integerSetting(defaults(), QStringLiteral("dontDelayIfOpen"));
-    m_monoChrome = integerSetting(defaults(), QStringLiteral("monoChrome"));
+    m_hideMenuIcon = integerSetting(defaults(), u"hideIcon"_s);
+    m_displayDelay = defaults().floatForKey(u"displayDelay"_s);
+    m_dontDelayIfOpen = integerSetting(defaults(), u"dontDelayIfOpen"_s);
+    m_monoChrome = integerSetting(defaults(), u"monoChrome"_s);
     mirrorSettings(defaults(), LXHandler::sharedHandler());
     LXHandler::sharedHandler().settingsDidChange();
     if (senderTitle == SenderTitle::ShowIconInDock)
@@ -208,7 +209,7 @@ void LumbrixController::beginSheet(const QString& title, const QString& text,
 
 bool LumbrixController::showsIconInDock()
 {
-    return defaults().integerForKey(QStringLiteral("showIconInDock")) != 0;
+    return defaults().integerForKey(u"showIconInDock"_s) != 0;
 }
 
 void LumbrixController::enforceDockIcon()
@@ -218,14 +219,14 @@ void LumbrixController::enforceDockIcon()
 
 void LumbrixController::showDockIconAlertDidEnd(int returnCode)
 {
-    if (returnCode == Alert::SecondButtonReturn) {
-        defaults().setInteger(showsIconInDock() ? 0 : 1, QStringLiteral("showIconInDock"));
+    if (returnCode == Alert::secondButtonReturn) {
+        defaults().setInteger(showsIconInDock() ? 0 : 1, u"showIconInDock"_s);
         defaults().synchronize();
         enforceDockIcon();
         PrefsController::settingsDidChange();
         return;
     }
-    const QString relaunched = QStringLiteral("relaunchedForIcon");
+    const QString relaunched = u"relaunchedForIcon"_s;
     defaults().setBool(true, relaunched);
     defaults().synchronize();
     enforceDockIcon();
@@ -246,11 +247,11 @@ void LumbrixController::enforceRunAtLogin()
 {
     // A new user has not chosen yet. To take that for a no would remove an item that is there, and
     // with it what the user changed in it, a moment before the first values have it written anew.
-    if (!defaults().boolForKey(QStringLiteral("firstRun")))
+    if (!defaults().boolForKey(u"firstRun"_s))
         return;
     const QString path = platform::desktop().applicationBundle.path();
     platform::LoginItems& items = platform::desktop().loginItems;
-    if (defaults().integerForKey(QStringLiteral("startAtLogin")) != 0)
+    if (defaults().integerForKey(u"startAtLogin"_s) != 0)
         items.insert(path);
     else
         items.remove(path);
@@ -277,8 +278,8 @@ void LumbrixController::displayStatusIcon()
     m_statusMenu->update(isDisabled, toggleKey ? hotKeyText(toggleKey->keyCombo) : QString());
     const char* image = m_monoChrome ? (isDisabled ? "menuIconMonoDisabled" : "menuIconMono")
                                      : (isDisabled ? "menuIconDisabled" : "menuIcon");
-    m_statusItem->setImages(QString::fromLatin1(image), QStringLiteral("menuIconAlt"));
-    m_statusItem->setToolTip(isDisabled ? tr("Lumbrix is disabled") : QStringLiteral("Lumbrix"));
+    m_statusItem->setImages(QString::fromLatin1(image), u"menuIconAlt"_s);
+    m_statusItem->setToolTip(isDisabled ? tr("Lumbrix is disabled") : u"Lumbrix"_s);
 }
 
 void LumbrixController::registerHotKeys()
@@ -306,7 +307,7 @@ void LumbrixController::registerHotKeys()
 void LumbrixController::toggleDisabled()
 {
     const bool disable = LXHandler::sharedHandler().settings().disabled == 0;
-    defaults().setInteger(disable ? 1 : 0, QStringLiteral("disabled"));
+    defaults().setInteger(disable ? 1 : 0, u"disabled"_s);
     defaults().synchronize();
     updateState();
 }

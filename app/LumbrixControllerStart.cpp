@@ -15,6 +15,7 @@
 #include "engine/LXHandler.h"
 #include "platform/ApplicationBundle.h"
 #include "platform/Desktop.h"
+#include "platform/StringLiterals.h"
 #include "platform/UserDefaults.h"
 #include "platform/WindowServer.h"
 #include "preview/BubbleWrapper.h"
@@ -97,7 +98,7 @@ bool LumbrixController::wantsAPI()
            "for assistive devices\".\n\n"
            "If you want, Lumbrix can enable it for you.");
     return createAlert(tr("Error"), text, {tr("Enable"), tr("Quit")})->runModal() ==
-           Alert::FirstButtonReturn;
+           Alert::firstButtonReturn;
 }
 
 void LumbrixController::firstRunCheck()
@@ -120,20 +121,20 @@ void LumbrixController::firstRunCheck()
     } else {
         tellOfUnseenWindows();
     }
-    const QString relaunched = QStringLiteral("relaunchedForIcon");
+    const QString relaunched = u"relaunchedForIcon"_s;
     if (defaults().boolForKey(relaunched)) {
         defaults().setBool(false, relaunched);
         defaults().synchronize();
         showPreferences();
-        PrefsController::sharedPrefsWindowController().displayViewForIdentifier(
-            QStringLiteral("Dock Icon"), false);
+        PrefsController::sharedPrefsWindowController().displayViewForIdentifier(u"Dock Icon"_s,
+                                                                                false);
     }
     seedBadgeRun(defaults());
 }
 
 void LumbrixController::tellOfUnseenWindows()
 {
-    const QString told = QStringLiteral("toldOfUnseenWindows");
+    const QString told = u"toldOfUnseenWindows"_s;
     const QString unseen = platform::desktop().windowServer.unseenWindows();
     if (unseen.isEmpty() || defaults().boolForKey(told))
         return;

@@ -79,10 +79,9 @@ std::vector<SGHotKeyCenter::HotKeyPtr> SGHotKeyCenter::takenHotKeys() const
         if (!tap || !tap->isEnabled())
             continue;
         const std::vector<TapKey> taken = tap->takenKeys();
-        for (const HotKeyPtr& hotKey : m_hotKeys) {
+        for (const HotKeyPtr& hotKey : m_hotKeys)
             if (std::find(taken.begin(), taken.end(), tapKey(*hotKey)) != taken.end())
                 result.push_back(hotKey);
-        }
     }
     return result;
 }

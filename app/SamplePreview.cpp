@@ -5,6 +5,7 @@
 
 #include "engine/LXHandler.h"
 #include "platform/Desktop.h"
+#include "platform/StringLiterals.h"
 
 namespace lumbrix
 {
@@ -23,7 +24,7 @@ void SamplePreview::show(bool resize)
     if (!m_previewWindow)
         return;
     // It may have shown some window before.
-    m_previewWindow->setTitleString(QStringLiteral("Lumbrix"));
+    m_previewWindow->setTitleString(u"Lumbrix"_s);
     MAWindow& window = *m_previewWindow->window();
     if (resize) {
         const EngineSettings& settings = handler.settings();

@@ -7,12 +7,13 @@
 
 #include <QtCore/QString>
 
+#include "platform/StringLiterals.h"
+
 namespace lumbrix::SenderTitle
 {
 
-inline const QString HideMenuIcon = QStringLiteral("Hide the menu icon");
-inline const QString ShowIconInDock = QStringLiteral("Show Lumbrix's icon in the Dock");
-inline const QString BadgeDockIcons =
-    QStringLiteral("Badge Dock Icons with the number of windows open");
+inline const QString HideMenuIcon = u"Hide the menu icon"_s;
+inline const QString ShowIconInDock = u"Show Lumbrix's icon in the Dock"_s;
+inline const QString BadgeDockIcons = u"Badge Dock Icons with the number of windows open"_s;
 
 } // namespace lumbrix::SenderTitle

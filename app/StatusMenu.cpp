@@ -2,13 +2,14 @@
 // SPDX-License-Identifier: MIT
 
 #include "app/StatusMenu.h"
+#include "platform/StringLiterals.h"
 
 namespace lumbrix
 {
 
 StatusMenu::StatusMenu()
 {
-    setWindowRole(QStringLiteral("status-menu"));
+    setWindowRole(u"status-menu"_s);
     m_toggle = addAction(QString(), this, &StatusMenu::toggleChosen);
     addSeparator();
     addAction(tr("Preferences"), this, &StatusMenu::preferencesChosen);
@@ -23,7 +24,7 @@ void StatusMenu::update(bool isDisabled, const QString& keyEquivalent)
     QString text = isDisabled ? tr("Enable") : tr("Disable");
     // As part of the text, not as the action's shortcut: the hot-key centre is who listens for it.
     if (!keyEquivalent.isEmpty())
-        text += u'\t' + QString(keyEquivalent).replace(u'&', QStringLiteral("&&"));
+        text += u'\t' + QString(keyEquivalent).replace(u'&', u"&&"_s);
     if (m_toggle->text() != text)
         m_toggle->setText(text);
 }

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "app/Translations.h"
+#include "platform/StringLiterals.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QLibraryInfo>
@@ -31,8 +32,7 @@ bool install(const QString& catalogue, const QString& folder)
 QStringList catalogueFolders()
 {
     const QString program = QCoreApplication::applicationDirPath();
-    return {program + QStringLiteral("/translations"),
-            program + QStringLiteral("/" LUMBRIX_CATALOGUES)};
+    return {program + u"/translations"_s, program + QStringLiteral("/" LUMBRIX_CATALOGUES)};
 }
 
 void installTranslations(const QStringList& languages, const QStringList& folders)
@@ -44,11 +44,10 @@ void installTranslations(const QStringList& languages, const QStringList& folder
         // For "de_AT" it takes "de" where there is nothing nearer.
         const QString suffix = u'_' + QString(language).replace(u'-', u'_');
         const auto hasOurs = [&suffix](const QString& folder) {
-            return install(QStringLiteral("lumbrix") + suffix, folder);
+            return install(u"lumbrix"_s + suffix, folder);
         };
         if (std::ranges::any_of(folders, hasOurs)) {
-            install(QStringLiteral("qtbase") + suffix,
-                    QLibraryInfo::path(QLibraryInfo::TranslationsPath));
+            install(u"qtbase"_s + suffix, QLibraryInfo::path(QLibraryInfo::TranslationsPath));
             return;
         }
     }

@@ -27,6 +27,7 @@ namespace
 {
 
 using namespace lumbrix;
+using namespace Qt::StringLiterals;
 using platform::SingleInstance;
 
 int fail(const QString& reason)
@@ -87,14 +88,14 @@ int main(int argc, char** argv)
     if (!display)
         return fail(error);
 
-    QApplication::setApplicationName(QStringLiteral("Lumbrix"));
+    QApplication::setApplicationName(u"Lumbrix"_s);
     QApplication::setApplicationVersion(QStringLiteral(LUMBRIX_VERSION));
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication application(argc, argv);
     const DisplayLoss displayLoss;
     display.reset();
     installTranslations(QLocale::system().uiLanguages(), catalogueFolders());
-    QApplication::setWindowIcon(QIcon(QStringLiteral(":/images/lumbrix.svg")));
+    QApplication::setWindowIcon(QIcon(u":/images/lumbrix.svg"_s));
     // Two dozen panels' backgrounds; what is drawn for sizes and states that come up no more need
     // not be kept as long as the toolkit would.
     QPixmapCache::setCacheLimit(4 * 1024);
@@ -109,12 +110,11 @@ int main(int argc, char** argv)
     case SingleInstance::Result::First:
         break;
     case SingleInstance::Result::HandedOver:
-        fail(QStringLiteral("%1 is Lumbrix already, and was asked to open its preferences")
-                 .arg(instance->otherOne()));
+        fail(u"%1 is Lumbrix already, and was asked to open its preferences"_s.arg(
+            instance->otherOne()));
         return 0;
     case SingleInstance::Result::NoAnswer:
-        return fail(
-            QStringLiteral("%1 is Lumbrix already, and does not answer").arg(instance->otherOne()));
+        return fail(u"%1 is Lumbrix already, and does not answer"_s.arg(instance->otherOne()));
     }
 
     const auto desktop = platform::LinuxDesktop::create(runLoop, options, error);

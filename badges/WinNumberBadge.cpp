@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "badges/BadgeLook.h"
+#include "platform/StringLiterals.h"
 #include "preview/Cells.h"
 #include "preview/InterfaceFile.h"
 #include "preview/MAWindow.h"
@@ -32,7 +33,7 @@ QRect roundPart(const QWidget& window)
 std::unique_ptr<WinNumberBadge> WinNumberBadge::load(const platform::Desktop& ports,
                                                      SWElementPtr dockItem)
 {
-    std::unique_ptr<QWidget> loaded = loadInterface(ports, u"WinNumberBadge"_qs);
+    std::unique_ptr<QWidget> loaded = loadInterface(ports, u"WinNumberBadge"_s);
     if (!qobject_cast<MAWindow*>(loaded.get()))
         return nullptr;
     std::unique_ptr<MAWindow> window(static_cast<MAWindow*>(loaded.release()));
@@ -43,8 +44,8 @@ std::unique_ptr<WinNumberBadge> WinNumberBadge::load(const platform::Desktop& po
 
 WinNumberBadge::WinNumberBadge(SWElementPtr dockItem, std::unique_ptr<MAWindow> window)
     : m_dockItem(std::move(dockItem)), m_window(std::move(window)),
-      m_badge(m_window->findChild<NumberLabel*>(u"badge"_qs)),
-      m_badgeImage(m_window->findChild<LXImageCell*>(u"badgeImage"_qs))
+      m_badge(m_window->findChild<NumberLabel*>(u"badge"_s)),
+      m_badgeImage(m_window->findChild<LXImageCell*>(u"badgeImage"_s))
 {
     m_window->setShapeSource([window = m_window.get()] {
         QPainterPath path;
@@ -110,7 +111,7 @@ void WinNumberBadge::updateImage()
 {
     if (!m_color.isValid())
         return;
-    const QPixmap shape = namedPixmap(u"WinNumberBadge"_qs, roundPart(*m_window).size(),
+    const QPixmap shape = namedPixmap(u"WinNumberBadge"_s, roundPart(*m_window).size(),
                                       m_window->devicePixelRatioF());
     m_badgeImage->setImage(tinted(shape.toImage(), m_color));
 }

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "badges/BadgeLook.h"
+#include "platform/StringLiterals.h"
 #include "platform/UserDefaults.h"
 #include "preview/MAWindow.h"
 
@@ -20,7 +21,7 @@ constexpr int settleReadings = 30;
 // Widened on purpose: the pause is the single-precision value.
 constexpr platform::Seconds settleInterval = 0.02f;
 
-QString colorKey() { return QStringLiteral("winBadgeColor"); }
+QString colorKey() { return u"winBadgeColor"_s; }
 
 /// Returns once an icon that moves has come to rest, or after half a second.
 void waitUntilSettled(const SWElement& item, platform::RunLoop& runLoop,

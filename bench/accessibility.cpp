@@ -22,6 +22,7 @@ namespace
 {
 
 using namespace std::chrono_literals;
+using namespace Qt::StringLiterals;
 
 constexpr int standingWindows = 10;
 constexpr int passingWindows = 20;
@@ -52,7 +53,7 @@ Cost measure(bool withTree)
     SessionOptions session;
     session.accessibility = withTree;
     Desk desk({"bench_accessibility", DockKind::Plank, Edge::Bottom, session, DockKind::XfcePanel});
-    const auto application = desk.launch(QStringLiteral("alpha"));
+    const auto application = desk.launch(u"alpha"_s);
     application->open(standingWindows);
     desk.startLumbrix();
     const int pid = *descendantNamed(getpid(), "lumbrix");

@@ -30,6 +30,7 @@ namespace
 {
 
 using namespace std::chrono_literals;
+using namespace Qt::StringLiterals;
 using Milliseconds = std::chrono::duration<double, std::milli>;
 
 constexpr QSize windowSize(1280, 800);
@@ -65,12 +66,12 @@ public:
                   {{1920, 1080}, WindowManager::Xfwm4, true}}),
           m_display(m_desk.display()), m_watch(m_display.name())
     {
-        m_desk.startLumbrix({{QStringLiteral("displayDelay"), QStringLiteral("0")}});
+        m_desk.startLumbrix({{u"displayDelay"_s, u"0"_s}});
     }
 
     void measure(int count)
     {
-        const auto application = m_desk.launch(QStringLiteral("beta"));
+        const auto application = m_desk.launch(u"beta"_s);
         for (int i = 0; i < count; ++i)
             application->open("window " + QByteArray::number(i + 1),
                               QColor::fromHsv(i * 47 % 360, 255, 230),
@@ -113,7 +114,7 @@ public:
         print("Lumbrix, the same, pointer out of nowhere",
               hover(
                   *application, repaint, [] {}, m_trials));
-        const auto cinema = m_desk.launch(QStringLiteral("gamma"));
+        const auto cinema = m_desk.launch(u"gamma"_s);
         const AppWindow film = cinema->open("film", Qt::gray, {windowSize, {600, 240}});
         cinema->startAnimating(film, 30);
         print("Lumbrix, windows unchanged, a film beside",
@@ -290,16 +291,13 @@ int main(int argc, char** argv)
     const QCoreApplication application(argc, argv);
     QCommandLineParser parser;
     parser.addHelpOption();
-    parser.addOptions({{QStringLiteral("trials"), QStringLiteral("Trials of each kind."),
-                        QStringLiteral("N"), QStringLiteral("21")},
-                       {QStringLiteral("windows"), QStringLiteral("Only with so many windows."),
-                        QStringLiteral("N")},
-                       {QStringLiteral("verbose"), QStringLiteral("Print every event seen.")}});
+    parser.addOptions({{u"trials"_s, u"Trials of each kind."_s, u"N"_s, u"21"_s},
+                       {u"windows"_s, u"Only with so many windows."_s, u"N"_s},
+                       {u"verbose"_s, u"Print every event seen."_s}});
     parser.process(application);
-    Hovering hovering(std::max(1, parser.value(QStringLiteral("trials")).toInt()),
-                      parser.isSet(QStringLiteral("verbose")));
-    if (parser.isSet(QStringLiteral("windows"))) {
-        hovering.measure(std::clamp(parser.value(QStringLiteral("windows")).toInt(), 1, 15));
+    Hovering hovering(std::max(1, parser.value(u"trials"_s).toInt()), parser.isSet(u"verbose"_s));
+    if (parser.isSet(u"windows"_s)) {
+        hovering.measure(std::clamp(parser.value(u"windows"_s).toInt(), 1, 15));
         return 0;
     }
     for (const int count : {1, 5, 15})

@@ -18,6 +18,7 @@
 #include "model/AXNames.h"
 #include "model/AXRead.h"
 #include "model/WindowInventory.h"
+#include "platform/StringLiterals.h"
 #include "tests/support/SimulatedDesktop.h"
 #include "tests/support/VirtualRunLoop.h"
 
@@ -36,10 +37,9 @@ public:
     {
         for (std::int64_t i = 0; i < windows; ++i) {
             if (i % windowsEach == 0)
-                last = desk.addApplication({QStringLiteral("Application %1").arg(i)});
+                last = desk.addApplication({u"Application %1"_s.arg(i)});
             const auto place = static_cast<double>(i);
-            desk.addWindow(last,
-                           {QStringLiteral("Window %1").arg(i), {place, 2 * place, 400, 300}});
+            desk.addWindow(last, {u"Window %1"_s.arg(i), {place, 2 * place, 400, 300}});
         }
     }
 
@@ -153,10 +153,9 @@ public:
     void ReportRuns(const std::vector<Run>& runs) override
     {
         ConsoleReporter::ReportRuns(runs);
-        for (const Run& run : runs) {
+        for (const Run& run : runs)
             if (run.run_type == Run::RT_Iteration && !run.error_occurred)
                 m_times[run.run_name.function_name][run.complexity_n] = run.GetAdjustedRealTime();
-        }
     }
     void Finalize() override
     {
@@ -166,10 +165,9 @@ public:
                     "same, 2 = quadratic):\n");
         for (const auto& [name, times] : m_times) {
             std::printf("%-30s", name.c_str());
-            for (const auto& [windows, time] : times) {
+            for (const auto& [windows, time] : times)
                 if (const auto found = bare.find(windows); found != bare.end())
                     std::printf(" %6.2f (%d)", time / found->second, static_cast<int>(windows));
-            }
             if (times.size() > 1) {
                 const auto first = times.begin();
                 const auto last = times.rbegin();

@@ -23,6 +23,7 @@ namespace
 {
 
 using namespace std::chrono_literals;
+using namespace Qt::StringLiterals;
 
 constexpr QSize windowSize(1280, 800);
 constexpr int windowCount = 15;
@@ -85,7 +86,7 @@ public:
 private:
     void start()
     {
-        std::unique_ptr<Application> probe = m_desk.launch(QStringLiteral("alpha"));
+        std::unique_ptr<Application> probe = m_desk.launch(u"alpha"_s);
         probe->open("probe", Qt::gray);
         bool isFirst = true;
         m_lumbrix = startLumbrix(m_desk.session(), {}, [&] {
@@ -103,7 +104,7 @@ private:
 
     void open()
     {
-        m_application = m_desk.launch(QStringLiteral("beta"));
+        m_application = m_desk.launch(u"beta"_s);
         for (int i = 0; i < windowCount; ++i)
             m_application->open("window " + QByteArray::number(i + 1),
                                 QColor::fromHsv(i * 47 % 360, 255, 230),
@@ -223,10 +224,9 @@ int main(int argc, char** argv)
     const QCoreApplication application(argc, argv);
     QCommandLineParser parser;
     parser.addHelpOption();
-    parser.addOption({QStringLiteral("seconds"), QStringLiteral("How long each state is measured."),
-                      QStringLiteral("N"), QStringLiteral("12")});
+    parser.addOption({u"seconds"_s, u"How long each state is measured."_s, u"N"_s, u"12"_s});
     parser.process(application);
-    const int seconds = std::max(1, parser.value(QStringLiteral("seconds")).toInt());
+    const int seconds = std::max(1, parser.value(u"seconds"_s).toInt());
     Remembering{std::chrono::seconds(seconds)}.run();
     return 0;
 }

@@ -19,6 +19,7 @@
 
 #include "pictures/Quality.h"
 #include "pictures/TerminalDesk.h"
+#include "platform/StringLiterals.h"
 #include "platform/pictures/PictureScaler.h"
 #include "support/BareCopy.h"
 #include "support/Table.h"
@@ -52,9 +53,9 @@ void compare(const QImage& source, QSize size, const QString& folder)
     if (folder.isEmpty())
         return;
     const QString name =
-        QStringLiteral("%1/scaling-%2x%3%4.png").arg(folder).arg(size.width()).arg(size.height());
+        u"%1/scaling-%2x%3%4.png"_s.arg(folder).arg(size.width()).arg(size.height());
     comparison(scaled, exact, fourTaps, size).save(name.arg(QString()));
-    comparison(scaled, exact, fourTaps, {130, 96}).save(name.arg(QStringLiteral("-part")));
+    comparison(scaled, exact, fourTaps, {130, 96}).save(name.arg(u"-part"_s));
 }
 
 /// The quality of what is scaled, and of what is seen in the end.
@@ -87,8 +88,8 @@ void reportQuality(TerminalDesk& desk, const QString& folder)
                     ? "to the bit what"
                     : "NOT what");
     if (!folder.isEmpty()) {
-        panel.save(folder + QStringLiteral("/panel.png"));
-        source.save(folder + QStringLiteral("/terminal.png"));
+        panel.save(folder + u"/panel.png"_s);
+        source.save(folder + u"/terminal.png"_s);
     }
 }
 
@@ -102,12 +103,11 @@ public:
     bool ReportContext(const Context&) override { return true; }
     void ReportRuns(const std::vector<Run>& runs) override
     {
-        for (const Run& run : runs) {
+        for (const Run& run : runs)
             if (run.error_occurred)
                 std::printf("%s: %s\n", run.benchmark_name().c_str(), run.error_message.c_str());
             else if (run.run_type == Run::RT_Iteration)
                 m_times[run.run_name.function_name].push_back(run.GetAdjustedRealTime());
-        }
     }
     void Finalize() override
     {
@@ -264,10 +264,9 @@ int measure(TerminalDesk& desk, int argc, char** argv)
     Summary summary;
     addCapture(summary, desk, bare, picture);
     constexpr QSize usual(1280, 800);
-    for (const QSize source : {usual, QSize(1920, 1080), QSize(2560, 1440)}) {
+    for (const QSize source : {usual, QSize(1920, 1080), QSize(2560, 1440)})
         for (const QSize target : {shown, panelSize, panelSize * 2})
             addScaling(summary, picture, source, target, QImage::Format_RGB32);
-    }
     addScaling(summary, picture, usual, panelSize, QImage::Format_ARGB32_Premultiplied);
 
     // What others do on this machine meanwhile falls on all alike.

@@ -30,6 +30,7 @@ namespace
 {
 
 using namespace std::chrono_literals;
+using namespace Qt::StringLiterals;
 using std::chrono::nanoseconds;
 
 constexpr QSize windowSize(1280, 800);
@@ -80,7 +81,7 @@ public:
         m_dock = find("plank");
         m_matcher = find("bamfdaemon");
         m_desk.startLumbrix();
-        m_application = m_desk.launch(QStringLiteral("beta"));
+        m_application = m_desk.launch(u"beta"_s);
         for (int i = 0; i < windowCount; ++i)
             m_application->open("window " + QByteArray::number(i + 1),
                                 QColor::fromHsv(i * 47 % 360, 255, 230),
@@ -257,10 +258,9 @@ int main(int argc, char** argv)
     const QCoreApplication application(argc, argv);
     QCommandLineParser parser;
     parser.addHelpOption();
-    parser.addOption({QStringLiteral("seconds"), QStringLiteral("How long each case is measured."),
-                      QStringLiteral("N"), QStringLiteral("10")});
+    parser.addOption({u"seconds"_s, u"How long each case is measured."_s, u"N"_s, u"10"_s});
     parser.process(application);
-    const int seconds = std::max(1, parser.value(QStringLiteral("seconds")).toInt());
+    const int seconds = std::max(1, parser.value(u"seconds"_s).toInt());
     Refreshing{std::chrono::seconds(seconds)}.run();
     return 0;
 }

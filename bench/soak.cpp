@@ -32,6 +32,7 @@ namespace
 {
 
 using namespace std::chrono_literals;
+using namespace Qt::StringLiterals;
 
 constexpr QSize screenSize(1920, 1080);
 constexpr int warmUp = 100;
@@ -50,13 +51,12 @@ public:
         : m_random(seed), m_session({screenSize, WindowManager::Xfwm4, true}),
           m_display(m_session.display())
     {
-        const QStringList names{QStringLiteral("alpha"),   QStringLiteral("beta"),
-                                QStringLiteral("gamma"),   QStringLiteral("delta"),
-                                QStringLiteral("epsilon"), QStringLiteral("zeta")};
+        const QStringList names{u"alpha"_s, u"beta"_s,    u"gamma"_s,
+                                u"delta"_s, u"epsilon"_s, u"zeta"_s};
         QStringList entries;
         for (const QString& name : names) {
             m_entries[name] = m_session.installApplication(
-                name, name, name.at(0).toUpper() + name.mid(1), QStringLiteral("true"),
+                name, name, name.at(0).toUpper() + name.mid(1), u"true"_s,
                 QColor::fromHsv(static_cast<int>(entries.size()) * 60, 200, 200));
             entries << m_entries[name];
         }
@@ -67,11 +67,10 @@ public:
         }
         while (countWindows() < windowCount)
             open(anyApplication());
-        m_lumbrix = startLumbrix(m_session, {{QStringLiteral("displayDelay"), QStringLiteral("0")}},
-                                 [this] {
-                                     park();
-                                     moveTo(*m_applications.front());
-                                 });
+        m_lumbrix = startLumbrix(m_session, {{u"displayDelay"_s, u"0"_s}}, [this] {
+            park();
+            moveTo(*m_applications.front());
+        });
         m_pid = find("lumbrix");
         m_plank = find("plank");
     }
@@ -293,10 +292,9 @@ void print(int hovers, const Held& start, const Held& middle, const Held& end)
                 "middle", "end", "end/start");
     Held names = end; // and what only the others had
     for (const Held* other : {&start, &middle}) {
-        for (const auto& entry : *other) {
+        for (const auto& entry : *other)
             if (std::ranges::find(names, entry.first, &Held::value_type::first) == names.end())
                 names.emplace_back(entry.first, 0);
-        }
     }
     for (const auto& [name, last] : names) {
         const double first = valueOf(start, name);
@@ -315,12 +313,8 @@ int main(int argc, char** argv)
     const QCoreApplication application(argc, argv);
     QCommandLineParser parser;
     parser.addHelpOption();
-    const QCommandLineOption hoversOption(QStringLiteral("hovers"),
-                                          QStringLiteral("How many hovers."), QStringLiteral("N"),
-                                          QStringLiteral("2000"));
-    const QCommandLineOption seedOption(QStringLiteral("seed"),
-                                        QStringLiteral("What chance starts from."),
-                                        QStringLiteral("N"), QStringLiteral("1"));
+    const QCommandLineOption hoversOption(u"hovers"_s, u"How many hovers."_s, u"N"_s, u"2000"_s);
+    const QCommandLineOption seedOption(u"seed"_s, u"What chance starts from."_s, u"N"_s, u"1"_s);
     parser.addOptions({hoversOption, seedOption});
     parser.process(application);
     const int hovers = std::max(2, parser.value(hoversOption).toInt());

@@ -23,13 +23,12 @@
 #include "engine/LXHandler.h"
 #include "engine/SWObserver.h"
 #include "model/AXNames.h"
+#include "platform/StringLiterals.h"
 
 namespace lumbrix::bench
 {
 namespace
 {
-
-using namespace Qt::StringLiterals;
 
 constexpr std::size_t maxPreviews = 15;
 constexpr int warmUp = 500;
@@ -197,10 +196,9 @@ private:
     static void leavePreview()
     {
         const auto previews = engine().screenyViews();
-        for (const ScreenyViewPtr& each : previews) {
+        for (const ScreenyViewPtr& each : previews)
             if (each->isHovered())
                 each->mouseExited();
-        }
     }
     void clickPreview()
     {
@@ -246,17 +244,15 @@ private:
         const auto& previews = engine().screenyViews();
         if (previews.size() > maxPreviews)
             fault(u"%1 previews"_s.arg(previews.size()));
-        for (const ScreenyViewPtr& each : previews) {
+        for (const ScreenyViewPtr& each : previews)
             if (!each->elementRef() || !each->window()->isFront())
                 fault(u"a preview without a window, or not on screen"_s);
             else if (m_busy.desk.application(each->elementRef()->pid()).pid == 0)
                 fault(u"a preview of an application that has quit"_s);
-        }
         const auto isShown = [](const MAWindow* panel) { return panel && panel->isFront(); };
-        for (const ScreenyViewPtr& each : engine().row().cache().cacheArray()) {
+        for (const ScreenyViewPtr& each : engine().row().cache().cacheArray())
             if (isShown(each->window()) || isShown(each->zoomWindow()))
                 fault(u"an idle preview is on screen"_s);
-        }
         checkHoveredItem();
     }
     void checkHoveredItem()
@@ -381,6 +377,8 @@ int run(int hovers, unsigned seed)
 } // namespace
 } // namespace lumbrix::bench
 
+using namespace Qt::StringLiterals;
+
 int main(int argc, char* argv[])
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
@@ -394,8 +392,8 @@ int main(int argc, char* argv[])
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     QCommandLineParser parser;
-    const QCommandLineOption hovers(u"hovers"_qs, u"How many hovers."_qs, u"N"_qs, u"50000"_qs);
-    const QCommandLineOption seed(u"seed"_qs, u"What chance starts from."_qs, u"N"_qs, u"1"_qs);
+    const QCommandLineOption hovers(u"hovers"_s, u"How many hovers."_s, u"N"_s, u"50000"_s);
+    const QCommandLineOption seed(u"seed"_s, u"What chance starts from."_s, u"N"_s, u"1"_s);
     parser.addOptions({hovers, seed});
     parser.addHelpOption();
     parser.process(application);

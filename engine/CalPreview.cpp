@@ -18,6 +18,7 @@
 #include "model/AXRead.h"
 #include "model/Modifiers.h"
 #include "platform/CalendarStore.h"
+#include "platform/StringLiterals.h"
 #include "platform/WallClock.h"
 #include "preview/EventLine.h"
 
@@ -203,11 +204,11 @@ QDateTime CalPreview::nextDate() const
 QString CalPreview::humanTimeFromDate(const QDateTime& start, const QDateTime& end)
 {
     // Hours and minutes; where no language is set, the short format has seconds too.
-    static const QRegularExpression seconds(u"[:.]s+"_qs);
+    static const QRegularExpression seconds(u"[:.]s+"_s);
     const QLocale locale;
     const QString format = locale.timeFormat(QLocale::ShortFormat).remove(seconds);
-    return u"%1 - %2"_qs.arg(locale.toString(start.time(), format),
-                             locale.toString(end.time(), format));
+    return u"%1 - %2"_s.arg(locale.toString(start.time(), format),
+                            locale.toString(end.time(), format));
 }
 
 } // namespace lumbrix

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "engine/CalendarChoice.h"
+#include "platform/StringLiterals.h"
 
 #include <algorithm>
 
@@ -12,18 +13,17 @@ using platform::Calendar;
 
 QStringList disabledUIDs(const platform::UserDefaults& defaults)
 {
-    return defaults.arrayForKey(u"calendars"_qs).value_or(QStringList());
+    return defaults.arrayForKey(u"calendars"_s).value_or(QStringList());
 }
 
 std::vector<Calendar> getDisabledCalendars(const platform::Desktop& ports)
 {
     const std::vector<Calendar> known = ports.calendarStore.calendars().calendars;
     std::vector<Calendar> disabled;
-    for (const QString& uid : disabledUIDs(ports.userDefaults)) {
+    for (const QString& uid : disabledUIDs(ports.userDefaults))
         if (const auto calendar = std::ranges::find(known, uid, &Calendar::uid);
             calendar != known.end())
             disabled.push_back(*calendar);
-    }
     return disabled;
 }
 
@@ -37,7 +37,7 @@ std::vector<Calendar> getAllowedCalendars(const platform::Desktop& ports)
 
 void setDisabledUIDs(platform::UserDefaults& defaults, const QStringList& uids)
 {
-    defaults.setArray(uids, u"calendars"_qs);
+    defaults.setArray(uids, u"calendars"_s);
     defaults.synchronize();
 }
 

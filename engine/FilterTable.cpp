@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "engine/FilterTable.h"
+#include "platform/StringLiterals.h"
 
 namespace lumbrix
 {
@@ -12,8 +13,8 @@ constexpr int usualLevel = 2;
 
 QVariantMap FilterTable::getFiltersDictionary(const platform::UserDefaults& defaults)
 {
-    const auto stored = defaults.dictionaryForKey(QStringLiteral("filters"));
-    return stored.value_or(QVariantMap{{QStringLiteral("All applications"), usualLevel}});
+    const auto stored = defaults.dictionaryForKey(u"filters"_s);
+    return stored.value_or(QVariantMap{{u"All applications"_s, usualLevel}});
 }
 
 std::optional<int> FilterTable::levelForKey(const QString& key) const

@@ -9,6 +9,7 @@
 #include <optional>
 #include <vector>
 
+#include "platform/StringLiterals.h"
 #include "platform/Workspace.h"
 #include "preview/NamedImage.h"
 #include "preview/ScreenyView.h"
@@ -120,10 +121,9 @@ void PictureLoader::loadMissing()
 {
     m_waiting = 0;
     ++m_round;
-    for (const ScreenyViewPtr& preview : m_previews) {
+    for (const ScreenyViewPtr& preview : m_previews)
         if (preview->elementRef() && preview->image().isNull())
             load(preview);
-    }
     // The server does one thing after the other. A panel that it shows while it has pictures to
     // copy keeps it, and the compositor, from copying the others.
     for (const ScreenyViewPtr& preview : m_previews)
@@ -190,7 +190,7 @@ void PictureLoader::loadIcon(ScreenyView& preview)
     const int side = preview.iconSide();
     const auto read = m_guard.ifAlive([this, bundle, side, round = m_round](const QImage& icon) {
         setIcons(bundle,
-                 icon.isNull() ? namedPixmap(u"anyApp"_qs, {side, side}, 1).toImage() : icon);
+                 icon.isNull() ? namedPixmap(u"anyApp"_s, {side, side}, 1).toImage() : icon);
         arrived(round);
     });
     // On a thread, as it reads files.

@@ -4,6 +4,7 @@
 #include "engine/PreviewCache.h"
 
 #include "model/EngineSettings.h"
+#include "platform/StringLiterals.h"
 #include "preview/PreviewHost.h"
 
 namespace lumbrix
@@ -32,10 +33,9 @@ void PreviewCache::clearCache()
 {
     m_cacheArray.clear();
     std::vector<ScreenyViewPtr> fresh;
-    for (int i = 0; i < readyPreviews; ++i) {
+    for (int i = 0; i < readyPreviews; ++i)
         if (ScreenyViewPtr preview = load())
             fresh.push_back(std::move(preview));
-    }
     for (const ScreenyViewPtr& preview : fresh)
         preview->dismiss(); // which returns it to the cache
 }
@@ -50,17 +50,17 @@ QString PreviewCache::interfaceFileForStyle(int previewStyle)
 {
     switch (previewStyle) {
     case 0:
-        return QStringLiteral("ScreenyView");
+        return u"ScreenyView"_s;
     case 2:
-        return QStringLiteral("ScreenyViewBorderless");
+        return u"ScreenyViewBorderless"_s;
     case 3:
-        return QStringLiteral("ScreenyViewBlue");
+        return u"ScreenyViewBlue"_s;
     case 4:
-        return QStringLiteral("ScreenyViewRed");
+        return u"ScreenyViewRed"_s;
     case 5:
-        return QStringLiteral("ScreenyViewGreen");
+        return u"ScreenyViewGreen"_s;
     default:
-        return QStringLiteral("ScreenyViewBlack");
+        return u"ScreenyViewBlack"_s;
     }
 }
 

@@ -7,6 +7,7 @@
 
 #include "model/EngineSettings.h"
 #include "platform/RunLoop.h"
+#include "platform/StringLiterals.h"
 #include "platform/WindowServer.h"
 #include "preview/HelpBubble.h"
 
@@ -39,7 +40,7 @@ QRectF rectOf(const SWElementPtr& item) { return item ? item->getRect() : QRectF
 QString StripArranger::getDockOrientation(platform::DockPreferences& preferences,
                                           const SWElementPtr& item)
 {
-    return fresh(preferences).orientation(elementOf(item)).value_or(QStringLiteral("bottom"));
+    return fresh(preferences).orientation(elementOf(item)).value_or(u"bottom"_s);
 }
 
 std::optional<DockSide> StripArranger::dockSide(platform::DockPreferences& preferences,

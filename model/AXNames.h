@@ -7,57 +7,59 @@
 
 #include <QtCore/QString>
 
+#include "platform/StringLiterals.h"
+
 namespace lumbrix::AX
 {
 
 // Attributes.
-inline const QString Children = QStringLiteral("AXChildren");
-inline const QString CloseButton = QStringLiteral("AXCloseButton");
-inline const QString Description = QStringLiteral("AXDescription");
-inline const QString Enabled = QStringLiteral("AXEnabled");
-inline const QString Focused = QStringLiteral("AXFocused");
-inline const QString FocusedApplication = QStringLiteral("AXFocusedApplication");
-inline const QString FocusedUIElement = QStringLiteral("AXFocusedUIElement");
-inline const QString FocusedWindow = QStringLiteral("AXFocusedWindow");
-inline const QString Frontmost = QStringLiteral("AXFrontmost");
-inline const QString Hidden = QStringLiteral("AXHidden");
-inline const QString IsApplicationRunning = QStringLiteral("AXIsApplicationRunning");
-inline const QString Minimized = QStringLiteral("AXMinimized");
-inline const QString Parent = QStringLiteral("AXParent");
-inline const QString Position = QStringLiteral("AXPosition");
-inline const QString Role = QStringLiteral("AXRole");
-inline const QString Rows = QStringLiteral("AXRows");
-inline const QString SelectedChildren = QStringLiteral("AXSelectedChildren");
-inline const QString Size = QStringLiteral("AXSize");
-inline const QString Subrole = QStringLiteral("AXSubrole");
-inline const QString Title = QStringLiteral("AXTitle");
-inline const QString URL = QStringLiteral("AXURL");
-inline const QString Window = QStringLiteral("AXWindow");
-inline const QString Windows = QStringLiteral("AXWindows");
+inline const QString Children = u"AXChildren"_s;
+inline const QString CloseButton = u"AXCloseButton"_s;
+inline const QString Description = u"AXDescription"_s;
+inline const QString Enabled = u"AXEnabled"_s;
+inline const QString Focused = u"AXFocused"_s;
+inline const QString FocusedApplication = u"AXFocusedApplication"_s;
+inline const QString FocusedUIElement = u"AXFocusedUIElement"_s;
+inline const QString FocusedWindow = u"AXFocusedWindow"_s;
+inline const QString Frontmost = u"AXFrontmost"_s;
+inline const QString Hidden = u"AXHidden"_s;
+inline const QString IsApplicationRunning = u"AXIsApplicationRunning"_s;
+inline const QString Minimized = u"AXMinimized"_s;
+inline const QString Parent = u"AXParent"_s;
+inline const QString Position = u"AXPosition"_s;
+inline const QString Role = u"AXRole"_s;
+inline const QString Rows = u"AXRows"_s;
+inline const QString SelectedChildren = u"AXSelectedChildren"_s;
+inline const QString Size = u"AXSize"_s;
+inline const QString Subrole = u"AXSubrole"_s;
+inline const QString Title = u"AXTitle"_s;
+inline const QString URL = u"AXURL"_s;
+inline const QString Window = u"AXWindow"_s;
+inline const QString Windows = u"AXWindows"_s;
 
 // Actions.
-inline const QString Press = QStringLiteral("AXPress");
-inline const QString Raise = QStringLiteral("AXRaise");
+inline const QString Press = u"AXPress"_s;
+inline const QString Raise = u"AXRaise"_s;
 
 // Roles and subroles.
-inline const QString ApplicationRole = QStringLiteral("AXApplication");
-inline const QString WindowRole = QStringLiteral("AXWindow");
-inline const QString DockItemRole = QStringLiteral("AXDockItem");
-inline const QString ApplicationDockItem = QStringLiteral("AXApplicationDockItem");
-inline const QString MinimizedWindowDockItem = QStringLiteral("AXMinimizedWindowDockItem");
-inline const QString ProcessSwitcherList = QStringLiteral("AXProcessSwitcherList");
-inline const QString StandardWindow = QStringLiteral("AXStandardWindow");
-inline const QString Dialog = QStringLiteral("AXDialog");
-inline const QString SystemDialog = QStringLiteral("AXSystemDialog");
-inline const QString FloatingWindow = QStringLiteral("AXFloatingWindow");
-inline const QString SystemFloatingWindow = QStringLiteral("AXSystemFloatingWindow");
-inline const QString Unknown = QStringLiteral("AXUnknown");
+inline const QString ApplicationRole = u"AXApplication"_s;
+inline const QString WindowRole = u"AXWindow"_s;
+inline const QString DockItemRole = u"AXDockItem"_s;
+inline const QString ApplicationDockItem = u"AXApplicationDockItem"_s;
+inline const QString MinimizedWindowDockItem = u"AXMinimizedWindowDockItem"_s;
+inline const QString ProcessSwitcherList = u"AXProcessSwitcherList"_s;
+inline const QString StandardWindow = u"AXStandardWindow"_s;
+inline const QString Dialog = u"AXDialog"_s;
+inline const QString SystemDialog = u"AXSystemDialog"_s;
+inline const QString FloatingWindow = u"AXFloatingWindow"_s;
+inline const QString SystemFloatingWindow = u"AXSystemFloatingWindow"_s;
+inline const QString Unknown = u"AXUnknown"_s;
 
 // Notifications.
-inline const QString WindowCreated = QStringLiteral("AXWindowCreated");
-inline const QString UIElementDestroyed = QStringLiteral("AXUIElementDestroyed");
-inline const QString SelectedChildrenChanged = QStringLiteral("AXSelectedChildrenChanged");
-inline const QString MenuOpened = QStringLiteral("AXMenuOpened");
-inline const QString FocusedUIElementChanged = QStringLiteral("AXFocusedUIElementChanged");
+inline const QString WindowCreated = u"AXWindowCreated"_s;
+inline const QString UIElementDestroyed = u"AXUIElementDestroyed"_s;
+inline const QString SelectedChildrenChanged = u"AXSelectedChildrenChanged"_s;
+inline const QString MenuOpened = u"AXMenuOpened"_s;
+inline const QString FocusedUIElementChanged = u"AXFocusedUIElementChanged"_s;
 
 } // namespace lumbrix::AX

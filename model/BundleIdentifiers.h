@@ -6,15 +6,17 @@
 
 #include <QtCore/QString>
 
+#include "platform/StringLiterals.h"
+
 namespace lumbrix::BundleIdentifier
 {
 
-inline const QString Dock = QStringLiteral("com.apple.dock");
-inline const QString Finder = QStringLiteral("com.apple.finder");
-inline const QString Illustrator = QStringLiteral("com.adobe.illustrator");
-inline const QString ITunes = QStringLiteral("com.apple.iTunes");
-inline const QString Mail = QStringLiteral("com.apple.mail");
-inline const QString QuickTimePlayer = QStringLiteral("com.apple.QuickTimePlayerX");
-inline const QString VLC = QStringLiteral("org.videolan.vlc");
+inline const QString Dock = u"com.apple.dock"_s;
+inline const QString Finder = u"com.apple.finder"_s;
+inline const QString Illustrator = u"com.adobe.illustrator"_s;
+inline const QString ITunes = u"com.apple.iTunes"_s;
+inline const QString Mail = u"com.apple.mail"_s;
+inline const QString QuickTimePlayer = u"com.apple.QuickTimePlayerX"_s;
+inline const QString VLC = u"org.videolan.vlc"_s;
 
 } // namespace lumbrix::BundleIdentifier

@@ -10,13 +10,13 @@ std::uint32_t flagForIndex(int index)
 {
     switch (index) {
     case 1:
-        return platform::ModifierFlag::Option;
+        return platform::ModifierFlag::option;
     case 2:
-        return platform::ModifierFlag::Control;
+        return platform::ModifierFlag::control;
     case 3:
-        return platform::ModifierFlag::Shift;
+        return platform::ModifierFlag::shift;
     default:
-        return platform::ModifierFlag::Command;
+        return platform::ModifierFlag::command;
     }
 }
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "model/SGKeyCodeTranslator.h"
+#include "platform/StringLiterals.h"
 
 #include <QtCore/QFile>
 #include <QtCore/QJsonArray>
@@ -15,7 +16,7 @@ namespace
 
 QJsonObject readTable()
 {
-    QFile file(QStringLiteral(":/SGKeyCodes.json"));
+    QFile file(u":/SGKeyCodes.json"_s);
     if (!file.open(QIODevice::ReadOnly))
         qFatal("Contents of SGKeyCodes is nil");
     return QJsonDocument::fromJson(file.readAll()).object();

@@ -7,16 +7,17 @@
 
 #include "model/SGKeyCodeTranslator.h"
 #include "platform/InputState.h"
+#include "platform/StringLiterals.h"
 
 namespace lumbrix
 {
 namespace
 {
 
-using platform::ModifierFlag::Command;
-using platform::ModifierFlag::Control;
-using platform::ModifierFlag::Option;
-using platform::ModifierFlag::Shift;
+using platform::ModifierFlag::command;
+using platform::ModifierFlag::control;
+using platform::ModifierFlag::option;
+using platform::ModifierFlag::shift;
 
 struct Modifier {
     std::int64_t bit;
@@ -25,14 +26,14 @@ struct Modifier {
 };
 /// In the order in which they are shown.
 constexpr Modifier modifierTable[] = {
-    {0x100, Command, u'\u2318'},
-    {0x800, Option, u'\u2325'},
-    {0x1000, Control, u'\u2303'},
-    {0x200, Shift, u'\u21E7'},
+    {0x100, command, u'\u2318'},
+    {0x800, option, u'\u2325'},
+    {0x1000, control, u'\u2303'},
+    {0x200, shift, u'\u21E7'},
 };
 
-const QString keyCodeEntry = QStringLiteral("keyCode");
-const QString modifiersEntry = QStringLiteral("modifiers");
+const QString keyCodeEntry = u"keyCode"_s;
+const QString modifiersEntry = u"modifiers"_s;
 
 } // namespace
 
@@ -55,10 +56,9 @@ QVariantMap SGKeyCombo::plistRepresentation() const
 std::uint32_t SGKeyCombo::modifierMask() const
 {
     std::uint32_t mask = 0;
-    for (const Modifier& modifier : modifierTable) {
+    for (const Modifier& modifier : modifierTable)
         if (modifiers > 0 && (modifiers & modifier.bit))
             mask |= modifier.flag;
-    }
     return mask;
 }
 
@@ -72,10 +72,9 @@ QString SGKeyCombo::description(platform::KeyboardLayout& keyboard) const
     if (!isValidHotKeyCombo())
         return QCoreApplication::translate("SGKeyCombo", "(None)");
     QString signs;
-    for (const Modifier& modifier : modifierTable) {
+    for (const Modifier& modifier : modifierTable)
         if (modifiers & modifier.bit)
             signs += QChar(modifier.sign);
-    }
     return signs + keyCodeString(keyboard);
 }
 

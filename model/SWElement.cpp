@@ -5,6 +5,7 @@
 
 #include "model/AXRead.h"
 #include "model/UIElementUtilities.h"
+#include "platform/StringLiterals.h"
 #include "platform/Workspace.h"
 
 namespace lumbrix
@@ -35,7 +36,7 @@ WindowPicture pictureOf(const QImage& image, QSize limit, QSizeF windowSize)
 
 } // namespace
 
-QString SWElement::notResponding() { return QStringLiteral("Not Responding"); }
+QString SWElement::notResponding() { return u"Not Responding"_s; }
 
 SWElement::SWElement(const platform::Desktop& ports, ElementRef element)
     : m_ports(ports), m_element(std::move(element))
@@ -152,7 +153,7 @@ void SWElement::raise()
         m_ports.accessibility.setAttributeValue(m_element, AX::Frontmost, true);
         m_ports.accessibility.setAttributeValue(m_element, AX::Focused, true);
         m_ports.accessibility.performAction(m_element, AX::Raise);
-        m_ports.workspace.activate(m_pid, platform::ActivateIgnoringOtherApps);
+        m_ports.workspace.activate(m_pid, platform::activateIgnoringOtherApps);
     }
 }
 
@@ -197,10 +198,9 @@ std::optional<RunningApplication> SWElement::runningApplicationForDockElement() 
     if (!url)
         return std::nullopt;
     const QUrl wanted = standardized(*url);
-    for (const RunningApplication& application : m_ports.workspace.runningApplications()) {
+    for (const RunningApplication& application : m_ports.workspace.runningApplications())
         if (standardized(application.bundleURL) == wanted)
             return application;
-    }
     return std::nullopt;
 }
 

@@ -8,6 +8,7 @@
 #include "model/SWElement.h"
 #include "model/UIElementUtilities.h"
 #include "platform/InputState.h"
+#include "platform/StringLiterals.h"
 #include "platform/Workspace.h"
 
 namespace lumbrix
@@ -90,20 +91,17 @@ std::vector<SWElementPtr> SWElement::elementsForElementRef(const platform::Deskt
                                                            const ElementRef& application)
 {
     std::vector<SWElementPtr> elements;
-    for (const ElementRef& window :
-         AX::readElements(ports.accessibility, application, AX::Windows)) {
+    for (const ElementRef& window : AX::readElements(ports.accessibility, application, AX::Windows))
         if (SWElementPtr element = wrapped(ports, window))
             elements.push_back(std::move(element));
-    }
     return elements;
 }
 
 std::int32_t SWElement::getDockPid(const platform::Desktop& ports)
 {
-    for (const RunningApplication& application : ports.workspace.runningApplications()) {
+    for (const RunningApplication& application : ports.workspace.runningApplications())
         if (application.bundleIdentifier == BundleIdentifier::Dock)
             return application.pid;
-    }
     return 0;
 }
 
@@ -149,11 +147,10 @@ SWElement::runningAppForProccessListIcon(const platform::Desktop& ports, const E
     // of that name.
     if (auto application = wrapped(ports, icon)->runningApplicationForDockElement())
         return application;
-    for (const SWElementPtr& item : runningApps(ports).value_or(std::vector<SWElementPtr>{})) {
+    for (const SWElementPtr& item : runningApps(ports).value_or(std::vector<SWElementPtr>{}))
         if (titleForElement(ports, item->element()) == title &&
             checkIfAppIsRunning(ports, item->element()))
             return item->runningApplicationForDockElement();
-    }
     return std::nullopt;
 }
 
@@ -183,7 +180,7 @@ bool SWElement::checkIfCal(const platform::Desktop& ports, const ElementRef& doc
 
 bool SWElement::checkIfBusyCal(const platform::Desktop& ports, const ElementRef& dockItem)
 {
-    return titleForElement(ports, dockItem) == QStringLiteral("BusyCal") &&
+    return titleForElement(ports, dockItem) == u"BusyCal"_s &&
            AX::equals(ports.accessibility, dockItem, AX::Subrole, AX::ApplicationDockItem);
 }
 
@@ -261,10 +258,9 @@ bool SWElement::checkIfAnyWindowIsOnOtherSpace(const platform::Desktop& ports)
 {
     platform::WindowServer& server = ports.windowServer;
     for (const platform::WindowInfo& entry :
-         server.copyWindowInfo(platform::WindowListOption::ExcludeDesktopElements)) {
+         server.copyWindowInfo(platform::WindowListOption::ExcludeDesktopElements))
         if (spaceNumberOfWindow(ports, entry.number) > 1)
             return true;
-    }
     return false;
 }
 

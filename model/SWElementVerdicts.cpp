@@ -8,6 +8,7 @@
 #include "model/BundleIdentifiers.h"
 #include "model/FilterLevels.h"
 #include "model/SWElement.h"
+#include "platform/StringLiterals.h"
 #include "platform/Workspace.h"
 
 namespace lumbrix
@@ -96,7 +97,7 @@ AppliedFilterLevel SWElement::filterLevelOf(const QString& bundle)
     if (bundle == BundleIdentifier::Finder)
         return {tabbedFinderFilterLevel, FilterLevelSource::BuiltIn};
     if (levels) {
-        if (const auto all = levels->levelForKey(QStringLiteral("All applications")))
+        if (const auto all = levels->levelForKey(u"All applications"_s))
             return {*all, FilterLevelSource::AllApplications};
     }
     return {standardFilterLevel, FilterLevelSource::BuiltIn};
@@ -211,10 +212,9 @@ bool SWElement::checkIfWIDIsInWindowList() const
     if (window == 0 || checkIfMinimized() || m_ports.workspace.isHidden(m_pid))
         return true;
     for (int workspace = 1; workspace <= 16; ++workspace) {
-        for (const WindowID other : m_ports.windowServer.workspaceWindowList(workspace)) {
+        for (const WindowID other : m_ports.windowServer.workspaceWindowList(workspace))
             if (other == window)
                 return true;
-        }
     }
     return false;
 }

@@ -6,6 +6,7 @@
 
 #include "model/AXNames.h"
 #include "model/UIElementUtilities.h"
+#include "platform/StringLiterals.h"
 
 namespace lumbrix
 {
@@ -33,15 +34,12 @@ QString elementInWords(const UIElementUtilities& utilities, const ElementRef& el
                                  utilities.processIdentifierOfUIElement(element));
     const auto title = utilities.titleOfUIElement(element);
     if (title && !title->isEmpty())
-        return QStringLiteral("<%1: “%2”>").arg(*role, *title);
-    return QStringLiteral("<%1>").arg(*role);
+        return u"<%1: “%2”>"_s.arg(*role, *title);
+    return u"<%1>"_s.arg(*role);
 }
 
 /// What a missing value reads as in the middle of a line.
-QString orNull(const std::optional<QString>& text)
-{
-    return text.value_or(QStringLiteral("(null)"));
-}
+QString orNull(const std::optional<QString>& text) { return text.value_or(u"(null)"_s); }
 
 QString filtered(const QString& text, const UIElementUtilities::TextFilter& filter)
 {
@@ -76,7 +74,7 @@ QString UIElementUtilities::stringDescriptionOfAXValue(const Value& value, bool 
         return QString::asprintf(beingVerbose ? "<AXRangeValue pos=%ld len=%ld>"
                                               : "pos=%ld len=%ld",
                                  range->location, range->length);
-    return QStringLiteral("AXValue???");
+    return u"AXValue???"_s;
 }
 
 std::optional<QString> UIElementUtilities::descriptionOfValue(const Value& value,
@@ -87,7 +85,7 @@ std::optional<QString> UIElementUtilities::descriptionOfValue(const Value& value
     if (const auto* text = std::get_if<QString>(&value))
         return *text;
     if (const bool* on = std::get_if<bool>(&value))
-        return *on ? QStringLiteral("1") : QStringLiteral("0");
+        return *on ? u"1"_s : u"0"_s;
     if (const double* number = std::get_if<double>(&value))
         return QString::number(*number, 'g', QLocale::FloatingPointShortest);
     if (const auto* url = std::get_if<QUrl>(&value))
@@ -141,20 +139,18 @@ QString UIElementUtilities::stringDescriptionOfUIElement(const Element& element,
     QString text = lineageDescriptionOfUIElement(element, filter);
     const auto attributes = attributeNamesOfUIElement(element);
     if (attributes && !attributes->empty()) {
-        text += QStringLiteral("\nAttributes:\n");
+        text += u"\nAttributes:\n"_s;
         for (const QString& name : *attributes) {
-            const QString mark =
-                canSetAttribute(name, element) ? QStringLiteral(" (W)") : QString();
+            const QString mark = canSetAttribute(name, element) ? u" (W)"_s : QString();
             const QString value = orNull(descriptionForUIElement(element, name, false));
-            text += QStringLiteral("   %1%2:  “%3”\n").arg(name, mark, filtered(value, filter));
+            text += u"   %1%2:  “%3”\n"_s.arg(name, mark, filtered(value, filter));
         }
     }
     const auto actions = actionNamesOfUIElement(element);
     if (actions && !actions->empty()) {
-        text += QStringLiteral("\nActions:\n");
+        text += u"\nActions:\n"_s;
         for (const QString& name : *actions)
-            text += QStringLiteral("   %1 - %2\n")
-                        .arg(name, orNull(descriptionOfAction(name, element)));
+            text += u"   %1 - %2\n"_s.arg(name, orNull(descriptionOfAction(name, element)));
     }
     return text;
 }
@@ -163,7 +159,7 @@ QString UIElementUtilities::descriptionOfAXDescriptionOfUIElement(const Element&
 {
     const Value value = valueOfAttribute(AX::Description, element);
     const auto* text = std::get_if<QString>(&value);
-    return text && !text->isEmpty() ? *text : QStringLiteral("No Description");
+    return text && !text->isEmpty() ? *text : u"No Description"_s;
 }
 
 } // namespace lumbrix

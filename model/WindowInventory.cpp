@@ -53,10 +53,9 @@ void WindowInventory::removeObject(const SWElementPtr& element)
 {
     {
         const std::lock_guard lock(m_lock);
-        for (auto count = std::erase(m_windows, element); count > 0; --count) {
+        for (auto count = std::erase(m_windows, element); count > 0; --count)
             if (const auto found = m_elements.find(element->element()); found != m_elements.end())
                 m_elements.erase(found);
-        }
     }
     m_observer.windowsChanged();
 }
@@ -85,18 +84,16 @@ void WindowInventory::windowScanner()
     const WindowList list = copyWindowList();
     for (const std::int32_t pid : scannedApplications())
         addAppWindows(pid, list);
-    if (m_settings.showSpaces && !m_observer.isShowingPreviews()) {
+    if (m_settings.showSpaces && !m_observer.isShowingPreviews())
         for (const SWElementPtr& window : windowsArray())
             window->getSpaceNumber(list);
-    }
 }
 
 void WindowInventory::cleanWindowsArray()
 {
-    for (const SWElementPtr& window : windowsArray()) {
+    for (const SWElementPtr& window : windowsArray())
         if (!window->checkIfExists())
             removeObject(window);
-    }
 }
 
 void WindowInventory::addAppWindows(std::int32_t pid, const WindowList& windowList)
@@ -178,10 +175,9 @@ WindowInventory::processesBehindIcon(const platform::RunningApplication& applica
 {
     std::vector<std::int32_t> pids{application.pid};
     if (standsForOthers(application)) {
-        for (const std::int32_t pid : applicationsWithoutDockIcon()) {
+        for (const std::int32_t pid : applicationsWithoutDockIcon())
             if (pid != application.pid)
                 pids.push_back(pid);
-        }
     }
     return pids;
 }
@@ -262,10 +258,9 @@ std::vector<std::int32_t> WindowInventory::applicationsWithoutDockIcon() const
     platform::Workspace& workspace = m_ports.workspace;
     const std::vector<std::int32_t> launched = workspace.launchedApplications();
     std::vector<std::int32_t> others;
-    for (const auto& application : workspace.runningApplications()) {
+    for (const auto& application : workspace.runningApplications())
         if (std::find(launched.begin(), launched.end(), application.pid) == launched.end())
             others.push_back(application.pid);
-    }
     return others;
 }
 

@@ -14,10 +14,10 @@ namespace lumbrix::platform
 /// Bits of modifierFlags().
 namespace ModifierFlag
 {
-inline constexpr std::uint32_t Shift = 0x20000;
-inline constexpr std::uint32_t Control = 0x40000;
-inline constexpr std::uint32_t Option = 0x80000;
-inline constexpr std::uint32_t Command = 0x100000;
+inline constexpr std::uint32_t shift = 0x20000;
+inline constexpr std::uint32_t control = 0x40000;
+inline constexpr std::uint32_t option = 0x80000;
+inline constexpr std::uint32_t command = 0x100000;
 } // namespace ModifierFlag
 
 /// Any thread.

@@ -33,14 +33,14 @@ struct RunningApplication {
 };
 
 /// Activation options, as bits.
-inline constexpr std::uint32_t ActivateIgnoringOtherApps = 2;
+inline constexpr std::uint32_t activateIgnoringOtherApps = 2;
 
 /// Options of launchApplication, as bits.
 namespace LaunchOption
 {
-inline constexpr std::uint32_t WithoutAddingToRecents = 0x00100;
-inline constexpr std::uint32_t Async = 0x10000;
-inline constexpr std::uint32_t AllowingClassicStartup = 0x20000;
+inline constexpr std::uint32_t withoutAddingToRecents = 0x00100;
+inline constexpr std::uint32_t async = 0x10000;
+inline constexpr std::uint32_t allowingClassicStartup = 0x20000;
 } // namespace LaunchOption
 
 enum class WorkspaceNotification {

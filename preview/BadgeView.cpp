@@ -5,6 +5,7 @@
 
 #include <algorithm>
 
+#include "platform/StringLiterals.h"
 #include "preview/Cells.h"
 #include "preview/NumberLabel.h"
 
@@ -18,10 +19,9 @@ BadgeView::BadgeView(QWidget* parent) : QWidget(parent)
 
 bool BadgeView::awakeFromNib()
 {
-    m_labels = {findChild<NumberLabel*>(u"smallLabel"_qs),
-                findChild<NumberLabel*>(u"mediumLabel"_qs),
-                findChild<NumberLabel*>(u"largeLabel"_qs)};
-    m_badgeImage = findChild<LXImageCell*>(u"badgeImage"_qs);
+    m_labels = {findChild<NumberLabel*>(u"smallLabel"_s), findChild<NumberLabel*>(u"mediumLabel"_s),
+                findChild<NumberLabel*>(u"largeLabel"_s)};
+    m_badgeImage = findChild<LXImageCell*>(u"badgeImage"_s);
     if (!m_badgeImage || std::count(m_labels.begin(), m_labels.end(), nullptr) > 0)
         return false;
     hideAll();

@@ -8,6 +8,7 @@
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QStyledItemDelegate>
 
+#include "platform/StringLiterals.h"
 #include "preview/NamedImage.h"
 
 namespace lumbrix
@@ -86,7 +87,7 @@ QPixmap CalTableView::checkboxWithColor(const QColor& color, bool checked, qreal
     const auto named = [devicePixelRatio](const QString& name) {
         return namedPixmap(name, checkboxSize, devicePixelRatio);
     };
-    QPixmap tint = named(u"chkbx2_colormask"_qs);
+    QPixmap tint = named(u"chkbx2_colormask"_s);
     {
         QPainter painter(&tint);
         painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
@@ -96,11 +97,11 @@ QPixmap CalTableView::checkboxWithColor(const QColor& color, bool checked, qreal
     box.setDevicePixelRatio(devicePixelRatio);
     box.fill(Qt::transparent);
     QPainter painter(&box);
-    painter.drawPixmap(0, 0, named(u"chkbx1_shadow"_qs));
+    painter.drawPixmap(0, 0, named(u"chkbx1_shadow"_s));
     painter.drawPixmap(0, 0, tint);
-    painter.drawPixmap(0, 0, named(u"chkbx3_background"_qs));
+    painter.drawPixmap(0, 0, named(u"chkbx3_background"_s));
     if (checked)
-        painter.drawPixmap(0, 0, named(u"chkbx4_check"_qs));
+        painter.drawPixmap(0, 0, named(u"chkbx4_check"_s));
     return box;
 }
 

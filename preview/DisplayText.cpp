@@ -8,15 +8,15 @@ namespace lumbrix
 namespace
 {
 // More than fits on the widest panel, and little enough to be laid out in no time.
-constexpr qsizetype MaxLength = 400;
+constexpr qsizetype maxLength = 400;
 } // namespace
 
 QString displayText(const QString& title)
 {
     qsizetype length = title.size();
-    const bool cut = length > MaxLength;
+    const bool cut = length > maxLength;
     if (cut)
-        length = title.at(MaxLength - 1).isHighSurrogate() ? MaxLength - 1 : MaxLength;
+        length = title.at(maxLength - 1).isHighSurrogate() ? maxLength - 1 : maxLength;
     QString text;
     text.reserve(length + 1);
     for (qsizetype i = 0; i < length; ++i) {

@@ -6,6 +6,7 @@
 #include <QtGui/QFontMetricsF>
 #include <QtGui/QPainter>
 
+#include "platform/StringLiterals.h"
 #include "preview/DisplayText.h"
 
 namespace lumbrix
@@ -16,7 +17,7 @@ namespace
 QFont lineFont()
 {
     QFont font;
-    font.setFamilies(QStringList{u"Lucida Grande"_qs} + font.families());
+    font.setFamilies(QStringList{u"Lucida Grande"_s} + font.families());
     font.setBold(true);
     font.setPixelSize(12);
     return font;

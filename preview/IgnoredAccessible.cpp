@@ -33,10 +33,9 @@ QAccessibleInterface* makeIgnored(const QString&, QObject* object)
     auto* widget = qobject_cast<QWidget*>(object);
     if (!widget)
         return nullptr; // not ours to answer for
-    for (const QWidget* each : {widget, widget->window()}) {
+    for (const QWidget* each : {widget, widget->window()})
         if (each->property("accessibilityIsIgnored").toBool())
             return new IgnoredAccessible(widget);
-    }
     return nullptr;
 }
 

@@ -9,6 +9,7 @@
 
 #include <array>
 
+#include "platform/StringLiterals.h"
 #include "preview/BadgeView.h"
 #include "preview/CalTableView.h"
 #include "preview/Cells.h"
@@ -34,7 +35,7 @@ template <class Panel> QWidget* makePanel(const platform::Desktop& ports, QWidge
     return new Panel(ports, parent);
 }
 
-constexpr std::array WidgetClasses{
+constexpr std::array widgetClasses{
     InterfaceClass{QLatin1String("BadgeView"), make<BadgeView>},
     InterfaceClass{QLatin1String("CalTableView"), make<CalTableView>},
     InterfaceClass{QLatin1String("ImageButton"), make<ImageButton>},
@@ -51,7 +52,7 @@ struct PanelClass {
     QLatin1String name;
     QWidget* (*create)(const platform::Desktop& ports, QWidget* parent);
 };
-constexpr std::array PanelClasses{
+constexpr std::array panelClasses{
     PanelClass{QLatin1String("DBOverlayWindow"), makePanel<DBOverlayWindow>},
     PanelClass{QLatin1String("MAWindow"), makePanel<MAWindow>},
 };
@@ -85,16 +86,14 @@ private:
     /// Null when it is none of the program's own classes.
     QWidget* createOwn(const QString& className, QWidget* parent) const
     {
-        for (const PanelClass& candidate : PanelClasses) {
+        for (const PanelClass& candidate : panelClasses)
             if (className == candidate.name)
                 return candidate.create(*m_ports, parent);
-        }
         for (const std::span<const InterfaceClass> known :
-             {std::span<const InterfaceClass>(WidgetClasses), m_classes}) {
-            for (const InterfaceClass& candidate : known) {
+             {std::span<const InterfaceClass>(widgetClasses), m_classes}) {
+            for (const InterfaceClass& candidate : known)
                 if (className == candidate.name)
                     return candidate.create(parent);
-            }
         }
         return nullptr;
     }
@@ -120,7 +119,7 @@ std::unique_ptr<Loader> makeLoader()
 std::unique_ptr<QWidget> loadInterface(const platform::Desktop& ports, const QString& name,
                                        std::span<const InterfaceClass> classes)
 {
-    QFile file(u":/interfaces/%1.ui"_qs.arg(name));
+    QFile file(u":/interfaces/%1.ui"_s.arg(name));
     if (!file.open(QIODevice::ReadOnly))
         return nullptr;
     static const std::unique_ptr<Loader> kept = makeLoader();

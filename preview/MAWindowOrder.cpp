@@ -51,10 +51,9 @@ bool MAWindow::hasCompany() const
 void MAWindow::bringBackdrops() const
 {
     const std::vector<MAWindow*> panels = frontPanels();
-    for (MAWindow* panel : panels) {
+    for (MAWindow* panel : panels)
         if (panel->isBackdrop() && panel->level() < m_level && panel->m_presence.isDue())
             panel->bringOntoScreen();
-    }
 }
 
 void MAWindow::takeBackdropsAway()

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "preview/NamedImage.h"
+#include "platform/StringLiterals.h"
 
 #include <QtCore/QFile>
 #include <QtGui/QPainter>
@@ -16,7 +17,7 @@ namespace
 /// A null size means twice the natural one.
 QImage render(const QString& name, QSize pixels)
 {
-    const QString path = u":/images/%1.svg"_qs.arg(name);
+    const QString path = u":/images/%1.svg"_s.arg(name);
     if (name.isEmpty() || !QFile::exists(path))
         return {};
     QSvgRenderer renderer(path);
@@ -37,7 +38,7 @@ QPixmap namedPixmap(const QString& name, QSize size, qreal devicePixelRatio)
 {
     const QSize pixels = (QSizeF(size) * devicePixelRatio).toSize();
     const QString key =
-        u"lumbrix-image/%1/%2x%3"_qs.arg(name).arg(pixels.width()).arg(pixels.height());
+        u"lumbrix-image/%1/%2x%3"_s.arg(name).arg(pixels.width()).arg(pixels.height());
     QPixmap pixmap;
     if (!QPixmapCache::find(key, &pixmap)) {
         pixmap = QPixmap::fromImage(render(name, pixels));

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "preview/NumberLabel.h"
+#include "platform/StringLiterals.h"
 
 #include <QtGui/QFontInfo>
 #include <QtGui/QFontMetricsF>
@@ -62,7 +63,7 @@ void NumberLabel::paintEvent(QPaintEvent*)
     QFont drawn = font();
     drawn.setPixelSize(qRound(QFontInfo(font()).pixelSize() * scale));
     const QFontMetricsF metrics(drawn);
-    const qreal figure = metrics.tightBoundingRect(u"1"_qs).height();
+    const qreal figure = metrics.tightBoundingRect(u"1"_s).height();
     const QPointF start((width() - metrics.horizontalAdvance(m_text) / scale) / 2,
                         std::round((height() * scale + figure) / 2) / scale);
     QPainter painter(this);

@@ -3,6 +3,7 @@
 
 #include "preview/OverlayWindow.h"
 
+#include "platform/StringLiterals.h"
 #include "preview/InterfaceFile.h"
 
 namespace lumbrix
@@ -10,7 +11,7 @@ namespace lumbrix
 
 std::unique_ptr<OverlayWindow> OverlayWindow::load(const platform::Desktop& ports)
 {
-    std::unique_ptr<QWidget> loaded = loadInterface(ports, u"OverlayWindow"_qs);
+    std::unique_ptr<QWidget> loaded = loadInterface(ports, u"OverlayWindow"_s);
     if (!qobject_cast<DBOverlayWindow*>(loaded.get()))
         return nullptr;
     return std::unique_ptr<OverlayWindow>(new OverlayWindow(

@@ -12,6 +12,7 @@
 #include <array>
 #include <utility>
 
+#include "platform/StringLiterals.h"
 #include "preview/ImageButton.h"
 #include "preview/KeyLabel.h"
 #include "preview/OnGrey.h"
@@ -23,10 +24,10 @@ namespace lumbrix
 namespace
 {
 
-constexpr QMargins BodyMargins{14, 13, 3, 7};
+constexpr QMargins bodyMargins{14, 13, 3, 7};
 /// As broad as there is room beside a picture without a body, and between a body and its picture.
-constexpr int MarkBreadth = 3;
-constexpr QColor MarkColor(255, 170, 20);
+constexpr int markBreadth = 3;
+constexpr QColor markColor(255, 170, 20);
 
 QColor opaque(QColor color)
 {
@@ -51,7 +52,7 @@ void PanelBackground::setParts(const Parts& parts)
     arrange();
 }
 
-QRect PanelBackground::body() const { return rect().marginsRemoved(BodyMargins); }
+QRect PanelBackground::body() const { return rect().marginsRemoved(bodyMargins); }
 
 bool PanelBackground::hasBody() const
 {
@@ -140,7 +141,7 @@ QPainterPath PanelBackground::outlinePath() const
                             m_cornerRadius + 1);
     } else {
         const QRect picture = pictureRect();
-        const int edge = m_marked ? MarkBreadth : 1;
+        const int edge = m_marked ? markBreadth : 1;
         const qreal radius = m_parts.image->cornerRadius() + edge;
         path.addRoundedRect(QRectF(picture).adjusted(-edge, -edge, edge, edge), radius, radius);
         // What stands out beside a narrow picture; all of it has round ends.
@@ -212,7 +213,7 @@ void PanelBackground::paintShadow(QPainter& painter, const QRectF& around, qreal
 {
     // It falls downward, and ends where the panel does; the numbers are distance and strength.
     constexpr std::array<std::pair<int, int>, 4> layers{{{4, 7}, {3, 12}, {2, 18}, {1, 26}}};
-    const int room = BodyMargins.right();
+    const int room = bodyMargins.right();
     painter.setPen(Qt::NoPen);
     for (const auto& [distance, alpha] : layers) {
         painter.setBrush(QColor(0, 0, 0, alpha));
@@ -260,9 +261,9 @@ void PanelBackground::paintPictureEdge(QPainter& painter) const
 {
     const QRectF picture = pictureRect();
     if (m_shaped) {
-        const int edge = m_marked ? MarkBreadth : 1;
+        const int edge = m_marked ? markBreadth : 1;
         painter.fillRect(picture.adjusted(-edge, -edge, edge, edge),
-                         m_marked ? MarkColor : onGrey(m_outline));
+                         m_marked ? markColor : onGrey(m_outline));
         return;
     }
     paintShadow(painter, picture, m_parts.image->cornerRadius());
@@ -271,15 +272,15 @@ void PanelBackground::paintPictureEdge(QPainter& painter) const
     painter.drawRoundedRect(picture.adjusted(-0.5, -0.5, 0.5, 0.5), m_cornerRadius + 0.5,
                             m_cornerRadius + 0.5);
     if (m_marked)
-        paintMark(painter, picture.adjusted(-MarkBreadth, -MarkBreadth, MarkBreadth, MarkBreadth),
-                  m_parts.image->cornerRadius() + MarkBreadth);
+        paintMark(painter, picture.adjusted(-markBreadth, -markBreadth, markBreadth, markBreadth),
+                  m_parts.image->cornerRadius() + markBreadth);
 }
 
 void PanelBackground::paintMark(QPainter& painter, const QRectF& around, qreal radius) const
 {
-    constexpr qreal half = MarkBreadth / 2.0;
+    constexpr qreal half = markBreadth / 2.0;
     painter.setBrush(Qt::NoBrush);
-    painter.setPen(QPen(MarkColor, MarkBreadth));
+    painter.setPen(QPen(markColor, markBreadth));
     painter.drawRoundedRect(around.adjusted(half, half, -half, -half), radius - half,
                             radius - half);
 }
@@ -290,7 +291,7 @@ void PanelBackground::paintEvent(QPaintEvent*)
     // below the parts is drawn once and shared.
     const bool isBody = hasBody();
     const QRect part = isBody ? body() : pictureRect();
-    QString key = u"lumbrix-panel"_qs;
+    QString key = u"lumbrix-panel"_s;
     for (const QColor& color : {m_fillTop, m_fillBottom, m_outline, m_highlight})
         key += color.name(QColor::HexArgb);
     for (const qreal number :

@@ -5,6 +5,7 @@
 
 #include "model/EngineSettings.h"
 #include "platform/InputState.h"
+#include "platform/StringLiterals.h"
 #include "platform/Workspace.h"
 #include "preview/DisplayText.h"
 #include "preview/ImageButton.h"
@@ -26,14 +27,13 @@ namespace
 constexpr platform::Seconds zoomActivationPause = 0.05f;
 constexpr std::int64_t commandKey = 0x100;
 constexpr std::uint32_t hideOthersFlags =
-    platform::ModifierFlag::Option | platform::ModifierFlag::Command;
+    platform::ModifierFlag::option | platform::ModifierFlag::command;
 
 void hideOthers(std::int32_t pid, platform::Workspace& workspace)
 {
-    for (const platform::RunningApplication& application : workspace.runningApplications()) {
+    for (const platform::RunningApplication& application : workspace.runningApplications())
         if (application.pid != pid)
             workspace.hide(application.pid);
-    }
 }
 
 /// Starting a player that runs already brings its main window forward. By its bundle, as its
@@ -42,9 +42,9 @@ void launchAgain(std::int32_t pid, platform::Workspace& workspace)
 {
     if (const auto application = workspace.runningApplication(pid))
         workspace.launchApplicationAtURL(application->bundleURL,
-                                         platform::LaunchOption::WithoutAddingToRecents |
-                                             platform::LaunchOption::Async |
-                                             platform::LaunchOption::AllowingClassicStartup);
+                                         platform::LaunchOption::withoutAddingToRecents |
+                                             platform::LaunchOption::async |
+                                             platform::LaunchOption::allowingClassicStartup);
 }
 
 } // namespace
@@ -73,12 +73,12 @@ bool ScreenyView::loadWindow(const QString& interfaceFile)
     if (!qobject_cast<MAWindow*>(loaded.get()))
         return false;
     m_window.reset(static_cast<MAWindow*>(loaded.release()));
-    m_background = m_window->findChild<PanelBackground*>(u"background"_qs);
-    m_image = m_window->findChild<PictureButton*>(u"image"_qs);
-    m_title = m_window->findChild<TitleLabel*>(u"title"_qs);
-    m_titleLabel = m_window->findChild<TitleLabel*>(u"titleLabel"_qs);
-    m_closeButton = m_window->findChild<ImageButton*>(u"closeButton"_qs);
-    m_fastKeyButton = m_window->findChild<KeyLabel*>(u"fastKeyButton"_qs);
+    m_background = m_window->findChild<PanelBackground*>(u"background"_s);
+    m_image = m_window->findChild<PictureButton*>(u"image"_s);
+    m_title = m_window->findChild<TitleLabel*>(u"title"_s);
+    m_titleLabel = m_window->findChild<TitleLabel*>(u"titleLabel"_s);
+    m_closeButton = m_window->findChild<ImageButton*>(u"closeButton"_s);
+    m_fastKeyButton = m_window->findChild<KeyLabel*>(u"fastKeyButton"_s);
     TitleLabel* title = m_title ? m_title : m_titleLabel;
     if (!m_background || !m_image || !title || !m_closeButton || !m_fastKeyButton)
         return false;
@@ -109,7 +109,7 @@ void ScreenyView::setImage(const QImage& image) { m_image->setImage(image); }
 
 void ScreenyView::setCapture(const QImage& capture)
 {
-    setImage(capture.isNull() && m_iTunes ? namedImage(u"noMusic"_qs) : capture);
+    setImage(capture.isNull() && m_iTunes ? namedImage(u"noMusic"_s) : capture);
 }
 
 void ScreenyView::setIcon(const QImage& icon) { m_image->setIcon(icon); }
@@ -131,7 +131,7 @@ void ScreenyView::setTitleString(const QString& title)
     label->setText(title);
     m_background->arrange();
     // In the title of a window the toolkit takes this for its mark of unsaved changes.
-    m_window->setWindowTitle(QString(label->text()).replace(u"[*]"_qs, u"[*][*]"_qs));
+    m_window->setWindowTitle(QString(label->text()).replace(u"[*]"_s, u"[*][*]"_s));
 }
 
 void ScreenyView::setAppFlags(const std::optional<platform::RunningApplication>& application)
@@ -247,9 +247,9 @@ void ScreenyView::activateWindow()
 {
     if (!m_elementRef) {
         platform::Workspace& workspace = m_ports.workspace;
-        if (m_iCal && !workspace.launchApplication(m_BusyCal ? u"BusyCal"_qs : u"iCal"_qs) &&
+        if (m_iCal && !workspace.launchApplication(m_BusyCal ? u"BusyCal"_s : u"iCal"_s) &&
             !m_calURL.isEmpty())
-            workspace.launchApplicationAtURL(m_calURL, platform::LaunchOption::Async);
+            workspace.launchApplicationAtURL(m_calURL, platform::LaunchOption::async);
         return;
     }
     // Closing all previews, below, may drop the last reference to this one.

@@ -9,6 +9,7 @@
 
 #include "model/EngineSettings.h"
 #include "platform/InputState.h"
+#include "platform/StringLiterals.h"
 #include "preview/ImageButton.h"
 #include "preview/PanelBackground.h"
 #include "preview/PictureButton.h"
@@ -146,11 +147,11 @@ void ScreenyView::createButtons()
     if (m_buttonsInitialized)
         return;
     m_controls = {
-        createButton(u"skipLeft"_qs, u"skipLeftAlt"_qs, &PlayerControls::skipLeft),
-        createButton(u"skipRight"_qs, u"skipRightAlt"_qs, &PlayerControls::skipRight),
-        createButton(u"play"_qs, u"playAlt"_qs, &PlayerControls::play),
-        createButton(u"mailGet"_qs, u"mailGetAlt"_qs, &PlayerControls::getMail),
-        createButton(u"playPause"_qs, u"playPauseAlt"_qs, &PlayerControls::playPause),
+        createButton(u"skipLeft"_s, u"skipLeftAlt"_s, &PlayerControls::skipLeft),
+        createButton(u"skipRight"_s, u"skipRightAlt"_s, &PlayerControls::skipRight),
+        createButton(u"play"_s, u"playAlt"_s, &PlayerControls::play),
+        createButton(u"mailGet"_s, u"mailGetAlt"_s, &PlayerControls::getMail),
+        createButton(u"playPause"_s, u"playPauseAlt"_s, &PlayerControls::playPause),
     };
     m_buttonsInitialized = true;
 }
@@ -219,8 +220,8 @@ void ScreenyView::setPlayState(bool playing)
     if (!m_buttonsInitialized)
         return;
     ImageButton* button = m_controls[Play];
-    button->setImageName(playing ? u"pause"_qs : u"play"_qs);
-    button->setPressedImageName(playing ? u"pauseAlt"_qs : u"playAlt"_qs);
+    button->setImageName(playing ? u"pause"_s : u"play"_s);
+    button->setPressedImageName(playing ? u"pauseAlt"_s : u"playAlt"_s);
     button->show();
 }
 

@@ -7,6 +7,7 @@
 #include <algorithm>
 
 #include "model/EngineSettings.h"
+#include "platform/StringLiterals.h"
 #include "preview/BadgeView.h"
 #include "preview/Cells.h"
 #include "preview/InterfaceFile.h"
@@ -48,7 +49,7 @@ std::int32_t fittingSize(std::int32_t wanted, float height)
 /// Hidden, and belongs to the parent. Null when the interface file cannot be loaded.
 BadgeView* loadBadge(QWidget& parent, const platform::Desktop& ports)
 {
-    std::unique_ptr<QWidget> loaded = loadInterface(ports, u"SpaceBadge"_qs);
+    std::unique_ptr<QWidget> loaded = loadInterface(ports, u"SpaceBadge"_s);
     auto* badge = qobject_cast<BadgeView*>(loaded.get());
     if (!badge || !badge->awakeFromNib())
         return nullptr;
@@ -74,7 +75,7 @@ void ScreenyView::showSpaces()
         if (!m_spaceView)
             return;
         if (settings.spaceStyle == blueStyle)
-            m_spaceView->badgeImage()->setImageName(u"SpaceBlue"_qs);
+            m_spaceView->badgeImage()->setImageName(u"SpaceBlue"_s);
     }
     const auto width = static_cast<float>(m_window->frame().width());
     const auto height = static_cast<float>(m_window->frame().height());

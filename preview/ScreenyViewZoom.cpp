@@ -6,6 +6,7 @@
 
 #include "model/EngineSettings.h"
 #include "model/MouseRest.h"
+#include "platform/StringLiterals.h"
 #include "preview/ImageButton.h"
 #include "preview/InterfaceFile.h"
 #include "preview/PictureView.h"
@@ -68,11 +69,11 @@ void ScreenyView::showZoomWindow()
     if (!isHovered())
         return; // the mouse has left
     if (!m_zoomWindow) {
-        std::unique_ptr<QWidget> loaded = loadInterface(m_ports, u"ZoomWindow"_qs);
+        std::unique_ptr<QWidget> loaded = loadInterface(m_ports, u"ZoomWindow"_s);
         if (!qobject_cast<MAWindow*>(loaded.get()))
             return;
         m_zoomWindow.reset(static_cast<MAWindow*>(loaded.release()));
-        m_zoomImageView = m_zoomWindow->findChild<PictureView*>(u"zoomImageView"_qs);
+        m_zoomImageView = m_zoomWindow->findChild<PictureView*>(u"zoomImageView"_s);
         m_zoomWindow->setContent(m_zoomImageView);
     }
     const QRectF frame = m_elementRef->getNSRect();

@@ -8,6 +8,7 @@
 
 #include "platform/AppleEvents.h"
 #include "platform/RunLoop.h"
+#include "platform/StringLiterals.h"
 
 namespace lumbrix
 {
@@ -46,15 +47,14 @@ std::optional<QString> SWScript::getCurrentTrack(const ScriptingWindow& window) 
     const QString name = track.name().value_or(QString());
     if (artist.isEmpty())
         return name.isEmpty() ? std::nullopt : std::optional(name);
-    return name.isEmpty() ? artist : artist + QStringLiteral(" - ") + name;
+    return name.isEmpty() ? artist : artist + u" - "_s + name;
 }
 
 QImage SWScript::getCurrentArtwork(const ScriptingWindow& window) const
 {
-    for (const ASReference& artwork : ITApplication(m_events, window).currentTrack().artworks()) {
+    for (const ASReference& artwork : ITApplication(m_events, window).currentTrack().artworks())
         if (QImage picture = ITTrack::data(artwork); !picture.isNull())
             return picture;
-    }
     return {};
 }
 

@@ -11,6 +11,7 @@
 
 #include "platform/Desktop.h"
 #include "platform/RunLoop.h"
+#include "platform/StringLiterals.h"
 #include "platform/Workspace.h"
 #include "preview/NamedImage.h"
 
@@ -87,7 +88,7 @@ QIcon ApplicationIcons::icon(const QString& bundleIdentifier)
 void ApplicationIcons::take(const QString& bundleIdentifier, const QImage& picture)
 {
     const qreal scale = qGuiApp->devicePixelRatio();
-    QPixmap pixmap = picture.isNull() ? namedPixmap(QStringLiteral("anyApp"), {size, size}, scale)
+    QPixmap pixmap = picture.isNull() ? namedPixmap(u"anyApp"_s, {size, size}, scale)
                                       : QPixmap::fromImage(picture);
     pixmap.setDevicePixelRatio(scale);
     m_icons.insert(bundleIdentifier, QIcon(pixmap));

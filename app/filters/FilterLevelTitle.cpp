@@ -11,13 +11,13 @@ namespace lumbrix::FilterLevel
 QString title(int level)
 {
     switch (level) {
-    case Low:
+    case low:
         return QCoreApplication::translate("FilterLevel", "Low");
-    case Medium:
+    case medium:
         return QCoreApplication::translate("FilterLevel", "Medium");
-    case BlockAll:
+    case blockAll:
         return QCoreApplication::translate("FilterLevel", "Block all");
-    case TotalFinder:
+    case totalFinder:
         return QCoreApplication::translate("FilterLevel", "TotalFinder");
     default:
         return QCoreApplication::translate("FilterLevel", "High");
@@ -27,14 +27,14 @@ QString title(int level)
 QString description(int level)
 {
     switch (level) {
-    case Low:
+    case low:
         return QCoreApplication::translate("FilterLevel", "Previews every window.");
-    case Medium:
+    case medium:
         return QCoreApplication::translate("FilterLevel",
                                            "Leaves out windows with nothing in them.");
-    case BlockAll:
+    case blockAll:
         return QCoreApplication::translate("FilterLevel", "Shows no previews at all.");
-    case TotalFinder:
+    case totalFinder:
         return QCoreApplication::translate(
             "FilterLevel",
             "Leaves out windows with nothing in them, for a Finder whose windows have tabs.");

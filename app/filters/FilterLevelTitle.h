@@ -9,11 +9,11 @@
 namespace lumbrix::FilterLevel
 {
 
-inline constexpr int Low = 0;
-inline constexpr int Medium = 1;
-inline constexpr int High = 2;
-inline constexpr int BlockAll = 3;
-inline constexpr int TotalFinder = 4; ///< for the Finder alone
+inline constexpr int low = 0;
+inline constexpr int medium = 1;
+inline constexpr int high = 2;
+inline constexpr int blockAll = 3;
+inline constexpr int totalFinder = 4; ///< for the Finder alone
 
 /// In the user's language; a number that is no level counts as High.
 QString title(int level);

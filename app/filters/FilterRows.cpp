@@ -16,7 +16,7 @@ namespace lumbrix
 namespace
 {
 
-constexpr std::array Identifiers{QLatin1String("application"), QLatin1String("filter")};
+constexpr std::array identifiers{QLatin1String("application"), QLatin1String("filter")};
 
 } // namespace
 
@@ -67,9 +67,9 @@ int FilterRows::rowOfBundle(const QString& bundle) const
 
 QString FilterRows::objectValue(const QString& columnIdentifier, int row) const
 {
-    if (columnIdentifier == Identifiers[ApplicationColumn])
+    if (columnIdentifier == identifiers[ApplicationColumn])
         return getRowName(row);
-    if (columnIdentifier == Identifiers[FilterColumn])
+    if (columnIdentifier == identifiers[FilterColumn])
         return getRowFilter(row);
     return {};
 }
@@ -90,7 +90,7 @@ QVariant FilterRows::data(const QModelIndex& index, int role) const
         return {};
     const int row = index.row();
     if (role == Qt::DisplayRole)
-        return objectValue(Identifiers.at(static_cast<std::size_t>(index.column())), row);
+        return objectValue(identifiers.at(static_cast<std::size_t>(index.column())), row);
     if (index.column() != ApplicationColumn)
         return role == Qt::ToolTipRole ? FilterLevel::description(getRowLevel(row)) : QVariant();
     if (role == Qt::DecorationRole)

@@ -9,6 +9,7 @@
 
 #include "app/filters/ApplicationIcons.h"
 #include "platform/Desktop.h"
+#include "platform/StringLiterals.h"
 #include "platform/Workspace.h"
 #include "preview/DisplayText.h"
 #include "preview/NamedImage.h"
@@ -30,14 +31,13 @@ QIcon icon(const QString& subject, ApplicationIcons& icons)
     if (subject != AllApplications)
         return icons.icon(subject);
     constexpr int size = ApplicationIcons::size;
-    return QIcon(namedPixmap(QStringLiteral("allApps"), {size, size}, qGuiApp->devicePixelRatio()));
+    return QIcon(namedPixmap(u"allApps"_s, {size, size}, qGuiApp->devicePixelRatio()));
 }
 
 QString toolTip(const QString& subject)
 {
     const QString shown = displayText(subject);
-    return Qt::mightBeRichText(shown) ? QStringLiteral("<qt>%1</qt>").arg(shown.toHtmlEscaped())
-                                      : shown;
+    return Qt::mightBeRichText(shown) ? u"<qt>%1</qt>"_s.arg(shown.toHtmlEscaped()) : shown;
 }
 
 } // namespace lumbrix::FilterSubject

@@ -8,6 +8,8 @@
 #include <QtCore/QString>
 #include <QtGui/QIcon>
 
+#include "platform/StringLiterals.h"
+
 namespace lumbrix
 {
 
@@ -17,7 +19,7 @@ namespace FilterSubject
 {
 
 /// Stands in the dictionary in the place of a bundle identifier.
-inline const QString AllApplications = QStringLiteral("All applications");
+inline const QString AllApplications = u"All applications"_s;
 
 /// Main thread. In the user's language; "unknown" for an application of which nothing is known.
 QString name(const QString& subject);

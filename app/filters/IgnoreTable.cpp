@@ -19,6 +19,7 @@
 #include "engine/LXHandler.h"
 #include "model/BundleIdentifiers.h"
 #include "platform/Desktop.h"
+#include "platform/StringLiterals.h"
 #include "platform/UserDefaults.h"
 #include "preview/DisplayText.h"
 #include "preview/InterfaceFile.h"
@@ -46,7 +47,7 @@ QDialog& loadSheet(QWidget& pane)
 {
     static constexpr std::array classes{InterfaceClass{QLatin1String("NoteLabel"), makeNoteLabel}};
     auto* sheet = qobject_cast<QDialog*>(
-        loadInterface(platform::desktop(), QStringLiteral("FilterSheet"), classes).release());
+        loadInterface(platform::desktop(), u"FilterSheet"_s, classes).release());
     if (!sheet)
         qFatal("there is no interface file of the filter sheet");
     sheet->setParent(&pane, Qt::Dialog);
@@ -96,7 +97,7 @@ void IgnoreTable::setUpTable()
 
 void IgnoreTable::setUpSheet()
 {
-    m_addFilterWindow.setWindowRole(QStringLiteral("alert"));
+    m_addFilterWindow.setWindowRole(u"alert"_s);
     m_addFilterWindow.setWindowModality(Qt::WindowModal);
     m_applications = &part<QComboBox>(m_addFilterWindow, "applications");
     m_filterLevels = &part<QComboBox>(m_addFilterWindow, "filterLevels");
@@ -111,10 +112,9 @@ void IgnoreTable::setUpSheet()
             this, &IgnoreTable::cancelFilter);
     connect(&m_addFilterWindow, &QDialog::finished, this, &IgnoreTable::sheetDidEnd);
     connect(&m_icons, &ApplicationIcons::loaded, m_applications, [this](const QString& bundle) {
-        for (int i = 0; i < m_applications->count(); ++i) {
+        for (int i = 0; i < m_applications->count(); ++i)
             if (m_applications->itemData(i, subjectRole) == bundle)
                 m_applications->setItemIcon(i, m_icons.icon(bundle));
-        }
     });
 }
 
@@ -177,7 +177,7 @@ void IgnoreTable::applicationsButtonClicked() { generateFiltersMenu(); }
 void IgnoreTable::saveDefaults()
 {
     platform::UserDefaults& defaults = platform::desktop().userDefaults;
-    defaults.setDictionary(LXHandler::sharedHandler().filters(), QStringLiteral("filters"));
+    defaults.setDictionary(LXHandler::sharedHandler().filters(), u"filters"_s);
     defaults.synchronize();
 }
 
@@ -192,10 +192,9 @@ void IgnoreTable::generateAppsMenu()
             appendApplication(application.localizedName, application.bundleIdentifier);
         return;
     }
-    for (const std::int32_t pid : workspace.launchedApplications()) {
+    for (const std::int32_t pid : workspace.launchedApplications())
         if (const auto application = workspace.runningApplication(pid))
             appendApplication(application->localizedName, application->bundleIdentifier);
-    }
 }
 
 void IgnoreTable::appendApplication(const QString& name, const QString& subject)
@@ -211,8 +210,8 @@ void IgnoreTable::generateFiltersMenu()
     const int chosen = m_filterLevels->currentIndex();
     m_filterLevels->clear();
     const bool isFinder = m_applications->currentData(subjectRole) == BundleIdentifier::Finder;
-    const int last = isFinder ? FilterLevel::TotalFinder : FilterLevel::BlockAll;
-    for (int level = FilterLevel::Low; level <= last; ++level)
+    const int last = isFinder ? FilterLevel::totalFinder : FilterLevel::blockAll;
+    for (int level = FilterLevel::low; level <= last; ++level)
         m_filterLevels->addItem(FilterLevel::title(level));
     if (chosen >= 0 && chosen <= last)
         m_filterLevels->setCurrentIndex(chosen);

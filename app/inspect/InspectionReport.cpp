@@ -11,6 +11,7 @@
 
 #include "app/inspect/InspectionTexts.h"
 #include "app/inspect/PrintableText.h"
+#include "platform/StringLiterals.h"
 
 namespace lumbrix
 {
@@ -91,13 +92,13 @@ QString windowLines(int number, const InspectedWindow& window)
           << (window.subrole.isEmpty() ? InspectionText::tr("no subrole")
                                        : printableText(window.subrole))
           << (window.number == 0 ? InspectionText::tr("no window number")
-                                 : QStringLiteral("0x%1").arg(window.number, 0, 16));
-    return QStringLiteral("%1. %2%3\n    %4\n    %5\n")
-        .arg(QString::number(number).rightJustified(2), quoted(window.title),
-             arrowIf(window.isUnderPointer),
-             reason.isEmpty() ? InspectionText::tr("can be previewed")
-                              : InspectionText::tr("not previewed: %1").arg(reason),
-             facts.join(comma));
+                                 : u"0x%1"_s.arg(window.number, 0, 16));
+    return u"%1. %2%3\n    %4\n    %5\n"_s.arg(
+        QString::number(number).rightJustified(2), quoted(window.title),
+        arrowIf(window.isUnderPointer),
+        reason.isEmpty() ? InspectionText::tr("can be previewed")
+                         : InspectionText::tr("not previewed: %1").arg(reason),
+        facts.join(comma));
 }
 
 QString dockText(const InspectedDock& dock)
@@ -124,8 +125,7 @@ QString displayText(const platform::DockDisplay& display)
 
 QString details(const Inspection& inspection)
 {
-    QStringList system{QSysInfo::prettyProductName(),
-                       QStringLiteral("Qt ") + QString::fromLatin1(qVersion())};
+    QStringList system{QSysInfo::prettyProductName(), u"Qt "_s + QString::fromLatin1(qVersion())};
     if (const QString name = qEnvironmentVariable("XDG_CURRENT_DESKTOP"); !name.isEmpty())
         system << printableText(name);
     QStringList screens;
@@ -176,7 +176,7 @@ QString inspectionReport(const Inspection& inspection)
         program += comma + InspectionText::tr("not known whether it runs");
     else if (*inspection.runningProcess != 0)
         program += comma + InspectionText::tr("process %1").arg(*inspection.runningProcess);
-    return text + row(QStringLiteral("Lumbrix"), program) + details(inspection);
+    return text + row(u"Lumbrix"_s, program) + details(inspection);
 }
 
 } // namespace lumbrix

@@ -12,6 +12,7 @@
 #include "model/Modifiers.h"
 #include "platform/Desktop.h"
 #include "platform/KeyboardLayout.h"
+#include "platform/StringLiterals.h"
 
 namespace lumbrix
 {
@@ -107,7 +108,7 @@ QString verdictObstacle(const Inspection& inspection)
 /// The reason, and what it says there, where that is known.
 QString differs(const QString& reason, const InspectedWindow& window, const QString& there)
 {
-    return window.listed ? reason + QStringLiteral(" (%1)").arg(there) : reason;
+    return window.listed ? reason + u" (%1)"_s.arg(there) : reason;
 }
 
 } // namespace

@@ -11,6 +11,7 @@
 #include "model/AXRead.h"
 #include "model/VisibilityRules.h"
 #include "platform/InputState.h"
+#include "platform/StringLiterals.h"
 #include "platform/UserDefaults.h"
 
 namespace lumbrix
@@ -41,13 +42,12 @@ QStringList settingsThatMatter(const platform::UserDefaults& defaults)
     const auto add = [&result](const char* name, const QString& value) {
         result << QString::fromLatin1(name) + QLatin1Char('=') + value;
     };
-    if (integerSetting(defaults, QStringLiteral("showInDock")) == 0)
-        add("showInDock", QStringLiteral("0"));
-    for (const char* name : names) {
+    if (integerSetting(defaults, u"showInDock"_s) == 0)
+        add("showInDock", u"0"_s);
+    for (const char* name : names)
         if (const auto value = integerSetting(defaults, QString::fromLatin1(name)))
             add(name, QString::number(value));
-    }
-    if (const float delay = defaults.floatForKey(QStringLiteral("displayDelay")); delay > 0)
+    if (const float delay = defaults.floatForKey(u"displayDelay"_s); delay > 0)
         add("displayDelay", QString::number(static_cast<double>(delay), 'g', 3));
     return result;
 }
@@ -70,8 +70,8 @@ Inspector::Inspector()
 {
     const platform::UserDefaults& defaults = m_ports.userDefaults;
     mirrorEngineSettings(defaults, m_settings);
-    m_hasRun = defaults.boolForKey(QStringLiteral("firstRun"));
-    m_showsCalendars = integerSetting(defaults, QStringLiteral("shouldShowCal")) != 0;
+    m_hasRun = defaults.boolForKey(u"firstRun"_s);
+    m_showsCalendars = integerSetting(defaults, u"shouldShowCal"_s) != 0;
     if (!m_hasRun) {
         // As its first start will set them.
         m_settings.showInDock = 1;
@@ -110,10 +110,9 @@ void Inspector::aim()
     if (!m_application)
         return;
     for (const std::int32_t pid : m_inventory.processesBehindIcon(*m_application)) {
-        for (const SWElementPtr& window : windowsOf(pid, m_ports)) {
+        for (const SWElementPtr& window : windowsOf(pid, m_ports))
             if (const WindowID number = numberOf(*window, m_ports))
                 m_ports.windowServer.captureWindow(number, smallPicture);
-        }
     }
 }
 
@@ -232,10 +231,9 @@ InspectedWindow Inspector::inspectWindow(const SWElementPtr& found, bool isScann
     result.verdict = isScanned ? m_inventory.processWindow(found, list) : WindowVerdict::NotScanned;
     // The record in the inventory may be another one, which was matched.
     SWElementPtr window = found;
-    for (const SWElementPtr& known : m_inventory.windowsArray()) {
+    for (const SWElementPtr& known : m_inventory.windowsArray())
         if (known->isEqualTo(found))
             window = known;
-    }
     const std::int32_t pid = m_ports.accessibility.pidOf(found->element()).value_or(0);
     const VisibilityRules rules(m_ports, m_settings);
     if (result.verdict == WindowVerdict::Good)

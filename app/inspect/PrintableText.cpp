@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "app/inspect/PrintableText.h"
+#include "platform/StringLiterals.h"
 
 #include <QtCore/QList>
 
@@ -32,9 +33,9 @@ QString escaped(char32_t character)
 {
     switch (character) {
     case U'\n':
-        return QStringLiteral("\\n");
+        return u"\\n"_s;
     case U'\t':
-        return QStringLiteral("\\t");
+        return u"\\t"_s;
     default:
         return QString::asprintf(character < 0x100 ? "\\x%02x" : "\\u%04x",
                                  static_cast<unsigned>(character));
@@ -50,7 +51,7 @@ QString printableText(const QString& text)
     const auto characters = text.toUcs4();
     for (qsizetype i = 0; i < characters.size(); ++i) {
         if (i == maxCharacters)
-            return result + QStringLiteral("… [%1]").arg(characters.size());
+            return result + u"… [%1]"_s.arg(characters.size());
         const char32_t character = characters.at(i);
         if (isToBeEscaped(character))
             result += escaped(character);

@@ -12,6 +12,7 @@
 
 #include "engine/CalendarChoice.h"
 #include "platform/Desktop.h"
+#include "platform/StringLiterals.h"
 #include "platform/WallClock.h"
 #include "preview/DisplayText.h"
 #include "preview/InterfaceFile.h"
@@ -94,10 +95,10 @@ void CalendarPicker::showSheet(QWidget& preferencesWindow)
         m_calendarPicker->activateWindow();
         return;
     }
-    std::unique_ptr<QWidget> loaded = loadInterface(platform::desktop(), u"CalendarPicker"_qs);
+    std::unique_ptr<QWidget> loaded = loadInterface(platform::desktop(), u"CalendarPicker"_s);
     auto* sheet = qobject_cast<QDialog*>(loaded.get());
-    auto* table = loaded ? loaded->findChild<CalTableView*>(u"tableView"_qs) : nullptr;
-    auto* button = loaded ? loaded->findChild<QPushButton*>(u"endPicking"_qs) : nullptr;
+    auto* table = loaded ? loaded->findChild<CalTableView*>(u"tableView"_s) : nullptr;
+    auto* button = loaded ? loaded->findChild<QPushButton*>(u"endPicking"_s) : nullptr;
     if (!sheet || !table || !button)
         return;
     static_cast<void>(loaded.release()); // the preferences have it now
@@ -156,7 +157,7 @@ void CalendarPicker::showRows()
 {
     m_model->reset();
     if (m_calendarPicker) {
-        if (auto* label = m_calendarPicker->findChild<QLabel*>(u"noCalendars"_qs))
+        if (auto* label = m_calendarPicker->findChild<QLabel*>(u"noCalendars"_s))
             label->setVisible(m_error != CalendarError::NotReady && m_calArray.empty());
     }
 }
@@ -204,15 +205,13 @@ void CalendarPicker::saveDefaults()
     if (m_error == CalendarError::NotReady)
         return;
     QStringList disabled;
-    for (std::size_t row = 0; row < m_calArray.size(); ++row) {
+    for (std::size_t row = 0; row < m_calArray.size(); ++row)
         if (!m_checkboxes[row])
             disabled << m_calArray[row].uid;
-    }
     if (m_error == CalendarError::Failed) {
-        for (const QString& uid : CalendarChoice::disabledUIDs(platform::desktop().userDefaults)) {
+        for (const QString& uid : CalendarChoice::disabledUIDs(platform::desktop().userDefaults))
             if (std::ranges::find(m_calArray, uid, &Calendar::uid) == m_calArray.end())
                 disabled << uid;
-        }
     }
     CalendarChoice::setDisabledUIDs(platform::desktop().userDefaults, disabled);
 }

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "app/preferences/ColorWell.h"
+#include "platform/StringLiterals.h"
 
 #include <QtGui/QPainter>
 #include <QtWidgets/QColorDialog>
@@ -51,7 +52,7 @@ void ColorWell::showDialog()
     if (!m_dialog) {
         m_dialog = new QColorDialog(m_color, this);
         m_dialog->setAttribute(Qt::WA_DeleteOnClose);
-        m_dialog->setWindowRole(QStringLiteral("colors"));
+        m_dialog->setWindowRole(u"colors"_s);
         m_dialog->setWindowTitle(tr("Badge Colour"));
         connect(m_dialog, &QColorDialog::currentColorChanged, this, &ColorWell::choose);
         connect(m_dialog, &QDialog::rejected, this, [this, before = m_color] { choose(before); });

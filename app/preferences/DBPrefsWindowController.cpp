@@ -13,6 +13,7 @@
 
 #include "platform/Desktop.h"
 #include "platform/InputState.h"
+#include "platform/StringLiterals.h"
 
 namespace lumbrix
 {
@@ -33,8 +34,8 @@ public:
                                Qt::WindowCloseButtonHint),
           toolbar(this), contentSubview(this), m_controller(controller)
     {
-        setWindowRole(QStringLiteral("preferences"));
-        setObjectName(QStringLiteral("preferences"));
+        setWindowRole(u"preferences"_s);
+        setObjectName(u"preferences"_s);
     }
 
     PrefsToolbar toolbar;
@@ -219,7 +220,7 @@ void DBPrefsWindowController::setFrame(const QRect& frame)
 void DBPrefsWindowController::crossFadeView(QWidget& oldView, QWidget& newView)
 {
     const bool isSlow = m_shiftSlowsAnimation && (platform::desktop().inputState.modifierFlags() &
-                                                  platform::ModifierFlag::Shift);
+                                                  platform::ModifierFlag::shift);
     m_crossFadeView = new CrossFadeView(oldView.grab(), newView.grab(), &m_window->contentSubview);
     m_crossFadeView->resize(oldView.size().expandedTo(newView.size()));
     m_crossFadeView->show();

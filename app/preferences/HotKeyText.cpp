@@ -35,10 +35,9 @@ const char* wordFor(std::int64_t keyCode)
         {125, QT_TRANSLATE_NOOP("HotKeyText", "Down")},
         {126, QT_TRANSLATE_NOOP("HotKeyText", "Up")},
     };
-    for (const auto& [code, word] : words) {
+    for (const auto& [code, word] : words)
         if (code == keyCode)
             return word;
-    }
     return nullptr;
 }
 
@@ -49,10 +48,9 @@ QString modifierText(std::int64_t modifiers)
     using namespace platform::ModifierFlag;
     const std::uint32_t mask = SGKeyCombo{0, modifiers}.modifierMask();
     QString text;
-    for (const std::uint32_t flag : {Command, Control, Option, Shift}) {
+    for (const std::uint32_t flag : {command, control, option, shift})
         if (mask & flag)
             text += platform::desktop().keyboardLayout.nameOfModifier(flag) + QLatin1Char('+');
-    }
     return text;
 }
 

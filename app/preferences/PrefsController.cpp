@@ -26,6 +26,7 @@
 #include "platform/Desktop.h"
 #include "platform/InputState.h"
 #include "platform/KeyboardLayout.h"
+#include "platform/StringLiterals.h"
 #include "preview/InterfaceFile.h"
 
 namespace lumbrix
@@ -72,7 +73,7 @@ void fillModifierNames(QWidget& pane)
     for (QComboBox* box : boxes) {
         if (!box->property("modifierNames").toBool())
             continue;
-        for (const std::uint32_t flag : {Command, Option, Control, Shift})
+        for (const std::uint32_t flag : {command, option, control, shift})
             box->addItem(platform::desktop().keyboardLayout.nameOfModifier(flag));
         box->setProperty("settingsElse", 0);
     }
@@ -133,16 +134,16 @@ void PrefsController::awakeFromNib(QWidget& pane)
     }
     if (pane.objectName() == QLatin1String("preferencesFilters"))
         new IgnoreTable(pane);
-    if (auto* button = pane.findChild<QPushButton*>(QStringLiteral("chooseCalendars"))) {
+    if (auto* button = pane.findChild<QPushButton*>(u"chooseCalendars"_s)) {
         auto* picker = new CalendarPicker(&pane);
         connect(button, &QPushButton::clicked, picker,
                 [picker, &pane] { picker->showSheet(*pane.window()); });
     }
-    if (auto* label = pane.findChild<QLabel*>(QStringLiteral("versionLabel")))
+    if (auto* label = pane.findChild<QLabel*>(u"versionLabel"_s))
         m_host.setVersionLabel(label);
-    if (auto* label = pane.findChild<QLabel*>(QStringLiteral("delayLabel")))
+    if (auto* label = pane.findChild<QLabel*>(u"delayLabel"_s))
         m_host.setDelayLabel(label);
-    if (auto* label = pane.findChild<QLabel*>(QStringLiteral("exitDelayLabel")))
+    if (auto* label = pane.findChild<QLabel*>(u"exitDelayLabel"_s))
         m_host.setExitDelayLabel(label);
 }
 
@@ -161,9 +162,9 @@ void PrefsController::refresh()
     m_recorders->refresh();
     // Another window manager, with another switcher, may have been started meanwhile.
     const bool tellsSwitcher = platform::desktop().accessibility.tellsSwitcher();
-    if (auto* box = window()->findChild<QCheckBox*>(QStringLiteral("showInTab")))
+    if (auto* box = window()->findChild<QCheckBox*>(u"showInTab"_s))
         box->setEnabled(tellsSwitcher);
-    if (auto* note = window()->findChild<QLabel*>(QStringLiteral("showInTabNote")))
+    if (auto* note = window()->findChild<QLabel*>(u"showInTabNote"_s))
         note->setVisible(!tellsSwitcher);
     const QColor color = badger().getCurrentColor();
     if (auto* well = window()->findChild<ColorWell*>(); well && color.isValid())

@@ -11,6 +11,7 @@
 #include "app/preferences/HotKeyText.h"
 #include "platform/Desktop.h"
 #include "platform/KeyboardLayout.h"
+#include "platform/StringLiterals.h"
 
 namespace lumbrix
 {
@@ -66,7 +67,7 @@ SRRecorderControl::SRRecorderControl(QWidget* parent)
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     m_clearButton->setAutoRaise(true);
     m_clearButton->setFocusPolicy(Qt::NoFocus); // Backspace does the same
-    m_clearButton->setText(QStringLiteral("\u2715"));
+    m_clearButton->setText(u"\u2715"_s);
     m_clearButton->setToolTip(tr("Clear"));
     m_clearButton->setAccessibleName(tr("Clear"));
     connect(m_clearButton, &QToolButton::clicked, this, [this] {

@@ -123,10 +123,9 @@ private:
             {"updateDistanceFromDock", [](PreferencesHost& h) { h.updateDistanceFromDock(); }},
             {"updateDockBadgeSize", [](PreferencesHost& h) { h.updateDockBadgeSize(); }},
         };
-        for (const auto& [known, action] : actions) {
+        for (const auto& [known, action] : actions)
             if (name == QLatin1String(known))
                 return action;
-        }
         return [](PreferencesHost& h) { h.updateState(); };
     }
     /// The value that is stored, which may lie beyond the slider's ends.
@@ -201,14 +200,12 @@ std::vector<SettingsBinding*> bindPane(QWidget& pane, PreferencesHost& host)
 {
     std::vector<SettingsBinding*> bindings;
     const auto widgets = pane.findChildren<QWidget*>();
-    for (QWidget* widget : widgets) {
+    for (QWidget* widget : widgets)
         if (SettingsBinding* binding = SettingsBinding::bind(*widget, host))
             bindings.push_back(binding);
-    }
-    for (QWidget* widget : widgets) {
+    for (QWidget* widget : widgets)
         if (widget->property("enabledBy").isValid())
             makeDependent(*widget, pane);
-    }
     return bindings;
 }
 

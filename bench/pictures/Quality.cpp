@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "pictures/Quality.h"
+#include "platform/StringLiterals.h"
 
 #include <QtGui/QPainter>
 
@@ -16,7 +17,7 @@ namespace lumbrix::bench
 namespace
 {
 
-constexpr int Channels = 3;
+constexpr int channels = 3;
 
 struct Tap {
     int at;
@@ -46,10 +47,10 @@ double squares(const QImage& picture, QPoint offset, const ExactPicture& exact, 
     for (int y = margin; y < exact.size.height() - margin && sum < limit; ++y) {
         const uchar* line = picture.constScanLine(offset.y() + y) + std::ptrdiff_t{4} * offset.x();
         const double* right =
-            exact.samples.data() + static_cast<std::size_t>(y) * exact.size.width() * Channels;
+            exact.samples.data() + static_cast<std::size_t>(y) * exact.size.width() * channels;
         for (int x = margin; x < exact.size.width() - margin; ++x) {
-            for (int c = 0; c < Channels; ++c) {
-                const double difference = line[x * 4 + c] - right[x * Channels + c];
+            for (int c = 0; c < channels; ++c) {
+                const double difference = line[x * 4 + c] - right[x * channels + c];
                 sum += difference * difference;
             }
         }
@@ -60,7 +61,7 @@ double squares(const QImage& picture, QPoint offset, const ExactPicture& exact, 
 double decibels(double squares, QSize size, int margin)
 {
     const double count =
-        1.0 * (size.width() - 2 * margin) * (size.height() - 2 * margin) * Channels;
+        1.0 * (size.width() - 2 * margin) * (size.height() - 2 * margin) * channels;
     return 10 * std::log10(255.0 * 255.0 * count / squares);
 }
 
@@ -72,7 +73,7 @@ QImage ExactPicture::rounded() const
     const double* sample = samples.data();
     for (int y = 0; y < size.height(); ++y) {
         auto* line = reinterpret_cast<QRgb*>(result.scanLine(y));
-        for (int x = 0; x < size.width(); ++x, sample += Channels)
+        for (int x = 0; x < size.width(); ++x, sample += channels)
             line[x] = qRgb(qRound(sample[2]), qRound(sample[1]), qRound(sample[0]));
     }
     return result;
@@ -83,16 +84,15 @@ ExactPicture areaAverage(const QImage& source, QSize size)
     const auto columns = coverage(source.width(), size.width());
     const auto rows = coverage(source.height(), size.height());
     ExactPicture result{size, {}};
-    result.samples.reserve(columns.size() * rows.size() * Channels);
+    result.samples.reserve(columns.size() * rows.size() * channels);
     for (const std::vector<Tap>& row : rows) {
         for (const std::vector<Tap>& column : columns) {
-            double sums[Channels] = {};
+            double sums[channels] = {};
             for (const Tap& y : row) {
                 const uchar* line = source.constScanLine(y.at);
-                for (const Tap& x : column) {
-                    for (int c = 0; c < Channels; ++c)
+                for (const Tap& x : column)
+                    for (int c = 0; c < channels; ++c)
                         sums[c] += y.weight * x.weight * line[x.at * 4 + c];
-                }
             }
             result.samples.insert(result.samples.end(), std::begin(sums), std::end(sums));
         }
@@ -116,7 +116,7 @@ QImage bilinear(const QImage& source, QSize size)
         uchar* out = result.scanLine(y);
         for (int x = 0; x < size.width(); ++x) {
             const Tap column = near(x, source.width(), size.width());
-            for (int c = 0; c < Channels; ++c) {
+            for (int c = 0; c < channels; ++c) {
                 const int at = column.at * 4 + c;
                 const double above = std::lerp(upper[at], upper[at + 4], column.weight);
                 const double below = std::lerp(lower[at], lower[at + 4], column.weight);
@@ -175,20 +175,20 @@ QImage comparison(const QImage& scaled, const ExactPicture& exact, const QImage&
     difference.fill(Qt::black);
     for (int y = 0; y < exact.size.height(); ++y) {
         const double* right =
-            exact.samples.data() + static_cast<std::size_t>(y) * exact.size.width() * Channels;
+            exact.samples.data() + static_cast<std::size_t>(y) * exact.size.width() * channels;
         for (int x = 0; x < exact.size.width(); ++x) {
-            for (int c = 0; c < Channels; ++c) {
+            for (int c = 0; c < channels; ++c) {
                 const double error =
-                    std::abs(scaled.constScanLine(y)[x * 4 + c] - right[x * Channels + c]);
+                    std::abs(scaled.constScanLine(y)[x * 4 + c] - right[x * channels + c]);
                 difference.scanLine(y)[x * 4 + c] = static_cast<uchar>(std::min(255.0, 16 * error));
             }
         }
     }
     const std::pair<QString, QImage> all[] = {
-        {QStringLiteral("Lumbrix: %1 dB").arg(psnr(scaled, exact), 0, 'f', 1), scaled},
-        {QStringLiteral("Exact area average"), exact.rounded()},
-        {QStringLiteral("Difference of the two, times 16"), difference},
-        {QStringLiteral("Bilinear: %1 dB").arg(psnr(bilinear, exact), 0, 'f', 1), bilinear}};
+        {u"Lumbrix: %1 dB"_s.arg(psnr(scaled, exact), 0, 'f', 1), scaled},
+        {u"Exact area average"_s, exact.rounded()},
+        {u"Difference of the two, times 16"_s, difference},
+        {u"Bilinear: %1 dB"_s.arg(psnr(bilinear, exact), 0, 'f', 1), bilinear}};
     part = part.boundedTo(exact.size);
     const QSize each = part * magnified;
     QImage sheet(each.width() * 4 + gap * 3, each.height() + line, QImage::Format_RGB32);

@@ -7,6 +7,7 @@
 #include <set>
 
 #include "Lumbrix.h"
+#include "platform/StringLiterals.h"
 #include "platform/linux/x11/WindowPictures.h"
 #include "platform/linux/x11/WindowTracker.h"
 #include "platform/linux/x11/X11WindowServer.h"
@@ -64,22 +65,18 @@ std::size_t colourCount(const QImage& picture)
 
 TerminalDesk::TerminalDesk() : m_session({{1600, 1280}, privatedesk::WindowManager::Xfwm4, true})
 {
-    m_entry = m_session.installApplication(QStringLiteral("debian-xterm"),
-                                           QStringLiteral("Terminal"), QStringLiteral("XTerm"),
-                                           QStringLiteral("xterm"), Qt::darkCyan);
+    m_entry = m_session.installApplication(u"debian-xterm"_s, u"Terminal"_s, u"XTerm"_s, u"xterm"_s,
+                                           Qt::darkCyan);
     m_dock = privatedesk::Dock::start(m_session, privatedesk::DockKind::Plank,
                                       privatedesk::Edge::Bottom, {m_entry});
-    const QString text = m_session.path(QStringLiteral("listing"));
+    const QString text = m_session.path(u"listing"_s);
     m_session.write(text, listing(40));
     // Cells of 9 by 19 pixels: close to 1280 by 800 with the frame.
     m_terminal = m_session.start(
-        QStringLiteral("xterm"), QStringLiteral("xterm"),
-        {QStringLiteral("-geometry"), QStringLiteral("141x40+60+40"), QStringLiteral("-fa"),
-         QStringLiteral("DejaVu Sans Mono"), QStringLiteral("-fs"), QStringLiteral("11"),
-         QStringLiteral("-bg"), QStringLiteral("#1c2028"), QStringLiteral("-fg"),
-         QStringLiteral("#e8e8e8"), QStringLiteral("-e"), QStringLiteral("sh"),
-         QStringLiteral("-c"),
-         QStringLiteral("cat '%1'; printf '\\033]2;complete\\007'; exec sleep 36000").arg(text)});
+        u"xterm"_s, u"xterm"_s,
+        {u"-geometry"_s, u"141x40+60+40"_s, u"-fa"_s, u"DejaVu Sans Mono"_s, u"-fs"_s, u"11"_s,
+         u"-bg"_s, u"#1c2028"_s, u"-fg"_s, u"#e8e8e8"_s, u"-e"_s, u"sh"_s, u"-c"_s,
+         u"cat '%1'; printf '\\033]2;complete\\007'; exec sleep 36000"_s.arg(text)});
     const bool isComplete = display().waitFor(
         [this] {
             for (const xcb_window_t each :

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "bench/soak_simulated/BusyDesktop.h"
+#include "platform/StringLiterals.h"
 
 namespace lumbrix::bench
 {
@@ -63,10 +64,9 @@ SimulatedApplication BusyDesktop::fullApplication()
 std::vector<WindowID> BusyDesktop::minimized()
 {
     std::vector<WindowID> windows;
-    for (const WindowID each : desk.stacking()) {
+    for (const WindowID each : desk.stacking())
         if (desk.window(each)->isMinimized)
             windows.push_back(each);
-    }
     return windows;
 }
 

@@ -62,10 +62,9 @@ std::vector<PaintWatch::Event> PaintWatch::events() const
 std::set<xcb_window_t> PaintWatch::paintedWindows() const
 {
     std::set<xcb_window_t> painted;
-    for (const Event& event : events()) {
+    for (const Event& event : events())
         if (event.kind == Event::Kind::Painted)
             painted.insert(event.window);
-    }
     return painted;
 }
 

@@ -160,10 +160,9 @@ std::optional<int> descendantNamed(int ancestor, const std::string& name)
             named.push_back(pid);
     }
     for (const int pid : named) {
-        for (int up = pid; up > 1; up = parents[up]) {
+        for (int up = pid; up > 1; up = parents[up])
             if (up == ancestor)
                 return pid;
-        }
     }
     return std::nullopt;
 }

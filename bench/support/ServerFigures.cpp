@@ -39,12 +39,11 @@ std::vector<std::uint32_t> clientsOf(xcb_connection_t* connection, int pid)
     if (!reply)
         return clients;
     for (auto it = xcb_res_query_client_ids_ids_iterator(reply.get()); it.rem != 0;
-         xcb_res_client_id_value_next(&it)) {
+         xcb_res_client_id_value_next(&it))
         if ((it.data->spec.mask & XCB_RES_CLIENT_ID_MASK_LOCAL_CLIENT_PID) != 0 &&
             xcb_res_client_id_value_value_length(it.data) > 0 &&
             *xcb_res_client_id_value_value(it.data) == static_cast<std::uint32_t>(pid))
             clients.push_back(it.data->spec.client);
-    }
     return clients;
 }
 

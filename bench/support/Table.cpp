@@ -34,10 +34,9 @@ void Table::print() const
 {
     const std::vector<std::string> heads{m_title, "value", "yardstick", "ratio", "aim"};
     std::vector<std::size_t> widths(heads.size(), 0);
-    for (const auto& row : m_rows) {
+    for (const auto& row : m_rows)
         for (std::size_t i = 0; i < row.size(); ++i)
             widths[i] = std::max(widths[i], row[i].size());
-    }
     for (std::size_t i = 0; i < heads.size(); ++i)
         widths[i] = widths[i] == 0 && i > 0 ? 0 : std::max(widths[i], heads[i].size());
     const auto printRow = [&](const std::vector<std::string>& row) {

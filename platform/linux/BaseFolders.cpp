@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "platform/linux/BaseFolders.h"
+#include "platform/StringLiterals.h"
 
 #include <QtCore/QDir>
 
@@ -18,18 +19,17 @@ QString home(const char* variable, const QString& usual)
 
 } // namespace
 
-QString configHome() { return home("XDG_CONFIG_HOME", QStringLiteral(".config")); }
+QString configHome() { return home("XDG_CONFIG_HOME", u".config"_s); }
 
 QStringList dataFolders()
 {
     QString system = qEnvironmentVariable("XDG_DATA_DIRS");
     if (system.isEmpty())
-        system = QStringLiteral("/usr/local/share:/usr/share");
-    QStringList folders{home("XDG_DATA_HOME", QStringLiteral(".local/share"))};
-    for (const QString& folder : system.split(u':', Qt::SkipEmptyParts)) {
+        system = u"/usr/local/share:/usr/share"_s;
+    QStringList folders{home("XDG_DATA_HOME", u".local/share"_s)};
+    for (const QString& folder : system.split(u':', Qt::SkipEmptyParts))
         if (QDir::isAbsolutePath(folder))
             folders.append(QDir::cleanPath(folder));
-    }
     folders.removeDuplicates();
     return folders;
 }

@@ -149,9 +149,8 @@ public:
         for (x11::WindowListener* listener : std::initializer_list<x11::WindowListener*>{
                  m_accessibility.listenerBeforeRegistry(), &m_registry, &m_uiMode, &m_docks,
                  &m_requests, &m_tooltips, &m_workspace, &m_switcher,
-                 m_accessibility.listenerAfterRegistry()}) {
+                 m_accessibility.listenerAfterRegistry()})
             m_core->tracker().addListener(listener);
-        }
         m_docks.setPrefetch([this](const std::vector<xcb_window_t>& windows) {
             m_core->pictures().prefetch(windows);
         });
@@ -231,9 +230,8 @@ LinuxDesktop::create(RunLoop& runLoop, const LinuxDesktopOptions& options, QStri
         runLoop, {.pixelsPerPoint = options.pixelsPerPoint, .displayName = {}},
         // As the toolkit does when it is the first to notice.
         [&runLoop] { runLoop.performOnMainThread([] { std::exit(1); }, false); }, error);
-    if (!core) {
+    if (!core)
         return nullptr;
-    }
     return std::make_unique<LinuxDesktopImpl>(runLoop, options, std::move(core));
 }
 

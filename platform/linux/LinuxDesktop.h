@@ -10,13 +10,14 @@
 
 #include "platform/Desktop.h"
 #include "platform/RunLoop.h"
+#include "platform/StringLiterals.h"
 
 namespace lumbrix::platform
 {
 
 struct LinuxDesktopOptions {
     double pixelsPerPoint = 1.0; ///< the toolkit's scale factor
-    QString ownBundleIdentifier = QStringLiteral("lumbrix");
+    QString ownBundleIdentifier = u"lumbrix"_s;
 };
 
 /// Main thread. Owns the connections and threads; destroying it ends them.

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
+#include "platform/StringLiterals.h"
 #include "platform/linux/LinuxDesktop.h"
 
 #include <xcb/xcb.h>
@@ -38,13 +39,12 @@ std::unique_ptr<LinuxDesktop::DisplayHold> LinuxDesktop::prepareToolkit(QString&
         return connection;
     const QString display = qEnvironmentVariable("DISPLAY");
     if (!display.isEmpty())
-        error = QStringLiteral("the X display '%1' cannot be opened").arg(display);
+        error = u"the X display '%1' cannot be opened"_s.arg(display);
     else if (!qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY"))
-        error =
-            QStringLiteral("this Wayland session has no X display: Lumbrix needs an X11 session, "
-                           "or Xwayland for the windows of X programs");
+        error = u"this Wayland session has no X display: Lumbrix needs an X11 session, "
+                "or Xwayland for the windows of X programs"_s;
     else
-        error = QStringLiteral("no X display: DISPLAY is not set");
+        error = u"no X display: DISPLAY is not set"_s;
     return nullptr;
 }
 

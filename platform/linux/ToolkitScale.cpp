@@ -19,9 +19,8 @@ namespace
 double pixelsPerPoint()
 {
     double largest = 1.0;
-    for (const QScreen* screen : QGuiApplication::screens()) {
+    for (const QScreen* screen : QGuiApplication::screens())
         largest = std::max(largest, screen->devicePixelRatio());
-    }
     return largest;
 }
 
@@ -31,9 +30,8 @@ ToolkitScale::ToolkitScale(std::function<void(double)> changed)
     : m_changed(std::move(changed)), m_last(pixelsPerPoint())
 {
     connect(qGuiApp, &QGuiApplication::screenAdded, this, &ToolkitScale::watch);
-    for (const QScreen* screen : QGuiApplication::screens()) {
+    for (const QScreen* screen : QGuiApplication::screens())
         watch(screen);
-    }
 }
 
 // There is no signal for the factor itself; a screen's size in points goes with it.
@@ -46,9 +44,8 @@ void ToolkitScale::watch(const QScreen* screen)
 void ToolkitScale::look()
 {
     const double now = pixelsPerPoint();
-    if (std::exchange(m_last, now) != now) {
+    if (std::exchange(m_last, now) != now)
         m_changed(now);
-    }
 }
 
 } // namespace lumbrix::platform

@@ -17,24 +17,24 @@ namespace lumbrix
 /// As many numbers as a register holds. The functions are inlined into their user and become the
 /// instructions that this user was compiled for.
 template <std::size_t Count> struct Lanes {
-    template <std::size_t Bytes, class Number> struct VectorOf {
-        using Type [[gnu::vector_size(Bytes)]] = Number;
+    template <std::size_t byteCount, class Number> struct VectorOf {
+        using Type [[gnu::vector_size(byteCount)]] = Number;
     };
-    static constexpr std::size_t Bytes = Count * sizeof(std::uint16_t);
-    using Vector = typename VectorOf<Bytes, std::uint16_t>::Type;
+    static constexpr std::size_t byteCount = Count * sizeof(std::uint16_t);
+    using Vector = typename VectorOf<byteCount, std::uint16_t>::Type;
 
     Vector values;
 
     [[gnu::always_inline]] void setAll(std::uint16_t value) { values = Vector{} + value; }
-    [[gnu::always_inline]] void load(const void* from) { std::memcpy(&values, from, Bytes); }
-    [[gnu::always_inline]] void store(void* to) const { std::memcpy(to, &values, Bytes); }
+    [[gnu::always_inline]] void load(const void* from) { std::memcpy(&values, from, byteCount); }
+    [[gnu::always_inline]] void store(void* to) const { std::memcpy(to, &values, byteCount); }
 
     /// Adds the high halves of the products, in the form that each compiler knows as one
     /// instruction.
     [[gnu::always_inline]] void addProduct(const Vector& a, const Vector& b)
     {
 #ifdef __clang__
-        using Wide = typename VectorOf<Bytes * 2, std::uint32_t>::Type;
+        using Wide = typename VectorOf<byteCount * 2, std::uint32_t>::Type;
         const Wide product = __builtin_convertvector(a, Wide) * __builtin_convertvector(b, Wide);
         const Vector high = __builtin_convertvector(product >> 16, Vector);
 #else
@@ -66,7 +66,7 @@ template <std::size_t Count> struct Lanes {
             Lanes<Count / 2> low;
             Lanes<Count / 2> high;
             low.load(&values);
-            high.load(reinterpret_cast<const char*>(&values) + low.Bytes);
+            high.load(reinterpret_cast<const char*>(&values) + low.byteCount);
             low.values += high.values;
             return low.foldedToBytes();
         }
@@ -80,8 +80,8 @@ private:
         const Vector low = __builtin_shufflevector(a.values, b.values, (I / 2 + I % 2 * Count)...);
         const Vector high =
             __builtin_shufflevector(a.values, b.values, ((I + Count) / 2 + I % 2 * Count)...);
-        std::memcpy(to, &low, Bytes);
-        std::memcpy(to + Count, &high, Bytes);
+        std::memcpy(to, &low, byteCount);
+        std::memcpy(to + Count, &high, byteCount);
     }
 };
 

@@ -19,14 +19,14 @@ namespace
 
 // Samples are held as 8.8 fixed point in 16 bits, weights as 0.16: a product's high half is again
 // 8.8, and many of them fit one register.
-constexpr std::int64_t One = 65536;
-constexpr std::size_t Channels = 4;
-constexpr int MaxRatio = 64; // more than this is done in two steps, or the sums overflow
+constexpr std::int64_t fixedOne = 65536;
+constexpr std::size_t channels = 4;
+constexpr int maxRatio = 64; // more than this is done in two steps, or the sums overflow
 
-constexpr std::size_t PlainLanes = 8; // what every processor of the last twenty years has
-constexpr std::size_t WideLanes = 16;
-constexpr int Spare = WideLanes / Channels; // pixels that may be read together with one
-constexpr int MinWidth = WideLanes * 2 / Channels;
+constexpr std::size_t plainLanes = 8; // what every processor of the last twenty years has
+constexpr std::size_t wideLanes = 16;
+constexpr int spare = wideLanes / channels; // pixels that may be read together with one
+constexpr int minWidth = wideLanes * 2 / channels;
 
 /// The source samples that make up one target sample.
 struct Span {
@@ -44,7 +44,7 @@ public:
     {
         // Two more for the partly covered samples at the ends.
         const std::size_t room =
-            static_cast<std::size_t>(std::max(source / target, 1) + 2 + Spare) * copies;
+            static_cast<std::size_t>(std::max(source / target, 1) + 2 + spare) * copies;
         m_weights.resize(room * static_cast<std::size_t>(target));
         m_spans.resize(static_cast<std::size_t>(target));
         std::uint16_t* weights = m_weights.data();
@@ -73,7 +73,7 @@ private:
         std::int64_t given = 0;
         for (std::int64_t at = begin; at < end;) {
             at = std::min((at / target + 1) * target, end);
-            const std::int64_t sum = ((at - begin) * One + source / 2) / source;
+            const std::int64_t sum = ((at - begin) * fixedOne + source / 2) / source;
             append(span, sum - given);
             given = sum;
         }
@@ -83,17 +83,17 @@ private:
     {
         // The centre of the target sample, measured from the centre of the first source sample.
         const std::int64_t at = std::clamp<std::int64_t>(
-            ((2 * i + 1) * source * One / target - One) / 2, 0, (source - 1) * One);
-        span.first = static_cast<int>(at / One);
-        append(span, One - at % One);
-        if (at % One > 0)
-            append(span, at % One);
+            ((2 * i + 1) * source * fixedOne / target - fixedOne) / 2, 0, (source - 1) * fixedOne);
+        span.first = static_cast<int>(at / fixedOne);
+        append(span, fixedOne - at % fixedOne);
+        if (at % fixedOne > 0)
+            append(span, at % fixedOne);
     }
 
     void append(Span& span, std::int64_t weight)
     {
-        m_next =
-            std::fill_n(m_next, m_copies, static_cast<std::uint16_t>(std::min(weight, One - 1)));
+        m_next = std::fill_n(m_next, m_copies,
+                             static_cast<std::uint16_t>(std::min(weight, fixedOne - 1)));
         ++span.count;
     }
 
@@ -128,14 +128,15 @@ struct RowWeights {
     std::uint16_t bias() const { return middleCount > 0 ? 2 : 1; }
 };
 
-/// Sums source rows into one row of 8.8 samples. Bytes of even and of odd places are summed apart.
+/// Sums source rows into one row of 8.8 samples. Bytes of even and of odd places are summed
+/// apart.
 template <std::size_t Count>
 [[gnu::always_inline]] inline void sumRows(const uchar* rows, qsizetype stride,
                                            const RowWeights& row, std::size_t samples,
                                            std::uint16_t* out)
 {
     using Some = Lanes<Count>;
-    const std::size_t lastBlock = samples - Some::Bytes;
+    const std::size_t lastBlock = samples - Some::byteCount;
     Some firstWeight;
     Some middleWeight;
     Some lastWeight;
@@ -144,7 +145,7 @@ template <std::size_t Count>
     middleWeight.setAll(row.middle);
     lastWeight.setAll(row.last);
     bias.setAll(row.bias());
-    for (std::size_t next = 0; next < samples; next += Some::Bytes) {
+    for (std::size_t next = 0; next < samples; next += Some::byteCount) {
         const std::size_t at = std::min(next, lastBlock);
         const uchar* in = rows + at;
         Some bytes;
@@ -185,16 +186,16 @@ template <std::size_t Count>
 [[gnu::always_inline]] inline void sumColumns(const std::uint16_t* row, const Axis& columns,
                                               std::uint32_t always, uchar* out)
 {
-    constexpr int together = Count / Channels;
+    constexpr int together = Count / channels;
     const int steps = (columns.longest() + together - 1) / together;
     // For rounding, and what truncating the products loses on average; the parts of the sum are
     // added. Divisible by every width, so that all give the same picture.
     Lanes<Count> start;
     start.setAll(
-        static_cast<std::uint16_t>((128 + columns.longest() / 2) / Spare * Spare / together));
+        static_cast<std::uint16_t>((128 + columns.longest() / 2) / spare * spare / together));
     for (const Span& span : columns.spans()) {
         Lanes<Count> sum = start;
-        const std::uint16_t* in = row + static_cast<std::size_t>(span.first) * Channels;
+        const std::uint16_t* in = row + static_cast<std::size_t>(span.first) * channels;
         const std::uint16_t* weights = span.weights;
         for (int step = 0; step < steps; ++step) {
             Lanes<Count> samples;
@@ -215,8 +216,8 @@ template <std::size_t Count>
 [[gnu::always_inline]] inline void scale(const QImage& source, const Axis& columns,
                                          const Axis& rows, QImage& result)
 {
-    const std::size_t samples = static_cast<std::size_t>(source.width()) * Channels;
-    std::vector<std::uint16_t> sums(samples + std::size_t{2} * Spare * Channels);
+    const std::size_t samples = static_cast<std::size_t>(source.width()) * channels;
+    std::vector<std::uint16_t> sums(samples + std::size_t{2} * spare * channels);
     const uchar* const in = source.constBits();
     const qsizetype stride = source.bytesPerLine();
     const std::uint32_t always = result.format() == QImage::Format_RGB32 ? 0xff000000U : 0;
@@ -230,14 +231,14 @@ template <std::size_t Count>
 
 void scalePlain(const QImage& source, const Axis& columns, const Axis& rows, QImage& result)
 {
-    scale<PlainLanes>(source, columns, rows, result);
+    scale<plainLanes>(source, columns, rows, result);
 }
 
 #if defined(__x86_64__) || defined(__i386__)
 [[gnu::target("avx2")]] void scaleWide(const QImage& source, const Axis& columns, const Axis& rows,
                                        QImage& result)
 {
-    scale<WideLanes>(source, columns, rows, result);
+    scale<wideLanes>(source, columns, rows, result);
 }
 bool hasWideLanes() { return __builtin_cpu_supports("avx2"); }
 #else
@@ -260,16 +261,16 @@ QImage scaledPicture(const QImage& source, QSize size, Arithmetic arithmetic)
         picture.setDevicePixelRatio(1.0);
     if (picture.size() == size)
         return picture;
-    if (picture.width() > size.width() * MaxRatio || picture.height() > size.height() * MaxRatio)
+    if (picture.width() > size.width() * maxRatio || picture.height() > size.height() * maxRatio)
         picture = scaledPicture(picture,
-                                QSize(std::min(picture.width(), size.width() * MaxRatio),
-                                      std::min(picture.height(), size.height() * MaxRatio)),
+                                QSize(std::min(picture.width(), size.width() * maxRatio),
+                                      std::min(picture.height(), size.height() * maxRatio)),
                                 arithmetic);
 
-    const Axis columns(picture.width(), size.width(), Channels);
+    const Axis columns(picture.width(), size.width(), channels);
     const Axis rows(picture.height(), size.height(), 1);
-    if (picture.width() < MinWidth) // what is added has no weight
-        picture = picture.copy(0, 0, MinWidth, picture.height());
+    if (picture.width() < minWidth) // what is added has no weight
+        picture = picture.copy(0, 0, minWidth, picture.height());
     QImage result(size, format);
     if (result.isNull() || picture.isNull())
         return {};

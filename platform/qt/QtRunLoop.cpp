@@ -112,10 +112,9 @@ void QtRunLoop::Hub::stop(Entry& entry)
 void QtRunLoop::Hub::cancel(const void* target)
 {
     std::vector<EntryPtr> entries;
-    for (const auto& [id, entry] : m_timers) {
+    for (const auto& [id, entry] : m_timers)
         if (entry->target == target)
             entries.push_back(entry);
-    }
     for (const EntryPtr& entry : entries)
         stop(*entry);
 }

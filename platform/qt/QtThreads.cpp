@@ -117,10 +117,9 @@ bool QtThreads::shutdown(Seconds patience)
         m_changed.wait_for(lock, std::chrono::duration<Seconds>(patience),
                            [&] { return std::ranges::none_of(m_running, isAwaited); });
         // A library may compute for hours, and takes no notice of anybody.
-        for (auto& [key, running] : m_running) {
+        for (auto& [key, running] : m_running)
             if (running.handle.joinable())
                 running.handle.detach();
-        }
         haveAllEnded = m_running.empty();
         finished.swap(m_finished);
     }

@@ -19,6 +19,7 @@
 #include "Session.h"
 
 using namespace lumbrix::privatedesk;
+using namespace Qt::StringLiterals;
 
 namespace
 {
@@ -67,7 +68,7 @@ public:
         startApplications();
         m_lumbrix = startLumbrix(m_session, {}, [this] {
             park();
-            moveToIcon(u"org.xfce.mousepad"_qs);
+            moveToIcon(u"org.xfce.mousepad"_s);
         });
         park();
         m_display.waitFor([this] { return m_display.panels().empty(); }, patience(3000));
@@ -88,7 +89,7 @@ private:
     QString installEntry(const QString& identifier, const QByteArray& name, const QByteArray& icon,
                          const QByteArray& windowClass)
     {
-        QString path = m_session.dataPath(u"applications/"_qs + identifier + u".desktop"_qs);
+        QString path = m_session.dataPath(u"applications/"_s + identifier + u".desktop"_s);
         m_session.write(path, "[Desktop Entry]\nType=Application\nName=" + name +
                                   "\nExec=" + windowClass.toLower() + "\nIcon=" + icon +
                                   "\nStartupWMClass=" + windowClass + '\n');
@@ -100,71 +101,69 @@ private:
     {
         m_backgrounds.insert(title.toUtf8(), QColor(background));
         m_applications.push_back(m_session.start(
-            u"xterm"_qs, u"xterm"_qs,
-            {u"-T"_qs, title, u"-geometry"_qs, u"62x18"_qs + place, u"-fa"_qs,
-             u"DejaVu Sans Mono"_qs, u"-fs"_qs, u"10"_qs, u"-bg"_qs, background, u"-fg"_qs,
-             u"#e8e8e8"_qs, u"-e"_qs, u"sh"_qs, u"-c"_qs, script + u"; exec sleep 3600"_qs}));
+            u"xterm"_s, u"xterm"_s,
+            {u"-T"_s, title, u"-geometry"_s, u"62x18"_s + place, u"-fa"_s, u"DejaVu Sans Mono"_s,
+             u"-fs"_s, u"10"_s, u"-bg"_s, background, u"-fg"_s, u"#e8e8e8"_s, u"-e"_s, u"sh"_s,
+             u"-c"_s, script + u"; exec sleep 3600"_s}));
     }
 
     void startApplications()
     {
-        m_terminal = installEntry(u"debian-xterm"_qs, "Terminal", "utilities-terminal", "XTerm");
+        m_terminal = installEntry(u"debian-xterm"_s, "Terminal", "utilities-terminal", "XTerm");
         m_session.addSettings("[org/xfce/mousepad/preferences/window]\npath-in-title=false\n"
                               "[org/xfce/mousepad/state/window]\nwidth=uint32 420\n"
                               "height=uint32 300\n");
-        const QString editor = u"/usr/share/applications/org.xfce.mousepad.desktop"_qs;
+        const QString editor = u"/usr/share/applications/org.xfce.mousepad.desktop"_s;
         m_dock = Dock::start(
             m_session, DockKind::Plank, Edge::Bottom,
             {m_terminal, editor,
-             installEntry(u"calculator"_qs, "Calculator", "accessories-calculator", "XCalc"),
-             m_session.installApplication(u"clock"_qs, u"Clock"_qs, u"XClock"_qs, u"xclock"_qs,
+             installEntry(u"calculator"_s, "Calculator", "accessories-calculator", "XCalc"),
+             m_session.installApplication(u"clock"_s, u"Clock"_s, u"XClock"_s, u"xclock"_s,
                                           QColor(70, 130, 180))});
 
-        startTerminal(u"Colours"_qs, u"+40+40"_qs, u"#20242c"_qs,
+        startTerminal(u"Colours"_s, u"+40+40"_s, u"#20242c"_s,
                       u"i=0; while [ $i -lt 17 ]; do j=0; while [ $j -lt 15 ]; do "
                       u"printf '\\033[48;5;%dm    ' $((16 + i * 12 + j)); j=$((j + 1)); done; "
-                      u"printf '\\033[0m\\n'; i=$((i + 1)); done"_qs);
+                      u"printf '\\033[0m\\n'; i=$((i + 1)); done"_s);
         startTerminal(
-            u"Files"_qs, u"+580+60"_qs, u"#10302c"_qs,
+            u"Files"_s, u"+580+60"_s, u"#10302c"_s,
             u"printf '\\033[1;32muser@desktop\\033[0m:\\033[1;34m/usr\\033[0m$ ls -l\\n'; "
             u"ls -l --color=always /usr; "
             u"printf '\\033[42;30m  18 packages are up to date  \\033[0m\\n"
-            u"\\033[43;30m  2 warnings  \\033[0m\\n'"_qs);
+            u"\\033[43;30m  2 warnings  \\033[0m\\n'"_s);
         startTerminal(
-            u"Clockwork"_qs, u"+300+390"_qs, u"#3a1c32"_qs,
+            u"Clockwork"_s, u"+300+390"_s, u"#3a1c32"_s,
             u"n=0; while :; do printf '\\033[H\\033[2J\\033[1;33m  tick %d\\033[0m\\n\\n' $n; "
             u"i=0; while [ $i -lt 12 ]; do printf '\\033[4%dm%*s\\033[0m\\n' $((1 + i % 6)) "
             u"$((5 + (n * 7 + i * 11) % 50)) ''; i=$((i + 1)); done; n=$((n + 1)); "
-            u"sleep 0.5; done"_qs);
+            u"sleep 0.5; done"_s);
         for (const char* name : {"Shopping", "Letter"}) {
-            const QString file = m_session.path(QString::fromLatin1(name) + u".txt"_qs);
+            const QString file = m_session.path(QString::fromLatin1(name) + u".txt"_s);
             m_session.write(file, QByteArray(name) + "\n========\n\n- bread and butter\n- apples\n"
                                                      "- two kinds of cheese\n- a good book\n");
             m_applications.push_back(
-                m_session.start(u"mousepad"_qs, u"mousepad"_qs, {u"--disable-server"_qs, file}));
+                m_session.start(u"mousepad"_s, u"mousepad"_s, {u"--disable-server"_s, file}));
         }
+        m_applications.push_back(m_session.start(
+            u"xclock"_s, u"xclock"_s, {u"-geometry"_s, u"200x200-40+40"_s, u"-update"_s, u"1"_s}));
         m_applications.push_back(
-            m_session.start(u"xclock"_qs, u"xclock"_qs,
-                            {u"-geometry"_qs, u"200x200-40+40"_qs, u"-update"_qs, u"1"_qs}));
-        m_applications.push_back(
-            m_session.start(u"xcalc"_qs, u"xcalc"_qs, {u"-geometry"_qs, u"-40+320"_qs}));
+            m_session.start(u"xcalc"_s, u"xcalc"_s, {u"-geometry"_s, u"-40+320"_s}));
         const bool complete = m_display.waitFor(
             [this] {
                 return clients("XTerm").size() == 3 && clients("Mousepad").size() == 2 &&
                        clients("XClock").size() == 1 && clients("XCalc").size() == 1;
             },
             patience(20000));
-        check(complete, u"seven windows of four applications opened"_qs);
+        check(complete, u"seven windows of four applications opened"_s);
         std::printf("0 desktop: 3 terminals, 2 editors, a clock and a calculator above Plank\n");
     }
 
     std::vector<Client> clients(const char* windowClass)
     {
         std::vector<Client> result;
-        for (const xcb_window_t window : m_display.numbers(m_display.root(), "_NET_CLIENT_LIST")) {
+        for (const xcb_window_t window : m_display.numbers(m_display.root(), "_NET_CLIENT_LIST"))
             if (m_display.bytes(window, "WM_CLASS").split('\0').contains(windowClass))
                 result.push_back({window, title(window)});
-        }
         return result;
     }
 
@@ -185,7 +184,7 @@ private:
     void save(const QString& name)
     {
         const QString path = m_pictures + u'/' + name;
-        check(m_display.picture().save(path), u"a picture written to "_qs + path);
+        check(m_display.picture().save(path), u"a picture written to "_s + path);
     }
 
     static long millisecondsSince(Clock::time_point start)
@@ -197,9 +196,8 @@ private:
 
     void moveToIcon(const QString& entry)
     {
-        const QString path = entry.startsWith(u'/')
-                                 ? entry
-                                 : u"/usr/share/applications/"_qs + entry + u".desktop"_qs;
+        const QString path =
+            entry.startsWith(u'/') ? entry : u"/usr/share/applications/"_s + entry + u".desktop"_s;
         std::optional<QPoint> icon;
         m_display.waitFor(
             [&] {
@@ -249,11 +247,11 @@ private:
         std::vector<QByteArray> titles;
         for (const Panel& panel : m_display.previews())
             titles.push_back(panel.title);
-        check(painted, u"three painted previews"_qs);
+        check(painted, u"three painted previews"_s);
         check(std::is_permutation(titles.begin(), titles.end(), expected.begin(), expected.end()),
-              u"the titles of the three terminals"_qs);
-        check(m_display.activeWindow() == active, u"the focus where it was"_qs);
-        save(u"1-hover.png"_qs);
+              u"the titles of the three terminals"_s);
+        check(m_display.activeWindow() == active, u"the focus where it was"_s);
+        save(u"1-hover.png"_s);
         std::printf(
             "1 hover: %zu previews of the terminal's %zu windows, the last one painted %ld ms "
             "after the mouse arrived\n",
@@ -269,17 +267,16 @@ private:
         const auto arrived = Clock::now();
         const bool zoomed = m_display.waitFor(
             [this] {
-                return std::ranges::any_of(m_display.panels(), [](const Panel& panel) {
-                    return panel.role == u"zoom"_qs;
-                });
+                return std::ranges::any_of(
+                    m_display.panels(), [](const Panel& panel) { return panel.role == u"zoom"_s; });
             },
             patience(3000));
         const long time = millisecondsSince(arrived);
-        check(zoomed, u"the zoomed view of the window"_qs);
+        check(zoomed, u"the zoomed view of the window"_s);
         const bool closable =
             m_display.waitFor([&] { return m_display.picture(corner) != before; }, patience(1000));
-        check(closable, u"the close button in the preview's corner"_qs);
-        save(u"2-preview-hovered.png"_qs);
+        check(closable, u"the close button in the preview's corner"_s);
+        save(u"2-preview-hovered.png"_s);
         std::printf(
             "2 preview hovered: close button and, %ld ms after the mouse arrived, the zoomed "
             "view of \"%s\"\n",
@@ -296,8 +293,8 @@ private:
             [&] { return window != windows.end() && m_display.activeWindow() == window->id; },
             patience(3000));
         const long time = millisecondsSince(clicked);
-        check(active, u"the clicked window active"_qs);
-        save(u"3-clicked.png"_qs);
+        check(active, u"the clicked window active"_s);
+        save(u"3-clicked.png"_s);
         std::printf("3 preview clicked: \"%s\" is the active window %ld ms after the click\n",
                     m_chosen.title.constData(), time);
     }
@@ -307,12 +304,12 @@ private:
         park();
         const auto left = Clock::now();
         check(m_display.waitFor([this] { return m_display.panels().empty(); }, patience(3000)),
-              u"no preview after the mouse left"_qs);
+              u"no preview after the mouse left"_s);
         const long time = millisecondsSince(left);
-        save(u"4-left.png"_qs);
+        save(u"4-left.png"_s);
         std::printf("4 mouse left: the last preview went %ld ms later\n", time);
         m_lumbrix->signal(SIGTERM);
-        check(m_lumbrix->waitForExit(patience(3000)) == 0, u"Lumbrix ended with status 0"_qs);
+        check(m_lumbrix->waitForExit(patience(3000)) == 0, u"Lumbrix ended with status 0"_s);
     }
 
     QString m_pictures;

@@ -20,6 +20,7 @@
 #include "Keys.h"
 
 using namespace lumbrix::privatedesk;
+using namespace Qt::StringLiterals;
 
 namespace
 {
@@ -46,10 +47,10 @@ QImage sheetOf(const std::vector<QImage>& pictures, int columns)
 /// So many events that are on from yesterday to tomorrow.
 QByteArray calendarOf(int events, const QByteArray& colour)
 {
-    const QStringList titles{u"Breakfast with Ada"_qs, u"Planning"_qs, u"Dentist"_qs, u"Lunch"_qs,
-                             u"Call about the very long contract of the new house by the sea"_qs};
+    const QStringList titles{u"Breakfast with Ada"_s, u"Planning"_s, u"Dentist"_s, u"Lunch"_s,
+                             u"Call about the very long contract of the new house by the sea"_s};
     const auto day = [](int distance) {
-        return QDate::currentDate().addDays(distance).toString(u"yyyyMMdd"_qs).toLatin1();
+        return QDate::currentDate().addDays(distance).toString(u"yyyyMMdd"_s).toLatin1();
     };
     QByteArray text = "BEGIN:VCALENDAR\r\nVERSION:2.0\r\nX-APPLE-CALENDAR-COLOR:" + colour + "\r\n";
     for (int i = 0; i < events; ++i)
@@ -65,21 +66,21 @@ class Gallery
 public:
     explicit Gallery(QString folder) : m_folder(std::move(folder))
     {
-        m_desk.session().installApplication(m_calendar, u"Calendar"_qs, u"Org.gnome.Calendar"_qs,
-                                            u"true"_qs, Qt::magenta);
+        m_desk.session().installApplication(m_calendar, u"Calendar"_s, u"Org.gnome.Calendar"_s,
+                                            u"true"_s, Qt::magenta);
     }
 
     void spaceNumbers()
     {
-        const auto alpha = open(u"alpha"_qs, 2);
+        const auto alpha = open(u"alpha"_s, 2);
         display().request(display().root(), "_NET_NUMBER_OF_DESKTOPS", {12, 0});
         std::vector<QImage> pictures;
         for (const char* style : {"0", "1"}) {
             for (const char* size : {"0", "1", "2"}) {
                 alpha->moveToDesktop(alpha->windows().back(), 0);
-                start({{u"showSpaces"_qs, u"1"_qs},
-                       {u"spaceStyle"_qs, QLatin1String(style)},
-                       {u"spaceSize"_qs, QLatin1String(size)}});
+                start({{u"showSpaces"_s, u"1"_s},
+                       {u"spaceStyle"_s, QLatin1String(style)},
+                       {u"spaceSize"_s, QLatin1String(size)}});
                 hover(*alpha, 2);
                 m_desk.park();
                 alpha->moveToDesktop(alpha->windows().back(), 11);
@@ -92,7 +93,7 @@ public:
     void bubbles()
     {
         for (const int count : {1, 5}) {
-            const auto alpha = open(u"alpha"_qs, count);
+            const auto alpha = open(u"alpha"_s, count);
             start({});
             save("bubble-" + QByteArray::number(count), hover(*alpha, count));
             m_desk.park();
@@ -107,7 +108,7 @@ public:
             for (const int events : {3, 10, 11}) {
                 m_desk.stopLumbrix();
                 write("Home", calendarOf(events, "#3465A4"));
-                start({{u"previewStyle"_qs, QLatin1String(style)}});
+                start({{u"previewStyle"_s, QLatin1String(style)}});
                 pictures.push_back(hover(*calendar, 1));
             }
         }
@@ -122,8 +123,8 @@ public:
             write(name, calendarOf(2, colour));
         for (const bool isCalendars : {true, false}) {
             start({});
-            const auto second = m_desk.session().start(u"lumbrix"_qs, lumbrixBinary());
-            wait("preferences", [this] { return !window(u"preferences"_qs).isNull(); });
+            const auto second = m_desk.session().start(u"lumbrix"_s, lumbrixBinary());
+            wait("preferences", [this] { return !window(u"preferences"_s).isNull(); });
             for (int i = 0; i < 8 && title() != (isCalendars ? "General" : "Dock Icon"); ++i) {
                 const QByteArray before = title();
                 display().type({controlKey, tabKey});
@@ -134,14 +135,14 @@ public:
             wait("a sheet", [&] { return display().managedWindows().size() > windows; });
             settle();
             save(isCalendars ? "calendars-sheet" : "relaunch-sheet",
-                 display().picture(window(u"preferences"_qs).adjusted(-20, -40, 20, 20)));
+                 display().picture(window(u"preferences"_s).adjusted(-20, -40, 20, 20)));
         }
         m_desk.stopLumbrix();
-        m_desk.startLumbrix({{u"firstRun"_qs, u"false"_qs}});
-        wait("the welcome", [this] { return !window(u"alert"_qs).isNull(); });
+        m_desk.startLumbrix({{u"firstRun"_s, u"false"_s}});
+        wait("the welcome", [this] { return !window(u"alert"_s).isNull(); });
         settle();
         save("welcome-sheet",
-             display().picture(window(u"preferences"_qs).adjusted(-20, -40, 20, 20)));
+             display().picture(window(u"preferences"_s).adjusted(-20, -40, 20, 20)));
     }
 
 private:
@@ -162,7 +163,7 @@ private:
     void write(const char* name, const QByteArray& content)
     {
         m_desk.session().write(
-            m_desk.session().dataPath(u"lumbrix/calendars/"_qs + QLatin1String(name) + u".ics"_qs),
+            m_desk.session().dataPath(u"lumbrix/calendars/"_s + QLatin1String(name) + u".ics"_s),
             content);
     }
     void wait(const char* what, const std::function<bool()>& condition)
@@ -200,17 +201,17 @@ private:
     QByteArray title()
     {
         const auto all = display().managedWindows();
-        const auto found = std::ranges::find(all, u"preferences"_qs, &Panel::role);
+        const auto found = std::ranges::find(all, u"preferences"_s, &Panel::role);
         return found == all.end() ? QByteArray() : found->title;
     }
     void save(const QByteArray& name, const QImage& picture)
     {
-        const QString path = m_folder + u'/' + QString::fromLatin1(name) + u".png"_qs;
+        const QString path = m_folder + u'/' + QString::fromLatin1(name) + u".png"_s;
         std::cout << qPrintable(path) << (picture.save(path) ? "\n" : " not written\n");
     }
 
     const QString m_folder;
-    const QString m_calendar = u"org.gnome.Calendar"_qs;
+    const QString m_calendar = u"org.gnome.Calendar"_s;
     Desk m_desk{{"gallery", DockKind::Plank, Edge::Bottom, {}}};
 };
 

@@ -20,11 +20,12 @@
 #include "tests/support/SimulatedDesktop.h"
 
 using namespace lumbrix;
+using namespace Qt::StringLiterals;
 
 namespace
 {
 
-const std::array Styles{"ScreenyView",     "ScreenyViewBlack", "ScreenyViewBorderless",
+const std::array styles{"ScreenyView",     "ScreenyViewBlack", "ScreenyViewBorderless",
                         "ScreenyViewBlue", "ScreenyViewRed",   "ScreenyViewGreen"};
 
 void showWallpaper(QLabel& label, const QString& file, QSize screen)
@@ -46,7 +47,7 @@ int main(int argc, char* argv[])
         parser.addOption(QCommandLineOption(QString::fromLatin1(name)));
     };
     const auto value = [&parser](const char* name, const char* preset) {
-        parser.addOption(QCommandLineOption(QString::fromLatin1(name), {}, QStringLiteral("value"),
+        parser.addOption(QCommandLineOption(QString::fromLatin1(name), {}, u"value"_s,
                                             QString::fromLatin1(preset)));
     };
     flag("shaped");
@@ -75,7 +76,7 @@ int main(int argc, char* argv[])
         state.screens = {QRectF(QPointF(), screen)};
         state.blendsTranslucency = !isSet("shaped");
     });
-    const test::Pid pid = desk.addApplication({u"Editor"_qs});
+    const test::Pid pid = desk.addApplication({u"Editor"_s});
     test::PanelHost host;
     host.settingsMirror.showFastKeys = isSet("keys");
 
@@ -87,9 +88,9 @@ int main(int argc, char* argv[])
     const QSizeF panel(size.value(0).toDouble(), size.value(1).toDouble());
     const int columns = given("columns").toInt();
     const QStringList pictures = parser.positionalArguments();
-    for (std::size_t i = 0; i < Styles.size(); ++i) {
+    for (std::size_t i = 0; i < styles.size(); ++i) {
         const ScreenyViewPtr preview =
-            ScreenyView::load(ports, QString::fromLatin1(Styles.at(i)), host);
+            ScreenyView::load(ports, QString::fromLatin1(styles.at(i)), host);
         if (!preview)
             return 1;
         const int n = static_cast<int>(i);

@@ -30,6 +30,7 @@
 #include "tests/support/SimulatedDesktop.h"
 
 using namespace lumbrix;
+using namespace Qt::StringLiterals;
 
 namespace
 {
@@ -63,13 +64,13 @@ void writeSettings(platform::UserDefaults& defaults)
                                      {"distanceFromDock", 33.0F},
                                      {"displayDelay", 0.4F}})
         defaults.setFloat(value, QLatin1String(key));
-    defaults.setInteger(1, u"previewStyle"_qs);
-    defaults.setInteger(3, u"badgePosition"_qs);
-    defaults.setInteger(1, u"tempDisableFiltersKeycode"_qs);
-    defaults.setDictionary({{u"All applications"_qs, 2},
-                            {u"org.example.Editor"_qs, 0},
-                            {u"org.example.Video Player"_qs, 3}},
-                           u"filters"_qs);
+    defaults.setInteger(1, u"previewStyle"_s);
+    defaults.setInteger(3, u"badgePosition"_s);
+    defaults.setInteger(1, u"tempDisableFiltersKeycode"_s);
+    defaults.setDictionary({{u"All applications"_s, 2},
+                            {u"org.example.Editor"_s, 0},
+                            {u"org.example.Video Player"_s, 3}},
+                           u"filters"_s);
     defaults.setDictionary(SGKeyCombo{35, 0x1800}.plistRepresentation(),
                            HotKeyIdentifier::EnableDisable);
     defaults.setDictionary(SGKeyCombo{4, 0x900}.plistRepresentation(),
@@ -82,30 +83,30 @@ int main(int argc, char* argv[])
 {
     QApplication application(argc, argv);
     QCommandLineParser parser;
-    parser.addOption({u"dark"_qs, {}});
-    parser.addOption({u"stay"_qs, {}});
-    parser.addOption({u"catalogues"_qs, {}, u"folder"_qs});
+    parser.addOption({u"dark"_s, {}});
+    parser.addOption({u"stay"_s, {}});
+    parser.addOption({u"catalogues"_s, {}, u"folder"_s});
     parser.process(application);
-    installTranslations(QLocale::system().uiLanguages(), parser.values(u"catalogues"_qs));
-    const bool isDark = parser.isSet(u"dark"_qs);
+    installTranslations(QLocale::system().uiLanguages(), parser.values(u"catalogues"_s));
+    const bool isDark = parser.isSet(u"dark"_s);
     if (parser.positionalArguments().isEmpty())
         return 2;
-    QApplication::setStyle(QStyleFactory::create(u"Fusion"_qs));
+    QApplication::setStyle(QStyleFactory::create(u"Fusion"_s));
     QApplication::setPalette(isDark ? darkPalette() : QApplication::style()->standardPalette());
-    QApplication::setApplicationVersion(u"1.0"_qs);
+    QApplication::setApplicationVersion(u"1.0"_s);
 
     platform::QtRunLoop runLoop;
     test::SimulatedDesktop desk(runLoop);
     const platform::Desktop ports = desk.ports();
     const platform::DesktopScope scope(ports);
-    for (const auto& [name, colour] : {std::pair{u"Editor"_qs, QColor(38, 130, 120)},
-                                       {u"Video Player"_qs, QColor(200, 90, 30)}}) {
+    for (const auto& [name, colour] :
+         {std::pair{u"Editor"_s, QColor(38, 130, 120)}, {u"Video Player"_s, QColor(200, 90, 30)}}) {
         test::SimulatedApplication application;
         application.name = name;
         application.iconColor = colour;
         desk.addApplication(application);
     }
-    desk.keyboardLayout().choose({{35, u"p"_qs}, {4, u"h"_qs}});
+    desk.keyboardLayout().choose({{35, u"p"_s}, {4, u"h"_s}});
     desk.eventTaps().take({4, SGKeyCombo{4, 0x900}.modifierMask()});
     writeSettings(desk.userDefaults());
     int status = 0;
@@ -122,24 +123,24 @@ int main(int argc, char* argv[])
             // What is taken, and icons, are known in the next passes of the loop.
             for (int pass = 0; pass < 3; ++pass)
                 QApplication::processEvents(QEventLoop::AllEvents, 20);
-            const QString file = u"%1-%2.png"_qs.arg(what, isDark ? u"dark"_qs : u"light"_qs);
+            const QString file = u"%1-%2.png"_s.arg(what, isDark ? u"dark"_s : u"light"_s);
             window.grab().save(QDir(parser.positionalArguments().first()).filePath(file));
         };
         const auto identifiers = preferences.toolbarIdentifiers();
         for (const QString& identifier : identifiers) {
             preferences.displayViewForIdentifier(identifier, false);
             preferences.refresh();
-            save(u"preferences-"_qs + QString(identifier).toLower().replace(u' ', u'-'),
+            save(u"preferences-"_s + QString(identifier).toLower().replace(u' ', u'-'),
                  *preferences.window());
         }
-        preferences.displayViewForIdentifier(u"Filters"_qs, false);
+        preferences.displayViewForIdentifier(u"Filters"_s, false);
         auto& table = *preferences.window()->findChild<IgnoreTable*>();
         table.addButtonPressed();
-        table.applications().setCurrentIndex(table.applications().findText(u"Video Player"_qs));
+        table.applications().setCurrentIndex(table.applications().findText(u"Video Player"_s));
         table.filterLevels().setCurrentIndex(2);
-        save(u"filter-sheet"_qs, table.addFilterWindow());
+        save(u"filter-sheet"_s, table.addFilterWindow());
         table.cancelFilter();
-        if (parser.isSet(u"stay"_qs))
+        if (parser.isSet(u"stay"_s))
             status = QApplication::exec();
         controller.applicationWillTerminate();
     }

@@ -8,6 +8,7 @@
 #include "app/LumbrixController.h"
 #include "app/preferences/PrefsController.h"
 #include "engine/LXHandler.h"
+#include "platform/StringLiterals.h"
 #include "preview/MAWindow.h"
 #include "tests/support/DesktopFixture.h"
 

@@ -7,6 +7,7 @@
 #include <QtWidgets/QPushButton>
 
 #include "engine/CalendarChoice.h"
+#include "platform/StringLiterals.h"
 #include "tests/support/DesktopFixture.h"
 
 namespace lumbrix::test

@@ -8,6 +8,7 @@
 #include "app/SettingsTable.h"
 #include "badges/BadgeLook.h"
 #include "badges/WinNumberBadger.h"
+#include "platform/StringLiterals.h"
 #include "tests/app/AppFixture.h"
 
 namespace lumbrix::test

@@ -4,6 +4,7 @@
 #include "app/SGHotKeyCenter.h"
 #include "model/SGKeyCombo.h"
 #include "platform/InputState.h"
+#include "platform/StringLiterals.h"
 #include "tests/app/AppFixture.h"
 
 namespace lumbrix::test
@@ -13,11 +14,11 @@ namespace
 
 using platform::TapEvent;
 using platform::TapKey;
-using platform::ModifierFlag::Command;
-using platform::ModifierFlag::Option;
-using platform::ModifierFlag::Shift;
+using platform::ModifierFlag::command;
+using platform::ModifierFlag::option;
+using platform::ModifierFlag::shift;
 
-constexpr TapKey digits[] = {{18, Command}, {19, Command}, {20, Command}};
+constexpr TapKey digits[] = {{18, command}, {19, command}, {20, command}};
 constexpr std::int64_t optionBit = 0x800;
 constexpr std::int64_t pKey = 35; // the letter P's place
 
@@ -46,8 +47,8 @@ TEST_F(HotKeyTest, numberKeys_workWhilePreviewsAreUpAndOnlyThen)
     hover(u"Editor"_s);
     EXPECT_EQ(taps.keysHeld(), std::vector<TapKey>(std::begin(digits), std::end(digits)));
     EXPECT_FALSE(type({19, 0}));
-    EXPECT_FALSE(type({19, Command | Shift}));
-    EXPECT_FALSE(type({21, Command})) << "there is no fourth preview";
+    EXPECT_FALSE(type({19, command | shift}));
+    EXPECT_FALSE(type({21, command})) << "there is no fourth preview";
     EXPECT_NE(desk.activeApplication(), pid);
 
     const WindowID second = engine().screenyViews()[1]->elementRef()->wid();
@@ -73,7 +74,7 @@ TEST_F(HotKeyTest, toggleKey_worksFromAnywhereWithPreviewsOnAndOff)
 {
     addApplication(u"Editor"_s, 1);
     store(u"enableDisableKey"_s, pKey);
-    const TapKey toggle{pKey, Option};
+    const TapKey toggle{pKey, option};
     start();
     EXPECT_EQ(taps.keysHeld(), std::vector<TapKey>{toggle});
     hover(u"Editor"_s);
@@ -113,17 +114,17 @@ TEST_F(HotKeyTest, otherStoredKeys_actOnThePreviewsThatAreUp)
     start(); // without number keys
     EXPECT_TRUE(taps.keysHeld().empty());
     hover(u"Editor"_s);
-    EXPECT_TRUE(type({pKey, Option}));
+    EXPECT_TRUE(type({pKey, option}));
     EXPECT_EQ(previews(), 0U);
     EXPECT_EQ(desk.stacking().size(), 2U);
 
     leave();
     hover(u"Editor"_s);
-    desk.eventTaps().take({pKey, Option});
+    desk.eventTaps().take({pKey, option});
     const auto taken = controller->hotKeyCenter().takenHotKeys();
     ASSERT_EQ(taken.size(), 1U);
     EXPECT_EQ(taken[0]->identifier, u"hideAllPreviewsKey"_s);
-    EXPECT_TRUE(type({36, Command | Option}));
+    EXPECT_TRUE(type({36, command | option}));
     loop.advance(1);
     EXPECT_TRUE(desk.stacking().empty());
     EXPECT_EQ(desk.application(pid).pid, pid);

@@ -10,6 +10,7 @@
 #include <QtWidgets/QTableView>
 
 #include "app/filters/FilterLevelTitle.h"
+#include "platform/StringLiterals.h"
 #include "preview/InterfaceFile.h"
 #include "tests/app/AppFixture.h"
 
@@ -195,8 +196,8 @@ TEST_F(IgnoreTableTest, totalFinder_isOfferedForTheFinderAlone)
     press("okButton");
     EXPECT_EQ(stored(), (QVariantMap{{u"All applications"_s, 2}, {u"com.apple.finder"_s, 4}}));
     // As with Medium, palettes stay: users were told of High.
-    EXPECT_TRUE(FilterLevel::description(FilterLevel::TotalFinder)
-                    .startsWith(FilterLevel::description(FilterLevel::Medium).chopped(1)));
+    EXPECT_TRUE(FilterLevel::description(FilterLevel::totalFinder)
+                    .startsWith(FilterLevel::description(FilterLevel::medium).chopped(1)));
 }
 
 TEST_F(IgnoreTableTest, blockAll_takesPreviewsOffTheScreenAtOnceAndDeletingBringsThemBack)

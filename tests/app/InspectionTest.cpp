@@ -8,6 +8,7 @@
 #include "app/inspect/Inspector.h"
 #include "app/inspect/PrintableText.h"
 #include "platform/InputState.h"
+#include "platform/StringLiterals.h"
 #include "tests/support/DesktopFixture.h"
 
 namespace lumbrix::test
@@ -126,12 +127,12 @@ TEST_F(InspectionTest, outcome_namesWhatKeepsPreviewsAway)
     EXPECT_EQ(outcome(), u"None: applications with a single window are left out "
                          u"(Preferences > Advanced)."_s);
     set(u"tempDisableFilters"_s, 1);
-    desk.setModifiers(platform::ModifierFlag::Command);
+    desk.setModifiers(platform::ModifierFlag::command);
     EXPECT_EQ(outcome(), u"1 of 1 windows."_s);
     set(u"onlyIfPressed"_s, 1);
     set(u"onlyIfKeycode"_s, 2);
     EXPECT_TRUE(outcome().contains(u"only while Ctrl is held (Preferences > Hotkeys)"_s));
-    desk.setModifiers(platform::ModifierFlag::Control | platform::ModifierFlag::Command);
+    desk.setModifiers(platform::ModifierFlag::control | platform::ModifierFlag::command);
     EXPECT_EQ(outcome(), u"1 of 1 windows."_s);
     set(u"hidePreviews"_s, 1);
     EXPECT_TRUE(outcome().contains(u"Super is held, which hides"_s));

@@ -12,6 +12,7 @@
 #include "app/SenderTitles.h"
 #include "app/StatusItem.h"
 #include "model/SGKeyCombo.h"
+#include "platform/StringLiterals.h"
 #include "tests/app/AppFixture.h"
 
 namespace lumbrix::test
@@ -34,10 +35,9 @@ QStringList buttonsOf(const QWidget& alert)
 
 void press(const QWidget& alert, const QString& title)
 {
-    for (QAbstractButton* button : alert.findChildren<QAbstractButton*>()) {
+    for (QAbstractButton* button : alert.findChildren<QAbstractButton*>())
         if (button->text() == title)
             return button->click();
-    }
     FAIL() << "no button " << qPrintable(title);
 }
 

@@ -17,6 +17,7 @@
 #include "app/preferences/SettingsBinding.h"
 #include "badges/WinNumberBadger.h"
 #include "platform/InputState.h"
+#include "platform/StringLiterals.h"
 #include "tests/app/AppFixture.h"
 
 namespace lumbrix::test
@@ -75,10 +76,9 @@ TEST_F(PreferencesTest, everySettingOfTheUser_isBoundToOneControlWithItsRange)
     for (const SettingsBinding* binding : window()->findChildren<SettingsBinding*>())
         bound << binding->key() + rangeOf(*binding->parent());
     QStringList wanted;
-    for (const SettingRow& row : settingsTable()) {
+    for (const SettingRow& row : settingsTable())
         if (row.kind != SettingKind::Color) // the well has no binding
             wanted << QLatin1String(row.key) + range(row.minimum, row.maximum);
-    }
     bound.sort();
     wanted.sort();
     EXPECT_EQ(bound.join(u'\n'), wanted.join(u'\n'));
@@ -208,7 +208,7 @@ TEST_F(PreferencesTest, titledCheckbox_clicked_storesAppliesAndTellsTheUser)
                 sheet ? sheet->findChild<QLabel*>(u"messageText"_s)->text() : QString();
             EXPECT_EQ(said, QLatin1String(on ? row.on : row.off));
             EXPECT_EQ(badger.badgesArray().size(), defaults.integerForKey(u"badgeDock"_s));
-            EXPECT_EQ(controller->statusItem() == nullptr, defaults.integerForKey(u"hideIcon"_s));
+            EXPECT_EQ(!controller->statusItem(), defaults.integerForKey(u"hideIcon"_s));
             delete sheet; // unanswered
         }
     }
@@ -356,7 +356,7 @@ TEST_F(PreferencesTest, pane_chosen_fadesInWhileTheWindowTakesItsSize)
 
     // Slowly, where that is wanted.
     preferences().setShiftSlowsAnimation(true);
-    desk.setModifiers(platform::ModifierFlag::Shift);
+    desk.setModifiers(platform::ModifierFlag::shift);
     preferences().displayViewForIdentifier(u"General"_s, true);
     loop.advance(1.2);
     EXPECT_TRUE(preferences().isAnimating());

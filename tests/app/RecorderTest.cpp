@@ -10,6 +10,7 @@
 #include "app/preferences/NoteLabel.h"
 #include "app/preferences/SRRecorderControl.h"
 #include "platform/InputState.h"
+#include "platform/StringLiterals.h"
 #include "tests/app/AppFixture.h"
 
 namespace lumbrix::test
@@ -18,11 +19,11 @@ namespace
 {
 
 using platform::TapKey;
-using platform::ModifierFlag::Command;
-using platform::ModifierFlag::Option;
+using platform::ModifierFlag::command;
+using platform::ModifierFlag::option;
 
 constexpr std::uint32_t kKey = 40; // the letter K's place
-constexpr TapKey superAltK{kKey, Command | Option};
+constexpr TapKey superAltK{kKey, command | option};
 constexpr auto superAlt = Qt::MetaModifier | Qt::AltModifier;
 
 class RecorderTest : public AppFixture

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "app/SettingsTable.h"
+#include "platform/StringLiterals.h"
 
 namespace lumbrix::test
 {

@@ -11,6 +11,7 @@
 #include "app/Translations.h"
 #include "app/filters/FilterLevelTitle.h"
 #include "app/preferences/NoteLabel.h"
+#include "platform/StringLiterals.h"
 #include "preview/InterfaceFile.h"
 #include "tests/support/DesktopFixture.h"
 

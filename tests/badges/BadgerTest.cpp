@@ -4,6 +4,7 @@
 // The badges over the Dock, with the engine that counts.
 #include "badges/BadgeLook.h"
 #include "badges/WinNumberBadger.h"
+#include "platform/StringLiterals.h"
 #include "platform/UserDefaults.h"
 #include "preview/MAWindow.h"
 #include "preview/NumberLabel.h"
@@ -85,10 +86,9 @@ TEST_F(Badger, buttonOfOneWindowOfSeveral_hasNoCount)
     const Pid notes = add(u"Notes"_s, 1);
     desk.with([&](SimulatedState& state) {
         state.knowsWindowNumbers = true;
-        for (SimulatedDockItem& item : state.dockItems) {
+        for (SimulatedDockItem& item : state.dockItems)
             if (item.title == u"Notes"_s)
                 item.window = state.windowsOf(notes).front();
-        }
     });
     badger().badgeDockItems();
     EXPECT_EQ(shownBadges(), u"Editor 2, Notes 1"_s);

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "Application.h"
+#include "platform/StringLiterals.h"
 
 #include <QtCore/QCoreApplication>
 
@@ -18,7 +19,7 @@ QColor lowerColour(const QColor& colour)
 Application::Application(Session& session, const QString& identifier)
     : m_session(session), m_identifier(identifier)
 {
-    m_process = session.start(u"application-"_qs + identifier, QStringLiteral(LUMBRIX_TEST_CLIENT),
+    m_process = session.start(u"application-"_s + identifier, QStringLiteral(LUMBRIX_TEST_CLIENT),
                               {identifier}, true);
 }
 
@@ -36,7 +37,7 @@ Application::~Application()
 
 QString Application::entry() const
 {
-    return m_session.dataPath(u"applications/"_qs + m_identifier + u".desktop"_qs);
+    return m_session.dataPath(u"applications/"_s + m_identifier + u".desktop"_s);
 }
 
 std::vector<QByteArray> Application::titles() const
@@ -50,7 +51,7 @@ std::vector<QByteArray> Application::titles() const
 AppWindow Application::open(const QByteArray& title, const QColor& colour,
                             const WindowOptions& options)
 {
-    const QByteArray reply = command(u"open %1 %2 %3 %4 %5 "_qs.arg(options.size.width())
+    const QByteArray reply = command(u"open %1 %2 %3 %4 %5 "_s.arg(options.size.width())
                                          .arg(options.size.height())
                                          .arg(options.position.x())
                                          .arg(options.position.y())
@@ -78,7 +79,7 @@ void Application::open(int count)
     const int base = m_identifier.isEmpty() ? 0 : (m_identifier.at(0).unicode() - u'a') * 110;
     for (int i = first; i < first + count; ++i) {
         const QColor colour = QColor::fromHsv((base + i * 47) % 360, 255, 230);
-        open((m_identifier + u" window "_qs + QString::number(i + 1)).toUtf8(), colour,
+        open((m_identifier + u" window "_s + QString::number(i + 1)).toUtf8(), colour,
              {{400, 300}, {120 + 60 * (i % 10), 100 + 40 * (i % 10)}});
     }
 }
@@ -92,20 +93,18 @@ void Application::destroy(const AppWindow& window)
 void Application::setTitle(const AppWindow& window, const QByteArray& title)
 {
     command("title " + QByteArray::number(window.index) + ' ' + title.toHex());
-    for (AppWindow& own : m_windows) {
+    for (AppWindow& own : m_windows)
         if (own.id == window.id)
             own.title = title;
-    }
 }
 
 void Application::setColour(const AppWindow& window, const QColor& colour)
 {
     command("colour " + QByteArray::number(window.index) + ' ' +
             QByteArray::number(colour.rgb() & 0xffffffU));
-    for (AppWindow& own : m_windows) {
+    for (AppWindow& own : m_windows)
         if (own.id == window.id)
             own.colour = colour;
-    }
 }
 
 void Application::startAnimating(const AppWindow& window, int framesPerSecond)

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "Desk.h"
+#include "platform/StringLiterals.h"
 
 #include <QtCore/QDir>
 
@@ -11,7 +12,7 @@ namespace lumbrix::privatedesk
 Desk::Desk(const DeskOptions& options) : m_options(options), m_session(options.session)
 {
     const std::vector<std::pair<QString, QColor>> applications{
-        {u"alpha"_qs, Qt::red}, {u"beta"_qs, Qt::darkGreen}, {u"gamma"_qs, Qt::blue}};
+        {u"alpha"_s, Qt::red}, {u"beta"_s, Qt::darkGreen}, {u"gamma"_s, Qt::blue}};
     const auto install = [this](const QString& identifier, const QColor& colour) {
         const QString name = identifier.at(0).toUpper() + identifier.mid(1);
         return m_session.installApplication(
@@ -19,7 +20,7 @@ Desk::Desk(const DeskOptions& options) : m_options(options), m_session(options.s
     };
     for (const auto& [identifier, colour] : applications)
         m_entries << install(identifier, colour);
-    install(u"delta"_qs, Qt::darkYellow);
+    install(u"delta"_s, Qt::darkYellow);
     if (options.panel)
         m_panel = Dock::start(m_session, *options.panel, Edge::Top);
     changeDock(options.dock, {options.edge, options.monitor});
@@ -45,7 +46,7 @@ void Desk::startLumbrix(const Settings& changed)
         return;
     stopLumbrix();
     m_settings = changed;
-    const auto probe = launch(u"alpha"_qs);
+    const auto probe = launch(u"alpha"_s);
     probe->open("probe", Qt::gray);
     m_lumbrix = privatedesk::startLumbrix(m_session, changed, [&] {
         park();
@@ -116,7 +117,7 @@ void Desk::savePicture(const QString& name)
 {
     const QString folder = QStringLiteral(LUMBRIX_TEST_OUTPUT);
     QDir().mkpath(folder);
-    display().picture().save(folder + u'/' + name + u".png"_qs);
+    display().picture().save(folder + u'/' + name + u".png"_s);
 }
 
 } // namespace lumbrix::privatedesk

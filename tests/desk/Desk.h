@@ -12,6 +12,7 @@
 #include "Dock.h"
 #include "Lumbrix.h"
 #include "Session.h"
+#include "platform/StringLiterals.h"
 
 namespace lumbrix::privatedesk
 {
@@ -54,7 +55,7 @@ public:
     /// Ends the one that runs; the next startLumbrix() starts another.
     void stopLumbrix();
     /// What Lumbrix has complained about since its start.
-    QString complaints() const { return m_session.log(u"lumbrix"_qs); }
+    QString complaints() const { return m_session.log(u"lumbrix"_s); }
 
     /// Waits for the icon of the application's first window; none when the dock shows none.
     std::optional<QPoint> iconOf(const Application& application);

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "Display.h"
+#include "platform/StringLiterals.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -222,9 +223,9 @@ std::vector<Panel> Display::panels(const QString& role)
     return result;
 }
 
-std::vector<Panel> Display::previews() { return panels(u"preview"_qs); }
+std::vector<Panel> Display::previews() { return panels(u"preview"_s); }
 
-std::vector<Panel> Display::badges() { return panels(u"window-count"_qs); }
+std::vector<Panel> Display::badges() { return panels(u"window-count"_s); }
 
 std::optional<QRect> Display::dockArea()
 {
@@ -249,10 +250,9 @@ bool Display::hasMenu()
                                  xcb_get_window_attributes(m_connection, children[i]));
         if (!seen || seen->map_state != XCB_MAP_STATE_VIEWABLE)
             continue;
-        for (const std::uint32_t type : numbers(children[i], "_NET_WM_WINDOW_TYPE")) {
+        for (const std::uint32_t type : numbers(children[i], "_NET_WM_WINDOW_TYPE"))
             if (type == atom("_NET_WM_WINDOW_TYPE_POPUP_MENU"))
                 return true;
-        }
     }
     return false;
 }

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "Dock.h"
+#include "platform/StringLiterals.h"
 
 #include <QtCore/QFileInfo>
 #include <QtCore/QUrl>
@@ -27,14 +28,14 @@ public:
     {
         if (secondEdge) {
             session.addSettings("[net/launchpad/plank]\nenabled-docks=['dock1', 'dock2']\n");
-            configure(u"dock2"_qs, *secondEdge);
+            configure(u"dock2"_s, *secondEdge);
         }
-        configure(u"dock1"_qs, place);
+        configure(u"dock1"_s, place);
         // Plank gives up for ever when the matcher is not there at its start.
-        m_matcher = session.start(u"bamfdaemon"_qs, u"/usr/libexec/bamf/bamfdaemon"_qs);
+        m_matcher = session.start(u"bamfdaemon"_s, u"/usr/libexec/bamf/bamfdaemon"_s);
         m_bus = std::make_unique<QDBusConnection>(
             QDBusConnection::connectToBus(session.busAddress(), session.busAddress()));
-        if (!session.display().waitFor([this] { return owns(u"org.ayatana.bamf"_qs); },
+        if (!session.display().waitFor([this] { return owns(u"org.ayatana.bamf"_s); },
                                        patience(10000)))
             qFatal("the window matcher did not start:\n%s", qPrintable(session.logs()));
         restart();
@@ -43,10 +44,10 @@ public:
 
     void restart() override
     {
-        m_process = m_session.start(u"plank"_qs, u"plank"_qs);
+        m_process = m_session.start(u"plank"_s, u"plank"_s);
         if (!m_session.display().waitFor(
                 [this] {
-                    return owns(u"net.launchpad.plank"_qs) &&
+                    return owns(u"net.launchpad.plank"_s) &&
                            m_session.display().dockArea().has_value();
                 },
                 patience(15000)))
@@ -55,17 +56,17 @@ public:
 
     std::optional<QPoint> iconOf(const QString& entry, xcb_window_t) override
     {
-        return iconOn(u"dock1"_qs, m_place, entry);
+        return iconOn(u"dock1"_s, m_place, entry);
     }
     std::optional<QPoint> iconOnSecondDock(const QString& entry) override
     {
-        return m_secondEdge ? iconOn(u"dock2"_qs, *m_secondEdge, entry) : std::nullopt;
+        return m_secondEdge ? iconOn(u"dock2"_s, *m_secondEdge, entry) : std::nullopt;
     }
 
 private:
     void reconfigure() override
     {
-        configure(u"dock1"_qs, m_place);
+        configure(u"dock1"_s, m_place);
         // It takes note of monitors only when it starts.
         kill();
         restart();
@@ -74,24 +75,24 @@ private:
     {
         QStringList items;
         for (const QString& entry : m_pinned) {
-            const QString name = QFileInfo(entry).completeBaseName() + u".dockitem"_qs;
-            m_session.write(m_session.configPath(u"plank/%1/launchers/%2"_qs.arg(dock, name)),
+            const QString name = QFileInfo(entry).completeBaseName() + u".dockitem"_s;
+            m_session.write(m_session.configPath(u"plank/%1/launchers/%2"_s.arg(dock, name)),
                             "[PlankDockItemPreferences]\nLauncher=file://" + entry.toUtf8() + '\n');
             items << u'\'' + name + u'\'';
         }
         const QString settings =
             u"[net/launchpad/plank/docks/%1]\nposition='%2'\nmonitor='%3'\n"
             u"hide-mode='%4'\nshow-dock-item=false\nauto-pinning=false\nlock-items=true\n"
-            u"dock-items=[%5]\nzoom-enabled=false\nicon-size=48\n"_qs.arg(
+            u"dock-items=[%5]\nzoom-enabled=false\nicon-size=48\n"_s.arg(
                 dock, QLatin1String(nameOf(place.edge)), place.monitor,
-                place.hides ? u"auto"_qs : u"none"_qs, items.join(u','));
+                place.hides ? u"auto"_s : u"none"_s, items.join(u','));
         m_session.addSettings(settings.toUtf8());
     }
     std::optional<QPoint> iconOn(const QString& dock, const DockPlace& place, const QString& entry)
     {
         QDBusMessage call = QDBusMessage::createMethodCall(
-            u"net.launchpad.plank"_qs, u"/net/launchpad/plank/"_qs + dock,
-            u"net.launchpad.plank.Items"_qs, u"GetHoverPosition"_qs);
+            u"net.launchpad.plank"_s, u"/net/launchpad/plank/"_s + dock,
+            u"net.launchpad.plank.Items"_s, u"GetHoverPosition"_s);
         call << QUrl::fromLocalFile(entry).toString();
         const QList<QVariant> answer = m_bus->call(call, QDBus::Block, 1000).arguments();
         if (answer.size() != 4 || !answer.at(3).toBool())
@@ -116,8 +117,8 @@ private:
     bool owns(const QString& name)
     {
         QDBusMessage call =
-            QDBusMessage::createMethodCall(u"org.freedesktop.DBus"_qs, u"/org/freedesktop/DBus"_qs,
-                                           u"org.freedesktop.DBus"_qs, u"NameHasOwner"_qs);
+            QDBusMessage::createMethodCall(u"org.freedesktop.DBus"_s, u"/org/freedesktop/DBus"_s,
+                                           u"org.freedesktop.DBus"_s, u"NameHasOwner"_s);
         call << name;
         const QList<QVariant> answer = m_bus->call(call, QDBus::Block, 1000).arguments();
         return !answer.isEmpty() && answer.front().toBool();
@@ -173,8 +174,8 @@ class Tint2 final : public Panel
 public:
     Tint2(Session& session, const DockPlace& place)
         // One file for each that runs at a time.
-        : Panel(session, place, u"tint2"_qs,
-                {u"-c"_qs, configure(session, place, session.path(u"tint2rc"_qs + place.monitor))})
+        : Panel(session, place, u"tint2"_s,
+                {u"-c"_s, configure(session, place, session.path(u"tint2rc"_s + place.monitor))})
     {
     }
 
@@ -210,7 +211,7 @@ public:
     /// A stock one takes the settings of its package: a panel at the top and launchers at the
     /// bottom.
     XfcePanel(Session& session, const DockPlace& place, bool isStock)
-        : Panel(session, place, u"xfce4-panel"_qs, arguments(session, place, isStock))
+        : Panel(session, place, u"xfce4-panel"_s, arguments(session, place, isStock))
     {
     }
 
@@ -242,11 +243,11 @@ private:
     {
         if (!isStock)
             configure(session, place);
-        return {u"--disable-wm-check"_qs, u"--sm-client-disable"_qs};
+        return {u"--disable-wm-check"_s, u"--sm-client-disable"_s};
     }
     static void configure(Session& session, const DockPlace& place)
     {
-        session.write(session.configPath(u"xfce4/xfconf/xfce-perchannel-xml/xfce4-panel.xml"_qs),
+        session.write(session.configPath(u"xfce4/xfconf/xfce-perchannel-xml/xfce4-panel.xml"_s),
                       R"(<?xml version="1.0" encoding="UTF-8"?>
 <channel name="xfce4-panel" version="1.0">
   <property name="configver" type="int" value="2"/>
@@ -281,13 +282,13 @@ private:
     void reconfigure() override
     {
         m_isMoved = true;
-        for (const auto& [name, value] : {std::pair(u"output-name"_qs, m_place.monitor.toLatin1()),
-                                          std::pair(u"mode"_qs, mode(m_place.edge)),
-                                          std::pair(u"position"_qs, position(m_place.edge))})
+        for (const auto& [name, value] : {std::pair(u"output-name"_s, m_place.monitor.toLatin1()),
+                                          std::pair(u"mode"_s, mode(m_place.edge)),
+                                          std::pair(u"position"_s, position(m_place.edge))})
             m_session
-                .start(u"xfconf-query"_qs, u"xfconf-query"_qs,
-                       {u"-c"_qs, u"xfce4-panel"_qs, u"-p"_qs, u"/panels/panel-1/"_qs + name,
-                        u"-s"_qs, QString::fromLatin1(value)})
+                .start(u"xfconf-query"_s, u"xfconf-query"_s,
+                       {u"-c"_s, u"xfce4-panel"_s, u"-p"_s, u"/panels/panel-1/"_s + name, u"-s"_s,
+                        QString::fromLatin1(value)})
                 ->waitForExit(patience(5000));
     }
     int numberOfButton(xcb_window_t window)
@@ -297,10 +298,9 @@ private:
             return display.numbers(of, "_NET_WM_ICON_GEOMETRY");
         };
         std::set<std::vector<std::uint32_t>> before;
-        for (const xcb_window_t other : display.numbers(display.root(), "_NET_CLIENT_LIST")) {
+        for (const xcb_window_t other : display.numbers(display.root(), "_NET_CLIENT_LIST"))
             if (!place(other).empty() && place(other) < place(window))
                 before.insert(place(other));
-        }
         return static_cast<int>(before.size());
     }
 
@@ -317,7 +317,7 @@ std::unique_ptr<Dock> startMatePanel(Session& session, Edge edge)
                         "'\n[org/mate/panel/objects/window-list]\nobject-type='applet'\n"
                         "applet-iid='WnckletFactory::WindowListApplet'\ntoplevel-id='panel'\n"
                         "position=20\nlocked=true\n");
-    return std::make_unique<Panel>(session, edge, u"mate-panel"_qs);
+    return std::make_unique<Panel>(session, edge, u"mate-panel"_s);
 }
 
 std::unique_ptr<Dock> startLxqtPanel(Session& session, Edge edge)
@@ -325,14 +325,14 @@ std::unique_ptr<Dock> startLxqtPanel(Session& session, Edge edge)
     QByteArray side = nameOf(edge);
     side[0] = static_cast<char>(side[0] + 'A' - 'a');
     session.write(
-        session.configPath(u"lxqt/panel.conf"_qs),
+        session.configPath(u"lxqt/panel.conf"_s),
         "panels=panel1\n[panel1]\nplugins=mainmenu,desktopswitch,taskbar,worldclock\n"
         "position=" +
             side +
             "\ndesktop=0\n[mainmenu]\ntype=mainmenu\n[desktopswitch]\ntype=desktopswitch\n"
             "[taskbar]\ntype=taskbar\nbuttonWidth=220\ngroupingEnabled=false\n"
             "[worldclock]\ntype=worldclock\n");
-    return std::make_unique<Panel>(session, edge, u"lxqt-panel"_qs);
+    return std::make_unique<Panel>(session, edge, u"lxqt-panel"_s);
 }
 
 } // namespace

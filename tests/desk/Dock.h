@@ -28,8 +28,8 @@ inline const char* nameOf(Edge edge)
 inline bool isHorizontal(Edge edge) { return edge == Edge::Bottom || edge == Edge::Top; }
 
 struct DockPlace {
-    DockPlace(Edge edge, QString monitor = {}, bool hides = false)
-        : edge(edge), monitor(std::move(monitor)), hides(hides)
+    DockPlace(Edge at, QString of = {}, bool doesHide = false)
+        : edge(at), monitor(std::move(of)), hides(doesHide)
     {
     }
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "Lumbrix.h"
+#include "platform/StringLiterals.h"
 
 #include <QtCore/QFile>
 
@@ -13,14 +14,14 @@ namespace
 
 /// What a user has after the first start, without the welcome.
 const Settings ordinary{
-    {u"firstRun"_qs, u"true"_qs},   {u"badgeDockIconsFirstRun"_qs, u"true"_qs},
-    {u"showInDock"_qs, u"1"_qs},    {u"showInTab"_qs, u"1"_qs},
-    {u"windowWidth"_qs, u"243"_qs}, {u"windowHeight"_qs, u"190"_qs},
-    {u"spaceSize"_qs, u"0"_qs},     {u"showFastKeys"_qs, u"1"_qs},
-    {u"zoomWindows"_qs, u"1"_qs},   {u"showSpaces"_qs, u"0"_qs},
-    {u"badgePosition"_qs, u"3"_qs}, {u"distanceFromDock"_qs, u"33"_qs},
-    {u"previewStyle"_qs, u"1"_qs},  {u"shouldBubbleWrap"_qs, u"1"_qs},
-    {u"shouldShowCal"_qs, u"1"_qs},
+    {u"firstRun"_s, u"true"_s},   {u"badgeDockIconsFirstRun"_s, u"true"_s},
+    {u"showInDock"_s, u"1"_s},    {u"showInTab"_s, u"1"_s},
+    {u"windowWidth"_s, u"243"_s}, {u"windowHeight"_s, u"190"_s},
+    {u"spaceSize"_s, u"0"_s},     {u"showFastKeys"_s, u"1"_s},
+    {u"zoomWindows"_s, u"1"_s},   {u"showSpaces"_s, u"0"_s},
+    {u"badgePosition"_s, u"3"_s}, {u"distanceFromDock"_s, u"33"_s},
+    {u"previewStyle"_s, u"1"_s},  {u"shouldBubbleWrap"_s, u"1"_s},
+    {u"shouldShowCal"_s, u"1"_s},
 };
 
 } // namespace
@@ -45,13 +46,13 @@ std::unique_ptr<Process> startLumbrix(Session& session, const Settings& changed,
 
 QString settingsPath(const Session& session)
 {
-    return session.configPath(u"lumbrix/lumbrix.conf"_qs);
+    return session.configPath(u"lumbrix/lumbrix.conf"_s);
 }
 
 std::unique_ptr<Process> startLumbrix(Session& session, const std::function<void()>& approach)
 {
-    QFile::remove(session.path(u"logs/lumbrix"_qs));
-    auto lumbrix = session.start(u"lumbrix"_qs, lumbrixBinary());
+    QFile::remove(session.path(u"logs/lumbrix"_s));
+    auto lumbrix = session.start(u"lumbrix"_s, lumbrixBinary());
 
     using Clock = std::chrono::steady_clock;
     const auto deadline = Clock::now() + patience(15000);

@@ -90,10 +90,9 @@ std::unique_ptr<Process> Process::start(const ProcessOptions& options)
     }
     setpgid(pid, pid);
     process->m_pid = pid;
-    for (const int fd : {toChild[0], fromChild[1], log, null}) {
+    for (const int fd : {toChild[0], fromChild[1], log, null})
         if (fd >= 0)
             close(fd);
-    }
     process->m_in = toChild[1];
     process->m_out = fromChild[0];
     return process;
@@ -102,10 +101,9 @@ std::unique_ptr<Process> Process::start(const ProcessOptions& options)
 Process::~Process()
 {
     stop();
-    for (const int fd : {m_in, m_out}) {
+    for (const int fd : {m_in, m_out})
         if (fd >= 0)
             close(fd);
-    }
 }
 
 bool Process::isRunning() { return !waitForExit(std::chrono::milliseconds(0)); }

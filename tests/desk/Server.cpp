@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "Server.h"
+#include "platform/StringLiterals.h"
 
 #include <QtCore/QFile>
 #include <QtCore/QTemporaryDir>
@@ -55,7 +56,7 @@ Server start(ProcessOptions options)
     if (pipe2(fds, O_CLOEXEC) != 0)
         qFatal("no pipe");
     options.arguments +=
-        {u"-displayfd"_qs, QString::number(fds[1]), u"-nolisten"_qs, u"tcp"_qs, u"-noreset"_qs};
+        {u"-displayfd"_s, QString::number(fds[1]), u"-nolisten"_s, u"tcp"_s, u"-noreset"_s};
     options.passFd = fds[1];
     Server server{Process::start(options), {}};
     close(fds[1]);
@@ -77,9 +78,8 @@ Server start(ProcessOptions options)
 Server startServer(QSize size, const QStringList& environment, const QString& log)
 {
     ProcessOptions options;
-    options.program = u"Xvfb"_qs;
-    options.arguments = {u"-screen"_qs, u"0"_qs,
-                         u"%1x%2x24"_qs.arg(size.width()).arg(size.height())};
+    options.program = u"Xvfb"_s;
+    options.arguments = {u"-screen"_s, u"0"_s, u"%1x%2x24"_s.arg(size.width()).arg(size.height())};
     options.environment = environment;
     options.log = log;
     return start(std::move(options));
@@ -87,18 +87,18 @@ Server startServer(QSize size, const QStringList& environment, const QString& lo
 
 Server startMonitorServer(const QString& folder, const QStringList& environment, const QString& log)
 {
-    const QString path = folder + u"/xorg.conf"_qs;
+    const QString path = folder + u"/xorg.conf"_s;
     QFile file(path);
     if (!file.open(QIODevice::WriteOnly) || file.write(configuration) < 0)
         qFatal("cannot write %s", qPrintable(path));
     file.close();
     ProcessOptions options;
-    options.program = u"Xorg"_qs;
-    options.arguments = {u"-config"_qs,   path,
-                         u"-logfile"_qs,  folder + u"/xorg.log"_qs,
-                         u"-sharevts"_qs, u"-novtswitch"_qs};
+    options.program = u"Xorg"_s;
+    options.arguments = {u"-config"_s,   path,
+                         u"-logfile"_s,  folder + u"/xorg.log"_s,
+                         u"-sharevts"_s, u"-novtswitch"_s};
     // It would ask the login manager for the machine's console.
-    options.environment = environment + QStringList{u"DBUS_SYSTEM_BUS_ADDRESS=unix:path=/none"_qs};
+    options.environment = environment + QStringList{u"DBUS_SYSTEM_BUS_ADDRESS=unix:path=/none"_s};
     options.log = log;
     return start(std::move(options));
 }
@@ -107,8 +107,8 @@ bool hasMonitorServer()
 {
     static const bool has = [] {
         const QTemporaryDir folder;
-        const QStringList environment{u"PATH="_qs + qEnvironmentVariable("PATH")};
-        return !startMonitorServer(folder.path(), environment, folder.filePath(u"log"_qs))
+        const QStringList environment{u"PATH="_s + qEnvironmentVariable("PATH")};
+        return !startMonitorServer(folder.path(), environment, folder.filePath(u"log"_s))
                     .display.isEmpty();
     }();
     return has;

@@ -18,6 +18,7 @@
 #include "Display.h"
 #include "Process.h"
 #include "Server.h"
+#include "platform/StringLiterals.h"
 
 namespace lumbrix::privatedesk
 {
@@ -48,8 +49,8 @@ public:
     Display& display() { return *m_display; }
 
     QString path(const QString& relative) const; ///< inside the session's home, parent made
-    QString configPath(const QString& relative) const { return path(u".config/"_qs + relative); }
-    QString dataPath(const QString& relative) const { return path(u".local/share/"_qs + relative); }
+    QString configPath(const QString& relative) const { return path(u".config/"_s + relative); }
+    QString dataPath(const QString& relative) const { return path(u".local/share/"_s + relative); }
     QString busAddress() const { return m_busAddress; }
     Process& windowManager() { return *m_windowManager; }
     QStringList environment() const { return m_environment; }

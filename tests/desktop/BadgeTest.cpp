@@ -3,6 +3,7 @@
 
 // The window counts on the dock's icons, and the bubble behind a row.
 #include "DesktopTest.h"
+#include "platform/StringLiterals.h"
 
 namespace lumbrix::privatedesk
 {
@@ -13,7 +14,7 @@ protected:
     void SetUp() override
     {
         DesktopTest::SetUp();
-        desk().startLumbrix({{u"badgeDock"_qs, u"1"_qs}});
+        desk().startLumbrix({{u"badgeDock"_s, u"1"_s}});
     }
 
     /// Where the dock shows the application; none while it shows it nowhere, or moves it.
@@ -34,10 +35,9 @@ protected:
     std::optional<Panel> badge(const Application& application)
     {
         const auto area = iconArea(application);
-        for (const Panel& panel : display().badges()) {
+        for (const Panel& panel : display().badges())
             if (area && area->contains(panel.geometry.center()))
                 return panel;
-        }
         return std::nullopt;
     }
     /// Waits until the application's badge shows this number.
@@ -75,8 +75,8 @@ TEST_P(BadgeTest, counts_lieOnTheirIconsAndFollowTheWindows)
 {
     // Where each window has a button, none of them has several windows.
     const bool isGrouped = GetParam().dock != DockKind::Tint2;
-    Application& alpha = launch(u"alpha"_qs, 1);
-    const Application& beta = launch(u"beta"_qs, 1);
+    Application& alpha = launch(u"alpha"_s, 1);
+    const Application& beta = launch(u"beta"_s, 1);
     EXPECT_TRUE(counts(alpha, "1"));
     EXPECT_TRUE(counts(beta, "1"));
     for (const char* number : {"2", "3"}) {
@@ -97,8 +97,8 @@ TEST_P(BadgeTest, counts_lieOnTheirIconsAndFollowTheWindows)
 
 TEST_P(BadgeTest, click_onABadge_goesToTheDock)
 {
-    const Application& alpha = launch(u"alpha"_qs, 1);
-    const Application& beta = launch(u"beta"_qs, 1);
+    const Application& alpha = launch(u"alpha"_s, 1);
+    const Application& beta = launch(u"beta"_s, 1);
     ASSERT_TRUE(counts(alpha, "1"));
     ASSERT_TRUE(counts(beta, "1"));
     ASSERT_EQ(display().activeWindow(), beta.windows().front().id);
@@ -123,7 +123,7 @@ TEST_P(BadgeTest, click_onABadge_goesToTheDock)
 
 TEST_P(BadgeTest, fullScreenWindow_hasTheScreenForItself)
 {
-    const Application& alpha = launch(u"alpha"_qs, 1);
+    const Application& alpha = launch(u"alpha"_s, 1);
     ASSERT_TRUE(counts(alpha, "1"));
     const AppWindow window = alpha.windows().back();
     setFullScreen(window, true);
@@ -136,25 +136,24 @@ TEST_P(BadgeTest, fullScreenWindow_hasTheScreenForItself)
 
 TEST_P(BadgeTest, row_liesOnItsBubbleAndBothAboveTheBadges)
 {
-    const Application& alpha = launch(u"alpha"_qs, 3);
-    const Application& beta = launch(u"beta"_qs, 1);
+    const Application& alpha = launch(u"alpha"_s, 3);
+    const Application& beta = launch(u"beta"_s, 1);
     ASSERT_TRUE(counts(beta, "1"));
     hover(alpha);
     ASSERT_TRUE(shows(alpha));
     QStringList roles;
-    for (const Panel& panel : display().panels()) {
+    for (const Panel& panel : display().panels())
         if (roles.isEmpty() || roles.last() != panel.role)
             roles += panel.role;
-    }
     EXPECT_EQ(roles.join(u' ').toStdString(), "window-count bubble preview");
-    EXPECT_EQ(window(u"bubble"_qs)->geometry, row().adjusted(1, 1, 9, 2));
+    EXPECT_EQ(window(u"bubble"_s)->geometry, row().adjusted(1, 1, 9, 2));
     desk().park();
     EXPECT_TRUE(waitUntil([&] { return display().panels().size() == display().badges().size(); }));
 }
 
 TEST_P(PlankBadgeTest, icons_pushedAside_takeTheirBadgesAlong)
 {
-    const Application& alpha = launch(u"alpha"_qs, 1);
+    const Application& alpha = launch(u"alpha"_s, 1);
     ASSERT_TRUE(counts(alpha, "1"));
     // After another test the icons may still be on their way back to the middle.
     const auto place = [&] {
@@ -166,7 +165,7 @@ TEST_P(PlankBadgeTest, icons_pushedAside_takeTheirBadgesAlong)
     ASSERT_TRUE(badge(alpha));
     const QPoint before = badge(alpha)->geometry.center();
     const QPoint offset = before - iconArea(alpha)->center();
-    const Application& delta = launch(u"delta"_qs, 1);
+    const Application& delta = launch(u"delta"_s, 1);
     EXPECT_TRUE(counts(delta, "1"));
     EXPECT_TRUE(waitUntil([&] {
         const auto icon = iconArea(alpha);
@@ -178,7 +177,7 @@ TEST_P(PlankBadgeTest, icons_pushedAside_takeTheirBadgesAlong)
 
 TEST_P(PlankBadgeTest, dock_restarted_isBelowItsBadgesAgain)
 {
-    const Application& alpha = launch(u"alpha"_qs, 1);
+    const Application& alpha = launch(u"alpha"_s, 1);
     ASSERT_TRUE(counts(alpha, "1"));
     desk().dock().kill();
     EXPECT_TRUE(waitUntil([&] { return display().badges().empty(); }));
@@ -196,14 +195,14 @@ TEST_P(PlankBadgeTest, dockThatHides_takesItsBadgesAlong)
         desk().dock().restart();
     };
     restartWith("auto");
-    const Application& alpha = launch(u"alpha"_qs, 1);
+    const Application& alpha = launch(u"alpha"_s, 1);
     const auto pointer = display().size();
     EXPECT_TRUE(waitUntil([&] { return display().badges().empty(); }));
     display().moveTo({pointer.width() / 2, pointer.height() - 1});
     EXPECT_TRUE(counts(alpha, "1"));
     desk().park();
     EXPECT_TRUE(waitUntil([&] { return display().badges().empty(); }));
-    launch(u"beta"_qs, 1);
+    launch(u"beta"_s, 1);
     EXPECT_FALSE(waitUntil([&] { return !display().badges().empty(); }, 1000));
     restartWith("none");
     EXPECT_TRUE(counts(alpha, "1"));

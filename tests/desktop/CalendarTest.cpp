@@ -3,6 +3,7 @@
 
 // A calendar's icon under the mouse shows today's events.
 #include "DesktopTest.h"
+#include "platform/StringLiterals.h"
 
 #include <QtCore/QDate>
 #include <QtCore/QFile>
@@ -16,7 +17,7 @@ namespace
 QByteArray calendarOf(int events)
 {
     const auto day = [](int distance) {
-        return QDate::currentDate().addDays(distance).toString(u"yyyyMMdd"_qs).toLatin1();
+        return QDate::currentDate().addDays(distance).toString(u"yyyyMMdd"_s).toLatin1();
     };
     QByteArray text = "BEGIN:VCALENDAR\r\nVERSION:2.0\r\n";
     for (int i = 1; i <= events; ++i)
@@ -69,13 +70,13 @@ INSTANTIATE_TEST_SUITE_P(, CalendarTest, testing::Values(plank()), deskName);
 TEST_P(CalendarTest, calendarIcon_hovered_listsTheEventsOfAFile)
 {
     Session& session = desk().session();
-    const QString identifier = u"org.gnome.Calendar"_qs;
-    session.installApplication(identifier, u"Kalender"_qs, u"Org.gnome.Calendar"_qs, u"true"_qs,
+    const QString identifier = u"org.gnome.Calendar"_s;
+    session.installApplication(identifier, u"Kalender"_s, u"Org.gnome.Calendar"_s, u"true"_s,
                                Qt::magenta);
-    m_file = session.dataPath(u"lumbrix/calendars/mine.ics"_qs);
+    m_file = session.dataPath(u"lumbrix/calendars/mine.ics"_s);
     session.write(m_file, calendarOf(3));
     const Application& calendar = launch(identifier, 1);
-    launch(u"alpha"_qs, 1);
+    launch(u"alpha"_s, 1);
     const xcb_window_t active = display().activeWindow();
     hover(calendar);
     ASSERT_TRUE(showsEvents(3));

@@ -127,7 +127,7 @@ void DesktopTest::SetUp()
 
 void DesktopTest::TearDown()
 {
-    if (m_desk == nullptr)
+    if (!m_desk)
         return;
     EXPECT_TRUE(m_desk->lumbrix().isRunning()) << "Lumbrix has gone";
     EXPECT_EQ(m_desk->complaints().toStdString(), "");
@@ -207,10 +207,9 @@ Result DesktopTest::waitUntil(const std::function<bool()>& condition, int millis
 
 std::optional<Panel> DesktopTest::preview(const QByteArray& title)
 {
-    for (const Panel& panel : display().previews()) {
+    for (const Panel& panel : display().previews())
         if (panel.title == title)
             return panel;
-    }
     return std::nullopt;
 }
 
@@ -224,11 +223,10 @@ QRect DesktopTest::row()
 
 std::optional<Panel> DesktopTest::window(const QString& role)
 {
-    for (const auto& windows : {display().panels(), display().managedWindows()}) {
+    for (const auto& windows : {display().panels(), display().managedWindows()})
         if (const auto found = std::ranges::find(windows, role, &Panel::role);
             found != windows.end())
             return *found;
-    }
     return std::nullopt;
 }
 

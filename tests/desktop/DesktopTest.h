@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "Desk.h"
+#include "platform/StringLiterals.h"
 
 namespace lumbrix::privatedesk
 {
@@ -26,8 +27,8 @@ DeskOptions tint2(Edge edge = Edge::Bottom);     ///< Openbox, no compositor, wi
 DeskOptions xfcePanel(Edge edge = Edge::Bottom); ///< xfwm4 with compositing, windows grouped
 DeskOptions panelAndPlank();                     ///< the same at the top, and Plank at the bottom
 
-inline const QString firstMonitor = u"DUMMY0"_qs; ///< the primary one
-inline const QString secondMonitor = u"DUMMY1"_qs;
+inline const QString firstMonitor = u"DUMMY0"_s; ///< the primary one
+inline const QString secondMonitor = u"DUMMY1"_s;
 /// With the dock on the second one of two monitors, which is "right" of the primary one, "left" and
 /// lower, or "above" and larger.
 DeskOptions onSecondMonitor(DeskOptions options, const std::string& arrangement);

@@ -7,6 +7,7 @@
 #include <iostream>
 
 #include "Lumbrix.h"
+#include "platform/StringLiterals.h"
 
 namespace lumbrix::privatedesk
 {
@@ -18,12 +19,12 @@ protected:
     QByteArray inspect()
     {
         const auto process =
-            desk().session().start(u"inspect"_qs, lumbrixBinary(), {u"--inspect"_qs}, true);
+            desk().session().start(u"inspect"_s, lumbrixBinary(), {u"--inspect"_s}, true);
         QByteArray report;
         while (const auto line = process->readLine(patience(10'000)))
             report += *line + '\n';
         EXPECT_EQ(process->waitForExit(patience(2000)), 0);
-        EXPECT_TRUE(desk().session().log(u"inspect"_qs).contains(u"Point at an icon"_qs));
+        EXPECT_TRUE(desk().session().log(u"inspect"_s).contains(u"Point at an icon"_s));
         return report;
     }
     void makeUtility(const AppWindow& window)
@@ -39,8 +40,8 @@ INSTANTIATE_TEST_SUITE_P(, InspectTest, testing::Values(plank(), tint2()), deskN
 
 TEST_P(InspectTest, report_agreesWithWhatTheHoverShows_andDisturbsNothing)
 {
-    desk().startLumbrix({{u"ignoreMinimized"_qs, u"1"_qs}});
-    Application& alpha = launch(u"alpha"_qs, 3);
+    desk().startLumbrix({{u"ignoreMinimized"_s, u"1"_s}});
+    Application& alpha = launch(u"alpha"_s, 3);
     const auto windows = alpha.windows();
     alpha.minimise(windows[1]);
     makeUtility(windows[2]);
@@ -82,9 +83,9 @@ TEST_P(InspectTest, report_agreesWithWhatTheHoverShows_andDisturbsNothing)
 TEST_P(InspectTest, report_isInTheUsersLanguage_whateverTheSessionAsksTheToolkitFor)
 {
     const auto process = desk().session().start(
-        u"german"_qs, u"env"_qs,
-        {u"LANGUAGE=de"_qs, u"WAYLAND_DISPLAY=wayland-0"_qs, u"XDG_SESSION_TYPE=wayland"_qs,
-         u"QT_QPA_PLATFORM=wayland"_qs, lumbrixBinary(), u"--inspect"_qs},
+        u"german"_s, u"env"_s,
+        {u"LANGUAGE=de"_s, u"WAYLAND_DISPLAY=wayland-0"_s, u"XDG_SESSION_TYPE=wayland"_s,
+         u"QT_QPA_PLATFORM=wayland"_s, lumbrixBinary(), u"--inspect"_s},
         true);
     EXPECT_TRUE(process->readLine(patience(10'000)).value_or("").startsWith("Vorschauen "));
     EXPECT_EQ(process->waitForExit(patience(2000)), 0);
@@ -92,7 +93,7 @@ TEST_P(InspectTest, report_isInTheUsersLanguage_whateverTheSessionAsksTheToolkit
 
 TEST_P(InspectTest, window_ofAnApplicationThatHangs_isToldSo)
 {
-    Application& alpha = launch(u"alpha"_qs, 1);
+    Application& alpha = launch(u"alpha"_s, 1);
     const QRect place = display().geometry(alpha.windows().front().id).value_or(QRect());
     display().moveTo(place.center());
     const QByteArray working = inspect();

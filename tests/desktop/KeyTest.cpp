@@ -9,6 +9,7 @@
 #include <cstdlib>
 
 #include "Keys.h"
+#include "platform/StringLiterals.h"
 
 namespace lumbrix::privatedesk
 {
@@ -51,8 +52,8 @@ INSTANTIATE_TEST_SUITE_P(, KeyTest, testing::Values(plank(), tint2()), deskName)
 
 TEST_P(KeyTest, superAndDigit_raisesThatWindowUnseenByTheFocusedProgram)
 {
-    Application& alpha = launch(u"alpha"_qs, 4);
-    Application& beta = launch(u"beta"_qs, 1);
+    Application& alpha = launch(u"alpha"_s, 4);
+    Application& beta = launch(u"beta"_s, 1);
     hoverForKeys(alpha);
     const QByteArray title = display().previews().at(1).title;
     const auto second =
@@ -74,7 +75,7 @@ TEST_P(KeyTest, superAndDigit_raisesThatWindowUnseenByTheFocusedProgram)
 
 TEST_P(KeyTest, lumbrix_endedInAnyWay_givesTheKeysBack)
 {
-    const Application& alpha = launch(u"alpha"_qs, 4);
+    const Application& alpha = launch(u"alpha"_s, 4);
     for (const int signal : {SIGKILL, SIGTERM}) {
         hoverForKeys(alpha);
         desk().lumbrix().signal(signal);

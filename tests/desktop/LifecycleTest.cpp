@@ -3,6 +3,7 @@
 
 // Lumbrix as a program of the desktop: its place in the tray, a second start, the first one of all.
 #include "DesktopTest.h"
+#include "platform/StringLiterals.h"
 
 #include <QtCore/QFile>
 
@@ -68,18 +69,18 @@ protected:
         ASSERT_TRUE(item) << "no such item in the tray";
         display().moveTo(*item);
         display().click();
-        ASSERT_TRUE(opens(u"status-menu"_qs));
+        ASSERT_TRUE(opens(u"status-menu"_s));
         EXPECT_TRUE(statusItem(area, sunset));
         savePicture("menu");
-        const QRect menu = window(u"status-menu"_qs)->geometry;
+        const QRect menu = window(u"status-menu"_s)->geometry;
         EXPECT_TRUE(QRect(QPoint(), display().size()).contains(menu));
         display().moveTo({menu.center().x(), menu.top() + height});
         display().click();
-        EXPECT_TRUE(waitUntil([&] { return !window(u"status-menu"_qs); }));
+        EXPECT_TRUE(waitUntil([&] { return !window(u"status-menu"_s); }));
     }
     std::optional<int> startAgain(int milliseconds = 10000)
     {
-        auto second = desk().session().start(u"second"_qs, lumbrixBinary());
+        auto second = desk().session().start(u"second"_s, lumbrixBinary());
         return second->waitForExit(patience(milliseconds));
     }
 };
@@ -92,14 +93,14 @@ TEST_P(LifecycleTest, statusMenu_clicked_turnsPreviewsOffAndOn)
     std::unique_ptr<Process> tray;
     QRect area(0, 0, 300, 60);
     if (GetParam().dock == DockKind::Plank)
-        tray = desk().session().start(u"trayer"_qs, u"trayer"_qs,
-                                      {u"--edge"_qs, u"top"_qs, u"--align"_qs, u"left"_qs,
-                                       u"--height"_qs, u"28"_qs, u"--tint"_qs, u"0x303030"_qs,
-                                       u"--transparent"_qs, u"true"_qs, u"--alpha"_qs, u"0"_qs});
+        tray = desk().session().start(u"trayer"_s, u"trayer"_s,
+                                      {u"--edge"_s, u"top"_s, u"--align"_s, u"left"_s,
+                                       u"--height"_s, u"28"_s, u"--tint"_s, u"0x303030"_s,
+                                       u"--transparent"_s, u"true"_s, u"--alpha"_s, u"0"_s});
     else
         area = display().dockArea().value();
     ASSERT_TRUE(statusItem(area, sky)) << "no item in the tray";
-    const Application& alpha = launch(u"alpha"_qs, 1);
+    const Application& alpha = launch(u"alpha"_s, 1);
     hover(alpha);
     ASSERT_TRUE(shows(alpha));
     const QPoint icon = display().pointer();
@@ -130,36 +131,36 @@ TEST_P(LifecycleTest, statusMenu_clicked_turnsPreviewsOffAndOn)
 
 TEST_P(LifecycleTest, secondStart_opensThePreferencesOfTheFirst)
 {
-    launch(u"alpha"_qs, 1); // which has the focus
+    launch(u"alpha"_s, 1); // which has the focus
     EXPECT_EQ(startAgain(), 0);
-    EXPECT_TRUE(getsFocus(u"preferences"_qs));
+    EXPECT_TRUE(getsFocus(u"preferences"_s));
     EXPECT_EQ(startAgain(), 0);
     EXPECT_EQ(display().managedWindows().size(), 1U);
-    close(u"preferences"_qs);
+    close(u"preferences"_s);
 
     // One that hangs keeps nobody waiting for ever.
     desk().lumbrix().signal(SIGSTOP);
     const auto status = startAgain();
     desk().lumbrix().signal(SIGCONT);
     EXPECT_TRUE(status && *status != 0);
-    const QString said = desk().session().log(u"second"_qs);
-    EXPECT_EQ(said.count(u"lumbrix: process %1 ("_qs.arg(desk().lumbrix().pid())), 3);
-    EXPECT_TRUE(said.contains(u"asked to open its preferences"_qs)) << qPrintable(said);
-    EXPECT_TRUE(opens(u"preferences"_qs));
-    close(u"preferences"_qs);
+    const QString said = desk().session().log(u"second"_s);
+    EXPECT_EQ(said.count(u"lumbrix: process %1 ("_s.arg(desk().lumbrix().pid())), 3);
+    EXPECT_TRUE(said.contains(u"asked to open its preferences"_s)) << qPrintable(said);
+    EXPECT_TRUE(opens(u"preferences"_s));
+    close(u"preferences"_s);
 }
 
 TEST_P(LifecycleTest, dockIcon_on_isThereWithoutAnOpenWindow)
 {
-    desk().startLumbrix({{u"showIconInDock"_qs, u"1"_qs}});
+    desk().startLumbrix({{u"showIconInDock"_s, u"1"_s}});
     const auto isMinimised = [this] {
-        const auto shown = window(u"preferences"_qs);
+        const auto shown = window(u"preferences"_s);
         return shown && display().isMinimised(shown->id);
     };
     EXPECT_TRUE(waitUntil(isMinimised));
     EXPECT_EQ(startAgain(), 0);
-    EXPECT_TRUE(waitUntil([&] { return window(u"preferences"_qs) && !isMinimised(); }));
-    display().request(window(u"preferences"_qs)->id, "_NET_CLOSE_WINDOW", {0, 2});
+    EXPECT_TRUE(waitUntil([&] { return window(u"preferences"_s) && !isMinimised(); }));
+    display().request(window(u"preferences"_s)->id, "_NET_CLOSE_WINDOW", {0, 2});
     EXPECT_TRUE(waitUntil(isMinimised));
     desk().lumbrix().signal(SIGTERM);
     EXPECT_EQ(desk().lumbrix().waitForExit(patience(2000)), 0);
@@ -169,16 +170,16 @@ TEST_P(LifecycleTest, dockIcon_on_isThereWithoutAnOpenWindow)
 TEST_P(LifecycleTest, firstStart_welcomesAndIsReadyAlready)
 {
     desk().stopLumbrix();
-    desk().startLumbrix({{u"firstRun"_qs, u"false"_qs}});
-    ASSERT_TRUE(opens(u"alert"_qs));
+    desk().startLumbrix({{u"firstRun"_s, u"false"_s}});
+    ASSERT_TRUE(opens(u"alert"_s));
     savePicture("welcome");
-    const Application& alpha = launch(u"alpha"_qs, 1);
+    const Application& alpha = launch(u"alpha"_s, 1);
     hover(alpha);
     EXPECT_TRUE(waitUntil([&] { return display().previews().size() == 1; }));
     desk().park();
-    close(u"alert"_qs);
-    close(u"preferences"_qs);
-    EXPECT_TRUE(QFile::remove(desk().session().configPath(u"autostart/lumbrix.desktop"_qs)));
+    close(u"alert"_s);
+    close(u"preferences"_s);
+    EXPECT_TRUE(QFile::remove(desk().session().configPath(u"autostart/lumbrix.desktop"_s)));
     desk().startLumbrix();
 }
 

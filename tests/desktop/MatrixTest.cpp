@@ -4,6 +4,7 @@
 // One tour of what previews are for, on each kind of desktop. scripts/matrix runs them all and
 // writes docs/desktops.md from the properties that the tests record.
 #include "DesktopTest.h"
+#include "platform/StringLiterals.h"
 
 #include <QtCore/QStandardPaths>
 
@@ -64,38 +65,37 @@ std::vector<DeskOptions> rows()
         session.picom = compositing == Picom;
         return DeskOptions{name, dock, edge, session};
     };
-    constexpr auto Bottom = Edge::Bottom;
+    constexpr Edge bottom = Edge::Bottom;
     std::vector<DeskOptions> all{
         row("stock_xfce", DockKind::StockXfcePanel, Edge::Top, WindowManager::Xfwm4, Own)};
-    for (const auto desktop : {xfcePanel, tint2, plank}) {
-        for (const Edge edge : {Bottom, Edge::Top, Edge::Left, Edge::Right})
+    for (const auto desktop : {xfcePanel, tint2, plank})
+        for (const Edge edge : {bottom, Edge::Top, Edge::Left, Edge::Right})
             all.push_back(desktop(edge));
-    }
     all.insert(
         all.end(),
-        {enlarged(Bottom),
+        {enlarged(bottom),
          enlarged(Edge::Left),
          panelAndPlank(),
          matePanelAndPlank(),
-         row("mate_panel", DockKind::MatePanel, Bottom, WindowManager::Marco, Own),
+         row("mate_panel", DockKind::MatePanel, bottom, WindowManager::Marco, Own),
          row("mate_panel_top", DockKind::MatePanel, Edge::Top, WindowManager::Marco, Own),
-         row("mate_panel_plain", DockKind::MatePanel, Bottom, WindowManager::Marco, None),
-         row("mate_panel_picom", DockKind::MatePanel, Bottom, WindowManager::Marco, Picom),
-         row("lxqt_panel", DockKind::LxqtPanel, Bottom, WindowManager::Openbox, None),
+         row("mate_panel_plain", DockKind::MatePanel, bottom, WindowManager::Marco, None),
+         row("mate_panel_picom", DockKind::MatePanel, bottom, WindowManager::Marco, Picom),
+         row("lxqt_panel", DockKind::LxqtPanel, bottom, WindowManager::Openbox, None),
          row("lxqt_panel_top", DockKind::LxqtPanel, Edge::Top, WindowManager::Openbox, None),
          row("lxqt_panel_left", DockKind::LxqtPanel, Edge::Left, WindowManager::Openbox, None),
-         row("lxqt_panel_picom", DockKind::LxqtPanel, Bottom, WindowManager::Openbox, Picom),
-         row("lxqt_panel_kwin", DockKind::LxqtPanel, Bottom, WindowManager::KWin, Own),
-         row("xfce4_panel_plain", DockKind::XfcePanel, Bottom, WindowManager::Xfwm4, None),
-         row("xfce4_panel_picom", DockKind::XfcePanel, Bottom, WindowManager::Xfwm4, Picom),
-         row("tint2_picom", DockKind::Tint2, Bottom, WindowManager::Openbox, Picom),
-         row("tint2_kwin", DockKind::Tint2, Bottom, WindowManager::KWin, Own),
-         row("plank_plain", DockKind::Plank, Bottom, WindowManager::Xfwm4, None),
-         row("plank_openbox", DockKind::Plank, Bottom, WindowManager::Openbox, None),
-         row("plank_picom", DockKind::Plank, Bottom, WindowManager::Openbox, Picom),
-         row("plank_marco", DockKind::Plank, Bottom, WindowManager::Marco, Own),
-         row("plank_kwin", DockKind::Plank, Bottom, WindowManager::KWin, Own),
-         row("plank_kwin_plain", DockKind::Plank, Bottom, WindowManager::KWin, None),
+         row("lxqt_panel_picom", DockKind::LxqtPanel, bottom, WindowManager::Openbox, Picom),
+         row("lxqt_panel_kwin", DockKind::LxqtPanel, bottom, WindowManager::KWin, Own),
+         row("xfce4_panel_plain", DockKind::XfcePanel, bottom, WindowManager::Xfwm4, None),
+         row("xfce4_panel_picom", DockKind::XfcePanel, bottom, WindowManager::Xfwm4, Picom),
+         row("tint2_picom", DockKind::Tint2, bottom, WindowManager::Openbox, Picom),
+         row("tint2_kwin", DockKind::Tint2, bottom, WindowManager::KWin, Own),
+         row("plank_plain", DockKind::Plank, bottom, WindowManager::Xfwm4, None),
+         row("plank_openbox", DockKind::Plank, bottom, WindowManager::Openbox, None),
+         row("plank_picom", DockKind::Plank, bottom, WindowManager::Openbox, Picom),
+         row("plank_marco", DockKind::Plank, bottom, WindowManager::Marco, Own),
+         row("plank_kwin", DockKind::Plank, bottom, WindowManager::KWin, Own),
+         row("plank_kwin_plain", DockKind::Plank, bottom, WindowManager::KWin, None),
          onSecondMonitor(plank(), "right"),
          onSecondMonitor(plank(Edge::Left), "left"),
          onSecondMonitor(tint2(), "left"),
@@ -121,10 +121,9 @@ protected:
             programs.push_back(programOf(*row.panel));
         if (row.session.picom)
             programs.push_back({"picom", "picom"});
-        for (const Program& program : programs) {
+        for (const Program& program : programs)
             if (QStandardPaths::findExecutable(QString::fromLatin1(program.command)).isEmpty())
                 GTEST_SKIP() << program.command << " is not installed";
-        }
         DesktopTest::SetUp();
     }
     void TearDown() override
@@ -235,8 +234,8 @@ protected:
     void tour(Dock& dock, const Icons& icons)
     {
         m_icons = icons;
-        Application& alpha = launch(u"alpha"_qs, 3);
-        const Application& beta = launch(u"beta"_qs, 2);
+        Application& alpha = launch(u"alpha"_s, 3);
+        const Application& beta = launch(u"beta"_s, 2);
         step("previews", [&] {
             const xcb_window_t active = display().activeWindow();
             const Result result = hovered(alpha);
@@ -361,7 +360,7 @@ TEST_P(PanelMatrixTest, panelBesideTheDock_hovered_previewsItsWindows)
     tour(desk().panel(), [&](const Application& application) -> std::optional<QPoint> {
         constexpr int handle = 20;
         const int breadth = isMate ? 193 : 200;
-        const int number = application.identifier() == u"alpha"_qs ? 0 : isMate ? 3 : 1;
+        const int number = application.identifier() == u"alpha"_s ? 0 : isMate ? 3 : 1;
         return QPoint(handle + breadth * number + breadth / 2, 15);
     });
 }

@@ -3,6 +3,7 @@
 
 // Two monitors, in several arrangements, with a dock on the second one, which is not the primary.
 #include "DesktopTest.h"
+#include "platform/StringLiterals.h"
 
 namespace lumbrix::privatedesk
 {
@@ -61,11 +62,11 @@ INSTANTIATE_TEST_SUITE_P(, MonitorTest,
 
 TEST_P(MonitorTest, rows_ofADockThatIsMoved_areBesideTheIconOnItsMonitor)
 {
-    Application& alpha = launch(u"alpha"_qs);
+    Application& alpha = launch(u"alpha"_s);
     for (int i = 0; i < 5; ++i)
         open(alpha, "alpha " + QByteArray::number(i), QColor::fromHsv(i * 60, 255, 230),
              i % 2 == 0 ? first : second);
-    Application& beta = launch(u"beta"_qs);
+    Application& beta = launch(u"beta"_s);
     open(beta, "beta", Qt::darkCyan, first);
     for (const DockKind kind : {DockKind::Plank, DockKind::Tint2, DockKind::XfcePanel}) {
         SCOPED_TRACE(nameOf(kind));
@@ -89,10 +90,10 @@ TEST_P(MonitorTest, rows_ofADockThatIsMoved_areBesideTheIconOnItsMonitor)
 
 TEST_P(MonitorTest, windowOnTheOtherMonitor_hoveredAndClicked_isShownAndRaisedThere)
 {
-    Application& alpha = launch(u"alpha"_qs);
+    Application& alpha = launch(u"alpha"_s);
     const AppWindow far = open(alpha, "far", Qt::red, first);
     open(alpha, "near", Qt::blue, second);
-    Application& beta = launch(u"beta"_qs);
+    Application& beta = launch(u"beta"_s);
     beta.open("above it", Qt::green, {{500, 400}, area(first).center() - QPoint(250, 200)});
     ASSERT_TRUE(desk().iconOf(beta)) << "which pushes the other one aside when it comes";
     hover(alpha);
@@ -102,7 +103,7 @@ TEST_P(MonitorTest, windowOnTheOtherMonitor_hoveredAndClicked_isShownAndRaisedTh
     EXPECT_TRUE(waitUntil([&] {
         return std::ranges::any_of(display().panels(),
                                    [&](const Panel& panel) {
-                                       return panel.role == u"zoom"_qs &&
+                                       return panel.role == u"zoom"_s &&
                                               panel.geometry.contains(place) &&
                                               area(first).contains(panel.geometry);
                                    }) &&
@@ -119,7 +120,7 @@ TEST_P(MonitorTest, windowOnTheOtherMonitor_hoveredAndClicked_isShownAndRaisedTh
 TEST_P(MonitorTest, monitorOfTheRow_switchedOffAndOn_takesItAlongAndBack)
 {
     const std::vector<Monitor> both = desk().session().monitors();
-    const Application& alpha = launch(u"alpha"_qs, 2);
+    const Application& alpha = launch(u"alpha"_s, 2);
     for (const DockKind kind : {DockKind::Plank, DockKind::Tint2, DockKind::XfcePanel}) {
         SCOPED_TRACE(nameOf(kind));
         desk().changeDock(kind, {Edge::Bottom, second});
@@ -151,9 +152,9 @@ TEST_P(MonitorTest, monitorOfTheRow_switchedOffAndOn_takesItAlongAndBack)
 TEST_P(MonitorTest, dockOnEachMonitor_hoveredInTurn_hasTheRowBesideIt)
 {
     desk().changeDock(DockKind::Tint2, Edge::Bottom);
-    Application& alpha = launch(u"alpha"_qs);
+    Application& alpha = launch(u"alpha"_s);
     const AppWindow window = open(alpha, "alpha", Qt::red, first);
-    Application& beta = launch(u"beta"_qs);
+    Application& beta = launch(u"beta"_s);
     open(beta, "beta", Qt::blue, second);
     for (int i = 0; i < 2; ++i) {
         hover(alpha);
@@ -179,7 +180,7 @@ TEST_P(MonitorTest, dockOnEachMonitor_hoveredInTurn_hasTheRowBesideIt)
 TEST_P(MonitorTest, dockThatHides_comingOut_hasTheRowBesideIt)
 {
     for (const auto& [kind, identifier] :
-         {std::pair(DockKind::Plank, u"alpha"_qs), std::pair(DockKind::Tint2, u"beta"_qs)}) {
+         {std::pair(DockKind::Plank, u"alpha"_s), std::pair(DockKind::Tint2, u"beta"_s)}) {
         SCOPED_TRACE(nameOf(kind));
         desk().changeDock(kind, {Edge::Left, second, true});
         const Application& application = launch(identifier, 2);

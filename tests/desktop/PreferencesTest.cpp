@@ -8,6 +8,7 @@
 #include <cstdlib>
 
 #include "Keys.h"
+#include "platform/StringLiterals.h"
 
 namespace lumbrix::privatedesk
 {
@@ -18,7 +19,7 @@ protected:
     void type(const std::vector<std::uint8_t>& keys) { display().type(keys); }
     xcb_window_t preferences()
     {
-        const auto shown = window(u"preferences"_qs);
+        const auto shown = window(u"preferences"_s);
         return shown ? shown->id : XCB_NONE;
     }
     QByteArray title() { return display().bytes(preferences(), "_NET_WM_NAME"); }
@@ -26,11 +27,11 @@ protected:
     void openPreferences(const QByteArray& pane)
     {
         desk().stopLumbrix(); // what the test before has changed
-        desk().startLumbrix({{u"hideIcon"_qs, u"1"_qs}, {u"showFastKeys"_qs, u"0"_qs}});
+        desk().startLumbrix({{u"hideIcon"_s, u"1"_s}, {u"showFastKeys"_s, u"0"_s}});
         desk().park();
         ASSERT_TRUE(showsNothing());
-        m_second = desk().session().start(u"second"_qs, lumbrixBinary());
-        ASSERT_TRUE(getsFocus(u"preferences"_qs));
+        m_second = desk().session().start(u"second"_s, lumbrixBinary());
+        ASSERT_TRUE(getsFocus(u"preferences"_s));
         for (int i = 0; i < 8 && title() != pane; ++i) {
             const QByteArray before = title();
             type({controlKey, tabKey});
@@ -48,10 +49,9 @@ protected:
         const auto area = display().geometry(preferences());
         const QImage picture = area ? display().picture(*area) : QImage();
         int result = 0;
-        for (int y = 80; y < picture.height(); ++y) {
+        for (int y = 80; y < picture.height(); ++y)
             for (int x = 0; x < picture.width(); ++x)
                 result += isSought(picture.pixel(x, y));
-        }
         return result;
     }
     /// Whether there is a text in the colour of warnings.
@@ -102,8 +102,8 @@ TEST_P(PreferencesTest, windowCounts_followTheirSettingsAtOnce)
 {
     if (GetParam().dock == DockKind::Tint2)
         GTEST_SKIP() << "a button for each window has no count";
-    launch(u"alpha"_qs, 2);
-    launch(u"beta"_qs, 1);
+    launch(u"alpha"_s, 2);
+    launch(u"beta"_s, 1);
     const auto counted = [this](const QByteArray& number) {
         const auto badges = display().badges();
         return std::ranges::any_of(badges, [&](const Panel& each) { return each.title == number; });
@@ -127,11 +127,11 @@ TEST_P(PreferencesTest, windowCounts_followTheirSettingsAtOnce)
 
 TEST_P(PreferencesTest, blockAll_chosenWhilePreviewsShow_stopsThemAtOnceAndForGood)
 {
-    const Application& alpha = launch(u"alpha"_qs, 2);
-    const Application& beta = launch(u"beta"_qs, 1);
+    const Application& alpha = launch(u"alpha"_s, 2);
+    const Application& beta = launch(u"beta"_s, 1);
     openPreferences("Filters");
     type({altKey, aKey});
-    ASSERT_TRUE(getsFocus(u"alert"_qs));
+    ASSERT_TRUE(getsFocus(u"alert"_s));
     for (const std::uint8_t key : {aKey, lKey, pKey}) // "Alpha"
         type({key});
     type({tabKey});
@@ -141,7 +141,7 @@ TEST_P(PreferencesTest, blockAll_chosenWhilePreviewsShow_stopsThemAtOnceAndForGo
     type({returnKey});
     EXPECT_TRUE(waitUntil([this] { return display().previews().empty(); }, 400))
         << "at once, not with the next update";
-    EXPECT_TRUE(waitUntil([this] { return !window(u"alert"_qs); }));
+    EXPECT_TRUE(waitUntil([this] { return !window(u"alert"_s); }));
     EXPECT_TRUE(stores("alpha=3"));
     EXPECT_TRUE(stores("All applications=2"));
     hover(beta);
@@ -155,7 +155,7 @@ TEST_P(PreferencesTest, blockAll_chosenWhilePreviewsShow_stopsThemAtOnceAndForGo
 
 TEST_P(PreferencesTest, hotKey_recorded_worksFromAnyProgramUnseenByIt)
 {
-    Application& alpha = launch(u"alpha"_qs, 1);
+    Application& alpha = launch(u"alpha"_s, 1);
     openPreferences("Hotkeys");
     for (int i = 0; i < 2; ++i) { // a key that is in force already is recorded like any other
         record({superKey, altKey, kKey});
@@ -178,7 +178,7 @@ TEST_P(PreferencesTest, hotKey_recorded_worksFromAnyProgramUnseenByIt)
 // Keys are tried while they are looked at, and no longer.
 TEST_P(PreferencesTest, hotKeysPane_outOfSight_givesTheKeysBack)
 {
-    Application& alpha = launch(u"alpha"_qs, 1);
+    Application& alpha = launch(u"alpha"_s, 1);
     const std::vector<std::uint8_t> keys{superKey, altKey, kKey};
     const auto seen = [&](int key) { return std::ranges::count(alpha.keys(), key); };
     openPreferences("Hotkeys");

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "RealPlayer.h"
+#include "platform/StringLiterals.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QFile>
@@ -68,11 +69,11 @@ RealPlayer::RealPlayer(Session& session, const QString& name)
     : m_session(session), m_name(name),
       m_bus(QDBusConnection::connectToBus(session.busAddress(), name))
 {
-    writeSong(m_folder.filePath(u"1.wav"_qs), "Ann", "First Song", 440);
-    writeSong(m_folder.filePath(u"2.wav"_qs), "Bob", "Second Song", 330);
+    writeSong(m_folder.filePath(u"1.wav"_s), "Ann", "First Song", 440);
+    writeSong(m_folder.filePath(u"2.wav"_s), "Bob", "Second Song", 330);
     QImage cover(400, 400, QImage::Format_RGB32);
     cover.fill(QColor(150, 20, 30));
-    cover.save(m_folder.filePath(u"cover.png"_qs));
+    cover.save(m_folder.filePath(u"cover.png"_s));
 }
 
 RealPlayer::~RealPlayer()
@@ -85,22 +86,22 @@ std::unique_ptr<RealPlayer> RealPlayer::audacious(Session& session)
 {
     if (!isInstalled("audacious"))
         return nullptr;
-    std::unique_ptr<RealPlayer> player(new RealPlayer(session, u"audacious"_qs));
+    std::unique_ptr<RealPlayer> player(new RealPlayer(session, u"audacious"_s));
     // A machine without a sound card still has the output that only keeps time.
     QByteArray registry = "format 11\n";
-    for (const QString& library : QDir(u"/usr/lib"_qs).entryList(QDir::Dirs)) {
-        const QDir outputs(u"/usr/lib/%1/audacious/Output"_qs.arg(library));
-        for (const QString& name : outputs.entryList({u"*.so"_qs}))
+    for (const QString& library : QDir(u"/usr/lib"_s).entryList(QDir::Dirs)) {
+        const QDir outputs(u"/usr/lib/%1/audacious/Output"_s.arg(library));
+        for (const QString& name : outputs.entryList({u"*.so"_s}))
             registry += "output " + outputs.filePath(name).toUtf8() +
                         "\nstamp 1\nversion 48\nflags 0\nname x\ndomain audacious-plugins\n"
                         "priority 5\nabout 0\nconfig 0\nenabled " +
                         (name == u"sdlout.so" ? "1\n" : "0\n");
     }
-    session.write(session.configPath(u"audacious/plugin-registry"_qs), registry);
-    player->m_process = session.start(player->m_name, u"env"_qs,
-                                      {u"SDL_AUDIODRIVER=dummy"_qs, u"audacious"_qs,
-                                       player->m_folder.filePath(u"1.wav"_qs),
-                                       player->m_folder.filePath(u"2.wav"_qs)});
+    session.write(session.configPath(u"audacious/plugin-registry"_s), registry);
+    player->m_process = session.start(player->m_name, u"env"_s,
+                                      {u"SDL_AUDIODRIVER=dummy"_s, u"audacious"_s,
+                                       player->m_folder.filePath(u"1.wav"_s),
+                                       player->m_folder.filePath(u"2.wav"_s)});
     return player;
 }
 
@@ -108,63 +109,62 @@ std::unique_ptr<RealPlayer> RealPlayer::vlc(Session& session)
 {
     if (!isInstalled("vlc"))
         return nullptr;
-    std::unique_ptr<RealPlayer> player(new RealPlayer(session, u"vlc"_qs));
+    std::unique_ptr<RealPlayer> player(new RealPlayer(session, u"vlc"_s));
     const QString home = player->m_folder.path();
     QStringList words;
     if (::geteuid() == 0) {
         const QString user = QString::number(nobody);
-        words = QStringList{u"setpriv"_qs, u"--reuid="_qs + user, u"--regid="_qs + user,
-                            u"--clear-groups"_qs};
+        words = QStringList{u"setpriv"_s, u"--reuid="_s + user, u"--regid="_s + user,
+                            u"--clear-groups"_s};
         letOthersIn(home);
-        letOthersIn(session.path(u"."_qs));
-        QDir(home).mkdir(u"home"_qs);
-        QFile::setPermissions(home + u"/home"_qs,
+        letOthersIn(session.path(u"."_s));
+        QDir(home).mkdir(u"home"_s);
+        QFile::setPermissions(home + u"/home"_s,
                               QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-        if (::chown(qPrintable(home + u"/home"_qs), nobody, nobody) != 0)
+        if (::chown(qPrintable(home + u"/home"_s), nobody, nobody) != 0)
             qFatal("no home for the other user");
     }
-    words += QStringList{u"env"_qs};
+    words += QStringList{u"env"_s};
     for (const char* name :
          {"HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME", "XDG_RUNTIME_DIR"})
-        words += QString::fromLatin1(name) + u'=' + home + u"/home"_qs;
-    words += QStringList{u"vlc"_qs,
-                         u"--no-qt-privacy-ask"_qs,
-                         u"--aout=adummy"_qs,
-                         u"--no-metadata-network-access"_qs,
-                         player->m_folder.filePath(u"1.wav"_qs),
-                         player->m_folder.filePath(u"2.wav"_qs)};
+        words += QString::fromLatin1(name) + u'=' + home + u"/home"_s;
+    words += QStringList{u"vlc"_s,
+                         u"--no-qt-privacy-ask"_s,
+                         u"--aout=adummy"_s,
+                         u"--no-metadata-network-access"_s,
+                         player->m_folder.filePath(u"1.wav"_s),
+                         player->m_folder.filePath(u"2.wav"_s)};
     player->m_process = session.start(player->m_name, words.takeFirst(), words);
     return player;
 }
 
-QString RealPlayer::entry() const { return u"/usr/share/applications/%1.desktop"_qs.arg(m_name); }
+QString RealPlayer::entry() const { return u"/usr/share/applications/%1.desktop"_s.arg(m_name); }
 
 std::optional<xcb_window_t> RealPlayer::window()
 {
     Display& display = m_session.display();
-    for (const std::uint32_t id : display.numbers(display.root(), "_NET_CLIENT_LIST")) {
+    for (const std::uint32_t id : display.numbers(display.root(), "_NET_CLIENT_LIST"))
         if (display.bytes(id, "WM_CLASS").startsWith(m_name.toLatin1() + '\0'))
             return id;
-    }
     return std::nullopt;
 }
 
 QVariant RealPlayer::property(const QString& name)
 {
     QDBusMessage question = QDBusMessage::createMethodCall(
-        u"org.mpris.MediaPlayer2."_qs + m_name, u"/org/mpris/MediaPlayer2"_qs,
-        u"org.freedesktop.DBus.Properties"_qs, u"Get"_qs);
-    question << u"org.mpris.MediaPlayer2.Player"_qs << name;
+        u"org.mpris.MediaPlayer2."_s + m_name, u"/org/mpris/MediaPlayer2"_s,
+        u"org.freedesktop.DBus.Properties"_s, u"Get"_s);
+    question << u"org.mpris.MediaPlayer2.Player"_s << name;
     const QDBusMessage reply = m_bus.call(question, QDBus::Block, 1000);
     return reply.arguments().value(0).value<QDBusVariant>().variant();
 }
 
-QString RealPlayer::state() { return property(u"PlaybackStatus"_qs).toString(); }
+QString RealPlayer::state() { return property(u"PlaybackStatus"_s).toString(); }
 
 QString RealPlayer::title()
 {
-    const auto metadata = qdbus_cast<QVariantMap>(property(u"Metadata"_qs));
-    return metadata.value(u"xesam:title"_qs).toString();
+    const auto metadata = qdbus_cast<QVariantMap>(property(u"Metadata"_s));
+    return metadata.value(u"xesam:title"_s).toString();
 }
 
 } // namespace lumbrix::privatedesk

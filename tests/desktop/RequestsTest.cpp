@@ -23,7 +23,7 @@ public:
     Caller(Session& session, const QString& name)
         : m_name(name), m_bus(QDBusConnection::connectToBus(session.busAddress(), name))
     {
-        m_bus.connect(service, path, interface, u"Hidden"_qs, this, SLOT(countHidden()));
+        m_bus.connect(service, path, interface, u"Hidden"_s, this, SLOT(countHidden()));
     }
     ~Caller() override { QDBusConnection::disconnectFromBus(m_name); }
 
@@ -40,16 +40,16 @@ public:
         message.setArguments(arguments);
         return m_bus.call(message, QDBus::Block, static_cast<int>(patience(5000).count()));
     }
-    QString show(const QString& id, const QRect& place, const QString& edge = u"bottom"_qs)
+    QString show(const QString& id, const QRect& place, const QString& edge = u"bottom"_s)
     {
-        return call(u"ShowForApplication"_qs, {id, place, edge});
+        return call(u"ShowForApplication"_s, {id, place, edge});
     }
     QString show(const std::vector<AppWindow>& windows, const QRect& place)
     {
         QList<uint> ids;
         for (const AppWindow& window : windows)
             ids << window.id;
-        return call(u"ShowForWindows"_qs, {QVariant::fromValue(ids), place, u"bottom"_qs});
+        return call(u"ShowForWindows"_s, {QVariant::fromValue(ids), place, u"bottom"_s});
     }
     /// How many rows have ended by now.
     int hidden() const
@@ -58,9 +58,9 @@ public:
         return m_hidden;
     }
 
-    const QString service = u"org.lumbrix.Lumbrix"_qs;
-    const QString path = u"/org/lumbrix/Previews1"_qs;
-    const QString interface = u"org.lumbrix.Previews1"_qs;
+    const QString service = u"org.lumbrix.Lumbrix"_s;
+    const QString path = u"/org/lumbrix/Previews1"_s;
+    const QString interface = u"org.lumbrix.Previews1"_s;
 
 private Q_SLOTS:
     void countHidden() { ++m_hidden; }
@@ -71,7 +71,7 @@ private:
     int m_hidden = 0;
 };
 
-const QString invalid = u"org.freedesktop.DBus.Error.InvalidArgs"_qs;
+const QString invalid = u"org.freedesktop.DBus.Error.InvalidArgs"_s;
 
 } // namespace
 
@@ -94,10 +94,10 @@ protected:
     /// behind the others.
     void waitUntilKnown(const std::vector<AppWindow>& windows)
     {
-        Caller caller(desk().session(), u"early"_qs);
+        Caller caller(desk().session(), u"early"_s);
         for (const AppWindow& window : windows)
             ASSERT_TRUE(succeeds([&] { return caller.show({window}, place); }));
-        EXPECT_EQ(caller.call(u"Hide"_qs), u""_qs);
+        EXPECT_EQ(caller.call(u"Hide"_s), u""_s);
         ASSERT_TRUE(showsNothing());
     }
     const QRect place{300, 700, 60, 48};
@@ -107,23 +107,23 @@ INSTANTIATE_TEST_SUITE_P(, RequestsTest, testing::Values(plank(), tint2()), desk
 
 TEST_P(RequestsTest, row_standsBesideTheRectangle_untilItIsHidden)
 {
-    const Application& alpha = launch(u"alpha"_qs, 2);
-    launch(u"beta"_qs, 1);
-    Caller caller(desk().session(), u"caller"_qs);
+    const Application& alpha = launch(u"alpha"_s, 2);
+    launch(u"beta"_s, 1);
+    Caller caller(desk().session(), u"caller"_s);
     constexpr int gap = 33;
     const struct {
         QString edge;
         QRect place;
         std::function<int(const QRect& row, const QRect& place)> distance;
     } cases[] = {
-        {u"bottom"_qs, place, [](auto& row, auto& at) { return at.top() - row.bottom() - 1; }},
-        {u"top"_qs,
+        {u"bottom"_s, place, [](auto& row, auto& at) { return at.top() - row.bottom() - 1; }},
+        {u"top"_s,
          {300, 100, 60, 48},
          [](auto& row, auto& at) { return row.top() - at.bottom() - 1; }},
-        {u"left"_qs,
+        {u"left"_s,
          {100, 500, 60, 48},
          [](auto& row, auto& at) { return row.left() - at.right() - 1; }},
-        {u"right"_qs,
+        {u"right"_s,
          {1100, 500, 60, 48},
          [](auto& row, auto& at) { return at.left() - row.right() - 1; }},
     };
@@ -131,32 +131,32 @@ TEST_P(RequestsTest, row_standsBesideTheRectangle_untilItIsHidden)
     int hidden = 0;
     for (const auto& [edge, at, distance] : cases) {
         SCOPED_TRACE(qPrintable(edge));
-        ASSERT_TRUE(succeeds([&] { return caller.show(u"alpha"_qs, at, edge); }));
+        ASSERT_TRUE(succeeds([&] { return caller.show(u"alpha"_s, at, edge); }));
         ASSERT_TRUE(shows(alpha));
         EXPECT_NEAR(distance(row(), at), gap, 1);
-        const bool isAcross = edge == u"left"_qs || edge == u"right"_qs;
+        const bool isAcross = edge == u"left"_s || edge == u"right"_s;
         EXPECT_NEAR(isAcross ? row().center().y() : row().center().x(),
                     isAcross ? at.center().y() : at.center().x(), 12);
         EXPECT_EQ(caller.hidden(), hidden);
-        EXPECT_EQ(caller.call(u"Hide"_qs), u""_qs);
+        EXPECT_EQ(caller.call(u"Hide"_s), u""_s);
         EXPECT_TRUE(showsNothing());
         EXPECT_TRUE(waitUntil([&] { return caller.hidden() > hidden; }));
         EXPECT_EQ(caller.hidden(), ++hidden);
     }
-    EXPECT_EQ(caller.call(u"Hide"_qs), u""_qs) << "nothing to hide is no error";
+    EXPECT_EQ(caller.call(u"Hide"_s), u""_s) << "nothing to hide is no error";
     EXPECT_EQ(caller.hidden(), hidden);
     EXPECT_EQ(display().activeWindow(), active) << "the focus has moved";
 }
 
 TEST_P(RequestsTest, chosenWindows_areShownInTheirOrder_andComeForwardOnAClick)
 {
-    Application& alpha = launch(u"alpha"_qs, 3);
-    Application& beta = launch(u"beta"_qs, 1);
-    Caller caller(desk().session(), u"caller"_qs);
+    Application& alpha = launch(u"alpha"_s, 3);
+    Application& beta = launch(u"beta"_s, 1);
+    Caller caller(desk().session(), u"caller"_s);
     const AppWindow first = beta.windows().front();
     const AppWindow last = alpha.windows().front();
     waitUntilKnown({first, last});
-    ASSERT_EQ(caller.show({first, last, first}, place), u""_qs);
+    ASSERT_EQ(caller.show({first, last, first}, place), u""_s);
     const std::vector<QByteArray> expected{first.title, last.title};
     ASSERT_TRUE(waitUntil([&] { return titlesShown() == expected; }));
     display().moveTo(preview(last.title)->geometry.center());
@@ -172,13 +172,13 @@ TEST_P(RequestsTest, chosenWindows_areShownInTheirOrder_andComeForwardOnAClick)
 
     // On the rectangle, and off it.
     display().moveTo(place.center());
-    ASSERT_TRUE(succeeds([&] { return caller.show(u"alpha"_qs, place); }));
+    ASSERT_TRUE(succeeds([&] { return caller.show(u"alpha"_s, place); }));
     ASSERT_TRUE(shows(alpha));
     desk().park();
     EXPECT_TRUE(showsNothing());
     EXPECT_TRUE(waitUntil([&] { return caller.hidden() == 2; }));
     // By an icon of the dock.
-    ASSERT_EQ(caller.show(u"alpha"_qs, place), u""_qs);
+    ASSERT_EQ(caller.show(u"alpha"_s, place), u""_s);
     ASSERT_TRUE(shows(alpha));
     hover(beta);
     EXPECT_TRUE(shows(beta));
@@ -187,20 +187,20 @@ TEST_P(RequestsTest, chosenWindows_areShownInTheirOrder_andComeForwardOnAClick)
 
 TEST_P(RequestsTest, row_goesWithItsCaller_andAnotherCallerTakesOver)
 {
-    const Application& alpha = launch(u"alpha"_qs, 2);
-    const Application& beta = launch(u"beta"_qs, 1);
-    auto first = std::make_unique<Caller>(desk().session(), u"first"_qs);
-    Caller second(desk().session(), u"second"_qs);
-    ASSERT_TRUE(succeeds([&] { return first->show(u"alpha"_qs, place); }));
+    const Application& alpha = launch(u"alpha"_s, 2);
+    const Application& beta = launch(u"beta"_s, 1);
+    auto first = std::make_unique<Caller>(desk().session(), u"first"_s);
+    Caller second(desk().session(), u"second"_s);
+    ASSERT_TRUE(succeeds([&] { return first->show(u"alpha"_s, place); }));
     ASSERT_TRUE(shows(alpha));
-    ASSERT_TRUE(succeeds([&] { return second.show(u"beta.desktop"_qs, place); }));
+    ASSERT_TRUE(succeeds([&] { return second.show(u"beta.desktop"_s, place); }));
     EXPECT_TRUE(shows(beta));
     EXPECT_TRUE(waitUntil([&] { return first->hidden() == 1; }));
-    EXPECT_EQ(first->call(u"Hide"_qs), u""_qs) << "too late";
+    EXPECT_EQ(first->call(u"Hide"_s), u""_s) << "too late";
     EXPECT_TRUE(shows(beta));
     EXPECT_EQ(second.hidden(), 0);
 
-    ASSERT_EQ(first->show(u"alpha"_qs, place), u""_qs);
+    ASSERT_EQ(first->show(u"alpha"_s, place), u""_s);
     ASSERT_TRUE(shows(alpha));
     EXPECT_TRUE(waitUntil([&] { return second.hidden() == 1; }));
     first.reset();
@@ -208,14 +208,14 @@ TEST_P(RequestsTest, row_goesWithItsCaller_andAnotherCallerTakesOver)
 
     // A command that ends at once: its row stays while the mouse is there.
     const auto showAndEnd = [&] {
-        return Caller(desk().session(), u"brief"_qs).show(u"alpha"_qs, place);
+        return Caller(desk().session(), u"brief"_s).show(u"alpha"_s, place);
     };
     display().moveTo(place.center());
-    EXPECT_EQ(showAndEnd(), u""_qs);
+    EXPECT_EQ(showAndEnd(), u""_s);
     EXPECT_TRUE(shows(alpha));
-    EXPECT_EQ(second.call(u"Hide"_qs), u""_qs) << "nobody else is in charge";
+    EXPECT_EQ(second.call(u"Hide"_s), u""_s) << "nobody else is in charge";
     EXPECT_TRUE(showsNothing());
-    EXPECT_EQ(showAndEnd(), u""_qs);
+    EXPECT_EQ(showAndEnd(), u""_s);
     EXPECT_TRUE(shows(alpha));
     desk().park();
     EXPECT_TRUE(showsNothing());
@@ -224,38 +224,38 @@ TEST_P(RequestsTest, row_goesWithItsCaller_andAnotherCallerTakesOver)
 
 TEST_P(RequestsTest, whatCannotBeShown_isAnError_andChangesNothing)
 {
-    const Application& alpha = launch(u"alpha"_qs, 1);
-    Caller caller(desk().session(), u"caller"_qs);
-    ASSERT_TRUE(succeeds([&] { return caller.show(u"alpha"_qs, place); }));
+    const Application& alpha = launch(u"alpha"_s, 1);
+    Caller caller(desk().session(), u"caller"_s);
+    ASSERT_TRUE(succeeds([&] { return caller.show(u"alpha"_s, place); }));
     ASSERT_TRUE(shows(alpha));
     for (const QString& id :
-         {u"nobody"_qs, QString(5000, u'x'), QString::fromUtf8("\xf0\x9f\x8e\xa8/../\x1b[31m")})
+         {u"nobody"_s, QString(5000, u'x'), QString::fromUtf8("\xf0\x9f\x8e\xa8/../\x1b[31m")})
         EXPECT_EQ(caller.show(id, place), invalid) << qPrintable(id.left(20));
-    EXPECT_EQ(caller.show(u"alpha"_qs, QRect(5000, 0, 9, 9)), invalid);
-    EXPECT_EQ(caller.show(u"alpha"_qs, place, u"middle"_qs), invalid);
+    EXPECT_EQ(caller.show(u"alpha"_s, QRect(5000, 0, 9, 9)), invalid);
+    EXPECT_EQ(caller.show(u"alpha"_s, place, u"middle"_s), invalid);
     EXPECT_EQ(caller.show(std::vector<AppWindow>(), place), invalid);
     AppWindow root;
     root.id = display().root();
     EXPECT_EQ(caller.show({alpha.windows().front(), root}, place), invalid);
-    EXPECT_EQ(caller.show(u"gamma"_qs, place), u"org.lumbrix.Previews1.Error.NothingToShow"_qs);
-    EXPECT_EQ(caller.call(u"ShowForApplication"_qs, {u"alpha"_qs, u"everywhere"_qs, u"top"_qs}),
-              u"org.freedesktop.DBus.Error.UnknownMethod"_qs);
+    EXPECT_EQ(caller.show(u"gamma"_s, place), u"org.lumbrix.Previews1.Error.NothingToShow"_s);
+    EXPECT_EQ(caller.call(u"ShowForApplication"_s, {u"alpha"_s, u"everywhere"_s, u"top"_s}),
+              u"org.freedesktop.DBus.Error.UnknownMethod"_s);
     EXPECT_TRUE(shows(alpha));
     EXPECT_EQ(caller.hidden(), 0);
-    EXPECT_EQ(caller.call(u"Hide"_qs), u""_qs);
+    EXPECT_EQ(caller.call(u"Hide"_s), u""_s);
     EXPECT_TRUE(showsNothing());
 
-    const QString described =
-        caller.send(u"org.freedesktop.DBus.Introspectable"_qs, u"Introspect"_qs)
-            .arguments()
-            .value(0)
-            .toString();
+    const QString described = caller.send(u"org.freedesktop.DBus.Introspectable"_s, u"Introspect"_s)
+                                  .arguments()
+                                  .value(0)
+                                  .toString();
     for (const QString& part :
-         {u"<interface name=\"org.lumbrix.Previews1\">"_qs, u"type=\"(iiii)\""_qs,
-          u"type=\"au\""_qs, u"<signal name=\"Hidden\"/>"_qs})
+         {u"<interface name=\"org.lumbrix.Previews1\">"_s, u"type=\"(iiii)\""_s, u"type=\"au\""_s,
+          u"<signal name=\"Hidden\"/>"_s})
         EXPECT_TRUE(described.contains(part)) << qPrintable(described);
 }
 
 } // namespace lumbrix::privatedesk
 
 #include "RequestsTest.moc"
+#include "platform/StringLiterals.h"

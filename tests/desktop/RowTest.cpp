@@ -3,6 +3,7 @@
 
 // The row of previews while its windows come, go and change.
 #include "DesktopTest.h"
+#include "platform/StringLiterals.h"
 
 #include <set>
 
@@ -45,8 +46,8 @@ INSTANTIATE_TEST_SUITE_P(, ButtonRowTest, testing::Values(tint2()), deskName);
 
 TEST_P(ButtonRowTest, nextButtonOfTheApplication_takesTheRowAlong_andItsWindowIsMarked)
 {
-    launch(u"beta"_qs, 4); // so that alpha's row is clear of the edge of the screen
-    const Application& alpha = launch(u"alpha"_qs, 2);
+    launch(u"beta"_s, 4); // so that alpha's row is clear of the edge of the screen
+    const Application& alpha = launch(u"alpha"_s, 2);
     std::set<int> places;
     for (const AppWindow& window : alpha.windows()) {
         hoverButtonOf(window);
@@ -59,7 +60,7 @@ TEST_P(ButtonRowTest, nextButtonOfTheApplication_takesTheRowAlong_andItsWindowIs
 
 TEST_P(ButtonRowTest, minimisedWindowsOfOneTitle_showEachItsOwnPicture)
 {
-    Application& alpha = launch(u"alpha"_qs);
+    Application& alpha = launch(u"alpha"_s);
     for (const QColor& colour : {QColor(Qt::red), QColor(Qt::blue)})
         alpha.open("the same", colour);
     hover(alpha);
@@ -79,8 +80,8 @@ TEST_P(ButtonRowTest, minimisedWindowsOfOneTitle_showEachItsOwnPicture)
 
 TEST_P(ButtonRowTest, windowThatTakesAnotherClass_isPreviewedWithItsNewApplication)
 {
-    const Application& beta = launch(u"beta"_qs, 1);
-    const AppWindow window = launch(u"alpha"_qs, 1).windows().front();
+    const Application& beta = launch(u"beta"_s, 1);
+    const AppWindow window = launch(u"alpha"_s, 1).windows().front();
     hover(beta);
     ASSERT_TRUE(shows(beta));
     const QByteArray name("beta\0Beta\0", 10);
@@ -97,7 +98,7 @@ TEST_P(ButtonRowTest, windowThatTakesAnotherClass_isPreviewedWithItsNewApplicati
 
 TEST_P(RowTest, preview_clicked_bringsItsWindowForward)
 {
-    Application& alpha = launch(u"alpha"_qs, 3);
+    Application& alpha = launch(u"alpha"_s, 3);
     const AppWindow minimised = alpha.windows()[1];
     const AppWindow elsewhere = alpha.windows()[2];
     // Pictures of windows that cannot be seen are those from when they could be.
@@ -105,7 +106,7 @@ TEST_P(RowTest, preview_clicked_bringsItsWindowForward)
     ASSERT_TRUE(shows(alpha));
     alpha.minimise(minimised);
     alpha.moveToDesktop(elsewhere, 1);
-    launch(u"beta"_qs, 1);
+    launch(u"beta"_s, 1);
     desk().park();
     ASSERT_TRUE(showsNothing());
 
@@ -127,16 +128,16 @@ TEST_P(RowTest, preview_clicked_bringsItsWindowForward)
 
 TEST_P(RowTest, preview_hovered_showsItsWindowInFull)
 {
-    Application& alpha = launch(u"alpha"_qs, 1);
+    Application& alpha = launch(u"alpha"_s, 1);
     // Clear of the row.
     const AppWindow window = alpha.open("alpha apart", Qt::red, {{400, 300}, {420, 380}});
-    launch(u"beta"_qs, 3);
+    launch(u"beta"_s, 3);
     hover(alpha);
     ASSERT_TRUE(shows(alpha));
     moveToPreview(window.title);
     const QRect place = display().geometry(window.id).value_or(QRect());
     EXPECT_TRUE(waitUntil([&] {
-        return this->window(u"zoom"_qs) && portionOf(display().picture(place), window.colour) > 0.2;
+        return this->window(u"zoom"_s) && portionOf(display().picture(place), window.colour) > 0.2;
     }));
     savePicture("zoom");
     EXPECT_TRUE(shows(alpha));
@@ -144,7 +145,7 @@ TEST_P(RowTest, preview_hovered_showsItsWindowInFull)
 
 TEST_P(RowTest, windows_openedChangedAndClosed_areFollowed)
 {
-    Application& alpha = launch(u"alpha"_qs, 2);
+    Application& alpha = launch(u"alpha"_s, 2);
     hover(alpha);
     ASSERT_TRUE(shows(alpha));
     alpha.open(1);
@@ -158,7 +159,7 @@ TEST_P(RowTest, windows_openedChangedAndClosed_areFollowed)
 
 TEST_P(RowTest, windows_twenty_showTheFirstFifteen)
 {
-    const Application& alpha = launch(u"alpha"_qs, 20);
+    const Application& alpha = launch(u"alpha"_s, 20);
     hover(alpha);
     ASSERT_TRUE(waitUntil([&] { return display().previews().size() == 15; }));
     std::set<QByteArray> shown;
@@ -176,7 +177,7 @@ TEST_P(RowTest, windows_twenty_showTheFirstFifteen)
 
 TEST_P(RowTest, windows_maximisedWithTheSameTitle_showBothPictures)
 {
-    Application& alpha = launch(u"alpha"_qs);
+    Application& alpha = launch(u"alpha"_s);
     for (const QColor& colour : {QColor(Qt::red), QColor(Qt::blue)})
         alpha.maximise(alpha.open("the same", colour));
     hover(alpha);
@@ -186,7 +187,7 @@ TEST_P(RowTest, windows_maximisedWithTheSameTitle_showBothPictures)
 TEST_P(RowTest, titles_hostile_areShownAsPlainText)
 {
     const QByteArray markup = "<b>bold</b> &amp; <img src=\"file:///etc/passwd\">%s%n";
-    Application& alpha = launch(u"alpha"_qs);
+    Application& alpha = launch(u"alpha"_s);
     alpha.open(markup, Qt::red);
     hover(alpha);
     EXPECT_TRUE(shows(alpha));

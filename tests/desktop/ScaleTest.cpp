@@ -3,6 +3,7 @@
 
 // A desktop that draws everything twice as large, until the user has it draw smaller.
 #include "DesktopTest.h"
+#include "platform/StringLiterals.h"
 
 #include <cstring>
 
@@ -19,18 +20,16 @@ bool contains(const QImage& picture, const QImage& part)
         for (int line = 0; line < part.height(); ++line) {
             const auto* seen = reinterpret_cast<const QRgb*>(picture.constScanLine(y + line)) + x;
             const auto* wanted = reinterpret_cast<const QRgb*>(part.constScanLine(line));
-            for (int i = 0; i < part.width(); ++i) {
+            for (int i = 0; i < part.width(); ++i)
                 if ((seen[i] & RGB_MASK) != (wanted[i] & RGB_MASK))
                     return false;
-            }
         }
         return true;
     };
     for (int y = 0; y + part.height() <= picture.height(); ++y) {
-        for (int x = 0; x + part.width() <= picture.width(); ++x) {
+        for (int x = 0; x + part.width() <= picture.width(); ++x)
             if (isAt(x, y))
                 return true;
-        }
     }
     return false;
 }
@@ -114,7 +113,7 @@ INSTANTIATE_TEST_SUITE_P(, ScaleTest, testing::Values(enlarged(Edge::Left)), des
 // Half a point too large or too small, they used to be scaled by one pixel, which blurs everything.
 TEST_P(ScaleTest, pictures_lifeSize_areShownPixelForPixel)
 {
-    Application& alpha = launch(u"alpha"_qs);
+    Application& alpha = launch(u"alpha"_s);
     const AppWindow odd = alpha.open("odd", Qt::blue, {{181, 121}, {1200, 200}});
     const AppWindow even = alpha.open("even", Qt::red, {{180, 120}, {1200, 500}});
     hover(alpha);
@@ -128,15 +127,15 @@ TEST_P(ScaleTest, pictures_lifeSize_areShownPixelForPixel)
         const QRect place = display().geometry(window.id).value_or(QRect());
         EXPECT_TRUE(waitUntil([&] {
             title = display().picture({place.x() + 10, place.y() - 40, place.width() - 20, 20});
-            return isShownAs(u"preview"_qs);
+            return isShownAs(u"preview"_s);
         })) << window.title.constData();
     }
     desk().park();
-    launch(u"beta"_qs).open("above it", Qt::green, {{300, 300}, {1150, 150}});
+    launch(u"beta"_s).open("above it", Qt::green, {{300, 300}, {1150, 150}});
     hover(alpha);
     ASSERT_TRUE(waitUntil([&] { return preview(odd.title).has_value(); }));
     moveToPreview(odd.title);
-    EXPECT_TRUE(waitUntil([&] { return isShownAs(u"zoom"_qs); }));
+    EXPECT_TRUE(waitUntil([&] { return isShownAs(u"zoom"_s); }));
     savePicture("zoom");
 }
 
@@ -145,8 +144,8 @@ TEST_P(ScaleTest, scale_changedMeanwhile_isThatOfTheNextRow)
     auto settings = std::make_unique<FontSettings>(display());
     settings->setDotsPerInch(192);
     desk().stopLumbrix();
-    desk().startLumbrix({{u"badgeDock"_qs, u"1"_qs}});
-    const Application& alpha = launch(u"alpha"_qs, 2);
+    desk().startLumbrix({{u"badgeDock"_s, u"1"_s}});
+    const Application& alpha = launch(u"alpha"_s, 2);
     ASSERT_TRUE(waitUntil([&] { return display().badges().size() == 1; }));
     EXPECT_TRUE(showsBesideTheIcon(alpha));
     savePicture("before");

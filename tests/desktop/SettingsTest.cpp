@@ -3,6 +3,7 @@
 
 // Settings files that no one would want to have.
 #include "DesktopTest.h"
+#include "platform/StringLiterals.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QFile>
@@ -43,7 +44,7 @@ INSTANTIATE_TEST_SUITE_P(, SettingsTest, testing::Values(plank()), deskName);
 
 TEST_P(SettingsTest, file_damaged_isReadAsFarAsItGoesAndKept)
 {
-    const Application& alpha = launch(u"alpha"_qs, 1);
+    const Application& alpha = launch(u"alpha"_s, 1);
     const std::pair<const char*, QByteArray> damages[] = {
         {"cut off", "exitDelay=0.5\n[filters]\nAll appli"},
         {"not text", QByteArray("\0\0=\0\n\xff\xfe\xc3=\xc3\n[\xc3]\n]\n[\n=\n\0", 22)},
@@ -68,14 +69,14 @@ TEST_P(SettingsTest, file_damaged_isReadAsFarAsItGoesAndKept)
 
 TEST_P(SettingsTest, values_ofWrongTypes_harmNobody)
 {
-    const Application& alpha = launch(u"alpha"_qs, 2);
+    const Application& alpha = launch(u"alpha"_s, 2);
     const QStringList keys =
         u"hideIcon dontDelayIfOpen monoChrome distanceFromDock ignoreHidden "
         u"ignoreMinimized showSpaces zoomWindows shouldShowCal previewStyle spaceStyle spaceSize "
         u"hideControls closeOnClick ignoreOneWindow onlyIfKeycode hidePreviewsKeycode showFastKeys "
         u"disableLivePreviews tempDisableFilters tempDisableFiltersKeycode showOthersInDockIcon "
         u"hideClose badgeDock badgePosition badgeOnlyIfMore badgeSizeExtra winBadgeColor "
-        u"shouldBubbleWrap calendars"_qs.split(u' ');
+        u"shouldBubbleWrap calendars"_s.split(u' ');
     const char* values[] = {"none", "-7", "1e30", "@data(\\x00\\xff", "99999999999", "\"", ""};
     for (const char* value : values) {
         SCOPED_TRACE(value);
@@ -94,13 +95,13 @@ TEST_P(SettingsTest, values_ofWrongTypes_harmNobody)
 
 TEST_P(SettingsTest, place_ofNoUse_isToldOnceAndPreviewsShow)
 {
-    const Application& alpha = launch(u"alpha"_qs, 1);
+    const Application& alpha = launch(u"alpha"_s, 1);
     desk().stopLumbrix();
     ASSERT_TRUE(QFile::remove(path()) && QDir().mkdir(path()));
     desk().startLumbrixAgain(alpha);
     EXPECT_TRUE(waitUntil([this] { return !display().previews().empty(); }));
     const QString complaints = desk().complaints();
-    EXPECT_TRUE(complaints.startsWith(u"lumbrix: the settings in "_qs + path()));
+    EXPECT_TRUE(complaints.startsWith(u"lumbrix: the settings in "_s + path()));
     EXPECT_EQ(complaints.count(u'\n'), 1) << qPrintable(complaints);
     ASSERT_TRUE(QDir().rmdir(path()));
     desk().startLumbrix();

@@ -3,6 +3,7 @@
 
 // What other programs do to Lumbrix, and what it leaves behind.
 #include "DesktopTest.h"
+#include "platform/StringLiterals.h"
 
 #include <QtCore/QProcess>
 
@@ -22,8 +23,8 @@ INSTANTIATE_TEST_SUITE_P(, SurvivalTest, testing::Values(plank(), tint2(), xfceP
 
 TEST_P(SurvivalTest, windows_destroyedWhileCaptured_leaveTheRowRight)
 {
-    Application& alpha = launch(u"alpha"_qs, 2);
-    const Application& beta = launch(u"beta"_qs, 1);
+    Application& alpha = launch(u"alpha"_s, 2);
+    const Application& beta = launch(u"beta"_s, 1);
     const auto alphaIcon = desk().iconOf(alpha);
     const auto betaIcon = desk().iconOf(beta);
     ASSERT_TRUE(alphaIcon && betaIcon);
@@ -41,8 +42,8 @@ TEST_P(SurvivalTest, windows_destroyedWhileCaptured_leaveTheRowRight)
 
 TEST_P(SurvivalTest, application_stopped_delaysNobody)
 {
-    Application& alpha = launch(u"alpha"_qs, 2);
-    const Application& beta = launch(u"beta"_qs, 2);
+    Application& alpha = launch(u"alpha"_s, 2);
+    const Application& beta = launch(u"beta"_s, 2);
     alpha.process().signal(SIGSTOP);
     hover(beta);
     EXPECT_TRUE(shows(beta, 1500));
@@ -57,7 +58,7 @@ TEST_P(SurvivalTest, application_stopped_delaysNobody)
 
 TEST_P(SurvivalTest, compositor_busyWhilePanelsComeAndGo_stillDrawsThem)
 {
-    const Application& alpha = launch(u"alpha"_qs, 3);
+    const Application& alpha = launch(u"alpha"_s, 3);
     hover(alpha);
     ASSERT_TRUE(shows(alpha));
     desk().park();
@@ -81,8 +82,8 @@ TEST_P(SurvivalTest, compositor_busyWhilePanelsComeAndGo_stillDrawsThem)
 
 TEST_P(SurvivalTest, corners_roundedOff_showTheWallpaper)
 {
-    desk().startLumbrix({{u"shouldBubbleWrap"_qs, u"0"_qs}});
-    const Application& alpha = launch(u"alpha"_qs, 1);
+    desk().startLumbrix({{u"shouldBubbleWrap"_s, u"0"_s}});
+    const Application& alpha = launch(u"alpha"_s, 1);
     const QImage before = display().picture();
     hover(alpha);
     ASSERT_TRUE(shows(alpha));
@@ -97,7 +98,7 @@ TEST_P(SurvivalTest, corners_roundedOff_showTheWallpaper)
 
 TEST_P(SurvivalTest, lumbrix_terminated_leavesNothingBehind)
 {
-    const Application& alpha = launch(u"alpha"_qs, 2);
+    const Application& alpha = launch(u"alpha"_s, 2);
     hover(alpha);
     ASSERT_TRUE(shows(alpha));
     desk().lumbrix().signal(SIGTERM);
@@ -112,9 +113,9 @@ TEST(LumbrixProgram, display_missing_isNeededForPreviewsOnly)
     const auto run = [](const QStringList& arguments, const QString& wayland = {}) {
         QProcess process;
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.remove(u"DISPLAY"_qs);
-        environment.insert(u"WAYLAND_DISPLAY"_qs, wayland);
-        environment.insert(u"QT_QPA_PLATFORM"_qs, wayland.isEmpty() ? u""_qs : u"wayland"_qs);
+        environment.remove(u"DISPLAY"_s);
+        environment.insert(u"WAYLAND_DISPLAY"_s, wayland);
+        environment.insert(u"QT_QPA_PLATFORM"_s, wayland.isEmpty() ? u""_s : u"wayland"_s);
         process.setProcessEnvironment(environment);
         process.setProcessChannelMode(QProcess::MergedChannels);
         process.start(lumbrixBinary(), arguments);
@@ -122,25 +123,25 @@ TEST(LumbrixProgram, display_missing_isNeededForPreviewsOnly)
         return std::pair(process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
                          process.readAll());
     };
-    EXPECT_EQ(run({u"--version"_qs}).first, 0);
-    EXPECT_TRUE(run({u"--version"_qs}).second.startsWith("lumbrix "));
-    EXPECT_EQ(run({u"--help"_qs}).first, 0);
-    EXPECT_TRUE(run({u"--help"_qs}).second.contains("Usage"));
-    for (const QStringList& arguments : {QStringList(), QStringList(u"--inspect"_qs)}) {
+    EXPECT_EQ(run({u"--version"_s}).first, 0);
+    EXPECT_TRUE(run({u"--version"_s}).second.startsWith("lumbrix "));
+    EXPECT_EQ(run({u"--help"_s}).first, 0);
+    EXPECT_TRUE(run({u"--help"_s}).second.contains("Usage"));
+    for (const QStringList& arguments : {QStringList(), QStringList(u"--inspect"_s)}) {
         const auto [status, complaint] = run(arguments);
         EXPECT_EQ(status, 1) << "it must fail, not crash";
         EXPECT_TRUE(complaint.startsWith("lumbrix: ")) << complaint.constData();
     }
-    EXPECT_EQ(run({}, u"wayland-0"_qs).first, 1);
-    EXPECT_TRUE(run({}, u"wayland-0"_qs).second.startsWith("lumbrix: this Wayland session has no"));
-    EXPECT_EQ(run({u"--inspect"_qs, u"what"_qs}).first, 2);
+    EXPECT_EQ(run({}, u"wayland-0"_s).first, 1);
+    EXPECT_TRUE(run({}, u"wayland-0"_s).second.startsWith("lumbrix: this Wayland session has no"));
+    EXPECT_EQ(run({u"--inspect"_s, u"what"_s}).first, 2);
 }
 
 TEST(LumbrixProgram, display_goesAway_endsItInWords)
 {
     Session session({{800, 600}, WindowManager::Openbox});
     // The first time, with its preferences and a sheet on them.
-    const auto lumbrix = session.start(u"lumbrix"_qs, lumbrixBinary());
+    const auto lumbrix = session.start(u"lumbrix"_s, lumbrixBinary());
     ASSERT_TRUE(session.display().waitFor(
         [&] { return !session.display().managedWindows().empty(); }, patience(10000)))
         << qPrintable(session.logs());
@@ -154,7 +155,7 @@ TEST(LumbrixProgram, display_goesAway_endsItInWords)
     ASSERT_TRUE(status);
     EXPECT_TRUE(WIFEXITED(*status)) << *status;
     EXPECT_EQ(WEXITSTATUS(*status), 1);
-    EXPECT_TRUE(session.log(u"lumbrix"_qs).contains(u"lumbrix: the display has gone away"_qs));
+    EXPECT_TRUE(session.log(u"lumbrix"_s).contains(u"lumbrix: the display has gone away"_s));
 }
 
 } // namespace lumbrix::privatedesk

@@ -3,6 +3,7 @@
 
 // The switchers of window managers, and the row of previews above them.
 #include "DesktopTest.h"
+#include "platform/StringLiterals.h"
 
 #include <QtCore/QFileInfo>
 #include <QtCore/QStandardPaths>
@@ -21,13 +22,13 @@ QString programOf(WindowManager manager)
 {
     switch (manager) {
     case WindowManager::Openbox:
-        return u"openbox"_qs;
+        return u"openbox"_s;
     case WindowManager::Marco:
-        return u"marco"_qs;
+        return u"marco"_s;
     case WindowManager::KWin:
-        return u"kwin_x11"_qs;
+        return u"kwin_x11"_s;
     default:
-        return u"xfwm4"_qs;
+        return u"xfwm4"_s;
     }
 }
 
@@ -53,9 +54,9 @@ protected:
         if (QStandardPaths::findExecutable(program).isEmpty())
             GTEST_SKIP() << qPrintable(program) << " is not installed";
         // Without them it has no Alt+Tab, or one that shows nothing.
-        if (program == u"kwin_x11"_qs &&
-            (QStandardPaths::findExecutable(u"kglobalaccel5"_qs).isEmpty() ||
-             !QFileInfo::exists(u"/usr/share/kwin/tabbox"_qs)))
+        if (program == u"kwin_x11"_s &&
+            (QStandardPaths::findExecutable(u"kglobalaccel5"_s).isEmpty() ||
+             !QFileInfo::exists(u"/usr/share/kwin/tabbox"_s)))
             GTEST_SKIP() << "libkf5globalaccel-bin or kwin-addons is not installed";
         DesktopTest::SetUp();
         display().moveTo(QPoint(5, 5));
@@ -124,8 +125,8 @@ INSTANTIATE_TEST_SUITE_P(, SwitcherTest,
 
 TEST_P(SwitcherTest, row_followsTheSelection_andGoesWithTheSwitcher)
 {
-    const Application& alpha = launch(u"alpha"_qs, 2);
-    const Application& beta = launch(u"beta"_qs, 1);
+    const Application& alpha = launch(u"alpha"_s, 2);
+    const Application& beta = launch(u"beta"_s, 1);
     open();
     ASSERT_TRUE(shows(alpha));
     savePicture("opened");
@@ -154,8 +155,8 @@ TEST_P(SwitcherTest, row_followsTheSelection_andGoesWithTheSwitcher)
 
 TEST_P(SwitcherTest, release_picksThePreviewThatTheMouseWasMovedTo)
 {
-    const Application& alpha = launch(u"alpha"_qs, 2);
-    const Application& beta = launch(u"beta"_qs, 1);
+    const Application& alpha = launch(u"alpha"_s, 2);
+    const Application& beta = launch(u"beta"_s, 1);
     open();
     ASSERT_TRUE(shows(alpha));
     const QPoint place = preview(alpha.windows()[0].title)->geometry.center();
@@ -183,8 +184,8 @@ TEST_P(SwitcherTest, release_picksThePreviewThatTheMouseWasMovedTo)
 
 TEST_P(SwitcherTest, escape_leavesNothing_alsoWithTheMouseOnAPreview)
 {
-    const Application& alpha = launch(u"alpha"_qs, 2);
-    const Application& beta = launch(u"beta"_qs, 1);
+    const Application& alpha = launch(u"alpha"_s, 2);
+    const Application& beta = launch(u"beta"_s, 1);
     for (const bool onPreview : {false, true}) {
         open();
         ASSERT_TRUE(shows(alpha));
@@ -199,8 +200,8 @@ TEST_P(SwitcherTest, escape_leavesNothing_alsoWithTheMouseOnAPreview)
 
 TEST_P(SwitcherTest, click_picksThatWindow)
 {
-    const Application& alpha = launch(u"alpha"_qs, 2);
-    launch(u"beta"_qs, 1);
+    const Application& alpha = launch(u"alpha"_s, 2);
+    launch(u"beta"_s, 1);
     open();
     ASSERT_TRUE(shows(alpha));
     moveOnto(alpha.windows()[0]);
@@ -212,9 +213,9 @@ TEST_P(SwitcherTest, click_picksThatWindow)
 
 TEST_P(SwitcherTest, maximisedWindows_areToldApart)
 {
-    Application& alpha = launch(u"alpha"_qs, 1);
-    Application& beta = launch(u"beta"_qs, 1);
-    Application& gamma = launch(u"gamma"_qs, 1);
+    Application& alpha = launch(u"alpha"_s, 1);
+    Application& beta = launch(u"beta"_s, 1);
+    Application& gamma = launch(u"gamma"_s, 1);
     for (Application* application : {&alpha, &beta, &gamma})
         application->maximise(application->windows()[0]);
     for (Application* application : {&alpha, &beta, &gamma}) {

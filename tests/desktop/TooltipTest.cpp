@@ -3,6 +3,7 @@
 
 // The tooltip in which a dock names the icon under the pointer, right where previews come up.
 #include "DesktopTest.h"
+#include "platform/StringLiterals.h"
 
 namespace lumbrix::privatedesk
 {
@@ -30,8 +31,8 @@ INSTANTIATE_TEST_SUITE_P(, TooltipTest, testing::Values(plank(), plank(Edge::Lef
 
 TEST_P(TooltipTest, tooltip_ofTheDock_isOutOfTheWayOfPreviews_andInItsPlaceWithoutThem)
 {
-    desk().startLumbrix({{u"ignoreMinimized"_qs, u"1"_qs}});
-    Application& alpha = launch(u"alpha"_qs, 1);
+    desk().startLumbrix({{u"ignoreMinimized"_s, u"1"_s}});
+    Application& alpha = launch(u"alpha"_s, 1);
     const AppWindow window = alpha.windows().front();
     alpha.minimise(window);
     const QRect screen(QPoint(), display().size());

@@ -4,6 +4,7 @@
 // A panel with window buttons at the top and Plank at the bottom, which tells all windows that
 // their icons are on it.
 #include "DesktopTest.h"
+#include "platform/StringLiterals.h"
 
 namespace lumbrix::privatedesk
 {
@@ -29,15 +30,14 @@ INSTANTIATE_TEST_SUITE_P(, TwoDocksTest, testing::Values(panelAndPlank()), deskN
 
 TEST_P(TwoDocksTest, buttonAndIcon_hoveredInTurn_showTheSameWindows)
 {
-    Application& alpha = launch(u"alpha"_qs, 2);
-    Application& beta = launch(u"beta"_qs, 1);
+    Application& alpha = launch(u"alpha"_s, 2);
+    Application& beta = launch(u"beta"_s, 1);
     // Lumbrix comes when the windows know of their icons on Plank only.
     desk().dock().kill();
     desk().dock().restart();
-    for (const Application* application : {&alpha, &beta}) {
+    for (const Application* application : {&alpha, &beta})
         for (const AppWindow& window : application->windows())
             ASSERT_TRUE(waitUntil([&] { return isIconOnPlank(window); }));
-    }
     desk().startLumbrixAgain(alpha);
     for (int i = 0; i < 2; ++i) {
         hoverButton(0);
@@ -52,7 +52,7 @@ TEST_P(TwoDocksTest, buttonAndIcon_hoveredInTurn_showTheSameWindows)
     desk().park();
     ASSERT_TRUE(showsNothing());
 
-    Application& gamma = launch(u"gamma"_qs, 1);
+    Application& gamma = launch(u"gamma"_s, 1);
     alpha.open("a third one", Qt::white);
     hoverButton(0);
     EXPECT_TRUE(shows(alpha));
@@ -83,8 +83,8 @@ INSTANTIATE_TEST_SUITE_P(, SecondDockTest,
 
 TEST_P(SecondDockTest, icons_ofBothDocks_haveTheirPreviewsAndCountsBesideThem)
 {
-    desk().startLumbrix({{u"badgeDock"_qs, u"1"_qs}});
-    const Application& alpha = launch(u"alpha"_qs, 2);
+    desk().startLumbrix({{u"badgeDock"_s, u"1"_s}});
+    const Application& alpha = launch(u"alpha"_s, 2);
     const auto below = desk().iconOf(alpha);
     const auto left = desk().iconOnSecondDock(alpha);
     ASSERT_TRUE(below && left);

@@ -5,6 +5,7 @@
 
 #include <QtCore/QLocale>
 
+#include "platform/StringLiterals.h"
 #include "preview/EventLine.h"
 #include "tests/engine/EngineFixture.h"
 
@@ -288,13 +289,13 @@ TEST_F(CalPreviewTest, modifierKeys_decideWhetherItIsShown)
     settings().hidePreviews = 1;
     settings().hidePreviewsKeycode = 1;
     EXPECT_FALSE(shows(0));
-    EXPECT_TRUE(shows(Option));
+    EXPECT_TRUE(shows(option));
     settings().onlyIfPressed = 1;
     settings().onlyIfKeycode = 2;
-    EXPECT_FALSE(shows(Option));
-    EXPECT_TRUE(shows(Option | Control));
+    EXPECT_FALSE(shows(option));
+    EXPECT_TRUE(shows(option | control));
     calendar().setShouldShowCal(false);
-    EXPECT_FALSE(shows(Option | Control)) << "it is an application like any other then";
+    EXPECT_FALSE(shows(option | control)) << "it is an application like any other then";
 }
 
 TEST_F(CalPreviewTest, click_raisesTheCalendarOrStartsIt)

@@ -3,6 +3,7 @@
 
 // When previews go away.
 
+#include "platform/StringLiterals.h"
 #include "tests/engine/EngineFixture.h"
 
 namespace lumbrix::test

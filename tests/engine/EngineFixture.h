@@ -10,6 +10,7 @@
 #include "engine/SWObserver.h"
 #include "model/AXNames.h"
 #include "platform/InputState.h"
+#include "platform/StringLiterals.h"
 #include "preview/BadgeView.h"
 #include "preview/KeyLabel.h"
 #include "preview/MediaControls.h"
@@ -20,9 +21,9 @@ namespace lumbrix::test
 {
 
 using namespace Qt::StringLiterals;
-using platform::ModifierFlag::Command;
-using platform::ModifierFlag::Control;
-using platform::ModifierFlag::Option;
+using platform::ModifierFlag::command;
+using platform::ModifierFlag::control;
+using platform::ModifierFlag::option;
 
 /// The engine with panels of its own on the simulated desktop, observing the Dock as the controller
 /// has it do. Previews are 200 × 150, 10 points from the Dock; everything else is off, hovering

@@ -3,6 +3,7 @@
 
 // What a hovered Dock item shows.
 
+#include "platform/StringLiterals.h"
 #include "tests/engine/EngineFixture.h"
 
 namespace lumbrix::test
@@ -149,7 +150,7 @@ TEST_F(HoverDispatchTest, singleWindow_isIgnoredWhereAsked_unlessTheKeyIsHeld)
     add(u"Maps"_s, 0);
     settings().ignoreOneWindow = 1;
     settings().tempDisableFiltersKeycode = 1;
-    desk.setModifiers(Option);
+    desk.setModifiers(option);
     hover(u"Notes"_s);
     loop.advance(2);
     EXPECT_EQ(shown(), u""_s);
@@ -173,14 +174,14 @@ TEST_F(HoverDispatchTest, keyPressedWhileTheMouseRestsOnTheItem_bringsThePreview
     hover(u"Notes"_s);
     loop.advance(3);
     EXPECT_EQ(shown(), u""_s);
-    desk.setModifiers(Command);
+    desk.setModifiers(command);
     loop.advance(1.1);
     EXPECT_EQ(shown(), u"Notes 2, Notes 1"_s);
-    desk.setModifiers(Option);
+    desk.setModifiers(option);
     loop.advance(0.5);
     EXPECT_EQ(shown(), u""_s);
     EXPECT_EQ(panelsOnScreen(), 0);
-    desk.setModifiers(Command);
+    desk.setModifiers(command);
     loop.advance(1.1);
     EXPECT_EQ(shown(), u"Notes 2, Notes 1"_s);
 }
@@ -190,14 +191,14 @@ TEST_F(HoverDispatchTest, keyThatHidesPreviews_buildsNone_untilItIsReleased)
     add(u"Notes"_s, 2);
     settings().hidePreviews = 1;
     settings().hidePreviewsKeycode = 2;
-    desk.setModifiers(Control);
+    desk.setModifiers(control);
     hover(u"Notes"_s);
     loop.advance(2);
     EXPECT_EQ(shown(), u""_s);
     desk.setModifiers(0);
     loop.advance(1.1);
     EXPECT_EQ(shown(), u"Notes 2, Notes 1"_s);
-    desk.setModifiers(Control);
+    desk.setModifiers(control);
     loop.advance(0.5);
     EXPECT_EQ(panelsOnScreen(), 0);
 }
@@ -257,7 +258,7 @@ TEST_F(HoverDispatchTest, ownIcon_standsForTheApplicationsWithoutOne_whereAsked)
     // hover showed went again with the next update.
     settings().ignoreOneWindow = 1;
     settings().hidePreviewsKeycode = 2;
-    desk.setModifiers(Control);
+    desk.setModifiers(control);
     for (const int hides : {0, 1}) {
         settings().hidePreviews = hides;
         leave();
@@ -367,7 +368,7 @@ TEST_F(HoverDispatchTest, minimisedIcon_showsItsOneWindow)
     desk.changeWindow(number, [](auto& window) { window.title = u"Notes 2"_s; });
     desk.minimizeWindow(number);
     settings().hidePreviews = 1;
-    desk.setModifiers(Command);
+    desk.setModifiers(command);
     leave();
     hover(u"Notes 2"_s);
     EXPECT_EQ(shown(), u"(Notes 2)"_s); // made, but not shown

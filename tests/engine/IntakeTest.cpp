@@ -3,6 +3,7 @@
 
 // What the notifications of the Dock and of the applications set off, and when.
 
+#include "platform/StringLiterals.h"
 #include "tests/engine/EngineFixture.h"
 
 namespace lumbrix::test

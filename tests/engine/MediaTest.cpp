@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 // Previews of media players and mail: what they show, and what their buttons tell the application.
+#include "platform/StringLiterals.h"
 #include "preview/NamedImage.h"
 #include "scripting/SWScript.h"
 #include "tests/engine/EngineFixture.h"

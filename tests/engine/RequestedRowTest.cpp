@@ -3,6 +3,7 @@
 
 // Rows that other programs ask for, which come and stay without the mouse.
 
+#include "platform/StringLiterals.h"
 #include "tests/engine/EngineFixture.h"
 
 namespace lumbrix::test
@@ -38,10 +39,9 @@ protected:
     {
         std::vector<WindowID> chosen;
         for (const QString& title : titles) {
-            for (const WindowID each : desk.stacking()) {
+            for (const WindowID each : desk.stacking())
                 if (desk.window(each)->title == title)
                     chosen.push_back(each);
-            }
         }
         desk.with([&](SimulatedState& state) {
             std::ranges::find(state.dockItems, item, &SimulatedDockItem::title)->chosen = chosen;
@@ -204,10 +204,9 @@ TEST_F(RequestedRowTest, previewThatGoesFromUnderTheMouse_leavesTheRowToIt)
     ask(u"Notes"_s);
     movePointerTo(preview(1));
     preview(1).mouseEntered();
-    for (const WindowID window : desk.stacking()) {
+    for (const WindowID window : desk.stacking())
         if (desk.window(window)->title == u"Notes 1"_s)
             desk.closeWindow(window);
-    }
     loop.advance(0.6);
     EXPECT_EQ(shown(), u"Notes 2"_s);
     desk.movePointer(middle);
@@ -239,11 +238,11 @@ TEST_F(RequestedRowTest, rowThatWaitsForAKey_comesWithIt)
     ASSERT_EQ(ask(u"Notes"_s), Answer::Accepted);
     loop.advance(2);
     EXPECT_EQ(shown(), u""_s);
-    pressKey(Option);
+    pressKey(option);
     EXPECT_EQ(shown(), both);
     pressKey(0);
     EXPECT_EQ(shown(), u""_s);
-    pressKey(Option);
+    pressKey(option);
     EXPECT_EQ(shown(), both);
     EXPECT_EQ(ended(u"Notes"_s), 0);
     host().hide(desk.dockItem(u"Notes"_s));
@@ -262,10 +261,9 @@ TEST_F(RequestedRowTest, chosenWindows_areAllThatIsShown_inTheirOrder)
     loop.advance(2);
     EXPECT_EQ(shown(), u"Maps 1, Notes 1"_s);
     settings().ignoreMinimized = 1;
-    for (const WindowID window : desk.stacking()) {
+    for (const WindowID window : desk.stacking())
         if (desk.window(window)->title == u"Maps 1"_s)
             desk.minimizeWindow(window);
-    }
     loop.advance(2);
     EXPECT_EQ(shown(), u"Notes 1"_s);
     EXPECT_EQ(ended(u"Place"_s), 1);

@@ -3,6 +3,7 @@
 
 // Where the row goes while the icon it stands for is still moving, and when it has moved.
 
+#include "platform/StringLiterals.h"
 #include "tests/engine/EngineFixture.h"
 
 namespace lumbrix::test

@@ -3,6 +3,7 @@
 
 // How the previews shown keep up with their windows.
 
+#include "platform/StringLiterals.h"
 #include "preview/BadgeView.h"
 #include "preview/NumberLabel.h"
 #include "tests/engine/EngineFixture.h"
@@ -236,7 +237,7 @@ TEST_F(Update, minimisedAndHiddenWindows_leaveTheRow_asTheSettingsSay)
     update();
     EXPECT_EQ(shown(), u"Notes 2, Notes 1"_s);
     settings().tempDisableFilters = 1;
-    desk.setModifiers(Command);
+    desk.setModifiers(command);
     update();
     EXPECT_EQ(shown(), u"Notes 2, Notes 1, Notes 3"_s);
     desk.setModifiers(0);

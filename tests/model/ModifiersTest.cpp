@@ -15,11 +15,11 @@ using Modifiers = DesktopFixture;
 TEST_F(Modifiers, key_isHeldOnlyAsTheOneOfItsIndex)
 {
     using namespace platform::ModifierFlag;
-    constexpr std::uint32_t all = Option | Control | Shift | Command;
+    constexpr std::uint32_t all = option | control | shift | command;
     const struct {
         int index;
         std::uint32_t flag;
-    } cases[] = {{1, Option}, {2, Control}, {3, Shift}, {0, Command}, {4, Command}, {-1, Command}};
+    } cases[] = {{1, option}, {2, control}, {3, shift}, {0, command}, {4, command}, {-1, command}};
     for (const auto& [index, flag] : cases) {
         desk.setModifiers(flag);
         EXPECT_TRUE(isModifierHeld(desk.inputState(), index)) << index;

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "model/PreviewLayout.h"
+#include "platform/StringLiterals.h"
 
 namespace lumbrix::PreviewLayout
 {
@@ -170,11 +171,11 @@ TEST(PreviewLayout, sample_isPlacedBesideTheIcon_unshiftedInARow)
 
 TEST(PreviewLayout, dockSide_isKnownForFourWordsOnly)
 {
-    EXPECT_EQ(dockSideForOrientation(QStringLiteral("bottom")), DockSide::Bottom);
-    EXPECT_EQ(dockSideForOrientation(QStringLiteral("left")), DockSide::Left);
-    EXPECT_EQ(dockSideForOrientation(QStringLiteral("right")), DockSide::Right);
-    EXPECT_EQ(dockSideForOrientation(QStringLiteral("top")), DockSide::Top);
-    EXPECT_EQ(dockSideForOrientation(QStringLiteral("floating")), std::nullopt);
+    EXPECT_EQ(dockSideForOrientation(u"bottom"_s), DockSide::Bottom);
+    EXPECT_EQ(dockSideForOrientation(u"left"_s), DockSide::Left);
+    EXPECT_EQ(dockSideForOrientation(u"right"_s), DockSide::Right);
+    EXPECT_EQ(dockSideForOrientation(u"top"_s), DockSide::Top);
+    EXPECT_EQ(dockSideForOrientation(u"floating"_s), std::nullopt);
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 
 // What is asked of the Dock, of the switcher and of whole applications.
 
+#include "platform/StringLiterals.h"
 #include "tests/model/ModelFixture.h"
 
 namespace lumbrix::test
@@ -59,10 +60,9 @@ TEST_F(SWElementDockTest, item_standsForTheApplicationAtItsPlace)
 {
     const Pid notes = addApplication(u"Notes"_s);
     desk.with([](SimulatedState& state) {
-        for (auto& item : state.dockItems) {
+        for (auto& item : state.dockItems)
             if (item.title == u"Notes"_s)
                 item.url = QUrl(u"file:///Applications/Utilities/../Notes.app/"_s);
-        }
     });
     const auto application = dockItem(u"Notes"_s)->runningApplicationForDockElement();
     ASSERT_TRUE(application);

@@ -7,6 +7,7 @@
 
 #include "model/UIElementUtilities.h"
 #include "platform/InputState.h"
+#include "platform/StringLiterals.h"
 
 namespace lumbrix::test
 {

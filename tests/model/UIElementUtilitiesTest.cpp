@@ -5,6 +5,7 @@
 
 #include "model/AXNames.h"
 #include "model/UIElementUtilities.h"
+#include "platform/StringLiterals.h"
 
 namespace lumbrix::test
 {

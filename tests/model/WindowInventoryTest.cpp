@@ -7,6 +7,7 @@
 #include "model/EngineSettings.h"
 #include "model/WindowInventory.h"
 #include "platform/InputState.h"
+#include "platform/StringLiterals.h"
 
 namespace lumbrix::test
 {
@@ -196,12 +197,12 @@ TEST_F(WindowInventoryTest, windowsOfAProcess_followTheVisibilitySettings_unless
 
     // The settings' index 2 means Control.
     settings.tempDisableFiltersKeycode = 2;
-    desk.setModifiers(platform::ModifierFlag::Control | platform::ModifierFlag::Shift);
+    desk.setModifiers(platform::ModifierFlag::control | platform::ModifierFlag::shift);
     EXPECT_EQ(titlesFor(notes), QStringList());
     settings.tempDisableFilters = 1;
     EXPECT_EQ(titlesFor(notes), all);
     EXPECT_EQ(countFor(notes), 0); // counts do not flicker with the key
-    desk.setModifiers(platform::ModifierFlag::Command | platform::ModifierFlag::Option);
+    desk.setModifiers(platform::ModifierFlag::command | platform::ModifierFlag::option);
     EXPECT_EQ(titlesFor(notes), QStringList());
     settings.tempDisableFiltersKeycode = 0;
     EXPECT_EQ(titlesFor(notes), all);

@@ -3,6 +3,7 @@
 
 // Which entry of the window server's list an accessibility window is.
 
+#include "platform/StringLiterals.h"
 #include "tests/model/ModelFixture.h"
 
 namespace lumbrix::test

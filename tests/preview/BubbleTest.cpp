@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
+#include "platform/StringLiterals.h"
 #include "preview/BubbleWrapper.h"
 #include "tests/preview/PanelFixture.h"
 
@@ -38,7 +39,7 @@ TEST_F(Bubble, frame_isAroundTheRowAndNotSymmetric)
     EXPECT_EQ(panel().frame(), QRectF(101.5, 108, 1008, 151));
     EXPECT_TRUE(panel().clickThrough());
     EXPECT_TRUE(panel().windowFlags() & Qt::WindowDoesNotAcceptFocus);
-    EXPECT_EQ(panel().windowRole(), u"bubble"_qs);
+    EXPECT_EQ(panel().windowRole(), u"bubble"_s);
 }
 
 // What stuck out of its screen lay on the next one.

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "platform/StringLiterals.h"
 #include "preview/ScreenyView.h"
 #include "tests/preview/PanelHost.h"
 #include "tests/support/DesktopFixture.h"
@@ -16,8 +17,8 @@ class PanelFixture : public DesktopFixture
 protected:
     ScreenyViewPtr preview(const QRectF& frame, int space = 1)
     {
-        ScreenyViewPtr preview = ScreenyView::load(ports(), QStringLiteral("ScreenyView"), host);
-        SimulatedWindow description{QStringLiteral("A window"), QRectF(200, 100, 600, 400)};
+        ScreenyViewPtr preview = ScreenyView::load(ports(), u"ScreenyView"_s, host);
+        SimulatedWindow description{u"A window"_s, QRectF(200, 100, 600, 400)};
         description.space = space;
         const WindowID window = desk.addWindow(pid, description);
         auto element = std::make_shared<SWElement>(ports(), desk.windowElement(window));
@@ -32,7 +33,7 @@ protected:
     static bool isOnScreen(const QWidget& panel) { return panel.isVisible(); }
 
     PanelHost host;
-    const Pid pid = desk.addApplication({QStringLiteral("Editor")});
+    const Pid pid = desk.addApplication({u"Editor"_s});
 };
 
 } // namespace lumbrix::test

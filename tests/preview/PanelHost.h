@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "model/EngineSettings.h"
+#include "platform/StringLiterals.h"
 #include "preview/HotKeyCenter.h"
 #include "preview/PreviewHost.h"
 #include "preview/ScreenyView.h"
@@ -29,7 +30,7 @@ public:
     QStringList log;
 
     const EngineSettings& settings() const override { return settingsMirror; }
-    void mouseExited() override { log += QStringLiteral("mouseExited"); }
+    void mouseExited() override { log += u"mouseExited"_s; }
     void removeAllScreenViews() override
     {
         for (const ScreenyViewPtr& preview : std::exchange(previews, {}))
@@ -37,10 +38,9 @@ public:
     }
     int indexOfScreenyView(const ScreenyView& preview) const override
     {
-        for (std::size_t i = 0; i < previews.size(); ++i) {
+        for (std::size_t i = 0; i < previews.size(); ++i)
             if (previews[i].get() == &preview)
                 return static_cast<int>(i);
-        }
         return -1;
     }
     void addToCache(const ScreenyViewPtr& preview) override { cache.push_back(preview); }
@@ -59,15 +59,15 @@ private:
     PlayerState playerState(const ScreenyView&) override { return state; }
     std::optional<QString> currentTrack(const ScreenyView&) override { return std::nullopt; }
     QImage artwork(const ScreenyView&) override { return {}; }
-    void skipLeft(ScreenyView&) override { log += QStringLiteral("skipLeft"); }
-    void skipRight(ScreenyView&) override { log += QStringLiteral("skipRight"); }
+    void skipLeft(ScreenyView&) override { log += u"skipLeft"_s; }
+    void skipRight(ScreenyView&) override { log += u"skipRight"_s; }
     void play(ScreenyView& preview) override
     {
-        log += QStringLiteral("play");
+        log += u"play"_s;
         preview.setPlayState(!preview.isPlaying());
     }
-    void getMail(ScreenyView&) override { log += QStringLiteral("getMail"); }
-    void playPause(ScreenyView&) override { log += QStringLiteral("playPause"); }
+    void getMail(ScreenyView&) override { log += u"getMail"_s; }
+    void playPause(ScreenyView&) override { log += u"playPause"_s; }
 };
 
 } // namespace lumbrix::test

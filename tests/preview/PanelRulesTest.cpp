@@ -9,6 +9,7 @@
 #include <QtTest/QTest>
 #include <QtWidgets/QAbstractButton>
 
+#include "platform/StringLiterals.h"
 #include "preview/DisplayText.h"
 #include "preview/NamedImage.h"
 #include "preview/RoundedPicture.h"
@@ -32,7 +33,7 @@ QImage picture(QSize size = {600, 400})
 class Panel : public DesktopFixture
 {
 protected:
-    ScreenyViewPtr load(const QString& style = QStringLiteral("ScreenyView"))
+    ScreenyViewPtr load(const QString& style = u"ScreenyView"_s)
     {
         ScreenyViewPtr preview = ScreenyView::load(ports(), style, host);
         host.previews.push_back(preview);
@@ -43,7 +44,7 @@ protected:
     ScreenyViewPtr show(bool closable = true)
     {
         ScreenyViewPtr preview = load();
-        SimulatedWindow description{QStringLiteral("A window"), QRectF(200, 100, 600, 400)};
+        SimulatedWindow description{u"A window"_s, QRectF(200, 100, 600, 400)};
         description.isClosable = closable;
         window = desk.addWindow(pid, description);
         element = std::make_shared<SWElement>(ports(), desk.windowElement(window));
@@ -65,10 +66,9 @@ protected:
         expectDrawings(*preview->window());
         QStringList names;
         for (const QAbstractButton* button :
-             preview->contentView()->findChildren<QAbstractButton*>()) {
+             preview->contentView()->findChildren<QAbstractButton*>())
             if (button->objectName().isEmpty() && !button->isHidden())
                 names += button->property("imageName").toString();
-        }
         return names;
     }
     /// That each drawing that a part names, to be drawn now or at some time, is there: one that is
@@ -94,12 +94,11 @@ protected:
     }
 
     PanelHost host;
-    const Pid pid = desk.addApplication({QStringLiteral("Editor")});
+    const Pid pid = desk.addApplication({u"Editor"_s});
     WindowID window = 0; ///< of the preview shown last, as is the element
     SWElementPtr element;
     /// Raising a window ends with activating its application, and is done twice.
-    const QStringList raised{QStringLiteral("activate %1 2").arg(pid),
-                             QStringLiteral("activate %1 2").arg(pid)};
+    const QStringList raised{u"activate %1 2"_s.arg(pid), u"activate %1 2"_s.arg(pid)};
 };
 
 TEST_F(Panel, everyStyle_hasItsPartsAtEverySize)
@@ -114,7 +113,7 @@ TEST_F(Panel, everyStyle_hasItsPartsAtEverySize)
         EXPECT_FALSE(preview->isHovered());
         preview->setElementRef(element);
         preview->setImage(picture());
-        preview->setTitleString(QStringLiteral("A title"));
+        preview->setTitleString(u"A title"_s);
         host.settingsMirror.showFastKeys = 1;
         preview->setShortcut();
         for (const QSizeF size : {QSizeF(100, 80), QSizeF(243, 190), QSizeF(600, 450)}) {
@@ -132,12 +131,12 @@ TEST_F(Panel, everyStyle_hasItsPartsAtEverySize)
             EXPECT_FALSE(title->geometry().intersects(part(preview, "fastKeyButton")->geometry()));
         }
     }
-    EXPECT_FALSE(ScreenyView::load(ports(), QStringLiteral("NoSuchStyle"), host));
+    EXPECT_FALSE(ScreenyView::load(ports(), u"NoSuchStyle"_s, host));
 }
 
 TEST_F(Panel, everyDrawing_canBeDrawn)
 {
-    const QDir images(u":/images"_qs);
+    const QDir images(u":/images"_s);
     EXPECT_GE(images.entryList().size(), 17);
     for (const QString& file : images.entryList()) {
         const QImage image = namedImage(file.section(QLatin1Char('.'), 0, 0));
@@ -146,7 +145,7 @@ TEST_F(Panel, everyDrawing_canBeDrawn)
         nothing.fill(Qt::transparent);
         EXPECT_NE(image, nothing) << qPrintable(file);
     }
-    EXPECT_TRUE(namedImage(u"noSuchDrawing"_qs).isNull());
+    EXPECT_TRUE(namedImage(u"noSuchDrawing"_s).isNull());
 }
 
 TEST_F(Panel, assistiveTools_seeNothingOfAPanel)
@@ -182,14 +181,14 @@ TEST_F(Panel, frames_neighboursTouchAndOriginIsBottomLeft)
 TEST_F(Panel, titles_areShownAsOneLineOfPlainText)
 {
     const ScreenyViewPtr preview = load();
-    const QString markup = QStringLiteral("<b>a &amp; b</b> [*]");
+    const QString markup = u"<b>a &amp; b</b> [*]"_s;
     preview->setTitleString(markup);
     EXPECT_EQ(preview->titleString(), markup);
     EXPECT_EQ(static_cast<TitleLabel*>(part(preview, "title"))->text(), markup);
-    EXPECT_EQ(displayText(QStringLiteral("a\nb\tc\u2028d  e")), QStringLiteral("a b c d  e"));
+    EXPECT_EQ(displayText(u"a\nb\tc\u2028d  e"_s), u"a b c d  e"_s);
     // Half a character, alone and where a very long title is cut.
-    EXPECT_EQ(displayText(QString(QChar(0xd83d)) + QLatin1Char('x')), QStringLiteral("\ufffdx"));
-    const QString cut = displayText(QLatin1Char('x') + u"\U0001f600"_qs.repeated(50000));
+    EXPECT_EQ(displayText(QString(QChar(0xd83d)) + QLatin1Char('x')), u"\ufffdx"_s);
+    const QString cut = displayText(QLatin1Char('x') + u"\U0001f600"_s.repeated(50000));
     EXPECT_LT(cut.size(), 500);
     EXPECT_TRUE(cut.isValidUtf16());
     preview->setTitleString(QString(100000, QLatin1Char('W')));
@@ -345,7 +344,7 @@ TEST_F(Panel, mouseEntered_offersToCloseWhatCanBeClosed)
     EXPECT_FALSE(desk.window(window));
     closable->mouseExited();
     EXPECT_TRUE(part(closable, "closeButton")->isHidden());
-    EXPECT_EQ(host.log, QStringList{QStringLiteral("mouseExited")});
+    EXPECT_EQ(host.log, QStringList{u"mouseExited"_s});
 
     const ScreenyViewPtr fixed = show(false);
     fixed->mouseEntered();
@@ -398,7 +397,7 @@ TEST_F(Panel, click_raisesTheWindow)
     expectCommands("panel", raised);
 
     desk.changeApplication(pid, [](SimulatedApplication& application) {
-        application.executableURL = QUrl(u"file:///editor"_qs);
+        application.executableURL = QUrl(u"file:///editor"_s);
     });
     desk.setModifiers(0x80000);
     preview->clickImage();
@@ -413,7 +412,7 @@ TEST_F(Panel, click_raisesTheWindow)
     preview->setITunes(true);
     preview->clickImage();
     const QStringList relaunched =
-        QStringList{QStringLiteral("launch file:///Applications/Editor.app 0x30100")} + raised;
+        QStringList{u"launch file:///Applications/Editor.app 0x30100"_s} + raised;
     expectCommands("player, though others run from its executable", relaunched);
 
     host.settingsMirror.closeOnClick = 1;
@@ -428,7 +427,7 @@ TEST_F(Panel, click_raisesTheWindow)
     preview->clickImage();
     preview->setBusyCal(true);
     preview->clickImage();
-    expectCommands("calendar", {QStringLiteral("launch iCal"), QStringLiteral("launch BusyCal")});
+    expectCommands("calendar", {u"launch iCal"_s, u"launch BusyCal"_s});
 }
 
 TEST_F(Panel, controls_followTheApplicationAndThePlayer)
@@ -443,12 +442,12 @@ TEST_F(Panel, controls_followTheApplicationAndThePlayer)
         PlayerState state;
         QStringList expected;
     } cases[] = {
-        {&ScreenyView::setITunes, Unknown, {u"skipLeft"_qs, u"skipRight"_qs}},
-        {&ScreenyView::setITunes, Playing, {u"skipLeft"_qs, u"skipRight"_qs, u"pause"_qs}},
-        {&ScreenyView::setITunes, Stopped, {u"skipLeft"_qs, u"skipRight"_qs, u"play"_qs}},
-        {&ScreenyView::setMail, {}, {u"mailGet"_qs}},
-        {&ScreenyView::setVLC, {}, {u"skipLeft"_qs, u"skipRight"_qs, u"playPause"_qs}},
-        {&ScreenyView::setQuickTime, {}, {u"playPause"_qs}},
+        {&ScreenyView::setITunes, Unknown, {u"skipLeft"_s, u"skipRight"_s}},
+        {&ScreenyView::setITunes, Playing, {u"skipLeft"_s, u"skipRight"_s, u"pause"_s}},
+        {&ScreenyView::setITunes, Stopped, {u"skipLeft"_s, u"skipRight"_s, u"play"_s}},
+        {&ScreenyView::setMail, {}, {u"mailGet"_s}},
+        {&ScreenyView::setVLC, {}, {u"skipLeft"_s, u"skipRight"_s, u"playPause"_s}},
+        {&ScreenyView::setQuickTime, {}, {u"playPause"_s}},
     };
     for (const auto& [flag, state, expected] : cases) {
         SCOPED_TRACE(qPrintable(expected.join(u" ")));
@@ -501,7 +500,7 @@ TEST_F(Panel, controls_areLargeFrom180PointsOn)
     preview->mouseEntered();
     EXPECT_EQ(hit(95, 40), u"play");
     EXPECT_TRUE(preview->isPlaying());
-    EXPECT_TRUE(controls(preview).contains(u"pause"_qs));
+    EXPECT_TRUE(controls(preview).contains(u"pause"_s));
     preview->rebirth();
     EXPECT_EQ(hit(95, 40), QString());
 }
@@ -600,8 +599,8 @@ TEST_F(Panel, shortcuts_areForTheFirstTen)
         const auto* key = static_cast<QAbstractButton*>(part(previews[i], "fastKeyButton"));
         return key->isHidden() ? QString() : key->text();
     };
-    EXPECT_EQ(label(0), QStringLiteral("\u23181"));
-    EXPECT_EQ(label(9), QStringLiteral("\u23180"));
+    EXPECT_EQ(label(0), u"\u23181"_s);
+    EXPECT_EQ(label(9), u"\u23180"_s);
     EXPECT_EQ(label(10), QString());
     host.hotKeys[3]->action();
     expectCommands("key", raised);
@@ -616,7 +615,7 @@ TEST_F(Panel, shortcuts_areForTheFirstTen)
     host.settingsMirror.showFastKeys = 1;
     host.previews.clear();
     previews[2]->setShortcut();
-    EXPECT_EQ(label(2), QStringLiteral("\u23180"));
+    EXPECT_EQ(label(2), u"\u23180"_s);
 }
 
 TEST_F(Panel, rebirth_leavesAnIdlePanelThatShowsNothingOfItsFormerLife)

@@ -3,6 +3,7 @@
 
 #include <limits>
 
+#include "platform/StringLiterals.h"
 #include "preview/BadgeView.h"
 #include "preview/Cells.h"
 #include "preview/NamedImage.h"
@@ -26,12 +27,11 @@ protected:
         if (!view || view->isHidden())
             return {};
         QStringList labels;
-        for (const auto size : {BadgeView::Small, BadgeView::Medium, BadgeView::Large}) {
+        for (const auto size : {BadgeView::Small, BadgeView::Medium, BadgeView::Large})
             if (!view->label(size)->isHidden())
                 labels += view->label(size)->text();
-        }
         const QRect r = view->geometry();
-        return u"%1@%2,%3 %4x%5"_qs.arg(labels.join(u'+'))
+        return u"%1@%2,%3 %4x%5"_s.arg(labels.join(u'+'))
             .arg(r.x())
             .arg(r.y())
             .arg(r.width())
@@ -78,7 +78,7 @@ TEST_F(SpacesBadge, numbers_onlyFromOneToFiftyNine)
     // A badge that is up goes when the preview comes to show a window without a number.
     const ScreenyViewPtr panel = preview({0, 0, 243, 190}, 7);
     panel->showSpaces();
-    ASSERT_EQ(badge(*panel).section(u'@', 0, 0), u"7"_qs);
+    ASSERT_EQ(badge(*panel).section(u'@', 0, 0), u"7"_s);
     panel->setElementRef(preview({0, 0, 243, 190}, 0)->elementRef());
     panel->showSpaces();
     EXPECT_EQ(badge(*panel), QString());
@@ -111,7 +111,7 @@ TEST_F(SpacesBadge, nextLife_keepsTheBadgeButShowsNothingOfTheFormerOne)
         panel->setElementRef(window);
         host.settingsMirror.spaceSize = 0;
         panel->showSpaces();
-        EXPECT_EQ(badge(*panel), u"4@203,16 30x30"_qs);
+        EXPECT_EQ(badge(*panel), u"4@203,16 30x30"_s);
     }
     EXPECT_EQ(panel->spaceView(), view);
 }
@@ -126,7 +126,7 @@ TEST_F(SpacesBadge, style_oneIsBlue)
         images += panel->spaceView()->badgeImage()->imageName();
         EXPECT_FALSE(namedImage(images.last()).isNull()) << qPrintable(images.last());
     }
-    EXPECT_EQ(images, QStringList({u"Space"_qs, u"SpaceBlue"_qs, u"Space"_qs}));
+    EXPECT_EQ(images, QStringList({u"Space"_s, u"SpaceBlue"_s, u"Space"_s}));
 }
 
 } // namespace

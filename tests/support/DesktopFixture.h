@@ -8,6 +8,7 @@
 #include <optional>
 #include <ostream>
 
+#include "platform/StringLiterals.h"
 #include "tests/support/ForwardingPorts.h"
 #include "tests/support/SimulatedDesktop.h"
 #include "tests/support/VirtualRunLoop.h"
@@ -43,7 +44,7 @@ protected:
         const Pid pid = desk.addApplication({name});
         for (int i = 1; i <= windows; ++i)
             desk.addWindow(pid,
-                           {u"%1 %2"_qs.arg(name).arg(i), QRectF(100, 40.0 + 20 * i, 400, 300)});
+                           {u"%1 %2"_s.arg(name).arg(i), QRectF(100, 40.0 + 20 * i, 400, 300)});
         return pid;
     }
 

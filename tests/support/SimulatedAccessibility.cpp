@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "platform/StringLiterals.h"
 #include "tests/support/SimulatedPorts.h"
 
 namespace lumbrix::test
@@ -157,10 +158,9 @@ platform::AXNames SimulatedAccessibility::copyAttributeNames(const ElementRef& e
     if (const AXError error = stateOf(target); error != AXError::Success)
         return {error};
     platform::AXNames result{AXError::Success};
-    for (const auto& [name, value] : attributesOf(target)) {
+    for (const auto& [name, value] : attributesOf(target))
         if (value.error != AXError::AttributeUnsupported)
             result.names.push_back(name);
-    }
     return result;
 }
 
@@ -183,7 +183,7 @@ SimulatedAccessibility::attributesOf(const SimulatedElement& element)
 {
     switch (element.kind) {
     case Kind::SystemWide:
-        return {{u"AXFocusedApplication"_qs, orNoValue(createApplication(m_state.activePid))}};
+        return {{u"AXFocusedApplication"_s, orNoValue(createApplication(m_state.activePid))}};
     case Kind::Application:
         return applicationAttributes(element.pid);
     case Kind::Window:
@@ -206,14 +206,14 @@ SimulatedAccessibility::Attributes SimulatedAccessibility::applicationAttributes
     const std::vector<ElementRef> docks{makeElement(Kind::DockList, pid)};
     const ElementRef switcher = m_state.switcher ? makeElement(Kind::SwitcherList, pid) : nullptr;
     return {
-        {u"AXRole"_qs, answer(u"AXApplication")},
-        {u"AXTitle"_qs, answer(application.name)},
-        {u"AXChildren"_qs, answer(isDock ? docks : windows)},
-        {u"AXWindows"_qs, answer(windows)},
-        {u"AXFocusedUIElement"_qs, isDock ? orNoValue(switcher) : unsupported},
-        {u"AXFocusedWindow"_qs, orNoValue(windows.empty() ? nullptr : windows.front())},
-        {u"AXHidden"_qs, answer(application.isHidden)},
-        {u"AXFrontmost"_qs, answer(pid == m_state.activePid)},
+        {u"AXRole"_s, answer(u"AXApplication")},
+        {u"AXTitle"_s, answer(application.name)},
+        {u"AXChildren"_s, answer(isDock ? docks : windows)},
+        {u"AXWindows"_s, answer(windows)},
+        {u"AXFocusedUIElement"_s, isDock ? orNoValue(switcher) : unsupported},
+        {u"AXFocusedWindow"_s, orNoValue(windows.empty() ? nullptr : windows.front())},
+        {u"AXHidden"_s, answer(application.isHidden)},
+        {u"AXFrontmost"_s, answer(pid == m_state.activePid)},
     };
 }
 
@@ -225,25 +225,25 @@ SimulatedAccessibility::windowAttributes(const SimulatedElement& element)
     if (element.kind != Kind::Window) {
         const bool isButton = element.kind == Kind::CloseButton;
         return {
-            {u"AXRole"_qs, isButton ? answer(u"AXButton") : answer(u"AXGroup")},
-            {u"AXParent"_qs, answer(itself)},
-            {u"AXWindow"_qs, answer(itself)},
-            {u"AXEnabled"_qs, isButton ? answer(window.isClosable) : unsupported},
+            {u"AXRole"_s, isButton ? answer(u"AXButton") : answer(u"AXGroup")},
+            {u"AXParent"_s, answer(itself)},
+            {u"AXWindow"_s, answer(itself)},
+            {u"AXEnabled"_s, isButton ? answer(window.isClosable) : unsupported},
         };
     }
     std::vector<ElementRef> children;
     if (window.hasContent)
         children.push_back(makeElement(Kind::Content, element.pid, element.id));
     Attributes result{
-        {u"AXRole"_qs, answer(window.role)},
-        {u"AXSubrole"_qs, window.subrole.isNull() ? unsupported : answer(window.subrole)},
-        {u"AXTitle"_qs, answer(window.title)},
-        {u"AXParent"_qs, answer(makeElement(Kind::Application, element.pid))},
-        {u"AXChildren"_qs, answer(children)},
-        {u"AXPosition"_qs, answer(window.frame.topLeft())},
-        {u"AXSize"_qs, answer(window.frame.size())},
-        {u"AXMinimized"_qs, answer(window.isMinimized)},
-        {u"AXCloseButton"_qs, answer(makeElement(Kind::CloseButton, element.pid, element.id))},
+        {u"AXRole"_s, answer(window.role)},
+        {u"AXSubrole"_s, window.subrole.isNull() ? unsupported : answer(window.subrole)},
+        {u"AXTitle"_s, answer(window.title)},
+        {u"AXParent"_s, answer(makeElement(Kind::Application, element.pid))},
+        {u"AXChildren"_s, answer(children)},
+        {u"AXPosition"_s, answer(window.frame.topLeft())},
+        {u"AXSize"_s, answer(window.frame.size())},
+        {u"AXMinimized"_s, answer(window.isMinimized)},
+        {u"AXCloseButton"_s, answer(makeElement(Kind::CloseButton, element.pid, element.id))},
     };
     for (const auto& [name, value] : window.attributes)
         result.emplace_back(name, answer(value));
@@ -261,9 +261,9 @@ SimulatedAccessibility::dockAttributes(const SimulatedElement& element)
             if (item.id == m_state.hoveredItem)
                 selected.push_back(children.back());
         }
-        return {{u"AXRole"_qs, answer(u"AXList")},
-                {u"AXChildren"_qs, answer(children)},
-                {u"AXSelectedChildren"_qs, answer(selected)}};
+        return {{u"AXRole"_s, answer(u"AXList")},
+                {u"AXChildren"_s, answer(children)},
+                {u"AXSelectedChildren"_s, answer(selected)}};
     }
     static constexpr const char16_t* subroles[] = {
         u"AXApplicationDockItem", u"AXMinimizedWindowDockItem", u"AXSeparatorDockItem",
@@ -277,15 +277,15 @@ SimulatedAccessibility::dockAttributes(const SimulatedElement& element)
         windows.push_back(makeElement(Kind::Window, window ? window->pid : 0, number));
     }
     return {
-        {u"AXRole"_qs, answer(u"AXDockItem")},
-        {u"AXSubrole"_qs, answer(subroles[static_cast<int>(item.kind)])},
-        {u"AXTitle"_qs, answer(item.title)},
-        {u"AXWindows"_qs, item.chosen ? answer(windows) : unsupported},
-        {u"AXPosition"_qs, answer(item.frame.topLeft())},
-        {u"AXSize"_qs, answer(item.frame.size())},
-        {u"AXHidden"_qs, answer(m_state.isDockHidden)},
-        {u"AXURL"_qs, isApplication ? answer(item.url) : unsupported},
-        {u"AXIsApplicationRunning"_qs, isApplication ? answer(isRunning) : unsupported},
+        {u"AXRole"_s, answer(u"AXDockItem")},
+        {u"AXSubrole"_s, answer(subroles[static_cast<int>(item.kind)])},
+        {u"AXTitle"_s, answer(item.title)},
+        {u"AXWindows"_s, item.chosen ? answer(windows) : unsupported},
+        {u"AXPosition"_s, answer(item.frame.topLeft())},
+        {u"AXSize"_s, answer(item.frame.size())},
+        {u"AXHidden"_s, answer(m_state.isDockHidden)},
+        {u"AXURL"_s, isApplication ? answer(item.url) : unsupported},
+        {u"AXIsApplicationRunning"_s, isApplication ? answer(isRunning) : unsupported},
     };
 }
 
@@ -299,17 +299,17 @@ SimulatedAccessibility::switcherAttributes(const SimulatedElement& element)
         std::vector<ElementRef> selected;
         if (m_state.switcherSelection < children.size())
             selected.push_back(children[m_state.switcherSelection]);
-        return {{u"AXSubrole"_qs, answer(u"AXProcessSwitcherList")},
-                {u"AXChildren"_qs, answer(children)},
-                {u"AXSelectedChildren"_qs, answer(selected)}};
+        return {{u"AXSubrole"_s, answer(u"AXProcessSwitcherList")},
+                {u"AXChildren"_s, answer(children)},
+                {u"AXSelectedChildren"_s, answer(selected)}};
     }
     const SimulatedSwitcherEntry& entry = *m_state.switcherEntry(element.id);
     return {
-        {u"AXTitle"_qs, answer(entry.title)},
-        {u"AXPosition"_qs, answer(QPointF(660, 400))}, // where in the list matters to nobody
-        {u"AXSize"_qs, answer(QSizeF(120, 120))},
-        {u"AXURL"_qs, entry.url.isEmpty() ? unsupported : answer(entry.url)},
-        {u"AXIsApplicationRunning"_qs, entry.isRunning ? answer(*entry.isRunning) : unsupported},
+        {u"AXTitle"_s, answer(entry.title)},
+        {u"AXPosition"_s, answer(QPointF(660, 400))}, // where in the list matters to nobody
+        {u"AXSize"_s, answer(QSizeF(120, 120))},
+        {u"AXURL"_s, entry.url.isEmpty() ? unsupported : answer(entry.url)},
+        {u"AXIsApplicationRunning"_s, entry.isRunning ? answer(*entry.isRunning) : unsupported},
     };
 }
 
@@ -349,9 +349,9 @@ platform::AXNames SimulatedAccessibility::copyActionNames(const ElementRef& elem
     if (const AXError error = stateOf(target); error != AXError::Success)
         return {error};
     if (target.kind == Kind::Window)
-        return {AXError::Success, {u"AXRaise"_qs}};
+        return {AXError::Success, {u"AXRaise"_s}};
     if (target.kind == Kind::CloseButton)
-        return {AXError::Success, {u"AXPress"_qs}};
+        return {AXError::Success, {u"AXPress"_s}};
     return {AXError::Success};
 }
 
@@ -387,10 +387,9 @@ AXResult SimulatedAccessibility::copyElementAtPosition(float x, float y)
 {
     const std::lock_guard lock(m_state.mutex);
     const QPointF point(static_cast<double>(x), static_cast<double>(y));
-    for (const SimulatedDockItem& item : m_state.dockItems) {
+    for (const SimulatedDockItem& item : m_state.dockItems)
         if (m_state.dockPid && item.frame.contains(point))
             return answer(makeElement(Kind::DockItem, m_state.dockPid, item.id));
-    }
     for (const WindowID number : m_state.stacking) {
         const SimulatedWindow& window = *m_state.window(number);
         if (m_state.isOnscreen(window) && window.frame.contains(point))

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "tests/support/SimulatedAppleEvents.h"
+#include "platform/StringLiterals.h"
 
 #include <utility>
 
@@ -60,7 +61,7 @@ AppleEventReply SimulatedAppleEvents::send(const platform::AppleEventTarget& tar
     for (const ObjectSpecifier::Step& step : direct.steps)
         command += u' ' + text(step.code) + u' ' + QString::number(step.index);
     if (m_runLoop.isMainThread())
-        command += u" on the main thread"_qs;
+        command += u" on the main thread"_s;
     {
         const std::lock_guard lock(m_mutex);
         m_commands += command;
@@ -112,7 +113,7 @@ AppleEventReply SimulatedAppleEvents::getItem(const platform::AppleEventTarget& 
         return {AppleEventError::NotRunning};
     AppleEventReply reply = answer(*application, object);
     if (application->manners == Manners::AnswersNonsense && reply.error == AppleEventError::None)
-        reply.value = reply.as<bool>() ? platform::AppleEventValue(u"yes"_qs)
+        reply.value = reply.as<bool>() ? platform::AppleEventValue(u"yes"_s)
                                        : platform::AppleEventValue(true);
     return reply;
 }

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "tests/support/SimulatedDesktop.h"
+#include "platform/StringLiterals.h"
 
 #include <algorithm>
 
@@ -15,8 +16,8 @@ SimulatedDesktop::SimulatedDesktop(platform::RunLoop& runLoop) : m_state(runLoop
 {
     startDock();
     addDockItem({QString(), ItemKind::Separator});
-    addDockItem({u"Trash"_qs, ItemKind::Trash});
-    m_state.ownPid = m_state.launch({u"Lumbrix"_qs, u"org.example.Lumbrix"_qs, 0, false});
+    addDockItem({u"Trash"_s, ItemKind::Trash});
+    m_state.ownPid = m_state.launch({u"Lumbrix"_s, u"org.example.Lumbrix"_s, 0, false});
 }
 
 platform::Desktop SimulatedDesktop::ports(platform::Accessibility& accessibility,
@@ -69,13 +70,13 @@ void SimulatedDesktop::killDock()
     state->quit(pid);
     state->switcher.reset();
     if (std::exchange(state->hoveredItem, 0) != 0)
-        state->notify(pid, makeElement(Kind::DockList, pid), u"AXSelectedChildrenChanged"_qs);
+        state->notify(pid, makeElement(Kind::DockList, pid), u"AXSelectedChildrenChanged"_s);
 }
 
 Pid SimulatedDesktop::startDock()
 {
     const auto state = m_state.locked();
-    state->dockPid = state->launch({u"Dock"_qs, u"com.apple.dock"_qs, 0, false});
+    state->dockPid = state->launch({u"Dock"_s, u"com.apple.dock"_s, 0, false});
     for (SimulatedDockItem& item : state->dockItems)
         item.id = state->nextDockItem++;
     state->hoveredItem = 0;
@@ -86,27 +87,25 @@ Pid SimulatedDesktop::startDock()
 platform::ElementRef SimulatedDesktop::dockItem(const QString& title)
 {
     const auto state = m_state.locked();
-    for (const SimulatedDockItem& item : state->dockItems) {
+    for (const SimulatedDockItem& item : state->dockItems)
         if (item.title == title)
             return makeElement(Kind::DockItem, state->dockPid, item.id);
-    }
     return nullptr;
 }
 
 QRectF SimulatedDesktop::dockItemFrame(const QString& title)
 {
     const auto state = m_state.locked();
-    for (const SimulatedDockItem& item : state->dockItems) {
+    for (const SimulatedDockItem& item : state->dockItems)
         if (item.title == title)
             return item.frame;
-    }
     return QRectF();
 }
 
 void SimulatedDesktop::openDockMenu()
 {
     const auto state = m_state.locked();
-    state->notify(state->dockPid, makeElement(Kind::DockList, state->dockPid), u"AXMenuOpened"_qs);
+    state->notify(state->dockPid, makeElement(Kind::DockList, state->dockPid), u"AXMenuOpened"_s);
 }
 
 void SimulatedDesktop::setSystemUIMode(std::uint32_t mode)
@@ -132,7 +131,7 @@ void SimulatedDesktop::selectInSwitcher(std::size_t selection, bool tells)
     state->switcherSelection = selection;
     if (tells)
         state->notify(state->dockPid, makeElement(Kind::SwitcherList, state->dockPid),
-                      u"AXFocusedUIElementChanged"_qs);
+                      u"AXFocusedUIElementChanged"_s);
 }
 
 void SimulatedDesktop::movePointer(QPointF point)

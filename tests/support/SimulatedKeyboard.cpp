@@ -8,6 +8,7 @@
 #include <algorithm>
 
 #include "platform/InputState.h"
+#include "platform/StringLiterals.h"
 
 namespace lumbrix::test
 {
@@ -93,10 +94,9 @@ std::vector<TapKey> SimulatedEventTaps::keysHeld() const
 {
     std::vector<TapKey> held;
     for (const Tap* tap : m_taps) {
-        for (const TapKey& key : tap->keysHeld()) {
+        for (const TapKey& key : tap->keysHeld())
             if (!contains(held, key))
                 held.push_back(key);
-        }
     }
     return held;
 }
@@ -104,10 +104,10 @@ std::vector<TapKey> SimulatedEventTaps::keysHeld() const
 QString SimulatedKeyboardLayout::nameOfModifier(std::uint32_t flag) const
 {
     static const QHash<std::uint32_t, QString> names{
-        {platform::ModifierFlag::Shift, u"Shift"_qs},
-        {platform::ModifierFlag::Control, u"Ctrl"_qs},
-        {platform::ModifierFlag::Option, u"Alt"_qs},
-        {platform::ModifierFlag::Command, u"Super"_qs},
+        {platform::ModifierFlag::shift, u"Shift"_s},
+        {platform::ModifierFlag::control, u"Ctrl"_s},
+        {platform::ModifierFlag::option, u"Alt"_s},
+        {platform::ModifierFlag::command, u"Super"_s},
     };
     return names.value(flag);
 }

@@ -15,6 +15,7 @@
 #include "platform/LoginItems.h"
 #include "platform/PreviewRequests.h"
 #include "platform/StatusBar.h"
+#include "platform/StringLiterals.h"
 
 namespace lumbrix::test
 {
@@ -42,8 +43,8 @@ private:
 class SimulatedBundle final : public platform::ApplicationBundle
 {
 public:
-    QString path() const override { return u"/Applications/Lumbrix"_qs; }
-    QString shortVersionString() const override { return u"1.2.3"_qs; }
+    QString path() const override { return u"/Applications/Lumbrix"_s; }
+    QString shortVersionString() const override { return u"1.2.3"_s; }
     void setShowsInDock(bool on) override { m_showsInDockNextTime = on; }
     void transformToForegroundApplication() override { m_isForeground = true; }
     bool isShownByWindows() const override { return m_isShownByWindows; }

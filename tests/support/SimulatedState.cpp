@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "tests/support/SimulatedState.h"
+#include "platform/StringLiterals.h"
 
 #include <algorithm>
 
@@ -69,10 +70,10 @@ Pid SimulatedState::launch(SimulatedApplication application)
     if (application.pid == 0)
         application.pid = nextPid++;
     if (application.bundleIdentifier.isEmpty())
-        application.bundleIdentifier = u"org.example."_qs + application.name;
+        application.bundleIdentifier = u"org.example."_s + application.name;
     if (application.bundleURL.isEmpty())
         application.bundleURL =
-            QUrl::fromLocalFile(u"/Applications/%1.app"_qs.arg(application.name));
+            QUrl::fromLocalFile(u"/Applications/%1.app"_s.arg(application.name));
     std::erase_if(installed,
                   [&](const auto& each) { return each.bundleURL == application.bundleURL; });
     applications.push_back(application);
@@ -139,7 +140,7 @@ WindowID SimulatedState::open(Pid pid, SimulatedWindow window)
     const WindowID number = window.number;
     windows.emplace(number, std::move(window));
     stacking.insert(stacking.begin(), number);
-    notify(pid, makeElement(Kind::Window, pid, number), u"AXWindowCreated"_qs);
+    notify(pid, makeElement(Kind::Window, pid, number), u"AXWindowCreated"_s);
     setMinimized(number, isMinimized);
     return number;
 }
@@ -153,7 +154,7 @@ void SimulatedState::close(WindowID number)
     setMinimized(number, false);
     windows.erase(number);
     std::erase(stacking, number);
-    notify(pid, makeElement(Kind::Window, pid, number), u"AXUIElementDestroyed"_qs);
+    notify(pid, makeElement(Kind::Window, pid, number), u"AXUIElementDestroyed"_s);
 }
 
 void SimulatedState::give(WindowID number, Pid pid)
@@ -162,8 +163,8 @@ void SimulatedState::give(WindowID number, Pid pid)
     if (!found)
         return;
     const platform::ElementRef element = makeElement(Kind::Window, found->pid, number);
-    notify(std::exchange(found->pid, pid), element, u"AXUIElementDestroyed"_qs);
-    notify(pid, element, u"AXWindowCreated"_qs);
+    notify(std::exchange(found->pid, pid), element, u"AXUIElementDestroyed"_s);
+    notify(pid, element, u"AXWindowCreated"_s);
 }
 
 void SimulatedState::setMinimized(WindowID number, bool minimized)
@@ -245,12 +246,11 @@ void SimulatedState::updateHover()
     const double height = screens.empty() ? 0 : screens.front().height();
     const QPointF point(pointer.x(), height - pointer.y());
     std::uint32_t hovered = 0;
-    for (const SimulatedDockItem& item : dockItems) {
+    for (const SimulatedDockItem& item : dockItems)
         if (item.frame.contains(point))
             hovered = item.id;
-    }
     if (std::exchange(hoveredItem, hovered) != hovered)
-        notify(dockPid, makeElement(Kind::DockList, dockPid), u"AXSelectedChildrenChanged"_qs);
+        notify(dockPid, makeElement(Kind::DockList, dockPid), u"AXSelectedChildrenChanged"_s);
 }
 
 void SimulatedState::notify(Pid pid, const platform::ElementRef& element,

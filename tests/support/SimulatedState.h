@@ -20,6 +20,7 @@
 
 #include "platform/Accessibility.h"
 #include "platform/RunLoop.h"
+#include "platform/StringLiterals.h"
 #include "platform/WindowServer.h"
 #include "platform/Workspace.h"
 
@@ -82,8 +83,8 @@ struct SimulatedApplication {
 struct SimulatedWindow {
     QString title;
     QRectF frame{100, 100, 400, 300}; ///< accessibility coordinates
-    QString role = u"AXWindow"_qs;
-    QString subrole = u"AXStandardWindow"_qs; ///< null = unreadable
+    QString role = u"AXWindow"_s;
+    QString subrole = u"AXStandardWindow"_s; ///< null = unreadable
     bool isMinimized = false;
     bool isClosable = true;
     int space = 1; ///< 0 = not known
@@ -205,7 +206,7 @@ struct SimulatedState {
     std::vector<SimulatedDockItem> dockItems;
     std::uint32_t nextDockItem = 1;
     std::uint32_t hoveredItem = 0; ///< 0 = none
-    QString dockOrientation = u"bottom"_qs;
+    QString dockOrientation = u"bottom"_s;
     std::optional<int> dockMagnification;
     std::optional<int> dockAutohide;
     bool isDockHidden = false; ///< slid out of sight; its items keep their places

@@ -51,10 +51,9 @@ std::vector<WindowID> SimulatedWindowServer::workspaceWindowList(int workspace)
 {
     const std::lock_guard lock(m_state.mutex);
     std::vector<WindowID> numbers;
-    for (const auto& [number, window] : m_state.windows) {
+    for (const auto& [number, window] : m_state.windows)
         if (window.space == workspace)
             numbers.push_back(number);
-    }
     return numbers;
 }
 

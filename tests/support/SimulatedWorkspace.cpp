@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "platform/StringLiterals.h"
 #include "tests/support/SimulatedPorts.h"
 
 namespace lumbrix::test
@@ -53,10 +54,9 @@ std::vector<std::int32_t> SimulatedWorkspace::launchedApplications()
 {
     const std::lock_guard lock(m_state.mutex);
     std::vector<std::int32_t> pids;
-    for (const SimulatedApplication& application : m_state.applications) {
+    for (const SimulatedApplication& application : m_state.applications)
         if (application.isRegular)
             pids.push_back(application.pid);
-    }
     return pids;
 }
 
@@ -71,10 +71,9 @@ platform::ApplicationRole SimulatedWorkspace::roleOfApplication(const QUrl& bund
 {
     const std::lock_guard lock(m_state.mutex);
     for (const auto* applications : {&m_state.applications, &m_state.installed}) {
-        for (const SimulatedApplication& application : *applications) {
+        for (const SimulatedApplication& application : *applications)
             if (application.bundleURL == bundleURL)
                 return application.role;
-        }
     }
     return platform::ApplicationRole::Other;
 }
@@ -125,28 +124,28 @@ bool SimulatedWorkspace::isHidden(std::int32_t pid)
 void SimulatedWorkspace::hide(std::int32_t pid)
 {
     const std::lock_guard lock(m_state.mutex);
-    m_state.commands.push_back(u"hide %1"_qs.arg(pid));
+    m_state.commands.push_back(u"hide %1"_s.arg(pid));
     m_state.setHidden(pid, true);
 }
 
 void SimulatedWorkspace::activate(std::int32_t pid, std::uint32_t options)
 {
     const std::lock_guard lock(m_state.mutex);
-    m_state.commands.push_back(u"activate %1 %2"_qs.arg(pid).arg(options));
+    m_state.commands.push_back(u"activate %1 %2"_s.arg(pid).arg(options));
     m_state.activate(pid);
 }
 
 void SimulatedWorkspace::terminate(std::int32_t pid)
 {
     const std::lock_guard lock(m_state.mutex);
-    m_state.commands.push_back(u"terminate %1"_qs.arg(pid));
+    m_state.commands.push_back(u"terminate %1"_s.arg(pid));
     m_state.quit(pid);
 }
 
 bool SimulatedWorkspace::launchApplication(const QString& name)
 {
     const std::lock_guard lock(m_state.mutex);
-    m_state.commands.push_back(u"launch "_qs + name);
+    m_state.commands.push_back(u"launch "_s + name);
     return launchOrActivate([&](const SimulatedApplication& each) {
         return each.name == name || each.executableURL.fileName() == name;
     });
@@ -155,7 +154,7 @@ bool SimulatedWorkspace::launchApplication(const QString& name)
 bool SimulatedWorkspace::launchApplicationAtURL(const QUrl& url, std::uint32_t options)
 {
     const std::lock_guard lock(m_state.mutex);
-    m_state.commands.push_back(u"launch %1 0x%2"_qs.arg(url.toString()).arg(options, 0, 16));
+    m_state.commands.push_back(u"launch %1 0x%2"_s.arg(url.toString()).arg(options, 0, 16));
     return launchOrActivate([&](const SimulatedApplication& each) {
         return each.bundleURL == url || each.executableURL == url;
     });

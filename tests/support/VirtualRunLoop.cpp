@@ -250,10 +250,9 @@ void VirtualRunLoop::shutdown()
         }
     }
     const auto items = std::exchange(m_items, {});
-    for (const auto& [key, item] : items) {
+    for (const auto& [key, item] : items)
         if (item.timer)
             item.timer->m_key.reset();
-    }
 }
 
 std::optional<platform::Seconds> VirtualRunLoop::timeUntilNextEvent() const
@@ -346,7 +345,7 @@ bool VirtualRunLoop::isMainThread() const { return std::this_thread::get_id() ==
 void VirtualRunLoop::checkCaller() const
 {
     // Everything else is ordered by the turns, so a foreign thread must not come in.
-    if (isMainThread() != (m_current == nullptr))
+    if (isMainThread() != (!m_current))
         fail("called by a thread that is not the loop's");
 }
 

@@ -14,7 +14,7 @@ namespace lumbrix::platform
 DockStatePtr LinuxDockPreferences::dockOf(const ElementRef& item) const
 {
     const X11Element* element = X11Element::from(item);
-    const bool isItem = element != nullptr && element->kind() == X11Element::Kind::DockItem;
+    const bool isItem = element && element->kind() == X11Element::Kind::DockItem;
     const DockStatePtr dock = isItem ? m_docks.dockOf(element->dockItemId()) : nullptr;
     return dock ? dock : m_docks.firstDock();
 }
@@ -40,9 +40,8 @@ std::optional<int> LinuxDockPreferences::autohide(const ElementRef& item)
 std::vector<DockDisplay> LinuxDockPreferences::ownDisplays(const ElementRef& item)
 {
     const DockStatePtr dock = dockOf(item);
-    if (!dock) {
+    if (!dock)
         return {};
-    }
     return ownDisplaysOf(readProcessNames(dock->pid).programs().value(0), dock->settingsPath,
                          [](const QString& schema, const QString& path, const char* key) {
                              const auto settings = ProgramSettings::open(schema, path);

@@ -22,18 +22,16 @@ public:
     AXError addNotification(const ElementRef& element, const QString& notification,
                             NotificationContext* context) override
     {
-        if (!element) {
+        if (!element)
             return AXError::IllegalArgument;
-        }
         m_contexts.insert_or_assign(notification, context);
         return AXError::Success;
     }
 
     void addToRunLoop() override
     {
-        if (std::ranges::find(m_hub->m_observers, this) == m_hub->m_observers.end()) {
+        if (std::ranges::find(m_hub->m_observers, this) == m_hub->m_observers.end())
             m_hub->m_observers.push_back(this);
-        }
     }
 
     void notify(std::optional<std::int32_t> pid, const ElementRef& element,
@@ -74,11 +72,9 @@ void ObserverHub::tell(std::optional<std::int32_t> pid, const ElementRef& elemen
                        const QString& notification)
 {
     const std::vector<Observer*> observers = m_observers;
-    for (Observer* observer : observers) {
-        if (std::ranges::find(m_observers, observer) != m_observers.end()) {
+    for (Observer* observer : observers)
+        if (std::ranges::find(m_observers, observer) != m_observers.end())
             observer->notify(pid, element, notification);
-        }
-    }
 }
 
 } // namespace lumbrix::platform

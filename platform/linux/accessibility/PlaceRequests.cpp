@@ -8,6 +8,7 @@
 #include <limits>
 #include <utility>
 
+#include "platform/StringLiterals.h"
 #include "platform/linux/accessibility/X11Element.h"
 
 namespace lumbrix::platform
@@ -34,23 +35,19 @@ bool isRootCoordinate(int value)
 std::optional<RequestError> PlaceRequests::readPlace(const RequestedPlace& place,
                                                      DockState& state) const
 {
-    if (place.width <= 0 || place.height <= 0) {
-        return invalid(QStringLiteral("the rectangle has no area"));
-    }
+    if (place.width <= 0 || place.height <= 0)
+        return invalid(u"the rectangle has no area"_s);
     const std::array numbers{place.x, place.y, place.width, place.height};
     const QRect rect = std::ranges::all_of(numbers, isRootCoordinate)
                            ? QRect(place.x, place.y, place.width, place.height)
                            : QRect();
     const auto screens = m.space.screens();
     if (std::ranges::none_of(screens,
-                             [&rect](const QRect& screen) { return screen.intersects(rect); })) {
-        return invalid(QStringLiteral("the rectangle is on no monitor"));
-    }
+                             [&rect](const QRect& screen) { return screen.intersects(rect); }))
+        return invalid(u"the rectangle is on no monitor"_s);
     const std::optional<DockEdge> edge = edgeNamed(place.edge);
-    if (!edge) {
-        return invalid(
-            QStringLiteral("the edge is none of \"bottom\", \"top\", \"left\" and \"right\""));
-    }
+    if (!edge)
+        return invalid(u"the edge is none of \"bottom\", \"top\", \"left\" and \"right\""_s);
     state.edge = *edge;
     state.items.resize(1);
     state.items.front().rect = rect;
@@ -62,20 +59,18 @@ std::optional<RequestError> PlaceRequests::showForApplication(const QString& ent
                                                               const RequestedPlace& place)
 {
     const auto state = std::make_shared<DockState>();
-    if (auto error = readPlace(place, *state)) {
+    if (auto error = readPlace(place, *state))
         return error;
-    }
     const QLatin1String suffix(".desktop");
     const QString id = entryId.endsWith(suffix) ? entryId.chopped(suffix.size()) : entryId;
-    if (id.isEmpty()) {
-        return invalid(QStringLiteral("the desktop-entry id is empty"));
-    }
+    if (id.isEmpty())
+        return invalid(u"the desktop-entry id is empty"_s);
     DockItem& item = state->items.front();
     if (const DesktopEntryPtr entry = m.entries.byId(id)) {
         item.desktopFile = entry->path;
         return m.registry.applicationForDesktopFile(entry->path)
                    ? show(state)
-                   : nothingToShow(QStringLiteral("the application has no window"));
+                   : nothingToShow(u"the application has no window"_s);
     }
     // One without a desktop entry goes by the class of its windows.
     for (Application& application : m.registry.applications()) {
@@ -84,41 +79,35 @@ std::optional<RequestError> PlaceRequests::showForApplication(const QString& ent
             return show(state);
         }
     }
-    return invalid(QStringLiteral("there is no such desktop entry, and no such program runs"));
+    return invalid(u"there is no such desktop entry, and no such program runs"_s);
 }
 
 std::optional<RequestError> PlaceRequests::showForWindows(const std::vector<std::uint32_t>& windows,
                                                           const RequestedPlace& place)
 {
     const auto state = std::make_shared<DockState>();
-    if (auto error = readPlace(place, *state)) {
+    if (auto error = readPlace(place, *state))
         return error;
-    }
     DockItem& item = state->items.front();
     item.areChosen = true;
     for (const xcb_window_t id : windows) {
         const x11::TrackedWindowPtr window = m.tracker.window(id);
-        if (!window || !isApplicationWindow(*window)) {
-            return invalid(QStringLiteral("0x%1 is no window of an application").arg(id, 0, 16));
-        }
-        if (std::ranges::find(item.windows, id) == item.windows.end()) {
+        if (!window || !isApplicationWindow(*window))
+            return invalid(u"0x%1 is no window of an application"_s.arg(id, 0, 16));
+        if (std::ranges::find(item.windows, id) == item.windows.end())
             item.windows.push_back(id);
-        }
     }
-    if (item.windows.empty()) {
-        return invalid(QStringLiteral("there are no windows"));
-    }
-    if (item.windows.size() > maxWindows) {
-        return invalid(QStringLiteral("there are more than %1 windows").arg(maxWindows));
-    }
+    if (item.windows.empty())
+        return invalid(u"there are no windows"_s);
+    if (item.windows.size() > maxWindows)
+        return invalid(u"there are more than %1 windows"_s.arg(maxWindows));
     return show(state);
 }
 
 std::optional<RequestError> PlaceRequests::show(const std::shared_ptr<DockState>& state)
 {
-    if (m_host == nullptr) {
-        return RequestError{Kind::Disabled, QStringLiteral("Lumbrix is just starting or ending")};
-    }
+    if (!m_host)
+        return RequestError{Kind::Disabled, u"Lumbrix is just starting or ending"_s};
     const DockItemId id = state->items.front().id = newDockItemId();
     const QRect place = state->items.front().rect;
     m.docks.addRequested(state);
@@ -126,9 +115,8 @@ std::optional<RequestError> PlaceRequests::show(const std::shared_ptr<DockState>
     if (answer != Answer::Accepted) {
         m.docks.removeRequested(id);
         return answer == Answer::Disabled
-                   ? RequestError{Kind::Disabled,
-                                  QStringLiteral("previews are turned off in the preferences")}
-                   : nothingToShow(QStringLiteral("no window that the user's settings let in"));
+                   ? RequestError{Kind::Disabled, u"previews are turned off in the preferences"_s}
+                   : nothingToShow(u"no window that the user's settings let in"_s);
     }
     m_current = id;
     const bool isOn = place.contains(m.pointer());
@@ -141,36 +129,31 @@ std::optional<RequestError> PlaceRequests::show(const std::shared_ptr<DockState>
 
 void PlaceRequests::hide()
 {
-    if (m_current != 0 && m_host != nullptr) {
+    if (m_current != 0 && m_host)
         m_host->hide(X11Element::dockItem(m_current));
-    }
 }
 
 void PlaceRequests::abandon()
 {
-    if (m_current != 0 && m_host != nullptr) {
+    if (m_current != 0 && m_host)
         m_host->abandon(X11Element::dockItem(m_current));
-    }
 }
 
 void PlaceRequests::rowEnded(const ElementRef& reference)
 {
     const X11Element* element = X11Element::from(reference);
-    if (element == nullptr || element->kind() != X11Element::Kind::DockItem) {
+    if (!element || element->kind() != X11Element::Kind::DockItem)
         return;
-    }
     m.docks.removeRequested(element->dockItemId());
-    if (element->dockItemId() != m_current) {
+    if (element->dockItemId() != m_current)
         return;
-    }
     m_current = 0;
     {
         const std::lock_guard lock(m_mutex);
         m_watched = 0;
     }
-    if (m_ended) {
+    if (m_ended)
         m_ended();
-    }
 }
 
 void PlaceRequests::pointerMoved(QPoint point, xcb_window_t)
@@ -179,20 +162,17 @@ void PlaceRequests::pointerMoved(QPoint point, xcb_window_t)
     {
         const std::lock_guard lock(m_mutex);
         const bool isOn = m_watched != 0 && m_place.contains(point);
-        if (std::exchange(m_isPointerOn, isOn) && !isOn) {
+        if (std::exchange(m_isPointerOn, isOn) && !isOn)
             left = m_watched;
-        }
     }
-    if (left != 0) {
+    if (left != 0)
         m.runLoop.performOnMainThread(m_guard.ifAlive([this, left] { pointerLeft(left); }), false);
-    }
 }
 
 void PlaceRequests::pointerLeft(DockItemId id)
 {
-    if (id == m_current && m_host != nullptr) {
+    if (id == m_current && m_host)
         m_host->mouseLeft(X11Element::dockItem(id));
-    }
 }
 
 } // namespace lumbrix::platform

@@ -7,6 +7,7 @@
 #include <QtDBus/QDBusMessage>
 #include <QtDBus/QDBusVariant>
 
+#include "platform/StringLiterals.h"
 #include "platform/linux/accessibility/X11Accessibility.h"
 
 namespace lumbrix::platform
@@ -15,10 +16,8 @@ namespace lumbrix::platform
 void X11Accessibility::enableAPI()
 {
     QDBusMessage request = QDBusMessage::createMethodCall(
-        QStringLiteral("org.a11y.Bus"), QStringLiteral("/org/a11y/bus"),
-        QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Set"));
-    request << QStringLiteral("org.a11y.Status") << QStringLiteral("IsEnabled")
-            << QVariant::fromValue(QDBusVariant(true));
+        u"org.a11y.Bus"_s, u"/org/a11y/bus"_s, u"org.freedesktop.DBus.Properties"_s, u"Set"_s);
+    request << u"org.a11y.Status"_s << u"IsEnabled"_s << QVariant::fromValue(QDBusVariant(true));
     QDBusConnection::sessionBus().send(request); // nobody waits for the answer
 }
 
@@ -26,10 +25,9 @@ void X11Accessibility::openAPIPreferences()
 {
     // Whichever the desktop has.
     for (const char* program : {"xfce4-accessibility-settings", "mate-at-properties",
-                                "gnome-universal-access-panel", "kcm_access"}) {
+                                "gnome-universal-access-panel", "kcm_access"})
         if (m.workspace.launchApplication(QString::fromLatin1(program)))
             return;
-    }
 }
 
 } // namespace lumbrix::platform

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "platform/linux/accessibility/X11Accessibility.h"
+#include "platform/StringLiterals.h"
 
 #include <QtCore/QCoreApplication>
 
@@ -16,15 +17,12 @@ X11Accessibility::X11Accessibility(const Parts& parts)
     : m(parts),
       m_attributes({parts.tracker, parts.space, parts.registry, parts.docks, parts.switcher})
 {
-    m.docks.setSelectionChanged([this] {
-        m_hub->notifyAll(X11Element::dockList(), QStringLiteral("AXSelectedChildrenChanged"));
-    });
-    m.docks.setMenuOpened([this] {
-        m_hub->notifyAll(X11Element::application(m.docks.pid()), QStringLiteral("AXMenuOpened"));
-    });
-    m.switcher.setSelectionChanged([this] {
-        m_hub->notifyAll(X11Element::switcherList(), QStringLiteral("AXFocusedUIElementChanged"));
-    });
+    m.docks.setSelectionChanged(
+        [this] { m_hub->notifyAll(X11Element::dockList(), u"AXSelectedChildrenChanged"_s); });
+    m.docks.setMenuOpened(
+        [this] { m_hub->notifyAll(X11Element::application(m.docks.pid()), u"AXMenuOpened"_s); });
+    m.switcher.setSelectionChanged(
+        [this] { m_hub->notifyAll(X11Element::switcherList(), u"AXFocusedUIElementChanged"_s); });
 }
 
 X11Accessibility::~X11Accessibility()
@@ -51,9 +49,8 @@ AXResult X11Accessibility::copyAttributeValue(const ElementRef& reference, const
 {
     AXResult result = m_attributes.read(reference, attribute);
     if (result.error == AXError::InvalidUIElement && attribute == u"AXRole" &&
-        X11Element::from(reference)->isGone()) {
-        return {AXError::Success, QStringLiteral("AXWindow")};
-    }
+        X11Element::from(reference)->isGone())
+        return {AXError::Success, u"AXWindow"_s};
     return result;
 }
 
@@ -66,9 +63,8 @@ AXError X11Accessibility::setAttributeValue(const ElementRef& reference, const Q
                                             const AXValue& value)
 {
     const X11Element* element = X11Element::from(reference);
-    if (element == nullptr) {
+    if (!element)
         return AXError::IllegalArgument;
-    }
     switch (element->kind()) {
     case Kind::Application:
         return setApplicationAttribute(element->pid(), attribute, value);
@@ -88,20 +84,16 @@ AXError X11Accessibility::setAttributeValue(const ElementRef& reference, const Q
 AXError X11Accessibility::setApplicationAttribute(std::int32_t pid, const QString& attribute,
                                                   const AXValue& value)
 {
-    if (!m.registry.application(pid)) {
+    if (!m.registry.application(pid))
         return AXError::InvalidUIElement;
-    }
-    if (pid == m.registry.dockPid()) {
+    if (pid == m.registry.dockPid())
         return AXError::AttributeUnsupported; // docks are neither hidden nor brought forward
-    }
     const bool* on = std::get_if<bool>(&value);
-    if (on == nullptr) {
+    if (!on)
         return AXError::IllegalArgument;
-    }
     if (attribute == u"AXFrontmost") {
-        if (*on) {
+        if (*on)
             m.raiser.activate(pid);
-        }
         return AXError::Success;
     }
     if (attribute == u"AXHidden") {
@@ -115,22 +107,18 @@ AXError X11Accessibility::setWindowAttribute(xcb_window_t id, const QString& att
                                              const AXValue& value)
 {
     const x11::TrackedWindowPtr window = m.tracker.window(id);
-    if (!window) {
+    if (!window)
         return AXError::InvalidUIElement;
-    }
     const bool* on = std::get_if<bool>(&value);
-    if (on == nullptr) {
+    if (!on)
         return AXError::IllegalArgument;
-    }
     // Accepted and left to the raising that goes with them: one request to the window manager
     // brings the window up and makes it active, more would flicker.
-    if (attribute == u"AXFrontmost" || attribute == u"AXFocused" || attribute == u"AXMain") {
+    if (attribute == u"AXFrontmost" || attribute == u"AXFocused" || attribute == u"AXMain")
         return AXError::Success;
-    }
     if (attribute == u"AXMinimized") {
-        if (*on != window->isIconic) {
+        if (*on != window->isIconic)
             *on ? m.tracker.iconify(id) : m.tracker.deiconify(id);
-        }
         return AXError::Success;
     }
     return AXError::AttributeUnsupported;
@@ -159,67 +147,56 @@ const X11Accessibility::Action* X11Accessibility::actionOf(Kind kind)
 AXNames X11Accessibility::copyActionNames(const ElementRef& reference)
 {
     const X11Element* element = X11Element::from(reference);
-    if (element == nullptr) {
+    if (!element)
         return {AXError::IllegalArgument};
-    }
     const Action* action = actionOf(element->kind());
-    if (action == nullptr) {
+    if (!action)
         return {AXError::Success};
-    }
-    if (!m.tracker.window(element->windowId())) {
+    if (!m.tracker.window(element->windowId()))
         return {AXError::InvalidUIElement};
-    }
     return {AXError::Success, {QString::fromUtf16(action->name)}};
 }
 
 AXResult X11Accessibility::copyActionDescription(const ElementRef& reference, const QString& name)
 {
     const X11Element* element = X11Element::from(reference);
-    const Action* action = element != nullptr ? actionOf(element->kind()) : nullptr;
-    if (action == nullptr || name != action->name) {
+    const Action* action = element ? actionOf(element->kind()) : nullptr;
+    if (!action || name != action->name)
         return {AXError::ActionUnsupported};
-    }
     return {AXError::Success, QCoreApplication::translate("Accessibility", action->description)};
 }
 
 AXError X11Accessibility::performAction(const ElementRef& reference, const QString& name)
 {
     const X11Element* element = X11Element::from(reference);
-    if (element == nullptr) {
+    if (!element)
         return AXError::IllegalArgument;
-    }
     const Action* action = actionOf(element->kind());
-    if (action == nullptr) {
+    if (!action)
         return AXError::ActionUnsupported;
-    }
     const x11::TrackedWindowPtr window = m.tracker.window(element->windowId());
-    if (!window) {
+    if (!window)
         return AXError::InvalidUIElement;
-    }
-    if (name != action->name) {
+    if (name != action->name)
         return AXError::ActionUnsupported;
-    }
     action->perform(m, window->id);
     return AXError::Success;
 }
 
 AXResult X11Accessibility::copyElementAtPosition(float x, float y)
 {
-    if (!std::isfinite(x) || !std::isfinite(y)) {
+    if (!std::isfinite(x) || !std::isfinite(y))
         return {AXError::IllegalArgument};
-    }
     const QPoint point = m.space.toPixels(QPointF(static_cast<double>(x), static_cast<double>(y)));
     const int desktop = m.tracker.currentDesktop();
     for (const x11::TrackedWindowPtr& window : m.tracker.windows()) {
         const bool isHere = window->desktop < 0 || window->desktop == desktop;
-        if (!window->isMapped || window->isIconic || !isHere || !window->bounds.contains(point)) {
+        if (!window->isMapped || window->isIconic || !isHere || !window->bounds.contains(point))
             continue;
-        }
         if (window->type == x11::WindowType::Dock) {
             // A dock's window may be far larger than what it draws and takes clicks on.
-            if (const DockItemId item = m.docks.itemAt(point)) {
+            if (const DockItemId item = m.docks.itemAt(point))
                 return {AXError::Success, X11Element::dockItem(item)};
-            }
         } else if (isApplicationWindow(*window)) {
             return {AXError::Success, X11Element::window(window->id)};
         }
@@ -230,9 +207,8 @@ AXResult X11Accessibility::copyElementAtPosition(float x, float y)
 std::optional<std::int32_t> X11Accessibility::pidOf(const ElementRef& reference)
 {
     const X11Element* element = X11Element::from(reference);
-    if (element == nullptr) {
+    if (!element)
         return std::nullopt;
-    }
     switch (element->kind()) {
     case Kind::SystemWide:
         return std::nullopt;
@@ -255,18 +231,17 @@ std::optional<std::int32_t> X11Accessibility::pidOf(const ElementRef& reference)
 std::optional<WindowID> X11Accessibility::windowIDOf(const ElementRef& reference)
 {
     const X11Element* element = X11Element::from(reference);
-    if (element != nullptr && element->kind() == Kind::DockItem) {
+    if (element && element->kind() == Kind::DockItem) {
         const auto item = m.docks.item(element->dockItemId());
         return item ? item->window : std::nullopt;
     }
-    if (element != nullptr && element->kind() == Kind::SwitcherEntry) {
+    if (element && element->kind() == Kind::SwitcherEntry) {
         const auto selection = m.switcher.selection();
         return selection && selection->pid == element->pid() ? std::optional(selection->window)
                                                              : std::nullopt;
     }
-    if (element == nullptr || element->kind() != Kind::Window) {
+    if (!element || element->kind() != Kind::Window)
         return std::nullopt;
-    }
     return element->windowId();
 }
 
@@ -280,9 +255,8 @@ void X11Accessibility::post(std::int32_t pid, const ElementRef& element, const c
 {
     m.runLoop.performOnMainThread(
         [hub = std::weak_ptr(m_hub), pid, element, name = QString::fromLatin1(notification)] {
-            if (const auto open = hub.lock()) {
+            if (const auto open = hub.lock())
                 open->notify(pid, element, name);
-            }
         },
         false);
 }
@@ -298,17 +272,15 @@ void X11Accessibility::Additions::windowAdded(const x11::TrackedWindowPtr& windo
 void X11Accessibility::Additions::windowChanged(const x11::TrackedWindowPtr& before,
                                                 const x11::TrackedWindowPtr& after)
 {
-    if (!isSameOwner(*before, *after)) {
+    if (!isSameOwner(*before, *after))
         windowAdded(after);
-    }
 }
 
 void X11Accessibility::Removals::windowChanged(const x11::TrackedWindowPtr& before,
                                                const x11::TrackedWindowPtr& after)
 {
-    if (!isSameOwner(*before, *after)) {
+    if (!isSameOwner(*before, *after))
         windowRemoved(before);
-    }
 }
 
 void X11Accessibility::Removals::windowRemoved(const x11::TrackedWindowPtr& last)

@@ -73,9 +73,8 @@ AXResult windowsOf(const Self& self, const Application& application)
             anyResponds = anyResponds || window->isResponding;
         }
     }
-    if (!result.empty() && !anyResponds) {
+    if (!result.empty() && !anyResponds)
         return {AXError::CannotComplete};
-    }
     return elements(std::move(result));
 }
 
@@ -184,9 +183,8 @@ constexpr Attribute<Nothing> dockListTable[] = {
     {u"AXChildren",
      [](const Self& self, const Nothing&) {
          std::vector<ElementRef> result;
-         for (const DockItemId id : self.parts().docks.items()) {
+         for (const DockItemId id : self.parts().docks.items())
              result.push_back(X11Element::dockItem(id));
-         }
          return elements(std::move(result));
      }},
     {u"AXSelectedChildren",
@@ -226,9 +224,8 @@ constexpr Attribute<DockItemView> dockItemTable[] = {
      }},
     {u"AXWindows",
      [](const Self&, const DockItemView& item) {
-         if (!item.chosen) {
+         if (!item.chosen)
              return unsupported();
-         }
          std::vector<ElementRef> result;
          std::ranges::transform(*item.chosen, std::back_inserter(result), X11Element::window);
          return elements(std::move(result));
@@ -273,9 +270,8 @@ constexpr Attribute<Entry> switcherEntryTable[] = {
          const RunningApplication& running = entry.application.running;
          for (const DockItemId id : self.parts().docks.items()) {
              const auto item = self.parts().docks.item(id);
-             if (item && !item->isMinimizedWindow && item->url == running.bundleURL) {
+             if (item && !item->isMinimizedWindow && item->url == running.bundleURL)
                  return value(item->title);
-             }
          }
          return value(running.localizedName);
      }},
@@ -304,18 +300,16 @@ std::int32_t X11Attributes::activePid() const
 template <class Use> AXError X11Attributes::visitSwitcher(const X11Element& element, Use use) const
 {
     const auto selection = m.switcher.selection();
-    if (!selection) {
+    if (!selection)
         return AXError::InvalidUIElement;
-    }
     if (element.kind() == X11Element::Kind::SwitcherList) {
         use(switcherListTable, *selection);
         return AXError::Success;
     }
     const auto application =
         element.pid() != 0 ? m.registry.application(element.pid()) : std::nullopt;
-    if (!application) {
+    if (!application)
         return AXError::InvalidUIElement;
-    }
     use(switcherEntryTable, Entry{.application = *application, .list = selection->list});
     return AXError::Success;
 }
@@ -324,36 +318,31 @@ template <class Use> AXError X11Attributes::visit(const ElementRef& reference, U
 {
     using Kind = X11Element::Kind;
     const X11Element* element = X11Element::from(reference);
-    if (element == nullptr) {
+    if (!element)
         return AXError::IllegalArgument;
-    }
     switch (element->kind()) {
     case Kind::SystemWide:
         use(systemWideTable, Nothing());
         return AXError::Success;
     case Kind::Application: {
         const auto application = m.registry.application(element->pid());
-        if (!application) {
+        if (!application)
             return AXError::InvalidUIElement;
-        }
-        if (element->pid() == m.registry.dockPid()) {
+        if (element->pid() == m.registry.dockPid())
             use(dockTable, *application);
-        } else {
+        else
             use(applicationTable, *application);
-        }
         return AXError::Success;
     }
     case Kind::DockList:
-        if (m.docks.pid() == 0) {
+        if (m.docks.pid() == 0)
             return AXError::InvalidUIElement;
-        }
         use(dockListTable, Nothing());
         return AXError::Success;
     case Kind::DockItem: {
         const auto item = m.docks.item(element->dockItemId());
-        if (!item) {
+        if (!item)
             return AXError::InvalidUIElement;
-        }
         use(dockItemTable, *item);
         return AXError::Success;
     }
@@ -365,17 +354,14 @@ template <class Use> AXError X11Attributes::visit(const ElementRef& reference, U
         break;
     }
     const x11::TrackedWindowPtr window = m.tracker.window(element->windowId());
-    if (!window || !isApplicationWindow(*window)) {
+    if (!window || !isApplicationWindow(*window))
         return AXError::InvalidUIElement;
-    }
-    if (!window->isResponding) {
+    if (!window->isResponding)
         return AXError::CannotComplete;
-    }
-    if (element->kind() == Kind::Window) {
+    if (element->kind() == Kind::Window)
         use(windowTable, *window);
-    } else {
+    else
         use(closeButtonTable, *window);
-    }
     return AXError::Success;
 }
 
@@ -399,9 +385,8 @@ AXNames X11Attributes::names(const ElementRef& element) const
     result.error = visit(element, [&](const auto& table, const auto& subject) {
         for (const auto& attribute : table) {
             // Some rows are for some of the elements only.
-            if (attribute.read(*this, subject).error != AXError::AttributeUnsupported) {
+            if (attribute.read(*this, subject).error != AXError::AttributeUnsupported)
                 result.names.push_back(QString::fromUtf16(attribute.name));
-            }
         }
     });
     return result;
@@ -411,12 +396,10 @@ AXResult X11Attributes::isSettable(const ElementRef& element, const QString& nam
 {
     AXResult result = unsupported();
     const AXError error = visit(element, [&](const auto& table, const auto& subject) {
-        for (const auto& attribute : table) {
+        for (const auto& attribute : table)
             if (name == attribute.name &&
-                attribute.read(*this, subject).error != AXError::AttributeUnsupported) {
+                attribute.read(*this, subject).error != AXError::AttributeUnsupported)
                 result = value(attribute.isSettable);
-            }
-        }
     });
     return error == AXError::Success ? result : AXResult{error};
 }

@@ -61,7 +61,7 @@ public:
     bool isEqual(const AXElement& other) const override
     {
         const auto* element = dynamic_cast<const X11Element*>(&other);
-        return element != nullptr && element->m_kind == m_kind && element->m_id == m_id;
+        return element && element->m_kind == m_kind && element->m_id == m_id;
     }
     std::size_t hash() const override { return std::hash<std::uint64_t>()(m_id); }
 

@@ -11,7 +11,7 @@ namespace lumbrix::platform
 namespace
 {
 // How long windows may take to become iconic before hiding counts as refused, in seconds.
-constexpr double HideGrace = 1.0;
+constexpr double hideGrace = 1.0;
 } // namespace
 
 void ApplicationGroup::add(xcb_window_t id, bool skipTaskbar, bool isIconic)
@@ -38,9 +38,8 @@ void ApplicationGroup::remove(xcb_window_t id)
 std::vector<xcb_window_t> ApplicationGroup::windows() const
 {
     std::vector<xcb_window_t> result;
-    for (const auto& [id, window] : m_windows) {
+    for (const auto& [id, window] : m_windows)
         result.push_back(id);
-    }
     return result;
 }
 
@@ -63,14 +62,12 @@ bool ApplicationGroup::isHidden(double now) const
 {
     bool any = false;
     for (const auto& [id, window] : m_windows) {
-        if (!window.wasHidden) {
+        if (!window.wasHidden)
             continue;
-        }
         any = true;
-        const bool underWay = !window.wasIconicSinceHidden && now - m_hiddenAt < HideGrace;
-        if (!window.isIconic && !underWay) {
+        const bool underWay = !window.wasIconicSinceHidden && now - m_hiddenAt < hideGrace;
+        if (!window.isIconic && !underWay)
             return false;
-        }
     }
     return any;
 }
@@ -80,9 +77,8 @@ std::vector<xcb_window_t> ApplicationGroup::takeHidden(double now)
     const bool wasHidden = isHidden(now);
     std::vector<xcb_window_t> result;
     for (auto& [id, window] : m_windows) {
-        if (wasHidden && window.wasHidden) {
+        if (wasHidden && window.wasHidden)
             result.push_back(id);
-        }
         window.wasHidden = false;
     }
     return result;

@@ -5,6 +5,7 @@
 
 #include <QtCore/QFileInfo>
 
+#include "platform/StringLiterals.h"
 #include "platform/linux/applications/ApplicationRoles.h"
 
 namespace lumbrix::platform
@@ -16,35 +17,27 @@ namespace
 DesktopEntryPtr entryByClass(const x11::TrackedWindow& window, DesktopEntries& entries)
 {
     // The instance first: web applications of one browser differ only there.
-    for (const QString& half : {window.classInstance, window.className}) {
-        if (DesktopEntryPtr entry = entries.byStartupWmClass(half)) {
+    for (const QString& half : {window.classInstance, window.className})
+        if (DesktopEntryPtr entry = entries.byStartupWmClass(half))
             return entry;
-        }
-    }
-    for (const QString& half : {window.className, window.classInstance}) {
-        if (DesktopEntryPtr entry = entries.byApplicationId(half)) {
+    for (const QString& half : {window.className, window.classInstance})
+        if (DesktopEntryPtr entry = entries.byApplicationId(half))
             return entry;
-        }
-    }
     return nullptr;
 }
 
 DesktopEntryPtr entryFor(const x11::TrackedWindow& window, const ProcessNames& names,
                          DesktopEntries& entries)
 {
-    if (DesktopEntryPtr entry = entryByClass(window, entries)) {
+    if (DesktopEntryPtr entry = entryByClass(window, entries))
         return entry;
-    }
     // Programs are started in the moment they are installed.
     entries.lookAgain();
-    if (DesktopEntryPtr entry = entryByClass(window, entries)) {
+    if (DesktopEntryPtr entry = entryByClass(window, entries))
         return entry;
-    }
-    for (const QString& program : names.programs()) {
-        if (DesktopEntryPtr entry = entries.byExecutable(program)) {
+    for (const QString& program : names.programs())
+        if (DesktopEntryPtr entry = entries.byExecutable(program))
             return entry;
-        }
-    }
     return entries.byExecutable(window.classInstance);
 }
 
@@ -58,28 +51,25 @@ ApplicationIdentity identifyApplication(const x11::TrackedWindow& window, Deskto
     identity.executablePath = names.executablePath;
     identity.className = window.className.isEmpty() ? window.classInstance : window.className;
     identity.entry = entryFor(window, names, entries);
-    if (identity.entry) {
-        identity.key = QStringLiteral("entry:") + identity.entry->id;
-    } else if (!identity.className.isEmpty()) {
-        identity.key = QStringLiteral("class:") + identity.className.toLower();
-    } else if (!identity.executablePath.isEmpty()) {
-        identity.key = QStringLiteral("program:") + identity.executablePath;
-    } else {
-        identity.key = QStringLiteral("window:%1").arg(window.id);
-    }
+    if (identity.entry)
+        identity.key = u"entry:"_s + identity.entry->id;
+    else if (!identity.className.isEmpty())
+        identity.key = u"class:"_s + identity.className.toLower();
+    else if (!identity.executablePath.isEmpty())
+        identity.key = u"program:"_s + identity.executablePath;
+    else
+        identity.key = u"window:%1"_s.arg(window.id);
     return identity;
 }
 
 QString ApplicationIdentity::localizedName() const
 {
-    if (entry) {
+    if (entry)
         return entry->name;
-    }
-    if (!className.isEmpty()) {
+    if (!className.isEmpty())
         return className;
-    }
     const QString program = QFileInfo(executablePath).fileName();
-    return program.isEmpty() ? QStringLiteral("window") : program;
+    return program.isEmpty() ? u"window"_s : program;
 }
 
 QString ApplicationIdentity::bundleIdentifier() const
@@ -89,9 +79,8 @@ QString ApplicationIdentity::bundleIdentifier() const
 
 ApplicationRole ApplicationIdentity::role() const
 {
-    if (entry) {
+    if (entry)
         return roleOfEntry(*entry);
-    }
     const ApplicationRole role = roleOfApplicationId(className);
     return role != ApplicationRole::Other
                ? role
@@ -102,12 +91,11 @@ QUrl ApplicationIdentity::bundleUrl() const { return bundleUrlOf(entry, key); }
 
 QUrl bundleUrlOf(const DesktopEntryPtr& entry, const QString& key)
 {
-    if (entry) {
+    if (entry)
         return QUrl::fromLocalFile(entry->path);
-    }
     QString name = key;
     name.replace(u'/', u'_');
-    return QUrl::fromLocalFile(QStringLiteral("/.application/") + name);
+    return QUrl::fromLocalFile(u"/.application/"_s + name);
 }
 
 bool isSameOwner(const x11::TrackedWindow& before, const x11::TrackedWindow& after)

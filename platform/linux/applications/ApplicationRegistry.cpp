@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "platform/linux/applications/ApplicationRegistry.h"
+#include "platform/StringLiterals.h"
 
 #include <algorithm>
 
@@ -27,13 +28,12 @@ ApplicationRegistry::ApplicationRegistry(x11::WindowTracker& tracker, DesktopEnt
 {
     const DesktopEntryPtr entry = m_entries.byId(m_own.bundleIdentifier);
     auto group = std::make_unique<Group>(
-        QStringLiteral("own"),
-        RunningApplication{.pid = m_own.pid,
-                           .bundleIdentifier = m_own.bundleIdentifier,
-                           .localizedName = entry ? entry->name : QStringLiteral("Lumbrix"),
-                           .bundleURL = bundleUrlOf(entry, m_own.bundleIdentifier),
-                           .executableURL =
-                               QUrl::fromLocalFile(m_reader(m_own.pid).executablePath)});
+        u"own"_s, RunningApplication{.pid = m_own.pid,
+                                     .bundleIdentifier = m_own.bundleIdentifier,
+                                     .localizedName = entry ? entry->name : u"Lumbrix"_s,
+                                     .bundleURL = bundleUrlOf(entry, m_own.bundleIdentifier),
+                                     .executableURL =
+                                         QUrl::fromLocalFile(m_reader(m_own.pid).executablePath)});
     m_groups.push_back(std::move(group));
 }
 
@@ -41,16 +41,14 @@ void ApplicationRegistry::setSink(Sink sink) { m_sink = std::move(sink); }
 
 void ApplicationRegistry::tell(WorkspaceNotification notification, std::int32_t pid)
 {
-    if (m_sink) {
+    if (m_sink)
         m_sink(notification, pid);
-    }
 }
 
 ApplicationIdentity ApplicationRegistry::identify(const x11::TrackedWindow& window)
 {
-    if (window.pid && *window.pid == m_own.pid) {
+    if (window.pid && *window.pid == m_own.pid)
         return {.key = m_groups.front()->key(), .entry = {}, .className = {}, .executablePath = {}};
-    }
     return identifyApplication(window, m_entries, m_reader);
 }
 
@@ -71,15 +69,12 @@ ApplicationRegistry::Group& ApplicationRegistry::insert(const x11::TrackedWindow
 {
     Group* group = nullptr;
     // A dialog that says nothing of itself belongs where its parent belongs.
-    if (!identity.entry && identity.className.isEmpty() && window.transientFor != XCB_NONE) {
+    if (!identity.entry && identity.className.isEmpty() && window.transientFor != XCB_NONE)
         group = groupOf(window.transientFor);
-    }
-    for (const auto& known : m_groups) {
-        if (group == nullptr && known->key() == identity.key) {
+    for (const auto& known : m_groups)
+        if (!group && known->key() == identity.key)
             group = known.get();
-        }
-    }
-    const bool isNew = group == nullptr;
+    const bool isNew = !group;
     if (isNew) {
         const QUrl program = identity.executablePath.isEmpty()
                                  ? QUrl()
@@ -95,22 +90,19 @@ ApplicationRegistry::Group& ApplicationRegistry::insert(const x11::TrackedWindow
     }
     group->add(window.id, window.skipTaskbar, window.isIconic);
     m_groupOfWindow.insert(window.id, group);
-    if (isNew) {
+    if (isNew)
         tell(WorkspaceNotification::DidLaunchApplication, group->running().pid);
-    }
     return *group;
 }
 
 void ApplicationRegistry::remove(xcb_window_t id)
 {
     Group* group = m_groupOfWindow.take(id);
-    if (group == nullptr) {
+    if (!group)
         return;
-    }
     group->remove(id);
-    if (!group->isEmpty() || group == m_groups.front().get()) {
+    if (!group->isEmpty() || group == m_groups.front().get())
         return;
-    }
     const std::int32_t pid = group->running().pid;
     std::erase_if(m_groups, [group](const auto& known) { return known.get() == group; });
     tell(WorkspaceNotification::DidTerminateApplication, pid);
@@ -131,9 +123,8 @@ ApplicationRegistry::Group* ApplicationRegistry::groupWithPid(std::int32_t pid)
 // The tracker knows windows before its listeners do; an answer must not depend on who is faster.
 void ApplicationRegistry::meetAll()
 {
-    for (const x11::TrackedWindowPtr& window : m_tracker.windows()) {
+    for (const x11::TrackedWindowPtr& window : m_tracker.windows())
         meet(*window);
-    }
 }
 
 std::int32_t ApplicationRegistry::ownerPidOf(const x11::TrackedWindow& window)
@@ -144,16 +135,13 @@ std::int32_t ApplicationRegistry::ownerPidOf(const x11::TrackedWindow& window)
 
 std::int32_t ApplicationRegistry::meet(const x11::TrackedWindow& window)
 {
-    if (!isApplicationWindow(window)) {
+    if (!isApplicationWindow(window))
         return window.pid.value_or(0);
-    }
-    if (const Group* group = groupOf(window.id)) {
+    if (const Group* group = groupOf(window.id))
         return group->running().pid;
-    }
     // Asked under our lock: if the tracker still has it, its removal is yet to be told to us.
-    if (!m_tracker.window(window.id)) {
+    if (!m_tracker.window(window.id))
         return window.pid.value_or(0);
-    }
     return insert(window, identify(window)).running().pid;
 }
 
@@ -167,13 +155,12 @@ Application ApplicationRegistry::snapshot(const Group& group) const
 
 std::optional<Application> ApplicationRegistry::dockApplication() const
 {
-    if (m_dockPid == 0) {
+    if (m_dockPid == 0)
         return std::nullopt;
-    }
     return Application{.running = {.pid = m_dockPid,
-                                   .bundleIdentifier = QStringLiteral("com.apple.dock"),
-                                   .localizedName = QStringLiteral("Dock"),
-                                   .bundleURL = QUrl(QStringLiteral("file:///.application/dock")),
+                                   .bundleIdentifier = u"com.apple.dock"_s,
+                                   .localizedName = u"Dock"_s,
+                                   .bundleURL = QUrl(u"file:///.application/dock"_s),
                                    .executableURL = {}},
                        .isRegular = false,
                        .isHidden = false,
@@ -185,27 +172,24 @@ std::vector<Application> ApplicationRegistry::applications()
     const std::lock_guard lock(m_mutex);
     meetAll();
     std::vector<Application> result;
-    if (auto dock = dockApplication()) {
+    if (auto dock = dockApplication())
         result.push_back(std::move(*dock));
-    }
-    for (const auto& group : m_groups) {
+    for (const auto& group : m_groups)
         result.push_back(snapshot(*group));
-    }
     return result;
 }
 
 std::optional<Application> ApplicationRegistry::application(std::int32_t pid)
 {
     const std::lock_guard lock(m_mutex);
-    if (pid == m_dockPid) {
+    if (pid == m_dockPid)
         return dockApplication();
-    }
     const Group* group = groupWithPid(pid);
-    if (group == nullptr) {
+    if (!group) {
         meetAll();
         group = groupWithPid(pid);
     }
-    return group != nullptr ? std::optional(snapshot(*group)) : std::nullopt;
+    return group ? std::optional(snapshot(*group)) : std::nullopt;
 }
 
 std::optional<Application> ApplicationRegistry::applicationForDesktopFile(const QString& path)
@@ -213,31 +197,24 @@ std::optional<Application> ApplicationRegistry::applicationForDesktopFile(const 
     const DesktopEntryPtr entry = m_entries.byPath(path);
     QStringList keys;
     if (entry) {
-        keys << QStringLiteral("entry:") + entry->id;
+        keys << u"entry:"_s + entry->id;
         for (const DesktopEntryPtr& other : {m_entries.byExecutable(entry->executable()),
-                                             m_entries.byStartupWmClass(entry->startupWmClass)}) {
-            if (other && !areParts(*entry, *other)) {
-                keys << QStringLiteral("entry:") + other->id;
-            }
-        }
+                                             m_entries.byStartupWmClass(entry->startupWmClass)})
+            if (other && !areParts(*entry, *other))
+                keys << u"entry:"_s + other->id;
         // Windows that were grouped without knowing the entry.
-        for (const QString& name : {entry->startupWmClass, entry->executable(), entry->id}) {
-            keys << QStringLiteral("class:") + name.toLower();
-        }
+        for (const QString& name : {entry->startupWmClass, entry->executable(), entry->id})
+            keys << u"class:"_s + name.toLower();
     }
     const QUrl url = QUrl::fromLocalFile(path);
     const std::lock_guard lock(m_mutex);
-    for (const auto& group : m_groups) {
-        if (group->running().bundleURL == url) {
+    for (const auto& group : m_groups)
+        if (group->running().bundleURL == url)
             return snapshot(*group);
-        }
-    }
     for (const QString& key : keys) {
-        for (const auto& group : m_groups) {
-            if (group->key() == key) {
+        for (const auto& group : m_groups)
+            if (group->key() == key)
                 return snapshot(*group);
-            }
-        }
     }
     return std::nullopt;
 }
@@ -264,38 +241,34 @@ void ApplicationRegistry::setDockStandIn(std::int32_t pid)
 
 void ApplicationRegistry::changeDock(std::int32_t pid)
 {
-    if (pid == m_dockPid) {
+    if (pid == m_dockPid)
         return;
-    }
-    if (m_dockPid != 0) {
+    if (m_dockPid != 0)
         tell(WorkspaceNotification::DidTerminateApplication, m_dockPid);
-    }
     // A window of the dock program (its preferences) may have come first and taken the number.
     Group* group = pid != 0 ? groupWithPid(pid) : nullptr;
-    if (group != nullptr && group != m_groups.front().get()) {
+    if (group && group != m_groups.front().get()) {
         tell(WorkspaceNotification::DidTerminateApplication, pid);
         group->setPid(m_nextSyntheticPid++);
         tell(WorkspaceNotification::DidLaunchApplication, group->running().pid);
     }
     m_dockPid = pid;
-    if (pid != 0) {
+    if (pid != 0)
         tell(WorkspaceNotification::DidLaunchApplication, pid);
-    }
 }
 
 void ApplicationRegistry::markHidden(std::int32_t pid, const std::vector<xcb_window_t>& windows)
 {
     const std::lock_guard lock(m_mutex);
-    if (Group* group = groupWithPid(pid)) {
+    if (Group* group = groupWithPid(pid))
         group->markHidden(windows, m_clock());
-    }
 }
 
 std::vector<xcb_window_t> ApplicationRegistry::takeHidden(std::int32_t pid)
 {
     const std::lock_guard lock(m_mutex);
     Group* group = groupWithPid(pid);
-    return group != nullptr ? group->takeHidden(m_clock()) : std::vector<xcb_window_t>();
+    return group ? group->takeHidden(m_clock()) : std::vector<xcb_window_t>();
 }
 
 void ApplicationRegistry::windowAdded(const x11::TrackedWindowPtr& window) { ownerPidOf(*window); }
@@ -309,9 +282,8 @@ void ApplicationRegistry::windowChanged(const x11::TrackedWindowPtr& before,
         meet(*after);
         return;
     }
-    if (Group* group = groupOf(after->id)) {
+    if (Group* group = groupOf(after->id))
         group->update(after->id, after->skipTaskbar, after->isIconic);
-    }
 }
 
 void ApplicationRegistry::windowRemoved(const x11::TrackedWindowPtr& last)
@@ -324,14 +296,12 @@ void ApplicationRegistry::activeWindowChanged(xcb_window_t window)
 {
     const std::lock_guard lock(m_mutex);
     const Group* group = groupOf(window);
-    const std::int32_t pid = group != nullptr ? group->running().pid : 0;
-    if (pid == m_activePid) {
+    const std::int32_t pid = group ? group->running().pid : 0;
+    if (pid == m_activePid)
         return;
-    }
     m_activePid = pid;
-    if (pid != 0) {
+    if (pid != 0)
         tell(WorkspaceNotification::DidActivateApplication, pid);
-    }
 }
 
 void ApplicationRegistry::currentDesktopChanged(int)

@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <tuple>
 
+#include "platform/StringLiterals.h"
 #include "platform/linux/BaseFolders.h"
 #include "platform/linux/PlainFile.h"
 
@@ -20,11 +21,11 @@ namespace lumbrix::platform
 namespace
 {
 
-constexpr double LookInterval = 2.0;
-constexpr std::int64_t ClockTick = 100; // milliseconds, generously
-constexpr qint64 MaximalFileSize = qint64{1024} * 1024;
+constexpr double lookInterval = 2.0;
+constexpr std::int64_t clockTick = 100; // milliseconds, generously
+constexpr qint64 maximalFileSize = qint64{1024} * 1024;
 
-constexpr std::size_t MaximalStrays = 1000;
+constexpr std::size_t maximalStrays = 1000;
 
 std::int64_t folderTime(const QString& folder)
 {
@@ -50,7 +51,7 @@ QStringList DesktopEntries::defaultFolders()
 {
     QStringList folders = dataFolders();
     for (QString& folder : folders)
-        folder += QStringLiteral("/applications");
+        folder += u"/applications"_s;
     return folders;
 }
 
@@ -69,23 +70,20 @@ bool DesktopEntries::foldersChanged() const
 void DesktopEntries::refresh()
 {
     const double now = m_clock();
-    if (m_lastLook && now - *m_lastLook < LookInterval) {
+    if (m_lastLook && now - *m_lastLook < lookInterval)
         return;
-    }
     const bool isFirst = !m_lastLook.has_value();
     m_lastLook = now;
-    if (isFirst || foldersChanged()) {
+    if (isFirst || foldersChanged())
         scan();
-    }
 }
 
 void DesktopEntries::lookAgain()
 {
     const std::lock_guard lock(m_mutex);
     m_lastLook = m_clock();
-    if (foldersChanged()) {
+    if (foldersChanged())
         scan();
-    }
 }
 
 void DesktopEntries::scan()
@@ -96,7 +94,7 @@ void DesktopEntries::scan()
         // A change within the same tick of the file system's clock would not show; so a folder
         // that was just changed counts as changed the next time, too.
         const std::int64_t time = folderTime(folder);
-        m_folderTimes[folder] = started - time < ClockTick ? -1 : time;
+        m_folderTimes[folder] = started - time < clockTick ? -1 : time;
     };
     m_entries.clear();
     std::map<QString, CachedFile> known;
@@ -113,24 +111,19 @@ void DesktopEntries::scan()
                 noteTime(path);
                 continue;
             }
-            if (!path.endsWith(QStringLiteral(".desktop"))) {
+            if (!path.endsWith(u".desktop"_s))
                 continue;
-            }
             QString id = path.mid(folder.size() + 1).chopped(8);
             id.replace(u'/', u'-');
-            if (const auto old = known.find(path); old != known.end()) {
+            if (const auto old = known.find(path); old != known.end())
                 m_files.insert(known.extract(old));
-            }
             const CachedFile& file = readFile(m_files, info, id);
-            if (ids.contains(id)) {
+            if (ids.contains(id))
                 continue; // masked by a folder further up
-            }
-            if (file.entry || file.isHidden) {
+            if (file.entry || file.isHidden)
                 ids.insert(id);
-            }
-            if (file.entry) {
+            if (file.entry)
                 m_entries.push_back(file.entry);
-            }
         }
     }
     rebuildIndices();
@@ -143,15 +136,13 @@ const DesktopEntries::CachedFile& DesktopEntries::readFile(std::map<QString, Cac
     const QString path = info.filePath();
     const std::int64_t modified = info.lastModified().toMSecsSinceEpoch();
     CachedFile& cached = cache[path];
-    if (cached.modified == modified && cached.size == info.size()) {
+    if (cached.modified == modified && cached.size == info.size())
         return cached;
-    }
     cached = {.modified = modified, .size = info.size(), .isHidden = false, .entry = nullptr};
-    if (const QByteArray text = readPlainFile(path, MaximalFileSize); !text.isEmpty()) {
+    if (const QByteArray text = readPlainFile(path, maximalFileSize); !text.isEmpty()) {
         auto entry = parseDesktopEntry(text, id, path, m_locales, cached.isHidden);
-        if (entry) {
+        if (entry)
             cached.entry = std::make_shared<const DesktopEntry>(std::move(*entry));
-        }
     }
     return cached;
 }
@@ -159,16 +150,14 @@ const DesktopEntries::CachedFile& DesktopEntries::readFile(std::map<QString, Cac
 void DesktopEntries::rebuildIndices()
 {
     for (Index* index :
-         {&m_byId, &m_byPath, &m_byStartupWmClass, &m_byLastWord, &m_byExecutable, &m_byName}) {
+         {&m_byId, &m_byPath, &m_byStartupWmClass, &m_byLastWord, &m_byExecutable, &m_byName})
         index->clear();
-    }
     // Entries that menus do not show stand last, so the first one found is the best.
     std::stable_partition(m_entries.begin(), m_entries.end(),
                           [](const DesktopEntryPtr& entry) { return !entry->noDisplay; });
     const auto insertFirst = [](Index& index, const QString& key, const DesktopEntryPtr& entry) {
-        if (!key.isEmpty() && !index.contains(key.toLower())) {
+        if (!key.isEmpty() && !index.contains(key.toLower()))
             index.insert(key.toLower(), entry);
-        }
     };
     for (const DesktopEntryPtr& entry : m_entries) {
         insertFirst(m_byId, entry->id, entry);
@@ -177,21 +166,18 @@ void DesktopEntries::rebuildIndices()
         insertFirst(m_byLastWord, lastWord(entry->id), entry);
         insertFirst(m_byName, entry->name, entry);
         const QString program = entry->executable().toLower();
-        if (program.isEmpty() || entry->terminal) {
+        if (program.isEmpty() || entry->terminal)
             continue; // the window of a terminal program is the terminal's
-        }
         const DesktopEntryPtr other = m_byExecutable.value(program);
-        if (!other || executableRank(*entry) < executableRank(*other)) {
+        if (!other || executableRank(*entry) < executableRank(*other))
             m_byExecutable.insert(program, entry);
-        }
     }
 }
 
 DesktopEntryPtr DesktopEntries::find(const Index& index, const QString& key)
 {
-    if (key.isEmpty()) {
+    if (key.isEmpty())
         return nullptr;
-    }
     const std::lock_guard lock(m_mutex);
     refresh();
     return index.value(key.toLower());
@@ -203,16 +189,13 @@ DesktopEntryPtr DesktopEntries::byPath(const QString& path)
 {
     const std::lock_guard lock(m_mutex);
     refresh();
-    if (DesktopEntryPtr entry = m_byPath.value(path)) {
+    if (DesktopEntryPtr entry = m_byPath.value(path))
         return entry;
-    }
     const QFileInfo file(path);
-    if (!path.endsWith(QStringLiteral(".desktop")) || !file.isFile()) {
+    if (!path.endsWith(u".desktop"_s) || !file.isFile())
         return nullptr;
-    }
-    if (m_strays.size() > MaximalStrays) {
+    if (m_strays.size() > maximalStrays)
         m_strays.clear();
-    }
     return readFile(m_strays, file, file.completeBaseName()).entry;
 }
 
@@ -223,9 +206,8 @@ DesktopEntryPtr DesktopEntries::byStartupWmClass(const QString& name)
 
 DesktopEntryPtr DesktopEntries::byApplicationId(const QString& name)
 {
-    if (DesktopEntryPtr entry = find(m_byId, name)) {
+    if (DesktopEntryPtr entry = find(m_byId, name))
         return entry;
-    }
     return find(m_byLastWord, name);
 }
 

@@ -24,17 +24,16 @@ QString unescaped(const QByteArray& value)
             continue;
         }
         const QChar c = text[++i];
-        if (c == u's') {
+        if (c == u's')
             result += u' ';
-        } else if (c == u'n') {
+        else if (c == u'n')
             result += u'\n';
-        } else if (c == u't') {
+        else if (c == u't')
             result += u'\t';
-        } else if (c == u'r') {
+        else if (c == u'r')
             result += u'\r';
-        } else {
+        else
             result += c;
-        }
     }
     return result;
 }
@@ -46,15 +45,13 @@ QHash<QByteArray, QByteArray> keysOfMainGroup(const QByteArray& text)
     for (const QByteArray& raw : text.split('\n')) {
         const QByteArray line = raw.trimmed();
         if (line.startsWith('[')) {
-            if (inGroup) {
+            if (inGroup)
                 break; // the actions that may follow have names and commands of their own
-            }
             inGroup = line == "[Desktop Entry]";
         } else if (inGroup && !line.isEmpty() && !line.startsWith('#')) {
             const qsizetype equals = line.indexOf('=');
-            if (equals > 0) {
+            if (equals > 0)
                 keys.insert(line.left(equals).trimmed(), line.mid(equals + 1).trimmed());
-            }
         }
     }
     return keys;
@@ -67,17 +64,14 @@ QStringList localeSpellings(const QString& locale)
     const QString modifier = locale.contains(u'@') ? locale.section(u'@', 1) : QString();
     const QString base = locale.section(u'@', 0, 0).section(u'.', 0, 0);
     const QString language = base.section(u'_', 0, 0);
-    if (language.isEmpty() || language == u"C" || language == u"POSIX") {
+    if (language.isEmpty() || language == u"C" || language == u"POSIX")
         return {};
-    }
     QStringList result;
-    if (!modifier.isEmpty()) {
+    if (!modifier.isEmpty())
         result << base + u'@' + modifier;
-    }
     result << base;
-    if (!modifier.isEmpty()) {
+    if (!modifier.isEmpty())
         result << language + u'@' + modifier;
-    }
     result << language;
     result.removeDuplicates();
     return result;
@@ -87,9 +81,8 @@ QStringList localeSpellings()
 {
     for (const char* variable : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
         const QString value = qEnvironmentVariable(variable);
-        if (!value.isEmpty()) {
+        if (!value.isEmpty())
             return localeSpellings(value);
-        }
     }
     return {};
 }
@@ -100,24 +93,20 @@ std::optional<DesktopEntry> parseDesktopEntry(const QByteArray& text, const QStr
 {
     const auto keys = keysOfMainGroup(text);
     isHidden = keys.value("Hidden") == "true";
-    if (isHidden || keys.value("Type", "Application") != "Application") {
+    if (isHidden || keys.value("Type", "Application") != "Application")
         return std::nullopt;
-    }
     DesktopEntry entry;
     entry.id = id;
     entry.path = path;
     for (const QString& locale : locales) {
         entry.name = unescaped(keys.value("Name[" + locale.toUtf8() + ']')).trimmed();
-        if (!entry.name.isEmpty()) {
+        if (!entry.name.isEmpty())
             break;
-        }
     }
-    if (entry.name.isEmpty()) {
+    if (entry.name.isEmpty())
         entry.name = unescaped(keys.value("Name")).trimmed();
-    }
-    if (entry.name.isEmpty()) {
+    if (entry.name.isEmpty())
         entry.name = id;
-    }
     entry.icon = unescaped(keys.value("Icon")).trimmed();
     entry.exec = unescaped(keys.value("Exec"));
     entry.workingDirectory = unescaped(keys.value("Path"));
@@ -134,9 +123,8 @@ QStringList execArguments(const QString& exec)
     bool inWord = false;
     bool inQuotes = false;
     const auto finish = [&] {
-        if (inWord) {
+        if (inWord)
             words.append(word);
-        }
         word.clear();
         inWord = false;
     };
@@ -169,9 +157,8 @@ QString DesktopEntry::executable() const
 {
     for (const QString& word : execArguments(exec)) {
         QString base = QFileInfo(word).fileName();
-        if (base != u"env" && !word.contains(u'=')) {
+        if (base != u"env" && !word.contains(u'='))
             return base;
-        }
     }
     return {};
 }

@@ -11,6 +11,7 @@
 
 #include <cmath>
 
+#include "platform/StringLiterals.h"
 #include "platform/linux/PlainFile.h"
 
 namespace lumbrix::platform
@@ -19,9 +20,9 @@ namespace lumbrix::platform
 namespace
 {
 
-constexpr qint64 MaximalBytes = qint64{4} * 1024 * 1024;
+constexpr qint64 maximalBytes = qint64{4} * 1024 * 1024;
 /// Both ways. A file of a few kilobytes may unpack into a picture of gigabytes.
-constexpr int MaximalPixels = 2048;
+constexpr int maximalPixels = 2048;
 
 /// Those that carry pixels only. Others can name further files, and have a say when the size is
 /// asked for.
@@ -36,13 +37,11 @@ QImage pixelsIn(QByteArray bytes)
     buffer.open(QIODevice::ReadOnly);
     QImageReader reader(&buffer);
     reader.setAutoTransform(false);
-    if (!isPlainFormat(reader.format())) {
+    if (!isPlainFormat(reader.format()))
         return {};
-    }
     const QSize size = reader.size();
-    if (size.isEmpty() || size.width() > MaximalPixels || size.height() > MaximalPixels) {
+    if (size.isEmpty() || size.width() > maximalPixels || size.height() > maximalPixels)
         return {};
-    }
     return reader.read();
 }
 
@@ -55,22 +54,18 @@ bool namesOtherFiles(const QByteArray& drawing)
     while (!xml.atEnd()) {
         xml.readNext();
         if (xml.isProcessingInstruction() &&
-            xml.processingInstructionTarget() == QLatin1String("xml-stylesheet")) {
+            xml.processingInstructionTarget() == QLatin1String("xml-stylesheet"))
             return true;
-        }
-        if (!xml.isStartElement() || !xml.qualifiedName().endsWith(QLatin1String("image"))) {
+        if (!xml.isStartElement() || !xml.qualifiedName().endsWith(QLatin1String("image")))
             continue;
-        }
         for (const QXmlStreamAttribute& attribute : xml.attributes()) {
-            if (!attribute.qualifiedName().endsWith(QLatin1String("href"))) {
+            if (!attribute.qualifiedName().endsWith(QLatin1String("href")))
                 continue;
-            }
             const QStringView link = attribute.value();
             const QStringView data = link.mid(link.lastIndexOf(QLatin1String("base64,")) + 7);
             if (!link.startsWith(QLatin1String("data:")) ||
-                pixelsIn(QByteArray::fromBase64(data.toLatin1())).isNull()) {
+                pixelsIn(QByteArray::fromBase64(data.toLatin1())).isNull())
                 return true;
-            }
         }
     }
     return xml.hasError();
@@ -89,29 +84,25 @@ QImage picture(const QByteArray& bytes, int pixels)
 
 QImage readIconFile(const QString& path, int pixels)
 {
-    const QByteArray bytes = readPlainFile(path, MaximalBytes);
-    if (bytes.isEmpty() || pixels <= 0) {
+    const QByteArray bytes = readPlainFile(path, maximalBytes);
+    if (bytes.isEmpty() || pixels <= 0)
         return {};
-    }
     QImage icon(pixels, pixels, QImage::Format_ARGB32_Premultiplied);
     icon.fill(Qt::transparent);
     QPainter painter(&icon);
-    if (path.endsWith(QStringLiteral(".svg"))) {
-        if (namesOtherFiles(bytes)) {
+    if (path.endsWith(u".svg"_s)) {
+        if (namesOtherFiles(bytes))
             return {};
-        }
         QSvgRenderer drawing(bytes);
-        if (!drawing.isValid()) {
+        if (!drawing.isValid())
             return {};
-        }
         drawing.setAspectRatioMode(Qt::KeepAspectRatio);
         drawing.render(&painter, QRectF(icon.rect()));
         return icon;
     }
     const QImage image = picture(bytes, pixels);
-    if (image.isNull()) {
+    if (image.isNull())
         return {};
-    }
     painter.drawImage((pixels - image.width()) / 2, (pixels - image.height()) / 2, image);
     return icon;
 }

@@ -10,6 +10,7 @@
 #include <array>
 #include <limits>
 
+#include "platform/StringLiterals.h"
 #include "platform/linux/BaseFolders.h"
 #include "platform/linux/PlainFile.h"
 
@@ -19,8 +20,8 @@ namespace lumbrix::platform
 namespace
 {
 
-constexpr qint64 MaximalIndexSize = qint64{1024} * 1024;
-constexpr std::array Suffixes{"png", "svg", "xpm"};
+constexpr qint64 maximalIndexSize = qint64{1024} * 1024;
+constexpr std::array suffixes{"png", "svg", "xpm"};
 
 using Group = QHash<QByteArray, QByteArray>;
 
@@ -31,11 +32,10 @@ QHash<QByteArray, Group> groupsOf(const QByteArray& text)
     QByteArray name;
     for (const QByteArray& raw : text.split('\n')) {
         const QByteArray line = raw.trimmed();
-        if (line.startsWith('[') && line.endsWith(']')) {
+        if (line.startsWith('[') && line.endsWith(']'))
             name = line.mid(1, line.size() - 2);
-        } else if (const auto equals = line.indexOf('='); equals > 0 && !line.startsWith('#')) {
+        else if (const auto equals = line.indexOf('='); equals > 0 && !line.startsWith('#'))
             groups[name].insert(line.left(equals).trimmed(), line.mid(equals + 1).trimmed());
-        }
     }
     return groups;
 }
@@ -52,11 +52,10 @@ bool isPlainFile(const QString& path) { return QFileInfo(path).isFile(); }
 
 QString firstFile(const QString& pathWithoutSuffix)
 {
-    for (const char* suffix : Suffixes) {
+    for (const char* suffix : suffixes) {
         QString path = pathWithoutSuffix + u'.' + QLatin1String(suffix);
-        if (isPlainFile(path)) {
+        if (isPlainFile(path))
             return path;
-        }
     }
     return {};
 }
@@ -66,11 +65,11 @@ QString firstFile(const QString& pathWithoutSuffix)
 QStringList IconTheme::defaultFolders()
 {
     const QStringList bases = dataFolders();
-    QStringList folders{QDir::homePath() + QStringLiteral("/.icons")};
+    QStringList folders{QDir::homePath() + u"/.icons"_s};
     for (const QString& base : bases)
-        folders.append(base + QStringLiteral("/icons"));
+        folders.append(base + u"/icons"_s);
     for (const QString& base : bases.mid(1))
-        folders.append(base + QStringLiteral("/pixmaps"));
+        folders.append(base + u"/pixmaps"_s);
     return folders;
 }
 
@@ -81,36 +80,32 @@ IconTheme::IconTheme(QStringList folders, const QString& theme)
 
 int IconTheme::Directory::distanceTo(int pixels) const
 {
-    if (pixels < smallest) {
+    if (pixels < smallest)
         return smallest - pixels;
-    }
     // Enlarging looks worse than reducing.
     return pixels > largest ? 4 * (pixels - largest) : 0;
 }
 
 QString IconTheme::find(const QString& name, int pixels)
 {
-    if (name.contains(u'/')) {
+    if (name.contains(u'/'))
         return isPlainFile(name) ? name : QString();
-    }
     // Some entries name their icon with the suffix of one of its files.
     QString stem = name;
-    for (const char* suffix : Suffixes) {
+    for (const char* suffix : suffixes) {
         const QString end = u'.' + QLatin1String(suffix);
         if (stem.endsWith(end)) {
             stem.chop(end.size());
             break;
         }
     }
-    if (stem.isEmpty()) {
+    if (stem.isEmpty())
         return {};
-    }
     const std::lock_guard lock(m_mutex);
     for (const QString& each : searchOrder()) {
         QString path = findIn(each, theme(each), stem, pixels);
-        if (!path.isEmpty()) {
+        if (!path.isEmpty())
             return path;
-        }
     }
     return findLoose(stem);
 }
@@ -120,17 +115,13 @@ QStringList IconTheme::searchOrder()
     QStringList order{m_first};
     // Themes may build on each other in circles.
     for (qsizetype i = 0; i < order.size() && i < 32; ++i) {
-        for (const QString& parent : theme(order.at(i)).parents) {
-            if (!order.contains(parent)) {
+        for (const QString& parent : theme(order.at(i)).parents)
+            if (!order.contains(parent))
                 order.append(parent);
-            }
-        }
     }
-    for (const QString& common : {QStringLiteral("hicolor"), QStringLiteral("Adwaita")}) {
-        if (!order.contains(common)) {
+    for (const QString& common : {u"hicolor"_s, u"Adwaita"_s})
+        if (!order.contains(common))
             order.append(common);
-        }
-    }
     return order;
 }
 
@@ -144,27 +135,23 @@ const IconTheme::Theme& IconTheme::theme(const QString& name)
 IconTheme::Theme IconTheme::readTheme(const QString& name) const
 {
     Theme result;
-    if (name.isEmpty() || name.contains(u'/')) {
+    if (name.isEmpty() || name.contains(u'/'))
         return result;
-    }
     for (const QString& folder : m_folders) {
-        const QString path = folder + u'/' + name + QStringLiteral("/index.theme");
-        const QByteArray text = readPlainFile(path, MaximalIndexSize);
-        if (text.isEmpty()) {
+        const QString path = folder + u'/' + name + u"/index.theme"_s;
+        const QByteArray text = readPlainFile(path, maximalIndexSize);
+        if (text.isEmpty())
             continue;
-        }
         const auto groups = groupsOf(text);
         const Group main = groups.value("Icon Theme");
-        for (const QByteArray& parent : main.value("Inherits").split(',')) {
+        for (const QByteArray& parent : main.value("Inherits").split(','))
             result.parents.append(QString::fromUtf8(parent.trimmed()));
-        }
         result.parents.removeAll(QString());
         for (const QByteArray& raw : main.value("Directories").split(',')) {
             const QByteArray directory = raw.trimmed();
             const auto group = groups.constFind(directory);
-            if (group == groups.constEnd() || directory.contains("..")) {
+            if (group == groups.constEnd() || directory.contains(".."))
                 continue;
-            }
             const int scale = number(*group, "Scale", 1);
             const int size = number(*group, "Size", 48);
             const bool isScalable = group->value("Type") == "Scalable";
@@ -185,9 +172,8 @@ QString IconTheme::findIn(const QString& themeName, const Theme& theme, const QS
     int bestDistance = std::numeric_limits<int>::max();
     for (const Directory& directory : theme.directories) {
         const int distance = directory.distanceTo(pixels);
-        if (distance >= bestDistance) {
+        if (distance >= bestDistance)
             continue;
-        }
         for (const QString& folder : m_folders) {
             const QString path =
                 firstFile(folder + u'/' + themeName + u'/' + directory.path + u'/' + name);
@@ -205,9 +191,8 @@ QString IconTheme::findLoose(const QString& name) const
 {
     for (const QString& folder : m_folders) {
         QString path = firstFile(folder + u'/' + name);
-        if (!path.isEmpty()) {
+        if (!path.isEmpty())
             return path;
-        }
     }
     return {};
 }

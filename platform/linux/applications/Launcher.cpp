@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "platform/linux/applications/Launcher.h"
+#include "platform/StringLiterals.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>
@@ -18,9 +19,8 @@ bool start(const QString& program, const QStringList& arguments, const QString& 
 {
     const QString path =
         QDir::isAbsolutePath(program) ? program : QStandardPaths::findExecutable(program);
-    if (path.isEmpty() || !QFileInfo(path).isFile() || !QFileInfo(path).isExecutable()) {
+    if (path.isEmpty() || !QFileInfo(path).isFile() || !QFileInfo(path).isExecutable())
         return false;
-    }
     QProcess process;
     process.setProgram(path);
     process.setArguments(arguments);
@@ -36,12 +36,10 @@ bool start(const QString& program, const QStringList& arguments, const QString& 
 bool launchEntry(const DesktopEntry& entry)
 {
     QStringList words = execArguments(entry.exec);
-    if (words.isEmpty()) {
+    if (words.isEmpty())
         return false;
-    }
-    if (entry.terminal) {
-        words = QStringList{QStringLiteral("x-terminal-emulator"), QStringLiteral("-e")} + words;
-    }
+    if (entry.terminal)
+        words = QStringList{u"x-terminal-emulator"_s, u"-e"_s} + words;
     const QString program = words.takeFirst();
     return start(program, words, entry.workingDirectory);
 }
@@ -56,9 +54,8 @@ bool launchCommand(const QStringList& words)
 bool launchUrl(DesktopEntries& entries, const QUrl& url)
 {
     const QString path = url.toLocalFile();
-    if (!path.endsWith(QStringLiteral(".desktop"))) {
+    if (!path.endsWith(u".desktop"_s))
         return launchExecutable(path);
-    }
     const DesktopEntryPtr entry = entries.byPath(path);
     return entry && launchEntry(*entry);
 }
@@ -66,11 +63,9 @@ bool launchUrl(DesktopEntries& entries, const QUrl& url)
 bool launchByName(DesktopEntries& entries, const QString& name)
 {
     for (const DesktopEntryPtr& entry :
-         {entries.byName(name), entries.byId(name), entries.byExecutable(name)}) {
-        if (entry) {
+         {entries.byName(name), entries.byId(name), entries.byExecutable(name)})
+        if (entry)
             return launchEntry(*entry);
-        }
-    }
     return launchExecutable(name);
 }
 

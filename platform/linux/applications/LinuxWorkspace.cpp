@@ -37,11 +37,9 @@ public:
     {
         // An observer may end its own or another subscription.
         const auto entries = m_entries;
-        for (const auto& [id, entry] : entries) {
-            if (entry->notification == notification && m_entries.contains(id)) {
+        for (const auto& [id, entry] : entries)
+            if (entry->notification == notification && m_entries.contains(id))
                 entry->observer(pid);
-            }
-        }
     }
 
 private:
@@ -58,9 +56,8 @@ public:
     }
     ~Subscription() override
     {
-        if (const auto subscribers = m_subscribers.lock()) {
+        if (const auto subscribers = m_subscribers.lock())
             subscribers->remove(m_id);
-        }
     }
 
 private:
@@ -84,9 +81,8 @@ void LinuxWorkspace::tell(WorkspaceNotification notification, std::int32_t pid)
 {
     m_runLoop.performOnMainThread(
         [weak = std::weak_ptr(m_subscribers), notification, pid] {
-            if (const auto subscribers = weak.lock()) {
+            if (const auto subscribers = weak.lock())
                 subscribers->notify(notification, pid);
-            }
         },
         false);
 }
@@ -96,20 +92,17 @@ LinuxWorkspace::~LinuxWorkspace() { m_subscribers->removeAll(); }
 std::vector<RunningApplication> LinuxWorkspace::runningApplications()
 {
     std::vector<RunningApplication> result;
-    for (Application& application : m_registry.applications()) {
+    for (Application& application : m_registry.applications())
         result.push_back(std::move(application.running));
-    }
     return result;
 }
 
 std::vector<std::int32_t> LinuxWorkspace::launchedApplications()
 {
     std::vector<std::int32_t> result;
-    for (const Application& application : m_registry.applications()) {
-        if (application.isRegular) {
+    for (const Application& application : m_registry.applications())
+        if (application.isRegular)
             result.push_back(application.running.pid);
-        }
-    }
     return result;
 }
 
@@ -121,14 +114,11 @@ std::optional<RunningApplication> LinuxWorkspace::runningApplication(std::int32_
 
 ApplicationRole LinuxWorkspace::roleOfApplication(const QUrl& bundleURL)
 {
-    if (const DesktopEntryPtr entry = m_entries.byPath(bundleURL.toLocalFile())) {
+    if (const DesktopEntryPtr entry = m_entries.byPath(bundleURL.toLocalFile()))
         return roleOfEntry(*entry);
-    }
-    for (const Application& application : m_registry.applications()) {
-        if (application.running.bundleURL == bundleURL) {
+    for (const Application& application : m_registry.applications())
+        if (application.running.bundleURL == bundleURL)
             return application.running.role;
-        }
-    }
     return ApplicationRole::Other;
 }
 
@@ -136,14 +126,11 @@ QString LinuxWorkspace::ownBundleIdentifier() { return m_registry.own().bundleId
 
 QString LinuxWorkspace::applicationName(const QString& bundleIdentifier)
 {
-    if (const DesktopEntryPtr entry = m_entries.byId(bundleIdentifier)) {
+    if (const DesktopEntryPtr entry = m_entries.byId(bundleIdentifier))
         return entry->name;
-    }
-    for (const Application& application : m_registry.applications()) {
-        if (application.running.bundleIdentifier == bundleIdentifier) {
+    for (const Application& application : m_registry.applications())
+        if (application.running.bundleIdentifier == bundleIdentifier)
             return application.running.localizedName;
-        }
-    }
     // What has no desktop entry goes by its windows' class: a name after all.
     return bundleIdentifier;
 }
@@ -164,27 +151,23 @@ bool LinuxWorkspace::isHidden(std::int32_t pid)
 void LinuxWorkspace::hide(std::int32_t pid)
 {
     const auto application = m_registry.application(pid);
-    if (!application || application->isHidden) {
+    if (!application || application->isHidden)
         return;
-    }
     std::vector<xcb_window_t> shown;
     for (const xcb_window_t id : application->windows) {
         const x11::TrackedWindowPtr window = m_tracker.window(id);
-        if (window && !window->isIconic) {
+        if (window && !window->isIconic)
             shown.push_back(id);
-        }
     }
     m_registry.markHidden(pid, shown);
-    for (const xcb_window_t id : shown) {
+    for (const xcb_window_t id : shown)
         m_tracker.iconify(id);
-    }
 }
 
 void LinuxWorkspace::unhide(std::int32_t pid)
 {
-    for (const xcb_window_t id : m_registry.takeHidden(pid)) {
+    for (const xcb_window_t id : m_registry.takeHidden(pid))
         m_tracker.deiconify(id);
-    }
 }
 
 void LinuxWorkspace::activate(std::int32_t pid, std::uint32_t) { m_raiser.activate(pid); }
@@ -192,12 +175,10 @@ void LinuxWorkspace::activate(std::int32_t pid, std::uint32_t) { m_raiser.activa
 void LinuxWorkspace::terminate(std::int32_t pid)
 {
     const auto application = m_registry.application(pid);
-    if (!application || pid == m_registry.own().pid || pid == m_registry.dockPid()) {
+    if (!application || pid == m_registry.own().pid || pid == m_registry.dockPid())
         return; // neither may go away because a name resembles another's
-    }
-    for (const xcb_window_t id : application->windows) {
+    for (const xcb_window_t id : application->windows)
         m_tracker.close(id);
-    }
 }
 
 bool LinuxWorkspace::launchApplication(const QString& name)
@@ -210,30 +191,25 @@ bool LinuxWorkspace::launchApplicationAtURL(const QUrl& url, std::uint32_t)
     const auto applications = m_registry.applications();
     const auto running = [&](QUrl RunningApplication::*place) {
         std::vector<const Application*> found;
-        for (const Application& application : applications) {
-            if (!url.isEmpty() && application.running.*place == url) {
+        for (const Application& application : applications)
+            if (!url.isEmpty() && application.running.*place == url)
                 found.push_back(&application);
-            }
-        }
         return found;
     };
     auto meant = running(&RunningApplication::bundleURL);
-    if (meant.empty()) {
+    if (meant.empty())
         meant = running(&RunningApplication::executableURL);
-    }
     // An interpreter: any choice could bring another program forward.
-    if (meant.size() > 1) {
+    if (meant.size() > 1)
         return false;
-    }
     // Starting the program of one that runs would often start a second one, and for many a script
     // only its interpreter.
     if (!meant.empty() && !meant.front()->windows.empty()) {
         m_raiser.activate(meant.front()->running.pid);
         return true;
     }
-    if (launchUrl(m_entries, url)) {
+    if (launchUrl(m_entries, url))
         return true;
-    }
     // A running application without a desktop entry goes by a made-up URL.
     return !meant.empty() && !meant.front()->running.executableURL.isEmpty() &&
            launchExecutable(meant.front()->running.executableURL.toLocalFile());

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "platform/linux/applications/ProcessNames.h"
+#include "platform/StringLiterals.h"
 
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
@@ -18,9 +19,9 @@ namespace
 bool isInterpreter(const QString& program)
 {
     static const QRegularExpression pattern(
-        QStringLiteral("^(python|perl|ruby|node|java|javaw|mono|bash|dash|sh|zsh|gjs|gjs-console|"
-                       "lua|wish|tclsh|guile|electron|flatpak|bwrap|wine|wine64|"
-                       "wine-preloader|wine64-preloader)[-0-9.]*$"));
+        u"^(python|perl|ruby|node|java|javaw|mono|bash|dash|sh|zsh|gjs|gjs-console|"
+        "lua|wish|tclsh|guile|electron|flatpak|bwrap|wine|wine64|"
+        "wine-preloader|wine64-preloader)[-0-9.]*$"_s);
     return pattern.match(program).hasMatch();
 }
 
@@ -31,9 +32,8 @@ QStringList ProcessNames::programs() const
     QStringList result;
     const auto add = [&](const QString& path) {
         const QString base = QFileInfo(path).fileName();
-        if (!base.isEmpty() && !isInterpreter(base)) {
+        if (!base.isEmpty() && !isInterpreter(base))
             result.append(base);
-        }
     };
     if (!arguments.isEmpty()) {
         const QString first = QFileInfo(arguments.first()).fileName();
@@ -43,9 +43,8 @@ QStringList ProcessNames::programs() const
                 if (!word.startsWith(u'-')) {
                     add(word);
                     const QString bare = QFileInfo(word).completeBaseName();
-                    if (bare != QFileInfo(word).fileName()) {
+                    if (bare != QFileInfo(word).fileName())
                         add(bare);
-                    }
                     break;
                 }
             }
@@ -59,20 +58,17 @@ QStringList ProcessNames::programs() const
 ProcessNames readProcessNames(std::int32_t pid)
 {
     ProcessNames names;
-    if (pid <= 0) {
+    if (pid <= 0)
         return names;
-    }
-    const QString folder = QStringLiteral("/proc/%1/").arg(pid);
-    names.executablePath = QFile::symLinkTarget(folder + QStringLiteral("exe"));
-    if (names.executablePath.endsWith(QStringLiteral(" (deleted)"))) {
+    const QString folder = u"/proc/%1/"_s.arg(pid);
+    names.executablePath = QFile::symLinkTarget(folder + u"exe"_s);
+    if (names.executablePath.endsWith(u" (deleted)"_s))
         names.executablePath.chop(10); // replaced by an update while it runs
-    }
-    QFile file(folder + QStringLiteral("cmdline"));
+    QFile file(folder + u"cmdline"_s);
     if (file.open(QIODevice::ReadOnly)) {
         const QByteArrayList words = file.read(4096).split('\0');
-        for (const QByteArray& word : words.first(std::min<qsizetype>(words.size(), 8))) {
+        for (const QByteArray& word : words.first(std::min<qsizetype>(words.size(), 8)))
             names.arguments.append(QString::fromLocal8Bit(word));
-        }
     }
     return names;
 }

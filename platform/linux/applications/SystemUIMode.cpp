@@ -18,9 +18,8 @@ void SystemUIMode::windowChanged(const x11::TrackedWindowPtr& before,
 {
     if (before->isFullscreen != after->isFullscreen || before->isIconic != after->isIconic ||
         before->desktop != after->desktop ||
-        (after->isFullscreen && before->bounds != after->bounds)) {
+        (after->isFullscreen && before->bounds != after->bounds))
         update();
-    }
 }
 
 // A window that fills another screen leaves the dock where it is. One that is behind another is
@@ -28,14 +27,12 @@ void SystemUIMode::windowChanged(const x11::TrackedWindowPtr& before,
 // does a menu or a launcher that takes the focus from all windows.
 x11::TrackedWindowPtr SystemUIMode::windowInFront()
 {
-    if (const xcb_window_t active = m_tracker.activeWindow(); active != XCB_NONE) {
+    if (const xcb_window_t active = m_tracker.activeWindow(); active != XCB_NONE)
         m_lastActive = active;
-    }
     constexpr int maxChainLength = 8;
     x11::TrackedWindowPtr window = m_tracker.window(m_lastActive);
-    for (int i = 0; i < maxChainLength && window && !window->isFullscreen; ++i) {
+    for (int i = 0; i < maxChainLength && window && !window->isFullscreen; ++i)
         window = m_tracker.window(window->transientFor);
-    }
     return window;
 }
 
@@ -45,10 +42,9 @@ void SystemUIMode::update()
     const bool isFull = window && window->isFullscreen && !window->isIconic &&
                         (window->desktop < 0 || window->desktop == m_tracker.currentDesktop()) &&
                         window->bounds.contains(m_mainScreen());
-    const std::uint32_t mode = isFull ? AllHidden : 0;
-    if (m_mode.exchange(mode) != mode && m_changed) {
+    const std::uint32_t mode = isFull ? allHidden : 0;
+    if (m_mode.exchange(mode) != mode && m_changed)
         m_changed();
-    }
 }
 
 } // namespace lumbrix::platform

@@ -19,7 +19,7 @@ class SystemUIMode final : public x11::WindowListener
 {
 public:
     /// Full screen, in the numbers that a system gives its modes.
-    static constexpr std::uint32_t AllHidden = 3;
+    static constexpr std::uint32_t allHidden = 3;
 
     /// `mainScreen` is asked on the event thread; root pixels.
     SystemUIMode(x11::WindowTracker& tracker, std::function<QRect()> mainScreen);

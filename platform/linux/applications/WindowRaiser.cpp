@@ -11,7 +11,7 @@ namespace lumbrix::platform
 namespace
 {
 // Window managers answer within some milliseconds; a person does not click this fast.
-constexpr double UnderWay = 0.3;
+constexpr double underWay = 0.3;
 } // namespace
 
 WindowRaiser::WindowRaiser(x11::WindowTracker& tracker, ApplicationRegistry& registry, Clock clock)
@@ -21,26 +21,23 @@ WindowRaiser::WindowRaiser(x11::WindowTracker& tracker, ApplicationRegistry& reg
 
 bool WindowRaiser::isUnderWay(xcb_window_t window) const
 {
-    return m_raised == window && window != XCB_NONE && m_clock() - m_raisedAt < UnderWay;
+    return m_raised == window && window != XCB_NONE && m_clock() - m_raisedAt < underWay;
 }
 
 void WindowRaiser::raise(xcb_window_t window)
 {
     const x11::TrackedWindowPtr tracked = m_tracker.window(window);
-    if (!tracked) {
+    if (!tracked)
         return;
-    }
     {
         const std::lock_guard lock(m_mutex);
-        if (isUnderWay(window)) {
+        if (isUnderWay(window))
             return;
-        }
         m_raised = window;
         m_raisedAt = m_clock();
     }
-    if (tracked->isIconic) {
+    if (tracked->isIconic)
         m_tracker.deiconify(window);
-    }
     m_tracker.activate(window);
 }
 
@@ -56,23 +53,19 @@ void WindowRaiser::activate(std::int32_t pid)
     }
     // What was just raised is about to become active, whatever is active now.
     const xcb_window_t active = raised != XCB_NONE ? raised : m_tracker.activeWindow();
-    if (owns(m_tracker.window(active))) {
+    if (owns(m_tracker.window(active)))
         return;
-    }
     const int desktop = m_tracker.currentDesktop();
     const auto distance = [desktop](const x11::TrackedWindow& window) {
         const bool isHere = window.desktop < 0 || window.desktop == desktop;
         return (window.isIconic ? 2 : 0) + (isHere ? 0 : 1);
     };
     x11::TrackedWindowPtr best;
-    for (const x11::TrackedWindowPtr& window : m_tracker.windows()) {
-        if (owns(window) && (!best || distance(*window) < distance(*best))) {
+    for (const x11::TrackedWindowPtr& window : m_tracker.windows())
+        if (owns(window) && (!best || distance(*window) < distance(*best)))
             best = window;
-        }
-    }
-    if (best) {
+    if (best)
         raise(best->id);
-    }
 }
 
 } // namespace lumbrix::platform

@@ -34,13 +34,11 @@ bool isUsable(const icaltimetype& time)
 Written written(icaltimetype time, icalproperty* property, ZoneTable& zones)
 {
     Written result{time, &zones.local()};
-    if (icaltime_is_utc(time)) {
+    if (icaltime_is_utc(time))
         result.zone = &zones.utc();
-    } else if (icalparameter* tzid =
-                   icalproperty_get_first_parameter(property, ICAL_TZID_PARAMETER);
-               tzid && !time.is_date) {
+    else if (icalparameter* tzid = icalproperty_get_first_parameter(property, ICAL_TZID_PARAMETER);
+             tzid && !time.is_date)
         result.zone = &zones.zone(icalparameter_get_tzid(tzid));
-    }
     result.wall.zone = nullptr;
     return result;
 }

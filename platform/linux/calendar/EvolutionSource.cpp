@@ -5,6 +5,7 @@
 
 #include <memory>
 
+#include "platform/StringLiterals.h"
 #include "platform/linux/calendar/CalendarColor.h"
 
 // The toolkit's name for emitting is one of a structure's members here.
@@ -35,8 +36,8 @@ QString localFile(const QString& uid, const QString& dataFolder)
     if (uid.isEmpty() || uid.startsWith(u'.') || uid.contains(u'/'))
         return {};
     // The calendar that everyone has from the start.
-    const QString folder = uid == u"system-calendar"_qs ? u"system"_qs : uid;
-    return dataFolder + u"/calendar/"_qs + folder + u"/calendar.ics"_qs;
+    const QString folder = uid == u"system-calendar"_s ? u"system"_s : uid;
+    return dataFolder + u"/calendar/"_s + folder + u"/calendar.ics"_s;
 }
 
 } // namespace
@@ -50,7 +51,7 @@ std::optional<EvolutionSource> EvolutionSource::parse(const QString& uid, const 
     if (!g_key_file_load_from_data(file.get(), keyFile.constData(),
                                    static_cast<gsize>(keyFile.size()), G_KEY_FILE_NONE, nullptr) ||
         !g_key_file_has_group(file.get(), calendarGroup) ||
-        value(file, sourceGroup, "Enabled") == u"false"_qs)
+        value(file, sourceGroup, "Enabled") == u"false"_s)
         return std::nullopt;
     EvolutionSource source;
     source.uid = uid;
@@ -59,7 +60,7 @@ std::optional<EvolutionSource> EvolutionSource::parse(const QString& uid, const 
     const QString backend = value(file, calendarGroup, "BackendName");
     if (backend.isEmpty())
         return std::nullopt; // a kind of calendars rather than one
-    if (backend == u"local"_qs) {
+    if (backend == u"local"_s) {
         const QString custom = value(file, "Local Backend", "CustomFile");
         source.file = custom.isEmpty() ? localFile(uid, dataFolder) : custom;
     }

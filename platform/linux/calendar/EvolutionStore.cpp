@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/StringLiterals.h"
 #include "platform/linux/calendar/EvolutionObject.h"
 
 namespace lumbrix::platform
@@ -18,11 +19,11 @@ namespace lumbrix::platform
 namespace
 {
 
-const QString sourceService = QStringLiteral("org.gnome.evolution.dataserver.Sources5");
-const QString sourceInterface = QStringLiteral("org.gnome.evolution.dataserver.Source");
-const QString factoryService = QStringLiteral("org.gnome.evolution.dataserver.Calendar8");
-const QString factoryInterface = QStringLiteral("org.gnome.evolution.dataserver.CalendarFactory");
-const QString calendarInterface = QStringLiteral("org.gnome.evolution.dataserver.Calendar");
+const QString sourceService = u"org.gnome.evolution.dataserver.Sources5"_s;
+const QString sourceInterface = u"org.gnome.evolution.dataserver.Source"_s;
+const QString factoryService = u"org.gnome.evolution.dataserver.Calendar8"_s;
+const QString factoryInterface = u"org.gnome.evolution.dataserver.CalendarFactory"_s;
+const QString calendarInterface = u"org.gnome.evolution.dataserver.Calendar"_s;
 
 /// A calendar on a server that is not reached takes the longest.
 constexpr Seconds answerTimeout = 4;
@@ -46,9 +47,9 @@ std::vector<EvolutionCalendar> calendarsIn(const QDBusMessage& reply)
     argument >> objects;
     for (const auto& interfaces : std::as_const(objects)) {
         const QVariantMap properties = interfaces.value(sourceInterface);
-        const auto source = EvolutionSource::parse(
-            properties.value(QStringLiteral("UID")).toString(),
-            properties.value(QStringLiteral("Data")).toString().toUtf8(), {});
+        const auto source =
+            EvolutionSource::parse(properties.value(u"UID"_s).toString(),
+                                   properties.value(u"Data"_s).toString().toUtf8(), {});
         if (source && calendars.size() < maxCalendars)
             calendars.push_back({*source, {}});
     }
@@ -60,8 +61,7 @@ std::vector<EvolutionCalendar> calendarsIn(const QDBusMessage& reply)
 
 QString inUtc(ical::Instant instant)
 {
-    return QDateTime::fromMSecsSinceEpoch(instant, Qt::UTC)
-        .toString(QStringLiteral("yyyyMMddThhmmssZ"));
+    return QDateTime::fromMSecsSinceEpoch(instant, Qt::UTC).toString(u"yyyyMMddThhmmssZ"_s);
 }
 
 } // namespace
@@ -85,8 +85,8 @@ void EvolutionStore::fetch(ical::Instant start, ical::Instant end, Done done)
 {
     const auto job = std::make_shared<Job>();
     job->done = std::move(done);
-    job->query = QStringLiteral("(occur-in-time-range? (make-time \"%1\") (make-time \"%2\"))")
-                     .arg(inUtc(start), inUtc(end));
+    job->query = u"(occur-in-time-range? (make-time \"%1\") (make-time \"%2\"))"_s.arg(inUtc(start),
+                                                                                       inUtc(end));
     if (!m_bus.isConnected()) {
         m_runLoop.performAfterDelay(this, 0, [this, job] { finish(job); });
         return;
@@ -95,9 +95,9 @@ void EvolutionStore::fetch(ical::Instant start, ical::Instant end, Done done)
         job->answer.isComplete = false;
         finish(job);
     });
-    QDBusMessage message = QDBusMessage::createMethodCall(
-        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
-        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("NameHasOwner"));
+    QDBusMessage message =
+        QDBusMessage::createMethodCall(u"org.freedesktop.DBus"_s, u"/org/freedesktop/DBus"_s,
+                                       u"org.freedesktop.DBus"_s, u"NameHasOwner"_s);
     message << sourceService;
     call(job, message, [this, job](const QDBusMessage& reply) {
         job->answer.isRunning = isAnswer(reply, "b") && reply.arguments().constFirst().toBool();
@@ -122,8 +122,8 @@ void EvolutionStore::call(const JobPtr& job, const QDBusMessage& message, Reply 
 void EvolutionStore::listCalendars(const JobPtr& job)
 {
     QDBusMessage message = QDBusMessage::createMethodCall(
-        sourceService, QStringLiteral("/org/gnome/evolution/dataserver/SourceManager"),
-        QStringLiteral("org.freedesktop.DBus.ObjectManager"), QStringLiteral("GetManagedObjects"));
+        sourceService, u"/org/gnome/evolution/dataserver/SourceManager"_s,
+        u"org.freedesktop.DBus.ObjectManager"_s, u"GetManagedObjects"_s);
     message.setAutoStartService(false);
     call(job, message, [this, job](const QDBusMessage& reply) {
         if (isAnswer(reply, "a{oa{sa{sv}}}"))
@@ -142,8 +142,8 @@ void EvolutionStore::openCalendar(const JobPtr& job, std::size_t index)
 {
     // The part that has the calendars starts when it is needed, and ends by itself.
     QDBusMessage message = QDBusMessage::createMethodCall(
-        factoryService, QStringLiteral("/org/gnome/evolution/dataserver/CalendarFactory"),
-        factoryInterface, QStringLiteral("OpenCalendar"));
+        factoryService, u"/org/gnome/evolution/dataserver/CalendarFactory"_s, factoryInterface,
+        u"OpenCalendar"_s);
     message << job->answer.calendars[index].source.uid;
     call(job, message, [this, job, index](const QDBusMessage& reply) {
         if (!isAnswer(reply, "ss")) {
@@ -152,9 +152,7 @@ void EvolutionStore::openCalendar(const JobPtr& job, std::size_t index)
         }
         const QString path = reply.arguments().at(0).toString();
         const QString service = reply.arguments().at(1).toString();
-        call(job,
-             QDBusMessage::createMethodCall(service, path, calendarInterface,
-                                            QStringLiteral("Open")),
+        call(job, QDBusMessage::createMethodCall(service, path, calendarInterface, u"Open"_s),
              [this, job, index, service, path](const QDBusMessage& opened) {
                  if (opened.type() == QDBusMessage::ReplyMessage)
                      readCalendar(job, index, service, path);
@@ -167,8 +165,8 @@ void EvolutionStore::openCalendar(const JobPtr& job, std::size_t index)
 void EvolutionStore::readCalendar(const JobPtr& job, std::size_t index, const QString& service,
                                   const QString& path)
 {
-    QDBusMessage message = QDBusMessage::createMethodCall(service, path, calendarInterface,
-                                                          QStringLiteral("GetObjectList"));
+    QDBusMessage message =
+        QDBusMessage::createMethodCall(service, path, calendarInterface, u"GetObjectList"_s);
     message << job->query;
     call(job, message, [this, job, index, service, path](const QDBusMessage& reply) {
         if (isAnswer(reply, "as"))
@@ -197,15 +195,14 @@ void EvolutionStore::readObjects(const JobPtr& job, std::size_t index, const QSt
     recurring.removeDuplicates();
     const auto missing = std::make_shared<qsizetype>(recurring.size());
     const auto close = [this, job, service, path] {
-        m_bus.send(QDBusMessage::createMethodCall(service, path, calendarInterface,
-                                                  QStringLiteral("Close")));
+        m_bus.send(QDBusMessage::createMethodCall(service, path, calendarInterface, u"Close"_s));
         calendarDone(job, true);
     };
     if (recurring.isEmpty())
         close();
     for (const QString& uid : std::as_const(recurring)) {
-        QDBusMessage message = QDBusMessage::createMethodCall(service, path, calendarInterface,
-                                                              QStringLiteral("GetObject"));
+        QDBusMessage message =
+            QDBusMessage::createMethodCall(service, path, calendarInterface, u"GetObject"_s);
         message << uid << QString();
         call(job, message, [job, index, missing, close](const QDBusMessage& reply) {
             QByteArray& known = job->answer.calendars[index].text;

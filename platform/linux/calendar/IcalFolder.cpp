@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/StringLiterals.h"
 #include "platform/linux/PlainFile.h"
 #include "platform/linux/calendar/CalendarColor.h"
 #include "platform/linux/calendar/EvolutionSource.h"
@@ -36,7 +37,7 @@ QString noteIn(const QString& path)
 QStringList icalFiles(const QDir& folder)
 {
     const QStringList names =
-        folder.entryList({u"*.ics"_qs}, QDir::Files | QDir::Readable, QDir::Name)
+        folder.entryList({u"*.ics"_s}, QDir::Files | QDir::Readable, QDir::Name)
             .mid(0, maxFilesInFolder);
     QStringList paths;
     for (const QString& name : names)
@@ -51,11 +52,11 @@ IcalFolderPaths IcalFolderPaths::defaults()
     const auto in = [](QStandardPaths::StandardLocation location, const QString& path) {
         return QStandardPaths::writableLocation(location) + path;
     };
-    return {in(QStandardPaths::GenericDataLocation, u"/lumbrix/calendars"_qs),
-            in(QStandardPaths::GenericDataLocation, u"/orage/orage.ics"_qs),
-            in(QStandardPaths::GenericDataLocation, u"/evolution"_qs),
-            {in(QStandardPaths::GenericConfigLocation, u"/evolution/sources"_qs),
-             in(QStandardPaths::GenericCacheLocation, u"/evolution/sources"_qs)}};
+    return {in(QStandardPaths::GenericDataLocation, u"/lumbrix/calendars"_s),
+            in(QStandardPaths::GenericDataLocation, u"/orage/orage.ics"_s),
+            in(QStandardPaths::GenericDataLocation, u"/evolution"_s),
+            {in(QStandardPaths::GenericConfigLocation, u"/evolution/sources"_s),
+             in(QStandardPaths::GenericCacheLocation, u"/evolution/sources"_s)}};
 }
 
 IcalFolder::IcalFolder(IcalFolderPaths paths) : m_paths(std::move(paths)) {}
@@ -70,7 +71,7 @@ std::vector<IcalFolder::Source> IcalFolder::ownSources() const
     for (const QFileInfo& entry : entries.mid(0, maxCalendars)) {
         if (entry.isDir())
             addOwnFolder(sources, entry.filePath());
-        else if (entry.suffix().compare(u"ics"_qs, Qt::CaseInsensitive) == 0)
+        else if (entry.suffix().compare(u"ics"_s, Qt::CaseInsensitive) == 0)
             sources.push_back({QUrl::fromLocalFile(entry.filePath()).toString(),
                                entry.completeBaseName(),
                                false,
@@ -78,7 +79,7 @@ std::vector<IcalFolder::Source> IcalFolder::ownSources() const
                                {entry.filePath()}});
     }
     if (QFileInfo(m_paths.orage).isFile())
-        sources.push_back({u"orage"_qs, u"Orage"_qs, false, {}, {m_paths.orage}});
+        sources.push_back({u"orage"_s, u"Orage"_s, false, {}, {m_paths.orage}});
     return sources;
 }
 
@@ -87,13 +88,13 @@ std::vector<IcalFolder::Source> IcalFolder::ownSources() const
 void IcalFolder::addOwnFolder(std::vector<Source>& sources, const QString& path) const
 {
     const QDir folder(path);
-    const QString name = noteIn(folder.filePath(u"displayname"_qs));
+    const QString name = noteIn(folder.filePath(u"displayname"_s));
     const QStringList files = icalFiles(folder);
     if (files.isEmpty() && name.isEmpty())
         return;
     sources.push_back({QUrl::fromLocalFile(path).toString(),
                        name.isEmpty() ? folder.dirName() : name, true,
-                       colorFromText(noteIn(folder.filePath(u"color"_qs))), files, true});
+                       colorFromText(noteIn(folder.filePath(u"color"_s))), files, true});
 }
 
 std::vector<IcalFolder::Source> IcalFolder::evolutionSources() const
@@ -102,7 +103,7 @@ std::vector<IcalFolder::Source> IcalFolder::evolutionSources() const
     for (const QString& path : m_paths.evolutionSources) {
         const QDir folder(path);
         const QFileInfoList entries =
-            folder.entryInfoList({u"*.source"_qs}, QDir::Files | QDir::Readable, QDir::Name);
+            folder.entryInfoList({u"*.source"_s}, QDir::Files | QDir::Readable, QDir::Name);
         for (const QFileInfo& entry : entries.mid(0, maxCalendars)) {
             const auto source = EvolutionSource::parse(entry.completeBaseName(),
                                                        readPlainFile(entry.filePath(), maxNoteSize),
@@ -122,8 +123,8 @@ std::vector<IcalFolder::Source> IcalFolder::evolutionSources() const
 /// The calendar that everyone has from the start is recorded on disk only once it was changed.
 void IcalFolder::addSystemCalendar(std::vector<Source>& sources) const
 {
-    const QString uid = u"system-calendar"_qs;
-    const QString file = m_paths.evolutionData + u"/calendar/system/calendar.ics"_qs;
+    const QString uid = u"system-calendar"_s;
+    const QString file = m_paths.evolutionData + u"/calendar/system/calendar.ics"_s;
     const bool isTold = std::any_of(sources.begin(), sources.end(),
                                     [&uid](const Source& source) { return source.uid == uid; });
     if (!isTold && QFileInfo(file).isFile())

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 
+#include "platform/StringLiterals.h"
 #include "platform/linux/calendar/CalendarColor.h"
 
 namespace lumbrix::platform::ical
@@ -123,10 +124,10 @@ private:
 
     static QString plain(QString text)
     {
-        return text.replace(u"\\,"_qs, u","_qs)
-            .replace(u"\\;"_qs, u";"_qs)
-            .replace(u"\\n"_qs, u" "_qs, Qt::CaseInsensitive)
-            .replace(u"\\\\"_qs, u"\\"_qs)
+        return text.replace(u"\\,"_s, u","_s)
+            .replace(u"\\;"_s, u";"_s)
+            .replace(u"\\n"_s, u" "_s, Qt::CaseInsensitive)
+            .replace(u"\\\\"_s, u"\\"_s)
             .trimmed();
     }
 

@@ -6,6 +6,7 @@
 #include <QtCore/QDateTime>
 #include <QtCore/QFileInfo>
 
+#include "platform/StringLiterals.h"
 #include "platform/linux/calendar/IcalHandles.h"
 
 namespace lumbrix::platform::ical
@@ -71,7 +72,7 @@ private:
 bool isSystemZone(const QByteArray& id)
 {
     return QTimeZone::isTimeZoneIdAvailable(id) ||
-           QFileInfo(u"/usr/share/zoneinfo/"_qs + QString::fromUtf8(id)).isFile();
+           QFileInfo(u"/usr/share/zoneinfo/"_s + QString::fromUtf8(id)).isFile();
 }
 
 /// Programs put names of their own before the usual one: "/example.org/2019/Europe/Berlin". Null

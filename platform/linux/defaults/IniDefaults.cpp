@@ -12,6 +12,7 @@
 #include <sys/stat.h>
 #include <utility>
 
+#include "platform/StringLiterals.h"
 #include "platform/linux/BaseFolders.h"
 #include "platform/linux/defaults/IniValue.h"
 #include "platform/linux/defaults/ReplaceFile.h"
@@ -23,15 +24,12 @@ namespace
 {
 // A settings file is a few kilobytes. What is larger has been damaged, and is looked at no further
 // than this, so that it costs neither time nor memory ...
-constexpr qsizetype ParsedSize = qsizetype{256} * 1024;
+constexpr qsizetype parsedSize = qsizetype{256} * 1024;
 // ... and left alone altogether when it could not even be copied.
-constexpr qint64 MaximalSize = qint64{64} * 1024 * 1024;
+constexpr qint64 maximalSize = qint64{64} * 1024 * 1024;
 } // namespace
 
-QString IniDefaults::defaultPath()
-{
-    return configHome() + QStringLiteral("/lumbrix/lumbrix.conf");
-}
+QString IniDefaults::defaultPath() { return configHome() + u"/lumbrix/lumbrix.conf"_s; }
 
 IniDefaults::IniDefaults(QString path) : m_path(std::move(path)) { load(); }
 
@@ -60,13 +58,11 @@ bool IniDefaults::boolForKey(const QString& key) const
 
 std::optional<QVariantMap> IniDefaults::dictionaryForKey(const QString& key) const
 {
-    if (key == IniFile::generalSection() || !m_file.hasSection(key)) {
+    if (key == IniFile::generalSection() || !m_file.hasSection(key))
         return std::nullopt;
-    }
     QVariantMap result;
-    for (const auto& [name, text] : m_file.entries(key)) {
+    for (const auto& [name, text] : m_file.entries(key))
         result.insert(name, inivalue::decode(text));
-    }
     return result;
 }
 
@@ -116,9 +112,8 @@ void IniDefaults::removeObjectForKey(const QString& key) { change(key, {}); }
 
 void IniDefaults::change(const QString& key, Change change)
 {
-    if (key.isEmpty() || (change.dictionary && key == IniFile::generalSection())) {
+    if (key.isEmpty() || (change.dictionary && key == IniFile::generalSection()))
         return;
-    }
     apply(m_file, key, change);
     m_unsaved.insert_or_assign(key, std::move(change));
 }
@@ -128,14 +123,12 @@ void IniDefaults::change(const QString& key, Change change)
 void IniDefaults::apply(IniFile& file, const QString& key, const Change& change)
 {
     const QString general = IniFile::generalSection();
-    if (change.scalar) {
+    if (change.scalar)
         file.setValue(general, key, *change.scalar);
-    } else {
+    else
         file.removeValue(general, key);
-    }
-    if (key == general) {
+    if (key == general)
         return;
-    }
     if (!change.dictionary) {
         file.removeSection(key);
         return;
@@ -143,15 +136,13 @@ void IniDefaults::apply(IniFile& file, const QString& key, const Change& change)
     file.keepValues(key, [&](const QString& name) { return change.dictionary->contains(name); });
     file.ensureSection(key);
     QHash<QString, QByteArray> written; // there may be thousands
-    for (const auto& [name, text] : file.entries(key)) {
+    for (const auto& [name, text] : file.entries(key))
         written.insert(name, text);
-    }
     for (auto it = change.dictionary->cbegin(); it != change.dictionary->cend(); ++it) {
         // What is the same stays as it is written, bytes that no text can stand for included.
         const auto present = written.constFind(it.key());
-        if (present == written.cend() || inivalue::decode(*present) != it.value()) {
+        if (present == written.cend() || inivalue::decode(*present) != it.value())
             file.setValue(key, it.key(), inivalue::encode(it.value()));
-        }
     }
 }
 
@@ -159,9 +150,8 @@ IniDefaults::Stamp IniDefaults::stampOfFile() const
 {
     struct stat status {
     };
-    if (::stat(QFile::encodeName(m_path).constData(), &status) != 0) {
+    if (::stat(QFile::encodeName(m_path).constData(), &status) != 0)
         return {};
-    }
     return {.exists = true,
             .seconds = status.st_mtim.tv_sec,
             .nanoseconds = status.st_mtim.tv_nsec,
@@ -177,17 +167,16 @@ bool IniDefaults::load()
     if (m_stamp.exists) {
         QFile file(m_path);
         QString fault;
-        if (m_stamp.size > MaximalSize) {
-            fault = QStringLiteral("it is too large");
+        if (m_stamp.size > maximalSize) {
+            fault = u"it is too large"_s;
         } else if (!QFileInfo(m_path).isFile()) {
-            fault = QStringLiteral("it is no file");
+            fault = u"it is no file"_s;
         } else if (!file.open(QIODevice::ReadOnly)) {
             fault = file.errorString();
         } else {
-            bytes = file.read(MaximalSize);
-            if (file.error() != QFile::NoError) {
+            bytes = file.read(maximalSize);
+            if (file.error() != QFile::NoError)
                 fault = file.errorString();
-            }
         }
         m_readable = fault.isEmpty();
         if (!m_readable) {
@@ -196,28 +185,23 @@ bool IniDefaults::load()
         }
     }
     m_bytesOnDisk = bytes;
-    m_file = IniFile(bytes, ParsedSize);
-    for (const auto& [key, change] : m_unsaved) {
+    m_file = IniFile(bytes, parsedSize);
+    for (const auto& [key, change] : m_unsaved)
         apply(m_file, key, change);
-    }
     return true;
 }
 
 bool IniDefaults::synchronize()
 {
-    if (!m_readable || stampOfFile() != m_stamp) {
+    if (!m_readable || stampOfFile() != m_stamp)
         load();
-    }
-    if (m_unsaved.empty()) {
+    if (m_unsaved.empty())
         return m_readable;
-    }
-    if (!m_readable) {
+    if (!m_readable)
         return false; // replacing it would lose what it holds
-    }
     const QByteArray bytes = m_file.toBytes();
-    if (bytes != m_bytesOnDisk && !write(bytes)) {
+    if (bytes != m_bytesOnDisk && !write(bytes))
         return false;
-    }
     m_unsaved.clear();
     m_hasTold = false;
     return true;

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 
+#include "platform/StringLiterals.h"
 #include "platform/linux/defaults/IniValue.h"
 
 namespace lumbrix::platform
@@ -16,13 +17,11 @@ namespace
 // The place of the equals sign that is not part of the key; −1 when there is none.
 qsizetype separator(const QByteArray& text)
 {
-    for (qsizetype i = 0; i < text.size(); ++i) {
-        if (text[i] == '\\') {
+    for (qsizetype i = 0; i < text.size(); ++i)
+        if (text[i] == '\\')
             ++i;
-        } else if (text[i] == '=') {
+        else if (text[i] == '=')
             return i;
-        }
-    }
     return -1;
 }
 
@@ -30,9 +29,8 @@ qsizetype separator(const QByteArray& text)
 qsizetype startOfValue(const QByteArray& raw)
 {
     qsizetype start = separator(raw) + 1;
-    while (start < raw.size() && (raw[start] == ' ' || raw[start] == '\t')) {
+    while (start < raw.size() && (raw[start] == ' ' || raw[start] == '\t'))
         ++start;
-    }
     return start;
 }
 
@@ -48,7 +46,7 @@ QByteArray lineEndOf(const QByteArray& raw)
 
 } // namespace
 
-QString IniFile::generalSection() { return QStringLiteral("General"); }
+QString IniFile::generalSection() { return u"General"_s; }
 
 IniFile::IniFile(const QByteArray& bytes, qsizetype parsedSize)
 {
@@ -75,13 +73,11 @@ IniFile::Line IniFile::parseLine(const QByteArray& raw, const QString& section)
 {
     Line line{.raw = raw, .section = section};
     QByteArray text = raw;
-    if (text.startsWith("\xEF\xBB\xBF")) {
+    if (text.startsWith("\xEF\xBB\xBF"))
         text.remove(0, 3);
-    }
     text = text.trimmed();
-    if (text.isEmpty() || text.startsWith('#') || text.startsWith(';')) {
+    if (text.isEmpty() || text.startsWith('#') || text.startsWith(';'))
         return line;
-    }
     if (text.startsWith('[')) {
         if (text.endsWith(']') && text.size() > 2) {
             line.kind = Kind::Section;
@@ -101,12 +97,10 @@ IniFile::Line IniFile::parseLine(const QByteArray& raw, const QString& section)
 QByteArray IniFile::toBytes() const
 {
     QByteArray bytes;
-    for (const Line& line : m_lines) {
+    for (const Line& line : m_lines)
         bytes += line.raw;
-    }
-    if (!m_tail.isEmpty() && lastSection() != m_tailSection) {
+    if (!m_tail.isEmpty() && lastSection() != m_tailSection)
         bytes += '[' + inivalue::encodeName(m_tailSection) + "]\n";
-    }
     return bytes + m_tail;
 }
 
@@ -124,22 +118,18 @@ bool IniFile::isEntry(const Line& line, const QString& section, const QString& k
 
 std::optional<QByteArray> IniFile::value(const QString& section, const QString& key) const
 {
-    for (auto line = m_lines.rbegin(); line != m_lines.rend(); ++line) {
-        if (isEntry(*line, section, key)) {
+    for (auto line = m_lines.rbegin(); line != m_lines.rend(); ++line)
+        if (isEntry(*line, section, key))
             return line->value;
-        }
-    }
     return std::nullopt;
 }
 
 std::vector<IniFile::Entry> IniFile::entries(const QString& section) const
 {
     std::vector<Entry> result;
-    for (const Line& line : m_lines) {
-        if (line.kind == Kind::Entry && line.section == section) {
+    for (const Line& line : m_lines)
+        if (line.kind == Kind::Entry && line.section == section)
             result.emplace_back(line.key, line.value);
-        }
-    }
     return result;
 }
 
@@ -185,9 +175,8 @@ void IniFile::setValue(const QString& section, const QString& key, const QByteAr
     if (point > 0) {
         Line& before = m_lines[point - 1];
         lineEnd = lineEndOf(before.raw);
-        if (!before.raw.endsWith('\n')) {
+        if (!before.raw.endsWith('\n'))
             before.raw += '\n';
-        }
     }
     m_lines.insert(m_lines.begin() + static_cast<std::ptrdiff_t>(point),
                    Line{.kind = Kind::Entry,
@@ -213,9 +202,8 @@ void IniFile::keepValues(const QString& section,
 void IniFile::ensureSection(const QString& section)
 {
     const bool isGeneral = section == generalSection();
-    if (hasSection(section) || (isGeneral && !entries(section).empty())) {
+    if (hasSection(section) || (isGeneral && !entries(section).empty()))
         return;
-    }
     const auto header = [](const QString& name) {
         return Line{.kind = Kind::Section,
                     .raw = '[' + inivalue::encodeName(name) + "]\n",
@@ -223,9 +211,8 @@ void IniFile::ensureSection(const QString& section)
     };
     if (!m_tail.isEmpty()) {
         const bool startsGeneral = !m_lines.empty() && m_lines.front().kind != Kind::Section;
-        if (startsGeneral && !isGeneral) {
+        if (startsGeneral && !isGeneral)
             m_lines.insert(m_lines.begin(), header(generalSection()));
-        }
         m_lines.insert(m_lines.begin(), header(section));
         return;
     }
@@ -233,24 +220,20 @@ void IniFile::ensureSection(const QString& section)
         // Behind the comments that open the file, before the first other section.
         const auto first = std::ranges::find_if(
             m_lines, [](const Line& line) { return line.kind == Kind::Section; });
-        if (first != m_lines.begin() && !(first - 1)->raw.endsWith('\n')) {
+        if (first != m_lines.begin() && !(first - 1)->raw.endsWith('\n'))
             (first - 1)->raw += '\n';
-        }
         const bool more = first != m_lines.end();
         const auto placed = m_lines.insert(first, header(section));
-        if (more) {
+        if (more)
             m_lines.insert(placed + 1, Line{.raw = "\n", .section = section});
-        }
         return;
     }
     if (!m_lines.empty()) {
         Line& last = m_lines.back();
-        if (!last.raw.endsWith('\n')) {
+        if (!last.raw.endsWith('\n'))
             last.raw += '\n';
-        }
-        if (!last.raw.trimmed().isEmpty()) {
+        if (!last.raw.trimmed().isEmpty())
             m_lines.push_back(Line{.raw = "\n", .section = last.section});
-        }
     }
     m_lines.push_back(header(section));
 }
@@ -262,9 +245,8 @@ void IniFile::removeSection(const QString& section)
         return line.section == section && line.kind != Kind::Other;
     });
     for (Line& line : m_lines) {
-        if (line.kind == Kind::Section) {
+        if (line.kind == Kind::Section)
             present = line.section;
-        }
         line.section = present;
     }
 }

@@ -106,9 +106,8 @@ std::optional<double> toReal(const QByteArray& text)
 std::optional<bool> toTruthWord(const QByteArray& text)
 {
     const QByteArray word = text.toLower();
-    if (word == "true") {
+    if (word == "true")
         return true;
-    }
     return word == "false" ? std::optional(false) : std::nullopt;
 }
 
@@ -125,12 +124,10 @@ QByteArray encodeString(const QString& value)
 QByteArray encodeName(const QString& name)
 {
     QByteArray text = escape(name.toUtf8(), "=[]#;");
-    if (text.startsWith(' ')) {
+    if (text.startsWith(' '))
         text.replace(0, 1, "\\s");
-    }
-    if (text.endsWith(' ')) {
+    if (text.endsWith(' '))
         text.replace(text.size() - 1, 1, "\\s");
-    }
     return text;
 }
 
@@ -170,21 +167,16 @@ QVariant decode(const QByteArray& text)
 {
     bool isInteger = false;
     const qlonglong integer = text.toLongLong(&isInteger);
-    if (isInteger) {
+    if (isInteger)
         return integer;
-    }
-    if (const auto real = toReal(text)) {
+    if (const auto real = toReal(text))
         return *real;
-    }
-    if (const auto truth = toTruthWord(text)) {
+    if (const auto truth = toTruthWord(text))
         return *truth;
-    }
-    if (const auto data = toData(text)) {
+    if (const auto data = toData(text))
         return *data;
-    }
-    if (hasWrapper(text, "@list(")) {
+    if (hasWrapper(text, "@list("))
         return toArray(unwrapped(text, "@list(")).value_or(QStringList());
-    }
     if (hasWrapper(text, "@json(")) {
         const QVariantList list =
             QJsonDocument::fromJson(unwrapped(text, "@json(")).toVariant().toList();
@@ -196,15 +188,13 @@ QVariant decode(const QByteArray& text)
 
 QByteArray encodeFloat(float value)
 {
-    if (!std::isfinite(value)) {
+    if (!std::isfinite(value))
         return "0";
-    }
     // The fewest digits that read back as the same single-precision number.
     for (int digits = 6; digits < 9; ++digits) {
         QByteArray text = QByteArray::number(static_cast<double>(value), 'g', digits);
-        if (text.toFloat() == value) {
+        if (text.toFloat() == value)
             return text;
-        }
     }
     return QByteArray::number(static_cast<double>(value), 'g', 9);
 }
@@ -227,68 +217,56 @@ std::optional<std::int64_t> toInteger(const QByteArray& text)
 {
     bool ok = false;
     const qlonglong integer = text.toLongLong(&ok);
-    if (ok) {
+    if (ok)
         return integer;
-    }
-    if (const auto truth = toTruthWord(text)) {
+    if (const auto truth = toTruthWord(text))
         return *truth ? 1 : 0;
-    }
     const auto real = toReal(text);
     // Both bounds are exact doubles; the upper one is the first that does not fit.
-    if (!real || *real < -9223372036854775808.0 || *real >= 9223372036854775808.0) {
+    if (!real || *real < -9223372036854775808.0 || *real >= 9223372036854775808.0)
         return std::nullopt;
-    }
     return static_cast<std::int64_t>(*real);
 }
 
 std::optional<float> toFloat(const QByteArray& text)
 {
-    if (const auto truth = toTruthWord(text)) {
+    if (const auto truth = toTruthWord(text))
         return *truth ? 1.0F : 0.0F;
-    }
     const auto real = toReal(text);
-    if (!real || std::abs(*real) > static_cast<double>(std::numeric_limits<float>::max())) {
+    if (!real || std::abs(*real) > static_cast<double>(std::numeric_limits<float>::max()))
         return std::nullopt;
-    }
     return static_cast<float>(*real);
 }
 
 std::optional<bool> toBool(const QByteArray& text)
 {
-    if (const auto real = toReal(text)) {
+    if (const auto real = toReal(text))
         return *real != 0.0;
-    }
     const QByteArray word = text.toLower();
-    if (word == "true" || word == "yes" || word == "on") {
+    if (word == "true" || word == "yes" || word == "on")
         return true;
-    }
-    if (word == "false" || word == "no" || word == "off") {
+    if (word == "false" || word == "no" || word == "off")
         return false;
-    }
     return std::nullopt;
 }
 
 std::optional<QStringList> toArray(const QByteArray& text)
 {
-    if (hasWrapper(text, "@data(") || hasWrapper(text, "@json(")) {
+    if (hasWrapper(text, "@data(") || hasWrapper(text, "@json("))
         return std::nullopt;
-    }
     QStringList result;
     qsizetype at = 0;
     while (at < text.size()) {
-        while (at < text.size() && text[at] == ' ') {
+        while (at < text.size() && text[at] == ' ')
             ++at;
-        }
         const bool quotes = at < text.size() && text[at] == '"';
         const qsizetype start = quotes ? at + 1 : at;
         const char stop = quotes ? '"' : ',';
         qsizetype end = start;
-        while (end < text.size() && text[end] != stop) {
+        while (end < text.size() && text[end] != stop)
             end += text[end] == '\\' ? 2 : 1;
-        }
-        if (quotes && end >= text.size()) {
+        if (quotes && end >= text.size())
             return std::nullopt; // an opened quote that never closes
-        }
         const QByteArray part = text.mid(start, end - start);
         result.append(QString::fromUtf8(unescape(quotes ? part : part.trimmed())));
         at = quotes ? text.indexOf(',', end) : std::min(end, text.size());
@@ -299,9 +277,8 @@ std::optional<QStringList> toArray(const QByteArray& text)
 
 std::optional<QByteArray> toData(const QByteArray& text)
 {
-    if (!hasWrapper(text, "@data(")) {
+    if (!hasWrapper(text, "@data("))
         return std::nullopt;
-    }
     return unescape(unwrapped(text, "@data("));
 }
 

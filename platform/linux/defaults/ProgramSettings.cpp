@@ -27,9 +27,8 @@ struct ProgramSettings::Native {
 
     ~Native()
     {
-        if (handler != 0) {
+        if (handler != 0)
             g_signal_handler_disconnect(settings.get(), handler);
-        }
     }
 
     static void onChanged(GSettings*, const char*, gpointer self)
@@ -40,9 +39,8 @@ struct ProgramSettings::Native {
     // GSettings ends the program when a key or its type is not what the reader thinks.
     bool has(const char* key, const GVariantType* type) const
     {
-        if (!g_settings_schema_has_key(schema.get(), key)) {
+        if (!g_settings_schema_has_key(schema.get(), key))
             return false;
-        }
         GSettingsSchemaKey* description = g_settings_schema_get_key(schema.get(), key);
         const bool fits =
             g_variant_type_equal(g_settings_schema_key_get_value_type(description), type);
@@ -59,16 +57,13 @@ std::unique_ptr<ProgramSettings> ProgramSettings::open(const QString& schema, co
                                                        std::function<void()> changed)
 {
     GSettingsSchemaSource* source = g_settings_schema_source_get_default();
-    if (source == nullptr) {
+    if (!source)
         return nullptr;
-    }
     auto native = std::make_unique<Native>();
     native->schema.reset(
         g_settings_schema_source_lookup(source, schema.toUtf8().constData(), TRUE));
-    if (!native->schema ||
-        (g_settings_schema_get_path(native->schema.get()) == nullptr) == path.isEmpty()) {
+    if (!native->schema || bool(g_settings_schema_get_path(native->schema.get())) != path.isEmpty())
         return nullptr;
-    }
     const QByteArray place = path.toUtf8();
     native->settings.reset(g_settings_new_full(native->schema.get(), nullptr,
                                                path.isEmpty() ? nullptr : place.constData()));
@@ -82,9 +77,8 @@ std::unique_ptr<ProgramSettings> ProgramSettings::open(const QString& schema, co
 
 std::optional<QString> ProgramSettings::text(const char* key) const
 {
-    if (!m_native->has(key, G_VARIANT_TYPE_STRING)) {
+    if (!m_native->has(key, G_VARIANT_TYPE_STRING))
         return std::nullopt;
-    }
     const std::unique_ptr<char, Unref> value(g_settings_get_string(m_native->settings.get(), key));
     return QString::fromUtf8(value.get());
 }

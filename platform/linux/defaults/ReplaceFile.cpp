@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "platform/linux/defaults/ReplaceFile.h"
+#include "platform/StringLiterals.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>
@@ -19,9 +20,8 @@ bool writeAll(QSaveFile& file, const QByteArray& bytes)
     qint64 done = 0;
     while (done < bytes.size()) {
         const qint64 count = file.write(bytes.constData() + done, bytes.size() - done);
-        if (count <= 0) {
+        if (count <= 0)
             return false;
-        }
         done += count;
     }
     return true;
@@ -32,9 +32,8 @@ bool writeAll(QSaveFile& file, const QByteArray& bytes)
 QString replaceFile(const QString& path, const QByteArray& bytes)
 {
     const QString folder = QFileInfo(path).path();
-    if (!QDir().mkpath(folder)) {
-        return QStringLiteral("the folder %1 cannot be made").arg(folder);
-    }
+    if (!QDir().mkpath(folder))
+        return u"the folder %1 cannot be made"_s.arg(folder);
     QSaveFile file(path);
     // Unbuffered: it puts the file in its place even when the rest of a buffer found no room.
     const bool isDone = file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) &&

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 
+#include "platform/StringLiterals.h"
 #include "platform/linux/docks/AccessibleQuestions.h"
 
 namespace lumbrix::platform
@@ -15,45 +16,44 @@ namespace lumbrix::platform
 namespace
 {
 
-constexpr int TimeoutMilliseconds = 5000;
-constexpr std::size_t MaximalApplications = 256;
+constexpr int timeoutMilliseconds = 5000;
+constexpr std::size_t maximalApplications = 256;
 
 const QString& daemon()
 {
-    static const QString name = QStringLiteral("org.freedesktop.DBus");
+    static const QString name = u"org.freedesktop.DBus"_s;
     return name;
 }
 
 const QString& eventInterface()
 {
-    static const QString name = QStringLiteral("org.a11y.atspi.Event.Object");
+    static const QString name = u"org.a11y.atspi.Event.Object"_s;
     return name;
 }
 
 QDBusMessage daemonCall(const QString& method)
 {
-    return QDBusMessage::createMethodCall(daemon(), QStringLiteral("/org/freedesktop/DBus"),
-                                          daemon(), method);
+    return QDBusMessage::createMethodCall(daemon(), u"/org/freedesktop/DBus"_s, daemon(), method);
 }
 
 QDBusMessage registryCall(const QString& path, const QString& interface, const QString& method)
 {
-    QDBusMessage message = QDBusMessage::createMethodCall(QStringLiteral("org.a11y.atspi.Registry"),
-                                                          path, interface, method);
+    QDBusMessage message =
+        QDBusMessage::createMethodCall(u"org.a11y.atspi.Registry"_s, path, interface, method);
     message.setAutoStartService(false);
     return message;
 }
 
 QString matchRule(const AccessibleRef& element)
 {
-    return QStringLiteral("type='signal',sender='%1',path='%2',interface='%3'")
-        .arg(element.bus, element.path, eventInterface());
+    return u"type='signal',sender='%1',path='%2',interface='%3'"_s.arg(element.bus, element.path,
+                                                                       eventInterface());
 }
 
 QString freshConnectionName()
 {
     static int count = 0;
-    return QStringLiteral("lumbrix-accessibility-%1").arg(++count);
+    return u"lumbrix-accessibility-%1"_s.arg(++count);
 }
 
 } // namespace
@@ -68,9 +68,8 @@ AccessibleBus::~AccessibleBus() { close(); }
 void AccessibleBus::open(std::function<void(bool)> done)
 {
     close();
-    QDBusMessage message = QDBusMessage::createMethodCall(
-        QStringLiteral("org.a11y.Bus"), QStringLiteral("/org/a11y/bus"),
-        QStringLiteral("org.a11y.Bus"), QStringLiteral("GetAddress"));
+    QDBusMessage message = QDBusMessage::createMethodCall(u"org.a11y.Bus"_s, u"/org/a11y/bus"_s,
+                                                          u"org.a11y.Bus"_s, u"GetAddress"_s);
     message.setAutoStartService(false);
     send(m_session, message, [this, done = std::move(done)](const QDBusMessage& reply) mutable {
         if (reply.type() != QDBusMessage::ReplyMessage || reply.signature() != u"s") {
@@ -80,11 +79,10 @@ void AccessibleBus::open(std::function<void(bool)> done)
         const QString address = reply.arguments().constFirst().toString();
         m_probe =
             std::make_unique<SocketProbe>([this, address, done = std::move(done)](bool answers) {
-                if (answers) {
+                if (answers)
                     connectTo(address, done);
-                } else {
+                else
                     done(false);
-                }
             });
         m_probe->start(address);
     });
@@ -100,11 +98,10 @@ void AccessibleBus::connectTo(const QString& address, std::function<void(bool)> 
         return;
     }
     listen();
-    send(m_bus, daemonCall(QStringLiteral("Hello")),
-         [this, done = std::move(done)](const QDBusMessage& reply) {
-             m_isOpen = reply.type() == QDBusMessage::ReplyMessage;
-             done(m_isOpen);
-         });
+    send(m_bus, daemonCall(u"Hello"_s), [this, done = std::move(done)](const QDBusMessage& reply) {
+        m_isOpen = reply.type() == QDBusMessage::ReplyMessage;
+        done(m_isOpen);
+    });
 }
 
 // Queued, because what they lead to may close the connection.
@@ -114,11 +111,9 @@ void AccessibleBus::listen()
     connect(m_events.get(), &AccessibleEvents::moved, this, m_moved, Qt::QueuedConnection);
     connect(m_events.get(), &AccessibleEvents::lost, this, &AccessibleBus::connectionBroke,
             Qt::QueuedConnection);
-    m_bus.connect(QString(), QStringLiteral("/org/freedesktop/DBus/Local"),
-                  QStringLiteral("org.freedesktop.DBus.Local"), QStringLiteral("Disconnected"),
-                  m_events.get(), SLOT(disconnected()));
-    for (const QString& event :
-         {QStringLiteral("BoundsChanged"), QStringLiteral("ChildrenChanged")}) {
+    m_bus.connect(QString(), u"/org/freedesktop/DBus/Local"_s, u"org.freedesktop.DBus.Local"_s,
+                  u"Disconnected"_s, m_events.get(), SLOT(disconnected()));
+    for (const QString& event : {u"BoundsChanged"_s, u"ChildrenChanged"_s}) {
         m_bus.connect(QString(), QString(), eventInterface(), event, m_events.get(),
                       SLOT(elementMoved(QDBusMessage)));
     }
@@ -150,16 +145,15 @@ void AccessibleBus::connectionBroke()
 void AccessibleBus::send(const QDBusConnection& bus, const QDBusMessage& message, Answer answer)
 {
     const QDBusPendingCall pending =
-        bus.isConnected() ? bus.asyncCall(message, TimeoutMilliseconds)
+        bus.isConnected() ? bus.asyncCall(message, timeoutMilliseconds)
                           : QDBusPendingCall::fromError(QDBusError(QDBusError::Disconnected, {}));
     auto* watcher = new QDBusPendingCallWatcher(pending, this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this,
             [this, generation = m_generation,
              answer = std::move(answer)](QDBusPendingCallWatcher* finished) mutable {
                 finished->deleteLater();
-                if (generation == m_generation) {
+                if (generation == m_generation)
                     answer(finished->reply());
-                }
             });
 }
 
@@ -170,22 +164,20 @@ void AccessibleBus::call(const QDBusMessage& message, Answer answer)
 
 void AccessibleBus::findApplication(std::int32_t pid, std::function<void(const QString&)> found)
 {
-    const QDBusMessage message =
-        registryCall(QStringLiteral("/org/a11y/atspi/accessible/root"),
-                     QStringLiteral("org.a11y.atspi.Accessible"), QStringLiteral("GetChildren"));
+    const QDBusMessage message = registryCall(u"/org/a11y/atspi/accessible/root"_s,
+                                              u"org.a11y.atspi.Accessible"_s, u"GetChildren"_s);
     call(message, [this, pid, found = std::move(found)](const QDBusMessage& reply) {
-        const std::vector<AccessibleRef> all = accessibleRefs(reply, MaximalApplications);
+        const std::vector<AccessibleRef> all = accessibleRefs(reply, maximalApplications);
         struct Search {
             std::size_t missing = 0;
             QString name;
         };
         const auto search = std::make_shared<Search>();
         search->missing = all.size();
-        if (all.empty()) {
+        if (all.empty())
             found(QString());
-        }
         for (const AccessibleRef& application : all) {
-            QDBusMessage question = daemonCall(QStringLiteral("GetConnectionUnixProcessID"));
+            QDBusMessage question = daemonCall(u"GetConnectionUnixProcessID"_s);
             question << application.bus;
             call(question,
                  [pid, found, search, name = application.bus](const QDBusMessage& answer) {
@@ -193,9 +185,8 @@ void AccessibleBus::findApplication(std::int32_t pid, std::function<void(const Q
                          answer.arguments().value(0).toUInt() == static_cast<quint32>(pid)) {
                          search->name = name;
                      }
-                     if (--search->missing == 0) {
+                     if (--search->missing == 0)
                          found(search->name);
-                     }
                  });
         }
     });
@@ -204,25 +195,21 @@ void AccessibleBus::findApplication(std::int32_t pid, std::function<void(const Q
 // What fails here shows in that nothing is told; then the buttons are read when windows change.
 void AccessibleBus::watch(const std::set<AccessibleRef>& elements)
 {
-    if (!m_isOpen || elements == m_watched) {
+    if (!m_isOpen || elements == m_watched)
         return;
-    }
-    for (const AccessibleRef& element : m_watched) {
-        if (!elements.contains(element)) {
-            tellBus(QStringLiteral("RemoveMatch"), matchRule(element));
-        }
-    }
+    for (const AccessibleRef& element : m_watched)
+        if (!elements.contains(element))
+            tellBus(u"RemoveMatch"_s, matchRule(element));
     for (const AccessibleRef& element : elements) {
-        if (!m_watched.contains(element)) {
-            tellBus(QStringLiteral("AddMatch"), matchRule(element));
-        }
+        if (!m_watched.contains(element))
+            tellBus(u"AddMatch"_s, matchRule(element));
         // Told to this one program, so that no other one has to tell.
         if (m_registered.insert(element.bus).second) {
-            for (const QString& event : {QStringLiteral("object:bounds-changed"),
-                                         QStringLiteral("object:children-changed")}) {
-                QDBusMessage message = registryCall(QStringLiteral("/org/a11y/atspi/registry"),
-                                                    QStringLiteral("org.a11y.atspi.Registry"),
-                                                    QStringLiteral("RegisterEvent"));
+            for (const QString& event :
+                 {u"object:bounds-changed"_s, u"object:children-changed"_s}) {
+                QDBusMessage message =
+                    registryCall(u"/org/a11y/atspi/registry"_s, u"org.a11y.atspi.Registry"_s,
+                                 u"RegisterEvent"_s);
                 message << event << QStringList() << element.bus;
                 call(message, [](const QDBusMessage&) {});
             }

@@ -12,14 +12,14 @@ namespace lumbrix::platform
 namespace
 {
 
-constexpr Seconds Patience = 1.5;    ///< for all that one reading takes
-constexpr Seconds SettleTime = 0.05; ///< panels do something about a change, too
-constexpr Seconds MinimalSpacing = 0.25;
-constexpr Seconds MaximalSpacing = 2.0; ///< while a panel reports changes that change nothing
-constexpr Seconds MaximalPause = 64.0;  ///< after failures
-constexpr Seconds Resolution = 0.001;   ///< of timers, so that none is set for less
-constexpr int MaximalFailures = 5;      ///< then only when windows change
-constexpr int Looks = 3;
+constexpr Seconds patience = 1.5;    ///< for all that one reading takes
+constexpr Seconds settleTime = 0.05; ///< panels do something about a change, too
+constexpr Seconds minimalSpacing = 0.25;
+constexpr Seconds maximalSpacing = 2.0; ///< while a panel reports changes that change nothing
+constexpr Seconds maximalPause = 64.0;  ///< after failures
+constexpr Seconds resolution = 0.001;   ///< of timers, so that none is set for less
+constexpr int maximalFailures = 5;      ///< then only when windows change
+constexpr int looks = 3;
 
 } // namespace
 
@@ -55,13 +55,12 @@ void AccessibleButtons::want(const std::set<std::int32_t>& pids)
     for (const std::int32_t pid : pids) {
         const auto [it, isNew] = m_programs.try_emplace(pid);
         if (isNew) {
-            it->second.due = m_runLoop.now() + SettleTime;
-            it->second.looks = Looks;
+            it->second.due = m_runLoop.now() + settleTime;
+            it->second.looks = looks;
         }
     }
-    if (forgotten > 0) {
+    if (forgotten > 0)
         watchLists();
-    }
     step();
 }
 
@@ -69,13 +68,12 @@ void AccessibleButtons::refresh()
 {
     const Seconds now = m_runLoop.now();
     for (auto& [pid, program] : m_programs) {
-        program.due = program.isStale ? program.due : std::max(program.due, now + SettleTime);
-        if (program.failures == 0) {
-            program.due = std::min(program.due, now + MinimalSpacing);
-        }
+        program.due = program.isStale ? program.due : std::max(program.due, now + settleTime);
+        if (program.failures == 0)
+            program.due = std::min(program.due, now + minimalSpacing);
         program.isStale = true;
-        program.spacing = MinimalSpacing;
-        program.looks = Looks;
+        program.spacing = minimalSpacing;
+        program.looks = looks;
     }
     step();
 }
@@ -84,9 +82,8 @@ const std::vector<PlacedWindow>* AccessibleButtons::places(xcb_window_t panel) c
 {
     for (const auto& [pid, program] : m_programs) {
         const auto it = program.panels.find(panel);
-        if (it != program.panels.end() && !it->second.lists.empty()) {
+        if (it != program.panels.end() && !it->second.lists.empty())
             return &it->second.places;
-        }
     }
     return nullptr;
 }
@@ -94,24 +91,19 @@ const std::vector<PlacedWindow>* AccessibleButtons::places(xcb_window_t panel) c
 void AccessibleButtons::step()
 {
     m_runLoop.cancelPreviousPerformRequests(&m_wake);
-    if (m_isBusy) {
+    if (m_isBusy)
         return;
-    }
     const Programs::value_type* next = nullptr;
-    for (const auto& program : m_programs) {
-        if (program.second.isStale && (next == nullptr || program.second.due < next->second.due)) {
+    for (const auto& program : m_programs)
+        if (program.second.isStale && (!next || program.second.due < next->second.due))
             next = &program;
-        }
-    }
-    if (next == nullptr) {
+    if (!next)
         return;
-    }
     const Seconds wait = next->second.due - m_runLoop.now();
-    if (wait > Resolution) {
+    if (wait > resolution)
         m_runLoop.performAfterDelay(&m_wake, wait, [this] { step(); });
-    } else {
+    else
         begin(next->first);
-    }
 }
 
 void AccessibleButtons::begin(std::int32_t pid)
@@ -119,42 +111,37 @@ void AccessibleButtons::begin(std::int32_t pid)
     m_isBusy = true;
     Program& program = m_programs[pid];
     program.isStale = false;
-    m_runLoop.performAfterDelay(&m_deadline, Patience, [this, pid] {
+    m_runLoop.performAfterDelay(&m_deadline, patience, [this, pid] {
         m_walk.reset();
-        if (!m_bus.isOpen()) {
+        if (!m_bus.isOpen())
             m_bus.close();
-        }
         failed(pid);
     });
-    if (!m_bus.isOpen()) {
+    if (!m_bus.isOpen())
         connectBus(pid);
-    } else if (program.name.isEmpty()) {
+    else if (program.name.isEmpty())
         find(pid);
-    } else {
+    else
         walk(pid);
-    }
 }
 
 void AccessibleButtons::connectBus(std::int32_t pid)
 {
     m_bus.open([this, pid, turn = m_turn](bool isOpen) {
-        if (turn != m_turn) {
+        if (turn != m_turn)
             return;
-        }
-        if (isOpen) {
+        if (isOpen)
             find(pid);
-        } else {
+        else
             failed(pid);
-        }
     });
 }
 
 void AccessibleButtons::find(std::int32_t pid)
 {
     m_bus.findApplication(pid, [this, pid, turn = m_turn](const QString& name) {
-        if (turn != m_turn) {
+        if (turn != m_turn)
             return;
-        }
         const auto it = m_programs.find(pid);
         if (name.isEmpty() || it == m_programs.end()) {
             failed(pid);
@@ -185,14 +172,13 @@ void AccessibleButtons::read(std::int32_t pid, PanelWalk::Result result)
     Program& program = it->second;
     const bool isChanged = update(pid, program, std::move(result));
     program.failures = 0;
-    program.spacing = isChanged ? MinimalSpacing
-                                : std::clamp(program.spacing * 2, MinimalSpacing, MaximalSpacing);
+    program.spacing = isChanged ? minimalSpacing
+                                : std::clamp(program.spacing * 2, minimalSpacing, maximalSpacing);
     program.due = m_runLoop.now() + program.spacing;
     watchLists();
     endTurn();
-    if (isChanged && m_changed) {
+    if (isChanged && m_changed)
         m_changed();
-    }
     step();
 }
 
@@ -235,17 +221,14 @@ AccessibleButtons::Panel AccessibleButtons::match(std::vector<PanelButton> butto
         .windows = matchButtons(buttons, windows, before.windows), .places = {}, .lists = {}};
     for (const PanelButton& button : buttons) {
         const auto known = panel.windows.find(button.ref);
-        if (known == panel.windows.end()) {
+        if (known == panel.windows.end())
             continue;
-        }
-        for (const xcb_window_t window : known->second) {
+        for (const xcb_window_t window : known->second)
             panel.places.push_back({.window = window, .place = button.place});
-        }
         panel.lists.insert(button.list);
     }
-    if (panel.lists.empty()) {
+    if (panel.lists.empty())
         panel.lists = before.lists; // where the next button will come
-    }
     return panel;
 }
 
@@ -255,14 +238,13 @@ void AccessibleButtons::failed(std::int32_t pid)
     if (it != m_programs.end()) {
         Program& program = it->second;
         program.name.clear();
-        program.due = m_runLoop.now() + std::min(std::exp2(program.failures), MaximalPause);
-        program.isStale = ++program.failures < MaximalFailures;
+        program.due = m_runLoop.now() + std::min(std::exp2(program.failures), maximalPause);
+        program.isStale = ++program.failures < maximalFailures;
     }
     const bool areAllGone = std::ranges::all_of(
-        m_programs, [](const auto& program) { return program.second.failures >= MaximalFailures; });
-    if (areAllGone) {
+        m_programs, [](const auto& program) { return program.second.failures >= maximalFailures; });
+    if (areAllGone)
         m_bus.close();
-    }
     endTurn();
     step();
 }
@@ -279,7 +261,7 @@ void AccessibleButtons::moved(const QString& application)
     for (auto& [pid, program] : m_programs) {
         if (program.name == application && !program.isStale) {
             program.isStale = true;
-            program.due = std::max(program.due, m_runLoop.now() + SettleTime);
+            program.due = std::max(program.due, m_runLoop.now() + settleTime);
         }
     }
     step();
@@ -301,11 +283,9 @@ void AccessibleButtons::lost()
 void AccessibleButtons::watchLists()
 {
     std::set<AccessibleRef> lists;
-    for (const auto& [pid, program] : m_programs) {
-        for (const auto& [id, panel] : program.panels) {
+    for (const auto& [pid, program] : m_programs)
+        for (const auto& [id, panel] : program.panels)
             lists.insert(panel.lists.begin(), panel.lists.end());
-        }
-    }
     m_bus.watch(lists);
 }
 
@@ -332,11 +312,9 @@ std::vector<ButtonWindow> AccessibleButtons::windows() const
 std::vector<DockWindow> AccessibleButtons::panelsOf(std::int32_t pid) const
 {
     std::vector<DockWindow> result;
-    for (const x11::TrackedWindowPtr& window : m_tracker.windows()) {
-        if (window->type == x11::WindowType::Dock && window->pid == pid) {
+    for (const x11::TrackedWindowPtr& window : m_tracker.windows())
+        if (window->type == x11::WindowType::Dock && window->pid == pid)
             result.push_back({window->id, window->frame, window->bounds});
-        }
-    }
     return result;
 }
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "platform/linux/docks/AccessibleQuestions.h"
+#include "platform/StringLiterals.h"
 
 #include <QtDBus/QDBusArgument>
 #include <QtDBus/QDBusObjectPath>
@@ -13,11 +14,11 @@ namespace lumbrix::platform
 namespace
 {
 
-constexpr int MaximalName = 4096; ///< characters, as of windows' titles
+constexpr int maximalName = 4096; ///< characters, as of windows' titles
 
 const QString& accessible()
 {
-    static const QString name = QStringLiteral("org.a11y.atspi.Accessible");
+    static const QString name = u"org.a11y.atspi.Accessible"_s;
     return name;
 }
 
@@ -25,21 +26,20 @@ const QString& accessible()
 
 AccessibleRef accessibleRoot(const QString& application)
 {
-    return {application, QStringLiteral("/org/a11y/atspi/accessible/root")};
+    return {application, u"/org/a11y/atspi/accessible/root"_s};
 }
 
 QDBusMessage childrenQuestion(const AccessibleRef& element)
 {
     return QDBusMessage::createMethodCall(element.bus, element.path, accessible(),
-                                          QStringLiteral("GetChildren"));
+                                          u"GetChildren"_s);
 }
 
 std::vector<AccessibleRef> accessibleRefs(const QDBusMessage& reply, std::size_t maximum)
 {
     std::vector<AccessibleRef> result;
-    if (reply.type() != QDBusMessage::ReplyMessage || reply.signature() != u"a(so)") {
+    if (reply.type() != QDBusMessage::ReplyMessage || reply.signature() != u"a(so)")
         return result;
-    }
     const auto list = reply.arguments().constFirst().value<QDBusArgument>();
     list.beginArray();
     while (!list.atEnd() && result.size() < maximum) {
@@ -56,8 +56,7 @@ std::vector<AccessibleRef> accessibleRefs(const QDBusMessage& reply, std::size_t
 
 QDBusMessage roleQuestion(const AccessibleRef& element)
 {
-    return QDBusMessage::createMethodCall(element.bus, element.path, accessible(),
-                                          QStringLiteral("GetRole"));
+    return QDBusMessage::createMethodCall(element.bus, element.path, accessible(), u"GetRole"_s);
 }
 
 std::optional<std::uint32_t> roleIn(const QDBusMessage& reply)
@@ -69,18 +68,16 @@ std::optional<std::uint32_t> roleIn(const QDBusMessage& reply)
 QDBusMessage nameQuestion(const AccessibleRef& element)
 {
     return QDBusMessage::createMethodCall(element.bus, element.path,
-                                          QStringLiteral("org.freedesktop.DBus.Properties"),
-                                          QStringLiteral("Get"))
-           << accessible() << QStringLiteral("Name");
+                                          u"org.freedesktop.DBus.Properties"_s, u"Get"_s)
+           << accessible() << u"Name"_s;
 }
 
 std::optional<QString> nameIn(const QDBusMessage& reply)
 {
-    if (reply.signature() != u"v") {
+    if (reply.signature() != u"v")
         return std::nullopt;
-    }
     const auto name = reply.arguments().constFirst().value<QDBusVariant>().variant();
-    return name.toString().left(MaximalName);
+    return name.toString().left(maximalName);
 }
 
 } // namespace lumbrix::platform

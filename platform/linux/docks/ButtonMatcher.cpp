@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "platform/linux/docks/ButtonMatcher.h"
+#include "platform/StringLiterals.h"
 
 #include <QtCore/QRegularExpression>
 
@@ -23,7 +24,7 @@ bool isTitle(const QString& name, const ButtonWindow& window)
 // titles that are there twice.
 bool isDecoratedTitle(const QString& name, const ButtonWindow& window)
 {
-    static const QRegularExpression number(QStringLiteral(" <\\d{1,4}>$"));
+    static const QRegularExpression number(u" <\\d{1,4}>$"_s);
     const bool isWrapped = (window.isIconic && name.startsWith(u'[') && name.endsWith(u']')) ||
                            (name.startsWith(u'=') && name.endsWith(u'='));
     return (isWrapped && name.size() > 2 && name.mid(1, name.size() - 2) == window.title) ||
@@ -34,8 +35,7 @@ bool isDecoratedTitle(const QString& name, const ButtonWindow& window)
 // Some panels add how many windows there are.
 bool isNameOfGroup(const QString& name, const ButtonWindow& window)
 {
-    static const QRegularExpression count(
-        QStringLiteral("^[(\\[]\\d{1,4}[)\\]] | [(\\[]\\d{1,4}[)\\]]$"));
+    static const QRegularExpression count(u"^[(\\[]\\d{1,4}[)\\]] | [(\\[]\\d{1,4}[)\\]]$"_s);
     const QString plain = QString(name).remove(count);
     return !plain.isEmpty() && window.applicationNames.contains(plain, Qt::CaseInsensitive);
 }
@@ -64,9 +64,8 @@ std::vector<PanelButton> windowButtons(std::vector<PanelButton> buttons,
 void sortAlongPanel(std::vector<PanelButton>& buttons)
 {
     QRect extent;
-    for (const PanelButton& button : buttons) {
+    for (const PanelButton& button : buttons)
         extent |= button.place;
-    }
     const bool isRow = extent.width() >= extent.height();
     std::ranges::stable_sort(buttons, {}, [isRow](const PanelButton& button) {
         const QPoint at = button.place.topLeft();
@@ -79,16 +78,14 @@ class Matching
 public:
     explicit Matching(const std::vector<ButtonWindow>& windows)
     {
-        for (const ButtonWindow& window : windows) {
+        for (const ButtonWindow& window : windows)
             m_free.push_back(&window);
-        }
     }
 
     void byTitle(const PanelButton& button, Rule rule)
     {
-        if (m_result.contains(button.ref)) {
+        if (m_result.contains(button.ref))
             return;
-        }
         const auto it = std::ranges::find_if(
             m_free, [&](const ButtonWindow* window) { return rule(button.name, *window); });
         if (it != m_free.end()) {
@@ -100,9 +97,8 @@ public:
     void asBefore(const PanelButton& button, const ButtonWindows& before)
     {
         const auto known = before.find(button.ref);
-        if (known == before.end() || m_result.contains(button.ref)) {
+        if (known == before.end() || m_result.contains(button.ref))
             return;
-        }
         take(button, [&](const ButtonWindow& window) {
             return std::ranges::find(known->second, window.id) != known->second.end();
         });
@@ -130,9 +126,8 @@ private:
         std::vector<xcb_window_t> taken;
         std::erase_if(m_free, [&](const ButtonWindow* window) {
             const bool isTaken = condition(*window);
-            if (isTaken) {
+            if (isTaken)
                 taken.push_back(window->id);
-            }
             return isTaken;
         });
         if (!taken.empty()) {
@@ -153,17 +148,13 @@ ButtonWindows matchButtons(std::vector<PanelButton> buttons,
     buttons = windowButtons(std::move(buttons), windows);
     sortAlongPanel(buttons);
     Matching matching(windows);
-    for (const Rule rule : {isTitle, isDecoratedTitle}) {
-        for (const PanelButton& button : buttons) {
+    for (const Rule rule : {isTitle, isDecoratedTitle})
+        for (const PanelButton& button : buttons)
             matching.byTitle(button, rule);
-        }
-    }
-    for (const PanelButton& button : buttons) {
+    for (const PanelButton& button : buttons)
         matching.asBefore(button, before);
-    }
-    for (const PanelButton& button : buttons) {
+    for (const PanelButton& button : buttons)
         matching.byApplication(button);
-    }
     return std::move(matching).result();
 }
 

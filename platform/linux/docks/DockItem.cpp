@@ -57,9 +57,8 @@ const DockItem* DockState::itemAt(QPoint point) const
 QRect DockState::extent() const
 {
     QRect result;
-    for (const DockItem& item : items) {
+    for (const DockItem& item : items)
         result = result.united(item.rect);
-    }
     return result;
 }
 

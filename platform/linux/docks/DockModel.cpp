@@ -5,6 +5,7 @@
 
 #include <algorithm>
 
+#include "platform/StringLiterals.h"
 #include "platform/linux/applications/ProcessNames.h"
 
 namespace lumbrix::platform
@@ -13,12 +14,12 @@ namespace lumbrix::platform
 namespace
 {
 
-constexpr std::int64_t NearDistance = 150; ///< pixels; about 0.1 s of an approaching pointer
-constexpr double AttentionLasts = 10.0;    ///< seconds
-constexpr double MenuGrabLasts = 0.3;      ///< seconds
-constexpr double SynchronizeInterval = 1.0;
-constexpr std::size_t MaximalPrefetch = 30;
-constexpr double PrefetchInterval = 0.25; ///< seconds
+constexpr std::int64_t nearDistance = 150; ///< pixels; about 0.1 s of an approaching pointer
+constexpr double attentionLasts = 10.0;    ///< seconds
+constexpr double menuGrabLasts = 0.3;      ///< seconds
+constexpr double synchronizeInterval = 1.0;
+constexpr std::size_t maximalPrefetch = 30;
+constexpr double prefetchInterval = 0.25; ///< seconds
 
 } // namespace
 
@@ -27,26 +28,23 @@ DockModel::DockModel(RunLoop& runLoop, x11::WindowTracker& tracker, ApplicationR
     : m_runLoop(runLoop), m_tracker(tracker), m_registry(registry), m_entries(entries),
       m_providers(std::move(providers))
 {
-    for (const auto& provider : m_providers) {
+    for (const auto& provider : m_providers)
         provider->setChanged([this] { collect(); });
-    }
 }
 
 DockModel::~DockModel() = default;
 
 void DockModel::start()
 {
-    for (const auto& provider : m_providers) {
+    for (const auto& provider : m_providers)
         provider->start();
-    }
 }
 
 void DockModel::callOnMainThread(std::function<void()> DockModel::*call)
 {
     const auto callIfSet = m_guard.ifAlive([this, call] {
-        if (this->*call) {
+        if (this->*call)
             (this->*call)();
-        }
     });
     m_runLoop.performOnMainThread(callIfSet, false);
 }
@@ -55,11 +53,9 @@ void DockModel::collect()
 {
     const std::lock_guard collecting(m_collectMutex);
     std::vector<Known> docks;
-    for (const auto& provider : m_providers) {
-        for (const DockStatePtr& state : provider->states()) {
+    for (const auto& provider : m_providers)
+        for (const DockStatePtr& state : provider->states())
             docks.push_back({provider.get(), state});
-        }
-    }
     bool isChanged = false;
     bool areItemsChanged = false;
     std::int32_t pid = 0;
@@ -71,13 +67,11 @@ void DockModel::collect()
         pid = m_docks.empty() ? 0 : m_docks.front().state->pid;
     }
     m_registry.setDock(pid);
-    if (isChanged) {
+    if (isChanged)
         callOnMainThread(&DockModel::m_selectionChanged);
-    }
     callOnMainThread(&DockModel::m_changed);
-    if (areItemsChanged) {
+    if (areItemsChanged)
         callOnMainThread(&DockModel::m_itemsChanged);
-    }
 }
 
 bool DockModel::showsOtherItems(const std::vector<Known>& before, const std::vector<Known>& after)
@@ -108,21 +102,18 @@ const DockModel::Known* DockModel::dockWithWindow(xcb_window_t childOfRoot) cons
 bool DockModel::updateSelection()
 {
     const Known* dock = dockWithWindow(m_childUnderPointer);
-    const DockItem* item = dock != nullptr ? dock->state->itemAt(m_pointer) : nullptr;
-    const DockItemId selected = item != nullptr ? item->id : 0;
+    const DockItem* item = dock ? dock->state->itemAt(m_pointer) : nullptr;
+    const DockItemId selected = item ? item->id : 0;
     const DockItemId before = std::exchange(m_selected, selected);
-    if (before == selected) {
+    if (before == selected)
         return false;
-    }
     // A menu that opens takes the pointer off its item for a moment. Coming back is no new hover.
     const double now = m_runLoop.now();
-    if (before != 0 && before == m_menuItem) {
+    if (before != 0 && before == m_menuItem)
         m_menuItemLeftAt = now;
-    }
-    if (selected != 0 && selected != m_menuItem) {
+    if (selected != 0 && selected != m_menuItem)
         m_menuItem = 0;
-    }
-    return selected == 0 || selected != m_menuItem || now - m_menuItemLeftAt > MenuGrabLasts;
+    return selected == 0 || selected != m_menuItem || now - m_menuItemLeftAt > menuGrabLasts;
 }
 
 void DockModel::pointerMoved(QPoint point, xcb_window_t childOfRoot)
@@ -135,70 +126,59 @@ void DockModel::pointerMoved(QPoint point, xcb_window_t childOfRoot)
         m_pointer = point;
         m_childUnderPointer = childOfRoot;
         const Known* dock = dockWithWindow(childOfRoot);
-        if (dock != nullptr && !m_isOverDock) {
+        if (dock && !m_isOverDock)
             entered = dock->provider;
-        }
         m_isOverDock = dock != nullptr;
         isChanged = updateSelection();
         const bool isNear =
-            dock != nullptr || std::ranges::any_of(m_docks, [&](const Known& known) {
+            dock || std::ranges::any_of(m_docks, [&](const Known& known) {
                 return !known.state->items.empty() &&
-                       squaredDistance(point, known.state->extent()) <= NearDistance * NearDistance;
+                       squaredDistance(point, known.state->extent()) <= nearDistance * nearDistance;
             });
         if (isNear) {
             // Also while it stays near, for what has been drawn meanwhile.
             const double now = m_runLoop.now();
-            wantsPictures = now - m_prefetchedAt > PrefetchInterval;
+            wantsPictures = now - m_prefetchedAt > prefetchInterval;
             m_attendedAt = now;
-            if (wantsPictures) {
+            if (wantsPictures)
                 m_prefetchedAt = now;
-            }
         }
     }
-    if (isChanged) {
+    if (isChanged)
         callOnMainThread(&DockModel::m_selectionChanged);
-    }
-    if (entered != nullptr) {
+    if (entered)
         entered->pointerEntered();
-    }
-    if (wantsPictures || isChanged) {
+    if (wantsPictures || isChanged)
         prefetchNear(point);
-    }
 }
 
 void DockModel::prefetchNear(QPoint point) const
 {
-    if (!m_prefetch) {
+    if (!m_prefetch)
         return;
-    }
     std::vector<std::pair<std::int64_t, DockItem>> items;
     {
         const std::lock_guard lock(m_mutex);
-        for (const Known& dock : m_docks) {
-            for (const DockItem& item : dock.state->items) {
+        for (const Known& dock : m_docks)
+            for (const DockItem& item : dock.state->items)
                 items.emplace_back(squaredDistance(point, item.rect), item);
-            }
-        }
     }
     std::ranges::stable_sort(items, {}, [](const auto& item) { return item.first; });
     std::vector<xcb_window_t> windows;
     for (const auto& [distance, item] : items) {
-        if (distance > NearDistance * NearDistance || windows.size() >= MaximalPrefetch) {
+        if (distance > nearDistance * nearDistance || windows.size() >= maximalPrefetch)
             break;
-        }
         const std::vector<xcb_window_t> more = windowsOf(item);
         windows.insert(windows.end(), more.begin(), more.end());
     }
-    if (!windows.empty()) {
+    if (!windows.empty())
         m_prefetch(windows);
-    }
 }
 
 std::vector<xcb_window_t> DockModel::windowsOf(const DockItem& item) const
 {
-    if (item.desktopFile.isEmpty()) {
+    if (item.desktopFile.isEmpty())
         return item.windows;
-    }
     auto application = m_registry.applicationForDesktopFile(item.desktopFile);
     return application ? std::move(application->windows) : std::vector<xcb_window_t>();
 }
@@ -219,12 +199,10 @@ void DockModel::buttonPressed(int button, QPoint)
 
 void DockModel::popupMapped(const x11::PopupMapped& popup)
 {
-    if (popup.kind != x11::PopupMapped::Kind::Menu || !popup.pid) {
+    if (popup.kind != x11::PopupMapped::Kind::Menu || !popup.pid)
         return;
-    }
-    if (hasDock(*popup.pid)) {
+    if (hasDock(*popup.pid))
         callOnMainThread(&DockModel::m_menuOpened);
-    }
 }
 
 bool DockModel::hasDock(std::int32_t pid) const
@@ -244,27 +222,21 @@ std::vector<DockItemId> DockModel::items() const
 {
     const std::lock_guard lock(m_mutex);
     std::vector<DockItemId> result;
-    for (const Known& dock : m_docks) {
-        for (const DockItem& item : dock.state->items) {
+    for (const Known& dock : m_docks)
+        for (const DockItem& item : dock.state->items)
             result.push_back(item.id);
-        }
-    }
     return result;
 }
 
 std::pair<DockStatePtr, const DockItem*> DockModel::find(DockItemId id) const
 {
     const std::lock_guard lock(m_mutex);
-    for (const Known& dock : m_docks) {
-        if (const DockItem* item = dock.state->item(id)) {
+    for (const Known& dock : m_docks)
+        if (const DockItem* item = dock.state->item(id))
             return {dock.state, item};
-        }
-    }
-    for (const DockStatePtr& state : m_requested) {
-        if (const DockItem* item = state->item(id)) {
+    for (const DockStatePtr& state : m_requested)
+        if (const DockItem* item = state->item(id))
             return {state, item};
-        }
-    }
     return {nullptr, nullptr};
 }
 
@@ -284,9 +256,8 @@ void DockModel::removeRequested(DockItemId id)
 std::optional<DockItemView> DockModel::item(DockItemId id) const
 {
     const auto [state, item] = find(id);
-    if (item == nullptr) {
+    if (!item)
         return std::nullopt;
-    }
     DockItemView view{.id = id,
                       .title = {},
                       .url = {},
@@ -303,19 +274,16 @@ std::optional<DockItemView> DockModel::item(DockItemId id) const
         view.url =
             application ? application->running.bundleURL : QUrl::fromLocalFile(item->desktopFile);
         view.title = entry ? entry->name : QString();
-        if (application && view.title.isEmpty()) {
+        if (application && view.title.isEmpty())
             view.title = application->running.localizedName;
-        }
         return view;
     }
-    if (item->windows.size() == 1) {
+    if (item->windows.size() == 1)
         view.window = item->windows.front();
-    }
     for (const xcb_window_t windowId : item->windows) {
         const x11::TrackedWindowPtr window = m_tracker.window(windowId);
-        if (!window) {
+        if (!window)
             continue;
-        }
         if (item->isMinimizedWindow) {
             view.title = window->title;
             return view;
@@ -336,18 +304,16 @@ QString DockModel::nameOfDock(DockItemId item) const
     std::int32_t pid = 0;
     {
         const std::lock_guard lock(m_mutex);
-        const auto it = std::ranges::find_if(m_docks, [item](const Known& dock) {
-            return item == 0 || dock.state->item(item) != nullptr;
-        });
-        if (it == m_docks.end()) {
+        const auto it = std::ranges::find_if(
+            m_docks, [item](const Known& dock) { return item == 0 || dock.state->item(item); });
+        if (it == m_docks.end())
             return {};
-        }
         name = QString::fromLatin1(it->provider->name());
         pid = it->state->pid;
     }
     const QString program = readProcessNames(pid).programs().value(0);
     const bool saysMore = !program.isEmpty() && program.compare(name, Qt::CaseInsensitive) != 0;
-    return saysMore ? QStringLiteral("%1 (%2)").arg(name, program) : name;
+    return saysMore ? u"%1 (%2)"_s.arg(name, program) : name;
 }
 
 DockItemId DockModel::selectedItem() const
@@ -359,11 +325,9 @@ DockItemId DockModel::selectedItem() const
 DockItemId DockModel::itemAt(QPoint point) const
 {
     const std::lock_guard lock(m_mutex);
-    for (const Known& dock : m_docks) {
-        if (const DockItem* item = dock.state->itemAt(point)) {
+    for (const Known& dock : m_docks)
+        if (const DockItem* item = dock.state->itemAt(point))
             return item->id;
-        }
-    }
     return 0;
 }
 
@@ -372,9 +336,8 @@ DockStatePtr DockModel::firstDock() const
     const std::lock_guard lock(m_mutex);
     const auto it =
         std::ranges::find_if(m_docks, [](const Known& dock) { return !dock.state->items.empty(); });
-    if (it != m_docks.end()) {
+    if (it != m_docks.end())
         return it->state;
-    }
     return m_docks.empty() ? nullptr : m_docks.front().state;
 }
 
@@ -382,55 +345,48 @@ DockStatePtr DockModel::firstDock() const
 void DockModel::synchronize()
 {
     const double now = m_runLoop.now();
-    if (now - m_synchronizedAt < SynchronizeInterval) {
+    if (now - m_synchronizedAt < synchronizeInterval)
         return;
-    }
     m_synchronizedAt = now;
-    for (const auto& provider : m_providers) {
+    for (const auto& provider : m_providers)
         provider->synchronize();
-    }
 }
 
 bool DockModel::isAttended() const
 {
     const std::lock_guard lock(m_mutex);
-    return m_runLoop.now() - m_attendedAt < AttentionLasts;
+    return m_runLoop.now() - m_attendedAt < attentionLasts;
 }
 
 void DockModel::windowAdded(const x11::TrackedWindowPtr& window)
 {
-    for (const auto& provider : m_providers) {
+    for (const auto& provider : m_providers)
         provider->windowAdded(window);
-    }
 }
 
 void DockModel::windowChanged(const x11::TrackedWindowPtr& before,
                               const x11::TrackedWindowPtr& after)
 {
-    for (const auto& provider : m_providers) {
+    for (const auto& provider : m_providers)
         provider->windowChanged(before, after);
-    }
 }
 
 void DockModel::windowRemoved(const x11::TrackedWindowPtr& last)
 {
-    for (const auto& provider : m_providers) {
+    for (const auto& provider : m_providers)
         provider->windowRemoved(last);
-    }
 }
 
 void DockModel::currentDesktopChanged(int desktop)
 {
-    for (const auto& provider : m_providers) {
+    for (const auto& provider : m_providers)
         provider->currentDesktopChanged(desktop);
-    }
 }
 
 void DockModel::screensChanged()
 {
-    for (const auto& provider : m_providers) {
+    for (const auto& provider : m_providers)
         provider->screensChanged();
-    }
 }
 
 } // namespace lumbrix::platform

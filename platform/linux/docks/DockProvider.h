@@ -34,9 +34,8 @@ public:
 protected:
     void notifyChanged() const
     {
-        if (m_changed) {
+        if (m_changed)
             m_changed();
-        }
     }
 
 private:

@@ -14,10 +14,10 @@ namespace
 {
 
 // A corner that no screen reaches, by which a window is known to be where it was put.
-constexpr QPoint Away(-8192, -8192);
+constexpr QPoint away(-8192, -8192);
 
 // What comes up where a button was just pressed was asked for.
-constexpr int PressReach = 40;
+constexpr int pressReach = 40;
 
 xcb_atom_t roleAtom(const x11::Connection& connection)
 {
@@ -47,7 +47,7 @@ void DockTooltips::popupMapped(const x11::PopupMapped& popup)
         arrange();
         return;
     }
-    const bool isAskedFor = m_press && (*m_press - m_pointer).manhattanLength() < PressReach;
+    const bool isAskedFor = m_press && (*m_press - m_pointer).manhattanLength() < pressReach;
     if (popup.kind != x11::PopupMapped::Kind::Menu && !isAskedFor) {
         m_shown.try_emplace(popup.id);
         arrange();
@@ -56,9 +56,8 @@ void DockTooltips::popupMapped(const x11::PopupMapped& popup)
 
 void DockTooltips::popupMoved(xcb_window_t window)
 {
-    if (isOwn(window) || m_shown.contains(window)) {
+    if (isOwn(window) || m_shown.contains(window))
         arrange();
-    }
 }
 
 void DockTooltips::popupUnmapped(xcb_window_t window)
@@ -68,16 +67,14 @@ void DockTooltips::popupUnmapped(xcb_window_t window)
         return;
     }
     const auto known = m_shown.find(window);
-    if (known == m_shown.end()) {
+    if (known == m_shown.end())
         return;
-    }
     if (known->second) {
         // Its owner may be moving it to the next icon right now, which must not be undone.
         xcb_grab_server(m_connection.get());
         const std::optional<QRect> place = placeOf(window);
-        if (place && place->topLeft() == Away) {
+        if (place && place->topLeft() == away)
             move(window, *known->second);
-        }
         xcb_ungrab_server(m_connection.get());
         m_connection.flush();
     }
@@ -90,26 +87,23 @@ void DockTooltips::buttonPressed(int, QPoint position) { m_press = position; }
 
 void DockTooltips::arrange()
 {
-    if (m_shown.empty()) {
+    if (m_shown.empty())
         return;
-    }
     const std::set<std::uint32_t> clients = dockClientsUnderPointer();
     const std::vector<QRect> previews = clients.empty() ? std::vector<QRect>() : row();
     for (auto& [window, home] : m_shown) {
         const std::optional<QRect> place = placeOf(window);
         // A pointer that has left the dock leaves its tooltip to the dock to take down.
-        if (!place || !clients.contains(m_connection.clientOf(window))) {
+        if (!place || !clients.contains(m_connection.clientOf(window)))
             continue;
-        }
-        if (place->topLeft() != Away) {
+        if (place->topLeft() != away)
             home.reset();
-        }
         const QRect wanted(home.value_or(place->topLeft()), place->size());
         const bool isInTheWay = std::ranges::any_of(
             previews, [&](const QRect& preview) { return preview.intersects(wanted); });
         if (isInTheWay && !home) {
             home = wanted.topLeft();
-            move(window, Away);
+            move(window, away);
         } else if (!isInTheWay && home) {
             move(window, *home);
             home.reset();
@@ -123,9 +117,8 @@ std::vector<QRect> DockTooltips::row() const
     xcb_connection_t* const c = m_connection.get();
     const auto tree =
         m_connection.reply(xcb_query_tree_reply, xcb_query_tree(c, m_connection.root()));
-    if (!tree) {
+    if (!tree)
         return {};
-    }
     struct Question {
         xcb_get_window_attributes_cookie_t attributes;
         xcb_get_property_cookie_t role;
@@ -147,15 +140,13 @@ std::vector<QRect> DockTooltips::row() const
             m_connection.reply(xcb_get_window_attributes_reply, question.attributes);
         const auto role = m_connection.reply(xcb_get_property_reply, question.role);
         const auto area = m_connection.reply(xcb_get_geometry_reply, question.geometry);
-        if (!attributes || !role || !area || attributes->map_state != XCB_MAP_STATE_VIEWABLE) {
+        if (!attributes || !role || !area || attributes->map_state != XCB_MAP_STATE_VIEWABLE)
             continue;
-        }
         // Not the counts on the icons, which are always there.
         const std::string_view name(static_cast<const char*>(xcb_get_property_value(role.get())),
                                     xcb_get_property_value_length(role.get()));
-        if (name == "preview" || name == "bubble") {
+        if (name == "preview" || name == "bubble")
             result.emplace_back(area->x, area->y, area->width, area->height);
-        }
     }
     return result;
 }

@@ -13,15 +13,14 @@ namespace
 {
 
 // A hidden panel lies off the screen by about its breadth.
-constexpr int MaximalMiss = 200;
+constexpr int maximalMiss = 200;
 
 bool isWide(const QRect& dock) { return dock.width() >= dock.height(); }
 
 bool isSamePlace(const PlacedWindow& a, const PlacedWindow& b, DockEdge edge)
 {
-    if (a.place == b.place) {
+    if (a.place == b.place)
         return true;
-    }
     const bool isSameAlong =
         isHorizontal(edge) ? a.place.x() == b.place.x() && a.place.width() == b.place.width()
                            : a.place.y() == b.place.y() && a.place.height() == b.place.height();
@@ -39,9 +38,8 @@ bool overlapsAlong(const QRect& icon, const QRect& dock)
 // nothing beside the icon may lie on the dock.
 QRect acrossDock(const QRect& icon, const QRect& dock, DockEdge edge)
 {
-    if (isHorizontal(edge)) {
+    if (isHorizontal(edge))
         return {icon.x(), dock.y(), icon.width(), dock.height()};
-    }
     return {dock.x(), icon.y(), dock.width(), icon.height()};
 }
 
@@ -51,9 +49,8 @@ DockItemId reuseId(const std::vector<xcb_window_t>& windows, std::vector<DockIte
         const bool shares = std::ranges::any_of(item.windows, [&](xcb_window_t window) {
             return std::ranges::find(windows, window) != windows.end();
         });
-        if (shares && item.id != 0) {
+        if (shares && item.id != 0)
             return std::exchange(item.id, 0);
-        }
     }
     return newDockItemId();
 }
@@ -62,18 +59,17 @@ DockItemId reuseId(const std::vector<xcb_window_t>& windows, std::vector<DockIte
 
 bool isIconPlace(const QRect& rect)
 {
-    return rect.width() >= MinimalIconSide && rect.height() >= MinimalIconSide;
+    return rect.width() >= minimalIconSide && rect.height() >= minimalIconSide;
 }
 
 int dockOfIcon(const QRect& icon, const std::vector<DockWindow>& docks)
 {
     int best = -1;
-    std::int64_t bestDistance = std::int64_t{MaximalMiss} * MaximalMiss;
+    std::int64_t bestDistance = std::int64_t{maximalMiss} * maximalMiss;
     for (std::size_t i = 0; i < docks.size(); ++i) {
         const QRect& dock = docks[i].bounds;
-        if (!isIconPlace(dock)) {
+        if (!isIconPlace(dock))
             continue;
-        }
         const std::int64_t distance = squaredDistance(icon.center(), dock);
         if ((distance == 0 || overlapsAlong(icon, dock)) && distance < bestDistance) {
             best = static_cast<int>(i);
@@ -87,9 +83,8 @@ QRect placeOnDock(const QRect& icon, const QRect& dock, bool& isOffPanel)
 {
     isOffPanel = !dock.contains(icon.center());
     const QRect place = icon.translated(-dock.topLeft());
-    if (!isOffPanel) {
+    if (!isOffPanel)
         return place;
-    }
     return isWide(dock) ? QRect(place.x(), 0, place.width(), dock.height())
                         : QRect(0, place.y(), dock.width(), place.height());
 }
@@ -106,9 +101,8 @@ std::vector<DockItem> deriveItems(const std::vector<PlacedWindow>& windows, cons
     for (const PlacedWindow& window : windows) {
         auto it = std::ranges::find_if(
             buttons, [&](const Button& button) { return isSamePlace(button.first, window, edge); });
-        if (it == buttons.end()) {
+        if (it == buttons.end())
             it = buttons.insert(buttons.end(), {.first = window, .windows = {}});
-        }
         it->windows.push_back(window.window);
         it->allIconic = it->allIconic && window.isIconic;
     }
@@ -122,9 +116,8 @@ std::vector<DockItem> deriveItems(const std::vector<PlacedWindow>& windows, cons
             return &other != &button &&
                    other.first.place.translated(dock.topLeft()).intersects(rect);
         });
-        if (crowded) {
+        if (crowded)
             rect = raw;
-        }
         std::ranges::sort(button.windows);
         items.push_back({.id = reuseId(button.windows, kept),
                          .desktopFile = {},
@@ -142,18 +135,14 @@ std::vector<DockItem> deriveItems(const std::vector<PlacedWindow>& windows, cons
 
 DockEdge edgeOfDock(const QRect& dock, const QRect& screen, const QMargins& strut)
 {
-    if (strut.bottom() > 0) {
+    if (strut.bottom() > 0)
         return DockEdge::Bottom;
-    }
-    if (strut.left() > 0) {
+    if (strut.left() > 0)
         return DockEdge::Left;
-    }
-    if (strut.right() > 0) {
+    if (strut.right() > 0)
         return DockEdge::Right;
-    }
-    if (strut.top() > 0) {
+    if (strut.top() > 0)
         return DockEdge::Top;
-    }
     // It keeps nothing free: one that hides, or floats. Where it touches several edges, its shape
     // tells along which of them it lies.
     struct Side {

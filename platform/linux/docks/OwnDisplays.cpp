@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "platform/linux/docks/OwnDisplays.h"
+#include "platform/StringLiterals.h"
 
 #include <QtCore/QCoreApplication>
 
@@ -46,25 +47,21 @@ std::vector<DockDisplay> ownDisplaysOf(const QString& program, const QString& se
 {
     std::vector<DockDisplay> result;
     for (const Known& each : known) {
-        if (program != QLatin1String(each.program) ||
-            (each.isOfEachDock && settingsPath.isEmpty())) {
+        if (program != QLatin1String(each.program) || (each.isOfEachDock && settingsPath.isEmpty()))
             continue;
-        }
         DockDisplay display{each.kind, each.isKnownOn, {}};
-        if (each.key != nullptr) {
+        if (each.key) {
             QString schema = QString::fromLatin1(each.setting);
             const QString path = each.isOfEachDock ? settingsPath : QString();
             const std::optional<bool> isOn = flag(schema, path, each.key);
-            if (isOn == false) {
+            if (isOn == false)
                 continue;
-            }
             display.isKnownOn = isOn.has_value();
-            if (!path.isEmpty()) {
+            if (!path.isEmpty())
                 schema += u':' + path;
-            }
-            display.setting = QStringLiteral("gsettings set %1 %2 false")
-                                  .arg(schema, QString::fromLatin1(each.key));
-        } else if (each.setting != nullptr) {
+            display.setting =
+                u"gsettings set %1 %2 false"_s.arg(schema, QString::fromLatin1(each.key));
+        } else if (each.setting) {
             display.setting = QCoreApplication::translate(context, each.setting);
         }
         result.push_back(display);

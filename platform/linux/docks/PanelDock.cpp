@@ -14,7 +14,7 @@ namespace
 {
 
 // Panels that animate their buttons write a place every 17 ms.
-constexpr double SettleTime = 0.030;
+constexpr double settleTime = 0.030;
 
 bool isDock(const x11::TrackedWindow& window) { return window.type == x11::WindowType::Dock; }
 
@@ -39,18 +39,16 @@ PanelDock::PanelDock(RunLoop& runLoop, x11::WindowTracker& tracker, const x11::P
     : m_runLoop(runLoop), m_tracker(tracker), m_space(space), m_strutReader(std::move(strutReader)),
       m_buttons(std::move(buttons))
 {
-    if (m_buttons) {
+    if (m_buttons)
         m_buttons->setChanged([this] { derive(); });
-    }
 }
 
 PanelDock::~PanelDock() { m_runLoop.cancelPreviousPerformRequests(this); }
 
 void PanelDock::start()
 {
-    for (const x11::TrackedWindowPtr& window : m_tracker.windows()) {
+    for (const x11::TrackedWindowPtr& window : m_tracker.windows())
         notePlace(*window, m_runLoop.now() - 1.0); // written before we came, so it stands
-    }
     derive();
 }
 
@@ -65,30 +63,25 @@ void PanelDock::synchronize() { derive(); }
 std::vector<DockWindow> PanelDock::dockWindows() const
 {
     std::vector<DockWindow> docks;
-    for (const x11::TrackedWindowPtr& window : m_tracker.windows()) {
-        if (isDock(*window)) {
+    for (const x11::TrackedWindowPtr& window : m_tracker.windows())
+        if (isDock(*window))
             docks.push_back({window->id, window->frame, window->bounds});
-        }
-    }
     return docks;
 }
 
 void PanelDock::notePlace(const x11::TrackedWindow& window, double writtenAt)
 {
-    if (!window.iconGeometry || !isIconPlace(*window.iconGeometry) || isDock(window)) {
+    if (!window.iconGeometry || !isIconPlace(*window.iconGeometry) || isDock(window))
         return;
-    }
     // Among all docks: a place on a dock that is not ours to know must not be taken for a near one.
     const std::vector<DockWindow> docks = dockWindows();
     const int index = dockOfIcon(*window.iconGeometry, docks);
-    if (index < 0) {
+    if (index < 0)
         return;
-    }
     const DockWindow& dock = docks[static_cast<std::size_t>(index)];
     const x11::TrackedWindowPtr writer = m_tracker.window(dock.id);
-    if (writer && writer->pid) {
+    if (writer && writer->pid)
         m_writers.wrote(*writer->pid);
-    }
     const std::lock_guard lock(m_mutex);
     Placement& placement = m_placements[window.id][dock.id];
     placement.writtenAt = writtenAt;
@@ -106,19 +99,17 @@ void PanelDock::noteMissingPlaces()
             const auto known = m_placements.find(window->id);
             isMissing = known == m_placements.end() || known->second.empty();
         }
-        if (isMissing) {
+        if (isMissing)
             notePlace(*window, m_runLoop.now());
-        }
     }
 }
 
 void PanelDock::windowAdded(const x11::TrackedWindowPtr& window)
 {
-    if (isDock(*window)) {
+    if (isDock(*window))
         noteMissingPlaces();
-    } else {
+    else
         notePlace(*window, m_runLoop.now());
-    }
     m_hasChanged = true;
     scheduleDerivation();
 }
@@ -127,24 +118,20 @@ void PanelDock::windowChanged(const x11::TrackedWindowPtr& before,
                               const x11::TrackedWindowPtr& after)
 {
     const bool isPlaced = before->iconGeometrySerial != after->iconGeometrySerial;
-    if (isPlaced) {
+    if (isPlaced)
         notePlace(*after, m_runLoop.now());
-    }
     const bool isDockMoved = (isDock(*after) || isDock(*before)) &&
                              (before->bounds != after->bounds || before->frame != after->frame ||
                               before->type != after->type);
-    if (isDockMoved && isIconPlace(after->bounds) && !isIconPlace(before->bounds)) {
+    if (isDockMoved && isIconPlace(after->bounds) && !isIconPlace(before->bounds))
         noteMissingPlaces();
-    }
     const bool isShownOtherwise = isDockMoved || before->isIconic != after->isIconic ||
                                   before->desktop != after->desktop ||
                                   before->skipTaskbar != after->skipTaskbar;
-    if (isShownOtherwise) {
+    if (isShownOtherwise)
         m_hasChanged = true;
-    }
-    if (isPlaced || isShownOtherwise) {
+    if (isPlaced || isShownOtherwise)
         scheduleDerivation();
-    }
 }
 
 void PanelDock::windowRemoved(const x11::TrackedWindowPtr& last)
@@ -152,9 +139,8 @@ void PanelDock::windowRemoved(const x11::TrackedWindowPtr& last)
     {
         const std::lock_guard lock(m_mutex);
         m_placements.erase(last->id);
-        for (auto& [window, placements] : m_placements) {
+        for (auto& [window, placements] : m_placements)
             placements.erase(last->id);
-        }
     }
     m_hasChanged = true;
     scheduleDerivation();
@@ -174,11 +160,10 @@ void PanelDock::screensChanged()
 
 void PanelDock::scheduleDerivation()
 {
-    if (m_isScheduled.exchange(true)) {
+    if (m_isScheduled.exchange(true))
         return;
-    }
     const auto schedule = m_guard.ifAlive([this] {
-        m_runLoop.performAfterDelay(this, SettleTime, [this] {
+        m_runLoop.performAfterDelay(this, settleTime, [this] {
             m_isScheduled = false;
             derive();
         });
@@ -190,13 +175,11 @@ bool PanelDock::settle(double now)
 {
     bool anyFresh = false;
     for (auto& [window, placements] : m_placements) {
-        for (auto& [panel, placement] : placements) {
-            if (now - placement.writtenAt >= SettleTime) {
+        for (auto& [panel, placement] : placements)
+            if (now - placement.writtenAt >= settleTime)
                 placement.settled = placement.latest;
-            } else {
+            else
                 anyFresh = true;
-            }
-        }
     }
     return anyFresh;
 }
@@ -209,16 +192,14 @@ void PanelDock::derive()
         const std::lock_guard lock(m_mutex);
         anyFresh = settle(m_runLoop.now());
     }
-    if (m_buttons) {
+    if (m_buttons)
         updateButtons(windows);
-    }
     std::vector<DockStatePtr> states;
     for (const x11::TrackedWindowPtr& window : windows) {
         if (isPanel(*window)) {
             states.push_back(makeState(*window, windows));
-            if (!states.back()->items.empty()) {
+            if (!states.back()->items.empty())
                 m_everUsed.insert(window->id);
-            }
         }
     }
     // A panel with a task bar comes before one with a clock, also while no window is open.
@@ -230,9 +211,8 @@ void PanelDock::derive()
         m_states = std::move(states);
     }
     notifyChanged();
-    if (anyFresh) {
+    if (anyFresh)
         scheduleDerivation();
-    }
 }
 
 void PanelDock::updateButtons(const std::vector<x11::TrackedWindowPtr>& windows)
@@ -244,11 +224,9 @@ void PanelDock::updateButtons(const std::vector<x11::TrackedWindowPtr>& windows)
     {
         const std::lock_guard lock(m_mutex);
         for (const auto& [window, placements] : m_placements) {
-            for (const x11::TrackedWindowPtr& dock : docks) {
-                if (dock->pid && placements.contains(dock->id)) {
+            for (const x11::TrackedWindowPtr& dock : docks)
+                if (dock->pid && placements.contains(dock->id))
                     placed.insert(*dock->pid);
-                }
-            }
         }
     }
     const int desktop = m_tracker.currentDesktop();
@@ -259,12 +237,10 @@ void PanelDock::updateButtons(const std::vector<x11::TrackedWindowPtr>& windows)
     const PlaceWriters::Doubt doubt =
         m_writers.doubt(docks, placed, areThereTasks, m_runLoop.now());
     m_buttons->want(doubt.pids);
-    if (m_hasChanged.exchange(false)) {
+    if (m_hasChanged.exchange(false))
         m_buttons->refresh();
-    }
-    if (doubt.lookAgain > 0) {
+    if (doubt.lookAgain > 0)
         m_runLoop.performAfterDelay(this, doubt.lookAgain, [this] { derive(); });
-    }
 }
 
 DockStatePtr PanelDock::makeState(const x11::TrackedWindow& panel,
@@ -285,22 +261,19 @@ DockStatePtr PanelDock::makeState(const x11::TrackedWindow& panel,
     std::vector<PlacedWindow> placed;
     const std::lock_guard lock(m_mutex);
     for (const x11::TrackedWindowPtr& window : windows) {
-        if (!isShownOn(*window, desktop) || window->skipTaskbar) {
+        if (!isShownOn(*window, desktop) || window->skipTaskbar)
             continue;
-        }
         const std::optional<PlacedWindow> place =
-            read != nullptr ? placeIn(*read, window->id) : placeOn(panel.id, window->id);
+            read ? placeIn(*read, window->id) : placeOn(panel.id, window->id);
         if (place) {
             placed.push_back(*place);
             placed.back().isIconic = window->isIconic;
         }
     }
     std::vector<DockItem> previous;
-    for (const DockStatePtr& old : m_states) {
-        if (old->windows.front().id == panel.id) {
+    for (const DockStatePtr& old : m_states)
+        if (old->windows.front().id == panel.id)
             previous = old->items;
-        }
-    }
     state->items = deriveItems(placed, panel.bounds, state->edge, previous);
     return state;
 }
@@ -308,9 +281,8 @@ DockStatePtr PanelDock::makeState(const x11::TrackedWindow& panel,
 std::optional<PlacedWindow> PanelDock::placeOn(xcb_window_t panel, xcb_window_t window) const
 {
     const auto known = m_placements.find(window);
-    if (known == m_placements.end()) {
+    if (known == m_placements.end())
         return std::nullopt;
-    }
     const auto own = known->second.find(panel);
     return own != known->second.end() ? own->second.settled : std::nullopt;
 }

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cstdlib>
 
+#include "platform/StringLiterals.h"
 #include "platform/linux/docks/AccessibleQuestions.h"
 #include "platform/linux/docks/IconGeometry.h"
 
@@ -17,42 +18,40 @@ namespace lumbrix::platform
 namespace
 {
 
-constexpr int MaximalUnderWay = 32;
-constexpr int MaximalDepth = 12;
-constexpr std::size_t MaximalWindows = 64;
-constexpr std::size_t MaximalChildren = 300;
-constexpr std::size_t MaximalElements = 1500;
-constexpr int MaximalScale = 4;
-constexpr int MaximalCoordinate = 1 << 17;
+constexpr int maximalUnderWay = 32;
+constexpr int maximalDepth = 12;
+constexpr std::size_t maximalWindows = 64;
+constexpr std::size_t maximalChildren = 300;
+constexpr std::size_t maximalElements = 1500;
+constexpr int maximalScale = 4;
+constexpr int maximalCoordinate = 1 << 17;
 
 // As the protocol numbers them.
-constexpr std::uint32_t CheckBox = 7;
-constexpr std::uint32_t PushButton = 43;
-constexpr std::uint32_t RadioButton = 44;
-constexpr std::uint32_t ToggleButton = 62;
+constexpr std::uint32_t checkBox = 7;
+constexpr std::uint32_t pushButton = 43;
+constexpr std::uint32_t radioButton = 44;
+constexpr std::uint32_t toggleButton = 62;
 
 // Window buttons can be in or out; a launcher is pushed only, and may be called like an
 // application.
 bool isWindowButton(std::uint32_t role)
 {
-    return role == ToggleButton || role == CheckBox || role == RadioButton;
+    return role == toggleButton || role == checkBox || role == radioButton;
 }
 
 QDBusMessage extentsQuestion(const AccessibleRef& element)
 {
     constexpr quint32 onTheScreen = 0;
-    return QDBusMessage::createMethodCall(element.bus, element.path,
-                                          QStringLiteral("org.a11y.atspi.Component"),
-                                          QStringLiteral("GetExtents"))
+    return QDBusMessage::createMethodCall(element.bus, element.path, u"org.a11y.atspi.Component"_s,
+                                          u"GetExtents"_s)
            << onTheScreen;
 }
 
 /// Null for what is not shown: that has a place far off.
 std::optional<QRect> extentsIn(const QDBusMessage& reply)
 {
-    if (reply.type() != QDBusMessage::ReplyMessage || reply.signature() != u"(iiii)") {
+    if (reply.type() != QDBusMessage::ReplyMessage || reply.signature() != u"(iiii)")
         return std::nullopt;
-    }
     const auto argument = reply.arguments().constFirst().value<QDBusArgument>();
     int x = 0;
     int y = 0;
@@ -62,11 +61,10 @@ std::optional<QRect> extentsIn(const QDBusMessage& reply)
     argument >> x >> y >> width >> height;
     argument.endStructure();
     const auto isSane = [](int value) {
-        return value > -MaximalCoordinate && value < MaximalCoordinate;
+        return value > -maximalCoordinate && value < maximalCoordinate;
     };
-    if (!isSane(x) || !isSane(y) || !isSane(width) || !isSane(height) || width < 1 || height < 1) {
+    if (!isSane(x) || !isSane(y) || !isSane(width) || !isSane(height) || width < 1 || height < 1)
         return std::nullopt;
-    }
     return QRect(x, y, width, height);
 }
 
@@ -83,9 +81,8 @@ void PanelWalk::start()
 {
     ask(childrenQuestion(m_root), [this](const QDBusMessage& reply) {
         m_result.isAnswered = reply.type() == QDBusMessage::ReplyMessage;
-        for (const AccessibleRef& window : accessibleRefs(reply, MaximalWindows)) {
+        for (const AccessibleRef& window : accessibleRefs(reply, maximalWindows))
             lookAtWindow(window);
-        }
     });
 }
 
@@ -98,7 +95,7 @@ void PanelWalk::ask(const QDBusMessage& message, AccessibleBus::Answer answer)
 
 void PanelWalk::pump()
 {
-    while (m_underWay < MaximalUnderWay && !m_questions.empty()) {
+    while (m_underWay < maximalUnderWay && !m_questions.empty()) {
         const Question next = std::move(m_questions.front());
         m_questions.pop_front();
         ++m_underWay;
@@ -135,11 +132,10 @@ std::optional<PanelWalk::Panel> PanelWalk::panelAt(const QRect& extents) const
     std::optional<Panel> best;
     int bestDistance = 0;
     for (const DockWindow& window : m_panels) {
-        for (int scale = 1; scale <= MaximalScale; ++scale) {
+        for (int scale = 1; scale <= maximalScale; ++scale) {
             const QSize size = extents.size() * scale - window.bounds.size();
-            if (std::abs(size.width()) >= 2 * scale || std::abs(size.height()) >= 2 * scale) {
+            if (std::abs(size.width()) >= 2 * scale || std::abs(size.height()) >= 2 * scale)
                 continue;
-            }
             const int distance =
                 (extents.topLeft() * scale - window.bounds.topLeft()).manhattanLength();
             if (!best || distance < bestDistance) {
@@ -153,25 +149,22 @@ std::optional<PanelWalk::Panel> PanelWalk::panelAt(const QRect& extents) const
 
 void PanelWalk::lookInto(const AccessibleRef& container, const Panel& panel, int depth)
 {
-    if (depth >= MaximalDepth) {
+    if (depth >= maximalDepth)
         return;
-    }
     ask(childrenQuestion(container), [this, container, panel, depth](const QDBusMessage& reply) {
-        const std::vector<AccessibleRef> children = accessibleRefs(reply, MaximalChildren);
+        const std::vector<AccessibleRef> children = accessibleRefs(reply, maximalChildren);
         const List list{.ref = container, .size = children.size(), .depth = depth};
         for (const AccessibleRef& child : children) {
-            if (m_seen.size() >= MaximalElements || !m_seen.insert(child).second) {
+            if (m_seen.size() >= maximalElements || !m_seen.insert(child).second)
                 continue;
-            }
             const auto known = m_knownRoles.find(child);
             if (known != m_knownRoles.end()) {
                 lookAt(child, known->second, list, panel);
                 continue;
             }
             ask(roleQuestion(child), [this, child, list, panel](const QDBusMessage& answer) {
-                if (const auto role = roleIn(answer)) {
+                if (const auto role = roleIn(answer))
                     lookAt(child, *role, list, panel);
-                }
             });
         }
     });
@@ -181,27 +174,24 @@ void PanelWalk::lookAt(const AccessibleRef& element, std::uint32_t role, const L
                        const Panel& panel)
 {
     m_result.roles[element] = role;
-    if (isWindowButton(role)) {
+    if (isWindowButton(role))
         readButton(element, list, panel);
-    } else if (role != PushButton) {
+    else if (role != pushButton)
         lookInto(element, panel, list.depth + 1);
-    }
 }
 
 void PanelWalk::readButton(const AccessibleRef& element, const List& list, const Panel& panel)
 {
     ask(extentsQuestion(element), [this, element, list, panel](const QDBusMessage& reply) {
         const std::optional<QRect> extents = extentsIn(reply);
-        if (!extents || !isIconPlace(*extents)) {
+        if (!extents || !isIconPlace(*extents))
             return; // its name does not matter either
-        }
         const QRect place((extents->topLeft() - panel.corner) * panel.scale,
                           extents->size() * panel.scale);
         ask(nameQuestion(element), [this, element, list, panel, place](const QDBusMessage& answer) {
             const std::optional<QString> name = nameIn(answer);
-            if (!name) {
+            if (!name)
                 return;
-            }
             m_result.panels[panel.id].push_back({.ref = element,
                                                  .list = list.ref,
                                                  .name = *name,

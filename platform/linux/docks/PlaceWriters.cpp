@@ -14,7 +14,7 @@ namespace
 {
 
 // Panels write within 45 ms of a window's coming, more while the session starts.
-constexpr double SilenceTime = 2.0; // seconds
+constexpr double silenceTime = 2.0; // seconds
 
 } // namespace
 
@@ -33,9 +33,8 @@ PlaceWriters::Doubt PlaceWriters::doubt(const std::vector<x11::TrackedWindowPtr>
     for (const x11::TrackedWindowPtr& dock : docks) {
         if (dock->pid) {
             running.insert(*dock->pid);
-            if (!isPlankWindow(*dock)) { // which tells its items otherwise
+            if (!isPlankWindow(*dock)) // which tells its items otherwise
                 panels.insert(*dock->pid);
-            }
         }
     }
     std::erase_if(m_silentSince, [&](const auto& silent) {
@@ -49,12 +48,11 @@ PlaceWriters::Doubt PlaceWriters::doubt(const std::vector<x11::TrackedWindowPtr>
             result.pids.insert(pid);
         } else if (!placed.contains(pid) && (areThereTasks || m_silentSince.contains(pid))) {
             const double left =
-                m_silentSince.try_emplace(pid, now).first->second + SilenceTime - now;
-            if (left <= 0) {
+                m_silentSince.try_emplace(pid, now).first->second + silenceTime - now;
+            if (left <= 0)
                 result.pids.insert(pid);
-            } else {
+            else
                 result.lookAgain = std::max(result.lookAgain, left);
-            }
         }
     }
     return result;

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "platform/linux/docks/PlankBus.h"
+#include "platform/StringLiterals.h"
 
 #include <QtCore/QRegularExpression>
 #include <QtCore/QSet>
@@ -18,38 +19,36 @@ namespace
 {
 
 /// Of one Plank; each is asked.
-constexpr qsizetype MaximalDocks = 30;
+constexpr qsizetype maximalDocks = 30;
 
 const QString& plainName()
 {
-    static const QString name = QStringLiteral("net.launchpad.plank");
+    static const QString name = u"net.launchpad.plank"_s;
     return name;
 }
 
 const QString& parentPath()
 {
-    static const QString path = QStringLiteral("/net/launchpad/plank");
+    static const QString path = u"/net/launchpad/plank"_s;
     return path;
 }
 
 QDBusMessage daemonCall(const QString& method, const QVariantList& arguments = {})
 {
     QDBusMessage message = QDBusMessage::createMethodCall(
-        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
-        QStringLiteral("org.freedesktop.DBus"), method);
+        u"org.freedesktop.DBus"_s, u"/org/freedesktop/DBus"_s, u"org.freedesktop.DBus"_s, method);
     message.setArguments(arguments);
     return message;
 }
 
 QSet<QString> docksIn(const QDBusMessage& introspection)
 {
-    static const QRegularExpression node(QStringLiteral("<node name=[\"']([A-Za-z0-9_]+)"));
+    static const QRegularExpression node(u"<node name=[\"']([A-Za-z0-9_]+)"_s);
     QSet<QString> names;
     if (isPlankAnswer(introspection, "s")) {
         const QString text = introspection.arguments().constFirst().toString();
-        for (auto it = node.globalMatch(text); it.hasNext() && names.size() < MaximalDocks;) {
+        for (auto it = node.globalMatch(text); it.hasNext() && names.size() < maximalDocks;)
             names.insert(it.next().captured(1));
-        }
     }
     return names;
 }
@@ -60,44 +59,37 @@ PlankBus::PlankBus(RunLoop& runLoop, const QDBusConnection& bus) : m_runLoop(run
 
 PlankBus::~PlankBus()
 {
-    for (const auto& [name, plank] : m_planks) {
+    for (const auto& [name, plank] : m_planks)
         m_runLoop.cancelPreviousPerformRequests(plank.get());
-    }
 }
 
 void PlankBus::start()
 {
-    if (!m_bus.isConnected()) {
+    if (!m_bus.isConnected())
         return;
-    }
     auto* watcher = new QDBusServiceWatcher(plainName() + u'*', m_bus,
                                             QDBusServiceWatcher::WatchForOwnerChange, this);
     connect(watcher, &QDBusServiceWatcher::serviceOwnerChanged, this,
             [this](const QString& name, const QString&, const QString& owner) {
                 forget(name);
-                if (!owner.isEmpty()) {
+                if (!owner.isEmpty())
                     meet(name, owner);
-                }
             });
-    m_bus.connect(QString(), QString(), QStringLiteral("net.launchpad.plank.Items"),
-                  QStringLiteral("Changed"), this, SLOT(itemsChanged(QDBusMessage)));
-    call(nullptr, daemonCall(QStringLiteral("ListNames")),
-         [this](const PlankPtr&, const QDBusMessage& reply) {
-             if (!isPlankAnswer(reply, "as")) {
-                 return;
-             }
-             for (const QString& name : reply.arguments().constFirst().toStringList()) {
-                 if (name != plainName() && !name.startsWith(plainName() + u'.')) {
-                     continue;
-                 }
-                 call(nullptr, daemonCall(QStringLiteral("GetNameOwner"), {name}),
-                      [this, name](const PlankPtr&, const QDBusMessage& owner) {
-                          if (isPlankAnswer(owner, "s") && !m_planks.contains(name)) {
-                              meet(name, owner.arguments().constFirst().toString());
-                          }
-                      });
-             }
-         });
+    m_bus.connect(QString(), QString(), u"net.launchpad.plank.Items"_s, u"Changed"_s, this,
+                  SLOT(itemsChanged(QDBusMessage)));
+    call(nullptr, daemonCall(u"ListNames"_s), [this](const PlankPtr&, const QDBusMessage& reply) {
+        if (!isPlankAnswer(reply, "as"))
+            return;
+        for (const QString& name : reply.arguments().constFirst().toStringList()) {
+            if (name != plainName() && !name.startsWith(plainName() + u'.'))
+                continue;
+            call(nullptr, daemonCall(u"GetNameOwner"_s, {name}),
+                 [this, name](const PlankPtr&, const QDBusMessage& owner) {
+                     if (isPlankAnswer(owner, "s") && !m_planks.contains(name))
+                         meet(name, owner.arguments().constFirst().toString());
+                 });
+        }
+    });
 }
 
 // The answer comes only while the Plank that it is about is still there; without one it is about
@@ -105,15 +97,14 @@ void PlankBus::start()
 void PlankBus::call(const PlankPtr& plank, const QDBusMessage& message, Answer answer)
 {
     auto* watcher =
-        new QDBusPendingCallWatcher(m_bus.asyncCall(message, PlankTimeoutMilliseconds), this);
+        new QDBusPendingCallWatcher(m_bus.asyncCall(message, plankTimeoutMilliseconds), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this,
             [weak = std::weak_ptr(plank), isAboutBus = !plank,
              answer = std::move(answer)](QDBusPendingCallWatcher* finished) {
                 finished->deleteLater();
                 const PlankPtr about = weak.lock();
-                if (isAboutBus || about) {
+                if (isAboutBus || about)
                     answer(about, finished->reply());
-                }
             });
 }
 
@@ -122,11 +113,10 @@ void PlankBus::meet(const QString& name, const QString& owner)
     const auto plank = std::make_shared<Plank>();
     plank->owner = owner;
     m_planks[name] = plank;
-    call(plank, daemonCall(QStringLiteral("GetConnectionUnixProcessID"), {owner}),
+    call(plank, daemonCall(u"GetConnectionUnixProcessID"_s, {owner}),
          [this](const PlankPtr& about, const QDBusMessage& reply) {
-             if (isPlankAnswer(reply, "u")) {
+             if (isPlankAnswer(reply, "u"))
                  about->pid = reply.arguments().constFirst().toInt();
-             }
              findDocks(about);
          });
 }
@@ -143,12 +133,10 @@ void PlankBus::forget(const QString& name)
 
 void PlankBus::findDocks(const PlankPtr& plank)
 {
-    if (std::exchange(plank->isAsked, true)) {
+    if (std::exchange(plank->isAsked, true))
         return;
-    }
     const QDBusMessage message = QDBusMessage::createMethodCall(
-        plank->owner, parentPath(), QStringLiteral("org.freedesktop.DBus.Introspectable"),
-        QStringLiteral("Introspect"));
+        plank->owner, parentPath(), u"org.freedesktop.DBus.Introspectable"_s, u"Introspect"_s);
     call(plank, message, [this](const PlankPtr& about, const QDBusMessage& reply) {
         about->isAsked = false;
         takeDocks(about, reply);
@@ -160,9 +148,8 @@ void PlankBus::takeDocks(const PlankPtr& plank, const QDBusMessage& reply)
 {
     const QSet<QString> names = docksIn(reply);
     if (names.isEmpty()) {
-        if (++plank->failures <= MaximalPlankFailures) {
+        if (++plank->failures <= maximalPlankFailures)
             findDocksAfter(plank, 0.5);
-        }
         return; // a Plank that hangs keeps its docks
     }
     plank->failures = 0;
@@ -190,64 +177,55 @@ void PlankBus::findDocksAfter(const PlankPtr& plank, Seconds delay)
     m_runLoop.performAfterDelay(plank.get(), delay, [this, weak = std::weak_ptr(plank)] {
         if (const PlankPtr about = weak.lock()) {
             findDocks(about);
-            for (const auto& [name, dock] : about->docks) {
+            for (const auto& [name, dock] : about->docks)
                 dock->refresh(); // items move into place while the dock starts
-            }
         }
     });
 }
 
 void PlankBus::lookForDocks()
 {
-    for (const auto& [name, plank] : m_planks) {
+    for (const auto& [name, plank] : m_planks)
         findDocks(plank);
-    }
 }
 
 void PlankBus::refresh()
 {
     for (const auto& [name, plank] : m_planks) {
-        if (plank->docks.empty()) {
+        if (plank->docks.empty())
             findDocks(plank);
-        }
-        for (const auto& [dockName, dock] : plank->docks) {
+        for (const auto& [dockName, dock] : plank->docks)
             dock->refresh();
-        }
     }
 }
 
 void PlankBus::itemsChanged(const QDBusMessage& message)
 {
     for (const auto& [name, plank] : m_planks) {
-        if (plank->owner != message.service()) {
+        if (plank->owner != message.service())
             continue;
-        }
         const auto dock = std::ranges::find_if(plank->docks, [&](const auto& known) {
             return known.second->path() == message.path();
         });
-        if (dock != plank->docks.end()) {
+        if (dock != plank->docks.end())
             dock->second->refreshWhileTheyMove();
-        } else {
+        else
             findDocks(plank);
-        }
     }
 }
 
 void PlankBus::notifyChanged() const
 {
-    if (m_onChanged) {
+    if (m_onChanged)
         m_onChanged();
-    }
 }
 
 std::vector<PlankOnBus> PlankBus::docks() const
 {
     std::vector<PlankOnBus> result;
-    for (const auto& [plankName, plank] : m_planks) {
-        for (const auto& [name, dock] : plank->docks) {
+    for (const auto& [plankName, plank] : m_planks)
+        for (const auto& [name, dock] : plank->docks)
             result.push_back({plankName, name, plank->pid, dock->items()});
-        }
-    }
     return result;
 }
 

@@ -14,7 +14,7 @@ namespace
 {
 
 /// What is not there any more is remembered, until there is so much of it.
-constexpr std::size_t MaximalKept = 1000;
+constexpr std::size_t maximalKept = 1000;
 
 int along(QPoint point, DockEdge edge) { return isHorizontal(edge) ? point.x() : point.y(); }
 
@@ -69,9 +69,8 @@ void PlankDock::synchronize() { rebuild(); }
 
 void PlankDock::windowAdded(const x11::TrackedWindowPtr& window)
 {
-    if (isPlankWindow(*window)) {
+    if (isPlankWindow(*window))
         onMainThread(&PlankDock::lookForDocks);
-    }
 }
 
 void PlankDock::windowChanged(const x11::TrackedWindowPtr& before,
@@ -87,16 +86,14 @@ void PlankDock::windowChanged(const x11::TrackedWindowPtr& before,
         interest == Interest::All ||
         (interest == Interest::ComingAndGoing && isShownByDock(*before) != isShownByDock(*after));
     if (isOfInterest && before->iconGeometrySerial != after->iconGeometrySerial &&
-        !m_isRebuildUnderWay.exchange(true)) {
+        !m_isRebuildUnderWay.exchange(true))
         onMainThread(&PlankDock::rebuild);
-    }
 }
 
 void PlankDock::windowRemoved(const x11::TrackedWindowPtr& last)
 {
-    if (isPlankWindow(*last)) {
+    if (isPlankWindow(*last))
         onMainThread(&PlankDock::lookForDocks);
-    }
 }
 
 std::vector<PlankWindow> PlankDock::readWindows() const
@@ -134,7 +131,7 @@ PlankDock::Kept& PlankDock::keptOf(const PlankOnBus& dock)
 std::vector<PlankDock::Known> PlankDock::knownDocks()
 {
     std::vector<PlankOnBus> all = m_bus->docks();
-    if (m_kept.size() > std::max(MaximalKept, all.size())) {
+    if (m_kept.size() > std::max(maximalKept, all.size())) {
         std::erase_if(m_kept, [&](const auto& kept) {
             return std::ranges::none_of(all, [&](const PlankOnBus& told) {
                 return kept.first == std::pair(told.plank, told.name);
@@ -158,15 +155,12 @@ void PlankDock::giveWindows(std::vector<Known>& docks, std::vector<PlankWindow>&
 {
     std::vector<PlankWithoutWindow> wanting;
     wanting.reserve(docks.size());
-    for (const Known& dock : docks) {
+    for (const Known& dock : docks)
         wanting.push_back({dock.told.pid, dock.edge, dock.told.items.points()});
-    }
     const auto given = windowsOfPlanks(wanting, windows);
-    for (std::size_t i = 0; i < docks.size(); ++i) {
-        if (given[i]) {
+    for (std::size_t i = 0; i < docks.size(); ++i)
+        if (given[i])
             docks[i].window = windows[*given[i]];
-        }
-    }
     std::erase_if(docks, [](const Known& dock) { return dock.window.window.id == XCB_NONE; });
     std::erase_if(windows, [&](const PlankWindow& window) {
         return std::ranges::any_of(
@@ -193,9 +187,8 @@ void PlankDock::rebuild()
     noteSlides(docks);
     std::vector<DockStatePtr> states;
     states.reserve(docks.size() + windows.size());
-    for (const Known& dock : docks) {
+    for (const Known& dock : docks)
         states.push_back(makeState(dock));
-    }
     for (const PlankWindow& window : windows) {
         auto state = std::make_shared<DockState>();
         state->pid = window.pid;
@@ -214,13 +207,11 @@ std::optional<int> PlankDock::iconCentreOf(const Application& application, const
 {
     for (const xcb_window_t id : application.windows) {
         const x11::TrackedWindowPtr window = m_tracker.window(id);
-        if (!window || !window->iconGeometry || !isIconPlace(*window->iconGeometry)) {
+        if (!window || !window->iconGeometry || !isIconPlace(*window->iconGeometry))
             continue;
-        }
         const QPoint centre = iconCentre(*window->iconGeometry, dock.window.scale);
-        if (dock.window.window.bounds.contains(centre)) {
+        if (dock.window.window.bounds.contains(centre))
             return along(centre, dock.edge);
-        }
     }
     return std::nullopt;
 }
@@ -229,16 +220,14 @@ std::optional<int> PlankDock::iconCentreOf(const Application& application, const
 std::vector<PlankItem> PlankDock::allItems(const Known& dock, const PlankItems& told) const
 {
     std::vector<PlankItem> items = told.named;
-    if (!told.firstUnnamed) {
+    if (!told.firstUnnamed)
         return items;
-    }
     std::vector<QUrl> named;
     std::vector<int> centres;
     for (const PlankItem& item : told.named) {
         centres.push_back(along(item.hoverPoint, dock.edge));
-        if (const auto application = m_registry.applicationForDesktopFile(item.desktopFile)) {
+        if (const auto application = m_registry.applicationForDesktopFile(item.desktopFile))
             named.push_back(application->running.bundleURL);
-        }
     }
     std::vector<PlankUnnamed::Candidate> unnamed;
     for (const Application& application : m_registry.applications()) {
@@ -269,16 +258,14 @@ std::vector<PlankItem> PlankDock::allItems(const Known& dock, const PlankItems& 
 // From here on everything is in root pixels.
 void PlankDock::placeItems(Known& dock) const
 {
-    if (dock.settings) {
+    if (dock.settings)
         dock.look = dock.settings->look;
-    }
     dock.look.iconSize *= dock.window.scale;
     dock.items = allItems(dock, dock.told.items.scaledBy(dock.window.scale));
     std::vector<QPoint> points;
     points.reserve(dock.items.size());
-    for (const PlankItem& item : dock.items) {
+    for (const PlankItem& item : dock.items)
         points.push_back(item.hoverPoint);
-    }
     dock.places = plankPlaces(points, dock.edge, dock.window.window.bounds, dock.look);
 }
 
@@ -287,9 +274,8 @@ void PlankDock::noteSlides(const std::vector<Known>& docks)
     std::vector<PlankSlides::Dock> writers;
     for (const Known& dock : docks) {
         QRect extent;
-        for (const PlankPlace& place : dock.places) {
+        for (const PlankPlace& place : dock.places)
             extent |= place.rect;
-        }
         writers.push_back(
             {dock.kept->number, dock.window.window.bounds, extent, dock.window.scale});
     }
@@ -311,9 +297,8 @@ DockStatePtr PlankDock::makeState(const Known& dock) const
     for (std::size_t i = 0; i < dock.items.size(); ++i) {
         const QString& desktopFile = dock.items[i].desktopFile;
         DockItemId& id = dock.kept->ids[desktopFile];
-        if (id == 0) {
+        if (id == 0)
             id = newDockItemId();
-        }
         state->items.push_back({.id = id,
                                 .desktopFile = desktopFile,
                                 .windows = {},
@@ -321,7 +306,7 @@ DockStatePtr PlankDock::makeState(const Known& dock) const
                                 .rect = dock.places[i].rect,
                                 .magnified = dock.places[i].magnified});
     }
-    if (dock.kept->ids.size() > std::max(MaximalKept, state->items.size())) {
+    if (dock.kept->ids.size() > std::max(maximalKept, state->items.size())) {
         std::erase_if(dock.kept->ids, [&](const auto& kept) {
             return std::ranges::find(state->items, kept.second, &DockItem::id) ==
                    state->items.end();

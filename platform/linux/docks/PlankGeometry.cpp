@@ -54,9 +54,8 @@ int plankPitch(std::vector<int> centres, int iconSize)
     int pitch = 0;
     for (std::size_t i = 1; i < centres.size(); ++i) {
         const int distance = centres[i] - centres[i - 1];
-        if (distance >= iconSize && (pitch == 0 || distance < pitch)) {
+        if (distance >= iconSize && (pitch == 0 || distance < pitch))
             pitch = distance;
-        }
     }
     return pitch == 0 || pitch > 2 * iconSize ? iconSize + iconSize / 4 : pitch;
 }
@@ -70,9 +69,8 @@ std::vector<int> plankFreeCentres(int first, int count, int pitch, const std::ve
          ++i, centre += pitch) {
         const bool isTold = std::ranges::any_of(
             told, [&](int other) { return std::abs(other - centre) < pitch / 2; });
-        if (!isTold) {
+        if (!isTold)
             centres.push_back(centre);
-        }
     }
     return centres;
 }
@@ -83,9 +81,8 @@ std::vector<PlankPlace> plankPlaces(const std::vector<QPoint>& hoverPoints, Dock
     const auto along = [edge](QPoint point) { return isHorizontal(edge) ? point.x() : point.y(); };
     std::vector<int> centres;
     centres.reserve(hoverPoints.size());
-    for (const QPoint point : hoverPoints) {
+    for (const QPoint point : hoverPoints)
         centres.push_back(along(point));
-    }
     const int pitch = plankPitch(std::move(centres), look.iconSize);
     const int growth =
         look.magnifies ? look.iconSize * std::max(look.zoomPercent - 100, 0) / 100 : 0;
@@ -93,9 +90,8 @@ std::vector<PlankPlace> plankPlaces(const std::vector<QPoint>& hoverPoints, Dock
     // they all end up. The points keep clear of magnified icons: without the growth they bound the
     // rest.
     int highest = 0;
-    for (const QPoint point : hoverPoints) {
+    for (const QPoint point : hoverPoints)
         highest = std::max(highest, depthOf(point, edge, dock));
-    }
     const int depth = std::clamp(pitch, 1, std::max(highest - growth, 1));
     std::vector<PlankPlace> places;
     places.reserve(hoverPoints.size());

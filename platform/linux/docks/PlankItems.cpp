@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "platform/linux/docks/PlankItems.h"
+#include "platform/StringLiterals.h"
 
 #include <QtCore/QStringList>
 #include <QtCore/QUrl>
@@ -18,7 +19,7 @@ namespace
 {
 
 /// More than fit on a screen; each is asked for, and a bus may have room for 128 questions.
-constexpr qsizetype MaximalItems = 120;
+constexpr qsizetype maximalItems = 120;
 
 /// None beyond those that a screen can have, so that reckoning with them stays within bounds.
 int coordinate(const QVariant& value) { return std::clamp(value.toInt(), -0x8000, 0x7fff); }
@@ -49,12 +50,10 @@ bool isPlankAnswer(const QDBusMessage& reply, const char* signature)
 PlankItems PlankItems::scaledBy(int scale) const
 {
     PlankItems scaled = *this;
-    for (PlankItem& item : scaled.named) {
+    for (PlankItem& item : scaled.named)
         item.hoverPoint *= scale;
-    }
-    if (scaled.firstUnnamed) {
+    if (scaled.firstUnnamed)
         *scaled.firstUnnamed *= scale;
-    }
     return scaled;
 }
 
@@ -62,12 +61,10 @@ std::vector<QPoint> PlankItems::points() const
 {
     std::vector<QPoint> all;
     all.reserve(named.size() + 1);
-    for (const PlankItem& item : named) {
+    for (const PlankItem& item : named)
         all.push_back(item.hoverPoint);
-    }
-    if (firstUnnamed) {
+    if (firstUnnamed)
         all.push_back(*firstUnnamed);
-    }
     return all;
 }
 
@@ -83,11 +80,11 @@ PlankItemsQuery::~PlankItemsQuery() { m_runLoop.cancelPreviousPerformRequests(th
 void PlankItemsQuery::call(const QString& method, const QVariantList& arguments,
                            std::function<void(const QDBusMessage&)> answer)
 {
-    QDBusMessage message = QDBusMessage::createMethodCall(
-        m_owner, m_path, QStringLiteral("net.launchpad.plank.Items"), method);
+    QDBusMessage message =
+        QDBusMessage::createMethodCall(m_owner, m_path, u"net.launchpad.plank.Items"_s, method);
     message.setArguments(arguments);
     auto* watcher =
-        new QDBusPendingCallWatcher(m_bus.asyncCall(message, PlankTimeoutMilliseconds), this);
+        new QDBusPendingCallWatcher(m_bus.asyncCall(message, plankTimeoutMilliseconds), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this,
             [answer = std::move(answer)](QDBusPendingCallWatcher* finished) {
                 finished->deleteLater();
@@ -121,28 +118,27 @@ void PlankItemsQuery::refresh()
 
 void PlankItemsQuery::query()
 {
-    call(QStringLiteral("GetCount"), {}, [this](const QDBusMessage& reply) {
+    call(u"GetCount"_s, {}, [this](const QDBusMessage& reply) {
         const int count = isPlankAnswer(reply, "i") ? reply.arguments().constFirst().toInt() : 0;
-        m_count = std::clamp(count, 0, static_cast<int>(MaximalItems));
+        m_count = std::clamp(count, 0, static_cast<int>(maximalItems));
     });
-    call(QStringLiteral("GetPersistentApplications"), {}, [this](const QDBusMessage& kept) {
+    call(u"GetPersistentApplications"_s, {}, [this](const QDBusMessage& kept) {
         if (!isPlankAnswer(kept, "as")) {
             queryFailed();
             return;
         }
         const QStringList uris = kept.arguments().constFirst().toStringList();
-        call(QStringLiteral("GetTransientApplications"), {},
-             [this, uris](const QDBusMessage& running) {
-                 if (!isPlankAnswer(running, "as")) {
-                     queryFailed();
-                     return;
-                 }
-                 QStringList all = uris + running.arguments().constFirst().toStringList();
-                 all = all.mid(0, MaximalItems);
-                 all.append(QString()); // answered with the first item that has no entry
-                 all.removeDuplicates();
-                 queryPositions(all);
-             });
+        call(u"GetTransientApplications"_s, {}, [this, uris](const QDBusMessage& running) {
+            if (!isPlankAnswer(running, "as")) {
+                queryFailed();
+                return;
+            }
+            QStringList all = uris + running.arguments().constFirst().toStringList();
+            all = all.mid(0, maximalItems);
+            all.append(QString()); // answered with the first item that has no entry
+            all.removeDuplicates();
+            queryPositions(all);
+        });
     });
 }
 
@@ -156,31 +152,27 @@ void PlankItemsQuery::queryPositions(const QStringList& uris)
     const auto collected = std::make_shared<Collected>();
     collected->missing = uris.size();
     for (const QString& uri : uris) {
-        call(QStringLiteral("GetHoverPosition"), {uri},
-             [this, uri, collected](const QDBusMessage& reply) {
-                 const QVariantList values = reply.arguments();
-                 if (!isPlankAnswer(reply, "iiib")) {
-                     collected->isFailed = true;
-                 } else if (values[3].toBool()) {
-                     const QPoint point(coordinate(values[0]), coordinate(values[1]));
-                     const QUrl url(uri);
-                     if (uri.isEmpty()) {
-                         collected->items.firstUnnamed = point;
-                     } else {
-                         collected->items.named.push_back(
-                             {url.isLocalFile() ? url.toLocalFile() : uri, point});
-                     }
-                     collected->items.edge = edgeOf(values[2].toInt());
-                 }
-                 if (--collected->missing > 0) {
-                     return;
-                 }
-                 if (collected->isFailed) {
-                     queryFailed();
-                 } else {
-                     finishQuery(std::move(collected->items));
-                 }
-             });
+        call(u"GetHoverPosition"_s, {uri}, [this, uri, collected](const QDBusMessage& reply) {
+            const QVariantList values = reply.arguments();
+            if (!isPlankAnswer(reply, "iiib")) {
+                collected->isFailed = true;
+            } else if (values[3].toBool()) {
+                const QPoint point(coordinate(values[0]), coordinate(values[1]));
+                const QUrl url(uri);
+                if (uri.isEmpty())
+                    collected->items.firstUnnamed = point;
+                else
+                    collected->items.named.push_back(
+                        {url.isLocalFile() ? url.toLocalFile() : uri, point});
+                collected->items.edge = edgeOf(values[2].toInt());
+            }
+            if (--collected->missing > 0)
+                return;
+            if (collected->isFailed)
+                queryFailed();
+            else
+                finishQuery(std::move(collected->items));
+        });
     }
 }
 
@@ -191,17 +183,15 @@ void PlankItemsQuery::finishQuery(PlankItems items)
     m_items = std::move(items);
     m_items.count = m_count;
     m_onChanged();
-    if (m_isStale) {
+    if (m_isStale)
         refresh();
-    }
 }
 
 void PlankItemsQuery::queryFailed()
 {
     m_isQuerying = false;
-    if (++m_failures <= MaximalPlankFailures) {
+    if (++m_failures <= maximalPlankFailures)
         refreshAfter(0.5);
-    }
 }
 
 } // namespace lumbrix::platform

@@ -82,7 +82,7 @@ private:
 
 /// Whether the reply is a good one with arguments of these types.
 bool isPlankAnswer(const QDBusMessage& reply, const char* signature);
-inline constexpr int PlankTimeoutMilliseconds = 2000;
-inline constexpr int MaximalPlankFailures = 10; ///< in a row, then only signals and hovers ask
+inline constexpr int plankTimeoutMilliseconds = 2000;
+inline constexpr int maximalPlankFailures = 10; ///< in a row, then only signals and hovers ask
 
 } // namespace lumbrix::platform

@@ -2,26 +2,26 @@
 // SPDX-License-Identifier: MIT
 
 #include "platform/linux/docks/PlankSettings.h"
+#include "platform/StringLiterals.h"
 
 namespace lumbrix::platform
 {
 
 QString plankSettingsPath(const QString& dockName)
 {
-    return QStringLiteral("/net/launchpad/plank/docks/%1/").arg(dockName);
+    return u"/net/launchpad/plank/docks/%1/"_s.arg(dockName);
 }
 
 PlankSettings::PlankSettings(const QString& dockName, std::function<void()> changed)
-    : m_settings(ProgramSettings::open(QStringLiteral("net.launchpad.plank.dock.settings"),
+    : m_settings(ProgramSettings::open(u"net.launchpad.plank.dock.settings"_s,
                                        plankSettingsPath(dockName), std::move(changed)))
 {
 }
 
 std::optional<PlankSettings::Values> PlankSettings::read() const
 {
-    if (!m_settings) {
+    if (!m_settings)
         return std::nullopt;
-    }
     Values values;
     values.edge =
         edgeNamed(m_settings->text("position").value_or(QString())).value_or(DockEdge::Bottom);

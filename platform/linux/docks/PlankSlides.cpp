@@ -10,31 +10,27 @@ void PlankSlides::note(const std::vector<x11::TrackedWindowPtr>& windows,
                        const std::vector<Dock>& docks)
 {
     for (const x11::TrackedWindowPtr& window : windows) {
-        if (!window->iconGeometry) {
+        if (!window->iconGeometry)
             continue;
-        }
         const Dock* writer = nullptr;
         std::int64_t least = 0;
         for (const Dock& dock : docks) {
             const QPoint centre = iconCentre(*window->iconGeometry, dock.scale);
             // An icon without size is on the line just behind the last pixels.
-            if (!dock.bounds.adjusted(-1, -1, 1, 1).contains(centre)) {
+            if (!dock.bounds.adjusted(-1, -1, 1, 1).contains(centre))
                 continue;
-            }
             const std::int64_t distance =
                 squaredDistance(centre, dock.extent.isEmpty() ? dock.bounds : dock.extent);
-            if (writer == nullptr || distance < least) {
+            if (!writer || distance < least) {
                 writer = &dock;
                 least = distance;
             }
         }
-        if (writer == nullptr) {
+        if (!writer)
             continue;
-        }
         Word& last = m_last[writer->id];
-        if (window->iconGeometryTime >= last.time) {
+        if (window->iconGeometryTime >= last.time)
             last = {window->iconGeometryTime, !isShownByDock(*window)};
-        }
     }
 }
 

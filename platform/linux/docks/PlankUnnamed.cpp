@@ -19,19 +19,16 @@ using Candidate = PlankUnnamed::Candidate;
 std::vector<QString> orderByHints(std::vector<Candidate> candidates, const std::vector<int>& free,
                                   int pitch)
 {
-    if (candidates.empty() || candidates.size() != free.size()) {
+    if (candidates.empty() || candidates.size() != free.size())
         return {};
-    }
     std::ranges::stable_sort(candidates, {}, &Candidate::hint); // those without one first
     std::vector<QString> order;
     for (std::size_t i = 0; i < free.size(); ++i) {
-        if (!candidates[i].hint || !candidates.front().hint) {
+        if (!candidates[i].hint || !candidates.front().hint)
             return {};
-        }
         const int movedBy = *candidates[i].hint - free[i];
-        if (std::abs(movedBy - (*candidates.front().hint - free.front())) >= pitch / 4) {
+        if (std::abs(movedBy - (*candidates.front().hint - free.front())) >= pitch / 4)
             return {};
-        }
         order.push_back(candidates[i].path);
     }
     return order;
@@ -50,11 +47,9 @@ std::vector<QString> PlankUnnamed::assign(const std::vector<Candidate>& candidat
     std::erase_if(m_order, [&](const QString& path) {
         return std::ranges::find(candidates, path, &Candidate::path) == candidates.end();
     });
-    for (const Candidate& candidate : candidates) {
-        if (std::ranges::find(m_order, candidate.path) == m_order.end()) {
+    for (const Candidate& candidate : candidates)
+        if (std::ranges::find(m_order, candidate.path) == m_order.end())
             m_order.push_back(candidate.path);
-        }
-    }
     const auto count = static_cast<std::ptrdiff_t>(std::min(m_order.size(), free.size()));
     return {m_order.begin(), m_order.begin() + count};
 }

@@ -18,7 +18,7 @@ namespace lumbrix::platform
 namespace
 {
 
-constexpr int MaximalScale = 16;
+constexpr int maximalScale = 16;
 
 bool holds(const QRect& bounds, const std::vector<QPoint>& points, int scale)
 {
@@ -63,22 +63,21 @@ int fit(const PlankWithoutWindow& dock, const PlankWindow& window)
 
 int readPlankScale(xcb_connection_t* connection, xcb_window_t window)
 {
-    constexpr std::uint32_t Longs = 18;
-    constexpr std::uint32_t ResizeIncrementIsSet = 1U << 6;
+    constexpr std::uint32_t longs = 18;
+    constexpr std::uint32_t resizeIncrementIsSet = 1U << 6;
     const x11::Reply<xcb_get_property_reply_t> reply(
         xcb_get_property_reply(connection,
                                xcb_get_property(connection, 0, window, XCB_ATOM_WM_NORMAL_HINTS,
-                                                XCB_ATOM_WM_SIZE_HINTS, 0, Longs),
+                                                XCB_ATOM_WM_SIZE_HINTS, 0, longs),
                                nullptr));
-    std::array<std::uint32_t, Longs> hints{};
+    std::array<std::uint32_t, longs> hints{};
     if (!reply || reply->format != 32 ||
-        xcb_get_property_value_length(reply.get()) != static_cast<int>(sizeof hints)) {
+        xcb_get_property_value_length(reply.get()) != static_cast<int>(sizeof hints))
         return 1;
-    }
     std::memcpy(hints.data(), xcb_get_property_value(reply.get()), sizeof hints);
     const std::uint32_t step = hints[9];
-    const bool isScale = (hints[0] & ResizeIncrementIsSet) != 0 && step == hints[10] && step >= 1 &&
-                         step <= MaximalScale;
+    const bool isScale = (hints[0] & resizeIncrementIsSet) != 0 && step == hints[10] && step >= 1 &&
+                         step <= maximalScale;
     return isScale ? static_cast<int>(step) : 1;
 }
 
@@ -106,22 +105,18 @@ windowsOfPlanks(const std::vector<PlankWithoutWindow>& docks,
     };
     std::vector<Pair> pairs;
     for (std::size_t d = 0; d < docks.size(); ++d) {
-        for (std::size_t w = 0; w < windows.size(); ++w) {
-            if (!areStrangers(docks[d].pid, windows[w].pid, docks, windows)) {
+        for (std::size_t w = 0; w < windows.size(); ++w)
+            if (!areStrangers(docks[d].pid, windows[w].pid, docks, windows))
                 pairs.push_back({fit(docks[d], windows[w]), d, w});
-            }
-        }
     }
     // What fits equally well goes by age: Plank makes the windows in the order of its docks.
     std::ranges::sort(pairs, {}, [&](const Pair& pair) {
         return std::tuple(-pair.fit, pair.dock, windows[pair.window].window.id);
     });
     std::vector<std::optional<std::size_t>> result(docks.size());
-    for (const Pair& pair : pairs) {
-        if (!result[pair.dock] && std::ranges::find(result, pair.window) == result.end()) {
+    for (const Pair& pair : pairs)
+        if (!result[pair.dock] && std::ranges::find(result, pair.window) == result.end())
             result[pair.dock] = pair.window;
-        }
-    }
     return result;
 }
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "platform/linux/docks/SocketProbe.h"
+#include "platform/StringLiterals.h"
 
 #include <QtCore/QUrl>
 
@@ -24,17 +25,14 @@ namespace
 QByteArray socketName(const QString& address)
 {
     const QString first = address.section(u';', 0, 0);
-    if (!first.startsWith(QStringLiteral("unix:"))) {
+    if (!first.startsWith(u"unix:"_s))
         return {};
-    }
     for (const QString& part : first.mid(5).split(u',')) {
         QByteArray value = QByteArray::fromPercentEncoding(part.section(u'=', 1).toUtf8());
-        if (part.startsWith(QStringLiteral("path="))) {
+        if (part.startsWith(u"path="_s))
             return value;
-        }
-        if (part.startsWith(QStringLiteral("abstract="))) {
+        if (part.startsWith(u"abstract="_s))
             return '\0' + value;
-        }
     }
     return {};
 }
@@ -49,9 +47,8 @@ SocketProbe::~SocketProbe()
         m_notifier->setEnabled(false);
         m_notifier.release()->deleteLater();
     }
-    if (m_socket >= 0) {
+    if (m_socket >= 0)
         ::close(m_socket);
-    }
 }
 
 void SocketProbe::start(const QString& address)
@@ -69,9 +66,8 @@ bool SocketProbe::connectTo(const QString& address)
 {
     const QByteArray name = socketName(address);
     sockaddr_un place{};
-    if (name.isEmpty() || static_cast<std::size_t>(name.size()) >= sizeof place.sun_path) {
+    if (name.isEmpty() || static_cast<std::size_t>(name.size()) >= sizeof place.sun_path)
         return false;
-    }
     place.sun_family = AF_UNIX;
     std::memcpy(place.sun_path, name.constData(), static_cast<std::size_t>(name.size()));
     const bool isFile = name.front() != '\0';

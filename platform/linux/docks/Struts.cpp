@@ -35,9 +35,8 @@ std::optional<QMargins> readStrut(xcb_connection_t* connection, xcb_window_t win
     static const std::array atoms{atom(connection, "_NET_WM_STRUT_PARTIAL"),
                                   atom(connection, "_NET_WM_STRUT")};
     for (const xcb_atom_t property : atoms) {
-        if (property == XCB_ATOM_NONE) {
+        if (property == XCB_ATOM_NONE)
             continue;
-        }
         const std::unique_ptr<xcb_get_property_reply_t, Free> reply(xcb_get_property_reply(
             connection, xcb_get_property(connection, 0, window, property, XCB_ATOM_CARDINAL, 0, 4),
             nullptr));

@@ -15,17 +15,16 @@ namespace lumbrix::platform
 namespace
 {
 
-constexpr qint64 MostBytes = qint64{8} * 1024 * 1024;
-constexpr qint64 MostPixels = qint64{32} * 1024 * 1024;
+constexpr qint64 mostBytes = qint64{8} * 1024 * 1024;
+constexpr qint64 mostPixels = qint64{32} * 1024 * 1024;
 /// Twice what the largest preview shows of a square.
-constexpr int LargestSide = 640;
+constexpr int largestSide = 640;
 
 QByteArray readDataUri(QStringView uri)
 {
     const qsizetype comma = uri.indexOf(u',');
-    if (comma < 0 || uri.size() - comma > MostBytes / 3 * 4 + 4) {
+    if (comma < 0 || uri.size() - comma > mostBytes / 3 * 4 + 4)
         return {};
-    }
     const QByteArray body = uri.mid(comma + 1).toLatin1();
     const bool isBase64 = uri.left(comma).endsWith(u";base64", Qt::CaseInsensitive);
     return isBase64 ? QByteArray::fromBase64(QByteArray::fromPercentEncoding(body))
@@ -34,13 +33,12 @@ QByteArray readDataUri(QStringView uri)
 
 QByteArray readUri(const QString& uri)
 {
-    if (uri.startsWith(u"data:", Qt::CaseInsensitive)) {
+    if (uri.startsWith(u"data:", Qt::CaseInsensitive))
         return readDataUri(QStringView(uri).mid(5));
-    }
     const QUrl url(uri, QUrl::StrictMode);
     if (!url.isLocalFile() || !url.host().isEmpty())
         return {};
-    return readPlainFile(url.toLocalFile(), MostBytes);
+    return readPlainFile(url.toLocalFile(), mostBytes);
 }
 
 // Those that carry pixels only, and nothing that refers to other files.
@@ -54,9 +52,8 @@ bool isPlainFormat(const QByteArray& format)
 QImage loadArtwork(const QString& uri)
 {
     QByteArray bytes = readUri(uri);
-    if (bytes.isEmpty()) {
+    if (bytes.isEmpty())
         return {};
-    }
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::ReadOnly);
     QImageReader reader(&buffer);
@@ -64,13 +61,11 @@ QImage loadArtwork(const QString& uri)
     if (!isPlainFormat(reader.format()))
         return {}; // asked for its size, a drawing would open the files that it names
     const QSize size = reader.size();
-    if (size.isEmpty() || qint64(size.width()) * size.height() > MostPixels) {
+    if (size.isEmpty() || qint64(size.width()) * size.height() > mostPixels)
         return {};
-    }
-    const QSize largest(LargestSide, LargestSide);
-    if (size.width() > LargestSide || size.height() > LargestSide) {
+    const QSize largest(largestSide, largestSide);
+    if (size.width() > largestSide || size.height() > largestSide)
         reader.setScaledSize(size.scaled(largest, Qt::KeepAspectRatio).expandedTo({1, 1}));
-    }
     return reader.read();
 }
 

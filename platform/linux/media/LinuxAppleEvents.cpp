@@ -7,6 +7,7 @@
 
 #include <algorithm>
 
+#include "platform/StringLiterals.h"
 #include "platform/linux/applications/Launcher.h"
 #include "platform/linux/media/MailWays.h"
 
@@ -16,7 +17,7 @@ namespace lumbrix::platform
 namespace
 {
 
-constexpr int PatienceMilliseconds = 200;
+constexpr int patienceMilliseconds = 200;
 
 struct Name {
     const char* name;
@@ -79,9 +80,8 @@ AppleEventReply stateOf(const MprisProperties& properties)
 AppleEventReply ofTrack(const MediaPlayer& player, const ObjectSpecifier& object)
 {
     const auto& steps = object.steps;
-    if (steps.size() < 2) {
+    if (steps.size() < 2)
         return failure(AppleEventError::NotHandled);
-    }
     const MprisProperties& track = player.properties;
     switch (steps[1].code) {
     case fourCharCode("pArt"):
@@ -103,9 +103,8 @@ AppleEventReply ofTrack(const MediaPlayer& player, const ObjectSpecifier& object
         }
         return answer(std::move(artworks));
     }
-    if (steps[1].index != 1 || player.artwork.isNull()) {
+    if (steps[1].index != 1 || player.artwork.isNull())
         return failure(AppleEventError::NoSuchObject);
-    }
     return steps.size() == 3 && steps[2].code == fourCharCode("pPCT")
                ? answer(player.artwork)
                : failure(AppleEventError::NotHandled);
@@ -115,25 +114,23 @@ AppleEventReply ofTrack(const MediaPlayer& player, const ObjectSpecifier& object
 xcb_window_t meantWindow(const Application& application, WindowID window)
 {
     const auto& windows = application.windows;
-    if (std::ranges::find(windows, window) != windows.end()) {
+    if (std::ranges::find(windows, window) != windows.end())
         return window;
-    }
     return windows.empty() ? XCB_NONE : windows.front();
 }
 
 const MailWay* wayToFetchMail(const Application& application)
 {
     const MailWay* way = mailWay(application.running.bundleIdentifier);
-    return way != nullptr ? way : mailWay(application.running.executableURL.fileName());
+    return way ? way : mailWay(application.running.executableURL.fileName());
 }
 
 /// A player shows one document.
 AppleEventReply ofDocument(const MediaPlayer& player, const ObjectSpecifier& object)
 {
     const auto& steps = object.steps;
-    if (steps[0].index != 1 || player.properties.playback == Playback::Unknown) {
+    if (steps[0].index != 1 || player.properties.playback == Playback::Unknown)
         return failure(AppleEventError::NoSuchObject);
-    }
     return steps.size() == 2 && steps[1].code == fourCharCode("play")
                ? answer(player.properties.playback == Playback::Playing)
                : failure(AppleEventError::NotHandled);
@@ -161,14 +158,11 @@ MediaPlayerWanted LinuxAppleEvents::wantedBy(const Application& application, Win
     MediaPlayerWanted wanted;
     wanted.bundleIdentifier = application.running.bundleIdentifier;
     wanted.name = application.running.localizedName;
-    if (const std::int64_t pid = pidOf(meantWindow(application, window)); pid != 0) {
+    if (const std::int64_t pid = pidOf(meantWindow(application, window)); pid != 0)
         wanted.windowPid = pid;
-    }
-    for (const xcb_window_t other : application.windows) {
-        if (const std::int64_t pid = pidOf(other); pid != 0 && pid != wanted.windowPid) {
+    for (const xcb_window_t other : application.windows)
+        if (const std::int64_t pid = pidOf(other); pid != 0 && pid != wanted.windowPid)
             wanted.otherPids.push_back(pid);
-        }
-    }
     return wanted;
 }
 
@@ -177,16 +171,14 @@ std::optional<MediaPlayer> LinuxAppleEvents::playerFor(const AppleEventTarget& t
     MediaPlayerWanted wanted{.any = true, .role = roleOfName(target.name)};
     if (target.pid != 0) {
         const auto application = m_registry.application(target.pid);
-        if (!application) {
+        if (!application)
             return std::nullopt;
-        }
         wanted = wantedBy(*application, target.window);
     }
     const std::vector<MediaPlayer> players = m_players.players();
     const MediaPlayer* player = chooseMediaPlayer(players, wanted);
-    if (player == nullptr) {
+    if (!player)
         return std::nullopt;
-    }
     m_players.look(player->owner);
     return player->answers ? std::optional(*player) : std::nullopt;
 }
@@ -194,40 +186,33 @@ std::optional<MediaPlayer> LinuxAppleEvents::playerFor(const AppleEventTarget& t
 AppleEventReply LinuxAppleEvents::getItem(const AppleEventTarget& target,
                                           const ObjectSpecifier& object)
 {
-    if (object.steps.empty()) {
+    if (object.steps.empty())
         return failure(AppleEventError::NotHandled);
-    }
     const auto player = playerFor(target);
-    if (!player) {
+    if (!player)
         return failure(AppleEventError::NotRunning);
-    }
     const ApplicationRole role = roleOfName(target.name);
     const FourCharCode first = object.steps.front().code;
-    if (role == ApplicationRole::MusicPlayer && first == fourCharCode("pPlS")) {
+    if (role == ApplicationRole::MusicPlayer && first == fourCharCode("pPlS"))
         return stateOf(player->properties);
-    }
-    if (role == ApplicationRole::MusicPlayer && first == fourCharCode("pTrk")) {
+    if (role == ApplicationRole::MusicPlayer && first == fourCharCode("pTrk"))
         return ofTrack(*player, object);
-    }
-    if (role == ApplicationRole::MoviePlayer && first == fourCharCode("docu")) {
+    if (role == ApplicationRole::MoviePlayer && first == fourCharCode("docu"))
         return ofDocument(*player, object);
-    }
     return failure(AppleEventError::NotHandled);
 }
 
 ApplicationRole LinuxAppleEvents::roleOf(std::int32_t pid, WindowID window)
 {
     const auto application = m_registry.application(pid);
-    if (!application) {
+    if (!application)
         return ApplicationRole::Other;
-    }
     const ApplicationRole role = application->running.role;
-    if (role == ApplicationRole::Mail) {
-        return wayToFetchMail(*application) != nullptr ? role : ApplicationRole::Other;
-    }
+    if (role == ApplicationRole::Mail)
+        return wayToFetchMail(*application) ? role : ApplicationRole::Other;
     const std::vector<MediaPlayer> players = m_players.players();
     const MediaPlayer* player = chooseMediaPlayer(players, wantedBy(*application, window));
-    return player != nullptr ? roleFor(*player, role) : ApplicationRole::Other;
+    return player ? roleFor(*player, role) : ApplicationRole::Other;
 }
 
 AppleEventReply LinuxAppleEvents::send(const AppleEventTarget& target, FourCharCode eventClass,
@@ -235,23 +220,20 @@ AppleEventReply LinuxAppleEvents::send(const AppleEventTarget& target, FourCharC
 {
     const ApplicationRole role = roleOfName(target.name);
     if (role == ApplicationRole::Mail && eventClass == fourCharCode("emal") &&
-        eventID == fourCharCode("chma")) {
+        eventID == fourCharCode("chma"))
         return checkForNewMail(target);
-    }
     const auto* command = std::ranges::find_if(commands, [&](const Command& each) {
         return each.role == role && each.eventClass == eventClass && each.eventID == eventID;
     });
-    if (command == std::end(commands)) {
+    if (command == std::end(commands))
         return failure(AppleEventError::NotHandled);
-    }
     const auto player = playerFor(target);
-    if (!player) {
+    if (!player)
         return failure(AppleEventError::NotRunning);
-    }
     const QDBusMessage call = QDBusMessage::createMethodCall(
-        player->owner, QStringLiteral("/org/mpris/MediaPlayer2"),
-        QStringLiteral("org.mpris.MediaPlayer2.Player"), QString::fromLatin1(command->method));
-    const QDBusMessage reply = m_bus.call(call, QDBus::Block, PatienceMilliseconds);
+        player->owner, u"/org/mpris/MediaPlayer2"_s, u"org.mpris.MediaPlayer2.Player"_s,
+        QString::fromLatin1(command->method));
+    const QDBusMessage reply = m_bus.call(call, QDBus::Block, patienceMilliseconds);
     return reply.type() == QDBusMessage::ReplyMessage ? answer({})
                                                       : failure(AppleEventError::NotRunning);
 }
@@ -262,17 +244,14 @@ AppleEventReply LinuxAppleEvents::checkForNewMail(const AppleEventTarget& target
     for (Application& running : m_registry.applications()) {
         const bool isMeant = target.pid == 0 ? running.running.role == ApplicationRole::Mail
                                              : running.running.pid == target.pid;
-        if (isMeant && !application) {
+        if (isMeant && !application)
             application = std::move(running);
-        }
     }
-    if (!application) {
+    if (!application)
         return failure(AppleEventError::NotRunning);
-    }
     const MailWay* way = wayToFetchMail(*application);
-    if (way == nullptr) {
+    if (!way)
         return failure(AppleEventError::NotHandled);
-    }
     const bool isTold =
         way->command.isEmpty()
             ? m_sendShortcut(meantWindow(*application, target.window), way->shortcut)

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "platform/linux/media/MailWays.h"
+#include "platform/StringLiterals.h"
 
 #include <QtCore/QHash>
 
@@ -16,20 +17,20 @@ constexpr std::int64_t F12 = 0x6F;
 
 QHash<QString, MailWay> allWays()
 {
-    const MailWay clawsMail{{QStringLiteral("claws-mail"), QStringLiteral("--receive-all")}, {}};
+    const MailWay clawsMail{{u"claws-mail"_s, u"--receive-all"_s}, {}};
     // These two cannot be told from outside in another way. Thunderbird fetches for all accounts
     // that it has logged in to; Evolution sends what waits to be sent, too.
     const MailWay evolution{{}, {F12}};
     const MailWay thunderbird{{}, {F5, true}};
     return {
-        {QStringLiteral("claws-mail"), clawsMail},
-        {QStringLiteral("org.claws_mail.claws-mail"), clawsMail},
-        {QStringLiteral("evolution"), evolution},
-        {QStringLiteral("org.gnome.evolution"), evolution},
-        {QStringLiteral("org.mozilla.thunderbird"), thunderbird},
-        {QStringLiteral("thunderbird"), thunderbird},
-        {QStringLiteral("thunderbird-default"), thunderbird},
-        {QStringLiteral("thunderbird-esr"), thunderbird},
+        {u"claws-mail"_s, clawsMail},
+        {u"org.claws_mail.claws-mail"_s, clawsMail},
+        {u"evolution"_s, evolution},
+        {u"org.gnome.evolution"_s, evolution},
+        {u"org.mozilla.thunderbird"_s, thunderbird},
+        {u"thunderbird"_s, thunderbird},
+        {u"thunderbird-default"_s, thunderbird},
+        {u"thunderbird-esr"_s, thunderbird},
     };
 }
 

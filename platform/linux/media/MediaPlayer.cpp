@@ -22,11 +22,9 @@ bool isNamedLike(const MediaPlayer& player, const MediaPlayerWanted& wanted)
 {
     const QString word = wanted.bundleIdentifier.section(u'.', -1);
     for (const QString& name : {player.shortName, player.shortName.section(u'.', 0, 0),
-                                player.shortName.section(u'.', -1)}) {
-        if (isSame(name, wanted.bundleIdentifier) || isSame(name, word)) {
+                                player.shortName.section(u'.', -1)})
+        if (isSame(name, wanted.bundleIdentifier) || isSame(name, word))
             return true;
-        }
-    }
     return isSame(player.identity, wanted.name);
 }
 
@@ -51,21 +49,19 @@ const MediaPlayer* chooseMediaPlayer(const std::vector<MediaPlayer>& players,
             return isOfRole(player) && player.answers &&
                    player.properties.playback == Playback::Playing;
         });
-        return playing != nullptr ? playing : first(isOfRole);
+        return playing ? playing : first(isOfRole);
     }
     if (const auto* own = first([&](const MediaPlayer& player) {
             return player.pid != 0 && player.pid == wanted.windowPid;
-        })) {
+        }))
         return own;
-    }
     const auto isFree = [&](const MediaPlayer& player) {
         return std::ranges::find(wanted.otherPids, player.pid) == wanted.otherPids.end();
     };
     if (const auto* entry = first([&](const MediaPlayer& player) {
             return isFree(player) && isSame(player.desktopEntry, wanted.bundleIdentifier);
-        })) {
+        }))
         return entry;
-    }
     return first(
         [&](const MediaPlayer& player) { return isFree(player) && isNamedLike(player, wanted); });
 }
@@ -73,11 +69,9 @@ const MediaPlayer* chooseMediaPlayer(const std::vector<MediaPlayer>& players,
 ApplicationRole roleOfMediaPlayer(const QString& shortName)
 {
     for (const QString& name :
-         {shortName, shortName.section(u'.', 0, 0), shortName.section(u'.', -1)}) {
-        if (const auto role = roleOfShortName(name); role != ApplicationRole::Other) {
+         {shortName, shortName.section(u'.', 0, 0), shortName.section(u'.', -1)})
+        if (const auto role = roleOfShortName(name); role != ApplicationRole::Other)
             return role;
-        }
-    }
     return ApplicationRole::Other;
 }
 

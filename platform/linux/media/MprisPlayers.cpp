@@ -10,6 +10,7 @@
 
 #include <algorithm>
 
+#include "platform/StringLiterals.h"
 #include "platform/linux/applications/ApplicationRoles.h"
 #include "platform/linux/media/Artwork.h"
 
@@ -21,55 +22,54 @@ namespace
 
 const QString& prefix()
 {
-    static const QString text = QStringLiteral("org.mpris.MediaPlayer2.");
+    static const QString text = u"org.mpris.MediaPlayer2."_s;
     return text;
 }
 
 const QString& path()
 {
-    static const QString text = QStringLiteral("/org/mpris/MediaPlayer2");
+    static const QString text = u"/org/mpris/MediaPlayer2"_s;
     return text;
 }
 
 const QString& rootInterface()
 {
-    static const QString text = QStringLiteral("org.mpris.MediaPlayer2");
+    static const QString text = u"org.mpris.MediaPlayer2"_s;
     return text;
 }
 
 const QString& playerInterface()
 {
-    static const QString text = QStringLiteral("org.mpris.MediaPlayer2.Player");
+    static const QString text = u"org.mpris.MediaPlayer2.Player"_s;
     return text;
 }
 
 const QString& propertiesInterface()
 {
-    static const QString text = QStringLiteral("org.freedesktop.DBus.Properties");
+    static const QString text = u"org.freedesktop.DBus.Properties"_s;
     return text;
 }
 
 /// Who is slower counts as not running.
-constexpr int PatienceMilliseconds = 200;
+constexpr int patienceMilliseconds = 200;
 /// What does not change is asked once, and of players that are just starting up.
-constexpr int LongPatienceMilliseconds = 5000;
+constexpr int longPatienceMilliseconds = 5000;
 /// A preview looks several times at once, and again on every update.
-constexpr Seconds ShortestInterval = 0.3;
+constexpr Seconds shortestInterval = 0.3;
 
 /// Each may have a picture read, on a thread of its own.
-constexpr std::size_t MaximalPlayers = 50;
+constexpr std::size_t maximalPlayers = 50;
 
 QDBusMessage daemonCall(const QString& method)
 {
-    return QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.DBus"),
-                                          QStringLiteral("/org/freedesktop/DBus"),
-                                          QStringLiteral("org.freedesktop.DBus"), method);
+    return QDBusMessage::createMethodCall(u"org.freedesktop.DBus"_s, u"/org/freedesktop/DBus"_s,
+                                          u"org.freedesktop.DBus"_s, method);
 }
 
 QDBusMessage getAll(const QString& owner, const QString& interface)
 {
-    QDBusMessage message = QDBusMessage::createMethodCall(owner, path(), propertiesInterface(),
-                                                          QStringLiteral("GetAll"));
+    QDBusMessage message =
+        QDBusMessage::createMethodCall(owner, path(), propertiesInterface(), u"GetAll"_s);
     message << interface;
     return message;
 }
@@ -89,7 +89,7 @@ QString textOf(const QVariantMap& properties, const QString& name)
 }
 
 /// Speaks for whichever player was used last, so what it says of itself holds for a moment only.
-bool isStandIn(const QString& name) { return name == prefix() + QStringLiteral("playerctld"); }
+bool isStandIn(const QString& name) { return name == prefix() + u"playerctld"_s; }
 
 } // namespace
 
@@ -102,31 +102,27 @@ MprisPlayers::~MprisPlayers() = default;
 
 void MprisPlayers::start()
 {
-    if (!m_bus.isConnected()) {
+    if (!m_bus.isConnected())
         return;
-    }
     auto* watcher = new QDBusServiceWatcher(prefix().chopped(1) + u'*', m_bus,
                                             QDBusServiceWatcher::WatchForOwnerChange, this);
     connect(watcher, &QDBusServiceWatcher::serviceOwnerChanged, this,
             [this](const QString& name, const QString&, const QString& owner) {
                 ownerChanged(name, owner);
             });
-    call(nullptr, daemonCall(QStringLiteral("ListNames")), LongPatienceMilliseconds,
+    call(nullptr, daemonCall(u"ListNames"_s), longPatienceMilliseconds,
          [this](Player&, const QDBusMessage& reply) {
-             if (!isAnswer(reply, "as")) {
+             if (!isAnswer(reply, "as"))
                  return;
-             }
              for (const QString& name : reply.arguments().constFirst().toStringList()) {
-                 if (!name.startsWith(prefix())) {
+                 if (!name.startsWith(prefix()))
                      continue;
-                 }
-                 QDBusMessage question = daemonCall(QStringLiteral("GetNameOwner"));
+                 QDBusMessage question = daemonCall(u"GetNameOwner"_s);
                  question << name;
-                 call(nullptr, question, LongPatienceMilliseconds,
+                 call(nullptr, question, longPatienceMilliseconds,
                       [this, name](Player&, const QDBusMessage& owner) {
-                          if (isAnswer(owner, "s") && !m_players.contains(name)) {
+                          if (isAnswer(owner, "s") && !m_players.contains(name))
                               meet(name, owner.arguments().constFirst().toString());
-                          }
                       });
              }
          });
@@ -142,50 +138,45 @@ void MprisPlayers::call(const PlayerPtr& player, const QDBusMessage& message, in
             [weak = std::weak_ptr(player), isAboutBus = !player,
              answer = std::move(answer)](QDBusPendingCallWatcher* finished) {
                 finished->deleteLater();
-                if (const PlayerPtr about = isAboutBus ? std::make_shared<Player>() : weak.lock()) {
+                if (const PlayerPtr about = isAboutBus ? std::make_shared<Player>() : weak.lock())
                     answer(*about, finished->reply());
-                }
             });
 }
 
 void MprisPlayers::ownerChanged(const QString& name, const QString& owner)
 {
     forget(name);
-    if (!owner.isEmpty()) {
+    if (!owner.isEmpty())
         meet(name, owner);
-    }
 }
 
 void MprisPlayers::forget(const QString& name)
 {
     const auto it = m_players.find(name);
-    if (it == m_players.end()) {
+    if (it == m_players.end())
         return;
-    }
     const PlayerPtr gone = it->second;
     m_players.erase(it);
     // A player may have two names.
     if (gone->isFollowed && !playerOf(gone->known.owner)) {
-        m_bus.disconnect(gone->known.owner, path(), propertiesInterface(),
-                         QStringLiteral("PropertiesChanged"), this,
-                         SLOT(propertiesChanged(QDBusMessage)));
+        m_bus.disconnect(gone->known.owner, path(), propertiesInterface(), u"PropertiesChanged"_s,
+                         this, SLOT(propertiesChanged(QDBusMessage)));
     }
     publish();
 }
 
 void MprisPlayers::meet(const QString& name, const QString& owner)
 {
-    if (isStandIn(name) || m_players.size() >= MaximalPlayers) {
+    if (isStandIn(name) || m_players.size() >= maximalPlayers)
         return;
-    }
     const auto player = std::make_shared<Player>();
     player->known.owner = owner;
     player->known.shortName = name.mid(prefix().size());
     player->known.role = roleOfMediaPlayer(player->known.shortName);
     m_players.emplace(name, player);
-    QDBusMessage process = daemonCall(QStringLiteral("GetConnectionUnixProcessID"));
+    QDBusMessage process = daemonCall(u"GetConnectionUnixProcessID"_s);
     process << owner;
-    call(player, process, LongPatienceMilliseconds,
+    call(player, process, longPatienceMilliseconds,
          [this](Player& about, const QDBusMessage& reply) {
              if (isAnswer(reply, "u")) {
                  about.known.pid = reply.arguments().constFirst().toUInt();
@@ -194,15 +185,14 @@ void MprisPlayers::meet(const QString& name, const QString& owner)
          });
     follow(*player);
     ask(player);
-    call(player, getAll(owner, rootInterface()), LongPatienceMilliseconds,
+    call(player, getAll(owner, rootInterface()), longPatienceMilliseconds,
          [this](Player& about, const QDBusMessage& reply) {
              const QVariantMap told =
                  isAnswer(reply, "a{sv}") ? mapOf(reply.arguments().constFirst()) : QVariantMap();
-             about.known.desktopEntry = textOf(told, QStringLiteral("DesktopEntry"));
-             about.known.identity = textOf(told, QStringLiteral("Identity"));
-             if (about.known.role == ApplicationRole::Other) {
+             about.known.desktopEntry = textOf(told, u"DesktopEntry"_s);
+             about.known.identity = textOf(told, u"Identity"_s);
+             if (about.known.role == ApplicationRole::Other)
                  about.known.role = roleOfApplicationId(about.known.desktopEntry);
-             }
              about.isMet = true;
              updateArtwork(about);
              publish();
@@ -216,9 +206,9 @@ void MprisPlayers::follow(Player& player)
     });
     player.isFollowed = true;
     if (!isFollowed) {
-        m_bus.connect(player.known.owner, path(), propertiesInterface(),
-                      QStringLiteral("PropertiesChanged"), {playerInterface()},
-                      QStringLiteral("sa{sv}as"), this, SLOT(propertiesChanged(QDBusMessage)));
+        m_bus.connect(player.known.owner, path(), propertiesInterface(), u"PropertiesChanged"_s,
+                      {playerInterface()}, u"sa{sv}as"_s, this,
+                      SLOT(propertiesChanged(QDBusMessage)));
     }
 }
 
@@ -234,16 +224,14 @@ void MprisPlayers::propertiesChanged(const QDBusMessage& message)
     const QVariantList arguments = message.arguments();
     for (const auto& entry : std::map(m_players)) {
         const PlayerPtr& player = entry.second;
-        if (player->known.owner != message.service() || arguments.size() != 3) {
+        if (player->known.owner != message.service() || arguments.size() != 3)
             continue;
-        }
         MprisProperties properties = player->known.properties;
         applyMprisProperties(mapOf(arguments[1]), properties);
         update(*player, properties, player->known.answers);
         // What has changed without being told, and a player that answers again.
-        if (!arguments[2].toStringList().isEmpty() || !player->known.answers) {
+        if (!arguments[2].toStringList().isEmpty() || !player->known.answers)
             ask(player);
-        }
     }
 }
 
@@ -251,28 +239,25 @@ void MprisPlayers::look(const QString& owner)
 {
     const auto askSoon = m_guard.ifAlive([this, owner] {
         const PlayerPtr player = playerOf(owner);
-        if (player && m_runLoop.now() - player->askedAt >= ShortestInterval) {
+        if (player && m_runLoop.now() - player->askedAt >= shortestInterval)
             ask(player);
-        }
     });
     m_runLoop.performOnMainThread(askSoon, false);
 }
 
 void MprisPlayers::ask(const PlayerPtr& player)
 {
-    if (player->isAsked) {
+    if (player->isAsked)
         return;
-    }
     player->isAsked = true;
     player->askedAt = m_runLoop.now();
-    call(player, getAll(player->known.owner, playerInterface()), PatienceMilliseconds,
+    call(player, getAll(player->known.owner, playerInterface()), patienceMilliseconds,
          [this](Player& about, const QDBusMessage& reply) {
              about.isAsked = false;
              MprisProperties properties;
              const bool answers = isAnswer(reply, "a{sv}");
-             if (answers) {
+             if (answers)
                  applyMprisProperties(mapOf(reply.arguments().constFirst()), properties);
-             }
              update(about, properties, answers);
          });
 }
@@ -295,9 +280,8 @@ void MprisPlayers::updateArtwork(Player& player)
         player.known.artwork = {};
         return;
     }
-    if (!player.isLoading) {
+    if (!player.isLoading)
         loadArtworkOf(player);
-    }
 }
 
 void MprisPlayers::loadArtworkOf(Player& player)
@@ -305,13 +289,11 @@ void MprisPlayers::loadArtworkOf(Player& player)
     // Some players write every picture to the same file.
     const MprisProperties& track = player.known.properties;
     QCryptographicHash hash(QCryptographicHash::Sha1);
-    for (const QString& text : {track.artUrl, track.artist, track.name}) {
+    for (const QString& text : {track.artUrl, track.artist, track.name})
         hash.addData(text.toUtf8());
-    }
     const QByteArray key = hash.result();
-    if (key == player.artworkKey) {
+    if (key == player.artworkKey)
         return;
-    }
     player.artworkKey = key;
     player.isLoading = true;
     const auto loaded =
@@ -328,13 +310,11 @@ void MprisPlayers::loadArtworkOf(Player& player)
 void MprisPlayers::setArtwork(const QString& owner, const QByteArray& key, const QImage& picture)
 {
     for (const auto& [name, player] : m_players) {
-        if (player->known.owner != owner || !player->isLoading) {
+        if (player->known.owner != owner || !player->isLoading)
             continue;
-        }
         player->isLoading = false;
-        if (player->artworkKey == key) {
+        if (player->artworkKey == key)
             player->known.artwork = picture;
-        }
         updateArtwork(*player); // the track may have changed meanwhile
     }
     publish();
@@ -349,11 +329,9 @@ std::vector<MediaPlayer> MprisPlayers::players() const
 void MprisPlayers::publish()
 {
     std::vector<MediaPlayer> players;
-    for (const auto& [name, player] : m_players) {
-        if (player->isMet || player->known.role != ApplicationRole::Other) {
+    for (const auto& [name, player] : m_players)
+        if (player->isMet || player->known.role != ApplicationRole::Other)
             players.push_back(player->known);
-        }
-    }
     const std::lock_guard lock(m_mutex);
     m_published = std::move(players);
 }

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "platform/linux/media/MprisProperties.h"
+#include "platform/StringLiterals.h"
 
 #include <QtCore/QStringList>
 #include <QtDBus/QDBusArgument>
@@ -12,32 +13,29 @@ namespace lumbrix::platform
 namespace
 {
 
-constexpr qsizetype LongestText = 1000;
+constexpr qsizetype longestText = 1000;
 /// A picture of some megabytes inside the address.
-constexpr qsizetype LongestUrl = qsizetype{12} * 1024 * 1024;
+constexpr qsizetype longestUrl = qsizetype{12} * 1024 * 1024;
 
 QString textOf(const QVariant& value)
 {
-    return value.typeId() == QMetaType::QString ? value.toString().left(LongestText) : QString();
+    return value.typeId() == QMetaType::QString ? value.toString().left(longestText) : QString();
 }
 
 // A list of names by the rules; some players send a single one.
 QString namesOf(const QVariant& value)
 {
-    if (value.typeId() != QMetaType::QStringList) {
+    if (value.typeId() != QMetaType::QStringList)
         return textOf(value);
-    }
     QString result;
     for (const QString& name : value.toStringList()) {
-        if (name.isEmpty()) {
+        if (name.isEmpty())
             continue;
-        }
-        result += (result.isEmpty() ? QString() : QStringLiteral(", ")) + name.left(LongestText);
-        if (result.size() > LongestText) {
+        result += (result.isEmpty() ? QString() : u", "_s) + name.left(longestText);
+        if (result.size() > longestText)
             break;
-        }
     }
-    return result.left(LongestText);
+    return result.left(longestText);
 }
 
 Playback playbackOf(const QVariant& value)
@@ -51,9 +49,8 @@ Playback playbackOf(const QVariant& value)
 
 QVariantMap mapOf(const QVariant& value)
 {
-    if (value.userType() != qMetaTypeId<QDBusArgument>()) {
+    if (value.userType() != qMetaTypeId<QDBusArgument>())
         return value.typeId() == QMetaType::QVariantMap ? value.toMap() : QVariantMap();
-    }
     const auto packed = value.value<QDBusArgument>();
     return packed.currentSignature() == u"a{sv}" ? qdbus_cast<QVariantMap>(packed) : QVariantMap();
 }
@@ -62,18 +59,16 @@ QVariantMap mapOf(const QVariant& value)
 
 void applyMprisProperties(const QVariantMap& properties, MprisProperties& known)
 {
-    if (const auto it = properties.find(QStringLiteral("PlaybackStatus")); it != properties.end()) {
+    if (const auto it = properties.find(u"PlaybackStatus"_s); it != properties.end())
         known.playback = playbackOf(*it);
-    }
-    if (const auto it = properties.find(QStringLiteral("Metadata")); it != properties.end()) {
+    if (const auto it = properties.find(u"Metadata"_s); it != properties.end()) {
         const QVariantMap track = mapOf(*it);
-        known.artist = namesOf(track.value(QStringLiteral("xesam:artist")));
-        known.name = textOf(track.value(QStringLiteral("xesam:title")));
-        const QVariant url = track.value(QStringLiteral("mpris:artUrl"));
+        known.artist = namesOf(track.value(u"xesam:artist"_s));
+        known.name = textOf(track.value(u"xesam:title"_s));
+        const QVariant url = track.value(u"mpris:artUrl"_s);
         known.artUrl = url.typeId() == QMetaType::QString ? url.toString() : QString();
-        if (known.artUrl.size() > LongestUrl) {
+        if (known.artUrl.size() > longestUrl)
             known.artUrl.clear();
-        }
     }
 }
 

@@ -9,6 +9,7 @@
 #include <QtCore/QRegularExpression>
 #include <QtCore/QStandardPaths>
 
+#include "platform/StringLiterals.h"
 #include "platform/linux/BaseFolders.h"
 #include "platform/linux/PlainFile.h"
 #include "platform/linux/applications/DesktopEntry.h"
@@ -25,12 +26,12 @@ constexpr qint64 maximalSize = qint64{256} * 1024;
 
 const QString& ownName()
 {
-    static const QString name = QStringLiteral("lumbrix.desktop");
+    static const QString name = u"lumbrix.desktop"_s;
     return name;
 }
 const QString& section()
 {
-    static const QString name = QStringLiteral("Desktop Entry");
+    static const QString name = u"Desktop Entry"_s;
     return name;
 }
 
@@ -44,21 +45,21 @@ void writeFile(const QString& path, const QByteArray& bytes)
 /// As a value of a desktop entry, where a line is one.
 QByteArray stringValue(QString text)
 {
-    return text.replace(u'\\', QStringLiteral(R"(\\)"))
-        .replace(u'\n', QStringLiteral(R"(\n)"))
-        .replace(u'\r', QStringLiteral(R"(\r)"))
-        .replace(u'\t', QStringLiteral(R"(\t)"))
+    return text.replace(u'\\', uR"(\\)"_s)
+        .replace(u'\n', uR"(\n)"_s)
+        .replace(u'\r', uR"(\r)"_s)
+        .replace(u'\t', uR"(\t)"_s)
         .toUtf8();
 }
 
 /// The path as a word of a command line, and that as a value.
 QByteArray execValue(QString path)
 {
-    static const QRegularExpression reserved(QStringLiteral(R"([^A-Za-z0-9_@%+=:,./-])"));
-    static const QRegularExpression escaped(QStringLiteral(R"((["`$\\]))"));
-    path.replace(u'%', QStringLiteral("%%"));
+    static const QRegularExpression reserved(uR"([^A-Za-z0-9_@%+=:,./-])"_s);
+    static const QRegularExpression escaped(uR"((["`$\\]))"_s);
+    path.replace(u'%', u"%%"_s);
     if (path.contains(reserved))
-        path = u'"' + path.replace(escaped, QStringLiteral(R"(\\1)")) + u'"';
+        path = u'"' + path.replace(escaped, uR"(\\1)"_s) + u'"';
     return stringValue(path);
 }
 
@@ -77,7 +78,7 @@ bool startsProgram(const QString& command, const QString& path)
         return true;
     const QString name = QFileInfo(path).fileName();
     const QRegularExpression word(
-        QStringLiteral("(?<![\\w./-])%1(?![\\w./-])").arg(QRegularExpression::escape(name)));
+        u"(?<![\\w./-])%1(?![\\w./-])"_s.arg(QRegularExpression::escape(name)));
     return command.contains(word) && resolved(name) == resolved(path);
 }
 
@@ -109,7 +110,7 @@ QByteArray newItem(const QByteArray& exec, const QString& path)
 
 } // namespace
 
-QString AutostartItems::defaultFolder() { return configHome() + QStringLiteral("/autostart"); }
+QString AutostartItems::defaultFolder() { return configHome() + u"/autostart"_s; }
 
 void AutostartItems::insert(const QString& path)
 {
@@ -119,12 +120,12 @@ void AutostartItems::insert(const QString& path)
         writeFile(file, newItem(execValue(path), path));
         return;
     }
-    const auto command = item.value(section(), QStringLiteral("Exec"));
+    const auto command = item.value(section(), u"Exec"_s);
     if (command && startsProgram(QString::fromUtf8(*command), path))
         return;
-    item.setValue(section(), QStringLiteral("Exec"), execValue(path));
-    if (item.value(section(), QStringLiteral("TryExec")))
-        item.setValue(section(), QStringLiteral("TryExec"), stringValue(path));
+    item.setValue(section(), u"Exec"_s, execValue(path));
+    if (item.value(section(), u"TryExec"_s))
+        item.setValue(section(), u"TryExec"_s, stringValue(path));
     writeFile(file, item.toBytes());
 }
 
@@ -132,7 +133,7 @@ void AutostartItems::remove(const QString& path)
 {
     const QString program = resolved(path);
     const QDir folder(m_folder);
-    for (const QString& name : folder.entryList({QStringLiteral("*.desktop")}, QDir::Files)) {
+    for (const QString& name : folder.entryList({u"*.desktop"_s}, QDir::Files)) {
         const QString file = folder.filePath(name);
         if (name == ownName() || startsProgramOf(file, program))
             QFile::remove(file);

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "platform/linux/session/PreviewsService.h"
+#include "platform/StringLiterals.h"
 
 #include <QtDBus/QDBusArgument>
 #include <QtDBus/QDBusError>
@@ -19,12 +20,12 @@ namespace
 
 const QString& objectPath()
 {
-    static const QString path = QStringLiteral("/org/lumbrix/Previews1");
+    static const QString path = u"/org/lumbrix/Previews1"_s;
     return path;
 }
 const QString& interfaceName()
 {
-    static const QString name = QStringLiteral("org.lumbrix.Previews1");
+    static const QString name = u"org.lumbrix.Previews1"_s;
     return name;
 }
 
@@ -32,9 +33,9 @@ QString nameOf(RequestError::Kind kind)
 {
     switch (kind) {
     case RequestError::Kind::Disabled:
-        return interfaceName() + QStringLiteral(".Error.Disabled");
+        return interfaceName() + u".Error.Disabled"_s;
     case RequestError::Kind::NothingToShow:
-        return interfaceName() + QStringLiteral(".Error.NothingToShow");
+        return interfaceName() + u".Error.NothingToShow"_s;
     case RequestError::Kind::InvalidArguments:
         break;
     }
@@ -115,9 +116,9 @@ void PreviewsService::follow(const QString& caller)
     m_caller = caller;
     m_watcher.setWatchedServices({caller});
     // One that did not wait for an answer may have gone before it was watched.
-    QDBusMessage question = QDBusMessage::createMethodCall(
-        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
-        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("NameHasOwner"));
+    QDBusMessage question =
+        QDBusMessage::createMethodCall(u"org.freedesktop.DBus"_s, u"/org/freedesktop/DBus"_s,
+                                       u"org.freedesktop.DBus"_s, u"NameHasOwner"_s);
     question << caller;
     auto* watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(question), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher, caller] {
@@ -143,8 +144,8 @@ void PreviewsService::rowEnded()
     // To the one who asked alone: another one, whose row has come instead, would take it for the
     // end of its own.
     if (const QString caller = std::exchange(m_caller, QString()); !caller.isEmpty())
-        m_bus.send(QDBusMessage::createTargetedSignal(caller, objectPath(), interfaceName(),
-                                                      QStringLiteral("Hidden")));
+        m_bus.send(
+            QDBusMessage::createTargetedSignal(caller, objectPath(), interfaceName(), u"Hidden"_s));
 }
 
 } // namespace lumbrix::platform

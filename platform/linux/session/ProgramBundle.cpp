@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "platform/linux/session/ProgramBundle.h"
+#include "platform/StringLiterals.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QDir>
@@ -19,8 +20,7 @@ QString relaunchTool()
 {
     const QDir folder(QCoreApplication::applicationDirPath());
     for (const char* place : {".", LUMBRIX_HELPERS}) {
-        const QFileInfo tool(
-            folder.filePath(QString::fromUtf8(place) + QStringLiteral("/lumbrix-relaunch")));
+        const QFileInfo tool(folder.filePath(QString::fromUtf8(place) + u"/lumbrix-relaunch"_s));
         if (tool.isExecutable())
             return tool.canonicalFilePath();
     }

@@ -9,6 +9,7 @@
 #include <optional>
 #include <utility>
 
+#include "platform/StringLiterals.h"
 #include "platform/linux/applications/ProcessNames.h"
 
 namespace lumbrix::platform
@@ -22,29 +23,28 @@ constexpr Seconds handOverTimeout = 5.0;
 
 const QString& commonName()
 {
-    static const QString name = QStringLiteral("org.lumbrix.Lumbrix");
+    static const QString name = u"org.lumbrix.Lumbrix"_s;
     return name;
 }
 const QString& objectPath()
 {
-    static const QString path = QStringLiteral("/org/lumbrix/Lumbrix");
+    static const QString path = u"/org/lumbrix/Lumbrix"_s;
     return path;
 }
 
 /// All screens of a display are one desktop.
 QString nameFor(QString display)
 {
-    static const QRegularExpression screen(QStringLiteral("\\.[0-9]+$"));
-    static const QRegularExpression unfit(QStringLiteral("[^A-Za-z0-9_]"));
-    display.remove(screen).replace(unfit, QStringLiteral("_"));
-    return commonName() + QStringLiteral(".display") + display;
+    static const QRegularExpression screen(u"\\.[0-9]+$"_s);
+    static const QRegularExpression unfit(u"[^A-Za-z0-9_]"_s);
+    display.remove(screen).replace(unfit, u"_"_s);
+    return commonName() + u".display"_s + display;
 }
 
 QDBusMessage busCall(const QString& method, const QVariantList& arguments)
 {
     QDBusMessage message = QDBusMessage::createMethodCall(
-        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
-        QStringLiteral("org.freedesktop.DBus"), method);
+        u"org.freedesktop.DBus"_s, u"/org/freedesktop/DBus"_s, u"org.freedesktop.DBus"_s, method);
     message.setArguments(arguments);
     return message;
 }
@@ -56,8 +56,8 @@ Name requestName(const QDBusConnection& bus, const QString& name)
     constexpr uint doNotQueue = 4;
     constexpr uint primaryOwner = 1;
     constexpr uint exists = 3;
-    const QDBusMessage reply = bus.call(busCall(QStringLiteral("RequestName"), {name, doNotQueue}),
-                                        QDBus::Block, busTimeout);
+    const QDBusMessage reply =
+        bus.call(busCall(u"RequestName"_s, {name, doNotQueue}), QDBus::Block, busTimeout);
     if (reply.type() != QDBusMessage::ReplyMessage || reply.arguments().isEmpty())
         return Name::Unknown;
     switch (reply.arguments().constFirst().toUInt()) {
@@ -73,8 +73,8 @@ Name requestName(const QDBusConnection& bus, const QString& name)
 /// 0 when nobody has the name, null when nobody knows.
 std::optional<std::int32_t> processOf(const QDBusConnection& bus, const QString& name)
 {
-    const QDBusMessage reply = bus.call(
-        busCall(QStringLiteral("GetConnectionUnixProcessID"), {name}), QDBus::Block, busTimeout);
+    const QDBusMessage reply =
+        bus.call(busCall(u"GetConnectionUnixProcessID"_s, {name}), QDBus::Block, busTimeout);
     if (reply.type() == QDBusMessage::ReplyMessage && !reply.arguments().isEmpty())
         return static_cast<std::int32_t>(reply.arguments().constFirst().toUInt());
     if (reply.errorName() == QLatin1String("org.freedesktop.DBus.Error.NameHasNoOwner"))
@@ -104,10 +104,8 @@ std::optional<std::int32_t> SingleInstance::runningProcess()
 QString SingleInstance::otherOne() const
 {
     const std::int32_t pid = processOf(m_bus, m_name).value_or(0);
-    return pid == 0 ? QStringLiteral("another process")
-                    : QStringLiteral("process %1 (%2)")
-                          .arg(pid)
-                          .arg(readProcessNames(pid).executablePath);
+    return pid == 0 ? u"another process"_s
+                    : u"process %1 (%2)"_s.arg(pid).arg(readProcessNames(pid).executablePath);
 }
 
 SingleInstance::~SingleInstance() { release(); }
@@ -115,7 +113,7 @@ SingleInstance::~SingleInstance() { release(); }
 void SingleInstance::release()
 {
     for (const QString& name : {commonName(), m_name})
-        m_bus.send(busCall(QStringLiteral("ReleaseName"), {name}));
+        m_bus.send(busCall(u"ReleaseName"_s, {name}));
     m_bus.unregisterObject(objectPath());
 }
 
@@ -147,8 +145,7 @@ SingleInstance::Result SingleInstance::start()
 QDBusMessage SingleInstance::handOver(int timeout)
 {
     QDBusMessage message = QDBusMessage::createMethodCall(
-        m_name, objectPath(), QStringLiteral("org.freedesktop.Application"),
-        QStringLiteral("Activate"));
+        m_name, objectPath(), u"org.freedesktop.Application"_s, u"Activate"_s);
     message.setAutoStartService(false);
     message << QVariantMap();
     return m_bus.call(message, QDBus::Block, timeout);

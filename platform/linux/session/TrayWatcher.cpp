@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "platform/linux/session/TrayWatcher.h"
+#include "platform/StringLiterals.h"
 
 #include <QtDBus/QDBusMessage>
 #include <QtDBus/QDBusPendingCallWatcher>
@@ -18,7 +19,7 @@ constexpr int timeoutMilliseconds = 5000;
 
 const QString& service()
 {
-    static const QString name = QStringLiteral("org.kde.StatusNotifierWatcher");
+    static const QString name = u"org.kde.StatusNotifierWatcher"_s;
     return name;
 }
 
@@ -47,9 +48,8 @@ TrayWatcher::~TrayWatcher() { m_screen.setChanged({}); }
 void TrayWatcher::askWatcher()
 {
     QDBusMessage question = QDBusMessage::createMethodCall(
-        service(), QStringLiteral("/StatusNotifierWatcher"),
-        QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));
-    question << service() << QStringLiteral("IsStatusNotifierHostRegistered");
+        service(), u"/StatusNotifierWatcher"_s, u"org.freedesktop.DBus.Properties"_s, u"Get"_s);
+    question << service() << u"IsStatusNotifierHostRegistered"_s;
     // A tray that is not there is not to be started.
     question.setAutoStartService(false);
     auto* answer =

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <array>
 
+#include "platform/StringLiterals.h"
 #include "platform/linux/PlainFile.h"
 #include "platform/linux/defaults/IniFile.h"
 
@@ -47,12 +48,12 @@ constexpr Setting showsSelected{.key = "HighlightWindows", .usual = "true", .wan
 bool hasLayout(const QString& dataFolder)
 {
     constexpr auto folders = QDir::Dirs | QDir::NoDotAndDotDot;
-    const QDir own(dataFolder + QStringLiteral("/kwin/tabbox"));
+    const QDir own(dataFolder + u"/kwin/tabbox"_s);
     if (!own.entryList(folders).isEmpty())
         return true;
-    const QDir looks(dataFolder + QStringLiteral("/plasma/look-and-feel"));
+    const QDir looks(dataFolder + u"/plasma/look-and-feel"_s);
     return std::ranges::any_of(looks.entryList(folders), [&](const QString& look) {
-        return looks.exists(look + QStringLiteral("/contents/windowswitcher"));
+        return looks.exists(look + u"/contents/windowswitcher"_s);
     });
 }
 
@@ -61,10 +62,10 @@ bool hasLayout(const QString& dataFolder)
 bool kwinLetsPreviewsBeSeen(const QString& configFolder, const QStringList& dataFolders,
                             bool isComposited)
 {
-    const IniFile written(readPlainFile(configFolder + QStringLiteral("/kwinrc"), maximalSize));
+    const IniFile written(readPlainFile(configFolder + u"/kwinrc"_s, maximalSize));
     const auto isSet = [&](const Setting& setting) {
-        return written.value(QStringLiteral("TabBox"), QLatin1String(setting.key))
-                   .value_or(setting.usual) == setting.wanted;
+        return written.value(u"TabBox"_s, QLatin1String(setting.key)).value_or(setting.usual) ==
+               setting.wanted;
     };
     return std::ranges::all_of(settings, isSet) && (!isComposited || isSet(showsSelected)) &&
            std::ranges::any_of(dataFolders, hasLayout);

@@ -13,7 +13,7 @@ namespace lumbrix::platform
 namespace
 {
 
-constexpr std::size_t MaximalRecent = 200;
+constexpr std::size_t maximalRecent = 200;
 
 } // namespace
 
@@ -25,16 +25,15 @@ RecentWindows::RecentWindows(const x11::WindowTracker& tracker)
 // One that comes without the focus is the next to switch to.
 void RecentWindows::added(xcb_window_t window)
 {
-    if (std::ranges::count(m_recent, window) == 0) {
+    if (std::ranges::count(m_recent, window) == 0)
         m_recent.insert(m_recent.begin() + 1, window);
-    }
 }
 
 void RecentWindows::activated(xcb_window_t window)
 {
     std::erase(m_recent, window);
     m_recent.insert(m_recent.begin(), window);
-    m_recent.resize(std::min(m_recent.size(), MaximalRecent));
+    m_recent.resize(std::min(m_recent.size(), maximalRecent));
 }
 
 template <class Test> std::vector<x11::TrackedWindowPtr> RecentWindows::windowsHere(Test test) const
@@ -55,9 +54,8 @@ RecentWindows::Windows RecentWindows::ring() const
 {
     Windows result;
     for (const auto& window :
-         windowsHere([](const x11::TrackedWindow& window) { return !window.skipTaskbar; })) {
+         windowsHere([](const x11::TrackedWindow& window) { return !window.skipTaskbar; }))
         result.push_back(window->id);
-    }
     return result;
 }
 
@@ -73,9 +71,8 @@ RecentWindows::Windows RecentWindows::ringOfKWin() const
             return other->isModal && other->transientFor == window->id;
         });
         const xcb_window_t listed = dialog == windows.end() ? window->id : (*dialog)->id;
-        if (std::ranges::count(result, listed) == 0) {
+        if (std::ranges::count(result, listed) == 0)
             result.push_back(listed);
-        }
     }
     return result;
 }

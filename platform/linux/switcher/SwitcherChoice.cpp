@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "platform/linux/switcher/SwitcherChoice.h"
+#include "platform/StringLiterals.h"
 
 #include <algorithm>
 
@@ -11,9 +12,9 @@ namespace lumbrix::platform
 namespace
 {
 
-constexpr int MaximalBorder = 16; ///< pixels, on each side
+constexpr int maximalBorder = 16; ///< pixels, on each side
 
-bool hasBorder(int margin) { return margin >= 0 && margin <= MaximalBorder; }
+bool hasBorder(int margin) { return margin >= 0 && margin <= maximalBorder; }
 
 bool isInsideBorder(const QRect& outline, const QRect& frame)
 {
@@ -26,11 +27,9 @@ template <class Test>
 std::vector<xcb_window_t> idsOf(const std::vector<x11::TrackedWindowPtr>& windows, Test test)
 {
     std::vector<xcb_window_t> result;
-    for (const x11::TrackedWindowPtr& window : windows) {
-        if (test(*window)) {
+    for (const x11::TrackedWindowPtr& window : windows)
+        if (test(*window))
             result.push_back(window->id);
-        }
-    }
     return result;
 }
 
@@ -50,7 +49,7 @@ std::vector<xcb_window_t> windowsOutlinedBy(const QRect& outline,
 bool isTitleOf(const QString& written, const QString& title)
 {
     return !title.isEmpty() && (written == title || written == u'[' + title + u']' ||
-                                written == QStringLiteral("[ %1 ]").arg(title));
+                                written == u"[ %1 ]"_s.arg(title));
 }
 
 xcb_window_t nextInRing(const std::vector<xcb_window_t>& ring, xcb_window_t from, int steps,
@@ -61,15 +60,13 @@ xcb_window_t nextInRing(const std::vector<xcb_window_t>& ring, xcb_window_t from
     const auto found = std::ranges::find(ring, from);
     // Nothing comes before the first one.
     std::ptrdiff_t place = found != ring.end() ? found - ring.begin() : (steps < 0 ? 0 : -1);
-    if (steps != 0) {
+    if (steps != 0)
         place += steps - direction;
-    }
     for (std::ptrdiff_t i = 0; i < count; ++i) {
         place += direction;
         const auto index = static_cast<std::size_t>(((place % count) + count) % count);
-        if (std::ranges::find(candidates, ring[index]) != candidates.end()) {
+        if (std::ranges::find(candidates, ring[index]) != candidates.end())
             return ring[index];
-        }
     }
     return candidates.empty() ? xcb_window_t{XCB_NONE} : candidates.front();
 }

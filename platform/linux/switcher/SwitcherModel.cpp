@@ -16,9 +16,9 @@ namespace
 {
 
 /// An outline is drawn in some steps, and the title is written after it.
-constexpr Seconds SettleTime = 0.02;
+constexpr Seconds settleTime = 0.02;
 /// A key that moves nothing that can be seen may have moved the selection all the same.
-constexpr Seconds KeyTime = 0.06;
+constexpr Seconds keyTime = 0.06;
 
 } // namespace
 
@@ -27,8 +27,7 @@ SwitcherModel::SwitcherModel(RunLoop& runLoop, x11::WindowTracker& tracker,
                              HearKeys hearKeys, std::function<bool()> canCount)
     : m_runLoop(runLoop), m_tracker(tracker), m_registry(registry), m_hearKeys(std::move(hearKeys)),
       m_canCount(std::move(canCount)),
-      m_title(session != nullptr ? std::make_unique<SwitcherTitle>(*session) : nullptr),
-      m_recent(tracker)
+      m_title(session ? std::make_unique<SwitcherTitle>(*session) : nullptr), m_recent(tracker)
 {
 }
 
@@ -49,9 +48,8 @@ bool SwitcherModel::canRead() const
 void SwitcherModel::picked(xcb_window_t window)
 {
     const std::lock_guard lock(m_mutex);
-    if (m_selection) {
+    if (m_selection)
         m_picked = window;
-    }
 }
 
 void SwitcherModel::post(std::function<void()> action)
@@ -62,7 +60,7 @@ void SwitcherModel::post(std::function<void()> action)
 void SwitcherModel::managerChanged(const x11::Manager& manager)
 {
     // Who looks on without having been told of a dock needs a process to observe.
-    m_registry.setDockStandIn(switcherReaderFor(manager.name) != nullptr ? manager.pid : 0);
+    m_registry.setDockStandIn(switcherReaderFor(manager.name) ? manager.pid : 0);
     post([this, manager] { takeManager(manager); });
 }
 
@@ -76,9 +74,8 @@ void SwitcherModel::activeWindowChanged(xcb_window_t window)
     post([this, window] {
         m_recent.activated(window);
         // Without a list to choose from, the step has been taken, and the next one goes from there.
-        if (!m_isUp) {
+        if (!m_isUp)
             m_counted.restart();
-        }
     });
 }
 
@@ -95,9 +92,8 @@ void SwitcherModel::keyPressed(xcb_keysym_t key, bool withShift)
 void SwitcherModel::keyRepeated(xcb_keysym_t key)
 {
     post([this, key] {
-        if (!x11::keysym::isModifier(key)) {
+        if (!x11::keysym::isModifier(key))
             moveUnseen();
-        }
     });
 }
 
@@ -110,9 +106,8 @@ void SwitcherModel::pointerMoved(QPoint /*position*/, xcb_window_t childOfRoot)
 void SwitcherModel::buttonPressed(int /*button*/, QPoint /*position*/)
 {
     post([this, clicked = m_underPointer] {
-        if (std::ranges::count(m_manager.windows, clicked, &x11::ManagerWindow::id) > 0) {
+        if (std::ranges::count(m_manager.windows, clicked, &x11::ManagerWindow::id) > 0)
             moveUnseen();
-        }
     });
 }
 
@@ -120,44 +115,39 @@ void SwitcherModel::takeManager(const x11::Manager& manager)
 {
     m_manager = manager;
     const SwitcherReader* reader = switcherReaderFor(manager.name);
-    if (reader != nullptr && reader->isCounted && !m_canCount()) {
+    if (reader && reader->isCounted && !m_canCount())
         reader = nullptr;
-    }
     {
         const std::lock_guard lock(m_mutex);
         m_reader = reader;
     }
     hearKeys();
-    if (reader != nullptr && reader->look(manager.windows)) {
-        lookAfter(SettleTime);
-    } else if (m_isUp) {
+    if (reader && reader->look(manager.windows))
+        lookAfter(settleTime);
+    else if (m_isUp)
         closed();
-    }
 }
 
 void SwitcherModel::hearKeys()
 {
-    const bool isCounted = m_reader != nullptr && m_reader->isCounted;
+    const bool isCounted = m_reader && m_reader->isCounted;
     const x11::KeyHearing which = isCounted ? x11::KeyHearing::WithModifier
                                   : m_isUp  ? x11::KeyHearing::All
                                             : x11::KeyHearing::None;
-    if (std::exchange(m_hearing, which) != which) {
+    if (std::exchange(m_hearing, which) != which)
         m_hearKeys(which);
-    }
 }
 
 void SwitcherModel::takeKey(xcb_keysym_t key, bool withShift)
 {
-    if (!m_isUp && x11::keysym::isAltOrSuper(key)) {
+    if (!m_isUp && x11::keysym::isAltOrSuper(key))
         m_counted.restart();
-    }
     m_counted.pressed(key, withShift);
-    if (!m_isUp || x11::keysym::isModifier(key)) {
+    if (!m_isUp || x11::keysym::isModifier(key))
         return;
-    }
     m_isCancelled = key == x11::keysym::escape;
     m_steps += withShift ? -1 : 1;
-    lookAfter(KeyTime);
+    lookAfter(keyTime);
 }
 
 void SwitcherModel::lookAfter(Seconds delay)
@@ -169,10 +159,9 @@ void SwitcherModel::lookAfter(Seconds delay)
 void SwitcherModel::look()
 {
     const SwitcherReader* reader = m_reader;
-    const auto sight = reader != nullptr ? reader->look(m_manager.windows) : std::nullopt;
-    if (!sight) {
+    const auto sight = reader ? reader->look(m_manager.windows) : std::nullopt;
+    if (!sight)
         return;
-    }
     if (!std::exchange(m_isUp, true)) {
         m_isCancelled = false;
         m_steps = 0;
@@ -195,9 +184,8 @@ void SwitcherModel::look()
         choose(*sight, QString());
     } else {
         m_title->ask(m_manager.pid, reader->titleRole, [this, sight](const QString& title) {
-            if (m_isUp) {
+            if (m_isUp)
                 choose(*sight, title);
-            }
         });
     }
 }
@@ -209,21 +197,18 @@ void SwitcherModel::choose(const SwitcherSight& sight, const QString& title)
     Windows titled;
     for (const x11::TrackedWindowPtr& window : windows) {
         const bool isOutlined = candidates.empty() || std::ranges::count(candidates, window->id);
-        if (isOutlined && isTitleOf(title, window->title)) {
+        if (isOutlined && isTitleOf(title, window->title))
             titled.push_back(window->id);
-        }
     }
-    if (!titled.empty()) {
+    if (!titled.empty())
         candidates = std::move(titled);
-    }
     const auto before = selection();
     const xcb_window_t from = before ? before->window : m_tracker.activeWindow();
     const bool hasMoved = !before || m_steps != 0 || sight.outline != m_outline;
     const bool stays = !hasMoved && std::ranges::count(candidates, from) > 0;
     const xcb_window_t next = stays ? from : nextInRing(m_recent.ring(), from, m_steps, candidates);
-    if (next == XCB_NONE) {
+    if (next == XCB_NONE)
         return; // it is just being drawn
-    }
     m_steps = 0;
     m_outline = sight.outline;
     select(next, sight.list.isEmpty() ? sight.outline : sight.list);
@@ -232,7 +217,7 @@ void SwitcherModel::choose(const SwitcherSight& sight, const QString& title)
 // Of a switcher that is moved nobody knows where, what it has selected is not told any more.
 void SwitcherModel::moveUnseen()
 {
-    if (m_isUp && m_reader != nullptr && m_reader->isCounted) {
+    if (m_isUp && m_reader && m_reader->isCounted) {
         m_counted.lose();
         loseSelection();
     }
@@ -240,9 +225,8 @@ void SwitcherModel::moveUnseen()
 
 void SwitcherModel::loseSelection()
 {
-    if (!selection()) {
+    if (!selection())
         return;
-    }
     select(XCB_NONE, QRect());
     const std::lock_guard lock(m_mutex);
     m_selection.reset();
@@ -276,9 +260,8 @@ void SwitcherModel::select(xcb_window_t window, const QRect& list)
         isOther = !m_selection || m_selection->pid != pid;
         m_selection = {.pid = pid, .window = window, .list = list};
     }
-    if (isOther && m_selectionChanged) {
+    if (isOther && m_selectionChanged)
         m_selectionChanged();
-    }
 }
 
 void SwitcherModel::closed()
@@ -287,22 +270,19 @@ void SwitcherModel::closed()
     hearKeys();
     m_counted.restart();
     m_runLoop.cancelPreviousPerformRequests(&m_settling);
-    if (m_title) {
+    if (m_title)
         m_title->forget();
-    }
     // Letting the switcher go with the mouse on a preview picks that window; giving up does not.
-    if (m_isCancelled) {
+    if (m_isCancelled)
         loseSelection();
-    }
     xcb_window_t again = XCB_NONE;
     {
         const std::lock_guard lock(m_mutex);
         m_selection.reset();
         again = std::exchange(m_picked, XCB_NONE);
     }
-    if (again != XCB_NONE) {
+    if (again != XCB_NONE)
         m_tracker.activate(again);
-    }
 }
 
 } // namespace lumbrix::platform

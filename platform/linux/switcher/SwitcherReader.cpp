@@ -15,11 +15,11 @@ namespace
 using x11::ManagerWindow;
 using Windows = std::vector<ManagerWindow>;
 
-constexpr int MinimalList = 60; ///< pixels; what tells a size while resizing is a line high
-constexpr int MaximalEdge = 20; ///< pixels; how thick an outline's edge may be
-constexpr int ListDepth = 32;   ///< translucent, as outlines are not
-constexpr std::uint32_t LabelRole = 29;
-constexpr std::uint32_t StatusBarRole = 54;
+constexpr int minimalList = 60; ///< pixels; what tells a size while resizing is a line high
+constexpr int maximalEdge = 20; ///< pixels; how thick an outline's edge may be
+constexpr int listDepth = 32;   ///< translucent, as outlines are not
+constexpr std::uint32_t labelRole = 29;
+constexpr std::uint32_t statusBarRole = 54;
 
 template <class Test> QRect rectOf(const Windows& windows, Test test)
 {
@@ -32,11 +32,10 @@ std::optional<SwitcherSight> lookAtXfwm4(const Windows& windows)
 {
     const QRect list = rectOf(windows, [](const ManagerWindow& window) {
         return window.classInstance == u"xfwm4" && window.isPlain &&
-               window.rect.height() >= MinimalList;
+               window.rect.height() >= minimalList;
     });
-    if (list.isEmpty()) {
+    if (list.isEmpty())
         return std::nullopt;
-    }
     return SwitcherSight{.list = list, .outline = rectOf(windows, [](const ManagerWindow& window) {
                                            return window.classInstance == u"xfwm4-wireframe";
                                        })};
@@ -52,14 +51,13 @@ std::optional<SwitcherSight> lookAtOpenbox(const Windows& windows)
     int edges = 0;
     for (const ManagerWindow& window : windows) {
         if (window.classInstance.isEmpty() &&
-            std::min(window.rect.width(), window.rect.height()) <= MaximalEdge) {
+            std::min(window.rect.width(), window.rect.height()) <= maximalEdge) {
             outline |= window.rect;
             ++edges;
         }
     }
-    if (edges != 4) {
+    if (edges != 4)
         outline = QRect();
-    }
     return list.isEmpty() && outline.isEmpty()
                ? std::nullopt
                : std::optional(SwitcherSight{.list = list, .outline = outline});
@@ -70,16 +68,15 @@ std::optional<SwitcherSight> lookAtMarco(const Windows& windows)
 {
     const auto isOwn = [](const ManagerWindow& window) {
         return window.classInstance == u"marco" && window.isPlain &&
-               window.rect.height() >= MinimalList;
+               window.rect.height() >= minimalList;
     };
     const QRect list = rectOf(windows, [&](const ManagerWindow& window) {
-        return isOwn(window) && window.depth == ListDepth;
+        return isOwn(window) && window.depth == listDepth;
     });
-    if (list.isEmpty()) {
+    if (list.isEmpty())
         return std::nullopt;
-    }
     return SwitcherSight{.list = list, .outline = rectOf(windows, [&](const ManagerWindow& window) {
-                                           return isOwn(window) && window.depth != ListDepth;
+                                           return isOwn(window) && window.depth != listDepth;
                                        })};
 }
 
@@ -88,7 +85,7 @@ std::optional<SwitcherSight> lookAtMarco(const Windows& windows)
 std::optional<SwitcherSight> lookAtKWin(const Windows& windows)
 {
     const QRect list = rectOf(windows, [](const ManagerWindow& window) {
-        return window.classInstance.startsWith(u"kwin") && window.rect.height() >= MinimalList;
+        return window.classInstance.startsWith(u"kwin") && window.rect.height() >= minimalList;
     });
     return list.isEmpty() ? std::nullopt
                           : std::optional(SwitcherSight{.list = list, .outline = {}});
@@ -98,10 +95,10 @@ constexpr std::array readers{
     SwitcherReader{.manager = "Openbox", .look = lookAtOpenbox, .titleRole = 0, .isCounted = false},
     SwitcherReader{.manager = "Metacity (Marco)",
                    .look = lookAtMarco,
-                   .titleRole = StatusBarRole,
+                   .titleRole = statusBarRole,
                    .isCounted = false},
     SwitcherReader{
-        .manager = "Xfwm4", .look = lookAtXfwm4, .titleRole = LabelRole, .isCounted = false},
+        .manager = "Xfwm4", .look = lookAtXfwm4, .titleRole = labelRole, .isCounted = false},
     SwitcherReader{.manager = "KWin", .look = lookAtKWin, .titleRole = 0, .isCounted = true},
 };
 

@@ -15,8 +15,8 @@ namespace lumbrix::platform
 namespace
 {
 
-constexpr int MaximalDepth = 6;
-constexpr std::size_t MaximalElements = 256; ///< of one generation
+constexpr int maximalDepth = 6;
+constexpr std::size_t maximalElements = 256; ///< of one generation
 
 } // namespace
 
@@ -45,11 +45,10 @@ void SwitcherTitle::ask(std::int32_t pid, std::uint32_t role, Answer answer)
         m_pid = 0;
         m_bus.open([this](bool isOpen) {
             m_isOpening = false;
-            if (isOpen) {
+            if (isOpen)
                 step();
-            } else {
+            else
                 finish(QString());
-            }
         });
     }
 }
@@ -64,34 +63,30 @@ void SwitcherTitle::forget()
 void SwitcherTitle::finish(const QString& text)
 {
     ++m_turn;
-    if (const auto done = std::exchange(m_question, std::nullopt)) {
+    if (const auto done = std::exchange(m_question, std::nullopt))
         done->answer(text);
-    }
 }
 
 void SwitcherTitle::call(const QDBusMessage& message, AccessibleBus::Answer answer)
 {
     m_bus.call(message,
                [this, turn = m_turn, answer = std::move(answer)](const QDBusMessage& reply) {
-                   if (turn == m_turn) {
+                   if (turn == m_turn)
                        answer(reply);
-                   }
                });
 }
 
 void SwitcherTitle::step()
 {
-    if (!m_question) {
+    if (!m_question)
         return;
-    }
     if (m_pid != m_question->pid) {
         m_bus.findApplication(m_question->pid, [this, pid = m_question->pid](const QString& name) {
             m_pid = name.isEmpty() ? 0 : pid;
             m_name = name;
             m_element.reset();
-            if (m_question && m_question->pid == pid) {
+            if (m_question && m_question->pid == pid)
                 name.isEmpty() ? finish(QString()) : step();
-            }
         });
     } else if (m_element) {
         readName();
@@ -102,7 +97,7 @@ void SwitcherTitle::step()
 
 void SwitcherTitle::search(const Elements& parents, int depth)
 {
-    if (parents.empty() || depth == MaximalDepth) {
+    if (parents.empty() || depth == maximalDepth) {
         finish(QString());
         return;
     }
@@ -110,10 +105,10 @@ void SwitcherTitle::search(const Elements& parents, int depth)
     level->missing = parents.size();
     for (const AccessibleRef& parent : parents) {
         call(childrenQuestion(parent), [this, level, depth](const QDBusMessage& reply) {
-            const Elements children = accessibleRefs(reply, MaximalElements);
+            const Elements children = accessibleRefs(reply, maximalElements);
             level->found.insert(level->found.end(), children.begin(), children.end());
             if (--level->missing == 0) {
-                level->found.resize(std::min(level->found.size(), MaximalElements));
+                level->found.resize(std::min(level->found.size(), maximalElements));
                 readRoles(level->found, depth);
             }
         });
@@ -131,12 +126,10 @@ void SwitcherTitle::readRoles(const Elements& elements, int depth)
     for (const AccessibleRef& element : elements) {
         call(roleQuestion(element),
              [this, level, element, elements, depth](const QDBusMessage& reply) {
-                 if (roleIn(reply) == m_question->role) {
+                 if (roleIn(reply) == m_question->role)
                      level->wanted = level->wanted.value_or(element);
-                 }
-                 if (--level->missing > 0) {
+                 if (--level->missing > 0)
                      return;
-                 }
                  m_element = level->wanted;
                  m_element ? readName() : search(elements, depth + 1);
              });
@@ -147,9 +140,8 @@ void SwitcherTitle::readName()
 {
     call(nameQuestion(*m_element), [this](const QDBusMessage& reply) {
         const std::optional<QString> name = nameIn(reply);
-        if (!name) {
+        if (!name)
             m_element.reset(); // it has gone, and another is looked for the next time
-        }
         finish(name.value_or(QString()));
     });
 }

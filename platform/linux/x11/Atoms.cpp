@@ -12,10 +12,10 @@ namespace lumbrix::platform::x11
 namespace
 {
 
-constexpr std::size_t kCount = static_cast<std::size_t>(AtomName::Count);
+constexpr std::size_t count = static_cast<std::size_t>(AtomName::Count);
 
 /// In the order of AtomName; the last two get their screen's number.
-constexpr std::array<const char*, kCount> kNames{
+constexpr std::array<const char*, count> names{
     "COMPOUND_TEXT",
     "_LUMBRIX_TIMESTAMP",
     "_NET_ACTIVE_WINDOW",
@@ -61,24 +61,23 @@ constexpr std::array<const char*, kCount> kNames{
     "_NET_WM_CM_S",
     "_NET_SYSTEM_TRAY_S",
 };
-static_assert(kNames.back() != nullptr);
+static_assert(names.back() != nullptr);
 
 } // namespace
 
 Atoms::Atoms(const Connection& connection)
 {
-    std::array<xcb_intern_atom_cookie_t, kCount> cookies{};
-    for (std::size_t i = 0; i < kCount; ++i) {
-        std::string name = kNames[i];
+    std::array<xcb_intern_atom_cookie_t, count> cookies{};
+    for (std::size_t i = 0; i < count; ++i) {
+        std::string name = names[i];
         if (i >= static_cast<std::size_t>(AtomName::CompositingManager))
             name += std::to_string(connection.screenNumber());
         cookies[i] = xcb_intern_atom(connection.get(), 0, static_cast<std::uint16_t>(name.size()),
                                      name.c_str());
     }
-    for (std::size_t i = 0; i < kCount; ++i) {
+    for (std::size_t i = 0; i < count; ++i)
         if (const auto reply = connection.reply(xcb_intern_atom_reply, cookies[i]))
             m_atoms[i] = reply->atom;
-    }
 }
 
 } // namespace lumbrix::platform::x11

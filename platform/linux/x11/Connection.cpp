@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "platform/linux/x11/Connection.h"
+#include "platform/StringLiterals.h"
 
 #include <xcb/composite.h>
 #include <xcb/damage.h>
@@ -56,8 +57,8 @@ std::unique_ptr<Connection> Connection::open(const std::string& displayName, QSt
         const char* variable = std::getenv("DISPLAY");
         const QString name = QString::fromLocal8Bit(displayName.empty() ? (variable ? variable : "")
                                                                         : displayName.c_str());
-        error = name.isEmpty() ? QStringLiteral("No X display: DISPLAY is not set")
-                               : QStringLiteral("Cannot connect to the X display \"%1\"").arg(name);
+        error = name.isEmpty() ? u"No X display: DISPLAY is not set"_s
+                               : u"Cannot connect to the X display \"%1\""_s.arg(name);
         return nullptr;
     }
     connection->m_screen = screenOf(xcb_get_setup(native), number);
@@ -94,8 +95,8 @@ QString Connection::queryExtensions()
     }
     for (const Row& row : rows) {
         if (row.requiredName && !row.extension->present)
-            return QStringLiteral("The X server lacks the extension %1")
-                .arg(QString::fromLatin1(row.requiredName));
+            return u"The X server lacks the extension %1"_s.arg(
+                QString::fromLatin1(row.requiredName));
     }
 
     // Servers refuse requests of some of these until the client has asked for a version.
@@ -122,11 +123,11 @@ QString Connection::queryExtensions()
         }
     }
     if (!m_extensions.composite.atLeast(0, 2))
-        return QStringLiteral("The X server's Composite extension is too old");
+        return u"The X server's Composite extension is too old"_s;
     if (!m_extensions.xinput.atLeast(2, 1))
-        return QStringLiteral("The X server's XInput extension is too old");
+        return u"The X server's XInput extension is too old"_s;
     if (!m_extensions.damage.present || !m_extensions.xfixes.present)
-        return QStringLiteral("The X server's DAMAGE or XFIXES extension does not answer");
+        return u"The X server's DAMAGE or XFIXES extension does not answer"_s;
     return {};
 }
 

@@ -23,12 +23,12 @@ namespace lumbrix::platform::x11
 namespace
 {
 
-constexpr std::size_t kGranularity =
+constexpr std::size_t granularity =
     std::size_t{256} * 1024; // windows of similar size share segments
 /// Twice the largest screens; a window of the largest size that can be would take four gigabytes.
-constexpr qint64 kMaxPixels = qint64{64} * 1024 * 1024;
-constexpr std::size_t kMinIdleSegments = 2;
-constexpr std::size_t kMaxIdleSegments = 8;
+constexpr qint64 maxPixels = qint64{64} * 1024 * 1024;
+constexpr std::size_t minIdleSegments = 2;
+constexpr std::size_t maxIdleSegments = 8;
 
 /// File descriptors travel over local sockets only; over others the attempt ends the connection.
 bool isLocal(const Connection& connection)
@@ -61,18 +61,17 @@ public:
         {
             const std::lock_guard lock(m_mutex);
             auto best = m_idle.end();
-            for (auto it = m_idle.begin(); it != m_idle.end(); ++it) {
+            for (auto it = m_idle.begin(); it != m_idle.end(); ++it)
                 if (it->size >= size && (best == m_idle.end() || it->size < best->size))
                     best = it;
-            }
-            if (best != m_idle.end() && best->size / 4 <= size + kGranularity) {
+            if (best != m_idle.end() && best->size / 4 <= size + granularity) {
                 const Segment segment = *best;
                 m_idle.erase(best);
                 ++m_inUse;
                 return segment;
             }
         }
-        return make((size + kGranularity - 1) / kGranularity * kGranularity);
+        return make((size + granularity - 1) / granularity * granularity);
     }
 
     void give(const Segment& segment)
@@ -82,7 +81,7 @@ public:
         --m_inUse;
         // Windows that are refreshed at once need a second segment each, and memory that was used
         // before is several times faster than fresh memory.
-        const std::size_t limit = std::clamp(m_inUse, kMinIdleSegments, kMaxIdleSegments);
+        const std::size_t limit = std::clamp(m_inUse, minIdleSegments, maxIdleSegments);
         while (!m_idle.empty() && (!m_connection || m_idle.size() > limit)) {
             release(m_idle.front());
             m_idle.erase(m_idle.begin());
@@ -175,7 +174,7 @@ ImageCopier::~ImageCopier()
 
 QImage ImageCopier::copy(xcb_drawable_t drawable, const QRect& rect, int depth)
 {
-    if (rect.isEmpty() || qint64{rect.width()} * rect.height() > kMaxPixels ||
+    if (rect.isEmpty() || qint64{rect.width()} * rect.height() > maxPixels ||
         !isDepthReadable(depth))
         return {};
     const QImage::Format format =
@@ -232,10 +231,9 @@ bool ImageCopier::isDepthReadable(int depth) const
     if ((depth != 24 && depth != 32) ||
         isServerLittle != (std::endian::native == std::endian::little))
         return false;
-    for (auto it = xcb_setup_pixmap_formats_iterator(setup); it.rem; xcb_format_next(&it)) {
+    for (auto it = xcb_setup_pixmap_formats_iterator(setup); it.rem; xcb_format_next(&it))
         if (it.data->depth == depth)
             return it.data->bits_per_pixel == 32;
-    }
     return false;
 }
 

@@ -83,12 +83,11 @@ void KeyGrabs::eventsHandled()
         wanted = m_wanted;
     }
     const std::vector<Grab> grabs = grabsFor(wanted);
-    for (const Grab& grab : std::exchange(m_held, {})) {
+    for (const Grab& grab : std::exchange(m_held, {}))
         if (std::find(grabs.begin(), grabs.end(), grab) != grabs.end())
             m_held.push_back(grab);
         else
             giveBack(grab);
-    }
     // Keys that the keyboard lacks are refused too.
     std::vector<TapKey> refused = wanted;
     std::erase_if(refused, [&](const TapKey& key) {
@@ -149,10 +148,10 @@ void KeyGrabs::watchGrabs() const
 std::uint32_t KeyGrabs::modifiersFor(std::uint32_t flags) const
 {
     const ModifierMasks& masks = m_keyboard->masks;
-    return (flags & ModifierFlag::Shift ? std::uint32_t{XCB_MOD_MASK_SHIFT} : 0U) |
-           (flags & ModifierFlag::Control ? std::uint32_t{XCB_MOD_MASK_CONTROL} : 0U) |
-           (flags & ModifierFlag::Option ? lowestBit(masks.option) : 0U) |
-           (flags & ModifierFlag::Command ? lowestBit(masks.command) : 0U);
+    return (flags & ModifierFlag::shift ? std::uint32_t{XCB_MOD_MASK_SHIFT} : 0U) |
+           (flags & ModifierFlag::control ? std::uint32_t{XCB_MOD_MASK_CONTROL} : 0U) |
+           (flags & ModifierFlag::option ? lowestBit(masks.option) : 0U) |
+           (flags & ModifierFlag::command ? lowestBit(masks.command) : 0U);
 }
 
 /// The keyboard does not freeze, so programs that hold it for longer delay nobody else.

@@ -18,7 +18,7 @@ namespace
 /// The names that keyboards give to the places of virtual key codes 0, 1 ...: the row, counted from
 /// the space bar's, and the place in it. The PC's keys above the arrows stand for F13 to F15 and
 /// help.
-constexpr const char* kPlaces[] = {
+constexpr const char* placeNames[] = {
     // clang-format off
     "AC01", "AC02", "AC03", "AC04", "AC06", "AC05", "AB01", "AB02", "AB03", "AB04", "LSGT", "AB05", "AD01", "AD02", "AD03", "AD04",
     "AD06", "AD05", "AE01", "AE02", "AE03", "AE04", "AE06", "AE05", "AE12", "AE09", "AE07", "AE11", "AE08", "AE10", "AD12", "AD09",
@@ -37,9 +37,9 @@ struct ContextDeleter {
 
 xkb_keycode_t keyAt(xkb_keymap* keymap, std::int64_t virtualKeyCode)
 {
-    if (virtualKeyCode < 0 || virtualKeyCode >= static_cast<std::int64_t>(std::size(kPlaces)))
+    if (virtualKeyCode < 0 || virtualKeyCode >= static_cast<std::int64_t>(std::size(placeNames)))
         return XKB_KEYCODE_INVALID;
-    return xkb_keymap_key_by_name(keymap, kPlaces[virtualKeyCode]);
+    return xkb_keymap_key_by_name(keymap, placeNames[virtualKeyCode]);
 }
 
 /// Dead keys write nothing by themselves, but have an accent printed on them.
@@ -100,7 +100,7 @@ Keymap::~Keymap() { xkb_keymap_unref(m_keymap); }
 Keymap::Keycodes Keymap::keycodes() const
 {
     Keycodes result{};
-    static_assert(std::size(kPlaces) == std::tuple_size_v<Keycodes>);
+    static_assert(std::size(placeNames) == std::tuple_size_v<Keycodes>);
     for (std::size_t code = 0; code < result.size(); ++code) {
         const xkb_keycode_t key = keyAt(m_keymap, static_cast<std::int64_t>(code));
         result[code] = key <= UINT8_MAX ? static_cast<xcb_keycode_t>(key) : 0;

@@ -15,7 +15,7 @@ namespace lumbrix::platform::x11
 namespace
 {
 
-constexpr std::array kProperties{
+constexpr std::array properties{
     AtomName::NetClientList,     AtomName::NetClientListStacking, AtomName::NetActiveWindow,
     AtomName::NetCurrentDesktop, AtomName::NetNumberOfDesktops,   AtomName::NetSupported,
 };
@@ -45,18 +45,18 @@ int numberOr(const std::vector<std::uint32_t>& longs, int fallback)
 
 bool ManagedSet::isInteresting(xcb_atom_t property, const Atoms& atoms)
 {
-    return std::any_of(kProperties.begin(), kProperties.end(),
+    return std::any_of(properties.begin(), properties.end(),
                        [&](AtomName name) { return atoms[name] == property; });
 }
 
 void ManagedSet::fetch(const Connection& connection, const Atoms& atoms)
 {
-    std::array<xcb_get_property_cookie_t, kProperties.size()> cookies{};
-    for (std::size_t i = 0; i < kProperties.size(); ++i)
-        cookies[i] = xcb_get_property(connection.get(), 0, connection.root(), atoms[kProperties[i]],
+    std::array<xcb_get_property_cookie_t, properties.size()> cookies{};
+    for (std::size_t i = 0; i < properties.size(); ++i)
+        cookies[i] = xcb_get_property(connection.get(), 0, connection.root(), atoms[properties[i]],
                                       XCB_GET_PROPERTY_TYPE_ANY, 0, 0x4000);
-    std::array<std::vector<std::uint32_t>, kProperties.size()> values;
-    for (std::size_t i = 0; i < kProperties.size(); ++i)
+    std::array<std::vector<std::uint32_t>, properties.size()> values;
+    for (std::size_t i = 0; i < properties.size(); ++i)
         values[i] = longsOf(connection.reply(xcb_get_property_reply, cookies[i]));
 
     clients = withoutDuplicates(std::move(values[0]));

@@ -17,7 +17,7 @@ Pinger::Pinger(const Connection& connection, const Atoms& atoms)
 
 void Pinger::ping(xcb_window_t window, xcb_timestamp_t time, Seconds now)
 {
-    if (!m_outstanding.try_emplace(window, Outstanding{now + kPatience}).second)
+    if (!m_outstanding.try_emplace(window, Outstanding{now + patience}).second)
         return;
     xcb_client_message_event_t message{};
     message.response_type = XCB_CLIENT_MESSAGE;
@@ -60,10 +60,9 @@ std::vector<xcb_window_t> Pinger::takeLate(Seconds now)
 std::optional<Seconds> Pinger::deadline() const
 {
     std::optional<Seconds> first;
-    for (const auto& [window, outstanding] : m_outstanding) {
+    for (const auto& [window, outstanding] : m_outstanding)
         if (!outstanding.isLate)
             first = std::min(first.value_or(outstanding.due), outstanding.due);
-    }
     return first;
 }
 

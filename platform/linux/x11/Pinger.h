@@ -23,7 +23,7 @@ class Connection;
 class Pinger
 {
 public:
-    static constexpr Seconds kPatience = 0.2;
+    static constexpr Seconds patience = 0.2;
 
     Pinger(const Connection& connection, const Atoms& atoms);
     /// Of a client that takes part in the protocol; does nothing while an answer is outstanding.

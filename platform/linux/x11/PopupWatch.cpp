@@ -67,10 +67,9 @@ void PopupWatch::eventsHandled()
     for (const xcb_window_t window : std::exchange(m_unmapped, {}))
         m_listeners.notify([&](WindowListener& listener) { listener.popupUnmapped(window); });
     tellMapped();
-    for (const xcb_window_t window : std::exchange(m_moved, {})) {
+    for (const xcb_window_t window : std::exchange(m_moved, {}))
         if (!m_tracker.isFrame(window))
             m_listeners.notify([&](WindowListener& listener) { listener.popupMoved(window); });
-    }
 }
 
 void PopupWatch::tellMapped()

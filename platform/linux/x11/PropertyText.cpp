@@ -35,11 +35,11 @@ QByteArrayView withoutCutOffEnd(QByteArrayView bytes)
 /// switch to is read as Latin 1.
 QString decodeCompoundText(QByteArrayView bytes)
 {
-    constexpr char kEscape = '\x1b';
+    constexpr char escapeByte = '\x1b';
     QString text;
     bool utf8 = false;
     while (!bytes.isEmpty()) {
-        const qsizetype segment = std::find(bytes.begin(), bytes.end(), kEscape) - bytes.begin();
+        const qsizetype segment = std::find(bytes.begin(), bytes.end(), escapeByte) - bytes.begin();
         const QByteArrayView plain = bytes.first(segment);
         text += utf8 ? QString::fromUtf8(plain) : QString::fromLatin1(plain);
         bytes = bytes.sliced(segment);
@@ -78,9 +78,9 @@ QString decodeText(QByteArrayView bytes, TextEncoding encoding)
         text = decodeCompoundText(bytes);
         break;
     }
-    if (text.size() > kMaxTitleLength) {
-        const bool splitsPair = text.at(kMaxTitleLength - 1).isHighSurrogate();
-        text.truncate(kMaxTitleLength - (splitsPair ? 1 : 0));
+    if (text.size() > maxTitleLength) {
+        const bool splitsPair = text.at(maxTitleLength - 1).isHighSurrogate();
+        text.truncate(maxTitleLength - (splitsPair ? 1 : 0));
     }
     return text;
 }

@@ -10,12 +10,12 @@
 namespace lumbrix::platform::x11
 {
 
-inline constexpr int kMaxTitleLength = 4096;
+inline constexpr int maxTitleLength = 4096;
 
 enum class TextEncoding { Utf8, Latin1, CompoundText };
 
 /// Ends at the first NUL. Broken sequences become replacement characters, except one that was cut
-/// off at the end. The result is at most kMaxTitleLength long, valid UTF-16.
+/// off at the end. The result is at most maxTitleLength long, valid UTF-16.
 QString decodeText(QByteArrayView bytes, TextEncoding encoding);
 
 } // namespace lumbrix::platform::x11

@@ -15,8 +15,8 @@ namespace lumbrix::platform::x11
 namespace
 {
 
-constexpr std::size_t kMaxRows = 31;
-constexpr int kMaxDepth = 8; // levels between a client and the root
+constexpr std::size_t maxRows = 31;
+constexpr int maxDepth = 8; // levels between a client and the root
 
 struct NodeCookies {
     xcb_query_tree_cookie_t tree;
@@ -39,7 +39,7 @@ NodeCookies askForNode(xcb_connection_t* c, xcb_window_t window)
 }
 
 void sendPropertyRequests(xcb_connection_t* c, const Atoms& atoms, const WindowRecord& record,
-                          std::array<xcb_get_property_cookie_t, kMaxRows>& cookies)
+                          std::array<xcb_get_property_cookie_t, maxRows>& cookies)
 {
     const auto rows = propertyRows();
     for (std::size_t i = 0; i < rows.size(); ++i) {
@@ -50,7 +50,7 @@ void sendPropertyRequests(xcb_connection_t* c, const Atoms& atoms, const WindowR
 }
 
 void readProperties(const Connection& connection, const Atoms& atoms, WindowRecord& record,
-                    const std::array<xcb_get_property_cookie_t, kMaxRows>& cookies)
+                    const std::array<xcb_get_property_cookie_t, maxRows>& cookies)
 {
     const auto rows = propertyRows();
     for (std::size_t i = 0; i < rows.size(); ++i) {
@@ -95,12 +95,11 @@ bool readNode(const Connection& connection, Walk& walk)
 
 void walkToFrames(const Connection& connection, std::vector<Walk> walks)
 {
-    for (int depth = 0; depth < kMaxDepth && !walks.empty(); ++depth) {
+    for (int depth = 0; depth < maxDepth && !walks.empty(); ++depth) {
         std::vector<Walk> further;
-        for (Walk& walk : walks) {
+        for (Walk& walk : walks)
             if (readNode(connection, walk))
                 further.push_back(walk);
-        }
         for (Walk& walk : further)
             walk.cookies = askForNode(connection.get(), walk.node);
         walks = std::move(further);
@@ -135,11 +134,11 @@ void fetchMissingPids(const Connection& connection, std::span<WindowRecord* cons
 void fetchWindows(const Connection& connection, const Atoms& atoms,
                   std::span<WindowRecord* const> records)
 {
-    std::vector<std::array<xcb_get_property_cookie_t, kMaxRows>> cookies(records.size());
+    std::vector<std::array<xcb_get_property_cookie_t, maxRows>> cookies(records.size());
     std::vector<Walk> walks;
     for (std::size_t i = 0; i < records.size(); ++i) {
         sendPropertyRequests(connection.get(), atoms, *records[i], cookies[i]);
-        if (records[i]->dirty & kGeometryBit)
+        if (records[i]->dirty & geometryBit)
             walks.push_back({records[i], records[i]->id,
                              askForNode(connection.get(), records[i]->id), QRect()});
     }

@@ -35,10 +35,9 @@ void makeOpaque(QImage& picture)
         static_cast<std::size_t>(picture.width()) * static_cast<std::size_t>(picture.height());
     // In blocks of a known length, which the compiler gives to wide registers.
     constexpr std::size_t block = 16;
-    for (; left >= block; left -= block, pixel += block) {
+    for (; left >= block; left -= block, pixel += block)
         for (std::size_t i = 0; i < block; ++i)
             pixel[i] |= 0xff000000U;
-    }
     for (std::size_t i = 0; i < left; ++i)
         pixel[i] |= 0xff000000U;
 }
@@ -184,8 +183,8 @@ void WindowPictures::noteUse(Picture& picture, xcb_window_t window, QSize limit)
         if (m_lastPinged.size() > 100) // long gone, most of them
             m_lastPinged.clear();
         Seconds& last =
-            m_lastPinged.try_emplace(m_captures.clientOf(window), -kPingInterval).first->second;
-        if (now - last < kPingInterval)
+            m_lastPinged.try_emplace(m_captures.clientOf(window), -pingInterval).first->second;
+        if (now - last < pingInterval)
             return;
         last = now;
     }
@@ -335,7 +334,7 @@ void WindowPictures::work(const Thread& self)
         auto nextDrop = dropUnused();
         lock.lock();
         if (m_isDropDue && !nextDrop) // an image that came just now
-            nextDrop = m_runLoop.now() + kKeepWhole;
+            nextDrop = m_runLoop.now() + keepWhole;
         m_isDropDue = nextDrop.has_value();
         const auto hasWork = [&] {
             return m_isStopping || !m_toName.empty() || !m_toPrefetch.empty() ||
@@ -383,11 +382,11 @@ std::optional<Seconds> WindowPictures::dropUnused()
     };
     for (const PicturePtr& picture : pictures) {
         const std::lock_guard lock(picture->mutex);
-        drop(picture->whole, picture->wholeUsed + kKeepWhole);
-        drop(picture->reduced, picture->reducedUsed + kKeepReduced);
+        drop(picture->whole, picture->wholeUsed + keepWhole);
+        drop(picture->reduced, picture->reducedUsed + keepReduced);
     }
     // While a row is up, what changes is copied every half second.
-    const Seconds copiesEnd = m_lastCopied + kKeepWhole;
+    const Seconds copiesEnd = m_lastCopied + keepWhole;
     if (copiesEnd <= now)
         m_copier.releaseIdle();
     else

@@ -34,8 +34,8 @@ class PointSpace;
 /// redirected here.
 ///
 /// Memory: pixels are copied into a few pieces of memory that are used again and again, and reduced
-/// at once to what was asked for. A reduced image is kept on this side for kKeepReduced after it
-/// was last asked for, a whole one for kKeepWhole; the worker wakes up for that, and not at all
+/// at once to what was asked for. A reduced image is kept on this side for keepReduced after it
+/// was last asked for, a whole one for keepWhole; the worker wakes up for that, and not at all
 /// when there is no image. Nothing is lost: the next capture copies the pixmap again.
 ///
 /// A client whose windows are asked for is pinged at times, so that a stopped one shows as such.
@@ -44,9 +44,9 @@ class PointSpace;
 class WindowPictures final : public EventHandler, public WindowListener
 {
 public:
-    static constexpr Seconds kKeepReduced = 30.0;
-    static constexpr Seconds kKeepWhole = 2.0; ///< zoomed views ask every half second
-    static constexpr Seconds kPingInterval = 1.0;
+    static constexpr Seconds keepReduced = 30.0;
+    static constexpr Seconds keepWhole = 2.0; ///< zoomed views ask every half second
+    static constexpr Seconds pingInterval = 1.0;
 
     WindowPictures(RunLoop& runLoop, const Connection& events, const Connection& captures,
                    WindowTracker& tracker, const PointSpace& points, bool isCompositorRunning);
@@ -112,7 +112,7 @@ private:
     const PointSpace& m_points; ///< how many pixels a picture has per point
     std::atomic<bool> m_isCompositorRunning;
     std::atomic<std::uint64_t> m_copyCount = 0;
-    std::atomic<Seconds> m_lastCopied = -kKeepWhole;
+    std::atomic<Seconds> m_lastCopied = -keepWhole;
     ImageCopier m_copier;
     std::unordered_map<xcb_damage_damage_t, PicturePtr> m_byDamage; ///< event thread
 

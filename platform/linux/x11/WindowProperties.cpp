@@ -13,7 +13,7 @@ namespace lumbrix::platform::x11
 namespace
 {
 
-constexpr std::uint32_t kIconicState = 3; // of WM_STATE
+constexpr std::uint32_t iconicState = 3; // of WM_STATE
 
 QByteArrayView view(std::span<const char> bytes)
 {
@@ -31,9 +31,9 @@ std::optional<QMargins> marginsOf(const PropertyValue& value)
     const auto longs = value.longs();
     if (longs.size() < 4)
         return std::nullopt;
-    constexpr int kMax = 0x1000;
-    return QMargins(std::min(extent(longs[0]), kMax), std::min(extent(longs[2]), kMax),
-                    std::min(extent(longs[1]), kMax), std::min(extent(longs[3]), kMax));
+    constexpr int maxLength = 0x1000;
+    return QMargins(std::min(extent(longs[0]), maxLength), std::min(extent(longs[2]), maxLength),
+                    std::min(extent(longs[1]), maxLength), std::min(extent(longs[3]), maxLength));
 }
 
 void applyNetName(WindowRecord& record, const PropertyValue& value, const Atoms&)
@@ -95,7 +95,7 @@ void applyState(WindowRecord& record, const PropertyValue& value, const Atoms& a
 void applyWmState(WindowRecord& record, const PropertyValue& value, const Atoms&)
 {
     const auto longs = value.longs();
-    record.isWmStateIconic = !longs.empty() && longs[0] == kIconicState;
+    record.isWmStateIconic = !longs.empty() && longs[0] == iconicState;
 }
 
 void applyProtocols(WindowRecord& record, const PropertyValue& value, const Atoms& atoms)
@@ -140,26 +140,26 @@ void applyFrameExtents(WindowRecord& record, const PropertyValue& value, const A
     record.frameExtents = marginsOf(value);
 }
 
-constexpr std::uint32_t kTitleLongs = kMaxTitleLength; // four bytes each: the longest UTF-8
-constexpr std::uint32_t kListLongs = 64;
-constexpr std::size_t kPidRow = 3;
-constexpr std::array kRows{
-    PropertyRow{AtomName::NetWmName, XCB_NONE, kTitleLongs, applyNetName},
-    PropertyRow{AtomName::Count, XCB_ATOM_WM_NAME, kTitleLongs, applyWmName},
+constexpr std::uint32_t titleLongs = maxTitleLength; // four bytes each: the longest UTF-8
+constexpr std::uint32_t listLongs = 64;
+constexpr std::size_t pidRow = 3;
+constexpr std::array rowTable{
+    PropertyRow{AtomName::NetWmName, XCB_NONE, titleLongs, applyNetName},
+    PropertyRow{AtomName::Count, XCB_ATOM_WM_NAME, titleLongs, applyWmName},
     PropertyRow{AtomName::Count, XCB_ATOM_WM_CLASS, 256, applyClass},
     PropertyRow{AtomName::NetWmPid, XCB_NONE, 1, applyPid},
-    PropertyRow{AtomName::NetWmWindowType, XCB_NONE, kListLongs, applyType},
-    PropertyRow{AtomName::NetWmState, XCB_NONE, kListLongs, applyState},
+    PropertyRow{AtomName::NetWmWindowType, XCB_NONE, listLongs, applyType},
+    PropertyRow{AtomName::NetWmState, XCB_NONE, listLongs, applyState},
     PropertyRow{AtomName::WmState, XCB_NONE, 1, applyWmState},
-    PropertyRow{AtomName::WmProtocols, XCB_NONE, kListLongs, applyProtocols},
+    PropertyRow{AtomName::WmProtocols, XCB_NONE, listLongs, applyProtocols},
     PropertyRow{AtomName::NetWmDesktop, XCB_NONE, 1, applyDesktop},
     PropertyRow{AtomName::Count, XCB_ATOM_WM_TRANSIENT_FOR, 1, applyTransientFor},
     PropertyRow{AtomName::NetWmIconGeometry, XCB_NONE, 4, applyIconGeometry},
     PropertyRow{AtomName::GtkFrameExtents, XCB_NONE, 4, applyGtkExtents},
     PropertyRow{AtomName::NetFrameExtents, XCB_NONE, 4, applyFrameExtents},
 };
-static_assert(kRows[kPidRow].atom == AtomName::NetWmPid);
-static_assert(kRows.size() < 31);
+static_assert(rowTable[pidRow].atom == AtomName::NetWmPid);
+static_assert(rowTable.size() < 31);
 
 /// The part of the frame that cannot be seen: shadows drawn by the client, or the wide invisible
 /// grips some window managers put around their frames.
@@ -206,18 +206,17 @@ std::span<const std::uint32_t> PropertyValue::longs() const
             static_cast<std::size_t>(xcb_get_property_value_length(reply)) / 4};
 }
 
-std::span<const PropertyRow> propertyRows() { return kRows; }
+std::span<const PropertyRow> propertyRows() { return rowTable; }
 
 std::uint32_t dirtyBitOf(xcb_atom_t property, const Atoms& atoms)
 {
-    for (std::size_t i = 0; i < kRows.size(); ++i) {
-        if (kRows[i].atomId(atoms) == property)
+    for (std::size_t i = 0; i < rowTable.size(); ++i)
+        if (rowTable[i].atomId(atoms) == property)
             return 1U << i;
-    }
     return 0;
 }
 
-std::uint32_t pidBit() { return 1U << kPidRow; }
+std::uint32_t pidBit() { return 1U << pidRow; }
 
 std::optional<WindowType> windowTypeOf(std::span<const std::uint32_t> types, const Atoms& atoms)
 {
@@ -240,10 +239,9 @@ std::optional<WindowType> windowTypeOf(std::span<const std::uint32_t> types, con
         Row{AtomName::NetWmWindowTypeNotification, WindowType::Other},
     };
     for (const std::uint32_t type : types) {
-        for (const Row& row : rows) {
+        for (const Row& row : rows)
             if (type == atoms[row.name])
                 return row.type;
-        }
     }
     return std::nullopt;
 }

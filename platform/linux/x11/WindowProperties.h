@@ -23,7 +23,7 @@ namespace lumbrix::platform::x11
 struct WindowRecord {
     xcb_window_t id = XCB_NONE;
     bool isGone = false;
-    std::uint32_t dirty = ~0U; ///< what to fetch: bits of the property rows, and kGeometryBit
+    std::uint32_t dirty = ~0U; ///< what to fetch: bits of the property rows, and geometryBit
 
     xcb_window_t frame = XCB_NONE;
     QRect frameRect;  ///< with its X border, root pixels
@@ -80,7 +80,7 @@ struct PropertyRow {
 std::span<const PropertyRow> propertyRows();
 /// Bit of the row in WindowRecord::dirty; 0 when no row wants this property.
 std::uint32_t dirtyBitOf(xcb_atom_t property, const Atoms& atoms);
-inline constexpr std::uint32_t kGeometryBit = 1U << 31;
+inline constexpr std::uint32_t geometryBit = 1U << 31;
 /// The row with which a lack of a process id is noticed.
 std::uint32_t pidBit();
 

@@ -91,10 +91,9 @@ std::unique_ptr<EventTap> X11EventTaps::createTap(TapEvents, EventTap::Callback 
 void X11EventTaps::updateGrabs()
 {
     std::vector<TapKey> keys;
-    for (const Tap* tap : m_taps->all) {
+    for (const Tap* tap : m_taps->all)
         if (tap->isEnabled())
             keys.insert(keys.end(), tap->keys().begin(), tap->keys().end());
-    }
     m_grabs.setWanted(std::move(keys));
 }
 

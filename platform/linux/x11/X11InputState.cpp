@@ -64,10 +64,10 @@ std::uint32_t X11InputState::pressedMouseButtons()
 std::uint32_t X11InputState::modifierFlags()
 {
     const std::uint32_t mask = pointerMask();
-    return (mask & XCB_MOD_MASK_SHIFT ? ModifierFlag::Shift : 0U) |
-           (mask & XCB_MOD_MASK_CONTROL ? ModifierFlag::Control : 0U) |
-           (mask & m_optionMask ? ModifierFlag::Option : 0U) |
-           (mask & m_commandMask ? ModifierFlag::Command : 0U);
+    return (mask & XCB_MOD_MASK_SHIFT ? ModifierFlag::shift : 0U) |
+           (mask & XCB_MOD_MASK_CONTROL ? ModifierFlag::control : 0U) |
+           (mask & m_optionMask ? ModifierFlag::option : 0U) |
+           (mask & m_commandMask ? ModifierFlag::command : 0U);
 }
 
 void X11InputState::handleEvent(const xcb_generic_event_t& event)

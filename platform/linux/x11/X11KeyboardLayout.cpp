@@ -14,13 +14,13 @@ namespace lumbrix::platform::x11
 {
 namespace
 {
-constexpr std::uint64_t kMaxLayouts = 4; ///< that a keyboard can be switched between
+constexpr std::uint64_t maxLayouts = 4; ///< that a keyboard can be switched between
 }
 
 std::uint64_t X11KeyboardLayout::currentLayout()
 {
     readKeymap();
-    return m_changesRead * kMaxLayouts + activeLayout(m_requests);
+    return m_changesRead * maxLayouts + activeLayout(m_requests);
 }
 
 QString X11KeyboardLayout::charactersOfKey(std::int64_t keyCode)
@@ -59,13 +59,13 @@ std::int64_t X11KeyboardLayout::keyCodeOf(std::uint32_t nativeScanCode, std::uin
 QString X11KeyboardLayout::nameOfModifier(std::uint32_t flag) const
 {
     switch (flag) {
-    case ModifierFlag::Shift:
+    case ModifierFlag::shift:
         return QCoreApplication::translate("KeyboardLayout", "Shift");
-    case ModifierFlag::Control:
+    case ModifierFlag::control:
         return QCoreApplication::translate("KeyboardLayout", "Ctrl");
-    case ModifierFlag::Option:
+    case ModifierFlag::option:
         return QCoreApplication::translate("KeyboardLayout", "Alt");
-    case ModifierFlag::Command:
+    case ModifierFlag::command:
         return QCoreApplication::translate("KeyboardLayout", "Super");
     default:
         return {};

@@ -18,19 +18,19 @@ namespace lumbrix::platform::x11
 namespace
 {
 
-constexpr int kDockLayer = 20;
-constexpr int kFloatingLayer = 3;
-constexpr int kDesktopLayer = std::numeric_limits<int>::min() + 20;
+constexpr int dockLayer = 20;
+constexpr int floatingLayer = 3;
+constexpr int desktopLayer = std::numeric_limits<int>::min() + 20;
 
 int layerOf(WindowType type)
 {
     switch (type) {
     case WindowType::Dock:
-        return kDockLayer;
+        return dockLayer;
     case WindowType::Desktop:
-        return kDesktopLayer;
+        return desktopLayer;
     case WindowType::Other:
-        return kFloatingLayer;
+        return floatingLayer;
     default:
         return 0;
     }

@@ -14,8 +14,8 @@ namespace lumbrix::platform::x11
 namespace
 {
 
-constexpr std::uint32_t kSourcePager = 2; // a pager's wish is the user's: no focus-theft rules
-constexpr std::uint32_t kIconicState = 3;
+constexpr std::uint32_t sourcePager = 2; // a pager's wish is the user's: no focus-theft rules
+constexpr std::uint32_t iconicState = 3;
 
 } // namespace
 
@@ -73,7 +73,7 @@ void X11WindowTracker::activate(xcb_window_t id)
                                          {static_cast<std::uint32_t>(desktop), now});
         if (record->published->isIconic)
             xcb_map_window(m_connection.get(), id);
-        m_commands.tellWindowManager(id, AtomName::NetActiveWindow, {kSourcePager, now, XCB_NONE});
+        m_commands.tellWindowManager(id, AtomName::NetActiveWindow, {sourcePager, now, XCB_NONE});
     });
 }
 
@@ -81,7 +81,7 @@ void X11WindowTracker::close(xcb_window_t id)
 {
     m_commands.post([this, id](xcb_timestamp_t now) {
         if (recordOf(id))
-            m_commands.tellWindowManager(id, AtomName::NetCloseWindow, {now, kSourcePager});
+            m_commands.tellWindowManager(id, AtomName::NetCloseWindow, {now, sourcePager});
     });
 }
 
@@ -89,7 +89,7 @@ void X11WindowTracker::iconify(xcb_window_t id)
 {
     m_commands.post([this, id](xcb_timestamp_t) {
         if (recordOf(id))
-            m_commands.tellWindowManager(id, AtomName::WmChangeState, {kIconicState});
+            m_commands.tellWindowManager(id, AtomName::WmChangeState, {iconicState});
     });
 }
 
@@ -181,7 +181,7 @@ void X11WindowTracker::propertyChanged(const xcb_property_notify_event_t& event)
         ++record->iconGeometrySerial;
         record->iconGeometryTime = static_cast<std::int64_t>(m_runLoop.now() * 1000);
     } else if (event.atom == m_atoms[AtomName::NetFrameExtents]) {
-        record->dirty |= kGeometryBit;
+        record->dirty |= geometryBit;
     }
 }
 
@@ -192,7 +192,7 @@ void X11WindowTracker::configured(const xcb_configure_notify_event_t& event)
         const QRect rect(event.x, event.y, event.width + 2 * border, event.height + 2 * border);
         m_isOrderDirty = true;
         if (rect.size() != record->frameRect.size())
-            record->dirty |= kGeometryBit;
+            record->dirty |= geometryBit;
         m_isChanged = m_isChanged || rect != record->frameRect;
         record->frameRect = rect;
     } else {
@@ -213,7 +213,7 @@ void X11WindowTracker::mappingChanged(xcb_window_t window, bool isMapped)
 void X11WindowTracker::markGeometry(xcb_window_t window)
 {
     if (WindowRecord* record = recordOf(window))
-        record->dirty |= kGeometryBit;
+        record->dirty |= geometryBit;
 }
 
 void X11WindowTracker::windowDestroyed(xcb_window_t window)
@@ -222,7 +222,7 @@ void X11WindowTracker::windowDestroyed(xcb_window_t window)
         record->isGone = true;
         m_isChanged = true;
     } else if (WindowRecord* framed = recordOfFrame(window)) {
-        framed->dirty |= kGeometryBit;
+        framed->dirty |= geometryBit;
     }
 }
 
@@ -276,10 +276,9 @@ void X11WindowTracker::updateSet()
 void X11WindowTracker::fetchDirty()
 {
     std::vector<WindowRecord*> dirty;
-    for (const auto& [id, record] : m_records) {
+    for (const auto& [id, record] : m_records)
         if (record->dirty && !record->isGone)
             dirty.push_back(record.get());
-    }
     if (!dirty.empty()) {
         fetchWindows(m_connection, m_atoms, dirty);
         m_isChanged = true;
@@ -287,10 +286,9 @@ void X11WindowTracker::fetchDirty()
     if (!m_isChanged)
         return;
     m_frames.clear();
-    for (const auto& [id, record] : m_records) {
+    for (const auto& [id, record] : m_records)
         if (!record->isGone && record->frame)
             m_frames[record->frame] = id;
-    }
 }
 
 void X11WindowTracker::updateOrder()
@@ -345,10 +343,9 @@ void X11WindowTracker::publish(const StatePtr& next)
         const std::lock_guard lock(m_mutex);
         previous = std::exchange(m_state, next);
     }
-    for (const TrackedWindowPtr& window : previous->windows) {
+    for (const TrackedWindowPtr& window : previous->windows)
         if (!next->byId.contains(window->id))
             m_listeners.notify([&](WindowListener& listener) { listener.windowRemoved(window); });
-    }
     for (const TrackedWindowPtr& window : next->windows) {
         const auto before = previous->byId.find(window->id);
         if (before == previous->byId.end())

@@ -239,10 +239,9 @@ private:
         switch (event.response_type & 0x7f) {
         case XCB_EXPOSE: {
             const auto& expose = reinterpret_cast<const xcb_expose_event_t&>(event);
-            for (const auto& [index, window] : m_windows) {
+            for (const auto& [index, window] : m_windows)
                 if (window.id == expose.window && expose.count == 0)
                     paint(window);
-            }
             break;
         }
         case XCB_CONFIGURE_NOTIFY: {

@@ -13,6 +13,7 @@
 #include <QtDBus/QDBusMessage>
 #include <QtDBus/QDBusPendingCall>
 
+#include "platform/StringLiterals.h"
 #include "tests/platform/docks/TestPanel.h"
 #include "tests/platform/linux/AdapterFixture.h"
 
@@ -25,8 +26,8 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-const QRect PlankBounds(0, 0, 140, 770);
-constexpr int Nowhere = std::numeric_limits<int>::min();
+const QRect plankBounds(0, 0, 140, 770);
+constexpr int nowhere = std::numeric_limits<int>::min();
 
 struct Bus {
     PrivateBus bus;
@@ -46,25 +47,25 @@ protected:
         m_tracker.add(window(1, u"term"_s, u"Term"_s, 101, u"shell"_s));
         m_tracker.add(window(3, u"term"_s, u"Term"_s, 101, u"logs"_s));
         m_tracker.add(window(5, u"editor"_s, u"Editor"_s, 302, u"notes"_s));
-        addDock(PanelWindow, u"panel"_s, ::getpid(), PanelBounds);
+        addDock(panelWindow, u"panel"_s, ::getpid(), panelBounds);
         // As a panel of the Xfce desktop does.
-        panel.add(u"root"_s, u"frame"_s, 23, PanelBounds);
+        panel.add(u"root"_s, u"frame"_s, 23, panelBounds);
         panel.add(u"root"_s, u"preferences"_s, 23, QRect(300, 300, 400, 400));
-        panel.add(u"preferences"_s, u"page"_s, TestPanel::Toggle, buttonAt(900), u"notes"_s);
-        panel.add(u"frame"_s, u"menu"_s, TestPanel::Toggle, buttonAt(0), u"Editor"_s);
-        panel.add(u"frame"_s, u"box"_s, TestPanel::Box);
-        panel.add(u"box"_s, u"list"_s, TestPanel::Box);
-        panel.add(u"box"_s, u"launcher"_s, TestPanel::Push, buttonAt(800), u"notes"_s);
-        panel.add(u"list"_s, u"group"_s, TestPanel::Toggle, buttonAt(100), u"Term"_s);
-        panel.add(u"list"_s, u"b1"_s, TestPanel::Toggle, QRect(Nowhere, Nowhere, 90, 29),
+        panel.add(u"preferences"_s, u"page"_s, TestPanel::toggle, buttonAt(900), u"notes"_s);
+        panel.add(u"frame"_s, u"menu"_s, TestPanel::toggle, buttonAt(0), u"Editor"_s);
+        panel.add(u"frame"_s, u"box"_s, TestPanel::boxSize);
+        panel.add(u"box"_s, u"list"_s, TestPanel::boxSize);
+        panel.add(u"box"_s, u"launcher"_s, TestPanel::push, buttonAt(800), u"notes"_s);
+        panel.add(u"list"_s, u"group"_s, TestPanel::toggle, buttonAt(100), u"Term"_s);
+        panel.add(u"list"_s, u"b1"_s, TestPanel::toggle, QRect(nowhere, nowhere, 90, 29),
                   u"shell"_s);
-        panel.add(u"list"_s, u"b3"_s, TestPanel::Toggle, QRect(-1, -1, 1, 1), u"logs"_s);
-        panel.add(u"list"_s, u"b5"_s, TestPanel::Toggle, buttonAt(200), u"notes"_s);
+        panel.add(u"list"_s, u"b3"_s, TestPanel::toggle, QRect(-1, -1, 1, 1), u"logs"_s);
+        panel.add(u"list"_s, u"b5"_s, TestPanel::toggle, buttonAt(200), u"notes"_s);
     }
 
     void addPlank()
     {
-        addDock(0x6000, u"plank"_s, 600, PlankBounds);
+        addDock(0x6000, u"plank"_s, 600, plankBounds);
         for (const xcb_window_t id : {1, 3, 5})
             m_tracker.placeIcon(id, QRect(0, 300, 60, 60));
     }
@@ -177,7 +178,7 @@ TEST_F(AccessibleButtonsTest, places_taken_by_another_dock_are_read_and_followed
     m_loop.advance(0.3);
     EXPECT_TRUE(isWaitingForAnswers());
     EXPECT_TRUE(waitUntil([&] { return !isWaitingForAnswers(); }));
-    panel.add(u"list"_s, u"b7"_s, TestPanel::Toggle, buttonAt(500), u"new"_s);
+    panel.add(u"list"_s, u"b7"_s, TestPanel::toggle, buttonAt(500), u"new"_s);
     settle();
     EXPECT_EQ(items(), "Editor 200, Term 300, Term 400, Editor 500");
     m_tracker.remove(3);
@@ -283,7 +284,7 @@ TEST_F(AccessibleButtonsTest, panel_that_vanishes_and_returns_is_read_again)
 {
     addPlank();
     settle();
-    m_tracker.remove(PanelWindow);
+    m_tracker.remove(panelWindow);
     panel.elements[u"frame"_s].children.clear(); // it starts
     settle();
     EXPECT_EQ(items(), "");
@@ -292,7 +293,7 @@ TEST_F(AccessibleButtonsTest, panel_that_vanishes_and_returns_is_read_again)
     m_tracker.change(1, [](auto& window) { window.isIconic = true; });
     pass(3);
     EXPECT_EQ(panel.calls, calls);
-    addDock(PanelWindow, u"panel"_s, ::getpid(), PanelBounds);
+    addDock(panelWindow, u"panel"_s, ::getpid(), panelBounds);
     m_loop.advance(0.1);
     roundTrip();
     panel.elements[u"frame"_s].children = {u"box"_s};

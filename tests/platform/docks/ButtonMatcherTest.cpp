@@ -5,6 +5,7 @@
 
 #include <QtCore/QStringList>
 
+#include "platform/StringLiterals.h"
 #include "platform/linux/docks/ButtonMatcher.h"
 
 namespace lumbrix::test
@@ -19,8 +20,8 @@ namespace
 PanelButton button(const QString& name, int x)
 {
     const bool isElsewhere = name.contains(u'/');
-    return {.ref = {u":1.1"_qs, QString::number(x)},
-            .list = {u":1.1"_qs, isElsewhere ? name.section(u'/', 0, 0) : u"list"_qs},
+    return {.ref = {u":1.1"_s, QString::number(x)},
+            .list = {u":1.1"_s, isElsewhere ? name.section(u'/', 0, 0) : u"list"_s},
             .name = isElsewhere ? name.section(u'/', 1) : name,
             .place = QRect(x, 0, 90, 30),
             .siblings = isElsewhere ? 1U : 5U};
@@ -46,10 +47,10 @@ std::string match(const std::vector<PanelButton>& buttons, const std::vector<But
         QStringList numbers;
         for (const xcb_window_t id : ids)
             numbers << QString::number(id);
-        result << ref.path + u": "_qs + numbers.join(u' ');
+        result << ref.path + u": "_s + numbers.join(u' ');
     }
     result.sort();
-    return result.join(u", "_qs).toStdString();
+    return result.join(u", "_s).toStdString();
 }
 
 QString text(const char* latin1) { return QString::fromLatin1(latin1); }
@@ -86,9 +87,8 @@ TEST(ButtonMatcherTest, titles_come_before_names_of_applications)
              Case{{button(text("12:30"), 100), button(QString(), 200), button(text("~ <2>"), 300)},
                   "300: 1"},
              Case{{}, ""},
-         }) {
+         })
         EXPECT_EQ(match(at.buttons, windows), at.expected);
-    }
 }
 
 TEST(ButtonMatcherTest, minimised_windows_are_known_in_brackets)

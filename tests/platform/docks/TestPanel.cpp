@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "tests/platform/docks/TestPanel.h"
+#include "platform/StringLiterals.h"
 
 #include <QtDBus/QDBusArgument>
 #include <QtDBus/QDBusMessage>
@@ -37,7 +38,7 @@ namespace
 
 const QString& folder()
 {
-    static const QString path = u"/org/a11y/atspi/accessible/"_qs;
+    static const QString path = u"/org/a11y/atspi/accessible/"_s;
     return path;
 }
 
@@ -52,15 +53,15 @@ QVariant references(const QString& bus, const QStringList& names)
 } // namespace
 
 TestPanel::TestPanel(const PrivateBus& bus)
-    : busAddress(bus.address()), m_registry(bus.connect(u"registry"_qs)),
-      m_program(bus.connect(u"panel"_qs))
+    : busAddress(bus.address()), m_registry(bus.connect(u"registry"_s)),
+      m_program(bus.connect(u"panel"_s))
 {
     qDBusRegisterMetaType<TestRef>();
     qDBusRegisterMetaType<QList<TestRef>>();
     for (QDBusConnection* connection : {&m_registry, &m_program})
-        connection->registerVirtualObject(u"/org/a11y"_qs, this, QDBusConnection::SubPath);
-    if (!m_registry.registerService(u"org.a11y.Bus"_qs) ||
-        !m_registry.registerService(u"org.a11y.atspi.Registry"_qs))
+        connection->registerVirtualObject(u"/org/a11y"_s, this, QDBusConnection::SubPath);
+    if (!m_registry.registerService(u"org.a11y.Bus"_s) ||
+        !m_registry.registerService(u"org.a11y.atspi.Registry"_s))
         qFatal("a test panel could not join the bus");
 }
 
@@ -68,7 +69,7 @@ TestPanel::~TestPanel()
 {
     // Else the buses' own thread would let go of this, some time later.
     for (QDBusConnection* connection : {&m_registry, &m_program})
-        connection->unregisterObject(u"/org/a11y"_qs);
+        connection->unregisterObject(u"/org/a11y"_s);
     disconnect();
     for (QDBusConnection* connection : {&m_registry, &m_program}) {
         const QString name = connection->name();
@@ -87,7 +88,7 @@ void TestPanel::add(const QString& parent, const QString& element, quint32 role,
 void TestPanel::moved(const QString& element)
 {
     QDBusMessage event = QDBusMessage::createSignal(
-        folder() + element, u"org.a11y.atspi.Event.Object"_qs, u"BoundsChanged"_qs);
+        folder() + element, u"org.a11y.atspi.Event.Object"_s, u"BoundsChanged"_s);
     event << QString() << 0 << 0 << QVariant::fromValue(QDBusVariant(0)) << QVariantMap();
     m_program.send(event);
 }
@@ -117,7 +118,7 @@ QVariant TestPanel::registryAnswer(const QDBusMessage& message)
 {
     if (message.member() == u"GetAddress")
         return busAddress;
-    return references(m_program.baseService(), {u"root"_qs});
+    return references(m_program.baseService(), {u"root"_s});
 }
 
 QVariant TestPanel::answer(const QDBusMessage& message)
@@ -133,7 +134,7 @@ QVariant TestPanel::answer(const QDBusMessage& message)
     walks += name == u"root";
     QStringList children = element.children;
     for (int i = 0; manners == Manners::Crowded && i < 2000; ++i)
-        children << u"%1_%2"_qs.arg(name).arg(i);
+        children << u"%1_%2"_s.arg(name).arg(i);
     return references(m_program.baseService(), children);
 }
 

@@ -29,11 +29,11 @@ public:
         Refuses,  ///< replies with errors
         Crowded,  ///< everything has thousands of children
     };
-    static constexpr quint32 Box = 39;
-    static constexpr quint32 Push = 43;
-    static constexpr quint32 Toggle = 62;
+    static constexpr quint32 boxSize = 39;
+    static constexpr quint32 push = 43;
+    static constexpr quint32 toggle = 62;
     struct Element {
-        quint32 role = Box;
+        quint32 role = boxSize;
         QString name;
         QRect extents;
         QStringList children;

@@ -5,6 +5,7 @@
 
 #include <QtCore/QFile>
 
+#include "platform/StringLiterals.h"
 #include "platform/linux/docks/PanelDock.h"
 
 namespace lumbrix::test
@@ -14,7 +15,7 @@ using namespace platform;
 
 void writeEntry(const QString& folder, const QString& id, const QByteArray& lines)
 {
-    QFile file(folder + u'/' + id + u".desktop"_qs);
+    QFile file(folder + u'/' + id + u".desktop"_s);
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     file.write("[Desktop Entry]\nType=Application\n" + lines);
 }
@@ -28,7 +29,7 @@ AdapterFixture::AdapterFixture(const QDBusConnection* session)
               return it == m_programs.end() ? ProcessNames()
                                             : ProcessNames{it->second, {it->second}};
           },
-          {OwnPid, u"lumbrix"_qs}, [this] { return m_loop.now(); }),
+          {ownPid, u"lumbrix"_s}, [this] { return m_loop.now(); }),
       m_raiser(m_tracker, m_registry, [this] { return m_loop.now(); }),
       m_workspace(m_loop, m_tracker, m_registry, m_entries, m_raiser, m_uiMode),
       m_docks(m_loop, m_tracker, m_registry, m_entries,
@@ -44,15 +45,14 @@ AdapterFixture::AdapterFixture(const QDBusConnection* session)
       m_accessibility(
           {m_loop, m_tracker, m_space, m_registry, m_workspace, m_raiser, m_docks, m_switcher})
 {
-    writeEntry(m_folder.path(), u"debian-term"_qs, "Name=Term\nExec=term\n");
-    writeEntry(m_folder.path(), u"org.example.Editor"_qs, "Name=Editor\nExec=editor %U\n");
+    writeEntry(m_folder.path(), u"debian-term"_s, "Name=Term\nExec=term\n");
+    writeEntry(m_folder.path(), u"org.example.Editor"_s, "Name=Editor\nExec=editor %U\n");
     m_loop.advance(5.0); // entries are looked for anew
     m_space.setScreens({QRect(0, 0, 1280, 800)});
     for (x11::WindowListener* listener : std::initializer_list<x11::WindowListener*>{
              m_accessibility.listenerBeforeRegistry(), &m_registry, &m_uiMode, &m_docks,
-             &m_switcher, m_accessibility.listenerAfterRegistry()}) {
+             &m_switcher, m_accessibility.listenerAfterRegistry()})
         m_tracker.addListener(listener);
-    }
     m_docks.start();
 }
 
@@ -85,7 +85,7 @@ void AdapterFixture::addDock(xcb_window_t id, const QString& name, std::int32_t 
 
 void AdapterFixture::addPanel()
 {
-    addDock(PanelWindow, u"panel"_qs, PanelPid, PanelBounds);
+    addDock(panelWindow, u"panel"_s, panelPid, panelBounds);
     m_loop.advance(0.1);
 }
 
@@ -104,14 +104,14 @@ QString AdapterFixture::text(const ElementRef& element, const char* attribute)
 {
     const AXResult result = read(element, attribute);
     const QString* value = result.as<QString>();
-    return value != nullptr ? *value : u"<%1>"_qs.arg(static_cast<int>(result.error));
+    return value ? *value : u"<%1>"_s.arg(static_cast<int>(result.error));
 }
 
 std::vector<ElementRef> AdapterFixture::list(const ElementRef& element, const char* attribute)
 {
     const AXResult result = read(element, attribute);
     const auto* value = result.as<std::vector<ElementRef>>();
-    return value != nullptr ? *value : std::vector<ElementRef>();
+    return value ? *value : std::vector<ElementRef>();
 }
 
 ElementRef AdapterFixture::dockList()

@@ -23,10 +23,10 @@ inline void PrintTo(const QString& text, std::ostream* out) { *out << text.toStd
 namespace lumbrix::test
 {
 
-inline constexpr std::int32_t OwnPid = 77;
-inline constexpr std::int32_t PanelPid = 500;
-inline constexpr xcb_window_t PanelWindow = 0x5000;
-inline const QRect PanelBounds(0, 770, 1280, 30);
+inline constexpr std::int32_t ownPid = 77;
+inline constexpr std::int32_t panelPid = 500;
+inline constexpr xcb_window_t panelWindow = 0x5000;
+inline const QRect panelBounds(0, 770, 1280, 30);
 
 /// Writes an entry with these lines of its main group.
 void writeEntry(const QString& folder, const QString& id, const QByteArray& lines);

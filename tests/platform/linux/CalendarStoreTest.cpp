@@ -15,6 +15,7 @@
 
 #include <set>
 
+#include "platform/StringLiterals.h"
 #include "platform/linux/calendar/EvolutionObject.h"
 #include "tests/support/VirtualRunLoop.h"
 

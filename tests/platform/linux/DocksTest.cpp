@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
+#include "platform/StringLiterals.h"
 #include "platform/linux/docks/IconGeometry.h"
 #include "platform/linux/docks/OwnDisplays.h"
 #include "platform/linux/docks/PlankGeometry.h"
@@ -14,8 +15,8 @@ using namespace platform;
 
 namespace
 {
-const QRect FirstButton(100, 772, 150, 26);
-const QRect SecondButton(252, 772, 150, 26);
+const QRect firstButton(100, 772, 150, 26);
+const QRect secondButton(252, 772, 150, 26);
 } // namespace
 
 // Plank at 48 pixels tells points 66 pixels off the edge of the screen, 60 apart; with icons that
@@ -132,7 +133,7 @@ TEST(IconGeometryTest, rows_of_buttons_keep_to_their_rows)
 
 TEST(OwnDisplaysTest, docks_sayWhatIsOnOrMayBe_andWhatTurnsItOff)
 {
-    const QString path = u"/a/dock2/"_qs;
+    const QString path = u"/a/dock2/"_s;
     std::optional<bool> isOn;
     QStringList asked;
     const auto shown = [&](const char* program, std::optional<bool> flag) {
@@ -144,26 +145,26 @@ TEST(OwnDisplaysTest, docks_sayWhatIsOnOrMayBe_andWhatTurnsItOff)
                                                          return isOn;
                                                      })) {
             const bool isTooltip = each.kind == DockDisplay::Kind::Tooltip;
-            result << (isTooltip ? u"tooltip"_qs : u"preview"_qs) + (each.isKnownOn ? u'!' : u'?') +
+            result << (isTooltip ? u"tooltip"_s : u"preview"_s) + (each.isKnownOn ? u'!' : u'?') +
                           each.setting;
         }
         return result.join(u'|');
     };
     const QString flag = u"gsettings set net.launchpad.plank.dock.settings:/a/dock2/ "
-                         u"tooltips-enabled false"_qs;
-    const QString preview = u"preview?plank --preferences"_qs;
-    EXPECT_EQ(shown("plank", true), u"tooltip!%1|%2"_qs.arg(flag, preview));
-    EXPECT_EQ(shown("plank", {}), u"tooltip?%1|%2"_qs.arg(flag, preview));
+                         u"tooltips-enabled false"_s;
+    const QString preview = u"preview?plank --preferences"_s;
+    EXPECT_EQ(shown("plank", true), u"tooltip!%1|%2"_s.arg(flag, preview));
+    EXPECT_EQ(shown("plank", {}), u"tooltip?%1|%2"_s.arg(flag, preview));
     EXPECT_EQ(shown("plank", false), preview);
     asked.clear();
     EXPECT_EQ(shown("mate-panel", true),
               u"preview!gsettings set org.mate.panel.applet.window-list-previews "
               u"show-window-thumbnails false|"
-              u"tooltip!gsettings set org.mate.panel tooltips-enabled false"_qs);
+              u"tooltip!gsettings set org.mate.panel tooltips-enabled false"_s);
     EXPECT_EQ(asked, QStringList({QString(), QString()})) << "there is but one place for it";
     EXPECT_EQ(shown("tint2", {}), u"tooltip?task_tooltip = 0 (tint2rc)|"
-                                  u"preview?task_thumbnail = 0 (tint2rc)"_qs);
-    EXPECT_EQ(shown("lxqt-panel", {}), u"tooltip!"_qs);
+                                  u"preview?task_thumbnail = 0 (tint2rc)"_s);
+    EXPECT_EQ(shown("lxqt-panel", {}), u"tooltip!"_s);
     EXPECT_EQ(shown("term", true), QString());
 }
 
@@ -172,23 +173,22 @@ class DocksTest : public AdapterFixture
 protected:
     DocksTest()
     {
-        m_tracker.add(window(1, u"term"_qs, u"Term"_qs, 101));
-        m_tracker.add(window(3, u"term"_qs, u"Term"_qs, 102));
-        m_tracker.add(window(5, u"editor"_qs, u"Editor"_qs, 302, u"notes.txt"_qs));
+        m_tracker.add(window(1, u"term"_s, u"Term"_s, 101));
+        m_tracker.add(window(3, u"term"_s, u"Term"_s, 102));
+        m_tracker.add(window(5, u"editor"_s, u"Editor"_s, 302, u"notes.txt"_s));
     }
     void place()
     {
-        m_tracker.placeIcon(1, SecondButton);
-        m_tracker.placeIcon(3, SecondButton);
-        m_tracker.placeIcon(5, FirstButton);
+        m_tracker.placeIcon(1, secondButton);
+        m_tracker.placeIcon(3, secondButton);
+        m_tracker.placeIcon(5, firstButton);
         m_loop.advance(0.1);
     }
     QString titles()
     {
         QStringList result;
-        for (const ElementRef& item : dockItems()) {
+        for (const ElementRef& item : dockItems())
             result.append(text(item, "AXTitle"));
-        }
         return result.join(u' ');
     }
 };
@@ -197,9 +197,9 @@ TEST_F(DocksTest, windows_with_one_place_are_one_item)
 {
     addPanel();
     place();
-    EXPECT_EQ(titles(), u"Editor Term"_qs); // from left to right
+    EXPECT_EQ(titles(), u"Editor Term"_s); // from left to right
     const auto items = dockItems();
-    EXPECT_EQ(text(items[0], "AXSubrole"), u"AXApplicationDockItem"_qs);
+    EXPECT_EQ(text(items[0], "AXSubrole"), u"AXApplicationDockItem"_s);
     EXPECT_EQ(*read(items[0], "AXPosition").as<QPointF>(), QPointF(100, 770));
     EXPECT_EQ(*read(items[0], "AXSize").as<QSizeF>(), QSizeF(150, 30));
     EXPECT_EQ(*read(items[1], "AXURL").as<QUrl>(), ownerOf(1)->running.bundleURL);
@@ -211,8 +211,8 @@ TEST_F(DocksTest, windows_with_one_place_are_one_item)
     m_tracker.iconify(5);
     m_loop.advance(0.1);
     ASSERT_TRUE(elementsEqual(dockItems()[0], items[0]));
-    EXPECT_EQ(text(items[0], "AXSubrole"), u"AXMinimizedWindowDockItem"_qs);
-    EXPECT_EQ(text(items[0], "AXTitle"), u"notes.txt"_qs);
+    EXPECT_EQ(text(items[0], "AXSubrole"), u"AXMinimizedWindowDockItem"_s);
+    EXPECT_EQ(text(items[0], "AXTitle"), u"notes.txt"_s);
     EXPECT_EQ(m_accessibility.windowIDOf(items[0]), 5U);
     EXPECT_EQ(read(items[0], "AXIsApplicationRunning").error, AXError::AttributeUnsupported);
 
@@ -228,7 +228,7 @@ TEST_F(DocksTest, windows_with_one_place_are_one_item)
     m_loop.advance(0.1);
     EXPECT_EQ(m_accessibility.windowIDOf(items[1]), std::nullopt);
     EXPECT_EQ(read(items[1], "AXTitle").error, AXError::InvalidUIElement);
-    EXPECT_EQ(titles(), u"notes.txt"_qs);
+    EXPECT_EQ(titles(), u"notes.txt"_s);
 }
 
 TEST_F(DocksTest, places_count_once_they_stand_and_only_on_this_desktop)
@@ -247,24 +247,24 @@ TEST_F(DocksTest, places_count_once_they_stand_and_only_on_this_desktop)
     EXPECT_EQ(xOfTerm(), 340);
     m_tracker.change(5, [](auto& window) { window.desktop = 1; });
     m_loop.advance(0.1);
-    EXPECT_EQ(titles(), u"Term"_qs);
+    EXPECT_EQ(titles(), u"Term"_s);
     m_tracker.setCurrentDesktop(1);
     m_loop.advance(0.1);
-    EXPECT_EQ(titles(), u"Editor"_qs);
+    EXPECT_EQ(titles(), u"Editor"_s);
 }
 
 TEST_F(DocksTest, places_move_with_a_panel_that_hides)
 {
     addPanel();
-    const QRect hidden = PanelBounds.translated(0, 28);
+    const QRect hidden = panelBounds.translated(0, 28);
     m_strut = QMargins();
-    m_tracker.change(PanelWindow, [&](auto& window) { window.bounds = hidden; });
-    m_tracker.placeIcon(5, FirstButton.translated(0, 28)); // as the hidden panel has it
+    m_tracker.change(panelWindow, [&](auto& window) { window.bounds = hidden; });
+    m_tracker.placeIcon(5, firstButton.translated(0, 28)); // as the hidden panel has it
     m_loop.advance(0.1);
     EXPECT_TRUE(*read(dockItems().at(0), "AXHidden").as<bool>());
     int changes = 0;
     m_docks.setItemsChanged([&] { ++changes; });
-    m_tracker.change(PanelWindow, [](auto& window) { window.bounds = PanelBounds; });
+    m_tracker.change(panelWindow, [](auto& window) { window.bounds = panelBounds; });
     m_loop.advance(0.1);
     EXPECT_FALSE(*read(dockItems().at(0), "AXHidden").as<bool>());
     EXPECT_EQ(changes, 1);
@@ -275,19 +275,19 @@ TEST_F(DocksTest, places_move_with_a_panel_that_hides)
     EXPECT_EQ(m_dockPreferences.autohide(nullptr), 1);
 
     // One window of a button was placed before the panel hid, the other one after.
-    m_tracker.placeIcon(1, SecondButton);
+    m_tracker.placeIcon(1, secondButton);
     m_loop.advance(0.1);
-    m_tracker.remove(PanelWindow);
+    m_tracker.remove(panelWindow);
     // What the pointer touches to bring the panel back.
-    addDock(0x6000, u"panel"_qs, PanelPid, QRect(0, 797, 1280, 3));
-    addDock(PanelWindow, u"panel"_qs, PanelPid, PanelBounds.translated(0, 78));
-    m_tracker.placeIcon(3, SecondButton.translated(0, 78));
+    addDock(0x6000, u"panel"_s, panelPid, QRect(0, 797, 1280, 3));
+    addDock(panelWindow, u"panel"_s, panelPid, panelBounds.translated(0, 78));
+    m_tracker.placeIcon(3, secondButton.translated(0, 78));
     m_loop.advance(0.1);
-    m_tracker.change(PanelWindow, [](auto& window) { window.bounds = PanelBounds; });
+    m_tracker.change(panelWindow, [](auto& window) { window.bounds = panelBounds; });
     m_loop.advance(0.1);
-    EXPECT_EQ(titles(), u"Editor Term"_qs);
+    EXPECT_EQ(titles(), u"Editor Term"_s);
     EXPECT_EQ(*read(dockItems().at(1), "AXPosition").as<QPointF>(), QPointF(252, 770));
-    EXPECT_EQ(m_dockPreferences.orientation(nullptr), u"bottom"_qs);
+    EXPECT_EQ(m_dockPreferences.orientation(nullptr), u"bottom"_s);
 }
 
 TEST_F(DocksTest, hover_and_menu_are_told_once_to_the_observer_of_the_dock)
@@ -300,13 +300,13 @@ TEST_F(DocksTest, hover_and_menu_are_told_once_to_the_observer_of_the_dock)
             m_docks.pid(),
             [&](AXObserver&, const ElementRef& element, const QString& name, NotificationContext*) {
                 const auto selected = list(element, "AXSelectedChildren");
-                log << (name == u"AXMenuOpened" ? u"menu"_qs
-                        : selected.empty()      ? u"none"_qs
+                log << (name == u"AXMenuOpened" ? u"menu"_s
+                        : selected.empty()      ? u"none"_s
                                                 : text(selected.front(), "AXTitle"));
             });
         const ElementRef dock = m_accessibility.createApplication(m_docks.pid());
-        observer->addNotification(dock, u"AXSelectedChildrenChanged"_qs, nullptr);
-        observer->addNotification(dock, u"AXMenuOpened"_qs, nullptr);
+        observer->addNotification(dock, u"AXSelectedChildrenChanged"_s, nullptr);
+        observer->addNotification(dock, u"AXMenuOpened"_s, nullptr);
         observer->addToRunLoop();
         return observer;
     };
@@ -317,13 +317,13 @@ TEST_F(DocksTest, hover_and_menu_are_told_once_to_the_observer_of_the_dock)
     };
     m_tracker.movePointer({110, 780});
     m_tracker.movePointer({120, 799}); // the very edge of the screen
-    EXPECT_EQ(taken(), u"Editor"_qs);
+    EXPECT_EQ(taken(), u"Editor"_s);
     m_tracker.movePointer({300, 780});
-    EXPECT_EQ(taken(), u"Term"_qs);
+    EXPECT_EQ(taken(), u"Term"_s);
     m_tracker.press(3);
-    m_tracker.mapPopup({0x99, x11::PopupMapped::Kind::Tooltip, PanelPid});
+    m_tracker.mapPopup({0x99, x11::PopupMapped::Kind::Tooltip, panelPid});
     m_tracker.mapPopup({0x99, x11::PopupMapped::Kind::Menu, 101});
-    EXPECT_EQ(taken(), u"menu"_qs);
+    EXPECT_EQ(taken(), u"menu"_s);
     m_tracker.movePointer({300, 400}); // the grab of the menu, for a moment
     m_loop.advance(0.03);
     log.clear();
@@ -332,30 +332,30 @@ TEST_F(DocksTest, hover_and_menu_are_told_once_to_the_observer_of_the_dock)
     m_tracker.press(1);
 
     // A window over the panel keeps the pointer from it, also where a button lies below.
-    FakeTracker::Window above = window(7, u"x"_qs, u"X"_qs, 400);
+    FakeTracker::Window above = window(7, u"x"_s, u"X"_s, 400);
     above.bounds = QRect(0, 600, 1280, 200);
     m_tracker.add(above);
     m_tracker.movePointer({110, 780});
-    EXPECT_EQ(taken(), u"none"_qs);
+    EXPECT_EQ(taken(), u"none"_s);
     m_tracker.remove(7);
 
     // Buttons that move under a pointer at rest.
     m_tracker.movePointer({110, 780});
-    EXPECT_EQ(taken(), u"Editor"_qs);
+    EXPECT_EQ(taken(), u"Editor"_s);
     m_tracker.remove(5);
-    m_tracker.placeIcon(1, FirstButton);
-    m_tracker.placeIcon(3, FirstButton);
+    m_tracker.placeIcon(1, firstButton);
+    m_tracker.placeIcon(3, firstButton);
     m_loop.advance(0.1);
-    EXPECT_TRUE(taken().endsWith(u"Term"_qs));
+    EXPECT_TRUE(taken().endsWith(u"Term"_s));
 
     // A dock that ends under a pointer at rest: those it had reported an item to must hear of its
     // end.
-    m_tracker.remove(PanelWindow);
+    m_tracker.remove(panelWindow);
     m_loop.advance(0.1);
-    EXPECT_EQ(taken(), u"none"_qs);
+    EXPECT_EQ(taken(), u"none"_s);
     addPanel();
     m_tracker.movePointer({110, 780});
-    EXPECT_EQ(taken(), u"Term"_qs);
+    EXPECT_EQ(taken(), u"Term"_s);
 
     m_tracker.movePointer({110, 400});
     observer.reset(); // with the notification under way
@@ -371,16 +371,16 @@ TEST_F(DocksTest, restarted_dock_is_found_again)
     const ElementRef item = dockItems().at(0);
     m_tracker.movePointer({110, 780});
     EXPECT_NE(m_docks.selectedItem(), 0U);
-    m_tracker.remove(PanelWindow);
+    m_tracker.remove(panelWindow);
     m_loop.advance(0.1);
     EXPECT_EQ(m_docks.pid(), 0);
     EXPECT_EQ(m_docks.selectedItem(), 0U);
     EXPECT_EQ(read(item, "AXPosition").error, AXError::InvalidUIElement);
-    EXPECT_FALSE(m_accessibility.createApplication(PanelPid));
+    EXPECT_FALSE(m_accessibility.createApplication(panelPid));
     addPanel();
     place();
-    EXPECT_EQ(m_docks.pid(), PanelPid);
-    EXPECT_EQ(titles(), u"Editor Term"_qs);
+    EXPECT_EQ(m_docks.pid(), panelPid);
+    EXPECT_EQ(titles(), u"Editor Term"_s);
 }
 
 TEST_F(DocksTest, approach_prefetches_the_nearest_first)

@@ -4,6 +4,7 @@
 #include <limits>
 #include <set>
 
+#include "platform/StringLiterals.h"
 #include "tests/platform/linux/AdapterFixture.h"
 
 namespace lumbrix::test
@@ -20,7 +21,7 @@ protected:
 TEST_F(ElementsTest, windows_say_what_they_are)
 {
     m_space.setScreens({QRect(1280, 0, 1920, 1080), QRect(0, 0, 1280, 800)});
-    FakeTracker::Window plain = window(1, u"editor"_qs, u"Editor"_qs, 302);
+    FakeTracker::Window plain = window(1, u"editor"_s, u"Editor"_s, 302);
     m_tracker.add(plain);
     const std::vector<std::pair<x11::WindowType, const char*>> types{
         {x11::WindowType::Dialog, "AXDialog"},
@@ -35,9 +36,9 @@ TEST_F(ElementsTest, windows_say_what_they_are)
         id += 2;
     }
     const ElementRef element = X11Element::window(1);
-    EXPECT_EQ(text(element, "AXSubrole"), u"AXStandardWindow"_qs);
+    EXPECT_EQ(text(element, "AXSubrole"), u"AXStandardWindow"_s);
     m_tracker.change(1, [](auto& window) { window.skipTaskbar = true; });
-    EXPECT_EQ(text(element, "AXSubrole"), u"AXSystemFloatingWindow"_qs);
+    EXPECT_EQ(text(element, "AXSubrole"), u"AXSystemFloatingWindow"_s);
     EXPECT_EQ(*read(element, "AXPosition").as<QPointF>(), QPointF(-1180, 100));
     EXPECT_EQ(*read(element, "AXSize").as<QSizeF>(), QSizeF(400, 300));
     EXPECT_EQ(m_accessibility.windowIDOf(element), 1U);
@@ -49,16 +50,16 @@ TEST_F(ElementsTest, windows_say_what_they_are)
     EXPECT_TRUE(elementsEqual(*read(button, "AXWindow").as<ElementRef>(), element));
     m_tracker.change(1, [](auto& window) { window.canDelete = false; });
     EXPECT_FALSE(*read(button, "AXEnabled").as<bool>());
-    EXPECT_EQ(m_accessibility.performAction(button, u"AXPress"_qs), AXError::Success);
+    EXPECT_EQ(m_accessibility.performAction(button, u"AXPress"_s), AXError::Success);
     EXPECT_EQ(read(element, "AXRole").error, AXError::InvalidUIElement);
-    EXPECT_EQ(m_accessibility.performAction(element, u"AXRaise"_qs), AXError::InvalidUIElement);
+    EXPECT_EQ(m_accessibility.performAction(element, u"AXRaise"_s), AXError::InvalidUIElement);
     EXPECT_EQ(read(nullptr, "AXRole").error, AXError::IllegalArgument);
 }
 
 TEST_F(ElementsTest, busy_windows_cannot_complete)
 {
-    m_tracker.add(window(1, u"editor"_qs, u"Editor"_qs, 302));
-    m_tracker.add(window(3, u"editor"_qs, u"Editor"_qs, 302));
+    m_tracker.add(window(1, u"editor"_s, u"Editor"_s, 302));
+    m_tracker.add(window(3, u"editor"_s, u"Editor"_s, 302));
     const auto hang = [&](xcb_window_t id) {
         m_tracker.change(id, [](auto& window) { window.isResponding = false; });
     };
@@ -67,27 +68,27 @@ TEST_F(ElementsTest, busy_windows_cannot_complete)
     EXPECT_EQ(list(application(302), "AXWindows").size(), 2U);
     hang(3);
     EXPECT_EQ(read(application(302), "AXWindows").error, AXError::CannotComplete);
-    EXPECT_EQ(m_accessibility.performAction(X11Element::closeButton(1), u"AXPress"_qs),
+    EXPECT_EQ(m_accessibility.performAction(X11Element::closeButton(1), u"AXPress"_s),
               AXError::Success);
 }
 
 TEST_F(ElementsTest, topmost_element_is_under_a_point)
 {
     addPanel();
-    m_tracker.add(window(1, u"editor"_qs, u"Editor"_qs, 302));
+    m_tracker.add(window(1, u"editor"_s, u"Editor"_s, 302));
     m_tracker.placeIcon(1, QRect(100, 772, 150, 26));
-    m_tracker.add(window(3, u"term"_qs, u"Term"_qs, 101));
+    m_tracker.add(window(3, u"term"_s, u"Term"_s, 101));
     m_loop.advance(0.1);
     const auto at = [&](float x, float y) {
         const AXResult result = m_accessibility.copyElementAtPosition(x, y);
         const ElementRef* element = result.as<ElementRef>();
-        return element != nullptr ? text(*element, "AXTitle") : QString();
+        return element ? text(*element, "AXTitle") : QString();
     };
-    EXPECT_EQ(at(110, 785), u"Editor"_qs);
+    EXPECT_EQ(at(110, 785), u"Editor"_s);
     EXPECT_EQ(at(600, 785), QString());
-    EXPECT_EQ(at(200, 200), u"Term"_qs);
+    EXPECT_EQ(at(200, 200), u"Term"_s);
     m_tracker.iconify(3);
-    EXPECT_EQ(at(200, 200), u"Editor"_qs);
+    EXPECT_EQ(at(200, 200), u"Editor"_s);
     EXPECT_EQ(at(std::numeric_limits<float>::quiet_NaN(), 0), QString());
     m_tracker.setActive(1);
     const ElementRef focused =
@@ -100,12 +101,12 @@ TEST_F(ElementsTest, topmost_element_is_under_a_point)
 TEST_F(ElementsTest, listed_names_are_those_that_can_be_read_and_set)
 {
     addPanel();
-    m_tracker.add(window(1, u"editor"_qs, u"Editor"_qs, 302));
+    m_tracker.add(window(1, u"editor"_s, u"Editor"_s, 302));
     m_tracker.placeIcon(1, QRect(100, 772, 150, 26));
     m_loop.advance(0.1);
     const std::vector<ElementRef> all{m_accessibility.createSystemWide(),
                                       application(302),
-                                      application(PanelPid),
+                                      application(panelPid),
                                       X11Element::window(1),
                                       X11Element::closeButton(1),
                                       dockList(),
@@ -114,7 +115,7 @@ TEST_F(ElementsTest, listed_names_are_those_that_can_be_read_and_set)
     for (const ElementRef& element : all) {
         const AXNames listed = m_accessibility.copyAttributeNames(element);
         ASSERT_TRUE(listed.ok());
-        EXPECT_EQ(listed.names.front(), u"AXRole"_qs);
+        EXPECT_EQ(listed.names.front(), u"AXRole"_s);
         known.insert(listed.names.begin(), listed.names.end());
         const AXNames actions = m_accessibility.copyActionNames(element);
         EXPECT_TRUE(actions.ok());
@@ -130,15 +131,15 @@ TEST_F(ElementsTest, listed_names_are_those_that_can_be_read_and_set)
             EXPECT_EQ(isListed, readError == AXError::Success || readError == AXError::NoValue)
                 << qPrintable(text(element, "AXRole") + u' ' + name);
             const AXResult settable = m_accessibility.isAttributeSettable(element, name);
-            const bool isSettable = settable.as<bool>() != nullptr && *settable.as<bool>();
+            const bool isSettable = settable.as<bool>() && *settable.as<bool>();
             EXPECT_EQ(settable.ok(), isListed);
             EXPECT_EQ(isSettable,
                       m_accessibility.setAttributeValue(element, name, false) == AXError::Success)
                 << qPrintable(text(element, "AXRole") + u' ' + name);
         }
     }
-    EXPECT_TRUE(text(dockItems().at(0), "AXDescription").startsWith(u"Panel"_qs));
-    EXPECT_EQ(*m_accessibility.attributeValueCount(dockList(), u"AXChildren"_qs).as<double>(), 1.0);
+    EXPECT_TRUE(text(dockItems().at(0), "AXDescription").startsWith(u"Panel"_s));
+    EXPECT_EQ(*m_accessibility.attributeValueCount(dockList(), u"AXChildren"_s).as<double>(), 1.0);
     m_tracker.change(1, [](auto& window) { window.isResponding = false; });
     EXPECT_EQ(m_accessibility.copyAttributeNames(all[3]).error, AXError::CannotComplete);
     m_tracker.remove(1);
@@ -153,45 +154,43 @@ TEST_F(ElementsTest, window_notifications_come_between_launch_and_end_of_the_app
     std::map<std::int32_t, std::unique_ptr<AXObserver>> observers;
     const auto launched =
         m_workspace.observe(WorkspaceNotification::DidLaunchApplication, [&](std::int32_t pid) {
-            log << u"launch %1"_qs.arg(pid);
-            auto observer = m_accessibility.createObserver(pid, [&, pid](AXObserver&,
-                                                                         const ElementRef& element,
-                                                                         const QString& name,
-                                                                         NotificationContext*) {
-                EXPECT_EQ(text(element, "AXRole"), u"AXWindow"_qs);
-                log << u"%1 %2 of %3"_qs.arg(QLatin1Char(name == u"AXWindowCreated" ? '+' : '-'))
-                           .arg(*m_accessibility.windowIDOf(element))
-                           .arg(pid);
-            });
+            log << u"launch %1"_s.arg(pid);
+            auto observer = m_accessibility.createObserver(
+                pid, [&, pid](AXObserver&, const ElementRef& element, const QString& name,
+                              NotificationContext*) {
+                    EXPECT_EQ(text(element, "AXRole"), u"AXWindow"_s);
+                    log << u"%1 %2 of %3"_s.arg(QLatin1Char(name == u"AXWindowCreated" ? '+' : '-'))
+                               .arg(*m_accessibility.windowIDOf(element))
+                               .arg(pid);
+                });
             ASSERT_TRUE(observer);
-            for (const char* name : {"AXWindowCreated", "AXUIElementDestroyed"}) {
+            for (const char* name : {"AXWindowCreated", "AXUIElementDestroyed"})
                 observer->addNotification(application(pid), QString::fromLatin1(name), nullptr);
-            }
             observer->addToRunLoop();
             observers[pid] = std::move(observer);
         });
     const auto ended =
         m_workspace.observe(WorkspaceNotification::DidTerminateApplication, [&](std::int32_t pid) {
-            log << u"end %1"_qs.arg(pid);
+            log << u"end %1"_s.arg(pid);
             observers.erase(pid);
         });
     const auto taken = [&] {
         m_loop.runUntilIdle();
         return std::exchange(log, {}).join(u',');
     };
-    m_tracker.add(window(1, u"office"_qs, u"Start"_qs, 302));
-    EXPECT_EQ(taken(), u"launch 302,+ 1 of 302"_qs);
+    m_tracker.add(window(1, u"office"_s, u"Start"_s, 302));
+    EXPECT_EQ(taken(), u"launch 302,+ 1 of 302"_s);
     // A start window becomes a document's: another application, though the process is the same.
-    m_tracker.change(1, [](auto& window) { window.className = u"Editor"_qs; });
-    EXPECT_EQ(taken(), u"- 1 of 302,end 302,launch 302,+ 1 of 302"_qs);
-    m_tracker.add(window(3, u"editor"_qs, u"Editor"_qs, 303));
-    EXPECT_EQ(taken(), u"+ 3 of 302"_qs);
-    m_tracker.change(3, [](auto& window) { window.className = window.classInstance = u"Term"_qs; });
-    EXPECT_EQ(taken(), u"- 3 of 302,launch 303,+ 3 of 303"_qs);
+    m_tracker.change(1, [](auto& window) { window.className = u"Editor"_s; });
+    EXPECT_EQ(taken(), u"- 1 of 302,end 302,launch 302,+ 1 of 302"_s);
+    m_tracker.add(window(3, u"editor"_s, u"Editor"_s, 303));
+    EXPECT_EQ(taken(), u"+ 3 of 302"_s);
+    m_tracker.change(3, [](auto& window) { window.className = window.classInstance = u"Term"_s; });
+    EXPECT_EQ(taken(), u"- 3 of 302,launch 303,+ 3 of 303"_s);
     m_tracker.change(3, [](auto& window) { window.type = x11::WindowType::Dock; });
-    EXPECT_EQ(taken(), u"- 3 of 303,end 303"_qs);
+    EXPECT_EQ(taken(), u"- 3 of 303,end 303"_s);
     m_tracker.remove(1);
-    EXPECT_EQ(taken(), u"- 1 of 302,end 302"_qs);
+    EXPECT_EQ(taken(), u"- 1 of 302,end 302"_s);
     EXPECT_TRUE(observers.empty());
     EXPECT_FALSE(m_accessibility.createObserver(302, {}));
 }

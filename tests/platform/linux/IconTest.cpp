@@ -10,6 +10,7 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/StringLiterals.h"
 #include "platform/linux/applications/IconFile.h"
 #include "platform/linux/applications/IconTheme.h"
 
@@ -46,48 +47,48 @@ TEST_F(IconTest, name_isFoundInTheThemeThenWhereItComesFromThenLoose)
                "\nDirectories=16,48,any,../up\n[16]\nSize=16\n[48]\nSize=48\n"
                "[any]\nSize=64\nMinSize=8\nMaxSize=512\nType=Scalable\n[../up]\nSize=32\n";
     };
-    write(u"system/mine/index.theme"_qs, description("parent, mine"));
-    write(u"system/parent/index.theme"_qs, description("mine"));
-    write(u"system/hicolor/index.theme"_qs, description(""));
+    write(u"system/mine/index.theme"_s, description("parent, mine"));
+    write(u"system/parent/index.theme"_s, description("mine"));
+    write(u"system/hicolor/index.theme"_s, description(""));
     for (const QString& icon :
-         {u"system/mine/16/a.png"_qs, u"home/mine/48/a.png"_qs, u"system/parent/any/a.svg"_qs,
-          u"system/parent/any/b.svg"_qs, u"home/hicolor/48/c.png"_qs, u"system/up/d.png"_qs,
-          u"pixmaps/d.xpm"_qs})
+         {u"system/mine/16/a.png"_s, u"home/mine/48/a.png"_s, u"system/parent/any/a.svg"_s,
+          u"system/parent/any/b.svg"_s, u"home/hicolor/48/c.png"_s, u"system/up/d.png"_s,
+          u"pixmaps/d.xpm"_s})
         write(icon, "x");
-    ASSERT_EQ(::mkfifo(QFile::encodeName(path(u"home/mine/48/b.png"_qs)).constData(), 0600), 0);
-    IconTheme theme({path(u"home"_qs), path(u"system"_qs), path(u"pixmaps"_qs)}, u"mine"_qs);
+    ASSERT_EQ(::mkfifo(QFile::encodeName(path(u"home/mine/48/b.png"_s)).constData(), 0600), 0);
+    IconTheme theme({path(u"home"_s), path(u"system"_s), path(u"pixmaps"_s)}, u"mine"_s);
     const auto found = [&](const char* name, int pixels = 32) {
         return theme.find(QString::fromLatin1(name), pixels).mid(m_folder.path().size() + 1);
     };
-    EXPECT_EQ(found("a"), u"home/mine/48/a.png"_qs) << "better too large than too small";
-    EXPECT_EQ(found("a", 16), u"system/mine/16/a.png"_qs);
-    EXPECT_EQ(found("b"), u"system/parent/any/b.svg"_qs) << "a pipe is no icon";
-    EXPECT_EQ(found("c.png"), u"home/hicolor/48/c.png"_qs);
-    EXPECT_EQ(found("d"), u"pixmaps/d.xpm"_qs) << "nothing outside the theme's folder";
+    EXPECT_EQ(found("a"), u"home/mine/48/a.png"_s) << "better too large than too small";
+    EXPECT_EQ(found("a", 16), u"system/mine/16/a.png"_s);
+    EXPECT_EQ(found("b"), u"system/parent/any/b.svg"_s) << "a pipe is no icon";
+    EXPECT_EQ(found("c.png"), u"home/hicolor/48/c.png"_s);
+    EXPECT_EQ(found("d"), u"pixmaps/d.xpm"_s) << "nothing outside the theme's folder";
     EXPECT_EQ(found("none"), QString());
     EXPECT_EQ(found(""), QString());
-    const QString file = path(u"system/up/d.png"_qs);
+    const QString file = path(u"system/up/d.png"_s);
     EXPECT_EQ(theme.find(file, 32), file);
-    EXPECT_EQ(theme.find(path(u"home/mine/48/b.png"_qs), 32), QString());
+    EXPECT_EQ(theme.find(path(u"home/mine/48/b.png"_s), 32), QString());
 }
 
 TEST_F(IconTest, file_isFittedIntoTheSquareAndTooLargeOnesAreLeft)
 {
-    const QImage wide = readIconFile(draw(u"wide"_qs, 64, 32), 32);
+    const QImage wide = readIconFile(draw(u"wide"_s, 64, 32), 32);
     EXPECT_EQ(wide.size(), QSize(32, 32));
     EXPECT_EQ(wide.pixelColor(1, 16), QColor(Qt::red));
     EXPECT_EQ(wide.pixelColor(1, 6).alpha(), 0);
-    const QImage small = readIconFile(draw(u"small.png"_qs, 8, 8), 32);
+    const QImage small = readIconFile(draw(u"small.png"_s, 8, 8), 32);
     EXPECT_EQ(small.pixelColor(16, 16), QColor(Qt::red));
     EXPECT_EQ(small.pixelColor(8, 8).alpha(), 0) << "not enlarged";
     const QImage drawing =
-        readIconFile(write(u"a.svg"_qs, "<svg xmlns='http://www.w3.org/2000/svg' viewBox='0 0 9 9'>"
-                                        "<rect width='9' height='9' fill='#00f'/></svg>"),
+        readIconFile(write(u"a.svg"_s, "<svg xmlns='http://www.w3.org/2000/svg' viewBox='0 0 9 9'>"
+                                       "<rect width='9' height='9' fill='#00f'/></svg>"),
                      32);
     EXPECT_EQ(drawing.pixelColor(31, 31), QColor(Qt::blue));
 
     // What would wait for another file, or has it named by a picture within, is left.
-    const QByteArray pipe = QFile::encodeName(path(u"pipe"_qs));
+    const QByteArray pipe = QFile::encodeName(path(u"pipe"_s));
     ASSERT_EQ(::mkfifo(pipe.constData(), 0600), 0);
     const auto svg = [](const QByteArray& link) {
         return "<svg xmlns='http://www.w3.org/2000/svg' viewBox='0 0 9 9' "
@@ -96,21 +97,21 @@ TEST_F(IconTest, file_isFittedIntoTheSquareAndTooLargeOnesAreLeft)
                link + "'/></svg>";
     };
     const auto data = [](const QByteArray& bytes) { return "data:x;base64," + bytes.toBase64(); };
-    QFile file(draw(u"red.png"_qs, 9, 9));
+    QFile file(draw(u"red.png"_s, 9, 9));
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     const QByteArray red = svg(data(file.readAll()));
-    EXPECT_EQ(readIconFile(write(u"b.svg"_qs, red), 32).pixelColor(16, 16), QColor(Qt::red));
+    EXPECT_EQ(readIconFile(write(u"b.svg"_s, red), 32).pixelColor(16, 16), QColor(Qt::red));
     for (const QByteArray& text :
          {svg(pipe), svg(data(svg(pipe))),
           "<?xml-stylesheet type=\"text/css\" href=\"" + pipe + "\"?>" + red}) {
-        EXPECT_TRUE(readIconFile(write(u"c.svg"_qs, text), 32).isNull()) << text.toStdString();
-        EXPECT_TRUE(readIconFile(write(u"c.png"_qs, text), 32).isNull()) << text.toStdString();
+        EXPECT_TRUE(readIconFile(write(u"c.svg"_s, text), 32).isNull()) << text.toStdString();
+        EXPECT_TRUE(readIconFile(write(u"c.png"_s, text), 32).isNull()) << text.toStdString();
     }
-    EXPECT_TRUE(readIconFile(draw(u"large.png"_qs, 3000, 4), 32).isNull());
-    EXPECT_TRUE(readIconFile(write(u"long.png"_qs, QByteArray(5'000'000, 'x')), 32).isNull());
-    EXPECT_TRUE(readIconFile(write(u"noise.png"_qs, "\x89PNG\r\n\x1a\nnoise"), 32).isNull());
+    EXPECT_TRUE(readIconFile(draw(u"large.png"_s, 3000, 4), 32).isNull());
+    EXPECT_TRUE(readIconFile(write(u"long.png"_s, QByteArray(5'000'000, 'x')), 32).isNull());
+    EXPECT_TRUE(readIconFile(write(u"noise.png"_s, "\x89PNG\r\n\x1a\nnoise"), 32).isNull());
     EXPECT_TRUE(readIconFile(m_folder.path(), 32).isNull());
-    EXPECT_TRUE(readIconFile(write(u"broken.svg"_qs, "<svg"), 32).isNull());
+    EXPECT_TRUE(readIconFile(write(u"broken.svg"_s, "<svg"), 32).isNull());
 }
 
 } // namespace lumbrix::platform

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "platform/linux/defaults/IniDefaults.h"
+#include "platform/StringLiterals.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QFile>
@@ -37,20 +38,16 @@ protected:
     static QString key(const char* name) { return QString::fromLatin1(name); }
 
     QTemporaryDir m_folder;
-    const QString m_path = m_folder.filePath(QStringLiteral("config/lumbrix/lumbrix.conf"));
+    const QString m_path = m_folder.filePath(u"config/lumbrix/lumbrix.conf"_s);
 };
 
 TEST_F(IniDefaultsTest, values_of_every_type_survive_a_new_start)
 {
     const QByteArray bytes("\x00\xff)=\n[x]\\", 8);
-    const QStringList list{QStringLiteral("a, b"), QString(), QStringLiteral(" x "),
-                           QStringLiteral("say \"hi\"\\\n"), QStringLiteral("ünïcode")};
-    const QVariantMap filters{{QStringLiteral("All applications"), 2},
-                              {QStringLiteral("a=b]"), 0},
-                              {QStringLiteral(" #edge "), QStringLiteral("12")},
-                              {QStringLiteral("flag"), true},
-                              {QStringLiteral("text"), QStringLiteral(" @json(x)\n")},
-                              {QStringLiteral("real"), 0.1}};
+    const QStringList list{u"a, b"_s, QString(), u" x "_s, u"say \"hi\"\\\n"_s, u"ünïcode"_s};
+    const QVariantMap filters{{u"All applications"_s, 2},    {u"a=b]"_s, 0},
+                              {u" #edge "_s, u"12"_s},       {u"flag"_s, true},
+                              {u"text"_s, u" @json(x)\n"_s}, {u"real"_s, 0.1}};
     {
         IniDefaults defaults(m_path);
         defaults.setInteger(std::numeric_limits<std::int64_t>::min(), key("integer"));
@@ -144,7 +141,7 @@ TEST_F(IniDefaultsTest, bytes_that_are_no_text_stay_beside_what_changes)
     putOnDisk(junk + "[filters]\n\xc3(=1\nname=\xff\n com.example : = 1\nall\xff = 2\n" + junk);
     IniDefaults defaults(m_path);
     QVariantMap filters = *defaults.dictionaryForKey(key("filters"));
-    filters[QStringLiteral("all\ufffd")] = 3;
+    filters[u"all\ufffd"_s] = 3;
     filters.insert(key("new"), 0);
     defaults.setDictionary(filters, key("filters"));
     ASSERT_TRUE(defaults.synchronize());

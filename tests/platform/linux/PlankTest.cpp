@@ -4,6 +4,7 @@
 // Plank's docks from its answers on a real bus and from windows of no display.
 #include <algorithm>
 
+#include "platform/StringLiterals.h"
 #include "platform/linux/docks/PlankDock.h"
 #include "tests/platform/linux/AdapterFixture.h"
 #include "tests/platform/linux/TestPlank.h"
@@ -18,7 +19,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-constexpr std::int32_t Strange = 4711; ///< process id of windows of no Plank of ours
+constexpr std::int32_t strange = 4711; ///< process id of windows of no Plank of ours
 const QString alpha = u"file:///a/alpha.desktop"_s;
 const QString beta = u"file:///a/beta.desktop"_s;
 
@@ -67,7 +68,7 @@ TEST(PlankWindowsTest, docks_getTheWindowsThatShowThem)
     PlankWithoutWindow others = below;
     others.pid = 2;
     EXPECT_EQ(given({below, others}, {window(7, 2, bottom)}), (Given{std::nullopt, 0}));
-    EXPECT_EQ(given({below}, {window(7, Strange, bottom)}), Given{0});
+    EXPECT_EQ(given({below}, {window(7, strange, bottom)}), Given{0});
 }
 
 TEST(PlankSlidesTest, docks_writeOverOneAnother_andEachIsBelieved)
@@ -127,7 +128,7 @@ protected:
     {
         return {.scale = [this](xcb_window_t) { return m_scale; }, .inputArea = nullptr};
     }
-    void addWindow(xcb_window_t id, QRect bounds, std::int32_t pid = Strange)
+    void addWindow(xcb_window_t id, QRect bounds, std::int32_t pid = strange)
     {
         FakeTracker::Window dock = window(id, u"plank"_s, u"Plank"_s, pid);
         dock.type = x11::WindowType::Dock;

@@ -10,6 +10,7 @@
 #include <QtCore/QProcess>
 #include <QtCore/QTemporaryDir>
 
+#include "platform/StringLiterals.h"
 #include "platform/linux/applications/DesktopEntry.h"
 #include "platform/linux/session/AutostartItems.h"
 #include "platform/linux/x11/WaylandSession.h"
@@ -37,15 +38,15 @@ class AutostartTest : public testing::Test
 protected:
     AutostartTest()
     {
-        QDir(home.path()).mkdir(QStringLiteral("bin"));
+        QDir(home.path()).mkdir(u"bin"_s);
         write(program, "#!/bin/sh\n");
         QFile::setPermissions(program, QFile::ReadOwner | QFile::ExeOwner);
     }
 
     QTemporaryDir home;
-    const QString folder = home.filePath(QStringLiteral("config/autostart"));
-    const QString item = folder + QStringLiteral("/lumbrix.desktop");
-    const QString program = home.filePath(QStringLiteral("bin/lum $br\\ix 100%\nHidden=true"));
+    const QString folder = home.filePath(u"config/autostart"_s);
+    const QString item = folder + u"/lumbrix.desktop"_s;
+    const QString program = home.filePath(u"bin/lum $br\\ix 100%\nHidden=true"_s);
     AutostartItems items{folder};
 };
 
@@ -53,7 +54,7 @@ TEST_F(AutostartTest, new_item_starts_a_program_of_any_name)
 {
     items.insert(program);
     bool isHidden = false;
-    const auto entry = parseDesktopEntry(read(item), QStringLiteral("lumbrix"), item, {}, isHidden);
+    const auto entry = parseDesktopEntry(read(item), u"lumbrix"_s, item, {}, isHidden);
     ASSERT_TRUE(entry);
     EXPECT_EQ(execArguments(entry->exec), QStringList{program});
 }
@@ -71,14 +72,14 @@ TEST_F(AutostartTest, item_that_is_right_is_not_written_and_an_edited_one_keeps_
         ASSERT_TRUE(file.open(QIODevice::ReadWrite));
         ASSERT_TRUE(file.setFileTime(before, QFileDevice::FileModificationTime));
     }
-    items.insert(QStringLiteral("/opt/lumbrix"));
+    items.insert(u"/opt/lumbrix"_s);
     EXPECT_EQ(read(item), own);
     EXPECT_EQ(QFileInfo(item).lastModified(), before);
 
-    items.insert(QStringLiteral("/usr/bin/lumbrix"));
+    items.insert(u"/usr/bin/lumbrix"_s);
     EXPECT_EQ(read(item), edited + "/usr/bin/lumbrix\n");
     write(item, "no desktop entry");
-    items.insert(QStringLiteral("/usr/bin/lumbrix"));
+    items.insert(u"/usr/bin/lumbrix"_s);
     EXPECT_TRUE(read(item).contains("\nExec=/usr/bin/lumbrix\n"));
 }
 
@@ -88,12 +89,12 @@ TEST_F(AutostartTest, removed_program_is_started_by_no_item_and_others_stay)
     items.insert(program);
     const QByteArray others =
         "[Desktop Entry]\nType=Application\nName=Other\nExec=/usr/bin/other\n";
-    const QString other = folder + QStringLiteral("/other.desktop");
-    const QString again = folder + QStringLiteral("/again.desktop");
+    const QString other = folder + u"/other.desktop"_s;
+    const QString again = folder + u"/again.desktop"_s;
     write(other, others);
     QFile::copy(item, again);
     items.remove(program);
-    items.remove(QStringLiteral("/usr/bin/oth"));
+    items.remove(u"/usr/bin/oth"_s);
     items.remove(QString());
     EXPECT_FALSE(QFile::exists(item));
     EXPECT_FALSE(QFile::exists(again));
@@ -102,25 +103,25 @@ TEST_F(AutostartTest, removed_program_is_started_by_no_item_and_others_stay)
 
 TEST(WaylandSessionTest, server_isTakenForOne_whereTheSessionAndTheServerSaySo)
 {
-    const QString wayland = QStringLiteral("wayland");
-    const QString display = QStringLiteral("wayland-0");
-    const QStringList own{QStringLiteral("eDP-1"), QStringLiteral("XWAYLAND0")};
-    const QStringList real{QStringLiteral("eDP-1"), QStringLiteral("HDMI-1")};
+    const QString wayland = u"wayland"_s;
+    const QString display = u"wayland-0"_s;
+    const QStringList own{u"eDP-1"_s, u"XWAYLAND0"_s};
+    const QStringList real{u"eDP-1"_s, u"HDMI-1"_s};
     EXPECT_TRUE(x11::isOfWaylandSession({wayland, {}, false, own}));
     EXPECT_TRUE(x11::isOfWaylandSession({{}, display, false, own}));
-    EXPECT_TRUE(x11::isOfWaylandSession({QStringLiteral("tty"), display, true, real}));
+    EXPECT_TRUE(x11::isOfWaylandSession({u"tty"_s, display, true, real}));
     EXPECT_FALSE(x11::isOfWaylandSession({wayland, display, false, real})) << "a nested server";
     EXPECT_FALSE(x11::isOfWaylandSession({wayland, display, false, {}}));
-    EXPECT_FALSE(x11::isOfWaylandSession({QStringLiteral("x11"), {}, true, own}));
+    EXPECT_FALSE(x11::isOfWaylandSession({u"x11"_s, {}, true, own}));
 }
 
 TEST(RelaunchTest, program_is_started_once_the_other_process_has_ended)
 {
     QTemporaryDir folder;
-    const QString result = folder.filePath(QStringLiteral("result"));
-    const QString program = folder.filePath(QStringLiteral("program"));
+    const QString result = folder.filePath(u"result"_s);
+    const QString program = folder.filePath(u"program"_s);
     QProcess former;
-    former.start(QStringLiteral("cat"));
+    former.start(u"cat"_s);
     ASSERT_TRUE(former.waitForStarted());
     const QByteArray pid = QByteArray::number(former.processId());
     write(program, "#!/bin/sh\nif grep -qs '^State:\t[^Z]' /proc/" + pid +
@@ -137,7 +138,7 @@ TEST(RelaunchTest, program_is_started_once_the_other_process_has_ended)
     EXPECT_EQ(read(result), "ended\n");
     EXPECT_TRUE(former.waitForFinished());
 
-    tool.start(QStringLiteral(LUMBRIX_RELAUNCH), {program, QStringLiteral("0")});
+    tool.start(QStringLiteral(LUMBRIX_RELAUNCH), {program, u"0"_s});
     EXPECT_TRUE(tool.waitForFinished());
     EXPECT_EQ(tool.exitCode(), 2);
 }

@@ -6,6 +6,7 @@
 #include <QtCore/QDir>
 #include <QtCore/QFile>
 
+#include "platform/StringLiterals.h"
 #include "platform/linux/switcher/KWinSettings.h"
 #include "platform/linux/switcher/SwitcherChoice.h"
 #include "tests/platform/linux/AdapterFixture.h"
@@ -18,20 +19,20 @@ using namespace platform;
 namespace
 {
 
-constexpr std::int32_t ManagerPid = 900;
-constexpr xcb_keysym_t TabKey = 0xff09;
-constexpr xcb_keysym_t EscapeKey = 0xff1b;
-constexpr xcb_keysym_t AltKey = 0xffe9;
-constexpr xcb_keysym_t RightKey = 0xff53;
-constexpr xcb_window_t ListWindow = 3;
-const QRect List(300, 400, 600, 200);
+constexpr std::int32_t managerPid = 900;
+constexpr xcb_keysym_t tabKey = 0xff09;
+constexpr xcb_keysym_t escapeKey = 0xff1b;
+constexpr xcb_keysym_t altKey = 0xffe9;
+constexpr xcb_keysym_t rightKey = 0xff53;
+constexpr xcb_window_t listWindow = 3;
+const QRect listRect(300, 400, 600, 200);
 
 class SwitcherModelTest : public AdapterFixture
 {
 protected:
     SwitcherModelTest()
     {
-        m_programs = {{11, u"/usr/bin/term"_qs}, {12, u"/usr/bin/editor"_qs}};
+        m_programs = {{11, u"/usr/bin/term"_s}, {12, u"/usr/bin/editor"_s}};
         // In the order in which they are opened; the two terminals are elsewhere than the editor.
         add(0x100, "term", 11, "one", QRect(0, 0, 400, 300));
         add(0x101, "term", 11, "two", QRect(50, 50, 400, 300));
@@ -41,10 +42,10 @@ protected:
             m_registry.dockPid(),
             [this](AXObserver&, const ElementRef& element, const QString&, NotificationContext*) {
                 const auto selected = list(element, "AXSelectedChildren");
-                m_told << (selected.empty() ? u"nothing"_qs : text(selected.front(), "AXTitle"));
+                m_told << (selected.empty() ? u"nothing"_s : text(selected.front(), "AXTitle"));
             });
         if (m_observer) {
-            m_observer->addNotification(X11Element::dockList(), u"AXFocusedUIElementChanged"_qs,
+            m_observer->addNotification(X11Element::dockList(), u"AXFocusedUIElementChanged"_s,
                                         nullptr);
             m_observer->addToRunLoop();
         }
@@ -62,11 +63,11 @@ protected:
     /// The window manager shows its switcher with this outline, or nothing of its own.
     void show(std::optional<QRect> outline, const char* manager = "Xfwm4")
     {
-        x11::Manager shown{.name = QString::fromLatin1(manager), .pid = ManagerPid, .windows = {}};
+        x11::Manager shown{.name = QString::fromLatin1(manager), .pid = managerPid, .windows = {}};
         if (outline) {
             shown.windows = {
-                {.id = 1, .rect = List, .depth = 32, .classInstance = u"xfwm4"_qs},
-                {.id = 2, .rect = *outline, .depth = 32, .classInstance = u"xfwm4-wireframe"_qs}};
+                {.id = 1, .rect = listRect, .depth = 32, .classInstance = u"xfwm4"_s},
+                {.id = 2, .rect = *outline, .depth = 32, .classInstance = u"xfwm4-wireframe"_s}};
         }
         m_tracker.showManager(shown);
         m_loop.advance(0.1);
@@ -75,8 +76,8 @@ protected:
     xcb_window_t selectedByKWin(const std::vector<std::int64_t>& before,
                                 const std::vector<std::int64_t>& after = {})
     {
-        m_tracker.showManager({.name = u"KWin"_qs, .pid = ManagerPid, .windows = {}});
-        press(AltKey);
+        m_tracker.showManager({.name = u"KWin"_s, .pid = managerPid, .windows = {}});
+        press(altKey);
         for (const std::int64_t key : before)
             press(static_cast<xcb_keysym_t>(std::abs(key)), key < 0);
         shownByKWin();
@@ -88,9 +89,9 @@ protected:
     xcb_window_t shownByKWin()
     {
         m_tracker.showManager(
-            {.name = u"KWin"_qs,
-             .pid = ManagerPid,
-             .windows = {{.id = ListWindow, .rect = List, .classInstance = u"kwin_x11"_qs}}});
+            {.name = u"KWin"_s,
+             .pid = managerPid,
+             .windows = {{.id = listWindow, .rect = listRect, .classInstance = u"kwin_x11"_s}}});
         m_loop.advance(0.1);
         return selected();
     }
@@ -108,7 +109,7 @@ protected:
         const AXResult focused =
             read(m_accessibility.createApplication(m_registry.dockPid()), "AXFocusedUIElement");
         const ElementRef* element = focused.as<ElementRef>();
-        return element != nullptr ? text(*element, "AXSubrole") : QString();
+        return element ? text(*element, "AXSubrole") : QString();
     }
     QStringList told() { return std::exchange(m_told, {}); }
 
@@ -119,37 +120,37 @@ protected:
 TEST_F(SwitcherModelTest, selectedApplication_isToldOnce_withoutADock)
 {
     ASSERT_NE(m_observer, nullptr);
-    EXPECT_EQ(focusedSubrole(), u"<-25202>"_qs);
+    EXPECT_EQ(focusedSubrole(), u"<-25202>"_s);
     EXPECT_EQ(m_hearing, x11::KeyHearing::None);
     show(QRect(50, 50, 400, 300));
     EXPECT_EQ(m_hearing, x11::KeyHearing::All);
-    EXPECT_EQ(focusedSubrole(), u"AXProcessSwitcherList"_qs);
+    EXPECT_EQ(focusedSubrole(), u"AXProcessSwitcherList"_s);
     const auto entry = m_switcher.selection();
     ASSERT_TRUE(entry);
-    EXPECT_EQ(entry->list, List);
+    EXPECT_EQ(entry->list, listRect);
     EXPECT_EQ(m_accessibility.windowIDOf(X11Element::switcherEntry(11)), 0x101U);
     show(QRect(0, 0, 400, 300)); // another window of the same application
     EXPECT_EQ(m_accessibility.windowIDOf(X11Element::switcherEntry(11)), 0x100U);
     show(QRect(94, 98, 492, 384)); // within an invisible border
     show(QRect(700, 1, 5, 5));     // about nothing: it is just being drawn
-    EXPECT_EQ(told(), (QStringList{u"Term"_qs, u"Editor"_qs}));
+    EXPECT_EQ(told(), (QStringList{u"Term"_s, u"Editor"_s}));
     show(std::nullopt);
     EXPECT_EQ(m_hearing, x11::KeyHearing::None);
     EXPECT_EQ(told(), QStringList());
-    EXPECT_EQ(focusedSubrole(), u"<-25202>"_qs);
+    EXPECT_EQ(focusedSubrole(), u"<-25202>"_s);
 }
 
 TEST_F(SwitcherModelTest, givingUp_endsTheSelection_lettingGoDoesNot)
 {
     show(QRect(0, 0, 400, 300));
-    press(EscapeKey);
+    press(escapeKey);
     show(std::nullopt);
-    EXPECT_EQ(told(), (QStringList{u"Term"_qs, u"<-25202>"_qs}));
+    EXPECT_EQ(told(), (QStringList{u"Term"_s, u"<-25202>"_s}));
     EXPECT_FALSE(m_switcher.selection());
     show(QRect(0, 0, 400, 300));
     press(0xffe9); // Alt repeats
     show(std::nullopt);
-    EXPECT_EQ(told(), QStringList{u"Term"_qs});
+    EXPECT_EQ(told(), QStringList{u"Term"_s});
 }
 
 TEST_F(SwitcherModelTest, windowsInOnePlace_areToldApartByTheKeys)
@@ -160,24 +161,24 @@ TEST_F(SwitcherModelTest, windowsInOnePlace_areToldApartByTheKeys)
             id, [&](FakeTracker::Window& window) { window.bounds = window.frameBounds = whole; });
     m_tracker.setActive(0x101);
     show(whole);
-    press(TabKey);
-    press(TabKey, true);
-    EXPECT_EQ(told(), (QStringList{u"Editor"_qs, u"Term"_qs, u"Editor"_qs}));
-    m_tracker.pressKey(TabKey); // onto the next one, and over another
-    m_tracker.pressKey(TabKey);
-    m_tracker.pressKey(TabKey);
+    press(tabKey);
+    press(tabKey, true);
+    EXPECT_EQ(told(), (QStringList{u"Editor"_s, u"Term"_s, u"Editor"_s}));
+    m_tracker.pressKey(tabKey); // onto the next one, and over another
+    m_tracker.pressKey(tabKey);
+    m_tracker.pressKey(tabKey);
     m_loop.advance(0.1);
     EXPECT_EQ(told(), QStringList());
-    m_tracker.pressKey(TabKey, true);
-    m_tracker.pressKey(TabKey, true);
+    m_tracker.pressKey(tabKey, true);
+    m_tracker.pressKey(tabKey, true);
     m_loop.advance(0.1);
-    EXPECT_EQ(told(), QStringList{u"Term"_qs});
+    EXPECT_EQ(told(), QStringList{u"Term"_s});
 }
 
 TEST_F(SwitcherModelTest, pickedWindow_comesUpAgain_whenTheSwitcherCloses)
 {
     show(QRect(0, 0, 400, 300));
-    m_accessibility.performAction(X11Element::window(0x100), u"AXRaise"_qs);
+    m_accessibility.performAction(X11Element::window(0x100), u"AXRaise"_s);
     m_tracker.setActive(0x200); // the switcher goes, and brings up what was selected
     show(std::nullopt);
     EXPECT_EQ(m_tracker.activeWindow(), 0x100U);
@@ -196,28 +197,28 @@ TEST_F(SwitcherModelTest, otherWindowManager_endsTheSwitcher_andIsReadAsItCan)
     EXPECT_EQ(m_registry.dockPid(), 0);
     show(QRect(50, 50, 400, 300));
     EXPECT_TRUE(m_switcher.selection());
-    EXPECT_EQ(m_registry.dockPid(), ManagerPid);
+    EXPECT_EQ(m_registry.dockPid(), managerPid);
     addPanel();
-    EXPECT_EQ(m_registry.dockPid(), PanelPid);
-    EXPECT_EQ(told(), (QStringList{u"Term"_qs, u"Term"_qs}));
+    EXPECT_EQ(m_registry.dockPid(), panelPid);
+    EXPECT_EQ(told(), (QStringList{u"Term"_s, u"Term"_s}));
 }
 
 TEST_F(SwitcherModelTest, kwin_isReadFromTheKeys_asLongAsTheyTell)
 {
-    constexpr std::int64_t Tab = TabKey;
+    constexpr std::int64_t tab = tabKey;
     const struct {
         std::vector<std::int64_t> before, after;
         xcb_window_t window;
     } cases[] = {
-        {{Tab}, {}, 0x101},
-        {{-Tab}, {}, 0x100},
-        {{Tab, Tab}, {Tab, Tab}, 0x101},
-        {{Tab, Tab}, {-Tab, -Tab, -Tab}, 0x100},
-        {{Tab, EscapeKey, Tab}, {}, 0x101},
-        {{RightKey, Tab}, {AltKey}, 0x101}, // the first is none of its keys
+        {{tab}, {}, 0x101},
+        {{-tab}, {}, 0x100},
+        {{tab, tab}, {tab, tab}, 0x101},
+        {{tab, tab}, {-tab, -tab, -tab}, 0x100},
+        {{tab, escapeKey, tab}, {}, 0x101},
+        {{rightKey, tab}, {altKey}, 0x101}, // the first is none of its keys
         {{}, {}, XCB_NONE},
-        {{'`'}, {Tab}, XCB_NONE}, // that lists other windows
-        {{Tab}, {RightKey, Tab}, XCB_NONE},
+        {{'`'}, {tab}, XCB_NONE}, // that lists other windows
+        {{tab}, {rightKey, tab}, XCB_NONE},
     };
     for (const auto& [before, after, window] : cases)
         EXPECT_EQ(selectedByKWin(before, after), window)
@@ -225,59 +226,59 @@ TEST_F(SwitcherModelTest, kwin_isReadFromTheKeys_asLongAsTheyTell)
     EXPECT_EQ(m_hearing, x11::KeyHearing::WithModifier);
 
     // It takes a step without its list, and then shows it.
-    press(EscapeKey);
-    m_tracker.showManager({.name = u"KWin"_qs, .pid = ManagerPid, .windows = {}});
-    press(AltKey);
-    press(TabKey);
+    press(escapeKey);
+    m_tracker.showManager({.name = u"KWin"_s, .pid = managerPid, .windows = {}});
+    press(altKey);
+    press(tabKey);
     m_tracker.setActive(0x101);
-    press(TabKey);
+    press(tabKey);
     EXPECT_EQ(shownByKWin(), 0x200U);
     m_tracker.setActive(0x200);
 
-    EXPECT_EQ(selectedByKWin({Tab}), 0x101U);
-    m_tracker.repeatKey(TabKey);
+    EXPECT_EQ(selectedByKWin({tab}), 0x101U);
+    m_tracker.repeatKey(tabKey);
     m_loop.advance(0.1);
     EXPECT_EQ(selected(), 0U);
-    EXPECT_EQ(selectedByKWin({Tab}), 0x101U);
-    FakeTracker::Window list = window(ListWindow - 1, u"kwin"_qs, u"kwin"_qs, ManagerPid);
+    EXPECT_EQ(selectedByKWin({tab}), 0x101U);
+    FakeTracker::Window list = window(listWindow - 1, u"kwin"_s, u"kwin"_s, managerPid);
     list.type = x11::WindowType::Other;
-    list.bounds = List;
+    list.bounds = listRect;
     m_tracker.add(list);
-    m_tracker.movePointer(List.center());
+    m_tracker.movePointer(listRect.center());
     m_tracker.press(1);
     m_loop.advance(0.1);
     EXPECT_EQ(selected(), 0U);
 
     m_canCount = false;
-    EXPECT_EQ(selectedByKWin({Tab}), 0U);
+    EXPECT_EQ(selectedByKWin({tab}), 0U);
     EXPECT_FALSE(m_switcher.canRead());
 }
 
 TEST_F(SwitcherModelTest, kwin_listsDialogsForTheirWindows_andNothingThatAsksToBeLeftOut)
 {
     m_tracker.change(0x101, [](FakeTracker::Window& window) { window.skipSwitcher = true; });
-    FakeTracker::Window dialog = window(0x102, u"term"_qs, u"term"_qs, 11, u"question"_qs);
+    FakeTracker::Window dialog = window(0x102, u"term"_s, u"term"_s, 11, u"question"_s);
     dialog.type = x11::WindowType::Dialog;
     dialog.transientFor = 0x100;
     dialog.isModal = dialog.skipTaskbar = true;
     m_tracker.add(dialog); // without the focus
-    EXPECT_EQ(selectedByKWin({TabKey}), 0x102U);
-    EXPECT_EQ(selectedByKWin({TabKey, TabKey}), 0x200U);
+    EXPECT_EQ(selectedByKWin({tabKey}), 0x102U);
+    EXPECT_EQ(selectedByKWin({tabKey, tabKey}), 0x200U);
 }
 
 TEST(KWinSettingsTest, previews_areSeen_unlessTheSwitcherIsSetOtherwiseOrHasNoLayout)
 {
     const QTemporaryDir folder;
-    const QStringList data{folder.filePath(u"data"_qs)};
+    const QStringList data{folder.filePath(u"data"_s)};
     const auto isSeenWith = [&](const char* lines, bool isComposited = false) {
-        QFile file(folder.filePath(u"kwinrc"_qs));
+        QFile file(folder.filePath(u"kwinrc"_s));
         EXPECT_TRUE(file.open(QIODevice::WriteOnly));
         file.write(lines);
         file.close();
         return kwinLetsPreviewsBeSeen(folder.path(), data, isComposited);
     };
     EXPECT_FALSE(kwinLetsPreviewsBeSeen(folder.path(), data, false));
-    QDir().mkpath(data.front() + u"/plasma/look-and-feel/some/contents/windowswitcher"_qs);
+    QDir().mkpath(data.front() + u"/plasma/look-and-feel/some/contents/windowswitcher"_s);
     EXPECT_TRUE(kwinLetsPreviewsBeSeen(folder.path(), data, false));
     EXPECT_TRUE(isSeenWith("[TabBox]\nDesktopMode=1\n[TabBoxAlternative]\nDesktopMode=0\n"));
     EXPECT_FALSE(isSeenWith("[TabBox]\nLayoutName=compact\nApplicationsMode=1\n"));

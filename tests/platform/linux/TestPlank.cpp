@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "tests/platform/linux/TestPlank.h"
+#include "platform/StringLiterals.h"
 
 #include <QtCore/QStringList>
 #include <QtDBus/QDBusMessage>
@@ -13,7 +14,7 @@ namespace lumbrix::test
 
 namespace
 {
-QString path() { return u"/net/launchpad/plank"_qs; }
+QString path() { return u"/net/launchpad/plank"_s; }
 } // namespace
 
 TestPlank::TestPlank(const QDBusConnection& bus, const QString& name,
@@ -37,8 +38,8 @@ TestPlank::~TestPlank()
 
 void TestPlank::tell(const QString& dock)
 {
-    m_bus.send(QDBusMessage::createSignal(path() + u'/' + dock, u"net.launchpad.plank.Items"_qs,
-                                          u"Changed"_qs));
+    m_bus.send(QDBusMessage::createSignal(path() + u'/' + dock, u"net.launchpad.plank.Items"_s,
+                                          u"Changed"_s));
 }
 
 bool TestPlank::handleMessage(const QDBusMessage& message, const QDBusConnection& connection)
@@ -57,8 +58,8 @@ QVariantList TestPlank::answer(const QDBusMessage& message) const
     if (message.member() == u"Introspect") {
         QString nodes;
         for (const auto& [name, dock] : docks)
-            nodes += u"<node name=\"%1\"/>"_qs.arg(name);
-        return {u"<node>%1</node>"_qs.arg(nodes)};
+            nodes += u"<node name=\"%1\"/>"_s.arg(name);
+        return {u"<node>%1</node>"_s.arg(nodes)};
     }
     const auto it = docks.find(message.path().section(u'/', -1));
     const Dock dock = it == docks.end() ? Dock() : it->second;
@@ -71,10 +72,9 @@ QVariantList TestPlank::answer(const QDBusMessage& message) const
     if (message.member() == u"GetCount")
         return {static_cast<int>(dock.items.size())};
     QStringList uris;
-    for (const auto& [uri, point] : dock.items) {
+    for (const auto& [uri, point] : dock.items)
         if (message.member() == u"GetPersistentApplications" && !uri.isEmpty())
             uris += uri;
-    }
     return {uris};
 }
 

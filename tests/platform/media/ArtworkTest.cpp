@@ -10,6 +10,7 @@
 
 #include <sys/stat.h>
 
+#include "platform/StringLiterals.h"
 #include "platform/linux/media/Artwork.h"
 
 namespace lumbrix::test
@@ -77,24 +78,24 @@ TEST_F(ArtworkTest, everythingElse_isNoPicture)
     const QByteArray png = encoded({8, 8}, "PNG");
     const QString local = write("local.png", png);
     ASSERT_FALSE(platform::loadArtwork(local).isNull());
-    const QByteArray pipe = QFile::encodeName(m_folder.filePath(u"pipe.png"_qs));
+    const QByteArray pipe = QFile::encodeName(m_folder.filePath(u"pipe.png"_s));
     ASSERT_EQ(::mkfifo(pipe.constData(), 0600), 0);
     const QStringList uris{
         {},
-        u"nonsense"_qs,
-        u"http://127.0.0.1:9/cover.png"_qs,
-        QString(local).replace(u"file://"_qs, u"file://server"_qs),
+        u"nonsense"_s,
+        u"http://127.0.0.1:9/cover.png"_s,
+        QString(local).replace(u"file://"_s, u"file://server"_s),
         QUrl(local).toLocalFile(), // a path is no address
         QUrl::fromLocalFile(m_folder.path()).toString(),
         QUrl::fromLocalFile(QFile::decodeName(pipe)).toString(),
-        u"file:///dev/zero"_qs,
+        u"file:///dev/zero"_s,
         write("text.png", "this is no picture"),
         write("cut.png", png.left(40)),
         write("drawing.svg", "<svg xmlns='http://www.w3.org/2000/svg' width='9' height='9'/>"),
         write("large.png", png + QByteArray(9 * 1024 * 1024, '\0')),
         write("huge.bmp", promise(100000, 100000)),
         dataUri("image/png;base64", "!!!"),
-        u"data:image/png;base64"_qs,
+        u"data:image/png;base64"_s,
         dataUri("image/png;base64", (png + QByteArray(9 * 1024 * 1024, '\0')).toBase64()),
     };
     for (const QString& uri : uris)

@@ -4,6 +4,7 @@
 // Which of several players is meant.
 #include <gtest/gtest.h>
 
+#include "platform/StringLiterals.h"
 #include "platform/linux/media/MediaPlayer.h"
 
 namespace lumbrix::test
@@ -45,7 +46,7 @@ TEST(MediaPlayer, isTheOneWhoseWindowItIs)
         return chosen(players, {.windowPid = pid,
                                 .otherPids = std::move(others),
                                 .bundleIdentifier = QString::fromLatin1(id),
-                                .name = u"Web Radio"_qs});
+                                .name = u"Web Radio"_s});
     };
     EXPECT_EQ(of(20, {21}, "audacious"), u"aud1");
     EXPECT_EQ(of(21, {20}, "audacious"), u"aud2");
@@ -53,10 +54,10 @@ TEST(MediaPlayer, isTheOneWhoseWindowItIs)
     EXPECT_EQ(of(30, {}, "audacious"), u"aud1") << "by name, where the process is hidden";
     EXPECT_EQ(of(5, {}, "org.gnome.Lollypop"), u"sandboxed");
     EXPECT_EQ(of(5, {}, "org.example.Other"), QString());
-    players.front().identity = u"web radio"_qs;
+    players.front().identity = u"web radio"_s;
     EXPECT_EQ(of(5, {}, "org.example.Other"), u"quod");
     EXPECT_EQ(of(5, {10}, "org.example.Other"), QString()) << "another window's";
-    players.back().desktopEntry = u"org.example.Other"_qs;
+    players.back().desktopEntry = u"org.example.Other"_s;
     EXPECT_EQ(of(5, {}, "org.example.Other"), u"sandboxed") << "says so itself";
 }
 
@@ -74,12 +75,12 @@ TEST(MediaPlayer, withoutAWindow_isTheOneThatPlays)
 
 TEST(MediaPlayer, role_isKnownByItsBusName)
 {
-    EXPECT_EQ(roleOfMediaPlayer(u"vlc.instance7123"_qs), ApplicationRole::VLC);
-    EXPECT_EQ(roleOfMediaPlayer(u"rhythmbox"_qs), ApplicationRole::MusicPlayer);
-    EXPECT_EQ(roleOfMediaPlayer(u"io.github.celluloid_player.Celluloid"_qs),
+    EXPECT_EQ(roleOfMediaPlayer(u"vlc.instance7123"_s), ApplicationRole::VLC);
+    EXPECT_EQ(roleOfMediaPlayer(u"rhythmbox"_s), ApplicationRole::MusicPlayer);
+    EXPECT_EQ(roleOfMediaPlayer(u"io.github.celluloid_player.Celluloid"_s),
               ApplicationRole::MoviePlayer);
-    EXPECT_EQ(roleOfMediaPlayer(u"Lollypop"_qs), ApplicationRole::MusicPlayer);
-    EXPECT_EQ(roleOfMediaPlayer(u"chromium.instance12"_qs), ApplicationRole::Other);
+    EXPECT_EQ(roleOfMediaPlayer(u"Lollypop"_s), ApplicationRole::MusicPlayer);
+    EXPECT_EQ(roleOfMediaPlayer(u"chromium.instance12"_s), ApplicationRole::Other);
 }
 
 TEST(MediaPlayer, isDrivenAsItsApplication_elseAsItself_elseByButtonsAlone)

@@ -10,6 +10,7 @@
 
 #include <atomic>
 
+#include "platform/StringLiterals.h"
 #include "platform/linux/media/LinuxAppleEvents.h"
 #include "platform/qt/QtRunLoop.h"
 #include "tests/platform/linux/FakeTracker.h"

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "tests/platform/media/PrivateBus.h"
+#include "platform/StringLiterals.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QDeadlineTimer>
@@ -14,8 +15,8 @@ namespace lumbrix::test
 
 PrivateBus::PrivateBus()
 {
-    const QString configuration = m_folder.filePath(u"bus.conf"_qs);
-    m_address = u"unix:path="_qs + m_folder.filePath(u"bus"_qs);
+    const QString configuration = m_folder.filePath(u"bus.conf"_s);
+    m_address = u"unix:path="_s + m_folder.filePath(u"bus"_s);
     QFile file(configuration);
     if (!file.open(QIODevice::WriteOnly))
         qFatal("no folder for the message bus");
@@ -25,11 +26,11 @@ PrivateBus::PrivateBus()
                "<allow own=\"*\"/></policy></busconfig>");
     file.close();
     m_daemon = privatedesk::Process::start(
-        {.program = u"dbus-daemon"_qs,
-         .arguments = {u"--config-file="_qs + configuration, u"--nofork"_qs, u"--nopidfile"_qs,
-                       u"--print-address"_qs},
+        {.program = u"dbus-daemon"_s,
+         .arguments = {u"--config-file="_s + configuration, u"--nofork"_s, u"--nopidfile"_s,
+                       u"--print-address"_s},
          .environment = QProcessEnvironment::systemEnvironment().toStringList(),
-         .log = m_folder.filePath(u"bus.log"_qs),
+         .log = m_folder.filePath(u"bus.log"_s),
          .pipes = true,
          .passFd = {}});
     // It says its address once it listens.

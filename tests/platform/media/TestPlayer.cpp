@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "tests/platform/media/TestPlayer.h"
+#include "platform/StringLiterals.h"
 
 #include <QtDBus/QDBusMessage>
 
@@ -10,18 +11,18 @@ namespace lumbrix::test
 namespace
 {
 
-QString path() { return u"/org/mpris/MediaPlayer2"_qs; }
-QString playerInterface() { return u"org.mpris.MediaPlayer2.Player"_qs; }
-QString propertiesInterface() { return u"org.freedesktop.DBus.Properties"_qs; }
+QString path() { return u"/org/mpris/MediaPlayer2"_s; }
+QString playerInterface() { return u"org.mpris.MediaPlayer2.Player"_s; }
+QString propertiesInterface() { return u"org.freedesktop.DBus.Properties"_s; }
 
 } // namespace
 
 TestPlayer::TestPlayer(const QString& address, const QString& name, const QVariantMap& properties)
-    : m_connectionName(u"player "_qs + name),
+    : m_connectionName(u"player "_s + name),
       m_bus(QDBusConnection::connectToBus(address, m_connectionName)), m_properties(properties)
 {
     m_bus.registerVirtualObject(path(), this);
-    if (!m_bus.registerService(u"org.mpris.MediaPlayer2."_qs + name))
+    if (!m_bus.registerService(u"org.mpris.MediaPlayer2."_s + name))
         qFatal("a test player could not join the bus");
 }
 
@@ -42,7 +43,7 @@ void TestPlayer::set(const QVariantMap& properties, bool tell)
     if (!tell)
         return;
     QDBusMessage signal =
-        QDBusMessage::createSignal(path(), propertiesInterface(), u"PropertiesChanged"_qs);
+        QDBusMessage::createSignal(path(), propertiesInterface(), u"PropertiesChanged"_s);
     signal << playerInterface() << properties << QStringList();
     m_bus.send(signal);
 }
@@ -51,13 +52,13 @@ void TestPlayer::tellNonsense()
 {
     for (const QVariantList& arguments :
          {QVariantList{}, QVariantList{playerInterface()},
-          QVariantList{playerInterface(), 7, u"x"_qs},
+          QVariantList{playerInterface(), 7, u"x"_s},
           QVariantList{
               playerInterface(),
-              QVariantMap{{u"Metadata"_qs, QStringList{path()}}, {u"PlaybackStatus"_qs, path()}},
+              QVariantMap{{u"Metadata"_s, QStringList{path()}}, {u"PlaybackStatus"_s, path()}},
               QStringList()}}) {
         QDBusMessage signal =
-            QDBusMessage::createSignal(path(), propertiesInterface(), u"PropertiesChanged"_qs);
+            QDBusMessage::createSignal(path(), propertiesInterface(), u"PropertiesChanged"_s);
         signal.setArguments(arguments);
         m_bus.send(signal);
     }
@@ -75,9 +76,9 @@ bool TestPlayer::handleMessage(const QDBusMessage& message, const QDBusConnectio
         message.setDelayedReply(true);
         return true;
     case Manners::Refuses:
-        return connection.send(message.createErrorReply(QDBusError::Failed, u"no"_qs));
+        return connection.send(message.createErrorReply(QDBusError::Failed, u"no"_s));
     case Manners::Nonsense:
-        return connection.send(message.createReply({7, u"nonsense"_qs}));
+        return connection.send(message.createReply({7, u"nonsense"_s}));
     case Manners::Dies:
         if (!isQuestion) {
             message.setDelayedReply(true);
@@ -93,9 +94,9 @@ bool TestPlayer::handleMessage(const QDBusMessage& message, const QDBusConnectio
         return connection.send(message.createReply());
     QVariantMap reply = m_properties;
     if (message.arguments().value(0) != playerInterface()) {
-        reply = {{u"Identity"_qs, m_identity}};
+        reply = {{u"Identity"_s, m_identity}};
         if (!m_desktopEntry.isEmpty())
-            reply.insert(u"DesktopEntry"_qs, m_desktopEntry);
+            reply.insert(u"DesktopEntry"_s, m_desktopEntry);
     }
     return connection.send(message.createReply(reply));
 }
@@ -104,12 +105,11 @@ QVariantMap track(const QVariant& artist, const QVariant& title, const QVariant&
 {
     QVariantMap metadata;
     for (const auto& [name, value] :
-         {std::pair(u"xesam:artist"_qs, artist), std::pair(u"xesam:title"_qs, title),
-          std::pair(u"mpris:artUrl"_qs, artUrl)}) {
+         {std::pair(u"xesam:artist"_s, artist), std::pair(u"xesam:title"_s, title),
+          std::pair(u"mpris:artUrl"_s, artUrl)})
         if (value.isValid())
             metadata.insert(name, value);
-    }
-    return {{u"Metadata"_qs, metadata}};
+    return {{u"Metadata"_s, metadata}};
 }
 
 } // namespace lumbrix::test

@@ -18,6 +18,7 @@
 #include "platform/EventTaps.h"
 #include "platform/InputState.h"
 #include "platform/KeyboardLayout.h"
+#include "platform/StringLiterals.h"
 #include "platform/linux/x11/Connection.h"
 #include "platform/linux/x11/SentKey.h"
 
@@ -26,18 +27,18 @@ namespace lumbrix::platform::x11
 namespace
 {
 
-const SessionOptions kPlain{{1280, 1024}, WindowManager::Xfwm4, false};
+const SessionOptions plain{{1280, 1024}, WindowManager::Xfwm4, false};
 
 // Key codes of the server's keyboard.
-constexpr std::uint8_t kSuper = 133, kShift = 50, kNumLock = 77, kCapsLock = 66;
-constexpr std::uint8_t kTwo = 11, kThree = 12, kF5 = 71;
-constexpr TapKey two{19, ModifierFlag::Command};
-constexpr TapKey three{20, ModifierFlag::Command};
+constexpr std::uint8_t super = 133, shift = 50, numLock = 77, capsLock = 66;
+constexpr std::uint8_t keyTwo = 11, keyThree = 12, keyF5 = 71;
+constexpr TapKey two{19, ModifierFlag::command};
+constexpr TapKey three{20, ModifierFlag::command};
 
 class KeyDesk
 {
 public:
-    KeyDesk() : m_application(desk.session(), u"alpha"_qs)
+    KeyDesk() : m_application(desk.session(), u"alpha"_s)
     {
         m_application.open(1);
         tap = desk.core().eventTaps().createTap(TapEvents::Keys, [this](const TapEvent& event) {
@@ -118,7 +119,7 @@ public:
         desk.session().start(program, program, arguments)->waitForExit(patience(5000));
     }
 
-    X11Desk desk{kPlain};
+    X11Desk desk{plain};
     std::vector<TapEvent> seen;
     std::unique_ptr<EventTap> tap;
 
@@ -176,75 +177,75 @@ TEST(Keys, wantedKey_isSwallowedWholeInEveryStateOfTheLocks)
     KeyDesk keys;
     keys.want({two});
     std::size_t events = 0;
-    for (const std::uint8_t lock : {std::uint8_t{0}, kNumLock, kCapsLock}) {
+    for (const std::uint8_t lock : {std::uint8_t{0}, numLock, capsLock}) {
         if (lock)
             keys.display().type({lock});
-        keys.display().type({kSuper, kTwo});
+        keys.display().type({super, keyTwo});
         events += 2;
         ASSERT_TRUE(keys.sees(events)) << "lock " << int{lock} << ", saw " << keys.seen.size();
         EXPECT_EQ(keys.seen[events - 2].type, TapEvent::Type::KeyDown);
         EXPECT_EQ(keys.seen[events - 1].type, TapEvent::Type::KeyUp);
         EXPECT_EQ(keys.seen[events - 1].key, two);
     }
-    keys.display().type({kNumLock});
-    keys.display().type({kCapsLock});
+    keys.display().type({numLock});
+    keys.display().type({capsLock});
 
     // Neither other keys nor other modifiers are touched.
-    keys.display().type({kSuper, kThree});
-    EXPECT_TRUE(keys.programSees(kThree, 2));
-    keys.display().type({kShift, kTwo});
-    EXPECT_TRUE(keys.programSees(kTwo, 2));
+    keys.display().type({super, keyThree});
+    EXPECT_TRUE(keys.programSees(keyThree, 2));
+    keys.display().type({shift, keyTwo});
+    EXPECT_TRUE(keys.programSees(keyTwo, 2));
     // A key that is given back while it is down leaves no half of it to the program.
-    keys.display().holdKey(kSuper);
-    keys.display().holdKey(kTwo);
+    keys.display().holdKey(super);
+    keys.display().holdKey(keyTwo);
     EXPECT_TRUE(keys.sees(events + 1));
     keys.tap->setEnabled(false);
     keys.settle();
-    keys.display().letGoOfKey(kTwo);
-    keys.display().letGoOfKey(kSuper);
-    keys.display().type({kShift, kTwo});
-    EXPECT_TRUE(keys.programSees(kTwo, 4));
-    EXPECT_TRUE(keys.comesFree(kTwo));
-    keys.giveBack(kTwo);
+    keys.display().letGoOfKey(keyTwo);
+    keys.display().letGoOfKey(super);
+    keys.display().type({shift, keyTwo});
+    EXPECT_TRUE(keys.programSees(keyTwo, 4));
+    EXPECT_TRUE(keys.comesFree(keyTwo));
+    keys.giveBack(keyTwo);
 }
 
 TEST(Keys, heldKey_isPressedOnce)
 {
     KeyDesk keys;
-    keys.run(u"xset"_qs, {u"r"_qs, u"rate"_qs, u"50"_qs, u"100"_qs});
+    keys.run(u"xset"_s, {u"r"_s, u"rate"_s, u"50"_s, u"100"_s});
     keys.want({two, three});
     PressCounter counter(keys.display());
     ASSERT_TRUE(keys.desk.waitFor([&] { return counter.presses() == 0; }));
-    keys.display().holdKey(kSuper);
-    keys.display().holdKey(kTwo);
+    keys.display().holdKey(super);
+    keys.display().holdKey(keyTwo);
     EXPECT_TRUE(keys.desk.waitFor([&] { return counter.presses() > 10; }));
-    keys.display().letGoOfKey(kTwo);
-    keys.display().type({kThree}); // comes after all that the repeats have made
+    keys.display().letGoOfKey(keyTwo);
+    keys.display().type({keyThree}); // comes after all that the repeats have made
     ASSERT_TRUE(keys.sees(4)) << "saw " << keys.seen.size();
     EXPECT_EQ(keys.seen.at(1).type, TapEvent::Type::KeyUp);
     EXPECT_EQ(keys.seen.at(2).key, three);
     // Programs can type so fast that a release and the next press are of the same moment, too.
     for (int i = 0; i < 20; ++i)
-        keys.display().type({kTwo});
-    keys.display().letGoOfKey(kSuper);
+        keys.display().type({keyTwo});
+    keys.display().letGoOfKey(super);
     EXPECT_TRUE(keys.sees(44));
-    keys.run(u"xset"_qs, {u"r"_qs, u"rate"_qs});
+    keys.run(u"xset"_s, {u"r"_s, u"rate"_s});
 }
 
 TEST(Keys, takenByAnotherProgram_isToldAndTriedAgain)
 {
     KeyDesk keys;
-    ASSERT_TRUE(keys.canBeTaken(kTwo));
+    ASSERT_TRUE(keys.canBeTaken(keyTwo));
     keys.want({two, three});
     EXPECT_TRUE(keys.areTaken({two}));
-    EXPECT_FALSE(keys.canBeTaken(kThree));
-    keys.giveBack(kTwo);
+    EXPECT_FALSE(keys.canBeTaken(keyThree));
+    keys.giveBack(keyTwo);
     keys.want({two, three});
     EXPECT_TRUE(keys.areTaken({}));
-    EXPECT_FALSE(keys.canBeTaken(kTwo));
+    EXPECT_FALSE(keys.canBeTaken(keyTwo));
     keys.tap.reset();
     keys.settle();
-    for (const std::uint8_t keycode : {kTwo, kThree}) {
+    for (const std::uint8_t keycode : {keyTwo, keyThree}) {
         EXPECT_TRUE(keys.comesFree(keycode));
         keys.giveBack(keycode);
     }
@@ -252,15 +253,15 @@ TEST(Keys, takenByAnotherProgram_isToldAndTriedAgain)
 
 TEST(Keys, shortcut_reachesAWindowThatIsNotInFront)
 {
-    X11Desk desk(kPlain);
-    Application behind(desk.session(), u"alpha"_qs);
-    Application inFront(desk.session(), u"beta"_qs);
+    X11Desk desk(plain);
+    Application behind(desk.session(), u"alpha"_s);
+    Application inFront(desk.session(), u"beta"_s);
     behind.open(1);
     inFront.open(1);
     constexpr Shortcut shiftF5{0x60, true};
     const xcb_window_t window = behind.windows().front().id;
     EXPECT_TRUE(sendShortcut(desk.core().connection(), window, shiftF5));
-    EXPECT_TRUE(desk.waitFor([&] { return behind.keys() == std::vector<int>{kF5, kF5}; }));
+    EXPECT_TRUE(desk.waitFor([&] { return behind.keys() == std::vector<int>{keyF5, keyF5}; }));
     EXPECT_TRUE(inFront.keys().empty());
     EXPECT_EQ(desk.display().activeWindow(), inFront.windows().front().id);
 
@@ -277,28 +278,28 @@ TEST(Keys, keyboardLayout_changed_isFollowed)
     KeyboardLayout& layout = keys.desk.core().keyboardLayout();
     keys.want({two});
     const std::uint64_t before = layout.currentLayout();
-    EXPECT_EQ(layout.charactersOfKey(19), u"2"_qs);
-    EXPECT_EQ(layout.charactersOfKey(83), u"1"_qs) << "on the keypad";
+    EXPECT_EQ(layout.charactersOfKey(19), u"2"_s);
+    EXPECT_EQ(layout.charactersOfKey(83), u"1"_s) << "on the keypad";
     EXPECT_EQ(layout.charactersOfKey(123), QString());
     EXPECT_EQ(layout.charactersOfKey(4711), QString());
     EXPECT_EQ(layout.nameOfKey(105) + layout.nameOfKey(107) + layout.nameOfKey(113),
-              u"PrintScroll LockPause"_qs);
+              u"PrintScroll LockPause"_s);
     EXPECT_EQ(layout.nameOfKey(122), QString()) << "F1 everywhere";
 
-    keys.run(u"setxkbmap"_qs, {u"fr"_qs});
-    EXPECT_TRUE(keys.desk.waitFor([&] { return layout.charactersOfKey(19) == u"é"_qs; }));
-    EXPECT_EQ(layout.charactersOfKey(33), u"^"_qs) << "a dead key";
+    keys.run(u"setxkbmap"_s, {u"fr"_s});
+    EXPECT_TRUE(keys.desk.waitFor([&] { return layout.charactersOfKey(19) == u"é"_s; }));
+    EXPECT_EQ(layout.charactersOfKey(33), u"^"_s) << "a dead key";
     EXPECT_NE(layout.currentLayout(), before);
     keys.settle();
-    keys.display().type({kSuper, kTwo});
+    keys.display().type({super, keyTwo});
     EXPECT_TRUE(keys.sees(2));
 
     // A keyboard that numbers its keys differently: the places of 2 and 3 change numbers.
     const QTemporaryDir folder;
-    const QString path = folder.filePath(u"map.xkb"_qs);
+    const QString path = folder.filePath(u"map.xkb"_s);
     const QString server = QString::fromLatin1(keys.display().name());
-    keys.run(u"setxkbmap"_qs, {u"us,de"_qs, u"-option"_qs, u"grp:caps_toggle"_qs});
-    keys.run(u"xkbcomp"_qs, {server, path});
+    keys.run(u"setxkbmap"_s, {u"us,de"_s, u"-option"_s, u"grp:caps_toggle"_s});
+    keys.run(u"xkbcomp"_s, {server, path});
     QFile file(path);
     ASSERT_TRUE(file.open(QIODevice::ReadWrite));
     const QByteArray map = file.readAll();
@@ -309,22 +310,22 @@ TEST(Keys, keyboardLayout_changed_isFollowed)
     file.seek(0);
     file.write(swapped);
     file.close();
-    keys.run(u"xkbcomp"_qs, {u"-w0"_qs, path, server});
-    EXPECT_TRUE(keys.desk.waitFor([&] { return keys.canBeTaken(kTwo); }));
-    keys.giveBack(kTwo);
+    keys.run(u"xkbcomp"_s, {u"-w0"_s, path, server});
+    EXPECT_TRUE(keys.desk.waitFor([&] { return keys.canBeTaken(keyTwo); }));
+    keys.giveBack(keyTwo);
     keys.settle();
     keys.seen.clear();
-    keys.display().type({kSuper, 12});
+    keys.display().type({super, 12});
     EXPECT_TRUE(keys.sees(2));
 
     // Another of the user's layouts, chosen by a key.
-    EXPECT_EQ(layout.charactersOfKey(16), u"y"_qs);
-    keys.display().type({kCapsLock});
-    EXPECT_TRUE(keys.desk.waitFor([&] { return layout.charactersOfKey(16) == u"z"_qs; }));
-    keys.display().type({kSuper, 12});
+    EXPECT_EQ(layout.charactersOfKey(16), u"y"_s);
+    keys.display().type({capsLock});
+    EXPECT_TRUE(keys.desk.waitFor([&] { return layout.charactersOfKey(16) == u"z"_s; }));
+    keys.display().type({super, 12});
     EXPECT_TRUE(keys.sees(4)) << "the same place in another layout";
-    keys.display().type({kCapsLock});
-    keys.run(u"setxkbmap"_qs, {u"us"_qs, u"-option"_qs, QString()});
+    keys.display().type({capsLock});
+    keys.run(u"setxkbmap"_s, {u"us"_s, u"-option"_s, QString()});
 }
 
 } // namespace

@@ -7,6 +7,7 @@
 
 #include <xcb/xtest.h>
 
+#include "platform/StringLiterals.h"
 #include "platform/linux/x11/PointSpace.h"
 #include "platform/linux/x11/ScreenWatch.h"
 
@@ -15,7 +16,7 @@ namespace lumbrix::platform::x11
 namespace
 {
 
-const SessionOptions kPlain{{1280, 1024}, WindowManager::Xfwm4, false};
+const SessionOptions plain{{1280, 1024}, WindowManager::Xfwm4, false};
 
 void warp(Display& display, QPoint position)
 {
@@ -27,7 +28,7 @@ void warp(Display& display, QPoint position)
 
 TEST(Pointer, movedOrWarped_isNoticedOnceAndNotWhileStill)
 {
-    X11Desk desk(kPlain);
+    X11Desk desk(plain);
     Display& display = desk.display();
     RawWindow dock(desk.session(), {0, 980, 1280, 44});
     dock.setType("_NET_WM_WINDOW_TYPE_DOCK");
@@ -51,7 +52,7 @@ TEST(Pointer, movedOrWarped_isNoticedOnceAndNotWhileStill)
     // Other events of the desktop do not count as motion.
     const int moved = desk.recorder().moved;
     dock.setBytes("WM_NAME", "STRING", "still");
-    desk.waitForWindow(dock.id(), [](const TrackedWindow& w) { return w.title == u"still"_qs; });
+    desk.waitForWindow(dock.id(), [](const TrackedWindow& w) { return w.title == u"still"_s; });
     EXPECT_EQ(desk.recorder().moved, moved);
 
     for (const int button : {1, 3, 5}) // the last one is the wheel
@@ -62,7 +63,7 @@ TEST(Pointer, movedOrWarped_isNoticedOnceAndNotWhileStill)
 
 TEST(Pointer, buttonsKeysAndPlace_areToldInPortTerms)
 {
-    X11Desk desk(kPlain);
+    X11Desk desk(plain);
     Display& display = desk.display();
     InputState& input = desk.core().inputState();
     display.moveTo({600, 500});
@@ -73,8 +74,8 @@ TEST(Pointer, buttonsKeysAndPlace_areToldInPortTerms)
         std::uint32_t flag;
     };
     // Shift_L, Control_L, Alt_L, Super_L on the server's keyboard.
-    for (const Key key : {Key{50, ModifierFlag::Shift}, Key{37, ModifierFlag::Control},
-                          Key{64, ModifierFlag::Option}, Key{133, ModifierFlag::Command}}) {
+    for (const Key key : {Key{50, ModifierFlag::shift}, Key{37, ModifierFlag::control},
+                          Key{64, ModifierFlag::option}, Key{133, ModifierFlag::command}}) {
         display.holdKey(key.code);
         EXPECT_TRUE(desk.waitFor([&] { return input.modifierFlags() == key.flag; }));
         display.letGoOfKey(key.code);
@@ -89,7 +90,7 @@ TEST(Pointer, buttonsKeysAndPlace_areToldInPortTerms)
 
 TEST(Keys, heardWithAltOrSuperAlone_sayWhichWasHeldDown)
 {
-    X11Desk desk(kPlain);
+    X11Desk desk(plain);
     Display& display = desk.display();
     constexpr std::uint8_t alt = 64, tab = 23;
     constexpr std::int64_t altKey = 0xffe9, tabKey = 0xff09;
@@ -141,16 +142,16 @@ TEST(Keys, heardWithAltOrSuperAlone_sayWhichWasHeldDown)
 
 TEST(Screens, mainScreen_isTheOneWithTheDock)
 {
-    X11Desk desk(kPlain);
+    X11Desk desk(plain);
     Display& display = desk.display();
     WindowServer& server = desk.core().windowServer();
     EXPECT_EQ(server.screens(), (std::vector<QRectF>{{0, 0, 1280, 1024}}));
 
     const auto xrandr = [&](const QStringList& arguments) {
-        desk.session().start(u"xrandr"_qs, u"xrandr"_qs, arguments)->waitForExit(patience(5000));
+        desk.session().start(u"xrandr"_s, u"xrandr"_s, arguments)->waitForExit(patience(5000));
     };
-    xrandr({u"--setmonitor"_qs, u"left"_qs, u"640/100x1024/100+0+0"_qs, u"none"_qs});
-    xrandr({u"--setmonitor"_qs, u"right"_qs, u"640/100x1024/100+640+0"_qs, u"none"_qs});
+    xrandr({u"--setmonitor"_s, u"left"_s, u"640/100x1024/100+0+0"_s, u"none"_s});
+    xrandr({u"--setmonitor"_s, u"right"_s, u"640/100x1024/100+640+0"_s, u"none"_s});
     const QRectF self(0, 0, 640, 1024);
     const auto hasScreen = [&](const QRectF& screen) {
         const auto screens = server.screens();
@@ -169,8 +170,8 @@ TEST(Screens, mainScreen_isTheOneWithTheDock)
     EXPECT_TRUE(desk.waitFor(
         [&] { return desk.core().inputState().mouseLocation() == QPointF(60, 23.5); }));
 
-    xrandr({u"--delmonitor"_qs, u"left"_qs});
-    xrandr({u"--delmonitor"_qs, u"right"_qs});
+    xrandr({u"--delmonitor"_s, u"left"_s});
+    xrandr({u"--delmonitor"_s, u"right"_s});
     EXPECT_TRUE(desk.waitFor([&] { return server.screens().size() == 1; }));
 }
 

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/StringLiterals.h"
 #include "platform/linux/x11/PropertyText.h"
 
 namespace lumbrix::platform::x11
@@ -18,15 +19,15 @@ TEST(DecodeText, brokenText_givesValidTextOfLimitedLength)
     EXPECT_EQ(utf8("gr\xc3\xbc\xc3\x9f"), QString::fromUtf8("gr\xc3\xbc\xc3\x9f"));
     EXPECT_EQ(utf8("a\xff"
                    "b"),
-              u"a"_qs + replacement + u"b"_qs);
-    EXPECT_EQ(utf8(QByteArray("title\0rest", 10)), u"title"_qs);
-    EXPECT_EQ(utf8("cut\xe2\x82"), u"cut"_qs); // by the fetched length
+              u"a"_s + replacement + u"b"_s);
+    EXPECT_EQ(utf8(QByteArray("title\0rest", 10)), u"title"_s);
+    EXPECT_EQ(utf8("cut\xe2\x82"), u"cut"_s); // by the fetched length
     EXPECT_TRUE(utf8(QByteArray(8, '\x80')).contains(replacement));
 
-    EXPECT_EQ(utf8(QByteArray(100000, 'x')).size(), kMaxTitleLength);
+    EXPECT_EQ(utf8(QByteArray(100000, 'x')).size(), maxTitleLength);
     // A character of two units on the limit is dropped, not split.
     const QString pairs = utf8(QByteArray("x") + QByteArray("\xf0\x9f\x98\x80").repeated(4000));
-    EXPECT_EQ(pairs.size(), kMaxTitleLength - 1);
+    EXPECT_EQ(pairs.size(), maxTitleLength - 1);
     EXPECT_TRUE(pairs.isValidUtf16());
 
     EXPECT_EQ(decodeText("caf\xe9", TextEncoding::Latin1), QString::fromUtf8("caf\xc3\xa9"));

@@ -4,6 +4,7 @@
 // Which windows there are and what they say, with real window managers.
 
 #include "X11Desk.h"
+#include "platform/StringLiterals.h"
 
 #include <sys/socket.h>
 
@@ -15,13 +16,13 @@ namespace lumbrix::platform::x11
 namespace
 {
 
-const SessionOptions kPlain{{1280, 1024}, WindowManager::Xfwm4, false};
-const SessionOptions kOpenbox{{1280, 1024}, WindowManager::Openbox, false};
+const SessionOptions plain{{1280, 1024}, WindowManager::Xfwm4, false};
+const SessionOptions openboxSession{{1280, 1024}, WindowManager::Openbox, false};
 
 class EachWindowManager : public testing::TestWithParam<SessionOptions>
 {
 };
-INSTANTIATE_TEST_SUITE_P(Tracker, EachWindowManager, testing::Values(kPlain, kOpenbox),
+INSTANTIATE_TEST_SUITE_P(Tracker, EachWindowManager, testing::Values(plain, openboxSession),
                          [](const auto& tested) {
                              return tested.param.windowManager == WindowManager::Xfwm4 ? "xfwm4"
                                                                                        : "openbox";
@@ -30,16 +31,16 @@ INSTANTIATE_TEST_SUITE_P(Tracker, EachWindowManager, testing::Values(kPlain, kOp
 TEST_P(EachWindowManager, windowsOfAnApplication_areFollowedAndCommanded)
 {
     X11Desk desk(GetParam());
-    Application app(desk.session(), u"alpha"_qs);
+    Application app(desk.session(), u"alpha"_s);
     const AppWindow first = app.open("first", Qt::red, {{400, 300}, {100, 120}});
 
     const auto window = desk.waitForWindow(first.id, [&](const TrackedWindow& w) {
         return w.isMapped && w.frame != w.id && !w.title.isEmpty();
     });
     ASSERT_TRUE(window);
-    EXPECT_EQ(window->title, u"first"_qs);
-    EXPECT_EQ(window->classInstance, u"alpha"_qs);
-    EXPECT_EQ(window->className, u"Alpha"_qs);
+    EXPECT_EQ(window->title, u"first"_s);
+    EXPECT_EQ(window->classInstance, u"alpha"_s);
+    EXPECT_EQ(window->className, u"Alpha"_s);
     EXPECT_EQ(window->pid, app.process().pid());
     EXPECT_EQ(window->type, WindowType::Normal);
     EXPECT_TRUE(window->canDelete);
@@ -73,7 +74,7 @@ TEST_P(EachWindowManager, windowsOfAnApplication_areFollowedAndCommanded)
     desk.waitForWindow(first.id, [](const TrackedWindow& w) { return !w.isIconic && w.isMapped; });
 
     app.setTitle(second, "renamed");
-    desk.waitForWindow(second.id, [](const TrackedWindow& w) { return w.title == u"renamed"_qs; });
+    desk.waitForWindow(second.id, [](const TrackedWindow& w) { return w.title == u"renamed"_s; });
     desk.tracker().close(second.id);
     EXPECT_TRUE(desk.waitFor([&] { return !desk.tracker().window(second.id); }));
     EXPECT_EQ(app.closeRequests(), std::vector<int>{second.index});
@@ -84,7 +85,7 @@ TEST_P(EachWindowManager, windowsOfAnApplication_areFollowedAndCommanded)
 TEST_P(EachWindowManager, windowOfAnotherDesktop_isNotIconicAndComesWithItsDesktop)
 {
     X11Desk desk(GetParam());
-    Application app(desk.session(), u"alpha"_qs);
+    Application app(desk.session(), u"alpha"_s);
     const AppWindow window = app.open("elsewhere", Qt::red);
     ASSERT_GE(desk.tracker().desktopCount(), 2);
     app.moveToDesktop(window, 1);
@@ -124,7 +125,7 @@ TEST_P(EachWindowManager, windowOfAnotherDesktop_isNotIconicAndComesWithItsDeskt
 
 TEST(Tracker, nonsenseInProperties_isTamed)
 {
-    X11Desk desk(kPlain);
+    X11Desk desk(plain);
     RawWindow raw(desk.session(), {50, 60, 200, 100});
     raw.setBytes("WM_NAME", "STRING", "caf\xe9");
     raw.map();
@@ -151,24 +152,24 @@ TEST(Tracker, nonsenseInProperties_isTamed)
 
 TEST(Tracker, burstOfIconGeometries_isCountedButFetchedTogether)
 {
-    X11Desk desk(kPlain);
+    X11Desk desk(plain);
     RawWindow raw(desk.session(), {50, 60, 200, 100});
     raw.map();
     desk.waitForWindow(raw.id(), [](const TrackedWindow& w) { return w.isMapped; });
-    constexpr std::uint32_t kWrites = 300;
+    constexpr std::uint32_t writes = 300;
     const int changesBefore = desk.recorder().changed;
-    for (std::uint32_t i = 1; i <= kWrites; ++i)
+    for (std::uint32_t i = 1; i <= writes; ++i)
         raw.queueNumbers("_NET_WM_ICON_GEOMETRY", "CARDINAL", {i, 1000, 40, 20});
     raw.sync();
     const auto window = desk.waitForWindow(
-        raw.id(), [](const TrackedWindow& w) { return w.iconGeometrySerial == kWrites; });
-    EXPECT_EQ(window->iconGeometry, QRect(kWrites, 1000, 40, 20));
-    EXPECT_LT(desk.recorder().changed - changesBefore, static_cast<int>(kWrites) / 3);
+        raw.id(), [](const TrackedWindow& w) { return w.iconGeometrySerial == writes; });
+    EXPECT_EQ(window->iconGeometry, QRect(writes, 1000, 40, 20));
+    EXPECT_LT(desk.recorder().changed - changesBefore, static_cast<int>(writes) / 3);
 }
 
 TEST(Tracker, clientDrawnShadow_isNotPartOfTheWindow)
 {
-    X11Desk desk(kPlain);
+    X11Desk desk(plain);
     RawWindow raw(desk.session(), {300, 300, 220, 120});
     raw.setNumbers("_MOTIF_WM_HINTS", "_MOTIF_WM_HINTS", {2, 0, 0, 0, 0}); // no decorations
     raw.setNumbers("_GTK_FRAME_EXTENTS", "CARDINAL", {10, 12, 6, 14});
@@ -188,8 +189,8 @@ TEST(Tracker, clientDrawnShadow_isNotPartOfTheWindow)
 
 TEST(Tracker, stoppedClient_isNotRespondingUntilItGoesOn)
 {
-    X11Desk desk(kPlain);
-    Application app(desk.session(), u"alpha"_qs);
+    X11Desk desk(plain);
+    Application app(desk.session(), u"alpha"_s);
     const AppWindow window = app.open("patient", Qt::red);
     desk.waitForWindow(window.id, [](const TrackedWindow& w) { return w.isMapped; });
     app.process().signal(SIGSTOP);
@@ -201,7 +202,7 @@ TEST(Tracker, stoppedClient_isNotRespondingUntilItGoesOn)
 
 TEST(Tracker, docksDesktopsAndPopups_areToldApart)
 {
-    X11Desk desk(kPlain);
+    X11Desk desk(plain);
     RawWindow dock(desk.session(), {0, 980, 1280, 44});
     dock.setType("_NET_WM_WINDOW_TYPE_DOCK");
     dock.map();
@@ -228,7 +229,7 @@ TEST(Tracker, docksDesktopsAndPopups_areToldApart)
     EXPECT_TRUE(desk.display().geometry(dock.id())); // the server has sent it on
     dock.setBytes("WM_NAME", "STRING", "still there");
     desk.waitForWindow(dock.id(),
-                       [](const TrackedWindow& w) { return w.title == u"still there"_qs; });
+                       [](const TrackedWindow& w) { return w.title == u"still there"_s; });
     EXPECT_GT(desk.info(dock.id())->layer, 0);
     EXPECT_LT(desk.info(background.id())->layer, 0);
     for (const WindowInfo& entry :
@@ -250,7 +251,7 @@ TEST(Core, missingServer_isAnErrorInWords)
     QtRunLoop runLoop;
     QString error;
     EXPECT_FALSE(X11Core::create(runLoop, {1.0, ":4711"}, {}, error));
-    EXPECT_TRUE(error.contains(u":4711"_qs)) << qPrintable(error);
+    EXPECT_TRUE(error.contains(u":4711"_s)) << qPrintable(error);
 }
 
 TEST(Core, lostServer_isReportedAndNothingBlocks)

@@ -119,10 +119,9 @@ TrackedWindowPtr X11Desk::waitForWindow(xcb_window_t id,
 
 std::optional<WindowInfo> X11Desk::info(xcb_window_t id)
 {
-    for (const WindowInfo& entry : core().windowServer().copyWindowInfo(WindowListOption::All)) {
+    for (const WindowInfo& entry : core().windowServer().copyWindowInfo(WindowListOption::All))
         if (entry.number == id)
             return entry;
-    }
     return std::nullopt;
 }
 
