@@ -13,6 +13,7 @@
 
 #include "platform/StringLiterals.h"
 #include "platform/linux/PlainFile.h"
+#include "platform/linux/PlainPicture.h"
 
 namespace lumbrix::platform
 {
@@ -24,22 +25,13 @@ constexpr qint64 maximalBytes = qint64{4} * 1024 * 1024;
 /// Both ways. A file of a few kilobytes may unpack into a picture of gigabytes.
 constexpr int maximalPixels = 2048;
 
-/// Those that carry pixels only. Others can name further files, and have a say when the size is
-/// asked for.
-bool isPlainFormat(const QByteArray& format)
-{
-    return QList<QByteArray>{"png", "xpm", "jpeg", "jpg", "ico"}.contains(format);
-}
-
 QImage pixelsIn(QByteArray bytes)
 {
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::ReadOnly);
     QImageReader reader(&buffer);
     reader.setAutoTransform(false);
-    if (!isPlainFormat(reader.format()))
-        return {};
-    const QSize size = reader.size();
+    const QSize size = plainPictureSize(reader, {"png", "xpm", "jpeg", "jpg", "ico"});
     if (size.isEmpty() || size.width() > maximalPixels || size.height() > maximalPixels)
         return {};
     return reader.read();

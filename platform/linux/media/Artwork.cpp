@@ -8,6 +8,7 @@
 #include <QtGui/QImageReader>
 
 #include "platform/linux/PlainFile.h"
+#include "platform/linux/PlainPicture.h"
 
 namespace lumbrix::platform
 {
@@ -41,12 +42,6 @@ QByteArray readUri(const QString& uri)
     return readPlainFile(url.toLocalFile(), mostBytes);
 }
 
-// Those that carry pixels only, and nothing that refers to other files.
-bool isPlainFormat(const QByteArray& format)
-{
-    return QList<QByteArray>{"png", "jpeg", "jpg", "gif", "bmp", "webp"}.contains(format);
-}
-
 } // namespace
 
 QImage loadArtwork(const QString& uri)
@@ -58,9 +53,7 @@ QImage loadArtwork(const QString& uri)
     buffer.open(QIODevice::ReadOnly);
     QImageReader reader(&buffer);
     reader.setAutoTransform(true);
-    if (!isPlainFormat(reader.format()))
-        return {}; // asked for its size, a drawing would open the files that it names
-    const QSize size = reader.size();
+    const QSize size = plainPictureSize(reader, {"png", "jpeg", "jpg", "gif", "bmp", "webp"});
     if (size.isEmpty() || qint64(size.width()) * size.height() > mostPixels)
         return {};
     const QSize largest(largestSide, largestSide);
