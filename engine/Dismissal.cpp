@@ -10,7 +10,7 @@
 namespace lumbrix
 {
 
-using PreviewLayout::DockSide;
+using platform::DockEdge;
 
 namespace
 {
@@ -116,26 +116,26 @@ void Dismissal::removeAllScreenViewsWithCheckDelayed()
 }
 
 QRectF Dismissal::bridgedToDock(const QRectF& frame, const QRectF& icon,
-                                std::optional<DockSide> side) const
+                                std::optional<DockEdge> edge) const
 {
     // The row was placed beside a magnified icon, which shrinks as soon as the mouse is off it: the
     // gap may have become wider than what the user chose.
     const auto reach = [&](double gap) {
         return std::max<double>(m.settings.distanceFromDock, icon.isEmpty() ? 0 : gap);
     };
-    if (side == DockSide::Bottom) {
+    if (edge == DockEdge::Bottom) {
         const double gap = reach(frame.y() - (icon.y() + icon.height()));
         return {frame.x(), frame.y() - gap, frame.width(), frame.height() + gap};
     }
-    if (side == DockSide::Top) {
+    if (edge == DockEdge::Top) {
         const double gap = reach(icon.y() - (frame.y() + frame.height()));
         return {frame.x(), frame.y(), frame.width(), frame.height() + gap};
     }
-    if (side == DockSide::Left) {
+    if (edge == DockEdge::Left) {
         const double gap = reach(frame.x() - (icon.x() + icon.width()));
         return {frame.x() - gap, frame.y(), frame.width() + gap, frame.height()};
     }
-    if (side == DockSide::Right) {
+    if (edge == DockEdge::Right) {
         const double gap = reach(icon.x() - (frame.x() + frame.width()));
         return {frame.x(), frame.y(), frame.width() + gap, frame.height()};
     }
@@ -149,14 +149,14 @@ bool Dismissal::checkIfPreviewsAreHovered(bool includeDockItem)
     const QRectF icon = includeDockItem && dockItem ? dockItem->getNSRect() : QRectF();
     if (contains(icon, mouse))
         return true;
-    const auto side = StripArranger::dockSide(m.ports.dockPreferences, dockItem);
+    const auto edge = StripArranger::getDockOrientation(m.ports.dockPreferences, dockItem);
     // A copy: a preview's hover state may have the engine change the set.
     const auto previews = m.row.previews();
     for (const ScreenyViewPtr& preview : previews) {
         const QRectF frame = frameOf(*preview);
         const bool isInside = contains(frame, mouse);
         trackHover(*preview, isInside);
-        if (isInside || (includeDockItem && contains(bridgedToDock(frame, icon, side), mouse)) ||
+        if (isInside || (includeDockItem && contains(bridgedToDock(frame, icon, edge), mouse)) ||
             preview->isHovered())
             return true;
     }

@@ -57,7 +57,7 @@ private:
     /// The frame of a preview and the way to it from the Dock, where the icon is now; empty where
     /// the side is not known.
     QRectF bridgedToDock(const QRectF& frame, const QRectF& icon,
-                         std::optional<PreviewLayout::DockSide> side) const;
+                         std::optional<platform::DockEdge> edge) const;
 
     const EngineContext m;
     int m_delayExit = 0;

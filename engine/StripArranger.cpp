@@ -7,14 +7,13 @@
 
 #include "model/EngineSettings.h"
 #include "platform/RunLoop.h"
-#include "platform/StringLiterals.h"
 #include "platform/WindowServer.h"
 #include "preview/HelpBubble.h"
 
 namespace lumbrix
 {
 
-using PreviewLayout::DockSide;
+using platform::DockEdge;
 
 namespace
 {
@@ -37,16 +36,10 @@ QRectF rectOf(const SWElementPtr& item) { return item ? item->getRect() : QRectF
 
 } // namespace
 
-QString StripArranger::getDockOrientation(platform::DockPreferences& preferences,
-                                          const SWElementPtr& item)
+std::optional<DockEdge> StripArranger::getDockOrientation(platform::DockPreferences& preferences,
+                                                          const SWElementPtr& item)
 {
-    return fresh(preferences).orientation(elementOf(item)).value_or(u"bottom"_s);
-}
-
-std::optional<DockSide> StripArranger::dockSide(platform::DockPreferences& preferences,
-                                                const SWElementPtr& item)
-{
-    return PreviewLayout::dockSideForOrientation(getDockOrientation(preferences, item));
+    return fresh(preferences).orientation(elementOf(item));
 }
 
 bool StripArranger::isDockMagnificationEnabled(platform::DockPreferences& preferences,
@@ -63,7 +56,7 @@ bool StripArranger::isDockAutoHidingEnabled(platform::DockPreferences& preferenc
 
 bool StripArranger::hasPlaceBeside(platform::DockPreferences& preferences, const SWElementPtr& item)
 {
-    return !rectOf(item).isEmpty() && dockSide(preferences, item).has_value();
+    return !rectOf(item).isEmpty() && getDockOrientation(preferences, item).has_value();
 }
 
 bool StripArranger::isOnScreen(const SWElementPtr& item) const
@@ -76,54 +69,54 @@ bool StripArranger::isOnScreen(const SWElementPtr& item) const
 
 bool StripArranger::isArrangedBeside(const SWElementPtr& item) const
 {
-    return rectOf(item) == m_icon && dockSide(m_ports.dockPreferences, item) == m_side;
+    return rectOf(item) == m_icon && getDockOrientation(m_ports.dockPreferences, item) == m_edge;
 }
 
 void StripArranger::arrangeWindows(const SWElementPtr& item, bool animate)
 {
-    const auto side = dockSide(m_ports.dockPreferences, item);
-    if (side == DockSide::Bottom)
+    const auto edge = getDockOrientation(m_ports.dockPreferences, item);
+    if (edge == DockEdge::Bottom)
         arrangeWindowsBottom(item, animate);
-    else if (side == DockSide::Top)
+    else if (edge == DockEdge::Top)
         arrangeWindowsTop(item, animate);
-    else if (side == DockSide::Left)
+    else if (edge == DockEdge::Left)
         arrangeWindowsLeft(item, animate);
-    else if (side == DockSide::Right)
+    else if (edge == DockEdge::Right)
         arrangeWindowsRight(item, animate);
 }
 
 void StripArranger::arrangeWindowsBottom(const SWElementPtr& item, bool /*animate*/)
 {
-    arrangeStrip(DockSide::Bottom, item);
+    arrangeStrip(DockEdge::Bottom, item);
 }
 
 void StripArranger::arrangeWindowsTop(const SWElementPtr& item, bool /*animate*/)
 {
-    arrangeStrip(DockSide::Top, item);
+    arrangeStrip(DockEdge::Top, item);
 }
 
 void StripArranger::arrangeWindowsLeft(const SWElementPtr& item, bool /*animate*/)
 {
-    arrangeStrip(DockSide::Left, item);
+    arrangeStrip(DockEdge::Left, item);
 }
 
 void StripArranger::arrangeWindowsRight(const SWElementPtr& item, bool /*animate*/)
 {
-    arrangeStrip(DockSide::Right, item);
+    arrangeStrip(DockEdge::Right, item);
 }
 
-void StripArranger::arrangeStrip(DockSide side, const SWElementPtr& item)
+void StripArranger::arrangeStrip(DockEdge edge, const SWElementPtr& item)
 {
     waitUntilSettled(item);
     std::optional<QSizeF> size;
     if (!m_previews.empty() && m_previews.front()->iCal() && m_previews.front()->window())
         size = m_previews.front()->window()->frame().size();
-    m_side = side;
+    m_edge = edge;
     m_icon = rectOf(item);
     const auto count = static_cast<int>(m_previews.size());
     const PreviewLayout::Input input = layoutInput(m_icon);
     const auto frames = item && item->isTabIcon() ? PreviewLayout::rowBesideSwitcher(input, count)
-                                                  : PreviewLayout::strip(side, input, count, size);
+                                                  : PreviewLayout::strip(edge, input, count, size);
     for (std::size_t i = 0; i < frames.size(); ++i) {
         if (MAWindow* window = m_previews[i]->window())
             window->setFrame(frames[i]);
@@ -145,9 +138,9 @@ void StripArranger::markOwnWindow(const SWElementPtr& item)
 void StripArranger::arrangeWindow(ScreenyView& preview)
 {
     const SWElementPtr first = SWElement::getFirstDockElement(m_ports);
-    const auto side = dockSide(m_ports.dockPreferences, first);
-    if (MAWindow* window = preview.window(); window && side && first)
-        window->setFrame(PreviewLayout::sample(*side, layoutInput(first->getRect())));
+    const auto edge = getDockOrientation(m_ports.dockPreferences, first);
+    if (MAWindow* window = preview.window(); window && edge && first)
+        window->setFrame(PreviewLayout::sample(*edge, layoutInput(first->getRect())));
     preview.orderFront();
 }
 

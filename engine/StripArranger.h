@@ -5,7 +5,6 @@
 #pragma once
 
 #include <QtCore/QRectF>
-#include <QtCore/QString>
 
 #include <optional>
 #include <vector>
@@ -34,11 +33,9 @@ public:
 
     // The settings of the Dock that has the item, or for null of the first one, read afresh each
     // time.
-    static QString getDockOrientation(platform::DockPreferences& preferences,
-                                      const SWElementPtr& item);
-    /// The same as a side; null where that Dock names none that previews can be placed at.
-    static std::optional<PreviewLayout::DockSide> dockSide(platform::DockPreferences& preferences,
-                                                           const SWElementPtr& item);
+    /// Null where that Dock names no edge that previews can be placed at.
+    static std::optional<platform::DockEdge>
+    getDockOrientation(platform::DockPreferences& preferences, const SWElementPtr& item);
     static bool isDockMagnificationEnabled(platform::DockPreferences& preferences,
                                            const SWElementPtr& item);
     static bool isDockAutoHidingEnabled(platform::DockPreferences& preferences,
@@ -66,7 +63,7 @@ public:
     void arrangeWindow(ScreenyView& preview);
 
 private:
-    void arrangeStrip(PreviewLayout::DockSide side, const SWElementPtr& item);
+    void arrangeStrip(platform::DockEdge edge, const SWElementPtr& item);
     /// Of a row, marks the preview of the one window that the item stands for, if it does.
     void markOwnWindow(const SWElementPtr& item);
     void waitUntilSettled(const SWElementPtr& item) const;
@@ -76,7 +73,7 @@ private:
     const EngineSettings& m_settings;
     const std::vector<ScreenyViewPtr>& m_previews;
     HelpBubble& m_bubble;
-    std::optional<PreviewLayout::DockSide> m_side; ///< of the strip that was placed last
+    std::optional<platform::DockEdge> m_edge; ///< of the strip that was placed last
     QRectF m_icon;
 };
 

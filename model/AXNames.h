@@ -25,6 +25,7 @@ inline const QString Frontmost = u"AXFrontmost"_s;
 inline const QString Hidden = u"AXHidden"_s;
 inline const QString IsApplicationRunning = u"AXIsApplicationRunning"_s;
 inline const QString Minimized = u"AXMinimized"_s;
+inline const QString Owner = u"AXOwner"_s; // of a Dock item: the application it stands for
 inline const QString Parent = u"AXParent"_s;
 inline const QString Position = u"AXPosition"_s;
 inline const QString Role = u"AXRole"_s;

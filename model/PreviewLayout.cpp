@@ -18,8 +18,6 @@ constexpr float rowMargin = 50;
 /// Between a row and the edge of the screen, for the shape behind it.
 constexpr double edgeMargin = 12;
 
-bool isRow(DockSide side) { return side == DockSide::Bottom || side == DockSide::Top; }
-
 /// Along one axis: begins at `start` unless that lies before `first` or ends beyond `limit`.
 /// Single precision throughout, as the sizes are, so that a strip as long as the screen begins
 /// exactly at its edge.
@@ -36,16 +34,16 @@ float clampedStart(double start, float length, float first, float limit)
 /// The corner a placement starts from, mirrored into screen coordinates.
 QPointF toScreen(double x, double y, const Input& input) { return {x, input.mainScreenHeight - y}; }
 
-double besideX(DockSide side, const Input& input, float width)
+double besideX(DockEdge edge, const Input& input, float width)
 {
-    return side == DockSide::Left ? input.icon.x() + input.icon.width() + input.distanceFromDock
+    return edge == DockEdge::Left ? input.icon.x() + input.icon.width() + input.distanceFromDock
                                   : input.icon.x() - input.distanceFromDock - width;
 }
 
 /// The lower edge of a row.
-double besideY(DockSide side, const Input& input, float height)
+double besideY(DockEdge edge, const Input& input, float height)
 {
-    return side == DockSide::Top
+    return edge == DockEdge::Top
                ? input.icon.y() + input.icon.height() + input.distanceFromDock + height
                : input.icon.y() - input.distanceFromDock;
 }
@@ -56,7 +54,7 @@ float rightOf(const QRectF& screen) { return static_cast<float>(screen.x() + scr
 float topOf(const QRectF& screen) { return static_cast<float>(screen.y()) + menuBarHeight; }
 float bottomOf(const QRectF& screen) { return static_cast<float>(screen.y() + screen.height()); }
 
-std::vector<QRectF> row(DockSide side, const Input& input, int count, float width, float height)
+std::vector<QRectF> row(DockEdge edge, const Input& input, int count, float width, float height)
 {
     const float screenWidth = static_cast<float>(input.screen.width());
     float length = static_cast<float>(count) * width;
@@ -69,7 +67,7 @@ std::vector<QRectF> row(DockSide side, const Input& input, int count, float widt
     const QRectF& icon = input.icon;
     const float start = clampedStart(icon.x() + icon.width() * 0.5 - 0.5 * length - stripShift,
                                      length, leftOf(input.screen), rightOf(input.screen));
-    const QPointF corner = toScreen(start, besideY(side, input, height), input);
+    const QPointF corner = toScreen(start, besideY(edge, input, height), input);
     std::vector<QRectF> frames;
     frames.reserve(static_cast<std::size_t>(count));
     for (int i = 0; i < count; ++i)
@@ -77,7 +75,7 @@ std::vector<QRectF> row(DockSide side, const Input& input, int count, float widt
     return frames;
 }
 
-std::vector<QRectF> column(DockSide side, const Input& input, int count, float width, float height)
+std::vector<QRectF> column(DockEdge edge, const Input& input, int count, float width, float height)
 {
     const float screenHeight = static_cast<float>(input.screen.height());
     float length = static_cast<float>(count) * height;
@@ -89,7 +87,7 @@ std::vector<QRectF> column(DockSide side, const Input& input, int count, float w
     const QRectF& icon = input.icon;
     const float start = clampedStart(icon.y() + icon.height() * 0.5 - 0.5 * length - stripShift,
                                      length, topOf(input.screen), bottomOf(input.screen));
-    const QPointF corner = toScreen(besideX(side, input, width), start, input);
+    const QPointF corner = toScreen(besideX(edge, input, width), start, input);
     std::vector<QRectF> frames;
     frames.reserve(static_cast<std::size_t>(count));
     for (int i = 0; i < count; ++i)
@@ -107,32 +105,19 @@ double squaredDistance(const QRectF& screen, QPointF point)
 
 } // namespace
 
-std::optional<DockSide> dockSideForOrientation(const QString& orientation)
-{
-    if (orientation == QLatin1String("bottom"))
-        return DockSide::Bottom;
-    if (orientation == QLatin1String("top"))
-        return DockSide::Top;
-    if (orientation == QLatin1String("left"))
-        return DockSide::Left;
-    if (orientation == QLatin1String("right"))
-        return DockSide::Right;
-    return std::nullopt;
-}
-
-std::vector<QRectF> strip(DockSide side, const Input& input, int count, std::optional<QSizeF> size)
+std::vector<QRectF> strip(DockEdge edge, const Input& input, int count, std::optional<QSizeF> size)
 {
     if (count <= 0)
         return {};
     const float width = size ? static_cast<float>(size->width()) : input.windowWidth;
     const float height = size ? static_cast<float>(size->height()) : input.windowHeight;
-    return isRow(side) ? row(side, input, count, width, height)
-                       : column(side, input, count, width, height);
+    return isHorizontal(edge) ? row(edge, input, count, width, height)
+                              : column(edge, input, count, width, height);
 }
 
 std::vector<QRectF> rowBesideSwitcher(const Input& input, int count)
 {
-    std::vector<QRectF> frames = strip(DockSide::Bottom, input, count);
+    std::vector<QRectF> frames = strip(DockEdge::Bottom, input, count);
     const QRectF& list = input.icon;
     const QRectF& screen = input.screen;
     const double height = frames.empty() ? 0 : frames.front().height();
@@ -166,20 +151,20 @@ QRectF screenOfIcon(const QRectF& icon, const std::vector<QRectF>& screens)
     return best == screens.end() ? QRectF() : *best;
 }
 
-QRectF sample(DockSide side, const Input& input)
+QRectF sample(DockEdge edge, const Input& input)
 {
     const QRectF& icon = input.icon;
     const float width = input.windowWidth;
     const float height = input.windowHeight;
-    if (isRow(side)) {
+    if (isHorizontal(edge)) {
         // Unlike a strip, a single sample in a row is not shifted.
         const float start = clampedStart(icon.x() + icon.width() * 0.5 - 0.5 * width, width,
                                          leftOf(input.screen), rightOf(input.screen));
-        return {toScreen(start, besideY(side, input, height), input), QSizeF(width, height)};
+        return {toScreen(start, besideY(edge, input, height), input), QSizeF(width, height)};
     }
     const float start = clampedStart(icon.y() + icon.height() * 0.5 - 0.5 * height - stripShift,
                                      height, topOf(input.screen), bottomOf(input.screen));
-    const QPointF corner = toScreen(besideX(side, input, width), start, input);
+    const QPointF corner = toScreen(besideX(edge, input, width), start, input);
     return {corner.x(), corner.y() - height, width, height};
 }
 

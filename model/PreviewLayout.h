@@ -6,18 +6,16 @@
 
 #include <QtCore/QRectF>
 #include <QtCore/QSizeF>
-#include <QtCore/QString>
 
 #include <optional>
 #include <vector>
 
+#include "platform/DockEdge.h"
+
 namespace lumbrix::PreviewLayout
 {
 
-enum class DockSide { Bottom, Top, Left, Right };
-
-/// "bottom", "top", "left" or "right"; null for any other word.
-std::optional<DockSide> dockSideForOrientation(const QString& orientation);
+using platform::DockEdge;
 
 /// Everything a placement depends on; points.
 struct Input {
@@ -36,7 +34,7 @@ QRectF screenOfIcon(const QRectF& icon, const std::vector<QRectF>& screens);
 /// Frames of a strip of `count` previews in screen coordinates, in strip order: a row above a
 /// bottom Dock or below one at the top from left to right, a column beside a side Dock from top to
 /// bottom. `size` stands in for the size of the settings (a calendar preview has its own).
-std::vector<QRectF> strip(DockSide side, const Input& input, int count,
+std::vector<QRectF> strip(DockEdge edge, const Input& input, int count,
                           std::optional<QSizeF> size = std::nullopt);
 
 /// Frames of a row for the switcher, whose list stands for the icon: above it where there is room,
@@ -44,6 +42,6 @@ std::vector<QRectF> strip(DockSide side, const Input& input, int count,
 std::vector<QRectF> rowBesideSwitcher(const Input& input, int count);
 
 /// Frame of one sample preview beside the icon, in screen coordinates.
-QRectF sample(DockSide side, const Input& input);
+QRectF sample(DockEdge edge, const Input& input);
 
 } // namespace lumbrix::PreviewLayout

@@ -194,6 +194,11 @@ QRectF SWElement::getNSRect() const
 
 std::optional<RunningApplication> SWElement::runningApplicationForDockElement() const
 {
+    // Not every Dock knows the process; several may share a url then, and the first stands for all.
+    if (const platform::ElementRef owner =
+            AX::readElement(m_ports.accessibility, m_element, AX::Owner))
+        if (const auto pid = m_ports.accessibility.pidOf(owner))
+            return m_ports.workspace.runningApplication(*pid);
     const auto url = AX::read<QUrl>(m_ports.accessibility, m_element, AX::URL);
     if (!url)
         return std::nullopt;

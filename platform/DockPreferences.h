@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "platform/Accessibility.h"
+#include "platform/DockEdge.h"
 
 namespace lumbrix::platform
 {
@@ -30,8 +31,9 @@ public:
     virtual ~DockPreferences() = default;
     /// Makes the reads that follow see the Dock's present values.
     virtual void synchronize() = 0;
-    /// "bottom", "top", "left" or "right": the edge of the screen that it is at, or nearest to.
-    virtual std::optional<QString> orientation(const ElementRef& item) = 0;
+    /// The edge of the screen that it is at, or nearest to; the bottom where it does not say, null
+    /// where it names what is no edge.
+    virtual std::optional<DockEdge> orientation(const ElementRef& item) = 0;
     /// 1 = icons grow under the pointer.
     virtual std::optional<int> magnification(const ElementRef& item) = 0;
     /// 1 = the Dock hides.

@@ -55,8 +55,8 @@ struct InspectedItem {
 
 struct InspectedDock {
     QString name;
-    std::int32_t pid = 0; ///< 0 = none was recognised
-    QString orientation;
+    std::int32_t pid = 0;                   ///< 0 = none was recognised
+    std::optional<platform::DockEdge> edge; ///< null: none that previews can be placed at
     std::size_t items = 0;
     std::vector<platform::DockDisplay> displays; ///< that it shows or may show by itself
 };

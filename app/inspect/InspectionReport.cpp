@@ -101,13 +101,28 @@ QString windowLines(int number, const InspectedWindow& window)
         facts.join(comma));
 }
 
+QString edgeText(std::optional<platform::DockEdge> edge)
+{
+    switch (edge.value_or(platform::DockEdge::Bottom)) {
+    case platform::DockEdge::Left:
+        return InspectionText::tr("left");
+    case platform::DockEdge::Right:
+        return InspectionText::tr("right");
+    case platform::DockEdge::Top:
+        return InspectionText::tr("top");
+    case platform::DockEdge::Bottom:
+        break;
+    }
+    return edge ? InspectionText::tr("bottom") : InspectionText::tr("unknown");
+}
+
 QString dockText(const InspectedDock& dock)
 {
     if (dock.pid == 0)
         return InspectionText::tr("none: neither a Dock nor a panel that tells where its window "
                                   "buttons are");
     return QStringList{printableText(dock.name), InspectionText::tr("process %1").arg(dock.pid),
-                       InspectionText::tr("edge: %1").arg(printableText(dock.orientation)),
+                       InspectionText::tr("edge: %1").arg(edgeText(dock.edge)),
                        InspectionText::tr("items: %1").arg(dock.items)}
         .join(comma);
 }

@@ -169,7 +169,7 @@ InspectedDock Inspector::inspectDock() const
         return dock;
     }
     dock.name = m_utilities.descriptionOfAXDescriptionOfUIElement(application);
-    dock.orientation = StripArranger::getDockOrientation(
+    dock.edge = StripArranger::getDockOrientation(
         m_ports.dockPreferences, SWElement::elementWithElementRef(m_ports, m_item));
     dock.displays = m_ports.dockPreferences.ownDisplays(m_item);
     for (const ElementRef& list : lists)

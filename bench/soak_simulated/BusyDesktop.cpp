@@ -21,7 +21,7 @@ constexpr std::size_t maxMinimized = 8; ///< what the Dock still has room for
 BusyDesktop::BusyDesktop(Chance& chance) : m_chance(chance)
 {
     desk.with([](SimulatedState& state) { state.screens = {{0, 0, 3840, 1600}}; });
-    desk.setDockOrientation(u"bottom"_s);
+    desk.setDockEdge(DockEdge::Bottom);
     m_changes = {
         {"open", 20, [this] { open(); }},
         {"close", 20, [this] { close(); }},

@@ -11,6 +11,7 @@
 namespace lumbrix::bench
 {
 
+using platform::DockEdge;
 using test::Pid;
 using test::SimulatedApplication;
 using test::SimulatedDockItem;

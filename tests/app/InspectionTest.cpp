@@ -168,9 +168,9 @@ TEST_F(InspectionTest, outcome_namesWhatKeepsPreviewsAway)
     const WindowID status = desk.addWindow(agent, {u"Status"_s});
     EXPECT_TRUE(outcome().contains(u"shows no icon"_s));
     desk.closeWindow(status);
-    desk.setDockOrientation(u"nowhere"_s);
+    desk.setDockEdge(std::nullopt);
     EXPECT_TRUE(outcome().contains(u"no place for previews"_s));
-    desk.setDockOrientation(u"top"_s);
+    desk.setDockEdge(platform::DockEdge::Top);
     EXPECT_EQ(outcome(), u"1 of 1 windows."_s);
     desk.minimizeWindow(desk.stacking().front());
     desk.movePointer({1439, 899});

@@ -65,22 +65,22 @@ TEST_F(DismissalTest, gap_isBridgedOnTheDocksSide_alsoWhereTheIconWasMagnified)
 {
     add(u"Notes"_s, 1);
     const struct {
-        QString side;
+        DockEdge side;
         QPointF towardsDock; ///< from the middle of the preview
         QPointF half;        ///< of the preview, that way
         QMarginsF growth;    ///< of the icon, per point
-    } cases[] = {{u"bottom"_s, {0, -1}, {0, -75}, {0, 1, 0, 0}},
-                 {u"top"_s, {0, 1}, {0, 75}, {0, 0, 0, 1}},
-                 {u"left"_s, {-1, 0}, {-100, 0}, {0, 0, 1, 0}},
-                 {u"right"_s, {1, 0}, {100, 0}, {1, 0, 0, 0}}};
+    } cases[] = {{DockEdge::Bottom, {0, -1}, {0, -75}, {0, 1, 0, 0}},
+                 {DockEdge::Top, {0, 1}, {0, 75}, {0, 0, 0, 1}},
+                 {DockEdge::Left, {-1, 0}, {-100, 0}, {0, 0, 1, 0}},
+                 {DockEdge::Right, {1, 0}, {100, 0}, {1, 0, 0, 0}}};
     for (const auto& [side, towardsDock, half, growth] : cases) {
         for (const int grown : {0, 60}) {
-            SCOPED_TRACE(testing::Message() << qPrintable(side) << " " << grown);
-            desk.setDockOrientation(side);
+            SCOPED_TRACE(testing::Message() << int(side) << " " << grown);
+            desk.setDockEdge(side);
             desk.with([&](auto& state) { state.dockItems.front().frame += growth * grown; });
             hover(u"Notes"_s);
             ASSERT_EQ(shown(), u"Notes 1"_s);
-            desk.setDockOrientation(side); // at rest
+            desk.setDockEdge(side); // at rest
             const QPointF edge = preview(0).window()->frame().center() + half;
             for (const int distance : {5, grown + 5}) {
                 desk.movePointer(edge + towardsDock * distance);

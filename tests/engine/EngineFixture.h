@@ -21,6 +21,7 @@ namespace lumbrix::test
 {
 
 using namespace Qt::StringLiterals;
+using platform::DockEdge;
 using platform::ModifierFlag::command;
 using platform::ModifierFlag::control;
 using platform::ModifierFlag::option;

@@ -38,7 +38,7 @@ TEST_F(HoverDispatchTest, row_isFilledPlacedAndShown)
 
 TEST_F(HoverDispatchTest, dockAtTheTop_hasItsRowBelow)
 {
-    desk.setDockOrientation(u"top"_s);
+    desk.setDockEdge(DockEdge::Top);
     add(u"Notes"_s, 1);
     hover(u"Notes"_s);
     const double middle = desk.dockItemFrame(u"Notes"_s).center().x();
@@ -59,7 +59,7 @@ TEST_F(HoverDispatchTest, previewsWithoutAPlace_areNotShownUntilThereIsOne)
         });
     };
     for (const QString& item : {u"Notes"_s, u"Notes 1"_s}) {
-        desk.setDockOrientation(u"nowhere"_s);
+        desk.setDockEdge(std::nullopt);
         hover(item);
         EXPECT_EQ(panelsOnScreen(), 0) << qPrintable(item);
         EXPECT_EQ(shown(), u""_s) << qPrintable(item);
@@ -68,7 +68,7 @@ TEST_F(HoverDispatchTest, previewsWithoutAPlace_areNotShownUntilThereIsOne)
     hover(u"Notes"_s);
     loop.advance(2);
     EXPECT_EQ(shown(), u""_s);
-    desk.setDockOrientation(u"bottom"_s);
+    desk.setDockEdge(DockEdge::Bottom);
     loop.advance(2);
     EXPECT_EQ(shown(), u"Notes 1"_s);
     // An item that is gone says of itself that it is nowhere.
@@ -307,11 +307,11 @@ TEST_F(HoverDispatchTest, buttonsOfOneApplication_takeTheRowAlong_andMarkTheirOw
     loop.advance(0.5);
     EXPECT_EQ(marks(), u"-x--"_s);
     EXPECT_EQ(middle() - first, 50) << "beside the button that is hovered now";
-    desk.setDockOrientation(u"nowhere"_s);
+    desk.setDockEdge(std::nullopt);
     hover(u"Notes"_s);
     loop.advance(0.05);
     EXPECT_EQ(shown(), QString()) << "a row has nowhere to go with it";
-    desk.setDockOrientation(u"bottom"_s);
+    desk.setDockEdge(DockEdge::Bottom);
     hover(u"Button"_s);
 
     // The button of a minimised window shows that one alone, also where it was the row's first;

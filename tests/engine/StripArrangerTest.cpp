@@ -51,7 +51,7 @@ TEST_F(StripArrangerTest, iconThatMoves_isWaitedFor_whereItMayMove_butNotForEver
                   desk.dockItemFrame(u"Notes"_s).center().x() - 6);
         leave();
         loop.advance(1);
-        desk.setDockOrientation(u"bottom"_s); // puts the icon back
+        desk.setDockEdge(DockEdge::Bottom); // puts the icon back
     }
 }
 

@@ -33,7 +33,7 @@ protected:
 
 TEST_F(Switcher, selectedEntry_isShownAtTheBottom_andFollowed)
 {
-    desk.setDockOrientation(u"left"_s);
+    desk.setDockEdge(DockEdge::Left);
     open(0);
     ASSERT_EQ(shown(), both);
     EXPECT_EQ(preview(0).window()->frame().y(), preview(1).window()->frame().y());

@@ -68,6 +68,14 @@ TEST_F(SWElementDockTest, item_standsForTheApplicationAtItsPlace)
     ASSERT_TRUE(application);
     EXPECT_EQ(application->pid, notes);
     EXPECT_FALSE(dockItem(u"Trash"_s)->runningApplicationForDockElement());
+    const Pid copy = desk.addApplication({.name = u"Copy"_s}); // started twice, say
+    desk.with([&](SimulatedState& state) {
+        for (auto& item : state.dockItems)
+            if (item.title == u"Notes"_s)
+                item.owner = copy;
+    });
+    EXPECT_EQ(dockItem(u"Notes"_s)->runningApplicationForDockElement()->pid, copy);
+    desk.quitApplication(copy);
     desk.quitApplication(notes);
     desk.addDockItem({u"Notes"_s, ItemKind::Application, application->bundleURL});
     EXPECT_FALSE(dockItem(u"Notes"_s)->runningApplicationForDockElement());

@@ -285,6 +285,8 @@ SimulatedAccessibility::dockAttributes(const SimulatedElement& element)
         {u"AXSize"_s, answer(item.frame.size())},
         {u"AXHidden"_s, answer(m_state.isDockHidden)},
         {u"AXURL"_s, isApplication ? answer(item.url) : unsupported},
+        {u"AXOwner"_s,
+         item.owner != 0 ? answer(makeElement(Kind::Application, item.owner, 0)) : unsupported},
         {u"AXIsApplicationRunning"_s, isApplication ? answer(isRunning) : unsupported},
     };
 }

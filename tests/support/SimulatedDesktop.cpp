@@ -49,10 +49,10 @@ platform::ElementRef SimulatedDesktop::windowElement(WindowID window)
     return makeElement(Kind::Window, state->window(window)->pid, window);
 }
 
-void SimulatedDesktop::setDockOrientation(const QString& orientation)
+void SimulatedDesktop::setDockEdge(std::optional<platform::DockEdge> edge)
 {
     const auto state = m_state.locked();
-    state->dockOrientation = orientation;
+    state->dockEdge = edge;
     state->layOutDock();
 }
 

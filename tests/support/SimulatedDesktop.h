@@ -96,7 +96,7 @@ public:
 
     // The Dock.
     void addDockItem(SimulatedDockItem item) { m_state.locked()->addDockItem(std::move(item)); }
-    void setDockOrientation(const QString& orientation);
+    void setDockEdge(std::optional<platform::DockEdge> edge); ///< null: names what is none
     void setDockFlags(std::optional<int> magnification, std::optional<int> autohide);
     void killDock();
     Pid startDock(); ///< with a new pid and new elements

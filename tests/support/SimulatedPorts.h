@@ -150,12 +150,11 @@ public:
     void synchronize() override
     {
         const auto state = m_state.locked();
-        const QString& edge = state->dockOrientation;
-        m_orientation = edge.isNull() ? std::nullopt : std::optional(edge);
+        m_orientation = state->dockEdge;
         m_magnification = state->dockMagnification;
         m_autohide = state->dockAutohide;
     }
-    std::optional<QString> orientation(const platform::ElementRef&) override
+    std::optional<platform::DockEdge> orientation(const platform::ElementRef&) override
     {
         return m_orientation;
     }
@@ -177,7 +176,7 @@ public:
 
 private:
     SimulatedState& m_state;
-    std::optional<QString> m_orientation;
+    std::optional<platform::DockEdge> m_orientation;
     std::optional<int> m_magnification;
     std::optional<int> m_autohide;
     bool m_tellsFinalPlaces = false;

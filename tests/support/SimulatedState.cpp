@@ -224,15 +224,15 @@ void SimulatedState::layOutDock()
     constexpr double side = 48;
     constexpr double margin = 4;
     const QRectF screen = screens.empty() ? QRectF() : screens.front();
-    const bool isRow = dockOrientation != u"left" && dockOrientation != u"right";
+    const bool isRow = !dockEdge || isHorizontal(*dockEdge);
     const double length = pitch * static_cast<double>(dockItems.size());
     double along = ((isRow ? screen.width() : screen.height()) - length) / 2;
     for (SimulatedDockItem& item : dockItems) {
-        if (dockOrientation == u"top")
+        if (dockEdge == platform::DockEdge::Top)
             item.frame = {along, margin, side, side};
         else if (isRow)
             item.frame = {along, screen.height() - side - margin, side, side};
-        else if (dockOrientation == u"left")
+        else if (dockEdge == platform::DockEdge::Left)
             item.frame = {margin, along, side, side};
         else
             item.frame = {screen.width() - side - margin, along, side, side};

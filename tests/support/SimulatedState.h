@@ -19,6 +19,7 @@
 #include <vector>
 
 #include "platform/Accessibility.h"
+#include "platform/DockEdge.h"
 #include "platform/RunLoop.h"
 #include "platform/StringLiterals.h"
 #include "platform/WindowServer.h"
@@ -117,6 +118,7 @@ struct SimulatedDockItem {
     std::optional<std::vector<WindowID>> chosen{}; ///< of one that was asked for
     QRectF frame{}; ///< accessibility coordinates; the Dock lays its items out
     std::uint32_t id = 0;
+    Pid owner = 0; ///< of an application; 0: the Dock tells its url only
 };
 
 struct SimulatedSwitcherEntry {
@@ -206,7 +208,7 @@ struct SimulatedState {
     std::vector<SimulatedDockItem> dockItems;
     std::uint32_t nextDockItem = 1;
     std::uint32_t hoveredItem = 0; ///< 0 = none
-    QString dockOrientation = u"bottom"_s;
+    std::optional<platform::DockEdge> dockEdge = platform::DockEdge::Bottom;
     std::optional<int> dockMagnification;
     std::optional<int> dockAutohide;
     bool isDockHidden = false; ///< slid out of sight; its items keep their places

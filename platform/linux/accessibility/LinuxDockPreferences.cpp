@@ -19,10 +19,10 @@ DockStatePtr LinuxDockPreferences::dockOf(const ElementRef& item) const
     return dock ? dock : m_docks.firstDock();
 }
 
-std::optional<QString> LinuxDockPreferences::orientation(const ElementRef& item)
+std::optional<DockEdge> LinuxDockPreferences::orientation(const ElementRef& item)
 {
     const DockStatePtr dock = dockOf(item);
-    return dock ? std::optional(edgeName(dock->edge)) : std::nullopt;
+    return dock ? dock->edge : DockEdge::Bottom;
 }
 
 std::optional<int> LinuxDockPreferences::magnification(const ElementRef& item)

@@ -16,7 +16,7 @@ public:
     explicit LinuxDockPreferences(DockModel& docks) : m_docks(docks) {}
 
     void synchronize() override { m_docks.synchronize(); }
-    std::optional<QString> orientation(const ElementRef& item) override;
+    std::optional<DockEdge> orientation(const ElementRef& item) override;
     std::optional<int> magnification(const ElementRef& item) override;
     std::optional<int> autohide(const ElementRef& item) override;
     /// Magnified places are computed, and others taken in only once they stand; by the main thread,

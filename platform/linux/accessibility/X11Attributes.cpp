@@ -234,6 +234,10 @@ constexpr Attribute<DockItemView> dockItemTable[] = {
      [](const Self&, const DockItemView& item) {
          return item.url.isEmpty() ? unsupported() : value(item.url);
      }},
+    {u"AXOwner",
+     [](const Self&, const DockItemView& item) {
+         return item.pid == 0 ? unsupported() : value(X11Element::application(item.pid));
+     }},
 };
 
 using Switcher = SwitcherModel::Selection;
@@ -277,6 +281,10 @@ constexpr Attribute<Entry> switcherEntryTable[] = {
      }},
     {u"AXURL",
      [](const Self&, const Entry& entry) { return value(entry.application.running.bundleURL); }},
+    {u"AXOwner",
+     [](const Self&, const Entry& entry) {
+         return value(X11Element::application(entry.application.running.pid));
+     }},
     {u"AXParent", [](const Self&, const Entry&) { return value(X11Element::switcherList()); }},
     // Where in the list it is cannot be known everywhere.
     {u"AXPosition",

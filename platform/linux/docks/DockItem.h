@@ -14,19 +14,12 @@
 #include <optional>
 #include <vector>
 
+#include "platform/DockEdge.h"
+
 namespace lumbrix::platform
 {
 
-enum class DockEdge { Left, Right, Top, Bottom };
-
-inline bool isHorizontal(DockEdge edge)
-{
-    return edge == DockEdge::Top || edge == DockEdge::Bottom;
-}
-
-/// "left", "right", "top" or "bottom".
-QString edgeName(DockEdge edge);
-/// Null for any other name.
+/// Of "left", "right", "top" or "bottom"; null for any other name.
 std::optional<DockEdge> edgeNamed(const QString& name);
 
 /// Identity of an item while the program runs; 0 = none.

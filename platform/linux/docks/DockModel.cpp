@@ -261,6 +261,7 @@ std::optional<DockItemView> DockModel::item(DockItemId id) const
     DockItemView view{.id = id,
                       .title = {},
                       .url = {},
+                      .pid = 0,
                       .isRunning = false,
                       .isMinimizedWindow = item->isMinimizedWindow,
                       .chosen = item->areChosen ? std::optional(item->windows) : std::nullopt,
@@ -273,6 +274,7 @@ std::optional<DockItemView> DockModel::item(DockItemId id) const
         view.isRunning = application.has_value();
         view.url =
             application ? application->running.bundleURL : QUrl::fromLocalFile(item->desktopFile);
+        view.pid = application ? application->running.pid : 0;
         view.title = entry ? entry->name : QString();
         if (application && view.title.isEmpty())
             view.title = application->running.localizedName;
@@ -292,6 +294,7 @@ std::optional<DockItemView> DockModel::item(DockItemId id) const
             view.isRunning = true;
             view.title = application->running.localizedName;
             view.url = application->running.bundleURL;
+            view.pid = application->running.pid;
             return view;
         }
     }

@@ -25,7 +25,8 @@ namespace lumbrix::platform
 struct DockItemView {
     DockItemId id = 0;
     QString title;
-    QUrl url; ///< of the application; empty for a minimised window
+    QUrl url;             ///< of the application; empty for a minimised window
+    std::int32_t pid = 0; ///< of the application; 0 where it does not run
     bool isRunning = false;
     bool isMinimizedWindow = false;
     /// All that is to be shown, where windows were chosen.

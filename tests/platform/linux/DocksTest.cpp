@@ -287,7 +287,7 @@ TEST_F(DocksTest, places_move_with_a_panel_that_hides)
     m_loop.advance(0.1);
     EXPECT_EQ(titles(), u"Editor Term"_s);
     EXPECT_EQ(*read(dockItems().at(1), "AXPosition").as<QPointF>(), QPointF(252, 770));
-    EXPECT_EQ(m_dockPreferences.orientation(nullptr), u"bottom"_s);
+    EXPECT_EQ(m_dockPreferences.orientation(nullptr), DockEdge::Bottom);
 }
 
 TEST_F(DocksTest, hover_and_menu_are_told_once_to_the_observer_of_the_dock)
@@ -365,7 +365,7 @@ TEST_F(DocksTest, hover_and_menu_are_told_once_to_the_observer_of_the_dock)
 TEST_F(DocksTest, restarted_dock_is_found_again)
 {
     EXPECT_EQ(m_docks.pid(), 0);
-    EXPECT_FALSE(m_dockPreferences.orientation(nullptr));
+    EXPECT_EQ(m_dockPreferences.orientation(nullptr), DockEdge::Bottom);
     addPanel();
     place();
     const ElementRef item = dockItems().at(0);

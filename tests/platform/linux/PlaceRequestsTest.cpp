@@ -58,7 +58,7 @@ TEST_F(PlaceRequestsTest, item_canBeReadLikeADocks_untilItsRowEnds)
     const ElementRef item = host.shown.at(0);
     EXPECT_EQ(*read(item, "AXPosition").as<QPointF>(), QPointF(-1180, 700));
     EXPECT_EQ(*read(item, "AXSize").as<QSizeF>(), QSizeF(60, 40));
-    EXPECT_EQ(m_dockPreferences.orientation(item), u"left"_s);
+    EXPECT_EQ(m_dockPreferences.orientation(item), DockEdge::Left);
     EXPECT_TRUE(*read(item, "AXIsApplicationRunning").as<bool>());
     EXPECT_EQ(text(item, "AXTitle"), u"Editor"_s);
     EXPECT_FALSE(read(item, "AXWindows").ok());
