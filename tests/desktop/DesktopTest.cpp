@@ -11,6 +11,8 @@
 #include <iostream>
 #include <map>
 
+#include "Lumbrix.h"
+
 namespace lumbrix::privatedesk
 {
 
@@ -184,7 +186,21 @@ Result DesktopTest::shows(const Application& application, int milliseconds)
 {
     Result result = testing::AssertionFailure();
     display().waitFor([&] { return bool(result = match(application)); }, patience(milliseconds));
+    if (!result)
+        result << '\n' << inspect().constData();
     return result;
+}
+
+QByteArray DesktopTest::inspect()
+{
+    const auto process =
+        m_desk->session().start(u"inspect"_s, lumbrixBinary(), {u"--inspect"_s}, true);
+    QByteArray report;
+    while (const auto line = process->readLine(patience(10'000)))
+        report += *line + '\n';
+    EXPECT_EQ(process->waitForExit(patience(2000)), 0);
+    EXPECT_TRUE(m_desk->session().log(u"inspect"_s).contains(u"Point at an icon"_s));
+    return report;
 }
 
 Result DesktopTest::showsNothing(int milliseconds)

@@ -62,8 +62,10 @@ protected:
     void hover(const Application& application);
 
     /// Waits until exactly this application's windows are previewed, in any order, each with its
-    /// title and the picture of that window.
+    /// title and the picture of that window. Else tells what "--inspect" says about it.
     Result shows(const Application& application, int milliseconds = 3000);
+    /// The report of "lumbrix --inspect", which must end well.
+    QByteArray inspect();
     /// Waits until no window of Lumbrix is on the screen.
     Result showsNothing(int milliseconds = 3000);
     Result waitUntil(const std::function<bool()>& condition, int milliseconds = 3000);

@@ -15,18 +15,6 @@ namespace lumbrix::privatedesk
 class InspectTest : public DesktopTest
 {
 protected:
-    /// Runs it to its end, which must be a good one.
-    QByteArray inspect()
-    {
-        const auto process =
-            desk().session().start(u"inspect"_s, lumbrixBinary(), {u"--inspect"_s}, true);
-        QByteArray report;
-        while (const auto line = process->readLine(patience(10'000)))
-            report += *line + '\n';
-        EXPECT_EQ(process->waitForExit(patience(2000)), 0);
-        EXPECT_TRUE(desk().session().log(u"inspect"_s).contains(u"Point at an icon"_s));
-        return report;
-    }
     void makeUtility(const AppWindow& window)
     {
         const xcb_atom_t type = display().atom("_NET_WM_WINDOW_TYPE_UTILITY");
