@@ -60,6 +60,8 @@ public:
     virtual std::optional<QPoint> iconOf(const QString& entry, xcb_window_t window) = 0;
     /// The same on the second dock.
     virtual std::optional<QPoint> iconOnSecondDock(const QString& /*entry*/) { return {}; }
+    /// Sends the dock's process a signal, if it runs.
+    void signal(int number) { m_process->signal(number); }
     /// Kills the dock as a crash would.
     virtual void kill();
     /// Starts it again after kill().

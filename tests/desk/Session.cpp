@@ -217,6 +217,13 @@ void Session::startBus()
         qFatal("the message bus did not start:\n%s", qPrintable(logs()));
 }
 
+void Session::restartWindowManager()
+{
+    m_compositor.reset();
+    m_windowManager.reset();
+    startWindowManager();
+}
+
 void Session::startWindowManager()
 {
     const bool own = m_options.compositor && !m_options.picom;

@@ -53,6 +53,9 @@ public:
     QString dataPath(const QString& relative) const { return path(u".local/share/"_s + relative); }
     QString busAddress() const { return m_busAddress; }
     Process& windowManager() { return *m_windowManager; }
+    /// Ends it, if it runs, and starts it with its compositor again.
+    void restartWindowManager();
+    Process& bus() { return *m_bus; }
     QStringList environment() const { return m_environment; }
 
     /// Starts a program inside the session; its output goes to the log of the given name.

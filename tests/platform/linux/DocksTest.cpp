@@ -204,6 +204,8 @@ TEST_F(DocksTest, windows_with_one_place_are_one_item)
     EXPECT_EQ(*read(items[0], "AXSize").as<QSizeF>(), QSizeF(150, 30));
     EXPECT_EQ(*read(items[1], "AXURL").as<QUrl>(), ownerOf(1)->running.bundleURL);
     EXPECT_TRUE(*read(items[1], "AXIsApplicationRunning").as<bool>());
+    EXPECT_EQ(m_accessibility.pidOf(*read(items[1], "AXOwner").as<ElementRef>()),
+              ownerOf(1)->running.pid);
     EXPECT_EQ(m_accessibility.windowIDOf(items[0]), 5U);
     EXPECT_EQ(m_accessibility.windowIDOf(items[1]), std::nullopt); // it has two
 

@@ -1,0 +1,141 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include "storm/Watch.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <memory>
+#include <xcb/xcb.h>
+
+#include "Keys.h"
+
+namespace lumbrix::bench
+{
+
+using namespace std::chrono_literals;
+using namespace Qt::StringLiterals;
+using privatedesk::Panel;
+
+namespace
+{
+
+constexpr auto stray = 3s;       ///< how long a panel may stay without the mouse
+constexpr auto lookEvery = 50ms; ///< often enough for three seconds
+constexpr int nearness = 130;    ///< pixels between an icon and its row, at most
+constexpr int dockNearness = 40; ///< a dock slides and grows
+constexpr std::uint8_t oneKey = 10, escapeKey = 9;
+
+template <class T> using Reply = std::unique_ptr<T, decltype(&std::free)>;
+
+} // namespace
+
+Watch::Watch(privatedesk::Display& display, privatedesk::Process& lumbrix)
+    : m_display(display), m_lumbrix(lumbrix)
+{
+}
+
+void Watch::look()
+{
+    const auto now = Clock::now();
+    if (now - m_lookedAt < lookEvery)
+        return;
+    m_lookedAt = now;
+    if (!m_lumbrix.isRunning()) {
+        wrong("the program has gone");
+        return;
+    }
+    if (m_isBlind || !isMouseElsewhere(m_display.previews())) {
+        m_inOrderAt = now;
+        m_isReported = false;
+    } else if (now - m_inOrderAt > stray && !m_isReported) {
+        m_isReported = true;
+        wrong("panels without the mouse");
+    }
+}
+
+void Watch::wait(std::chrono::milliseconds time)
+{
+    m_display.waitFor(
+        [this] {
+            look();
+            return false;
+        },
+        time);
+}
+
+void Watch::setBlind(bool on)
+{
+    m_isBlind = on;
+    m_inOrderAt = Clock::now();
+}
+
+void Watch::expectRest(const std::string& after)
+{
+    if (!m_display.waitFor([this] { return m_display.panels().empty(); }, 3s))
+        wrong("a window stays after " + after);
+    if (!m_display.waitFor([this] { return isInputFree(); }, 3s))
+        wrong("keys or the pointer stay taken after " + after);
+}
+
+void Watch::wrong(const std::string& what)
+{
+    ++m_wrongs[what];
+    const auto at = std::chrono::duration_cast<std::chrono::seconds>(Clock::now() - m_start);
+    std::printf("WRONG at %lld s: %s\n", static_cast<long long>(at.count()), what.c_str());
+    for (const Panel& panel : m_display.panels())
+        std::printf("  %s '%s' at %d,%d %dx%d\n", qPrintable(panel.role), panel.title.constData(),
+                    panel.geometry.x(), panel.geometry.y(), panel.geometry.width(),
+                    panel.geometry.height());
+    const QPoint pointer = m_display.pointer();
+    std::printf("  the pointer at %d,%d\n", pointer.x(), pointer.y());
+}
+
+bool Watch::isMouseElsewhere(const std::vector<Panel>& panels)
+{
+    if (panels.empty())
+        return false;
+    const QPoint pointer = m_display.pointer();
+    QRect row;
+    for (const Panel& panel : panels)
+        row |= panel.geometry;
+    const auto holds = [&](const QRect& rect, int margin) {
+        return rect.adjusted(-margin, -margin, margin, margin).contains(pointer);
+    };
+    const auto dock = m_display.dockArea();
+    return !holds(row, nearness) && !(dock && holds(*dock, dockNearness));
+}
+
+bool Watch::isInputFree()
+{
+    xcb_connection_t* c = m_display.connection();
+    const xcb_window_t root = m_display.root();
+    const auto pointerCookie =
+        xcb_grab_pointer(c, 0, root, 0, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC, XCB_NONE,
+                         XCB_NONE, XCB_CURRENT_TIME);
+    const Reply<xcb_grab_pointer_reply_t> pointer(xcb_grab_pointer_reply(c, pointerCookie, nullptr),
+                                                  &std::free);
+    xcb_ungrab_pointer(c, XCB_CURRENT_TIME);
+    const auto keyboardCookie =
+        xcb_grab_keyboard(c, 0, root, XCB_CURRENT_TIME, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
+    const Reply<xcb_grab_keyboard_reply_t> keyboard(
+        xcb_grab_keyboard_reply(c, keyboardCookie, nullptr), &std::free);
+    xcb_ungrab_keyboard(c, XCB_CURRENT_TIME);
+    bool isFree = pointer && pointer->status == XCB_GRAB_STATUS_SUCCESS && keyboard &&
+                  keyboard->status == XCB_GRAB_STATUS_SUCCESS;
+    // The keys that a row takes: a number with the key for numbers, and those that leave it.
+    for (const auto& [modifier, key] : {std::pair(XCB_MOD_MASK_4, oneKey),
+                                        {XCB_MOD_MASK_4, privatedesk::twoKey},
+                                        {static_cast<xcb_mod_mask_t>(0), escapeKey}}) {
+        const auto cookie = xcb_grab_key_checked(c, 0, root, static_cast<std::uint16_t>(modifier),
+                                                 key, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
+        const Reply<xcb_generic_error_t> error(xcb_request_check(c, cookie), &std::free);
+        isFree = isFree && !error;
+        xcb_ungrab_key(c, key, root, static_cast<std::uint16_t>(modifier));
+    }
+    xcb_flush(c);
+    return isFree;
+}
+
+} // namespace lumbrix::bench
