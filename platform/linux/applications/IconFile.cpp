@@ -76,13 +76,17 @@ QImage picture(const QByteArray& bytes, int pixels)
 
 QImage readIconFile(const QString& path, int pixels)
 {
-    const QByteArray bytes = readPlainFile(path, maximalBytes);
+    return iconIn(readPlainFile(path, maximalBytes), path.endsWith(u".svg"_s), pixels);
+}
+
+QImage iconIn(const QByteArray& bytes, bool isDrawing, int pixels)
+{
     if (bytes.isEmpty() || pixels <= 0)
         return {};
     QImage icon(pixels, pixels, QImage::Format_ARGB32_Premultiplied);
     icon.fill(Qt::transparent);
     QPainter painter(&icon);
-    if (path.endsWith(u".svg"_s)) {
+    if (isDrawing) {
         if (namesOtherFiles(bytes))
             return {};
         QSvgRenderer drawing(bytes);

@@ -162,6 +162,35 @@ void AccessibleBus::call(const QDBusMessage& message, Answer answer)
     send(m_bus, message, std::move(answer));
 }
 
+void AccessibleBus::childrenOf(const AccessibleRef& element, std::size_t maximum,
+                               Then<std::optional<Refs>> then)
+{
+    call(childrenQuestion(element), [maximum, then = std::move(then)](const QDBusMessage& reply) {
+        if (reply.type() == QDBusMessage::ReplyMessage)
+            then(accessibleRefs(reply, maximum));
+        else
+            then(std::nullopt);
+    });
+}
+
+void AccessibleBus::roleOf(const AccessibleRef& element, Then<std::optional<std::uint32_t>> then)
+{
+    call(roleQuestion(element),
+         [then = std::move(then)](const QDBusMessage& reply) { then(roleIn(reply)); });
+}
+
+void AccessibleBus::nameOf(const AccessibleRef& element, Then<std::optional<QString>> then)
+{
+    call(nameQuestion(element),
+         [then = std::move(then)](const QDBusMessage& reply) { then(nameIn(reply)); });
+}
+
+void AccessibleBus::extentsOf(const AccessibleRef& element, Then<std::optional<QRect>> then)
+{
+    call(extentsQuestion(element),
+         [then = std::move(then)](const QDBusMessage& reply) { then(extentsIn(reply)); });
+}
+
 void AccessibleBus::findApplication(std::int32_t pid, std::function<void(const QString&)> found)
 {
     const QDBusMessage message = registryCall(u"/org/a11y/atspi/accessible/root"_s,

@@ -12,7 +12,7 @@
 #include <memory>
 #include <set>
 
-#include "platform/linux/docks/ButtonMatcher.h"
+#include "platform/linux/docks/AccessibleTree.h"
 #include "platform/linux/docks/SocketProbe.h"
 
 namespace lumbrix::platform
@@ -34,7 +34,7 @@ Q_SIGNALS:
 };
 
 /// Main thread. Starts nothing: where no program has started the bus, it has nothing to tell.
-class AccessibleBus final : public QObject
+class AccessibleBus final : public QObject, public AccessibleTree
 {
     Q_OBJECT
 
@@ -55,6 +55,11 @@ public:
 
     /// `answer` comes from the event loop, after some seconds with an error if need be.
     void call(const QDBusMessage& message, Answer answer);
+    void childrenOf(const AccessibleRef& element, std::size_t maximum,
+                    Then<std::optional<Refs>> then) override;
+    void roleOf(const AccessibleRef& element, Then<std::optional<std::uint32_t>> then) override;
+    void nameOf(const AccessibleRef& element, Then<std::optional<QString>> then) override;
+    void extentsOf(const AccessibleRef& element, Then<std::optional<QRect>> then) override;
     /// The unique name of the process's program on the bus, empty when it has none there.
     void findApplication(std::int32_t pid, std::function<void(const QString&)> found);
     /// From now on these elements are watched, for as long as the connection lasts.

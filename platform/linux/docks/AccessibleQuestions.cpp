@@ -15,6 +15,7 @@ namespace
 {
 
 constexpr int maximalName = 4096; ///< characters, as of windows' titles
+constexpr int maximalCoordinate = 1 << 17;
 
 const QString& accessible()
 {
@@ -78,6 +79,35 @@ std::optional<QString> nameIn(const QDBusMessage& reply)
         return std::nullopt;
     const auto name = reply.arguments().constFirst().value<QDBusVariant>().variant();
     return name.toString().left(maximalName);
+}
+
+QDBusMessage extentsQuestion(const AccessibleRef& element)
+{
+    constexpr quint32 onTheScreen = 0;
+    return QDBusMessage::createMethodCall(element.bus, element.path, u"org.a11y.atspi.Component"_s,
+                                          u"GetExtents"_s)
+           << onTheScreen;
+}
+
+// What is not shown has a place far off.
+std::optional<QRect> extentsIn(const QDBusMessage& reply)
+{
+    if (reply.type() != QDBusMessage::ReplyMessage || reply.signature() != u"(iiii)")
+        return std::nullopt;
+    const auto argument = reply.arguments().constFirst().value<QDBusArgument>();
+    int x = 0;
+    int y = 0;
+    int width = 0;
+    int height = 0;
+    argument.beginStructure();
+    argument >> x >> y >> width >> height;
+    argument.endStructure();
+    const auto isSane = [](int value) {
+        return value > -maximalCoordinate && value < maximalCoordinate;
+    };
+    if (!isSane(x) || !isSane(y) || !isSane(width) || !isSane(height) || width < 1 || height < 1)
+        return std::nullopt;
+    return QRect(x, y, width, height);
 }
 
 } // namespace lumbrix::platform

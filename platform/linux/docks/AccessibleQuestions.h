@@ -4,6 +4,7 @@
 // What may be asked of an element on the accessibility bus, and how the answers read. Any thread.
 #pragma once
 
+#include <QtCore/QRect>
 #include <QtCore/QString>
 #include <QtDBus/QDBusMessage>
 
@@ -30,5 +31,9 @@ std::optional<std::uint32_t> roleIn(const QDBusMessage& reply);
 QDBusMessage nameQuestion(const AccessibleRef& element);
 /// At most as long as windows' titles are; null when the answer is something else.
 std::optional<QString> nameIn(const QDBusMessage& reply);
+
+QDBusMessage extentsQuestion(const AccessibleRef& element);
+/// Null for what is not shown.
+std::optional<QRect> extentsIn(const QDBusMessage& reply);
 
 } // namespace lumbrix::platform

@@ -3,12 +3,9 @@
 
 #include "platform/linux/docks/PanelWalk.h"
 
-#include <QtDBus/QDBusArgument>
-
 #include <algorithm>
 #include <cstdlib>
 
-#include "platform/StringLiterals.h"
 #include "platform/linux/docks/AccessibleQuestions.h"
 #include "platform/linux/docks/IconGeometry.h"
 
@@ -24,7 +21,6 @@ constexpr std::size_t maximalWindows = 64;
 constexpr std::size_t maximalChildren = 300;
 constexpr std::size_t maximalElements = 1500;
 constexpr int maximalScale = 4;
-constexpr int maximalCoordinate = 1 << 17;
 
 // As the protocol numbers them.
 constexpr std::uint32_t checkBox = 7;
@@ -39,86 +35,83 @@ bool isWindowButton(std::uint32_t role)
     return role == toggleButton || role == checkBox || role == radioButton;
 }
 
-QDBusMessage extentsQuestion(const AccessibleRef& element)
-{
-    constexpr quint32 onTheScreen = 0;
-    return QDBusMessage::createMethodCall(element.bus, element.path, u"org.a11y.atspi.Component"_s,
-                                          u"GetExtents"_s)
-           << onTheScreen;
-}
-
-/// Null for what is not shown: that has a place far off.
-std::optional<QRect> extentsIn(const QDBusMessage& reply)
-{
-    if (reply.type() != QDBusMessage::ReplyMessage || reply.signature() != u"(iiii)")
-        return std::nullopt;
-    const auto argument = reply.arguments().constFirst().value<QDBusArgument>();
-    int x = 0;
-    int y = 0;
-    int width = 0;
-    int height = 0;
-    argument.beginStructure();
-    argument >> x >> y >> width >> height;
-    argument.endStructure();
-    const auto isSane = [](int value) {
-        return value > -maximalCoordinate && value < maximalCoordinate;
-    };
-    if (!isSane(x) || !isSane(y) || !isSane(width) || !isSane(height) || width < 1 || height < 1)
-        return std::nullopt;
-    return QRect(x, y, width, height);
-}
-
 } // namespace
 
-PanelWalk::PanelWalk(AccessibleBus& bus, const QString& application, std::vector<DockWindow> panels,
-                     AccessibleRoles roles, Done done)
-    : m_bus(bus), m_root(accessibleRoot(application)), m_panels(std::move(panels)),
+PanelWalk::PanelWalk(AccessibleTree& tree, const QString& application,
+                     std::vector<DockWindow> panels, AccessibleRoles roles, Done done)
+    : m_tree(tree), m_root(accessibleRoot(application)), m_panels(std::move(panels)),
       m_knownRoles(std::move(roles)), m_done(std::move(done))
 {
 }
 
 void PanelWalk::start()
 {
-    ask(childrenQuestion(m_root), [this](const QDBusMessage& reply) {
-        m_result.isAnswered = reply.type() == QDBusMessage::ReplyMessage;
-        for (const AccessibleRef& window : accessibleRefs(reply, maximalWindows))
+    askForChildren(m_root, maximalWindows, [this](const std::optional<Refs>& windows) {
+        m_result.isAnswered = windows.has_value();
+        for (const AccessibleRef& window : windows.value_or(Refs()))
             lookAtWindow(window);
     });
 }
 
 // A program with much to tell is asked little by little: it has other things to do.
-void PanelWalk::ask(const QDBusMessage& message, AccessibleBus::Answer answer)
+void PanelWalk::ask(std::function<void()> question)
 {
-    m_questions.push_back({message, std::move(answer)});
+    m_questions.push_back(std::move(question));
     pump();
 }
 
 void PanelWalk::pump()
 {
     while (m_underWay < maximalUnderWay && !m_questions.empty()) {
-        const Question next = std::move(m_questions.front());
+        const auto next = std::move(m_questions.front());
         m_questions.pop_front();
         ++m_underWay;
-        m_bus.call(next.message,
-                   m_guard.ifAlive([this, answer = next.answer](const QDBusMessage& reply) {
-                       answer(reply);
-                       --m_underWay;
-                       pump();
-                       if (m_underWay == 0) {
-                           const Done done = std::move(m_done);
-                           done(std::move(m_result));
-                       }
-                   }));
+        next();
     }
+}
+
+void PanelWalk::answered()
+{
+    --m_underWay;
+    pump();
+    if (m_underWay == 0) {
+        const Done done = std::move(m_done);
+        done(std::move(m_result));
+    }
+}
+
+template <class Value> PanelWalk::Then<Value> PanelWalk::counted(Then<Value> then)
+{
+    return m_guard.ifAlive([this, then = std::move(then)](const Value& answer) {
+        then(answer);
+        answered();
+    });
+}
+
+void PanelWalk::askForChildren(const AccessibleRef& element, std::size_t maximum,
+                               Then<std::optional<Refs>> then)
+{
+    ask([this, element, maximum, then = std::move(then)] {
+        m_tree.childrenOf(element, maximum, counted(then));
+    });
+}
+
+void PanelWalk::askForExtents(const AccessibleRef& element, Then<QRect> then)
+{
+    ask([this, element, then = std::move(then)] {
+        m_tree.extentsOf(element,
+                         counted<std::optional<QRect>>([then](const std::optional<QRect>& extents) {
+                             if (extents)
+                                 then(*extents);
+                         }));
+    });
 }
 
 // Its other windows (preferences, menus) have buttons, too, but are no panels.
 void PanelWalk::lookAtWindow(const AccessibleRef& window)
 {
-    ask(extentsQuestion(window), [this, window](const QDBusMessage& reply) {
-        const std::optional<QRect> extents = extentsIn(reply);
-        const std::optional<Panel> panel = extents ? panelAt(*extents) : std::nullopt;
-        if (panel) {
+    askForExtents(window, [this, window](const QRect& extents) {
+        if (const std::optional<Panel> panel = panelAt(extents)) {
             m_result.panels[panel->id];
             lookInto(window, *panel, 0);
         }
@@ -151,8 +144,8 @@ void PanelWalk::lookInto(const AccessibleRef& container, const Panel& panel, int
 {
     if (depth >= maximalDepth)
         return;
-    ask(childrenQuestion(container), [this, container, panel, depth](const QDBusMessage& reply) {
-        const std::vector<AccessibleRef> children = accessibleRefs(reply, maximalChildren);
+    const auto look = [this, container, panel, depth](const std::optional<Refs>& told) {
+        const Refs children = told.value_or(Refs());
         const List list{.ref = container, .size = children.size(), .depth = depth};
         for (const AccessibleRef& child : children) {
             if (m_seen.size() >= maximalElements || !m_seen.insert(child).second)
@@ -162,12 +155,16 @@ void PanelWalk::lookInto(const AccessibleRef& container, const Panel& panel, int
                 lookAt(child, known->second, list, panel);
                 continue;
             }
-            ask(roleQuestion(child), [this, child, list, panel](const QDBusMessage& answer) {
-                if (const auto role = roleIn(answer))
-                    lookAt(child, *role, list, panel);
+            ask([this, child, list, panel] {
+                m_tree.roleOf(child, counted<std::optional<std::uint32_t>>(
+                                         [this, child, list, panel](const auto& role) {
+                                             if (role)
+                                                 lookAt(child, *role, list, panel);
+                                         }));
             });
         }
-    });
+    };
+    askForChildren(container, maximalChildren, look);
 }
 
 void PanelWalk::lookAt(const AccessibleRef& element, std::uint32_t role, const List& list,
@@ -182,14 +179,12 @@ void PanelWalk::lookAt(const AccessibleRef& element, std::uint32_t role, const L
 
 void PanelWalk::readButton(const AccessibleRef& element, const List& list, const Panel& panel)
 {
-    ask(extentsQuestion(element), [this, element, list, panel](const QDBusMessage& reply) {
-        const std::optional<QRect> extents = extentsIn(reply);
-        if (!extents || !isIconPlace(*extents))
+    askForExtents(element, [this, element, list, panel](const QRect& extents) {
+        if (!isIconPlace(extents))
             return; // its name does not matter either
-        const QRect place((extents->topLeft() - panel.corner) * panel.scale,
-                          extents->size() * panel.scale);
-        ask(nameQuestion(element), [this, element, list, panel, place](const QDBusMessage& answer) {
-            const std::optional<QString> name = nameIn(answer);
+        const QRect place((extents.topLeft() - panel.corner) * panel.scale,
+                          extents.size() * panel.scale);
+        const auto take = [this, element, list, panel, place](const std::optional<QString>& name) {
             if (!name)
                 return;
             m_result.panels[panel.id].push_back({.ref = element,
@@ -197,6 +192,9 @@ void PanelWalk::readButton(const AccessibleRef& element, const List& list, const
                                                  .name = *name,
                                                  .place = place,
                                                  .siblings = list.size});
+        };
+        ask([this, element, take] {
+            m_tree.nameOf(element, counted<std::optional<QString>>(take));
         });
     });
 }

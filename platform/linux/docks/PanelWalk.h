@@ -12,7 +12,7 @@
 #include <vector>
 
 #include "platform/MainThreadGuard.h"
-#include "platform/linux/docks/AccessibleBus.h"
+#include "platform/linux/docks/AccessibleTree.h"
 #include "platform/linux/docks/DockItem.h"
 
 namespace lumbrix::platform
@@ -33,9 +33,9 @@ public:
     };
     using Done = std::function<void(Result)>;
 
-    /// `panels` are the program's dock windows, `roles` what an earlier walk learned. The bus
+    /// `panels` are the program's dock windows, `roles` what an earlier walk learned. The tree
     /// outlives it.
-    PanelWalk(AccessibleBus& bus, const QString& application, std::vector<DockWindow> panels,
+    PanelWalk(AccessibleTree& tree, const QString& application, std::vector<DockWindow> panels,
               AccessibleRoles roles, Done done);
     PanelWalk(const PanelWalk&) = delete;
     PanelWalk& operator=(const PanelWalk&) = delete;
@@ -44,6 +44,9 @@ public:
     void start();
 
 private:
+    using Refs = AccessibleTree::Refs;
+    template <class Value> using Then = AccessibleTree::Then<Value>;
+
     /// A window of the program that is one of its panels.
     struct Panel {
         xcb_window_t id = XCB_NONE;
@@ -55,13 +58,16 @@ private:
         std::size_t size = 0;
         int depth = 0;
     };
-    struct Question {
-        QDBusMessage message;
-        AccessibleBus::Answer answer;
-    };
 
-    void ask(const QDBusMessage& message, AccessibleBus::Answer answer);
+    void ask(std::function<void()> question);
     void pump();
+    void answered();
+    /// For what an answer to a question that was pumped leads to.
+    template <class Value> Then<Value> counted(Then<Value> then);
+    void askForChildren(const AccessibleRef& element, std::size_t maximum,
+                        Then<std::optional<Refs>> then);
+    /// `then` is left out for what is not shown.
+    void askForExtents(const AccessibleRef& element, Then<QRect> then);
     void lookAtWindow(const AccessibleRef& window);
     void lookInto(const AccessibleRef& container, const Panel& panel, int depth);
     void lookAt(const AccessibleRef& element, std::uint32_t role, const List& list,
@@ -69,13 +75,13 @@ private:
     void readButton(const AccessibleRef& element, const List& list, const Panel& panel);
     std::optional<Panel> panelAt(const QRect& extents) const;
 
-    AccessibleBus& m_bus;
+    AccessibleTree& m_tree;
     const AccessibleRef m_root;
     const std::vector<DockWindow> m_panels;
     const AccessibleRoles m_knownRoles;
     Done m_done;
     Result m_result;
-    std::deque<Question> m_questions;
+    std::deque<std::function<void()>> m_questions;
     int m_underWay = 0;
     std::set<AccessibleRef> m_seen;
     const MainThreadGuard m_guard;

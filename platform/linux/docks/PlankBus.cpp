@@ -4,8 +4,6 @@
 #include "platform/linux/docks/PlankBus.h"
 #include "platform/StringLiterals.h"
 
-#include <QtCore/QRegularExpression>
-#include <QtCore/QSet>
 #include <QtDBus/QDBusPendingCallWatcher>
 #include <QtDBus/QDBusServiceWatcher>
 
@@ -17,9 +15,6 @@ namespace lumbrix::platform
 
 namespace
 {
-
-/// Of one Plank; each is asked.
-constexpr qsizetype maximalDocks = 30;
 
 const QString& plainName()
 {
@@ -39,18 +34,6 @@ QDBusMessage daemonCall(const QString& method, const QVariantList& arguments = {
         u"org.freedesktop.DBus"_s, u"/org/freedesktop/DBus"_s, u"org.freedesktop.DBus"_s, method);
     message.setArguments(arguments);
     return message;
-}
-
-QSet<QString> docksIn(const QDBusMessage& introspection)
-{
-    static const QRegularExpression node(u"<node name=[\"']([A-Za-z0-9_]+)"_s);
-    QSet<QString> names;
-    if (isPlankAnswer(introspection, "s")) {
-        const QString text = introspection.arguments().constFirst().toString();
-        for (auto it = node.globalMatch(text); it.hasNext() && names.size() < maximalDocks;)
-            names.insert(it.next().captured(1));
-    }
-    return names;
 }
 
 } // namespace
@@ -146,7 +129,9 @@ void PlankBus::findDocks(const PlankPtr& plank)
 // Plank has its name on the bus before it has its docks there, and these one after the other.
 void PlankBus::takeDocks(const PlankPtr& plank, const QDBusMessage& reply)
 {
-    const QSet<QString> names = docksIn(reply);
+    const QSet<QString> names = isPlankAnswer(reply, "s")
+                                    ? plankDocksIn(reply.arguments().constFirst().toString())
+                                    : QSet<QString>();
     if (names.isEmpty()) {
         if (++plank->failures <= maximalPlankFailures)
             findDocksAfter(plank, 0.5);

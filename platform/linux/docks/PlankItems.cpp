@@ -5,67 +5,18 @@
 #include "platform/StringLiterals.h"
 
 #include <QtCore/QStringList>
-#include <QtCore/QUrl>
 #include <QtDBus/QDBusPendingCallWatcher>
 
-#include <algorithm>
 #include <memory>
 #include <utility>
 
 namespace lumbrix::platform
 {
 
-namespace
-{
-
-/// More than fit on a screen; each is asked for, and a bus may have room for 128 questions.
-constexpr qsizetype maximalItems = 120;
-
-/// None beyond those that a screen can have, so that reckoning with them stays within bounds.
-int coordinate(const QVariant& value) { return std::clamp(value.toInt(), -0x8000, 0x7fff); }
-
-// As Plank numbers them.
-DockEdge edgeOf(int position)
-{
-    switch (position) {
-    case 0:
-        return DockEdge::Left;
-    case 1:
-        return DockEdge::Right;
-    case 2:
-        return DockEdge::Top;
-    default:
-        return DockEdge::Bottom;
-    }
-}
-
-} // namespace
-
 bool isPlankAnswer(const QDBusMessage& reply, const char* signature)
 {
     return reply.type() == QDBusMessage::ReplyMessage &&
            reply.signature() == QLatin1String(signature);
-}
-
-PlankItems PlankItems::scaledBy(int scale) const
-{
-    PlankItems scaled = *this;
-    for (PlankItem& item : scaled.named)
-        item.hoverPoint *= scale;
-    if (scaled.firstUnnamed)
-        *scaled.firstUnnamed *= scale;
-    return scaled;
-}
-
-std::vector<QPoint> PlankItems::points() const
-{
-    std::vector<QPoint> all;
-    all.reserve(named.size() + 1);
-    for (const PlankItem& item : named)
-        all.push_back(item.hoverPoint);
-    if (firstUnnamed)
-        all.push_back(*firstUnnamed);
-    return all;
 }
 
 PlankItemsQuery::PlankItemsQuery(RunLoop& runLoop, const QDBusConnection& bus, QString owner,
@@ -120,7 +71,7 @@ void PlankItemsQuery::query()
 {
     call(u"GetCount"_s, {}, [this](const QDBusMessage& reply) {
         const int count = isPlankAnswer(reply, "i") ? reply.arguments().constFirst().toInt() : 0;
-        m_count = std::clamp(count, 0, static_cast<int>(maximalItems));
+        m_count = plankItemCount(count);
     });
     call(u"GetPersistentApplications"_s, {}, [this](const QDBusMessage& kept) {
         if (!isPlankAnswer(kept, "as")) {
@@ -133,11 +84,7 @@ void PlankItemsQuery::query()
                 queryFailed();
                 return;
             }
-            QStringList all = uris + running.arguments().constFirst().toStringList();
-            all = all.mid(0, maximalItems);
-            all.append(QString()); // answered with the first item that has no entry
-            all.removeDuplicates();
-            queryPositions(all);
+            queryPositions(plankItemsToAsk(uris, running.arguments().constFirst().toStringList()));
         });
     });
 }
@@ -157,14 +104,7 @@ void PlankItemsQuery::queryPositions(const QStringList& uris)
             if (!isPlankAnswer(reply, "iiib")) {
                 collected->isFailed = true;
             } else if (values[3].toBool()) {
-                const QPoint point(coordinate(values[0]), coordinate(values[1]));
-                const QUrl url(uri);
-                if (uri.isEmpty())
-                    collected->items.firstUnnamed = point;
-                else
-                    collected->items.named.push_back(
-                        {url.isLocalFile() ? url.toLocalFile() : uri, point});
-                collected->items.edge = edgeOf(values[2].toInt());
+                collected->items.add(uri, values[0].toInt(), values[1].toInt(), values[2].toInt());
             }
             if (--collected->missing > 0)
                 return;

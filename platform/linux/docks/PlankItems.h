@@ -5,40 +5,17 @@
 #pragma once
 
 #include <QtCore/QObject>
-#include <QtCore/QPoint>
 #include <QtCore/QString>
 #include <QtDBus/QDBusConnection>
 #include <QtDBus/QDBusMessage>
 
 #include <functional>
-#include <optional>
-#include <vector>
 
 #include "platform/RunLoop.h"
-#include "platform/linux/docks/DockItem.h"
+#include "platform/linux/docks/PlankAnswers.h"
 
 namespace lumbrix::platform
 {
-
-struct PlankItem {
-    QString desktopFile;
-    QPoint hoverPoint;
-};
-
-/// What Plank reports of a dock's items. Those of programs without a desktop entry have no name on
-/// the bus: only their number and the place of the first one are known.
-struct PlankItems {
-    std::vector<PlankItem> named;
-    std::optional<QPoint> firstUnnamed;
-    int count = 0;                  ///< of all items
-    std::optional<DockEdge> edge{}; ///< null until an item has told it
-
-    /// The same with points in root pixels: Plank counts in pixels of its own, of which one is
-    /// `scale` by `scale` on the screen.
-    PlankItems scaledBy(int scale) const;
-    /// The points of all items it tells.
-    std::vector<QPoint> points() const;
-};
 
 /// Main thread. A dock that does not answer leaves the items as they were.
 class PlankItemsQuery final : public QObject

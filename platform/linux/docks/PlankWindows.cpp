@@ -4,13 +4,12 @@
 #include "platform/linux/docks/PlankWindows.h"
 
 #include <algorithm>
-#include <array>
-#include <cstring>
 #include <tuple>
 
 #include <xcb/shape.h>
 
 #include "platform/linux/x11/Connection.h"
+#include "platform/linux/x11/WindowProperties.h"
 
 namespace lumbrix::platform
 {
@@ -19,6 +18,7 @@ namespace
 {
 
 constexpr int maximalScale = 16;
+constexpr std::uint32_t hintLongs = 18;
 
 bool holds(const QRect& bounds, const std::vector<QPoint>& points, int scale)
 {
@@ -63,18 +63,19 @@ int fit(const PlankWithoutWindow& dock, const PlankWindow& window)
 
 int readPlankScale(xcb_connection_t* connection, xcb_window_t window)
 {
-    constexpr std::uint32_t longs = 18;
-    constexpr std::uint32_t resizeIncrementIsSet = 1U << 6;
     const x11::Reply<xcb_get_property_reply_t> reply(
         xcb_get_property_reply(connection,
                                xcb_get_property(connection, 0, window, XCB_ATOM_WM_NORMAL_HINTS,
-                                                XCB_ATOM_WM_SIZE_HINTS, 0, longs),
+                                                XCB_ATOM_WM_SIZE_HINTS, 0, hintLongs),
                                nullptr));
-    std::array<std::uint32_t, longs> hints{};
-    if (!reply || reply->format != 32 ||
-        xcb_get_property_value_length(reply.get()) != static_cast<int>(sizeof hints))
+    return plankScaleIn(x11::PropertyValue{reply.get()}.longs());
+}
+
+int plankScaleIn(std::span<const std::uint32_t> hints)
+{
+    constexpr std::uint32_t resizeIncrementIsSet = 1U << 6;
+    if (hints.size() != hintLongs)
         return 1;
-    std::memcpy(hints.data(), xcb_get_property_value(reply.get()), sizeof hints);
     const std::uint32_t step = hints[9];
     const bool isScale = (hints[0] & resizeIncrementIsSet) != 0 && step == hints[10] && step >= 1 &&
                          step <= maximalScale;

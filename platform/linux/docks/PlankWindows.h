@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <functional>
 #include <optional>
+#include <span>
 #include <vector>
 
 #include "platform/linux/docks/DockItem.h"
@@ -20,6 +21,8 @@ namespace lumbrix::platform
 /// user's sake still counts its points and sizes as before, but has its window resized in steps of
 /// that many. 1 where the window says nothing or nonsense. One round trip; any thread.
 int readPlankScale(xcb_connection_t* connection, xcb_window_t window);
+/// The same of the window's WM_NORMAL_HINTS.
+int plankScaleIn(std::span<const std::uint32_t> hints);
 /// The part of the window that the pointer touches, counted from the window's corner: the bar with
 /// the items, or a strip as long as that while the dock has slid away. Empty when unknown. One
 /// round trip; any thread; the server must have the shape extension.

@@ -9,6 +9,8 @@
 #include <cstring>
 #include <memory>
 
+#include "platform/linux/x11/WindowProperties.h"
+
 namespace lumbrix::platform
 {
 
@@ -40,16 +42,20 @@ std::optional<QMargins> readStrut(xcb_connection_t* connection, xcb_window_t win
         const std::unique_ptr<xcb_get_property_reply_t, Free> reply(xcb_get_property_reply(
             connection, xcb_get_property(connection, 0, window, property, XCB_ATOM_CARDINAL, 0, 4),
             nullptr));
-        if (reply && reply->format == 32 && xcb_get_property_value_length(reply.get()) >= 16) {
-            std::array<std::uint32_t, 4> sides{};
-            std::memcpy(sides.data(), xcb_get_property_value(reply.get()), sizeof sides);
-            const auto side = [&](std::size_t i) {
-                return static_cast<int>(std::min<std::uint32_t>(sides[i], 0x7fff));
-            };
-            return QMargins(side(0), side(2), side(1), side(3));
-        }
+        if (const auto strut = strutIn(x11::PropertyValue{reply.get()}.longs()))
+            return strut;
     }
     return std::nullopt;
+}
+
+std::optional<QMargins> strutIn(std::span<const std::uint32_t> numbers)
+{
+    if (numbers.size() < 4)
+        return std::nullopt;
+    const auto side = [&](std::size_t i) {
+        return static_cast<int>(std::min<std::uint32_t>(numbers[i], 0x7fff));
+    };
+    return QMargins(side(0), side(2), side(1), side(3));
 }
 
 } // namespace lumbrix::platform

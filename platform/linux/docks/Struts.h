@@ -8,7 +8,9 @@
 
 #include <xcb/xcb.h>
 
+#include <cstdint>
 #include <optional>
+#include <span>
 
 namespace lumbrix::platform
 {
@@ -16,5 +18,8 @@ namespace lumbrix::platform
 /// As the window says it in _NET_WM_STRUT_PARTIAL or _NET_WM_STRUT; null when it is gone or has
 /// neither. Two round trips at most; any thread.
 std::optional<QMargins> readStrut(xcb_connection_t* connection, xcb_window_t window);
+
+/// What the numbers of either property say; null when they are too few.
+std::optional<QMargins> strutIn(std::span<const std::uint32_t> numbers);
 
 } // namespace lumbrix::platform

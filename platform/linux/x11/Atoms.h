@@ -68,10 +68,13 @@ class Atoms
 public:
     /// A round trip. An atom that could not be interned is XCB_NONE.
     explicit Atoms(const Connection& connection);
+    /// Each by the number that it has; no server is asked.
+    using Numbers = std::array<xcb_atom_t, static_cast<std::size_t>(AtomName::Count)>;
+    explicit Atoms(const Numbers& numbers) : m_atoms(numbers) {}
     xcb_atom_t operator[](AtomName name) const { return m_atoms[static_cast<std::size_t>(name)]; }
 
 private:
-    std::array<xcb_atom_t, static_cast<std::size_t>(AtomName::Count)> m_atoms{};
+    Numbers m_atoms{};
 };
 
 } // namespace lumbrix::platform::x11
