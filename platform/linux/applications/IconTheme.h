@@ -9,7 +9,8 @@
 
 #include <map>
 #include <mutex>
-#include <vector>
+
+#include "platform/linux/applications/IconThemeIndex.h"
 
 namespace lumbrix::platform
 {
@@ -31,31 +32,19 @@ public:
     QString find(const QString& name, int pixels);
 
 private:
-    struct Directory {
-        QString path; ///< below a theme's folder
-        int smallest = 0;
-        int largest = 0;
-
-        int distanceTo(int pixels) const;
-    };
-    struct Theme {
-        std::vector<Directory> directories;
-        QStringList parents;
-    };
-
     // With m_mutex held.
-    const Theme& theme(const QString& name);
+    const IconThemeIndex& theme(const QString& name);
     QStringList searchOrder();
 
-    Theme readTheme(const QString& name) const;
-    QString findIn(const QString& themeName, const Theme& theme, const QString& name,
+    IconThemeIndex readTheme(const QString& name) const;
+    QString findIn(const QString& themeName, const IconThemeIndex& theme, const QString& name,
                    int pixels) const;
     QString findLoose(const QString& name) const;
 
     const QStringList m_folders;
     const QString m_first;
     std::mutex m_mutex;
-    std::map<QString, Theme> m_themes;
+    std::map<QString, IconThemeIndex> m_themes;
 };
 
 } // namespace lumbrix::platform
