@@ -9,8 +9,10 @@ if(LUMBRIX_SANITIZE)
   add_compile_options(-fsanitize=${LUMBRIX_SANITIZE} -fno-omit-frame-pointer
     -fno-sanitize-recover=all)
   add_link_options(-fsanitize=${LUMBRIX_SANITIZE})
-  # g++ 12 sees null dereferences and uninitialised reads in instrumented Qt and library headers.
-  add_compile_options(-Wno-null-dereference -Wno-maybe-uninitialized -Wno-tsan)
+  if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    # g++ 12 sees null dereferences and uninitialised reads in instrumented Qt and library headers.
+    add_compile_options(-Wno-null-dereference -Wno-maybe-uninitialized -Wno-tsan)
+  endif()
 endif()
 find_program(CCACHE_PROGRAM ccache)
 if(CCACHE_PROGRAM)
