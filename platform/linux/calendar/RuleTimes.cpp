@@ -5,6 +5,8 @@
 
 #include <algorithm>
 
+#include "platform/linux/calendar/EventTimes.h"
+
 namespace lumbrix::platform::ical
 {
 namespace
@@ -101,7 +103,12 @@ std::vector<icaltimetype> ruleTimes(icalrecurrencetype rule, const icaltimetype&
         if (step % 256 == 0 && stop())
             break;
         const icaltimetype time = icalrecur_iterator_next(iterator.get());
-        if (icaltime_is_null_time(time) || wallSecondsOf(time) > until)
+        if (icaltime_is_null_time(time))
+            break;
+        // Before 1752 the library's years have days that ours do not: the 29th of February of 700.
+        if (!isUsable(time))
+            continue;
+        if (wallSecondsOf(time) > until)
             break;
         if (wallSecondsOf(time) >= from)
             times.push_back(time);
