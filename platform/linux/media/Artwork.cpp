@@ -42,6 +42,16 @@ QByteArray readUri(const QString& uri)
     return readPlainFile(url.toLocalFile(), mostBytes);
 }
 
+bool isTooLarge(const QSize& size)
+{
+    return size.width() > largestSide || size.height() > largestSide;
+}
+
+QSize reduced(const QSize& size)
+{
+    return size.scaled(largestSide, largestSide, Qt::KeepAspectRatio).expandedTo({1, 1});
+}
+
 } // namespace
 
 QImage loadArtwork(const QString& uri)
@@ -56,10 +66,14 @@ QImage loadArtwork(const QString& uri)
     const QSize size = plainPictureSize(reader, {"png", "jpeg", "jpg", "gif", "bmp", "webp"});
     if (size.isEmpty() || qint64(size.width()) * size.height() > mostPixels)
         return {};
-    const QSize largest(largestSide, largestSide);
-    if (size.width() > largestSide || size.height() > largestSide)
-        reader.setScaledSize(size.scaled(largest, Qt::KeepAspectRatio).expandedTo({1, 1}));
-    return reader.read();
+    if (isTooLarge(size))
+        reader.setScaledSize(reduced(size));
+    const QImage picture = reader.read();
+    // Some tell the size of a part, which then lies in a larger picture.
+    return isTooLarge(picture.size())
+               ? picture.scaled(reduced(picture.size()), Qt::IgnoreAspectRatio,
+                                Qt::SmoothTransformation)
+               : picture;
 }
 
 } // namespace lumbrix::platform
