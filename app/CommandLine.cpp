@@ -6,12 +6,15 @@
 #include <cstdio>
 #include <string_view>
 
+#include "platform/Log.h"
+
 namespace lumbrix
 {
 namespace
 {
 
-constexpr const char* usageText = "Usage: lumbrix [--inspect | --version | --help]\n";
+constexpr const char* usageText =
+    "Usage: lumbrix [--verbose[=WHAT,...] | --inspect | --version | --help]\n";
 
 constexpr const char* helpText =
     "\n"
@@ -20,6 +23,9 @@ constexpr const char* helpText =
     "\n"
     "      --inspect  after three seconds, tell what is under the mouse and why it has previews\n"
     "                 or has none, and end; also while another Lumbrix runs\n"
+    "      --verbose  tell on standard error why previews come, stay and go, or only of WHAT:\n"
+    "                 %s;\n"
+    "                 with \"titles\" among them the titles of windows, too\n"
     "  -h, --help     show this help and end\n"
     "  -v, --version  show the version and end\n"
     "\n"
@@ -29,6 +35,20 @@ constexpr const char* helpText =
 int printed() { return std::fflush(stdout) == 0 && std::ferror(stdout) == 0 ? 0 : 1; }
 
 constexpr std::string_view inspectOption = "--inspect";
+constexpr std::string_view verboseOption = "--verbose";
+
+/// Whether the option is one to tell more, and names only what there is.
+bool turnsOn(std::string_view option)
+{
+    if (!option.starts_with(verboseOption))
+        return false;
+    option.remove_prefix(verboseOption.size());
+    if (option.empty())
+        return log::turnOn({});
+    return option.front() == '=' && option.size() > 1 &&
+           log::turnOn(QString::fromLocal8Bit(option.data() + 1,
+                                              static_cast<qsizetype>(option.size()) - 1));
+}
 
 } // namespace
 
@@ -47,10 +67,14 @@ std::optional<int> answerCommandLine(int argc, const char* const* argv)
         return printed();
     }
     if (option == "--help" || option == "-h") {
-        std::printf("%s%s", usageText, helpText);
+        std::fputs(usageText, stdout);
+        std::printf(helpText, qUtf8Printable(log::names()));
         return printed();
     }
-    const char* unknown = option == inspectOption ? argv[2] : argv[1]; // it stands alone
+    if (argc == 2 && turnsOn(option))
+        return std::nullopt;
+    const bool isKnown = option == inspectOption || (argc > 2 && turnsOn(option));
+    const char* unknown = isKnown ? argv[2] : argv[1]; // it stands alone
     const char* kind = *unknown == '-' ? "option" : "argument";
     std::fprintf(stderr, "lumbrix: unknown %s '%s'\n%s", kind, unknown, usageText);
     return 2;

@@ -8,9 +8,10 @@
 namespace lumbrix
 {
 
-/// Answers the options that need no desktop: "--version" and "--help" on standard output, anything
-/// that Lumbrix does not know on standard error. To be called before a display is opened, with what
-/// main() received. The status to end with, or nothing when the program is to run.
+/// Turns on what the program is to tell of itself, and answers the options that need no desktop:
+/// "--version" and "--help" on standard output, anything that Lumbrix does not know on standard
+/// error. To be called before a display is opened, with what main() received. The status to end
+/// with, or nothing when the program is to run.
 std::optional<int> answerCommandLine(int argc, const char* const* argv);
 
 /// Whether the program is to run for a report on what is under the mouse, and nothing else.

@@ -8,6 +8,7 @@
 #include "app/HotKeyIdentifiers.h"
 #include "engine/LXHandler.h"
 #include "platform/Desktop.h"
+#include "platform/Log.h"
 #include "platform/RunLoop.h"
 
 namespace lumbrix
@@ -175,9 +176,11 @@ bool SGHotKeyCenter::handleEvent(const TapEvent& event)
     if (found == m_hotKeys.end())
         return false;
     // The release is swallowed with the press, so that no program sees half a key.
-    if (event.type == TapEvent::Type::KeyDown)
+    if (event.type == TapEvent::Type::KeyDown) {
+        qCDebug(log::keys, "%s was pressed", qUtf8Printable((*found)->identifier));
         platform::desktop().runLoop.performOnMainThread([hotKey = *found] { hotKey->action(); },
                                                         false);
+    }
     return true;
 }
 

@@ -19,6 +19,7 @@
 #include "app/inspect/Inspect.h"
 #include "engine/LXHandler.h"
 #include "platform/Desktop.h"
+#include "platform/Log.h"
 #include "platform/linux/LinuxDesktop.h"
 #include "platform/linux/session/SingleInstance.h"
 #include "platform/qt/QtRunLoop.h"
@@ -81,6 +82,7 @@ int inspect(platform::QtRunLoop& runLoop, const platform::LinuxDesktopOptions& o
 
 int main(int argc, char** argv)
 {
+    log::installHandler();
     if (const auto status = answerCommandLine(argc, argv))
         return *status;
     QString error;
@@ -100,6 +102,7 @@ int main(int argc, char** argv)
     // not be kept as long as the toolkit would.
     QPixmapCache::setCacheLimit(4 * 1024);
 
+    qCDebug(log::session, "Lumbrix %s starts", LUMBRIX_VERSION);
     platform::QtRunLoop runLoop;
     platform::LinuxDesktopOptions options;
     options.pixelsPerPoint = application.devicePixelRatio();

@@ -18,6 +18,7 @@
 #include "model/AXRead.h"
 #include "model/Modifiers.h"
 #include "platform/CalendarStore.h"
+#include "platform/Log.h"
 #include "platform/StringLiterals.h"
 #include "platform/WallClock.h"
 #include "preview/EventLine.h"
@@ -73,6 +74,7 @@ void CalPreview::calIconHovered(const SWElementPtr& dockItem)
             m_wanted.dockItem = dockItem; // another element each time that the icon is hovered
         return;
     }
+    qCDebug(log::hover, "a calendar is hovered: its row is today's events");
     engine.removeAllScreenViews();
     // The key that hides the previews of windows is the one that brings up the calendar: the two
     // take turns.
@@ -136,6 +138,8 @@ void CalPreview::showPreview(const SWElementPtr& dockItem, bool isBusyCal)
         return;
     preview->prepareForCal();
     generateCalData(*preview);
+    qCDebug(log::hover, "a row of %lld lines of a calendar",
+            static_cast<long long>(m_lines.size()));
     engine.row().append(preview);
     const auto application = dockItem ? dockItem->runningApplicationForDockElement() : std::nullopt;
     const auto windows = application ? engine.inventory().windowsForPID(application->pid)

@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "engine/HitTest.h"
+#include "platform/Log.h"
 
 namespace lumbrix
 {
@@ -38,8 +39,11 @@ void Dismissal::letGo()
 {
     m.hovered.setShouldInstantShow(false);
     m.hovered.cancelHoverAtRest();
-    if (m.settings.neverClose)
+    if (m.settings.neverClose) {
+        if (!m.row.isEmpty())
+            qCDebug(log::hover, "the mouse has left; the row stays: neverClose is set");
         return;
+    }
     if (m.timers.isSwitcherWatched())
         return; // it decides
     invalidateTimer(m.timers.exit);
@@ -51,34 +55,43 @@ void Dismissal::mouseExitedToOtherIcon()
 {
     m.hovered.cancelHoverAtRest();
     m.hovered.setElement(nullptr);
-    removeAllScreenViews();
+    removeAllScreenViews("the mouse is on an icon that has no previews");
 }
 
 void Dismissal::menuOpened()
 {
-    endAtOnce(); // also what would come up over the menu
+    endAtOnce("a menu of the Dock has opened"); // also what would come up over the menu
 }
 
-void Dismissal::endAtOnce()
+void Dismissal::endAtOnce(const char* why)
 {
     m.hovered.cancelPending();
-    removeAllScreenViewsNOW();
+    removeAllScreenViewsNOW(why);
 }
 
-void Dismissal::removeAllScreenViews()
+void Dismissal::tellEnd(const char* why) const
 {
+    if (!m.row.isEmpty())
+        qCDebug(log::hover, "the row of %zu goes: %s", m.row.previews().size(), why);
+}
+
+void Dismissal::removeAllScreenViews(const char* why)
+{
+    tellEnd(why);
     m.row.takeAwayWithTheNextPass();
     rowEnded();
 }
 
-void Dismissal::removeAllScreenViewsNOW()
+void Dismissal::removeAllScreenViewsNOW(const char* why)
 {
+    tellEnd(why);
     m.row.takeAway();
     rowEnded();
 }
 
-void Dismissal::removeAllScreenViewsLeavingTimersAlone()
+void Dismissal::removeAllScreenViewsLeavingTimersAlone(const char* why)
 {
+    tellEnd(why);
     m.row.takeAway();
     m.companions.helpBubble->hideBubble();
 }
@@ -100,7 +113,7 @@ void Dismissal::removeAllScreenViewsWithCheck()
     const float exitDelay = m.settings.exitDelay;
     if (exitDelay == 0.0F) {
         m.hovered.setElement(nullptr);
-        removeAllScreenViews();
+        removeAllScreenViews("the mouse has left");
         return;
     }
     invalidateTimer(m.timers.exit);
@@ -112,7 +125,7 @@ void Dismissal::removeAllScreenViewsWithCheck()
 void Dismissal::removeAllScreenViewsWithCheckDelayed()
 {
     if (!checkIfPreviewsAreHovered(true))
-        removeAllScreenViews();
+        removeAllScreenViews("the mouse has left, and the delay is over");
 }
 
 QRectF Dismissal::bridgedToDock(const QRectF& frame, const QRectF& icon,

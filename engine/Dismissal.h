@@ -27,18 +27,20 @@ public:
     void dockSelectionEnded();
     /// From now on nothing keeps the row but the mouse.
     void letGo();
+    /// To one that has no previews.
     void mouseExitedToOtherIcon();
     void mouseExitedToClosedApp() { mouseExitedToOtherIcon(); }
     void menuOpened();
-    /// Ends the row at once, and whatever is hovered and still to come up.
-    void endAtOnce();
+    /// Ends the row at once, and whatever is hovered and still to come up. `why` is for the log,
+    /// here and below.
+    void endAtOnce(const char* why);
 
     // Removal: they differ in what happens to the panels and to the timers.
     /// Panels stay on screen until the next pass of the loop, so that a set built at once from the
     /// same panels replaces them without a flicker.
-    void removeAllScreenViews();
-    void removeAllScreenViewsNOW();
-    void removeAllScreenViewsLeavingTimersAlone();
+    void removeAllScreenViews(const char* why);
+    void removeAllScreenViewsNOW(const char* why);
+    void removeAllScreenViewsLeavingTimersAlone(const char* why);
 
     void removeAllScreenViewsWithCheck();
     void removeAllScreenViewsWithCheckDelayed();
@@ -53,6 +55,7 @@ public:
     void setDelayExit(int checks) { m_delayExit = checks; }
 
 private:
+    void tellEnd(const char* why) const;
     void rowEnded();
     /// The frame of a preview and the way to it from the Dock, where the icon is now; empty where
     /// the side is not known.

@@ -5,12 +5,32 @@
 
 #include "engine/HoverRules.h"
 #include "model/Modifiers.h"
+#include "platform/Log.h"
+#include "platform/StringLiterals.h"
 
 namespace lumbrix
 {
 namespace
 {
 constexpr platform::Seconds relaxedUpdateInterval = 1.0;
+
+QString nameFor(const platform::RunningApplication& application)
+{
+    return u"%1 (%2)"_s.arg(application.bundleIdentifier).arg(application.pid);
+}
+
+QString nameFor(const std::optional<platform::RunningApplication>& application)
+{
+    return application ? nameFor(*application) : u"something that does not run"_s;
+}
+
+/// Nothing, where there is something to show.
+template <class Application> void tellNone(const Application& application, HoverVerdict verdict)
+{
+    if (verdict != HoverVerdict::Shows)
+        qCDebug(log::hover, "no row for %s: %s", qUtf8Printable(nameFor(application)),
+                plainWords(verdict));
+}
 } // namespace
 
 void HoverDispatch::iconHovered(const SWElementPtr& element)
@@ -25,13 +45,16 @@ void HoverDispatch::iconHovered(const SWElementPtr& element)
         (!element || !element->isEqualTo(current))) {
         // A row is up and the mouse passes over another icon, perhaps only on its way to the row:
         // wait until it rests.
+        qCDebug(log::hover, "the row stays until the mouse rests on the other icon");
         m.hovered.hoverAtRest(element);
         return;
     }
     m.hovered.cancelHoverAtRest(); // of an icon that the mouse only passed
     m.timers.stopExits();
-    if (isConfirmed && m_dismissal.checkIfPreviewsAreHovered(false))
+    if (isConfirmed && m_dismissal.checkIfPreviewsAreHovered(false)) {
+        qCDebug(log::hover, "the row stays: the mouse is on a preview");
         return;
+    }
     m.hovered.setElement(element);
     if (element && element->isCal()) {
         m.companions.calendarPreview->calIconHovered(element);
@@ -45,12 +68,15 @@ void HoverDispatch::iconHovered(const SWElementPtr& element)
     }
     if (m.row.belongsTo(application, false) && !wereOthers && !areChosen &&
         HoverRules::verdictForPlace(m.ports.dockPreferences, element) == HoverVerdict::Shows) {
+        qCDebug(log::hover, "the row stays: the icon is one of %s",
+                qUtf8Printable(nameFor(application)));
         if (!element->isEqualTo(current))
             moveRow(element);
         return;
     }
-    m_dismissal.removeAllScreenViews();
+    m_dismissal.removeAllScreenViews("another icon is hovered");
     const HoverVerdict verdict = HoverRules::verdictBeforeWindows(m.ports.inputState, m.settings);
+    tellNone(application, verdict);
     if (verdict == HoverVerdict::DockPreviewsOff)
         return;
     if (application && verdict == HoverVerdict::Shows)
@@ -75,16 +101,22 @@ void HoverDispatch::showPreviewsForApplication(const platform::RunningApplicatio
     m.inventory.cleanWindowsArray();
     const auto windows = m.inventory.windowsBehindItem(*element, application);
     const bool areChosen = element->chosenWindows().has_value();
-    if (HoverRules::verdictForWindows(m.ports.inputState, m.settings, windows.size(), areChosen) ==
-        HoverVerdict::Shows)
+    const HoverVerdict verdict =
+        HoverRules::verdictForWindows(m.ports.inputState, m.settings, windows.size(), areChosen);
+    tellNone(application, verdict);
+    if (verdict == HoverVerdict::Shows)
         showPreviews(windows, application, element);
 }
 
 void HoverDispatch::showPreviews(const std::vector<SWElementPtr>& windows,
                                  const Application& application, const SWElementPtr& element)
 {
-    if (HoverRules::verdictForPlace(m.ports.dockPreferences, element) != HoverVerdict::Shows)
+    const HoverVerdict verdict = HoverRules::verdictForPlace(m.ports.dockPreferences, element);
+    tellNone(application, verdict);
+    if (verdict != HoverVerdict::Shows)
         return;
+    qCDebug(log::hover, "a row for %s, of %zu windows", qUtf8Printable(nameFor(application)),
+            windows.size());
     m.hovered.setShouldInstantShow(true);
     m.companions.hotKeyCenter->toggleEventTap(true);
     m.row.append(windows, application, false);
@@ -98,16 +130,19 @@ void HoverDispatch::lumbrixIconHovered(const SWElementPtr& element)
     m.timers.stopExits();
     const Application application =
         element ? element->runningApplicationForDockElement() : std::nullopt;
-    m_dismissal.removeAllScreenViews();
+    m_dismissal.removeAllScreenViews("another icon is hovered");
     // The same rules as in the update, which would take back half a second later what they forbid.
     const HoverVerdict verdict = HoverRules::verdictBeforeWindows(m.ports.inputState, settings);
+    tellNone(application, verdict);
     if (verdict == HoverVerdict::DockPreviewsOff)
         return;
     if (application && verdict == HoverVerdict::Shows) {
         m.inventory.cleanWindowsArray();
         const auto windows = m.inventory.windowsBehindIcon(*application);
-        if (HoverRules::verdictForWindows(m.ports.inputState, settings, windows.size(), true) ==
-            HoverVerdict::Shows)
+        const HoverVerdict forWindows =
+            HoverRules::verdictForWindows(m.ports.inputState, settings, windows.size(), true);
+        tellNone(application, forWindows);
+        if (forWindows == HoverVerdict::Shows)
             showPreviews(windows, application, element);
     }
     armUpdateTimer(element);
@@ -129,7 +164,7 @@ void HoverDispatch::minimizedIconHovered(const SWElementPtr& element)
     if (previews.size() == 1 && window->isEqualTo(previews.front()->elementRef()) &&
         element->isEqualTo(current))
         return;
-    m_dismissal.removeAllScreenViews();
+    m_dismissal.removeAllScreenViews("a minimised window's icon is hovered");
     if (!m.settings.showInDock ||
         HoverRules::verdictForPlace(m.ports.dockPreferences, element) != HoverVerdict::Shows)
         return;

@@ -20,6 +20,27 @@ DockItemKind kindOfDockItem(const platform::Desktop& ports, const platform::Elem
                                                               : DockItemKind::Other;
 }
 
+const char* plainWords(HoverVerdict verdict)
+{
+    switch (verdict) {
+    case HoverVerdict::Shows:
+        return "there is something to show";
+    case HoverVerdict::DockPreviewsOff:
+        return "previews for the Dock are turned off";
+    case HoverVerdict::HidingKeyHeld:
+        return "the key that hides previews is held";
+    case HoverVerdict::NoPlace:
+        return "there is no place beside the icon";
+    case HoverVerdict::NoWindows:
+        return "no window is known that the settings let in";
+    case HoverVerdict::OneWindow:
+        return "there is but one window";
+    case HoverVerdict::ShowingKeyNotHeld:
+        return "the key that shows previews is not held";
+    }
+    return "";
+}
+
 namespace HoverRules
 {
 namespace

@@ -40,6 +40,9 @@ enum class HoverVerdict : std::uint8_t {
     ShowingKeyNotHeld, ///< the key of the setting onlyIfPressed
 };
 
+/// For the log.
+const char* plainWords(HoverVerdict verdict);
+
 namespace HoverRules
 {
 

@@ -139,7 +139,7 @@ void LXHandler::settingsDidChange()
     }
     // Notifications are ignored from now on, so nothing else would ever end it.
     m_hovered.cancelPending();
-    removeAllScreenViews();
+    m_dismissal.removeAllScreenViews("previews have been turned off");
 }
 
 bool LXHandler::isObserving(std::int32_t pid) const
@@ -188,7 +188,7 @@ void LXHandler::appTerminated(std::int32_t pid)
 void LXHandler::appActivated()
 {
     if (m_settings.closeOnClick && m_hovered.element())
-        removeAllScreenViews();
+        m_dismissal.removeAllScreenViews("an application has come forward; closeOnClick is set");
 }
 
 } // namespace lumbrix

@@ -89,11 +89,11 @@ public:
     // How it ends.
     void mouseExited() override { m_dismissal.mouseExited(); }
     void menuOpened() { m_dismissal.menuOpened(); }
-    void removeAllScreenViews() override { m_dismissal.removeAllScreenViews(); }
-    void removeAllScreenViewsNOW() { m_dismissal.removeAllScreenViewsNOW(); }
+    void removeAllScreenViews() override { m_dismissal.removeAllScreenViews(toldTo); }
+    void removeAllScreenViewsNOW() { m_dismissal.removeAllScreenViewsNOW(toldTo); }
     void removeAllScreenViewsLeavingTimersAlone()
     {
-        m_dismissal.removeAllScreenViewsLeavingTimersAlone();
+        m_dismissal.removeAllScreenViewsLeavingTimersAlone(toldTo);
     }
     void closeAllWindows() { m_dismissal.closeAllWindows(); }
     bool shouldInterceptClick(bool perform, bool isTabExit)
@@ -131,6 +131,8 @@ public:
     PlayerControls& playerControls() override { return *m_companions.playerControls; }
 
 private:
+    /// Why a row goes when another part of the program ends it, for the log.
+    static constexpr const char* toldTo = "a click, a key, a setting or a full screen ends it";
     void windowsChanged() override; ///< any thread
     void appLaunched(std::int32_t pid);
     void appTerminated(std::int32_t pid);

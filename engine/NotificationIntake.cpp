@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "model/AXRead.h"
+#include "platform/Log.h"
 
 namespace lumbrix
 {
@@ -113,8 +114,13 @@ void NotificationIntake::handle(const ElementRef& element, const QString& notifi
         return;
     if (notification == AX::WindowCreated) {
         const platform::WindowList list = m.inventory.copyWindowList();
-        if (const SWElementPtr window = SWElement::elementWithElementRef(m.ports, element))
-            m.inventory.processWindow(window, list);
+        if (const SWElementPtr window = SWElement::elementWithElementRef(m.ports, element)) {
+            const WindowVerdict verdict = m.inventory.processWindow(window, list);
+            if (verdict != WindowVerdict::Good)
+                qCDebug(log::windows, "a new window of process %d is left out: %s%s",
+                        m.ports.accessibility.pidOf(element).value_or(0), plainWords(verdict),
+                        qUtf8Printable(log::title(window->getTitle().value_or(QString()))));
+        }
     } else if (notification == AX::UIElementDestroyed) {
         if (SWElement::checkIfWindow(m.ports, element))
             m.inventory.removeWindow(element);

@@ -9,6 +9,7 @@
 #include <optional>
 #include <vector>
 
+#include "platform/Log.h"
 #include "platform/StringLiterals.h"
 #include "platform/Workspace.h"
 #include "preview/NamedImage.h"
@@ -66,6 +67,8 @@ public:
     {
         while (const auto task = next()) {
             const WindowPicture picture = task->window->grabWindow(task->limit);
+            if (picture.image.isNull())
+                qCDebug(log::pictures, "there is no picture of window %#x", task->window->wid());
             for (const Done& done : task->done)
                 done(picture);
             const std::lock_guard lock(m_mutex);
@@ -138,7 +141,10 @@ void PictureLoader::showWhenComplete()
     }
     platform::RunLoop& runLoop = m_ports.runLoop;
     runLoop.cancelPreviousPerformRequests(this);
-    runLoop.performAfterDelay(this, maxHold, [this] { letGo(); });
+    runLoop.performAfterDelay(this, maxHold, [this] {
+        qCDebug(log::pictures, "the row shows with %d pictures missing", m_waiting);
+        letGo();
+    });
 }
 
 void PictureLoader::letGo()

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "engine/HoverRules.h"
+#include "platform/Log.h"
 
 namespace lumbrix
 {
@@ -62,6 +63,8 @@ ScreenyViewPtr PreviewRow::append(const SWElementPtr& window, const Application&
     ScreenyViewPtr preview = m_cache.createScreenyView();
     if (!preview)
         return nullptr;
+    qCDebug(log::hover, "window %#x comes into the row%s", unsigned{window->wid()},
+            qUtf8Printable(log::title(window->getTitle().value_or(QString()))));
     if (byTab)
         preview->setSetByTab(true);
     append(preview);

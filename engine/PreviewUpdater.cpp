@@ -8,6 +8,7 @@
 #include "engine/HoverRules.h"
 #include "model/Modifiers.h"
 #include "model/VisibilityRules.h"
+#include "platform/Log.h"
 
 namespace lumbrix
 {
@@ -44,7 +45,7 @@ void PreviewUpdater::settingsDidChange()
     const SWElementPtr element = m.timers.updated;
     const EngineSettings& settings = m.settings;
     if (!(element && element->isTabIcon() ? settings.showInTab : settings.showInDock)) {
-        m_dismissal.removeAllScreenViews();
+        m_dismissal.removeAllScreenViews("previews of its kind have been turned off");
         return;
     }
     Pass pass;
@@ -81,7 +82,7 @@ void PreviewUpdater::screensDidChange()
     if (!item)
         return;
     if (!m.row.arranger().isOnScreen(item)) {
-        m_dismissal.endAtOnce();
+        m_dismissal.endAtOnce("its screen is gone");
         return;
     }
     layOutAgain(item, {});
@@ -100,12 +101,12 @@ void PreviewUpdater::updateWindows(const SWElementPtr& element)
 {
     const EngineSettings& settings = m.settings;
     if (settings.hidePreviews && isModifierHeld(m.ports.inputState, settings.hidePreviewsKeycode)) {
-        m_dismissal.removeAllScreenViewsLeavingTimersAlone();
+        m_dismissal.removeAllScreenViewsLeavingTimersAlone(plainWords(HoverVerdict::HidingKeyHeld));
         return;
     }
     if (m.row.previews().size() == 1 && element && element->isMinimizedIcon()) {
         if (!updateMinimizedPreview(element))
-            m_dismissal.removeAllScreenViews();
+            m_dismissal.removeAllScreenViews("its window is gone, or not minimised any more");
         return;
     }
     Pass pass;
@@ -118,7 +119,7 @@ void PreviewUpdater::updateWindows(const SWElementPtr& element)
     // Of one that was asked for nothing is left, and nothing comes with a key.
     if (m.hovered.requested().isUp() && m.row.isEmpty() &&
         !HoverRules::waitsForKey(m.ports.inputState, settings))
-        m_dismissal.endAtOnce();
+        m_dismissal.endAtOnce("nothing is left of what was asked for");
 }
 
 bool PreviewUpdater::updateMinimizedPreview(const SWElementPtr&)
@@ -140,9 +141,12 @@ void PreviewUpdater::refreshShown(Pass& pass)
     const auto shown = m.row.previews();
     for (const ScreenyViewPtr& preview : shown) {
         const SWElementPtr window = preview->elementRef();
-        const bool goes = window && (rules.verdictForWindow(*window) != WindowVerdict::Good ||
-                                     !window->checkIfExists());
-        if (goes) {
+        WindowVerdict verdict = window ? rules.verdictForWindow(*window) : WindowVerdict::Good;
+        if (window && verdict == WindowVerdict::Good)
+            verdict = window->judgeExistence();
+        if (verdict != WindowVerdict::Good) {
+            qCDebug(log::hover, "window %#x goes from the row: %s", unsigned{window->wid()},
+                    plainWords(verdict));
             // Nobody sees the mouse leave it, and no icon was left before.
             if (m.hovered.requested().isUp() && preview->isMouseInside())
                 m_dismissal.letGo();
@@ -184,7 +188,8 @@ void PreviewUpdater::followApplication(const SWElementPtr& element, Pass& pass)
     if (!isOwn && !areChosen &&
         VisibilityRules(m.ports, settings).verdictForApplication(application->pid) !=
             WindowVerdict::Good) {
-        m_dismissal.removeAllScreenViewsLeavingTimersAlone();
+        m_dismissal.removeAllScreenViewsLeavingTimersAlone(
+            plainWords(WindowVerdict::ApplicationHidden));
         pass.removed = true;
     }
     m.inventory.cleanWindowsArray();
@@ -199,7 +204,8 @@ void PreviewUpdater::followApplication(const SWElementPtr& element, Pass& pass)
                                      : HoverRules::verdictForWindows(m.ports.inputState, settings,
                                                                      windows.size(), areOthers);
     if (!hasPlace || verdict != HoverVerdict::Shows) {
-        m_dismissal.removeAllScreenViewsLeavingTimersAlone();
+        m_dismissal.removeAllScreenViewsLeavingTimersAlone(
+            plainWords(hasPlace ? verdict : HoverVerdict::NoPlace));
         pass.added = false;
         return;
     }

@@ -66,7 +66,8 @@ RequestedRow::Answer RequestedRow::show(const platform::ElementRef& item)
     m.hovered.cancelHoverAtRest();
     invalidateTimer(m.timers.exitDelay);
     if (element->isCal())
-        m_dismissal.removeAllScreenViews(); // one that shows events already would not move
+        m_dismissal.removeAllScreenViews(
+            "events were asked for"); // one that shows events already would not move
     const SWElementPtr former = m.hovered.requested().begin(element);
     const bool isOnFormer = m_dismissal.checkIfPreviewsAreHovered(false);
     m.hovered.requested().setMouseBefore(
@@ -79,7 +80,7 @@ RequestedRow::Answer RequestedRow::show(const platform::ElementRef& item)
 void RequestedRow::hide(const platform::ElementRef& item)
 {
     if (m.hovered.requested().is(item))
-        m_dismissal.endAtOnce();
+        m_dismissal.endAtOnce("who asked for it has taken it back");
 }
 
 void RequestedRow::mouseLeft(const platform::ElementRef& item)
@@ -95,7 +96,7 @@ void RequestedRow::abandon(const platform::ElementRef& item)
     if (m_dismissal.checkIfPreviewsAreHovered(true))
         m_dismissal.letGo();
     else
-        m_dismissal.endAtOnce();
+        m_dismissal.endAtOnce("who asked for it is gone");
 }
 
 } // namespace lumbrix

@@ -7,6 +7,7 @@
 
 #include "engine/HitTest.h"
 #include "engine/HoverRules.h"
+#include "platform/Log.h"
 
 namespace lumbrix
 {
@@ -25,16 +26,19 @@ void SwitcherWatch::processListIconHovered(const Application& application,
     if (element)
         element->setIsTabIcon(true);
     if (!m.settings.showInTab) {
-        m_dismissal.removeAllScreenViews();
+        m_dismissal.removeAllScreenViews("previews in the switcher are turned off");
         return;
     }
     if (m.row.belongsTo(application, true))
         return;
-    m_dismissal.removeAllScreenViews();
+    m_dismissal.removeAllScreenViews("the switcher selects another application");
     m.inventory.cleanWindowsArray();
     const auto windows =
         application ? m.inventory.windowsForPID(application->pid) : std::vector<SWElementPtr>{};
-    if (HoverRules::verdictInSwitcher(m.settings, windows.size()) == HoverVerdict::Shows) {
+    const HoverVerdict verdict = HoverRules::verdictInSwitcher(m.settings, windows.size());
+    qCDebug(log::hover, "the switcher selects process %d: %s", application ? application->pid : 0,
+            plainWords(verdict));
+    if (verdict == HoverVerdict::Shows) {
         m.hovered.setShouldInstantShow(true);
         m.row.append(windows, application, true);
         m.companions.hotKeyCenter->toggleEventTap(true);
@@ -64,7 +68,7 @@ void SwitcherWatch::tabExitCheck(const SWElementPtr& entry)
     m.hovered.setShouldInstantShow(false);
     if (hasMouseMoved())
         m_dismissal.shouldInterceptClick(true, true);
-    m_dismissal.removeAllScreenViews();
+    m_dismissal.removeAllScreenViews("the switcher has closed");
 }
 
 // Who switches with the keyboard leaves the mouse where it is, and the row may come up just there.

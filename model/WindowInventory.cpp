@@ -7,6 +7,7 @@
 
 #include "model/BundleIdentifiers.h"
 #include "model/VisibilityRules.h"
+#include "platform/Log.h"
 #include "platform/Workspace.h"
 
 namespace lumbrix
@@ -53,6 +54,7 @@ void WindowInventory::removeObject(const SWElementPtr& element)
 {
     {
         const std::lock_guard lock(m_lock);
+        qCDebug(log::windows, "window %#x is forgotten", element->wid());
         for (auto count = std::erase(m_windows, element); count > 0; --count)
             if (const auto found = m_elements.find(element->element()); found != m_elements.end())
                 m_elements.erase(found);
@@ -132,6 +134,8 @@ WindowVerdict WindowInventory::processWindow(const SWElementPtr& element,
         m_windows.push_back(element);
         m_elements.insert(element->element());
     }
+    qCDebug(log::windows, "window %#x of %s is known", element->wid(),
+            qUtf8Printable(element->bundle()));
     m_observer.windowsChanged();
     return WindowVerdict::Good;
 }

@@ -43,4 +43,7 @@ enum class WindowVerdict : std::uint8_t {
     BeyondMost, ///< there are as many previews as fit
 };
 
+/// For the log.
+const char* plainWords(WindowVerdict verdict);
+
 } // namespace lumbrix

@@ -10,7 +10,7 @@
 #include <utility>
 
 #include "app/inspect/InspectionTexts.h"
-#include "app/inspect/PrintableText.h"
+#include "platform/PrintableText.h"
 #include "platform/StringLiterals.h"
 
 namespace lumbrix

@@ -8,10 +8,10 @@
 #include <algorithm>
 
 #include "app/filters/FilterLevelTitle.h"
-#include "app/inspect/PrintableText.h"
 #include "model/Modifiers.h"
 #include "platform/Desktop.h"
 #include "platform/KeyboardLayout.h"
+#include "platform/PrintableText.h"
 #include "platform/StringLiterals.h"
 
 namespace lumbrix

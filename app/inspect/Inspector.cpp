@@ -6,11 +6,11 @@
 #include <algorithm>
 
 #include "app/Defaults.h"
-#include "app/inspect/PrintableText.h"
 #include "engine/StripArranger.h"
 #include "model/AXRead.h"
 #include "model/VisibilityRules.h"
 #include "platform/InputState.h"
+#include "platform/PrintableText.h"
 #include "platform/StringLiterals.h"
 #include "platform/UserDefaults.h"
 

@@ -9,6 +9,7 @@
 
 #include <cstdlib>
 
+#include "platform/Log.h"
 #include "platform/linux/BaseFolders.h"
 #include "platform/linux/ToolkitScale.h"
 #include "platform/linux/accessibility/LinuxDockPreferences.h"
@@ -232,6 +233,15 @@ LinuxDesktop::create(RunLoop& runLoop, const LinuxDesktopOptions& options, QStri
         [&runLoop] { runLoop.performOnMainThread([] { std::exit(1); }, false); }, error);
     if (!core)
         return nullptr;
+    const x11::Extensions& extensions = core->connection().extensions();
+    qCDebug(log::session,
+            "a point has %g pixels; the session bus is %s; the X server has XInput %u.%u%s%s%s%s",
+            options.pixelsPerPoint,
+            QDBusConnection::sessionBus().isConnected() ? "there" : "not there",
+            extensions.xinput.majorVersion, extensions.xinput.minorVersion,
+            extensions.shape.present ? ", SHAPE" : "", extensions.shm.present ? ", MIT-SHM" : "",
+            extensions.randr.present ? ", RANDR" : "",
+            extensions.resource.present ? ", X-Resource" : "");
     return std::make_unique<LinuxDesktopImpl>(runLoop, options, std::move(core));
 }
 

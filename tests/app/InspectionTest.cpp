@@ -6,8 +6,8 @@
 #include "app/inspect/InspectionReport.h"
 #include "app/inspect/InspectionTexts.h"
 #include "app/inspect/Inspector.h"
-#include "app/inspect/PrintableText.h"
 #include "platform/InputState.h"
+#include "platform/PrintableText.h"
 #include "platform/StringLiterals.h"
 #include "tests/support/DesktopFixture.h"
 

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/Log.h"
 #include "platform/linux/calendar/CalendarColor.h"
 
 namespace lumbrix::platform
@@ -104,11 +105,15 @@ LinuxCalendarStore::Known LinuxCalendarStore::readAll(IcalFolder& folder,
               source.color.isValid() ? source.color : colorForUID(source.uid)},
              std::move(contents.occurrences)});
     }
+    qCDebug(log::calendar, "%zu calendars were read%s", answer.calendars.size(),
+            isComplete ? "" : ", not all of them to their end");
     Known known;
     known.calendars.error = isComplete ? CalendarError::None : CalendarError::Failed;
     for (const ReadCalendar& calendar : answer.calendars) {
         known.calendars.calendars.push_back(calendar.calendar);
         append(known.events, calendar, question.local);
+        qCDebug(log::calendar, "a calendar with %zu events%s", calendar.occurrences.size(),
+                qUtf8Printable(log::title(calendar.calendar.title)));
     }
     return known;
 }

@@ -12,6 +12,7 @@
 #include <sys/stat.h>
 #include <utility>
 
+#include "platform/Log.h"
 #include "platform/StringLiterals.h"
 #include "platform/linux/BaseFolders.h"
 #include "platform/linux/defaults/IniValue.h"
@@ -114,6 +115,7 @@ void IniDefaults::change(const QString& key, Change change)
 {
     if (key.isEmpty() || (change.dictionary && key == IniFile::generalSection()))
         return;
+    qCDebug(log::settings, "%s is set", qUtf8Printable(key));
     apply(m_file, key, change);
     m_unsaved.insert_or_assign(key, std::move(change));
 }
@@ -184,6 +186,8 @@ bool IniDefaults::load()
             return false; // keep what is known; a file that cannot be read is not empty
         }
     }
+    qCDebug(log::settings, "%lld bytes were read from %s", static_cast<long long>(bytes.size()),
+            qUtf8Printable(m_path));
     m_bytesOnDisk = bytes;
     m_file = IniFile(bytes, parsedSize);
     for (const auto& [key, change] : m_unsaved)
@@ -222,6 +226,7 @@ bool IniDefaults::write(const QByteArray& bytes)
         tell("saved", fault);
         return false;
     }
+    qCDebug(log::settings, "%lld bytes were saved", static_cast<long long>(bytes.size()));
     m_bytesOnDisk = bytes;
     m_stamp = stampOfFile();
     return true;

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 
+#include "platform/Log.h"
 #include "platform/StringLiterals.h"
 #include "platform/linux/applications/ProcessNames.h"
 
@@ -63,6 +64,8 @@ void DockModel::collect()
         const std::lock_guard lock(m_mutex);
         areItemsChanged = showsOtherItems(m_docks, docks);
         m_docks = std::move(docks);
+        if (areItemsChanged)
+            tellDocks();
         isChanged = updateSelection();
         pid = m_docks.empty() ? 0 : m_docks.front().state->pid;
     }
@@ -72,6 +75,16 @@ void DockModel::collect()
     callOnMainThread(&DockModel::m_changed);
     if (areItemsChanged)
         callOnMainThread(&DockModel::m_itemsChanged);
+}
+
+void DockModel::tellDocks() const
+{
+    if (m_docks.empty())
+        qCDebug(log::dock, "there is no dock");
+    for (const Known& dock : m_docks)
+        qCDebug(log::dock, "%s, process %d, at the %s%s, has %zu icons with a place",
+                dock.provider->name(), dock.state->pid, qUtf8Printable(edgeName(dock.state->edge)),
+                dock.state->isHidden ? " and hidden" : "", dock.state->items.size());
 }
 
 bool DockModel::showsOtherItems(const std::vector<Known>& before, const std::vector<Known>& after)

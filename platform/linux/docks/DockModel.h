@@ -103,6 +103,7 @@ private:
     };
 
     void collect();
+    void tellDocks() const;
     static bool showsOtherItems(const std::vector<Known>& before, const std::vector<Known>& after);
     /// With m_mutex held; whether somebody is to be told.
     bool updateSelection();

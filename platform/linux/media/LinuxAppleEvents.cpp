@@ -7,6 +7,7 @@
 
 #include <algorithm>
 
+#include "platform/Log.h"
 #include "platform/StringLiterals.h"
 #include "platform/linux/applications/Launcher.h"
 #include "platform/linux/media/MailWays.h"
@@ -234,6 +235,9 @@ AppleEventReply LinuxAppleEvents::send(const AppleEventTarget& target, FourCharC
         player->owner, u"/org/mpris/MediaPlayer2"_s, u"org.mpris.MediaPlayer2.Player"_s,
         QString::fromLatin1(command->method));
     const QDBusMessage reply = m_bus.call(call, QDBus::Block, patienceMilliseconds);
+    qCDebug(log::media, "%s was sent to %s: %s", command->method, qUtf8Printable(player->shortName),
+            reply.type() == QDBusMessage::ReplyMessage ? "done"
+                                                       : qUtf8Printable(reply.errorName()));
     return reply.type() == QDBusMessage::ReplyMessage ? answer({})
                                                       : failure(AppleEventError::NotRunning);
 }

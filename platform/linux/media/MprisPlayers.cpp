@@ -10,6 +10,7 @@
 
 #include <algorithm>
 
+#include "platform/Log.h"
 #include "platform/StringLiterals.h"
 #include "platform/linux/applications/ApplicationRoles.h"
 #include "platform/linux/media/Artwork.h"
@@ -156,6 +157,7 @@ void MprisPlayers::forget(const QString& name)
     if (it == m_players.end())
         return;
     const PlayerPtr gone = it->second;
+    qCDebug(log::media, "the player %s has gone", qUtf8Printable(name));
     m_players.erase(it);
     // A player may have two names.
     if (gone->isFollowed && !playerOf(gone->known.owner)) {
@@ -194,6 +196,9 @@ void MprisPlayers::meet(const QString& name, const QString& owner)
              if (about.known.role == ApplicationRole::Other)
                  about.known.role = roleOfApplicationId(about.known.desktopEntry);
              about.isMet = true;
+             qCDebug(log::media, "the player %s, process %lld, is of kind %d",
+                     qUtf8Printable(about.known.shortName), static_cast<long long>(about.known.pid),
+                     static_cast<int>(about.known.role));
              updateArtwork(about);
              publish();
          });
@@ -313,6 +318,9 @@ void MprisPlayers::setArtwork(const QString& owner, const QByteArray& key, const
         if (player->known.owner != owner || !player->isLoading)
             continue;
         player->isLoading = false;
+        if (picture.isNull())
+            qCDebug(log::media, "the artwork that %s names is no plain picture, or too large",
+                    qUtf8Printable(name));
         if (player->artworkKey == key)
             player->known.artwork = picture;
         updateArtwork(*player); // the track may have changed meanwhile

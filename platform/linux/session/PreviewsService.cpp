@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "platform/linux/session/PreviewsService.h"
+#include "platform/Log.h"
 #include "platform/StringLiterals.h"
 
 #include <QtDBus/QDBusArgument>
@@ -105,6 +106,8 @@ void PreviewsService::Hide()
 
 void PreviewsService::answer(const std::optional<RequestError>& error)
 {
+    qCDebug(log::session, "%s asked for previews: %s", qUtf8Printable(message().service()),
+            error ? qUtf8Printable(error->message) : "they show");
     if (!error)
         follow(message().service());
     else if (message().isReplyRequired())

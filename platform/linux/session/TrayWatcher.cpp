@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "platform/linux/session/TrayWatcher.h"
+#include "platform/Log.h"
 #include "platform/StringLiterals.h"
 
 #include <QtDBus/QDBusMessage>
@@ -65,7 +66,10 @@ void TrayWatcher::askWatcher()
 void TrayWatcher::update()
 {
     const bool isAvailable = m_hasHost || m_screen.isTrayRunning();
-    if (std::exchange(m_isAvailable, isAvailable) != isAvailable && m_changed)
+    if (std::exchange(m_isAvailable, isAvailable) == isAvailable)
+        return;
+    qCDebug(log::session, "there is %s tray", isAvailable ? "a" : "no");
+    if (m_changed)
         m_changed();
 }
 

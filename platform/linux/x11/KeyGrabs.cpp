@@ -4,6 +4,7 @@
 #include "platform/linux/x11/KeyGrabs.h"
 
 #include "platform/InputState.h"
+#include "platform/Log.h"
 #include "platform/linux/x11/Connection.h"
 
 #include <algorithm>
@@ -95,6 +96,10 @@ void KeyGrabs::eventsHandled()
                            [&](const Grab& grab) { return grab.key == key; });
     });
     take(grabs, refused);
+    qCDebug(log::keys, "%zu keys are ours", m_held.size());
+    for (const TapKey& key : refused)
+        qCDebug(log::keys, "key %lld with modifiers %#x cannot be had: another program has it",
+                static_cast<long long>(key.keyCode), key.flags);
     const std::lock_guard lock(m_mutex);
     m_refused = std::move(refused);
 }

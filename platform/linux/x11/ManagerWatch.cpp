@@ -3,6 +3,7 @@
 
 #include "platform/linux/x11/ManagerWatch.h"
 
+#include "platform/Log.h"
 #include "platform/linux/x11/Connection.h"
 #include "platform/linux/x11/WindowFetch.h"
 #include "platform/linux/x11/X11WindowTracker.h"
@@ -118,6 +119,8 @@ void ManagerWatch::fetchManager()
         m_manager.name = textIn(name.get());
         m_manager.pid = clientPids(m_connection, std::array{m_check}).front().value_or(0);
     }
+    qCDebug(log::session, "the window manager is %s",
+            m_check == XCB_NONE ? "not there" : qUtf8Printable(m_manager.name));
     std::erase_if(m_windows, [this](const auto& window) { return !isManagers(window.first); });
     m_isChanged = true;
 }

@@ -3,6 +3,7 @@
 
 #include "platform/linux/x11/ScreenWatch.h"
 
+#include "platform/Log.h"
 #include "platform/linux/x11/Connection.h"
 #include "platform/linux/x11/PointSpace.h"
 #include "platform/linux/x11/WindowCommands.h"
@@ -33,6 +34,7 @@ ScreenWatch::ScreenWatch(const Connection& connection, const Atoms& atoms, Windo
     const auto owner = connection.reply(xcb_get_selection_owner_reply,
                                         xcb_get_selection_owner(c, m_compositorSelection));
     m_isCompositorRunning = owner && owner->owner != XCB_NONE;
+    qCDebug(log::session, "a compositor runs: %s", m_isCompositorRunning ? "yes" : "no");
     m_monitors = fetchMonitors();
     arrange();
 }
@@ -92,6 +94,9 @@ bool ScreenWatch::arrange()
         std::rotate(screens.begin(), main, main + 1);
     if (screens.empty() || screens == m_points.screens())
         return false;
+    for (const QRect& screen : screens)
+        qCDebug(log::session, "a screen of %d × %d pixels at %d, %d", screen.width(),
+                screen.height(), screen.x(), screen.y());
     m_points.setScreens(std::move(screens));
     return true;
 }
@@ -115,9 +120,11 @@ void ScreenWatch::handleEvent(const xcb_generic_event_t& event)
         if (notify.selection != m_compositorSelection)
             return;
         const bool isRunning = notify.owner != XCB_NONE;
-        if (m_isCompositorRunning.exchange(isRunning) != isRunning)
+        if (m_isCompositorRunning.exchange(isRunning) != isRunning) {
+            qCDebug(log::session, "the compositor has %s", isRunning ? "come" : "gone");
             m_listeners.notify(
                 [&](WindowListener& listener) { listener.compositorChanged(isRunning); });
+        }
     } else if (isScreenEvent(event)) {
         m_areScreensDirty = true;
     }

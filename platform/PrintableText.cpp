@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-#include "app/inspect/PrintableText.h"
+#include "platform/PrintableText.h"
 #include "platform/StringLiterals.h"
 
 #include <QtCore/QList>
@@ -10,8 +10,6 @@ namespace lumbrix
 {
 namespace
 {
-
-constexpr qsizetype maxCharacters = 300;
 
 bool isToBeEscaped(char32_t character)
 {
@@ -44,7 +42,7 @@ QString escaped(char32_t character)
 
 } // namespace
 
-QString printableText(const QString& text)
+QString printableUpTo(qsizetype maxCharacters, const QString& text)
 {
     QString result;
     // Lone halves of surrogate pairs become replacement characters here.
