@@ -33,7 +33,7 @@ using platform::SingleInstance;
 
 int fail(const QString& reason)
 {
-    std::fprintf(stderr, "lumbrix: %s\n", qUtf8Printable(reason));
+    std::fprintf(stderr, "lumbrix: %s\n", qUtf8Printable(log::oneLine(reason)));
     return 1;
 }
 

@@ -4,9 +4,10 @@
 #include "platform/linux/defaults/ReplaceFile.h"
 #include "platform/StringLiterals.h"
 
-#include <QtCore/QDir>
 #include <QtCore/QFileInfo>
 #include <QtCore/QSaveFile>
+
+#include <sys/stat.h>
 
 namespace lumbrix::platform
 {
@@ -27,16 +28,29 @@ bool writeAll(QSaveFile& file, const QByteArray& bytes)
     return true;
 }
 
+/// Those that are missing are the user's alone. False when there is something else, or no leave.
+bool makeFolder(const QString& path)
+{
+    const QFileInfo folder(path);
+    if (folder.isDir())
+        return true;
+    if (folder.path() == path || !makeFolder(folder.path()))
+        return false;
+    return ::mkdir(QFile::encodeName(path).constData(), S_IRWXU) == 0 || QFileInfo(path).isDir();
+}
+
 } // namespace
 
 QString replaceFile(const QString& path, const QByteArray& bytes)
 {
     const QString folder = QFileInfo(path).path();
-    if (!QDir().mkpath(folder))
+    if (!makeFolder(folder))
         return u"the folder %1 cannot be made"_s.arg(folder);
+    const bool isNew = !QFileInfo::exists(path);
     QSaveFile file(path);
     // Unbuffered: it puts the file in its place even when the rest of a buffer found no room.
     const bool isDone = file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) &&
+                        (!isNew || file.setPermissions(QFile::ReadOwner | QFile::WriteOwner)) &&
                         writeAll(file, bytes) && file.commit();
     return isDone ? QString() : file.errorString();
 }

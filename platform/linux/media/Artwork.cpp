@@ -3,9 +3,7 @@
 
 #include "platform/linux/media/Artwork.h"
 
-#include <QtCore/QBuffer>
 #include <QtCore/QUrl>
-#include <QtGui/QImageReader>
 
 #include "platform/linux/PlainFile.h"
 #include "platform/linux/PlainPicture.h"
@@ -56,19 +54,13 @@ QSize reduced(const QSize& size)
 
 QImage loadArtwork(const QString& uri)
 {
-    QByteArray bytes = readUri(uri);
-    if (bytes.isEmpty())
-        return {};
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::ReadOnly);
-    QImageReader reader(&buffer);
-    reader.setAutoTransform(true);
-    const QSize size = plainPictureSize(reader, {"png", "jpeg", "jpg", "gif", "bmp", "webp"});
-    if (size.isEmpty() || qint64(size.width()) * size.height() > mostPixels)
-        return {};
-    if (isTooLarge(size))
-        reader.setScaledSize(reduced(size));
-    const QImage picture = reader.read();
+    const auto sizeFor = [](QSize size) {
+        if (qint64(size.width()) * size.height() > mostPixels)
+            return QSize();
+        return isTooLarge(size) ? reduced(size) : size;
+    };
+    const QImage picture =
+        readPlainPicture(readUri(uri), {"png", "jpeg", "jpg", "gif", "bmp", "webp"}, sizeFor);
     // Some tell the size of a part, which then lies in a larger picture.
     return isTooLarge(picture.size())
                ? picture.scaled(reduced(picture.size()), Qt::IgnoreAspectRatio,

@@ -107,6 +107,39 @@ TEST_F(IconTest, file_isFittedIntoTheSquareAndTooLargeOnesAreLeft)
         EXPECT_TRUE(readIconFile(write(u"c.svg"_s, text), 32).isNull()) << text.toStdString();
         EXPECT_TRUE(readIconFile(write(u"c.png"_s, text), 32).isNull()) << text.toStdString();
     }
+    // So is what would keep a processor for hours: drawings that draw each other again and again,
+    // or in a circle, rules of style for as many elements, pictures that fill the memory.
+    const auto drawing9 = [](const QByteArray& parts) {
+        return "<svg xmlns='http://www.w3.org/2000/svg' viewBox='0 0 9 9' "
+               "xmlns:xlink='http://www.w3.org/1999/xlink'>" +
+               parts + "</svg>";
+    };
+    const auto use = [](int part) {
+        return "<use xlink:href='#p" + QByteArray::number(part) + "'/>";
+    };
+    const auto tower = [&](int height, int width) {
+        QByteArray parts = "<rect id='p0' width='9' height='9' fill='#00f'/>";
+        for (int i = 0; i < height; ++i)
+            parts +=
+                "<g id='p" + QByteArray::number(i + 1) + "'>" + use(i).repeated(width) + "</g>";
+        return drawing9(parts);
+    };
+    EXPECT_EQ(readIconFile(write(u"d.svg"_s, tower(3, 9)), 32).pixelColor(16, 16),
+              QColor(Qt::blue));
+    QByteArray large;
+    QFile largest(draw(u"largest.png"_s, 2048, 2048));
+    ASSERT_TRUE(largest.open(QIODevice::ReadOnly));
+    large = "<image width='9' height='9' xlink:href='" + data(largest.readAll()) + "'/>";
+    EXPECT_FALSE(readIconFile(write(u"e.svg"_s, drawing9(large)), 32).isNull());
+    for (const QByteArray& text :
+         {tower(20, 1), tower(6, 40),
+          drawing9("<g id='p1'>" + use(2) + "</g><g id='p2'>" + use(1) + "</g>"),
+          drawing9("<style>" + QByteArray("r{fill:red}").repeated(40'000) + "</style>" +
+                   QByteArray("<r/>").repeated(40'000)),
+          drawing9(large + large),
+          drawing9(QByteArray("<g>").repeated(500) + QByteArray("</g>").repeated(500))})
+        ASSERT_TRUE(readIconFile(write(u"f.svg"_s, text), 32).isNull())
+            << text.left(300).toStdString();
     EXPECT_TRUE(readIconFile(draw(u"large.png"_s, 3000, 4), 32).isNull());
     EXPECT_TRUE(readIconFile(write(u"long.png"_s, QByteArray(5'000'000, 'x')), 32).isNull());
     EXPECT_TRUE(readIconFile(write(u"noise.png"_s, "\x89PNG\r\n\x1a\nnoise"), 32).isNull());

@@ -13,6 +13,7 @@
 #include <csignal>
 #include <limits>
 #include <sys/resource.h>
+#include <sys/stat.h>
 
 #include <gtest/gtest.h>
 
@@ -75,6 +76,28 @@ TEST_F(IniDefaultsTest, values_of_every_type_survive_a_new_start)
     EXPECT_EQ(defaults.dictionaryForKey(key("emptyDictionary")), QVariantMap());
     EXPECT_FALSE(defaults.dictionaryForKey(key("never")));
     EXPECT_FALSE(defaults.dictionaryForKey(key("General")));
+}
+
+TEST_F(IniDefaultsTest, new_file_and_its_folders_are_the_users_alone)
+{
+    const auto mode = [](const QString& path) {
+        struct stat status = {};
+        return ::stat(QFile::encodeName(path).constData(), &status) == 0 ? status.st_mode & 0777U
+                                                                         : 0;
+    };
+    const auto change = [this](int value) {
+        IniDefaults defaults(m_path);
+        defaults.setInteger(value, key("value"));
+        return defaults.synchronize();
+    };
+    ASSERT_TRUE(change(1));
+    EXPECT_EQ(mode(m_path), 0600U);
+    EXPECT_EQ(mode(m_folder.filePath(u"config/lumbrix"_s)), 0700U);
+    EXPECT_EQ(mode(m_folder.filePath(u"config"_s)), 0700U);
+    // What the user has chosen stays.
+    ASSERT_EQ(::chmod(QFile::encodeName(m_path).constData(), 0644), 0);
+    ASSERT_TRUE(change(2));
+    EXPECT_EQ(mode(m_path), 0644U);
 }
 
 TEST_F(IniDefaultsTest, what_others_wrote_into_the_file_stays)

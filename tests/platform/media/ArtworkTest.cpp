@@ -5,8 +5,10 @@
 
 #include <QtCore/QBuffer>
 #include <QtCore/QFile>
+#include <QtCore/QLoggingCategory>
 #include <QtCore/QTemporaryDir>
 #include <QtCore/QUrl>
+#include <QtGui/QImageWriter>
 
 #include <sys/stat.h>
 
@@ -40,6 +42,23 @@ QByteArray promise(quint32 width, quint32 height)
     put(18, width);
     put(22, height);
     return bytes;
+}
+
+/// One of eight megabytes that is refined again and again. To unpack all of it takes hours.
+QByteArray endlesslyRefined()
+{
+    QImage image(5000, 5000, QImage::Format_RGB32);
+    image.fill(Qt::red);
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    QImageWriter writer(&buffer, "jpeg");
+    writer.setProgressiveScanWrite(true);
+    writer.write(image);
+    const qsizetype scan = bytes.lastIndexOf("\xff\xda");
+    const qsizetype end = bytes.size() - 2; // the mark of the end
+    const QByteArray again = bytes.mid(scan, end - scan);
+    return bytes.left(end) + again.repeated(8'000'000 / again.size()) + bytes.mid(end);
 }
 
 class ArtworkTest : public testing::Test
@@ -100,6 +119,9 @@ TEST_F(ArtworkTest, everythingElse_isNoPicture)
     };
     for (const QString& uri : uris)
         EXPECT_TRUE(platform::loadArtwork(uri).isNull()) << qPrintable(uri.left(80));
+    QLoggingCategory::setFilterRules(u"qt.gui.imageio*=false"_s);    // that it ends too early
+    platform::loadArtwork(write("endless.jpg", endlesslyRefined())); // comes back
+    QLoggingCategory::setFilterRules({});
 }
 
 } // namespace lumbrix::test
