@@ -3,11 +3,10 @@
 
 #include "platform/Log.h"
 
-#include <QtCore/QStringList>
-
 #include <algorithm>
 #include <atomic>
 #include <cstdio>
+#include <utility>
 
 #include "platform/PrintableText.h"
 #include "platform/StringLiterals.h"
@@ -24,6 +23,11 @@ constexpr QLatin1String titlesToo("titles");
 constexpr qsizetype maxCharacters = 2000;
 
 std::atomic<bool> showsTitles = false;
+QStringList& leftOut()
+{
+    static QStringList beginnings;
+    return beginnings;
+}
 
 bool isSubsystem(const QString& word)
 {
@@ -33,6 +37,10 @@ bool isSubsystem(const QString& word)
 
 void write(QtMsgType type, const QMessageLogContext& context, const QString& message)
 {
+    if (std::ranges::any_of(std::as_const(leftOut()), [&](const QString& beginning) {
+            return message.startsWith(beginning);
+        }))
+        return;
     const QString text = qFormatLogMessage(type, context, message);
     if (!text.isEmpty()) // of an empty pattern
         std::fprintf(stderr, "%s\n", qUtf8Printable(oneLine(text)));
@@ -80,6 +88,8 @@ QString title(const QString& text)
 {
     return showsTitles ? u" “%1”"_s.arg(printableText(text)) : QString();
 }
+
+void leaveOut(const QStringList& beginnings) { leftOut() = beginnings; }
 
 void installHandler() { qInstallMessageHandler(write); }
 

@@ -6,6 +6,7 @@
 
 #include <QtCore/QLoggingCategory>
 #include <QtCore/QString>
+#include <QtCore/QStringList>
 #include <QtCore/QStringView>
 
 namespace lumbrix::log
@@ -38,6 +39,9 @@ QString title(const QString& text);
 /// escaped: neither may hold a text of another program that commands a terminal or looks like
 /// further messages.
 void installHandler();
+/// Messages of the toolkit that begin so are left out from now on, because the program says the
+/// same in other words. Main thread, before others run.
+void leaveOut(const QStringList& beginnings);
 /// What the handler makes of a message: escaped, and of a bounded length.
 QString oneLine(const QString& message);
 

@@ -54,6 +54,9 @@ enum class WorkspaceNotification {
     /// There are other screens, in other places, or another one is the main one: all coordinates
     /// mean something else.
     ScreensDidChange,
+    /// The computer goes to sleep, after which the screen may be locked. Not told on every
+    /// platform.
+    WillSleep,
 };
 
 /// Ends the subscription when destroyed. Main thread.

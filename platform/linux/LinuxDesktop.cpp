@@ -7,6 +7,7 @@
 
 #include <unistd.h>
 
+#include <cstdio>
 #include <cstdlib>
 
 #include "platform/Log.h"
@@ -29,6 +30,7 @@
 #include "platform/linux/session/AutostartItems.h"
 #include "platform/linux/session/PreviewsService.h"
 #include "platform/linux/session/ProgramBundle.h"
+#include "platform/linux/session/SleepWatch.h"
 #include "platform/linux/session/TrayWatcher.h"
 #include "platform/linux/switcher/KWinSettings.h"
 #include "platform/linux/switcher/SwitcherModel.h"
@@ -93,12 +95,18 @@ DockModel::Providers makeDockProviders(RunLoop& runLoop, x11::X11Core& core,
     return providers;
 }
 
+/// At the start of a session the window manager may come later than we do.
+constexpr Seconds timeForWindowManager = 5.0;
+
+/// What a person should know who wonders why something is missing; once.
+void say(const char* what) { std::fprintf(stderr, "lumbrix: %s\n", what); }
+
 class LinuxDesktopImpl final : public LinuxDesktop
 {
 public:
     LinuxDesktopImpl(RunLoop& runLoop, const LinuxDesktopOptions& options,
                      std::unique_ptr<x11::X11Core> core)
-        : m_core(std::move(core)),
+        : m_runLoop(runLoop), m_core(std::move(core)),
           m_entries(DesktopEntries::defaultFolders(), localeSpellings(), clock(runLoop)),
           m_registry(m_core->tracker(), m_entries, readProcessNames,
                      {::getpid(), options.ownBundleIdentifier}, clock(runLoop)),
@@ -162,11 +170,13 @@ public:
         hintMainScreen();
         m_uiMode.start();
         m_core->start();
+        sayWhatIsMissing();
     }
 
     // Listeners go only after the thread that calls them.
     ~LinuxDesktopImpl() override
     {
+        m_runLoop.cancelPreviousPerformRequests(this);
         m_core->stop();
         m_core->windowServer().setOwnerPids(nullptr);
     }
@@ -178,6 +188,19 @@ private:
     static std::function<double()> clock(RunLoop& runLoop)
     {
         return [&runLoop] { return runLoop.now(); };
+    }
+
+    void sayWhatIsMissing()
+    {
+        if (!m_session.isConnected())
+            say("there is no session bus: Plank, players, some trays and a second start go "
+                "unnoticed");
+        if (!m_core->connection().extensions().randr.present)
+            say("the X server lacks the extension RANDR: all monitors count as one");
+        m_runLoop.performAfterDelay(this, timeForWindowManager, [this] {
+            if (!m_core->isWindowManagerRunning())
+                say("there is no window manager: previews come as soon as there is one");
+        });
     }
 
     // The main screen, where coordinates have their origin, is the one that holds the dock.
@@ -192,6 +215,7 @@ private:
         }
     }
 
+    RunLoop& m_runLoop;
     const std::unique_ptr<x11::X11Core> m_core;
     DesktopEntries m_entries;
     ApplicationRegistry m_registry;
@@ -216,6 +240,8 @@ private:
     const RegistryOwnerPids m_ownerPids;
     const Desktop m_ports;
     QRect m_hint;
+    const SleepWatch m_sleep{QDBusConnection::systemBus(),
+                             [this] { m_workspace.tell(WorkspaceNotification::WillSleep, 0); }};
     const ToolkitScale m_scale{[this](double pixelsPerPoint) {
         m_core->setPixelsPerPoint(pixelsPerPoint);
         m_workspace.tell(WorkspaceNotification::DockItemsDidChange, 0); // in points they have

@@ -1,12 +1,17 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
+#include "platform/Log.h"
 #include "platform/StringLiterals.h"
 #include "platform/linux/LinuxDesktop.h"
+#include "platform/linux/x11/Connection.h"
 
 #include <xcb/xcb.h>
 
 #include <memory>
+
+#include <pwd.h>
+#include <unistd.h>
 
 namespace lumbrix::platform
 {
@@ -24,10 +29,23 @@ private:
     xcb_connection_t* const m_connection = xcb_connect(nullptr, nullptr); // never null
 };
 
+/// Where nothing says where the home directory is, the toolkit takes the root directory for it.
+void setHome()
+{
+    if (!qEnvironmentVariableIsEmpty("HOME"))
+        return;
+    const passwd* user = ::getpwuid(::getuid()); // no other thread runs yet
+    if (user && user->pw_dir)
+        qputenv("HOME", user->pw_dir);
+}
+
 } // namespace
 
 std::unique_ptr<LinuxDesktop::DisplayHold> LinuxDesktop::prepareToolkit(QString& error)
 {
+    // What is said in other words here, or by the program's end.
+    log::leaveOut({u"The X11 connection broke"_s, u"There is no XRandR"_s});
+    setHome();
     // In a Wayland session the toolkit would otherwise draw where the docks are not; such sessions
     // also ask it to.
     const QByteArray plugin = qgetenv("QT_QPA_PLATFORM");
@@ -35,8 +53,10 @@ std::unique_ptr<LinuxDesktop::DisplayHold> LinuxDesktop::prepareToolkit(QString&
         qputenv("QT_QPA_PLATFORM", "xcb");
     // Tried here, because the toolkit aborts the program when it finds no display.
     auto connection = std::make_unique<Connection>();
-    if (connection->isOpen())
-        return connection;
+    if (connection->isOpen()) {
+        // Before the toolkit uses it: what is missing may take down a server that is asked for it.
+        return x11::Connection::open({}, error) ? std::move(connection) : nullptr;
+    }
     const QString display = qEnvironmentVariable("DISPLAY");
     if (!display.isEmpty())
         error = u"the X display '%1' cannot be opened"_s.arg(display);

@@ -52,7 +52,10 @@ QString settingsPath(const Session& session)
 std::unique_ptr<Process> startLumbrix(Session& session, const std::function<void()>& approach)
 {
     QFile::remove(session.path(u"logs/lumbrix"_s));
-    auto lumbrix = session.start(u"lumbrix"_s, lumbrixBinary());
+    // The machine's own system bus is none of ours.
+    auto lumbrix =
+        session.start(u"lumbrix"_s, u"env"_s,
+                      {u"DBUS_SYSTEM_BUS_ADDRESS="_s + session.busAddress(), lumbrixBinary()});
 
     using Clock = std::chrono::steady_clock;
     const auto deadline = Clock::now() + patience(15000);

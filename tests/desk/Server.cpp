@@ -75,11 +75,14 @@ Server start(ProcessOptions options)
 
 } // namespace
 
-Server startServer(QSize size, const QStringList& environment, const QString& log)
+Server startServer(QSize size, const QStringList& environment, const QString& log,
+                   const QString& withoutExtension)
 {
     ProcessOptions options;
     options.program = u"Xvfb"_s;
     options.arguments = {u"-screen"_s, u"0"_s, u"%1x%2x24"_s.arg(size.width()).arg(size.height())};
+    if (!withoutExtension.isEmpty())
+        options.arguments += {u"-extension"_s, withoutExtension};
     options.environment = environment;
     options.log = log;
     return start(std::move(options));

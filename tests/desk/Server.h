@@ -28,8 +28,10 @@ struct Server {
     QByteArray display;               ///< as in DISPLAY; empty when it did not start
 };
 
-/// One with a single monitor that stays as it is. Its output goes to the file `log`.
-Server startServer(QSize size, const QStringList& environment, const QString& log);
+/// One with a single monitor that stays as it is. Its output goes to the file `log`. It does
+/// without the extension, if one is named that can be switched off.
+Server startServer(QSize size, const QStringList& environment, const QString& log,
+                   const QString& withoutExtension = {});
 /// One with monitors to be switched on and off: it begins with DUMMY0 alone. Writes into the
 /// folder. Touches neither the machine's console nor its mouse and keyboard.
 Server startMonitorServer(const QString& folder, const QStringList& environment,

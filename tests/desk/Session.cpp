@@ -147,7 +147,8 @@ void Session::startServer()
 {
     const QString log = path(u"logs/server"_s);
     m_server = m_options.monitors.empty()
-                   ? privatedesk::startServer(m_options.size, m_environment, log)
+                   ? privatedesk::startServer(m_options.size, m_environment, log,
+                                              m_options.withoutExtension)
                    : startMonitorServer(m_directory.path(), m_environment, log);
     if (m_server.display.isEmpty())
         qFatal("the X server did not start:\n%s", qPrintable(logs()));
@@ -229,6 +230,8 @@ void Session::startWindowManager()
     const bool own = m_options.compositor && !m_options.picom;
     bool composited = own || m_options.picom;
     switch (m_options.windowManager) {
+    case WindowManager::Absent:
+        return;
     case WindowManager::Openbox:
         m_windowManager = start(u"openbox"_s, u"openbox"_s);
         composited = m_options.picom;

@@ -23,7 +23,7 @@
 namespace lumbrix::privatedesk
 {
 
-enum class WindowManager { Xfwm4, Openbox, Marco, KWin };
+enum class WindowManager { Xfwm4, Openbox, Marco, KWin, Absent };
 
 struct SessionOptions {
     QSize size{1280, 1024};
@@ -34,6 +34,7 @@ struct SessionOptions {
     bool picom = false;         ///< that compositor, and none of the window manager's own
     /// Instead of one of that size; the first one is the primary one.
     std::vector<Monitor> monitors{};
+    QString withoutExtension{}; ///< one that the X server is to do without
 };
 
 /// Main thread. Everything started here ends with it, in the reverse order.

@@ -200,6 +200,16 @@ TEST_F(DismissalTest, activation_closesThePreviewsOfADockItem_whereAsked)
     EXPECT_EQ(shown(), u""_s);
 }
 
+TEST_F(DismissalTest, computerThatGoesToSleep_leavesNothingOnTheScreen)
+{
+    show();
+    settings().neverClose = 1;
+    desk.tellSleep();
+    loop.advance(5); // the mouse is still where it was
+    EXPECT_EQ(shown(), u""_s);
+    EXPECT_EQ(panelsOnScreen(), 0);
+}
+
 // Each check used to enter it again, and start a player twenty times a second.
 TEST_F(DismissalTest, dragOverAPreview_activatesItOncePerEntering)
 {

@@ -9,6 +9,9 @@
 #include <QtCore/QRegularExpression>
 #include <QtCore/QStandardPaths>
 
+#include <cstdio>
+#include <utility>
+
 #include "platform/StringLiterals.h"
 #include "platform/linux/BaseFolders.h"
 #include "platform/linux/PlainFile.h"
@@ -37,9 +40,13 @@ const QString& section()
 
 void writeFile(const QString& path, const QByteArray& bytes)
 {
+    static bool hasTold = false; // it is tried each time that a setting changes
     if (QFileInfo(path).isSymLink())
         QFile::remove(path); // what it points to is not the user's item alone
-    replaceFile(path, bytes);
+    const QString fault = replaceFile(path, bytes);
+    if (!fault.isNull() && !std::exchange(hasTold, true))
+        std::fprintf(stderr, "lumbrix: the login item %s cannot be saved: %s\n",
+                     qUtf8Printable(path), qUtf8Printable(fault));
 }
 
 /// As a value of a desktop entry, where a line is one.

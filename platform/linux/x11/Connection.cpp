@@ -57,8 +57,8 @@ std::unique_ptr<Connection> Connection::open(const std::string& displayName, QSt
         const char* variable = std::getenv("DISPLAY");
         const QString name = QString::fromLocal8Bit(displayName.empty() ? (variable ? variable : "")
                                                                         : displayName.c_str());
-        error = name.isEmpty() ? u"No X display: DISPLAY is not set"_s
-                               : u"Cannot connect to the X display \"%1\""_s.arg(name);
+        error = name.isEmpty() ? u"no X display: DISPLAY is not set"_s
+                               : u"the X display '%1' cannot be opened"_s.arg(name);
         return nullptr;
     }
     connection->m_screen = screenOf(xcb_get_setup(native), number);
@@ -95,7 +95,7 @@ QString Connection::queryExtensions()
     }
     for (const Row& row : rows) {
         if (row.requiredName && !row.extension->present)
-            return u"The X server lacks the extension %1"_s.arg(
+            return u"the X server lacks the extension %1, which Lumbrix needs"_s.arg(
                 QString::fromLatin1(row.requiredName));
     }
 
@@ -123,11 +123,11 @@ QString Connection::queryExtensions()
         }
     }
     if (!m_extensions.composite.atLeast(0, 2))
-        return u"The X server's Composite extension is too old"_s;
+        return u"the X server's Composite extension is too old"_s;
     if (!m_extensions.xinput.atLeast(2, 1))
-        return u"The X server's XInput extension is too old"_s;
+        return u"the X server's XInput extension is too old"_s;
     if (!m_extensions.damage.present || !m_extensions.xfixes.present)
-        return u"The X server's DAMAGE or XFIXES extension does not answer"_s;
+        return u"the X server's DAMAGE or XFIXES extension does not answer"_s;
     return {};
 }
 

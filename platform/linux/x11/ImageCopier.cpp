@@ -217,10 +217,10 @@ QImage ImageCopier::copyThroughSocket(xcb_drawable_t drawable, const QRect& rect
     const std::size_t count = static_cast<std::size_t>(rect.width()) * rect.height();
     if (!reply || static_cast<std::size_t>(xcb_get_image_data_length(reply.get())) < count * 4)
         return {};
+    std::uint8_t* pixels = xcb_get_image_data(reply.get()); // before the reply is handed over
     return QImage(
-        xcb_get_image_data(reply.get()), rect.width(), rect.height(),
-        static_cast<qsizetype>(rect.width()) * 4, format, [](void* memory) { std::free(memory); },
-        reply.release());
+        pixels, rect.width(), rect.height(), static_cast<qsizetype>(rect.width()) * 4, format,
+        [](void* memory) { std::free(memory); }, reply.release());
 }
 
 /// Four bytes a pixel in this machine's order: anything else is long extinct.

@@ -121,6 +121,7 @@ void ManagerWatch::fetchManager()
     }
     qCDebug(log::session, "the window manager is %s",
             m_check == XCB_NONE ? "not there" : qUtf8Printable(m_manager.name));
+    m_isRunning = m_check != XCB_NONE;
     std::erase_if(m_windows, [this](const auto& window) { return !isManagers(window.first); });
     m_isChanged = true;
 }

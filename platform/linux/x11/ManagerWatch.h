@@ -5,6 +5,7 @@
 // the outlines of windows.
 #pragma once
 
+#include <atomic>
 #include <map>
 #include <vector>
 
@@ -28,6 +29,8 @@ public:
 
     void handleEvent(const xcb_generic_event_t& event) override;
     void eventsHandled() override;
+    /// Whether a window manager says that it runs. Any thread.
+    bool isManagerRunning() const { return m_isRunning; }
 
 private:
     void fetchManager();
@@ -44,6 +47,7 @@ private:
     std::vector<xcb_window_t> m_mapped; ///< not looked at yet
     bool m_isManagerDirty = true;
     bool m_isChanged = true;
+    std::atomic<bool> m_isRunning = false;
 };
 
 } // namespace lumbrix::platform::x11

@@ -118,6 +118,8 @@ void X11Core::hearKeys(KeyHearing which)
     m_parts->commands.post([this, which](xcb_timestamp_t) { m_parts->pointer->hearKeys(which); });
 }
 
+bool X11Core::isWindowManagerRunning() const { return m_parts->manager.isManagerRunning(); }
+
 WindowTracker& X11Core::tracker() { return m_parts->tracker; }
 X11WindowServer& X11Core::windowServer() { return m_parts->server; }
 X11InputState& X11Core::inputState() { return m_parts->input; }

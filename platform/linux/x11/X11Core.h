@@ -65,6 +65,8 @@ public:
 
     /// Which keys listeners get, from a moment later on. Any thread.
     void hearKeys(KeyHearing which);
+    /// As far as it is known a moment after start(). Any thread.
+    bool isWindowManagerRunning() const;
 
     WindowTracker& tracker();
     X11WindowServer& windowServer();

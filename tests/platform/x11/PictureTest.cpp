@@ -152,6 +152,16 @@ TEST_P(EachCompositing, windowsDestroyedUnderLoad_harmNobody)
     }));
 }
 
+TEST(Pictures, serverWithoutSharedMemory_handsThemOverTheSocket)
+{
+    SessionOptions options{{800, 600}, WindowManager::Openbox};
+    options.withoutExtension = u"MIT-SHM"_s;
+    Session session(options);
+    X11Desk desk(session);
+    Application app(session, u"alpha"_s);
+    EXPECT_TRUE(desk.waitForColour(app.open("picture", Qt::red), Qt::red));
+}
+
 TEST(Pictures, compositorComingAndGoing_keepsPicturesLive)
 {
     // Its window manager is replaced: a session of its own.
