@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <mutex>
 
+#include "engine/PrivateChoices.h"
 #include "model/AXNames.h"
 #include "preview/SafariPreview.h"
 
@@ -78,6 +79,7 @@ LXHandler::LXHandler(const platform::Desktop& ports, const Companions& companion
 
 LXHandler::~LXHandler()
 {
+    m_ports.privacy.setObserver({});
     m_companions.windowCountBadger->tearDown();
     SWElement::setFilterLevels(nullptr);
 }
@@ -86,6 +88,9 @@ void LXHandler::setUp()
 {
     m_filters.setFilters(FilterTable::getFiltersDictionary(m_ports.userDefaults));
     SWElement::setFilterLevels(&m_filters);
+    m_privateChoices = PrivateChoices::stored(m_ports.userDefaults);
+    m_ports.privacy.setChoices(m_privateChoices);
+    m_ports.privacy.setObserver([this] { awayChanged(); });
     SafariPreview::sharedPreview(m_ports.runLoop);
 
     using platform::WorkspaceNotification;
@@ -124,6 +129,25 @@ void LXHandler::setFilters(const QVariantMap& filters)
                                  [this](const platform::Thread&) { m_inventory.windowScanner(); });
     if (isShowingPreviews())
         m_updater.updateNow();
+}
+
+void LXHandler::setPrivateChoices(const platform::Privacy::Choices& choices)
+{
+    m_privateChoices = choices;
+    m_ports.privacy.setChoices(choices);
+    forgetPictures();
+}
+
+void LXHandler::awayChanged()
+{
+    if (m_ports.privacy.isAway())
+        forgetPictures();
+}
+
+void LXHandler::forgetPictures()
+{
+    m_dismissal.endAtOnce();
+    clearCache(); // what was painted stays with a panel
 }
 
 void LXHandler::windowScannerThread(const platform::Thread& self)

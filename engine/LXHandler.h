@@ -30,6 +30,7 @@
 #include "platform/Accessibility.h"
 #include "platform/Desktop.h"
 #include "platform/MainThreadGuard.h"
+#include "platform/Privacy.h"
 #include "platform/RunLoop.h"
 #include "platform/Workspace.h"
 #include "preview/PreviewHost.h"
@@ -66,6 +67,10 @@ public:
     /// In force at once: previews of windows that the new levels leave out go, windows that they
     /// let in are looked for.
     void setFilters(const QVariantMap& filters);
+
+    const platform::Privacy::Choices& privateChoices() const { return m_privateChoices; }
+    /// In force at once: a row that is up goes, with every picture.
+    void setPrivateChoices(const platform::Privacy::Choices& choices);
 
     PreviewRow& row() { return m_row; }
     HoveredItem& hovered() { return m_hovered; }
@@ -134,6 +139,9 @@ private:
     /// Why a row goes when another part of the program ends it, for the log.
     static constexpr const char* toldTo = "a click, a key, a setting or a full screen ends it";
     void windowsChanged() override; ///< any thread
+    void awayChanged();
+    /// Ends what is shown, and drops whatever was ever painted of a window.
+    void forgetPictures();
     void appLaunched(std::int32_t pid);
     void appTerminated(std::int32_t pid);
     void appActivated();
@@ -143,6 +151,7 @@ private:
     EngineSettings m_settings;
     const Companions m_companions;
     FilterTable m_filters;
+    platform::Privacy::Choices m_privateChoices;
     WindowInventory m_inventory;
     std::atomic<bool> m_isBadgingRequested{false}; ///< and not yet done
     std::vector<std::unique_ptr<SWObserver>> m_observers;

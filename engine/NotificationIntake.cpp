@@ -7,6 +7,7 @@
 
 #include "model/AXRead.h"
 #include "platform/Log.h"
+#include "platform/Privacy.h"
 
 namespace lumbrix
 {
@@ -124,6 +125,8 @@ void NotificationIntake::handle(const ElementRef& element, const QString& notifi
     } else if (notification == AX::UIElementDestroyed) {
         if (SWElement::checkIfWindow(m.ports, element))
             m.inventory.removeWindow(element);
+    } else if (m.ports.privacy.isAway()) {
+        return; // a mouse that moves over a locked screen may be anybody's
     } else if (notification == AX::SelectedChildrenChanged) {
         dockSelectionChanged(element, delays);
     } else if (notification == AX::FocusedUIElementChanged) {

@@ -6,6 +6,7 @@
 #include "engine/HitTest.h"
 #include "engine/HoverRules.h"
 #include "model/Modifiers.h"
+#include "platform/Privacy.h"
 
 namespace lumbrix
 {
@@ -25,7 +26,7 @@ void RequestedRow::setUp()
 RequestedRow::Answer RequestedRow::judge(const SWElement& element) const
 {
     const EngineSettings& settings = m.settings;
-    if (settings.disabled)
+    if (settings.disabled || m.ports.privacy.isAway())
         return Answer::Disabled;
     if (element.isCal()) {
         // Today's events may come later. They wait for no key, and one that hides windows has them.

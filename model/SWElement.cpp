@@ -5,6 +5,7 @@
 
 #include "model/AXRead.h"
 #include "model/UIElementUtilities.h"
+#include "platform/Privacy.h"
 #include "platform/StringLiterals.h"
 #include "platform/Workspace.h"
 
@@ -66,13 +67,15 @@ std::optional<QString> SWElement::titleFrom(const platform::AXResult& read) cons
 std::optional<QSizeF> SWElement::sizeToCapture() const
 {
     const WindowID window = m_wid;
-    if (!window)
+    if (!window || isPrivate())
         return std::nullopt;
     const auto bounds = m_ports.windowServer.windowBounds(window);
     if (!bounds || bounds->width() == 0 || bounds->height() == 0)
         return std::nullopt;
     return bounds->size();
 }
+
+bool SWElement::isPrivate() const { return m_ports.privacy.isPrivate(bundle()); }
 
 WindowPicture SWElement::grabWindow(QSize limit) const
 {

@@ -112,6 +112,8 @@ public:
     }
     /// The same, and what it ends at.
     WindowVerdict matchWindow(const platform::WindowList& windowList);
+    /// Whether it is of an application that no pictures are made of; those below are null then.
+    bool isPrivate() const;
     /// Captures the window; a limit (pixels) reduces the picture to what just fits. Keeps nothing:
     /// the part that shows the window makes it the screenshot, so that a picture that comes late
     /// does not stay with a window that nobody looks at any more.

@@ -17,6 +17,7 @@ class InputState;
 class KeyboardLayout;
 class LoginItems;
 class PreviewRequests;
+class Privacy;
 class RunLoop;
 class StatusBar;
 class UserDefaults;
@@ -42,6 +43,7 @@ struct Desktop {
     CalendarStore& calendarStore;
     WallClock& wallClock;
     PreviewRequests& previewRequests;
+    Privacy& privacy;
 };
 
 /// The installed desktop, for app/ alone: what is below is given its ports. Any thread; calling it

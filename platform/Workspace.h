@@ -20,7 +20,15 @@ namespace lumbrix::platform
 /// What an application is to its user, where a platform has other programs of the kind than those
 /// that the rules know by their own identifiers. Every standard window of a music player is its
 /// main window, whatever its title says.
-enum class ApplicationRole { Other, MusicPlayer, MoviePlayer, VLC, Mail, Calendar };
+enum class ApplicationRole {
+    Other,
+    MusicPlayer,
+    MoviePlayer,
+    VLC,
+    Mail,
+    Calendar,
+    PasswordManager, ///< or what else shows secrets for a living
+};
 
 /// A snapshot; pid identifies the application.
 struct RunningApplication {

@@ -23,7 +23,7 @@ constexpr platform::Seconds zoomRefreshInterval = 0.5;
 
 void ScreenyView::showZoom(bool arm)
 {
-    if (!m_elementRef || !m_host.settings().zoomWindows)
+    if (!m_elementRef || !m_host.settings().zoomWindows || m_elementRef->isPrivate())
         return;
     if (arm)
         armZoom();

@@ -106,6 +106,10 @@
         <translation>&amp;Filter:</translation>
     </message>
     <message>
+        <source>&amp;Private: show its icon, never a picture</source>
+        <translation>&amp;Privat: das Symbol zeigen, nie ein Bild</translation>
+    </message>
+    <message>
         <source>Cancel</source>
         <translation>Abbrechen</translation>
     </message>
@@ -876,8 +880,8 @@
 <context>
     <name>PreferencesFilters</name>
     <message>
-        <source>A filter decides which windows of an application are previewed.</source>
-        <translation>Ein Filter bestimmt, welche Fenster einer Anwendung Vorschauen haben.</translation>
+        <source>A filter decides which windows of an application are previewed, and whether by pictures. Password managers show their icon instead, unless a filter says otherwise.</source>
+        <translation>Ein Filter bestimmt, welche Fenster einer Anwendung Vorschauen haben, und ob mit Bildern. Passwortverwaltungen zeigen statt dessen ihr Symbol, wenn kein Filter etwas anderes sagt.</translation>
     </message>
     <message>
         <source>Filters</source>
@@ -1119,6 +1123,10 @@ Freie Software unter der MIT-Lizenz</translation>
     <message>
         <source>Filter</source>
         <translation>Filter</translation>
+    </message>
+    <message>
+        <source>%1, private</source>
+        <translation>%1, privat</translation>
     </message>
 </context>
 <context>

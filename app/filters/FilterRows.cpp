@@ -10,6 +10,8 @@
 #include "app/filters/FilterLevelTitle.h"
 #include "app/filters/FilterSubject.h"
 #include "engine/LXHandler.h"
+#include "platform/Desktop.h"
+#include "platform/Privacy.h"
 
 namespace lumbrix
 {
@@ -37,9 +39,19 @@ void FilterRows::reload()
     m_rows.clear();
     const QVariantMap filters = LXHandler::sharedHandler().filters();
     for (auto it = filters.cbegin(); it != filters.cend(); ++it)
-        m_rows.push_back(
-            {it.key(), FilterSubject::name(it.key()), FilterTable::levelOf(it.value())});
+        append(it.key(), FilterTable::levelOf(it.value()));
+    QStringList others = LXHandler::sharedHandler().privateChoices().keys();
+    others.sort();
+    for (const QString& bundle : others)
+        if (!filters.contains(bundle))
+            append(bundle, SWElement::filterLevelOf(bundle).level);
     endResetModel();
+}
+
+void FilterRows::append(const QString& bundle, int level)
+{
+    const bool isPrivate = platform::desktop().privacy.isPrivate(bundle);
+    m_rows.push_back({bundle, FilterSubject::name(bundle), level, isPrivate});
 }
 
 QString FilterRows::getRowName(int row) const
@@ -59,6 +71,11 @@ int FilterRows::getRowLevel(int row) const
     return m_rows.at(static_cast<std::size_t>(row)).level;
 }
 
+bool FilterRows::isRowPrivate(int row) const
+{
+    return m_rows.at(static_cast<std::size_t>(row)).isPrivate;
+}
+
 int FilterRows::rowOfBundle(const QString& bundle) const
 {
     const auto found = std::ranges::find(m_rows, bundle, &Row::bundle);
@@ -70,7 +87,7 @@ QString FilterRows::objectValue(const QString& columnIdentifier, int row) const
     if (columnIdentifier == identifiers[ApplicationColumn])
         return getRowName(row);
     if (columnIdentifier == identifiers[FilterColumn])
-        return getRowFilter(row);
+        return isRowPrivate(row) ? tr("%1, private").arg(getRowFilter(row)) : getRowFilter(row);
     return {};
 }
 

@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 
 // The rows of the filter table: one for each entry of the engine's dictionary of filter levels, in
-// the order of the dictionary.
+// the order of the dictionary, then one for each application that the user has but made private or
+// not.
 #pragma once
 
 #include <QtCore/QAbstractTableModel>
@@ -33,9 +34,11 @@ public:
     QString getRowBundle(int row) const;
     QString getRowFilter(int row) const;
     int getRowLevel(int row) const;
+    bool isRowPrivate(int row) const;
     /// −1 when there is none.
     int rowOfBundle(const QString& bundle) const;
-    /// The cell's text by the column's identifier, "application" or "filter"; empty for others.
+    /// The cell's text by the column's identifier, "application" or "filter" (which also tells
+    /// whether it is private); empty for others.
     QString objectValue(const QString& columnIdentifier, int row) const;
 
     int rowCount(const QModelIndex& parent = {}) const override;
@@ -48,7 +51,10 @@ private:
         QString bundle;
         QString name;
         int level = 0;
+        bool isPrivate = false;
     };
+
+    void append(const QString& bundle, int level);
 
     ApplicationIcons& m_icons;
     std::vector<Row> m_rows;

@@ -5,6 +5,7 @@
 
 #include <QtGui/QKeyEvent>
 #include <QtWidgets/QAbstractButton>
+#include <QtWidgets/QCheckBox>
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QDialog>
 #include <QtWidgets/QHeaderView>
@@ -17,8 +18,10 @@
 #include "app/filters/FilterSubject.h"
 #include "app/preferences/NoteLabel.h"
 #include "engine/LXHandler.h"
+#include "engine/PrivateChoices.h"
 #include "model/BundleIdentifiers.h"
 #include "platform/Desktop.h"
+#include "platform/Privacy.h"
 #include "platform/StringLiterals.h"
 #include "platform/UserDefaults.h"
 #include "preview/DisplayText.h"
@@ -78,7 +81,7 @@ void IgnoreTable::setUpTable()
     QHeaderView& header = *m_tableView.horizontalHeader();
     header.setSectionResizeMode(FilterRows::ApplicationColumn, QHeaderView::Stretch);
     header.setSectionResizeMode(FilterRows::FilterColumn, QHeaderView::Fixed);
-    header.resizeSection(FilterRows::FilterColumn, 130);
+    header.resizeSection(FilterRows::FilterColumn, 160);
     header.setSectionsClickable(false);
     header.setHighlightSections(false);
     m_tableView.installEventFilter(this);
@@ -102,9 +105,11 @@ void IgnoreTable::setUpSheet()
     m_applications = &part<QComboBox>(m_addFilterWindow, "applications");
     m_filterLevels = &part<QComboBox>(m_addFilterWindow, "filterLevels");
     m_levelDescription = &part<QLabel>(m_addFilterWindow, "levelDescription");
+    m_privateBox = &part<QCheckBox>(m_addFilterWindow, "privateBox");
     constexpr int iconSize = ApplicationIcons::size;
     m_applications->setIconSize({iconSize, iconSize});
     connect(m_applications, &QComboBox::activated, this, &IgnoreTable::applicationsButtonClicked);
+    connect(m_applications, &QComboBox::currentIndexChanged, this, &IgnoreTable::showPrivacy);
     connect(m_filterLevels, &QComboBox::currentIndexChanged, this, &IgnoreTable::showDescription);
     connect(&part<QAbstractButton>(m_addFilterWindow, "okButton"), &QAbstractButton::clicked, this,
             &IgnoreTable::addFilter);
@@ -149,9 +154,11 @@ void IgnoreTable::deleteButtonPressed()
     if (row < 0)
         return;
     LXHandler& handler = LXHandler::sharedHandler();
+    const QString bundle = m_rows.getRowBundle(row);
     QVariantMap filters = handler.filters();
-    filters.remove(m_rows.getRowBundle(row));
+    filters.remove(bundle);
     handler.setFilters(filters);
+    choosePrivacy(bundle, platform::desktop().privacy.isPrivateAtFirst(bundle));
     // The row that moves up is selected next, so that several can be deleted one after the other.
     const int next = row + 1 < m_rows.numberOfRows() ? row + 1 : row - 1;
     reloadData(next < 0 ? QString() : m_rows.getRowBundle(next));
@@ -162,10 +169,11 @@ void IgnoreTable::addFilter()
 {
     if (m_applications->currentIndex() >= 0 && m_filterLevels->currentIndex() >= 0) {
         LXHandler& handler = LXHandler::sharedHandler();
+        const QString subject = m_applications->currentData(subjectRole).toString();
         QVariantMap filters = handler.filters();
-        filters.insert(m_applications->currentData(subjectRole).toString(),
-                       m_filterLevels->currentIndex());
+        filters.insert(subject, m_filterLevels->currentIndex());
         handler.setFilters(filters);
+        choosePrivacy(subject, m_privateBox->isChecked());
     }
     m_addFilterWindow.done(1);
 }
@@ -174,10 +182,30 @@ void IgnoreTable::cancelFilter() { m_addFilterWindow.done(0); }
 
 void IgnoreTable::applicationsButtonClicked() { generateFiltersMenu(); }
 
+void IgnoreTable::showPrivacy()
+{
+    const QString subject = m_applications->currentData(subjectRole).toString();
+    m_privateBox->setEnabled(subject != FilterSubject::AllApplications);
+    m_privateBox->setChecked(platform::desktop().privacy.isPrivate(subject));
+}
+
+void IgnoreTable::choosePrivacy(const QString& bundle, bool isPrivate)
+{
+    LXHandler& handler = LXHandler::sharedHandler();
+    platform::Privacy::Choices choices = handler.privateChoices();
+    if (isPrivate == platform::desktop().privacy.isPrivateAtFirst(bundle))
+        choices.remove(bundle);
+    else
+        choices.insert(bundle, isPrivate);
+    if (choices != handler.privateChoices())
+        handler.setPrivateChoices(choices);
+}
+
 void IgnoreTable::saveDefaults()
 {
     platform::UserDefaults& defaults = platform::desktop().userDefaults;
     defaults.setDictionary(LXHandler::sharedHandler().filters(), u"filters"_s);
+    PrivateChoices::store(defaults, LXHandler::sharedHandler().privateChoices());
     defaults.synchronize();
 }
 
@@ -226,6 +254,7 @@ void IgnoreTable::showDescription()
 void IgnoreTable::runSheet(const QString& title)
 {
     m_addFilterWindow.setWindowTitle(title);
+    showPrivacy();
     // Only one application to choose from: begin with what can be chosen.
     (m_applications->count() > 1 ? m_applications : m_filterLevels)->setFocus();
     m_addFilterWindow.open();

@@ -12,6 +12,7 @@
 #include "app/filters/FilterRows.h"
 
 class QAbstractButton;
+class QCheckBox;
 class QComboBox;
 class QDialog;
 class QLabel;
@@ -38,6 +39,7 @@ public:
     QDialog& addFilterWindow() { return m_addFilterWindow; }
     QComboBox& applications() { return *m_applications; }
     QComboBox& filterLevels() { return *m_filterLevels; }
+    QCheckBox& privateBox() { return *m_privateBox; }
     const FilterRows& rows() const { return m_rows; }
 
     // What the buttons, keys and clicks do. The sheet returns at once and keeps only its
@@ -45,7 +47,8 @@ public:
     void addButtonPressed();
     void deleteButtonPressed();
     void itemClicked(int row); ///< −1 = beside the rows
-    /// OK. Stores nothing unless an application and a level are chosen.
+    /// OK. Stores nothing unless an application and a level are chosen; with them, whether it is
+    /// private.
     void addFilter();
     void cancelFilter();
     void applicationsButtonClicked();
@@ -60,6 +63,10 @@ private:
     void generateFiltersMenu();
     void appendApplication(const QString& name, const QString& subject);
     void showDescription();
+    /// The checkbox tells what holds for the chosen application; nothing is private by the default.
+    void showPrivacy();
+    /// What is so from the start is no choice.
+    void choosePrivacy(const QString& bundle, bool isPrivate);
     void runSheet(const QString& title);
     void sheetDidEnd(int code);
     void reloadData(const QString& selected);
@@ -71,6 +78,7 @@ private:
     QComboBox* m_applications = nullptr;
     QComboBox* m_filterLevels = nullptr;
     QLabel* m_levelDescription = nullptr;
+    QCheckBox* m_privateBox = nullptr;
     QAbstractButton* m_deleteButton = nullptr;
     ApplicationIcons m_icons;
     FilterRows m_rows;

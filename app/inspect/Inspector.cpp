@@ -6,11 +6,13 @@
 #include <algorithm>
 
 #include "app/Defaults.h"
+#include "engine/PrivateChoices.h"
 #include "engine/StripArranger.h"
 #include "model/AXRead.h"
 #include "model/VisibilityRules.h"
 #include "platform/InputState.h"
 #include "platform/PrintableText.h"
+#include "platform/Privacy.h"
 #include "platform/StringLiterals.h"
 #include "platform/UserDefaults.h"
 
@@ -79,6 +81,7 @@ Inspector::Inspector()
     }
     m_filters.setFilters(FilterTable::getFiltersDictionary(defaults));
     SWElement::setFilterLevels(&m_filters);
+    m_ports.privacy.setChoices(PrivateChoices::stored(defaults));
 }
 
 Inspector::~Inspector() { SWElement::setFilterLevels(nullptr); }

@@ -5,6 +5,7 @@
 
 #include <QtTest/QTest>
 #include <QtWidgets/QAbstractButton>
+#include <QtWidgets/QCheckBox>
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QDialog>
 #include <QtWidgets/QTableView>
@@ -236,6 +237,44 @@ TEST_F(IgnoreTableTest, filterOfOneApplication_leavesTheRowOfAnotherAlone)
     loop.runUntilIdle();
     EXPECT_EQ(previews(), 2U);
     EXPECT_TRUE(engine().screenyViews().front()->window()->isFront());
+}
+
+TEST_F(IgnoreTableTest, privateBox_tellsWhatHoldsAndStoresWhatDiffersFromTheStart)
+{
+    const Pid vault = addApplication(u"Vault"_s);
+    desk.changeApplication(
+        vault, [](auto& app) { app.role = platform::ApplicationRole::PasswordManager; });
+    addApplication(u"Editor"_s);
+    defaults.setDictionary({{u"org.example.Gone"_s, 1}}, u"privateApplications"_s);
+    start();
+    EXPECT_EQ(shown(), u"All applications: High, unknown: High, private"_s);
+    const auto add = [&](const QString& application, bool isAtFirst, bool isPrivate) {
+        table->addButtonPressed();
+        EXPECT_FALSE(table->privateBox().isEnabled()) << "the default is not private";
+        choose(table->applications(), application);
+        EXPECT_EQ(table->privateBox().isChecked(), isAtFirst);
+        choose(table->filterLevels(), u"High"_s);
+        table->privateBox().setChecked(isPrivate);
+        press("okButton");
+    };
+    const auto stored = [&] {
+        return defaults.dictionaryForKey(u"privateApplications"_s).value_or(QVariantMap());
+    };
+    add(u"Editor"_s, false, true);
+    add(u"Vault"_s, true, false);
+    EXPECT_EQ(shown(), u"All applications: High, Editor: High, private, Vault: High, "
+                       u"unknown: High, private"_s);
+    EXPECT_EQ(stored(), (QVariantMap{{u"org.example.Editor"_s, 1},
+                                     {u"org.example.Gone"_s, 1},
+                                     {u"org.example.Vault"_s, 0}}));
+    add(u"Vault"_s, false, true);
+    EXPECT_FALSE(stored().contains(u"org.example.Vault"_s));
+    for (const int row : {3, 1}) {
+        table->tableView().selectRow(row);
+        table->deleteButtonPressed();
+    }
+    EXPECT_FALSE(defaults.contains(u"privateApplications"_s));
+    EXPECT_FALSE(desk.privacy().isPrivate(u"org.example.Editor"_s));
 }
 
 TEST_F(IgnoreTableTest, keysAndDoubleClicks_openTheSheet)

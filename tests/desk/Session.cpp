@@ -18,15 +18,13 @@ namespace
 
 QStringList baseEnvironment(const QString& home, bool accessibility)
 {
-    QStringList result{u"HOME="_s + home,
-                       u"XDG_CONFIG_HOME="_s + home + u"/.config"_s,
-                       u"XDG_DATA_HOME="_s + home + u"/.local/share"_s,
-                       u"XDG_CACHE_HOME="_s + home + u"/.cache"_s,
-                       u"XDG_RUNTIME_DIR="_s + home + u"/run"_s,
-                       u"XDG_DATA_DIRS=/usr/local/share:/usr/share"_s,
-                       u"LANG=C.UTF-8"_s,
-                       u"GSETTINGS_BACKEND=keyfile"_s,
-                       u"GIO_USE_VFS=local"_s};
+    QStringList result{
+        u"HOME="_s + home, u"XDG_CONFIG_HOME="_s + home + u"/.config"_s,
+        u"XDG_DATA_HOME="_s + home + u"/.local/share"_s, u"XDG_CACHE_HOME="_s + home + u"/.cache"_s,
+        u"XDG_RUNTIME_DIR="_s + home + u"/run"_s, u"XDG_DATA_DIRS=/usr/local/share:/usr/share"_s,
+        u"LANG=C.UTF-8"_s, u"GSETTINGS_BACKEND=keyfile"_s, u"GIO_USE_VFS=local"_s,
+        // The screen of the machine may be locked while tests run.
+        u"DBUS_SYSTEM_BUS_ADDRESS=unix:path=/nowhere"_s};
     if (!accessibility)
         result << u"NO_AT_BRIDGE=1"_s;
     for (const char* name : {"PATH", "ASAN_OPTIONS", "LSAN_OPTIONS", "TSAN_OPTIONS",

@@ -23,10 +23,10 @@ SimulatedDesktop::SimulatedDesktop(platform::RunLoop& runLoop) : m_state(runLoop
 platform::Desktop SimulatedDesktop::ports(platform::Accessibility& accessibility,
                                           platform::WindowServer& windowServer)
 {
-    return {m_state.runLoop,  accessibility,   windowServer,        m_inputState,
-            m_workspace,      m_userDefaults,  m_dockPreferences,   m_eventTaps,
-            m_keyboardLayout, m_loginItems,    m_applicationBundle, m_statusBar,
-            m_appleEvents,    m_calendarStore, m_wallClock,         m_previewRequests};
+    return {m_state.runLoop,     accessibility,     windowServer,  m_inputState,     m_workspace,
+            m_userDefaults,      m_dockPreferences, m_eventTaps,   m_keyboardLayout, m_loginItems,
+            m_applicationBundle, m_statusBar,       m_appleEvents, m_calendarStore,  m_wallClock,
+            m_previewRequests,   m_privacy};
 }
 
 SimulatedApplication SimulatedDesktop::application(Pid pid)

@@ -49,6 +49,7 @@ public:
     SimulatedCalendarStore& calendarStore() { return m_calendarStore; }
     SimulatedWallClock& wallClock() { return m_wallClock; }
     SimulatedPreviewRequests& previewRequests() { return m_previewRequests; }
+    SimulatedPrivacy& privacy() { return m_privacy; }
 
     /// The rest, under the lock: screens, whether accessibility is enabled ...
     template <class Use> auto with(Use use)
@@ -144,6 +145,7 @@ private:
     SimulatedCalendarStore m_calendarStore{m_state.runLoop};
     SimulatedWallClock m_wallClock{m_state.runLoop};
     SimulatedPreviewRequests m_previewRequests;
+    SimulatedPrivacy m_privacy{m_state};
 };
 
 } // namespace lumbrix::test

@@ -6,10 +6,12 @@
 
 #include <QtCore/QVariant>
 
+#include <algorithm>
 #include <atomic>
 
 #include "platform/DockPreferences.h"
 #include "platform/InputState.h"
+#include "platform/Privacy.h"
 #include "platform/UserDefaults.h"
 #include "tests/support/SimulatedState.h"
 
@@ -126,6 +128,48 @@ private:
     bool launchOrActivate(const std::function<bool(const SimulatedApplication&)>& isWanted);
 
     SimulatedState& m_state;
+};
+
+/// Private at first is what has the role of a password manager.
+class SimulatedPrivacy final : public platform::Privacy
+{
+public:
+    explicit SimulatedPrivacy(SimulatedState& state) : m_state(state) {}
+
+    bool isPrivate(const QString& bundle) override
+    {
+        const auto state = m_state.locked();
+        return m_choices.value(bundle, isPrivateAtFirst(bundle));
+    }
+    bool isPrivateAtFirst(const QString& bundle) override
+    {
+        const auto state = m_state.locked();
+        return std::ranges::any_of(state->applications, [&](const SimulatedApplication& each) {
+            return each.bundleIdentifier == bundle &&
+                   each.role == platform::ApplicationRole::PasswordManager;
+        });
+    }
+    void setChoices(const Choices& choices) override
+    {
+        const auto state = m_state.locked();
+        m_choices = choices;
+    }
+    bool isAway() override { return m_isAway; }
+    void setObserver(std::function<void()> changed) override { m_changed = std::move(changed); }
+
+    // For tests; main thread.
+    void setAway(bool isAway)
+    {
+        m_isAway = isAway;
+        if (m_changed)
+            m_changed();
+    }
+
+private:
+    SimulatedState& m_state;
+    Choices m_choices; ///< under the lock of the state
+    std::atomic<bool> m_isAway{false};
+    std::function<void()> m_changed;
 };
 
 class SimulatedInputState final : public platform::InputState

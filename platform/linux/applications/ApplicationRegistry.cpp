@@ -133,6 +133,14 @@ std::int32_t ApplicationRegistry::ownerPidOf(const x11::TrackedWindow& window)
     return meet(window);
 }
 
+std::optional<RunningApplication> ApplicationRegistry::ownerOf(const x11::TrackedWindow& window)
+{
+    const std::lock_guard lock(m_mutex);
+    meet(window);
+    const Group* group = groupOf(window.id);
+    return group ? std::optional(group->running()) : std::nullopt;
+}
+
 std::int32_t ApplicationRegistry::meet(const x11::TrackedWindow& window)
 {
     if (!isApplicationWindow(window))

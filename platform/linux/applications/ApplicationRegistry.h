@@ -59,6 +59,8 @@ public:
 
     /// 0 when nothing is known of the owner. Also for windows the registry has not met yet.
     std::int32_t ownerPidOf(const x11::TrackedWindow& window);
+    /// The application of the window, by the same word; null for one that belongs to none.
+    std::optional<RunningApplication> ownerOf(const x11::TrackedWindow& window);
     std::vector<Application> applications();
     std::optional<Application> application(std::int32_t pid);
     /// The running application of a desktop entry, also where the entry is another one of the same

@@ -99,6 +99,17 @@ struct WindowPictures::Picture {
             return whole;
         return limit == wanted ? reduced : QImage();
     }
+    /// The window's pixmap, too: of one that is not shown now that is the last picture.
+    void forget()
+    {
+        reduced = QImage();
+        whole = QImage();
+        if (pixmap)
+            xcb_free_pixmap(captures.get(), pixmap);
+        pixmap = XCB_NONE;
+        captures.flush();
+        needsNaming = true;
+    }
     void keep(const QImage& image, QSize wanted)
     {
         (wanted.isEmpty() ? whole : reduced) = image;
@@ -146,6 +157,47 @@ WindowPictures::PicturePtr WindowPictures::find(xcb_window_t window) const
     const std::lock_guard lock(m_mutex);
     const auto it = m_pictures.find(window);
     return it == m_pictures.end() ? nullptr : it->second;
+}
+
+std::vector<std::pair<xcb_window_t, WindowPictures::PicturePtr>> WindowPictures::all() const
+{
+    const std::lock_guard lock(m_mutex);
+    return {m_pictures.begin(), m_pictures.end()};
+}
+
+void WindowPictures::setPrivacy(std::function<bool(const TrackedWindow&)> isPrivate)
+{
+    const std::lock_guard lock(m_mutex);
+    m_isPrivate = std::move(isPrivate);
+}
+
+bool WindowPictures::isRefused(const TrackedWindow& window) const
+{
+    std::unique_lock lock(m_mutex);
+    const auto isPrivate = m_isPrivate;
+    lock.unlock();
+    return !m_isAllowed || (isPrivate && isPrivate(window));
+}
+
+void WindowPictures::privacyChanged()
+{
+    for (const auto& [id, picture] : all())
+        nameAgain(*picture, id);
+}
+
+void WindowPictures::setAllowed(bool allowed)
+{
+    // Before anything is dropped, so that whatever is under way brings nothing back.
+    m_isAllowed = allowed;
+    if (allowed) {
+        privacyChanged();
+        return;
+    }
+    for (const auto& [id, picture] : all()) {
+        const std::lock_guard lock(picture->mutex);
+        picture->forget();
+    }
+    m_copier.releaseIdle(); // they have pixels in them
 }
 
 QImage WindowPictures::capture(xcb_window_t window, QSize limit)
@@ -196,6 +248,10 @@ TrackedWindowPtr WindowPictures::keepPixmap(Picture& picture, xcb_window_t id)
     // The flag before the window: the snapshot is then no older than what set the flag.
     const bool wasFlagged = picture.needsNaming.exchange(false);
     TrackedWindowPtr window = m_tracker.window(id);
+    if (window && isRefused(*window)) {
+        picture.forget();
+        return nullptr;
+    }
     if (window && (redirect(picture, *window) || wasFlagged))
         namePixmap(picture, *window);
     return window;
@@ -482,12 +538,7 @@ void WindowPictures::windowRemoved(const TrackedWindowPtr& last)
 void WindowPictures::compositorChanged(bool running)
 {
     m_isCompositorRunning = running;
-    std::vector<std::pair<xcb_window_t, PicturePtr>> pictures;
-    {
-        const std::lock_guard lock(m_mutex);
-        pictures.assign(m_pictures.begin(), m_pictures.end());
-    }
-    for (const auto& [id, picture] : pictures)
+    for (const auto& [id, picture] : all())
         nameAgain(*picture, id);
 }
 

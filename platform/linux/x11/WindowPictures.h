@@ -11,6 +11,7 @@
 
 #include <atomic>
 #include <condition_variable>
+#include <functional>
 #include <memory>
 #include <mutex>
 #include <optional>
@@ -52,6 +53,14 @@ public:
                    WindowTracker& tracker, const PointSpace& points, bool isCompositorRunning);
     ~WindowPictures() override;
 
+    /// Of which windows no picture is ever made or kept; asked on any thread. Any thread; those
+    /// that there are already go by privacyChanged().
+    void setPrivacy(std::function<bool(const TrackedWindow&)> isPrivate);
+    /// Another set of windows is private now: has the worker drop their pictures. Any thread.
+    void privacyChanged();
+    /// Off drops every picture there is, and has none made or kept from then on. Any thread.
+    void setAllowed(bool allowed);
+
     /// Takes in the windows there are and starts the worker. Before the event thread starts.
     void start();
     /// Ends the worker. After the event thread has ended; no capture may run any more.
@@ -88,6 +97,9 @@ private:
     /// Has the worker take the pixmap that the window has now.
     void nameAgain(Picture& picture, xcb_window_t window);
 
+    std::vector<std::pair<xcb_window_t, PicturePtr>> all() const;
+    bool isRefused(const TrackedWindow& window) const;
+
     // With the picture's lock held.
     QImage refresh(Picture& picture, xcb_window_t window, QSize limit);
     QImage copy(Picture& picture, const TrackedWindow& window);
@@ -113,11 +125,14 @@ private:
     std::atomic<bool> m_isCompositorRunning;
     std::atomic<std::uint64_t> m_copyCount = 0;
     std::atomic<Seconds> m_lastCopied = -keepWhole;
+    std::atomic<bool> m_isAllowed = true;
     ImageCopier m_copier;
     std::unordered_map<xcb_damage_damage_t, PicturePtr> m_byDamage; ///< event thread
 
     mutable std::mutex m_mutex;
     std::unordered_map<xcb_window_t, PicturePtr> m_pictures; // guarded by m_mutex
+    /// Guarded by m_mutex. Empty: none is.
+    std::function<bool(const TrackedWindow&)> m_isPrivate;
 
     std::mutex m_workMutex;
     std::condition_variable m_workArrived;

@@ -145,6 +145,8 @@ TEST_F(ApplicationsTest, roles_are_known_by_entry_program_or_class)
     m_tracker.add(window(1, u"rhythmbox"_s, u"Rhythmbox"_s, 400));
     m_tracker.add(window(3, u"Mail"_s, u"post"_s, 401));
     m_tracker.add(window(5, u"gl"_s, u"mpv"_s, 402));
+    m_tracker.add(window(7, u"keepassxc"_s, u"KeePassXC"_s, 403));
+    EXPECT_EQ(ownerOf(7)->running.role, ApplicationRole::PasswordManager);
     EXPECT_EQ(ownerOf(1)->running.role, ApplicationRole::MusicPlayer);
     EXPECT_EQ(ownerOf(3)->running.role, ApplicationRole::Mail);
     EXPECT_EQ(ownerOf(5)->running.role, ApplicationRole::MoviePlayer);

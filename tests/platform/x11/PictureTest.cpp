@@ -108,6 +108,54 @@ TEST_P(EachCompositing, prefetchedPicture_isThereWithoutACopy)
     }));
 }
 
+TEST_P(EachCompositing, pictureOfAPrivateWindow_isNeitherMadeNorKept)
+{
+    X11Desk desk(options());
+    std::atomic<xcb_window_t> isPrivate = XCB_NONE;
+    desk.pictures().setPrivacy([&](const TrackedWindow& window) { return window.id == isPrivate; });
+    Application app(desk.session(), u"alpha"_s);
+    const AppWindow window = app.open("secret", Qt::red);
+    const AppWindow other = app.open("other", Qt::blue);
+    ASSERT_TRUE(desk.waitForColour(window, Qt::red));
+    ASSERT_TRUE(desk.waitForColour(other, Qt::blue));
+    isPrivate = window.id;
+    desk.pictures().privacyChanged();
+    app.minimise(window);
+    desk.waitForWindow(window.id, [](const TrackedWindow& w) { return w.isIconic; });
+    const std::uint64_t copies = desk.pictures().copyCount();
+    desk.pictures().prefetch({window.id});
+    EXPECT_TRUE(desk.pictures().capture(window.id).isNull());
+    EXPECT_TRUE(desk.pictures().atHand(window.id, {}).value_or(QImage()).isNull());
+    EXPECT_EQ(desk.pictures().copyCount(), copies);
+    isPrivate = XCB_NONE;
+    EXPECT_TRUE(desk.pictures().capture(window.id).isNull()) << "its last picture was kept";
+    EXPECT_EQ(desk.capturedColour(other), QColor(Qt::blue));
+}
+
+TEST_P(EachCompositing, userWhoIsAway_leavesNoPictures)
+{
+    X11Desk desk(options());
+    Application app(desk.session(), u"alpha"_s);
+    const AppWindow iconic = app.open("minimised", Qt::red);
+    const AppWindow window = app.open("shown", Qt::blue);
+    ASSERT_TRUE(desk.waitForColour(window, Qt::blue));
+    ASSERT_TRUE(desk.waitForColour(iconic, Qt::red));
+    app.minimise(iconic);
+    desk.waitForWindow(iconic.id, [](const TrackedWindow& w) { return w.isIconic; });
+    desk.pictures().setAllowed(false);
+    const std::uint64_t copies = desk.pictures().copyCount();
+    desk.pictures().prefetch({window.id});
+    EXPECT_TRUE(desk.pictures().capture(window.id).isNull());
+    EXPECT_TRUE(desk.pictures().capture(iconic.id).isNull());
+    EXPECT_EQ(desk.pictures().copyCount(), copies);
+
+    desk.pictures().setAllowed(true);
+    EXPECT_TRUE(desk.waitForColour(window, Qt::blue));
+    EXPECT_TRUE(desk.pictures().capture(iconic.id).isNull());
+    desk.tracker().activate(iconic.id);
+    EXPECT_TRUE(desk.waitForColour(iconic, Qt::red));
+}
+
 TEST_P(EachCompositing, windowsDestroyedUnderLoad_harmNobody)
 {
     X11Desk desk(options());
