@@ -36,7 +36,8 @@ WindowCountBadger& badger() { return *LXHandler::sharedHandler().companions().wi
 float storedBadgeSizeExtra() { return defaults().floatForKey(u"badgeSizeExtra"_s); }
 } // namespace
 
-LumbrixController::LumbrixController() : m_hotKeyCenter(std::make_shared<SGHotKeyCenter>())
+LumbrixController::LumbrixController()
+    : m_hotKeyCenter(std::make_shared<SGHotKeyCenter>()), m_palette(platform::desktop().desktopLook)
 {
     PrefsController::setHost(this);
 }

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "app/Alert.h"
+#include "app/DesktopPalette.h"
 #include "app/SamplePreview.h"
 #include "app/preferences/PreferencesHost.h"
 #include "engine/HoverDelays.h"
@@ -115,6 +116,7 @@ private:
     std::int32_t m_hideMenuIcon = 0;
     std::int32_t m_monoChrome = 0;
     bool m_isQuitting = false;
+    const DesktopPalette m_palette;
     std::unique_ptr<StatusItem> m_statusItem;
     StatusMenu* m_statusMenu = nullptr; ///< the status item's
     std::unique_ptr<AboutWindow> m_aboutWindow;

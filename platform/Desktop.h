@@ -11,6 +11,7 @@ class Accessibility;
 class AppleEvents;
 class ApplicationBundle;
 class CalendarStore;
+class DesktopLook;
 class DockPreferences;
 class EventTaps;
 class InputState;
@@ -44,6 +45,7 @@ struct Desktop {
     WallClock& wallClock;
     PreviewRequests& previewRequests;
     Privacy& privacy;
+    DesktopLook& desktopLook;
 };
 
 /// The installed desktop, for app/ alone: what is below is given its ports. Any thread; calling it

@@ -28,6 +28,7 @@
 #include "platform/linux/docks/Struts.h"
 #include "platform/linux/media/LinuxAppleEvents.h"
 #include "platform/linux/session/AutostartItems.h"
+#include "platform/linux/session/LinuxLook.h"
 #include "platform/linux/session/LinuxPrivacy.h"
 #include "platform/linux/session/PreviewsService.h"
 #include "platform/linux/session/ProgramBundle.h"
@@ -132,6 +133,7 @@ public:
                       m_docks, [this] { return m_core->inputState().pointer(); }}),
           m_previews(m_requests, QDBusConnection::sessionBus()),
           m_privacy(m_entries, m_registry, m_core->pictures(), QDBusConnection::sessionBus()),
+          m_look(runLoop, &m_core->theme(), QDBusConnection::sessionBus(), configHome()),
           m_defaults(IniDefaults::defaultPath()), m_loginItems(AutostartItems::defaultFolder()),
           m_tray(runLoop, m_core->trays(), QDBusConnection::sessionBus()),
           m_appleEvents(runLoop, QDBusConnection::sessionBus(), m_core->tracker(), m_registry,
@@ -155,7 +157,8 @@ public:
                                            m_calendarStore,
                                            m_wallClock,
                                            m_requests,
-                                           m_privacy}
+                                           m_privacy,
+                                           m_look}
     {
         m_core->windowServer().setOwnerPids(&m_ownerPids);
         for (x11::WindowListener* listener : std::initializer_list<x11::WindowListener*>{
@@ -234,6 +237,7 @@ private:
     PlaceRequests m_requests;
     PreviewsService m_previews;
     LinuxPrivacy m_privacy;
+    LinuxLook m_look;
     IniDefaults m_defaults;
     AutostartItems m_loginItems;
     ProgramBundle m_bundle;

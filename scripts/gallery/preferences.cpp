@@ -11,7 +11,6 @@
 #include <QtCore/QCommandLineParser>
 #include <QtCore/QDir>
 #include <QtCore/QLocale>
-#include <QtGui/QPalette>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QDialog>
@@ -34,22 +33,6 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-
-QPalette darkPalette()
-{
-    const QColor window(45, 46, 50);
-    const QColor base(32, 33, 36);
-    QPalette palette(QColor(62, 63, 68), window);
-    palette.setColor(QPalette::Base, base);
-    palette.setColor(QPalette::AlternateBase, window);
-    palette.setColor(QPalette::Highlight, QColor(61, 129, 214));
-    palette.setColor(QPalette::HighlightedText, Qt::white);
-    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
-        palette.setColor(role, QColor(236, 236, 238));
-        palette.setColor(QPalette::Disabled, role, QColor(132, 133, 138));
-    }
-    return palette;
-}
 
 void writeSettings(platform::UserDefaults& defaults)
 {
@@ -92,7 +75,7 @@ int main(int argc, char* argv[])
     if (parser.positionalArguments().isEmpty())
         return 2;
     QApplication::setStyle(QStyleFactory::create(u"Fusion"_s));
-    QApplication::setPalette(isDark ? darkPalette() : QApplication::style()->standardPalette());
+    QApplication::setPalette(QApplication::style()->standardPalette());
     QApplication::setApplicationVersion(u"1.0"_s);
 
     platform::QtRunLoop runLoop;
@@ -101,14 +84,15 @@ int main(int argc, char* argv[])
     const platform::DesktopScope scope(ports);
     for (const auto& [name, colour] :
          {std::pair{u"Editor"_s, QColor(38, 130, 120)}, {u"Video Player"_s, QColor(200, 90, 30)}}) {
-        test::SimulatedApplication application;
-        application.name = name;
-        application.iconColor = colour;
-        desk.addApplication(application);
+        test::SimulatedApplication example;
+        example.name = name;
+        example.iconColor = colour;
+        desk.addApplication(example);
     }
     desk.keyboardLayout().choose({{35, u"p"_s}, {4, u"h"_s}});
     desk.eventTaps().take({4, SGKeyCombo{4, 0x900}.modifierMask()});
     writeSettings(desk.userDefaults());
+    desk.look().setDark(isDark);
     int status = 0;
     {
         LumbrixController controller;

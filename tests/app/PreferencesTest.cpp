@@ -3,6 +3,7 @@
 
 #include <QtGui/QShortcut>
 #include <QtTest/QTest>
+#include <QtWidgets/QApplication>
 #include <QtWidgets/QCheckBox>
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QDialog>
@@ -67,6 +68,28 @@ QString rangeOf(const QObject& control)
     const auto [first, last] = std::ranges::minmax(values);
     return box->property("settingsValues").isValid() ? range(first.toInt(), last.toInt())
                                                      : range(0, box->count() - 1);
+}
+
+TEST_F(PreferencesTest, windows_areDarkWithTheDesktopUnlessTheToolkitsThemeIs)
+{
+    const auto paper = [] { return QApplication::palette().color(QPalette::Window); };
+    const QColor light = paper();
+    start();
+    desk.look().setDark(true);
+    controller->showPreferences();
+    EXPECT_LT(window()->palette().color(QPalette::Window).lightness(), 80);
+    desk.look().setDark(std::nullopt);
+    QApplication::processEvents();
+    EXPECT_EQ(paper(), light);
+    EXPECT_EQ(window()->palette().color(QPalette::Window), light);
+
+    const QPalette theme(QColor(50, 20, 20), QColor(60, 10, 10));
+    QApplication::setPalette(theme);
+    for (const bool isDark : {true, false}) {
+        desk.look().setDark(isDark);
+        EXPECT_EQ(paper(), QColor(60, 10, 10));
+    }
+    QApplication::setPalette({});
 }
 
 TEST_F(PreferencesTest, everySettingOfTheUser_isBoundToOneControlWithItsRange)

@@ -26,7 +26,7 @@ platform::Desktop SimulatedDesktop::ports(platform::Accessibility& accessibility
     return {m_state.runLoop,     accessibility,     windowServer,  m_inputState,     m_workspace,
             m_userDefaults,      m_dockPreferences, m_eventTaps,   m_keyboardLayout, m_loginItems,
             m_applicationBundle, m_statusBar,       m_appleEvents, m_calendarStore,  m_wallClock,
-            m_previewRequests,   m_privacy};
+            m_previewRequests,   m_privacy,         m_look};
 }
 
 SimulatedApplication SimulatedDesktop::application(Pid pid)

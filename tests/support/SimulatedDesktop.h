@@ -50,6 +50,7 @@ public:
     SimulatedWallClock& wallClock() { return m_wallClock; }
     SimulatedPreviewRequests& previewRequests() { return m_previewRequests; }
     SimulatedPrivacy& privacy() { return m_privacy; }
+    SimulatedLook& look() { return m_look; }
 
     /// The rest, under the lock: screens, whether accessibility is enabled ...
     template <class Use> auto with(Use use)
@@ -146,6 +147,7 @@ private:
     SimulatedWallClock m_wallClock{m_state.runLoop};
     SimulatedPreviewRequests m_previewRequests;
     SimulatedPrivacy m_privacy{m_state};
+    SimulatedLook m_look;
 };
 
 } // namespace lumbrix::test

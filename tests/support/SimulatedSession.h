@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "platform/ApplicationBundle.h"
+#include "platform/DesktopLook.h"
 #include "platform/LoginItems.h"
 #include "platform/PreviewRequests.h"
 #include "platform/StatusBar.h"
@@ -75,6 +76,25 @@ class SimulatedStatusBar final : public platform::StatusBar
 public:
     bool isAvailable() const override { return false; }
     void setObserver(std::function<void()>) override {}
+};
+
+class SimulatedLook final : public platform::DesktopLook
+{
+public:
+    std::optional<bool> isDark() override { return m_isDark; }
+    void setObserver(std::function<void()> changed) override { m_changed = std::move(changed); }
+
+    // For tests.
+    void setDark(std::optional<bool> isDark)
+    {
+        m_isDark = isDark;
+        if (m_changed)
+            m_changed();
+    }
+
+private:
+    std::optional<bool> m_isDark;
+    std::function<void()> m_changed;
 };
 
 class SimulatedPreviewRequests final : public platform::PreviewRequests

@@ -14,7 +14,7 @@ namespace
 
 constexpr std::size_t count = static_cast<std::size_t>(AtomName::Count);
 
-/// In the order of AtomName; the last two get their screen's number.
+/// In the order of AtomName; the last three get their screen's number.
 constexpr std::array<const char*, count> names{
     "COMPOUND_TEXT",
     "_LUMBRIX_TIMESTAMP",
@@ -58,8 +58,10 @@ constexpr std::array<const char*, count> names{
     "WM_DELETE_WINDOW",
     "WM_PROTOCOLS",
     "WM_STATE",
+    "_XSETTINGS_SETTINGS",
     "_NET_WM_CM_S",
     "_NET_SYSTEM_TRAY_S",
+    "_XSETTINGS_S",
 };
 static_assert(names.back() != nullptr);
 

@@ -57,8 +57,10 @@ enum class AtomName : std::size_t {
     WmDeleteWindow,
     WmProtocols,
     WmState,
+    DaemonSettings,     ///< what the owner of SettingsDaemon tells
     CompositingManager, ///< the selection a compositor owns on this connection's screen
     SystemTray,         ///< the selection a system tray owns there
+    SettingsDaemon,     ///< the selection a settings daemon owns there
     Count,
 };
 

@@ -13,6 +13,7 @@
 #include "platform/linux/x11/PointerWatch.h"
 #include "platform/linux/x11/PopupWatch.h"
 #include "platform/linux/x11/ScreenWatch.h"
+#include "platform/linux/x11/ThemeWatch.h"
 #include "platform/linux/x11/TrayWatch.h"
 #include "platform/linux/x11/WaylandSession.h"
 #include "platform/linux/x11/WindowCommands.h"
@@ -38,8 +39,8 @@ struct X11Core::Parts {
           screens(*events, atoms, commands, listeners, points),
           pictures(runLoop, *events, *captures, tracker, points, screens.isCompositorRunning()),
           popups(*events, atoms, tracker, listeners), manager(*events, atoms, tracker, listeners),
-          trays(*events, atoms), input(*requests, *events, points), keys(*events, *requests, wake),
-          eventTaps(runLoop, keys), layout(*requests),
+          theme(*events, atoms), trays(*events, atoms), input(*requests, *events, points),
+          keys(*events, *requests, wake), eventTaps(runLoop, keys), layout(*requests),
           server(tracker, pictures, points, screens, isOfWaylandSession(*requests))
     {
         tracker.fetchInitial();
@@ -51,7 +52,8 @@ struct X11Core::Parts {
         thread = std::make_unique<EventThread>(
             runLoop, *events, wake,
             std::vector<EventHandler*>{&commands, &screens, &pictures, &tracker, &popups,
-                                       pointer.get(), &manager, &input, &keys, &layout, &trays},
+                                       pointer.get(), &manager, &input, &keys, &layout, &theme,
+                                       &trays},
             std::move(onConnectionLost));
     }
 
@@ -66,6 +68,7 @@ struct X11Core::Parts {
     WindowPictures pictures;
     PopupWatch popups;
     ManagerWatch manager;
+    ThemeWatch theme;
     TrayWatch trays;
     X11InputState input;
     KeyGrabs keys;
@@ -128,6 +131,7 @@ KeyboardLayout& X11Core::keyboardLayout() { return m_parts->layout; }
 WindowPictures& X11Core::pictures() { return m_parts->pictures; }
 PointSpace& X11Core::pointSpace() { return m_parts->points; }
 ScreenWatch& X11Core::screens() { return m_parts->screens; }
+ThemeWatch& X11Core::theme() { return m_parts->theme; }
 TrayWatch& X11Core::trays() { return m_parts->trays; }
 const Atoms& X11Core::atoms() const { return m_parts->atoms; }
 const Connection& X11Core::connection() const { return *m_parts->requests; }

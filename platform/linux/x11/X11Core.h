@@ -26,6 +26,7 @@ class Connection;
 enum class KeyHearing;
 class PointSpace;
 class ScreenWatch;
+class ThemeWatch;
 class TrayWatch;
 class WindowPictures;
 class WindowTracker;
@@ -76,6 +77,7 @@ public:
     WindowPictures& pictures();
     PointSpace& pointSpace();
     ScreenWatch& screens(); ///< takes the hint where the dock is
+    ThemeWatch& theme();
     TrayWatch& trays();
     const Atoms& atoms() const;
     /// For requests of one's own from any thread. It has no event reader: select no events on it.

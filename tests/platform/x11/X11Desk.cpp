@@ -182,6 +182,12 @@ void RawWindow::setType(const char* type)
     setNumbers("_NET_WM_WINDOW_TYPE", "ATOM", {m_display.atom(type)});
 }
 
+void RawWindow::own(const char* selection)
+{
+    xcb_set_selection_owner(m_connection, m_id, m_display.atom(selection), XCB_CURRENT_TIME);
+    sync();
+}
+
 void RawWindow::fill(const QRect& rect, const QColor& colour)
 {
     const xcb_gcontext_t context = xcb_generate_id(m_connection);

@@ -127,6 +127,7 @@ public:
     void setNumbers(const char* property, const char* type,
                     const std::vector<std::uint32_t>& numbers);
     void setType(const char* type);
+    void own(const char* selection);
     void fill(const QRect& rect, const QColor& colour);
     void map();
     void sync();
