@@ -19,6 +19,8 @@ namespace
 using platform::TapEvent;
 using platform::TapKey;
 
+constexpr std::int64_t escapeKey = 53;
+
 TapKey tapKey(const SGHotKey& hotKey)
 {
     return {hotKey.keyCombo.keyCode, hotKey.keyCombo.modifierMask()};
@@ -35,6 +37,12 @@ void SGHotKeyCenter::setUpEventHandler()
         platform::EventTaps& taps = platform::desktop().eventTaps;
         m_eventTap = taps.createTap(platform::TapEvents::Keys, callback);
         m_tabEventTap = taps.createTap(platform::TapEvents::KeysAndClicks, callback);
+        m_escapeTap = taps.createTap(platform::TapEvents::Keys, [](const TapEvent& event) {
+            if (event.type == TapEvent::Type::KeyDown)
+                platform::desktop().runLoop.performOnMainThread(
+                    [] { LXHandler::sharedHandler().escape(); }, false);
+            return !event.key.isPassedOn;
+        });
     }
     // Settings that change while previews are up leave their keys working.
     if (isSet(HotKeyIdentifier::EnableDisable) || !LXHandler::sharedHandler().isShowingPreviews())
@@ -48,6 +56,7 @@ void SGHotKeyCenter::tearDown()
     m_isUpdatePending = m_isEventTapOn = m_isTabEventTapOn = false;
     m_eventTap = nullptr;
     m_tabEventTap = nullptr;
+    m_escapeTap = nullptr;
 }
 
 void SGHotKeyCenter::registerHotKey(const HotKeyPtr& hotKey)
@@ -157,6 +166,20 @@ void SGHotKeyCenter::updateTaps()
     m_tabEventTap->setKeys(keys);
     m_eventTap->setEnabled((m_isEventTapOn || m_isTrying) && !m_isSuspended);
     m_tabEventTap->setEnabled(m_isTabEventTapOn && !m_isSuspended);
+    updateEscape();
+}
+
+/// Escape is the row's alone while the mouse is on a preview, or one is chosen: it must not cancel
+/// what is below. While the mouse only rests on the icon, perhaps forgotten there by somebody who
+/// writes in an editor, the row goes, but the editor has its key as well. The switcher's row goes
+/// with the switcher, which has the keyboard.
+void SGHotKeyCenter::updateEscape()
+{
+    const auto& previews = LXHandler::sharedHandler().screenyViews();
+    const bool isHovered =
+        std::ranges::any_of(previews, [](const auto& preview) { return preview->isHovered(); });
+    m_escapeTap->setKeys({TapKey{escapeKey, 0, !isHovered}});
+    m_escapeTap->setEnabled(!previews.empty() && !previews.front()->setByTab() && !m_isSuspended);
 }
 
 bool SGHotKeyCenter::handleEvent(const TapEvent& event)

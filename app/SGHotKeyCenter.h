@@ -15,7 +15,8 @@ namespace lumbrix
 {
 
 /// Main thread. Keys are taken from other programs only while a tap is on, and only those of
-/// registered hot keys.
+/// registered hot keys. Beside them Escape, without a modifier, takes the row away: see
+/// updateEscape().
 class SGHotKeyCenter final : public HotKeyCenter
 {
 public:
@@ -36,6 +37,7 @@ public:
     void registerHotKey(const HotKeyPtr& hotKey) override;
     void unregisterHotKey(const HotKeyPtr& hotKey) override;
     void toggleEventTap(bool on) override;
+    void rowChanged() override { scheduleUpdate(); }
 
     /// While the user presses the keys of a new hot key, no key is taken.
     void setSuspended(bool suspended);
@@ -56,12 +58,14 @@ private:
     /// another at once mostly has the same.
     void scheduleUpdate();
     void updateTaps();
+    void updateEscape();
     /// Whether the event is ours.
     bool handleEvent(const platform::TapEvent& event);
 
     std::vector<HotKeyPtr> m_hotKeys;
     std::unique_ptr<platform::EventTap> m_eventTap;
     std::unique_ptr<platform::EventTap> m_tabEventTap;
+    std::unique_ptr<platform::EventTap> m_escapeTap;
     // As they are to be after the pending update.
     bool m_isEventTapOn = false;
     bool m_isTabEventTapOn = false;

@@ -54,6 +54,8 @@ constexpr SettingRow rows[] = {
     {ENGINE(disableLivePreviews), Flag, Never, 0, 0, 1, "1 takes still pictures"},
     {ENGINE(hideClose), Flag, Never, 0, 0, 1, "1 leaves out the close button"},
     {ENGINE(closeOnClick), Flag, Never, 0, 0, 1, "1 removes the previews on a click"},
+    {ENGINE(keepOnMiddleClick), Flag, Never, 0, 0, 1,
+     "1 keeps a window open on a middle click on its preview"},
     {ENGINE(showOthersInDockIcon), Flag, Never, 0, 0, 1,
      "1 shows windows of applications without an icon under Lumbrix's own"},
     {"showIconInDock", Elsewhere, Flag, Never, 0, 0, 1,

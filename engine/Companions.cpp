@@ -13,6 +13,7 @@ class AbsentHotKeyCenter final : public HotKeyCenter
     void registerHotKey(const std::shared_ptr<SGHotKey>&) override {}
     void unregisterHotKey(const std::shared_ptr<SGHotKey>&) override {}
     void toggleEventTap(bool) override {}
+    void rowChanged() override {}
 };
 
 class AbsentCalendarPreview final : public CalendarPreview

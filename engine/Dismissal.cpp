@@ -168,12 +168,12 @@ bool Dismissal::checkIfPreviewsAreHovered(bool includeDockItem)
     for (const ScreenyViewPtr& preview : previews) {
         const QRectF frame = frameOf(*preview);
         const bool isInside = contains(frame, mouse);
-        trackHover(*preview, isInside);
+        m.row.selection().track(*preview, isInside);
         if (isInside || (includeDockItem && contains(bridgedToDock(frame, icon, edge), mouse)) ||
             preview->isHovered())
             return true;
     }
-    return false;
+    return contains(m.row.more().frame(), mouse);
 }
 
 bool Dismissal::shouldInterceptClick(bool perform, bool isTabExit)

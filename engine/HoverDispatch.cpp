@@ -91,6 +91,7 @@ void HoverDispatch::iconHovered(const SWElementPtr& element)
 void HoverDispatch::moveRow(const SWElementPtr& element)
 {
     m.row.arranger().arrangeWindows(element, false);
+    m.row.updateMore();
     m.timers.stopUpdate();
     armUpdateTimer(element);
 }

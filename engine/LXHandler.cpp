@@ -169,6 +169,12 @@ void LXHandler::settingsDidChange()
     m_dismissal.removeAllScreenViews("previews have been turned off");
 }
 
+ScreenyView& LXHandler::meantBy(ScreenyView& clicked)
+{
+    const ScreenyViewPtr chosen = m_row.selection().chosen();
+    return chosen ? *chosen : clicked;
+}
+
 bool LXHandler::isObserving(std::int32_t pid) const
 {
     return std::any_of(m_observers.begin(), m_observers.end(),

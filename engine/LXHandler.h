@@ -92,7 +92,16 @@ public:
     void settingsDidChange();
 
     // How it ends.
+    void mouseEntered(ScreenyView& preview) override { m_row.selection().mouseEntered(preview); }
     void mouseExited() override { m_dismissal.mouseExited(); }
+    void wheelTurned(ScreenyView& preview, int steps) override
+    {
+        m_row.selection().turn(preview, steps);
+    }
+    ScreenyView& meantBy(ScreenyView& clicked) override;
+    void showMore() override { m_updater.showMore(); }
+    /// The user wants nothing of what is shown or about to be.
+    void escape() { m_dismissal.endAtOnce(); }
     void menuOpened() { m_dismissal.menuOpened(); }
     void removeAllScreenViews() override { m_dismissal.removeAllScreenViews(toldTo); }
     void removeAllScreenViewsNOW() { m_dismissal.removeAllScreenViewsNOW(toldTo); }

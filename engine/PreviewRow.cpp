@@ -28,8 +28,9 @@ void forEachFromLast(const std::vector<ScreenyViewPtr>& previews, Action action)
 PreviewRow::PreviewRow(const platform::Desktop& ports, PreviewHost& host,
                        const EngineSettings& settings, const Companions& companions,
                        const HoveredItem& hovered)
-    : m_ports(ports), m_hovered(hovered), m_cache(ports, host),
-      m_arranger(ports, settings, m_previews, *companions.helpBubble), m_pictures(ports, m_previews)
+    : m_ports(ports), m_companions(companions), m_hovered(hovered), m_cache(ports, host),
+      m_arranger(ports, settings, m_previews, *companions.helpBubble),
+      m_pictures(ports, m_previews), m_selection(ports, m_previews), m_more(ports, host)
 {
     m_previews.reserve(2);
 }
@@ -55,6 +56,7 @@ void PreviewRow::append(const ScreenyViewPtr& preview)
 {
     m_previews.push_back(preview);
     m_isShowing = true;
+    m_companions.hotKeyCenter->rowChanged();
 }
 
 ScreenyViewPtr PreviewRow::append(const SWElementPtr& window, const Application& application,
@@ -79,22 +81,44 @@ ScreenyViewPtr PreviewRow::append(const SWElementPtr& window, const Application&
 void PreviewRow::append(const std::vector<SWElementPtr>& windows, const Application& application,
                         bool byTab)
 {
-    for (const SWElementPtr& window : windows) {
+    m_firstWindow = 0;
+    for (const SWElementPtr& window : present(windows))
         append(window, application, byTab);
-        if (m_previews.size() >= maxPreviews)
-            return;
-    }
+}
+
+std::vector<SWElementPtr> PreviewRow::present(const std::vector<SWElementPtr>& windows)
+{
+    m_allWindows = windows.size();
+    if (m_firstWindow >= m_allWindows)
+        m_firstWindow = 0;
+    m_presentWindows = std::min(m_allWindows - m_firstWindow, maxPreviews);
+    const auto first = windows.begin() + static_cast<std::ptrdiff_t>(m_firstWindow);
+    return {first, first + static_cast<std::ptrdiff_t>(m_presentWindows)};
+}
+
+void PreviewRow::updateMore()
+{
+    // The switcher's row is gone with the keys that are held.
+    const bool hasMore =
+        !m_previews.empty() && !m_previews.front()->setByTab() && !m_previews.front()->iCal();
+    const std::size_t left = hasMore ? m_allWindows - m_presentWindows : 0;
+    m_more.show(left, m_arranger.placeOfMore(MoreEntry::size));
 }
 
 void PreviewRow::setPreviews(std::vector<ScreenyViewPtr> previews)
 {
     m_previews = std::move(previews);
     m_isShowing = !m_previews.empty();
+    if (m_previews.empty())
+        m_more.hide();
+    m_companions.hotKeyCenter->rowChanged();
 }
 
 std::vector<ScreenyViewPtr> PreviewRow::take()
 {
     m_isShowing = false;
+    m_selection.choose(nullptr);
+    m_companions.hotKeyCenter->rowChanged();
     return std::exchange(m_previews, {});
 }
 
@@ -112,18 +136,24 @@ void PreviewRow::bringOut()
         }
         preview->orderFront();
     }
+    updateMore();
     m_pictures.showWhenComplete();
 }
 
 void PreviewRow::takeAwayWithTheNextPass()
 {
     forEachFromLast(take(), [](ScreenyView& preview) { preview.rebirth(); });
-    m_orderOutTimer = m_ports.runLoop.scheduleTimer(0, false, [this] { m_cache.orderCacheOut(); });
+    m_orderOutTimer = m_ports.runLoop.scheduleTimer(0, false, [this] {
+        m_cache.orderCacheOut();
+        if (m_previews.empty())
+            m_more.hide();
+    });
 }
 
 void PreviewRow::takeAway()
 {
     forEachFromLast(take(), [](ScreenyView& preview) { preview.dismiss(); });
+    m_more.hide();
 }
 
 } // namespace lumbrix

@@ -12,12 +12,14 @@
 #include "engine/HoveredItem.h"
 #include "engine/PictureLoader.h"
 #include "engine/PreviewCache.h"
+#include "engine/RowSelection.h"
 #include "engine/StripArranger.h"
 #include "model/EngineSettings.h"
 #include "model/SWElement.h"
 #include "platform/Desktop.h"
 #include "platform/RunLoop.h"
 #include "platform/Workspace.h"
+#include "preview/MoreEntry.h"
 #include "preview/ScreenyView.h"
 
 namespace lumbrix
@@ -46,9 +48,19 @@ public:
     /// A new preview of a window, filled and appended; null when none can be made. `application` is
     /// that of the hovered item.
     ScreenyViewPtr append(const SWElementPtr& window, const Application& application, bool byTab);
-    /// The same for several, as long as there is room.
+    /// The same for several, as long as there is room: a new row, from the first of them on.
     void append(const std::vector<SWElementPtr>& windows, const Application& application,
                 bool byTab);
+    /// Of all windows that the row stands for, those that it has room for.
+    std::vector<SWElementPtr> present(const std::vector<SWElementPtr>& windows);
+    /// From now on the row has room for those that come after the present ones; after the last of
+    /// them, for the first ones again.
+    void turnPage() { m_firstWindow += m_presentWindows; }
+    /// How many windows the row stands for, and the place of its first one among them.
+    std::size_t allWindows() const { return m_allWindows; }
+    std::size_t firstWindow() const { return m_firstWindow; }
+    /// Tells how many windows it has no room for; nothing where it has room for all.
+    void updateMore();
     /// Those that are left of it; the others were dismissed.
     void setPreviews(std::vector<ScreenyViewPtr> previews);
 
@@ -64,17 +76,27 @@ public:
     const PreviewCache& cache() const { return m_cache; }
     StripArranger& arranger() { return m_arranger; }
     PictureLoader& pictures() { return m_pictures; }
+    RowSelection& selection() { return m_selection; }
+    const RowSelection& selection() const { return m_selection; }
+    MoreEntry& more() { return m_more; }
+    const MoreEntry& more() const { return m_more; }
 
 private:
     std::vector<ScreenyViewPtr> take();
 
     const platform::Desktop& m_ports;
+    const Companions& m_companions;
     const HoveredItem& m_hovered;
     PreviewCache m_cache;
     std::vector<ScreenyViewPtr> m_previews;
     std::atomic<bool> m_isShowing{false};
+    std::size_t m_firstWindow = 0; ///< of the row, in all that it stands for
+    std::size_t m_presentWindows = 0;
+    std::size_t m_allWindows = 0;
     StripArranger m_arranger;
     PictureLoader m_pictures;
+    RowSelection m_selection;
+    MoreEntry m_more;
     platform::TimerPtr m_orderOutTimer;
 };
 

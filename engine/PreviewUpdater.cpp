@@ -148,7 +148,8 @@ void PreviewUpdater::refreshShown(Pass& pass)
             qCDebug(log::hover, "window %#x goes from the row: %s", unsigned{window->wid()},
                     plainWords(verdict));
             // Nobody sees the mouse leave it, and no icon was left before.
-            if (m.hovered.requested().isUp() && preview->isMouseInside())
+            if (m.hovered.requested().isUp() && preview->isMouseInside() &&
+                m.row.selection().chosen() != preview)
                 m_dismissal.letGo();
             preview->dismiss();
             pass.removed = true;
@@ -216,10 +217,10 @@ void PreviewUpdater::addMissing(const std::vector<SWElementPtr>& windows,
                                 const platform::RunningApplication& application,
                                 const SWElementPtr& element, Pass& pass)
 {
-    for (const SWElementPtr& window : windows) {
+    for (const SWElementPtr& window : m.row.present(windows)) {
         const auto& previews = m.row.previews();
         if (previews.size() >= maxPreviews)
-            return;
+            break;
         const bool isShown =
             std::any_of(previews.begin(), previews.end(), [&window](const ScreenyViewPtr& shown) {
                 return window->isEqualTo(shown->elementRef());
@@ -243,6 +244,26 @@ void PreviewUpdater::addMissing(const std::vector<SWElementPtr>& windows,
             return;
         pass.added = true;
     }
+    m.row.updateMore(); // perhaps another number, where nothing else has changed
+}
+
+void PreviewUpdater::showMore()
+{
+    const SWElementPtr element = m.timers.updated;
+    if (!element || m.row.isEmpty())
+        return;
+    const auto application = element->runningApplicationForDockElement();
+    if (!application)
+        return;
+    m.row.turnPage();
+    m.row.takeAwayWithTheNextPass();
+    m.inventory.cleanWindowsArray();
+    for (const SWElementPtr& window :
+         m.row.present(m.inventory.windowsBehindItem(*element, *application)))
+        m.row.append(window, application, false);
+    Pass pass;
+    pass.removed = true; // a shorter row may leave the mouse beside it
+    layOutAgain(element, pass);
 }
 
 void PreviewUpdater::layOutAgain(const SWElementPtr& element, const Pass& pass)

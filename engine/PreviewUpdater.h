@@ -37,6 +37,8 @@ public:
     /// Has the row go when its icon is on no screen any more. What is where has changed for all
     /// that is shown, also where nothing moved.
     void screensDidChange();
+    /// Has the row show the windows that it had no room for.
+    void showMore();
     /// One pass of the update timer for the hovered item.
     void updateWindows(const SWElementPtr& element);
 

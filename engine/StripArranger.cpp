@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "model/EngineSettings.h"
+#include "model/UIElementUtilities.h"
 #include "platform/RunLoop.h"
 #include "platform/WindowServer.h"
 #include "preview/HelpBubble.h"
@@ -133,6 +134,30 @@ void StripArranger::markOwnWindow(const SWElementPtr& item)
         const SWElementPtr& window = preview->elementRef();
         preview->setMarked(own && window && window->wid() == *own);
     }
+}
+
+QRectF StripArranger::placeOfMore(QSizeF size) const
+{
+    if (m_previews.empty() || !m_side)
+        return {};
+    const QRectF row = m_previews.front()->window()->frame() | m_previews.back()->window()->frame();
+    const QPointF icon = UIElementUtilities(m_ports).flippedScreenBounds(m_icon).center();
+    const auto along = [](double middle, double extent, double from, double to) {
+        return std::max(from, std::min(middle - extent / 2, to - extent));
+    };
+    const double x = along(icon.x(), size.width(), row.left(), row.right());
+    const double y = along(icon.y(), size.height(), row.top(), row.bottom());
+    switch (*m_side) {
+    case DockSide::Top:
+        return {{x, row.top() - size.height()}, size};
+    case DockSide::Left:
+        return {{row.right(), y}, size};
+    case DockSide::Right:
+        return {{row.left() - size.width(), y}, size};
+    case DockSide::Bottom:
+        break;
+    }
+    return {{x, row.bottom()}, size};
 }
 
 void StripArranger::arrangeWindow(ScreenyView& preview)

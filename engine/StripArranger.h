@@ -59,6 +59,11 @@ public:
     void arrangeWindowsLeft(const SWElementPtr& item, bool animate);
     void arrangeWindowsRight(const SWElementPtr& item, bool animate);
 
+    /// Where something of this size lies beside the row: on the icon's line, which other previews
+    /// in the row's place leave where it is, and away from the Dock; screen coordinates. Empty
+    /// before the first row.
+    QRectF placeOfMore(QSizeF size) const;
+
     /// Places one sample preview beside the Dock's first item and brings it to the front.
     void arrangeWindow(ScreenyView& preview);
 

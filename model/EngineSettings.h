@@ -61,6 +61,7 @@ struct EngineSettings {
     Setting<std::int32_t> disabled;
     Setting<std::int32_t> showFastKeys;
     Setting<std::int32_t> zoomWindows;
+    Setting<std::int32_t> keepOnMiddleClick;
 };
 
 } // namespace lumbrix

@@ -18,6 +18,9 @@ namespace lumbrix::platform
 struct TapKey {
     std::int64_t keyCode = -1;
     std::uint32_t flags = 0;
+    /// The focused program gets the key as well, whatever the callback answers. Its release is not
+    /// reported, and its repeats are.
+    bool isPassedOn = false;
 
     bool operator==(const TapKey&) const = default;
 };

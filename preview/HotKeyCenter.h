@@ -30,6 +30,8 @@ public:
     virtual void unregisterHotKey(const std::shared_ptr<SGHotKey>& hotKey) = 0;
     /// Turns on the taps that are needed in the present state, or all that are not needed off.
     virtual void toggleEventTap(bool on) = 0;
+    /// The row of previews, or what is hovered of it, is another now: some keys follow that.
+    virtual void rowChanged() = 0;
 };
 
 } // namespace lumbrix

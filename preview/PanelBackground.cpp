@@ -7,9 +7,11 @@
 #include <QtGui/QMouseEvent>
 #include <QtGui/QPainter>
 #include <QtGui/QPixmapCache>
+#include <QtGui/QWheelEvent>
 
 #include <algorithm>
 #include <array>
+#include <cstdlib>
 #include <utility>
 
 #include "platform/StringLiterals.h"
@@ -184,17 +186,31 @@ bool PanelBackground::eventFilter(QObject* watched, QEvent* event)
 
 void PanelBackground::mousePressEvent(QMouseEvent* event)
 {
-    m_pressed = event->button() == Qt::LeftButton;
+    m_pressed = event->button();
     event->accept();
 }
 
 void PanelBackground::mouseReleaseEvent(QMouseEvent* event)
 {
     event->accept();
-    if (event->button() != Qt::LeftButton || !std::exchange(m_pressed, false))
+    if (std::exchange(m_pressed, Qt::NoButton) != event->button() ||
+        !rect().contains(event->position().toPoint()))
         return;
-    if (rect().contains(event->position().toPoint()))
+    if (event->button() == Qt::LeftButton)
         Q_EMIT clicked();
+    else if (event->button() == Qt::MiddleButton)
+        Q_EMIT middleClicked();
+}
+
+void PanelBackground::wheelEvent(QWheelEvent* event)
+{
+    event->accept();
+    const QPoint delta = event->angleDelta();
+    m_wheel -= std::abs(delta.y()) >= std::abs(delta.x()) ? delta.y() : delta.x();
+    const int notches = m_wheel / QWheelEvent::DefaultDeltasPerStep;
+    m_wheel %= QWheelEvent::DefaultDeltasPerStep;
+    if (notches != 0)
+        Q_EMIT wheelTurned(notches);
 }
 
 void PanelBackground::resizeEvent(QResizeEvent* event)

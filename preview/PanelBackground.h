@@ -58,12 +58,17 @@ Q_SIGNALS:
     void outlinePathChanged();
     /// A click beside the parts.
     void clicked();
+    /// A click of the middle button, on any part.
+    void middleClicked();
+    /// The wheel, over any part: by so many notches, downward or to the right if positive.
+    void wheelTurned(int notches);
 
 protected:
     void childEvent(QChildEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
@@ -86,7 +91,8 @@ private:
     bool m_hovered = false;
     bool m_marked = false;
     bool m_shaped = false;
-    bool m_pressed = false;
+    Qt::MouseButton m_pressed = Qt::NoButton;
+    int m_wheel = 0; ///< what makes no whole notch yet, in the toolkit's parts of one
 };
 
 } // namespace lumbrix

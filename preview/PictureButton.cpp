@@ -6,6 +6,7 @@
 #include <QtGui/QPainter>
 
 #include <algorithm>
+#include <utility>
 
 #include "platform/pictures/PictureScaler.h"
 #include "preview/RoundedPicture.h"
@@ -18,10 +19,7 @@ namespace
 constexpr qreal iconPart = 0.6;
 } // namespace
 
-PictureButton::PictureButton(QWidget* parent) : LXTransparentButtonCell(parent)
-{
-    setAttribute(Qt::WA_Hover);
-}
+PictureButton::PictureButton(QWidget* parent) : LXTransparentButtonCell(parent) {}
 
 void PictureButton::setImage(const QImage& image)
 {
@@ -42,6 +40,12 @@ void PictureButton::setIcon(const QImage& icon)
         return;
     m_icon = icon;
     if (m_image.isNull())
+        update();
+}
+
+void PictureButton::setHighlighted(bool on)
+{
+    if (std::exchange(m_isHighlighted, on) != on)
         update();
 }
 
@@ -94,7 +98,7 @@ void PictureButton::paintEvent(QPaintEvent*)
         painter.drawImage(picture.topLeft(), painted(picture.size()));
     else if (m_placeholder.alpha() == 0 && m_icon.isNull())
         return;
-    const bool isHovered = underMouse() && isEnabled();
+    const bool isHovered = m_isHighlighted && isEnabled();
     if (!m_image.isNull() && !isDown() && !isHovered)
         return;
     const auto draw = [&painter](const QRectF& rect, qreal radius) {

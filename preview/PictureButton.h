@@ -32,6 +32,8 @@ public:
     void setIcon(const QImage& icon);
     const QImage& icon() const { return m_icon; }
     int iconSide() const; ///< pixels
+    /// A ring around the picture: what it stands for is hovered, or was chosen.
+    void setHighlighted(bool on);
     /// Where the picture lies in the button; the whole button without a picture.
     QRect pictureRect() const;
     qreal cornerRadius() const { return m_cornerRadius; }
@@ -57,6 +59,7 @@ private:
     QColor m_hoverOutline;
     QColor m_placeholder;
     qreal m_cornerRadius = 0;
+    bool m_isHighlighted = false;
 };
 
 } // namespace lumbrix

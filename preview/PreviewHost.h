@@ -48,9 +48,17 @@ class PreviewHost
 public:
     virtual ~PreviewHost() = default;
     virtual const EngineSettings& settings() const = 0;
+    /// The mouse is on a preview, or it was chosen.
+    virtual void mouseEntered(ScreenyView& preview) = 0;
     /// The mouse left a preview.
     virtual void mouseExited() = 0;
+    /// The wheel over a preview: so many previews on, backward if negative.
+    virtual void wheelTurned(ScreenyView& preview, int steps) = 0;
+    /// The one that a click on a preview means: another one while the wheel has chosen that.
+    virtual ScreenyView& meantBy(ScreenyView& clicked) = 0;
     virtual void removeAllScreenViews() = 0;
+    /// Other windows of the row, which it had no room for.
+    virtual void showMore() = 0;
     /// Position among the previews shown; −1 when it is not one of them.
     virtual int indexOfScreenyView(const ScreenyView& preview) const = 0;
     virtual void addToCache(const std::shared_ptr<ScreenyView>& preview) = 0;

@@ -95,12 +95,24 @@ bool ScreenyView::loadWindow(const QString& interfaceFile)
             &MAWindow::updateShape);
     connect(m_window.get(), &MAWindow::shapedChanged, m_background, &PanelBackground::setShaped);
 
-    connect(m_image, &QAbstractButton::clicked, this, &ScreenyView::activateWindow);
+    connectParts();
+    return true;
+}
+
+void ScreenyView::connectParts()
+{
+    const auto activate = [this] { m_host.meantBy(*this).activateWindow(); };
+    connect(m_image, &QAbstractButton::clicked, this, activate);
     // The whole panel stands for the window, not just its picture.
-    connect(m_background, &PanelBackground::clicked, this, &ScreenyView::activateWindow);
+    connect(m_background, &PanelBackground::clicked, this, activate);
+    connect(m_background, &PanelBackground::middleClicked, this, [this] {
+        if (!m_host.settings().keepOnMiddleClick)
+            m_host.meantBy(*this).closeWindow();
+    });
+    connect(m_background, &PanelBackground::wheelTurned, this,
+            [this](int notches) { m_host.wheelTurned(*this, notches); });
     connect(m_fastKeyButton, &QAbstractButton::clicked, this, &ScreenyView::activateWindow);
     connect(m_closeButton, &QAbstractButton::clicked, this, &ScreenyView::closeWindow);
-    return true;
 }
 
 void ScreenyView::setElementRef(SWElementPtr element) { m_elementRef = std::move(element); }

@@ -100,6 +100,8 @@ public:
     // the preview, entering activates the window, once until the mouse exits.
     void mouseEntered();
     void mouseExited();
+    /// Ends what mouseEntered() began, when that is no leaving: something else was chosen.
+    void endHover();
     /// It has entered and not exited, with or without a drag.
     bool isMouseInside() const { return m_hover != Hover::Outside; }
     /// Inside without a drag: what comes up under the mouse is there.
@@ -163,6 +165,7 @@ private:
 
     ScreenyView(const platform::Desktop& ports, PreviewHost& host);
     bool loadWindow(const QString& interfaceFile);
+    void connectParts();
     /// With what follows from it: the close button, and the look of the panel.
     void setHover(Hover hover);
 

@@ -30,6 +30,7 @@ void ScreenyView::mouseEntered()
 {
     if (!m_elementRef)
         return;
+    m_host.mouseEntered(*this);
     if (m_ports.inputState.pressedMouseButtons() == leftButtonOnly) {
         // Something is being dragged onto the window. Nothing comes up under it, so the engine's
         // checks find the preview not hovered and say again and again that the mouse is inside.
@@ -55,9 +56,14 @@ void ScreenyView::mouseEntered()
 
 void ScreenyView::mouseExited()
 {
+    endHover();
+    m_host.mouseExited();
+}
+
+void ScreenyView::endHover()
+{
     cancelZoomWatcher();
     setHover(Hover::Outside);
-    m_host.mouseExited();
     hideZoom();
     hideButtons();
     m_closeButton->update();
@@ -65,9 +71,11 @@ void ScreenyView::mouseExited()
 
 void ScreenyView::setHover(Hover hover)
 {
-    m_hover = hover;
+    if (std::exchange(m_hover, hover) != hover)
+        m_host.hotKeyCenter().rowChanged();
     m_closeButton->setVisible(isHovered());
     m_background->setHovered(isHovered());
+    m_image->setHighlighted(isHovered());
 }
 
 void ScreenyView::setCloseButtonEnabled(bool enabled) { m_closeButton->setEnabled(enabled); }

@@ -627,6 +627,13 @@
     </message>
 </context>
 <context>
+    <name>MoreEntry</name>
+    <message>
+        <source>+%1 more</source>
+        <translation>+%1 weitere</translation>
+    </message>
+</context>
+<context>
     <name>OwnDisplays</name>
     <message>
         <source>the preferences of Docklike (right click with Ctrl held)</source>
@@ -682,6 +689,10 @@
     <message>
         <source>Each picture is then taken once, which is easier on a slow computer.</source>
         <translation>Jedes Bild wird dann nur einmal aufgenommen, was langsame Rechner schont.</translation>
+    </message>
+    <message>
+        <source>Keep windows open on a mi&amp;ddle click on their previews</source>
+        <translation>Fenster bei einem Mittelklick auf ihre &amp;Vorschau offen lassen</translation>
     </message>
 </context>
 <context>

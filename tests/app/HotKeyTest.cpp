@@ -130,6 +130,28 @@ TEST_F(HotKeyTest, otherStoredKeys_actOnThePreviewsThatAreUp)
     EXPECT_EQ(desk.application(pid).pid, pid);
 }
 
+TEST_F(HotKeyTest, escape_takesTheRowAway_unseenByTheProgramWhileTheMouseIsOnAPreview)
+{
+    constexpr TapKey escape{53, 0};
+    addApplication(u"Editor"_s, 2);
+    start();
+    EXPECT_FALSE(type(escape));
+    for (const bool isOnPreview : {false, true}) {
+        hover(u"Editor"_s);
+        ASSERT_EQ(previews(), 2U);
+        if (isOnPreview)
+            engine().screenyViews().front()->mouseEntered();
+        loop.runUntilIdle();
+        EXPECT_EQ(type(escape), isOnPreview);
+        EXPECT_EQ(previews(), 0U);
+        loop.advance(2);
+        EXPECT_EQ(previews(), 0U) << "though the mouse is where it was";
+        EXPECT_FALSE(type(escape));
+        EXPECT_TRUE(taps.keysHeld().empty());
+        leave();
+    }
+}
+
 TEST_F(HotKeyTest, clicks_duringTheSwitcher_goToThePreviewUnderTheMouse)
 {
     const Pid pid = addApplication(u"Editor"_s, 1);

@@ -76,7 +76,7 @@ TEST_P(SettingsTest, values_ofWrongTypes_harmNobody)
         u"hideControls closeOnClick ignoreOneWindow onlyIfKeycode hidePreviewsKeycode showFastKeys "
         u"disableLivePreviews tempDisableFilters tempDisableFiltersKeycode showOthersInDockIcon "
         u"hideClose badgeDock badgePosition badgeOnlyIfMore badgeSizeExtra winBadgeColor "
-        u"shouldBubbleWrap calendars"_s.split(u' ');
+        u"shouldBubbleWrap keepOnMiddleClick calendars"_s.split(u' ');
     const char* values[] = {"none", "-7", "1e30", "@data(\\x00\\xff", "99999999999", "\"", ""};
     for (const char* value : values) {
         SCOPED_TRACE(value);

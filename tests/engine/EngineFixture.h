@@ -151,6 +151,7 @@ private:
         void registerHotKey(const std::shared_ptr<SGHotKey>&) override {}
         void unregisterHotKey(const std::shared_ptr<SGHotKey>&) override {}
         void toggleEventTap(bool on) override { isTapOn = on; }
+        void rowChanged() override {}
         bool isTapOn = false;
     };
     struct Bubble final : HelpBubble {

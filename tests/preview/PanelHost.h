@@ -27,15 +27,20 @@ public:
     std::vector<std::shared_ptr<SGHotKey>> hotKeys; ///< registered now
     PlayerState state = PlayerState::Unknown;
     bool hasPlayer = true;
+    ScreenyView* meant = nullptr; ///< by any click; null: the preview that is clicked
     QStringList log;
 
     const EngineSettings& settings() const override { return settingsMirror; }
+    void mouseEntered(ScreenyView&) override {}
     void mouseExited() override { log += u"mouseExited"_s; }
+    void wheelTurned(ScreenyView&, int steps) override { log += u"wheel %1"_s.arg(steps); }
+    ScreenyView& meantBy(ScreenyView& clicked) override { return meant ? *meant : clicked; }
     void removeAllScreenViews() override
     {
         for (const ScreenyViewPtr& preview : std::exchange(previews, {}))
             preview->rebirth();
     }
+    void showMore() override { log += u"more"_s; }
     int indexOfScreenyView(const ScreenyView& preview) const override
     {
         for (std::size_t i = 0; i < previews.size(); ++i)
@@ -54,6 +59,7 @@ private:
         std::erase(hotKeys, key);
     }
     void toggleEventTap(bool) override {}
+    void rowChanged() override {}
     void setAppFlags(ScreenyView&, const std::optional<platform::RunningApplication>&) override {}
     bool isReachable(const ScreenyView&) override { return hasPlayer; }
     PlayerState playerState(const ScreenyView&) override { return state; }

@@ -6,6 +6,7 @@
 #include <QtCore/QDir>
 #include <QtGui/QAccessible>
 #include <QtGui/QPainter>
+#include <QtGui/QWheelEvent>
 #include <QtTest/QTest>
 #include <QtWidgets/QAbstractButton>
 
@@ -428,6 +429,36 @@ TEST_F(Panel, click_raisesTheWindow)
     preview->setBusyCal(true);
     preview->clickImage();
     expectCommands("calendar", {u"launch iCal"_s, u"launch BusyCal"_s});
+}
+
+TEST_F(Panel, middleClickAndWheel_areForThePreviewThatIsMeant)
+{
+    const auto isOpen = [this] {
+        loop.runUntilIdle();
+        return desk.window(window).has_value();
+    };
+    const ScreenyViewPtr clicked = show();
+    const WindowID other = window;
+    const ScreenyViewPtr meant = show();
+    host.settingsMirror.keepOnMiddleClick = 1;
+    QTest::mouseClick(part(meant, "image"), Qt::MiddleButton);
+    EXPECT_TRUE(isOpen()) << "the setting keeps it";
+    host.settingsMirror.keepOnMiddleClick = 0;
+    QTest::mousePress(part(meant, "image"), Qt::MiddleButton);
+    QTest::mouseRelease(part(meant, "image"), Qt::MiddleButton, {}, {900, 10});
+    EXPECT_TRUE(isOpen()) << "let go beside it";
+    host.meant = meant.get();
+    QTest::mouseClick(part(clicked, "title"), Qt::MiddleButton);
+    EXPECT_FALSE(isOpen());
+    EXPECT_TRUE(desk.window(other).has_value());
+    expectCommands("no other button's", {});
+
+    host.log.clear();
+    for (const int delta : {-60, -60, -120, 240}) {
+        QWheelEvent event({5, 5}, {}, {}, {0, delta}, {}, {}, Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(clicked->contentView(), &event);
+    }
+    EXPECT_EQ(host.log.join(u' '), u"wheel 1 wheel 1 wheel -2"_s);
 }
 
 TEST_F(Panel, controls_followTheApplicationAndThePlayer)

@@ -54,13 +54,29 @@ public:
         std::erase_if(held, [this](const TapKey& key) { return contains(m_taps.m_taken, key); });
         return m_isEnabled ? held : std::vector<TapKey>();
     }
+    /// The key as it is wanted; null when it is not.
+    const TapKey* wanted(const TapKey& key) const
+    {
+        const auto found = std::find_if(m_keys.begin(), m_keys.end(), [&](const TapKey& each) {
+            return each.keyCode == key.keyCode && each.flags == key.flags;
+        });
+        return found == m_keys.end() ? nullptr : &*found;
+    }
     bool sees(const TapEvent& event) const
     {
         if (event.type == Type::KeyDown || event.type == Type::KeyUp)
-            return contains(keysHeld(), event.key);
+            return wanted(event.key) && contains(keysHeld(), *wanted(event.key));
         return m_isEnabled && m_events == TapEvents::KeysAndClicks;
     }
-    bool call(const TapEvent& event) const { return m_callback(event); }
+    /// Whether it swallows it.
+    bool call(TapEvent event) const
+    {
+        if (const TapKey* key = wanted(event.key))
+            event.key = *key;
+        if (event.key.isPassedOn && event.type == Type::KeyUp)
+            return false;
+        return m_callback(event) && !event.key.isPassedOn;
+    }
 
 private:
     SimulatedEventTaps& m_taps;
@@ -95,7 +111,7 @@ std::vector<TapKey> SimulatedEventTaps::keysHeld() const
     std::vector<TapKey> held;
     for (const Tap* tap : m_taps) {
         for (const TapKey& key : tap->keysHeld())
-            if (!contains(held, key))
+            if (!key.isPassedOn && !contains(held, key))
                 held.push_back(key);
     }
     return held;

@@ -159,7 +159,8 @@ std::uint32_t KeyGrabs::modifiersFor(std::uint32_t flags) const
            (flags & ModifierFlag::command ? lowestBit(masks.command) : 0U);
 }
 
-/// The keyboard does not freeze, so programs that hold it for longer delay nobody else.
+/// The keyboard does not freeze, so programs that hold it for longer delay nobody else; but for
+/// keys that are passed on, for the moment until they are.
 void KeyGrabs::take(const std::vector<Grab>& grabs, std::vector<TapKey>& refused)
 {
     xcb_connection_t* c = m_events.get();
@@ -171,7 +172,8 @@ void KeyGrabs::take(const std::vector<Grab>& grabs, std::vector<TapKey>& refused
         forEachSubset(grab.locks, [&](std::uint32_t locks) {
             cookies.push_back(xcb_grab_key_checked(
                 c, 0, m_events.root(), static_cast<std::uint16_t>(grab.modifiers | locks),
-                grab.keycode, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC));
+                grab.keycode, XCB_GRAB_MODE_ASYNC,
+                grab.key.isPassedOn ? XCB_GRAB_MODE_SYNC : XCB_GRAB_MODE_ASYNC));
         });
     }
     // The first answer waits for the server; the others are there by then.
@@ -201,6 +203,15 @@ void KeyGrabs::giveBack(const Grab& grab) const
 /// key that is pressed anew, the grab begins anew before the press.
 void KeyGrabs::pressed(const xcb_key_press_event_t& event)
 {
+    constexpr std::uint32_t modifierBits = 0xff;
+    const auto grab = std::find_if(m_held.begin(), m_held.end(), [&](const Grab& held) {
+        return held.keycode == event.detail &&
+               (event.state & modifierBits & ~held.locks) == held.modifiers;
+    });
+    // Also of a key that is not wanted any more: its grab may have begun before it was given back,
+    // and would keep the keyboard frozen. Where nothing is frozen this does nothing.
+    if (grab == m_held.end() || grab->key.isPassedOn)
+        passOn(event);
     if (m_release && m_release->detail == event.detail && m_release->time == event.time) {
         m_release.reset();
         return;
@@ -208,15 +219,18 @@ void KeyGrabs::pressed(const xcb_key_press_event_t& event)
     finishRelease();
     if (m_down.contains(event.detail))
         return; // some servers repeat without releases
-    constexpr std::uint32_t modifierBits = 0xff;
-    const auto grab = std::find_if(m_held.begin(), m_held.end(), [&](const Grab& held) {
-        return held.keycode == event.detail &&
-               (event.state & modifierBits & ~held.locks) == held.modifiers;
-    });
     if (grab == m_held.end())
         return; // pressed while another of our keys is down
-    m_down[event.detail] = grab->key;
+    if (!grab->key.isPassedOn)
+        m_down[event.detail] = grab->key;
     m_report({TapEvent::Type::KeyDown, grab->key});
+}
+
+/// To whoever would have had it.
+void KeyGrabs::passOn(const xcb_key_press_event_t& event) const
+{
+    xcb_allow_events(m_events.get(), XCB_ALLOW_REPLAY_KEYBOARD, event.time);
+    xcb_flush(m_events.get());
 }
 
 /// Not told before it is known that it is none of a repeat.

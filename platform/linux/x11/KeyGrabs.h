@@ -69,6 +69,7 @@ private:
     void take(const std::vector<Grab>& grabs, std::vector<TapKey>& refused);
     void giveBack(const Grab& grab) const;
     void pressed(const xcb_key_press_event_t& event);
+    void passOn(const xcb_key_press_event_t& event) const;
     void released(const xcb_key_release_event_t& event);
     void tellRelease();
     void finishRelease();

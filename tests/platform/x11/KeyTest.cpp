@@ -232,6 +232,25 @@ TEST(Keys, heldKey_isPressedOnce)
     keys.run(u"xset"_s, {u"r"_s, u"rate"_s});
 }
 
+TEST(Keys, passedOn_reachTheProgramToo_alsoWhenNotWantedAnyMore)
+{
+    KeyDesk keys;
+    keys.want({{19, ModifierFlag::command, true}});
+    for (std::ptrdiff_t i = 1; i <= 3; ++i) {
+        keys.display().type({super, keyTwo});
+        EXPECT_TRUE(keys.sees(static_cast<std::size_t>(i))) << "the press alone";
+        EXPECT_TRUE(keys.programSees(keyTwo, 2 * i));
+    }
+    // Not wanted, wanted, pressed: at whatever moment, nothing stays frozen.
+    for (std::ptrdiff_t i = 0; i < 20; ++i) {
+        keys.tap->setEnabled(false);
+        keys.display().type({super, keyTwo});
+        keys.tap->setEnabled(true);
+        keys.display().type({super, keyTwo});
+        EXPECT_TRUE(keys.programSees(keyTwo, 6 + 4 * (i + 1)));
+    }
+}
+
 TEST(Keys, takenByAnotherProgram_isToldAndTriedAgain)
 {
     KeyDesk keys;
