@@ -30,6 +30,9 @@ public:
                                    std::uint32_t nativeVirtualKey) = 0;
     /// What people here call the modifier key of a ModifierFlag bit ("Alt"), translated.
     virtual QString nameOfModifier(std::uint32_t flag) const = 0;
+    /// The sign that they know that key by, where there is no room for its name; empty where the
+    /// port knows none.
+    virtual QString signOfModifier(std::uint32_t /*flag*/) const { return {}; }
 };
 
 } // namespace lumbrix::platform

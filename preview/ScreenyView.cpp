@@ -5,6 +5,7 @@
 
 #include "model/EngineSettings.h"
 #include "platform/InputState.h"
+#include "platform/KeyboardLayout.h"
 #include "platform/StringLiterals.h"
 #include "platform/Workspace.h"
 #include "preview/DisplayText.h"
@@ -189,7 +190,9 @@ void ScreenyView::setShortcut()
             self->m_fastKeyButton->click();
     };
     center.registerHotKey(m_fastKey);
-    m_fastKeyButton->setText(QString(QChar(0x2318)) + QString::number(digit));
+    const QString sign = m_ports.keyboardLayout.signOfModifier(platform::ModifierFlag::command);
+    m_fastKeyButton->setText((sign.isEmpty() ? QString(QChar(0x2318)) : sign) +
+                             QString::number(digit));
     m_fastKeyButton->show();
     m_background->arrange();
 }

@@ -647,6 +647,9 @@ TEST_F(Panel, shortcuts_areForTheFirstTen)
     host.previews.clear();
     previews[2]->setShortcut();
     EXPECT_EQ(label(2), u"\u23180"_s);
+    desk.keyboardLayout().setSign(u"#"_s);
+    previews[2]->setShortcut();
+    EXPECT_EQ(label(2), u"#0"_s);
 }
 
 TEST_F(Panel, rebirth_leavesAnIdlePanelThatShowsNothingOfItsFormerLife)

@@ -49,6 +49,8 @@ public:
         return nativeScanCode < 8 ? -1 : static_cast<std::int64_t>(nativeScanCode) - 8;
     }
     QString nameOfModifier(std::uint32_t flag) const override;
+    QString signOfModifier(std::uint32_t) const override { return m_sign; }
+    void setSign(const QString& sign) { m_sign = sign; } ///< none at first
 
     void choose(QHash<std::int64_t, QString> characters)
     {
@@ -60,6 +62,7 @@ public:
 private:
     QHash<std::int64_t, QString> m_characters;
     QHash<std::int64_t, QString> m_names;
+    QString m_sign;
     std::uint64_t m_layout = 1;
 };
 

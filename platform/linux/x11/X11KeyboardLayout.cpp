@@ -72,6 +72,12 @@ QString X11KeyboardLayout::nameOfModifier(std::uint32_t flag) const
     }
 }
 
+/// Of PC keyboards, on which that key has four panes; the others have their names on them.
+QString X11KeyboardLayout::signOfModifier(std::uint32_t flag) const
+{
+    return flag == ModifierFlag::command ? QString(QChar(0x229E)) : QString();
+}
+
 void X11KeyboardLayout::readKeymap()
 {
     const std::uint64_t changes = m_changes;

@@ -25,6 +25,7 @@ public:
     QString nameOfKey(std::int64_t keyCode) const override;
     std::int64_t keyCodeOf(std::uint32_t nativeScanCode, std::uint32_t nativeVirtualKey) override;
     QString nameOfModifier(std::uint32_t flag) const override;
+    QString signOfModifier(std::uint32_t flag) const override;
 
     void handleEvent(const xcb_generic_event_t& event) override;
 

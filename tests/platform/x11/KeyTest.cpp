@@ -304,6 +304,7 @@ TEST(Keys, keyboardLayout_changed_isFollowed)
     EXPECT_EQ(layout.nameOfKey(105) + layout.nameOfKey(107) + layout.nameOfKey(113),
               u"PrintScroll LockPause"_s);
     EXPECT_EQ(layout.nameOfKey(122), QString()) << "F1 everywhere";
+    EXPECT_EQ(layout.signOfModifier(ModifierFlag::command), u"\u229e"_s);
 
     keys.run(u"setxkbmap"_s, {u"fr"_s});
     EXPECT_TRUE(keys.desk.waitFor([&] { return layout.charactersOfKey(19) == u"é"_s; }));
