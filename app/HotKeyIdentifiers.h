@@ -14,5 +14,6 @@ namespace lumbrix::HotKeyIdentifier
 inline const QString CloseAllWindows = u"closeAllWindowsKey"_s;
 inline const QString EnableDisable = u"enableDisableKey"_s;
 inline const QString HideAllPreviews = u"hideAllPreviewsKey"_s;
+inline const QString OpenRow = u"openRowKey"_s;
 
 } // namespace lumbrix::HotKeyIdentifier

@@ -294,6 +294,7 @@ void LumbrixController::registerHotKeys()
         {HotKeyIdentifier::EnableDisable, [this] { toggleDisabled(); }},
         {HotKeyIdentifier::HideAllPreviews,
          [] { LXHandler::sharedHandler().removeAllScreenViews(); }},
+        {HotKeyIdentifier::OpenRow, [] { LXHandler::sharedHandler().toggleKeyboardRow(); }},
     };
     for (const auto& [identifier, action] : rows) {
         const QVariantMap stored = defaults().dictionaryForKey(identifier).value_or(QVariantMap());

@@ -45,7 +45,7 @@ void SGHotKeyCenter::setUpEventHandler()
         });
     }
     // Settings that change while previews are up leave their keys working.
-    if (isSet(HotKeyIdentifier::EnableDisable) || !LXHandler::sharedHandler().isShowingPreviews())
+    if (hasLastingKeys() || !LXHandler::sharedHandler().isShowingPreviews())
         toggleEventTap(false);
 }
 
@@ -102,12 +102,27 @@ bool SGHotKeyCenter::isSet(const QString& identifier) const
     return hotKeyWithIdentifier(identifier) != nullptr;
 }
 
+bool SGHotKeyCenter::hasLastingKeys() const
+{
+    return isSet(HotKeyIdentifier::EnableDisable) || isSet(HotKeyIdentifier::OpenRow);
+}
+
+/// Of the keys that other programs may have a use for, those that would do something now.
+bool SGHotKeyCenter::isWanted(const SGHotKey& hotKey) const
+{
+    const LXHandler& engine = LXHandler::sharedHandler();
+    if (hotKey.identifier == HotKeyIdentifier::EnableDisable || m_isTrying)
+        return true;
+    return hotKey.identifier == HotKeyIdentifier::OpenRow ? engine.settings().disabled == 0
+                                                          : engine.isShowingPreviews();
+}
+
 void SGHotKeyCenter::toggleEventTap(bool on)
 {
     if (!m_eventTap || !m_tabEventTap)
         return;
     if (!on) {
-        if (isSet(HotKeyIdentifier::EnableDisable)) {
+        if (hasLastingKeys()) {
             enableKeyboardTap(); // works while previews are off, and from any program
         } else {
             m_isEventTapOn = m_isTabEventTapOn = false;
@@ -161,7 +176,8 @@ void SGHotKeyCenter::updateTaps()
 {
     std::vector<TapKey> keys;
     for (const HotKeyPtr& hotKey : m_hotKeys)
-        keys.push_back(tapKey(*hotKey));
+        if (isWanted(*hotKey))
+            keys.push_back(tapKey(*hotKey));
     m_eventTap->setKeys(keys);
     m_tabEventTap->setKeys(keys);
     m_eventTap->setEnabled((m_isEventTapOn || m_isTrying) && !m_isSuspended);

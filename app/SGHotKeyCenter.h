@@ -53,6 +53,9 @@ public:
 
 private:
     bool isSet(const QString& identifier) const;
+    /// Whether there are hot keys that work without previews.
+    bool hasLastingKeys() const;
+    bool isWanted(const SGHotKey& hotKey) const;
     void enableKeyboardTap();
     /// In the next pass of the loop: a row of previews comes with ten keys, and one that follows
     /// another at once mostly has the same.

@@ -72,7 +72,9 @@ LXHandler::LXHandler(const platform::Desktop& ports, const Companions& companion
                                                                           m_row},
       m_dismissal(m_context), m_updater(m_context, m_dismissal),
       m_hover(m_context, m_dismissal, m_updater), m_switcher(m_context, m_dismissal, m_updater),
-      m_requestedRow(m_context, m_dismissal), m_intake(m_context, m_dismissal, m_hover, m_switcher)
+      m_requestedRow(m_context, m_dismissal),
+      m_keyboardRow(m_context, m_dismissal, m_updater, m_requestedRow),
+      m_intake(m_context, m_dismissal, m_hover, m_switcher)
 {
     m_observers.reserve(5);
 }

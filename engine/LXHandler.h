@@ -18,6 +18,7 @@
 #include "engine/HoverDelays.h"
 #include "engine/HoverDispatch.h"
 #include "engine/HoveredItem.h"
+#include "engine/KeyboardRow.h"
 #include "engine/NotificationIntake.h"
 #include "engine/PreviewRow.h"
 #include "engine/PreviewUpdater.h"
@@ -102,6 +103,7 @@ public:
     void showMore() override { m_updater.showMore(); }
     /// The user wants nothing of what is shown or about to be.
     void escape() { m_dismissal.endAtOnce(); }
+    void toggleKeyboardRow() { m_keyboardRow.toggle(); }
     void menuOpened() { m_dismissal.menuOpened(); }
     void removeAllScreenViews() override { m_dismissal.removeAllScreenViews(toldTo); }
     void removeAllScreenViewsNOW() { m_dismissal.removeAllScreenViewsNOW(toldTo); }
@@ -176,6 +178,7 @@ private:
     HoverDispatch m_hover;
     SwitcherWatch m_switcher;
     RequestedRow m_requestedRow;
+    KeyboardRow m_keyboardRow;
     NotificationIntake m_intake;
     const platform::MainThreadGuard m_guard;
 };

@@ -13,7 +13,7 @@ namespace lumbrix
 
 bool RequestedItem::is(const platform::ElementRef& item) const
 {
-    return m_item && platform::elementsEqual(m_item->element(), item);
+    return m_item.element && platform::elementsEqual(m_item.element->element(), item);
 }
 
 bool RequestedItem::hasLeftTheMouse() const
@@ -21,18 +21,20 @@ bool RequestedItem::hasLeftTheMouse() const
     return isUp() && m_ports.inputState.mouseLocation() == m_mouseBefore;
 }
 
-void RequestedItem::rowEnded() { tellEnded(std::exchange(m_item, nullptr)); }
+void RequestedItem::rowEnded() { tellEnded(std::exchange(m_item, {})); }
 
 void RequestedItem::itemChanged(const SWElementPtr& item)
 {
-    if (m_item && !m_item->isEqualTo(item))
+    if (m_item.element && !m_item.element->isEqualTo(item))
         rowEnded();
 }
 
-void RequestedItem::tellEnded(const SWElementPtr& item) const
+void RequestedItem::tellEnded(const Item& item) const
 {
-    if (item)
-        m_ports.previewRequests.rowEnded(item->element());
+    if (item.ended)
+        item.ended();
+    else if (item.element)
+        m_ports.previewRequests.rowEnded(item.element->element());
 }
 
 } // namespace lumbrix

@@ -1,11 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// Which item, if any, has its row because another program asked for that.
+// Which item, if any, has its row because that was asked for: by another program, or by a key.
 #pragma once
 
 #include <QtCore/QPointF>
 
+#include <functional>
 #include <optional>
 #include <utility>
 
@@ -15,7 +16,7 @@
 namespace lumbrix
 {
 
-/// Told of the ends of all rows, it tells the port of the end of the one that was asked for. Main
+/// Told of the ends of all rows, it tells who asked of the end of the one that was asked for. Main
 /// thread.
 class RequestedItem
 {
@@ -24,11 +25,16 @@ public:
     explicit RequestedItem(const platform::Desktop& ports) : m_ports(ports) {}
 
     /// Whether the present row, or one that waits for a key, was asked for.
-    bool isUp() const { return m_item != nullptr; }
-    const SWElementPtr& item() const { return m_item; } ///< null = the present row was not
+    bool isUp() const { return m_item.element != nullptr; }
+    const SWElementPtr& item() const { return m_item.element; } ///< null = the present row was not
     bool is(const platform::ElementRef& item) const;
+    /// What has the row, and whom to tell of its end; where that is null, the port.
+    struct Item {
+        SWElementPtr element;
+        std::function<void()> ended;
+    };
     /// The item has the row from now on. Returns the one that had it, whose end is not told yet.
-    SWElementPtr begin(const SWElementPtr& item) { return std::exchange(m_item, item); }
+    Item begin(Item item) { return std::exchange(m_item, std::move(item)); }
     /// Where the mouse is, if that is on the former row.
     void setMouseBefore(std::optional<QPointF> mouse) { m_mouseBefore = mouse; }
     /// Whether the mouse rests where a preview of the former row was, which has gone from under it:
@@ -38,20 +44,20 @@ public:
     /// this one.
     template <class Action> void bringUp(const Action& hover)
     {
-        const SWElementPtr item = std::exchange(m_item, nullptr);
-        hover(item);
-        m_item = item;
+        Item item = std::exchange(m_item, {});
+        hover(item.element);
+        m_item = std::move(item);
     }
     /// Every row has ended.
     void rowEnded();
     /// From now on the previews belong to this item.
     void itemChanged(const SWElementPtr& item);
-    /// Tells the port that the item's row has ended; nothing for a null one.
-    void tellEnded(const SWElementPtr& item) const;
+    /// Tells that the item's row has ended; nothing for a null one.
+    void tellEnded(const Item& item) const;
 
 private:
     const platform::Desktop& m_ports;
-    SWElementPtr m_item;
+    Item m_item;
     std::optional<QPointF> m_mouseBefore;
 };
 

@@ -56,10 +56,15 @@ RequestedRow::Answer RequestedRow::show(const platform::ElementRef& item)
     const SWElementPtr element = SWElement::elementWithElementRef(m.ports, item);
     if (!element)
         return Answer::NothingToShow;
-    element->setIsRequested(true);
     element->setIsCal(
         kindOfDockItem(m.ports, item, m.companions.calendarPreview->shouldShowCal()) ==
         DockItemKind::Calendar);
+    return bringUp(element, nullptr);
+}
+
+RequestedRow::Answer RequestedRow::bringUp(const SWElementPtr& element, std::function<void()> ended)
+{
+    element->setIsRequested(true);
     if (const Answer answer = judge(*element); answer != Answer::Accepted)
         return answer;
     // What is under way for the mouse would take the place of this, which is meant.
@@ -69,7 +74,7 @@ RequestedRow::Answer RequestedRow::show(const platform::ElementRef& item)
     if (element->isCal())
         m_dismissal.removeAllScreenViews(
             "events were asked for"); // one that shows events already would not move
-    const SWElementPtr former = m.hovered.requested().begin(element);
+    const auto former = m.hovered.requested().begin({element, std::move(ended)});
     const bool isOnFormer = m_dismissal.checkIfPreviewsAreHovered(false);
     m.hovered.requested().setMouseBefore(
         isOnFormer ? std::optional(m.ports.inputState.mouseLocation()) : std::nullopt);

@@ -4,6 +4,8 @@
 // Shows the rows of previews that other programs ask for.
 #pragma once
 
+#include <functional>
+
 #include "engine/Dismissal.h"
 #include "engine/EngineContext.h"
 #include "model/SWElement.h"
@@ -29,6 +31,8 @@ public:
     void setUp();
 
     Answer show(const platform::ElementRef& item) override;
+    /// The same for an item of the Dock, at the user's own wish; `ended` is told of its end.
+    Answer bringUp(const SWElementPtr& element, std::function<void()> ended);
     void hide(const platform::ElementRef& item) override;
     void mouseLeft(const platform::ElementRef& item) override;
     void abandon(const platform::ElementRef& item) override;

@@ -93,6 +93,12 @@ public:
     /// went off the screen and came back may count what was painted since as part of the former
     /// showing, and never draw it. Main thread; changes nothing on the screen otherwise.
     virtual void remindCompositor(std::uintptr_t /*toolkitWindow*/) {}
+    /// Gives what is typed to a window of the toolkit that is on the screen and that no window
+    /// manager knows. Main thread; waits for the server.
+    virtual void takeKeyboard(std::uintptr_t /*toolkitWindow*/) {}
+    /// Gives it back to whom it was taken from last, unless somebody else has it by now. It is
+    /// there when this returns. Main thread.
+    virtual void giveKeyboardBack(std::uintptr_t /*toolkitWindow*/) {}
 };
 
 } // namespace lumbrix::platform

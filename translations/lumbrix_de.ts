@@ -627,6 +627,25 @@
     </message>
 </context>
 <context>
+    <name>KeyboardRow</name>
+    <message>
+        <source>Windows of %1</source>
+        <translation>Fenster von %1</translation>
+    </message>
+    <message>
+        <source>%1, %2 of %3</source>
+        <translation>%1, %2 von %3</translation>
+    </message>
+    <message>
+        <source>, minimised</source>
+        <translation>, minimiert</translation>
+    </message>
+    <message>
+        <source>, workspace %1</source>
+        <translation>, Arbeitsfläche %1</translation>
+    </message>
+</context>
+<context>
     <name>MoreEntry</name>
     <message>
         <source>+%1 more</source>
@@ -1027,6 +1046,14 @@
     <message>
         <source>Key for hiding previews</source>
         <translation>Taste zum Ausblenden der Vorschauen</translation>
+    </message>
+    <message>
+        <source>&amp;Previews of the active window:</source>
+        <translation>&amp;Vorschauen des aktiven Fensters:</translation>
+    </message>
+    <message>
+        <source>Previews of the active window</source>
+        <translation>Vorschauen des aktiven Fensters</translation>
     </message>
 </context>
 <context>

@@ -40,6 +40,7 @@ HotKeyRecorders::HotKeyRecorders(QWidget& pane, PreferencesHost& host)
         row(HotKeyIdentifier::CloseAllWindows, "closeAllWindowsControl", "closeAllWindowsNote"),
         row(HotKeyIdentifier::EnableDisable, "enableDisableControl", "enableDisableNote"),
         row(HotKeyIdentifier::HideAllPreviews, "hideAllPreviewsControl", "hideAllPreviewsNote"),
+        row(HotKeyIdentifier::OpenRow, "openRowControl", "openRowNote"),
     };
     for (const Row& each : m_rows) {
         SRRecorderControl* control = each.control;

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// The recorders of the three hot keys.
+// The recorders of the hot keys.
 #pragma once
 
 #include <QtCore/QObject>
@@ -47,7 +47,7 @@ private:
     QString noteFor(const Row& row) const;
 
     PreferencesHost& m_host;
-    std::array<Row, 3> m_rows;
+    std::array<Row, 4> m_rows;
     platform::TimerPtr m_noteTimer;
 };
 

@@ -130,6 +130,27 @@ TEST_F(HotKeyTest, otherStoredKeys_actOnThePreviewsThatAreUp)
     EXPECT_EQ(desk.application(pid).pid, pid);
 }
 
+TEST_F(HotKeyTest, rowKey_opensTheRowFromAnywhere_unlessPreviewsAreOff)
+{
+    const Pid pid = addApplication(u"Editor"_s, 2);
+    store(u"openRowKey"_s, pKey);
+    store(u"closeAllWindowsKey"_s, 36);
+    const TapKey open{pKey, option};
+    start();
+    desk.activateApplication(pid);
+    EXPECT_EQ(taps.keysHeld(), std::vector<TapKey>{open}) << "the other one is for a row";
+    EXPECT_TRUE(type(open));
+    EXPECT_EQ(previews(), 2U);
+    loop.advance(5);
+    EXPECT_EQ(taps.keysHeld().size(), 5U) << "both, two digits and Escape";
+    EXPECT_TRUE(type({53, 0}));
+    EXPECT_EQ(previews(), 0U);
+    EXPECT_EQ(taps.keysHeld(), std::vector<TapKey>{open});
+    controller->toggleDisabled();
+    loop.runUntilIdle();
+    EXPECT_FALSE(type(open));
+}
+
 TEST_F(HotKeyTest, escape_takesTheRowAway_unseenByTheProgramWhileTheMouseIsOnAPreview)
 {
     constexpr TapKey escape{53, 0};

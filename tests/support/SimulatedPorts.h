@@ -89,6 +89,9 @@ public:
     std::vector<QRectF> screens() override { return m_state.locked()->screens; }
     QPointF toolkitOffset(const QRectF&) override { return {}; }
     bool blendsTranslucency() override { return m_state.locked()->blendsTranslucency; }
+    void takeKeyboard(std::uintptr_t) override { m_hasKeyboard = true; }
+    void giveKeyboardBack(std::uintptr_t) override { m_hasKeyboard = false; }
+    bool hasKeyboard() const { return m_hasKeyboard; } ///< one of the toolkit's windows
     QString unseenWindows() override { return m_unseenWindows; }
     void setUnseenWindows(const QString& text) { m_unseenWindows = text; }
 
@@ -96,6 +99,7 @@ private:
     friend class ForwardingWindowServer;
 
     QString m_unseenWindows;
+    bool m_hasKeyboard = false;
     SimulatedState& m_state;
 };
 

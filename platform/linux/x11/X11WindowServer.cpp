@@ -11,7 +11,10 @@
 #include <QtCore/QCoreApplication>
 #include <QtGui/QGuiApplication>
 
+#include <cstdlib>
 #include <limits>
+#include <memory>
+#include <utility>
 
 namespace lumbrix::platform::x11
 {
@@ -178,6 +181,50 @@ void X11WindowServer::remindCompositor(std::uintptr_t toolkitWindow)
     xcb_copy_area(connection, window, window, context, 0, 0, 0, 0, 1, 1);
     xcb_free_gc(connection, context);
     xcb_flush(connection);
+}
+
+namespace
+{
+xcb_window_t focusedWindow(xcb_connection_t* connection)
+{
+    const std::unique_ptr<xcb_get_input_focus_reply_t, decltype(&std::free)> reply(
+        xcb_get_input_focus_reply(connection, xcb_get_input_focus(connection), nullptr),
+        &std::free);
+    return reply ? reply->focus : xcb_window_t{XCB_WINDOW_NONE};
+}
+
+/// Whether that went well: a window that is off the screen, or gone, cannot have it. Of the present
+/// moment, as the toolkit may not have heard of the user for long.
+bool setFocus(xcb_connection_t* connection, xcb_window_t window)
+{
+    const xcb_void_cookie_t cookie = xcb_set_input_focus_checked(
+        connection, XCB_INPUT_FOCUS_POINTER_ROOT, window, XCB_CURRENT_TIME);
+    xcb_generic_error_t* error = xcb_request_check(connection, cookie);
+    const bool isSet = !error;
+    std::free(error);
+    return isSet;
+}
+} // namespace
+
+void X11WindowServer::takeKeyboard(std::uintptr_t toolkitWindow)
+{
+    xcb_connection_t* connection = toolkitConnection();
+    if (!connection || toolkitWindow == XCB_WINDOW_NONE)
+        return;
+    const auto window = static_cast<xcb_window_t>(toolkitWindow);
+    const xcb_window_t before = focusedWindow(connection);
+    if (before != window && setFocus(connection, window))
+        m_focusBefore = before;
+}
+
+void X11WindowServer::giveKeyboardBack(std::uintptr_t toolkitWindow)
+{
+    xcb_connection_t* connection = toolkitConnection();
+    const xcb_window_t before = std::exchange(m_focusBefore, 0U);
+    if (!connection || before == XCB_WINDOW_NONE || focusedWindow(connection) != toolkitWindow)
+        return;
+    if (!setFocus(connection, before))
+        setFocus(connection, XCB_INPUT_FOCUS_POINTER_ROOT);
 }
 
 } // namespace lumbrix::platform::x11

@@ -49,6 +49,8 @@ public:
     bool blendsTranslucency() override;
     bool setOnScreen(std::uintptr_t toolkitWindow, bool onScreen) override;
     void remindCompositor(std::uintptr_t toolkitWindow) override;
+    void takeKeyboard(std::uintptr_t toolkitWindow) override;
+    void giveKeyboardBack(std::uintptr_t toolkitWindow) override;
 
 private:
     const WindowTracker& m_tracker;
@@ -57,6 +59,7 @@ private:
     const ScreenWatch& m_screens;
     const bool m_isOfWaylandSession;
     const OwnerPids* m_owners = nullptr;
+    std::uint32_t m_focusBefore = 0; ///< who had the keyboard when it was taken; main thread
 };
 
 } // namespace lumbrix::platform::x11
