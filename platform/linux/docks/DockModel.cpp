@@ -116,7 +116,12 @@ bool DockModel::updateSelection()
 {
     const Known* dock = dockWithWindow(m_childUnderPointer);
     const DockItem* item = dock ? dock->state->itemAt(m_pointer) : nullptr;
-    const DockItemId selected = item ? item->id : 0;
+    const DockItemId selected = m_crossed = item ? item->id : 0;
+    // Nobody asks for what the pointer only crosses: an item is selected once the pointer stops on
+    // it, or is seen to come to a stop there. Until then the one before stays, so that its row can
+    // make room for the next one without a gap.
+    if (item && selected != m_selected && !(m_stop && item->rect.contains(*m_stop)))
+        return false;
     const DockItemId before = std::exchange(m_selected, selected);
     if (before == selected)
         return false;
@@ -136,6 +141,8 @@ void DockModel::pointerMoved(QPoint point, xcb_window_t childOfRoot)
     bool wantsPictures = false;
     {
         const std::lock_guard lock(m_mutex);
+        if (point != m_pointer)
+            m_stop.reset();
         m_pointer = point;
         m_childUnderPointer = childOfRoot;
         const Known* dock = dockWithWindow(childOfRoot);
@@ -163,6 +170,20 @@ void DockModel::pointerMoved(QPoint point, xcb_window_t childOfRoot)
         entered->pointerEntered();
     if (wantsPictures || isChanged)
         prefetchNear(point);
+}
+
+void DockModel::pointerStops(QPoint place)
+{
+    bool isChanged = false;
+    {
+        const std::lock_guard lock(m_mutex);
+        m_stop = place;
+        isChanged = updateSelection();
+    }
+    if (!isChanged)
+        return;
+    callOnMainThread(&DockModel::m_selectionChanged);
+    prefetchNear(place);
 }
 
 void DockModel::prefetchNear(QPoint point) const
@@ -202,6 +223,8 @@ void DockModel::buttonPressed(int button, QPoint)
     {
         const std::lock_guard lock(m_mutex);
         isOverDock = m_isOverDock && button == 3;
+        if (isOverDock)
+            m_selected = m_crossed; // its menu comes instead of its row
         m_menuItem = isOverDock ? m_selected : 0;
     }
     if (isOverDock) {

@@ -93,6 +93,7 @@ public:
     void currentDesktopChanged(int desktop) override;
     void popupMapped(const x11::PopupMapped& popup) override;
     void pointerMoved(QPoint point, xcb_window_t childOfRoot) override;
+    void pointerStops(QPoint place) override;
     void buttonPressed(int button, QPoint point) override;
     void screensChanged() override;
 
@@ -131,7 +132,9 @@ private:
     std::vector<Known> m_docks; // this and what follows guarded by m_mutex
     QPoint m_pointer;
     xcb_window_t m_childUnderPointer = XCB_NONE;
+    std::optional<QPoint> m_stop; ///< where it stops, if it is about to or has
     bool m_isOverDock = false;
+    DockItemId m_crossed = 0; ///< under the pointer, selected or not yet
     double m_attendedAt = -1e9;
     double m_prefetchedAt = -1e9;
     DockItemId m_selected = 0;

@@ -27,13 +27,18 @@ void selectXInput(xcb_connection_t* c, xcb_window_t window, std::uint32_t events
 /// Milliseconds; keys are set to repeat after a longer time, and no raw event tells of it.
 constexpr xcb_timestamp_t repeatTime = 250;
 
+/// Without a report. Longer than between two of a slow device, shorter than anybody notices.
+constexpr Seconds restTime = 0.04;
+
 bool isWheel(std::uint32_t button) { return button >= 4 && button <= 7; }
 
 } // namespace
 
-PointerWatch::PointerWatch(const Connection& connection, const WindowTracker& tracker,
-                           const Listeners& listeners)
-    : m_connection(connection), m_listeners(listeners)
+PointerWatch::PointerWatch(RunLoop& runLoop, const Connection& connection,
+                           const WindowTracker& tracker, const Listeners& listeners,
+                           const PointSpace& points, PointerTrail& trail)
+    : m_runLoop(runLoop), m_connection(connection), m_listeners(listeners), m_points(points),
+      m_trail(trail)
 {
     selectRaw(false);
     for (const TrackedWindowPtr& window : tracker.windows())
@@ -150,8 +155,9 @@ void PointerWatch::handleEvent(const xcb_generic_event_t& event)
     switch (event.response_type & 0x7f) {
     case XCB_MOTION_NOTIFY:
     case XCB_ENTER_NOTIFY:
-    case XCB_LEAVE_NOTIFY:
+    case XCB_LEAVE_NOTIFY: // these have their time in the same place
         m_hasMoved = true;
+        m_time = reinterpret_cast<const xcb_motion_notify_event_t&>(event).time;
         return;
     case XCB_MAPPING_NOTIFY: // sent to everybody: the keys have other meanings now
         m_keyboard = nullptr;
@@ -166,11 +172,13 @@ void PointerWatch::handleEvent(const xcb_generic_event_t& event)
         return;
     if (generic.event_type == XCB_INPUT_RAW_MOTION || generic.event_type == XCB_INPUT_MOTION) {
         m_hasMoved = true;
+        // As with raw ones.
+        m_time = reinterpret_cast<const xcb_input_motion_event_t&>(event).time;
     } else if (generic.event_type == XCB_INPUT_RAW_BUTTON_PRESS) {
-        const std::uint32_t button =
-            reinterpret_cast<const xcb_input_raw_button_press_event_t&>(event).detail;
-        if (!isWheel(button))
-            m_pressed.push_back(static_cast<int>(button));
+        const auto& press = reinterpret_cast<const xcb_input_raw_button_press_event_t&>(event);
+        m_time = press.time;
+        if (!isWheel(press.detail))
+            m_pressed.push_back(static_cast<int>(press.detail));
     } else if (generic.event_type == XCB_INPUT_RAW_KEY_PRESS ||
                generic.event_type == XCB_INPUT_RAW_KEY_RELEASE) {
         // Both have the same layout.
@@ -184,8 +192,21 @@ void PointerWatch::eventsHandled()
 {
     if (!m_keys.empty())
         tellKeys();
-    if (!m_hasMoved && m_pressed.empty())
-        return;
+    if (m_hasMoved || !m_pressed.empty())
+        lookAtPointer();
+    if (m_restsAt && m_runLoop.now() >= *m_restsAt) {
+        m_restsAt.reset();
+        tellStop(m_trail.last());
+    }
+}
+
+void PointerWatch::tellStop(QPoint place) const
+{
+    m_listeners.notify([place](WindowListener& listener) { listener.pointerStops(place); });
+}
+
+void PointerWatch::lookAtPointer()
+{
     m_hasMoved = false;
     const std::vector<int> pressed = std::exchange(m_pressed, {});
     const auto reply = m_connection.reply(
@@ -193,12 +214,18 @@ void PointerWatch::eventsHandled()
     if (!reply || !reply->same_screen)
         return;
     const QPoint position(reply->root_x, reply->root_y);
+    const Seconds now = m_runLoop.now();
+    m_trail.moved(position, m_time, now, m_points.pixelsPerPoint());
+    if (position != m_position)
+        m_restsAt = now + restTime;
     if (position != m_position || reply->child != m_child) {
         m_position = position;
         m_child = reply->child;
         m_listeners.notify(
             [&](WindowListener& listener) { listener.pointerMoved(position, m_child); });
     }
+    if (const auto stop = m_trail.stop())
+        tellStop(*stop);
     for (const int button : pressed)
         m_listeners.notify(
             [&](WindowListener& listener) { listener.buttonPressed(button, position); });

@@ -13,6 +13,8 @@
 #include "platform/linux/x11/Connection.h"
 #include "platform/linux/x11/EventThread.h"
 #include "platform/linux/x11/Listeners.h"
+#include "platform/linux/x11/PointSpace.h"
+#include "platform/linux/x11/PointerTrail.h"
 
 namespace lumbrix::platform::x11
 {
@@ -21,8 +23,9 @@ namespace lumbrix::platform::x11
 class PointerWatch final : public EventHandler, public WindowListener
 {
 public:
-    PointerWatch(const Connection& connection, const WindowTracker& tracker,
-                 const Listeners& listeners);
+    /// Notes on the trail where the pointer comes.
+    PointerWatch(RunLoop& runLoop, const Connection& connection, const WindowTracker& tracker,
+                 const Listeners& listeners, const PointSpace& points, PointerTrail& trail);
 
     /// Which keys listeners get, too. Nobody needs to hear what people write, so only as
     /// long as it has to be.
@@ -31,6 +34,8 @@ public:
     void handleEvent(const xcb_generic_event_t& event) override;
     /// One question for all the motion and presses of a batch.
     void eventsHandled() override;
+    /// When a pointer that has moved is taken to rest.
+    std::optional<Seconds> deadline() const override { return m_restsAt; }
 
     void windowAdded(const TrackedWindowPtr& window) override;
     void windowChanged(const TrackedWindowPtr& before, const TrackedWindowPtr& after) override;
@@ -47,10 +52,17 @@ private:
     void tellKeys();
     void tellKey(xcb_keysym_t symbol, const Key& key);
     void followDock(xcb_window_t window);
+    void lookAtPointer();
+    void tellStop(QPoint place) const;
 
+    RunLoop& m_runLoop;
     const Connection& m_connection;
     const Listeners& m_listeners;
-    bool m_hasMoved = true; ///< the position at the start is reported once
+    const PointSpace& m_points;
+    PointerTrail& m_trail;
+    bool m_hasMoved = true;           ///< the position at the start is reported once
+    xcb_timestamp_t m_time = 0;       ///< of the last report
+    std::optional<Seconds> m_restsAt; ///< null once that was told
     std::vector<int> m_pressed;
     std::vector<Key> m_keys;
     // While keys are heard.

@@ -61,6 +61,9 @@ public:
     virtual void popupUnmapped(xcb_window_t) {}
     /// The pointer moved to these root pixels, over this child of the root (XCB_NONE: the root).
     virtual void pointerMoved(QPoint, xcb_window_t /*childOfRoot*/) {}
+    /// Told after pointerMoved, perhaps again and again: the pointer rests there, or its pace shows
+    /// that it is about to, at these root pixels; it may be on its way still.
+    virtual void pointerStops(QPoint) {}
     /// A mouse button went down anywhere; 1 left, 2 middle, 3 right.
     virtual void buttonPressed(int /*button*/, QPoint) {}
     /// A key went down anywhere, with Shift or without; only while somebody wants to hear keys. As

@@ -10,6 +10,7 @@
 #include "platform/linux/x11/Listeners.h"
 #include "platform/linux/x11/ManagerWatch.h"
 #include "platform/linux/x11/PointSpace.h"
+#include "platform/linux/x11/PointerTrail.h"
 #include "platform/linux/x11/PointerWatch.h"
 #include "platform/linux/x11/PopupWatch.h"
 #include "platform/linux/x11/ScreenWatch.h"
@@ -44,7 +45,8 @@ struct X11Core::Parts {
           server(tracker, pictures, points, screens, isOfWaylandSession(*requests))
     {
         tracker.fetchInitial();
-        pointer = std::make_unique<PointerWatch>(*events, tracker, listeners);
+        pointer =
+            std::make_unique<PointerWatch>(runLoop, *events, tracker, listeners, points, trail);
         listeners.add(&pictures); // first, so that a picture is there when others hear of a window
         listeners.add(pointer.get());
         // The pointer's watch, which hears keys, before the manager's: what comes of a key is told
@@ -62,6 +64,7 @@ struct X11Core::Parts {
     WakeFd wake;
     Listeners listeners;
     PointSpace points;
+    PointerTrail trail;
     WindowCommands commands;
     X11WindowTracker tracker;
     ScreenWatch screens;

@@ -333,6 +333,20 @@ TEST_F(DocksTest, hover_and_menu_are_told_once_to_the_observer_of_the_dock)
     EXPECT_EQ(taken(), QString());
     m_tracker.press(1);
 
+    // What is only crossed is not told, and the item before stays until there is another one.
+    m_tracker.movePointer({110, 780}, {});
+    m_tracker.movePointer({250, 780}, QPoint(300, 780)); // between them
+    EXPECT_EQ(taken(), u"none"_s);
+    m_tracker.movePointer({300, 780}, QPoint(500, 780));
+    EXPECT_EQ(taken(), QString());
+    m_tracker.movePointer({290, 780}, QPoint(330, 780));
+    EXPECT_EQ(taken(), u"Term"_s);
+    m_tracker.movePointer({110, 780}, {});
+    m_tracker.press(3);
+    m_tracker.movePointer({111, 780});
+    EXPECT_EQ(taken(), u"menu"_s) << "and no row over it";
+    m_tracker.press(1);
+
     // A window over the panel keeps the pointer from it, also where a button lies below.
     FakeTracker::Window above = window(7, u"x"_s, u"X"_s, 400);
     above.bounds = QRect(0, 600, 1280, 200);

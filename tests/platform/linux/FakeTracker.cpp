@@ -63,7 +63,7 @@ void FakeTracker::setCurrentDesktop(int desktop)
     notify(&Listener::currentDesktopChanged, desktop);
 }
 
-void FakeTracker::movePointer(QPoint point)
+void FakeTracker::movePointer(QPoint point, std::optional<QPoint> stop)
 {
     m_pointer = point;
     const auto it = std::ranges::find_if(m_windows, [&](const WindowPtr& window) {
@@ -71,6 +71,8 @@ void FakeTracker::movePointer(QPoint point)
     });
     const xcb_window_t child = it == m_windows.end() ? xcb_window_t{XCB_NONE} : (*it)->frame;
     notify(&Listener::pointerMoved, point, child);
+    if (stop)
+        notify(&Listener::pointerStops, *stop);
 }
 
 void FakeTracker::activate(xcb_window_t id)

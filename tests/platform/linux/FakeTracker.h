@@ -26,7 +26,10 @@ public:
     void remove(xcb_window_t id);
     void setActive(xcb_window_t id);
     void setCurrentDesktop(int desktop);
-    void movePointer(QPoint point); ///< over the topmost shown window there
+    /// Over the topmost shown window there, where it rests.
+    void movePointer(QPoint point) { movePointer(point, point); }
+    /// The same, to stop elsewhere or to move on.
+    void movePointer(QPoint point, std::optional<QPoint> stop);
     void press(int button) { notify(&Listener::buttonPressed, button, m_pointer); }
     void mapPopup(const platform::x11::PopupMapped& popup)
     {

@@ -7,8 +7,11 @@
 
 #include <xcb/xtest.h>
 
+#include <cmath>
+
 #include "platform/StringLiterals.h"
 #include "platform/linux/x11/PointSpace.h"
+#include "platform/linux/x11/PointerTrail.h"
 #include "platform/linux/x11/ScreenWatch.h"
 
 namespace lumbrix::platform::x11
@@ -24,6 +27,59 @@ void warp(Display& display, QPoint position)
                      static_cast<std::int16_t>(position.x()),
                      static_cast<std::int16_t>(position.y()));
     xcb_flush(display.connection());
+}
+
+/// Of the reports that a mouse makes on a way, what the last one says of the stop.
+struct Paces {
+    PointerTrail trail;
+    double ms = -200;
+    std::optional<QPoint> report(double x, double after = 8)
+    {
+        ms += after;
+        // The server's clock turns over on the way.
+        trail.moved({static_cast<int>(std::lround(x)), 5},
+                    static_cast<xcb_timestamp_t>(static_cast<std::int32_t>(ms)), ms / 1000, 1);
+        return trail.stop();
+    }
+};
+
+TEST(PointerTrailTest, stop_isForeseenOfAHandThatArrives_andOfNoneThatPasses)
+{
+    for (const double speed : {0.8, 2.0, 4.0}) { // pixels a millisecond
+        Paces paces;
+        EXPECT_EQ(paces.report(0), QPoint(0, 5)) << "it is there";
+        // Speeding up, and with reports that come late now and then.
+        for (int i = 1; i < 60; ++i) {
+            const double after = i % 10 == 0 ? 19 : i % 10 == 1 ? 1 : i % 10 == 2 ? 4 : 8;
+            EXPECT_EQ(paces.report(speed * std::min(i, 5) * i / 5 * 8, after), std::nullopt)
+                << speed << " at " << i;
+        }
+    }
+
+    Paces hand; // as hands move, in 0.4 s
+    hand.report(0);
+    std::optional<double> foreseenAt;
+    for (double t = 8; t <= 400; t += 8) {
+        const double part = t / 400;
+        const auto stop =
+            hand.report(700 * part * part * part * (10 - 15 * part + 6 * part * part));
+        if (stop && t > 100 && !foreseenAt) {
+            foreseenAt = t;
+            EXPECT_NEAR(stop->x(), 700, 40);
+        }
+    }
+    EXPECT_LT(foreseenAt.value_or(400), 340);
+    EXPECT_EQ(hand.report(900, 500), QPoint(900, 5)) << "put there";
+    EXPECT_EQ(hand.report(940), std::nullopt) << "and off again";
+
+    Paces slow;
+    for (int i = 0; i < 20; ++i)
+        slow.report(1.2 * i);
+    EXPECT_NEAR(slow.trail.stop().value_or(QPoint()).x(), 1.2 * 19 + 12, 3) << "it creeps";
+    const auto places = slow.trail.places(slow.ms / 1000 + 0.1);
+    EXPECT_EQ(places.front().at, QPoint(23, 5));
+    EXPECT_NEAR(places.front().ago, 0.1, 0.001);
+    EXPECT_EQ(places.back().at, QPoint(0, 5));
 }
 
 TEST(Pointer, movedOrWarped_isNoticedOnceAndNotWhileStill)
