@@ -27,6 +27,8 @@ constexpr SettingRow rows[] = {
      "1 skips that delay while previews are up"},
     {ENGINE(exitDelay), Seconds, Never, 0, 0, 3, "seconds previews stay after the mouse left"},
     {ENGINE(neverClose), Flag, Never, 0, 0, 1, "1 keeps previews up when the mouse leaves"},
+    {ENGINE(keepOnTheWay), Flag, AtFirstRun, 1, 0, 1,
+     "1 keeps previews up while the mouse is on its way to them, over other icons too"},
     {ENGINE(windowWidth), Points, AtFirstRun, 243, 120, 600, "width of a preview, points"},
     {ENGINE(windowHeight), Points, AtFirstRun, 190, 90, 450, "height of a preview, points"},
     {ENGINE(distanceFromDock), Points, AtBadgeRun, 33, 0, 100,

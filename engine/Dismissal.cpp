@@ -108,7 +108,7 @@ void Dismissal::removeAllScreenViewsWithCheck()
 {
     if (m_delayExit > 0)
         --m_delayExit;
-    if (checkIfPreviewsAreHovered(true) || m_delayExit != 0)
+    if (checkIfPreviewsAreHovered(true) || m_delayExit != 0 || m_corridor.leadsNearRow())
         return;
     const float exitDelay = m.settings.exitDelay;
     if (exitDelay == 0.0F) {
@@ -124,7 +124,11 @@ void Dismissal::removeAllScreenViewsWithCheck()
 
 void Dismissal::removeAllScreenViewsWithCheckDelayed()
 {
-    if (!checkIfPreviewsAreHovered(true))
+    if (checkIfPreviewsAreHovered(true))
+        return;
+    if (m_corridor.leadsNearRow())
+        letGo(); // nothing else would end it, should the mouse turn round
+    else
         removeAllScreenViews("the mouse has left, and the delay is over");
 }
 

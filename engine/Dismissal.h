@@ -8,6 +8,7 @@
 
 #include <optional>
 
+#include "engine/Corridor.h"
 #include "engine/EngineContext.h"
 #include "model/PreviewLayout.h"
 #include "preview/ScreenyView.h"
@@ -19,7 +20,7 @@ namespace lumbrix
 class Dismissal
 {
 public:
-    explicit Dismissal(const EngineContext& context) : m(context) {}
+    explicit Dismissal(const EngineContext& context) : m(context), m_corridor(context) {}
 
     /// The mouse has left a preview.
     void mouseExited();
@@ -63,6 +64,7 @@ private:
                          std::optional<platform::DockEdge> edge) const;
 
     const EngineContext m;
+    const Corridor m_corridor;
     int m_delayExit = 0;
 };
 

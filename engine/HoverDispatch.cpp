@@ -38,6 +38,10 @@ void HoverDispatch::iconHovered(const SWElementPtr& element)
     const bool isConfirmed = element && element->isMouseConfirmed();
     const SWElementPtr current = m.hovered.element();
     const bool isRequested = element && element->isRequested(); // the mouse has no part in it
+    if (!isRequested && (!element || !element->isEqualTo(current)) && m_corridor.leadsToRow()) {
+        m_corridor.waitAndThen([this, element] { iconHovered(element); });
+        return;
+    }
     // Before the item changes, as one that was asked for is gone then.
     const bool areChosen = element && element->chosenWindows();
     const bool wereOthers = current && (current->isMinimizedIcon() || current->chosenWindows());
@@ -152,6 +156,10 @@ void HoverDispatch::lumbrixIconHovered(const SWElementPtr& element)
 void HoverDispatch::minimizedIconHovered(const SWElementPtr& element)
 {
     const SWElementPtr current = m.hovered.element();
+    if ((!element || !element->isEqualTo(current)) && m_corridor.leadsToRow()) {
+        m_corridor.waitAndThen([this, element] { minimizedIconHovered(element); });
+        return;
+    }
     m.hovered.cancelHoverAtRest();
     m.hovered.setElement(element);
     m.timers.stopExits();

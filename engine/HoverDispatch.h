@@ -21,7 +21,7 @@ public:
     using Application = std::optional<platform::RunningApplication>;
 
     HoverDispatch(const EngineContext& context, Dismissal& dismissal, PreviewUpdater& updater)
-        : m(context), m_dismissal(dismissal), m_updater(updater)
+        : m(context), m_corridor(context), m_dismissal(dismissal), m_updater(updater)
     {
     }
 
@@ -39,6 +39,7 @@ private:
     void armUpdateTimer(const SWElementPtr& element);
 
     const EngineContext m;
+    const Corridor m_corridor;
     Dismissal& m_dismissal;
     PreviewUpdater& m_updater;
 };

@@ -87,7 +87,7 @@ void NotificationIntake::dockSelectionChanged(const ElementRef& element, const H
     } else if (const auto application = SWElement::runningAppForProccessListIcon(m.ports, item)) {
         dispatchSwitcherEntry(delays, *application, item);
     } else {
-        m_dismissal.mouseExitedToOtherIcon();
+        m_corridor.passAndThen([this] { m_dismissal.mouseExitedToOtherIcon(); });
     }
 }
 

@@ -27,7 +27,8 @@ class NotificationIntake
 public:
     NotificationIntake(const EngineContext& context, Dismissal& dismissal, HoverDispatch& hover,
                        SwitcherWatch& switcher)
-        : m(context), m_dismissal(dismissal), m_hover(hover), m_switcher(switcher)
+        : m(context), m_corridor(context), m_dismissal(dismissal), m_hover(hover),
+          m_switcher(switcher)
     {
     }
 
@@ -51,6 +52,7 @@ private:
     DockItemKind kindOf(const platform::ElementRef& item) const;
 
     const EngineContext m;
+    const Corridor m_corridor;
     Dismissal& m_dismissal;
     HoverDispatch& m_hover;
     SwitcherWatch& m_switcher;

@@ -42,6 +42,7 @@ struct EngineSettings {
     Setting<std::int32_t> ignoreHidden;
     Setting<std::int32_t> ignoreMinimized;
     Setting<std::int32_t> neverClose;
+    Setting<std::int32_t> keepOnTheWay;
     Setting<std::int32_t> showSpaces;
     Setting<std::int32_t> previewStyle;
     Setting<std::int32_t> spaceStyle;

@@ -7,6 +7,9 @@
 #include <QtCore/QPointF>
 
 #include <cstdint>
+#include <vector>
+
+#include "platform/RunLoop.h"
 
 namespace lumbrix::platform
 {
@@ -20,6 +23,11 @@ inline constexpr std::uint32_t option = 0x80000;
 inline constexpr std::uint32_t command = 0x100000;
 } // namespace ModifierFlag
 
+struct MousePlace {
+    QPointF at;      ///< as mouseLocation()
+    Seconds ago = 0; ///< since the mouse came there
+};
+
 /// Any thread.
 class InputState
 {
@@ -27,6 +35,9 @@ public:
     virtual ~InputState() = default;
     /// In screen coordinates: origin at the bottom left of the main screen, y upward, points.
     virtual QPointF mouseLocation() = 0;
+    /// Where the mouse was during the last half second, the latest place first. The last one is
+    /// where it was when that began; it is missing where nobody knows.
+    virtual std::vector<MousePlace> mouseTrail() = 0;
     /// Bit 0 left, bit 1 right, bit 2 middle.
     virtual std::uint32_t pressedMouseButtons() = 0;
     /// The modifier keys held now, as ModifierFlag bits.

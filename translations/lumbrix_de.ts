@@ -981,6 +981,10 @@
         <translation>Warten vor dem &amp;Schließen:</translation>
     </message>
     <message>
+        <source>&amp;Keep previews while the mouse is on its way to them</source>
+        <translation>Vorschauen &amp;offen halten, während die Maus zu ihnen unterwegs ist</translation>
+    </message>
+    <message>
         <source>Menu icon:</source>
         <translation>Menüsymbol:</translation>
     </message>

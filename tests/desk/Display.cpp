@@ -17,6 +17,9 @@ namespace lumbrix::privatedesk
 namespace
 {
 
+/// Of an ordinary mouse.
+constexpr std::chrono::milliseconds reportInterval(8);
+
 struct Free {
     void operator()(void* reply) const { std::free(reply); }
 };
@@ -323,12 +326,32 @@ void Display::moveTo(QPoint target)
 {
     const QPoint start = pointer();
     constexpr int steps = 8;
-    constexpr std::chrono::milliseconds pace(8); // an ordinary mouse reports 125 times a second
     for (int i = 1; i <= steps; ++i) {
         const QPoint at = start + (target - start) * i / steps;
         fake(XCB_MOTION_NOTIFY, 0, at);
-        waitFor([] { return false; }, pace);
+        waitFor([] { return false; }, reportInterval);
     }
+}
+
+std::chrono::milliseconds
+Display::moveAlong(const std::function<QPointF(std::chrono::duration<double>)>& path,
+                   std::chrono::duration<double> time)
+{
+    using Clock = std::chrono::steady_clock;
+    const auto start = Clock::now();
+    auto last = start;
+    Clock::duration longest{};
+    QPoint place = pointer();
+    for (std::chrono::duration<double> passed{}; passed < time;) {
+        waitFor([] { return false; }, reportInterval);
+        const auto now = Clock::now();
+        longest = std::max(longest, now - std::exchange(last, now));
+        passed = std::min<std::chrono::duration<double>>(now - start, time);
+        const QPoint at = path(passed).toPoint();
+        if (std::exchange(place, at) != at) // one that stands still reports nothing
+            fake(XCB_MOTION_NOTIFY, 0, at);
+    }
+    return std::chrono::duration_cast<std::chrono::milliseconds>(longest);
 }
 
 void Display::fake(std::uint8_t type, int detail, QPoint at)

@@ -94,6 +94,12 @@ public:
     // The pointer moves as a hand moves it: in a series of small steps.
     QPoint pointer();
     void moveTo(QPoint target);
+    /// Follows a path for so long, as it is at each moment after the start, with a mouse that
+    /// reports 125 times a second. Returns the longest time between two reports, which a busy
+    /// machine makes longer than they should be.
+    std::chrono::milliseconds
+    moveAlong(const std::function<QPointF(std::chrono::duration<double>)>& path,
+              std::chrono::duration<double> time);
     void press(int button = 1);
     void release(int button = 1);
     void click(int button = 1);

@@ -21,7 +21,7 @@ const Settings ordinary{
     {u"zoomWindows"_s, u"1"_s},   {u"showSpaces"_s, u"0"_s},
     {u"badgePosition"_s, u"3"_s}, {u"distanceFromDock"_s, u"33"_s},
     {u"previewStyle"_s, u"1"_s},  {u"shouldBubbleWrap"_s, u"1"_s},
-    {u"shouldShowCal"_s, u"1"_s},
+    {u"shouldShowCal"_s, u"1"_s}, {u"keepOnTheWay"_s, u"1"_s},
 };
 
 } // namespace

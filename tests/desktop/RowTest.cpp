@@ -42,6 +42,11 @@ protected:
     }
 };
 
+class WayTest : public DesktopTest
+{
+};
+
+INSTANTIATE_TEST_SUITE_P(, WayTest, testing::Values(plank()), deskName);
 INSTANTIATE_TEST_SUITE_P(, RowTest, testing::Values(plank(), tint2(), xfcePanel()), deskName);
 INSTANTIATE_TEST_SUITE_P(, ButtonRowTest, testing::Values(tint2()), deskName);
 
@@ -95,6 +100,36 @@ TEST_P(ButtonRowTest, windowThatTakesAnotherClass_isPreviewedWithItsNewApplicati
     hoverButtonOf(window);
     EXPECT_TRUE(waitUntil([&] { return display().previews().size() == 2; }));
     EXPECT_TRUE(marks(window));
+}
+
+// The row of the neighbour came up, and the one that the hand was on its way to was gone.
+TEST_P(WayTest, handThatPausesOverTheNeighbour_reachesTheRow)
+{
+    const Application& alpha = launch(u"alpha"_s, 3);
+    const Application& beta = launch(u"beta"_s, 1);
+    const QPointF start = desk().iconOf(alpha).value_or(QPoint());
+    const QPointF pause = QPointF(desk().iconOf(beta).value_or(QPoint())) - QPointF(10, 20);
+    // A busy machine may make a longer pause of it, which means the neighbour: then once more.
+    ASSERT_TRUE(waitUntil(
+        [&] {
+            desk().park();
+            if (!showsNothing())
+                return false;
+            hover(alpha);
+            if (!shows(alpha))
+                return false;
+            const QPointF end = display().previews().back().geometry.center();
+            const auto path = [&](std::chrono::duration<double> passed) {
+                const double time = passed.count(); // 0.1 s, a pause, 0.2 s
+                return time < 0.22 ? start + (pause - start) * std::min(1.0, time / 0.1)
+                                   : pause + (end - pause) * (time - 0.22) / 0.2;
+            };
+            return display().moveAlong(path, std::chrono::duration<double>(0.42)) <
+                   std::chrono::milliseconds(40);
+        },
+        30000));
+    EXPECT_TRUE(shows(alpha));
+    EXPECT_TRUE(row().contains(display().pointer()));
 }
 
 TEST_P(RowTest, preview_clicked_bringsItsWindowForward)

@@ -137,8 +137,25 @@ void SimulatedDesktop::selectInSwitcher(std::size_t selection, bool tells)
 void SimulatedDesktop::movePointer(QPointF point)
 {
     const auto state = m_state.locked();
+    auto& before = state->pointerBefore;
+    before.emplace(before.begin(), state->runLoop.now(), state->pointer);
+    before.resize(std::min<std::size_t>(before.size(), 100));
     state->pointer = point;
     state->updateHover();
+}
+
+std::vector<platform::MousePlace> SimulatedInputState::mouseTrail()
+{
+    const auto state = m_state.locked();
+    const platform::Seconds now = state->runLoop.now();
+    std::vector<platform::MousePlace> result;
+    QPointF at = state->pointer;
+    for (const auto& [until, before] : state->pointerBefore) {
+        result.push_back({at, now - until});
+        at = before;
+    }
+    result.push_back({at, 1e9});
+    return result;
 }
 
 void SimulatedDesktop::hoverDockItem(const QString& title)

@@ -182,6 +182,7 @@ public:
     explicit SimulatedInputState(SimulatedState& state) : m_state(state) {}
 
     QPointF mouseLocation() override { return m_state.locked()->pointer; }
+    std::vector<platform::MousePlace> mouseTrail() override;
     std::uint32_t pressedMouseButtons() override { return m_state.locked()->buttons; }
     std::uint32_t modifierFlags() override { return m_state.locked()->modifiers; }
 

@@ -221,6 +221,8 @@ struct SimulatedState {
     std::vector<QRectF> screens{{0, 0, 1440, 900}};
     bool blendsTranslucency = true;
     QPointF pointer{720, 450}; ///< screen coordinates
+    /// Where it was before, and until when; the latest first.
+    std::vector<std::pair<platform::Seconds, QPointF>> pointerBefore;
     std::uint32_t buttons = 0;
     std::uint32_t modifiers = 0;
     bool isAccessibilityEnabled = true;

@@ -40,8 +40,9 @@ struct X11Core::Parts {
           screens(*events, atoms, commands, listeners, points),
           pictures(runLoop, *events, *captures, tracker, points, screens.isCompositorRunning()),
           popups(*events, atoms, tracker, listeners), manager(*events, atoms, tracker, listeners),
-          theme(*events, atoms), trays(*events, atoms), input(*requests, *events, points),
-          keys(*events, *requests, wake), eventTaps(runLoop, keys), layout(*requests),
+          theme(*events, atoms), trays(*events, atoms),
+          input(runLoop, *requests, *events, points, trail), keys(*events, *requests, wake),
+          eventTaps(runLoop, keys), layout(*requests),
           server(tracker, pictures, points, screens, isOfWaylandSession(*requests))
     {
         tracker.fetchInitial();

@@ -6,6 +6,7 @@
 #include "platform/linux/x11/Connection.h"
 #include "platform/linux/x11/ModifierMasks.h"
 #include "platform/linux/x11/PointSpace.h"
+#include "platform/linux/x11/PointerTrail.h"
 
 #include <utility>
 
@@ -22,9 +23,10 @@ Reply<xcb_query_pointer_reply_t> queryPointer(const Connection& connection)
 
 } // namespace
 
-X11InputState::X11InputState(const Connection& requests, const Connection& events,
-                             const PointSpace& points)
-    : m_requests(requests), m_events(events), m_points(points),
+X11InputState::X11InputState(const RunLoop& runLoop, const Connection& requests,
+                             const Connection& events, const PointSpace& points,
+                             const PointerTrail& trail)
+    : m_runLoop(runLoop), m_requests(requests), m_events(events), m_points(points), m_trail(trail),
       m_optionMask(usualModifierMasks().option), m_commandMask(usualModifierMasks().command)
 {
     eventsHandled();
@@ -33,12 +35,22 @@ X11InputState::X11InputState(const Connection& requests, const Connection& event
 QPointF X11InputState::mouseLocation()
 {
     const auto pointer = queryPointer(m_requests);
-    if (!pointer)
-        return {};
+    return pointer ? locationOf({pointer->root_x, pointer->root_y}) : QPointF();
+}
+
+std::vector<MousePlace> X11InputState::mouseTrail()
+{
+    std::vector<MousePlace> result;
+    for (const PointerTrail::Place& place : m_trail.places(m_runLoop.now()))
+        result.push_back({locationOf(place.at), place.ago});
+    return result;
+}
+
+QPointF X11InputState::locationOf(QPoint pixel) const
+{
     // With y upward, a pixel's top left corner is the bottom edge of the pixel above it. Its middle
     // lies in the rectangles that the pixel belongs to, and in no other.
-    return m_points.toScreenPoints(QPoint(pointer->root_x, pointer->root_y)) -
-           QPointF(0, 0.5 / m_points.pixelsPerPoint());
+    return m_points.toScreenPoints(pixel) - QPointF(0, 0.5 / m_points.pixelsPerPoint());
 }
 
 QPoint X11InputState::pointer() const

@@ -15,6 +15,7 @@ namespace lumbrix::platform::x11
 
 class Connection;
 class PointSpace;
+class PointerTrail;
 
 /// Each question is one round trip on the calling thread. When the server is gone: the origin, no
 /// button, no key.
@@ -22,10 +23,12 @@ class X11InputState final : public InputState, public EventHandler
 {
 public:
     /// `events` belongs to the event thread, which has not started yet.
-    X11InputState(const Connection& requests, const Connection& events, const PointSpace& points);
+    X11InputState(const RunLoop& runLoop, const Connection& requests, const Connection& events,
+                  const PointSpace& points, const PointerTrail& trail);
 
     QPointF mouseLocation() override;
-    QPoint pointer() const; ///< root pixels
+    std::vector<MousePlace> mouseTrail() override; ///< no round trip
+    QPoint pointer() const;                        ///< root pixels
     std::uint32_t pressedMouseButtons() override;
     std::uint32_t modifierFlags() override;
 
@@ -36,9 +39,13 @@ private:
     std::uint32_t pointerMask() const;
     void readModifierMapping();
 
+    QPointF locationOf(QPoint pixel) const;
+
+    const RunLoop& m_runLoop;
     const Connection& m_requests;
     const Connection& m_events;
     const PointSpace& m_points;
+    const PointerTrail& m_trail;
     bool m_isMappingDirty = true; ///< event thread
     std::atomic<std::uint32_t> m_optionMask;
     std::atomic<std::uint32_t> m_commandMask;
