@@ -23,7 +23,7 @@ constexpr int textWidth = 340;
 
 } // namespace
 
-/// Not of the dialog type: window managers keep dialogs above the program's other windows.
+/// Not a dialog: window managers keep dialogs above the program's other windows.
 AboutWindow::AboutWindow()
     : QDialog(nullptr, Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                            Qt::WindowMinimizeButtonHint | Qt::WindowCloseButtonHint)

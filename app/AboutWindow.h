@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// What the program is, in a window.
+// The "About Lumbrix" window.
 #pragma once
 
 #include <QtWidgets/QDialog>
@@ -16,7 +16,7 @@ class AboutWindow final : public QDialog
 
 public:
     AboutWindow();
-    /// Shows it in front of everything, and active; others may cover it then.
+    /// Brings it to the front and activates it; other windows may cover it later.
     void makeKeyAndOrderFront();
 };
 

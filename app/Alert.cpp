@@ -35,7 +35,7 @@ QLabel* makeText(const QString& text, QWidget* parent)
 
 } // namespace
 
-/// The panel's result is the answer.
+/// The panel's result code is the answer.
 class AlertPanel final : public QDialog
 {
 public:
@@ -67,7 +67,7 @@ AlertPanel::AlertPanel(const QString& title, const QString& text, const QStringL
     QLabel* informative = makeText(text, this);
     informative->setObjectName(u"informativeText"_s);
 
-    // The first button, the one for Return, is at the end of the row.
+    // The first button, the default one, is at the end of the row.
     auto* row = new QHBoxLayout;
     row->setSpacing(margin / 2);
     row->addStretch();
@@ -113,7 +113,7 @@ int Alert::runModal()
 
 void Alert::beginSheetModalForWindow(QWidget& window, std::function<void(int)> didEnd)
 {
-    AlertPanel* panel = m_panel.release(); // the window's from here on
+    AlertPanel* panel = m_panel.release(); // the window owns it from here on
     panel->setParent(&window, Qt::Dialog);
     panel->setAttribute(Qt::WA_DeleteOnClose);
     if (didEnd)

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// Alert panels, all of one look.
+// Alert panels that all look the same.
 #pragma once
 
 #include <QtCore/QString>
@@ -17,23 +17,23 @@ namespace lumbrix
 
 class AlertPanel;
 
-/// A panel that tells something and has the user answer with one of its buttons. Main thread.
+/// A panel that shows a message which the user answers with one of its buttons. Main thread.
 ///
-/// Shown once, in one of two ways. The first button answers 1000, the second 1001, and so on; to
-/// close the panel or to press Escape is to press the last button.
+/// Shown once, in one of two ways. The first button answers 1000, the second 1001, and so on;
+/// closing the panel or pressing Escape counts as the last button.
 class Alert
 {
 public:
     static constexpr int firstButtonReturn = 1000;
     static constexpr int secondButtonReturn = 1001;
 
-    /// Texts are plain ones; empty lines in `text` separate paragraphs.
+    /// Texts are plain text; empty lines in `text` separate paragraphs.
     Alert(const QString& title, const QString& text, const QStringList& buttons);
     ~Alert();
     Alert(const Alert&) = delete;
     Alert& operator=(const Alert&) = delete;
 
-    /// Adds a checkbox for "do not show this again"; a null text gives it the usual one.
+    /// Adds a checkbox for "do not show this again"; a null text gives the default label.
     void showSuppressionButton(const QString& text);
 
     /// Shows it in front of everything and waits for the answer, with the event loop running.

@@ -31,7 +31,8 @@ constexpr const char* helpText =
     "\n"
     "Settings: $XDG_CONFIG_HOME/lumbrix/lumbrix.conf (usually ~/.config/lumbrix/lumbrix.conf)\n";
 
-/// What was asked for may not have arrived: a full disk, a closed pipe.
+/// Flushes standard output and returns the exit status: 1 when the text could not be written, for
+/// example to a full disk or a closed pipe.
 int printed() { return std::fflush(stdout) == 0 && std::ferror(stdout) == 0 ? 0 : 1; }
 
 constexpr std::string_view inspectOption = "--inspect";

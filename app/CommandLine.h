@@ -14,7 +14,7 @@ namespace lumbrix
 /// with, or nothing when the program is to run.
 std::optional<int> answerCommandLine(int argc, const char* const* argv);
 
-/// Whether the program is to run for a report on what is under the mouse, and nothing else.
+/// Whether the program was started only to print a report on what is under the mouse.
 bool asksToInspect(int argc, const char* const* argv);
 
 } // namespace lumbrix

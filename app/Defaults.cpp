@@ -28,7 +28,8 @@ void seed(UserDefaults& defaults, FirstStored when)
             defaults.setInteger(row.first, key(row.key));
 }
 
-/// A changed place or rule is seen at once; a changed size comes by its own action.
+/// A changed position or rule takes effect at once; a changed size is applied by an action of its
+/// own.
 void mirrorBadgeSettings(const UserDefaults& defaults, WindowCountBadger& badger)
 {
     const std::int32_t position = integerSetting(defaults, key("badgePosition"));
@@ -63,7 +64,7 @@ bool seedBadgeRun(UserDefaults& defaults)
         return false;
     defaults.setBool(true, flag);
     seed(defaults, FirstStored::AtBadgeRun);
-    // Badges look wrong on icons that move by themselves.
+    // Badges look wrong on icons that move.
     platform::DockPreferences& dock = platform::desktop().dockPreferences;
     if (!LXHandler::isDockAutoHidingEnabled(dock) && !LXHandler::isDockMagnificationEnabled(dock))
         defaults.setInteger(1, key("badgeDock"));

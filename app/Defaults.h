@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// The settings store: first-run values, and the copy of the values into the engine.
+// Values stored on the first run, and copying the settings into the engine.
 #pragma once
 
 #include <QtCore/QString>
@@ -18,18 +18,18 @@ namespace platform
 class UserDefaults;
 }
 
-/// Main thread, all of them.
+/// All functions: main thread.
 
-// The values a new user starts with, in two stages that each run once: those that came with the
-// first release, and later ones, which earlier users get too. Whether it was the first time.
+// Store the initial values, in two stages that each run once: the values of the first release, and
+// those added later, which existing users get too. Return true on the first run of the stage.
 bool seedFirstRun(platform::UserDefaults& defaults);
 bool seedBadgeRun(platform::UserDefaults& defaults);
-/// Copies every setting that the engine mirrors; nothing else happens.
+/// Copies every setting that the engine mirrors; has no other effect.
 void mirrorEngineSettings(const platform::UserDefaults& defaults, EngineSettings& settings);
-/// The same into the engine and its companions. A changed style also drops the previews and
-/// their cache, which were made for the old one.
+/// Copies them into the engine and its companions. A changed style also drops the previews and
+/// their cache, which were made for the old style.
 void mirrorSettings(const platform::UserDefaults& defaults, LXHandler& handler);
-/// An integer setting, kept within 32 bits.
+/// An integer setting, clamped to 32 bits.
 std::int32_t integerSetting(const platform::UserDefaults& defaults, const QString& key);
 
 } // namespace lumbrix

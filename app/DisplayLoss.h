@@ -6,9 +6,9 @@
 namespace lumbrix
 {
 
-/// The toolkit ends the program by exit() when its display goes away. While one of these exists,
-/// exit() says so and ends the program at once, with status 1: destroying what is left would reach
-/// for parts of the toolkit that are gone by then. Main thread; one at a time.
+/// The toolkit calls exit() when it loses the display. While an object of this class exists, exit()
+/// prints a message and ends the process at once, with status 1: running the remaining destructors
+/// would use parts of the toolkit that are already gone. Main thread; one at a time.
 class DisplayLoss
 {
 public:

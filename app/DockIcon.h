@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// Keeps the program's icon in a Dock that shows programs by their windows.
+// Keeps the program's icon in a Dock that shows only programs with windows.
 #pragma once
 
 #include <QtCore/QObject>
@@ -12,14 +12,14 @@ class QWidget;
 namespace lumbrix
 {
 
-/// Main thread. To be gone before the window is. Until then the window stays: instead of closing it
-/// is minimised, and a click on the icon brings it back.
+/// Main thread. Must be destroyed before the window. Until then the window is minimised instead of
+/// closed, and a click on the icon brings it back.
 class DockIcon final : public QObject
 {
     Q_OBJECT
 
 public:
-    /// A window that is not shown yet is shown minimised.
+    /// If the window is not shown yet, shows it minimised.
     explicit DockIcon(QWidget& window);
 
 protected:

@@ -51,7 +51,7 @@ LumbrixController::~LumbrixController()
 
 bool LumbrixController::applicationShouldHandleReopen()
 {
-    // Wherever there is no place for a status item, this is the one way in.
+    // Without a place for a status item this is the only way to reach the preferences.
     showPreferences();
     return false;
 }
@@ -126,7 +126,7 @@ void LumbrixController::showAbout()
 void LumbrixController::quitApp()
 {
     m_isQuitting = true;
-    // Not by quit(), which asks every window whether it would like to close.
+    // Not quit(), which asks every window to close first.
     QCoreApplication::exit();
 }
 
@@ -235,8 +235,8 @@ void LumbrixController::showDockIconAlertDidEnd(int returnCode)
         quitApp();
         return;
     }
-    // One that nothing would start again stays. Its next start is the user's, who looks for nothing
-    // in the preferences then.
+    // Nothing would start the program again, so it keeps running. The next start is the user's, and
+    // must not open the preferences as one after a relaunch does.
     defaults().setBool(false, relaunched);
     defaults().synchronize();
     beginSheet(tr("Lumbrix could not be relaunched"),
@@ -246,8 +246,8 @@ void LumbrixController::showDockIconAlertDidEnd(int returnCode)
 
 void LumbrixController::enforceRunAtLogin()
 {
-    // A new user has not chosen yet. To take that for a no would remove an item that is there, and
-    // with it what the user changed in it, a moment before the first values have it written anew.
+    // A new user has not chosen yet. Treating that as "off" would remove an existing login item,
+    // and with it the user's changes to it, just before the initial values write it again.
     if (!defaults().boolForKey(u"firstRun"_s))
         return;
     const QString path = platform::desktop().applicationBundle.path();

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// The application controller: brings the program up in a fixed order, applies the settings, and
-// keeps an observer on the Dock.
+// The application controller: starts the program's parts in a fixed order, applies the settings,
+// and keeps an observer on the Dock.
 #pragma once
 
 #include <QtCore/QObject>
@@ -38,18 +38,19 @@ public:
     ~LumbrixController() override;
 
     /// First part of the start: access to other applications, then the engine, with the hot-key
-    /// centre, and its settings. False when there is no access and the user does not want to give
-    /// it, or did not in time; the program then has nothing to do.
+    /// centre, and its settings. False when there is no access and the user refused it, or did not
+    /// grant it in time; the program should then end.
     bool awakeFromNib();
-    /// Second part: first-run values, the Dock, and the settings again, now with those values.
+    /// Second part of the start: stores the first-run values, observes the Dock, and applies the
+    /// settings again, now with those values.
     void applicationDidFinishLaunching();
-    /// The user has started the program that runs already. Whether another window should be made
-    /// for it, which is never so.
+    /// The user has started the program again while it runs. Returns whether a new window should be
+    /// made for that: always false.
     bool applicationShouldHandleReopen();
-    /// Takes everything off the screen and lets go of the Dock.
+    /// Removes everything from the screen and stops observing the Dock.
     void applicationWillTerminate();
 
-    // What the preferences ask.
+    // PreferencesHost.
     void updateState(const QString& senderTitle = {}) override;
     void updateWindowSize() override;
     void updateDistanceFromDock() override;
@@ -67,14 +68,14 @@ public:
     void showAbout();
     void quitApp();
 
-    /// Every alert of the program is made here. A suppression text without the checkbox is ignored;
-    /// the checkbox without a text has the usual one.
+    /// Makes every alert of the program. A suppression text without the checkbox is ignored; a
+    /// checkbox without a text gets the default label.
     static std::unique_ptr<Alert> createAlert(const QString& title, const QString& text,
                                               const QStringList& buttons,
                                               bool suppressionEnabled = false,
                                               const QString& suppressionText = {});
 
-    /// Observes the Dock that runs now, unless it is observed already; nothing when none runs.
+    /// Observes the running Dock, unless it is already observed; does nothing when no Dock runs.
     void addDockObserver();
 
     float displayDelay() const override { return m_displayDelay; }
@@ -84,28 +85,29 @@ public:
     StatusItem* statusItem() const { return m_statusItem.get(); } ///< null while it is hidden
 
 private:
-    // At the start.
-    /// Whether other applications can be asked; the user was, if not.
+    // Parts of the start.
+    /// Whether the program has access to other applications; if not, asks the user to grant it and
+    /// waits for that.
     bool checkAXAPI();
-    /// Has the user decide whether access is to be given.
+    /// Asks the user to grant access.
     static bool wantsAPI();
     void firstRunCheck();
-    /// Once for each user.
+    /// Shown once per user.
     void tellOfUnseenWindows();
     void showDockIcon();
 
     void retrieveDefaults(const QString& senderTitle = {});
     void badgeDockIconsChanged();
-    /// Puts the stored hot keys in the place of those that were registered before.
+    /// Replaces the registered hot keys with the stored ones.
     void registerHotKeys();
     void updateDelayLabels();
     void displayStatusIcon();
     void enforceRunAtLogin();
     static bool showsIconInDock();
-    /// Has the next start know whether there is to be an icon.
+    /// Records for the next start whether to show an icon.
     static void enforceDockIcon();
     void showDockIconAlertDidEnd(int returnCode);
-    /// On the preferences window; not at all while that is closed.
+    /// As a sheet of the preferences window; does nothing while that is closed.
     static void beginSheet(const QString& title, const QString& text, const QStringList& buttons,
                            std::function<void(int)> didEnd = {});
 
@@ -118,7 +120,7 @@ private:
     bool m_isQuitting = false;
     const DesktopPalette m_palette;
     std::unique_ptr<StatusItem> m_statusItem;
-    StatusMenu* m_statusMenu = nullptr; ///< the status item's
+    StatusMenu* m_statusMenu = nullptr; ///< owned by the status item
     std::unique_ptr<AboutWindow> m_aboutWindow;
     std::unique_ptr<DockIcon> m_dockIcon; ///< null unless the Dock shows our icon
     QPointer<QLabel> m_versionLabel;

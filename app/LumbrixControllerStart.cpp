@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// How the controller brings the program up.
+// The part of the controller that starts the program.
 #include "app/LumbrixController.h"
 
 #include <QtCore/QCoreApplication>
@@ -26,11 +26,11 @@ namespace lumbrix
 namespace
 {
 
-/// A restarted Dock is found again within this time.
+/// How often to look for a restarted Dock.
 constexpr platform::Seconds dockObserverInterval = 3.0;
-/// How long a busy application may keep us waiting for an answer.
+/// How long to wait for an answer of a busy application.
 constexpr float messagingTimeout = 0.2F;
-/// While the user gives access in the system's settings: how often to look, and how long.
+/// While the user grants access in the system's settings: how often to check, and for how long.
 constexpr platform::Seconds accessInterval = 0.5;
 constexpr int accessLooks = 80;
 
@@ -75,7 +75,7 @@ bool LumbrixController::checkAXAPI()
         for (int look = 0; look < accessLooks && !accessibility.apiEnabled() && !m_isQuitting;
              ++look) {
             platform::desktop().runLoop.sleep(accessInterval);
-            QCoreApplication::processEvents(); // for the signals that end programs
+            QCoreApplication::processEvents(); // so that QuitSignals can act
         }
     }
     if (!accessibility.apiEnabled() || m_isQuitting) {

@@ -34,7 +34,7 @@ extern "C" void quitSignalled(int)
 QuitSignals::QuitSignals()
 {
     if (pipe(pipeEnds.data()) != 0)
-        return; // the signals then end the program the hard way, as they would without us
+        return; // the signals then kill the program, as they do by default
     for (const int end : pipeEnds)
         fcntl(end, F_SETFD, FD_CLOEXEC);
     m_notifier = std::make_unique<QSocketNotifier>(pipeEnds[0], QSocketNotifier::Read);

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// Tells of SIGTERM, SIGINT and SIGHUP, which ask the program to end.
+// Reports SIGTERM, SIGINT and SIGHUP, which ask the program to end.
 #pragma once
 
 #include <QtCore/QObject>

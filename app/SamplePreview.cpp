@@ -23,7 +23,7 @@ void SamplePreview::show(bool resize)
         m_previewWindow = handler.createScreenyView();
     if (!m_previewWindow)
         return;
-    // It may have shown some window before.
+    // A reused preview may still show its former window.
     m_previewWindow->setTitleString(u"Lumbrix"_s);
     MAWindow& window = *m_previewWindow->window();
     if (resize) {
@@ -31,7 +31,7 @@ void SamplePreview::show(bool resize)
         window.setFrame(
             {window.frame().topLeft(), QSizeF(settings.windowWidth, settings.windowHeight)});
     }
-    // Before it is seen, or it would show once without.
+    // Before the panel is shown, or it would appear for a moment without it.
     window.setWindowOpacity(alpha);
     handler.arrangeWindow(*m_previewWindow);
     m_closeWindowTimer =

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// A preview that shows for a moment what a change of its size or place looks like.
+// A preview shown for a moment to demonstrate a changed size or position.
 #pragma once
 
 #include <memory>
@@ -13,7 +13,7 @@ namespace lumbrix
 
 class ScreenyView;
 
-/// Main thread. To be gone, or closed, before the engine is.
+/// Main thread. Must be destroyed or closed before the engine is destroyed.
 class SamplePreview
 {
 public:
@@ -22,8 +22,9 @@ public:
     SamplePreview(const SamplePreview&) = delete;
     SamplePreview& operator=(const SamplePreview&) = delete;
 
-    /// Shows it beside the Dock's first item, with the engine's present settings, or keeps it
-    /// there; half a second after the last call it goes. `resize`: in the present preview size too.
+    /// Shows it beside the Dock's first item, with the engine's current settings, or keeps showing
+    /// it; it disappears half a second after the last call. `resize`: also apply the current
+    /// preview size.
     void show(bool resize);
     void closeWindow();
 

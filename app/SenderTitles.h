@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// Titles of the controls that need more than their setting applied, as LumbrixController's
-// updateState() knows them: in English, whatever language they are shown in.
+// Titles of the controls for which LumbrixController::updateState() does more than apply the
+// settings. In English, whatever language the controls are shown in.
 #pragma once
 
 #include <QtCore/QString>

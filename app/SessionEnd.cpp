@@ -20,7 +20,7 @@ SessionEnd::SessionEnd(QGuiApplication& application)
     application.installEventFilter(this);
 }
 
-/// The toolkit would ask every window first, and stay when one of them does.
+/// The toolkit would ask every window to close first, and keep running if one of them refuses.
 bool SessionEnd::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() != QEvent::Quit)

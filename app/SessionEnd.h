@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// The program at the end of a session.
+// What the program does at the end of a session.
 #pragma once
 
 #include <QtCore/QObject>
@@ -11,18 +11,18 @@ class QGuiApplication;
 namespace lumbrix
 {
 
-/// Main thread. Has nothing to save and nothing to ask; what starts the program with the next
-/// session is its login item alone.
+/// Main thread. There is nothing to save or to ask the user. Only the login item starts the program
+/// in the next session.
 class SessionEnd final : public QObject
 {
     Q_OBJECT
 
 public:
-    /// The application outlives it.
+    /// The application must outlive it.
     explicit SessionEnd(QGuiApplication& application);
 
 Q_SIGNALS:
-    /// The session, or someone else by way of the toolkit, wants the program to end.
+    /// The session manager, or another program by way of the toolkit, asks the program to end.
     void quitRequested();
 
 protected:

@@ -20,7 +20,7 @@ namespace lumbrix
 namespace
 {
 
-/// In every size that panels ask for, so that none is scaled from another.
+/// In every size that panels use, so that none of them has to scale it.
 QIcon namedIcon(const QString& name)
 {
     QIcon icon;
@@ -56,8 +56,9 @@ void StatusItem::setToolTip(const QString& text)
         m_icon->setToolTip(text);
 }
 
-/// Made only when there is a status bar: the toolkit settles with the first item what kind of bar
-/// it will look for. One that exists finds its way back by itself.
+/// Creates the item only when there is a status bar: the toolkit decides with the first item which
+/// kind of status bar it looks for from then on. An existing item reappears by itself when the
+/// status bar does.
 void StatusItem::statusBarChanged()
 {
     if (m_icon || !platform::desktop().statusBar.isAvailable())
@@ -66,7 +67,7 @@ void StatusItem::statusBarChanged()
     m_icon->setContextMenu(m_menu.get());
     connect(m_icon.get(), &QSystemTrayIcon::activated, this,
             [this](QSystemTrayIcon::ActivationReason reason) {
-                if (reason != QSystemTrayIcon::Context) // that the toolkit has answered
+                if (reason != QSystemTrayIcon::Context) // the toolkit shows the menu for that
                     clicked();
             });
     updateIcon();
@@ -78,7 +79,7 @@ void StatusItem::clicked()
 {
     if (m_menu->isVisible())
         return;
-    // Beside the item, where the status bar tells where that is.
+    // Beside the item, if the status bar reports the item's position.
     const QRect item = m_icon->geometry();
     if (item.isEmpty()) {
         m_menu->popup(QCursor::pos());
@@ -97,7 +98,8 @@ void StatusItem::updateIcon()
         m_icon->setIcon(namedIcon(m_isHighlighted ? m_alternateImage : m_image));
 }
 
-/// Of the menu's own window: a status bar that draws the menu highlights the item in its own way.
+/// Events of the menu's own window: a status bar that draws the menu itself also highlights the
+/// item itself.
 bool StatusItem::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::Show || event->type() == QEvent::Hide) {

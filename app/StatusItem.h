@@ -15,18 +15,18 @@ class QSystemTrayIcon;
 namespace lumbrix
 {
 
-/// Main thread. It is on the screen while there is a status bar; one that comes later gets it too.
+/// Main thread. Shown while there is a status bar, including one that starts later.
 class StatusItem final : public QObject
 {
     Q_OBJECT
 
 public:
-    /// Opens on a click with any button, and is drawn by the status bar where that can.
+    /// The menu opens on a click with any button. The status bar draws it if it can.
     explicit StatusItem(std::unique_ptr<QMenu> menu);
     ~StatusItem() override;
 
     QMenu& menu() { return *m_menu; }
-    /// Pictures of the program, by name: the usual one, and the one while the menu is open.
+    /// Names of the program's pictures: the normal one, and the one shown while the menu is open.
     void setImages(const QString& image, const QString& alternateImage);
     void setToolTip(const QString& text);
     const QString& image() const { return m_image; } ///< as last set
@@ -44,7 +44,7 @@ private:
     QString m_alternateImage;
     QString m_toolTip;
     bool m_isHighlighted = false;
-    std::unique_ptr<QSystemTrayIcon> m_icon; ///< null until there was a status bar
+    std::unique_ptr<QSystemTrayIcon> m_icon; ///< null until there has been a status bar
 };
 
 } // namespace lumbrix

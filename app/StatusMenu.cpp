@@ -22,7 +22,7 @@ StatusMenu::StatusMenu()
 void StatusMenu::update(bool isDisabled, const QString& keyEquivalent)
 {
     QString text = isDisabled ? tr("Enable") : tr("Disable");
-    // As part of the text, not as the action's shortcut: the hot-key centre is who listens for it.
+    // As part of the text, not as the action's shortcut: the hot-key centre handles the key.
     if (!keyEquivalent.isEmpty())
         text += u'\t' + QString(keyEquivalent).replace(u'&', u"&&"_s);
     if (m_toggle->text() != text)

@@ -16,8 +16,8 @@ class StatusMenu final : public QMenu
 
 public:
     StatusMenu();
-    /// What the first item would do, and the hot key that does the same, which is shown beside it;
-    /// empty for none. Also while the menu is open.
+    /// Sets what the first item does, and the hot key for the same, which is shown beside it; empty
+    /// for none. May be called while the menu is open.
     void update(bool isDisabled, const QString& keyEquivalent);
 
 Q_SIGNALS:

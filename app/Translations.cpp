@@ -41,7 +41,7 @@ void installTranslations(const QStringList& languages, const QStringList& folder
         const QLocale::Language known = QLocale(language).language();
         if (known == QLocale::English || known == QLocale::C)
             return;
-        // For "de_AT" it takes "de" where there is nothing nearer.
+        // For "de_AT" this loads "de" if there is no closer match.
         const QString suffix = u'_' + QString(language).replace(u'-', u'_');
         const auto hasOurs = [&suffix](const QString& folder) {
             return install(u"lumbrix"_s + suffix, folder);

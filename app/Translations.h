@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// The user's language, where there is a catalogue for it; else the texts stay as they are in the
-// sources, in English.
+// Loads the catalogue of the user's language. Without one the texts stay in English, as in the
+// sources.
 #pragma once
 
 #include <QtCore/QStringList>
@@ -10,13 +10,12 @@
 namespace lumbrix
 {
 
-/// Makes the application translate into the first of `languages` (names as in
-/// QLocale::uiLanguages(), the one liked best first) that is English or has a catalogue in one of
-/// the `folders`; our texts and the toolkit's own. Main thread, before there are any texts. Loads
-/// nothing for English.
+/// Makes the application translate its own texts and the toolkit's into the first of `languages`
+/// (names as in QLocale::uiLanguages(), the preferred one first) that is English or has a catalogue
+/// in one of the `folders`. Loads nothing for English. Main thread, before any text is made.
 void installTranslations(const QStringList& languages, const QStringList& folders);
 
-/// Where this program's catalogues may be: in the tree it was built in, or installed with it.
+/// The folders that may hold this program's catalogues: in the build tree, or installed with it.
 QStringList catalogueFolders();
 
 } // namespace lumbrix

@@ -37,7 +37,7 @@ int fail(const QString& reason)
     return 1;
 }
 
-/// Returns when the program is to end.
+/// Returns when the program must end.
 void run(LumbrixController& controller, QApplication& application, SingleInstance& instance)
 {
     const QuitSignals quitSignals;
@@ -55,7 +55,8 @@ void run(LumbrixController& controller, QApplication& application, SingleInstanc
     controller.applicationWillTerminate();
 }
 
-/// A thread that does not end must not keep the program, nor lose what it works on.
+/// A thread that does not end must not keep the program from ending, and what that thread uses must
+/// not be destroyed under it.
 void shutDown(platform::QtRunLoop& runLoop, int status)
 {
     if (runLoop.shutdown())
@@ -64,7 +65,7 @@ void shutDown(platform::QtRunLoop& runLoop, int status)
     std::_Exit(status);
 }
 
-/// Beside the Lumbrix that runs, or without one.
+/// Works whether or not a Lumbrix is running.
 int inspect(platform::QtRunLoop& runLoop, const platform::LinuxDesktopOptions& options)
 {
     QString error;
@@ -98,8 +99,8 @@ int main(int argc, char** argv)
     display.reset();
     installTranslations(QLocale::system().uiLanguages(), catalogueFolders());
     QApplication::setWindowIcon(QIcon(u":/images/lumbrix.svg"_s));
-    // Two dozen panels' backgrounds; what is drawn for sizes and states that come up no more need
-    // not be kept as long as the toolkit would.
+    // Enough for the backgrounds of two dozen panels. The toolkit's default would keep drawings for
+    // sizes and states that are no longer used.
     QPixmapCache::setCacheLimit(4 * 1024);
 
     qCDebug(log::session, "Lumbrix %s starts", LUMBRIX_VERSION);

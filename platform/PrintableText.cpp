@@ -19,8 +19,8 @@ bool isToBeEscaped(char32_t character)
     case QChar::Separator_Paragraph:
         return true;
     case QChar::Other_Format:
-        // The joiners hold letters and emoji together; the others are not to be seen, or turn the
-        // direction of what follows.
+        // Joiners connect letters and emoji, so they stay; the others are invisible or change the
+        // direction of the text after them.
         return character != 0x200C && character != 0x200D;
     default:
         return false;
@@ -45,7 +45,7 @@ QString escaped(char32_t character)
 QString printableUpTo(qsizetype maxCharacters, const QString& text)
 {
     QString result;
-    // Lone halves of surrogate pairs become replacement characters here.
+    // Unpaired surrogates become replacement characters here.
     const auto characters = text.toUcs4();
     for (qsizetype i = 0; i < characters.size(); ++i) {
         if (i == maxCharacters)

@@ -18,21 +18,21 @@
 namespace lumbrix
 {
 
-/// Shared with the thread, which may be in the middle of a file when the icons go.
+/// Shared with the thread, which may still be reading a file when the icons are destroyed.
 struct ApplicationIcons::Queue {
     std::mutex mutex;
     QStringList wanted;                ///< guarded
-    bool hasThread = false;            ///< guarded; one that will look at `wanted` again
+    bool hasThread = false;            ///< guarded; it will look at `wanted` again
     ApplicationIcons* owner = nullptr; ///< main thread
 
-    /// None: the thread is to end.
+    /// The next icon to read; empty when the thread must end.
     std::optional<QString> next()
     {
         const std::lock_guard lock(mutex);
         hasThread = !wanted.isEmpty();
         return hasThread ? std::optional(wanted.takeFirst()) : std::nullopt;
     }
-    /// True when a thread has to be started for it.
+    /// Returns true if the caller must start a thread.
     bool add(const QString& bundleIdentifier)
     {
         const std::lock_guard lock(mutex);

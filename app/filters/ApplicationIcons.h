@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// The icons of applications, read on a thread: whatever another program put into an icon file, the
-// user interface does not wait for it.
+// The icons of applications, read on a thread so that no icon file, whatever is in it, can block
+// the user interface.
 #pragma once
 
 #include <QtCore/QHash>
@@ -20,13 +20,13 @@ class ApplicationIcons final : public QObject
     Q_OBJECT
 
 public:
-    static constexpr int size = 32; ///< points, both ways
+    static constexpr int size = 32; ///< points, width and height
 
     ApplicationIcons();
     ~ApplicationIcons() override;
 
-    /// The application's icon; an empty picture of that size until it has been read, and a plain
-    /// one for an application without an icon.
+    /// The application's icon. An empty picture of that size until the icon has been read; a
+    /// generic one for an application without an icon.
     QIcon icon(const QString& bundleIdentifier);
 
 Q_SIGNALS:

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// The filter levels as users read of them. The numbers are what is stored.
+// The names of the filter levels for the user. The settings store the numbers.
 #pragma once
 
 #include <QtCore/QString>
@@ -13,11 +13,11 @@ inline constexpr int low = 0;
 inline constexpr int medium = 1;
 inline constexpr int high = 2;
 inline constexpr int blockAll = 3;
-inline constexpr int totalFinder = 4; ///< for the Finder alone
+inline constexpr int totalFinder = 4; ///< for the Finder only
 
 /// In the user's language; a number that is no level counts as High.
 QString title(int level);
-/// One sentence that tells what the level leaves out, in the user's language.
+/// One sentence that says what the level leaves out, in the user's language.
 QString description(int level);
 
 } // namespace lumbrix::FilterLevel

@@ -15,7 +15,7 @@ namespace lumbrix
 
 class ApplicationIcons;
 
-/// Main thread. The icons outlive it.
+/// Main thread. The icons must outlive it.
 class FilterRows final : public QAbstractTableModel
 {
     Q_OBJECT
@@ -25,11 +25,11 @@ public:
 
     explicit FilterRows(ApplicationIcons& icons);
 
-    /// Takes the dictionary as it is now.
+    /// Reloads the rows from the dictionary.
     void reload();
 
     int numberOfRows() const { return static_cast<int>(m_rows.size()); }
-    // Of a row there is.
+    // The row must exist.
     QString getRowName(int row) const;
     QString getRowBundle(int row) const;
     QString getRowFilter(int row) const;

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// What a filter is for: an application by its bundle identifier, or all those without a filter of
-// their own; and how that is shown.
+// What a filter applies to: one application, by its bundle identifier, or all applications without
+// a filter of their own; and how that is shown.
 #pragma once
 
 #include <QtCore/QString>
@@ -18,14 +18,14 @@ class ApplicationIcons;
 namespace FilterSubject
 {
 
-/// Stands in the dictionary in the place of a bundle identifier.
+/// Used in the dictionary instead of a bundle identifier.
 inline const QString AllApplications = u"All applications"_s;
 
-/// Main thread. In the user's language; "unknown" for an application of which nothing is known.
+/// Main thread. In the user's language; "unknown" for an application that is not found.
 QString name(const QString& subject);
 /// Main thread. See ApplicationIcons::icon().
 QIcon icon(const QString& subject, ApplicationIcons& icons);
-/// A tool tip that shows the identifier and nothing else, whatever markup is in it.
+/// A tooltip that shows the identifier as plain text, even if it contains markup.
 QString toolTip(const QString& subject);
 
 } // namespace FilterSubject

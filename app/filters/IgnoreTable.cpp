@@ -32,10 +32,10 @@ namespace lumbrix
 namespace
 {
 
-/// Whom an item of the applications pop-up is for.
+/// The subject (see FilterSubject) that an item of the applications pop-up stands for.
 constexpr int subjectRole = Qt::UserRole;
 
-/// The interface files travel in the program: one without its parts is a broken build.
+/// The interface files are compiled into the program, so a missing part means a broken build.
 template <class T> T& part(QWidget& root, const char* name)
 {
     T* found = root.findChild<T*>(QString::fromLatin1(name));
@@ -234,7 +234,7 @@ void IgnoreTable::appendApplication(const QString& name, const QString& subject)
 
 void IgnoreTable::generateFiltersMenu()
 {
-    // A level that was chosen before the application stays chosen.
+    // Keep a level that was chosen before the application.
     const int chosen = m_filterLevels->currentIndex();
     m_filterLevels->clear();
     const bool isFinder = m_applications->currentData(subjectRole) == BundleIdentifier::Finder;

@@ -22,17 +22,17 @@ class QWidget;
 namespace lumbrix
 {
 
-/// Main thread. Edits the engine's dictionary in place, so that every change is in force at once,
+/// Main thread. Edits the engine's dictionary in place, so that every change takes effect at once,
 /// and stores it.
 class IgnoreTable final : public QObject
 {
     Q_OBJECT
 
 public:
-    /// `pane` is what the interface file "PreferencesFilters" holds; it owns the table.
+    /// `pane` is the widget of the interface file "PreferencesFilters"; it owns this object.
     explicit IgnoreTable(QWidget& pane);
 
-    /// The stored levels, or those of a new user.
+    /// Loads the stored levels, or the defaults of a new user.
     static QVariantMap getFiltersDictionary();
 
     QTableView& tableView() { return m_tableView; }
@@ -42,8 +42,8 @@ public:
     QCheckBox& privateBox() { return *m_privateBox; }
     const FilterRows& rows() const { return m_rows; }
 
-    // What the buttons, keys and clicks do. The sheet returns at once and keeps only its
-    // preferences window from being used; while it is up, none of these opens it again.
+    // What the buttons, keys and clicks do. Opening the sheet returns at once; it blocks only the
+    // preferences window. While it is open, none of these opens it again.
     void addButtonPressed();
     void deleteButtonPressed();
     void itemClicked(int row); ///< −1 = beside the rows

@@ -20,7 +20,7 @@ namespace
 {
 
 constexpr platform::Seconds timeToPoint = 3.0;
-/// An application that has not answered by then is taken for one that does not.
+/// An application that has not answered within this time counts as not answering.
 constexpr platform::Seconds timeToAnswer = 0.4;
 
 void say(const QString& text)
@@ -29,7 +29,7 @@ void say(const QString& text)
     std::fflush(stderr);
 }
 
-/// What was asked for may not have arrived: a full disk, a closed pipe.
+/// False when the text could not be written, for example to a full disk or a closed pipe.
 bool print(const QString& text)
 {
     std::fputs(text.toUtf8().constData(), stdout);

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// What was found under the pointer, and what the rules said of it.
+// What was found under the pointer, and the verdicts of the rules on it.
 #pragma once
 
 #include <QtCore/QPointF>
@@ -22,15 +22,15 @@
 namespace lumbrix
 {
 
-/// Places are in accessibility coordinates. Texts are as other programs gave them.
+/// Positions are in accessibility coordinates. Texts are unchanged from other programs.
 struct InspectedWindow {
     QString title;
     QString subrole; ///< empty when it cannot be read
     QRectF frame;
-    QString owner;                 ///< name of its application, where that is not the one inspected
+    QString owner;                 ///< name of its application, if that is not the one inspected
     int level = 0;                 ///< filter level
     platform::WindowID number = 0; ///< 0 = not known
-    std::optional<platform::WindowInfo> listed; ///< what the window server says of it
+    std::optional<platform::WindowInfo> listed; ///< what the window server reports about it
     int space = 0;                              ///< 0 = on all, or unknown
     bool isMinimized = false;
     bool isUnderPointer = false;
@@ -48,7 +48,7 @@ struct InspectedApplication {
 
 struct InspectedItem {
     QString title;
-    QString dock; ///< which dock it is in, in that dock's words
+    QString dock; ///< name of the dock that it is in
     DockItemKind kind = DockItemKind::Other;
     bool isRunning = false;
 };
@@ -58,7 +58,8 @@ struct InspectedDock {
     std::int32_t pid = 0;                   ///< 0 = none was recognised
     std::optional<platform::DockEdge> edge; ///< null: none that previews can be placed at
     std::size_t items = 0;
-    std::vector<platform::DockDisplay> displays; ///< that it shows or may show by itself
+    std::vector<platform::DockDisplay> displays; ///< its own tooltips and previews, certain or
+                                                 ///< possible
 };
 
 struct Inspection {
@@ -70,16 +71,16 @@ struct Inspection {
     std::optional<InspectedItem> item; ///< under the pointer, else the application's; null if none
     std::optional<InspectedApplication> application;
     std::vector<InspectedWindow> windows;
-    std::size_t previewable = 0; ///< how many of them could be previewed, if there is room
-    /// Of the Lumbrix that runs on this desktop: 0 = none does, null = not known.
+    std::size_t previewable = 0; ///< how many of them could be previewed, if there is space
+    /// Process id of the Lumbrix that runs on this desktop; 0 = none runs, null = not known.
     std::optional<std::int32_t> runningProcess;
-    bool hasRun = false;  ///< Lumbrix has been started before, and left its settings
-    QString unseen;       ///< which windows this desktop keeps from us; empty when none
-    QStringList settings; ///< those that were changed and matter here, "name=value"
+    bool hasRun = false;  ///< Lumbrix has been started before, so its settings exist
+    QString unseen;       ///< which windows this desktop hides from us; empty when none
+    QStringList settings; ///< settings that matter here and were changed, "name=value"
     bool isDisabled = false;
     int hidingKey = 0;                              ///< modifier index
     int showingKey = 0;                             ///< modifier index
-    HoverVerdict verdict = HoverVerdict::NoWindows; ///< on the item, where there is one
+    HoverVerdict verdict = HoverVerdict::NoWindows; ///< on the item, if there is one
 };
 
 } // namespace lumbrix

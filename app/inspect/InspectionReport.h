@@ -10,8 +10,8 @@
 namespace lumbrix
 {
 
-/// The whole report as plain text, to be pasted into a bug report: the answer first, then what it
-/// rests on. Every line ends with a line feed. Main thread.
+/// The whole report as plain text, to be pasted into a bug report: the answer first, then the facts
+/// behind it. Every line ends with a line feed. Main thread.
 QString inspectionReport(const Inspection& inspection);
 
 } // namespace lumbrix

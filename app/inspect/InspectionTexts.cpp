@@ -24,14 +24,14 @@ QString keyName(int modifierIndex)
     return platform::desktop().keyboardLayout.nameOfModifier(flagForIndex(modifierIndex));
 }
 
-/// Where in the preferences it can be changed.
+/// Where in the preferences the setting can be changed.
 QString where(const char* pane)
 {
     return InspectionText::tr(" (Preferences > %1)")
         .arg(QCoreApplication::translate("PrefsController", pane));
 }
 
-/// What keeps the Dock item itself from bringing previews; empty when nothing does.
+/// Why the Dock item itself brings no previews; empty if it does.
 QString itemObstacle(const Inspection& inspection)
 {
     if (inspection.dock.pid == 0)
@@ -77,7 +77,7 @@ QString windowsObstacle(const Inspection& inspection)
                : InspectionText::tr("every window is left out, see below");
 }
 
-/// What keeps all windows from being previewed; empty when nothing does.
+/// Why none of the windows can be previewed; empty if nothing prevents it.
 QString verdictObstacle(const Inspection& inspection)
 {
     switch (inspection.verdict) {
@@ -105,7 +105,7 @@ QString verdictObstacle(const Inspection& inspection)
     return {};
 }
 
-/// The reason, and what it says there, where that is known.
+/// The reason, with details if they are known.
 QString differs(const QString& reason, const InspectedWindow& window, const QString& there)
 {
     return window.listed ? reason + u" (%1)"_s.arg(there) : reason;

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// What the rules said, in words for the user. Each names the setting by which it can be changed.
+// The verdicts of the rules as texts for the user. Each names the setting that changes it.
 #pragma once
 
 #include <QtCore/QCoreApplication>
@@ -18,9 +18,9 @@ class InspectionText
     Q_DECLARE_TR_FUNCTIONS(Inspection)
 };
 
-// Main thread, all of them.
+// All functions: main thread.
 
-/// What hovering brings, or why it brings nothing.
+/// What hovering shows, or why it shows nothing.
 QString outcomeText(const Inspection& inspection);
 /// Why the window is not previewed; empty when it is.
 QString reasonText(const InspectedWindow& window);

@@ -29,7 +29,7 @@ namespace
 
 constexpr QSize smallPicture(64, 64); ///< pixels
 
-/// The settings that decide what a hover shows, where they differ from their first values.
+/// The settings that decide what a hover shows, if they differ from their initial values.
 QStringList settingsThatMatter(const platform::UserDefaults& defaults)
 {
     static constexpr const char* names[] = {
@@ -75,7 +75,7 @@ Inspector::Inspector()
     m_hasRun = defaults.boolForKey(u"firstRun"_s);
     m_showsCalendars = integerSetting(defaults, u"shouldShowCal"_s) != 0;
     if (!m_hasRun) {
-        // As its first start will set them.
+        // As the first start will set them.
         m_settings.showInDock = 1;
         m_showsCalendars = true;
     }
@@ -167,7 +167,7 @@ InspectedDock Inspector::inspectDock() const
     const ElementRef application =
         dock.pid != 0 ? m_ports.accessibility.createApplication(dock.pid) : nullptr;
     const auto lists = AX::readElements(m_ports.accessibility, application, AX::Children);
-    if (lists.empty()) { // something stands in for a Dock where there is but a switcher
+    if (lists.empty()) { // a stand-in process: there is a switcher, but no Dock
         dock.pid = 0;
         return dock;
     }
@@ -215,7 +215,7 @@ void Inspector::inspectApplication(Inspection& result)
             result.windows.push_back(inspectWindow(window, isScanned, list));
         }
     }
-    // Those that the engine would show, by its own account.
+    // The windows that the engine would show, asked of its inventory.
     auto shown = m_inventory.windowsBehindIcon(*m_application);
     result.previewable = shown.size();
     shown.resize(std::min(shown.size(), maxPreviews));
@@ -232,7 +232,7 @@ InspectedWindow Inspector::inspectWindow(const SWElementPtr& found, bool isScann
 {
     InspectedWindow result;
     result.verdict = isScanned ? m_inventory.processWindow(found, list) : WindowVerdict::NotScanned;
-    // The record in the inventory may be another one, which was matched.
+    // The inventory may have another record of the window, one that was matched.
     SWElementPtr window = found;
     for (const SWElementPtr& known : m_inventory.windowsArray())
         if (known->isEqualTo(found))

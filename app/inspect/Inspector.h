@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// Looks at what is under the pointer with the eyes of the engine, without being one: an inventory
-// of its own under the user's settings, and no previews.
+// Applies the engine's rules to what is under the pointer, without an engine: it has an inventory
+// of its own under the user's settings, and shows no previews.
 #pragma once
 
 #include <optional>
@@ -17,18 +17,18 @@
 namespace lumbrix
 {
 
-/// Main thread. Changes nothing on the desktop and in the settings. At most one at a time, and none
-/// beside an engine in the same program.
+/// Main thread. Changes neither the desktop nor the settings. At most one at a time, and not in a
+/// process that has an engine.
 class Inspector final : private InventoryObserver
 {
 public:
     Inspector();
     ~Inspector() override;
 
-    /// Takes what is under the pointer now, and has its windows pictured. An application that does
-    /// not answer to that shows itself within a moment, which the caller grants it.
+    /// Records what is under the pointer now, and captures its windows. The caller must then wait a
+    /// moment before it calls inspect(): that is how an application that does not answer is found.
     void aim();
-    /// Looks at what was aimed at.
+    /// Inspects what aim() has recorded.
     Inspection inspect();
 
 private:
@@ -38,7 +38,7 @@ private:
     bool isShowingPreviews() const override { return false; }
 
     bool isDockItem(const platform::ElementRef& element) const;
-    /// The application's icon in the Dock; null when it has none.
+    /// The application's Dock item; null when it has none.
     platform::ElementRef itemOf(const platform::RunningApplication& application) const;
     InspectedDock inspectDock() const;
     InspectedItem inspectItem() const;
@@ -56,9 +56,9 @@ private:
     WindowInventory m_inventory{m_ports, m_settings, *this};
 
     QPointF m_pointer;
-    platform::ElementRef m_element; ///< under the pointer; null when there is none
-    SWElementPtr m_window;          ///< the window it is or belongs to; null when there is none
-    platform::ElementRef m_item;    ///< the Dock item; null when there is none
+    platform::ElementRef m_element; ///< under the pointer; null if there is none
+    SWElementPtr m_window;          ///< the window that it is or belongs to; null if there is none
+    platform::ElementRef m_item;    ///< the Dock item; null if there is none
     bool m_pointsAtItem = false;
     Application m_application;
 };

@@ -30,7 +30,7 @@ constexpr int rowHeight = 22;
 
 } // namespace
 
-/// Has the table show the picker's rows.
+/// The table's model: the picker's rows.
 class CalendarPicker::Model final : public QAbstractTableModel
 {
 public:
@@ -101,7 +101,7 @@ void CalendarPicker::showSheet(QWidget& preferencesWindow)
     auto* button = loaded ? loaded->findChild<QPushButton*>(u"endPicking"_s) : nullptr;
     if (!sheet || !table || !button)
         return;
-    static_cast<void>(loaded.release()); // the preferences have it now
+    static_cast<void>(loaded.release()); // owned by the preferences window now
     sheet->setParent(&preferencesWindow, Qt::Dialog | Qt::Sheet);
     sheet->setAttribute(Qt::WA_DeleteOnClose);
     sheet->setWindowRole(preferencesWindow.windowRole());
@@ -114,7 +114,7 @@ void CalendarPicker::showSheet(QWidget& preferencesWindow)
     table->setColumnWidth(Checkbox, checkboxColumnWidth);
     table->verticalHeader()->setDefaultSectionSize(rowHeight);
     connect(button, &QPushButton::clicked, this, &CalendarPicker::endPicking);
-    // There is nothing to take back, so closing it any other way is the same.
+    // Changes apply at once and cannot be cancelled, so every way of closing the sheet is the same.
     connect(sheet, &QDialog::rejected, this, &CalendarPicker::saveDefaults);
 
     m_error = CalendarError::NotReady;
@@ -135,7 +135,7 @@ void CalendarPicker::generateDataStore()
     QStringList disabled;
     for (const Calendar& calendar : CalendarChoice::getDisabledCalendars(platform::desktop()))
         disabled << calendar.uid;
-    // What the user has changed on the sheet by now is what counts.
+    // Use what the user has changed on the sheet by now.
     for (std::size_t row = 0; row < m_calArray.size() && m_error != CalendarError::NotReady;
          ++row) {
         disabled.removeAll(m_calArray[row].uid);

@@ -24,33 +24,35 @@ class CalendarPicker final : public QObject
     Q_OBJECT
 
 public:
-    /// As the table knows its columns; the numbers are their places.
+    /// The table's columns; the numbers are their indices.
     enum Column { Checkbox, CalendarTitle, ColumnCount };
 
     explicit CalendarPicker(QObject* parent = nullptr);
     ~CalendarPicker() override;
 
-    /// Opens the sheet on that window, with what is known, and again with what the store reads
-    /// then. Does not wait for the user. Raises it when it is open already.
+    /// Opens the sheet on that window with the calendars known so far, and updates it when the
+    /// store has read them again. Does not wait for the user. If the sheet is already open, raises
+    /// it.
     void showSheet(QWidget& preferencesWindow);
     QDialog* calendarPicker() const { return m_calendarPicker; } ///< null when it is closed
 
     // The rows of the table.
     void generateDataStore();
     int numberOfRowsInTableView() const { return static_cast<int>(m_calArray.size()); }
-    /// A flag (1 or 0), a title; "" in any other column.
+    /// The value of a cell: a flag (1 or 0) or a title; "" for an unknown column.
     QVariant objectValue(int column, int row) const;
     void setObjectValue(const QVariant& value, int column, int row);
     int getRowCheckbox(int row) const;
     QString getRowName(int row) const;
     QColor colorOfCalendarAtRow(int row) const;
 
-    /// Keeps what is switched off now. What is kept of calendars that are not there now is dropped,
-    /// unless the store failed to read all there are; before it has read any, nothing changes.
+    /// Stores which calendars are switched off now. Entries of calendars that no longer exist are
+    /// dropped, unless the store could not read all calendars. Does nothing before the store has
+    /// read any.
     void saveDefaults();
 
 public Q_SLOTS:
-    /// The sheet's button.
+    /// The action of the sheet's button.
     void endPicking();
 
 private:

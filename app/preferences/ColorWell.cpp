@@ -46,7 +46,7 @@ void ColorWell::paintEvent(QPaintEvent*)
     painter.drawRoundedRect(QRectF(rect()).adjusted(7.5, 6.5, -7.5, -6.5), 3, 3);
 }
 
-/// Stays open beside the preferences, as their other controls do.
+/// Not modal: the preferences stay usable beside it.
 void ColorWell::showDialog()
 {
     if (!m_dialog) {

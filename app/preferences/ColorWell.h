@@ -25,8 +25,8 @@ public:
     QSize sizeHint() const override;
 
 Q_SIGNALS:
-    /// By the user, at every step on the way to the colour wanted; the first one again when the
-    /// choice was given up.
+    /// The user changed the colour. Emitted for every intermediate colour, and with the original
+    /// colour when the user cancels.
     void colorChanged(const QColor& color);
 
 protected:

@@ -23,8 +23,8 @@ constexpr platform::Seconds animationDuration = 0.25;
 constexpr platform::Seconds slowAnimationDuration = 1.25;
 } // namespace
 
-/// The toolbar above the subview that holds the panes. Titled, with buttons to close and to
-/// minimise it, of a fixed size.
+/// Holds the toolbar above the subview with the panes. Has a title bar with close and minimise
+/// buttons, and a fixed size.
 class DBPrefsWindowController::Window final : public QWidget
 {
 public:
@@ -52,7 +52,7 @@ protected:
     {
         event->accept();
         m_controller.m_viewAnimation.finish();
-        // Not from within one of its own events.
+        // Later, because the window must not be destroyed inside its own event handler.
         platform::desktop().runLoop.performAfterDelay(
             &m_controller, 0, [&controller = m_controller] { controller.closeWindow(); });
     }
@@ -72,7 +72,7 @@ QWidget* DBPrefsWindowController::window() const { return m_window.get(); }
 
 void DBPrefsWindowController::showWindow()
 {
-    // It may have been closed a moment ago.
+    // The window may have just been closed, with its destruction pending.
     platform::desktop().runLoop.cancelPreviousPerformRequests(this);
     m_viewAnimation.finish();
     if (m_window && !m_window->isVisible())
@@ -142,7 +142,7 @@ void DBPrefsWindowController::addView(std::unique_ptr<QWidget> view, const QStri
     m_toolbarItems.insert(identifier, m_window->toolbar.addItem(identifier, label, identifier));
 }
 
-/// All as wide as the widest, so that the window only changes its height.
+/// All panes get the width of the widest one, so that only the window's height changes.
 void DBPrefsWindowController::layOutViews()
 {
     int width = m_window->toolbar.sizeHint().width();
@@ -185,7 +185,7 @@ void DBPrefsWindowController::displayViewForIdentifier(const QString& identifier
             oldView->hide();
         setFrame(frameForView(*newView));
     }
-    // What had the focus is hidden now, or is another item.
+    // The widget that had the focus is hidden now, or is another item.
     if (isFocusSet)
         item.setFocus(Qt::OtherFocusReason);
     currentViewDidChange();
@@ -209,8 +209,8 @@ QRect DBPrefsWindowController::frameForView(const QWidget& view) const
     return {frame.topLeft(), view.size() + nonContent};
 }
 
-/// Only the size changes; to move to where the window is could move it elsewhere, where the borders
-/// are not known exactly.
+/// Set only the size: setting the current position too could move the window if its borders are not
+/// known exactly.
 void DBPrefsWindowController::setFrame(const QRect& frame)
 {
     const QSize borders = m_window->frameGeometry().size() - m_window->size();
@@ -225,7 +225,7 @@ void DBPrefsWindowController::crossFadeView(QWidget& oldView, QWidget& newView)
     m_crossFadeView->resize(oldView.size().expandedTo(newView.size()));
     m_crossFadeView->show();
     oldView.hide();
-    // Beneath, so that it takes the mouse and the keys at once.
+    // Below the fading view, so that it gets mouse and key events at once.
     newView.show();
     newView.stackUnder(m_crossFadeView);
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// A preferences window: a toolbar with one icon for each pane, of which one is shown at a time.
+// A preferences window: a toolbar with one icon for each pane. One pane is shown at a time.
 #pragma once
 
 #include <QtCore/QHash>
@@ -17,8 +17,8 @@
 namespace lumbrix
 {
 
-/// Main thread. The window exists while it is on the screen: opening it is rare, and what it takes
-/// is better given back.
+/// Main thread. The window exists only while it is on the screen: it is rarely opened, so its
+/// memory is freed.
 class DBPrefsWindowController : public QObject
 {
     Q_OBJECT
@@ -27,15 +27,15 @@ public:
     DBPrefsWindowController();
     ~DBPrefsWindowController() override;
 
-    /// Makes the window and its panes, and shows the first pane, in the middle of the screen and in
+    /// Creates the window and its panes and shows the first pane, centred on the screen and in
     /// front of everything.
     void showWindow();
-    /// The same, up to showing it.
+    /// Like showWindow(), but does not show the window.
     QWidget& loadWindow();
-    /// Unknown identifiers, and the pane that is shown already, change nothing.
+    /// Does nothing for an unknown identifier and for the pane that is already shown.
     void displayViewForIdentifier(const QString& identifier, bool animate);
 
-    /// In the order of the toolbar. Empty while there is no window, as is what follows.
+    /// In the order of the toolbar. These are all empty while there is no window.
     const QStringList& toolbarIdentifiers() const { return m_toolbarIdentifiers; }
     const QHash<QString, QWidget*>& toolbarViews() const { return m_toolbarViews; }
     const QHash<QString, PrefsToolbarItem*>& getToolbarItems() const { return m_toolbarItems; }
@@ -46,26 +46,27 @@ public:
     /// Whether panes fade into one another.
     bool crossFade() const { return m_crossFade; }
     void setCrossFade(bool on) { m_crossFade = on; }
-    /// Whether they do so slowly while the Shift key is held.
+    /// Whether holding the Shift key slows the fade.
     bool shiftSlowsAnimation() const { return m_shiftSlowsAnimation; }
     void setShiftSlowsAnimation(bool on) { m_shiftSlowsAnimation = on; }
 
-    /// The frame, with title bar and borders, of a window that shows this pane, with its top left
-    /// corner where it is now. Toolkit coordinates. Only while there is a window.
+    /// The frame, with title bar and borders, that the window needs for this pane; its top left
+    /// corner stays where it is. Toolkit coordinates. Only while there is a window.
     QRect frameForView(const QWidget& view) const;
 
 protected:
-    /// Adds the panes, by addView().
+    /// Must add the panes, by addView().
     virtual void setupToolbar() = 0;
-    /// The pane's identifier is its label in English, and that is the name of its image too;
-    /// `label` is the text that is shown.
+    /// The identifier is the English label and also the name of the pane's image; `label` is the
+    /// text shown.
     void addView(std::unique_ptr<QWidget> view, const QString& identifier, const QString& label);
-    /// The panes are there, but not yet shown.
+    /// Called when the panes have been added but are not shown yet.
     virtual void windowWillShow() {}
     virtual void currentViewDidChange() {}
-    /// The panes are about to go.
+    /// Called before the panes are destroyed.
     virtual void windowWillClose() {}
-    /// Gives up the window and the panes, if there are any. A derived class does so when it goes.
+    /// Destroys the window and the panes, if they exist. A derived class must call it in its
+    /// destructor.
     void closeWindow();
 
 private:

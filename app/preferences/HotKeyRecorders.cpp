@@ -18,7 +18,7 @@ namespace lumbrix
 namespace
 {
 
-/// That a key is taken is known a moment after it was asked for.
+/// Whether another program has a key is known only a moment after it was requested.
 constexpr platform::Seconds noteInterval = 0.25;
 
 SGKeyCombo storedCombo(const QString& identifier)

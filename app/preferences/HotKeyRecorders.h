@@ -20,7 +20,7 @@ class NoteLabel;
 class PreferencesHost;
 class SRRecorderControl;
 
-/// Main thread. Goes with the pane.
+/// Main thread. The pane owns it.
 class HotKeyRecorders final : public QObject
 {
     Q_OBJECT
@@ -31,8 +31,7 @@ public:
 
     /// Shows the stored hot keys.
     void refresh();
-    /// Whether the user sees the pane. Only then it is found out which hot keys other programs
-    /// have.
+    /// Whether the pane is visible. Only then is it checked which hot keys other programs have.
     void setShown(bool shown);
 
 private:

@@ -15,7 +15,7 @@ namespace lumbrix
 namespace
 {
 
-/// Keys that are known by a word rather than by a sign.
+/// Keys that are named by a word instead of a symbol.
 const char* wordFor(std::int64_t keyCode)
 {
     static constexpr std::pair<std::int64_t, const char*> words[] = {

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// Key combinations as people here write them: "Super+Alt+K".
+// Key combinations as text, as usual on this platform: "Super+Alt+K".
 #pragma once
 
 #include <QtCore/QString>
@@ -13,9 +13,9 @@ namespace lumbrix
 
 struct SGKeyCombo;
 
-/// Main thread, both. Empty for an invalid combination.
+/// Both functions: main thread. Empty for an invalid combination.
 QString hotKeyText(const SGKeyCombo& combo);
-/// Of classic modifier bits, each followed by a plus sign.
+/// The names of classic modifier bits, each followed by a plus sign.
 QString modifierText(std::int64_t modifiers);
 
 } // namespace lumbrix

@@ -10,8 +10,8 @@ namespace lumbrix
 namespace
 {
 
-constexpr double sizeOfNotes = 0.9;     // of other texts
-constexpr double strengthOfNotes = 0.7; // of their colour
+constexpr double sizeOfNotes = 0.9;     // relative to the size of other texts
+constexpr double strengthOfNotes = 0.7; // relative to the colour of other texts
 
 QColor mixed(const QColor& ink, const QColor& paper, double part)
 {

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// What explains a control, or warns about it.
+// A text that explains a control or warns about it.
 #pragma once
 
 #include <QtWidgets/QLabel>

@@ -20,17 +20,18 @@ class PreferencesHost
 public:
     virtual ~PreferencesHost() = default;
 
-    /// Applies all settings as a whole; to be called after each change of one. `senderTitle` is the
-    /// title of the control that changed it (SenderTitles.h), as a few ask the user something.
+    /// Applies all settings; must be called after each change of a setting. `senderTitle` is the
+    /// title of the control that changed it (SenderTitles.h): a few of them make the program ask
+    /// the user something.
     virtual void updateState(const QString& senderTitle = {}) = 0;
 
-    // What sliders and wells do beside storing their value: its effect is seen while they move.
+    // Called by sliders and colour wells while the user changes them, to show the effect at once.
     virtual void updateWindowSize() = 0;
     virtual void updateDistanceFromDock() = 0;
     virtual void updateDockBadgeSize() = 0;
     virtual void updateColorOfWindowBadges(const QColor& color) = 0;
 
-    // Labels of the preferences window, null until connected; filled at once and kept up to date.
+    // Labels of the preferences window; null disconnects them. Filled at once and kept up to date.
     virtual void setVersionLabel(QLabel* label) = 0;
     virtual void setDelayLabel(QLabel* label) = 0;
     virtual void setExitDelayLabel(QLabel* label) = 0;

@@ -59,13 +59,13 @@ constexpr std::array widgetClasses{
 };
 
 PreferencesHost* sharedHost = nullptr;
-/// The application's: a static one would be destroyed after the toolkit's own when exit() is
-/// called.
+/// A child of the application: a static instance would be destroyed after the toolkit's own objects
+/// when exit() is called.
 QPointer<PrefsController> sharedInstance;
 
 WindowCountBadger& badger() { return *LXHandler::sharedHandler().companions().windowCountBadger; }
 
-/// Combo boxes that choose a modifier key, by the index that settings store.
+/// Combo boxes that choose a modifier key; the settings store the index.
 void fillModifierNames(QWidget& pane)
 {
     using namespace platform::ModifierFlag;
@@ -160,7 +160,7 @@ void PrefsController::refresh()
     for (const QPointer<SettingsBinding>& binding : m_bindings)
         binding->refresh();
     m_recorders->refresh();
-    // Another window manager, with another switcher, may have been started meanwhile.
+    // Another window manager, with a different switcher, may have been started since.
     const bool tellsSwitcher = platform::desktop().accessibility.tellsSwitcher();
     if (auto* box = window()->findChild<QCheckBox*>(u"showInTab"_s))
         box->setEnabled(tellsSwitcher);
@@ -175,10 +175,10 @@ bool PrefsController::eventFilter(QObject* watched, QEvent* event)
 {
     switch (event->type()) {
     case QEvent::WindowActivate:
-        refresh(); // what others changed meanwhile, and what a sheet took back
+        refresh(); // shows changes by other programs, and values restored by a sheet
         break;
     case QEvent::Show:
-        window()->windowHandle()->installEventFilter(this); // for the next
+        window()->windowHandle()->installEventFilter(this); // for the events below
         break;
     case QEvent::Expose:
     case QEvent::WindowStateChange:
@@ -192,8 +192,8 @@ bool PrefsController::eventFilter(QObject* watched, QEvent* event)
 
 void PrefsController::currentViewDidChange() { tellRecorders(); }
 
-/// A window that is minimised or on another workspace counts as shown to the toolkit, and with an
-/// icon in the Dock to close it is to minimise it.
+/// To the toolkit a window that is minimised or on another workspace is visible, and with an icon
+/// in the Dock closing the window minimises it.
 void PrefsController::tellRecorders()
 {
     if (!m_recorders || !window())

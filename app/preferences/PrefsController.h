@@ -23,21 +23,22 @@ class PrefsController final : public DBPrefsWindowController
     Q_OBJECT
 
 public:
-    /// Whose preferences they are from now on; null after their release.
+    /// Sets the host for the instance that is created next. Must be set to null after that instance
+    /// is released.
     static void setHost(PreferencesHost* host);
-    /// The one instance, made on first use. Not without a host.
+    /// The one instance, created on first use. A host must be set before.
     static PrefsController& sharedPrefsWindowController();
-    /// Closes the window, without a host to tell about it any more.
+    /// Destroys the instance, which closes its window. Does not call the host.
     static void releaseSharedPrefsWindowController();
     /// The window, for sheets; null while it is closed.
     static QWidget* openWindow();
-    /// Has an open window show what is stored now.
+    /// Makes an open window show the stored values.
     static void settingsDidChange();
 
     explicit PrefsController(PreferencesHost& host) : m_host(host) {}
     ~PrefsController() override;
 
-    /// Shows what is stored now; does nothing while there is no window.
+    /// Shows the stored values; does nothing while there is no window.
     void refresh();
 
 protected:

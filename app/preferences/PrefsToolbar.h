@@ -19,7 +19,7 @@ class PrefsToolbarItem final : public QAbstractButton
     Q_OBJECT
 
 public:
-    /// `image` is the name of a drawing.
+    /// `image` is the name of one of the program's drawings.
     PrefsToolbarItem(const QString& identifier, const QString& label, const QString& image,
                      QWidget* parent = nullptr);
 
@@ -36,11 +36,11 @@ private:
     const QString m_identifier;
     const QString m_label;
     const QString m_image;
-    /// A ring shows the focus only to who moves it by keys.
+    /// The focus ring is drawn only when the focus was moved by the keyboard.
     bool m_isFocusShown = false;
 };
 
-/// One item is chosen at a time, and is the one that the Tab key reaches.
+/// One item is selected at a time, and only that one is reached by the Tab key.
 class PrefsToolbar final : public QWidget
 {
     Q_OBJECT
@@ -52,7 +52,7 @@ public:
                               const QString& image);
 
 Q_SIGNALS:
-    /// By the user.
+    /// Emitted when the user chooses an item.
     void chosen(const QString& identifier);
 
 protected:

@@ -31,7 +31,7 @@ std::int64_t classicModifiers(Qt::KeyboardModifiers modifiers)
            (modifiers & Qt::ControlModifier ? controlBit : 0);
 }
 
-/// 0 for a key that is none.
+/// 0 for a key that is not a modifier.
 std::int64_t bitOfModifierKey(int key)
 {
     switch (key) {
@@ -50,7 +50,7 @@ std::int64_t bitOfModifierKey(int key)
     }
 }
 
-/// Keys that change what other keys do, and are none of the four.
+/// Modifier keys other than the four.
 bool isOtherModifierKey(int key)
 {
     return key == Qt::Key_AltGr || key == Qt::Key_CapsLock || key == Qt::Key_Hyper_L ||
@@ -117,7 +117,7 @@ QSize SRRecorderControl::sizeHint() const
 
 bool SRRecorderControl::event(QEvent* event)
 {
-    // Otherwise the window's own shortcuts, and the keys that move the focus, would come first.
+    // Otherwise the window's shortcuts and the keys that move the focus would get the event first.
     if (m_isRecording && event->type() == QEvent::ShortcutOverride) {
         event->accept();
         return true;
@@ -136,7 +136,7 @@ void SRRecorderControl::keyPressEvent(QKeyEvent* event)
     if (m_isRecording) {
         if (!event->isAutoRepeat() && m_recordedKey == 0)
             record(*event);
-        // The Tab key that ended it goes on to move the focus.
+        // The Tab key that ended the recording also moves the focus.
         event->setAccepted(m_isRecording || event->key() == Qt::Key_Escape ||
                            event->key() == Qt::Key_Backspace || event->key() == Qt::Key_Delete);
     } else if (isPlain && (event->key() == Qt::Key_Backspace || event->key() == Qt::Key_Delete)) {
@@ -209,7 +209,7 @@ void SRRecorderControl::hideEvent(QHideEvent* event)
 
 void SRRecorderControl::beginRecording()
 {
-    setFocus(Qt::OtherFocusReason); // a mnemonic clicks without
+    setFocus(Qt::OtherFocusReason); // a mnemonic clicks without the focus
     m_isRecording = true;
     m_heldModifiers = 0;
     m_recordedKey = 0;
@@ -274,7 +274,7 @@ void SRRecorderControl::paintEvent(QPaintEvent*)
     if (!isCombo)
         ink.setAlphaF(0.65F);
     painter.setPen(ink);
-    const int margin = height() - 2; // room for the clear button, on both sides to stay centred
+    const int margin = height() - 2; // for the clear button; on both sides, to centre the text
     const QRect area = rect().adjusted(margin, 0, -margin, 0);
     painter.drawText(area, Qt::AlignCenter,
                      fontMetrics().elidedText(displayText(), Qt::ElideRight, area.width()));

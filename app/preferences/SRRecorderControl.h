@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// A field that takes a key combination from the keyboard.
+// A field that records a key combination from the keyboard.
 #pragma once
 
 #include <QtWidgets/QAbstractButton>
@@ -15,11 +15,11 @@ class QToolButton;
 namespace lumbrix
 {
 
-/// Click it or press Space, then the keys, of which at least one is a modifier. Escape gives up,
+/// Click it or press Space, then the keys, of which at least one is a modifier. Escape cancels,
 /// Backspace clears. Main thread.
 ///
-/// While it records, all keys come here, even those that other programs have taken for themselves;
-/// and until the last one is released, as a key that becomes a hot key while it is held would act
+/// While it records, it gets all keys, even those that other programs have grabbed. It keeps them
+/// until the last one is released, because a key that becomes a hot key while it is held would act
 /// at once.
 class SRRecorderControl final : public QAbstractButton
 {
@@ -32,12 +32,12 @@ public:
     const SGKeyCombo& keyCombo() const { return m_keyCombo; }
     void setKeyCombo(const SGKeyCombo& combo);
     bool isRecording() const { return m_isRecording; }
-    /// What the field says now.
+    /// The text that the field shows now.
     QString displayText() const;
     QSize sizeHint() const override;
 
 Q_SIGNALS:
-    /// By the user; it may be the clear combo now.
+    /// The user changed the combination; it may be the clear combo.
     void keyComboDidChange();
     void recordingDidBegin();
     void recordingDidEnd();
@@ -65,7 +65,7 @@ private:
     bool m_isRecording = false;
     Hint m_hint = Hint::None;
     std::int64_t m_heldModifiers = 0; ///< while recording
-    std::uint32_t m_recordedKey = 0;  ///< scan code of the key that is still to be released
+    std::uint32_t m_recordedKey = 0;  ///< scan code of the key that has not been released yet
     QToolButton* const m_clearButton;
 };
 

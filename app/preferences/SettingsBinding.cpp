@@ -23,7 +23,8 @@ namespace
 
 platform::UserDefaults& defaults() { return platform::desktop().userDefaults; }
 
-/// In English, whatever language it is shown in, where the program knows it.
+/// The title in English, whatever language it is shown in, if the program handles this control
+/// specially.
 QString titleOf(const QCheckBox& box)
 {
     const QVariant title = box.property("settingsTitle");
@@ -58,7 +59,7 @@ public:
         const QVariant otherwise = box.property("settingsElse");
         m_else = otherwise.isValid() ? otherwise.toInt() : -1;
         connect(&box, &QComboBox::activated, this, [this](int index) {
-            // The same item stands for other values too; to choose it again is no change.
+            // One item can stand for several values; choosing it again is no change.
             if (index == indexOf(defaults().integerForKey(key())))
                 return;
             storeInteger(m_values.at(static_cast<std::size_t>(index)));
@@ -128,7 +129,7 @@ private:
                 return action;
         return [](PreferencesHost& h) { h.updateState(); };
     }
-    /// The value that is stored, which may lie beyond the slider's ends.
+    /// The stored value, which may be outside the slider's range.
     void showValue()
     {
         if (!m_label)
@@ -146,7 +147,7 @@ private:
     bool m_isRefreshing = false;
 };
 
-/// A widget that is enabled while a checkbox is set, or is not set.
+/// Enables a widget while a checkbox is set, or while it is not set.
 void makeDependent(QWidget& widget, QWidget& pane)
 {
     QString name = widget.property("enabledBy").toString();

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// Controls of the preferences, each bound to the setting it shows and changes.
+// Controls of the preferences, each bound to the setting that it shows and changes.
 //
-// Interface files say how by these properties:
+// Interface files describe the binding by these properties:
 //   settingsKey     of a checkbox (0 or 1), a combo box (an integer) or a slider (a number)
 //   settingsTitle   of a checkbox: its title as the program knows it, where it knows it
 //   settingsValues  of a combo box: what its items stand for, "0,1,4"; otherwise their indices
@@ -34,18 +34,18 @@ namespace lumbrix
 
 class PreferencesHost;
 
-/// Main thread. When the user moves the control, the value is stored and the host told. Until
-/// then a value that the control cannot show stays as it is.
+/// Main thread. When the user changes the control, the value is stored and the host is called.
+/// Until then a value that the control cannot show stays unchanged.
 class SettingsBinding : public QObject
 {
     Q_OBJECT
 
 public:
-    /// Null for a widget without a key, or of another kind. The binding goes with the control.
+    /// Null for a widget without a key or of an unsupported kind. The control owns the binding.
     static SettingsBinding* bind(QWidget& control, PreferencesHost& host);
 
     const QString& key() const { return m_key; }
-    /// Shows what is stored now.
+    /// Shows the stored value.
     virtual void refresh() = 0;
 
 protected:
@@ -60,7 +60,7 @@ private:
     const QString m_key;
 };
 
-/// Binds every control of a pane that has a key, and makes those depend on one another that say so.
+/// Binds every control of a pane that has a key, and sets up the dependencies given by "enabledBy".
 std::vector<SettingsBinding*> bindPane(QWidget& pane, PreferencesHost& host);
 
 } // namespace lumbrix

@@ -51,7 +51,7 @@ void ViewAnimation::advance()
 
 void ViewAnimation::end()
 {
-    // What is called may start the next one.
+    // The callback may start the next animation.
     const platform::TimerPtr timer = std::exchange(m_timer, nullptr);
     timer->invalidate();
     const auto step = std::exchange(m_step, nullptr);

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// Changes that take a while: their clock, and a view that fades into another.
+// Animations: their clock, and a view that fades into another.
 #pragma once
 
 #include <QtGui/QPixmap>
@@ -14,17 +14,17 @@
 namespace lumbrix
 {
 
-/// Calls back as often as the eye can follow. Main thread.
+/// Calls back at the frame rate of a smooth animation. Main thread.
 class ViewAnimation
 {
 public:
     ~ViewAnimation();
 
-    /// `step` is called with the progress, slow at both ends, from a little above 0 to 1; then
-    /// `didEnd`. One that runs is finished first.
+    /// Calls `step` with the progress, eased at both ends, from a little above 0 to 1; then
+    /// `didEnd`. A running animation is finished first.
     void start(platform::Seconds duration, std::function<void(double)> step,
                std::function<void()> didEnd);
-    /// Jumps to the end, if one runs.
+    /// Jumps to the end of a running animation.
     void finish();
     bool isRunning() const { return m_timer != nullptr; }
 
@@ -39,7 +39,7 @@ private:
     platform::TimerPtr m_timer;
 };
 
-/// A picture of one view that turns into a picture of another. The mouse goes through it.
+/// A picture of one view that fades into a picture of another. Ignores the mouse.
 class CrossFadeView final : public QWidget
 {
     Q_OBJECT
