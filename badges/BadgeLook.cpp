@@ -13,18 +13,18 @@ namespace
 {
 
 constexpr double maxSide = 78;
-/// Below this nobody can read it.
+/// Smaller badges are not readable.
 constexpr double smallestSide = 14;
 constexpr double itemShare = 2.75;
-/// A window button is long and thin. A share of its length would make no round badge, the same
-/// share of its breadth one that nobody can read.
+/// A window button is long and thin. The usual share of its width and height would not make a round
+/// badge, and that share of its height alone would be too small to read.
 constexpr double longItem = 1.25;
 constexpr double buttonShare = 1.6;
 
-/// How bright the template's white comes out.
+/// The brightness that the template's white is drawn with.
 constexpr double brightest = 0.75;
 
-/// The light that a colour's share gives off, as the eye has it.
+/// The linear light of a gamma-encoded colour component.
 double light(double share) { return std::pow(share, 2.2); }
 
 QSizeF badgeSize(const QSizeF& item, double extra)

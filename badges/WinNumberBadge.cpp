@@ -93,7 +93,7 @@ void WinNumberBadge::fitNumber()
 {
     const QRect part = roundPart(*m_window);
     m_badge->setPixelSize(part.height() / 2);
-    // Three figures are more than there is room for inside the rim.
+    // Three digits do not fit inside the rim.
     const int room = part.width() * 5 / 6;
     if (const int width = m_badge->sizeHint().width(); width > room)
         m_badge->setPixelSize(part.height() / 2 * room / width);

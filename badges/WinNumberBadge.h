@@ -18,22 +18,22 @@ class LXImageCell;
 class MAWindow;
 class NumberLabel;
 
-/// One badge over one Dock item: a small panel from the interface file of the same name, which the
-/// mouse goes through. Main thread.
+/// One badge over one Dock item: a small panel from the interface file of the same name. Mouse
+/// events pass through it. Main thread.
 class WinNumberBadge
 {
 public:
-    /// Null when the interface file cannot be loaded. The ports outlive it.
+    /// Null when the interface file cannot be loaded. The ports must outlive it.
     static std::unique_ptr<WinNumberBadge> load(const platform::Desktop& ports,
                                                 SWElementPtr dockItem);
     ~WinNumberBadge();
 
-    /// The item's rectangle on the screen (screen coordinates); empty while the Dock keeps it out
-    /// of sight. Any thread.
+    /// The item's rectangle on the screen (screen coordinates); empty while the Dock hides it. Any
+    /// thread.
     static QRectF iconRect(const SWElement& dockItem);
 
     void setBadgeValue(int count);
-    /// Over the item, as badgeFrame() has it, and out of sight when the item is.
+    /// Places the badge over the item, as badgeFrame() says, or hides it while the item is hidden.
     void arrangeRelativeTo(std::int32_t position, float sizeExtra);
     void updateImageColor(const QColor& color);
     void orderFront();
@@ -52,11 +52,11 @@ private:
 
     const SWElementPtr m_dockItem;
     const std::unique_ptr<MAWindow> m_window;
-    NumberLabel* m_badge = nullptr;      ///< in the window, as is the image
-    LXImageCell* m_badgeImage = nullptr; ///< the template in the colour
+    NumberLabel* m_badge = nullptr;      ///< owned by the window, as is the image
+    LXImageCell* m_badgeImage = nullptr; ///< the template, tinted
     QColor m_color;
     QRectF m_prevRect;
-    bool m_isFront = false; ///< ordered front; it may be out of sight all the same
+    bool m_isFront = false; ///< ordered front; may be hidden nevertheless
 };
 
 } // namespace lumbrix

@@ -18,12 +18,12 @@ namespace
 
 constexpr platform::Seconds watchInterval = 0.25;
 constexpr int settleReadings = 30;
-// Widened on purpose: the pause is the single-precision value.
+// Deliberately the single-precision value, converted to double.
 constexpr platform::Seconds settleInterval = 0.02f;
 
 QString colorKey() { return u"winBadgeColor"_s; }
 
-/// Returns once an icon that moves has come to rest, or after half a second.
+/// Waits until a moving icon has come to rest, at most half a second.
 void waitUntilSettled(const SWElement& item, platform::RunLoop& runLoop,
                       const platform::Thread& self)
 {
@@ -67,7 +67,7 @@ void WinNumberBadger::systemUIModeChanged()
 {
     m_isInFullscreen = m_ports.workspace.systemUIMode() != 0;
     if (m_isInFullscreen)
-        m_counts->removeAllScreenViews(); // the badges go with the watcher's next look
+        m_counts->removeAllScreenViews(); // the watcher removes the badges on its next pass
     else
         badgeDockItems();
 }
@@ -80,7 +80,7 @@ void WinNumberBadger::badgeDockItems()
         dismissBadges();
         return;
     }
-    // The windows of a Dock that was started anew lie above those that were there before.
+    // The windows of a restarted Dock are above the existing badges.
     const std::int32_t dockPid = SWElement::getDockPid(m_ports);
     const bool isOtherDock = std::exchange(m_dockPid, dockPid) != dockPid;
     Badges confirmed;
@@ -90,8 +90,8 @@ void WinNumberBadger::badgeDockItems()
         const int count = application ? m_counts->countForRunningApp(*application) : 0;
         if (count == 0 || (m_badgeOnlyIfMore && count < 2))
             continue;
-        // Of a task bar with a button for each window, every one of them would tell the number of
-        // all: none of them has so many.
+        // On a task bar with a button for each window, every button would show the application's
+        // count, which is true of none of them.
         if (count > 1 && item->ownWindow())
             continue;
         const auto known =
@@ -109,7 +109,7 @@ void WinNumberBadger::badgeDockItems()
             (*known)->orderFront();
         confirmed.push_back(std::move(*known));
     }
-    m_badgesArray = std::move(confirmed); // the others go off the screen with their ends
+    m_badgesArray = std::move(confirmed); // destroying the others removes them from the screen
     watch();
 }
 
@@ -199,7 +199,7 @@ void WinNumberBadger::scanForChanges(const platform::Thread& self)
             m_isWatching = !watched.empty();
         }
         if (watched.empty())
-            return; // there is nothing to wake up for
+            return; // nothing to watch
         const auto moved = std::find_if(watched.begin(), watched.end(), [](const Watched& each) {
             return WinNumberBadge::iconRect(*each.dockItem) != each.prevRect;
         });

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// Keeps a badge with the number of its windows on the Dock icon of every running application.
+// Keeps a badge on the Dock icon of every running application, with the number of its windows.
 #pragma once
 
 #include <atomic>
@@ -18,14 +18,14 @@
 namespace lumbrix
 {
 
-/// Main thread, but for the watcher, its thread. That one runs while there are badges: the Dock
-/// need not tell that its icons moved.
+/// Main thread, except for the watcher, a thread of its own. It runs while there are badges,
+/// because a Dock need not report that its icons moved.
 class WinNumberBadger final : public WindowCountBadger
 {
 public:
     using Badges = std::vector<std::unique_ptr<WinNumberBadge>>;
 
-    /// The ports outlive it.
+    /// The ports must outlive it.
     explicit WinNumberBadger(const platform::Desktop& ports);
     ~WinNumberBadger() override;
 
@@ -36,11 +36,11 @@ public:
     void updateBadgeSizes() override;
     void updateBadgeColors();
     void dismissBadges();
-    WinNumberBadge* badgeForDockItem(const SWElement& item) const; ///< null without one
+    WinNumberBadge* badgeForDockItem(const SWElement& item) const; ///< null if there is none
     const Badges& badgesArray() const { return m_badgesArray; }
 
     bool shouldBadgeDock() const override { return m_shouldBadgeDock; }
-    /// Taken back, the badges go with the watcher's next look.
+    /// When turned off, the watcher removes the badges on its next pass.
     void setShouldBadgeDock(bool on) override { m_shouldBadgeDock = on; }
     std::int32_t badgePosition() const override { return m_badgePosition; }
     void setBadgePosition(std::int32_t position) override { m_badgePosition = position; }
@@ -48,7 +48,7 @@ public:
     void setBadgeOnlyIfMore(bool on) override { m_badgeOnlyIfMore = on; }
     float badgeSizeExtra() const { return m_badgeSizeExtra; }
     void setBadgeSizeExtra(float points) override { m_badgeSizeExtra = points; }
-    /// An application has the whole screen.
+    /// An application is full screen.
     bool isInFullscreen() const { return m_isInFullscreen; }
     QColor getCurrentColor() override;
     void setCurrentColor(const QColor& color) override;
@@ -63,14 +63,14 @@ private:
     void systemUIModeChanged();
     bool mayBadge() const { return shouldBadgeDock() && !isInFullscreen(); }
     std::unique_ptr<WinNumberBadge> makeBadge(const SWElementPtr& item, int count);
-    /// Has the watcher compare with the badges as they are now.
+    /// Gives the watcher the current badges to compare with.
     void watch();
     void scanForChanges(const platform::Thread& self);
 
     const platform::Desktop& m_ports;
     WindowCounts* m_counts = nullptr; ///< null unless set up
     Badges m_badgesArray;
-    std::int32_t m_dockPid = 0; ///< of the Dock that the badges were laid over
+    std::int32_t m_dockPid = 0; ///< of the Dock that the badges were placed over
     std::atomic<bool> m_shouldBadgeDock{false};
     std::atomic<bool> m_isInFullscreen{false};
     std::int32_t m_badgePosition = 0;
@@ -81,7 +81,7 @@ private:
 
     std::mutex m_lock; ///< guards the members below
     std::vector<Watched> m_watched;
-    bool m_isWatching = false; ///< a watcher runs that will look at m_watched again
+    bool m_isWatching = false; ///< a watcher is running and will look at m_watched again
 };
 
 } // namespace lumbrix

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// What the engine asks of the window counts on the Dock's icons, and what they ask of the engine.
+// The interfaces between the engine and the window counts on the Dock's icons.
 #pragma once
 
 #include <QtGui/QColor>
@@ -18,7 +18,7 @@ class WindowCounts
 {
 public:
     virtual ~WindowCounts() = default;
-    /// How many windows of the application the user is to be told of.
+    /// The number of windows to show for the application.
     virtual int countForRunningApp(const platform::RunningApplication& application) const = 0;
     virtual void removeAllScreenViews() = 0;
 };
@@ -28,15 +28,15 @@ class WindowCountBadger
 {
 public:
     virtual ~WindowCountBadger() = default;
-    /// Once, when the engine is ready to be asked. It outlives the badges, or tearDown() comes
-    /// before its end.
+    /// Called once, when the engine is ready. `counts` must outlive the badges, or tearDown() must
+    /// be called before it is destroyed.
     virtual void setUp(WindowCounts& counts) = 0;
-    /// Takes all badges away, for good.
+    /// Removes all badges for good.
     virtual void tearDown() = 0;
 
-    /// Brings the badges in line with the counts and settings of now.
+    /// Updates the badges to the current counts and settings.
     virtual void badgeDockItems() = 0;
-    /// Places every badge anew, for a changed size.
+    /// Places every badge again, after a change of size.
     virtual void updateBadgeSizes() = 0;
 
     virtual bool shouldBadgeDock() const = 0;
@@ -47,9 +47,9 @@ public:
     virtual bool badgeOnlyIfMore() const = 0;
     virtual void setBadgeOnlyIfMore(bool on) = 0;
     virtual void setBadgeSizeExtra(float points) = 0;
-    /// The colour chosen, else the default one; invalid without badges.
+    /// The chosen colour, otherwise the default; invalid if there are no badges.
     virtual QColor getCurrentColor() = 0;
-    /// Stores it, and tints every badge.
+    /// Stores the colour and tints every badge.
     virtual void setCurrentColor(const QColor& color) = 0;
 };
 
