@@ -33,7 +33,7 @@ using platform::CalendarError;
 constexpr int maxLines = 10;
 constexpr float lineHeight = 17;
 constexpr float maxLineWidth = 700;
-/// What the panel has beside, above and below its lines.
+/// The panel's margins beside, above and below its lines.
 constexpr QPointF firstLine(20, 21);
 constexpr QSizeF surroundings(30, 40);
 
@@ -71,13 +71,13 @@ void CalPreview::calIconHovered(const SWElementPtr& dockItem)
     const bool isBusyCal = dockItem && SWElement::checkIfBusyCal(m_ports, dockItem->element());
     if (const ScreenyViewPtr shown = shownPreview(); shown && shown->BusyCal() == isBusyCal) {
         if (m_wanted.dockItem)
-            m_wanted.dockItem = dockItem; // another element each time that the icon is hovered
+            m_wanted.dockItem = dockItem; // a new element each time the icon is hovered
         return;
     }
     qCDebug(log::hover, "a calendar is hovered: its row is today's events");
     engine.removeAllScreenViews();
-    // The key that hides the previews of windows is the one that brings up the calendar: the two
-    // take turns.
+    // Holding the key that hides window previews shows the calendar instead, and the other way
+    // round.
     if (settings.hidePreviews && !isModifierHeld(m_ports.inputState, settings.hidePreviewsKeycode))
         return;
     engine.inventory().cleanWindowsArray();
@@ -91,11 +91,11 @@ void CalPreview::calIconHovered(const SWElementPtr& dockItem)
 void CalPreview::read(const SWElementPtr& dockItem, bool isBusyCal)
 {
     m_wanted = {dockItem, isBusyCal};
-    // All of today, so that what is read now is still enough later on.
+    // All of today, so that the result stays valid for the rest of the day.
     const QDateTime now = m_ports.wallClock.now();
     const QDateTime day = platform::WallClock::startOfDay(now);
     if (m_dayBeingRead == day)
-        return; // it will do for this icon, too
+        return; // its result is used for this icon, too
     m_dayBeingRead = day;
     m_ports.calendarStore.refresh(day, platform::WallClock::endOfDay(now),
                                   [weak = weak_from_this(), day] {
@@ -107,7 +107,7 @@ void CalPreview::read(const SWElementPtr& dockItem, bool isBusyCal)
 void CalPreview::eventsRead(const QDateTime& day)
 {
     if (m_dayBeingRead != day)
-        return; // meanwhile another day has begun, which is read next
+        return; // a new day has begun since; that is read next
     m_dayBeingRead = {};
     const auto [dockItem, isBusyCal] = std::exchange(m_wanted, {});
     LXHandler& engine = LXHandler::sharedHandler();
@@ -115,7 +115,7 @@ void CalPreview::eventsRead(const QDateTime& day)
         return;
     const ScreenyViewPtr shown = shownPreview();
     if (!shown) {
-        // Meanwhile it may have been clicked, which brings up a menu or the application.
+        // The icon may have been clicked since, which opens a menu or the application.
         if (engine.screenyViews().empty() &&
             (dockItem->isRequested() || isHovered(m_ports.inputState, dockItem)))
             showPreview(dockItem, isBusyCal);
@@ -154,7 +154,7 @@ void CalPreview::showPreview(const SWElementPtr& dockItem, bool isBusyCal)
     engine.row().arranger().arrangeWindows(dockItem, false);
     if (preview->elementRef())
         engine.row().pictures().loadUnseen(preview);
-    preview->setHeld(false); // as part of a row that is no more it may have been
+    preview->setHeld(false); // in a former row it may have been
     preview->orderFront();
 }
 
@@ -201,13 +201,13 @@ QStringList CalPreview::upcomingEvents() const
 
 QDateTime CalPreview::nextDate() const
 {
-    // A day by the calendar. By the clock it is an hour more or less when the clocks change.
+    // A calendar day, which can have 23 or 25 hours when the clocks change.
     return platform::WallClock::endOfDay(m_ports.wallClock.now());
 }
 
 QString CalPreview::humanTimeFromDate(const QDateTime& start, const QDateTime& end)
 {
-    // Hours and minutes; where no language is set, the short format has seconds too.
+    // Hours and minutes. Without a language set, the short format would include seconds.
     static const QRegularExpression seconds(u"[:.]s+"_s);
     const QLocale locale;
     const QString format = locale.timeFormat(QLocale::ShortFormat).remove(seconds);

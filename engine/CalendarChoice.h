@@ -12,12 +12,12 @@
 #include "platform/Desktop.h"
 #include "platform/UserDefaults.h"
 
-/// Main thread. What is switched off is kept by uid in the settings, as "calendars", so a calendar
-/// that is new is shown.
+/// Main thread. The settings keep the uids of the calendars that are switched off, as "calendars";
+/// so a new calendar is shown.
 namespace lumbrix::CalendarChoice
 {
 
-/// As they are in the settings, also those of calendars that the store does not know.
+/// As stored in the settings, including calendars that the store does not know.
 QStringList disabledUIDs(const platform::UserDefaults& defaults);
 /// Of the calendars that the store knows, in the order of the settings.
 std::vector<platform::Calendar> getDisabledCalendars(const platform::Desktop& ports);

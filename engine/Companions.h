@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// The subsystems beside the engine that it calls into. Each starts as an absent one, which does
-// nothing, until the subsystem takes its place.
+// The subsystems that the engine calls but does not own. Each is a stand-in that does nothing until
+// the real subsystem is installed.
 #pragma once
 
 #include <memory>
@@ -16,7 +16,7 @@
 namespace lumbrix
 {
 
-/// The list of today's events that stands in for a calendar's windows. Main thread.
+/// The list of today's events that is shown instead of a calendar's windows. Main thread.
 class CalendarPreview
 {
 public:
@@ -26,7 +26,7 @@ public:
     virtual void calIconHovered(const SWElementPtr& dockItem) = 0;
 };
 
-/// None is ever null.
+/// Never null.
 struct Companions {
     Companions();
 

@@ -14,7 +14,7 @@
 namespace lumbrix
 {
 
-/// What the parts of the engine work on together. All of it outlives them.
+/// The state that the parts of the engine share. All of it outlives them.
 struct EngineContext {
     const platform::Desktop& ports;
     const EngineSettings& settings;

@@ -18,11 +18,11 @@ namespace lumbrix
 class FilterTable final : public FilterLevels
 {
 public:
-    /// The stored dictionary, or the one a new user starts with. Main thread.
+    /// The stored dictionary, or the default one of a new user. Main thread.
     static QVariantMap getFiltersDictionary(const platform::UserDefaults& defaults);
 
-    /// The level that a stored value stands for. Files are edited by hand, too: what is no number
-    /// stands for the usual level.
+    /// The level for a stored value. Files may be edited by hand: a value that is not a number
+    /// means the default level.
     static int levelOf(const QVariant& value);
 
     std::optional<int> levelForKey(const QString& key) const override;

@@ -14,16 +14,16 @@
 namespace lumbrix
 {
 
-/// Half open, so that of two panels that touch only one holds the mouse. Empty rectangles hold
+/// Half open: of two adjacent panels only one contains the mouse. An empty rectangle contains
 /// nothing.
 bool contains(const QRectF& rect, QPointF point);
 
-/// Whether the mouse is on the Dock item; it is on no null one. Any thread.
+/// Whether the mouse is on the Dock item; false for null. Any thread.
 bool isHovered(platform::InputState& input, const SWElementPtr& item);
 
-/// Shows or ends a preview's hover state where it differs from where the mouse is.
+/// Starts or ends a preview's hover state if it does not match the mouse position.
 void trackHover(ScreenyView& preview, bool isInside);
-/// The frame of its panel; empty without one.
+/// The frame of its panel; empty if it has none.
 QRectF frameOf(const ScreenyView& preview);
 
 } // namespace lumbrix

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// The user's hover delays, as the engine asks for them.
+// The user's hover delays, for the engine.
 #pragma once
 
 #include <cstdint>
@@ -18,7 +18,7 @@ class HoverDelays : public platform::NotificationContext
 public:
     /// Seconds the mouse must rest on a Dock item before previews appear.
     virtual float displayDelay() const = 0;
-    /// Non-zero: no delay while previews are up.
+    /// Non-zero: no delay while previews are shown.
     virtual std::int32_t dontDelayIfOpen() const = 0;
 };
 

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// Whether hovering a Dock item brings previews, as far as settings, held keys and the number of
-// windows decide it.
+// Whether hovering a Dock item shows previews: the rules that depend on settings, held keys and the
+// number of windows.
 #pragma once
 
 #include <cstddef>
@@ -16,17 +16,17 @@
 namespace lumbrix
 {
 
-/// Building stops once this many previews are up.
+/// Maximum number of previews in a row.
 inline constexpr std::size_t maxPreviews = 15;
 
 /// What a hovered Dock item stands for.
 enum class DockItemKind : std::uint8_t {
     Application,
-    Calendar, ///< an application's, too
+    Calendar, ///< also an application's
     MinimizedWindow,
-    Other, ///< an entry of the switcher, or nothing that has windows
+    Other, ///< an entry of the switcher, or an item without windows
 };
-/// Calendars are told apart only where they show their events.
+/// Calendar is returned only where calendars show their events.
 DockItemKind kindOfDockItem(const platform::Desktop& ports, const platform::ElementRef& item,
                             bool showsCalendars);
 
@@ -34,7 +34,7 @@ enum class HoverVerdict : std::uint8_t {
     Shows,
     DockPreviewsOff, ///< the setting showInDock
     HidingKeyHeld,   ///< the key of the setting hidePreviews
-    NoPlace,         ///< the item is nowhere, or its Dock at no edge that is known
+    NoPlace,         ///< the item has no position, or its Dock no known edge
     NoWindows,
     OneWindow,         ///< the setting ignoreOneWindow
     ShowingKeyNotHeld, ///< the key of the setting onlyIfPressed
@@ -46,18 +46,19 @@ const char* plainWords(HoverVerdict verdict);
 namespace HoverRules
 {
 
-/// Before any window is looked at: Shows, DockPreviewsOff or HidingKeyHeld.
+/// Checked before any window is looked at: Shows, DockPreviewsOff or HidingKeyHeld.
 HoverVerdict verdictBeforeWindows(platform::InputState& input, const EngineSettings& settings);
-/// Once an item is known to have something to show: Shows or NoPlace.
+/// Checked once an item has something to show: Shows or NoPlace.
 HoverVerdict verdictForPlace(platform::DockPreferences& preferences, const SWElementPtr& item);
-/// With so many windows to show: Shows, NoWindows, OneWindow or ShowingKeyNotHeld. `areOthers`:
-/// under this program's own icon, where it stands for other applications too and one window is as
-/// good as many, since a click on that icon brings none of them; or where windows were chosen.
+/// For this number of windows: Shows, NoWindows, OneWindow or ShowingKeyNotHeld. With `areOthers` a
+/// single window is shown like several: for this program's own icon where it stands for other
+/// applications too, as a click on it brings up none of their windows; and where another program
+/// chose the windows.
 HoverVerdict verdictForWindows(platform::InputState& input, const EngineSettings& settings,
                                std::size_t count, bool areOthers);
-/// The same in the switcher, where no key is asked for: its own keys are held already.
+/// The same in the switcher, where no key is required: the switcher's own keys are held already.
 HoverVerdict verdictInSwitcher(const EngineSettings& settings, std::size_t count);
-/// Whether what is not shown now comes up as soon as the user holds a key, or lets it go.
+/// Whether the previews would appear if the user pressed or released a key.
 bool waitsForKey(platform::InputState& input, const EngineSettings& settings);
 
 } // namespace HoverRules

@@ -17,7 +17,7 @@ namespace
 
 constexpr platform::Seconds scanInterval = 2.5;
 
-/// Recursive, so that setUp may ask for the handler it sets up.
+/// Recursive, so that setUp() may call sharedHandler().
 std::recursive_mutex sharedLock;
 std::unique_ptr<LXHandler> sharedInstance;
 
@@ -126,7 +126,7 @@ void LXHandler::setUp()
 void LXHandler::setFilters(const QVariantMap& filters)
 {
     m_filters.setFilters(filters);
-    // On a thread of its own: a busy application must not hold up the user who edits the levels.
+    // On a thread, so that a busy application does not block the user who is editing the levels.
     m_ports.runLoop.detachThread("filter-scan",
                                  [this](const platform::Thread&) { m_inventory.windowScanner(); });
     if (isShowingPreviews())
@@ -166,7 +166,7 @@ void LXHandler::settingsDidChange()
         m_updater.settingsDidChange();
         return;
     }
-    // Notifications are ignored from now on, so nothing else would ever end it.
+    // From now on notifications are ignored, so nothing else would remove the row.
     m_hovered.cancelPending();
     m_dismissal.removeAllScreenViews("previews have been turned off");
 }
@@ -197,8 +197,8 @@ void LXHandler::addObserverForApp(std::int32_t pid)
 
 void LXHandler::windowsChanged()
 {
-    // Never waits: the scanner must not be held up by the main thread. A scan that finds a hundred
-    // windows has them counted once.
+    // Does not wait: the main thread must not block the scanner. However many windows a scan finds,
+    // they are counted once.
     if (m_isBadgingRequested.exchange(true))
         return;
     const auto count = m_guard.ifAlive([this] {

@@ -39,20 +39,21 @@
 namespace lumbrix
 {
 
-/// Main thread, except where a method says otherwise.
+/// Main thread unless said otherwise.
 class LXHandler final : public PreviewHost,
                         public InventoryObserver,
                         public WindowCounts,
                         public platform::NotificationContext
 {
 public:
-    /// The one engine, made and set up on first use. Any thread; a call from inside setUp gets the
-    /// instance as it stands. Ends the program where no companions are installed.
+    /// The one engine, created and set up on first use. Any thread. A call from inside setUp() gets
+    /// the instance that is being set up. Aborts the program if no companions are installed.
     static LXHandler& sharedHandler();
-    /// Ends the engine. Every thread it started must have ended before.
+    /// Destroys the engine. Every thread that it started must have ended before.
     static void releaseSharedHandler();
 
-    /// What the shared handler is made with; before its first use. The ports outlive it.
+    /// What the shared handler is created with. Must be called before its first use. The ports must
+    /// outlive it.
     static void installCompanions(const platform::Desktop& ports, const Companions& companions);
 
     LXHandler(const platform::Desktop& ports, const Companions& companions);
@@ -62,11 +63,11 @@ public:
     EngineSettings& settings() { return m_settings; }
     const EngineSettings& settings() const override { return m_settings; }
     const Companions& companions() const { return m_companions; }
-    /// Where the hover delay is asked for; not owned, may be null.
+    /// The source of the hover delay; not owned, may be null.
     void setApplicationDelegate(const HoverDelays* delegate) { m_switcher.setDelays(delegate); }
     QVariantMap filters() const { return m_filters.filters(); }
-    /// In force at once: previews of windows that the new levels leave out go, windows that they
-    /// let in are looked for.
+    /// Takes effect at once: previews of windows that the new levels exclude are removed, and
+    /// windows that they include are searched for.
     void setFilters(const QVariantMap& filters);
 
     const platform::Privacy::Choices& privateChoices() const { return m_privateChoices; }
@@ -85,11 +86,11 @@ public:
     bool isShowingPreviews() const override { return m_row.isShowing(); } ///< any thread
     SWElementPtr currentDockElement() const { return m_hovered.element(); }
 
-    // What is hovered.
+    // Hovering.
     void iconHovered(const SWElementPtr& element) { m_hover.iconHovered(element); }
     void updateWindows(const SWElementPtr& element) { m_updater.updateWindows(element); }
-    /// Has the previews that are shown follow the settings, which have changed; with previews
-    /// turned off nothing is shown any more, and nothing that is under way comes up.
+    /// Updates the previews on screen after a change of the settings. If previews are now turned
+    /// off, removes them and cancels those that are pending.
     void settingsDidChange();
 
     // How it ends.
@@ -117,7 +118,7 @@ public:
         return m_dismissal.shouldInterceptClick(perform, isTabExit);
     }
 
-    // Of the Dock that has the item; for null, of the first one.
+    // Settings of the Dock that has the item; for null, of the first Dock.
     static bool isDockMagnificationEnabled(platform::DockPreferences& preferences,
                                            const SWElementPtr& item = nullptr)
     {
@@ -164,11 +165,11 @@ private:
     FilterTable m_filters;
     platform::Privacy::Choices m_privateChoices;
     WindowInventory m_inventory;
-    std::atomic<bool> m_isBadgingRequested{false}; ///< and not yet done
+    std::atomic<bool> m_isBadgingRequested{false}; ///< posted, not done yet
     std::vector<std::unique_ptr<SWObserver>> m_observers;
     std::vector<std::unique_ptr<platform::WorkspaceSubscription>> m_subscriptions;
 
-    // Each knows those before it.
+    // Each part uses only those above it.
     HoveredItem m_hovered;
     RowTimers m_timers;
     PreviewRow m_row;

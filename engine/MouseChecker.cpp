@@ -10,7 +10,7 @@ namespace lumbrix
 {
 namespace
 {
-/// An item that was confirmed before is asked about less often.
+/// An item that was confirmed before is checked less often.
 constexpr platform::Seconds confirmedPause = 0.5;
 } // namespace
 
@@ -24,7 +24,7 @@ void mouseChecker(const platform::Desktop& ports, const HoverAction& hover,
         return;
     ports.runLoop.performOnMainThread(
         [&hover, item, &self] {
-            // The main thread may have been busy, and learned meanwhile that the mouse has left.
+            // While this waited for the main thread, that may have learned that the mouse has left.
             if (self.isCancelled())
                 return;
             if (item)

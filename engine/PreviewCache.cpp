@@ -37,7 +37,7 @@ void PreviewCache::clearCache()
         if (ScreenyViewPtr preview = load())
             fresh.push_back(std::move(preview));
     for (const ScreenyViewPtr& preview : fresh)
-        preview->dismiss(); // which returns it to the cache
+        preview->dismiss(); // this returns it to the cache
 }
 
 void PreviewCache::orderCacheOut()

@@ -18,19 +18,19 @@ namespace lumbrix
 class PreviewCache
 {
 public:
-    /// Both outlive the cache.
+    /// Both must outlive the cache.
     PreviewCache(const platform::Desktop& ports, PreviewHost& host) : m_ports(ports), m_host(host)
     {
     }
 
-    /// One from the cache, else a new one in the style of the settings; null when its interface
-    /// file cannot be loaded.
+    /// A preview from the cache, otherwise a new one in the style of the settings; null when its
+    /// interface file cannot be loaded.
     ScreenyViewPtr createScreenyView();
     ScreenyViewPtr getFromCache(); ///< null when empty
     void addToCache(const ScreenyViewPtr& preview) { m_cacheArray.push_back(preview); }
-    /// Drops all and keeps a handful of new ones in the present style ready.
+    /// Drops all and fills the cache with a few new previews in the current style.
     void clearCache();
-    /// Takes the panels of all idle previews off the screen.
+    /// Removes the panels of all idle previews from the screen.
     void orderCacheOut();
 
     const std::vector<ScreenyViewPtr>& cacheArray() const { return m_cacheArray; }

@@ -14,8 +14,8 @@ namespace lumbrix
 namespace
 {
 
-/// The cache hands out last what it got first: so the next row gets each panel in its former place,
-/// and panels that are still on screen do not change places with each other.
+/// The cache is last in, first out: returned in this order, each panel gets its former position in
+/// the next row, and panels that are still on screen do not swap places.
 template <class Action>
 void forEachFromLast(const std::vector<ScreenyViewPtr>& previews, Action action)
 {
@@ -70,7 +70,7 @@ ScreenyViewPtr PreviewRow::append(const SWElementPtr& window, const Application&
     if (byTab)
         preview->setSetByTab(true);
     append(preview);
-    // One that is used again on the spot still has the picture of its former window.
+    // A preview that is reused at once still has the picture of its former window.
     preview->setImage({});
     preview->setElementRef(window);
     preview->setTitleString(window->getTitle().value_or(QString()));
@@ -127,9 +127,8 @@ void PreviewRow::bringOut()
     m_pictures.loadMissing();
     const auto previews = m_previews;
     for (const ScreenyViewPtr& preview : previews) {
-        // Place and size of the numbers depend on the panels', which may have just changed, also
-        // those of previews that were there before. A calendar's lines have their panel to
-        // themselves.
+        // The position and size of the numbers depend on the panels, which may have just changed,
+        // even for previews that were already shown. A calendar's panel has no number.
         if (!preview->iCal()) {
             preview->showSpaces();
             preview->setShortcut();

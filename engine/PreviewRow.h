@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// The previews on screen: which they are and in what order, where they are and what they show.
+// The previews on screen: their order, positions and pictures.
 #pragma once
 
 #include <atomic>
@@ -25,13 +25,13 @@
 namespace lumbrix
 {
 
-/// Main thread, but for isShowing.
+/// Main thread, except isShowing().
 class PreviewRow
 {
 public:
     using Application = std::optional<platform::RunningApplication>;
 
-    /// All of it outlives the row.
+    /// All arguments must outlive the row.
     PreviewRow(const platform::Desktop& ports, PreviewHost& host, const EngineSettings& settings,
                const Companions& companions, const HoveredItem& hovered);
 
@@ -39,14 +39,14 @@ public:
     const std::vector<ScreenyViewPtr>& previews() const { return m_previews; }
     bool isEmpty() const { return m_previews.empty(); }
     bool isShowing() const { return m_isShowing; } ///< any thread
-    /// −1 when it is not one of them.
+    /// −1 if it is not in the row.
     int indexOf(const ScreenyView& preview) const;
-    /// Whether it is that of the application, made for the switcher or not.
+    /// Whether the row belongs to the application and was made for the switcher (`byTab`) or not.
     bool belongsTo(const Application& application, bool byTab) const;
 
     void append(const ScreenyViewPtr& preview);
-    /// A new preview of a window, filled and appended; null when none can be made. `application` is
-    /// that of the hovered item.
+    /// Creates a preview of a window, fills and appends it; null when none can be made.
+    /// `application` is the hovered item's.
     ScreenyViewPtr append(const SWElementPtr& window, const Application& application, bool byTab);
     /// The same for several, as long as there is room: a new row, from the first of them on.
     void append(const std::vector<SWElementPtr>& windows, const Application& application,
@@ -64,12 +64,12 @@ public:
     /// Those that are left of it; the others were dismissed.
     void setPreviews(std::vector<ScreenyViewPtr> previews);
 
-    /// Puts previews that are new or have moved onto the screen, when all have their pictures.
+    /// Shows previews that are new or have moved, once all have their pictures.
     void bringOut();
-    /// Empties it. Panels stay on screen until the next pass of the loop, so that a row built at
-    /// once from the same panels replaces them without a flicker.
+    /// Empties the row. Panels stay on screen until the next pass of the loop, so that a new row
+    /// made of the same panels replaces them without flicker.
     void takeAwayWithTheNextPass();
-    /// Empties it at once.
+    /// Empties the row and hides the panels at once.
     void takeAway();
 
     PreviewCache& cache() { return m_cache; }

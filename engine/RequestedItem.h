@@ -21,7 +21,7 @@ namespace lumbrix
 class RequestedItem
 {
 public:
-    /// The ports outlive it.
+    /// The ports must outlive it.
     explicit RequestedItem(const platform::Desktop& ports) : m_ports(ports) {}
 
     /// Whether the present row, or one that waits for a key, was asked for.
@@ -37,11 +37,11 @@ public:
     Item begin(Item item) { return std::exchange(m_item, std::move(item)); }
     /// Where the mouse is, if that is on the former row.
     void setMouseBefore(std::optional<QPointF> mouse) { m_mouseBefore = mouse; }
-    /// Whether the mouse rests where a preview of the former row was, which has gone from under it:
-    /// that is no leaving.
+    /// True while the mouse has not moved since a preview of the former row disappeared from under
+    /// it. The mouse has then not left the row.
     bool hasLeftTheMouse() const;
-    /// Brings the row up by `hover`; what was there before ends on the way, which is not the end of
-    /// this one.
+    /// Calls `hover` to show the row. The former row ends during the call; that is not taken for
+    /// the end of this one.
     template <class Action> void bringUp(const Action& hover)
     {
         Item item = std::exchange(m_item, {});
@@ -50,7 +50,7 @@ public:
     }
     /// Every row has ended.
     void rowEnded();
-    /// From now on the previews belong to this item.
+    /// The previews belong to this item from now on.
     void itemChanged(const SWElementPtr& item);
     /// Tells that the item's row has ended; nothing for a null one.
     void tellEnded(const Item& item) const;

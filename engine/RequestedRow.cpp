@@ -29,7 +29,9 @@ RequestedRow::Answer RequestedRow::judge(const SWElement& element) const
     if (settings.disabled || m.ports.privacy.isAway())
         return Answer::Disabled;
     if (element.isCal()) {
-        // Today's events may come later. They wait for no key, and one that hides windows has them.
+        // Today's events may still be loading, so they are not checked. A row of events never waits
+        // for a key: if one that is required now is not held, the request is refused. With a key
+        // that hides window previews, that key is required, as it shows the events instead.
         const bool isKept =
             (settings.hidePreviews &&
              !isModifierHeld(m.ports.inputState, settings.hidePreviewsKeycode)) ||
@@ -67,7 +69,7 @@ RequestedRow::Answer RequestedRow::bringUp(const SWElementPtr& element, std::fun
     element->setIsRequested(true);
     if (const Answer answer = judge(*element); answer != Answer::Accepted)
         return answer;
-    // What is under way for the mouse would take the place of this, which is meant.
+    // A hover that is still pending would replace this row, which was asked for explicitly.
     m.hovered.cancelDelayed();
     m.hovered.cancelHoverAtRest();
     invalidateTimer(m.timers.exitDelay);

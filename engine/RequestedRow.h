@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// Shows the rows of previews that other programs ask for.
+// Shows the rows of previews that other programs request.
 #pragma once
 
 #include <functional>
@@ -14,8 +14,8 @@
 namespace lumbrix
 {
 
-/// Main thread. A row like any other, on the ways of a hovered icon, but for one thing: it came
-/// without the mouse, so it stays without it, until the mouse has been on it or on its item and
+/// Main thread. Such a row is made like that of a hovered icon, with one difference: it was shown
+/// without the mouse, so it stays without it, until the mouse has been on the row or its item and
 /// leaves, or hovers another item.
 class RequestedRow final : public platform::PreviewRequests::Host
 {
@@ -27,7 +27,7 @@ public:
     {
     }
     ~RequestedRow() override;
-    /// Takes requests from now on.
+    /// Accepts requests from now on.
     void setUp();
 
     Answer show(const platform::ElementRef& item) override;

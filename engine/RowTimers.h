@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// The timers of the row that is up.
+// The timers of the current row.
 #pragma once
 
 #include "engine/Timers.h"
@@ -11,11 +11,11 @@
 namespace lumbrix
 {
 
-/// The part that needs one schedules it; the one that ends the row stops them all. Main thread.
+/// Each part starts the timers it needs; the part that ends the row stops them all. Main thread.
 struct RowTimers {
-    platform::TimerPtr exit;      ///< looks whether the mouse has left for good
-    platform::TimerPtr exitDelay; ///< grants some time after that
-    platform::TimerPtr tabExit;   ///< watches the switcher, while the row is its own
+    platform::TimerPtr exit;      ///< checks whether the mouse has left for good
+    platform::TimerPtr exitDelay; ///< waits for some time after that
+    platform::TimerPtr tabExit;   ///< watches the switcher while the row belongs to it
     platform::TimerPtr update;
     SWElementPtr updated; ///< the item that `update` was armed for last
 
@@ -30,7 +30,7 @@ struct RowTimers {
         invalidateTimer(tabExit);
         invalidateTimer(exit);
     }
-    /// All but the delay, which ends by itself.
+    /// All except the delay, which ends by itself.
     void stop()
     {
         stopExits();

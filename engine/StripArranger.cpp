@@ -172,7 +172,7 @@ void StripArranger::arrangeWindow(ScreenyView& preview)
 void StripArranger::waitUntilSettled(const SWElementPtr& item) const
 {
     platform::DockPreferences& dock = m_ports.dockPreferences;
-    // Under magnification or while the Dock slides in, the icon is still moving.
+    // With magnification, or while the Dock slides in, the icon is still moving.
     if (dock.tellsFinalPlaces() ||
         (!isDockMagnificationEnabled(dock, item) && !isDockAutoHidingEnabled(dock, item)))
         return;

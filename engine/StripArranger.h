@@ -24,7 +24,7 @@ class HelpBubble;
 class StripArranger
 {
 public:
-    /// Works on the previews that the row has at the time. All of it outlives the arranger.
+    /// `previews` is the row's list, read on each call. All arguments must outlive the arranger.
     StripArranger(const platform::Desktop& ports, const EngineSettings& settings,
                   const std::vector<ScreenyViewPtr>& previews, HelpBubble& bubble)
         : m_ports(ports), m_settings(settings), m_previews(previews), m_bubble(bubble)
@@ -41,18 +41,17 @@ public:
     static bool isDockAutoHidingEnabled(platform::DockPreferences& preferences,
                                         const SWElementPtr& item);
 
-    /// Whether the item is somewhere, beside a Dock at an edge that previews can be placed at.
+    /// Whether the item has a position, and its Dock is at an edge at which previews can be placed.
     static bool hasPlaceBeside(platform::DockPreferences& preferences, const SWElementPtr& item);
 
-    /// Whether the item has a place, some of it on a screen.
+    /// Whether the item has a position that is at least partly on a screen.
     bool isOnScreen(const SWElementPtr& item) const;
-    /// Whether the strip that was placed last would be placed there again.
+    /// Whether the strip placed last is already where it would be placed beside this item now.
     bool isArrangedBeside(const SWElementPtr& item) const;
 
-    /// Places the previews shown as one strip beside the item on the side of the Dock that has it,
-    /// on the item's screen; nothing is placed where no edge is known. A null item reads as the
-    /// zero rectangle. Panels of this program move at once, so `animate` only tells what was asked
-    /// for.
+    /// Places the previews as one strip beside the item, on its screen, at the side given by the
+    /// Dock that has it; does nothing if no edge is known. A null item counts as the zero
+    /// rectangle. Panels always move at once, so `animate` has no effect.
     void arrangeWindows(const SWElementPtr& item, bool animate);
     void arrangeWindowsBottom(const SWElementPtr& item, bool animate);
     void arrangeWindowsTop(const SWElementPtr& item, bool animate);

@@ -21,7 +21,7 @@ constexpr platform::Seconds switcherSettleTime = 0.2f;
 void SwitcherWatch::processListIconHovered(const Application& application,
                                            const SWElementPtr& element)
 {
-    // Dismissal must never take a switcher entry's rectangle for a hovered Dock item.
+    // Dismissal must not mistake a switcher entry's rectangle for that of a hovered Dock item.
     m.hovered.setElement(nullptr);
     if (element)
         element->setIsTabIcon(true);
@@ -64,15 +64,15 @@ void SwitcherWatch::tabExitCheck(const SWElementPtr& entry)
             trackHover(*preview, hasMoved && contains(frameOf(*preview), mouse));
         return;
     }
-    // The switcher has closed: over a preview, that picks its window.
+    // The switcher has closed. If the mouse is on a preview, that chooses its window.
     m.hovered.setShouldInstantShow(false);
     if (hasMouseMoved())
         m_dismissal.shouldInterceptClick(true, true);
     m_dismissal.removeAllScreenViews("the switcher has closed");
 }
 
-// Who switches with the keyboard leaves the mouse where it is, and the row may come up just there.
-// That must not bring up another window than the one that was selected.
+// A user who switches with the keyboard does not move the mouse, and the row may appear under it.
+// That must not activate another window than the selected one.
 bool SwitcherWatch::hasMouseMoved()
 {
     if (m_restingMouse != m.ports.inputState.mouseLocation())
@@ -90,7 +90,8 @@ void SwitcherWatch::followSwitcher(const SWElementPtr& entry)
     const auto application = SWElement::runningAppForProccessListIcon(m.ports, selected->element());
     if (!application)
         return;
-    // Blocks the main thread on purpose: nothing sensible can be shown while the switcher moves.
+    // Deliberately blocks the main thread: nothing useful can be shown while the switcher is
+    // changing.
     m.ports.runLoop.sleep(switcherSettleTime);
     if (m_delays && m_delays->displayDelay() > 0) {
         m.hovered.cancelDelayed();

@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// The previews of the application that is selected in the switcher, as long as that is open.
+// Shows the previews of the application that is selected in the switcher, while the switcher is
+// open.
 #pragma once
 
 #include <QtCore/QPointF>
@@ -29,7 +30,7 @@ public:
     {
     }
 
-    /// Where the hover delay is asked for; not owned, may be null.
+    /// The source of the hover delay; not owned, may be null.
     void setDelays(const HoverDelays* delays) { m_delays = delays; }
 
     void processListIconHovered(const Application& application, const SWElementPtr& element);
@@ -37,14 +38,14 @@ public:
 private:
     void tabExitCheck(const SWElementPtr& entry);
     void followSwitcher(const SWElementPtr& entry);
-    /// Since the row came up.
+    /// Whether the mouse has moved since the row appeared.
     bool hasMouseMoved();
 
     const EngineContext m;
     Dismissal& m_dismissal;
     PreviewUpdater& m_updater;
     const HoverDelays* m_delays = nullptr;
-    std::optional<QPointF> m_restingMouse; ///< where it is since the row came up
+    std::optional<QPointF> m_restingMouse; ///< the mouse position when the row appeared
 };
 
 } // namespace lumbrix

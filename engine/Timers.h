@@ -8,7 +8,7 @@
 namespace lumbrix
 {
 
-/// Invalidates and forgets a timer if it is valid; harmless otherwise. Main thread.
+/// Invalidates a valid timer and resets the pointer; otherwise does nothing. Main thread.
 inline void invalidateTimer(platform::TimerPtr& timer)
 {
     if (!timer || !timer->isValid())
