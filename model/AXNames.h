@@ -1,8 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// The names by which the accessibility interface calls attributes, actions, roles and
-// notifications.
+// The accessibility interface's names of attributes, actions, roles and notifications.
 #pragma once
 
 #include <QtCore/QString>

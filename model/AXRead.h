@@ -12,7 +12,7 @@
 namespace lumbrix::AX
 {
 
-/// Null when there is no element, the read fails, or the value has another type.
+/// Null if the element is null, the read fails, or the value has another type.
 template <class T>
 std::optional<T> read(platform::Accessibility& accessibility, const platform::ElementRef& element,
                       const QString& attribute)
@@ -40,7 +40,7 @@ inline std::vector<platform::ElementRef> readElements(platform::Accessibility& a
         .value_or(std::vector<platform::ElementRef>{});
 }
 
-/// Whether the attribute can be read and is this text.
+/// Whether the attribute can be read and equals this text.
 inline bool equals(platform::Accessibility& accessibility, const platform::ElementRef& element,
                    const QString& attribute, const QString& text)
 {

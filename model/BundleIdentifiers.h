@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// What the rules know of particular applications.
+// The particular applications that the rules treat specially.
 #pragma once
 
 #include <QtCore/QString>

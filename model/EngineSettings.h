@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// The engine's copy of every user setting that is consulted on its hot paths.
+// The engine's copy of every user setting that its hot paths read.
 #pragma once
 
 #include <atomic>
@@ -10,8 +10,8 @@
 namespace lumbrix
 {
 
-/// One setting: written on the main thread, read on any. Relaxed, because each setting stands for
-/// itself and a reader may as well see the value of a moment ago.
+/// One setting: written on the main thread, read on any. Relaxed, because settings are independent
+/// of each other and a reader may see a slightly older value.
 template <class T> class Setting
 {
 public:

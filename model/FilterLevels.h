@@ -10,7 +10,7 @@
 namespace lumbrix
 {
 
-/// What an application's level was found under.
+/// Where an application's level comes from.
 enum class FilterLevelSource { Application, AllApplications, BuiltIn };
 
 struct AppliedFilterLevel {
@@ -18,8 +18,7 @@ struct AppliedFilterLevel {
     FilterLevelSource source = FilterLevelSource::BuiltIn;
 };
 
-/// Per-application filter levels, as the window model needs them; the engine implements it.
-/// Any thread.
+/// Per-application filter levels, for the window model; the engine implements it. Any thread.
 class FilterLevels
 {
 public:

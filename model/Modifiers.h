@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// Which modifier keys the settings ask about.
+// The modifier keys that settings refer to.
 #pragma once
 
 #include <cstdint>
@@ -17,7 +17,7 @@ namespace lumbrix
 std::uint32_t flagForIndex(int index);
 /// Whether the modifier key of that index is held now.
 bool isModifierHeld(platform::InputState& input, int index);
-/// The visibility filters are off for as long as their override key is held.
+/// Whether the visibility filters are off because their override key is held.
 bool areFiltersSuspended(platform::InputState& input, const EngineSettings& settings);
 
 } // namespace lumbrix

@@ -9,7 +9,7 @@ namespace lumbrix
 {
 namespace
 {
-// Widened on purpose: the pause is the single-precision value.
+// Deliberately the single-precision value, converted to double.
 constexpr platform::Seconds restInterval = 0.02f;
 } // namespace
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// Waiting until the mouse rests.
+// Waits until the mouse rests.
 #pragma once
 
 #include <functional>
@@ -12,8 +12,9 @@
 namespace lumbrix
 {
 
-/// Sleeps on a worker thread until the pointer is where it was 20 ms before; true then. False when
-/// the thread was cancelled first. Before each look it sleeps for what `pause` answers, if given.
+/// Sleeps on a worker thread until the pointer has not moved for 20 ms, then returns true; returns
+/// false if the thread is cancelled first. Before each check it sleeps for the time that `pause`
+/// returns, if given.
 bool waitForMouseRest(const platform::Desktop& ports, const platform::Thread& self,
                       const std::function<platform::Seconds()>& pause = nullptr);
 

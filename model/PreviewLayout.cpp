@@ -10,9 +10,9 @@ namespace lumbrix::PreviewLayout
 namespace
 {
 
-/// Strips look centred on an icon when they begin this much before its true centre would have it.
+/// A strip looks centred on the icon when it starts this much before the exactly centred position.
 constexpr double stripShift = 6;
-/// Kept free at the top of the screen, and along a row before it is shrunk.
+/// The margin at the top of the screen, and beside a row before it is shrunk.
 constexpr float menuBarHeight = 22;
 constexpr float rowMargin = 50;
 /// Between a row and the edge of the screen, for the shape behind it.
@@ -31,7 +31,7 @@ float clampedStart(double start, float length, float first, float limit)
     return s;
 }
 
-/// The corner a placement starts from, mirrored into screen coordinates.
+/// The corner that a placement starts from, mirrored into screen coordinates.
 QPointF toScreen(double x, double y, const Input& input) { return {x, input.mainScreenHeight - y}; }
 
 double besideX(DockEdge edge, const Input& input, float width)
@@ -50,7 +50,7 @@ double besideY(DockEdge edge, const Input& input, float height)
 
 float leftOf(const QRectF& screen) { return static_cast<float>(screen.x()); }
 float rightOf(const QRectF& screen) { return static_cast<float>(screen.x() + screen.width()); }
-/// Where a column may begin.
+/// Where a column may start.
 float topOf(const QRectF& screen) { return static_cast<float>(screen.y()) + menuBarHeight; }
 float bottomOf(const QRectF& screen) { return static_cast<float>(screen.y() + screen.height()); }
 
@@ -59,7 +59,7 @@ std::vector<QRectF> row(DockEdge edge, const Input& input, int count, float widt
     const float screenWidth = static_cast<float>(input.screen.width());
     float length = static_cast<float>(count) * width;
     if (length > screenWidth - rowMargin) {
-        // The whole screen width, not what is left beside the margin: a long row is worth it.
+        // The whole width of the screen without the margin, because the row is long.
         width = screenWidth / static_cast<float>(count);
         height = (input.windowHeight / input.windowWidth) * width;
         length = static_cast<float>(count) * width;
@@ -141,7 +141,7 @@ QRectF screenOfIcon(const QRectF& icon, const std::vector<QRectF>& screens)
         const QRectF common = screen.intersected(icon);
         return common.width() * common.height();
     };
-    // Where none holds any of it (it may be no more than a line at the edge), the nearest one.
+    // If no screen contains any of it (it may be just a line at the edge), the nearest screen.
     const auto isBetter = [&](const QRectF& a, const QRectF& b) {
         return shared(a) != shared(b)
                    ? shared(a) > shared(b)

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// Where previews go: pure functions from rectangles to rectangles.
+// The positions of previews: pure functions from rectangles to rectangles.
 #pragma once
 
 #include <QtCore/QRectF>
@@ -19,16 +19,16 @@ using platform::DockEdge;
 
 /// Everything a placement depends on; points.
 struct Input {
-    QRectF icon;   ///< the Dock item, in accessibility coordinates; zero when there is none
+    QRectF icon;   ///< the Dock item, in accessibility coordinates; zero if there is none
     QRectF screen; ///< the one that the previews stay on, in accessibility coordinates
-    double mainScreenHeight = 0; ///< what screen coordinates are mirrored at
+    double mainScreenHeight = 0; ///< height at which screen coordinates are mirrored
     float windowWidth = 0;
     float windowHeight = 0;
     float distanceFromDock = 0;
 };
 
-/// The screen that holds most of the icon, else the one nearest to it: previews stay on it. Screens
-/// are in accessibility coordinates, the main one first; empty when there are none.
+/// The screen that previews stay on: the one that contains most of the icon, otherwise the nearest
+/// one. Screens are in accessibility coordinates, the main one first; empty if there are none.
 QRectF screenOfIcon(const QRectF& icon, const std::vector<QRectF>& screens);
 
 /// Frames of a strip of `count` previews in screen coordinates, in strip order: a row above a
@@ -37,8 +37,9 @@ QRectF screenOfIcon(const QRectF& icon, const std::vector<QRectF>& screens);
 std::vector<QRectF> strip(DockEdge edge, const Input& input, int count,
                           std::optional<QSizeF> size = std::nullopt);
 
-/// Frames of a row for the switcher, whose list stands for the icon: above it where there is room,
-/// else below it, else at the edge of the screen where it covers least of the list.
+/// Frames of a row for the switcher, whose list takes the place of the icon: above the list if
+/// there is space, otherwise below it, otherwise at the edge of the screen where the row covers
+/// least of the list.
 std::vector<QRectF> rowBesideSwitcher(const Input& input, int count);
 
 /// Frame of one sample preview beside the icon, in screen coordinates.

@@ -51,7 +51,7 @@ QString stringForKeyCode(platform::KeyboardLayout& keyboard, std::int64_t keyCod
     static const QJsonObject table = readTable();
     const QString code = QString::number(keyCode);
     if (table.value(u"version").toInt() <= 0) {
-        // Tables without a version name every key themselves.
+        // Tables without a version have a name for every key.
         QString name = table.value(code).toString();
         return name.isEmpty() ? QString::number(keyCode, 16).toUpper() : name;
     }

@@ -19,11 +19,11 @@ namespace lumbrix
 class SGKeyCodeTranslator
 {
 public:
-    /// The one for the layout in use; another object after the layout has changed.
+    /// The translator for the current keyboard layout; another object after the layout has changed.
     static std::shared_ptr<SGKeyCodeTranslator>
     currentTranslator(platform::KeyboardLayout& keyboard);
 
-    /// The port outlives it.
+    /// The port must outlive it.
     SGKeyCodeTranslator(platform::KeyboardLayout& keyboard, std::uint64_t layout)
         : m_keyboard(keyboard), m_layout(layout)
     {
@@ -37,8 +37,8 @@ private:
     QHash<std::int64_t, QString> m_known;
 };
 
-/// The name of a key that writes nothing, otherwise its upper-case character, with a word before it
-/// for the keys of the keypad. Main thread.
+/// The name of a key that types no character, otherwise its character in upper case; for keys of
+/// the keypad with a word in front. Main thread.
 QString stringForKeyCode(platform::KeyboardLayout& keyboard, std::int64_t keyCode);
 
 } // namespace lumbrix

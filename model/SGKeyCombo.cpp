@@ -24,7 +24,7 @@ struct Modifier {
     std::uint32_t flag;
     char16_t sign;
 };
-/// In the order in which they are shown.
+/// In display order.
 constexpr Modifier modifierTable[] = {
     {0x100, command, u'\u2318'},
     {0x800, option, u'\u2325'},
@@ -39,7 +39,7 @@ const QString modifiersEntry = u"modifiers"_s;
 
 SGKeyCombo SGKeyCombo::initWithPlistRepresentation(const QVariantMap& plist)
 {
-    // A value that does not read as a number is 0, so 0 has to mean none too.
+    // A value that is not a number reads as 0, so 0 must mean "none" too.
     const auto read = [&plist](const QString& entry) {
         const std::int64_t value = plist.value(entry).toLongLong();
         return value > 0 ? value : -1;

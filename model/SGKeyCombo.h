@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// A key with modifiers: how it is stored and how it is shown.
+// A key with modifiers: its stored form and its text.
 #pragma once
 
 #include <QtCore/QString>

@@ -28,7 +28,7 @@ QUrl standardized(const QUrl& url)
 
 WindowPicture pictureOf(const QImage& image, QSize limit, QSizeF windowSize)
 {
-    // Small windows are not reduced; and they may end between two pixels.
+    // Small windows are not reduced, and their size may fall between two pixels.
     const bool isWhole =
         !image.isNull() &&
         (limit.isEmpty() || image.deviceIndependentSize().width() > windowSize.width() - 2);
@@ -58,7 +58,7 @@ std::optional<QString> SWElement::titleFrom(const platform::AXResult& read) cons
 {
     if (const QString* title = read.as<QString>())
         return *title;
-    // A busy application keeps the windows it was known to have.
+    // For a busy application the windows already known are kept.
     if (read.error == platform::AXError::CannotComplete && m_previouslyGood)
         return notResponding();
     return std::nullopt;
@@ -94,7 +94,7 @@ std::optional<WindowPicture> SWElement::grabWindowAtHand(QSize limit) const
     return image ? std::optional(pictureOf(*image, limit, *size)) : std::nullopt;
 }
 
-// A number that cannot be read leaves the one before; a window that is on all Spaces has none.
+// If the number cannot be read, the former one stays; a window on all Spaces has none.
 int SWElement::getSpaceNumber()
 {
     if (m_ports.windowServer.isOnAllWorkspaces(m_wid))
@@ -150,7 +150,7 @@ bool SWElement::unhideIfHidden()
 
 void SWElement::raise()
 {
-    // Twice on purpose: the first round may only bring the application forward, with another of
+    // Deliberately twice: the first round may only bring the application forward, with another of
     // its windows on top.
     for (int round = 0; round < 2; ++round) {
         m_ports.accessibility.setAttributeValue(m_element, AX::Frontmost, true);

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// The one record type of the window model: an accessibility element (a Dock item, a window, an
-// application) and, once matched, the window-server window behind it.
+// The record type of the window model: an accessibility element (a Dock item, a window, an
+// application) and, once matched, its window-server window.
 #pragma once
 
 #include <QtCore/QRectF>
@@ -30,46 +30,47 @@ namespace lumbrix
 class SWElement;
 using SWElementPtr = std::shared_ptr<SWElement>;
 
-/// What was captured of a window.
+/// A captured picture of a window.
 struct WindowPicture {
-    QImage image;         ///< null when there is no picture
-    bool isWhole = false; ///< there is one, and it was not reduced
+    QImage image;         ///< null if there is no picture
+    bool isWhole = false; ///< there is a picture and it was not reduced
 };
 
 /// Any thread: records are shared between the scanner, the capture threads and the main thread, so
-/// each field is guarded. Accessibility reads that fail make a query answer false, null or the zero
+/// each field is guarded. If an accessibility read fails, a query returns false, null or the zero
 /// rectangle; nothing is reported.
 class SWElement
 {
 public:
-    /// The ports outlive it, as they do every element that is made of it.
+    /// The ports must outlive it and every element created from it.
     SWElement(const platform::Desktop& ports, platform::ElementRef element);
     SWElement(const SWElement&) = delete;
     SWElement& operator=(const SWElement&) = delete;
 
-    // Constructors; null when no element results.
+    // Factory functions; null if there is no such element.
     static SWElementPtr systemWideElement(const platform::Desktop& ports);
     static SWElementPtr elementWithElementRef(const platform::Desktop& ports,
                                               const platform::ElementRef& element);
-    /// Point in accessibility coordinates. Gives the window at the point, or the element itself
-    /// when it is a window or will not say what it is.
+    /// Point in accessibility coordinates. Returns the window at the point, or the element itself
+    /// if it is a window or does not report its role.
     static SWElementPtr elementAtPosition(QPointF point, const SWElementPtr& systemWide);
     static SWElementPtr elementOfFocusedWindow(const platform::Desktop& ports);
     static std::vector<SWElementPtr> elementsForElementRef(const platform::Desktop& ports,
                                                            const platform::ElementRef& application);
 
     // Queries on the Dock.
-    static std::int32_t getDockPid(const platform::Desktop& ports); ///< 0 when no Dock runs
+    static std::int32_t getDockPid(const platform::Desktop& ports); ///< 0 if no Dock runs
     static SWElementPtr getFirstDockElement(const platform::Desktop& ports);
     static SWElementPtr getDockSelectedChild(const platform::Desktop& ports);
-    /// The Dock's items that are running applications, each with its url; null, not empty.
+    /// The Dock's items that are running applications, each with its url; null if there are none,
+    /// never an empty list.
     static std::optional<std::vector<SWElementPtr>> runningApps(const platform::Desktop& ports);
     static std::optional<platform::RunningApplication>
     runningAppForProccessListIcon(const platform::Desktop& ports, const platform::ElementRef& icon);
     static bool checkIfAppIsRunning(const platform::Desktop& ports,
                                     const platform::ElementRef& dockItem);
-    /// True whenever the Dock item says whether it runs, whatever it says: only application items
-    /// have that attribute.
+    /// True if the Dock item has the attribute that says whether it runs, whatever its value: only
+    /// application items have it.
     static bool checkIfDockApplication(const platform::Desktop& ports,
                                        const platform::ElementRef& dockItem);
     static bool checkIfCal(const platform::Desktop& ports, const platform::ElementRef& dockItem);
@@ -85,16 +86,16 @@ public:
     static bool checkIfWindow(const platform::Desktop& ports, const platform::ElementRef& element);
     static void activateApp(const platform::Desktop& ports,
                             const platform::ElementRef& application);
-    /// Terminates every application whose name resembles that of the one under the mouse.
+    /// Terminates every application whose name resembles that of the application under the mouse.
     static void quitApp(const platform::Desktop& ports);
     static bool checkIfPidHasOpenWindows(const platform::Desktop& ports, std::int32_t pid);
     static bool checkIfAnyWindowIsOnOtherSpace(const platform::Desktop& ports);
     static int spaceNumberOfWindow(const platform::Desktop& ports, platform::WindowID window);
-    /// Whether the window server's window is large enough to be one for the user.
+    /// Whether the window server's window is large enough to be a window of the user.
     static bool testWindow(const platform::Desktop& ports, platform::WindowID window);
     static int keyCodeForNumberKey(int digit);
 
-    /// Where getFilterLevel looks levels up; null (the initial state) means there are none stored.
+    /// Where getFilterLevel() looks up levels; null (the initial state) means that none are stored.
     /// Not owned. Main thread, while no other thread uses the model.
     static void setFilterLevels(const FilterLevels* levels);
     /// The level that holds for an application, and where it comes from.
@@ -110,7 +111,7 @@ public:
     {
         return matchWindow(windowList) == WindowVerdict::Good;
     }
-    /// The same, and what it ends at.
+    /// The same, with the verdict.
     WindowVerdict matchWindow(const platform::WindowList& windowList);
     /// Whether it is of an application that no pictures are made of; those below are null then.
     bool isPrivate() const;
@@ -118,13 +119,13 @@ public:
     /// the part that shows the window makes it the screenshot, so that a picture that comes late
     /// does not stay with a window that nobody looks at any more.
     WindowPicture grabWindow(QSize limit = {}) const;
-    /// The same if no copying has to be waited for, else nothing.
+    /// The same if that needs no waiting for a copy, otherwise nothing.
     std::optional<WindowPicture> grabWindowAtHand(QSize limit) const;
     int getSpaceNumber();
     int getSpaceNumber(const platform::WindowList& windowList);
     /// Whether it is still a window worth previewing.
     bool checkIfExists() { return judgeExistence() == WindowVerdict::Good; }
-    /// The same, and what it ends at.
+    /// The same, with the verdict.
     WindowVerdict judgeExistence();
     bool checkIfWIDIsInWindowList() const;
     bool checkIfMinimized() const;
@@ -132,12 +133,12 @@ public:
     void closeWindow();
     bool unhideIfHidden();
     void raise();
-    /// Of a Dock item: the one window that it stands for, as far as the platform tells.
+    /// For a Dock item: the one window that it stands for, if the platform knows it.
     std::optional<platform::WindowID> ownWindow() const;
-    /// Of an item that another program asked previews for: the windows that it chose, in the order
-    /// of their previews. Null = those of an application; always so for an item of the Dock.
+    /// For an item of another program's request: the windows that it chose, in the order of their
+    /// previews. Null = the windows of an application, as always for an item of a Dock.
     std::optional<std::vector<platform::ElementRef>> chosenWindows() const;
-    /// Of a Dock item: whether the Dock keeps it out of sight. False where it does not say.
+    /// For a Dock item: whether the Dock hides it. False if the Dock does not report that.
     bool isHidden() const;
     QRectF getRect() const;   ///< accessibility coordinates
     QRectF getNSRect() const; ///< screen coordinates, origin bottom left
@@ -156,7 +157,7 @@ public:
     int spaceNumber() const { return m_spaceNumber; }
     void setSpaceNumber(int number) { m_spaceNumber = number; }
     QImage screenshot() const;
-    QImage wholeScreenshot() const; ///< null when it was reduced
+    QImage wholeScreenshot() const; ///< null if it was reduced
     void setScreenshot(WindowPicture picture);
     QString bundle() const;
     void setBundle(const QString& bundle);
@@ -168,19 +169,19 @@ public:
     /// The mouse has been seen at rest over this Dock item.
     bool isMouseConfirmed() const { return m_isMouseConfirmed; }
     void setIsMouseConfirmed(bool on) { m_isMouseConfirmed = on; }
-    /// A switch away from this switcher entry is scheduled already.
+    /// Switching away from this switcher entry is already scheduled.
     bool willBeChanged() const { return m_willBeChanged; }
     void setWillBeChanged(bool on) { m_willBeChanged = on; }
-    /// Another program has asked for previews beside this item; there need be no mouse on it.
+    /// Another program requested previews beside this item; the mouse need not be on it.
     bool isRequested() const { return m_isRequested; }
     void setIsRequested(bool on) { m_isRequested = on; }
     bool isCal() const { return m_isCal; }
     void setIsCal(bool on) { m_isCal = on; }
 
 private:
-    /// The title of a window that does not answer.
+    /// The title used for a window that does not answer.
     static QString notResponding();
-    /// What a read of the title gives.
+    /// The result of reading the title.
     std::optional<QString> titleFrom(const platform::AXResult& read) const;
     bool isOwnerAsMatched() const;
     WindowVerdict judgeSubrole(int filterLevel) const;
@@ -197,7 +198,7 @@ private:
     std::atomic<bool> m_willBeChanged{false};
     std::atomic<bool> m_isCal{false};
     std::atomic<bool> m_isRequested{false};
-    /// The last existence check said "exists": keeps a window that stops answering.
+    /// The result of the last existence check; keeps a window that stops answering.
     std::atomic<bool> m_previouslyGood{false};
 
     mutable std::mutex m_mutex; ///< guards the members below

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// The questions of SWElement that are put to the Dock, the window server and whole applications
-// rather than to one record.
+// The queries of SWElement about the Dock, the window server and whole applications, as opposed to
+// a single record.
 #include "model/AXRead.h"
 #include "model/BundleIdentifiers.h"
 #include "model/SWElement.h"
@@ -72,7 +72,7 @@ SWElementPtr SWElement::elementAtPosition(QPointF point, const SWElementPtr& sys
         return nullptr;
     if (const ElementRef window = AX::readElement(ports.accessibility, *element, AX::Window))
         return wrapped(ports, window);
-    // An element that will not tell its role is kept: it may well be a window.
+    // An element that does not report its role is kept, because it may be a window.
     const auto role = AX::read<QString>(ports.accessibility, *element, AX::Role);
     return !role || *role == AX::WindowRole ? wrapped(ports, *element) : nullptr;
 }
@@ -143,8 +143,8 @@ SWElement::runningAppForProccessListIcon(const platform::Desktop& ports, const E
     const auto title = titleForElement(ports, icon);
     if (!title)
         return std::nullopt;
-    // One that says which application it stands for need not be on the Dock, nor be the only one
-    // of that name.
+    // An item that names its application need not be on the Dock, nor be the only one with that
+    // title.
     if (auto application = wrapped(ports, icon)->runningApplicationForDockElement())
         return application;
     for (const SWElementPtr& item : runningApps(ports).value_or(std::vector<SWElementPtr>{}))
@@ -173,7 +173,7 @@ bool SWElement::checkIfCal(const platform::Desktop& ports, const ElementRef& doc
     if (title && (*title == QLatin1String("iCal") || *title == QLatin1String("Calendar") ||
                   *title == QLatin1String("BusyCal")))
         return true;
-    // Titles are in the user's language, and calendars have other names elsewhere.
+    // Titles are in the user's language, so a calendar's name varies.
     const auto url = AX::read<QUrl>(ports.accessibility, dockItem, AX::URL);
     return url && ports.workspace.roleOfApplication(*url) == platform::ApplicationRole::Calendar;
 }
@@ -226,8 +226,8 @@ void SWElement::quitApp(const platform::Desktop& ports)
     if (!title || title->isEmpty() ||
         !AX::equals(ports.accessibility, parent, AX::Role, AX::ApplicationRole))
         return;
-    // Deliberately loose: the name under the mouse may be longer or shorter than the
-    // application's own, and its helpers go with it.
+    // Deliberately loose: the name under the mouse may be longer or shorter than the application's
+    // own, and its helper processes must end too.
     for (const RunningApplication& application : ports.workspace.runningApplications()) {
         const QString& name = application.localizedName;
         if (!name.isEmpty() && (name.contains(*title) || title->contains(name)))

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// Whether a window is one to preview: matching it with the window server, and its filter level.
+// Whether a window can be previewed: matching it with the window server, and its filter level.
 #include <algorithm>
 
 #include "model/AXRead.h"
@@ -23,7 +23,7 @@ using platform::WindowList;
 namespace
 {
 
-/// Level of an application that has no entry of its own and no default either.
+/// The level if there is neither an entry for the application nor a default.
 constexpr int standardFilterLevel = 2;
 constexpr int blockAllFilterLevel = 3;
 constexpr int tabbedFinderFilterLevel = 4;
@@ -36,16 +36,16 @@ WindowVerdict verdictOnFailure(AXError error)
     return error == AXError::CannotComplete ? WindowVerdict::NoAnswer : WindowVerdict::Unreadable;
 }
 
-/// Exact on purpose: QRectF's own comparison is fuzzy.
+/// Deliberately exact: QRectF's own comparison is fuzzy.
 bool isSameRect(const QRectF& a, const QRectF& b)
 {
     return a.x() == b.x() && a.y() == b.y() && a.width() == b.width() && a.height() == b.height();
 }
 
-/// What a window-server window is compared with.
+/// What window-server windows are compared with.
 struct Target {
     QRectF frame;
-    QRectF alternative; ///< as good as the frame, where it is used
+    QRectF alternative; ///< also accepted, if `useAlternative`
     bool useAlternative = false;
     bool ignoreTitle = false;
     bool isIllustrator = false;
@@ -56,7 +56,7 @@ struct Target {
         if (level != standardFilterLevel) {
             ignoreTitle = true;
             if (bundle == BundleIdentifier::Finder && level == tabbedFinderFilterLevel) {
-                // Its tabs add a bar of this height that the window server does not count.
+                // Its tabs add a bar of this height, which the window server does not include.
                 trimTop(frame, 28);
                 useAlternative = true;
                 ignoreTitle = false;
@@ -64,7 +64,7 @@ struct Target {
         }
         isIllustrator = bundle == BundleIdentifier::Illustrator;
         if (isIllustrator) {
-            // It reports the frame with its title bar, or with that and its control bar, on top.
+            // Its reported frame includes the title bar, or the title bar and the control bar.
             trimTop(frame, 22);
             alternative = frame;
             trimTop(alternative, 20);
@@ -144,20 +144,20 @@ WindowVerdict SWElement::matchWindow(const WindowList& windowList)
             m_wid = entry.number;
             if (!target.isIllustrator || entry.isOnscreen)
                 return WindowVerdict::Good;
-            matched = true; // off screen: stands only while no on-screen one follows
+            matched = true; // off screen: used only if no on-screen window follows
         }
     }
     return matched ? WindowVerdict::Good : furthest;
 }
 
-// Process, bundle and with it the filter level are those of the match. A window can become another
-// application's, perhaps without another process: then it has to be matched anew.
+// Process, bundle and so the filter level come from the match. A window can move to another
+// application, perhaps within the same process; it must then be matched again.
 bool SWElement::isOwnerAsMatched() const
 {
     const std::int32_t known = m_pid;
     const auto pid = m_ports.accessibility.pidOf(m_element);
     if (!pid || known == 0)
-        return true; // gone, or never matched: for others to tell
+        return true; // gone or never matched: not decided here
     if (*pid != known)
         return false;
     const QString matched = bundle();

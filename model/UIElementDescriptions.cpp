@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// Elements and their values in words.
+// Descriptions of elements and their values.
 #include <QtCore/QLocale>
 
 #include "model/AXNames.h"
@@ -18,7 +18,7 @@ using platform::ElementRef;
 namespace
 {
 
-/// More ancestors than any element has: some programs name themselves as their own.
+/// Maximum number of ancestors: some programs report an element as its own parent.
 constexpr int maxAncestors = 64;
 
 QString listOfSize(std::size_t count)
@@ -38,7 +38,7 @@ QString elementInWords(const UIElementUtilities& utilities, const ElementRef& el
     return u"<%1>"_s.arg(*role);
 }
 
-/// What a missing value reads as in the middle of a line.
+/// The text for a missing value within a line.
 QString orNull(const std::optional<QString>& text) { return text.value_or(u"(null)"_s); }
 
 QString filtered(const QString& text, const UIElementUtilities::TextFilter& filter)
@@ -59,7 +59,7 @@ void appendLineage(const UIElementUtilities& utilities, const ElementRef& elemen
 
 QString UIElementUtilities::stringDescriptionOfAXValue(const Value& value, bool beingVerbose)
 {
-    // The rectangle's two blanks are meant to be there.
+    // The two spaces in the rectangle are intended.
     if (const auto* point = std::get_if<QPointF>(&value))
         return QString::asprintf(beingVerbose ? "<AXPointValue x=%g y=%g>" : "x=%g y=%g",
                                  point->x(), point->y());

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// Values from the texts that people type.
+// Parses values from text typed by the user.
 #include <QtCore/QByteArray>
 
 #include <charconv>
@@ -15,8 +15,8 @@ namespace lumbrix
 namespace
 {
 
-/// Reads numbers off the front of a text as scanf() would, but with a point as the decimal mark
-/// wherever the user lives.
+/// Reads numbers from the start of a text as scanf() would, but always with a point as the decimal
+/// mark, whatever the locale.
 class Scanner
 {
 public:
@@ -25,7 +25,7 @@ public:
         m_rest = std::string_view(m_bytes.constData(), static_cast<std::size_t>(m_bytes.size()));
     }
 
-    /// Whether each label is there, followed by its number. What stands behind is left alone.
+    /// Whether each label is found, followed by its number. The rest of the text is ignored.
     template <class Number> struct Field {
         std::string_view label;
         Number& number;
@@ -34,7 +34,7 @@ public:
     {
         for (const Field<Number>& field : fields) {
             if (&field != fields.begin())
-                skipBlanks(); // the one between the fields
+                skipBlanks(); // the separator between the fields
             if (!m_rest.starts_with(field.label))
                 return false;
             m_rest.remove_prefix(field.label.size());
@@ -65,7 +65,7 @@ private:
     std::string_view m_rest;
 };
 
-/// The value of the same kind that the text says; null when it says none.
+/// Parses the text as a value of the same kind; null if that fails.
 struct Parse {
     using Value = platform::AXValue;
     const QString& text;
@@ -102,7 +102,7 @@ struct Parse {
     Value operator()(const QString&) const { return text; }
     Value operator()(double) const
     {
-        // A text that is no number counts as 0.
+        // A text that is not a number counts as 0.
         float number = 0;
         Scanner(text).read(number);
         return static_cast<double>(number);

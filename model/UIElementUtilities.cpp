@@ -23,7 +23,7 @@ std::optional<std::vector<QString>> namesOrNull(AXNames names)
     return names.ok() ? std::optional(std::move(names.names)) : std::nullopt;
 }
 
-/// Null when the attribute is not listed, cannot be read, or has another type.
+/// Null if the attribute is not listed, cannot be read, or has another type.
 template <class T>
 std::optional<T> listedValue(const UIElementUtilities& utilities, const QString& attribute,
                              const ElementRef& element)

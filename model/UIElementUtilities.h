@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// Access to elements, conversions between the two coordinate systems, and elements and their values
-// in words, for people who want to know what Lumbrix sees.
+// Access to elements, conversions between the two coordinate systems, and descriptions of elements
+// and their values, for people who want to know what Lumbrix sees.
 //
 // Accessibility ("carbon") coordinates: origin at the top left of the main screen, y downward.
 // Screen ("cocoa") coordinates: origin at its bottom left, y upward. Both in points. The main
@@ -22,18 +22,18 @@
 namespace lumbrix
 {
 
-/// Any thread; the element may be null. A call that fails yields null, 0, false, the zero rectangle
-/// or a fixed text; nothing is reported.
+/// Any thread; the element may be null. A call that fails returns null, 0, false, the zero
+/// rectangle or a fixed text; nothing is reported.
 class UIElementUtilities
 {
 public:
     using Element = platform::ElementRef;
     using Value = platform::AXValue; ///< std::monostate = null
     using Text = std::optional<QString>;
-    /// What becomes of a description before it is written into a text of several lines.
+    /// Transforms a description before it is inserted into a text of several lines.
     using TextFilter = std::function<QString(const QString&)>;
 
-    /// The ports outlive it.
+    /// The ports must outlive it.
     explicit UIElementUtilities(const platform::Desktop& ports) : m_ports(ports) {}
 
     // Access.
@@ -42,12 +42,12 @@ public:
     std::optional<std::vector<QString>> actionNamesOfUIElement(const Element& element) const;
     Text descriptionOfAction(const QString& action, const Element& element) const;
     void performAction(const QString& action, const Element& element) const;
-    /// Null also for an attribute that the element does not list.
+    /// Null also if the element does not list the attribute.
     Value valueOfAttribute(const QString& attribute, const Element& element) const;
     bool canSetAttribute(const QString& attribute, const Element& element) const;
-    /// Sets the attribute to what the text says, in the terse form of the value it has now: a point
-    /// as "x=1 y=2", a string as it is. Nothing when the text does not begin in that form, or when
-    /// there is no value now or one of a kind without such a form.
+    /// Sets the attribute to the value in the text, which must be in the terse form of the current
+    /// value's kind: a point as "x=1 y=2", a string as it is. Does nothing if the text does not
+    /// start in that form, or if there is no current value or its kind has no such form.
     void setStringValue(const QString& text, const QString& attribute,
                         const Element& element) const;
     Element parentOfUIElement(const Element& element) const;
@@ -59,11 +59,11 @@ public:
     /// Both mirror y at the main screen's height; (0, 0) when no screen is known.
     QPointF carbonScreenPointFromCocoaScreenPoint(QPointF point) const;
     QPointF cocoaScreenPointFromCarbonScreenPoint(QPointF point) const;
-    /// A rectangle measured from the top becomes one measured from the bottom.
+    /// Converts a rectangle measured from the top to one measured from the bottom.
     QRectF flippedScreenBounds(const QRectF& bounds) const;
     QRectF frameOfUIElement(const Element& element) const; ///< screen coordinates
 
-    // Descriptions. Verbose ones name the kind of a value.
+    // Descriptions. Verbose ones include the kind of a value.
     static QString stringDescriptionOfAXValue(const Value& value, bool beingVerbose);
     Text descriptionOfValue(const Value& value, bool beingVerbose) const;
     /// Children and rows are counted, not fetched.
@@ -73,7 +73,7 @@ public:
     std::vector<QString> lineageOfUIElement(const Element& element) const;
     QString lineageDescriptionOfUIElement(const Element& element,
                                           const TextFilter& filter = {}) const;
-    /// Lineage, attributes and actions, a line each.
+    /// Lineage, attributes and actions, one line each.
     QString stringDescriptionOfUIElement(const Element& element,
                                          const TextFilter& filter = {}) const;
     QString descriptionOfAXDescriptionOfUIElement(const Element& element) const;

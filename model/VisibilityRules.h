@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// What the visibility settings leave out at this moment.
+// Which windows the visibility settings currently exclude.
 #pragma once
 
 #include <cstdint>
@@ -15,7 +15,8 @@ namespace lumbrix
 
 class SWElement;
 
-/// Asks for the override key once, when it is made; for one decision, not to be kept. Any thread.
+/// Reads the override key once, in the constructor: make one for each decision and do not keep it.
+/// Any thread.
 class VisibilityRules
 {
 public:

@@ -121,8 +121,8 @@ WindowVerdict WindowInventory::processWindow(const SWElementPtr& element,
     if (verdict != WindowVerdict::Good)
         return verdict;
     {
-        // Looked up and added under one lock: a scan and a notification may bring the same window
-        // at the same moment.
+        // Looked up and added under one lock: a scan and a notification may report the same window
+        // at the same time.
         const std::lock_guard lock(m_lock);
         const auto isSameWindow = [wid = element->wid()](const SWElementPtr& other) {
             return other->wid() == wid;
@@ -223,7 +223,7 @@ int WindowInventory::countForPID(std::int32_t pid) const
 {
     int count = 0;
     for (const SWElementPtr& window : windowsArray()) {
-        // The override key is not asked: counts should not flicker while a key is held.
+        // The override key is ignored: counts should not change while a key is held.
         if (window->pid() == pid && !(m_settings.ignoreMinimized && window->checkIfMinimized()))
             ++count;
     }
@@ -243,8 +243,8 @@ int WindowInventory::countForRunningApp(const platform::RunningApplication& appl
 
 SWElementPtr WindowInventory::windowForMinimizedIcon(const SWElement& icon) const
 {
-    // Titles are no names: of two minimised windows may both be called the same. Where the platform
-    // knows the window, no other will do.
+    // Titles are not unique: two minimised windows may have the same one. If the platform knows the
+    // window, only that one is right.
     const auto number = icon.ownWindow();
     const auto title = icon.getTitle();
     if (!number && !title)

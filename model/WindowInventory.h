@@ -22,62 +22,63 @@ class InventoryObserver
 {
 public:
     virtual ~InventoryObserver() = default;
-    /// The list of windows changed; called after the lock is released, must not wait.
+    /// The list of windows changed. Called after the lock is released; must not block.
     virtual void windowsChanged() = 0;
-    /// Whether previews are showing now; their Space numbers are left alone while they do.
+    /// Whether previews are shown now; Space numbers are not updated meanwhile.
     virtual bool isShowingPreviews() const = 0;
 };
 
-/// Any thread: readers walk a copy, changes take the lock for the change alone.
+/// Any thread: readers iterate over a copy, and the lock is held only during a change.
 class WindowInventory
 {
 public:
-    /// All of it outlives the inventory.
+    /// All arguments must outlive the inventory.
     WindowInventory(const platform::Desktop& ports, const EngineSettings& settings,
                     InventoryObserver& observer);
 
     std::vector<SWElementPtr> windowsArray() const;
     void addObject(const SWElementPtr& element);
-    void insertObject(const SWElementPtr& element, std::size_t index); ///< at most at the end
+    void insertObject(const SWElementPtr& element, std::size_t index); ///< clamped to the size
     void removeObject(const SWElementPtr& element);
 
-    /// The processes whose windows are looked for.
+    /// The processes whose windows are searched for.
     std::vector<std::int32_t> scannedApplications() const;
-    /// One scan of all of them; nothing while the engine is disabled.
+    /// Scans all of them once; does nothing while the engine is disabled.
     void windowScanner();
-    /// Drops the windows that no longer exist.
+    /// Removes the windows that no longer exist.
     void cleanWindowsArray();
     void addAppWindows(std::int32_t pid, const platform::WindowList& windowList);
-    /// Adds one window if it is new and real. Good when it is listed now, else why not.
+    /// Adds the window if it is new and real. Returns Good if it is listed now, otherwise the
+    /// reason why not.
     WindowVerdict processWindow(const SWElementPtr& element,
                                 const platform::WindowList& windowList);
     void removeWindow(const platform::ElementRef& element);
 
-    /// The listed windows of one process, as the visibility settings allow.
+    /// The listed windows of one process that the visibility settings allow.
     std::vector<SWElementPtr> windowsForPID(std::int32_t pid) const;
-    /// Whether the application is this program and its Dock icon stands for the applications
-    /// without one, too.
+    /// Whether the application is this program and its Dock icon also stands for the applications
+    /// without an icon.
     bool standsForOthers(const platform::RunningApplication& application) const;
     /// The processes that an application's Dock icon stands for: its own and, if it stands for
-    /// others, that of every application without an icon.
+    /// others, those of all applications without an icon.
     std::vector<std::int32_t>
     processesBehindIcon(const platform::RunningApplication& application) const;
-    /// windowsForPID of all of them.
+    /// windowsForPID() for all of these processes.
     std::vector<SWElementPtr>
     windowsBehindIcon(const platform::RunningApplication& application) const;
-    /// Those behind the application's icon or, where the item stands for chosen windows, as many of
-    /// these as are listed and allowed, of whatever applications.
+    /// The windows behind the application's icon. If the item stands for chosen windows: those of
+    /// them that are listed and allowed, of any application.
     std::vector<SWElementPtr>
     windowsBehindItem(const SWElement& item, const platform::RunningApplication& application) const;
     int countForPID(std::int32_t pid) const;
     int countForRunningApp(const platform::RunningApplication& application) const;
-    /// The minimised window that a Dock icon stands for: the one that the platform knows, else the
-    /// first of its title; null when none is known.
+    /// The minimised window that a Dock icon stands for: the one that the platform reports,
+    /// otherwise the first one with its title; null if there is none.
     SWElementPtr windowForMinimizedIcon(const SWElement& icon) const;
-    /// Running applications that have no Dock icon of their own, in running order.
+    /// Running applications without a Dock icon of their own, in the order of Workspace.
     std::vector<std::int32_t> applicationsWithoutDockIcon() const;
 
-    /// The window server's list as every caller takes it.
+    /// The window server's list, for all callers.
     platform::WindowList copyWindowList() const;
 
 private:
@@ -99,8 +100,8 @@ private:
 
     mutable std::mutex m_lock; ///< guards the members below
     std::vector<SWElementPtr> m_windows;
-    /// Those of m_windows, so that a scan, which mostly finds nothing new, need not compare each
-    /// window with each other.
+    /// The elements of m_windows, so that a scan, which mostly finds nothing new, need not compare
+    /// every window with every other.
     std::unordered_multiset<platform::ElementRef, ElementHash, ElementEqual> m_elements;
 };
 

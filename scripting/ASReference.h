@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// A reference to an object of another application, as a scripting language would hold it.
+// A reference to an object of another application, like a variable of a scripting language.
 #pragma once
 
 #include <optional>
@@ -16,7 +16,7 @@ namespace lumbrix
 class ASReference
 {
 public:
-    /// The port outlives it.
+    /// The port must outlive it.
     ASReference(platform::AppleEvents& events, platform::AppleEventTarget target,
                 platform::ObjectSpecifier object = {})
         : m_events(events), m_target(std::move(target)), m_object(std::move(object))
@@ -25,11 +25,11 @@ public:
 
     ASReference property(platform::FourCharCode code) const;
     ASReference elements(platform::FourCharCode code) const;
-    /// The element of that number, from 1, of elements().
+    /// The element with that number, counted from 1, of elements().
     ASReference at(int index) const;
 
-    /// What the object is now; `T` is an alternative of AppleEventValue. None when there is no such
-    /// object, or no answer, or one of another type.
+    /// The object's current value; `T` is an alternative of AppleEventValue. Empty if there is no
+    /// such object or no answer, or if the value has another type.
     template <class T> std::optional<T> getItem() const
     {
         const platform::AppleEventReply reply = get();
@@ -38,7 +38,7 @@ public:
     }
     /// The objects that elements() stands for.
     std::vector<ASReference> getElements() const;
-    /// Sends a command with this object; failures are ignored.
+    /// Sends a command to this object; failures are ignored.
     void send(platform::FourCharCode eventClass, platform::FourCharCode eventID) const;
 
 private:

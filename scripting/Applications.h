@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// What the four applications can be told and asked: those of their commands and properties that
-// previews use, under the names of their scripting dictionaries.
+// The commands and properties of the four applications that previews use, with the names of their
+// scripting dictionaries.
 #pragma once
 
 #include <QtCore/QString>
@@ -18,8 +18,8 @@
 namespace lumbrix
 {
 
-/// The window on whose behalf an application is asked, where several go by one name; without it,
-/// whichever runs.
+/// The window for which an application is addressed, if several have the same name; without it, any
+/// that runs.
 struct ScriptingWindow {
     std::int32_t pid = 0;
     platform::WindowID window = 0;
@@ -33,7 +33,7 @@ public:
     std::optional<QString> artist() const;
     std::optional<QString> name() const;
     std::vector<ASReference> artworks() const;
-    /// The picture of one of the artworks; null without one.
+    /// The picture of one of the artworks; null if there is none.
     static QImage data(const ASReference& artwork);
 
 private:

@@ -6,7 +6,7 @@
 namespace lumbrix
 {
 
-/// What a music player is doing; a paused one is stopped, as it too is offered to be played.
+/// What a music player is doing. Paused counts as stopped, as both offer "play".
 enum class PlayerState { Unknown, Stopped, Playing };
 
 } // namespace lumbrix

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// Media players and mail, driven without bringing them forward.
+// Controls media players and mail programs without bringing them forward.
 #pragma once
 
 #include <QtCore/QString>
@@ -23,33 +23,35 @@ namespace platform
 class RunLoop;
 }
 
-/// Any thread. Questions wait for the answer, at most 0.2 s each. Commands that are given on the
-/// main thread are sent from a thread of their own; elsewhere they wait for the reply. A player
-/// that does not run or answer leaves the answers empty and the commands without effect.
+/// Any thread. Queries wait for the answer, at most 0.2 s each. Commands given on the main thread
+/// are sent from a separate thread; on other threads they wait for the reply. If a player does not
+/// run or answer, queries return empty values and commands have no effect.
 class SWScript
 {
 public:
-    /// The one there is, as long as someone holds it, on the ports of who asked first. They outlive
-    /// it, and its commands.
+    /// The shared instance, which lives as long as somebody holds it. It uses the ports of the
+    /// first caller, which must outlive it and its commands.
     static std::shared_ptr<const SWScript> sharedScript(platform::AppleEvents& events,
                                                         platform::RunLoop& runLoop);
 
-    /// Artist and name of iTunes' current track, joined by " - "; either alone where the other is
-    /// empty, none where both are.
+    /// Artist and name of iTunes' current track, joined by " - "; only one of them if the other is
+    /// empty, empty if both are.
     std::optional<QString> getCurrentTrack(const ScriptingWindow& window = {}) const;
-    /// The first artwork of iTunes' current track that has a picture; null without one.
+    /// The first artwork of iTunes' current track that has a picture; null if there is none.
     QImage getCurrentArtwork(const ScriptingWindow& window = {}) const;
     PlayerState getPlayerState(const ScriptingWindow& window = {}) const;
 
-    /// As what the window's application takes commands now; Other when it takes none. Never waits.
+    /// The role in which the window's application accepts commands now; Other if it accepts none.
+    /// Never waits.
     platform::ApplicationRole roleOf(const ScriptingWindow& window) const;
 
     void playITunes(const ScriptingWindow& window = {}) const;
     void pauseITunes(const ScriptingWindow& window = {}) const;
-    // To a player of that role; nothing for roles that are not named.
-    /// The previous track of a music player or VLC.
+    // Commands to a player of that role. They do nothing for roles that their comment does not
+    // name.
+    /// Previous track of a music player or VLC.
     void skipLeft(platform::ApplicationRole player, const ScriptingWindow& window = {}) const;
-    /// The next track of a music player or VLC.
+    /// Next track of a music player or VLC.
     void skipRight(platform::ApplicationRole player, const ScriptingWindow& window = {}) const;
     /// Toggles VLC, or the first document of a movie player.
     void playPause(platform::ApplicationRole player, const ScriptingWindow& window = {}) const;
@@ -62,7 +64,7 @@ private:
         : m_events(events), m_runLoop(runLoop)
     {
     }
-    /// For the fields of a later day; there are none.
+    /// Reserved; there are no fields yet.
     void setUp() {}
     void offMainThread(Command command) const;
 
