@@ -13,8 +13,8 @@ namespace lumbrix
 class LXImageCell;
 class NumberLabel;
 
-/// The round number on a preview that tells on which Space the window is. Loaded from the interface
-/// file "SpaceBadge", which holds a label for each size. The mouse goes to what lies below.
+/// The round badge on a preview with the number of the window's Space. Loaded from the interface
+/// file "SpaceBadge", which has a label for each size. Mouse events go to the widget below.
 class BadgeView : public QWidget
 {
     Q_OBJECT
@@ -24,14 +24,14 @@ public:
     static constexpr int sizeCount = 3;
 
     explicit BadgeView(QWidget* parent = nullptr);
-    /// To be called once its parts are there. Hides it; false when one is missing.
+    /// Must be called once the parts exist. Hides the badge; false if a part is missing.
     bool awakeFromNib();
 
     NumberLabel* label(Size size) const { return m_labels.at(size); }
     LXImageCell* badgeImage() const { return m_badgeImage; }
     /// The number in one size, its frame given in the parent's points.
     void show(int number, Size size, const QRect& frame);
-    /// With all labels.
+    /// Including all labels.
     void hideAll();
 
 protected:

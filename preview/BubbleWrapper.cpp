@@ -30,8 +30,8 @@ Edges edgesOf(const ScreenyView& preview)
             static_cast<float>(frame.y() + frame.height())};
 }
 
-/// Around what is seen of the previews rather than around their panels: these leave more room for
-/// what sticks out at the left and at the top than at the right.
+/// The frame around the visible part of the previews, not around their panels: the panels have
+/// wider margins on the left and at the top, where the close button sticks out, than on the right.
 QRectF frameAround(const ScreenyView& first, const ScreenyView& last)
 {
     const Edges a = edgesOf(first);
@@ -43,8 +43,8 @@ QRectF frameAround(const ScreenyView& first, const ScreenyView& last)
     return {left + 1, bottom - 2, width, height};
 }
 
-/// The part of it on the screen that has most of it: where a row is as long as its screen, the rest
-/// would lie on the next one.
+/// The part of the frame on the screen that contains most of it: for a row as long as the screen,
+/// the rest would be on the next screen.
 QRectF onOneScreen(const QRectF& frame, const platform::Desktop& ports)
 {
     const UIElementUtilities utilities(ports);
@@ -74,7 +74,7 @@ void BubbleWrapper::positionAndShowBubble(const std::vector<ScreenyViewPtr>& row
         m_bubble = OverlayWindow::load(m_ports);
     if (!m_bubble)
         return;
-    // The row runs in one direction, so its ends tell its extent.
+    // The row runs in one direction, so its first and last preview give its extent.
     m_bubble->window().setFrameWithAnimate(
         onOneScreen(frameAround(*row.front(), *row.back()), m_ports));
     m_bubble->orderFront();

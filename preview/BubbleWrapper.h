@@ -12,12 +12,12 @@
 namespace lumbrix
 {
 
-/// Wraps the bubble around the row, while the setting of the same name is on. The panel is made
-/// when it is first needed.
+/// Draws the bubble around the row while the setting shouldBubbleWrap is on. Creates the panel on
+/// first use.
 class BubbleWrapper final : public HelpBubble
 {
 public:
-    /// The ports outlive it.
+    /// The ports must outlive it.
     explicit BubbleWrapper(const platform::Desktop& ports) : m_ports(ports) {}
 
     bool shouldBubbleWrap() const { return m_shouldBubbleWrap; }

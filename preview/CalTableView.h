@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// A table whose check boxes have the colours of calendars.
+// A table whose checkboxes have the colours of calendars.
 #pragma once
 
 #include <QtGui/QColor>
@@ -11,8 +11,8 @@
 namespace lumbrix
 {
 
-/// Main thread. A cell that can be checked (Qt::CheckStateRole) shows a box in the colour that its
-/// model gives as decoration, in the middle of its column; a click or the space bar changes it.
+/// Main thread. A checkable cell (Qt::CheckStateRole) shows a checkbox in the middle of its column,
+/// in the colour of the model's Qt::DecorationRole; a click or the space bar toggles it.
 class CalTableView : public QTableView
 {
     Q_OBJECT

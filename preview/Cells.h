@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// What the controls of panels have in common: no focus, and nothing to tell to assistive tools,
-// wherever an interface file puts them.
+// Common to all controls of panels: no focus, and hidden from assistive technology, whatever an
+// interface file says.
 #pragma once
 
 #include <QtWidgets/QAbstractButton>
@@ -22,7 +22,7 @@ public:
     bool accessibilityIsIgnored() const { return true; }
 };
 
-/// One that lets what lies below shine through.
+/// The same, with a transparent background.
 class LXTransparentButtonCell : public LXButtonCell
 {
     Q_OBJECT
@@ -31,8 +31,8 @@ public:
     using LXButtonCell::LXButtonCell;
 };
 
-/// A picture, or one of the program's drawings by name, which is drawn anew for every size. The
-/// mouse goes to what lies below.
+/// Shows a picture, or one of the program's drawings by name, which is rendered for each size.
+/// Mouse events go to the widget below.
 class LXImageCell : public PictureView
 {
     Q_OBJECT
@@ -44,7 +44,7 @@ public:
     bool accessibilityIsIgnored() const { return true; }
 
     const QString& imageName() const { return m_imageName; }
-    /// Instead of the picture. Empty: the picture again.
+    /// Shows this drawing instead of the picture; empty: the picture again.
     void setImageName(const QString& name);
 
 protected:

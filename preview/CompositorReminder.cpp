@@ -13,7 +13,8 @@ namespace lumbrix
 namespace
 {
 
-/// From one reminder to the next: soon, for the eye; then for a busy machine.
+/// Intervals between reminders: short at first, so that the user sees no delay; longer later, for a
+/// busy machine.
 constexpr std::array<platform::Seconds, 5> reminderDelays{0.05, 0.15, 0.3, 0.5, 1.0};
 
 } // namespace

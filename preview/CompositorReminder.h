@@ -12,15 +12,15 @@
 namespace lumbrix
 {
 
-/// Reminds the compositor, a few times in two seconds, of a window that came back onto the screen.
-/// Main thread.
+/// Reminds the compositor, several times in two seconds, of a window that was put back on the
+/// screen. Main thread.
 class CompositorReminder
 {
 public:
-    /// The ports outlive it.
+    /// The ports must outlive it.
     explicit CompositorReminder(const platform::Desktop& ports) : m_ports(ports) {}
 
-    /// From the beginning, if it runs already. The window (the toolkit's) outlives the reminders.
+    /// Restarts if already running. The toolkit's window must outlive the reminders.
     void start(std::uintptr_t toolkitWindow);
     void stop() { m_run.reset(); }
 
@@ -28,7 +28,7 @@ private:
     void remindAfter(std::size_t reminder, std::uintptr_t toolkitWindow);
 
     const platform::Desktop& m_ports;
-    std::shared_ptr<const bool> m_run; ///< null while stopped, another one after each start
+    std::shared_ptr<const bool> m_run; ///< null while stopped, a new one after each start
 };
 
 } // namespace lumbrix

@@ -28,7 +28,7 @@ void DBOverlayWindow::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     if (isShaped()) {
-        painter.fillRect(rect(), onGrey(m_overlayColor)); // the window's shape is the rounded one
+        painter.fillRect(rect(), onGrey(m_overlayColor)); // the window's shape is already rounded
         return;
     }
     painter.setRenderHint(QPainter::Antialiasing);

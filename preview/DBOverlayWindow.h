@@ -10,8 +10,8 @@
 namespace lumbrix
 {
 
-/// The panel of the bubble: nothing but a rounded rectangle in one translucent colour. The mouse
-/// goes through it, and it is only ever seen behind previews.
+/// The panel of the bubble: a rounded rectangle in one translucent colour. Mouse events pass
+/// through it, and it is only shown behind previews.
 class DBOverlayWindow : public MAWindow
 {
     Q_OBJECT
@@ -22,7 +22,7 @@ public:
 
     const QColor& overlayColor() const { return m_overlayColor; }
     void setOverlayColor(const QColor& color);
-    /// Moves at once, whatever the name says: the previews that it has to go around do so too.
+    /// Despite the name it moves at once, as the previews inside it do.
     void setFrameWithAnimate(const QRectF& frame) { setFrame(frame); }
 
 protected:

@@ -7,7 +7,7 @@ namespace lumbrix
 {
 namespace
 {
-// More than fits on the widest panel, and little enough to be laid out in no time.
+// More than fits on the widest panel, and few enough to be laid out quickly.
 constexpr qsizetype maxLength = 400;
 } // namespace
 

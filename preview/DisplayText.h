@@ -8,8 +8,8 @@
 namespace lumbrix
 {
 
-/// A title of another program as one line that is safe to lay out: at most a few hundred
-/// characters, without line breaks and control characters, and valid UTF-16. Otherwise unchanged.
+/// Makes a title of another program safe to lay out as one line: at most a few hundred characters,
+/// without line breaks and control characters, valid UTF-16. Otherwise unchanged.
 QString displayText(const QString& title);
 
 } // namespace lumbrix

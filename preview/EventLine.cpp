@@ -29,7 +29,7 @@ EventLine::EventLine(const QString& text, const QColor& color, QWidget* parent)
     : QWidget(parent), m_text(displayText(text)), m_color(color)
 {
     setFont(lineFont());
-    // Clicks belong to the panel below.
+    // Clicks go to the panel below.
     setAttribute(Qt::WA_TransparentForMouseEvents);
 }
 
@@ -42,7 +42,7 @@ void EventLine::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     painter.setPen(m_color);
-    // Half a point more, as the width was rounded on its way here.
+    // Half a point more, as the given width was rounded.
     const QString line = QFontMetricsF(font()).elidedText(m_text, Qt::ElideRight, width() + 0.5);
     painter.drawText(rect(), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, line);
 }

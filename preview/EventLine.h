@@ -9,16 +9,16 @@
 namespace lumbrix
 {
 
-/// One line of plain text in bold, from the left, cut with an ellipsis where it does not fit.
+/// One line of plain text in bold, left-aligned, elided if it does not fit.
 class EventLine : public QWidget
 {
     Q_OBJECT
 
 public:
-    /// The text is any string, shown as displayText() has it; never taken for markup.
+    /// Any string; shown as displayText() returns it, never interpreted as markup.
     EventLine(const QString& text, const QColor& color, QWidget* parent);
 
-    /// The width in points at which nothing of the text has to be cut.
+    /// The width in points that the whole text needs.
     static qreal widthOf(const QString& text);
 
     const QString& text() const { return m_text; }

@@ -18,7 +18,7 @@ class HelpBubble
 public:
     virtual ~HelpBubble() = default;
     virtual void setShouldBubbleWrap(bool on) = 0;
-    /// After every arrangement of the row.
+    /// Must be called after every arrangement of the row.
     virtual void positionAndShowBubble(const std::vector<ScreenyViewPtr>& row) = 0;
     virtual void hideBubble() = 0;
 };

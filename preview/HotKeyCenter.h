@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// Hot keys as the previews use them. What registers them with the system is the hot-key centre.
+// The previews' interface to hot keys. The hot-key centre of the application implements it.
 #pragma once
 
 #include <QtCore/QString>
@@ -26,9 +26,9 @@ class HotKeyCenter
 public:
     virtual ~HotKeyCenter() = default;
     virtual void registerHotKey(const std::shared_ptr<SGHotKey>& hotKey) = 0;
-    /// Harmless for null and for a key that is not registered.
+    /// Does nothing for null and for a key that is not registered.
     virtual void unregisterHotKey(const std::shared_ptr<SGHotKey>& hotKey) = 0;
-    /// Turns on the taps that are needed in the present state, or all that are not needed off.
+    /// Turns on the taps needed in the current state, or turns off all that are not needed.
     virtual void toggleEventTap(bool on) = 0;
     /// The row of previews, or what is hovered of it, is another now: some keys follow that.
     virtual void rowChanged() = 0;

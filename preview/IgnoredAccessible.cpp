@@ -32,7 +32,7 @@ QAccessibleInterface* makeIgnored(const QString&, QObject* object)
 {
     auto* widget = qobject_cast<QWidget*>(object);
     if (!widget)
-        return nullptr; // not ours to answer for
+        return nullptr; // not handled here
     for (const QWidget* each : {widget, widget->window()})
         if (each->property("accessibilityIsIgnored").toBool())
             return new IgnoredAccessible(widget);

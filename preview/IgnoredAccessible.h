@@ -6,9 +6,9 @@
 namespace lumbrix
 {
 
-/// From now on assistive tools see widgets whose property "accessibilityIsIgnored" is true, and all
-/// that is in a window with that property, as empty and invisible: panels only repeat what other
-/// programs show, and would be announced at every hover. Main thread; free when done already.
+/// Makes widgets with the property "accessibilityIsIgnored", and everything in a window with that
+/// property, empty and invisible to assistive technology: panels only repeat what other programs
+/// show, and would be announced at every hover. Main thread; repeated calls do nothing.
 void ignorePanelsInAccessibility();
 
 } // namespace lumbrix

@@ -8,9 +8,8 @@
 namespace lumbrix
 {
 
-/// A button that is a drawing, scaled to the button's size; other drawings stand in while the mouse
-/// is over it, while it is pressed and while it is disabled. An empty name means the plain drawing.
-/// Never takes the focus.
+/// A button that shows a drawing, scaled to the button's size, with other drawings for the hovered,
+/// pressed and disabled states. An empty name means the normal drawing. Never takes the focus.
 class ImageButton : public LXButtonCell
 {
     Q_OBJECT
@@ -31,7 +30,7 @@ public:
     void setPressedImageName(const QString& name) { assign(m_pressed, name); }
     const QString& disabledImageName() const { return m_disabled; }
     void setDisabledImageName(const QString& name) { assign(m_disabled, name); }
-    /// 0 = invisible; it still takes the mouse.
+    /// 0 = invisible, but it still receives mouse events.
     qreal alpha() const { return m_alpha; }
     void setAlpha(qreal alpha);
 

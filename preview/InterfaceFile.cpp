@@ -83,7 +83,7 @@ public:
     }
 
 private:
-    /// Null when it is none of the program's own classes.
+    /// Null if it is not one of the program's own classes.
     QWidget* createOwn(const QString& className, QWidget* parent) const
     {
         for (const PanelClass& candidate : panelClasses)
@@ -98,13 +98,14 @@ private:
         return nullptr;
     }
 
-    // While a file is being loaded.
+    // Set only while a file is being loaded.
     const platform::Desktop* m_ports = nullptr;
-    std::span<const InterfaceClass> m_classes; ///< beside those every file may name
+    std::span<const InterfaceClass> m_classes; ///< in addition to widgetClasses and panelClasses
 };
 
-/// A loader looks for plug-ins on disk when it is made, and loads the libraries behind every widget
-/// they offer (a whole scene-graph toolkit, where the form editor is installed). None is wanted.
+/// QUiLoader looks for plug-ins on disk when it is created, and loads the libraries of every widget
+/// they offer (a whole scene-graph toolkit if the form editor is installed). None of them is
+/// needed.
 std::unique_ptr<Loader> makeLoader()
 {
     const QStringList paths = QCoreApplication::libraryPaths();

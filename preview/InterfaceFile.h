@@ -15,15 +15,15 @@ class QWidget;
 namespace lumbrix
 {
 
-/// A widget class that interface files name.
+/// A widget class that interface files use.
 struct InterfaceClass {
     QLatin1String name;
     QWidget* (*create)(QWidget* parent);
 };
 
 /// Loads an interface file of the program by name ("ScreenyView"), with the widget classes of the
-/// previews and the given ones; the ports are those of the panels in it. Null when there is none or
-/// it cannot be read. Main thread.
+/// previews and the given ones; the panels in it get the ports. Null if the file does not exist or
+/// cannot be read. Main thread.
 std::unique_ptr<QWidget> loadInterface(const platform::Desktop& ports, const QString& name,
                                        std::span<const InterfaceClass> classes = {});
 

@@ -19,8 +19,8 @@ namespace lumbrix
 namespace
 {
 
-/// Screen coordinates to the toolkit's. The edges are rounded, not the size, so that neighbours
-/// neither overlap nor leave a gap.
+/// Converts screen coordinates to the toolkit's. Rounds the edges, not the size, so that adjacent
+/// panels neither overlap nor leave a gap.
 QRect toolkitRect(const QRectF& frame, const platform::Desktop& ports)
 {
     const QRectF bounds = UIElementUtilities(ports).flippedScreenBounds(frame);
@@ -45,7 +45,7 @@ MAWindow::MAWindow(const platform::Desktop& ports, QWidget* parent)
     setAttribute(Qt::WA_QuitOnClose, false);
     setFocusPolicy(Qt::NoFocus);
     ignorePanelsInAccessibility();
-    // Panels may be smaller than what their parts would like.
+    // Panels may be smaller than their parts' size hints.
     setMinimumSize(1, 1);
 }
 
@@ -70,8 +70,9 @@ void MAWindow::setFrame(const QRectF& frame)
         m_content->setGeometry(rect());
 }
 
-// When the user has the toolkit draw larger, a window keeps its pixels, its mask and what it paints
-// on, and the toolkit does not notice that all this is fewer points now.
+// When the toolkit's scale factor grows, an existing window keeps its size in pixels, its mask and
+// its backing store, and the toolkit does not notice that these now cover fewer points. So the
+// window is created again.
 void MAWindow::makeWindowAnew()
 {
     const bool isFront = m_presence.isFront();
@@ -104,11 +105,11 @@ void MAWindow::orderFrontRegardless()
 void MAWindow::bringOntoScreen()
 {
     bringBackdrops();
-    // Below others, even one that is on the screen already may have been covered by another
-    // program. What lies on it is not worth a flicker.
+    // A panel of a lower level may have been covered by another program, even if it is already on
+    // the screen. But if higher panels are on it, restacking would flicker, so then it is left.
     if (m_level < 0 && !(isOnScreen() && hasCompany()))
         placeBelowHigherPanels();
-    // Not yet shown by the toolkit. A tool window that it shows is raised before it is mapped.
+    // Not yet shown by the toolkit, which raises a tool window before it maps it.
     if (!isVisible()) {
         show();
         return;
@@ -119,13 +120,14 @@ void MAWindow::bringOntoScreen()
         m_ports.windowServer.setOnScreen(internalWinId(), true);
         m_reminder.start(internalWinId());
         m_presence.comeBack();
-        // The server will ask for the content, but behind all that the compositor does about new
-        // windows. It takes what follows in its order, so it can have the content unasked.
+        // The server will request the content, but only after everything that the compositor does
+        // about new windows. It handles requests in order, so painting can be sent right behind the
+        // map request.
         setAttribute(Qt::WA_Mapped);
         QCoreApplication::sendPostedEvents(nullptr, QEvent::UpdateLater);
     }
-    // One that is on screen already may show something else by now, and elsewhere. Painted in a
-    // later pass of the loop, its former content would be seen in the new place.
+    // A panel that is already on screen may have new content and a new position. If it were painted
+    // in a later pass of the loop, the old content would be seen at the new position.
     repaint();
 }
 
@@ -168,8 +170,8 @@ void MAWindow::hideEvent(QHideEvent* event)
 
 bool MAWindow::event(QEvent* event)
 {
-    // The toolkit paints a window that was just shown twice: once because its parts have changed,
-    // again as soon as the server says that it can be seen. The first of these is for nothing.
+    // The toolkit paints a new window twice: once because its parts have changed, and again when
+    // the server sends the expose event. The first painting would be wasted.
     if (event->type() == QEvent::UpdateRequest && !m_presence.isPaintable())
         return true;
     return QWidget::event(event);
@@ -180,11 +182,11 @@ bool MAWindow::eventFilter(QObject* watched, QEvent* event)
     if (watched != windowHandle() || event->type() != QEvent::Expose ||
         !windowHandle()->isExposed())
         return QWidget::eventFilter(watched, event);
-    // A compositor keeps what has been painted, so it never has to be again.
+    // A compositor keeps the painted content, so it need not be painted again.
     if (m_presence.expose(testAttribute(Qt::WA_Mapped), !m_shaped))
         return true;
-    // What the parts have asked for by being shown is on its way as events of their own, which
-    // would have it all painted once more.
+    // Handle the update events now that the parts have posted when they were shown; otherwise they
+    // would cause another painting.
     QCoreApplication::sendPostedEvents(nullptr, QEvent::UpdateLater);
     return false;
 }
@@ -208,7 +210,7 @@ void MAWindow::clearTracking()
 void MAWindow::enterEvent(QEnterEvent* event)
 {
     QWidget::enterEvent(event);
-    // Copied, because what it does may end the tracking.
+    // Copied, because the callback may end the tracking.
     if (const std::function<void()> entered = m_entered; entered && isFront())
         entered();
 }
@@ -216,7 +218,7 @@ void MAWindow::enterEvent(QEnterEvent* event)
 void MAWindow::leaveEvent(QEvent* event)
 {
     QWidget::leaveEvent(event);
-    // A panel that is taken off the screen was not left by the mouse.
+    // Removing a panel from the screen does not count as the mouse leaving it.
     if (const std::function<void()> exited = m_exited; exited && isFront())
         exited();
 }

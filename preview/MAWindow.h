@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// The panel class of all that is shown over other programs: borderless, above everything, never
-// focused.
+// The panel class of everything that is shown over other programs: borderless, above all windows,
+// never focused.
 #pragma once
 
 #include <QtCore/QRectF>
@@ -31,55 +31,56 @@ class MAWindow : public QWidget
     Q_PROPERTY(bool accessibilityIsIgnored READ accessibilityIsIgnored CONSTANT)
 
 public:
-    /// The ports outlive it.
+    /// The ports must outlive it.
     explicit MAWindow(const platform::Desktop& ports, QWidget* parent = nullptr);
     ~MAWindow() override;
 
-    /// The frame as last set, unrounded; on screen its edges are rounded to whole points, so panels
-    /// that touch in the numbers touch on screen.
+    /// The frame as last set, unrounded. On screen its edges are rounded to whole points, so that
+    /// adjacent frames are adjacent on screen.
     QRectF frame() const { return m_frame; }
     void setFrame(const QRectF& frame);
 
-    /// The one widget that fills the panel from now on; a child. Null: none.
+    /// Sets the child widget that fills the panel; null: none.
     void setContent(QWidget* content);
 
     /// Shows the panel above all others of its level, whichever application is active.
     void orderFrontRegardless();
     void orderOut();
-    /// Whether it is ordered front: on the screen, or would be if it were not held or alone. What
-    /// the toolkit calls visible may be off the screen.
+    /// Whether it is ordered front: it is on the screen, or will be when it is no longer held or,
+    /// for a backdrop, alone. A panel that isVisible() may be off the screen.
     bool isFront() const { return m_presence.isFront(); }
 
-    /// Where translucency is not blended, the panel is cut to its rounded shape, or to the path of
-    /// the shape source if there is one. Which of both holds is asked each time the panel is shown.
+    /// If translucency is not blended, the panel is clipped to its rounded shape, or to the path of
+    /// the shape source if there is one. Whether it is blended is checked each time the panel is
+    /// shown.
     qreal cornerRadius() const { return m_cornerRadius; }
     void setCornerRadius(qreal radius);
     void setShapeSource(std::function<QPainterPath()> source);
     bool isShaped() const { return m_shaped; }
-    /// The shape source gives something else now. Does nothing while the panel is hidden.
+    /// The path of the shape source has changed. Does nothing while the panel is hidden.
     void updateShape();
 
-    /// A held panel that is ordered front comes onto the screen only when it is let go; one that is
-    /// there already stays. A panel that is ordered out is held no longer.
+    /// A held panel that is ordered front appears only when it is no longer held; one that is
+    /// already on the screen stays. Ordering the panel out ends the hold.
     void setHeld(bool held);
     bool isHeld() const { return m_isHeld; }
 
-    /// Panels of a lower level lie below those of a higher one, and above all windows of other
-    /// programs. 0, that of the previews, is the highest. Set before the panel is shown.
+    /// Panels of a lower level are below those of a higher level, and above all windows of other
+    /// programs. Previews have the highest level, 0. Must be set before the panel is shown.
     int level() const { return m_level; }
     void setLevel(int level);
-    /// A backdrop is never on the screen alone: ordered front, it comes just before the first panel
-    /// of a higher level does, and it goes with the last of them, to come back with the next.
+    /// A backdrop is never alone on the screen: once ordered front, it appears just before the
+    /// first panel of a higher level and disappears with the last one, until the next appears.
     bool isBackdrop() const { return m_isBackdrop; }
     void setBackdrop(bool on) { m_isBackdrop = on; }
     bool accessibilityIsIgnored() const { return true; }
 
-    /// The mouse goes through to what lies below. Set before the panel is shown.
+    /// Mouse events go to the window below. Must be set before the panel is shown.
     bool clickThrough() const;
     void setClickThrough(bool on);
 
-    /// Mouse tracking of the whole content; off until asked for. `entered` and `exited` are called
-    /// on the main thread while tracking is on and the panel is shown.
+    /// Mouse tracking for the whole content; initially off. `entered` and `exited` are called on
+    /// the main thread while tracking is on and the panel is shown.
     void setTracking(std::function<void()> entered, std::function<void()> exited);
     void clearTracking();
 
@@ -105,7 +106,7 @@ private:
 
     // Among the panels that are ordered front.
     void enterFrontPanels();
-    bool leaveFrontPanels(); ///< whether it was one of them
+    bool leaveFrontPanels(); ///< whether it was among them
     bool hasCompany() const;
     void bringBackdrops() const;
     static void takeBackdropsAway();
@@ -123,7 +124,7 @@ private:
     PanelPresence m_presence;
     CompositorReminder m_reminder;
     std::function<QPainterPath()> m_shapeSource;
-    QPainterPath m_maskPath; ///< what the mask was made of
+    QPainterPath m_maskPath; ///< the path that the mask was made from
     std::function<void()> m_entered;
     std::function<void()> m_exited;
 };

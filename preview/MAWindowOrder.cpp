@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// The order of our own panels among each other, and those that come and go with the others.
+// The stacking order of our own panels, and the backdrops that appear and disappear with other
+// panels.
 #include "preview/MAWindow.h"
 
 #include <algorithm>
@@ -12,7 +13,7 @@ namespace lumbrix
 namespace
 {
 
-/// The panels that are ordered front, the lowest first; so they are sorted by level.
+/// The panels that are ordered front, the lowest first, sorted by level.
 std::vector<MAWindow*>& frontPanels()
 {
     static std::vector<MAWindow*> panels;
@@ -24,7 +25,7 @@ std::vector<MAWindow*>& frontPanels()
 void MAWindow::setLevel(int level)
 {
     m_level = level;
-    // Unlike a tool window, an ordinary one keeps its place in the stack when it is shown.
+    // Unlike a tool window, a normal window is not raised when the toolkit shows it.
     if (level < 0 && windowType() == Qt::Tool)
         setWindowFlags((windowFlags() & ~Qt::WindowType_Mask) | Qt::Window);
 }
@@ -70,9 +71,9 @@ void MAWindow::takeBackdropsAway()
 
 void MAWindow::placeBelowHigherPanels()
 {
-    // A window that was just made, but not yet shown, is on top of the stack: what it would cover
-    // has to be put above it before it is seen. Nothing else is touched, for without a compositor
-    // any change of the order flickers.
+    // A window that was created but not shown yet is on top of the stack, so the panels that it
+    // would cover must be raised before it is shown. Other panels are not restacked, because
+    // without a compositor every change of the order flickers.
     if (!testAttribute(Qt::WA_WState_Created))
         create();
     else

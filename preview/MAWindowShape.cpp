@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// The shape of a panel where translucency is not blended.
+// The shape of a panel if translucency is not blended.
 #include "preview/MAWindow.h"
 
 #include <QtGui/QBitmap>
@@ -57,7 +57,7 @@ void MAWindow::applyShape()
     if (path == m_maskPath && !mask().isEmpty())
         return;
     m_maskPath = path;
-    // Painted rather than made of the path's polygons, whose corners would be rounded inward.
+    // The mask is painted; a region made from the path's polygons would round the corners inward.
     QBitmap bitmap(size());
     bitmap.clear();
     QPainter painter(&bitmap);

@@ -15,15 +15,15 @@ namespace
 
 using platform::ApplicationRole;
 
-/// Several players may run; the one meant is the one whose window is previewed.
+/// Several players may run; this selects the one whose window is previewed.
 ScriptingWindow windowOf(const ScreenyView& preview)
 {
     const SWElementPtr& element = preview.elementRef();
     return element ? ScriptingWindow{element->pid(), element->wid()} : ScriptingWindow();
 }
 
-/// iTunes' main window has the application's name for its title. Other players put the track there;
-/// theirs are told from their dialogs and palettes.
+/// The title of iTunes' main window is the application's name. Other players show the track there,
+/// so their main windows are recognised by the subrole, which dialogs and palettes do not have.
 bool isMainWindowOfMusicPlayer(const ScreenyView& preview, const QString& identifier,
                                ApplicationRole role, platform::Accessibility& accessibility)
 {
@@ -53,7 +53,7 @@ void MediaControls::setAppFlags(ScreenyView& preview,
     if (!application)
         return;
     const QString& identifier = application->bundleIdentifier;
-    // What is known as no player may have one all the same, such as a browser.
+    // An application without a known role, such as a browser, may still have a player.
     const ApplicationRole role = application->role != ApplicationRole::Other
                                      ? application->role
                                      : m_script->roleOf(windowOf(preview));
@@ -92,8 +92,8 @@ QImage MediaControls::artwork(const ScreenyView& preview)
     return m_script->getCurrentArtwork(windowOf(preview));
 }
 
-// The title is read at once, while the skip is still under way, so it may be that of the track
-// before; the next update of the preview corrects it.
+// The title is read at once, while the skip is still in progress, so it may be the former track's;
+// the next update of the preview corrects it.
 void MediaControls::skipLeft(ScreenyView& preview)
 {
     if (preview.iTunes()) {

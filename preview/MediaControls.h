@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// The controls of previews of media players and mail, on the scripting layer.
+// Implements the controls of previews of media players and mail programs, using the scripting
+// layer.
 #pragma once
 
 #include <memory>
@@ -17,7 +18,7 @@ class SWScript;
 class MediaControls final : public PlayerControls
 {
 public:
-    /// The ports outlive it.
+    /// The ports must outlive it.
     explicit MediaControls(const platform::Desktop& ports);
 
     void setAppFlags(ScreenyView& preview,

@@ -14,7 +14,7 @@ namespace lumbrix
 namespace
 {
 
-/// A null size means twice the natural one.
+/// A null size means twice the natural size.
 QImage render(const QString& name, QSize pixels)
 {
     const QString path = u":/images/%1.svg"_s.arg(name);

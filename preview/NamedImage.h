@@ -12,11 +12,11 @@
 namespace lumbrix
 {
 
-/// Main thread. The drawing at a size in points for a device pixel ratio, kept for the next time;
-/// null when there is no such drawing.
+/// Main thread. The drawing at a size in points for a device pixel ratio, cached; null if there is
+/// no such drawing.
 QPixmap namedPixmap(const QString& name, QSize size, qreal devicePixelRatio);
 
-/// Main thread. The drawing as a picture, twice its natural size for crispness; null when there is
+/// Main thread. The drawing as a picture, at twice its natural size to look sharp; null if there is
 /// no such drawing.
 QImage namedImage(const QString& name);
 

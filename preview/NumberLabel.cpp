@@ -57,8 +57,8 @@ QSize NumberLabel::sizeHint() const
 
 void NumberLabel::paintEvent(QPaintEvent*)
 {
-    // Measured as drawn: in points a hinted figure may be taller than on the screen. And whole
-    // pixels down, so that the feet of the figures are sharp.
+    // Measured at the device's resolution: in points a hinted digit may be taller than it is on the
+    // screen. The baseline is on a whole pixel, so that the lower edges of the digits are sharp.
     const qreal scale = devicePixelRatioF();
     QFont drawn = font();
     drawn.setPixelSize(qRound(QFontInfo(font()).pixelSize() * scale));

@@ -9,8 +9,8 @@
 namespace lumbrix
 {
 
-/// A bold number with its figures, not its line, in the middle of the label. The mouse goes to what
-/// lies below.
+/// A bold number, centred by its digits and not by the font's line height. Mouse events go to the
+/// widget below.
 class NumberLabel : public QWidget
 {
     Q_OBJECT
@@ -28,7 +28,7 @@ public:
     void setPixelSize(int size);
     const QColor& textColor() const { return m_textColor; }
     void setTextColor(const QColor& color);
-    /// What the figures take.
+    /// The size of the digits.
     QSize sizeHint() const override;
 
 protected:

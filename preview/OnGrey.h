@@ -8,7 +8,7 @@
 namespace lumbrix
 {
 
-/// A translucent colour as it would look on a medium grey, for where nothing is blended.
+/// A translucent colour as it looks on medium grey, for use if translucency is not blended.
 inline QColor onGrey(const QColor& color)
 {
     const auto mix = [a = color.alphaF()](float part) { return part * a + 0.5F * (1 - a); };

@@ -12,19 +12,19 @@
 namespace lumbrix
 {
 
-/// Shows the bubble and takes it away. Main thread.
+/// Shows and hides the bubble. Main thread.
 class OverlayWindow
 {
 public:
-    /// Null when the interface file "OverlayWindow" cannot be loaded. The ports outlive it.
+    /// Null if the interface file "OverlayWindow" cannot be loaded. The ports must outlive it.
     static std::unique_ptr<OverlayWindow> load(const platform::Desktop& ports);
     ~OverlayWindow();
 
     DBOverlayWindow& window() { return *m_window; }
     bool isShown() const { return m_isShown; }
     void orderFront();
-    /// Takes effect in the next pass of the run loop, unless it is ordered front before: a row that
-    /// takes the place of another keeps the bubble.
+    /// Takes effect in the next pass of the run loop, unless the bubble is ordered front before: a
+    /// row that replaces another keeps it.
     void dismiss();
 
 private:

@@ -27,7 +27,7 @@ namespace
 {
 
 constexpr QMargins bodyMargins{14, 13, 3, 7};
-/// As broad as there is room beside a picture without a body, and between a body and its picture.
+/// Fits beside a picture without a body, and between a body and its picture.
 constexpr int markBreadth = 3;
 constexpr QColor markColor(255, 170, 20);
 
@@ -78,10 +78,11 @@ void PanelBackground::arrange()
     if (m_borderless && !m_parts.image->image().isNull())
         picture = pictureRect();
 
-    // The row below the picture, or at its lower edge: the title in the middle, the key at the end.
+    // The row below the picture, or over its lower edge: the title in the middle, the key cap at
+    // the end.
     QRect row(body.left(), body.top() + body.height() - line - 1, body.width(), line);
     if (m_borderless) {
-        // A picture may be narrower than its title can be read in.
+        // A narrow picture may be too small for a readable title.
         const int width = std::max(picture.width(), std::min(body.width(), 120)) - 12;
         row = QRect(picture.left() + (picture.width() - width) / 2,
                     picture.top() + picture.height() - line - 5, width, line);
@@ -96,7 +97,7 @@ void PanelBackground::arrange()
                                  row.top() + (row.height() - keySize.height()) / 2, keySize.width(),
                                  keySize.height());
     }
-    // Centred in the whole row when it fits there, else in what the key leaves.
+    // Centred in the whole row if it fits, otherwise in the space beside the key cap.
     const int natural = std::min(m_parts.title->naturalWidth(), titleWidth);
     const int centred = row.left() + (row.width() - natural) / 2;
     m_parts.title->setGeometry(std::min(centred, row.left() + titleWidth - natural), row.top(),
@@ -146,7 +147,7 @@ QPainterPath PanelBackground::outlinePath() const
         const int edge = m_marked ? markBreadth : 1;
         const qreal radius = m_parts.image->cornerRadius() + edge;
         path.addRoundedRect(QRectF(picture).adjusted(-edge, -edge, edge, edge), radius, radius);
-        // What stands out beside a narrow picture; all of it has round ends.
+        // Parts that stick out beside a narrow picture; all have round ends.
         for (const QObject* child : children()) {
             const auto* part = qobject_cast<const QWidget*>(child);
             if (part && part != m_parts.image && part != m_parts.close && !part->isHidden() &&
@@ -227,7 +228,7 @@ QRect PanelBackground::pictureRect() const
 
 void PanelBackground::paintShadow(QPainter& painter, const QRectF& around, qreal radius) const
 {
-    // It falls downward, and ends where the panel does; the numbers are distance and strength.
+    // The shadow falls downward and ends at the panel's edge; the numbers are distance and opacity.
     constexpr std::array<std::pair<int, int>, 4> layers{{{4, 7}, {3, 12}, {2, 18}, {1, 26}}};
     const int room = bodyMargins.right();
     painter.setPen(Qt::NoPen);
@@ -303,8 +304,8 @@ void PanelBackground::paintMark(QPainter& painter, const QRectF& around, qreal r
 
 void PanelBackground::paintEvent(QPaintEvent*)
 {
-    // The panels of a set look alike and are painted again with every new picture, so what lies
-    // below the parts is drawn once and shared.
+    // All panels of a row look alike and are painted again with every new picture, so the
+    // background is drawn once and shared.
     const bool isBody = hasBody();
     const QRect part = isBody ? body() : pictureRect();
     QString key = u"lumbrix-panel"_s;

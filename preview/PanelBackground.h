@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// What a preview panel is drawn on, and the arrangement of its parts.
+// The background of a preview panel, and the layout of its parts.
 #pragma once
 
 #include <QtGui/QColor>
@@ -17,9 +17,9 @@ class PictureButton;
 class TitleLabel;
 
 /// A rounded body with a soft shadow; the picture above, the title and the key cap below it, the
-/// close button on the top left corner. The body is set in from the panel's edges, further on the
+/// close button on the top left corner. The body has margins to the panel's edges, wider on the
 /// left and at the top, where the close button sticks out. A borderless background has no body
-/// while there is a picture: the title then lies on the picture.
+/// while there is a picture; the title is then drawn on the picture.
 class PanelBackground : public QWidget
 {
     Q_OBJECT
@@ -31,7 +31,7 @@ class PanelBackground : public QWidget
     Q_PROPERTY(bool borderless MEMBER m_borderless)
 
 public:
-    /// All within the background and not null.
+    /// All are children of the background and not null.
     struct Parts {
         PictureButton* image = nullptr;
         TitleLabel* title = nullptr;
@@ -42,21 +42,21 @@ public:
     explicit PanelBackground(QWidget* parent = nullptr);
 
     void setParts(const Parts& parts);
-    /// Places the parts for the present size and content. Also done on every resize.
+    /// Places the parts for the current size and content. Called on every resize as well.
     void arrange();
 
     void setHovered(bool hovered);
-    /// A ring along the edge, which can be told on every colour of body.
+    /// A ring along the edge, visible on every colour of body.
     void setMarked(bool marked);
     bool isMarked() const { return m_marked; }
-    /// Where translucency is not blended, everything is drawn opaque and outlinePath() is what has
-    /// to remain of the window.
+    /// If translucency is not blended, everything is drawn opaque, and outlinePath() is the shape
+    /// to clip the window to.
     void setShaped(bool shaped);
     QPainterPath outlinePath() const;
 
 Q_SIGNALS:
     void outlinePathChanged();
-    /// A click beside the parts.
+    /// A click outside the parts.
     void clicked();
     /// A click of the middle button, on any part.
     void middleClicked();

@@ -15,7 +15,7 @@ namespace lumbrix
 {
 namespace
 {
-/// Of an empty button, how much an icon fills.
+/// The share of an empty button that an icon fills.
 constexpr qreal iconPart = 0.6;
 } // namespace
 

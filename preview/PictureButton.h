@@ -11,8 +11,8 @@
 namespace lumbrix
 {
 
-/// A button that shows a picture as large as its area allows, in the picture's own proportions and
-/// never larger than life, with a thin outline. Never takes the focus.
+/// A button that shows a picture as large as its area allows, with the picture's aspect ratio,
+/// never enlarged, with a thin outline. Never takes the focus.
 class PictureButton : public LXTransparentButtonCell
 {
     Q_OBJECT
@@ -25,10 +25,10 @@ public:
     explicit PictureButton(QWidget* parent = nullptr);
 
     const QImage& image() const { return m_image; }
-    /// Free when it is the picture shown already. A null image clears the button.
+    /// Costs nothing if the picture is already shown. A null image clears the button.
     void setImage(const QImage& image);
-    /// What stands in the middle of an empty button, as large as one of iconSide() pixels is there.
-    /// A null one: nothing.
+    /// The icon in the middle of an empty button; drawn as large as an icon of iconSide() pixels.
+    /// Null: no icon.
     void setIcon(const QImage& icon);
     const QImage& icon() const { return m_icon; }
     int iconSide() const; ///< pixels
@@ -37,11 +37,11 @@ public:
     /// Where the picture lies in the button; the whole button without a picture.
     QRect pictureRect() const;
     qreal cornerRadius() const { return m_cornerRadius; }
-    /// The size in pixels that a picture just fits in.
+    /// The maximum size of a picture, in pixels.
     QSize pixels() const { return (QSizeF(size()) * devicePixelRatioF()).toSize(); }
 
 Q_SIGNALS:
-    /// The proportions changed, or a picture came or went.
+    /// The aspect ratio changed, or a picture was set or removed.
     void pictureRectChanged();
 
 protected:
@@ -53,7 +53,7 @@ private:
 
     QImage m_image;
     QImage m_icon;
-    QImage m_painted;   ///< m_image with rounded corners and outline, at the size last painted
+    QImage m_painted;   ///< m_image with rounded corners and outline, in the size last painted
     QSize m_paintedFor; ///< in device pixels
     QColor m_outline;
     QColor m_hoverOutline;

@@ -9,7 +9,7 @@
 namespace lumbrix
 {
 
-/// Shows a picture over its whole area; transparent without one.
+/// Shows a picture that fills its whole area; transparent if there is none.
 class PictureView : public QWidget
 {
     Q_OBJECT
@@ -18,7 +18,7 @@ public:
     using QWidget::QWidget;
 
     const QImage& image() const { return m_image; }
-    /// Free when it is the picture shown already.
+    /// Costs nothing if the picture is already shown.
     void setImage(const QImage& image);
 
 protected:

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// What a preview asks of the engine, and of the subsystems that serve previews.
+// The interfaces through which previews use the engine and its subsystems.
 #pragma once
 
 #include <QtCore/QString>
@@ -20,8 +20,8 @@ class HotKeyCenter;
 class ScreenyView;
 struct EngineSettings;
 
-/// Media players and mail behind a preview's buttons. Main thread. Of several players that run, it
-/// is always about the one whose window the preview shows.
+/// The media players and mail programs that a preview's buttons control. Main thread. If several
+/// players run, the one whose window the preview shows is meant.
 class PlayerControls
 {
 public:
@@ -29,12 +29,12 @@ public:
     /// Sets iTunes, Mail, QuickTime and VLC of the preview by its application (null: unknown).
     virtual void setAppFlags(ScreenyView& preview,
                              const std::optional<platform::RunningApplication>& application) = 0;
-    /// Whether there is somebody to obey the preview's buttons: a player may run without the
-    /// interface by which it is reached, or lose it. Never waits.
+    /// Whether the application can be controlled by the preview's buttons: a player may run without
+    /// its remote-control interface, or lose it. Never waits.
     virtual bool isReachable(const ScreenyView& preview) = 0;
     virtual PlayerState playerState(const ScreenyView& preview) = 0;
     virtual std::optional<QString> currentTrack(const ScreenyView& preview) = 0;
-    virtual QImage artwork(const ScreenyView& preview) = 0; ///< null without one
+    virtual QImage artwork(const ScreenyView& preview) = 0; ///< null if there is none
     virtual void skipLeft(ScreenyView& preview) = 0;
     virtual void skipRight(ScreenyView& preview) = 0;
     virtual void play(ScreenyView& preview) = 0;

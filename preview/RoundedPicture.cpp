@@ -16,7 +16,7 @@ namespace lumbrix
 namespace
 {
 
-/// The four corners of a small frame, which all larger ones share.
+/// The four corners of a small frame, used for all larger frames.
 struct Corners {
     Corners(int side, qreal radius, const QColor& color, qreal width)
         : mask(2 * side, 2 * side, QImage::Format_ARGB32_Premultiplied),
@@ -41,7 +41,8 @@ struct Corners {
     QImage outline;
 };
 
-/// All pictures of a row have the same corners, and drawing them takes longer than all the rest.
+/// All pictures of a row have the same corners, and drawing these takes longer than everything
+/// else.
 const Corners& cornersOf(int side, qreal radius, const QColor& color, qreal width)
 {
     struct Kept {
@@ -71,7 +72,7 @@ QImage roundedPicture(const QImage& picture, qreal radius, const QColor& color, 
     const int bottom = result.height();
     const int side = std::min({qCeil(std::max(radius, width)) + 1, right / 2, bottom / 2});
     const Corners& corners = cornersOf(side, radius, color, width);
-    // Each corner's place in the picture, and in the small frame.
+    // Each corner's position in the picture and in the small frame.
     const std::array<std::pair<QPoint, QPoint>, 4> places{
         {{{0, 0}, {0, 0}},
          {{right - side, 0}, {side, 0}},

@@ -11,8 +11,8 @@ namespace lumbrix
 {
 
 /// Rounds the corners of the picture and draws the outline inside its edges; both sizes in pixels.
-/// Only edges are touched, so this takes little more than copying the picture.
-/// The result is ARGB32_Premultiplied; its device pixel ratio is 1. Null for a null picture.
+/// Only the edges are changed, so this costs little more than copying the picture. The result is
+/// ARGB32_Premultiplied; its device pixel ratio is 1. Null for a null picture.
 QImage roundedPicture(const QImage& picture, qreal radius, const QColor& outline,
                       qreal outlineWidth);
 

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// Holds the tabs that Safari has open. They are not looked for yet: the scanner ends at once, and
-// nobody reads the list.
+// Holds Safari's open tabs. Not implemented yet: the scanner ends at once, and nothing reads the
+// list.
 #pragma once
 
 #include <QtCore/QVariant>
@@ -24,12 +24,13 @@ namespace lumbrix
 class SafariPreview
 {
 public:
-    /// What one record holds is open until a scanner fills them.
+    /// The fields are not defined until there is a scanner that fills them.
     using Tab = QVariant;
 
-    /// The one instance, made on first use, with its scanner thread in the run loop given then.
+    /// The one instance, created on first use; its scanner thread belongs to the run loop of that
+    /// first call.
     static SafariPreview& sharedPreview(platform::RunLoop& runLoop);
-    /// Ends it. The run loop that ran its scanner has been shut down before.
+    /// Destroys the instance. The run loop of its scanner must have been shut down before.
     static void releaseSharedPreview();
 
     SafariPreview() = default;
@@ -38,8 +39,8 @@ public:
 
     std::vector<Tab> tabsArray() const;
     void addObject(const Tab& tab);
-    void insertObject(const Tab& tab, std::size_t index); ///< at most at the end
-    void removeObject(const Tab& tab);                    ///< every equal one
+    void insertObject(const Tab& tab, std::size_t index); ///< clamped to the size
+    void removeObject(const Tab& tab);                    ///< removes every equal tab
 
 private:
     void setUp(platform::RunLoop& runLoop);

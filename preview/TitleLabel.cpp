@@ -12,7 +12,7 @@ namespace lumbrix
 
 TitleLabel::TitleLabel(QWidget* parent) : QWidget(parent)
 {
-    // Clicks belong to the panel below.
+    // Clicks go to the panel below.
     setAttribute(Qt::WA_TransparentForMouseEvents);
 }
 

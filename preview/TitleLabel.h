@@ -9,8 +9,8 @@
 namespace lumbrix
 {
 
-/// One line of plain text, centred, cut with an ellipsis where it does not fit. With a halo it has
-/// a rounded backing, so that it can lie on a picture.
+/// One line of plain text, centred, elided if it does not fit. With a halo it has a rounded
+/// background, so that it is readable on a picture.
 class TitleLabel : public QWidget
 {
     Q_OBJECT
@@ -22,10 +22,10 @@ public:
     explicit TitleLabel(QWidget* parent = nullptr);
 
     const QString& text() const { return m_text; }
-    /// Any string, shown as displayText() has it; never taken for markup.
+    /// Any string; shown as displayText() returns it, never interpreted as markup.
     void setText(const QString& text);
     void setPixelSize(int size);
-    /// The width at which nothing has to be cut.
+    /// The width that the whole text needs.
     int naturalWidth() const;
 
 protected:
@@ -37,7 +37,7 @@ private:
     QString m_text;
     QColor m_textColor;
     QColor m_haloColor;
-    QString m_elided; ///< m_text at m_elidedWidth; the width is −1 when it must be made again
+    QString m_elided; ///< m_text elided to m_elidedWidth; −1 = must be computed again
     int m_elidedWidth = -1;
     mutable int m_naturalWidth = -1;
 };
