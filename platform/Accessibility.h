@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// Which elements (applications, windows, Dock items) there are, what they say of themselves, and
-// what they can be told to do. A thin picture of the accessibility interface.
+// The elements (applications, windows, Dock items), their attributes and their actions: a thin
+// wrapper of the accessibility interface.
 #pragma once
 
 #include <QtCore/QPointF>
@@ -24,7 +24,7 @@
 namespace lumbrix::platform
 {
 
-/// Numbered as the accessibility interface numbers them.
+/// With the accessibility interface's numbers.
 enum class AXError : int {
     Success = 0,
     Failure = -25200,
@@ -38,25 +38,26 @@ enum class AXError : int {
     NoValue = -25212,
 };
 
-/// One element, immutable and opaque; an adapter derives from it. Shared, any thread.
+/// One element, immutable and opaque; adapters derive from it. Shared, any thread.
 class AXElement
 {
 public:
     virtual ~AXElement() = default;
-    /// Whether both stand for the same element; the adapter decides, without asking anyone.
+    /// Whether both stand for the same element. The adapter decides that without asking another
+    /// program.
     virtual bool isEqual(const AXElement& other) const = 0;
-    /// The same for equal elements.
+    /// Equal elements have equal hashes.
     virtual std::size_t hash() const = 0;
 };
 using ElementRef = std::shared_ptr<const AXElement>;
 
-/// False when either is null.
+/// False if either is null.
 inline bool elementsEqual(const ElementRef& a, const ElementRef& b)
 {
     return a && b && a->isEqual(*b);
 }
 
-/// Part of a text or a list.
+/// A range of a text or a list.
 struct AXRange {
     long location = 0;
     long length = 0;
@@ -73,11 +74,11 @@ struct AXResult {
     AXValue value{};
 
     bool ok() const { return error == AXError::Success; }
-    /// The value when the read succeeded and has this type; null otherwise.
+    /// The value if the read succeeded and has this type; null otherwise.
     template <class T> const T* as() const { return ok() ? std::get_if<T>(&value) : nullptr; }
 };
 
-/// The names of what can be read of an element, or done with it.
+/// The names of an element's attributes or actions.
 struct AXNames {
     AXError error = AXError::Failure;
     std::vector<QString> names{};
@@ -85,16 +86,16 @@ struct AXNames {
     bool ok() const { return error == AXError::Success; }
 };
 
-/// What an observer hands back with each notification, so that the callback knows who asked.
+/// Passed back with each notification, so that the callback knows who registered it.
 class NotificationContext
 {
 public:
     virtual ~NotificationContext() = default;
 };
 
-/// Observes one process; delivers on the main thread from the moment it was added to the run loop
+/// Observes one process; delivers on the main thread from the time it is added to the run loop
 /// until it is destroyed. A Dock that ends while one of its items is selected reports the end of
-/// that selection as of any other; its elements are invalid by then. Main thread only.
+/// that selection like any other; its elements are invalid by then. Main thread only.
 class AXObserver
 {
 public:
@@ -105,42 +106,43 @@ public:
     /// The context is not owned and must outlive the observer.
     virtual AXError addNotification(const ElementRef& element, const QString& notification,
                                     NotificationContext* context) = 0;
-    /// Adds the observer's source to the main run loop; nothing is delivered before.
+    /// Adds the observer's source to the main run loop; nothing is delivered before that.
     virtual void addToRunLoop() = 0;
 };
 
-/// Every read and action may be called from any thread and never blocks longer than the messaging
-/// timeout. A vanished element answers InvalidUIElement, a busy application CannotComplete.
+/// Every read and action may be called on any thread and never blocks longer than the messaging
+/// timeout. The result is InvalidUIElement for an element that is gone, CannotComplete for a busy
+/// application.
 class Accessibility
 {
 public:
     virtual ~Accessibility() = default;
 
     virtual bool apiEnabled() const = 0;
-    /// Asks the system to give access, as far as a program may; it can take a while until
-    /// apiEnabled() tells. Main thread.
+    /// Asks the system to grant access, as far as a program can; it may take a while until
+    /// apiEnabled() returns true. Main thread.
     virtual void enableAPI() = 0;
-    /// Shows the user the place in the system's settings where access is given. Main thread.
+    /// Opens the page of the system's settings where the user can grant access. Main thread.
     virtual void openAPIPreferences() = 0;
     virtual void setMessagingTimeout(float seconds) = 0;
 
-    /// Whether the system's application switcher tells what is selected in it. Main thread.
+    /// Whether the selection in the system's application switcher can be read. Main thread.
     virtual bool tellsSwitcher() const = 0;
 
-    /// Null when there is no such process.
+    /// Null if there is no such process.
     virtual ElementRef createApplication(std::int32_t pid) = 0;
     virtual ElementRef createSystemWide() = 0;
 
-    /// Every attribute that can be read of the element, also those that have no value now.
+    /// All readable attributes of the element, including those without a value now.
     virtual AXNames copyAttributeNames(const ElementRef& element) = 0;
     virtual AXResult copyAttributeValue(const ElementRef& element, const QString& attribute) = 0;
-    /// How many values there are, a number; fails for an attribute that is no list.
+    /// The number of values of a list; fails for an attribute that is not a list.
     virtual AXResult attributeValueCount(const ElementRef& element, const QString& attribute);
     virtual AXResult isAttributeSettable(const ElementRef& element, const QString& attribute) = 0;
     virtual AXError setAttributeValue(const ElementRef& element, const QString& attribute,
                                       const AXValue& value) = 0;
     virtual AXNames copyActionNames(const ElementRef& element) = 0;
-    /// What the action does, in words for the user.
+    /// A description of the action for the user.
     virtual AXResult copyActionDescription(const ElementRef& element, const QString& action) = 0;
     virtual AXError performAction(const ElementRef& element, const QString& action) = 0;
     /// The element under a point in accessibility coordinates; an ElementRef value.
@@ -148,11 +150,11 @@ public:
 
     virtual std::optional<std::int32_t> pidOf(const ElementRef& element) = 0;
     /// The exact window-server number of a window element, or of the one window that a Dock item
-    /// stands for (a minimised one, or the one behind its button of a task bar), where the platform
-    /// knows it.
+    /// stands for (a minimised window, or the window of a task-bar button), if the platform knows
+    /// it.
     virtual std::optional<WindowID> windowIDOf(const ElementRef& element) = 0;
 
-    /// Null when the process cannot be observed. Main thread.
+    /// Null if the process cannot be observed. Main thread.
     virtual std::unique_ptr<AXObserver> createObserver(std::int32_t pid,
                                                        AXObserver::Callback callback) = 0;
 };

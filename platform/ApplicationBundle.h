@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// This program as the desktop knows it: what is installed, and whether it shows in the Dock.
+// This program as an installed application: its executable, and whether the Dock shows it.
 #pragma once
 
 #include <QtCore/QString>
@@ -14,21 +14,20 @@ class ApplicationBundle
 {
 public:
     virtual ~ApplicationBundle() = default;
-    /// What starts the program; absolute.
+    /// The absolute path of the program.
     virtual QString path() const = 0;
     virtual QString shortVersionString() const = 0;
 
-    /// Whether the program is one with an icon in the Dock from its next start on. Where nothing is
-    /// stored for that beside the setting, this does nothing.
+    /// Sets whether the program has an icon in the Dock from its next start on. Does nothing on a
+    /// platform where the setting alone decides that.
     virtual void setShowsInDock(bool on) = 0;
-    /// Makes the running program one that the Dock shows.
+    /// Makes the Dock show the running program.
     virtual void transformToForegroundApplication() = 0;
-    /// Whether a Dock shows running programs by their windows, minimised ones included, so that one
-    /// without a window has no icon.
+    /// Whether a Dock shows only running programs with windows, minimised ones included.
     virtual bool isShownByWindows() const = 0;
 
-    /// Has the program started again as soon as this process has ended, which is up to the caller.
-    /// False when it will not be.
+    /// Arranges for the program to be started again as soon as this process has ended; the caller
+    /// must end it. False if that failed.
     virtual bool relaunch() = 0;
 };
 

@@ -16,7 +16,7 @@ bool happensBetween(const CalendarEvent& event, const QDateTime& start, const QD
 {
     if (event.start >= end)
         return false;
-    // What lasts no time at all happens when it starts.
+    // An event without duration happens at its start.
     return event.end > start || (event.start == event.end && event.start == start);
 }
 

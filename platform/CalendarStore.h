@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// The user's calendars and what is in them.
+// The user's calendars and their events.
 #pragma once
 
 #include <QtCore/QDateTime>
@@ -23,11 +23,11 @@ struct Calendar {
     bool operator==(const Calendar& other) const = default;
 };
 
-/// One occurrence: a recurring event gives one of these for each.
+/// One occurrence; a recurring event has several.
 struct CalendarEvent {
     QString calendar; ///< uid
     QString title;    ///< any text
-    /// In the user's time zone. What lasts whole days ends at the midnight after the last of them.
+    /// In the user's time zone. An all-day event ends at the midnight after its last day.
     QDateTime start;
     QDateTime end; ///< not before the start
 
@@ -37,7 +37,7 @@ struct CalendarEvent {
 enum class CalendarError {
     None,
     NotReady, ///< not read yet: refresh
-    Failed,   ///< some calendars could not be read; what is given is without them
+    Failed,   ///< some calendars could not be read; the result lacks their events
 };
 
 struct CalendarList {
@@ -50,28 +50,28 @@ struct CalendarEvents {
     std::vector<CalendarEvent> events;
 };
 
-/// The answer to CalendarStore::events(), of all the events there are.
+/// Implements CalendarStore::events() on a list of all events.
 std::vector<CalendarEvent> selectEvents(const std::vector<CalendarEvent>& all,
                                         const QDateTime& start, const QDateTime& end,
                                         const QStringList& calendars);
 
-/// Main thread. Reading takes as long as disks and other programs like, so only refresh() reads;
-/// the questions are answered with what it brought last, at once.
+/// Main thread. Reading can take any time, depending on disks and other programs, so only refresh()
+/// reads. The queries return the results of its last run at once.
 class CalendarStore
 {
 public:
     virtual ~CalendarStore() = default;
 
-    /// Every calendar, in an order that stays.
+    /// All calendars, in a stable order.
     virtual CalendarList calendars() const = 0;
-    /// What of these calendars (uids) happens between the two times, if only in part: by start,
-    /// then in the order of the calendars. What ends when the time begins is over; what starts when
-    /// it ends is not in it. NotReady for times that were not refreshed.
+    /// The events of these calendars (uids) that overlap the interval, sorted by start, then in the
+    /// order of the calendars. Events that end at its start or begin at its end are not included.
+    /// NotReady for times that have not been refreshed.
     virtual CalendarEvents events(const QDateTime& start, const QDateTime& end,
                                   const QStringList& calendars) const = 0;
 
-    /// Reads what has changed, and the events between the two times, which are in the user's zone.
-    /// `done` is called in a later pass of the loop, always, unless the program ends before.
+    /// Reads what has changed, and the events between the two times, which are in the user's time
+    /// zone. `done` is always called, in a later pass of the loop, unless the program ends first.
     virtual void refresh(const QDateTime& start, const QDateTime& end,
                          std::function<void()> done) = 0;
 };

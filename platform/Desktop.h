@@ -26,7 +26,7 @@ class WallClock;
 class WindowServer;
 class Workspace;
 
-/// References only; the one that installs it keeps the adapters alive.
+/// References only; whoever installs it keeps the adapters alive.
 struct Desktop {
     RunLoop& runLoop;
     Accessibility& accessibility;
@@ -48,12 +48,12 @@ struct Desktop {
     DesktopLook& desktopLook;
 };
 
-/// The installed desktop, for app/ alone: what is below is given its ports. Any thread; calling it
-/// with none installed ends the program.
+/// The installed desktop. Only for app/; code below it gets its ports passed in. Any thread; aborts
+/// the program if none is installed.
 const Desktop& desktop();
 
-/// Installs a desktop for its own lifetime; at most one at a time. Main thread, created before and
-/// destroyed after every thread that asks for desktop().
+/// Installs a desktop for its own lifetime; at most one at a time. Main thread; must be created
+/// before and destroyed after every thread that calls desktop().
 class DesktopScope
 {
 public:

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// Taps on the stream of input events: they see chosen keys and clicks before the focused program
-// does, and may keep them from it.
+// Taps on the stream of input events: they get chosen keys and clicks before the focused program
+// does, and can swallow them.
 #pragma once
 
 #include <cstdint>
@@ -13,8 +13,8 @@
 namespace lumbrix::platform
 {
 
-/// A virtual key code with ModifierFlag bits. No other of the four modifiers is held with it; the
-/// states of the locks (caps, numbers, scrolling) do not matter.
+/// A virtual key code with ModifierFlag bits. The other ones of the four modifiers must not be
+/// held; the states of the locks (caps, num, scroll) do not matter.
 struct TapKey {
     std::int64_t keyCode = -1;
     std::uint32_t flags = 0;
@@ -37,20 +37,20 @@ enum class TapEvents { Keys, KeysAndClicks };
 class EventTap
 {
 public:
-    /// Main thread. The answer says whether to swallow the event. Where an adapter cannot wait for
-    /// it, as on a server that hands out events of wanted keys only, every press and release of a
-    /// wanted key is swallowed and clicks are passed on. A held key is pressed once: its repeats
-    /// are swallowed and not reported.
+    /// Main thread. Returns whether to swallow the event. If an adapter cannot wait for the result,
+    /// as on a server that delivers events of wanted keys only, every press and release of a wanted
+    /// key is swallowed and clicks are passed on. A held key is reported once; its repeats are
+    /// swallowed.
     using Callback = std::function<bool(const TapEvent&)>;
 
     virtual ~EventTap() = default;
     virtual void setEnabled(bool enabled) = 0;
     virtual bool isEnabled() const = 0;
-    /// The only keys that it sees, in place of those before; none at first.
+    /// The only keys that the tap gets; replaces the former ones. Initially none.
     virtual void setKeys(const std::vector<TapKey>& keys) = 0;
-    /// Those of the keys that another program has taken for itself, as far as that is known yet:
-    /// an adapter may find out a moment after the tap was enabled. They are not reported, and tried
-    /// again the next time the tap is enabled.
+    /// The wanted keys that another program has grabbed, as far as is known: an adapter may find
+    /// out a moment after the tap was enabled. These keys are not reported; they are tried again
+    /// the next time the tap is enabled.
     virtual std::vector<TapKey> takenKeys() const = 0;
 };
 
@@ -59,7 +59,7 @@ class EventTaps
 {
 public:
     virtual ~EventTaps() = default;
-    /// Disabled at first. Never null. The taps go before the port does.
+    /// Initially disabled. Never null. The taps must be destroyed before the port.
     [[nodiscard]] virtual std::unique_ptr<EventTap> createTap(TapEvents events,
                                                               EventTap::Callback callback) = 0;
 };

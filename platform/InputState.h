@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// Where the mouse is and which buttons and modifier keys are down.
+// The position of the mouse, and which buttons and modifier keys are down.
 #pragma once
 
 #include <QtCore/QPointF>

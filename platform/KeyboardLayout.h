@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// What is printed on the keys, going by the keyboard layout in use.
+// What is printed on the keys, according to the current keyboard layout.
 #pragma once
 
 #include <QtCore/QString>
@@ -16,19 +16,19 @@ class KeyboardLayout
 {
 public:
     virtual ~KeyboardLayout() = default;
-    /// Another number after the user has chosen another layout.
+    /// A number that changes when the user chooses another layout.
     virtual std::uint64_t currentLayout() = 0;
-    /// The characters that the key of a virtual key code writes by itself, for a dead key those of
-    /// its accent. Empty when it writes none, or there is no such key.
+    /// The characters that the key of a virtual key code types without modifiers; for a dead key
+    /// its accent. Empty if it types none or there is no such key.
     virtual QString charactersOfKey(std::int64_t keyCode) = 0;
-    /// What is printed here on a key that writes nothing, translated, where that is not what the
-    /// virtual key code stands for elsewhere; else empty.
+    /// The translated label, on this platform, of a key that types no character, if it differs from
+    /// the usual name of the virtual key code; otherwise empty.
     virtual QString nameOfKey(std::int64_t keyCode) const = 0;
-    /// The virtual key code of a key that was pressed, by the native numbers that the toolkit gives
-    /// with the event; −1 when it has none.
+    /// The virtual key code of a pressed key, from the native numbers in the toolkit's event; −1 if
+    /// it has none.
     virtual std::int64_t keyCodeOf(std::uint32_t nativeScanCode,
                                    std::uint32_t nativeVirtualKey) = 0;
-    /// What people here call the modifier key of a ModifierFlag bit ("Alt"), translated.
+    /// The translated name, on this platform, of the modifier key of a ModifierFlag bit ("Alt").
     virtual QString nameOfModifier(std::uint32_t flag) const = 0;
     /// The sign that they know that key by, where there is no room for its name; empty where the
     /// port knows none.

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// What the desktop starts when the user logs in.
+// The programs that the desktop starts when the user logs in.
 #pragma once
 
 #include <QtCore/QString>
@@ -14,8 +14,8 @@ class LoginItems
 {
 public:
     virtual ~LoginItems() = default;
-    /// Has the program started at login. Harmless when it is already: nothing is written then, and
-    /// what the user added to its item is kept in any case.
+    /// Makes the desktop start the program at login. If it already does, nothing is written. The
+    /// user's changes to the item are always kept.
     virtual void insert(const QString& path) = 0;
     /// Removes every item that starts a program whose path begins with this one.
     virtual void remove(const QString& path) = 0;

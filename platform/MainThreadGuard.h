@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// For an object that has calls come to the main thread later, when it may be gone.
+// Protects calls that reach the main thread later, when their object may have been destroyed.
 #pragma once
 
 #include <memory>
@@ -10,8 +10,8 @@
 namespace lumbrix::platform
 {
 
-/// A member of such an object, which lives and dies on the main thread. The calls come there, too;
-/// they are made on any thread while the object lives.
+/// A member of the object, which is created and destroyed on the main thread. The wrapped calls run
+/// there too; they may be wrapped on any thread while the object exists.
 class MainThreadGuard
 {
 public:
@@ -19,7 +19,7 @@ public:
     MainThreadGuard(const MainThreadGuard&) = delete;
     MainThreadGuard& operator=(const MainThreadGuard&) = delete;
 
-    /// The same call, which does nothing once the object is gone.
+    /// Wraps the call so that it does nothing once the object is destroyed.
     template <class Call> auto ifAlive(Call call) const
     {
         return [token = std::weak_ptr(m_token), call = std::move(call)](auto&&... arguments) {

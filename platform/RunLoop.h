@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// All time goes through this port: timers, delayed calls, hops to the main thread, threads and
-// sleep. The program runs on one built on Qt's event loop; the tests on one with a virtual clock.
+// The port for all time: timers, delayed calls, calls on the main thread, threads and sleep. The
+// program uses an implementation on Qt's event loop; the tests use one with a virtual clock.
 #pragma once
 
 #include <functional>
@@ -21,19 +21,19 @@ public:
     virtual ~Timer() = default;
     /// A one-shot timer stops being valid just before its action runs.
     virtual bool isValid() const = 0;
-    /// The action does not run again, also when it was already due. Harmless when not valid.
+    /// The action does not run again, even if it was already due. Does nothing if not valid.
     virtual void invalidate() = 0;
 };
 using TimerPtr = std::shared_ptr<Timer>;
 
-/// A thread of the program. Cancellation is cooperative: the body looks at isCancelled().
+/// A thread of the program. Cancellation is cooperative: the body must check isCancelled().
 class Thread
 {
 public:
     virtual ~Thread() = default;
-    /// Starts the body; once. Any thread.
+    /// Starts the body; call it once. Any thread.
     virtual void start() = 0;
-    /// Asks the body to end. Any thread; harmless before start and after the end.
+    /// Asks the body to end. Any thread; does no harm before the start and after the end.
     virtual void cancel() = 0;
     virtual bool isCancelled() const = 0;
     virtual bool isFinished() const = 0;
@@ -44,27 +44,28 @@ class RunLoop
 {
 public:
     using Action = std::function<void()>;
-    /// The body receives its own thread, to look at isCancelled().
+    /// The body gets its own thread, to check isCancelled().
     using ThreadBody = std::function<void(const Thread& self)>;
 
     virtual ~RunLoop() = default;
 
-    /// Main thread. The caller holds the timer; 0.0 seconds means the next pass of the loop.
+    /// Main thread. The caller must keep the timer; 0.0 seconds means the next pass of the loop.
     [[nodiscard]] virtual TimerPtr scheduleTimer(Seconds interval, bool repeats, Action action) = 0;
 
-    /// Runs the action on the main loop after `delay`, unless cancelled by its target first. The
-    /// target is an identity, never dereferenced. Main thread.
+    /// Runs the action on the main loop after `delay`, unless it is cancelled by its target first.
+    /// The target is only compared, never dereferenced. Main thread.
     virtual void performAfterDelay(const void* target, Seconds delay, Action action) = 0;
     virtual void cancelPreviousPerformRequests(const void* target) = 0;
 
-    /// Runs the action on the main thread. Any thread. Without waiting it is queued, also from the
-    /// main thread; with waiting it runs at once on the main thread, and from another thread the
-    /// call returns when it has run, or when the loop is shutting down (it then may not have run).
+    /// Runs the action on the main thread. Any thread. Without waiting it is queued, even if called
+    /// on the main thread. With waiting it runs at once if called on the main thread; on another
+    /// thread the call returns when it has run, or when the loop is shutting down (it may then not
+    /// have run).
     virtual void performOnMainThread(Action action, bool waitUntilDone) = 0;
 
-    /// A thread that is not yet started; the loop keeps it alive while it runs. Any thread.
+    /// Creates a thread that is not started; the loop keeps it alive while it runs. Any thread.
     [[nodiscard]] virtual ThreadPtr makeThread(std::string name, ThreadBody body) = 0;
-    /// makeThread and start in one.
+    /// makeThread() and start().
     ThreadPtr detachThread(std::string name, ThreadBody body)
     {
         ThreadPtr thread = makeThread(std::move(name), std::move(body));
@@ -73,7 +74,7 @@ public:
     }
 
     /// Blocks the calling thread. On the main thread no timer fires meanwhile. Returns early only
-    /// when the loop is shutting down; every thread is cancelled then.
+    /// if the loop is shutting down; every thread is then cancelled.
     virtual void sleep(Seconds duration) = 0;
 
     /// Monotonic. Any thread.

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// The place where the toolkit puts status items: a menu bar, a panel's tray.
+// Where the toolkit puts status items: a menu bar, a panel's tray.
 #pragma once
 
 #include <functional>
@@ -14,10 +14,10 @@ class StatusBar
 {
 public:
     virtual ~StatusBar() = default;
-    /// Whether there is such a place now. A status item that is made without one may never show;
-    /// one that was made with one comes back by itself when the place goes and comes.
+    /// Whether there is a status bar now. A status item that is created without one may never
+    /// appear; one created with it reappears by itself when the status bar ends and starts again.
     virtual bool isAvailable() const = 0;
-    /// Calls back after each change of the answer, until it is set again, or to nothing.
+    /// Called after each change of isAvailable(). Replaces the former observer; empty for none.
     virtual void setObserver(std::function<void()> changed) = 0;
 };
 

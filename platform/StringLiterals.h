@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// u"..."_s, the one way in which the program writes a QString.
+// u"..."_s, the way to write a QString literal in this program.
 #pragma once
 
 #include <QtCore/QString>

@@ -15,8 +15,8 @@
 namespace lumbrix::platform
 {
 
-/// Main thread. A key that was never written, or whose value does not read as the type asked for,
-/// gives 0, 0.0, false or null; nothing is registered as a fallback.
+/// Main thread. A key that was never written, or whose value cannot be read as the requested type,
+/// returns 0, 0.0, false or null; there are no registered fallbacks.
 class UserDefaults
 {
 public:
@@ -37,8 +37,8 @@ public:
     virtual void setData(const QByteArray& value, const QString& key) = 0;
     virtual void removeObjectForKey(const QString& key) = 0;
 
-    /// Writes what changed and reads what others wrote. False when it could not be written; the
-    /// values are kept and the next call tries again.
+    /// Writes changes and reads what other programs wrote. False if writing failed; the values are
+    /// kept and the next call tries again.
     virtual bool synchronize() = 0;
 };
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// What the clock on the wall shows. For what is measured rather than shown there is the run loop's.
+// The time of day. For measuring time use the run loop's clock.
 #pragma once
 
 #include <QtCore/QDateTime>
@@ -15,12 +15,12 @@ class WallClock
 {
 public:
     virtual ~WallClock() = default;
-    /// The present time in the user's time zone, which the answer carries and which may be another
-    /// one next time. May jump either way.
+    /// The current time in the user's time zone. The result contains the zone, which may be another
+    /// one in the next call. The time may jump forwards or backwards.
     virtual QDateTime now() const = 0;
 
-    /// The day of `present`, a time that carries its zone, lies between these. Both are that
-    /// zone's; there are days of 23 and of 25 hours, and days that begin at one.
+    /// The start and end of the day of `present`, which contains its zone. Both are in that zone.
+    /// Some days have 23 or 25 hours, and some start at one o'clock.
     static QDateTime startOfDay(const QDateTime& present)
     {
         return present.date().startOfDay(present.timeZone());

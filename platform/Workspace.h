@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// Which applications run, and what can be done with a whole application.
+// The running applications, and operations on a whole application.
 #pragma once
 
 #include <QtCore/QString>
@@ -35,7 +35,7 @@ struct RunningApplication {
     std::int32_t pid = 0;
     QString bundleIdentifier;
     QString localizedName;
-    QUrl bundleURL;     ///< what a Dock item's "AXURL" is compared with
+    QUrl bundleURL;     ///< compared with a Dock item's "AXURL"
     QUrl executableURL; ///< may be empty
     ApplicationRole role = ApplicationRole::Other;
 };
@@ -55,12 +55,13 @@ enum class WorkspaceNotification {
     DidLaunchApplication,
     DidTerminateApplication,
     DidActivateApplication,
-    ActiveSpaceDidChange, ///< the pid is 0, as in what follows
+    ActiveSpaceDidChange, ///< the pid is 0, as in the notifications below
     SystemUIModeDidChange,
-    /// The Dock has other items, in other places, or hides them. Not told on every platform.
+    /// The Dock's items have changed or moved, or are now hidden or shown. Not sent on every
+    /// platform.
     DockItemsDidChange,
-    /// There are other screens, in other places, or another one is the main one: all coordinates
-    /// mean something else.
+    /// Screens were added, removed or moved, or another one is the main screen: coordinates have a
+    /// new meaning.
     ScreensDidChange,
     /// The computer goes to sleep, after which the screen may be locked. Not told on every
     /// platform.
@@ -74,7 +75,7 @@ public:
     virtual ~WorkspaceSubscription() = default;
 };
 
-/// Queries: any thread. Commands return at once where the platform allows; failures are silent.
+/// Queries: any thread. Commands return at once if the platform allows it; failures are silent.
 class Workspace
 {
 public:
@@ -82,21 +83,21 @@ public:
 
     virtual ~Workspace() = default;
 
-    /// Every running application, background ones, the Dock and this program included.
+    /// All running applications, including background ones, the Dock and this program.
     virtual std::vector<RunningApplication> runningApplications() = 0;
-    /// The process ids of the regular applications, those that show in a Dock.
+    /// The process ids of the regular applications, which are those shown in a Dock.
     virtual std::vector<std::int32_t> launchedApplications() = 0;
     virtual std::optional<RunningApplication> runningApplication(std::int32_t pid) = 0;
-    /// The role of the application with this bundle URL, whether it runs or not.
+    /// The role of the application with this bundle URL, running or not.
     virtual ApplicationRole roleOfApplication(const QUrl& bundleURL) = 0;
     /// This program's own bundle identifier.
     virtual QString ownBundleIdentifier() = 0;
 
-    /// What people call the application with this identifier, whether it runs or not; null when
-    /// nothing is known of it.
+    /// The display name of the application with this identifier, running or not; null if it is not
+    /// known.
     virtual QString applicationName(const QString& bundleIdentifier) = 0;
-    /// Its icon, fitted into a square of so many pixels; null when it has none that can be read.
-    /// Reads files, so not for the main thread.
+    /// Its icon, fitted into a square with sides of `pixels`; null if it has none that can be read.
+    /// Reads files, so do not call it on the main thread.
     virtual QImage applicationIcon(const QString& bundleIdentifier, int pixels) = 0;
 
     virtual bool isHidden(std::int32_t pid) = 0;
@@ -105,11 +106,11 @@ public:
     virtual void terminate(std::int32_t pid) = 0;
     /// By application name or by executable.
     virtual bool launchApplication(const QString& name) = 0;
-    /// By its bundle or its executable; one that runs already comes forward. An executable that
-    /// several applications run from, such as an interpreter, stands for none of them.
+    /// By its bundle or its executable; an application that is already running comes forward. An
+    /// executable shared by several applications, such as an interpreter, matches none of them.
     virtual bool launchApplicationAtURL(const QUrl& url, std::uint32_t options) = 0;
 
-    /// 0 = normal; anything else while an application has the screen with the Dock for itself.
+    /// 0 = normal; other values while an application is full screen on the screen with the Dock.
     virtual std::uint32_t systemUIMode() = 0;
 
     /// Called on the main thread, in the order things happened. Main thread.

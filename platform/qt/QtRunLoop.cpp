@@ -24,7 +24,7 @@ namespace lumbrix::platform
 namespace
 {
 
-/// A timer or a delayed call that is running; its id is 0 once it no longer is.
+/// A running timer or delayed call; its id is 0 once it has ended.
 struct Entry {
     int id = 0;
     bool repeats = false;
@@ -35,8 +35,8 @@ using EntryPtr = std::shared_ptr<Entry>;
 
 } // namespace
 
-/// The one object of Qt's event loop: every timer is a timer of it, and every hop to the main
-/// thread an event to it.
+/// The one QObject behind the run loop: it owns all timers, and every call on the main thread is an
+/// event posted to it.
 class QtRunLoop::Hub final : public QObject
 {
 public:
@@ -76,7 +76,7 @@ public:
     bool isValid() const override { return m_entry->id != 0; }
     void invalidate() override
     {
-        // A valid timer is one of a hub that still exists.
+        // A timer is valid only while its hub exists.
         if (isValid())
             m_hub.stop(*m_entry);
     }
@@ -102,8 +102,8 @@ EntryPtr QtRunLoop::Hub::start(Seconds interval, bool repeats, const void* targe
 
 void QtRunLoop::Hub::stop(Entry& entry)
 {
-    // The entry may die at the end of this function, and its action with it, whose own references
-    // may stop further timers; nothing is touched after that.
+    // The entry may be destroyed at the end of this function, and with it the action, whose own
+    // references may stop further timers. Nothing may be accessed after that.
     const auto listed = m_timers.extract(std::exchange(entry.id, 0));
     if (listed)
         killTimer(listed.key());
@@ -124,7 +124,7 @@ void QtRunLoop::Hub::timerEvent(QTimerEvent* event)
     const auto found = m_timers.find(event->timerId());
     if (found == m_timers.end())
         return;
-    // Held, as the action may stop its own timer or drop the last reference to it.
+    // Keeps the entry alive, as the action may stop its own timer or drop the last reference to it.
     const EntryPtr entry = found->second;
     if (!entry->repeats)
         stop(*entry);
@@ -140,8 +140,8 @@ void QtRunLoop::Hub::post(Action action, bool waitUntilDone)
         if (m_threads.isShuttingDown())
             return;
         m_requests.push_back(request);
-        // One event for each request, posted under the lock that also orders the requests. So a
-        // request never waits for an earlier one that runs an event loop of its own.
+        // One event per request, posted under the lock that also orders the requests. So a request
+        // never waits for an earlier one that runs a nested event loop.
         QCoreApplication::postEvent(this, new QEvent(hopType));
     }
     if (waitUntilDone)
@@ -159,7 +159,7 @@ void QtRunLoop::Hub::customEvent(QEvent* /*event*/)
         m_requests.pop_front();
     }
     request->action();
-    // What the action holds is let go on the main thread.
+    // Destroy what the action captured on the main thread.
     request->action = nullptr;
     {
         const std::lock_guard lock(m_threads.mutex());

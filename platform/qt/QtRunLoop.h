@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// The run loop that users run on: Qt's event loop and real threads.
+// The run loop of the real program: Qt's event loop and real threads.
 #pragma once
 
 #include <memory>
@@ -14,8 +14,8 @@ namespace lumbrix::platform
 
 class QtThreads;
 
-/// Created and destroyed on the main thread, after and before the QCoreApplication. Timers and
-/// delayed calls are precise to the millisecond.
+/// Must be created after and destroyed before the QCoreApplication, on the main thread. Timers and
+/// delayed calls have millisecond precision.
 class QtRunLoop final : public RunLoop
 {
 public:
@@ -25,14 +25,15 @@ public:
     QtRunLoop& operator=(const QtRunLoop&) = delete;
 
     /// Ends everything: threads are cancelled, woken from sleep() and from waiting for the main
-    /// thread, and joined; timers are invalidated; delayed and queued actions are dropped. What is
-    /// queued or started later is dropped, too. Main thread.
+    /// thread, and joined; timers are invalidated; delayed and queued actions are dropped. Whatever
+    /// is queued or started later is dropped too. Main thread.
     ///
-    /// Called from within an action that a thread waits for, it releases that thread before the
+    /// If called inside an action that a thread waits for, it releases that thread before the
     /// action has returned.
     ///
-    /// False when a thread has not ended after `patience`: it goes on, and may use whatever it was
-    /// given, this loop included, so the program has to end without destroying any of that.
+    /// False if a thread has not ended after `patience`. That thread continues and may use
+    /// everything it was given, including this loop, so the program must end without destroying any
+    /// of it.
     bool shutdown(Seconds patience = 10.0);
 
     TimerPtr scheduleTimer(Seconds interval, bool repeats, Action action) override;

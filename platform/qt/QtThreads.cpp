@@ -36,7 +36,8 @@ public:
         m_body(*this);
         finish();
     }
-    /// Lets go of what the body holds, as the thread may be kept long after its end.
+    /// Destroys what the body captured, as the Thread object may be kept long after the thread has
+    /// ended.
     void finish()
     {
         m_body = nullptr;
@@ -75,8 +76,8 @@ void QtThreads::start(const std::shared_ptr<QtThread>& thread)
 void QtThreads::run(QtThread& thread)
 {
     thread.runBody();
-    // Each thread joins those that ended before it. So the handles of short-lived threads do not
-    // pile up, and the main thread is not woken for them.
+    // Each thread joins those that ended before it, so that the handles of short-lived threads do
+    // not accumulate and the main thread is not woken for them.
     std::vector<std::thread> earlier;
     {
         const std::lock_guard lock(m_mutex);
@@ -116,7 +117,7 @@ bool QtThreads::shutdown(Seconds patience)
         const auto isAwaited = [](const auto& entry) { return entry.second.handle.joinable(); };
         m_changed.wait_for(lock, std::chrono::duration<Seconds>(patience),
                            [&] { return std::ranges::none_of(m_running, isAwaited); });
-        // A library may compute for hours, and takes no notice of anybody.
+        // A library call may run for hours and cannot be cancelled.
         for (auto& [key, running] : m_running)
             if (running.handle.joinable())
                 running.handle.detach();

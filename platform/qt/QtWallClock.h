@@ -18,7 +18,7 @@ public:
     {
         const QDateTime local = QDateTime::currentDateTime();
         const QTimeZone zone = QTimeZone::systemTimeZone();
-        // A zone that has no name the toolkit knows still has an offset.
+        // A zone whose name the toolkit does not know still has an offset.
         return local.toTimeZone(zone.isValid() ? zone : QTimeZone(local.offsetFromUtc()));
     }
 };
