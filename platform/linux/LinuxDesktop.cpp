@@ -79,7 +79,8 @@ PlankWindowReader plankWindowReader(const x11::Connection& connection)
     return reader;
 }
 
-// In order of preference: a dock that tells its items beats one whose buttons have to be guessed.
+// In order of preference: a dock that reports its items comes before one whose buttons must be
+// guessed.
 DockModel::Providers makeDockProviders(RunLoop& runLoop, x11::X11Core& core,
                                        ApplicationRegistry& registry)
 {
@@ -179,7 +180,7 @@ public:
         sayWhatIsMissing();
     }
 
-    // Listeners go only after the thread that calls them.
+    // Listeners must be destroyed after the thread that calls them.
     ~LinuxDesktopImpl() override
     {
         m_runLoop.cancelPreviousPerformRequests(this);
@@ -263,7 +264,7 @@ LinuxDesktop::create(RunLoop& runLoop, const LinuxDesktopOptions& options, QStri
 {
     auto core = x11::X11Core::create(
         runLoop, {.pixelsPerPoint = options.pixelsPerPoint, .displayName = {}},
-        // As the toolkit does when it is the first to notice.
+        // As the toolkit does if it notices first.
         [&runLoop] { runLoop.performOnMainThread([] { std::exit(1); }, false); }, error);
     if (!core)
         return nullptr;

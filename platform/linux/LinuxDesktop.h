@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// The adapter for X11 desktops: makes every port, or says why it cannot.
+// The adapter for X11 desktops: creates every port, or reports why it cannot.
 #pragma once
 
 #include <QtCore/QString>
@@ -20,27 +20,28 @@ struct LinuxDesktopOptions {
     QString ownBundleIdentifier = u"lumbrix"_s;
 };
 
-/// Main thread. Owns the connections and threads; destroying it ends them.
+/// Main thread. Owns the connections and threads; the destructor ends them.
 class LinuxDesktop
 {
 public:
-    /// Keeps the display from being reset, as some are when the last program lets go of them.
+    /// Keeps the display from being reset, as some servers do when the last client disconnects.
     class DisplayHold
     {
     public:
         virtual ~DisplayHold() = default;
     };
 
-    /// Before the toolkit is started; to be held until it is. Null when there is no display to run
-    /// on; `error` then says why.
+    /// Must be called before the toolkit is started, and the result held until it is. Null if there
+    /// is no usable display; `error` then says why.
     [[nodiscard]] static std::unique_ptr<DisplayHold> prepareToolkit(QString& error);
-    /// Null when there is no X server or it lacks what the program needs; `error` then says what.
+    /// Null if there is no X server or it lacks something that the program needs; `error` then says
+    /// what.
     static std::unique_ptr<LinuxDesktop> create(RunLoop& runLoop,
                                                 const LinuxDesktopOptions& options, QString& error);
     virtual ~LinuxDesktop() = default;
     virtual const Desktop& ports() const = 0;
-    /// Ends the threads that feed the ports, which go on answering with what they know. Before the
-    /// run loop is shut down, as that waits for every thread.
+    /// Ends the threads that feed the ports; the ports still return the last known data. Must be
+    /// called before the run loop is shut down, as that waits for every thread.
     virtual void stop() = 0;
 };
 

@@ -12,7 +12,7 @@ namespace lumbrix::platform
 
 bool openPlainFile(QFile& file, const QString& path, qint64 mostBytes)
 {
-    // Looked at when it is open, as it may be replaced before.
+    // Checked after opening, as the file may be replaced before that.
     const int descriptor =
         ::open(QFile::encodeName(path).constData(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
     if (descriptor < 0)

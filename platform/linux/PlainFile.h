@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// Files that anybody may have put where we look. Any thread.
+// Reading files that any program may have put there. Any thread.
 #pragma once
 
 #include <QtCore/QByteArray>
@@ -11,11 +11,11 @@
 namespace lumbrix::platform
 {
 
-/// Opens a plain file of at most so many bytes for reading, also by way of a link. False for
-/// anything else: a pipe or a device would keep us waiting, and may have no end.
+/// Opens a regular file of at most `mostBytes` bytes for reading; follows links. False for anything
+/// else: a pipe or a device could block, and may have no end.
 bool openPlainFile(QFile& file, const QString& path, qint64 mostBytes);
 
-/// What is in such a file; nothing when there is none.
+/// The contents of such a file; empty if there is none.
 QByteArray readPlainFile(const QString& path, qint64 mostBytes);
 
 } // namespace lumbrix::platform

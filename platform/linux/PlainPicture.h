@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// Pictures that anybody may have made. Any thread.
+// Pictures from untrusted sources. Any thread.
 #pragma once
 
 #include <QtCore/QByteArray>

@@ -51,7 +51,7 @@ std::unique_ptr<LinuxDesktop::DisplayHold> LinuxDesktop::prepareToolkit(QString&
     const QByteArray plugin = qgetenv("QT_QPA_PLATFORM");
     if (plugin.isEmpty() || plugin.startsWith("wayland"))
         qputenv("QT_QPA_PLATFORM", "xcb");
-    // Tried here, because the toolkit aborts the program when it finds no display.
+    // Try it here, because the toolkit aborts the program if it finds no display.
     auto connection = std::make_unique<Connection>();
     if (connection->isOpen()) {
         // Before the toolkit uses it: what is missing may take down a server that is asked for it.

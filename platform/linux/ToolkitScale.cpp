@@ -15,7 +15,7 @@ namespace lumbrix::platform
 namespace
 {
 
-// The application's own answer is an old one while a change is being told.
+// While a change is being signalled the application still returns the old value.
 double pixelsPerPoint()
 {
     double largest = 1.0;
@@ -34,7 +34,7 @@ ToolkitScale::ToolkitScale(std::function<void(double)> changed)
         watch(screen);
 }
 
-// There is no signal for the factor itself; a screen's size in points goes with it.
+// There is no signal for the factor itself, but a screen's size in points changes with it.
 void ToolkitScale::watch(const QScreen* screen)
 {
     connect(screen, &QScreen::geometryChanged, this, &ToolkitScale::look);

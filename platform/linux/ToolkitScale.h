@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// How large the toolkit draws: it takes the factor from the desktop's settings, and anew when these
+// The toolkit's scale factor, which it takes from the desktop's settings and updates when these
 // change.
 #pragma once
 
@@ -20,7 +20,7 @@ class ToolkitScale final : public QObject
     Q_OBJECT
 
 public:
-    /// `changed` is called with the pixels per point when they are others than before.
+    /// `changed` is called with the number of pixels per point whenever that changes.
     explicit ToolkitScale(std::function<void(double)> changed);
 
 private:

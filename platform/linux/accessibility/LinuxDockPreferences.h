@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// The preferences of each dock, as it was seen last.
+// The preferences of each dock, as last read.
 #pragma once
 
 #include "platform/DockPreferences.h"
@@ -19,8 +19,9 @@ public:
     std::optional<DockEdge> orientation(const ElementRef& item) override;
     std::optional<int> magnification(const ElementRef& item) override;
     std::optional<int> autohide(const ElementRef& item) override;
-    /// Magnified places are computed, and others taken in only once they stand; by the main thread,
-    /// so that one that waits could not see them change anyway.
+    /// True: magnified positions are computed, and other positions are only recorded once they are
+    /// stable. That happens on the main thread, so code that waits there would not see them change
+    /// anyway.
     bool tellsFinalPlaces() override { return true; }
     std::vector<DockDisplay> ownDisplays(const ElementRef& item) override;
 

@@ -39,7 +39,7 @@ public:
     {
         const auto wanted = m_contexts.find(notification);
         if (pid.value_or(m_pid) == m_pid && wanted != m_contexts.end()) {
-            // The callback may destroy this observer, and with it the function that runs.
+            // The callback may destroy this observer, and with it the function being executed.
             const auto callback = m_callback;
             (*callback)(*this, element, notification, wanted->second);
         }

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// Hands notifications to the observers of a process.
+// Passes notifications to the observers of a process.
 #pragma once
 
 #include <memory>
@@ -13,16 +13,17 @@
 namespace lumbrix::platform
 {
 
-/// Main thread. Observers keep it alive, so that one which outlives the adapter ends in peace.
+/// Main thread. Observers keep it alive, so an observer may outlive the adapter.
 class ObserverHub : public std::enable_shared_from_this<ObserverHub>
 {
 public:
     std::unique_ptr<AXObserver> createObserver(std::int32_t pid, AXObserver::Callback callback);
     void notify(std::int32_t pid, const ElementRef& element, const QString& notification);
-    /// To all that asked for it, whatever the process. For what only docks tell: the one that is
-    /// observed may have ended, and nobody would learn of the end of its selection.
+    /// Passes the notification to all observers registered for it, whatever their process. For
+    /// notifications that only docks send: the observed dock may have ended, and the end of its
+    /// selection would otherwise not be reported.
     void notifyAll(const ElementRef& element, const QString& notification);
-    /// Nothing is delivered any more.
+    /// From now on nothing is delivered.
     void close() { m_observers.clear(); }
 
 private:

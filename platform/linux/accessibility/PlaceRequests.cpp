@@ -23,7 +23,7 @@ RequestError invalid(const QString& message) { return {Kind::InvalidArguments, m
 
 RequestError nothingToShow(const QString& message) { return {Kind::NothingToShow, message}; }
 
-/// What the protocol of the display can say; beyond, sums do not fit any more.
+/// The range of the X protocol; beyond it sums could overflow.
 bool isRootCoordinate(int value)
 {
     return value >= std::numeric_limits<std::int16_t>::min() &&
@@ -72,7 +72,7 @@ std::optional<RequestError> PlaceRequests::showForApplication(const QString& ent
                    ? show(state)
                    : nothingToShow(u"the application has no window"_s);
     }
-    // One without a desktop entry goes by the class of its windows.
+    // An application without a desktop entry is found by the class of its windows.
     for (Application& application : m.registry.applications()) {
         if (application.running.bundleIdentifier == id && !application.windows.empty()) {
             item.windows = std::move(application.windows);

@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// Rows of previews that were asked for by name: what may be asked, and when the pointer ends one.
+// Requests of other programs for rows of previews: checking them, and noticing when the pointer
+// ends one.
 #pragma once
 
 #include <QtCore/QRect>
@@ -24,23 +25,23 @@
 namespace lumbrix::platform
 {
 
-/// Where a row is to be, as it was asked for: nothing of it need make sense.
+/// The requested place of a row, unchecked: it may contain anything.
 struct RequestedPlace {
-    int x = 0; ///< root pixels, as is the rest
+    int x = 0; ///< root pixels, as are the others
     int y = 0;
     int width = 0;
     int height = 0;
     QString edge; ///< of the screen: "bottom", "top", "left" or "right"
 };
 
-/// Why there is no row.
+/// Why a request failed.
 struct RequestError {
     enum class Kind { InvalidArguments, Disabled, NothingToShow };
     Kind kind = Kind::InvalidArguments;
     QString message; ///< for a developer, in English
 };
 
-/// Main thread, but for the listener's part, which is on the event thread.
+/// Main thread, except for the listener's part, which runs on the event thread.
 class PlaceRequests final : public PreviewRequests, public x11::WindowListener
 {
 public:
@@ -51,22 +52,23 @@ public:
         ApplicationRegistry& registry;
         DesktopEntries& entries;
         DockModel& docks;
-        std::function<QPoint()> pointer; ///< where it is now, root pixels
+        std::function<QPoint()> pointer; ///< current position, root pixels
     };
-    static constexpr std::size_t maxWindows = 15; ///< as many as a row has
+    static constexpr std::size_t maxWindows = 15; ///< the maximum in a row
 
     explicit PlaceRequests(Parts parts) : m(std::move(parts)) {}
 
-    /// A row that was asked for has ended. When another one takes its place, before that is told.
+    /// A requested row has ended. If another one replaces it, this is called before that request
+    /// returns.
     void setEnded(std::function<void()> ended) { m_ended = std::move(ended); }
 
-    // Null = the row is there, in the place of any other. Otherwise nothing has changed.
+    // Null = the row is shown, instead of any other. Otherwise nothing has changed.
     std::optional<RequestError> showForApplication(const QString& entryId,
                                                    const RequestedPlace& place);
     std::optional<RequestError> showForWindows(const std::vector<std::uint32_t>& windows,
                                                const RequestedPlace& place);
-    void hide();    ///< nothing without a row
-    void abandon(); ///< nobody waits for its end any more; nothing without a row
+    void hide();    ///< does nothing without a row
+    void abandon(); ///< the caller has gone; does nothing without a row
 
     void setHost(Host* host) override { m_host = host; }
     void rowEnded(const ElementRef& item) override;
@@ -74,7 +76,7 @@ public:
     void pointerMoved(QPoint point, xcb_window_t childOfRoot) override;
 
 private:
-    /// What is wrong with it; else fills in the item's place and the edge.
+    /// Returns what is wrong with it, or fills in the item's position and the edge.
     std::optional<RequestError> readPlace(const RequestedPlace& place, DockState& state) const;
     std::optional<RequestError> show(const std::shared_ptr<DockState>& state);
     void pointerLeft(DockItemId id);

@@ -87,7 +87,7 @@ AXError X11Accessibility::setApplicationAttribute(std::int32_t pid, const QStrin
     if (!m.registry.application(pid))
         return AXError::InvalidUIElement;
     if (pid == m.registry.dockPid())
-        return AXError::AttributeUnsupported; // docks are neither hidden nor brought forward
+        return AXError::AttributeUnsupported; // docks cannot be hidden or brought forward
     const bool* on = std::get_if<bool>(&value);
     if (!on)
         return AXError::IllegalArgument;
@@ -112,8 +112,8 @@ AXError X11Accessibility::setWindowAttribute(xcb_window_t id, const QString& att
     const bool* on = std::get_if<bool>(&value);
     if (!on)
         return AXError::IllegalArgument;
-    // Accepted and left to the raising that goes with them: one request to the window manager
-    // brings the window up and makes it active, more would flicker.
+    // Accepted, but done by the raise action that comes with them: a single request to the window
+    // manager raises and activates the window; more of them would flicker.
     if (attribute == u"AXFrontmost" || attribute == u"AXFocused" || attribute == u"AXMain")
         return AXError::Success;
     if (attribute == u"AXMinimized") {
@@ -194,7 +194,7 @@ AXResult X11Accessibility::copyElementAtPosition(float x, float y)
         if (!window->isMapped || window->isIconic || !isHere || !window->bounds.contains(point))
             continue;
         if (window->type == x11::WindowType::Dock) {
-            // A dock's window may be far larger than what it draws and takes clicks on.
+            // A dock's window may be much larger than the part that it draws and that takes clicks.
             if (const DockItemId item = m.docks.itemAt(point))
                 return {AXError::Success, X11Element::dockItem(item)};
         } else if (isApplicationWindow(*window)) {

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// The accessibility port on an X11 desktop: applications, their windows, the dock and its items,
-// answered from what is known already, so that no read waits for another program.
+// The accessibility port on an X11 desktop: applications, their windows, the dock and its items.
+// Reads use cached data, so none waits for another program.
 #pragma once
 
 #include <memory>
@@ -16,10 +16,11 @@
 namespace lumbrix::platform
 {
 
-/// Made on the main thread before the event thread starts. An application is announced before its
-/// first window and its end after that of its last one, so it listens twice: behind the registry
-/// for new windows, before it for the ends of windows. A window that comes to say something else of
-/// its owner (a start window that becomes a document's) ends for the one and begins for the other.
+/// Created on the main thread before the event thread starts. An application must be announced
+/// before its first window, and its end after that of its last window. So this listens twice: after
+/// the registry for new windows, and before it for closed ones. A window whose owner changes (a
+/// start window that becomes a document's) is reported as closed for the former application and as
+/// new for the other.
 class X11Accessibility final : public Accessibility
 {
 public:
@@ -37,11 +38,11 @@ public:
     explicit X11Accessibility(const Parts& parts);
     ~X11Accessibility() override;
 
-    /// The server tells everything to every client.
+    /// The X server tells every client everything, so access always exists.
     bool apiEnabled() const override { return true; }
     void enableAPI() override;
     void openAPIPreferences() override;
-    void setMessagingTimeout(float) override {} // nothing here waits for an application
+    void setMessagingTimeout(float) override {} // reads never wait for an application
 
     bool tellsSwitcher() const override { return m.switcher.canRead(); }
 
@@ -88,7 +89,7 @@ private:
         const char* description;
         void (*perform)(const Parts& parts, xcb_window_t window);
     };
-    /// The one thing that can be done with elements of this kind; null when there is none.
+    /// The only action of elements of this kind; null if there is none.
     static const Action* actionOf(X11Element::Kind kind);
 
     AXError setApplicationAttribute(std::int32_t pid, const QString& attribute,

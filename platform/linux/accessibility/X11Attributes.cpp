@@ -1,8 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// The attributes of each kind of element: one table each, from which both the names and the values
-// are answered.
+// The attributes of each kind of element: one table per kind, used for both names and values.
 #include "platform/linux/accessibility/X11Attributes.h"
 
 #include <algorithm>
@@ -217,7 +216,7 @@ constexpr Attribute<DockItemView> dockItemTable[] = {
          return value(self.parts().space.toPoints(item.rect).size());
      }},
     {u"AXHidden", [](const Self&, const DockItemView& item) { return value(item.isHidden); }},
-    // An item that says whether its application runs is taken for an application's.
+    // An item that reports whether its application runs counts as an application item.
     {u"AXIsApplicationRunning",
      [](const Self&, const DockItemView& item) {
          return item.isMinimizedWindow ? unsupported() : value(item.isRunning);
@@ -249,7 +248,7 @@ constexpr Attribute<Switcher> switcherListTable[] = {
      [](const Self& self, const Switcher&) {
          return value(X11Element::application(self.parts().registry.dockPid()));
      }},
-    // Of the others nothing is known.
+    // Nothing is known about the others.
     {u"AXChildren",
      [](const Self&, const Switcher& switcher) {
          return elements({X11Element::switcherEntry(switcher.pid)});
@@ -268,7 +267,7 @@ struct Entry {
 
 constexpr Attribute<Entry> switcherEntryTable[] = {
     {u"AXRole", [](const Self&, const Entry&) { return text("AXButton"); }},
-    // As on the dock, which may know the application by another name than it has itself.
+    // The title on the dock, which may use another name for the application than its own.
     {u"AXTitle",
      [](const Self& self, const Entry& entry) {
          const RunningApplication& running = entry.application.running;
@@ -286,7 +285,7 @@ constexpr Attribute<Entry> switcherEntryTable[] = {
          return value(X11Element::application(entry.application.running.pid));
      }},
     {u"AXParent", [](const Self&, const Entry&) { return value(X11Element::switcherList()); }},
-    // Where in the list it is cannot be known everywhere.
+    // Its position in the list is not known for every switcher.
     {u"AXPosition",
      [](const Self& self, const Entry& entry) {
          return value(self.parts().space.toPoints(entry.list).topLeft());
@@ -392,7 +391,7 @@ AXNames X11Attributes::names(const ElementRef& element) const
     AXNames result;
     result.error = visit(element, [&](const auto& table, const auto& subject) {
         for (const auto& attribute : table) {
-            // Some rows are for some of the elements only.
+            // Some rows apply to some of the elements only.
             if (attribute.read(*this, subject).error != AXError::AttributeUnsupported)
                 result.names.push_back(QString::fromUtf16(attribute.name));
         }

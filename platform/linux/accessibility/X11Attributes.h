@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// What each kind of element of an X11 desktop can be read for.
+// The readable attributes of each kind of element of an X11 desktop.
 #pragma once
 
 #include "platform/linux/accessibility/X11Element.h"
@@ -30,24 +30,24 @@ public:
         AXResult (*read)(const X11Attributes& self, const Subject& subject);
         bool isSettable = false;
     };
-    /// What the one element of its kind is made of.
+    /// The data that an element's attributes are read from.
     struct Nothing {
     };
 
     explicit X11Attributes(const Parts& parts) : m(parts) {}
 
     AXResult read(const ElementRef& element, const QString& name) const;
-    /// Those that read() supports, whether they have a value or not.
+    /// The attributes that read() supports, with or without a value.
     AXNames names(const ElementRef& element) const;
     AXResult isSettable(const ElementRef& element, const QString& name) const;
 
     const Parts& parts() const { return m; }
-    /// The process that owns the active window; 0 when no application's window is active.
+    /// The process that owns the active window; 0 if no application's window is active.
     std::int32_t activePid() const;
 
 private:
-    /// Gives the element's table and what its rows are read from; or the reason why nothing can be
-    /// read.
+    /// Looks up the element's table and the data for its rows; or returns the reason why nothing
+    /// can be read.
     template <class Use> AXError visit(const ElementRef& element, Use use) const;
 
     template <class Use> AXError visitSwitcher(const X11Element& element, Use use) const;

@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// An element of an X11 desktop: only what it stands for; everything else is looked up when read.
+// An element of an X11 desktop. It contains only its identity; everything else is looked up when
+// read.
 #pragma once
 
 #include <xcb/xcb.h>
@@ -26,7 +27,7 @@ public:
         DockList,    ///< the list of the dock's items
         DockItem,
         SwitcherList,  ///< of the window manager's switcher
-        SwitcherEntry, ///< an application in it, by process id; 0 for none
+        SwitcherEntry, ///< an application in the switcher, by process id; 0 for none
     };
 
     static ElementRef systemWide() { return make(Kind::SystemWide, 0); }
@@ -35,8 +36,8 @@ public:
         return make(Kind::Application, static_cast<std::uint32_t>(pid));
     }
     static ElementRef window(xcb_window_t id) { return make(Kind::Window, id); }
-    /// A window that has just gone. It still says that it was a window, so that the one who is told
-    /// of its end can tell what ended.
+    /// A window that has just been closed. It still reports the role of a window, so that the
+    /// receiver of the notification knows what was closed.
     static ElementRef goneWindow(xcb_window_t id) { return make(Kind::Window, id, true); }
     static ElementRef closeButton(xcb_window_t id) { return make(Kind::CloseButton, id); }
     static ElementRef dockList() { return make(Kind::DockList, 0); }
@@ -48,7 +49,7 @@ public:
         return make(Kind::SwitcherEntry, static_cast<std::uint32_t>(pid));
     }
 
-    /// Null when it is null or another adapter's.
+    /// Null if it is null or belongs to another adapter.
     static const X11Element* from(const ElementRef& element)
     {
         return dynamic_cast<const X11Element*>(element.get());

@@ -10,7 +10,7 @@ namespace lumbrix::platform
 
 namespace
 {
-// How long windows may take to become iconic before hiding counts as refused, in seconds.
+// Seconds that windows may take to become iconic before hiding counts as refused.
 constexpr double hideGrace = 1.0;
 } // namespace
 

@@ -32,14 +32,14 @@ public:
     void remove(xcb_window_t id);
     std::vector<xcb_window_t> windows() const; ///< in the order they appeared
     bool isEmpty() const { return m_windows.empty(); }
-    /// Has a window that task bars show.
+    /// Whether it has a window that task bars show.
     bool isRegular() const;
 
-    /// These windows were asked to become iconic. The application counts as hidden while all of
-    /// them are, and for a moment before.
+    /// These windows were requested to become iconic. The application counts as hidden while all of
+    /// them are iconic, and for a moment before that.
     void markHidden(const std::vector<xcb_window_t>& windows, double now);
     bool isHidden(double now) const;
-    /// Ends being hidden; the windows that were.
+    /// Ends the hidden state; returns the windows that were hidden.
     std::vector<xcb_window_t> takeHidden(double now);
 
 private:

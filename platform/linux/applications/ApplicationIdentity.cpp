@@ -16,7 +16,7 @@ namespace
 
 DesktopEntryPtr entryByClass(const x11::TrackedWindow& window, DesktopEntries& entries)
 {
-    // The instance first: web applications of one browser differ only there.
+    // The instance part first: web applications of one browser differ only there.
     for (const QString& half : {window.classInstance, window.className})
         if (DesktopEntryPtr entry = entries.byStartupWmClass(half))
             return entry;
@@ -31,7 +31,7 @@ DesktopEntryPtr entryFor(const x11::TrackedWindow& window, const ProcessNames& n
 {
     if (DesktopEntryPtr entry = entryByClass(window, entries))
         return entry;
-    // Programs are started in the moment they are installed.
+    // Programs may be started right after they are installed.
     entries.lookAgain();
     if (DesktopEntryPtr entry = entryByClass(window, entries))
         return entry;

@@ -26,21 +26,21 @@ struct ApplicationIdentity {
     ApplicationRole role() const;
 };
 
-/// By desktop entry: the one whose StartupWMClass, then whose id is a half of WM_CLASS, then the
-/// one of the window's program. Without an entry by WM_CLASS, then by program. Any thread; may
-/// read files.
+/// By desktop entry: the one whose StartupWMClass matches either part of WM_CLASS, then the one
+/// whose id does, then the one of the window's program. Without an entry by WM_CLASS, then by
+/// program. Any thread; may read files.
 ApplicationIdentity identifyApplication(const x11::TrackedWindow& window, DesktopEntries& entries,
                                         const ProcessReader& reader);
 
-/// The file of the entry, or else a made-up one; a file in either case, because callers compare
-/// paths.
+/// The URL of the entry's file, otherwise a made-up one; a file URL in either case, because callers
+/// compare paths.
 QUrl bundleUrlOf(const DesktopEntryPtr& entry, const QString& key);
 
-/// Whether both states of a window tell the same of who owns it.
+/// Whether both states of a window identify the same owner.
 bool isSameOwner(const x11::TrackedWindow& before, const x11::TrackedWindow& after);
 
-/// Whether windows of this type belong to the user's work: docks, desktops, menus and the like do
-/// not make an application.
+/// Whether windows of this type belong to an application: docks, desktops, menus and the like do
+/// not.
 bool isApplicationWindow(const x11::TrackedWindow& window);
 
 } // namespace lumbrix::platform

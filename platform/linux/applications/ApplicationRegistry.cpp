@@ -12,7 +12,8 @@ namespace lumbrix::platform
 namespace
 {
 
-// An office suite's writer and calculator are one program, but know their windows apart.
+// An office suite's word processor and spreadsheet are one program, but their windows have
+// different classes.
 bool areParts(const DesktopEntry& one, const DesktopEntry& other)
 {
     return !one.startupWmClass.isEmpty() && !other.startupWmClass.isEmpty() &&
@@ -68,7 +69,7 @@ ApplicationRegistry::Group& ApplicationRegistry::insert(const x11::TrackedWindow
                                                         const ApplicationIdentity& identity)
 {
     Group* group = nullptr;
-    // A dialog that says nothing of itself belongs where its parent belongs.
+    // A dialog without information about its owner belongs to its parent's application.
     if (!identity.entry && identity.className.isEmpty() && window.transientFor != XCB_NONE)
         group = groupOf(window.transientFor);
     for (const auto& known : m_groups)
@@ -120,7 +121,7 @@ ApplicationRegistry::Group* ApplicationRegistry::groupWithPid(std::int32_t pid)
     return it == m_groups.end() ? nullptr : it->get();
 }
 
-// The tracker knows windows before its listeners do; an answer must not depend on who is faster.
+// The tracker knows windows before its listeners do; the result must not depend on that order.
 void ApplicationRegistry::meetAll()
 {
     for (const x11::TrackedWindowPtr& window : m_tracker.windows())
@@ -147,7 +148,8 @@ std::int32_t ApplicationRegistry::meet(const x11::TrackedWindow& window)
         return window.pid.value_or(0);
     if (const Group* group = groupOf(window.id))
         return group->running().pid;
-    // Asked under our lock: if the tracker still has it, its removal is yet to be told to us.
+    // Checked under our lock: if the tracker still has the window, we will be told of its removal
+    // later.
     if (!m_tracker.window(window.id))
         return window.pid.value_or(0);
     return insert(window, identify(window)).running().pid;
@@ -210,7 +212,7 @@ std::optional<Application> ApplicationRegistry::applicationForDesktopFile(const 
                                              m_entries.byStartupWmClass(entry->startupWmClass)})
             if (other && !areParts(*entry, *other))
                 keys << u"entry:"_s + other->id;
-        // Windows that were grouped without knowing the entry.
+        // Windows that were grouped before the entry was known.
         for (const QString& name : {entry->startupWmClass, entry->executable(), entry->id})
             keys << u"class:"_s + name.toLower();
     }
@@ -253,7 +255,8 @@ void ApplicationRegistry::changeDock(std::int32_t pid)
         return;
     if (m_dockPid != 0)
         tell(WorkspaceNotification::DidTerminateApplication, m_dockPid);
-    // A window of the dock program (its preferences) may have come first and taken the number.
+    // A window of the dock program (its preferences) may have appeared first and taken the process
+    // id.
     Group* group = pid != 0 ? groupWithPid(pid) : nullptr;
     if (group && group != m_groups.front().get()) {
         tell(WorkspaceNotification::DidTerminateApplication, pid);

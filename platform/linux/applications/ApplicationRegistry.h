@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// Groups the managed windows into applications, and says which process stands for each.
+// Groups the managed windows into applications, each with one representative process.
 #pragma once
 
 #include <QtCore/QHash>
@@ -29,10 +29,10 @@ struct Application {
     std::vector<xcb_window_t> windows; ///< in the order they appeared
 };
 
-/// Any thread; the listener's part on the event thread. An application lives from its first window
-/// to its last; its process id is that of the window that came first, made up (from 0x40000000)
-/// where the window has none or another application already goes by it. This program and the dock
-/// are applications without windows.
+/// Any thread; the listener's part on the event thread. An application exists from its first window
+/// to its last. Its process id is that of its first window, or a made-up one (from 0x40000000) if
+/// the window has none or another application already uses it. This program and the dock are
+/// applications without windows.
 class ApplicationRegistry final : public x11::WindowListener
 {
 public:
@@ -40,7 +40,7 @@ public:
         std::int32_t pid = 0;
         QString bundleIdentifier;
     };
-    /// Told while the registry is locked, in the order things happen; must only pass it on.
+    /// Called while the registry is locked, in the order of events; must only forward the event.
     using Sink = std::function<void(WorkspaceNotification, std::int32_t pid)>;
     using Clock = std::function<double()>;
 
@@ -49,27 +49,27 @@ public:
 
     /// Before the event thread starts.
     void setSink(Sink sink);
-    /// The dock program's process; 0 = none runs.
+    /// Sets the dock program's process; 0 = none runs.
     void setDock(std::int32_t pid);
-    /// The process that stands in for the dock program while none runs; 0 = none.
+    /// Sets the process that is used instead of the dock program while none runs; 0 = none.
     void setDockStandIn(std::int32_t pid);
-    /// Of the dock program or its stand-in.
+    /// The process of the dock program or its stand-in.
     std::int32_t dockPid() const;
     const Own& own() const { return m_own; }
 
-    /// 0 when nothing is known of the owner. Also for windows the registry has not met yet.
+    /// 0 if the owner is not known. Also works for windows that the registry has not seen yet.
     std::int32_t ownerPidOf(const x11::TrackedWindow& window);
     /// The application of the window, by the same word; null for one that belongs to none.
     std::optional<RunningApplication> ownerOf(const x11::TrackedWindow& window);
     std::vector<Application> applications();
     std::optional<Application> application(std::int32_t pid);
-    /// The running application of a desktop entry, also where the entry is another one of the same
-    /// program than the one its windows were grouped by. Null when it does not run.
+    /// The running application of a desktop entry, even if its windows were grouped by another
+    /// entry of the same program. Null if it does not run.
     std::optional<Application> applicationForDesktopFile(const QString& path);
 
-    /// The windows were asked to become iconic, together.
+    /// The windows were requested to become iconic, together.
     void markHidden(std::int32_t pid, const std::vector<xcb_window_t>& windows);
-    /// Forgets and returns the windows that markHidden named and that are still iconic.
+    /// Returns the windows given to markHidden() that are still iconic, and forgets them.
     std::vector<xcb_window_t> takeHidden(std::int32_t pid);
 
     void windowAdded(const x11::TrackedWindowPtr& window) override;
@@ -89,7 +89,7 @@ private:
     void remove(xcb_window_t id);
     void changeDock(std::int32_t pid);
     void meetAll();
-    /// Puts the window into its application; its owner's process id.
+    /// Adds the window to its application; returns its owner's process id.
     std::int32_t meet(const x11::TrackedWindow& window);
     Group* groupOf(xcb_window_t id);
     Group* groupWithPid(std::int32_t pid);
@@ -107,9 +107,9 @@ private:
     Sink m_sink;
 
     mutable std::mutex m_mutex;
-    std::vector<std::unique_ptr<Group>> m_groups; ///< this program first, then as they appeared
+    std::vector<std::unique_ptr<Group>> m_groups; ///< this program first, then oldest first
     QHash<quint32, Group*> m_groupOfWindow;
-    std::int32_t m_dockPid = 0; ///< what the next two come to
+    std::int32_t m_dockPid = 0; ///< the effective one of the next two
     std::int32_t m_runningDock = 0;
     std::int32_t m_dockStandIn = 0;
     std::int32_t m_nextSyntheticPid = 0x40000000;

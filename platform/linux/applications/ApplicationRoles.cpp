@@ -16,8 +16,8 @@ struct Row {
     const char* id;
 };
 
-// Ids as distributions, the programs' own packages and sandboxes name their desktop entries; a
-// program that was renamed stands here under all its names.
+// Ids of desktop entries as named by distributions, the programs' own packages and sandboxes; a
+// renamed program is listed under all its names.
 //
 // Evolution shows mail first and a calendar second. As a calendar its windows would never be
 // previewed, so only an entry that opens nothing but the calendar counts as one.

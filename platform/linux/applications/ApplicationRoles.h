@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// What the programs of this desktop are to their user.
+// The roles of this desktop's programs: players, mail and calendars.
 #pragma once
 
 #include <QtCore/QString>
@@ -12,17 +12,16 @@
 namespace lumbrix::platform
 {
 
-/// The one table of programs with a role. Any thread; case is ignored.
+/// The table of programs with a role. Any thread; case is ignored.
 
-/// By the id of a desktop entry, or by what stands for it where a window has no entry: WM_CLASS or
-/// the program.
+/// By the id of a desktop entry; for a window without an entry by WM_CLASS or the program.
 ApplicationRole roleOfApplicationId(const QString& id);
 
-/// By its id, else by the program that it starts.
+/// By its id, otherwise by the program that it starts.
 ApplicationRole roleOfEntry(const DesktopEntry& entry);
 
-/// By the last word of such an id too, as in a media player's name on the message bus:
-/// "Lollypop" for org.gnome.Lollypop.
+/// Also by the last part of such an id, as in a media player's bus name: "Lollypop" for
+/// org.gnome.Lollypop.
 ApplicationRole roleOfShortName(const QString& name);
 
 } // namespace lumbrix::platform

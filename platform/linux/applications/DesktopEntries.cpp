@@ -23,9 +23,9 @@ namespace
 
 constexpr double lookInterval = 2.0;
 constexpr std::int64_t clockTick = 100; // milliseconds, generously
-constexpr qint64 maximalFileSize = qint64{1024} * 1024;
+constexpr qint64 maximumFileSize = qint64{1024} * 1024;
 
-constexpr std::size_t maximalStrays = 1000;
+constexpr std::size_t maximumStrays = 1000;
 
 std::int64_t folderTime(const QString& folder)
 {
@@ -35,8 +35,9 @@ std::int64_t folderTime(const QString& folder)
 
 QString lastWord(const QString& id) { return id.section(u'.', -1); }
 
-// Of several entries that start one program, the one that stands for the program itself: shown in
-// menus, named like it, started without options. "mousepad" is org.xfce.mousepad, not its settings.
+// Among several entries that start the same program, prefers the main one: shown in menus, named
+// like the program, started without options. For example, "mousepad" is org.xfce.mousepad, not its
+// settings.
 auto executableRank(const DesktopEntry& entry)
 {
     const QString program = entry.executable().toLower();
@@ -91,8 +92,8 @@ void DesktopEntries::scan()
     m_folderTimes.clear();
     const std::int64_t started = QDateTime::currentMSecsSinceEpoch();
     const auto noteTime = [&](const QString& folder) {
-        // A change within the same tick of the file system's clock would not show; so a folder
-        // that was just changed counts as changed the next time, too.
+        // A second change within one tick of the file system's clock would not be visible, so a
+        // folder that was changed just now counts as changed the next time, too.
         const std::int64_t time = folderTime(folder);
         m_folderTimes[folder] = started - time < clockTick ? -1 : time;
     };
@@ -119,7 +120,7 @@ void DesktopEntries::scan()
                 m_files.insert(known.extract(old));
             const CachedFile& file = readFile(m_files, info, id);
             if (ids.contains(id))
-                continue; // masked by a folder further up
+                continue; // masked by a more important folder
             if (file.entry || file.isHidden)
                 ids.insert(id);
             if (file.entry)
@@ -139,7 +140,7 @@ const DesktopEntries::CachedFile& DesktopEntries::readFile(std::map<QString, Cac
     if (cached.modified == modified && cached.size == info.size())
         return cached;
     cached = {.modified = modified, .size = info.size(), .isHidden = false, .entry = nullptr};
-    if (const QByteArray text = readPlainFile(path, maximalFileSize); !text.isEmpty()) {
+    if (const QByteArray text = readPlainFile(path, maximumFileSize); !text.isEmpty()) {
         auto entry = parseDesktopEntry(text, id, path, m_locales, cached.isHidden);
         if (entry)
             cached.entry = std::make_shared<const DesktopEntry>(std::move(*entry));
@@ -152,7 +153,7 @@ void DesktopEntries::rebuildIndices()
     for (Index* index :
          {&m_byId, &m_byPath, &m_byStartupWmClass, &m_byLastWord, &m_byExecutable, &m_byName})
         index->clear();
-    // Entries that menus do not show stand last, so the first one found is the best.
+    // Entries that menus do not show come last, so the first match is the best.
     std::stable_partition(m_entries.begin(), m_entries.end(),
                           [](const DesktopEntryPtr& entry) { return !entry->noDisplay; });
     const auto insertFirst = [](Index& index, const QString& key, const DesktopEntryPtr& entry) {
@@ -167,7 +168,7 @@ void DesktopEntries::rebuildIndices()
         insertFirst(m_byName, entry->name, entry);
         const QString program = entry->executable().toLower();
         if (program.isEmpty() || entry->terminal)
-            continue; // the window of a terminal program is the terminal's
+            continue; // a terminal program's window belongs to the terminal
         const DesktopEntryPtr other = m_byExecutable.value(program);
         if (!other || executableRank(*entry) < executableRank(*other))
             m_byExecutable.insert(program, entry);
@@ -194,7 +195,7 @@ DesktopEntryPtr DesktopEntries::byPath(const QString& path)
     const QFileInfo file(path);
     if (!path.endsWith(u".desktop"_s) || !file.isFile())
         return nullptr;
-    if (m_strays.size() > maximalStrays)
+    if (m_strays.size() > maximumStrays)
         m_strays.clear();
     return readFile(m_strays, file, file.completeBaseName()).entry;
 }

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// The desktop entries of this user, found by what a window says of itself.
+// The user's desktop entries, found by a window's properties.
 #pragma once
 
 #include <QtCore/QFileInfo>
@@ -18,8 +18,8 @@
 namespace lumbrix::platform
 {
 
-/// Any thread. Folders are looked at again when they changed, at most every two seconds; only
-/// files that are new or changed are read. Look-ups ignore case and give null when nothing fits.
+/// Any thread. Changed folders are read again, at most every two seconds; only new or changed files
+/// are read. Look-ups ignore case and return null if nothing matches.
 class DesktopEntries
 {
 public:
@@ -31,16 +31,16 @@ public:
     DesktopEntries(QStringList folders, QStringList locales, Clock clock);
 
     DesktopEntryPtr byId(const QString& id);
-    /// Also of an entry outside the folders, which no other look-up finds.
+    /// Also for an entry outside the folders, which no other look-up finds.
     DesktopEntryPtr byPath(const QString& path);
     DesktopEntryPtr byStartupWmClass(const QString& name);
-    /// By id, or by the last word of an id such as org.example.Editor.
+    /// By id, or by the last part of an id such as org.example.Editor.
     DesktopEntryPtr byApplicationId(const QString& name);
-    /// By the base name of the program; terminal programs are never found so.
+    /// By the base name of the program; terminal programs are never found this way.
     DesktopEntryPtr byExecutable(const QString& baseName);
     DesktopEntryPtr byName(const QString& name);
 
-    /// Looks at the folders now, for what was installed since the last time.
+    /// Checks the folders now for what was installed since the last check.
     void lookAgain();
 
 private:
@@ -48,7 +48,7 @@ private:
         std::int64_t modified = 0; ///< milliseconds
         std::int64_t size = 0;
         bool isHidden = false;
-        DesktopEntryPtr entry; ///< null when it describes no application
+        DesktopEntryPtr entry; ///< null if it does not describe an application
     };
     using Index = QHash<QString, DesktopEntryPtr>;
 

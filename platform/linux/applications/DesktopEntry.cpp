@@ -46,7 +46,7 @@ QHash<QByteArray, QByteArray> keysOfMainGroup(const QByteArray& text)
         const QByteArray line = raw.trimmed();
         if (line.startsWith('[')) {
             if (inGroup)
-                break; // the actions that may follow have names and commands of their own
+                break; // actions after this group have names and commands of their own
             inGroup = line == "[Desktop Entry]";
         } else if (inGroup && !line.isEmpty() && !line.startsWith('#')) {
             const qsizetype equals = line.indexOf('=');
@@ -139,7 +139,7 @@ QStringList execArguments(const QString& exec)
         } else if (c.isSpace() && !inQuotes) {
             finish();
         } else if (c == u'%' && i + 1 < exec.size()) {
-            // %% is a percent sign; the others name files or looks that we have none of.
+            // %% is a percent sign; the others stand for files or icons, which we do not pass.
             if (exec[++i] == u'%') {
                 word += u'%';
                 inWord = true;

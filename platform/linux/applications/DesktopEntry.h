@@ -19,7 +19,7 @@ struct DesktopEntry {
     QString path;
     QString name; ///< localized; never empty
     QString icon; ///< a name in the icon theme, or the path of a file; may be empty
-    QString exec; ///< the command line as it stands in the entry
+    QString exec; ///< the unparsed command line of the entry
     QString workingDirectory;
     QString startupWmClass;
     bool terminal = false;
@@ -35,13 +35,13 @@ QStringList localeSpellings(const QString& locale);
 /// The user's, from the environment.
 QStringList localeSpellings();
 
-/// Null when the text describes no application, or one that counts as deleted (`isHidden` is then
-/// true, so that entries of the same id further down the search path are masked).
+/// Null if the text does not describe an application, or one that counts as deleted (`isHidden` is
+/// then true, and entries with the same id further down the search path are masked).
 std::optional<DesktopEntry> parseDesktopEntry(const QByteArray& text, const QString& id,
                                               const QString& path, const QStringList& locales,
                                               bool& isHidden);
 
-/// The words of an Exec line: quotes resolved, field codes taken out.
+/// The words of an Exec line, with quotes resolved and field codes removed.
 QStringList execArguments(const QString& exec);
 
 } // namespace lumbrix::platform

@@ -10,9 +10,9 @@
 namespace lumbrix::platform
 {
 
-/// Any thread, but not the main one. The picture in a file of another program, fitted into the
-/// middle of a square of so many pixels; null when it cannot be read, is larger than any icon, is
-/// of a format that icons do not have, or needs other files.
+/// Any thread except the main one. The picture in another program's file, fitted into the middle of
+/// a square with sides of `pixels`; null if it cannot be read, is larger than any icon, has a
+/// format not used for icons, or refers to other files.
 QImage readIconFile(const QString& path, int pixels);
 
 /// The same of what is in the file; `isDrawing` tells an SVG drawing from a picture of pixels.

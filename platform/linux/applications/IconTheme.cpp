@@ -58,7 +58,7 @@ QString IconTheme::find(const QString& name, int pixels)
 {
     if (name.contains(u'/'))
         return isPlainFile(name) ? name : QString();
-    // Some entries name their icon with the suffix of one of its files.
+    // Some entries include the file suffix in the icon name.
     QString stem = name;
     for (const char* suffix : suffixes) {
         const QString end = u'.' + QLatin1String(suffix);

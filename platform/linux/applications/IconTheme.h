@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// Where the picture behind an icon's name is.
+// Finds the file for an icon name.
 #pragma once
 
 #include <QtCore/QString>
@@ -23,12 +23,12 @@ public:
     /// The icon folders of this user, most important first.
     static QStringList defaultFolders();
 
-    /// `theme` is asked first, then those it builds on, then what every application may count on,
-    /// then the folders themselves.
+    /// Searches `theme` first, then the themes it inherits from, then the theme that every
+    /// application can rely on, then the folders themselves.
     IconTheme(QStringList folders, const QString& theme);
 
-    /// The file that suits a square of so many pixels best; empty when there is none. A name with a
-    /// slash is the path of a file, and comes back if there is such a file.
+    /// The best file for a square with sides of `pixels`; empty if there is none. A name with a
+    /// slash is a path, which is returned if the file exists.
     QString find(const QString& name, int pixels);
 
 private:

@@ -25,7 +25,8 @@ bool start(const QString& program, const QStringList& arguments, const QString& 
     process.setProgram(path);
     process.setArguments(arguments);
     process.setWorkingDirectory(QFileInfo(folder).isDir() ? folder : QDir::homePath());
-    // What it prints is not ours to show, and must not stop it when we end first.
+    // Its output is discarded: it should not appear as ours, and the program must not fail on a
+    // closed pipe if we end first.
     process.setStandardOutputFile(QProcess::nullDevice());
     process.setStandardErrorFile(QProcess::nullDevice());
     return process.startDetached();

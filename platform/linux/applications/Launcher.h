@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// Starts programs that live on without us.
+// Starts programs that keep running when this one ends.
 #pragma once
 
 #include <QtCore/QUrl>
@@ -11,14 +11,14 @@
 namespace lumbrix::platform
 {
 
-/// Any thread; false when nothing could be started.
+/// Any thread; false if nothing could be started.
 bool launchEntry(const DesktopEntry& entry);
 bool launchExecutable(const QString& program);
 /// A program and its arguments.
 bool launchCommand(const QStringList& words);
 /// The URL of a desktop entry or of a program.
 bool launchUrl(DesktopEntries& entries, const QUrl& url);
-/// By the name that menus show, by entry id, or by program.
+/// By the name shown in menus, by entry id, or by program.
 bool launchByName(DesktopEntries& entries, const QString& name);
 
 } // namespace lumbrix::platform

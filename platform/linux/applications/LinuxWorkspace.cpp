@@ -131,7 +131,7 @@ QString LinuxWorkspace::applicationName(const QString& bundleIdentifier)
     for (const Application& application : m_registry.applications())
         if (application.running.bundleIdentifier == bundleIdentifier)
             return application.running.localizedName;
-    // What has no desktop entry goes by its windows' class: a name after all.
+    // An application without a desktop entry is named by the class of its windows.
     return bundleIdentifier;
 }
 
@@ -176,7 +176,7 @@ void LinuxWorkspace::terminate(std::int32_t pid)
 {
     const auto application = m_registry.application(pid);
     if (!application || pid == m_registry.own().pid || pid == m_registry.dockPid())
-        return; // neither may go away because a name resembles another's
+        return; // neither may be ended because its name resembles another
     for (const xcb_window_t id : application->windows)
         m_tracker.close(id);
 }
@@ -199,18 +199,19 @@ bool LinuxWorkspace::launchApplicationAtURL(const QUrl& url, std::uint32_t)
     auto meant = running(&RunningApplication::bundleURL);
     if (meant.empty())
         meant = running(&RunningApplication::executableURL);
-    // An interpreter: any choice could bring another program forward.
+    // Several applications share the executable, as with an interpreter: choosing one could bring
+    // the wrong program forward.
     if (meant.size() > 1)
         return false;
-    // Starting the program of one that runs would often start a second one, and for many a script
-    // only its interpreter.
+    // Starting the executable of a running application would often start a second instance, and for
+    // a script only its interpreter.
     if (!meant.empty() && !meant.front()->windows.empty()) {
         m_raiser.activate(meant.front()->running.pid);
         return true;
     }
     if (launchUrl(m_entries, url))
         return true;
-    // A running application without a desktop entry goes by a made-up URL.
+    // A running application without a desktop entry has a made-up URL.
     return !meant.empty() && !meant.front()->running.executableURL.isEmpty() &&
            launchExecutable(meant.front()->running.executableURL.toLocalFile());
 }

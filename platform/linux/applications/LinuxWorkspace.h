@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// The running applications of an X11 desktop and what can be done with one as a whole.
+// The running applications of an X11 desktop, and operations on a whole application.
 #pragma once
 
 #include "platform/RunLoop.h"
@@ -18,7 +18,8 @@ namespace lumbrix::platform
 class LinuxWorkspace final : public Workspace, public x11::WindowListener
 {
 public:
-    /// Before the event thread starts: becomes what the registry and the mode tell.
+    /// Must be called before the event thread starts. Registers for the events of the registry and
+    /// the mode.
     LinuxWorkspace(RunLoop& runLoop, x11::WindowTracker& tracker, ApplicationRegistry& registry,
                    DesktopEntries& entries, WindowRaiser& raiser, SystemUIMode& uiMode);
     ~LinuxWorkspace() override;

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// What a process was started as.
+// The names that a process was started with.
 #pragma once
 
 #include <QtCore/QString>
@@ -14,17 +14,17 @@ namespace lumbrix::platform
 {
 
 struct ProcessNames {
-    QString executablePath; ///< empty when it may not be seen
-    QStringList arguments;  ///< the first ones of its command line
+    QString executablePath; ///< empty if not readable
+    QStringList arguments;  ///< the first words of its command line
 
-    /// Base names to look a desktop entry up by, best first. An interpreter is replaced by the
-    /// script it runs: a program written in Python is not the application "Python".
+    /// Base names for looking up a desktop entry, the best first. An interpreter is replaced by its
+    /// script: a program written in Python is not the application "Python".
     QStringList programs() const;
 };
 
 using ProcessReader = std::function<ProcessNames(std::int32_t pid)>;
 
-/// From /proc; empty when the process is gone or not ours to see. Any thread.
+/// From /proc; empty if the process is gone or not readable. Any thread.
 ProcessNames readProcessNames(std::int32_t pid);
 
 } // namespace lumbrix::platform

@@ -22,9 +22,9 @@ void SystemUIMode::windowChanged(const x11::TrackedWindowPtr& before,
         update();
 }
 
-// A window that fills another screen leaves the dock where it is. One that is behind another is
-// below the dock, unless it has opened that one: a dialog leaves its window where it is, and so
-// does a menu or a launcher that takes the focus from all windows.
+// A full-screen window on another screen does not cover the dock. A full-screen window behind
+// another window is below the dock, except if that is a dialog of its own. It also stays above
+// while a menu or a launcher has taken the focus from all windows.
 x11::TrackedWindowPtr SystemUIMode::windowInFront()
 {
     if (const xcb_window_t active = m_tracker.activeWindow(); active != XCB_NONE)

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// Whether the active window has the screen with the dock for itself.
+// Whether the active window is full screen on the screen with the dock.
 #pragma once
 
 #include <QtCore/QRect>
@@ -14,14 +14,14 @@
 namespace lumbrix::platform
 {
 
-/// The listener's part on the event thread, the mode on any.
+/// The listener's part runs on the event thread; mode() may be called on any.
 class SystemUIMode final : public x11::WindowListener
 {
 public:
-    /// Full screen, in the numbers that a system gives its modes.
+    /// Full screen, as a number of the system UI mode.
     static constexpr std::uint32_t allHidden = 3;
 
-    /// `mainScreen` is asked on the event thread; root pixels.
+    /// `mainScreen` is called on the event thread and returns root pixels.
     SystemUIMode(x11::WindowTracker& tracker, std::function<QRect()> mainScreen);
 
     /// After the windows have been fetched, before the event thread starts.

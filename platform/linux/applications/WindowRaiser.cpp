@@ -10,7 +10,7 @@ namespace lumbrix::platform
 
 namespace
 {
-// Window managers answer within some milliseconds; a person does not click this fast.
+// Window managers answer within milliseconds; users do not click this fast.
 constexpr double underWay = 0.3;
 } // namespace
 
@@ -51,7 +51,7 @@ void WindowRaiser::activate(std::int32_t pid)
         const std::lock_guard lock(m_mutex);
         raised = isUnderWay(m_raised) ? m_raised : XCB_NONE;
     }
-    // What was just raised is about to become active, whatever is active now.
+    // A window that was just raised is about to become active, whatever is active now.
     const xcb_window_t active = raised != XCB_NONE ? raised : m_tracker.activeWindow();
     if (owns(m_tracker.window(active)))
         return;

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// Brings windows to the front, once: raising a window and activating its application are asked for
-// together and repeatedly, and each further request to the window manager could bring up another
-// window or move the focus to and fro.
+// Brings windows to the front with a single request. The engine raises a window and activates its
+// application together and repeatedly, and each further request to the window manager could raise
+// another window or move the focus back and forth.
 #pragma once
 
 #include <functional>
@@ -23,9 +23,9 @@ public:
 
     WindowRaiser(x11::WindowTracker& tracker, ApplicationRegistry& registry, Clock clock);
 
-    /// To the front and active, its desktop shown, no longer iconic.
+    /// Raises and activates the window, restores it if iconic, and switches to its desktop.
     void raise(xcb_window_t window);
-    /// The application's foremost window, unless the application is active or about to be.
+    /// Raises the application's topmost window, unless the application is active or about to be.
     void activate(std::int32_t pid);
 
 private:

@@ -9,11 +9,11 @@
 namespace lumbrix::platform
 {
 
-/// As calendar files write colours: "#rrggbb", perhaps with an opacity, which is dropped, or a
-/// name. Invalid for anything else.
+/// Parses a colour of a calendar file: "#rrggbb", optionally with an opacity, which is ignored, or
+/// a name. Invalid for anything else.
 QColor colorFromText(const QString& text);
 
-/// The colour of a calendar that has none of its own; always the same one.
+/// The colour of a calendar without a colour of its own; always the same for the same calendar.
 QColor colorForUID(const QString& uid);
 
 } // namespace lumbrix::platform

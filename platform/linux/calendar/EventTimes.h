@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// When an event is and how long it lasts, as its text has it.
+// The start and duration of an event, from its text.
 #pragma once
 
 #include <optional>
@@ -12,10 +12,10 @@
 namespace lumbrix::platform::ical
 {
 
-/// Whether there is a time at all, and one that can be reckoned with.
+/// Whether the time exists and is within the range that can be calculated with.
 bool isUsable(const icaltimetype& time);
 
-/// A time as it is written: on the clock of a zone, or a mere date.
+/// A time as written: local time of a zone, or a date only.
 struct Written {
     icaltimetype wall = icaltime_null_time(); ///< without zone
     const Zone* zone = nullptr;
@@ -24,14 +24,14 @@ struct Written {
     Instant instant() const { return zone->instantOf(wall); }
 };
 
-/// A usable time that the property has, with the zone that the property names.
+/// A usable time of the property, with the zone that the property names.
 Written written(icaltimetype time, icalproperty* property, ZoneTable& zones);
 
-/// The time of the first property of that kind; null when there is none that is usable.
+/// The time of the first property of that kind; null if there is no usable one.
 std::optional<Written> writtenIn(icalcomponent* event, icalproperty_kind kind,
                                  icaltimetype (*get)(const icalproperty*), ZoneTable& zones);
 
-/// How long each occurrence lasts. Days are days of the calendar, whatever their length.
+/// The duration of each occurrence. Days are calendar days, whatever their length.
 struct Length {
     int days = 0;
     Instant milliseconds = 0;
@@ -39,8 +39,8 @@ struct Length {
     Instant endOf(const icaltimetype& wall, const Zone& zone) const;
 };
 
-/// Of an event that starts then. Nothing when the text does not say or makes no sense, but at least
-/// a day for whole days.
+/// The duration of an event with that start. Zero if the text has none or an invalid one, but at
+/// least one day for an all-day event.
 Length lengthOf(icalcomponent* event, const Written& start, ZoneTable& zones);
 
 } // namespace lumbrix::platform::ical

@@ -27,7 +27,7 @@ EvolutionObject EvolutionObject::parse(const QString& text)
         start = end + 1;
         if (line.endsWith(u'\r'))
             line.chop(1);
-        if (line.startsWith(u' ') || line.startsWith(u'\t')) { // goes on with the line before
+        if (line.startsWith(u' ') || line.startsWith(u'\t')) { // continues the line before
             if (isInUid)
                 object.uid += line.mid(1);
             continue;

@@ -8,11 +8,11 @@
 namespace lumbrix::platform
 {
 
-/// What the text of an event says of how it hangs together with others. Any thread; costs one look
-/// at each character, whatever the text is.
+/// How an event is related to others, from its text. Any thread; linear time, whatever the text is.
 struct EvolutionObject {
-    QString uid; ///< empty when it has none
-    /// It has a rule or dates by which it happens more than once, or stands for one time of those.
+    QString uid; ///< empty if it has none
+    /// Whether it has a rule or dates for several occurrences, or replaces one of those
+    /// occurrences.
     bool recurs = false;
 
     static EvolutionObject parse(const QString& text);

@@ -8,7 +8,7 @@
 #include "platform/StringLiterals.h"
 #include "platform/linux/calendar/CalendarColor.h"
 
-// The toolkit's name for emitting is one of a structure's members here.
+// Qt's `emit` macro is also the name of a structure's member here.
 #undef signals
 #include <glib.h>
 
@@ -30,12 +30,12 @@ QString value(const KeyFile& file, const char* group, const char* key)
     return QString::fromUtf8(text.get());
 }
 
-/// Names become paths here, so they must not lead elsewhere.
+/// Names become paths here, so they must not lead out of the folder.
 QString localFile(const QString& uid, const QString& dataFolder)
 {
     if (uid.isEmpty() || uid.startsWith(u'.') || uid.contains(u'/'))
         return {};
-    // The calendar that everyone has from the start.
+    // The calendar that every user has by default.
     const QString folder = uid == u"system-calendar"_s ? u"system"_s : uid;
     return dataFolder + u"/calendar/"_s + folder + u"/calendar.ics"_s;
 }
@@ -59,7 +59,7 @@ std::optional<EvolutionSource> EvolutionSource::parse(const QString& uid, const 
     source.color = colorFromText(value(file, calendarGroup, "Color"));
     const QString backend = value(file, calendarGroup, "BackendName");
     if (backend.isEmpty())
-        return std::nullopt; // a kind of calendars rather than one
+        return std::nullopt; // a group of calendars, not a calendar
     if (backend == u"local"_s) {
         const QString custom = value(file, "Local Backend", "CustomFile");
         source.file = custom.isEmpty() ? localFile(uid, dataFolder) : custom;

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// What Evolution Data Server keeps of each calendar: a key file, on disk and on the bus alike.
+// The description of a calendar in Evolution Data Server: a key file, both on disk and on the bus.
 #pragma once
 
 #include <QtCore/QByteArray>
@@ -17,10 +17,10 @@ struct EvolutionSource {
     QString uid;
     QString name;
     QColor color; ///< invalid when none is set
-    QString file; ///< iCalendar text of a calendar on this computer; empty for others
+    QString file; ///< iCalendar file of a calendar on this computer; empty for others
 
-    /// Null when it is no calendar, is switched off or makes no sense. `dataFolder` is where
-    /// Evolution keeps what is on this computer.
+    /// Null if it is not a calendar, is switched off or is invalid. `dataFolder` is Evolution's
+    /// folder for local calendars.
     static std::optional<EvolutionSource> parse(const QString& uid, const QByteArray& keyFile,
                                                 const QString& dataFolder);
 };

@@ -25,7 +25,7 @@ const QString factoryService = u"org.gnome.evolution.dataserver.Calendar8"_s;
 const QString factoryInterface = u"org.gnome.evolution.dataserver.CalendarFactory"_s;
 const QString calendarInterface = u"org.gnome.evolution.dataserver.Calendar"_s;
 
-/// A calendar on a server that is not reached takes the longest.
+/// Long enough for a calendar on a server that cannot be reached.
 constexpr Seconds answerTimeout = 4;
 constexpr int callTimeout = 4000; ///< milliseconds
 constexpr std::size_t maxCalendars = 200;
@@ -69,7 +69,7 @@ QString inUtc(ical::Instant instant)
 struct EvolutionStore::Job {
     QString query;
     EvolutionAnswer answer;
-    std::size_t missing = 0; ///< calendars that have not been read yet
+    std::size_t missing = 0; ///< number of calendars not read yet
     bool isOver = false;
     Done done;
 };
@@ -140,7 +140,7 @@ void EvolutionStore::listCalendars(const JobPtr& job)
 
 void EvolutionStore::openCalendar(const JobPtr& job, std::size_t index)
 {
-    // The part that has the calendars starts when it is needed, and ends by itself.
+    // The calendar service is started on demand and ends by itself.
     QDBusMessage message = QDBusMessage::createMethodCall(
         factoryService, u"/org/gnome/evolution/dataserver/CalendarFactory"_s, factoryInterface,
         u"OpenCalendar"_s);
@@ -176,8 +176,9 @@ void EvolutionStore::readCalendar(const JobPtr& job, std::size_t index, const QS
     });
 }
 
-/// Of an event that recurs the answer has only the parts that happen then. The part that says that
-/// it does not happen then, but another time, comes with the whole of it.
+/// For a recurring event the answer contains only the components that occur in the interval. An
+/// exception that moves an occurrence out of the interval comes only with the complete event, so
+/// that is requested.
 void EvolutionStore::readObjects(const JobPtr& job, std::size_t index, const QString& service,
                                  const QString& path, const QStringList& objects)
 {

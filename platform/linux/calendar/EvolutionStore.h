@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// The calendars of Evolution Data Server, over D-Bus, without ever waiting for it.
+// The calendars of Evolution Data Server, over D-Bus. Never waits for it.
 #pragma once
 
 #include <QtCore/QObject>
@@ -19,17 +19,17 @@
 namespace lumbrix::platform
 {
 
-/// What the server reports about one calendar: iCalendar texts of the events that may happen
-/// between the times asked for, with all exceptions of those that recur.
+/// What the server reports about one calendar: iCalendar texts of the events that may occur in the
+/// requested interval, with all exceptions of recurring ones.
 struct EvolutionCalendar {
     EvolutionSource source;
     QByteArray text;
 };
 
 struct EvolutionAnswer {
-    bool isRunning = false; ///< false: nothing was asked, as nobody uses the server
-    bool isComplete = true; ///< false when a calendar could not be read, or not in time
-    std::vector<EvolutionCalendar> calendars; ///< by name, those that could not be read included
+    bool isRunning = false; ///< false: the server is not in use, so nothing was requested
+    bool isComplete = true; ///< false if a calendar could not be read, or not in time
+    std::vector<EvolutionCalendar> calendars; ///< by name, including those that could not be read
 };
 
 /// Main thread.
@@ -43,9 +43,9 @@ public:
 
     using Done = std::function<void(const EvolutionAnswer&)>;
 
-    /// Asks for all calendars. The server is not started for it: who has no program that uses it
-    /// has nothing in it. `done` is called in a later pass of the loop, after a few seconds at the
-    /// latest. One question at a time.
+    /// Requests all calendars. Does not start the server: without a program that uses it, it has no
+    /// calendars. `done` is called in a later pass of the loop, after a few seconds at the latest.
+    /// One request at a time.
     void fetch(ical::Instant start, ical::Instant end, Done done);
 
 private:

@@ -12,7 +12,7 @@ namespace lumbrix::platform::ical
 namespace
 {
 
-/// The events of a text, those that belong together in one series, in the order of the text.
+/// The events of a text, grouped into series, in the order of the text.
 using Series = std::vector<std::vector<icalcomponent*>>;
 
 Series seriesOf(const std::vector<ComponentPtr>& events)
@@ -22,7 +22,7 @@ Series seriesOf(const std::vector<ComponentPtr>& events)
     for (const ComponentPtr& event : events) {
         const char* uid = icalcomponent_get_uid(event.get());
         const auto [place, isNew] = places.emplace(uid, series.size());
-        // Without a name it belongs to no other.
+        // An event without a UID does not belong to a series.
         if (isNew || place->first.isEmpty())
             series.push_back({event.get()});
         else

@@ -27,7 +27,7 @@ constexpr qint64 maxNoteSize = qint64{64} * 1024;
 constexpr qsizetype maxCalendars = 200;
 constexpr qsizetype maxFilesInFolder = 20'000;
 
-/// The first line of a small file; empty when there is none.
+/// The first line of a small file; empty if there is none.
 QString noteIn(const QString& path)
 {
     const QByteArray text = readPlainFile(path, maxNoteSize);
@@ -83,8 +83,8 @@ std::vector<IcalFolder::Source> IcalFolder::ownSources() const
     return sources;
 }
 
-/// A folder with a file for each event, as programs that synchronise calendars write it; two small
-/// files beside them tell the calendar's name and colour.
+/// A folder with one file per event, as written by programs that synchronise calendars; two small
+/// files in it contain the calendar's name and colour.
 void IcalFolder::addOwnFolder(std::vector<Source>& sources, const QString& path) const
 {
     const QDir folder(path);
@@ -108,8 +108,7 @@ std::vector<IcalFolder::Source> IcalFolder::evolutionSources() const
             const auto source = EvolutionSource::parse(entry.completeBaseName(),
                                                        readPlainFile(entry.filePath(), maxNoteSize),
                                                        m_paths.evolutionData);
-            // Those that are elsewhere are calendars too, though only the server can tell what is
-            // in them.
+            // Remote calendars are listed too, although only the server can read their events.
             if (source)
                 sources.push_back(
                     {source->uid, source->name, true, source->color,
@@ -120,7 +119,7 @@ std::vector<IcalFolder::Source> IcalFolder::evolutionSources() const
     return sources;
 }
 
-/// The calendar that everyone has from the start is recorded on disk only once it was changed.
+/// The default calendar has a description on disk only after it was changed.
 void IcalFolder::addSystemCalendar(std::vector<Source>& sources) const
 {
     const QString uid = u"system-calendar"_s;
@@ -185,7 +184,7 @@ IcalFolder::Answer IcalFolder::read(const Question& question)
             answer.calendars.push_back(std::move(read));
     }
     m_files.removeIf([](auto file) {
-        // What was cut short is read again.
+        // A file that was not read completely is read again.
         return !std::exchange(file->isInUse, false) || !file->contents.isComplete;
     });
     return answer;

@@ -16,7 +16,7 @@
 namespace lumbrix::platform
 {
 
-/// Where such files are looked for.
+/// Where such files are searched.
 struct IcalFolderPaths {
     /// Each file in it is a calendar, and so is each folder of files.
     QString own;
@@ -27,7 +27,7 @@ struct IcalFolderPaths {
     static IcalFolderPaths defaults();
 };
 
-/// A calendar with what happens in it.
+/// A calendar with its occurrences.
 struct ReadCalendar {
     Calendar calendar;
     std::vector<ical::Occurrence> occurrences;
@@ -42,26 +42,26 @@ public:
     struct Question {
         ical::Window window;
         QTimeZone local;
-        bool withEvolution = true; ///< false when the calendars of Evolution come another way
+        bool withEvolution = true; ///< false if Evolution's calendars are read over D-Bus
         ical::Stop stop;
     };
     struct Answer {
-        std::vector<ReadCalendar> calendars; ///< in an order that stays
+        std::vector<ReadCalendar> calendars; ///< in a stable order
         bool isComplete = true;              ///< false when it was stopped
     };
 
-    /// A file is read when it has changed or the question has. What is no calendar, cannot be read
-    /// or is too large is left out.
+    /// Reads a file if it or the requested interval has changed. Files that are not calendars,
+    /// cannot be read or are too large are left out.
     Answer read(const Question& question);
 
 private:
     struct Source {
         QString uid;
-        QString title; ///< what is shown when the file gives no name of its own
+        QString title; ///< shown if the file contains no name
         bool isTitleKnown = false;
         QColor color;
         QStringList files;
-        bool mayBeEmpty = false; ///< a calendar also without any file
+        bool mayBeEmpty = false; ///< is a calendar even without a file
     };
     struct CachedFile {
         qint64 modified = 0; ///< milliseconds

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// What the iCalendar library hands out, each owned by one pointer.
+// Owning pointers for objects of the iCalendar library.
 #pragma once
 
 #include <QtCore/QtGlobal>
@@ -31,8 +31,8 @@ using IteratorPtr = std::unique_ptr<icalrecur_iterator, Deleter>;
 using ZonePtr = std::unique_ptr<icaltimezone, Deleter>;
 using BufferPtr = std::unique_ptr<char, Deleter>;
 
-/// Every property of a kind within a component, in their order. They are collected first, as the
-/// component keeps the place of one reader only.
+/// All properties of a kind in a component, in order. Collected first, because a component stores
+/// the position of only one iteration.
 template <class Action>
 void forEachProperty(icalcomponent* component, icalproperty_kind kind, Action action)
 {
@@ -44,13 +44,13 @@ void forEachProperty(icalcomponent* component, icalproperty_kind kind, Action ac
         action(property);
 }
 
-/// How many numbers a part of a rule lists; 0 when the rule does not have it.
+/// The number of values in a part of a rule; 0 if the rule does not have that part.
 template <std::size_t Size> qint64 listed(const short (&part)[Size])
 {
     return std::find(part, part + Size, static_cast<short>(ICAL_RECURRENCE_ARRAY_MAX)) - part;
 }
 
-/// How many times of a day a rule gives by itself, where it gives days.
+/// How many times of day a rule produces on each of its days.
 inline qint64 timesOfDay(const icalrecurrencetype& rule)
 {
     const auto atLeastOne = [](qint64 count) { return std::max<qint64>(count, 1); };

@@ -25,7 +25,7 @@ template <class List> bool contains(const List& list, const QByteArray& name)
     return std::find(list.begin(), list.end(), name) != list.end();
 }
 
-/// What stands before the first of these characters; the rest is left.
+/// The text before the first of these characters; removes it from the input.
 QByteArray takeName(QByteArray& line)
 {
     const auto end =
@@ -81,7 +81,8 @@ private:
         const bool isOuter = m_depth == 0 && (kind == "VEVENT" || kind == "VTIMEZONE");
         const bool isInner = m_depth == 1 && m_isZone && (kind == "STANDARD" || kind == "DAYLIGHT");
         if (m_unwanted > 0 || (!isOuter && !isInner)) {
-            // What can hold events is gone through rather than into.
+            // A calendar may contain events, so its contents are read as if they were on the
+            // outermost level.
             if (m_unwanted > 0 || m_depth > 0 || kind != "VCALENDAR")
                 ++m_unwanted;
             else
@@ -95,7 +96,8 @@ private:
         addLine("BEGIN:" + kind);
     }
 
-    /// Of whatever was begun last, for names that do not match would be no use.
+    /// Ends the component that began last, whatever the name: a name that does not match would be
+    /// of no use.
     void end()
     {
         if (m_unwanted > 0) {
@@ -111,7 +113,7 @@ private:
 
     void takeHeading(const QByteArray& name, const char* line, const QByteArray& rest)
     {
-        // The standard's name, and that of the time before there was one.
+        // The standard property, and the one used before the standard.
         if (name == "NAME" || name == "X-WR-CALNAME") {
             if (const PropertyPtr property{icalproperty_new_from_string(line)}) {
                 if (const char* value = icalproperty_get_value_as_string(property.get()))
@@ -142,7 +144,7 @@ private:
     std::array<QByteArray, 2> m_kinds; ///< of what is open
     std::size_t m_depth = 0;
     bool m_isZone = false;
-    qint64 m_unwanted = 0; ///< components that are open and of no use, within each other
+    qint64 m_unwanted = 0; ///< depth of nested components that are skipped
 };
 
 } // namespace

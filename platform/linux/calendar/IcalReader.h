@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// Takes an iCalendar text apart, one component after the other.
+// Parses an iCalendar text, one component at a time.
 #pragma once
 
 #include <QtCore/QIODevice>
@@ -14,18 +14,18 @@
 namespace lumbrix::platform::ical
 {
 
-/// What a text says of itself.
+/// General information in a text.
 struct Heading {
-    bool isCalendar = false; ///< there is a calendar or an event in it
-    QString name;            ///< empty when it says none
-    QColor color;            ///< invalid when it says none
+    bool isCalendar = false; ///< it contains a calendar or an event
+    QString name;            ///< empty if it has none
+    QColor color;            ///< invalid if it has none
 };
 
 using Sink = std::function<void(ComponentPtr)>;
 
-/// Gives the sink every event and time zone that is complete, in the order of the text, each with
-/// those of its properties that tell when it is and what it is called. Whatever else is in the text
-/// costs no memory, however long it is. `stop` is asked now and then; true ends the reading.
+/// Passes every complete event and time zone to the sink, in the order of the text, with only the
+/// properties for its time and title. Other parts of the text, however long, use no memory. `stop`
+/// is called now and then; true ends the reading.
 Heading read(QIODevice& text, const Sink& sink, const std::function<bool()>& stop);
 
 } // namespace lumbrix::platform::ical

@@ -55,7 +55,7 @@ void LinuxCalendarStore::refresh(const QDateTime& start, const QDateTime& end,
         this->start();
 }
 
-/// Serves the first request, and those with it that ask for the same.
+/// Serves the first request, and the others for the same interval.
 void LinuxCalendarStore::start()
 {
     const Request& first = m_requests.front();

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// The calendars of a Linux desktop: iCalendar files, and Evolution Data Server's where it runs.
+// The calendars of a Linux desktop: iCalendar files, and those of Evolution Data Server if it runs.
 #pragma once
 
 #include <memory>
@@ -16,7 +16,7 @@
 namespace lumbrix::platform
 {
 
-/// Files are read on a thread of its own, one refresh after the other.
+/// Files are read on a separate thread, one refresh at a time.
 class LinuxCalendarStore final : public CalendarStore
 {
 public:
@@ -49,9 +49,9 @@ private:
 
     RunLoop& m_runLoop;
     EvolutionStore m_evolution;
-    const std::shared_ptr<IcalFolder> m_folder; ///< of the thread while one runs
-    std::vector<Request> m_requests;            ///< in their order; the first ones are served now
-    std::size_t m_served = 0;                   ///< how many of them; 0 = nothing is read
+    const std::shared_ptr<IcalFolder> m_folder; ///< set while a thread runs
+    std::vector<Request> m_requests;            ///< in order; the first ones are being served
+    std::size_t m_served = 0;                   ///< how many of them; 0 = nothing is being read
     Known m_known;
     const MainThreadGuard m_guard;
 };

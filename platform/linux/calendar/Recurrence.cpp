@@ -16,10 +16,10 @@ namespace
 {
 
 constexpr qsizetype maxTitleLength = 1000;
-/// Further apart than any two clocks.
+/// More than the largest difference between two time zones.
 constexpr WallSeconds slack = 2 * daySeconds;
 
-/// Occurrences that a rule gives and that are not to be, or not as the rule has them.
+/// Occurrences of a rule that are cancelled or changed.
 class Exceptions
 {
 public:
@@ -71,7 +71,7 @@ bool isException(icalcomponent* event)
     return icalcomponent_get_first_property(event, ICAL_RECURRENCEID_PROPERTY) != nullptr;
 }
 
-/// One event as it is told, expanded by its own rules.
+/// One event, expanded by its own rules.
 class Event
 {
 public:
@@ -84,7 +84,7 @@ public:
     std::vector<Occurrence> within(const Window& window, Exceptions exceptions, const Stop& stop)
     {
         m_window = window;
-        // The clock times that can matter at all.
+        // The local times that can fall into the window.
         m_from = m_start.zone->wallOf(window.start) - slack - m_length.days * daySeconds -
                  m_length.milliseconds / 1000;
         m_until = m_start.zone->wallOf(window.end) + slack;
@@ -93,7 +93,7 @@ public:
             if (isUsable(time))
                 exceptions.add(written(time, property, m_zones), m_start);
         });
-        // The first one counts whether the rules give it or not.
+        // The first occurrence counts even if the rules do not produce it.
         addUnless(exceptions, m_start.wall, m_length);
         forEachProperty(m_event, ICAL_RRULE_PROPERTY, [&](icalproperty* property) {
             for (const icaltimetype& time : ruleTimes(onOwnClock(icalproperty_get_rrule(property)),
@@ -109,7 +109,7 @@ public:
     }
 
 private:
-    /// The end of a rule is written in UTC or as a date, also where the event has a zone.
+    /// The end of a rule is in UTC or a date, even if the event has a zone.
     icalrecurrencetype onOwnClock(icalrecurrencetype rule) const
     {
         icaltimetype& until = rule.until;
@@ -118,7 +118,7 @@ private:
         } else if (icaltime_is_utc(until)) {
             const bool isMidnight = until.hour == 0 && until.minute == 0 && until.second == 0;
             until.zone = nullptr;
-            // Of an event of whole days, the end is a day; midnight stands for the one it begins.
+            // For an all-day event the end is a day; midnight means the day that starts then.
             if (!m_start.isDate() || !isMidnight)
                 until =
                     timeOfWallSeconds(m_start.zone->wallOf(m_zones.utc().instantOf(until)), false);
@@ -146,7 +146,7 @@ private:
                        : instant + Instant{1000} * icaldurationtype_as_int(date.period.duration);
             length = {0, std::max<Instant>(end - instant, 0)};
         }
-        // Its own clock may be another one than the event's.
+        // It may have another zone than the event.
         const WallSeconds wall =
             start.isDate() ? wallSecondsOf(start.wall) : m_start.zone->wallOf(instant);
         addUnless(exceptions, timeOfWallSeconds(wall, m_start.isDate()), length);
@@ -167,7 +167,7 @@ private:
     }
 
     icalcomponent* m_event;
-    const QString m_title; ///< of all occurrences, which share it
+    const QString m_title; ///< shared by all occurrences
     const Written m_start;
     const Length m_length;
     ZoneTable& m_zones;
@@ -177,7 +177,7 @@ private:
     std::map<Instant, Occurrence> m_occurrences;
 };
 
-/// What is in force of several versions: the last of those with the highest number.
+/// The valid one of several versions: the last one with the highest sequence number.
 void keepNewer(icalcomponent*& kept, icalcomponent* event)
 {
     if (!kept || sequenceOf(event) >= sequenceOf(kept))
@@ -207,7 +207,7 @@ std::vector<Occurrence> expand(const std::vector<icalcomponent*>& series, ZoneTa
         return writtenIn(event, ICAL_DTSTART_PROPERTY, icalproperty_get_dtstart, zones);
     };
     icalcomponent* main = nullptr;
-    std::map<QByteArray, icalcomponent*> replacements; ///< by the time they stand for
+    std::map<QByteArray, icalcomponent*> replacements; ///< by the time that they replace
     for (icalcomponent* event : series) {
         icalproperty* original =
             icalcomponent_get_first_property(event, ICAL_RECURRENCEID_PROPERTY);

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// The occurrences of events within a stretch of time.
+// The occurrences of events within an interval.
 #pragma once
 
 #include <QtCore/QString>
@@ -26,19 +26,19 @@ struct Occurrence {
     Instant end = 0;
 };
 
-/// Whatever a text would still bring when there are so many is left out: nobody could look at it.
+/// Maximum number of occurrences; more could not be shown anyway.
 inline constexpr std::size_t maxOccurrences = 5000;
 
-/// Whether an event may happen within the window or change one that does; judged without its zone,
-/// so for some days around it is yes.
+/// Whether an event may occur within the window or change one that does. Ignores the event's zone,
+/// so it is also true for some days before and after the window.
 bool mayMatter(icalcomponent* event, const Window& window);
 
-/// What is asked between steps that may take long; true ends the work.
+/// Called between steps that may take long; true ends the work.
 using Stop = std::function<bool()>;
 
-/// The occurrences of events that have the same UID (an event and the exceptions to its rule), or
-/// of a single one, that overlap the window. In no order. A single event gives a tenth of
-/// maxOccurrences at most, so that it does not take the place of others.
+/// The occurrences that overlap the window, for events with the same UID (an event and the
+/// exceptions to its rule) or for a single event. Not sorted. A single event has at most a tenth of
+/// maxOccurrences, so that it does not displace others.
 std::vector<Occurrence> expand(const std::vector<icalcomponent*>& series, ZoneTable& zones,
                                const Window& window, const Stop& stop);
 

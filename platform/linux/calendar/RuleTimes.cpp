@@ -15,7 +15,7 @@ namespace
 constexpr int maxSteps = 200'000;
 constexpr std::size_t maxTimes = 10'000;
 
-/// Quarters of all hours, and then some.
+/// A little more than every quarter of an hour.
 constexpr qint64 maxTimesOfDay = 100;
 
 bool hasDates(const icalrecurrencetype& rule)
@@ -32,7 +32,7 @@ bool hasTimes(const icalrecurrencetype& rule)
            0;
 }
 
-/// How long it takes until the rule is at the same point again; 0 where that differs.
+/// The length of the rule's period; 0 if it is not constant.
 WallSeconds periodOf(const icalrecurrencetype& rule)
 {
     switch (rule.freq) {
@@ -51,20 +51,21 @@ WallSeconds periodOf(const icalrecurrencetype& rule)
     }
 }
 
-/// Years of days that are over need not be gone through.
+/// Skips past times that are over, perhaps years of them.
 icaltimetype skipAhead(const icalrecurrencetype& rule, const icaltimetype& start, WallSeconds from)
 {
     const WallSeconds first = wallSecondsOf(start);
     const WallSeconds period = periodOf(rule);
-    // One that counts its times has to be counted; another calendar has other days.
+    // A rule with a COUNT must be counted from its start; another calendar system has other days.
     if (rule.count > 0 || rule.rscale || period <= 0 || from - first <= 2 * period)
         return start;
     return timeOfWallSeconds(first + ((from - first) / period - 1) * period, start.is_date);
 }
 
-/// A rule whose parts exclude each other is followed to its end in steps of its frequency, each of
-/// which is as many as there are times of a day. Nothing can stop the library meanwhile, so these
-/// are no more than we would go through. `length` is how far the rule is followed.
+/// Whether the library can follow the rule in reasonable time. A rule whose parts exclude each
+/// other is followed to its end in steps of its frequency, and each step takes as many checks as
+/// there are times of day. The library cannot be stopped meanwhile, so their number must be at most
+/// our own maximum of steps. `length` is how far the rule is followed.
 bool isManageable(const icalrecurrencetype& rule, WallSeconds length)
 {
     if (rule.freq == ICAL_NO_RECURRENCE || rule.interval < 1 || timesOfDay(rule) > maxTimesOfDay)
@@ -73,8 +74,8 @@ bool isManageable(const icalrecurrencetype& rule, WallSeconds length)
         if (hasDates(rule))
             return false;
         if (!hasTimes(rule))
-            return true; // every step is a time
-        // Of the hours of a week some match, if each of them is looked at.
+            return true; // every step gives a time
+        // With an interval of one hour some hours of each week match.
         if (rule.freq != ICAL_HOURLY_RECURRENCE || rule.interval != 1)
             return false;
     }

@@ -12,9 +12,9 @@
 namespace lumbrix::platform::ical
 {
 
-/// The times that a rule gives to an event that starts at `start`, on its own clock, between the
-/// two (inclusive) and perhaps some before. The rule's own end is on that clock too. None for a
-/// rule that nobody could mean and that would take ages to follow, or that would have to be counted
+/// The times that a rule gives for an event that starts at `start`, in the event's local time,
+/// between `from` and `until` (inclusive). The rule's own end is in local time too. Empty for a
+/// nonsensical rule that would take too long to follow, and for one that would have to be counted
 /// through centuries of days.
 std::vector<icaltimetype> ruleTimes(icalrecurrencetype rule, const icaltimetype& start,
                                     WallSeconds from, WallSeconds until,

@@ -24,8 +24,8 @@ public:
     Instant instantOf(const icaltimetype& wall) const override
     {
         const WallSeconds seconds = wallSecondsOf(wall);
-        // The offset of the day before is that before any change, which decides both doubtful
-        // cases.
+        // The offset one day earlier is the one before any change; it resolves both ambiguous and
+        // skipped times.
         const int before = offsetAt(seconds - daySeconds);
         if (offsetAt(seconds - before) == before)
             return (seconds - before) * 1000;
@@ -68,15 +68,15 @@ private:
     const ZonePtr m_zone;
 };
 
-/// The toolkit takes almost any word for the description of a zone without rules.
+/// The toolkit accepts almost any word as the description of a zone without rules.
 bool isSystemZone(const QByteArray& id)
 {
     return QTimeZone::isTimeZoneIdAvailable(id) ||
            QFileInfo(u"/usr/share/zoneinfo/"_s + QString::fromUtf8(id)).isFile();
 }
 
-/// Programs put names of their own before the usual one: "/example.org/2019/Europe/Berlin". Null
-/// when the system knows none of it.
+/// Programs add prefixes to the usual name: "/example.org/2019/Europe/Berlin". Null if the system
+/// knows no part of it.
 QTimeZone systemZone(const QByteArray& tzid)
 {
     if (tzid.contains(".."))
@@ -93,8 +93,9 @@ QTimeZone systemZone(const QByteArray& tzid)
 
 constexpr int maxZoneRules = 100;
 
-/// Every change is worked out beforehand, in a call that nothing can stop: one a second would take
-/// all memory. Clocks change on a day of the year, if one among those of a week, at one time of it.
+/// The library calculates all changes in advance, in a call that cannot be stopped: one change per
+/// second would use up all memory. Real clocks change on one day of the year, possibly given as a
+/// weekday within a week, at one time.
 bool changesOnceAYear(const icalrecurrencetype& rule)
 {
     return rule.freq == ICAL_YEARLY_RECURRENCE && !rule.rscale && timesOfDay(rule) == 1 &&
@@ -103,7 +104,7 @@ bool changesOnceAYear(const icalrecurrencetype& rule)
            listed(rule.by_week_no) <= 1;
 }
 
-/// Whether its rules can be followed; counts them.
+/// Whether the zone's rules can be followed; counts them.
 bool isFollowable(icalcomponent* rules, int& count)
 {
     bool isFollowable = true;
@@ -114,7 +115,7 @@ bool isFollowable(icalcomponent* rules, int& count)
     return isFollowable;
 }
 
-/// Null when it defines nothing.
+/// Null if it defines nothing.
 std::unique_ptr<Zone> definedZone(icalcomponent* vtimezone)
 {
     ComponentPtr copy(icalcomponent_new(ICAL_VTIMEZONE_COMPONENT));
@@ -133,7 +134,7 @@ std::unique_ptr<Zone> definedZone(icalcomponent* vtimezone)
     ZonePtr zone(icaltimezone_new());
     if (!hasRules || !icaltimezone_set_component(zone.get(), copy.get()))
         return nullptr;
-    static_cast<void>(copy.release()); // the zone has it now
+    static_cast<void>(copy.release()); // owned by the zone now
     return std::make_unique<DefinedZone>(std::move(zone));
 }
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// Times as a clock on some wall shows them, and what instants they are in a time zone.
+// Local ("wall") times, and their conversion to instants in a time zone.
 #pragma once
 
 #include <QtCore/QByteArray>
@@ -15,9 +15,9 @@
 namespace lumbrix::platform::ical
 {
 
-/// Milliseconds since the beginning of 1970 in UTC.
+/// Milliseconds since the start of 1970 in UTC.
 using Instant = qint64;
-/// Seconds on a clock that knows no zone, since the beginning of 1970 on that clock.
+/// Seconds of local time without a zone, since the start of 1970 in local time.
 using WallSeconds = qint64;
 
 inline constexpr WallSeconds daySeconds = 86400;
@@ -26,18 +26,18 @@ WallSeconds wallSecondsOf(const icaltimetype& time);
 /// Without a zone; a date when `isDate`.
 icaltimetype timeOfWallSeconds(WallSeconds seconds, bool isDate);
 
-/// Any thread at a time.
+/// Any thread, but one at a time.
 class Zone
 {
 public:
     virtual ~Zone() = default;
-    /// A time that the clock shows twice is the first of the two; one that it skips is counted on
-    /// from before the gap.
+    /// For a local time that occurs twice, the first instant; for one that is skipped, uses the
+    /// offset from before the gap.
     virtual Instant instantOf(const icaltimetype& wall) const = 0;
     virtual WallSeconds wallOf(Instant instant) const = 0;
 };
 
-/// The zones that the times of one text are in.
+/// The zones used in one text.
 class ZoneTable
 {
 public:
@@ -45,14 +45,14 @@ public:
     explicit ZoneTable(const QTimeZone& local);
     ~ZoneTable();
 
-    /// Adds what a text says of its zones (VTIMEZONE). Rules by which clocks change more often than
-    /// once a year, and those beyond a hundred, are left out.
+    /// Adds a zone defined in the text (VTIMEZONE). Rules with more than one change a year, and
+    /// more than a hundred rules, are left out.
     void define(icalcomponent* vtimezone);
 
     const Zone& local() const { return *m_local; }
     const Zone& utc() const { return *m_utc; }
-    /// By the name that a text gives it: as the system knows it, which is more recent, else as the
-    /// text defines it; the user's zone for a name that says nothing.
+    /// The zone for a name in the text: the system's zone, which is more up to date, otherwise the
+    /// text's definition; for an unknown name the user's zone.
     const Zone& zone(const QByteArray& tzid);
 
 private:

@@ -23,11 +23,11 @@ namespace lumbrix::platform
 
 namespace
 {
-// A settings file is a few kilobytes. What is larger has been damaged, and is looked at no further
-// than this, so that it costs neither time nor memory ...
+// A settings file has a few kilobytes. A larger one is damaged; only this much of it is parsed, to
+// limit time and memory ...
 constexpr qsizetype parsedSize = qsizetype{256} * 1024;
-// ... and left alone altogether when it could not even be copied.
-constexpr qint64 maximalSize = qint64{64} * 1024 * 1024;
+// ... and a file larger than this is not touched, as it could not even be copied.
+constexpr qint64 maximumSize = qint64{64} * 1024 * 1024;
 } // namespace
 
 QString IniDefaults::defaultPath() { return configHome() + u"/lumbrix/lumbrix.conf"_s; }
@@ -137,11 +137,11 @@ void IniDefaults::apply(IniFile& file, const QString& key, const Change& change)
     }
     file.keepValues(key, [&](const QString& name) { return change.dictionary->contains(name); });
     file.ensureSection(key);
-    QHash<QString, QByteArray> written; // there may be thousands
+    QHash<QString, QByteArray> written; // efficient even for thousands
     for (const auto& [name, text] : file.entries(key))
         written.insert(name, text);
     for (auto it = change.dictionary->cbegin(); it != change.dictionary->cend(); ++it) {
-        // What is the same stays as it is written, bytes that no text can stand for included.
+        // An unchanged value stays as written, including bytes that are not valid text.
         const auto present = written.constFind(it.key());
         if (present == written.cend() || inivalue::decode(*present) != it.value())
             file.setValue(key, it.key(), inivalue::encode(it.value()));
@@ -169,21 +169,21 @@ bool IniDefaults::load()
     if (m_stamp.exists) {
         QFile file(m_path);
         QString fault;
-        if (m_stamp.size > maximalSize) {
+        if (m_stamp.size > maximumSize) {
             fault = u"it is too large"_s;
         } else if (!QFileInfo(m_path).isFile()) {
             fault = u"it is no file"_s;
         } else if (!file.open(QIODevice::ReadOnly)) {
             fault = file.errorString();
         } else {
-            bytes = file.read(maximalSize);
+            bytes = file.read(maximumSize);
             if (file.error() != QFile::NoError)
                 fault = file.errorString();
         }
         m_readable = fault.isEmpty();
         if (!m_readable) {
             tell("read", fault);
-            return false; // keep what is known; a file that cannot be read is not empty
+            return false; // keep the known values; an unreadable file is not empty
         }
     }
     qCDebug(log::settings, "%lld bytes were read from %s", static_cast<long long>(bytes.size()),
@@ -202,7 +202,7 @@ bool IniDefaults::synchronize()
     if (m_unsaved.empty())
         return m_readable;
     if (!m_readable)
-        return false; // replacing it would lose what it holds
+        return false; // replacing it would lose its contents
     const QByteArray bytes = m_file.toBytes();
     if (bytes != m_bytesOnDisk && !write(bytes))
         return false;

@@ -13,8 +13,8 @@
 namespace lumbrix::platform
 {
 
-/// Main thread. The file is read when the store is made and at synchronize; a file that others
-/// changed is read again there, with the own unsaved changes on top.
+/// Main thread. The file is read by the constructor and by synchronize(), which also reads changes
+/// of other programs and then applies its own unsaved changes.
 class IniDefaults final : public UserDefaults
 {
 public:
@@ -41,7 +41,7 @@ public:
     bool synchronize() override;
 
 private:
-    /// What a key is to become; neither set means removed.
+    /// The new value of a key; neither set means removed.
     struct Change {
         std::optional<QByteArray> scalar{};
         std::optional<QVariantMap> dictionary{};
@@ -59,11 +59,11 @@ private:
     void change(const QString& key, Change change);
     static void apply(IniFile& file, const QString& key, const Change& change);
     Stamp stampOfFile() const;
-    /// False when there is a file but it cannot be read.
+    /// False if the file exists but cannot be read.
     bool load();
     bool write(const QByteArray& bytes);
-    /// On the standard error, once until the settings have been saved again: who stores settings
-    /// does so often, and nobody wants to read of it each time.
+    /// On standard error, only once until saving succeeds again: settings are stored often, and the
+    /// message should not be repeated each time.
     void tell(const char* what, const QString& fault);
 
     const QString m_path;

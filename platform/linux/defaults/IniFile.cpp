@@ -14,7 +14,7 @@ namespace lumbrix::platform
 namespace
 {
 
-// The place of the equals sign that is not part of the key; −1 when there is none.
+// The index of the equals sign that is not part of the key; −1 if there is none.
 qsizetype separator(const QByteArray& text)
 {
     for (qsizetype i = 0; i < text.size(); ++i)
@@ -25,7 +25,7 @@ qsizetype separator(const QByteArray& text)
     return -1;
 }
 
-// The name stays as it is written: it may hold bytes that no text can stand for.
+// The name stays as written: it may contain bytes that are not valid text.
 qsizetype startOfValue(const QByteArray& raw)
 {
     qsizetype start = separator(raw) + 1;
@@ -133,8 +133,8 @@ std::vector<IniFile::Entry> IniFile::entries(const QString& section) const
     return result;
 }
 
-// After the last line of the section that is not blank; right behind its header where it may go on
-// beyond the lines, as what was put there would not be found again.
+// After the last line of the section that is not blank. But if the section may continue beyond the
+// parsed lines, right after its header, as an entry at the end would not be found again.
 std::size_t IniFile::insertionPoint(const QString& section) const
 {
     std::size_t point = 0;
@@ -217,7 +217,7 @@ void IniFile::ensureSection(const QString& section)
         return;
     }
     if (isGeneral) {
-        // Behind the comments that open the file, before the first other section.
+        // After the comments at the start of the file, before the first other section.
         const auto first = std::ranges::find_if(
             m_lines, [](const Line& line) { return line.kind == Kind::Section; });
         if (first != m_lines.begin() && !(first - 1)->raw.endsWith('\n'))

@@ -36,7 +36,7 @@ struct ProgramSettings::Native {
         static_cast<Native*>(self)->changed();
     }
 
-    // GSettings ends the program when a key or its type is not what the reader thinks.
+    // GSettings aborts the program if a key does not exist or has another type.
     bool has(const char* key, const GVariantType* type) const
     {
         if (!g_settings_schema_has_key(schema.get(), key))

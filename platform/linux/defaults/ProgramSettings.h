@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// What another program keeps in GSettings; read only.
+// The settings of another program in GSettings; read only.
 #pragma once
 
 #include <QtCore/QString>
@@ -13,13 +13,13 @@
 namespace lumbrix::platform
 {
 
-/// Main thread. Waits for nobody. A value is null when the installed schema has none of that name
-/// and type.
+/// Main thread. Never blocks. A value is null if the installed schema has none of that name and
+/// type.
 class ProgramSettings
 {
 public:
-    /// `path` is empty for a schema that has but one; `changed` is called when a value changed.
-    /// Null when the schema is not installed, or not for such a path.
+    /// `path` is empty for a schema with a fixed path; `changed` is called when a value changes.
+    /// Null if the schema is not installed or does not allow such a path.
     static std::unique_ptr<ProgramSettings> open(const QString& schema, const QString& path = {},
                                                  std::function<void()> changed = nullptr);
     ~ProgramSettings();

@@ -15,7 +15,7 @@ namespace lumbrix::platform
 namespace
 {
 
-/// A full disk takes a part first, and only with the rest says what is wrong.
+/// On a full disk the first write may succeed partly; only writing the rest reports the error.
 bool writeAll(QSaveFile& file, const QByteArray& bytes)
 {
     qint64 done = 0;
@@ -48,7 +48,8 @@ QString replaceFile(const QString& path, const QByteArray& bytes)
         return u"the folder %1 cannot be made"_s.arg(folder);
     const bool isNew = !QFileInfo::exists(path);
     QSaveFile file(path);
-    // Unbuffered: it puts the file in its place even when the rest of a buffer found no room.
+    // Unbuffered: otherwise the file would be replaced even if the rest of a buffer could not be
+    // written.
     const bool isDone = file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) &&
                         (!isNew || file.setPermissions(QFile::ReadOwner | QFile::WriteOwner)) &&
                         writeAll(file, bytes) && file.commit();

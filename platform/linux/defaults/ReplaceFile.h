@@ -9,8 +9,8 @@
 namespace lumbrix::platform
 {
 
-/// Puts the bytes in the place of the file, or what it links to, making its folder when it is
-/// missing. Null when that is done; otherwise why it could not be, and the file is as it was.
+/// Replaces the file, or the file that it links to, with the bytes; creates its folder if it is
+/// missing. Returns null on success; otherwise the reason, and the file is unchanged.
 QString replaceFile(const QString& path, const QByteArray& bytes);
 
 } // namespace lumbrix::platform

@@ -17,7 +17,7 @@ namespace
 {
 
 constexpr int timeoutMilliseconds = 5000;
-constexpr std::size_t maximalApplications = 256;
+constexpr std::size_t maximumApplications = 256;
 
 const QString& daemon()
 {
@@ -88,8 +88,8 @@ void AccessibleBus::open(std::function<void(bool)> done)
     });
 }
 
-// A connection to a bus would wait for its greeting. One between two programs does not; the bus
-// does not know the difference when it is greeted by hand.
+// Qt's connection to a bus blocks until the bus answers its Hello call. A peer-to-peer connection
+// does not, and the bus accepts one when Hello is sent explicitly.
 void AccessibleBus::connectTo(const QString& address, std::function<void(bool)> done)
 {
     m_bus = QDBusConnection::connectToPeer(address, freshConnectionName());
@@ -104,7 +104,7 @@ void AccessibleBus::connectTo(const QString& address, std::function<void(bool)> 
     });
 }
 
-// Queued, because what they lead to may close the connection.
+// Queued, because the callbacks may close the connection.
 void AccessibleBus::listen()
 {
     m_events = std::make_unique<AccessibleEvents>();
@@ -196,7 +196,7 @@ void AccessibleBus::findApplication(std::int32_t pid, std::function<void(const Q
     const QDBusMessage message = registryCall(u"/org/a11y/atspi/accessible/root"_s,
                                               u"org.a11y.atspi.Accessible"_s, u"GetChildren"_s);
     call(message, [this, pid, found = std::move(found)](const QDBusMessage& reply) {
-        const std::vector<AccessibleRef> all = accessibleRefs(reply, maximalApplications);
+        const std::vector<AccessibleRef> all = accessibleRefs(reply, maximumApplications);
         struct Search {
             std::size_t missing = 0;
             QString name;
@@ -221,7 +221,7 @@ void AccessibleBus::findApplication(std::int32_t pid, std::function<void(const Q
     });
 }
 
-// What fails here shows in that nothing is told; then the buttons are read when windows change.
+// If this fails there will be no notifications, and the buttons are read only when windows change.
 void AccessibleBus::watch(const std::set<AccessibleRef>& elements)
 {
     if (!m_isOpen || elements == m_watched)
@@ -232,7 +232,7 @@ void AccessibleBus::watch(const std::set<AccessibleRef>& elements)
     for (const AccessibleRef& element : elements) {
         if (!m_watched.contains(element))
             tellBus(u"AddMatch"_s, matchRule(element));
-        // Told to this one program, so that no other one has to tell.
+        // Sent to this one program only, so that no other program starts sending events.
         if (m_registered.insert(element.bus).second) {
             for (const QString& event :
                  {u"object:bounds-changed"_s, u"object:children-changed"_s}) {

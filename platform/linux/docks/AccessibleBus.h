@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// The bus that programs tell their user interface on, without ever waiting for it or for them.
+// The accessibility bus, on which programs describe their user interface. Never waits for the bus
+// or for a program.
 #pragma once
 
 #include <QtCore/QObject>
@@ -18,8 +19,8 @@
 namespace lumbrix::platform
 {
 
-/// What one connection tells. It goes before its connection, whose thread would otherwise let go of
-/// it at some later time.
+/// Receives the signals of one connection. Must be destroyed before the connection, whose thread
+/// would otherwise release it at some later time.
 class AccessibleEvents final : public QObject
 {
     Q_OBJECT
@@ -42,18 +43,18 @@ public:
     /// The reply or an error.
     using Answer = std::function<void(const QDBusMessage&)>;
 
-    /// `session` is where the bus's address is asked for.
+    /// `session` is the bus on which the address is requested.
     explicit AccessibleBus(const QDBusConnection& session);
     ~AccessibleBus() override;
 
-    /// Tells once whether it is connected now; never where somebody does not answer, nor after
-    /// close().
+    /// Calls back once with whether it is connected; never if the other side does not answer, nor
+    /// after close().
     void open(std::function<void(bool)> done);
-    /// Lets go of the bus; calls under way are not answered any more.
+    /// Disconnects from the bus; pending calls are not answered any more.
     void close();
     bool isOpen() const { return m_isOpen; }
 
-    /// `answer` comes from the event loop, after some seconds with an error if need be.
+    /// `answer` is called from the event loop, with an error after a timeout of some seconds.
     void call(const QDBusMessage& message, Answer answer);
     void childrenOf(const AccessibleRef& element, std::size_t maximum,
                     Then<std::optional<Refs>> then) override;
@@ -65,8 +66,8 @@ public:
     /// From now on these elements are watched, for as long as the connection lasts.
     void watch(const std::set<AccessibleRef>& elements);
 
-    // Before open.
-    /// A watched element of this program was laid out anew or has other children.
+    // Must be set before open().
+    /// Called when a watched element of this program has a new layout or other children.
     void setMoved(std::function<void(const QString& application)> call)
     {
         m_moved = std::move(call);
@@ -88,9 +89,9 @@ private:
     std::function<void(const QString&)> m_moved;
     std::function<void()> m_lost;
     bool m_isOpen = false;
-    std::uint64_t m_generation = 0; ///< grows with each closing, to drop late answers
+    std::uint64_t m_generation = 0; ///< incremented by each close(), to drop late answers
     std::set<AccessibleRef> m_watched;
-    std::set<QString> m_registered; ///< programs that were asked to tell
+    std::set<QString> m_registered; ///< programs that were asked to send events
 };
 
 } // namespace lumbrix::platform

@@ -12,13 +12,13 @@ namespace lumbrix::platform
 namespace
 {
 
-constexpr Seconds patience = 1.5;    ///< for all that one reading takes
-constexpr Seconds settleTime = 0.05; ///< panels do something about a change, too
-constexpr Seconds minimalSpacing = 0.25;
-constexpr Seconds maximalSpacing = 2.0; ///< while a panel reports changes that change nothing
-constexpr Seconds maximalPause = 64.0;  ///< after failures
-constexpr Seconds resolution = 0.001;   ///< of timers, so that none is set for less
-constexpr int maximalFailures = 5;      ///< then only when windows change
+constexpr Seconds patience = 1.5;    ///< for a whole reading
+constexpr Seconds settleTime = 0.05; ///< panels need time to handle a change, too
+constexpr Seconds minimumSpacing = 0.25;
+constexpr Seconds maximumSpacing = 2.0; ///< while a panel reports changes without effect
+constexpr Seconds maximumPause = 64.0;  ///< after failures
+constexpr Seconds resolution = 0.001;   ///< timer resolution; no timer is set for less
+constexpr int maximumFailures = 5;      ///< after that only when windows change
 constexpr int looks = 3;
 
 } // namespace
@@ -70,9 +70,9 @@ void AccessibleButtons::refresh()
     for (auto& [pid, program] : m_programs) {
         program.due = program.isStale ? program.due : std::max(program.due, now + settleTime);
         if (program.failures == 0)
-            program.due = std::min(program.due, now + minimalSpacing);
+            program.due = std::min(program.due, now + minimumSpacing);
         program.isStale = true;
-        program.spacing = minimalSpacing;
+        program.spacing = minimumSpacing;
         program.looks = looks;
     }
     step();
@@ -172,8 +172,8 @@ void AccessibleButtons::read(std::int32_t pid, PanelWalk::Result result)
     Program& program = it->second;
     const bool isChanged = update(pid, program, std::move(result));
     program.failures = 0;
-    program.spacing = isChanged ? minimalSpacing
-                                : std::clamp(program.spacing * 2, minimalSpacing, maximalSpacing);
+    program.spacing = isChanged ? minimumSpacing
+                                : std::clamp(program.spacing * 2, minimumSpacing, maximumSpacing);
     program.due = m_runLoop.now() + program.spacing;
     watchLists();
     endTurn();
@@ -182,7 +182,8 @@ void AccessibleButtons::read(std::int32_t pid, PanelWalk::Result result)
     step();
 }
 
-// A panel whose window is not among the program's, or is just changing its size, stays as it was.
+// A panel whose window is not among the program's windows, or is just being resized, keeps its
+// former state.
 bool AccessibleButtons::update(std::int32_t pid, Program& program, PanelWalk::Result result)
 {
     const std::vector<DockWindow> docks = panelsOf(pid);
@@ -204,7 +205,7 @@ bool AccessibleButtons::update(std::int32_t pid, Program& program, PanelWalk::Re
                    panel.second.places.end();
         });
     });
-    // The panel may be slower than we are, and it tells only of lists that we know.
+    // The panel may be slower than we are, and it reports changes only of lists that we watch.
     if (!isComplete && program.looks > 0) {
         --program.looks;
         program.isStale = true;
@@ -228,7 +229,7 @@ AccessibleButtons::Panel AccessibleButtons::match(std::vector<PanelButton> butto
         panel.lists.insert(button.list);
     }
     if (panel.lists.empty())
-        panel.lists = before.lists; // where the next button will come
+        panel.lists = before.lists; // where the next button will appear
     return panel;
 }
 
@@ -238,11 +239,11 @@ void AccessibleButtons::failed(std::int32_t pid)
     if (it != m_programs.end()) {
         Program& program = it->second;
         program.name.clear();
-        program.due = m_runLoop.now() + std::min(std::exp2(program.failures), maximalPause);
-        program.isStale = ++program.failures < maximalFailures;
+        program.due = m_runLoop.now() + std::min(std::exp2(program.failures), maximumPause);
+        program.isStale = ++program.failures < maximumFailures;
     }
     const bool areAllGone = std::ranges::all_of(
-        m_programs, [](const auto& program) { return program.second.failures >= maximalFailures; });
+        m_programs, [](const auto& program) { return program.second.failures >= maximumFailures; });
     if (areAllGone)
         m_bus.close();
     endTurn();

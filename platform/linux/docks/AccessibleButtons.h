@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// Where panels have their window buttons, by what they tell assistive technology, for panels from
-// whose windows' properties it cannot be learned.
+// The positions of panels' window buttons, read from their accessibility tree, for panels whose
+// buttons cannot be found by window properties.
 #pragma once
 
 #include <map>
@@ -21,10 +21,9 @@ namespace lumbrix::platform
 /// Whether a task bar shows the window on this desktop.
 bool isTask(const x11::TrackedWindow& window, int desktop);
 
-/// Main thread. Reads when it is told to and when a panel tells that its buttons moved, one panel
-/// at a time and a few times a second at most; never when a button is hovered. What a panel that
-/// does not answer has told before goes on to hold. Connected only while panels are wanted that
-/// are on the bus.
+/// Main thread. Reads on request and when a panel reports that its buttons moved, one panel at a
+/// time and at most a few times a second; never when a button is hovered. For a panel that does not
+/// answer, its former data stays valid. Connected only while wanted panels are on the bus.
 class AccessibleButtons
 {
 public:
@@ -34,12 +33,12 @@ public:
     AccessibleButtons(const AccessibleButtons&) = delete;
     AccessibleButtons& operator=(const AccessibleButtons&) = delete;
 
-    /// The processes whose panels are read from now on; the others are forgotten.
+    /// Sets the processes whose panels are read from now on; data of others is dropped.
     void want(const std::set<std::int32_t>& pids);
     /// Windows or panels have changed: reads again, soon.
     void refresh();
-    /// The windows with a button on this dock window; null as long as it has shown none, and when
-    /// it is not wanted.
+    /// The windows with a button on this dock window; null if it has shown none so far, or is not
+    /// wanted.
     const std::vector<PlacedWindow>* places(xcb_window_t panel) const;
 
     void setChanged(std::function<void()> changed) { m_changed = std::move(changed); }
@@ -48,17 +47,17 @@ private:
     struct Panel {
         ButtonWindows windows;
         std::vector<PlacedWindow> places;
-        std::set<AccessibleRef> lists; ///< hold the buttons, or have held them
+        std::set<AccessibleRef> lists; ///< contain the buttons, or did before
 
         bool operator==(const Panel&) const = default;
     };
     struct Program {
         QString name; ///< on the bus; empty until found
         bool isStale = true;
-        Seconds due = 0.0;     ///< not to be read before
-        Seconds spacing = 0.0; ///< until it may be read again
-        int failures = 0;      ///< one after the other
-        int looks = 0;         ///< that are left for windows without a button
+        Seconds due = 0.0;     ///< not read before this time
+        Seconds spacing = 0.0; ///< delay before it may be read again
+        int failures = 0;      ///< read one at a time
+        int looks = 0;         ///< further readings for windows without a button
         AccessibleRoles roles;
         std::map<xcb_window_t, Panel> panels;
     };
@@ -70,7 +69,7 @@ private:
     void find(std::int32_t pid);
     void walk(std::int32_t pid);
     void read(std::int32_t pid, PanelWalk::Result result);
-    /// True when something is shown elsewhere than before.
+    /// Returns true if a button has moved.
     bool update(std::int32_t pid, Program& program, PanelWalk::Result result);
     static Panel match(std::vector<PanelButton> buttons, const std::vector<ButtonWindow>& windows,
                        const Panel& before);
@@ -90,7 +89,7 @@ private:
     Programs m_programs;
     std::unique_ptr<PanelWalk> m_walk;
     bool m_isBusy = false;
-    std::uint64_t m_turn = 0;  ///< grows with each, to drop late answers
+    std::uint64_t m_turn = 0;  ///< incremented by each, to drop late answers
     const char m_deadline = 0; ///< for the run loop, as is m_wake
     const char m_wake = 0;
 };

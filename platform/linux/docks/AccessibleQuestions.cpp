@@ -51,7 +51,7 @@ std::vector<AccessibleRef> accessibleRefs(const QDBusMessage& reply, std::size_t
         list.endStructure();
         result.push_back({bus, path.path()});
     }
-    list.endArray(); // also before its end: else the message would stay in memory
+    list.endArray(); // also before the end: otherwise the message would stay in memory
     return result;
 }
 
@@ -78,7 +78,7 @@ std::optional<QString> nameIn(const QDBusMessage& reply)
     if (reply.signature() != u"v")
         return std::nullopt;
     const auto name = reply.arguments().constFirst().value<QDBusVariant>().variant();
-    return name.toString().left(maximalName);
+    return name.toString().left(maximumName);
 }
 
 QDBusMessage extentsQuestion(const AccessibleRef& element)

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// What may be asked of an element on the accessibility bus, and how the answers read. Any thread.
+// The queries to an element on the accessibility bus, and parsing of the answers. Any thread.
 #pragma once
 
 #include <QtCore/QRect>
@@ -21,15 +21,15 @@ namespace lumbrix::platform
 AccessibleRef accessibleRoot(const QString& application);
 
 QDBusMessage childrenQuestion(const AccessibleRef& element);
-/// The references in an answer, at most so many; none when it is something else.
+/// The references in an answer, at most `maximum`; none if the answer is of another type.
 std::vector<AccessibleRef> accessibleRefs(const QDBusMessage& reply, std::size_t maximum);
 
 QDBusMessage roleQuestion(const AccessibleRef& element);
-/// As the protocol numbers them; null when the answer is something else.
+/// With the protocol's numbers; null if the answer is of another type.
 std::optional<std::uint32_t> roleIn(const QDBusMessage& reply);
 
 QDBusMessage nameQuestion(const AccessibleRef& element);
-/// At most as long as windows' titles are; null when the answer is something else.
+/// At most as long as a window title; null if the answer is of another type.
 std::optional<QString> nameIn(const QDBusMessage& reply);
 
 QDBusMessage extentsQuestion(const AccessibleRef& element);

@@ -20,8 +20,8 @@ bool isTitle(const QString& name, const ButtonWindow& window)
     return !name.isEmpty() && name == window.title;
 }
 
-// What panels put around the titles of minimised and shaded windows, and window managers behind
-// titles that are there twice.
+// What panels add around the titles of minimised and shaded windows, and window managers after
+// duplicate titles.
 bool isDecoratedTitle(const QString& name, const ButtonWindow& window)
 {
     static const QRegularExpression number(u" <\\d{1,4}>$"_s);
@@ -32,7 +32,7 @@ bool isDecoratedTitle(const QString& name, const ButtonWindow& window)
             QString(name).remove(number) == window.title);
 }
 
-// Some panels add how many windows there are.
+// Some panels add the number of windows.
 bool isNameOfGroup(const QString& name, const ButtonWindow& window)
 {
     static const QRegularExpression count(u"^[(\\[]\\d{1,4}[)\\]] | [(\\[]\\d{1,4}[)\\]]$"_s);
@@ -104,7 +104,7 @@ public:
         });
     }
 
-    // Also when one of the windows is called like the application.
+    // Even if one of the windows has the application's name as its title.
     void byApplication(const PanelButton& button)
     {
         const auto first = std::ranges::find_if(m_free, [&](const ButtonWindow* window) {

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// Which windows a panel's buttons stand for, by what is written on them. Pure.
+// Matches a panel's buttons to windows by their labels. Pure functions.
 #pragma once
 
 #include <QtCore/QRect>
@@ -33,10 +33,10 @@ struct AccessibleRef {
 /// A button that is shown on a panel.
 struct PanelButton {
     AccessibleRef ref;
-    AccessibleRef list; ///< what it is a child of
+    AccessibleRef list; ///< its parent
     QString name;
-    QRect place;              ///< pixels, counted from the corner of the panel's window
-    std::size_t siblings = 0; ///< of the list, with itself and what is not shown
+    QRect place;              ///< pixels, relative to the corner of the panel's window
+    std::size_t siblings = 0; ///< number of children of the list, including itself and hidden ones
 };
 
 /// A window that may have a button.
@@ -44,18 +44,19 @@ struct ButtonWindow {
     xcb_window_t id = XCB_NONE;
     QString title;
     std::int32_t application = 0;
-    QStringList applicationNames; ///< what a button for all its windows may be called
+    QStringList applicationNames; ///< possible labels of a button for all its windows
     bool isIconic = false;
 };
 
 using ButtonWindows = std::map<AccessibleRef, std::vector<xcb_window_t>>;
 
-/// The buttons of one panel that stand for windows, and for which. They are all in one list: the
-/// one with the most names that fit, as a menu or a clock may be called like a window. By title
-/// first (of several windows of one title each gets one, in the order of the buttons along the
-/// panel), then as `before`, when neither the button nor the window got another partner: a title is
-/// on a window earlier than on its button. At last a button with the name of an application takes
-/// those of its windows that have none. `windows` in the order they appeared.
+/// Finds the buttons of one panel that stand for windows, and their windows. Only the buttons of
+/// one list are used, the list with the most matching labels, because a menu or a clock may have
+/// the same label as a window. Matches by title first (several windows with the same title get one
+/// button each, in the order of the buttons along the panel). Then keeps the pairs in `before` in
+/// which neither the button nor the window has a new partner, because a new title appears on a
+/// window earlier than on its button. Finally a button with the name of an application takes the
+/// application's windows that have none. `windows` is in the order of appearance.
 ButtonWindows matchButtons(std::vector<PanelButton> buttons,
                            const std::vector<ButtonWindow>& windows, const ButtonWindows& before);
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// What is known of one dock or task bar: its place and its items. Geometry is in root pixels.
+// The state of one dock or task bar: its position and its items. Geometry is in root pixels.
 #pragma once
 
 #include <QtCore/QRect>
@@ -24,19 +24,19 @@ std::optional<DockEdge> edgeNamed(const QString& name);
 
 /// Identity of an item while the program runs; 0 = none.
 using DockItemId = std::uint64_t;
-/// Never gives the same number twice. Any thread.
+/// Never returns the same number twice. Any thread.
 DockItemId newDockItemId();
 
 struct DockItem {
     DockItemId id = 0;
-    /// The application it stands for; empty where the dock tells its windows instead.
+    /// The application that it stands for; empty if the dock reports the windows instead.
     QString desktopFile;
-    /// The windows it stands for, where the dock tells them.
+    /// The windows that it stands for, if the dock reports them.
     std::vector<xcb_window_t> windows;
     bool isMinimizedWindow = false; ///< stands for one iconic window, not for an application
-    bool areChosen = false; ///< the windows are all that is to be shown, of whatever application
-    QRect rect;             ///< at rest, up to the dock's edges across it
-    QRect magnified;        ///< while the pointer is on it
+    bool areChosen = false;         ///< show exactly these windows, of any application
+    QRect rect;                     ///< unmagnified, extended to the dock's edges across it
+    QRect magnified;                ///< while the pointer is on it
 };
 
 struct DockWindow {
@@ -51,15 +51,15 @@ struct DockState {
     DockEdge edge = DockEdge::Bottom;
     bool magnifies = false;
     bool hides = false;
-    bool isHidden = false; ///< has slid out of sight now
-    QString settingsPath;  ///< of this dock among several of its program; empty when it has none
+    bool isHidden = false; ///< currently hidden
+    QString settingsPath;  ///< identifies this dock among several of its program; may be empty
     std::vector<DockWindow> windows;
     std::vector<DockItem> items; ///< from left to right, from top to bottom
 
     const DockItem* item(DockItemId id) const;
-    /// The item whose place at rest holds the point; null where there is none.
+    /// The item whose `rect` contains the point; null if there is none.
     const DockItem* itemAt(QPoint point) const;
-    /// The bounding rectangle of the items; empty when there are none.
+    /// The bounding rectangle of the items; empty if there are none.
     QRect extent() const;
 };
 using DockStatePtr = std::shared_ptr<const DockState>;

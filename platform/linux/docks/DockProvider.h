@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// Knows one kind of dock.
+// Supports one kind of dock.
 #pragma once
 
 #include <functional>
@@ -12,23 +12,23 @@
 namespace lumbrix::platform
 {
 
-/// The listener's part on the event thread. States may change on the event thread and on the main
-/// thread; `changed` is called without a lock held each time.
+/// The listener's part runs on the event thread. States may change on the event thread and on the
+/// main thread; `changed` is called each time, without a lock held.
 class DockProvider : public x11::WindowListener
 {
 public:
-    /// What people call this kind of dock.
+    /// The display name of this kind of dock.
     virtual const char* name() const = 0;
-    /// Starts to look for docks. Main thread, after the windows have been fetched.
+    /// Starts searching for docks. Main thread, after the windows have been fetched.
     virtual void start() = 0;
     /// One state per running dock of this kind. Any thread.
     virtual std::vector<DockStatePtr> states() const = 0;
-    /// The pointer came onto one of its docks: places may be looked at more closely. Event thread.
+    /// The pointer has entered one of its docks: positions may be read again. Event thread.
     virtual void pointerEntered() {}
     /// Reads the dock's own preferences again. Main thread.
     virtual void synchronize() {}
 
-    /// Before start.
+    /// Must be called before start().
     void setChanged(std::function<void()> changed) { m_changed = std::move(changed); }
 
 protected:

@@ -13,10 +13,10 @@ namespace lumbrix::platform
 namespace
 {
 
-// A corner that no screen reaches, by which a window is known to be where it was put.
+// A position outside all screens. A window at this position is one that we have moved there.
 constexpr QPoint away(-8192, -8192);
 
-// What comes up where a button was just pressed was asked for.
+// A window that appears where a button was just pressed was requested by the user.
 constexpr int pressReach = 40;
 
 xcb_atom_t roleAtom(const x11::Connection& connection)
@@ -70,7 +70,7 @@ void DockTooltips::popupUnmapped(xcb_window_t window)
     if (known == m_shown.end())
         return;
     if (known->second) {
-        // Its owner may be moving it to the next icon right now, which must not be undone.
+        // Its owner may just be moving it to the next icon, which must not be undone.
         xcb_grab_server(m_connection.get());
         const std::optional<QRect> place = placeOf(window);
         if (place && place->topLeft() == away)
@@ -93,7 +93,7 @@ void DockTooltips::arrange()
     const std::vector<QRect> previews = clients.empty() ? std::vector<QRect>() : row();
     for (auto& [window, home] : m_shown) {
         const std::optional<QRect> place = placeOf(window);
-        // A pointer that has left the dock leaves its tooltip to the dock to take down.
+        // When the pointer has left the dock, the dock hides the tooltip itself.
         if (!place || !clients.contains(m_connection.clientOf(window)))
             continue;
         if (place->topLeft() != away)
@@ -142,7 +142,7 @@ std::vector<QRect> DockTooltips::row() const
         const auto area = m_connection.reply(xcb_get_geometry_reply, question.geometry);
         if (!attributes || !role || !area || attributes->map_state != XCB_MAP_STATE_VIEWABLE)
             continue;
-        // Not the counts on the icons, which are always there.
+        // Not the counts on the icons, which are always shown.
         const std::string_view name(static_cast<const char*>(xcb_get_property_value(role.get())),
                                     xcb_get_property_value_length(role.get()));
         if (name == "preview" || name == "bubble")

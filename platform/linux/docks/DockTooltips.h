@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// Docks name the icon under the pointer in a tooltip, and some show a preview of their own, right
-// where our previews come up.
+// Docks show a tooltip for the icon under the pointer, and some a preview of their own, exactly
+// where our previews appear.
 #pragma once
 
 #include <QtCore/QPoint>
@@ -19,10 +19,10 @@
 namespace lumbrix::platform
 {
 
-/// Moves what a dock shows for the icon under the pointer off the screen while this program's
-/// previews are in its place, and back when they go or when the dock takes it down, so that the
-/// dock finds it where it left it. What does not touch the previews stays. Connection and tracker
-/// outlive it; event thread.
+/// Moves such a window of a dock off the screen while this program's previews overlap it. Moves it
+/// back when they disappear or the dock hides it, so that the dock finds it where it left it.
+/// Windows that do not overlap the previews stay. Connection and tracker must outlive it; event
+/// thread.
 class DockTooltips final : public x11::WindowListener
 {
 public:
@@ -35,13 +35,13 @@ public:
     void buttonPressed(int button, QPoint position) override;
 
 private:
-    /// By window: where its owner has it while it is off the screen.
+    /// By window: its owner's position for it while it is off the screen.
     using Shown = std::map<xcb_window_t, std::optional<QPoint>>;
 
     bool isOwn(xcb_window_t window) const;
     void arrange();
     std::vector<QRect> row() const;
-    /// The programs of the windows under the pointer, one within another, if these are a dock's.
+    /// The clients of the nested windows under the pointer, if these belong to a dock.
     std::set<std::uint32_t> dockClientsUnderPointer() const;
     std::optional<QRect> placeOf(xcb_window_t window) const;
     void move(xcb_window_t window, QPoint to) const;

@@ -12,8 +12,8 @@ namespace lumbrix::platform
 namespace
 {
 
-// A hidden panel lies off the screen by about its breadth.
-constexpr int maximalMiss = 200;
+// A hidden panel is off the screen by about its thickness.
+constexpr int maximumMiss = 200;
 
 bool isWide(const QRect& dock) { return dock.width() >= dock.height(); }
 
@@ -34,8 +34,8 @@ bool overlapsAlong(const QRect& icon, const QRect& dock)
     return middle >= start && middle < start + std::max(dock.width(), dock.height());
 }
 
-// Up to both edges of the dock: the pointer at the very edge of the screen is on the icon, and
-// nothing beside the icon may lie on the dock.
+// Extended to both edges of the dock: a pointer at the very edge of the screen is on the icon, and
+// previews beside the icon must not cover the dock.
 QRect acrossDock(const QRect& icon, const QRect& dock, DockEdge edge)
 {
     if (isHorizontal(edge))
@@ -65,7 +65,7 @@ bool isIconPlace(const QRect& rect)
 int dockOfIcon(const QRect& icon, const std::vector<DockWindow>& docks)
 {
     int best = -1;
-    std::int64_t bestDistance = std::int64_t{maximalMiss} * maximalMiss;
+    std::int64_t bestDistance = std::int64_t{maximumMiss} * maximumMiss;
     for (std::size_t i = 0; i < docks.size(); ++i) {
         const QRect& dock = docks[i].bounds;
         if (!isIconPlace(dock))
@@ -111,7 +111,7 @@ std::vector<DockItem> deriveItems(const std::vector<PlacedWindow>& windows, cons
     for (Button& button : buttons) {
         const QRect raw = button.first.place.translated(dock.topLeft());
         QRect rect = acrossDock(raw, dock, edge);
-        // Several rows of buttons share the breadth.
+        // Several rows of buttons share the thickness.
         const bool crowded = std::ranges::any_of(buttons, [&](const Button& other) {
             return &other != &button &&
                    other.first.place.translated(dock.topLeft()).intersects(rect);
@@ -143,8 +143,8 @@ DockEdge edgeOfDock(const QRect& dock, const QRect& screen, const QMargins& stru
         return DockEdge::Right;
     if (strut.top() > 0)
         return DockEdge::Top;
-    // It keeps nothing free: one that hides, or floats. Where it touches several edges, its shape
-    // tells along which of them it lies.
+    // It reserves no space: it hides or floats. If it touches several edges, its shape decides
+    // which one it is at.
     struct Side {
         DockEdge edge;
         int gap;

@@ -17,8 +17,8 @@ using enum DockDisplay::Kind;
 struct Known {
     const char* program;
     DockDisplay::Kind kind;
-    bool isKnownOn;      ///< where there is no flag to tell
-    const char* setting; ///< null: nothing turns it off; with a key, the schema of the flag
+    bool isKnownOn;      ///< used if there is no flag
+    const char* setting; ///< null: cannot be turned off; with a key, the flag's schema
     const char* key = nullptr;
     bool isOfEachDock = false; ///< each dock of the program has the flag at a path of its own
 };
@@ -27,7 +27,8 @@ constexpr const char* context = "OwnDisplays";
 
 constexpr Known known[] = {
     {"plank", Tooltip, false, "net.launchpad.plank.dock.settings", "tooltips-enabled", true},
-    // Of the continued Plank only, which tells of itself what the other one does.
+    // Only the continued fork of Plank shows previews, but it reports the same about itself as the
+    // original.
     {"plank", Preview, false, "plank --preferences"},
     {"tint2", Tooltip, false, "task_tooltip = 0 (tint2rc)"},
     {"tint2", Preview, false, "task_thumbnail = 0 (tint2rc)"},

@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// What the docks show by themselves for the icon under the pointer, and what turns it off.
+// The tooltips and previews that docks themselves show for the icon under the pointer, and how to
+// turn them off.
 #pragma once
 
 #include <functional>
@@ -13,12 +14,13 @@
 namespace lumbrix::platform
 {
 
-/// A flag in GSettings; the path is empty for a schema that has but one. Null when there is none.
+/// A flag in GSettings; the path is empty for a schema with a fixed path. Null if there is no such
+/// flag.
 using FlagReader =
     std::function<std::optional<bool>(const QString& schema, const QString& path, const char* key)>;
 
-/// As the docks of that program come, but for those that are known to be off; empty for another
-/// program. `settingsPath` as in DockState.
+/// The displays of that program's docks by default, without those known to be off; empty for an
+/// unknown program. `settingsPath` as in DockState.
 std::vector<DockDisplay> ownDisplaysOf(const QString& program, const QString& settingsPath,
                                        const FlagReader& flag);
 

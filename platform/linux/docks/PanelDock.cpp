@@ -18,7 +18,7 @@ constexpr double settleTime = 0.030;
 
 bool isDock(const x11::TrackedWindow& window) { return window.type == x11::WindowType::Dock; }
 
-// Plank tells wrong places; it has a provider of its own.
+// Plank reports wrong positions; it has a provider of its own.
 bool isPanel(const x11::TrackedWindow& window) { return isDock(window) && !isPlankWindow(window); }
 
 bool isShownOn(const x11::TrackedWindow& window, int desktop)
@@ -48,7 +48,7 @@ PanelDock::~PanelDock() { m_runLoop.cancelPreviousPerformRequests(this); }
 void PanelDock::start()
 {
     for (const x11::TrackedWindowPtr& window : m_tracker.windows())
-        notePlace(*window, m_runLoop.now() - 1.0); // written before we came, so it stands
+        notePlace(*window, m_runLoop.now() - 1.0); // written before our start, so stable
     derive();
 }
 
@@ -73,7 +73,8 @@ void PanelDock::notePlace(const x11::TrackedWindow& window, double writtenAt)
 {
     if (!window.iconGeometry || !isIconPlace(*window.iconGeometry) || isDock(window))
         return;
-    // Among all docks: a place on a dock that is not ours to know must not be taken for a near one.
+    // Among all docks: a rectangle on a dock of another provider must not be assigned to a nearby
+    // panel.
     const std::vector<DockWindow> docks = dockWindows();
     const int index = dockOfIcon(*window.iconGeometry, docks);
     if (index < 0)
@@ -202,7 +203,7 @@ void PanelDock::derive()
                 m_everUsed.insert(window->id);
         }
     }
-    // A panel with a task bar comes before one with a clock, also while no window is open.
+    // A panel with a task bar comes before one with just a clock, even while no window is open.
     std::stable_partition(states.begin(), states.end(), [this](const DockStatePtr& state) {
         return m_everUsed.contains(state->windows.front().id);
     });
@@ -252,7 +253,8 @@ DockStatePtr PanelDock::makeState(const x11::TrackedWindow& panel,
     state->pid = panel.pid.value_or(0);
     state->edge = edgeOfDock(panel.bounds, screenOf(panel.bounds), strut.value_or(QMargins()));
     state->hides = strut && strut->isNull();
-    // Hidden ones leave a strip at the edge, or their window to be touched there.
+    // Hidden panels leave a strip, or a part of their window, at the edge to be touched by the
+    // pointer.
     state->isHidden = !isIconPlace(panel.bounds & screenOf(panel.bounds));
     state->windows.push_back({panel.id, panel.frame, panel.bounds});
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// Any panel with a task bar: its buttons are where it says that it shows the windows' icons.
+// Any panel with a task bar: it reports the position of each button in a property of the window.
 #pragma once
 
 #include <QtCore/QMargins>
@@ -25,12 +25,12 @@ namespace lumbrix::platform
 class PanelDock final : public DockProvider
 {
 public:
-    /// The space that a window keeps free at each edge of the screen; null when it does not say.
-    /// Main thread; may ask the server.
+    /// The space that a window reserves at each edge of the screen; null if it has no such
+    /// property. Main thread; may query the server.
     using StrutReader = std::function<std::optional<QMargins>(xcb_window_t)>;
 
-    /// `buttons` are what is asked where the windows' properties do not tell the places; null =
-    /// nobody. Main thread, as is the destructor.
+    /// `buttons` is used if the windows' properties do not give the positions; null = not
+    /// available. Main thread, as is the destructor.
     PanelDock(RunLoop& runLoop, x11::WindowTracker& tracker, const x11::PointSpace& space,
               StrutReader strutReader, std::unique_ptr<AccessibleButtons> buttons = nullptr);
     ~PanelDock() override;
@@ -48,26 +48,27 @@ public:
     void screensChanged() override;
 
 private:
-    /// Where one panel window shows one window.
+    /// The position of one window's button on one panel window.
     struct Placement {
         double writtenAt = 0.0;
         PlacedWindow latest;
-        std::optional<PlacedWindow> settled; ///< the last one that stood for a while
+        std::optional<PlacedWindow> settled; ///< the last position that was stable for a while
     };
     using Placements = std::map<xcb_window_t, Placement>; ///< by panel window
 
     void notePlace(const x11::TrackedWindow& window, double writtenAt);
-    /// Takes in the windows that were placed where no panel was to be seen.
+    /// Records the positions again that were not on any panel when they were written.
     void noteMissingPlaces();
     void scheduleDerivation();
     void derive();
-    /// True when a place is too fresh to be believed.
+    /// Returns true if a position is too recent to be trusted.
     bool settle(double now);
     DockStatePtr makeState(const x11::TrackedWindow& panel,
                            const std::vector<x11::TrackedWindowPtr>& windows);
-    /// Where the panel told the window it is; null when it is not known. With m_mutex held.
+    /// The position that the panel reported for the window; null if it is not known. With m_mutex
+    /// held.
     std::optional<PlacedWindow> placeOn(xcb_window_t panel, xcb_window_t window) const;
-    /// Has the panels' buttons read whose windows' properties tell too little of them.
+    /// Requests reading the buttons of panels whose windows' properties are not sufficient.
     void updateButtons(const std::vector<x11::TrackedWindowPtr>& windows);
     std::vector<DockWindow> dockWindows() const;
     QRect screenOf(const QRect& panel) const;
@@ -80,8 +81,8 @@ private:
     const std::unique_ptr<AccessibleButtons> m_buttons; ///< may be null; main thread
     PlaceWriters m_writers;
     std::atomic<bool> m_isScheduled{false};
-    std::atomic<bool> m_hasChanged{false}; ///< what panels show, since the last derivation
-    std::set<xcb_window_t> m_everUsed;     ///< panels that showed a window once; main thread
+    std::atomic<bool> m_hasChanged{false}; ///< the buttons have changed since the last derivation
+    std::set<xcb_window_t> m_everUsed;     ///< panels that have ever shown a window; main thread
 
     mutable std::mutex m_mutex;
     std::map<xcb_window_t, Placements> m_placements; // guarded by m_mutex; by shown window

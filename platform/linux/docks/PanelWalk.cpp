@@ -22,14 +22,14 @@ constexpr std::size_t maximalChildren = 300;
 constexpr std::size_t maximalElements = 1500;
 constexpr int maximalScale = 4;
 
-// As the protocol numbers them.
+// With the protocol's numbers.
 constexpr std::uint32_t checkBox = 7;
 constexpr std::uint32_t pushButton = 43;
 constexpr std::uint32_t radioButton = 44;
 constexpr std::uint32_t toggleButton = 62;
 
-// Window buttons can be in or out; a launcher is pushed only, and may be called like an
-// application.
+// Window buttons are toggle buttons. A launcher is a push button, and may have an application's
+// name.
 bool isWindowButton(std::uint32_t role)
 {
     return role == toggleButton || role == checkBox || role == radioButton;
@@ -118,14 +118,14 @@ void PanelWalk::lookAtWindow(const AccessibleRef& window)
     });
 }
 
-// A program may count in larger pixels than the display has; panels of one size are told apart by
-// where they are.
+// A program may use larger pixels than the display's. Panels of the same size are distinguished by
+// their position.
 std::optional<PanelWalk::Panel> PanelWalk::panelAt(const QRect& extents) const
 {
     std::optional<Panel> best;
     int bestDistance = 0;
     for (const DockWindow& window : m_panels) {
-        for (int scale = 1; scale <= maximalScale; ++scale) {
+        for (int scale = 1; scale <= maximumScale; ++scale) {
             const QSize size = extents.size() * scale - window.bounds.size();
             if (std::abs(size.width()) >= 2 * scale || std::abs(size.height()) >= 2 * scale)
                 continue;
@@ -142,13 +142,13 @@ std::optional<PanelWalk::Panel> PanelWalk::panelAt(const QRect& extents) const
 
 void PanelWalk::lookInto(const AccessibleRef& container, const Panel& panel, int depth)
 {
-    if (depth >= maximalDepth)
+    if (depth >= maximumDepth)
         return;
     const auto look = [this, container, panel, depth](const std::optional<Refs>& told) {
         const Refs children = told.value_or(Refs());
         const List list{.ref = container, .size = children.size(), .depth = depth};
         for (const AccessibleRef& child : children) {
-            if (m_seen.size() >= maximalElements || !m_seen.insert(child).second)
+            if (m_seen.size() >= maximumElements || !m_seen.insert(child).second)
                 continue;
             const auto known = m_knownRoles.find(child);
             if (known != m_knownRoles.end()) {

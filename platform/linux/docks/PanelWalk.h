@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// One look through what a program shows, for the buttons on its panels.
+// Walks a program's accessibility tree once, to find the buttons on its panels.
 #pragma once
 
 #include <deque>
@@ -18,16 +18,16 @@
 namespace lumbrix::platform
 {
 
-/// Roles of elements by what they are; an element keeps its role.
+/// Roles by element; an element never changes its role.
 using AccessibleRoles = std::map<AccessibleRef, std::uint32_t>;
 
-/// Bounded in depth, in the number of elements and in the calls that are under way at a time;
-/// the caller bounds its time, by destroying it. Main thread.
+/// Limits the depth, the number of elements and the number of pending calls; the caller limits the
+/// time, by destroying it. Main thread.
 class PanelWalk
 {
 public:
     struct Result {
-        bool isAnswered = false;                                 ///< the program told its windows
+        bool isAnswered = false;                                 ///< it reported its windows
         std::map<xcb_window_t, std::vector<PanelButton>> panels; ///< also those without buttons
         AccessibleRoles roles;                                   ///< for the next walk
     };
@@ -40,7 +40,7 @@ public:
     PanelWalk(const PanelWalk&) = delete;
     PanelWalk& operator=(const PanelWalk&) = delete;
 
-    /// `done` is called once, from the event loop, and may destroy the walk.
+    /// `done` is called once, from the event loop, and may destroy this object.
     void start();
 
 private:
@@ -50,8 +50,8 @@ private:
     /// A window of the program that is one of its panels.
     struct Panel {
         xcb_window_t id = XCB_NONE;
-        QPoint corner; ///< as the program tells it
-        int scale = 1; ///< pixels to one of the program's
+        QPoint corner; ///< as the program reports it
+        int scale = 1; ///< display pixels per pixel of the program
     };
     struct List {
         AccessibleRef ref;

@@ -13,7 +13,7 @@ namespace lumbrix::platform
 namespace
 {
 
-// Panels write within 45 ms of a window's coming, more while the session starts.
+// Panels write within 45 ms after a window appears, later while the session starts.
 constexpr double silenceTime = 2.0; // seconds
 
 } // namespace
@@ -33,7 +33,7 @@ PlaceWriters::Doubt PlaceWriters::doubt(const std::vector<x11::TrackedWindowPtr>
     for (const x11::TrackedWindowPtr& dock : docks) {
         if (dock->pid) {
             running.insert(*dock->pid);
-            if (!isPlankWindow(*dock)) // which tells its items otherwise
+            if (!isPlankWindow(*dock)) // which reports its items in another way
                 panels.insert(*dock->pid);
         }
     }

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// Which panels cannot be believed to tell windows where they show them.
+// Decides which panels' window properties cannot be trusted.
 #pragma once
 
 #include <map>
@@ -15,21 +15,21 @@
 namespace lumbrix::platform
 {
 
-/// A window has room for one place only: with two docks that write it, it says where one of them
-/// shows the window, and nothing of the other. A panel that has written none at all though there
-/// are windows may just not be one of those that write.
+/// A window's property has only one position: if two docks write it, it is that of one dock, and
+/// nothing is known about the other. A panel that has written none although there are windows may
+/// be one that never writes.
 class PlaceWriters
 {
 public:
-    /// A dock of this process has told a window its place. Any thread.
+    /// A dock of this process has written a window's position. Any thread.
     void wrote(std::int32_t pid);
 
     struct Doubt {
         std::set<std::int32_t> pids; ///< processes of panels
         double lookAgain = 0.0;      ///< seconds until a silent one is doubted; 0 = none is silent
     };
-    /// `docks` are the windows of all docks, `placed` the processes of those that some window is
-    /// shown on now, as far as is known. Main thread; seconds of a monotonic clock.
+    /// `docks` are the windows of all docks, `placed` the processes of docks that show at least one
+    /// window now, as far as is known. Main thread; seconds of a monotonic clock.
     Doubt doubt(const std::vector<x11::TrackedWindowPtr>& docks,
                 const std::set<std::int32_t>& placed, bool areThereTasks, double now);
 

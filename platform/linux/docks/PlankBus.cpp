@@ -75,8 +75,7 @@ void PlankBus::start()
     });
 }
 
-// The answer comes only while the Plank that it is about is still there; without one it is about
-// the bus.
+// Answers for a Plank that has ended are dropped; without a Plank the answer is the bus's own.
 void PlankBus::call(const PlankPtr& plank, const QDBusMessage& message, Answer answer)
 {
     auto* watcher =
@@ -126,7 +125,7 @@ void PlankBus::findDocks(const PlankPtr& plank)
     });
 }
 
-// Plank has its name on the bus before it has its docks there, and these one after the other.
+// Plank registers its name on the bus before its docks, and the docks one after another.
 void PlankBus::takeDocks(const PlankPtr& plank, const QDBusMessage& reply)
 {
     const QSet<QString> names = isPlankAnswer(reply, "s")
@@ -135,7 +134,7 @@ void PlankBus::takeDocks(const PlankPtr& plank, const QDBusMessage& reply)
     if (names.isEmpty()) {
         if (++plank->failures <= maximalPlankFailures)
             findDocksAfter(plank, 0.5);
-        return; // a Plank that hangs keeps its docks
+        return; // keep the docks of a Plank that hangs
     }
     plank->failures = 0;
     bool isChanged = std::erase_if(plank->docks, [&](const auto& dock) {

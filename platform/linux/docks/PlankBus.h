@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// The docks of all Planks on the message bus. One Plank may run several docks, and there may be
-// more Planks than one, each with a name of its own.
+// The docks of all Plank processes on the message bus. One Plank may have several docks, and there
+// may be several Planks, each with its own bus name.
 #pragma once
 
 #include <QtCore/QObject>
@@ -20,16 +20,16 @@
 namespace lumbrix::platform
 {
 
-/// What the bus knows of a dock.
+/// The information about a dock on the bus.
 struct PlankOnBus {
     QString plank;        ///< bus name of its Plank; with `name` it is the dock's identity
-    QString name;         ///< as in its settings' path, "dock1"
+    QString name;         ///< as in its settings path, "dock1"
     std::int32_t pid = 0; ///< of its Plank; 0 = unknown
     PlankItems items;     ///< in Plank's own pixels; empty until it has answered
 };
 
-/// Main thread. Each dock is asked by itself and never waited for, so that one that does not answer
-/// keeps nothing back of the others.
+/// Main thread. Each dock is queried separately and asynchronously, so that one that does not
+/// answer does not delay the others.
 class PlankBus final : public QObject
 {
     Q_OBJECT
@@ -39,12 +39,12 @@ public:
     ~PlankBus() override;
 
     void start();
-    /// Asks all docks for their items anew.
+    /// Queries the items of all docks again.
     void refresh();
-    /// Asks all Planks for their docks anew: they do not report one that comes or goes.
+    /// Queries the docks of all Planks again: they do not report added and removed docks.
     void lookForDocks();
 
-    /// The Plank of the plain name first, each one's docks by their names.
+    /// The Plank with the plain name first; the docks of each sorted by name.
     std::vector<PlankOnBus> docks() const;
 
     /// Called when docks or items changed.

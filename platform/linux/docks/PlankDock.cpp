@@ -13,8 +13,8 @@ namespace lumbrix::platform
 namespace
 {
 
-/// What is not there any more is remembered, until there is so much of it.
-constexpr std::size_t maximalKept = 1000;
+/// Maximum number of remembered docks or items that no longer exist.
+constexpr std::size_t maximumKept = 1000;
 
 int along(QPoint point, DockEdge edge) { return isHorizontal(edge) ? point.x() : point.y(); }
 
@@ -35,7 +35,7 @@ PlankDock::PlankDock(RunLoop& runLoop, x11::WindowTracker& tracker, ApplicationR
 
 PlankDock::~PlankDock() = default;
 
-// A dock is known by its window, at once; its items follow when it has answered.
+// A dock is found by its window at once; its items follow when it has answered.
 void PlankDock::start()
 {
     rebuild();
@@ -48,7 +48,7 @@ std::vector<DockStatePtr> PlankDock::states() const
     return m_states;
 }
 
-// Everything is put together on the main thread, where D-Bus and the preferences answer.
+// States are derived on the main thread, where D-Bus and the preferences are available.
 void PlankDock::onMainThread(void (PlankDock::*step)())
 {
     m_runLoop.performOnMainThread(m_guard.ifAlive([this, step] { (this->*step)(); }), false);
@@ -107,7 +107,7 @@ std::vector<PlankWindow> PlankDock::readWindows() const
                                .touched = {}});
         }
     }
-    if (windows.size() > 1 && m_reader.inputArea) { // to tell them apart
+    if (windows.size() > 1 && m_reader.inputArea) { // to distinguish them
         for (PlankWindow& window : windows) {
             const QRect area = m_reader.inputArea(window.window.id);
             window.touched = area.translated(window.window.bounds.topLeft());
@@ -131,7 +131,7 @@ PlankDock::Kept& PlankDock::keptOf(const PlankOnBus& dock)
 std::vector<PlankDock::Known> PlankDock::knownDocks()
 {
     std::vector<PlankOnBus> all = m_bus->docks();
-    if (m_kept.size() > std::max(maximalKept, all.size())) {
+    if (m_kept.size() > std::max(maximumKept, all.size())) {
         std::erase_if(m_kept, [&](const auto& kept) {
             return std::ranges::none_of(all, [&](const PlankOnBus& told) {
                 return kept.first == std::pair(told.plank, told.name);
@@ -202,7 +202,7 @@ void PlankDock::rebuild()
     notifyChanged();
 }
 
-// The middle of the icon as the dock tells it to the application's windows.
+// The middle of the icon, as the dock writes it to the application's windows.
 std::optional<int> PlankDock::iconCentreOf(const Application& application, const Known& dock) const
 {
     for (const xcb_window_t id : application.windows) {
@@ -216,7 +216,7 @@ std::optional<int> PlankDock::iconCentreOf(const Application& application, const
     return std::nullopt;
 }
 
-// An application without a desktop entry goes by the path of its made-up URL.
+// An application without a desktop entry is identified by the path of its made-up URL.
 std::vector<PlankItem> PlankDock::allItems(const Known& dock, const PlankItems& told) const
 {
     std::vector<PlankItem> items = told.named;
@@ -237,7 +237,7 @@ std::vector<PlankItem> PlankDock::allItems(const Known& dock, const PlankItems& 
                 {url.toLocalFile(), iconCentreOf(application, dock), application.running.pid});
         }
     }
-    // Those that ran before this program count as started in the order of their processes.
+    // Applications that ran before this program are ordered by process id.
     std::ranges::stable_sort(unnamed, {}, &PlankUnnamed::Candidate::pid);
     const QPoint first = *told.firstUnnamed;
     const int firstCentre = along(first, dock.edge);
@@ -306,7 +306,7 @@ DockStatePtr PlankDock::makeState(const Known& dock) const
                                 .rect = dock.places[i].rect,
                                 .magnified = dock.places[i].magnified});
     }
-    if (dock.kept->ids.size() > std::max(maximalKept, state->items.size())) {
+    if (dock.kept->ids.size() > std::max(maximumKept, state->items.size())) {
         std::erase_if(dock.kept->ids, [&](const auto& kept) {
             return std::ranges::find(state->items, kept.second, &DockItem::id) ==
                    state->items.end();

@@ -26,11 +26,11 @@
 namespace lumbrix::platform
 {
 
-/// Whether it is a window that Plank draws a dock in.
+/// Whether the window is one of Plank's dock windows.
 bool isPlankWindow(const x11::TrackedWindow& window);
 
-/// One state per dock: those of the Plank of the plain name first, and last the windows of docks
-/// that have not answered yet.
+/// One state per dock: those of the Plank with the plain name first; docks that have not answered
+/// yet, known only by their windows, last.
 class PlankDock final : public DockProvider
 {
 public:
@@ -51,14 +51,14 @@ public:
     void windowRemoved(const x11::TrackedWindowPtr& last) override;
 
 private:
-    /// What is kept of a dock, also while it does not run.
+    /// What is remembered about a dock, even while it does not run.
     struct Kept {
         DockItemId number = newDockItemId(); ///< of the dock
         std::unique_ptr<PlankSettings> settings;
         PlankUnnamed unnamed;
         std::map<QString, DockItemId> ids; ///< of its items, by desktop file
     };
-    /// A dock that is to be made a state of.
+    /// A dock for which a state is derived.
     struct Known {
         PlankOnBus told;
         Kept* kept = nullptr;
@@ -79,10 +79,11 @@ private:
     std::vector<PlankWindow> readWindows() const;
     std::vector<Known> knownDocks();
     Kept& keptOf(const PlankOnBus& dock);
-    /// Gives each its window, takes those from `windows`, and drops the docks without one.
+    /// Assigns a window to each dock, removes these from `windows`, and drops docks without a
+    /// window.
     static void giveWindows(std::vector<Known>& docks, std::vector<PlankWindow>& windows);
     void placeItems(Known& dock) const;
-    /// Everything on the dock that is an application: what it names, and what it must be showing.
+    /// All applications on the dock: those that it names, and those that it must be showing.
     std::vector<PlankItem> allItems(const Known& dock, const PlankItems& told) const;
     std::optional<int> iconCentreOf(const Application& application, const Known& dock) const;
     void noteSlides(const std::vector<Known>& docks);
@@ -96,7 +97,7 @@ private:
     std::unique_ptr<PlankBus> m_bus;
     std::map<std::pair<QString, QString>, Kept> m_kept; ///< by Plank and dock
     PlankSlides m_slides;
-    /// Which of the icon places that are written to windows matter.
+    /// The icon geometries of windows that are relevant.
     enum class Interest { None, ComingAndGoing, All };
     std::atomic<Interest> m_interest{Interest::None};
     std::atomic<bool> m_isRebuildUnderWay{false};

@@ -12,7 +12,7 @@ namespace lumbrix::platform
 namespace
 {
 
-// How far the point lies from the screen's edge that the dock is on.
+// The point's distance from the screen edge that the dock is at.
 int depthOf(QPoint point, DockEdge edge, const QRect& dock)
 {
     switch (edge) {
@@ -49,8 +49,9 @@ QRect standingOnEdge(int centre, int length, int depth, DockEdge edge, const QRe
 int plankPitch(std::vector<int> centres, int iconSize)
 {
     std::ranges::sort(centres);
-    // Themes pad icons by a quarter of their size; neighbours tell the padding exactly. An item in
-    // between that is no application makes a gap, never a shorter distance.
+    // Themes pad icons by a quarter of their size; the distance of neighbours gives the exact
+    // padding. An item between them that is not an application makes the distance larger, never
+    // smaller.
     int pitch = 0;
     for (std::size_t i = 1; i < centres.size(); ++i) {
         const int distance = centres[i] - centres[i - 1];
@@ -86,9 +87,9 @@ std::vector<PlankPlace> plankPlaces(const std::vector<QPoint>& hoverPoints, Dock
     const int pitch = plankPitch(std::move(centres), look.iconSize);
     const int growth =
         look.magnifies ? look.iconSize * std::max(look.zoomPercent - 100, 0) / 100 : 0;
-    // An item that has just been added rises out of the screen's edge, so the highest tells where
-    // they all end up. The points keep clear of magnified icons: without the growth they bound the
-    // rest.
+    // An item that has just been added slides in from the screen's edge, so the point furthest from
+    // the edge is the final one for all. The points are outside magnified icons: minus the growth
+    // by magnification they give the bound at rest.
     int highest = 0;
     for (const QPoint point : hoverPoints)
         highest = std::max(highest, depthOf(point, edge, dock));

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// Where Plank's icons are, from what it reports about each: a point beside the icon, in the middle
-// of its length and clear of it even when it is magnified.
+// The positions of Plank's icons, from what it reports about each: a point beside the middle of the
+// icon, outside of it even when it is magnified.
 #pragma once
 
 #include <QtCore/QPoint>
@@ -26,16 +26,16 @@ struct PlankPlace {
     QRect magnified;
 };
 
-/// The distance from one item's middle to the next one's, told from the middles of some items along
-/// the edge. Pure.
+/// The distance between the middles of adjacent items, from the middles of some items along the
+/// edge. Pure.
 int plankPitch(std::vector<int> centres, int iconSize);
 
-/// Middles of `count` items that Plank does not tell, the first one of which is at `first`: those
-/// behind it, wherever none of the told ones is. Pure.
+/// Middles of `count` items that Plank does not report: the first one at `first`, the others after
+/// it at the positions without a reported item. Pure.
 std::vector<int> plankFreeCentres(int first, int count, int pitch, const std::vector<int>& told);
 
-/// For each hover point, in the same order, the item's place; `dock` is the dock's window, which
-/// ends at the screen's edge. Pure.
+/// For each hover point, in the same order, the item's rectangle; `dock` is the dock's window,
+/// which ends at the screen's edge. Pure.
 std::vector<PlankPlace> plankPlaces(const std::vector<QPoint>& hoverPoints, DockEdge edge,
                                     const QRect& dock, const PlankLook& look);
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// The items of one dock of Plank over D-Bus, without ever waiting for it.
+// The items of one Plank dock, over D-Bus. Never waits for it.
 #pragma once
 
 #include <QtCore/QObject>
@@ -31,9 +31,9 @@ public:
 
     const QString& path() const { return m_path; }
     const PlankItems& items() const { return m_items; }
-    /// Asks for the items anew; calls during a running query are answered by one more.
+    /// Queries the items again; calls during a running query cause one more query.
     void refresh();
-    /// Asks now and until they have slid to their new places.
+    /// Queries now, and repeatedly until the items have moved to their new positions.
     void refreshWhileTheyMove();
 
 private:
@@ -57,9 +57,9 @@ private:
     int m_failures = 0;
 };
 
-/// Whether the reply is a good one with arguments of these types.
+/// Whether the reply is valid, with arguments of these types.
 bool isPlankAnswer(const QDBusMessage& reply, const char* signature);
 inline constexpr int plankTimeoutMilliseconds = 2000;
-inline constexpr int maximalPlankFailures = 10; ///< in a row, then only signals and hovers ask
+inline constexpr int maximalPlankFailures = 10; ///< in a row; then only signals and hovers query
 
 } // namespace lumbrix::platform

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// Plank's preferences as it keeps them in GSettings.
+// Plank's preferences in GSettings.
 #pragma once
 
 #include <QtCore/QString>
@@ -16,10 +16,10 @@
 namespace lumbrix::platform
 {
 
-/// Where those of a dock are, whose name is as in "dock1".
+/// The path of a dock's settings; `dock` is a name like "dock1".
 QString plankSettingsPath(const QString& dockName);
 
-/// Main thread. Without Plank's schema every read gives null.
+/// Main thread. Without Plank's schema every read returns null.
 class PlankSettings
 {
 public:

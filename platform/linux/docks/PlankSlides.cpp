@@ -16,7 +16,7 @@ void PlankSlides::note(const std::vector<x11::TrackedWindowPtr>& windows,
         std::int64_t least = 0;
         for (const Dock& dock : docks) {
             const QPoint centre = iconCentre(*window->iconGeometry, dock.scale);
-            // An icon without size is on the line just behind the last pixels.
+            // An empty icon geometry is on the line just after the last pixels.
             if (!dock.bounds.adjusted(-1, -1, 1, 1).contains(centre))
                 continue;
             const std::int64_t distance =

@@ -1,8 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// Which docks of Plank have slid out of sight, told from the icon places that they write to the
-// windows.
+// Detects which of Plank's docks are hidden, from the icon geometry that they write to the windows.
 #pragma once
 
 #include <QtCore/QRect>
@@ -18,20 +17,20 @@
 namespace lumbrix::platform
 {
 
-/// A dock gives the windows an icon without size, at the edge that it is on, as soon as it starts
-/// to slide away, and their place back when it starts to come. Docks overwrite what others wrote,
-/// so what each has said last is remembered.
+/// As soon as a dock starts to hide, it writes an empty icon geometry at its edge to the windows,
+/// and the real geometry again when it starts to reappear. Docks overwrite each other's values, so
+/// the last value of each dock is remembered.
 class PlankSlides
 {
 public:
     struct Dock {
-        DockItemId id = 0; ///< any number that stays the dock's
+        DockItemId id = 0; ///< any number that identifies the dock
         QRect bounds;      ///< of its window, root pixels
         QRect extent;      ///< of its items; empty while none is known
         int scale = 1;     ///< of the places that it writes
     };
 
-    /// Takes in what the windows have now. What no dock can have written is passed over.
+    /// Updates from the windows' current values. Values that no dock can have written are ignored.
     void note(const std::vector<x11::TrackedWindowPtr>& windows, const std::vector<Dock>& docks);
     bool isAway(DockItemId dock) const;
 
@@ -43,7 +42,7 @@ private:
     std::map<DockItemId, Word> m_last;
 };
 
-/// Plank writes an icon without size when there is none to be seen.
+/// Plank writes an empty icon geometry when no icon is visible.
 inline bool isShownByDock(const x11::TrackedWindow& window)
 {
     return window.iconGeometry && !window.iconGeometry->isEmpty();

@@ -14,8 +14,8 @@ namespace
 
 using Candidate = PlankUnnamed::Candidate;
 
-// Empty unless the candidates tell the free places, all of them moved by the same distance: the
-// dock does not tell anew when it has grown at one end and everything moved along.
+// Empty unless the candidates' positions match the free positions, all moved by the same distance:
+// the dock does not write new values when it has grown at one end and all items have moved.
 std::vector<QString> orderByHints(std::vector<Candidate> candidates, const std::vector<int>& free,
                                   int pitch)
 {

@@ -27,7 +27,7 @@ bool holds(const QRect& bounds, const std::vector<QPoint>& points, int scale)
     });
 }
 
-// Along the edge only: across it a dock that has slid away touches nothing but the edge.
+// Along the edge only: a hidden dock touches only the edge.
 bool isTouchedAt(const PlankWindow& window, const std::vector<QPoint>& points, DockEdge edge)
 {
     const QRect& touched = window.touched;
@@ -39,8 +39,8 @@ bool isTouchedAt(const PlankWindow& window, const std::vector<QPoint>& points, D
     });
 }
 
-// A process that is on both sides belongs together; numbers that are strange to each other may
-// still be the same process, seen from inside and outside of a container.
+// A process id found on both sides is a match. Ids that are found on one side only may still be the
+// same process, seen from inside and outside a container.
 bool areStrangers(std::int32_t dock, std::int32_t window,
                   const std::vector<PlankWithoutWindow>& docks,
                   const std::vector<PlankWindow>& windows)
@@ -78,7 +78,7 @@ int plankScaleIn(std::span<const std::uint32_t> hints)
         return 1;
     const std::uint32_t step = hints[9];
     const bool isScale = (hints[0] & resizeIncrementIsSet) != 0 && step == hints[10] && step >= 1 &&
-                         step <= maximalScale;
+                         step <= maximumScale;
     return isScale ? static_cast<int>(step) : 1;
 }
 
@@ -110,7 +110,8 @@ windowsOfPlanks(const std::vector<PlankWithoutWindow>& docks,
             if (!areStrangers(docks[d].pid, windows[w].pid, docks, windows))
                 pairs.push_back({fit(docks[d], windows[w]), d, w});
     }
-    // What fits equally well goes by age: Plank makes the windows in the order of its docks.
+    // Equally good matches are assigned by age: Plank creates the windows in the order of its
+    // docks.
     std::ranges::sort(pairs, {}, [&](const Pair& pair) {
         return std::tuple(-pair.fit, pair.dock, windows[pair.window].window.id);
     });

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// Which window shows which dock of Plank, which says so nowhere, and what else a dock's window
-// tells. Geometry is in root pixels.
+// Finds the window of each Plank dock, which Plank does not report, and reads further data from a
+// dock's window. Geometry is in root pixels.
 #pragma once
 
 #include <cstdint>
@@ -17,9 +17,9 @@
 namespace lumbrix::platform
 {
 
-/// How many pixels of the screen, each way, one of Plank's own is: what is drawn bigger for the
-/// user's sake still counts its points and sizes as before, but has its window resized in steps of
-/// that many. 1 where the window says nothing or nonsense. One round trip; any thread.
+/// The width and height in screen pixels of one of Plank's own pixels. A scaled Plank still reports
+/// points and sizes in unscaled pixels, but its window has this number as resize increment. 1 if
+/// the window has no or an invalid increment. One round trip; any thread.
 int readPlankScale(xcb_connection_t* connection, xcb_window_t window);
 /// The same of the window's WM_NORMAL_HINTS.
 int plankScaleIn(std::span<const std::uint32_t> hints);
@@ -28,7 +28,7 @@ int plankScaleIn(std::span<const std::uint32_t> hints);
 /// round trip; any thread; the server must have the shape extension.
 QRect readInputArea(xcb_connection_t* connection, xcb_window_t window);
 
-/// What has to be asked of the server. Main thread; `inputArea` may be null.
+/// The queries to the server. Main thread; `inputArea` may be null.
 struct PlankWindowReader {
     std::function<int(xcb_window_t)> scale;
     std::function<QRect(xcb_window_t)> inputArea;
@@ -38,17 +38,17 @@ struct PlankWindow {
     DockWindow window;
     std::int32_t pid = 0; ///< 0 = unknown
     int scale = 1;
-    QRect touched; ///< the part that the pointer touches; empty = unknown
+    QRect touched; ///< the input area; empty = unknown
 };
 
-/// What is known of a dock that wants a window.
+/// The data of a dock that needs a window.
 struct PlankWithoutWindow {
     std::int32_t pid = 0; ///< 0 = unknown
     DockEdge edge = DockEdge::Bottom;
     std::vector<QPoint> points; ///< beside its items, in Plank's own pixels
 };
 
-/// For each dock the index of its window, null while there is none. No window is given twice. Pure.
+/// For each dock the index of its window; null if there is none. No window is used twice. Pure.
 std::vector<std::optional<std::size_t>>
 windowsOfPlanks(const std::vector<PlankWithoutWindow>& docks,
                 const std::vector<PlankWindow>& windows);

@@ -21,7 +21,8 @@ namespace lumbrix::platform
 namespace
 {
 
-/// The name of the socket, with a leading zero when it is no file; empty when it is no local one.
+/// The name of the socket, with a leading zero byte if it is abstract; empty if it is not a local
+/// one.
 QByteArray socketName(const QString& address)
 {
     const QString first = address.section(u';', 0, 0);
@@ -43,7 +44,7 @@ SocketProbe::SocketProbe(std::function<void(bool)> done) : m_done(std::move(done
 
 SocketProbe::~SocketProbe()
 {
-    if (m_notifier) { // it may be what called
+    if (m_notifier) { // it may be the caller
         m_notifier->setEnabled(false);
         m_notifier.release()->deleteLater();
     }

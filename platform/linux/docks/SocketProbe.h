@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// Whether a message bus answers, found out before anything connects to it that would wait.
+// Checks whether a message bus answers, before a blocking connection to it is made.
 #pragma once
 
 #include <QtCore/QSocketNotifier>
@@ -13,8 +13,8 @@
 namespace lumbrix::platform
 {
 
-/// Connecting to a bus that hangs blocks once its queue of new connections is full. So it is asked
-/// first, on a socket that never waits, which ways to log in it knows. Main thread.
+/// Connecting to a bus that hangs blocks once its queue of new connections is full. So this first
+/// asks it, on a non-blocking socket, for its authentication mechanisms. Main thread.
 class SocketProbe
 {
 public:
@@ -23,9 +23,9 @@ public:
     SocketProbe(const SocketProbe&) = delete;
     SocketProbe& operator=(const SocketProbe&) = delete;
 
-    /// `address` as the bus tells it; only local sockets can be asked. `done` is called once, from
-    /// the event loop or from here, with whether it answers; never when it is silent, nor after
-    /// this is gone.
+    /// `address` is a bus address; only local sockets are supported. `done` is called once, from
+    /// the event loop or from this call, with whether the bus answers; never if it stays silent,
+    /// nor after this object is destroyed.
     void start(const QString& address);
 
 private:

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// The space that panels keep free at the edges of the screen.
+// The space that panels reserve at the edges of the screen.
 #pragma once
 
 #include <QtCore/QMargins>
@@ -15,8 +15,8 @@
 namespace lumbrix::platform
 {
 
-/// As the window says it in _NET_WM_STRUT_PARTIAL or _NET_WM_STRUT; null when it is gone or has
-/// neither. Two round trips at most; any thread.
+/// From the window's _NET_WM_STRUT_PARTIAL or _NET_WM_STRUT; null if it is gone or has neither. At
+/// most two round trips; any thread.
 std::optional<QMargins> readStrut(xcb_connection_t* connection, xcb_window_t window);
 
 /// What the numbers of either property say; null when they are too few.

@@ -16,7 +16,7 @@ namespace
 
 constexpr qint64 mostBytes = qint64{8} * 1024 * 1024;
 constexpr qint64 mostPixels = qint64{32} * 1024 * 1024;
-/// Twice what the largest preview shows of a square.
+/// Twice the size at which the largest preview shows a square picture.
 constexpr int largestSide = 640;
 
 QByteArray readDataUri(QStringView uri)

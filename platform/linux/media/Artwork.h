@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// Pictures that another program names.
+// Loads pictures whose address comes from another program.
 #pragma once
 
 #include <QtCore/QString>
@@ -10,10 +10,10 @@
 namespace lumbrix::platform
 {
 
-/// The picture that a file or data URI names, reduced to what a preview can show. Null for any
-/// other kind of address (nothing is ever fetched), for what is no plain file, for more than 8
-/// megabytes or 32 megapixels, and for what is no picture of a common format. Any thread; takes as
-/// long as reading and decoding does.
+/// The picture at a file or data URI, reduced to the size that a preview can show. Null for any
+/// other kind of address (nothing is fetched), for anything but a regular file, for more than 8
+/// megabytes or 32 megapixels, and if it is not a picture of a common format. Any thread; blocks
+/// while reading and decoding.
 QImage loadArtwork(const QString& uri);
 
 } // namespace lumbrix::platform

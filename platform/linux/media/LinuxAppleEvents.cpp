@@ -77,7 +77,7 @@ AppleEventReply stateOf(const MprisProperties& properties)
     return failure(AppleEventError::NotRunning);
 }
 
-/// `rest` is the way on from the current track.
+/// `rest` is the path from the current track on.
 AppleEventReply ofTrack(const MediaPlayer& player, const ObjectSpecifier& object)
 {
     const auto& steps = object.steps;
@@ -94,7 +94,7 @@ AppleEventReply ofTrack(const MediaPlayer& player, const ObjectSpecifier& object
     default:
         return failure(AppleEventError::NotHandled);
     }
-    // A player reports one artwork.
+    // A player has at most one artwork.
     if (steps[1].kind == ObjectSpecifier::Step::Kind::Elements) {
         std::vector<ObjectSpecifier> artworks;
         if (!player.artwork.isNull()) {
@@ -111,7 +111,7 @@ AppleEventReply ofTrack(const MediaPlayer& player, const ObjectSpecifier& object
                : failure(AppleEventError::NotHandled);
 }
 
-/// The target's window, if it is one of the application's, else any of them.
+/// The target's window if it belongs to the application, otherwise any window of the application.
 xcb_window_t meantWindow(const Application& application, WindowID window)
 {
     const auto& windows = application.windows;
@@ -126,7 +126,7 @@ const MailWay* wayToFetchMail(const Application& application)
     return way ? way : mailWay(application.running.executableURL.fileName());
 }
 
-/// A player shows one document.
+/// A player has one document.
 AppleEventReply ofDocument(const MediaPlayer& player, const ObjectSpecifier& object)
 {
     const auto& steps = object.steps;

@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// The event codes of four applications, spoken to the players and mail programs of this desktop.
+// Translates the event codes of four applications for the players and mail programs of this
+// desktop.
 #pragma once
 
 #include <QtDBus/QDBusConnection>
@@ -17,14 +18,14 @@
 namespace lumbrix::platform
 {
 
-/// "iTunes", "VLC", "QuickTime Player" and "Mail" stand for the programs of those roles, and with a
-/// process id for whichever player that application has. Questions are answered at once with what
-/// the players have announced; the one that is asked is looked at anew, so that one that has
-/// stopped answering is found out before the next question. Commands wait for their reply.
+/// "iTunes", "VLC", "QuickTime Player" and "Mail" stand for the programs of those roles; with a
+/// process id, for any player of that application. Queries are answered at once from what the
+/// players have announced. Each query also refreshes the player's data, so that a player that has
+/// stopped answering is noticed before the next query. Commands wait for their reply.
 class LinuxAppleEvents final : public AppleEvents
 {
 public:
-    /// Called on any thread; whether it went out.
+    /// Called on any thread; returns whether it was sent.
     using SendShortcut = std::function<bool(xcb_window_t, const x11::Shortcut&)>;
 
     /// Main thread.
@@ -38,7 +39,7 @@ public:
 
 private:
     MediaPlayerWanted wantedBy(const Application& application, WindowID window) const;
-    /// The player that is meant; none when none runs or it does not answer.
+    /// The target's player; none if none runs or it does not answer.
     std::optional<MediaPlayer> playerFor(const AppleEventTarget& target);
     std::int64_t pidOf(xcb_window_t window) const;
     AppleEventReply checkForNewMail(const AppleEventTarget& target);

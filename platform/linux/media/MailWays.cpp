@@ -18,8 +18,8 @@ constexpr std::int64_t F12 = 0x6F;
 QHash<QString, MailWay> allWays()
 {
     const MailWay clawsMail{{u"claws-mail"_s, u"--receive-all"_s}, {}};
-    // These two cannot be told from outside in another way. Thunderbird fetches for all accounts
-    // that it has logged in to; Evolution sends what waits to be sent, too.
+    // These two can only be controlled by their shortcut. Thunderbird fetches for all accounts that
+    // it has logged in to; Evolution also sends pending mail.
     const MailWay evolution{{}, {F12}};
     const MailWay thunderbird{{}, {F5, true}};
     return {

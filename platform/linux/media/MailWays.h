@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// How each mail program is told to fetch mail.
+// How to make each mail program fetch mail.
 #pragma once
 
 #include <QtCore/QString>
@@ -12,14 +12,14 @@
 namespace lumbrix::platform
 {
 
-/// One of the two, as the program's manual gives it.
+/// One of the two, from the program's manual.
 struct MailWay {
-    QStringList command;    ///< has the one that runs fetch the mail of all accounts
-    x11::Shortcut shortcut; ///< does the same in its main window; where it has no such command
+    QStringList command;    ///< makes the running one fetch mail for all accounts
+    x11::Shortcut shortcut; ///< the same in its main window, if it has no command
 };
 
-/// None for a program that is not known. By the id of its desktop entry, or by its program; case is
-/// ignored.
+/// Looked up by the id of the desktop entry, or by the program; case is ignored. None for an
+/// unknown program.
 const MailWay* mailWay(const QString& id);
 
 } // namespace lumbrix::platform

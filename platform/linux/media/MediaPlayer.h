@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// A media player on the message bus, and which of several is meant.
+// A media player on the message bus, and how one of several is selected.
 #pragma once
 
 #include <QtCore/QString>
@@ -20,19 +20,19 @@ namespace lumbrix::platform
 /// A snapshot.
 struct MediaPlayer {
     QString owner;        ///< its connection's unique name
-    QString shortName;    ///< its bus name without what all have in common: "vlc.instance42"
-    QString desktopEntry; ///< as it says itself; empty where it does not
-    QString identity;     ///< what it calls itself; empty where it does not
+    QString shortName;    ///< its bus name without the common prefix: "vlc.instance42"
+    QString desktopEntry; ///< as it reports; may be empty
+    QString identity;     ///< its display name; may be empty
     std::int64_t pid = 0; ///< 0 = not known
-    ApplicationRole role = ApplicationRole::Other; ///< by the table; Other for the many besides
-    bool answers = false;                          ///< to the last question, in time
+    ApplicationRole role = ApplicationRole::Other; ///< from the table; otherwise Other
+    bool answers = false;                          ///< the last query, in time
     MprisProperties properties;
-    QImage artwork; ///< of a music player's track; null without one
+    QImage artwork; ///< of a music player's track; null if there is none
 };
 
 /// The application whose player is looked for.
 struct MediaPlayerWanted {
-    /// Whichever of the role plays, else whichever there is; the rest does not count then.
+    /// Any player of the role, preferably one that is playing; the other fields are ignored.
     bool any = false;
     ApplicationRole role = ApplicationRole::Other; ///< with `any`
     std::optional<std::int64_t> windowPid{};       ///< of the process whose window is looked at
@@ -41,19 +41,19 @@ struct MediaPlayerWanted {
     QString name{}; ///< what users call it
 };
 
-/// The player of the process whose window it is; else one of the application that no other of its
-/// windows' processes owns, which happens where a player runs in a sandbox or by a helper: by its
-/// desktop entry, else by its names. Null when there is none. Those that do not answer are chosen
-/// like any other.
+/// The player of the window's process. Otherwise a player of the application that is not owned by
+/// another process with windows of it, as a player may run in a sandbox or a helper process: by its
+/// desktop entry, then by its names. Null if there is none. Players that do not answer are selected
+/// like others.
 const MediaPlayer* chooseMediaPlayer(const std::vector<MediaPlayer>& players,
                                      const MediaPlayerWanted& wanted);
 
-/// The role of a player by its bus name; some end in a number of the instance, and some are the
-/// whole of an application's id.
+/// The role of a player by its bus name; some names end with an instance number, and some are an
+/// application's whole id.
 ApplicationRole roleOfMediaPlayer(const QString& shortName);
 
-/// As what a player is driven that belongs to an application with this role. What neither is in the
-/// table is driven as VLC is: by buttons alone, with the window's own title and picture.
+/// The role in which a player is controlled, for an application with this role. If neither is in
+/// the table, it is controlled like VLC: with buttons only, and the window's own title and picture.
 ApplicationRole roleFor(const MediaPlayer& player, ApplicationRole application);
 
 } // namespace lumbrix::platform

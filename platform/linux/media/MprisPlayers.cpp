@@ -51,15 +51,16 @@ const QString& propertiesInterface()
     return text;
 }
 
-/// Who is slower counts as not running.
+/// A player that takes longer counts as not running.
 constexpr int patienceMilliseconds = 200;
-/// What does not change is asked once, and of players that are just starting up.
+/// Timeout for properties that do not change; they are queried once, from players that may just be
+/// starting.
 constexpr int longPatienceMilliseconds = 5000;
-/// A preview looks several times at once, and again on every update.
+/// A preview queries several times in a row, and again on every update.
 constexpr Seconds shortestInterval = 0.3;
 
-/// Each may have a picture read, on a thread of its own.
-constexpr std::size_t maximalPlayers = 50;
+/// Each player may need a thread to read its picture.
+constexpr std::size_t maximumPlayers = 50;
 
 QDBusMessage daemonCall(const QString& method)
 {
@@ -89,7 +90,7 @@ QString textOf(const QVariantMap& properties, const QString& name)
     return value.typeId() == QMetaType::QString ? value.toString().left(200) : QString();
 }
 
-/// Speaks for whichever player was used last, so what it says of itself holds for a moment only.
+/// A proxy for the player that was used last, so its data is valid only for a moment.
 bool isStandIn(const QString& name) { return name == prefix() + u"playerctld"_s; }
 
 } // namespace
@@ -129,8 +130,7 @@ void MprisPlayers::start()
          });
 }
 
-// The answer comes only while the player that it is about is still there; without a player it is
-// about the bus.
+// Answers for a player that has ended are dropped; without a player the answer is the bus's own.
 void MprisPlayers::call(const PlayerPtr& player, const QDBusMessage& message, int milliseconds,
                         Answer answer)
 {
@@ -169,7 +169,7 @@ void MprisPlayers::forget(const QString& name)
 
 void MprisPlayers::meet(const QString& name, const QString& owner)
 {
-    if (isStandIn(name) || m_players.size() >= maximalPlayers)
+    if (isStandIn(name) || m_players.size() >= maximumPlayers)
         return;
     const auto player = std::make_shared<Player>();
     player->known.owner = owner;
@@ -234,7 +234,7 @@ void MprisPlayers::propertiesChanged(const QDBusMessage& message)
         MprisProperties properties = player->known.properties;
         applyMprisProperties(mapOf(arguments[1]), properties);
         update(*player, properties, player->known.answers);
-        // What has changed without being told, and a player that answers again.
+        // Finds changes that were not announced, and players that answer again.
         if (!arguments[2].toStringList().isEmpty() || !player->known.answers)
             ask(player);
     }
@@ -275,8 +275,8 @@ void MprisPlayers::update(Player& player, const MprisProperties& properties, boo
     publish();
 }
 
-// The artwork of the track before stays until that of the new one is there, so that the preview
-// does not show something else for a moment.
+// The former track's artwork stays until the new one is loaded, so that the preview does not show
+// something else for a moment.
 void MprisPlayers::updateArtwork(Player& player)
 {
     const MprisProperties& track = player.known.properties;

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// The media players on the message bus and what they play, known before anybody asks.
+// The media players on the message bus and what they play, cached.
 #pragma once
 
 #include <QtCore/QObject>
@@ -21,9 +21,9 @@
 namespace lumbrix::platform
 {
 
-/// Main thread unless said otherwise. Follows all players by their own announcements, and never
-/// waits for one. A player that does not answer a question within
-/// 0.2 s, or answers nonsense, is kept as one that does not answer until it does.
+/// Main thread unless said otherwise. Follows all players by their change signals, and never waits
+/// for one. A player that does not answer a query within 0.2 s, or sends an invalid answer, is
+/// marked as not answering until it does.
 class MprisPlayers final : public QObject
 {
     Q_OBJECT
@@ -36,8 +36,9 @@ public:
 
     /// Any thread.
     std::vector<MediaPlayer> players() const;
-    /// Has the player with this owner say anew what it plays, as somebody looks at it:
-    /// announcements get lost, and it may have stopped answering. Any thread; returns at once.
+    /// Refreshes the data of the player with this owner, because a preview is using it: a change
+    /// signal may have been lost, or the player may have stopped answering. Any thread; returns at
+    /// once.
     void look(const QString& owner);
 
 private Q_SLOTS:
@@ -46,11 +47,11 @@ private Q_SLOTS:
 private:
     struct Player {
         MediaPlayer known;
-        bool isMet = false; ///< all that tells whose player it is has been asked for
+        bool isMet = false; ///< all properties that identify its application have been requested
         bool isFollowed = false;
         bool isAsked = false;
         Seconds askedAt = 0.0;
-        QByteArray artworkKey; ///< of the track whose artwork is known or being loaded
+        QByteArray artworkKey; ///< of the track whose artwork is loaded or being loaded
         bool isLoading = false;
     };
     using PlayerPtr = std::shared_ptr<Player>;

@@ -14,7 +14,7 @@ namespace
 {
 
 constexpr qsizetype longestText = 1000;
-/// A picture of some megabytes inside the address.
+/// Long enough for a picture of some megabytes in a data URI.
 constexpr qsizetype longestUrl = qsizetype{12} * 1024 * 1024;
 
 QString textOf(const QVariant& value)
@@ -22,7 +22,7 @@ QString textOf(const QVariant& value)
     return value.typeId() == QMetaType::QString ? value.toString().left(longestText) : QString();
 }
 
-// A list of names by the rules; some players send a single one.
+// A list of names in MPRIS; some players send a single string.
 QString namesOf(const QVariant& value)
 {
     if (value.typeId() != QMetaType::QStringList)

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// What a media player says of itself, taken out of whatever it sends.
+// Parses a media player's properties from untrusted input.
 #pragma once
 
 #include <QtCore/QString>
@@ -14,19 +14,19 @@ namespace lumbrix::platform
 
 enum class Playback { Unknown, Playing, Paused, Stopped };
 
-/// Texts are cut to a length that can be shown.
+/// Texts are truncated to a length that can be shown.
 struct MprisProperties {
     Playback playback = Playback::Unknown;
     /// The rest is empty while nothing is loaded.
     QString artist; ///< several are joined by ", "
     QString name;
-    QString artUrl; ///< as sent; what it leads to is another matter
+    QString artUrl; ///< as sent, unchecked
 
     bool operator==(const MprisProperties&) const = default;
 };
 
-/// Takes the properties over that are among the given ones; one that is not what it ought to be
-/// counts as empty or unknown. Values come as the bus library leaves them, compound ones packed.
+/// Updates the properties contained in the given map; an invalid one counts as empty or unknown.
+/// The values are as received from QtDBus, compound ones still packed.
 void applyMprisProperties(const QVariantMap& properties, MprisProperties& known);
 
 } // namespace lumbrix::platform

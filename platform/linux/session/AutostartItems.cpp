@@ -24,8 +24,8 @@ namespace lumbrix::platform
 namespace
 {
 
-// Whatever is larger is no desktop entry.
-constexpr qint64 maximalSize = qint64{256} * 1024;
+// A larger file is not a desktop entry.
+constexpr qint64 maximumSize = qint64{256} * 1024;
 
 const QString& ownName()
 {
@@ -49,7 +49,7 @@ void writeFile(const QString& path, const QByteArray& bytes)
                      qUtf8Printable(path), qUtf8Printable(fault));
 }
 
-/// As a value of a desktop entry, where a line is one.
+/// Escapes the text as a value of a desktop entry, which is a single line.
 QByteArray stringValue(QString text)
 {
     return text.replace(u'\\', uR"(\\)"_s)
@@ -59,7 +59,7 @@ QByteArray stringValue(QString text)
         .toUtf8();
 }
 
-/// The path as a word of a command line, and that as a value.
+/// Quotes the path for a command line, and escapes that as a value.
 QByteArray execValue(QString path)
 {
     static const QRegularExpression reserved(uR"([^A-Za-z0-9_@%+=:,./-])"_s);
@@ -78,7 +78,7 @@ QString resolved(const QString& program)
     return canonical.isEmpty() ? found : canonical;
 }
 
-/// Also by way of a shell, or by its bare name, where that is this program.
+/// Also through a shell, or by its base name if that is this program.
 bool startsProgram(const QString& command, const QString& path)
 {
     if (command.contains(path))
@@ -94,7 +94,7 @@ bool startsProgramOf(const QString& file, const QString& path)
 {
     bool isHidden = false;
     const auto item =
-        parseDesktopEntry(readPlainFile(file, maximalSize), QString(), file, {}, isHidden);
+        parseDesktopEntry(readPlainFile(file, maximumSize), QString(), file, {}, isHidden);
     const QStringList words = item ? execArguments(item->exec) : QStringList();
     if (words.isEmpty() || path.isEmpty())
         return false;
@@ -122,7 +122,7 @@ QString AutostartItems::defaultFolder() { return configHome() + u"/autostart"_s;
 void AutostartItems::insert(const QString& path)
 {
     const QString file = m_folder + u'/' + ownName();
-    IniFile item(readPlainFile(file, maximalSize));
+    IniFile item(readPlainFile(file, maximumSize));
     if (!item.hasSection(section())) {
         writeFile(file, newItem(execValue(path), path));
         return;

@@ -9,9 +9,9 @@
 namespace lumbrix::platform
 {
 
-/// Main thread. The program's own item is "lumbrix.desktop". One that is there already keeps all
-/// but its command, so one that the user or a session's settings switched off stays off; and its
-/// command too, where that starts the program in some other way.
+/// Main thread. The program's own item is "lumbrix.desktop". In an existing item only the command
+/// is replaced, so an item that the user or the session's settings switched off stays off; and the
+/// command is kept, too, if it already starts the program in some way.
 class AutostartItems final : public LoginItems
 {
 public:

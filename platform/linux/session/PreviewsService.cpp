@@ -98,8 +98,8 @@ void PreviewsService::ShowForWindows(const QList<uint>& windows, const BusRectan
 
 void PreviewsService::Hide()
 {
-    // A dock that is late must not take away the row of the next one. Of a row whose caller has
-    // gone nobody else is in charge.
+    // A late call must not remove another caller's row. But if the row's caller has gone, any
+    // caller may.
     if (m_caller.isEmpty() || m_caller == message().service())
         m_requests.hide();
 }
@@ -118,7 +118,7 @@ void PreviewsService::follow(const QString& caller)
 {
     m_caller = caller;
     m_watcher.setWatchedServices({caller});
-    // One that did not wait for an answer may have gone before it was watched.
+    // A caller that did not wait for the answer may have gone before it was watched.
     QDBusMessage question =
         QDBusMessage::createMethodCall(u"org.freedesktop.DBus"_s, u"/org/freedesktop/DBus"_s,
                                        u"org.freedesktop.DBus"_s, u"NameHasOwner"_s);
@@ -144,8 +144,8 @@ void PreviewsService::callerEnded(const QString& caller)
 void PreviewsService::rowEnded()
 {
     m_watcher.setWatchedServices({});
-    // To the one who asked alone: another one, whose row has come instead, would take it for the
-    // end of its own.
+    // Sent only to the caller of that row: another caller, whose row has replaced it, would take it
+    // for the end of its own row.
     if (const QString caller = std::exchange(m_caller, QString()); !caller.isEmpty())
         m_bus.send(
             QDBusMessage::createTargetedSignal(caller, objectPath(), interfaceName(), u"Hidden"_s));

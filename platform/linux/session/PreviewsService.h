@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// The D-Bus interface org.lumbrix.Previews1, by which other programs ask for previews. What it
-// promises them is in docs/dbus.md.
+// The D-Bus interface org.lumbrix.Previews1, by which other programs request previews. Its contract
+// is in docs/dbus.md.
 #pragma once
 
 #include <QtCore/QList>
@@ -18,8 +18,8 @@ class QDBusArgument;
 namespace lumbrix::platform
 {
 
-/// A rectangle on the bus: x, y, width and height. Not QRect, whose own arithmetic overflows with
-/// what others may send.
+/// A rectangle on the bus: x, y, width and height. Not a QRect, whose arithmetic could overflow
+/// with values from other programs.
 struct BusRectangle {
     int x = 0;
     int y = 0;
@@ -29,12 +29,12 @@ struct BusRectangle {
 QDBusArgument& operator<<(QDBusArgument& argument, const BusRectangle& rectangle);
 const QDBusArgument& operator>>(const QDBusArgument& argument, BusRectangle& rectangle);
 
-/// Main thread. Answers to whatever names this program has on the bus.
+/// Main thread. Reachable under all bus names of this program.
 class PreviewsService final : public QObject, protected QDBusContext
 {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.lumbrix.Previews1")
-    // The signal goes to one receiver only, so it is none of this object's.
+    // The signal goes to one receiver only, so it is not a Qt signal of this object.
     Q_CLASSINFO("D-Bus Introspection",
                 ""
                 "  <interface name=\"org.lumbrix.Previews1\">\n"
@@ -57,7 +57,7 @@ public:
     ~PreviewsService() override;
 
 public Q_SLOTS:
-    // As other programs call them.
+    // D-Bus methods.
     void ShowForApplication(const QString& id, const lumbrix::platform::BusRectangle& place,
                             const QString& edge);
     void ShowForWindows(const QList<uint>& windows, const lumbrix::platform::BusRectangle& place,
@@ -73,7 +73,7 @@ private:
     PlaceRequests& m_requests;
     QDBusConnection m_bus;
     QDBusServiceWatcher m_watcher;
-    QString m_caller; ///< whose row is up; empty without a row, or when the caller has gone
+    QString m_caller; ///< caller of the current row; empty if there is none or it has gone
 };
 
 } // namespace lumbrix::platform

@@ -14,8 +14,8 @@ namespace lumbrix::platform
 namespace
 {
 
-/// Beside the program where it was built, in the folder for helpers where it is installed. Null
-/// when it is in neither.
+/// Beside the program in a build tree, in the folder for helpers if installed. Null if it is in
+/// neither.
 QString relaunchTool()
 {
     const QDir folder(QCoreApplication::applicationDirPath());

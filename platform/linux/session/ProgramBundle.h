@@ -9,8 +9,8 @@
 namespace lumbrix::platform
 {
 
-/// Main thread, once the toolkit is up. Docks and panels show what has windows, so whether this
-/// program shows in them is settled by whether it keeps one, and there is nothing to store.
+/// Main thread, after the toolkit has been started. Docks and panels show programs with windows, so
+/// this program appears in them if it keeps a window; nothing needs to be stored.
 class ProgramBundle final : public ApplicationBundle
 {
 public:

@@ -17,7 +17,7 @@ namespace lumbrix::platform
 namespace
 {
 
-/// The bus is quick; the first one may still be starting.
+/// The bus answers quickly; the first instance may still be starting.
 constexpr int busTimeout = 2000;
 constexpr Seconds handOverTimeout = 5.0;
 
@@ -70,7 +70,7 @@ Name requestName(const QDBusConnection& bus, const QString& name)
     }
 }
 
-/// 0 when nobody has the name, null when nobody knows.
+/// 0 if nobody owns the name, null if that is not known.
 std::optional<std::int32_t> processOf(const QDBusConnection& bus, const QString& name)
 {
     const QDBusMessage reply =
@@ -121,12 +121,12 @@ SingleInstance::Result SingleInstance::start()
 {
     if (!m_bus.isConnected())
         return Result::First;
-    // Before the name is ours: who sees the name may call at once.
+    // Before we own the name: a program that sees the name may call at once.
     m_bus.registerObject(objectPath(), this, QDBusConnection::ExportAllSlots);
     const Seconds deadline = m_runLoop.now() + handOverTimeout;
     for (;;) {
         if (requestName(m_bus, m_name) != Name::Taken) {
-            requestName(m_bus, commonName()); // whoever comes first; nothing hangs on it
+            requestName(m_bus, commonName()); // whoever is first gets it; this is not important
             return Result::First;
         }
         const auto left = static_cast<int>((deadline - m_runLoop.now()) * 1000);
@@ -135,7 +135,7 @@ SingleInstance::Result SingleInstance::start()
         const QDBusMessage answer = handOver(left);
         if (answer.type() == QDBusMessage::ReplyMessage)
             return Result::HandedOver;
-        // One that has ended meanwhile leaves its place to us; any other one keeps it.
+        // If the other instance has ended in the meantime, we become the first; otherwise it stays.
         const auto error = QDBusError(answer).type();
         if (error != QDBusError::ServiceUnknown && error != QDBusError::NoReply)
             return Result::NoAnswer;

@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// One Lumbrix for a display: a second start is handed over to the first, over the session bus.
+// Ensures one Lumbrix per display: a second start is handed over to the first instance, over the
+// session bus.
 #pragma once
 
 #include <QtCore/QObject>
@@ -20,7 +21,7 @@
 namespace lumbrix::platform
 {
 
-/// Main thread. Without a session bus nobody is first or second, and every start runs.
+/// Main thread. Without a session bus there is no check, and every start runs.
 class SingleInstance final : public QObject
 {
     Q_OBJECT
@@ -28,33 +29,34 @@ class SingleInstance final : public QObject
 
 public:
     enum class Result {
-        First,      ///< until release(), or this object is destroyed
-        HandedOver, ///< another one runs, and has been told
-        NoAnswer,   ///< another one runs, but does not listen
+        First,      ///< until release() or destruction
+        HandedOver, ///< another instance runs and has accepted the start
+        NoAnswer,   ///< another instance runs, but does not answer
     };
 
-    /// On the session bus, for the display of the environment.
+    /// For the session bus and the display of the environment.
     static std::unique_ptr<SingleInstance> create(const RunLoop& runLoop);
-    /// The process that is first on the display of the environment: 0 when there is none, null when
-    /// nobody knows. Asks the bus, and takes no part.
+    /// The process id of the first instance on the display of the environment: 0 if there is none,
+    /// null if that is not known. Only queries the bus.
     static std::optional<std::int32_t> runningProcess();
 
     /// `display` as in DISPLAY: several desktops may share a bus.
     SingleInstance(const RunLoop& runLoop, const QDBusConnection& bus, const QString& display);
     ~SingleInstance() override;
 
-    /// Asks the bus, and the other one if there is one, for a few seconds at most.
+    /// Tries to become the first instance, otherwise calls the other one. Blocks for a few seconds
+    /// at most.
     Result start();
-    /// Who has the place that start() did not get, in words: "process 123 (/usr/bin/lumbrix)". It
-    /// may be any program of the user.
+    /// A text for the user that names the program that owns the name instead: "process 123
+    /// (/usr/bin/lumbrix)". It may be any program of the user.
     QString otherOne() const;
-    /// Makes room for the next start, which then is the first one.
+    /// Releases the name, so that the next start becomes the first instance.
     void release();
-    /// What to do when the program was started once more; when that happened already, at once.
+    /// Sets the callback for another start of the program; called at once if there already was one.
     void setReopened(std::function<void()> reopened);
 
 public Q_SLOTS:
-    // As other programs call them. There are no documents and no actions to choose.
+    // D-Bus methods. There are no documents and no actions.
     void Activate(const QVariantMap& platformData);
     void Open(const QStringList& uris, const QVariantMap& platformData);
     void ActivateAction(const QString& name, const QVariantList& parameter,

@@ -51,7 +51,7 @@ void TrayWatcher::askWatcher()
     QDBusMessage question = QDBusMessage::createMethodCall(
         service(), u"/StatusNotifierWatcher"_s, u"org.freedesktop.DBus.Properties"_s, u"Get"_s);
     question << service() << u"IsStatusNotifierHostRegistered"_s;
-    // A tray that is not there is not to be started.
+    // Do not start a tray.
     question.setAutoStartService(false);
     auto* answer =
         new QDBusPendingCallWatcher(m_bus.asyncCall(question, timeoutMilliseconds), this);

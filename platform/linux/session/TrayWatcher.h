@@ -16,8 +16,8 @@
 namespace lumbrix::platform
 {
 
-/// Main thread. Asks without waiting, so there is none for a moment after it was made. The watch
-/// outlives it.
+/// Main thread. Queries asynchronously, so it reports no tray for a moment after its creation. The
+/// watch must outlive it.
 class TrayWatcher final : public QObject, public StatusBar
 {
     Q_OBJECT

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// lumbrix-relaunch PROGRAM PID: waits until the process has ended, then becomes the program.
+// lumbrix-relaunch PROGRAM PID: waits until the process has ended, then executes the program.
 #include <cerrno>
 #include <charconv>
 #include <csignal>
@@ -26,7 +26,7 @@ void waitForEnd(pid_t pid)
         close(process);
         return;
     }
-    // Gone already, or a kernel that has no such descriptors.
+    // The process has already ended, or the kernel does not support process descriptors.
     constexpr useconds_t interval = 50'000;
     while (kill(pid, 0) == 0)
         usleep(interval);

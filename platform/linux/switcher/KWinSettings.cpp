@@ -18,22 +18,22 @@ namespace lumbrix::platform
 namespace
 {
 
-constexpr qint64 maximalSize = qint64{1024} * 1024;
+constexpr qint64 maximumSize = qint64{1024} * 1024;
 
 struct Setting {
     const char* key;
-    const char* usual; ///< when it is not written
+    const char* usual; ///< if not set
     const char* wanted;
 };
 
-/// Which windows there are, and in which order.
+/// Which windows are listed, and in which order.
 constexpr std::array settings{
     Setting{.key = "ShowTabBox", .usual = "true", .wanted = "true"},
     Setting{.key = "SwitchingMode",
             .usual = "0",
             .wanted = "0"}, // in the order in which they were active
     Setting{.key = "ApplicationsMode", .usual = "0", .wanted = "0"},
-    Setting{.key = "DesktopMode", .usual = "1", .wanted = "1"}, // those of the current one
+    Setting{.key = "DesktopMode", .usual = "1", .wanted = "1"}, // windows of the current desktop
     Setting{.key = "ActivitiesMode", .usual = "1", .wanted = "1"},
     Setting{.key = "MinimizedMode", .usual = "0", .wanted = "0"},
     Setting{.key = "OrderMinimizedMode", .usual = "0", .wanted = "0"},
@@ -41,10 +41,10 @@ constexpr std::array settings{
     Setting{.key = "ShowDesktopMode", .usual = "0", .wanted = "0"},
 };
 
-/// The selected window, above previews too, where pictures are composed.
+/// Draws the selected window above everything, including previews, if KWin composites.
 constexpr Setting showsSelected{.key = "HighlightWindows", .usual = "true", .wanted = "false"};
 
-/// Without a layout, one of its own or one of a desktop's look, it switches but shows nothing.
+/// Without a layout, its own or one of a desktop theme, it switches but shows nothing.
 bool hasLayout(const QString& dataFolder)
 {
     constexpr auto folders = QDir::Dirs | QDir::NoDotAndDotDot;
@@ -62,7 +62,7 @@ bool hasLayout(const QString& dataFolder)
 bool kwinLetsPreviewsBeSeen(const QString& configFolder, const QStringList& dataFolders,
                             bool isComposited)
 {
-    const IniFile written(readPlainFile(configFolder + u"/kwinrc"_s, maximalSize));
+    const IniFile written(readPlainFile(configFolder + u"/kwinrc"_s, maximumSize));
     const auto isSet = [&](const Setting& setting) {
         return written.value(u"TabBox"_s, QLatin1String(setting.key)).value_or(setting.usual) ==
                setting.wanted;

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// What KWin's settings say of its switcher.
+// KWin's settings of its switcher.
 #pragma once
 
 #include <QtCore/QString>
@@ -10,9 +10,9 @@
 namespace lumbrix::platform
 {
 
-/// Whether it shows a list, of all windows of the current desktop in the order in which they were
-/// active, as it does unless it is told otherwise, and would not draw the selected window over
-/// everything else, as its compositor does unless it is told otherwise. Reads a file; any thread.
+/// Whether the switcher shows a list of all windows of the current desktop, most recently active
+/// first (the default), and does not draw the selected window over everything else (the default
+/// with compositing). Reads a file; any thread.
 bool kwinLetsPreviewsBeSeen(const QString& configFolder, const QStringList& dataFolders,
                             bool isComposited);
 

@@ -13,7 +13,7 @@ namespace lumbrix::platform
 namespace
 {
 
-constexpr std::size_t maximalRecent = 200;
+constexpr std::size_t maximumRecent = 200;
 
 } // namespace
 
@@ -22,7 +22,7 @@ RecentWindows::RecentWindows(const x11::WindowTracker& tracker)
 {
 }
 
-// One that comes without the focus is the next to switch to.
+// A new window without the focus is the next one to switch to.
 void RecentWindows::added(xcb_window_t window)
 {
     if (std::ranges::count(m_recent, window) == 0)
@@ -33,7 +33,7 @@ void RecentWindows::activated(xcb_window_t window)
 {
     std::erase(m_recent, window);
     m_recent.insert(m_recent.begin(), window);
-    m_recent.resize(std::min(m_recent.size(), maximalRecent));
+    m_recent.resize(std::min(m_recent.size(), maximumRecent));
 }
 
 template <class Test> std::vector<x11::TrackedWindowPtr> RecentWindows::windowsHere(Test test) const

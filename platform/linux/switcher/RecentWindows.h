@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// The windows in the order in which they were active last, as window managers go through them.
+// The windows in the order of their last activation, as window managers switch through them.
 #pragma once
 
 #include <vector>
@@ -24,7 +24,7 @@ public:
 
     /// Applications' windows on the current desktop, the active one first.
     Windows ring() const;
-    /// The same as KWin lists them: dialogs that have to be answered stand for their windows.
+    /// The same in KWin's way: a modal dialog replaces its window.
     Windows ringOfKWin() const;
 
 private:

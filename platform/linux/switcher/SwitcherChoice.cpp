@@ -12,9 +12,9 @@ namespace lumbrix::platform
 namespace
 {
 
-constexpr int maximalBorder = 16; ///< pixels, on each side
+constexpr int maximumBorder = 16; ///< pixels, on each side
 
-bool hasBorder(int margin) { return margin >= 0 && margin <= maximalBorder; }
+bool hasBorder(int margin) { return margin >= 0 && margin <= maximumBorder; }
 
 bool isInsideBorder(const QRect& outline, const QRect& frame)
 {

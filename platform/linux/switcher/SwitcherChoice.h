@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// Which window is selected in a switcher, from what is to be seen of it.
+// Determines the selected window of a switcher from what it shows.
 #pragma once
 
 #include <QtCore/QRect>
@@ -14,17 +14,18 @@
 namespace lumbrix::platform
 {
 
-/// The windows that an outline may be drawn about: those whose frames are exactly there, else those
-/// whose frames are so but for an invisible border.
+/// The windows that an outline may belong to: those with exactly this frame, otherwise those whose
+/// frame matches except for an invisible border.
 std::vector<xcb_window_t> windowsOutlinedBy(const QRect& outline,
                                             const std::vector<x11::TrackedWindowPtr>& windows);
 
-/// Whether a switcher would write this for a window of that title; minimised ones are in brackets.
+/// Whether a switcher would show this text for a window with that title; minimised ones are in
+/// brackets.
 bool isTitleOf(const QString& written, const QString& title);
 
-/// The candidate that is so many steps after `from` in the ring, or before it, or the next one in
-/// that direction; 0 is for an unknown number of steps forwards. A candidate that is not in the
-/// ring when none is there; XCB_NONE without candidates.
+/// The candidate that is `steps` after `from` in the ring (negative: before it), or the next
+/// candidate in that direction; 0 means an unknown number of steps forwards. If no candidate is in
+/// the ring, one that is not; XCB_NONE if there are no candidates.
 xcb_window_t nextInRing(const std::vector<xcb_window_t>& ring, xcb_window_t from, int steps,
                         const std::vector<xcb_window_t>& candidates);
 

@@ -15,9 +15,9 @@ namespace lumbrix::platform
 namespace
 {
 
-/// An outline is drawn in some steps, and the title is written after it.
+/// An outline is drawn in several steps, and the title is updated after it.
 constexpr Seconds settleTime = 0.02;
-/// A key that moves nothing that can be seen may have moved the selection all the same.
+/// A key without a visible effect may nevertheless have moved the selection.
 constexpr Seconds keyTime = 0.06;
 
 } // namespace
@@ -59,7 +59,7 @@ void SwitcherModel::post(std::function<void()> action)
 
 void SwitcherModel::managerChanged(const x11::Manager& manager)
 {
-    // Who looks on without having been told of a dock needs a process to observe.
+    // Without a dock, an observer needs a process to observe.
     m_registry.setDockStandIn(switcherReaderFor(manager.name) ? manager.pid : 0);
     post([this, manager] { takeManager(manager); });
 }
@@ -73,7 +73,7 @@ void SwitcherModel::activeWindowChanged(xcb_window_t window)
 {
     post([this, window] {
         m_recent.activated(window);
-        // Without a list to choose from, the step has been taken, and the next one goes from there.
+        // Without a list, each step takes effect at once, and the next one starts from there.
         if (!m_isUp)
             m_counted.restart();
     });
@@ -102,7 +102,7 @@ void SwitcherModel::pointerMoved(QPoint /*position*/, xcb_window_t childOfRoot)
     m_underPointer = childOfRoot;
 }
 
-// A click in the list selects there.
+// A click in the list selects an entry.
 void SwitcherModel::buttonPressed(int /*button*/, QPoint /*position*/)
 {
     post([this, clicked = m_underPointer] {
@@ -174,7 +174,8 @@ void SwitcherModel::look()
         count(sight->list);
         return;
     }
-    // The outline tells the window where no other application has one just there.
+    // The outline identifies the window unless another application has a window with the same
+    // frame.
     const Windows outlined = windowsOutlinedBy(sight->outline, m_tracker.windows());
     const bool isClear =
         !outlined.empty() && std::ranges::all_of(outlined, [&](xcb_window_t window) {
@@ -208,13 +209,13 @@ void SwitcherModel::choose(const SwitcherSight& sight, const QString& title)
     const bool stays = !hasMoved && std::ranges::count(candidates, from) > 0;
     const xcb_window_t next = stays ? from : nextInRing(m_recent.ring(), from, m_steps, candidates);
     if (next == XCB_NONE)
-        return; // it is just being drawn
+        return; // it is being drawn
     m_steps = 0;
     m_outline = sight.outline;
     select(next, sight.list.isEmpty() ? sight.outline : sight.list);
 }
 
-// Of a switcher that is moved nobody knows where, what it has selected is not told any more.
+// If the new position of the switcher is not known, no selection is reported.
 void SwitcherModel::moveUnseen()
 {
     if (m_isUp && m_reader && m_reader->isCounted) {
@@ -272,7 +273,7 @@ void SwitcherModel::closed()
     m_runLoop.cancelPreviousPerformRequests(&m_settling);
     if (m_title)
         m_title->forget();
-    // Letting the switcher go with the mouse on a preview picks that window; giving up does not.
+    // Closing the switcher with the mouse on a preview picks that window; cancelling it does not.
     if (m_isCancelled)
         loseSelection();
     xcb_window_t again = XCB_NONE;

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// The window manager's switcher: whether it is up, and which window is selected in it.
+// The window manager's switcher: whether it is open, and which window is selected in it.
 #pragma once
 
 #include <QtDBus/QDBusConnection>
@@ -24,38 +24,40 @@
 namespace lumbrix::platform
 {
 
-/// The listener's part on the event thread, queries on any thread, the rest on the main thread.
-/// Window managers' switchers select windows; what is reported is the application of the selected
-/// one. Nobody listens to keys while no switcher is up, but where they alone tell the selection.
+/// The listener's part runs on the event thread, queries on any thread, the rest on the main
+/// thread. Window managers' switchers select windows; this reports the application of the selected
+/// window. Keys are only watched while a switcher is open, except if the selection can only be
+/// found by counting keys.
 class SwitcherModel final : public x11::WindowListener
 {
 public:
     struct Selection {
-        std::int32_t pid = 0; ///< of the application; 0: the window is of none, or none is selected
+        std::int32_t pid = 0; ///< of the application; 0: the window has none, or none is selected
         xcb_window_t window = XCB_NONE;
-        QRect list; ///< where the switcher is, root pixels
+        QRect list; ///< the switcher's frame, root pixels
     };
     using HearKeys = std::function<void(x11::KeyHearing)>;
 
-    /// `session` is where the accessibility bus is asked for; without it titles are not read.
-    /// `canCount` tells whether a switcher whose selection is counted goes through the windows in
-    /// order and leaves previews to be seen; on the main thread, again whenever the window manager
+    /// `session` is used to find the accessibility bus; without it titles are not read. `canCount`
+    /// returns whether a switcher whose selection is found by counting goes through the windows in
+    /// order and does not cover previews; called on the main thread, whenever the window manager
     /// shows something.
     SwitcherModel(RunLoop& runLoop, x11::WindowTracker& tracker, ApplicationRegistry& registry,
                   const QDBusConnection* session, HearKeys hearKeys,
                   std::function<bool()> canCount);
     ~SwitcherModel() override;
 
-    /// Before the event thread starts. Another application is selected than before, or none any
-    /// more because the user gave up; not told of a switcher that just closes. Main thread.
+    /// Must be set before the event thread starts. Called on the main thread when another
+    /// application is selected, or none because the user cancelled; not when the switcher just
+    /// closes.
     void setSelectionChanged(std::function<void()> call) { m_selectionChanged = std::move(call); }
 
-    /// Null while no switcher is up.
+    /// Null while no switcher is open.
     std::optional<Selection> selection() const;
-    /// Whether the window manager's switcher can be read; false while none runs.
+    /// Whether the window manager's switcher can be read; false while no window manager runs.
     bool canRead() const;
-    /// The user picked this window while the switcher is up. It is brought up again when that
-    /// closes and brings up what was selected in it.
+    /// The user picked this window while the switcher is open. It is raised again when the switcher
+    /// closes and raises the window selected in it.
     void picked(xcb_window_t window);
 
     void managerChanged(const x11::Manager& manager) override;
@@ -99,16 +101,16 @@ private:
     x11::Manager m_manager;
     x11::KeyHearing m_hearing = x11::KeyHearing::None;
     SwitcherSteps m_counted;
-    Windows m_order;                 ///< when the switcher was opened
-    xcb_window_t m_start = XCB_NONE; ///< was active then
+    Windows m_order;                 ///< as of the opening of the switcher
+    xcb_window_t m_start = XCB_NONE; ///< active at that time
     RecentWindows m_recent;
     bool m_isUp = false;
     bool m_isCancelled = false;
-    int m_steps = 0; ///< keys since the last choice, those backwards against those forwards
+    int m_steps = 0; ///< keys since the last choice, forwards minus backwards
     QRect m_outline; ///< of the last choice
 
     mutable std::mutex m_mutex;
-    /// Written on the main thread alone, which reads it without the lock.
+    /// Written on the main thread only, which reads it without the lock.
     const SwitcherReader* m_reader = nullptr; // this and what follows guarded by m_mutex
     std::optional<Selection> m_selection;
     xcb_window_t m_picked = XCB_NONE;

@@ -15,9 +15,9 @@ namespace
 using x11::ManagerWindow;
 using Windows = std::vector<ManagerWindow>;
 
-constexpr int minimalList = 60; ///< pixels; what tells a size while resizing is a line high
-constexpr int maximalEdge = 20; ///< pixels; how thick an outline's edge may be
-constexpr int listDepth = 32;   ///< translucent, as outlines are not
+constexpr int minimumList = 60; ///< pixels; the size display while resizing is one line high
+constexpr int maximumEdge = 20; ///< pixels; how thick an outline's edge may be
+constexpr int listDepth = 32;   ///< translucent, unlike outlines
 constexpr std::uint32_t labelRole = 29;
 constexpr std::uint32_t statusBarRole = 54;
 
@@ -27,12 +27,12 @@ template <class Test> QRect rectOf(const Windows& windows, Test test)
     return it == windows.end() ? QRect() : it->rect;
 }
 
-// The outline alone is that of a window that is moved.
+// An outline without a list belongs to a window being moved.
 std::optional<SwitcherSight> lookAtXfwm4(const Windows& windows)
 {
     const QRect list = rectOf(windows, [](const ManagerWindow& window) {
         return window.classInstance == u"xfwm4" && window.isPlain &&
-               window.rect.height() >= minimalList;
+               window.rect.height() >= minimumList;
     });
     if (list.isEmpty())
         return std::nullopt;
@@ -41,7 +41,8 @@ std::optional<SwitcherSight> lookAtXfwm4(const Windows& windows)
                                        })};
 }
 
-// Either may be turned off. An outline is four windows without a name, one for each edge.
+// Both can be turned off separately. An outline consists of four windows without a name, one for
+// each edge.
 std::optional<SwitcherSight> lookAtOpenbox(const Windows& windows)
 {
     const QRect list = rectOf(windows, [](const ManagerWindow& window) {
@@ -51,7 +52,7 @@ std::optional<SwitcherSight> lookAtOpenbox(const Windows& windows)
     int edges = 0;
     for (const ManagerWindow& window : windows) {
         if (window.classInstance.isEmpty() &&
-            std::min(window.rect.width(), window.rect.height()) <= maximalEdge) {
+            std::min(window.rect.width(), window.rect.height()) <= maximumEdge) {
             outline |= window.rect;
             ++edges;
         }
@@ -63,12 +64,12 @@ std::optional<SwitcherSight> lookAtOpenbox(const Windows& windows)
                : std::optional(SwitcherSight{.list = list, .outline = outline});
 }
 
-// The outline is hidden, moved and shown again, so that it may be missing for a moment.
+// The outline is hidden, moved and shown again, so it may be missing for a moment.
 std::optional<SwitcherSight> lookAtMarco(const Windows& windows)
 {
     const auto isOwn = [](const ManagerWindow& window) {
         return window.classInstance == u"marco" && window.isPlain &&
-               window.rect.height() >= minimalList;
+               window.rect.height() >= minimumList;
     };
     const QRect list = rectOf(windows, [&](const ManagerWindow& window) {
         return isOwn(window) && window.depth == listDepth;
@@ -80,12 +81,12 @@ std::optional<SwitcherSight> lookAtMarco(const Windows& windows)
                                        })};
 }
 
-// The selected window comes to the front of the others, if at all, in the compositor's picture
-// alone. Other windows of KWin's own look the same from outside; the keys tell them apart.
+// If the selected window is raised at all, then only in the compositor's picture. KWin's other own
+// windows look the same from outside; the pressed keys distinguish them.
 std::optional<SwitcherSight> lookAtKWin(const Windows& windows)
 {
     const QRect list = rectOf(windows, [](const ManagerWindow& window) {
-        return window.classInstance.startsWith(u"kwin") && window.rect.height() >= minimalList;
+        return window.classInstance.startsWith(u"kwin") && window.rect.height() >= minimumList;
     });
     return list.isEmpty() ? std::nullopt
                           : std::optional(SwitcherSight{.list = list, .outline = {}});

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// How the window switchers of the known window managers look from outside.
+// Reads the switchers of the known window managers from their windows.
 #pragma once
 
 #include <QtCore/QRect>
@@ -16,26 +16,26 @@
 namespace lumbrix::platform
 {
 
-/// What there is to see of a switcher that is up, in root pixels.
+/// The visible parts of an open switcher, in root pixels.
 struct SwitcherSight {
-    QRect list;    ///< where it lists the windows; empty when it shows no list
-    QRect outline; ///< about the frame of the selected window; empty when it draws none
+    QRect list;    ///< frame of the list of windows; empty if there is none
+    QRect outline; ///< around the frame of the selected window; empty if there is none
 
     bool operator==(const SwitcherSight&) const = default;
 };
 
 struct SwitcherReader {
-    const char* manager; ///< what the window manager calls itself
-    /// Null while the switcher is not up.
+    const char* manager; ///< name of the window manager
+    /// Null while the switcher is not open.
     std::optional<SwitcherSight> (*look)(const std::vector<x11::ManagerWindow>& windows);
-    /// The role, as assistive technology numbers them, of what shows the title of the selected
-    /// window; 0 where nothing does.
+    /// The accessibility role (its number) of the element with the selected window's title; 0 if
+    /// there is none.
     std::uint32_t titleRole;
-    /// It shows nothing of the selection: that is found by counting keys, see SwitcherSteps.
+    /// True if the selection is not visible and must be found by counting keys, see SwitcherSteps.
     bool isCounted;
 };
 
-/// Immutable; null for a window manager whose switcher shows nothing that can be read.
+/// Immutable; null for a window manager whose switcher cannot be read.
 const SwitcherReader* switcherReaderFor(const QString& manager);
 
 } // namespace lumbrix::platform

@@ -15,8 +15,8 @@ namespace lumbrix::platform
 namespace
 {
 
-constexpr int maximalDepth = 6;
-constexpr std::size_t maximalElements = 256; ///< of one generation
+constexpr int maximumDepth = 6;
+constexpr std::size_t maximumElements = 256; ///< of one generation
 
 } // namespace
 
@@ -97,7 +97,7 @@ void SwitcherTitle::step()
 
 void SwitcherTitle::search(const Elements& parents, int depth)
 {
-    if (parents.empty() || depth == maximalDepth) {
+    if (parents.empty() || depth == maximumDepth) {
         finish(QString());
         return;
     }
@@ -105,10 +105,10 @@ void SwitcherTitle::search(const Elements& parents, int depth)
     level->missing = parents.size();
     for (const AccessibleRef& parent : parents) {
         call(childrenQuestion(parent), [this, level, depth](const QDBusMessage& reply) {
-            const Elements children = accessibleRefs(reply, maximalElements);
+            const Elements children = accessibleRefs(reply, maximumElements);
             level->found.insert(level->found.end(), children.begin(), children.end());
             if (--level->missing == 0) {
-                level->found.resize(std::min(level->found.size(), maximalElements));
+                level->found.resize(std::min(level->found.size(), maximumElements));
                 readRoles(level->found, depth);
             }
         });
@@ -141,7 +141,7 @@ void SwitcherTitle::readName()
     call(nameQuestion(*m_element), [this](const QDBusMessage& reply) {
         const std::optional<QString> name = nameIn(reply);
         if (!name)
-            m_element.reset(); // it has gone, and another is looked for the next time
+            m_element.reset(); // it has gone; the next call searches again
         finish(name.value_or(QString()));
     });
 }

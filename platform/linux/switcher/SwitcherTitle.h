@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// What a switcher writes below its pictures, as it tells assistive technology.
+// Reads the title that a switcher shows below its pictures from its accessibility tree.
 #pragma once
 
 #include <QtCore/QString>
@@ -16,7 +16,7 @@
 namespace lumbrix::platform
 {
 
-/// Main thread. Never waits; connected from the first question on.
+/// Main thread. Never waits; connected from the first query on.
 class SwitcherTitle
 {
 public:
@@ -24,11 +24,10 @@ public:
 
     explicit SwitcherTitle(const QDBusConnection& session);
 
-    /// The text of the first element with the role that the process shows; `answer` comes from the
-    /// event loop, with an empty text when there is none. Nobody answers a question before the
-    /// last.
+    /// Finds the text of the process's first element with the role. `answer` is called from the
+    /// event loop, with an empty text if there is none; only for the latest query.
     void ask(std::int32_t pid, std::uint32_t role, Answer answer);
-    /// The switcher has gone, and what it showed with it.
+    /// The switcher has closed, so cached elements are invalid.
     void forget();
 
 private:
@@ -38,7 +37,7 @@ private:
         std::uint32_t role = 0;
         Answer answer;
     };
-    /// One generation of elements and of their children, asked all at once.
+    /// Queries one level of elements and their children, all at once.
     struct Level;
 
     void step();
@@ -51,7 +50,7 @@ private:
     AccessibleBus m_bus;
     bool m_isOpening = false;
     std::optional<Question> m_question;
-    std::uint64_t m_turn = 0; ///< grows with each question, to drop late answers
+    std::uint64_t m_turn = 0; ///< incremented by each query, to drop late answers
     std::int32_t m_pid = 0;   ///< whose name is known
     QString m_name;           ///< of the process's program on the bus
     std::optional<AccessibleRef> m_element;

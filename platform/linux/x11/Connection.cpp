@@ -99,7 +99,7 @@ QString Connection::queryExtensions()
                 QString::fromLatin1(row.requiredName));
     }
 
-    // Servers refuse requests of some of these until the client has asked for a version.
+    // Servers refuse requests of some of these until the client has queried the version.
     xcb_connection_t* c = m_connection;
     const auto composite = xcb_composite_query_version(c, 0, 4);
     const auto damage = xcb_damage_query_version(c, 1, 1);

@@ -20,7 +20,7 @@ namespace lumbrix::platform::x11
 struct FreeDeleter {
     void operator()(void* memory) const { std::free(memory); }
 };
-/// A reply or an event as libxcb hands it out.
+/// A reply or an event allocated by libxcb.
 template <class T> using Reply = std::unique_ptr<T, FreeDeleter>;
 using Event = Reply<xcb_generic_event_t>;
 
@@ -49,8 +49,8 @@ struct Extensions {
 class Connection
 {
 public:
-    /// `displayName` empty: the one of the environment. Null when there is no server or it lacks a
-    /// required extension; `error` then says what, for people to read.
+    /// An empty `displayName` means the display of the environment. Null if there is no server or
+    /// it lacks a required extension; `error` is then a message for the user.
     static std::unique_ptr<Connection> open(const std::string& displayName, QString& error);
     ~Connection();
     Connection(const Connection&) = delete;
@@ -62,23 +62,23 @@ public:
     int screenNumber() const { return m_screenNumber; }
     const Extensions& extensions() const { return m_extensions; }
 
-    /// The server is gone; every request fails from then on.
+    /// Whether the server is gone; every request then fails.
     bool isBroken() const { return xcb_connection_has_error(m_connection) != 0; }
     void flush() const { xcb_flush(m_connection); }
-    /// What is common to the resources of one client.
+    /// The bits that all resource ids of one client share.
     std::uint32_t clientOf(std::uint32_t resource) const
     {
         return resource & ~xcb_get_setup(m_connection)->resource_id_mask;
     }
     std::uint32_t newId() const { return xcb_generate_id(m_connection); }
-    /// Whether a number is one of those that this connection may give.
+    /// Whether an id is in the range of this connection's resources.
     bool isOwn(std::uint32_t id) const
     {
         const xcb_setup_t& setup = *xcb_get_setup(m_connection);
         return (id & ~setup.resource_id_mask) == setup.resource_id_base;
     }
 
-    /// Waits for the reply of a request; null when the request failed.
+    /// Waits for the reply of a request; null if the request failed.
     template <class R, class Cookie>
     Reply<R> reply(R* (*wait)(xcb_connection_t*, Cookie, xcb_generic_error_t**),
                    Cookie cookie) const
@@ -95,7 +95,7 @@ public:
             reinterpret_cast<xcb_generic_event_t*>(xcb_request_check(m_connection, cookie)));
     }
 
-    /// Throws away what nobody reads: the errors of unchecked requests, on a connection that has no
+    /// Discards what nothing reads: the errors of unchecked requests, on a connection without an
     /// event thread.
     void discardEvents() const;
 

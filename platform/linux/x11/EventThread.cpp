@@ -20,9 +20,9 @@ namespace lumbrix::platform::x11
 namespace
 {
 
-/// Any program may send any event to another one, and could so tell of a window that it is gone.
-/// What is sent with good reason is a client message, or news of what the server tells us itself:
-/// a window moved by its manager or withdrawn by its owner. Selections are asked for by the
+/// Any program can send any event to another one, and could so report that a window is gone.
+/// Legitimate sent events are client messages, and those that repeat what the server reports
+/// itself: a window moved by its manager or withdrawn by its owner. Selections are handled by the
 /// toolkit, on its own connection.
 bool mayBeForged(const xcb_generic_event_t& event)
 {
@@ -68,7 +68,7 @@ void JoinableThread::join()
     if (!m_started)
         return;
     m_thread->cancel();
-    // A loop that is shutting down may never run the body; the thread then just is finished.
+    // A loop that is shutting down may never run the body; the thread then counts as finished.
     while (!m_ended->try_acquire_for(std::chrono::milliseconds(100)) && !m_thread->isFinished()) {
     }
     m_started = false;

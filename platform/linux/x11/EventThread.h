@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// The one thread that reads X events, and what it hands them to.
+// The thread that reads X events, and its handlers.
 #pragma once
 
 #include <xcb/xcb.h>
@@ -19,21 +19,22 @@ namespace lumbrix::platform::x11
 
 class Connection;
 
-/// Something that follows events. Called on the event thread only, in the order of the list. Of
-/// the events that programs send each other only client messages come.
+/// Receives events. Called on the event thread only, in the order of the list. Of the events sent
+/// by other programs only client messages are passed on.
 class EventHandler
 {
 public:
     virtual ~EventHandler() = default;
     virtual void handleEvent(const xcb_generic_event_t& event) = 0;
-    /// All events that had arrived were handled: the time to ask the server for what they changed,
-    /// so that a burst costs one round trip.
+    /// All pending events have been handled. Handlers query the server for changes here, so that a
+    /// burst of events costs one round trip.
     virtual void eventsHandled() {}
-    /// When eventsHandled() is wanted without an event; in RunLoop::now(). Null: never.
+    /// The time at which eventsHandled() must be called even without an event; in RunLoop::now().
+    /// Null: never.
     virtual std::optional<Seconds> deadline() const { return std::nullopt; }
 };
 
-/// Lets another thread wake one that polls a file descriptor.
+/// Lets another thread wake a thread that polls a file descriptor.
 class WakeFd
 {
 public:
@@ -57,7 +58,7 @@ public:
     /// Not started yet.
     JoinableThread(RunLoop& runLoop, std::string name, RunLoop::ThreadBody body);
     void start();
-    /// Returns when the body has ended; at once when it was never started.
+    /// Returns when the body has ended; at once if it was never started.
     void join();
 
 private:
@@ -66,7 +67,7 @@ private:
     bool m_started = false;
 };
 
-/// Started and stopped by its owner's thread; stopping twice is harmless.
+/// Must be started and stopped on its owner's thread; stopping twice does no harm.
 class EventThread
 {
 public:
@@ -76,7 +77,7 @@ public:
     ~EventThread();
 
     void start() { m_thread.start(); }
-    /// Returns when no handler will be called again.
+    /// After it returns, no handler is called any more.
     void stop();
 
 private:

@@ -25,7 +25,7 @@ namespace
 
 constexpr std::size_t granularity =
     std::size_t{256} * 1024; // windows of similar size share segments
-/// Twice the largest screens; a window of the largest size that can be would take four gigabytes.
+/// Twice the largest screens; a window of the maximum size would take four gigabytes.
 constexpr qint64 maxPixels = qint64{64} * 1024 * 1024;
 constexpr std::size_t minIdleSegments = 2;
 constexpr std::size_t maxIdleSegments = 8;
@@ -48,14 +48,15 @@ struct ImageCopier::Segment {
     xcb_shm_seg_t id = XCB_NONE;
 };
 
-/// The segments. It lives as long as an image does, the connection perhaps not.
+/// The segments. They live as long as an image uses them, perhaps longer than the connection.
 class ImageCopier::Pool : public std::enable_shared_from_this<Pool>
 {
 public:
     explicit Pool(const Connection& connection) : m_connection(&connection) {}
     ~Pool() { releaseIdle(); }
 
-    /// Null segment when there is no memory. The lease goes to the image's cleanup function.
+    /// The segment is null if there is no memory. The lease is passed to the image's cleanup
+    /// function.
     Segment take(std::size_t size)
     {
         {
@@ -79,8 +80,8 @@ public:
         const std::lock_guard lock(m_mutex);
         m_idle.push_back(segment);
         --m_inUse;
-        // Windows that are refreshed at once need a second segment each, and memory that was used
-        // before is several times faster than fresh memory.
+        // Windows that are refreshed at the same time each need a second segment, and memory that
+        // was used before is several times faster than new memory.
         const std::size_t limit = std::clamp(m_inUse, minIdleSegments, maxIdleSegments);
         while (!m_idle.empty() && (!m_connection || m_idle.size() > limit)) {
             release(m_idle.front());
@@ -98,7 +99,7 @@ public:
             m_connection->flush();
     }
 
-    /// The connection is about to go, and with it the server's side of the segments.
+    /// The connection is about to be closed, and with it the server's side of the segments.
     void close()
     {
         releaseIdle();

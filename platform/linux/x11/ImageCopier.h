@@ -31,7 +31,7 @@ public:
     /// Depth 24 gives RGB32 whose unused byte holds anything, which painting would take for
     /// opacity; depth 32 gives ARGB32_Premultiplied.
     QImage copy(xcb_drawable_t drawable, const QRect& rect, int depth);
-    /// Gives back the memory of the segments that wait.
+    /// Frees the memory of unused segments.
     void releaseIdle();
 
 private:

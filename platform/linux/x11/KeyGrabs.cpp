@@ -89,7 +89,7 @@ void KeyGrabs::eventsHandled()
             m_held.push_back(grab);
         else
             giveBack(grab);
-    // Keys that the keyboard lacks are refused too.
+    // Keys that the keyboard does not have are refused too.
     std::vector<TapKey> refused = wanted;
     std::erase_if(refused, [&](const TapKey& key) {
         return std::any_of(grabs.begin(), grabs.end(),
@@ -111,7 +111,7 @@ std::vector<KeyGrabs::Grab> KeyGrabs::grabsFor(const std::vector<TapKey>& keys)
         return grabs;
     const ModifierMasks& masks = m_keyboard->masks;
     for (const TapKey& key : keys) {
-        const auto place = static_cast<std::uint64_t>(key.keyCode); // that of −1 is beyond all
+        const auto place = static_cast<std::uint64_t>(key.keyCode); // −1 is out of range
         const xcb_keycode_t keycode =
             place < m_keyboard->keycodes.size() ? m_keyboard->keycodes[place] : xcb_keycode_t{0};
         const std::uint32_t modifiers = modifiersFor(key.flags);
@@ -129,7 +129,7 @@ bool KeyGrabs::readKeyboard()
     if (m_keyboard)
         return true;
     const auto masks = readModifierMasks(m_requests);
-    // The map itself takes more memory than its few keys are worth keeping it for.
+    // The map needs too much memory to keep it for a few keys.
     const auto keymap = Keymap::read(m_requests);
     if (masks && keymap) {
         m_keyboard.emplace(Keyboard{keymap->keycodes(), *masks});
@@ -176,7 +176,7 @@ void KeyGrabs::take(const std::vector<Grab>& grabs, std::vector<TapKey>& refused
                 grab.key.isPassedOn ? XCB_GRAB_MODE_SYNC : XCB_GRAB_MODE_ASYNC));
         });
     }
-    // The first answer waits for the server; the others are there by then.
+    // Only the first reply waits for the server; the others have arrived by then.
     for (const auto& [grab, cookies] : asked) {
         bool isOurs = true;
         for (const xcb_void_cookie_t cookie : cookies)
@@ -185,7 +185,7 @@ void KeyGrabs::take(const std::vector<Grab>& grabs, std::vector<TapKey>& refused
             m_held.push_back(grab);
         } else {
             giveBack(
-                grab); // a key that works with some states of the locks only is worse than none
+                grab); // a key that works only with some states of the locks is worse than none
             refused.push_back(grab.key);
         }
     }

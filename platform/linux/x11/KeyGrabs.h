@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// Takes key combinations from all other programs while they are wanted. The server gives them back
-// when the connection ends, however that comes about.
+// Grabs key combinations from all other programs while they are wanted. The server releases the
+// grabs when the connection ends for any reason.
 #pragma once
 
 #include <xcb/xcb.h>
@@ -23,8 +23,8 @@ namespace lumbrix::platform::x11
 
 class Connection;
 
-/// Nothing runs while no wanted key is pressed. A press is ours alone, and so is its release, also
-/// when the key is no longer wanted by then.
+/// Nothing runs while no wanted key is pressed. Only we get a press and its release, even if the
+/// key is no longer wanted by then.
 class KeyGrabs final : public EventHandler
 {
 public:
@@ -39,9 +39,10 @@ public:
 
     /// Before the thread starts.
     void setReport(Report report) { m_report = std::move(report); }
-    /// In place of those before; takes effect a moment later. Any thread.
+    /// Replaces the wanted keys; takes effect a moment later. Any thread.
     void setWanted(std::vector<TapKey> keys);
-    /// Those wanted that could not be had: mostly because another program has them. Any thread.
+    /// The wanted keys that could not be grabbed, mostly because another program has them. Any
+    /// thread.
     std::vector<TapKey> refused() const;
 
     void handleEvent(const xcb_generic_event_t& event) override;
@@ -87,8 +88,8 @@ private:
     // Event thread.
     std::vector<Grab> m_held;
     std::map<xcb_keycode_t, TapKey> m_down;
-    /// The last event of a key, if that was a release; also when it was told, as the press of a
-    /// repeat may come in the next pass.
+    /// The last event of a key, if that was a release; kept even after it was reported, as the
+    /// press of a repeat may arrive in the next pass.
     std::optional<xcb_key_release_event_t> m_release;
     std::optional<Keyboard> m_keyboard; ///< read when keys are wanted
     bool m_isMappingDirty = false;

@@ -25,7 +25,7 @@ inline constexpr xcb_keysym_t hyperRight = 0xffee;
 /// Meta, Alt, Super and Hyper, which are neighbours: one of them holds a switcher open.
 constexpr bool isAltOrSuper(xcb_keysym_t key) { return key >= metaLeft && key <= hyperRight; }
 
-/// These, Shift, Control and the locks; those of further levels.
+/// These, Shift, Control and the locks; and the shift keys of further levels.
 constexpr bool isModifier(xcb_keysym_t key)
 {
     return (key >= shiftLeft && key <= hyperRight) || (key >= 0xfe01 && key <= 0xfe0f);

@@ -20,11 +20,11 @@ namespace lumbrix::platform::x11
 
 class Connection;
 
-/// As it was when it was read. One thread at a time.
+/// A snapshot of the time when it was read. One thread at a time.
 class Keymap
 {
 public:
-    /// A few round trips. Null when the server is gone or knows no keyboard layouts.
+    /// A few round trips. Null if the server is gone or has no keyboard layouts.
     static std::unique_ptr<Keymap> read(const Connection& connection);
     ~Keymap();
     Keymap(const Keymap&) = delete;
@@ -33,7 +33,7 @@ public:
     /// By virtual key code; 0 where the keyboard has no key in that place.
     using Keycodes = std::array<xcb_keycode_t, 128>;
     Keycodes keycodes() const;
-    /// What the key writes by itself in one of the user's layouts.
+    /// What the key types without modifiers in one of the user's layouts.
     QString charactersOf(std::int64_t virtualKeyCode, std::uint32_t layout) const;
 
 private:

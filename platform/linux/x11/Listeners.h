@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// Those who follow the windows of the display.
+// The list of listeners for the windows of the display.
 #pragma once
 
 #include <vector>

@@ -26,7 +26,7 @@ std::vector<std::uint32_t> longsOf(const Reply<xcb_get_property_reply_t>& reply)
     return {longs.begin(), longs.end()};
 }
 
-/// A list that names a window twice would show it twice.
+/// A window listed twice would be shown twice.
 std::vector<xcb_window_t> withoutDuplicates(std::vector<xcb_window_t> windows)
 {
     std::unordered_set<xcb_window_t> seen;
@@ -60,8 +60,8 @@ void ManagedSet::fetch(const Connection& connection, const Atoms& atoms)
         values[i] = longsOf(connection.reply(xcb_get_property_reply, cookies[i]));
 
     clients = withoutDuplicates(std::move(values[0]));
-    // A list may still name a window of a client that ended, whose numbers are ours by now. To
-    // watch it, and to stop watching it, would make us deaf to a window of our own.
+    // A list may still contain a window of an ended client, whose ids belong to us by now. Watching
+    // it, and then no longer watching it, would remove our event selection on a window of our own.
     std::erase_if(clients, [&connection](xcb_window_t id) { return connection.isOwn(id); });
     stacking = std::move(values[1]);
     active = values[2].empty() ? XCB_NONE : values[2][0];

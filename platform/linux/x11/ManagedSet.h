@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// What the root window says: which windows are managed, in what order, which is active, and which
-// desktop is shown.
+// The properties of the root window: the managed windows, their order, the active window and the
+// current desktop.
 #pragma once
 
 #include <xcb/xcb.h>
@@ -27,7 +27,7 @@ struct ManagedSet {
     int desktopCount = 1;
     bool hasHiddenState = false; ///< the window manager announces _NET_WM_STATE_HIDDEN
 
-    /// Whether a change of this root property matters here.
+    /// Whether this root property is used here.
     static bool isInteresting(xcb_atom_t property, const Atoms& atoms);
     /// One round trip. Without a window manager the set is empty.
     void fetch(const Connection& connection, const Atoms& atoms);

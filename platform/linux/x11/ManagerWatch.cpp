@@ -17,7 +17,7 @@ namespace lumbrix::platform::x11
 namespace
 {
 
-constexpr std::uint32_t maximalText = 64; ///< of a name, in units of four bytes
+constexpr std::uint32_t maximumText = 64; ///< of a name, in units of four bytes
 
 QString textIn(const xcb_get_property_reply_t* reply)
 {
@@ -107,15 +107,15 @@ void ManagerWatch::fetchManager()
     const auto ids = PropertyValue{check.get()}.longs();
     m_check = ids.empty() ? XCB_NONE : ids[0];
     m_manager = {};
-    if (m_connection.isOwn(m_check)) // of one that ended, whose numbers are ours by now
+    if (m_connection.isOwn(m_check)) // of an ended client, whose ids are ours by now
         m_check = XCB_NONE;
     if (m_check != XCB_NONE) {
-        // Some say where their name will be before they write it.
+        // Some announce the window with their name before they write the name.
         const std::uint32_t events = XCB_EVENT_MASK_PROPERTY_CHANGE;
         xcb_change_window_attributes(c, m_check, XCB_CW_EVENT_MASK, &events);
         const auto name = m_connection.reply(
             xcb_get_property_reply, xcb_get_property(c, 0, m_check, m_atoms[AtomName::NetWmName],
-                                                     XCB_GET_PROPERTY_TYPE_ANY, 0, maximalText));
+                                                     XCB_GET_PROPERTY_TYPE_ANY, 0, maximumText));
         m_manager.name = textIn(name.get());
         m_manager.pid = clientPids(m_connection, std::array{m_check}).front().value_or(0);
     }
@@ -140,15 +140,15 @@ void ManagerWatch::fetchMapped()
     for (const xcb_window_t window : windows) {
         cookies.push_back({xcb_get_geometry(c, window),
                            xcb_get_property(c, 0, window, XCB_ATOM_WM_CLASS,
-                                            XCB_GET_PROPERTY_TYPE_ANY, 0, maximalText),
+                                            XCB_GET_PROPERTY_TYPE_ANY, 0, maximumText),
                            xcb_get_property(c, 0, window, m_atoms[AtomName::NetWmWindowType],
-                                            XCB_GET_PROPERTY_TYPE_ANY, 0, maximalText)});
+                                            XCB_GET_PROPERTY_TYPE_ANY, 0, maximumText)});
     }
     for (std::size_t i = 0; i < windows.size(); ++i) {
         const auto geometry = m_connection.reply(xcb_get_geometry_reply, cookies[i].geometry);
         const auto name = m_connection.reply(xcb_get_property_reply, cookies[i].name);
         const auto type = m_connection.reply(xcb_get_property_reply, cookies[i].type);
-        // Those of a pixel are no pictures of anything, but places to put properties and the focus.
+        // Windows of one pixel show nothing; they hold properties or the focus.
         if (!geometry || geometry->width <= 1 || geometry->height <= 1)
             continue;
         const auto kind = windowTypeOf(PropertyValue{type.get()}.longs(), m_atoms);

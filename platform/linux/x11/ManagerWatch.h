@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// Which window manager runs, and what it has on the screen for itself: its window switcher, and
-// the outlines of windows.
+// Detects the window manager and its own windows on the screen: its switcher, and the outlines of
+// windows.
 #pragma once
 
 #include <atomic>
@@ -19,8 +19,8 @@ namespace lumbrix::platform::x11
 class Connection;
 class X11WindowTracker;
 
-/// Event thread. Comes after the tracker in the order of handlers, which knows what is a frame.
-/// Windows that were there before a window manager was known are none of its switcher's.
+/// Event thread. Must come after the tracker in the order of handlers, as that knows the frames.
+/// Windows that existed before the window manager was known do not belong to its switcher.
 class ManagerWatch final : public EventHandler
 {
 public:
@@ -41,7 +41,7 @@ private:
     const Atoms& m_atoms;
     const X11WindowTracker& m_tracker;
     const Listeners& m_listeners;
-    xcb_window_t m_check = XCB_NONE; ///< tells the window manager's name
+    xcb_window_t m_check = XCB_NONE; ///< has the window manager's name
     Manager m_manager;
     std::map<xcb_window_t, ManagerWindow> m_windows;
     std::vector<xcb_window_t> m_mapped; ///< not looked at yet

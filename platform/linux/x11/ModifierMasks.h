@@ -20,7 +20,7 @@ struct ModifierMasks {
     std::uint32_t scrollLock = 0;
 };
 
-/// What is usual, for where the mapping does not tell.
+/// The usual bits, used if the mapping does not define them.
 ModifierMasks usualModifierMasks();
 
 /// Two requests, one round trip. With the usual bits for Option and Command where no key sets any.

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// Asks clients whether they are alive, and notices when they are late.
+// Pings clients, and notices when they answer late.
 #pragma once
 
 #include <xcb/xcb.h>
@@ -18,18 +18,18 @@ namespace lumbrix::platform::x11
 
 class Connection;
 
-/// Event thread only. While nothing is outstanding, or all that is outstanding is late already, it
-/// wants no wake-up.
+/// Event thread only. Needs no wake-up while no ping is pending, or all pending ones are already
+/// late.
 class Pinger
 {
 public:
     static constexpr Seconds patience = 0.2;
 
     Pinger(const Connection& connection, const Atoms& atoms);
-    /// Of a client that takes part in the protocol; does nothing while an answer is outstanding.
+    /// Pings a window whose client supports the protocol; does nothing while an answer is pending.
     void ping(xcb_window_t window, xcb_timestamp_t time, Seconds now);
-    /// The window that has answered; null when the event is something else. An answer to anybody's
-    /// ping shows that the client is alive.
+    /// The window that has answered; null if the event is not an answer. An answer to another
+    /// program's ping also shows that the client is alive.
     std::optional<xcb_window_t> answerIn(const xcb_generic_event_t& event);
     void forget(xcb_window_t window) { m_outstanding.erase(window); }
     /// The windows whose answer has just become late.

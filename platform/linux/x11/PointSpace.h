@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// Pixels of the root window and points of the ports. Points have their origin at the top left of
-// the main screen, the one that holds the dock.
+// Converts between pixels of the root window and points of the ports. Points have their origin at
+// the top left of the main screen, the one with the dock.
 #pragma once
 
 #include <QtCore/QPoint>

@@ -24,7 +24,7 @@ void selectXInput(xcb_connection_t* c, xcb_window_t window, std::uint32_t events
     xcb_input_xi_select_events(c, window, 1, &request.head);
 }
 
-/// Milliseconds; keys are set to repeat after a longer time, and no raw event tells of it.
+/// Milliseconds; keys start to repeat after a longer time, and raw events do not report repeats.
 constexpr xcb_timestamp_t repeatTime = 250;
 
 /// Without a report. Longer than between two of a slow device, shorter than anybody notices.

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// Follows the pointer and the mouse buttons, wherever they are and whatever program grabs them,
+// Follows the pointer and the mouse buttons, everywhere and even while another program grabs them,
 // without a wake-up while the mouse is still.
 #pragma once
 
@@ -27,12 +27,11 @@ public:
     PointerWatch(RunLoop& runLoop, const Connection& connection, const WindowTracker& tracker,
                  const Listeners& listeners, const PointSpace& points, PointerTrail& trail);
 
-    /// Which keys listeners get, too. Nobody needs to hear what people write, so only as
-    /// long as it has to be.
+    /// Which keys listeners also get. Typed text is private, so listen only as long as necessary.
     void hearKeys(KeyHearing which);
 
     void handleEvent(const xcb_generic_event_t& event) override;
-    /// One question for all the motion and presses of a batch.
+    /// One query for all the motion and presses of a batch.
     void eventsHandled() override;
     /// When a pointer that has moved is taken to rest.
     std::optional<Seconds> deadline() const override { return m_restsAt; }
@@ -65,11 +64,11 @@ private:
     std::optional<Seconds> m_restsAt; ///< null once that was told
     std::vector<int> m_pressed;
     std::vector<Key> m_keys;
-    // While keys are heard.
+    // Used while keys are watched.
     KeyHearing m_hearing = KeyHearing::None;
     bool m_isShiftDown = false;
     bool m_isModifierDown = false;                      ///< Alt or Super
-    Reply<xcb_get_keyboard_mapping_reply_t> m_keyboard; ///< null: to be asked for
+    Reply<xcb_get_keyboard_mapping_reply_t> m_keyboard; ///< null: must be queried
     Key m_lastPressed;
     std::optional<QPoint> m_position;
     xcb_window_t m_child = XCB_NONE;

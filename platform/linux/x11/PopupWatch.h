@@ -17,7 +17,7 @@ namespace lumbrix::platform::x11
 class Connection;
 class X11WindowTracker;
 
-/// Event thread. Comes after the tracker in the order of handlers, which knows what is a frame.
+/// Event thread. Must come after the tracker in the order of handlers, as that knows the frames.
 class PopupWatch final : public EventHandler
 {
 public:

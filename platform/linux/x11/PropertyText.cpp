@@ -16,7 +16,7 @@ QByteArrayView untilNul(QByteArrayView bytes)
     return bytes.first(end);
 }
 
-/// The length of `bytes` without a sequence that its end cuts off.
+/// The length of `bytes` without an incomplete sequence at the end.
 QByteArrayView withoutCutOffEnd(QByteArrayView bytes)
 {
     for (qsizetype back = 1; back <= std::min<qsizetype>(3, bytes.size()); ++back) {
@@ -31,8 +31,8 @@ QByteArrayView withoutCutOffEnd(QByteArrayView bytes)
     return bytes;
 }
 
-/// Best effort: Latin 1 and UTF-8 segments, the ones that are in use; what other escape sequences
-/// switch to is read as Latin 1.
+/// Best effort: supports Latin 1 and UTF-8 segments, which are the ones in use; other encodings are
+/// read as Latin 1.
 QString decodeCompoundText(QByteArrayView bytes)
 {
     constexpr char escapeByte = '\x1b';

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// Which screens there are, which of them is the main one, and whether a compositor runs.
+// Follows the screens, which of them is the main one, and whether a compositor runs.
 #pragma once
 
 #include <QtCore/QRect>

@@ -25,8 +25,8 @@ bool sendShortcut(const Connection& connection, xcb_window_t window, const Short
     bool isSent = true;
     for (const std::uint8_t type : {XCB_KEY_PRESS, XCB_KEY_RELEASE}) {
         event.response_type = type;
-        // Without a mask it goes to the client that made the window. Toolkits that read keys by the
-        // input extension have selected no other keys on it, but take these.
+        // Without an event mask it goes to the client that created the window. Toolkits that read
+        // keys through the input extension have not selected core key events, but accept these.
         const xcb_void_cookie_t cookie =
             xcb_send_event_checked(connection.get(), 0, window, XCB_EVENT_MASK_NO_EVENT,
                                    reinterpret_cast<const char*>(&event));

@@ -21,10 +21,9 @@ struct Shortcut {
     bool operator==(const Shortcut&) const = default;
 };
 
-/// Has the program that made the window take the keys for typed into it. Nothing else sees them,
-/// and the focus stays where it is. False when the window is gone or the keyboard has no such key;
-/// whether the program heeds keys that nobody typed is its own affair. Any thread; some round
-/// trips.
+/// Sends the keys to the program that created the window as if they were typed into it. No other
+/// program sees them, and the focus does not change. False if the window is gone or the keyboard
+/// has no such key; the program may ignore sent keys. Any thread; some round trips.
 bool sendShortcut(const Connection& connection, xcb_window_t window, const Shortcut& shortcut);
 
 } // namespace lumbrix::platform::x11

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// One managed top-level window as last heard of: kept current from property and configure events,
-// so that reading it costs no round trip.
+// A snapshot of one managed top-level window, updated by property and configure events, so that
+// reading it needs no round trip.
 #pragma once
 
 #include <QtCore/QRect>
@@ -28,10 +28,10 @@ struct TrackedWindow {
     QString title;                 ///< valid UTF-16, at most 4096 characters; may be empty
     QString classInstance;
     QString className;
-    std::optional<std::int32_t> pid; ///< _NET_WM_PID, else what the server knows of the client
+    std::optional<std::int32_t> pid; ///< _NET_WM_PID, otherwise as the server reports
     WindowType type = WindowType::Normal;
     bool skipTaskbar = false;
-    bool skipSwitcher = false; ///< asks KWin, which alone knows this, to leave it out
+    bool skipSwitcher = false; ///< hint to leave it out, known to KWin only
     bool isModal = false;      ///< of what it is transient for
     bool isIconic = false;
     bool isFullscreen = false;
@@ -41,9 +41,10 @@ struct TrackedWindow {
     int desktop = -1;
     bool isOnAllDesktops = false;
     xcb_window_t transientFor = XCB_NONE;
-    /// Where a dock shows this window, as last written to the window.
+    /// The rectangle in which a dock shows this window, as last written to the window.
     std::optional<QRect> iconGeometry;
-    /// Grows with every write of iconGeometry; a monotonic clock in milliseconds says when.
+    /// Incremented by every write of iconGeometry; with the time of the write, on a monotonic clock
+    /// in milliseconds.
     std::uint64_t iconGeometrySerial = 0;
     std::int64_t iconGeometryTime = 0;
     bool isResponding = true; ///< false while a ping is unanswered for over 0.2 s

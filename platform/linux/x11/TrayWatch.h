@@ -22,8 +22,8 @@ public:
 
     /// Any thread.
     bool isTrayRunning() const { return m_isTrayRunning; }
-    /// What to call on the event thread when that changed; nothing to call any more is called once
-    /// this has returned.
+    /// Sets the callback for changes, called on the event thread. The former callback is not called
+    /// any more once this has returned.
     void setChanged(std::function<void()> changed);
 
     void handleEvent(const xcb_generic_event_t& event) override;

@@ -52,7 +52,7 @@ QStringList outputsOf(const Connection& connection)
     return names;
 }
 
-/// The environment does.
+/// Whether the environment is a Wayland session.
 bool saysWayland(const SessionSigns& signs)
 {
     return signs.sessionType == QLatin1String("wayland") || !signs.waylandDisplay.isEmpty();
@@ -76,7 +76,7 @@ bool isOfWaylandSession(const Connection& connection)
                        false,
                        {}};
     if (!saysWayland(signs))
-        return false; // as on most desktops, which need not be asked
+        return false; // as on most desktops; the server need not be queried
     signs.hasExtension = hasExtension(connection, "XWAYLAND");
     signs.outputs = outputsOf(connection);
     return isOfWaylandSession(signs);

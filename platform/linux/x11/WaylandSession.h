@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// Tells an X server that a Wayland session runs, for those of its programs that use X, from one
-// that has the desktop to itself.
+// Distinguishes the X server of a Wayland session, which only serves its X programs, from one that
+// has the whole desktop.
 #pragma once
 
 #include <QtCore/QString>
@@ -13,18 +13,19 @@ namespace lumbrix::platform::x11
 
 class Connection;
 
-/// What there is to go by.
+/// The available evidence.
 struct SessionSigns {
     QString sessionType;       ///< XDG_SESSION_TYPE
     QString waylandDisplay;    ///< WAYLAND_DISPLAY
     bool hasExtension = false; ///< the server's own, since Xwayland 23
-    QStringList outputs;       ///< names; up to Xwayland 22 they give it away
+    QStringList outputs;       ///< names; they identify Xwayland up to version 22
 };
 
-/// Both have to say so: a nested X server has all windows of its own desktop, and an Xwayland that
-/// somebody runs outside of such a session has, too.
+/// Both the environment and the server must say so: a nested X server has all windows of its own
+/// desktop, and so has an Xwayland that is run outside a Wayland session.
 bool isOfWaylandSession(const SessionSigns& signs);
-/// The same of this server and the environment. Asks the server where the environment says so.
+/// The same for this server and the environment. Queries the server only if the environment is a
+/// Wayland session.
 bool isOfWaylandSession(const Connection& connection);
 
 } // namespace lumbrix::platform::x11

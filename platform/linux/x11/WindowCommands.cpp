@@ -64,7 +64,7 @@ void WindowCommands::eventsHandled()
     if (posted.empty())
         return;
     std::move(posted.begin(), posted.end(), std::back_inserter(m_waiting));
-    // Appending nothing changes nothing, but is announced with the time.
+    // Appending nothing changes nothing, but causes an event with the server's time.
     xcb_change_property(m_connection.get(), XCB_PROP_MODE_APPEND, m_clock,
                         m_atoms[AtomName::LumbrixTimestamp], XCB_ATOM_INTEGER, 8, 0, nullptr);
 }

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// Carries out requests of other threads on the event thread, each with a server time that is fresh:
-// window managers ignore activations that look older than the last key press.
+// Executes requests of other threads on the event thread, each with a current server time: window
+// managers ignore activations that look older than the last key press.
 #pragma once
 
 #include <xcb/xcb.h>

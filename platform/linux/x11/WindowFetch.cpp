@@ -104,7 +104,7 @@ void walkToFrames(const Connection& connection, std::vector<Walk> walks)
             walk.cookies = askForNode(connection.get(), walk.node);
         walks = std::move(further);
     }
-    for (const Walk& walk : walks) { // deeper than anything real: not worth following
+    for (const Walk& walk : walks) { // deeper than any real nesting
         xcb_discard_reply(connection.get(), walk.cookies.tree.sequence);
         xcb_discard_reply(connection.get(), walk.cookies.geometry.sequence);
         xcb_discard_reply(connection.get(), walk.cookies.attributes.sequence);

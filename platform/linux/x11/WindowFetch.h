@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// Fetches what is marked dirty of many windows at once: all requests first, then the replies.
+// Fetches the dirty data of many windows at once: all requests first, then the replies.
 #pragma once
 
 #include <optional>

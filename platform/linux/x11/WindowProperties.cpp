@@ -20,8 +20,8 @@ QByteArrayView view(std::span<const char> bytes)
     return {bytes.data(), static_cast<qsizetype>(bytes.size())};
 }
 
-/// Other programs may write anything: kept within what X11 itself can express, so that sums of
-/// coordinates cannot overflow.
+/// Other programs may write anything. Values are limited to the range of X11 coordinates, so that
+/// sums cannot overflow.
 int coordinate(std::uint32_t value) { return std::clamp(static_cast<int>(value), -0x8000, 0x7fff); }
 
 int extent(std::uint32_t value) { return std::clamp(static_cast<int>(value), 0, 0xffff); }
@@ -161,8 +161,8 @@ constexpr std::array rowTable{
 static_assert(rowTable[pidRow].atom == AtomName::NetWmPid);
 static_assert(rowTable.size() < 31);
 
-/// The part of the frame that cannot be seen: shadows drawn by the client, or the wide invisible
-/// grips some window managers put around their frames.
+/// The invisible part of the frame: shadows drawn by the client, or the wide invisible resize
+/// borders of some window managers.
 QMargins invisibleMargins(const WindowRecord& record)
 {
     if (record.clientDrawnExtents)

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// What the properties of one client window say, as raw facts, and the snapshot derived from them.
-// One table tells which property feeds which fact.
+// The raw values of one client window's properties, and the snapshot derived from them. One table
+// says which property sets which field.
 #pragma once
 
 #include <QtCore/QMargins>
@@ -59,7 +59,7 @@ struct WindowRecord {
     TrackedWindowPtr published;
 };
 
-/// A property as the server returned it; any part of it may be nonsense.
+/// A property as returned by the server; any part of it may be invalid.
 struct PropertyValue {
     const xcb_get_property_reply_t* reply = nullptr;
 
@@ -81,10 +81,10 @@ std::span<const PropertyRow> propertyRows();
 /// Bit of the row in WindowRecord::dirty; 0 when no row wants this property.
 std::uint32_t dirtyBitOf(xcb_atom_t property, const Atoms& atoms);
 inline constexpr std::uint32_t geometryBit = 1U << 31;
-/// The row with which a lack of a process id is noticed.
+/// The row whose fetch shows that there is no process id.
 std::uint32_t pidBit();
 
-/// What the derivation has to know of the window manager.
+/// What the derivation must know about the window manager.
 struct ManagerTraits {
     bool hasHiddenState = false; ///< it announces _NET_WM_STATE_HIDDEN
     int currentDesktop = 0;

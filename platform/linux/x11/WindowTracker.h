@@ -19,28 +19,28 @@ struct PopupMapped {
     std::optional<std::int32_t> pid;
 };
 
-/// A window that the window manager itself has on the screen: its switcher, an outline.
+/// A window of the window manager itself: its switcher, an outline.
 struct ManagerWindow {
     xcb_window_t id = XCB_NONE;
     QRect rect; ///< root pixels
     int depth = 0;
     QString classInstance;
-    bool isPlain = true; ///< says nothing of its kind, or that it is a normal one
+    bool isPlain = true; ///< has no window type, or the normal one
 
     bool operator==(const ManagerWindow&) const = default;
 };
 
-/// Which keys listeners are told of: none, those that go down while Alt or Super is, or all.
+/// Which keys are reported to listeners: none, those pressed while Alt or Super is held, or all.
 enum class KeyHearing { None, WithModifier, All };
 
-/// The window manager that runs, and what it shows of its own; empty while there is none.
+/// The running window manager and the windows that it shows itself; empty if there is none.
 struct Manager {
     QString name;
     std::int32_t pid = 0;
     std::vector<ManagerWindow> windows; ///< the oldest first
 };
 
-/// What the event thread tells; every call is on the event thread, without a lock held, and must
+/// Callbacks of the event thread; every call is on the event thread, without a lock held, and must
 /// not block. `before` and `after` are snapshots.
 class WindowListener
 {
@@ -57,7 +57,7 @@ public:
     virtual void popupMapped(const PopupMapped&) {}
     /// An override-redirect window was moved, resized or restacked, mapped or not.
     virtual void popupMoved(xcb_window_t) {}
-    /// A child of the root was unmapped, by its end, too; perhaps one that is managed.
+    /// A child of the root was unmapped or destroyed; it may be a managed one.
     virtual void popupUnmapped(xcb_window_t) {}
     /// The pointer moved to these root pixels, over this child of the root (XCB_NONE: the root).
     virtual void pointerMoved(QPoint, xcb_window_t /*childOfRoot*/) {}
@@ -66,26 +66,26 @@ public:
     virtual void pointerStops(QPoint) {}
     /// A mouse button went down anywhere; 1 left, 2 middle, 3 right.
     virtual void buttonPressed(int /*button*/, QPoint) {}
-    /// A key went down anywhere, with Shift or without; only while somebody wants to hear keys. As
-    /// what X knows it by when it is pressed alone.
+    /// A key was pressed anywhere, with or without Shift; only while keys are requested. The symbol
+    /// is that of the key without modifiers.
     virtual void keyPressed(xcb_keysym_t, bool /*withShift*/) {}
-    /// Told of a heard key's release: it was down for so long that it may have repeated, which is
-    /// not told of.
+    /// Called when a reported key is released after it was held long enough to repeat; the repeats
+    /// are not reported.
     virtual void keyRepeated(xcb_keysym_t) {}
-    /// Another window manager runs, or it shows other windows of its own than before. Told once
-    /// at the start, too.
+    /// Another window manager runs, or the windows that it shows itself have changed. Also called
+    /// once at the start.
     virtual void managerChanged(const Manager&) {}
     virtual void screensChanged() {}
     virtual void compositorChanged(bool /*running*/) {}
 };
 
-/// Any thread. Listeners are added before the event thread starts and outlive it.
+/// Any thread. Listeners must be added before the event thread starts, and must outlive it.
 class WindowTracker
 {
 public:
     virtual ~WindowTracker() = default;
     virtual void addListener(WindowListener* listener) = 0;
-    /// Null when it is not a managed window (any more).
+    /// Null if it is not a managed window (any more).
     virtual TrackedWindowPtr window(xcb_window_t id) const = 0;
     /// All managed windows, docks and desktops included, topmost first.
     virtual std::vector<TrackedWindowPtr> windows() const = 0;
@@ -93,12 +93,12 @@ public:
     virtual int currentDesktop() const = 0; ///< 0-based
     virtual int desktopCount() const = 0;
 
-    // Requests to the window manager and to clients; they return at once, failures are silent.
+    // Requests to the window manager and to clients. They return at once; failures are silent.
     virtual void activate(xcb_window_t id) = 0; ///< to the front, with its desktop if need be
     virtual void close(xcb_window_t id) = 0;    ///< as its close button would
     virtual void iconify(xcb_window_t id) = 0;
     virtual void deiconify(xcb_window_t id) = 0;
-    /// Asks the client whether it is alive; the answer shows in isResponding.
+    /// Pings the client; the result is in isResponding.
     virtual void ping(xcb_window_t id) = 0;
 };
 

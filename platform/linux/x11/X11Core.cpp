@@ -50,8 +50,8 @@ struct X11Core::Parts {
             std::make_unique<PointerWatch>(runLoop, *events, tracker, listeners, points, trail);
         listeners.add(&pictures); // first, so that a picture is there when others hear of a window
         listeners.add(pointer.get());
-        // The pointer's watch, which hears keys, before the manager's: what comes of a key is told
-        // after it, though both came at once.
+        // The pointer watch, which gets keys, comes before the manager watch: if a key and its
+        // effect arrive together, the key is reported first.
         thread = std::make_unique<EventThread>(
             runLoop, *events, wake,
             std::vector<EventHandler*>{&commands, &screens, &pictures, &tracker, &popups,

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// Everything the adapter knows of one X display, and the threads that keep it current.
+// The adapter's state of one X display, and the threads that update it.
 #pragma once
 
 #include <QtCore/QString>
@@ -38,30 +38,32 @@ struct X11CoreOptions {
     std::string displayName; ///< empty: the one of the environment
 };
 
-/// Made, started and destroyed on one thread; the parts may be used from any until it is destroyed.
-/// Windows that exist when it is made are in tracker().windows() at once, and listeners are not
-/// told of them: a listener is added, looks at windows(), and hears of every change after start().
+/// Must be created, started and destroyed on one thread; the parts may be used on any thread until
+/// it is destroyed. Windows that exist at its creation are in tracker().windows() at once and are
+/// not reported to listeners: a listener is added, reads windows(), and is called for every change
+/// after start().
 class X11Core
 {
 public:
-    /// Null when there is no usable server; `error` then says why. `onConnectionLost` runs on the
-    /// event thread, once, when the server goes away; all answers are the last known ones then.
+    /// Null if there is no usable server; `error` then says why. `onConnectionLost` runs once, on
+    /// the event thread, when the server is lost; queries then return the last known data.
     static std::unique_ptr<X11Core> create(RunLoop& runLoop, const X11CoreOptions& options,
                                            std::function<void()> onConnectionLost, QString& error);
-    /// Listeners are not called any more once this has begun to return; no other thread may be
-    /// using a part.
+    /// After the destructor has returned, no listener is called any more; no other thread may use a
+    /// part during it.
     ~X11Core();
     X11Core(const X11Core&) = delete;
     X11Core& operator=(const X11Core&) = delete;
 
-    /// Starts the threads, after the listeners were added. Once.
+    /// Starts the threads. Call it once, after the listeners were added.
     void start();
-    /// Ends the threads; no listener is called after it has returned. The parts still answer. The
-    /// destructor does it too, but listeners that are destroyed earlier need it earlier.
+    /// Ends the threads; no listener is called after it has returned. The parts still return the
+    /// last known data. The destructor calls it too, but it must be called before a listener is
+    /// destroyed.
     void stop();
 
-    /// The toolkit's scale factor is another now. Main thread; listeners hear of it as of a change
-    /// of the screens.
+    /// The toolkit's scale factor has changed. Main thread; reported to listeners as a change of
+    /// the screens.
     void setPixelsPerPoint(double pixelsPerPoint);
 
     /// Which keys listeners get, from a moment later on. Any thread.
@@ -80,7 +82,8 @@ public:
     ThemeWatch& theme();
     TrayWatch& trays();
     const Atoms& atoms() const;
-    /// For requests of one's own from any thread. It has no event reader: select no events on it.
+    /// A connection for other requests, from any thread. Nothing reads its events, so do not select
+    /// any on it.
     const Connection& connection() const;
 
 private:

@@ -69,8 +69,8 @@ X11EventTaps::X11EventTaps(RunLoop& runLoop, KeyGrabs& grabs)
                 const auto taps = weak.lock();
                 if (!taps)
                     return;
-                // Newest first; a callback may change the list, but the first one that wants the
-                // event is the last that is called.
+                // Newest first. A callback may change the list, but the loop ends after the first
+                // tap that wants the event.
                 const auto tap =
                     std::find_if(taps->all.rbegin(), taps->all.rend(),
                                  [&](const Tap* each) { return each->wants(event.key); });

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// Taps as grabs of exactly the keys that enabled taps want: no other event is ever delayed.
+// Implements taps by grabbing exactly the keys that enabled taps want; no other event is delayed.
 #pragma once
 
 #include <memory>
@@ -33,7 +33,7 @@ private:
     void updateGrabs();
 
     KeyGrabs& m_grabs;
-    /// Held weakly by what is on its way from the event thread.
+    /// Calls pending from the event thread hold it weakly.
     const std::shared_ptr<Taps> m_taps;
 };
 

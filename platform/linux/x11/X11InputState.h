@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// The pointer and the modifier keys, asked for when they are wanted.
+// The pointer and the modifier keys, queried on demand.
 #pragma once
 
 #include <atomic>
@@ -17,8 +17,8 @@ class Connection;
 class PointSpace;
 class PointerTrail;
 
-/// Each question is one round trip on the calling thread. When the server is gone: the origin, no
-/// button, no key.
+/// Each query is one round trip on the calling thread. If the server is gone it returns the origin,
+/// no button, no key.
 class X11InputState final : public InputState, public EventHandler
 {
 public:

@@ -13,8 +13,8 @@
 namespace lumbrix::platform::x11
 {
 
-/// Each question is a round trip on the main thread, the first after a change a few more. When the
-/// server is gone, no key writes anything.
+/// Each query is one round trip on the main thread; the first one after a change takes a few more.
+/// If the server is gone, no key types anything.
 class X11KeyboardLayout final : public KeyboardLayout, public EventHandler
 {
 public:
@@ -35,7 +35,7 @@ private:
     const Connection& m_requests;
     std::atomic<std::uint64_t> m_changes{1}; ///< of the map; counted on the event thread
     std::uint64_t m_changesRead = 0;
-    std::unique_ptr<Keymap> m_keymap; ///< read when it is asked for
+    std::unique_ptr<Keymap> m_keymap; ///< read on demand
 };
 
 } // namespace lumbrix::platform::x11

@@ -17,8 +17,8 @@ class ScreenWatch;
 class WindowPictures;
 class WindowTracker;
 
-/// Which process id is reported for a window. Several processes of one application are reported as
-/// one, so this is not always the window's own. Any thread.
+/// Returns the process id to report for a window. Several processes of one application are reported
+/// as one, so it is not always the window's own. Any thread.
 class OwnerPids
 {
 public:
@@ -33,7 +33,7 @@ public:
                     const PointSpace& points, const ScreenWatch& screens, bool isOfWaylandSession);
 
     /// Until it is set, windows are reported with their own process id, or 0. It must outlive the
-    /// use of this object. Before other threads use it.
+    /// use of this object. Must be set before other threads use this.
     void setOwnerPids(const OwnerPids* owners) { m_owners = owners; }
 
     WindowList copyWindowInfo(WindowListOption option) override;

@@ -14,7 +14,7 @@ namespace lumbrix::platform::x11
 namespace
 {
 
-constexpr std::uint32_t sourcePager = 2; // a pager's wish is the user's: no focus-theft rules
+constexpr std::uint32_t sourcePager = 2; // acts for the user: no focus-theft rules
 constexpr std::uint32_t iconicState = 3;
 
 } // namespace
@@ -250,7 +250,7 @@ void X11WindowTracker::updateSet()
     std::unordered_map<xcb_window_t, std::unique_ptr<WindowRecord>> records;
     for (const xcb_window_t id : m_set.clients) {
         auto it = m_records.find(id);
-        // One that is gone but listed anew may be another window that got the same number.
+        // A window that is gone but listed again may be another window with the same id.
         if (it != m_records.end() && !it->second->isGone) {
             records[id] = std::move(it->second);
             continue;
@@ -316,12 +316,13 @@ X11WindowTracker::StatePtr X11WindowTracker::makeState()
     next->desktopCount = m_set.desktopCount;
     for (const xcb_window_t id : m_order) {
         WindowRecord* record = recordOf(id);
-        // Without a frame nothing is known of where it is: it is just being reparented.
+        // Without a frame its position is not known: it is just being reparented.
         if (!record || record->isGone || record->frame == XCB_NONE)
             continue;
         TrackedWindow snapshot = snapshotOf(*record, manager);
-        // A manager may let a window shrink towards its button while it is minimised. Where it is
-        // seen again, and what its last picture shows, is its place before that.
+        // A window manager may shrink a window towards its button while minimising it. The position
+        // to keep is the one before that: there it will be shown again, and its last picture shows
+        // it there.
         if (const TrackedWindowPtr& last = record->published;
             snapshot.isIconic && last && last->frame == snapshot.frame) {
             snapshot.bounds = last->bounds;

@@ -22,16 +22,16 @@ namespace lumbrix::platform::x11
 class Connection;
 class WindowCommands;
 
-/// Readers of any thread get the last published state, under a lock that is held for a copy only.
-/// Nothing is published before the event thread has asked the server for all of a change.
+/// Readers on any thread get the last published state, under a lock that is held only for a copy.
+/// Changes are published only after the event thread has queried all of their data.
 class X11WindowTracker final : public WindowTracker, public EventHandler
 {
 public:
     X11WindowTracker(RunLoop& runLoop, const Connection& connection, const Atoms& atoms,
                      WindowCommands& commands, Listeners& listeners);
 
-    /// Selects the root's events and publishes the windows there are; listeners are not told of
-    /// these. Before the event thread starts.
+    /// Selects the root's events and publishes the existing windows, without calling listeners.
+    /// Must be called before the event thread starts.
     void fetchInitial();
 
     void addListener(WindowListener* listener) override { m_listeners.add(listener); }
@@ -47,7 +47,7 @@ public:
     void deiconify(xcb_window_t id) override;
     void ping(xcb_window_t id) override;
 
-    /// Whether a child of the root is, or holds, a managed window. Event thread.
+    /// Whether a child of the root is or contains a managed window. Event thread.
     bool isFrame(xcb_window_t window) const { return m_frames.contains(window); }
 
     void handleEvent(const xcb_generic_event_t& event) override;
