@@ -22,21 +22,21 @@ namespace lumbrix::platform
 namespace
 {
 
-constexpr qint64 maximalBytes = qint64{4} * 1024 * 1024;
+constexpr qint64 maximumBytes = qint64{4} * 1024 * 1024;
 /// Both ways. A file of a few kilobytes may unpack into a picture of gigabytes.
-constexpr int maximalPixels = 2048;
+constexpr int maximumPixels = 2048;
 /// Of the text of a drawing, as often as it is drawn. A few kilobytes may draw each other for days.
-constexpr double maximalDrawn = 8e6;
+constexpr double maximumDrawn = 8e6;
 /// Of the drawing's rules of style in characters, each of which is tried on every element.
-constexpr double maximalTries = 1e9;
-constexpr int maximalDepth = 200;
+constexpr double maximumTries = 1e9;
+constexpr int maximumDepth = 200;
 /// How often what is drawn by reference may refer further.
-constexpr int maximalReferences = 8;
+constexpr int maximumReferences = 8;
 
 QImage pixelsIn(const QByteArray& bytes)
 {
     return readPlainPicture(bytes, {"png", "xpm", "jpeg", "jpg", "ico"}, [](QSize size) {
-        return size.width() > maximalPixels || size.height() > maximalPixels ? QSize() : size;
+        return size.width() > maximumPixels || size.height() > maximumPixels ? QSize() : size;
     });
 }
 
@@ -50,8 +50,8 @@ public:
     /// names, and waits for it if that is a pipe), that is too much work, or that is broken.
     bool isGood() const
     {
-        return m_isGood && static_cast<double>(m_parts.size()) * m_styleLength <= maximalTries &&
-               drawnLength() <= maximalDrawn;
+        return m_isGood && static_cast<double>(m_parts.size()) * m_styleLength <= maximumTries &&
+               drawnLength() <= maximumDrawn;
     }
 
 private:
@@ -76,7 +76,7 @@ private:
                 m_parts.push_back({open.empty() ? 0 : open.back(), length, {}, false});
                 open.push_back(m_parts.size() - 1);
                 readPart(xml);
-                m_isGood = m_isGood && open.size() <= maximalDepth;
+                m_isGood = m_isGood && open.size() <= maximumDepth;
             } else if (xml.isEndElement()) {
                 open.pop_back();
             } else if (xml.isCharacters() && !open.empty()) {
@@ -115,14 +115,14 @@ private:
                                    : QImage();
         m_pixels += qint64{picture.width()} * picture.height();
         m_isGood =
-            m_isGood && !picture.isNull() && m_pixels <= qint64{maximalPixels} * maximalPixels;
+            m_isGood && !picture.isNull() && m_pixels <= qint64{maximumPixels} * maximumPixels;
     }
 
     /// Beyond all measure for one whose parts refer to each other for too long, or in a circle.
     double drawnLength() const
     {
         std::vector<double> drawn(m_parts.size());
-        for (int round = 0; round <= maximalReferences; ++round) {
+        for (int round = 0; round <= maximumReferences; ++round) {
             std::vector<double> next(m_parts.size());
             for (std::size_t i = m_parts.size(); i-- > 0;) { // what is inside comes later
                 const Part& part = m_parts[i];
@@ -158,7 +158,7 @@ QImage picture(const QByteArray& bytes, int pixels)
 
 QImage readIconFile(const QString& path, int pixels)
 {
-    return iconIn(readPlainFile(path, maximalBytes), path.endsWith(u".svg"_s), pixels);
+    return iconIn(readPlainFile(path, maximumBytes), path.endsWith(u".svg"_s), pixels);
 }
 
 QImage iconIn(const QByteArray& bytes, bool isDrawing, int pixels)

@@ -19,8 +19,8 @@ namespace lumbrix::platform
 namespace
 {
 
-constexpr qint64 maximalIndexSize = qint64{1024} * 1024;
-constexpr qsizetype maximalThemes = 32;
+constexpr qint64 maximumIndexSize = qint64{1024} * 1024;
+constexpr qsizetype maximumThemes = 32;
 constexpr std::array suffixes{"png", "svg", "xpm"};
 
 /// A file that reading cannot hang on, as it could on a pipe or a device.
@@ -84,7 +84,7 @@ QStringList IconTheme::searchOrder()
     // Themes may build on each other in circles.
     for (qsizetype i = 0; i < order.size(); ++i) {
         for (const QString& parent : theme(order.at(i)).parents)
-            if (order.size() < maximalThemes && !order.contains(parent))
+            if (order.size() < maximumThemes && !order.contains(parent))
                 order.append(parent);
     }
     for (const QString& common : {u"hicolor"_s, u"Adwaita"_s})
@@ -106,7 +106,7 @@ IconThemeIndex IconTheme::readTheme(const QString& name) const
         return {};
     for (const QString& folder : m_folders) {
         const QString path = folder + u'/' + name + u"/index.theme"_s;
-        const QByteArray text = readPlainFile(path, maximalIndexSize);
+        const QByteArray text = readPlainFile(path, maximumIndexSize);
         // A theme has one description, however many folders its icons are spread over.
         if (!text.isEmpty())
             return IconThemeIndex::parse(text);

@@ -13,8 +13,8 @@ namespace
 {
 
 // Every icon is looked for in each of them, with three suffixes and in each of the user's folders.
-constexpr std::size_t maximalDirectories = 1000;
-constexpr qsizetype maximalParents = 32;
+constexpr std::size_t maximumDirectories = 1000;
+constexpr qsizetype maximumParents = 32;
 
 using Group = QHash<QByteArray, QByteArray>;
 
@@ -59,7 +59,7 @@ IconThemeIndex IconThemeIndex::parse(const QByteArray& text)
         const QString parent = QString::fromUtf8(raw.trimmed());
         if (!parent.isEmpty() && !result.parents.contains(parent))
             result.parents.append(parent);
-        if (result.parents.size() == maximalParents)
+        if (result.parents.size() == maximumParents)
             break;
     }
     QSet<QByteArray> known;
@@ -76,7 +76,7 @@ IconThemeIndex IconThemeIndex::parse(const QByteArray& text)
             {QString::fromUtf8(directory),
              scale * (isScalable ? number(*group, "MinSize", size) : size),
              scale * (isScalable ? number(*group, "MaxSize", size) : size)});
-        if (result.directories.size() == maximalDirectories)
+        if (result.directories.size() == maximumDirectories)
             break;
     }
     return result;

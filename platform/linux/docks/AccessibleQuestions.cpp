@@ -14,8 +14,8 @@ namespace lumbrix::platform
 namespace
 {
 
-constexpr int maximalName = 4096; ///< characters, as of windows' titles
-constexpr int maximalCoordinate = 1 << 17;
+constexpr int maximumName = 4096; ///< characters, as of windows' titles
+constexpr int maximumCoordinate = 1 << 17;
 
 const QString& accessible()
 {
@@ -103,7 +103,7 @@ std::optional<QRect> extentsIn(const QDBusMessage& reply)
     argument >> x >> y >> width >> height;
     argument.endStructure();
     const auto isSane = [](int value) {
-        return value > -maximalCoordinate && value < maximalCoordinate;
+        return value > -maximumCoordinate && value < maximumCoordinate;
     };
     if (!isSane(x) || !isSane(y) || !isSane(width) || !isSane(height) || width < 1 || height < 1)
         return std::nullopt;

@@ -19,7 +19,7 @@ constexpr std::int64_t nearDistance = 150; ///< pixels; about 0.1 s of an approa
 constexpr double attentionLasts = 10.0;    ///< seconds
 constexpr double menuGrabLasts = 0.3;      ///< seconds
 constexpr double synchronizeInterval = 1.0;
-constexpr std::size_t maximalPrefetch = 30;
+constexpr std::size_t maximumPrefetch = 30;
 constexpr double prefetchInterval = 0.25; ///< seconds
 
 } // namespace
@@ -200,7 +200,7 @@ void DockModel::prefetchNear(QPoint point) const
     std::ranges::stable_sort(items, {}, [](const auto& item) { return item.first; });
     std::vector<xcb_window_t> windows;
     for (const auto& [distance, item] : items) {
-        if (distance > nearDistance * nearDistance || windows.size() >= maximalPrefetch)
+        if (distance > nearDistance * nearDistance || windows.size() >= maximumPrefetch)
             break;
         const std::vector<xcb_window_t> more = windowsOf(item);
         windows.insert(windows.end(), more.begin(), more.end());

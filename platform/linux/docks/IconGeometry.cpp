@@ -59,7 +59,7 @@ DockItemId reuseId(const std::vector<xcb_window_t>& windows, std::vector<DockIte
 
 bool isIconPlace(const QRect& rect)
 {
-    return rect.width() >= minimalIconSide && rect.height() >= minimalIconSide;
+    return rect.width() >= minimumIconSide && rect.height() >= minimumIconSide;
 }
 
 int dockOfIcon(const QRect& icon, const std::vector<DockWindow>& docks)

@@ -26,7 +26,7 @@ struct PlacedWindow {
 };
 
 /// Smaller rectangles are temporary: panels write them during animations and for hidden buttons.
-inline constexpr int minimalIconSide = 8;
+inline constexpr int minimumIconSide = 8;
 /// Also of a panel: hidden ones leave a thin window at the edge to be touched.
 bool isIconPlace(const QRect& rect);
 

@@ -15,12 +15,12 @@ namespace lumbrix::platform
 namespace
 {
 
-constexpr int maximalUnderWay = 32;
-constexpr int maximalDepth = 12;
-constexpr std::size_t maximalWindows = 64;
-constexpr std::size_t maximalChildren = 300;
-constexpr std::size_t maximalElements = 1500;
-constexpr int maximalScale = 4;
+constexpr int maximumUnderWay = 32;
+constexpr int maximumDepth = 12;
+constexpr std::size_t maximumWindows = 64;
+constexpr std::size_t maximumChildren = 300;
+constexpr std::size_t maximumElements = 1500;
+constexpr int maximumScale = 4;
 
 // With the protocol's numbers.
 constexpr std::uint32_t checkBox = 7;
@@ -46,7 +46,7 @@ PanelWalk::PanelWalk(AccessibleTree& tree, const QString& application,
 
 void PanelWalk::start()
 {
-    askForChildren(m_root, maximalWindows, [this](const std::optional<Refs>& windows) {
+    askForChildren(m_root, maximumWindows, [this](const std::optional<Refs>& windows) {
         m_result.isAnswered = windows.has_value();
         for (const AccessibleRef& window : windows.value_or(Refs()))
             lookAtWindow(window);
@@ -62,7 +62,7 @@ void PanelWalk::ask(std::function<void()> question)
 
 void PanelWalk::pump()
 {
-    while (m_underWay < maximalUnderWay && !m_questions.empty()) {
+    while (m_underWay < maximumUnderWay && !m_questions.empty()) {
         const auto next = std::move(m_questions.front());
         m_questions.pop_front();
         ++m_underWay;
@@ -164,7 +164,7 @@ void PanelWalk::lookInto(const AccessibleRef& container, const Panel& panel, int
             });
         }
     };
-    askForChildren(container, maximalChildren, look);
+    askForChildren(container, maximumChildren, look);
 }
 
 void PanelWalk::lookAt(const AccessibleRef& element, std::uint32_t role, const List& list,

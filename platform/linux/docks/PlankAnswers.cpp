@@ -17,9 +17,9 @@ namespace
 {
 
 /// Of one Plank; each is asked.
-constexpr qsizetype maximalDocks = 30;
+constexpr qsizetype maximumDocks = 30;
 /// More than fit on a screen; each is asked for, and a bus may have room for 128 questions.
-constexpr qsizetype maximalItems = 120;
+constexpr qsizetype maximumItems = 120;
 
 /// None beyond those that a screen can have, so that reckoning with them stays within bounds.
 int coordinate(int value) { return std::clamp(value, -0x8000, 0x7fff); }
@@ -76,7 +76,7 @@ QSet<QString> plankDocksIn(const QString& introspection)
 {
     static const QRegularExpression node(u"<node name=[\"']([A-Za-z0-9_]+)"_s);
     QSet<QString> names;
-    for (auto it = node.globalMatch(introspection); it.hasNext() && names.size() < maximalDocks;)
+    for (auto it = node.globalMatch(introspection); it.hasNext() && names.size() < maximumDocks;)
         names.insert(it.next().captured(1));
     return names;
 }
@@ -84,12 +84,12 @@ QSet<QString> plankDocksIn(const QString& introspection)
 QStringList plankItemsToAsk(const QStringList& kept, const QStringList& running)
 {
     QStringList all = kept + running;
-    all = all.mid(0, maximalItems);
+    all = all.mid(0, maximumItems);
     all.append(QString()); // answered with the first item that has no entry
     all.removeDuplicates();
     return all;
 }
 
-int plankItemCount(int told) { return std::clamp(told, 0, static_cast<int>(maximalItems)); }
+int plankItemCount(int told) { return std::clamp(told, 0, static_cast<int>(maximumItems)); }
 
 } // namespace lumbrix::platform

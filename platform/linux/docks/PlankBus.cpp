@@ -132,7 +132,7 @@ void PlankBus::takeDocks(const PlankPtr& plank, const QDBusMessage& reply)
                                     ? plankDocksIn(reply.arguments().constFirst().toString())
                                     : QSet<QString>();
     if (names.isEmpty()) {
-        if (++plank->failures <= maximalPlankFailures)
+        if (++plank->failures <= maximumPlankFailures)
             findDocksAfter(plank, 0.5);
         return; // keep the docks of a Plank that hangs
     }

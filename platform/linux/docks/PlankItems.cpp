@@ -130,7 +130,7 @@ void PlankItemsQuery::finishQuery(PlankItems items)
 void PlankItemsQuery::queryFailed()
 {
     m_isQuerying = false;
-    if (++m_failures <= maximalPlankFailures)
+    if (++m_failures <= maximumPlankFailures)
         refreshAfter(0.5);
 }
 

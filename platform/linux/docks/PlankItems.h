@@ -60,6 +60,6 @@ private:
 /// Whether the reply is valid, with arguments of these types.
 bool isPlankAnswer(const QDBusMessage& reply, const char* signature);
 inline constexpr int plankTimeoutMilliseconds = 2000;
-inline constexpr int maximalPlankFailures = 10; ///< in a row; then only signals and hovers query
+inline constexpr int maximumPlankFailures = 10; ///< in a row; then only signals and hovers query
 
 } // namespace lumbrix::platform

@@ -17,7 +17,7 @@ namespace lumbrix::platform
 namespace
 {
 
-constexpr int maximalScale = 16;
+constexpr int maximumScale = 16;
 constexpr std::uint32_t hintLongs = 18;
 
 bool holds(const QRect& bounds, const std::vector<QPoint>& points, int scale)
