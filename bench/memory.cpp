@@ -58,7 +58,7 @@ public:
         : m_period(period), m_desk({"bench_memory",
                                     DockKind::Plank,
                                     Edge::Bottom,
-                                    {{1920, 1080}, WindowManager::Xfwm4, true}}),
+                                    {{4096, 2304}, WindowManager::Xfwm4, true}}),
           m_display(m_desk.display()), m_dock(find("plank")), m_matcher(find("bamfdaemon"))
     {
     }
@@ -81,6 +81,7 @@ public:
         measure("after the 15 previews went", true);
         std::this_thread::sleep_for(pictureLife);
         measure("idle, 40 s after the last preview went", true);
+        measureMinimised();
     }
 
 private:
@@ -189,6 +190,63 @@ private:
                            seconds,
                        "us/s"));
         }
+        table.print();
+    }
+
+    std::uint64_t pixmapKiB()
+    {
+        const auto own = serverFigures(m_display.connection(), m_pid);
+        return own ? own->pixmapBytes / 1024 : 0;
+    }
+
+    /// What a window of 3840x2160 costs that was previewed and then minimised.
+    void measureMinimised()
+    {
+        struct Share {
+            std::uint64_t server;
+            std::uint64_t own; ///< without what the program's files take
+        };
+        const auto look = [this] {
+            const ProcessFigures figures = ::look(m_pid);
+            return Share{pixmapKiB(), figures.anonymousKiB + figures.sharedMemoryKiB};
+        };
+        const auto application = m_desk.launch(u"gamma"_s);
+        const AppWindow probe = application->open("usual", Qt::gray);
+        const auto hover = [&](std::size_t count) {
+            m_desk.hover(*application);
+            if (!m_display.waitFor([&] { return m_display.previews().size() == count; }, 5s))
+                qFatal("%zu previews were expected", count);
+            std::this_thread::sleep_for(1s);
+            hide();
+        };
+        hover(1);
+        std::this_thread::sleep_for(5s);
+        const Share before = look();
+        const AppWindow large = application->open("large", Qt::darkCyan, {{3840, 2160}, {0, 0}});
+        hover(2);
+        std::this_thread::sleep_for(5s);
+        const Share open = look();
+        application->minimise(large);
+        std::this_thread::sleep_for(5s);
+        const Share minimised = look();
+        Table table("one window of 3840x2160 more");
+        const auto add = [&](const char* name, std::uint64_t Share::*share) {
+            const auto more = [&](const Share& now) {
+                return figure(
+                    (static_cast<double>(now.*share) - static_cast<double>(before.*share)) / 1024,
+                    "MiB", 2);
+            };
+            table.add(std::string(name) + ", while it is open", more(open));
+            table.add(std::string(name) + ", minimised", more(minimised));
+        };
+        add("pixmaps in the server", &Share::server);
+        add("memory of Lumbrix", &Share::own);
+        table.add("both together, minimised",
+                  figure((static_cast<double>(minimised.server + minimised.own) -
+                          static_cast<double>(before.server + before.own)) /
+                             1024,
+                         "MiB", 2),
+                  "", "", "at most 1 MiB");
         table.print();
     }
 

@@ -193,12 +193,12 @@ void addScaling(Summary& summary, const QImage& picture, QSize sourceSize, QSize
 }
 
 /// Captures after something was drawn; only the capture that copies is timed.
-void captureChanged(benchmark::State& state, TerminalDesk& desk, QSize limit)
+void captureChanged(benchmark::State& state, TerminalDesk& desk, QSize limit, QSize drawn)
 {
     using Clock = std::chrono::steady_clock;
     for ([[maybe_unused]] auto _ : state) {
         const std::uint64_t before = desk.copyCount();
-        desk.draw();
+        desk.draw(drawn);
         Clock::duration time{};
         const auto deadline = Clock::now() + std::chrono::seconds(5);
         while (desk.copyCount() == before) {
@@ -243,9 +243,12 @@ void addCapture(Summary& summary, TerminalDesk& desk, BareCopy& bare, const QIma
     });
     for (const QSize limit : {QSize(), panelSize}) {
         const std::string suffix = limit.isEmpty() ? "" : ", for a preview";
-        add(summary, group, "changed window" + suffix, [&desk, limit](benchmark::State& state) {
-            captureChanged(state, desk, limit);
-        })->UseManualTime();
+        for (const QSize drawn : {picture.size(), QSize(2, 16)}) {
+            const std::string what = drawn == picture.size() ? "changed window" : "blinking cursor";
+            add(summary, group, what + suffix, [&desk, limit, drawn](benchmark::State& state) {
+                captureChanged(state, desk, limit, drawn);
+            })->UseManualTime();
+        }
         add(summary, group, "unchanged window" + suffix,
             [&desk, limit](benchmark::State& state) { captureUnchanged(state, desk, limit); });
     }

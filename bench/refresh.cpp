@@ -2,8 +2,9 @@
 // SPDX-License-Identifier: MIT
 
 // What keeping fifteen previews up costs: processor time, copies of windows' pictures and repaints
-// of panels, while the pointer rests on the icon and the windows stand still, all change, or one
-// plays a film. Beside it the bare copying of the same pictures twice a second, and Plank at rest.
+// of panels, while the windows stand still, one plays a film, or all do, the pointer resting on the
+// icon or on a preview; and what a cursor costs that blinks in a very large window. Beside it the
+// bare copying of the same pictures twice a second, Plank at rest, and xfwm4's own previews.
 #include <QtCore/QCommandLineParser>
 #include <QtCore/QCoreApplication>
 
@@ -13,8 +14,10 @@
 #include <cstdio>
 #include <ctime>
 #include <map>
+#include <optional>
 #include <thread>
 #include <unistd.h>
+#include <xcb/xtest.h>
 
 #include "Desk.h"
 #include "support/BareCopy.h"
@@ -36,7 +39,12 @@ using std::chrono::nanoseconds;
 constexpr QSize windowSize(1280, 800);
 constexpr int windowCount = 15;
 constexpr int framesPerSecond = 30;
-constexpr double pace = 2; ///< pictures a second that a preview is meant to show
+constexpr QSize largeSize(3840, 2160);
+constexpr std::size_t hoveredPreview = 4;
+constexpr std::uint8_t tabKey = 23; // the evdev key codes of Xvfb's keyboard
+constexpr std::uint8_t altKey = 64;
+
+const Settings withoutZoom{{u"zoomWindows"_s, u"0"_s}};
 
 /// Processor time of our own thread.
 nanoseconds ownTime()
@@ -80,7 +88,7 @@ public:
         m_compositor = find("xfwm4");
         m_dock = find("plank");
         m_matcher = find("bamfdaemon");
-        m_desk.startLumbrix();
+        m_desk.startLumbrix(withoutZoom);
         m_application = m_desk.launch(u"beta"_s);
         for (int i = 0; i < windowCount; ++i)
             m_application->open("window " + QByteArray::number(i + 1),
@@ -97,9 +105,15 @@ public:
             windowCount, windowSize.width(), windowSize.height(),
             static_cast<long long>(m_period.count()));
         measureBareCopies();
-        measureCase("(a) nothing changes", 0);
-        measureCase("(b) all windows change", windowCount);
-        measureCase("(c) one window plays a film", 1);
+        measureCase("(a) nothing changes", 0, {}, "0");
+        measureCase("(b) one window plays a film", 1, {}, "at least 25");
+        measureCase("(c) all play one", windowCount, {}, "at least 4");
+        measureCase("(d) all play one, the pointer is on a preview", windowCount, hoveredPreview,
+                    "at least 4");
+        measureSwitcher();
+        m_desk.startLumbrix();
+        measureCase("(e) all play one, a preview is zoomed", windowCount, hoveredPreview,
+                    "at least 4");
     }
 
 private:
@@ -161,15 +175,24 @@ private:
         m_bare.lumbrix = milliseconds(own) / std::chrono::duration<double>(m_period).count();
     }
 
-    void measureCase(const char* name, int animated)
+    void showRow(const Application& application, std::size_t count)
+    {
+        if (!m_desk.hover(application) ||
+            !m_display.waitFor([&] { return m_display.previews().size() == count; }, 5s))
+            qFatal("%zu previews were expected, not %zu", count, m_display.previews().size());
+    }
+
+    /// The aim is that of the previews of changing windows, in pictures a second.
+    void measureCase(const char* name, int animated, std::optional<std::size_t> hovered,
+                     const char* aim)
     {
         hidePreviews();
         const Costs without = spend(animated, [this] { std::this_thread::sleep_for(m_period); });
 
-        if (!m_desk.hover(*m_application) ||
-            !m_display.waitFor([this] { return m_display.previews().size() == windowCount; }, 5s))
-            qFatal("%d previews were expected, not %zu", windowCount, m_display.previews().size());
+        showRow(*m_application, windowCount);
         const auto panels = m_display.previews();
+        if (hovered)
+            m_display.moveTo(panels[*hovered].geometry.center());
         RequestCounter counter(m_display.name(), m_desk.lumbrix().pid());
         PaintWatch watch(m_display.name());
         const Costs with = spend(animated, [&] {
@@ -185,57 +208,108 @@ private:
         Table table(name);
         if (animated != 0)
             table.add("pictures a second that each window showed", with.frames, without.frames, "");
+        const char* most = animated == 1 ? "at most 60" : animated == 0 ? "" : "at most 100";
         table.add("processor time of Lumbrix", with.lumbrix, m_bare.lumbrix, "ms/s");
         table.add("the X server's, because of the previews", with.server - without.server,
                   m_bare.server, "ms/s");
         table.add("both together", with.lumbrix + with.server - without.server,
-                  m_bare.lumbrix + m_bare.server, "ms/s");
+                  m_bare.lumbrix + m_bare.server, "ms/s", most);
         table.add("the compositor's, because of the previews",
                   figure(with.compositor - without.compositor, "ms/s"));
         table.add("Lumbrix beside Plank and bamfdaemon", with.lumbrix, with.dock, "ms/s");
         table.add("Lumbrix with no preview up", without.lumbrix, without.dock, "ms/s", "", 2);
-        const double aimed = animated * pace;
-        table.add("pictures copied a second", static_cast<double>(counter.copies(counts)) / seconds,
-                  aimed, "", "at most " + figure(aimed, {}, 0));
-        table.add("images painted a second", static_cast<double>(counter.paints(counts)) / seconds,
-                  aimed, "", animated == 0 ? "0" : "");
-        addPaces(table, watch, panels, animated);
+        table.add("pictures copied a second",
+                  figure(static_cast<double>(counter.copies(counts)) / seconds), "", "",
+                  animated == 0 ? "0" : "");
+        table.add("images painted a second",
+                  figure(static_cast<double>(counter.paints(counts)) / seconds), "", "",
+                  animated == 0 ? "0" : "");
+        addPaces(table, watch, panels, animated, hovered, aim);
         table.print();
         std::printf("requests in %.0f s: %s\n", seconds, counter.describe(counts).c_str());
     }
 
-    /// How often each preview was drawn on; drawings in quick succession are one repaint.
-    void addPaces(Table& table, const PaintWatch& watch, const std::vector<Panel>& panels,
-                  int animated)
+    /// How often something was drawn on each window; drawings in quick succession are one repaint.
+    std::map<xcb_window_t, double> pacesOf(const PaintWatch& watch) const
     {
         std::map<xcb_window_t, std::pair<Clock::time_point, int>> repaints;
         for (const PaintWatch::Event& event : watch.events()) {
             if (event.kind != PaintWatch::Event::Kind::Painted)
                 continue;
             auto& [last, count] = repaints[event.window];
-            if (count == 0 || event.at - last > 50ms)
+            if (count == 0 || event.at - last > 10ms)
                 ++count;
             last = event.at;
         }
+        std::map<xcb_window_t, double> paces;
+        for (const auto& [window, repaint] : repaints)
+            paces[window] = repaint.second / std::chrono::duration<double>(m_period).count();
+        return paces;
+    }
+
+    void addPaces(Table& table, const PaintWatch& watch, const std::vector<Panel>& panels,
+                  int animated, std::optional<std::size_t> hovered, const char* aim) const
+    {
+        auto paces = pacesOf(watch);
         std::vector<double> moving;
         std::vector<double> still;
         const auto& windows = m_application->windows();
-        for (const Panel& panel : panels) {
-            const auto isAnimated =
-                std::any_of(windows.begin(), windows.begin() + animated,
-                            [&](const AppWindow& window) { return window.title == panel.title; });
-            (isAnimated ? moving : still)
-                .push_back(repaints[panel.id].second /
-                           std::chrono::duration<double>(m_period).count());
+        for (std::size_t i = 0; i < panels.size(); ++i) {
+            if (i == hovered)
+                continue;
+            const auto isAnimated = std::any_of(
+                windows.begin(), windows.begin() + animated,
+                [&](const AppWindow& window) { return window.title == panels[i].title; });
+            (isAnimated ? moving : still).push_back(paces[panels[i].id]);
         }
-        const auto add = [&](const char* what, const std::vector<double>& paces, const char* aim) {
-            if (paces.empty())
+        const auto add = [&](const char* what, const std::vector<double>& each, const char* meant) {
+            if (each.empty())
                 return;
-            const auto [least, most] = std::ranges::minmax(paces);
-            table.add(what, figure(least) + " to " + figure(most), "", "", aim);
+            const auto [least, most] = std::ranges::minmax(each);
+            table.add(what, figure(least) + " to " + figure(most), "", "", meant);
         };
-        add("repaints a second of a changing window's preview", moving, "2");
+        if (hovered)
+            table.add("repaints a second of the hovered preview",
+                      figure(paces[panels[*hovered].id]), "", "", "at least 20");
+        add("repaints a second of a changing window's preview", moving, aim);
         add("repaints a second of an unchanged window's preview", still, "0");
+    }
+
+    void key(std::uint8_t type, std::uint8_t code)
+    {
+        xcb_test_fake_input(m_display.connection(), type, code, XCB_CURRENT_TIME, m_display.root(),
+                            0, 0, 0);
+        xcb_flush(m_display.connection());
+    }
+
+    /// What the window manager's own previews do about a film.
+    void measureSwitcher()
+    {
+        hidePreviews();
+        const auto measure = [this](bool isUp) {
+            PaintWatch watch(m_display.name());
+            if (isUp) {
+                key(XCB_KEY_PRESS, altKey);
+                key(XCB_KEY_PRESS, tabKey);
+                key(XCB_KEY_RELEASE, tabKey);
+            }
+            const Costs costs = spend(1, [&] {
+                watch.clear();
+                std::this_thread::sleep_for(m_period);
+            });
+            key(XCB_KEY_RELEASE, altKey);
+            double most = 0;
+            for (const auto& [window, pace] : pacesOf(watch))
+                most = std::max(most, pace);
+            return std::pair(costs, most);
+        };
+        const auto [without, nothing] = measure(false);
+        const auto [with, pace] = measure(true);
+        Table table("xfwm4's Alt-Tab with previews, one window plays a film");
+        table.add("repaints a second", figure(pace));
+        table.add("processor time of xfwm4, because of it",
+                  figure(with.compositor - without.compositor, "ms/s"));
+        table.print();
     }
 
     const std::chrono::seconds m_period;
@@ -248,6 +322,53 @@ private:
     std::unique_ptr<Application> m_application;
     Costs m_bare; ///< of copying all pictures twice a second
 };
+
+/// A cursor that blinks in a window of 3840x2160.
+void measureCursor()
+{
+    Desk desk({"bench_refresh_large",
+               DockKind::Plank,
+               Edge::Bottom,
+               {{4096, 2304}, WindowManager::Xfwm4, true}});
+    Display& display = desk.display();
+    desk.startLumbrix(withoutZoom);
+    const auto editor = desk.launch(u"gamma"_s);
+    const AppWindow window = editor->open("editor", Qt::darkGray, {largeSize, {0, 0}});
+    BareCopy copier(display.name(), {window.id}, largeSize);
+    copier.copyAll();
+    constexpr int rounds = 20;
+    nanoseconds whole{0};
+    for (int i = 0; i < rounds; ++i)
+        whole += copier.copyAll() / rounds;
+    if (!desk.hover(*editor) ||
+        !display.waitFor([&] { return display.previews().size() == 1; }, 5s))
+        qFatal("a preview was expected");
+    std::this_thread::sleep_for(2s);
+    RequestCounter counter(display.name(), desk.lumbrix().pid());
+    counter.clear();
+    xcb_connection_t* connection = display.connection();
+    const xcb_gcontext_t context = xcb_generate_id(connection);
+    xcb_create_gc(connection, context, window.id, 0, nullptr);
+    const auto before = *processorTime(desk.lumbrix().pid());
+    for (int i = 0; i < rounds; ++i) {
+        const std::uint32_t colour = i % 2 ? 0xffffff : 0;
+        xcb_change_gc(connection, context, XCB_GC_FOREGROUND, &colour);
+        const xcb_rectangle_t cursor{700, 500, 2, 20};
+        xcb_poly_fill_rectangle(connection, window.id, context, 1, &cursor);
+        xcb_flush(connection);
+        std::this_thread::sleep_for(250ms);
+    }
+    const auto spent = *processorTime(desk.lumbrix().pid()) - before;
+    const auto counts = counter.counts();
+    xcb_free_gc(connection, context);
+    Table table("a cursor blinks in a window of 3840x2160");
+    const double pixels = static_cast<double>(counts.copiedPixels) / rounds;
+    table.add("pixels copied for each change", pixels, 1.0 * largeSize.width() * largeSize.height(),
+              "", "at most 0.05", 0);
+    table.add("processor time of Lumbrix for it, beside a bare copy of the window",
+              milliseconds(spent) / rounds, milliseconds(whole), "ms", "", 2);
+    table.print();
+}
 
 } // namespace
 
@@ -262,5 +383,6 @@ int main(int argc, char** argv)
     parser.process(application);
     const int seconds = std::max(1, parser.value(u"seconds"_s).toInt());
     Refreshing{std::chrono::seconds(seconds)}.run();
+    measureCursor();
     return 0;
 }

@@ -3,10 +3,7 @@
 
 #include "engine/PictureLoader.h"
 
-#include <algorithm>
-#include <deque>
-#include <mutex>
-#include <optional>
+#include <utility>
 #include <vector>
 
 #include "platform/Log.h"
@@ -20,101 +17,15 @@ namespace lumbrix
 namespace
 {
 
-/// Longer than copying a large window takes, and too short to be seen as a delay.
-constexpr platform::Seconds maxHold = 0.1;
-
-/// While one waits for the pixels, another scales; more would only get in each other's way.
-constexpr int maxThreads = 2;
+/// An empty panel that is filled a moment later flickers; two frames are not seen as a delay.
+constexpr platform::Seconds maxHold = 0.03;
 
 } // namespace
 
-/// What is to be captured, and how many threads are at it. Threads may outlive the loader.
-class PictureLoader::Queue
-{
-public:
-    /// On the thread that captured.
-    using Done = std::function<void(const WindowPicture&)>;
-
-    /// Whether another thread should be started. A window that waits already is captured once, as
-    /// it was asked for last.
-    bool add(const SWElementPtr& window, QSize limit, Done done)
-    {
-        const std::lock_guard lock(m_mutex);
-        const auto waiting = std::find_if(m_tasks.begin(), m_tasks.end(),
-                                          [&](const Task& task) { return task.window == window; });
-        if (waiting != m_tasks.end()) {
-            waiting->limit = limit;
-            waiting->done.push_back(std::move(done));
-            return false;
-        }
-        m_tasks.push_back({window, limit, {std::move(done)}});
-        if (m_threads == maxThreads)
-            return false;
-        ++m_threads;
-        return true;
-    }
-
-    /// Whether the window waits, or is being captured.
-    bool holds(const SWElementPtr& window) const
-    {
-        const std::lock_guard lock(m_mutex);
-        return isUnderWay(window) ||
-               std::any_of(m_tasks.begin(), m_tasks.end(),
-                           [&](const Task& task) { return task.window == window; });
-    }
-
-    void work()
-    {
-        while (const auto task = next()) {
-            const WindowPicture picture = task->window->grabWindow(task->limit);
-            if (picture.image.isNull())
-                qCDebug(log::pictures, "there is no picture of window %#x", task->window->wid());
-            for (const Done& done : task->done)
-                done(picture);
-            const std::lock_guard lock(m_mutex);
-            std::erase(m_underWay, task->window);
-        }
-    }
-
-private:
-    struct Task {
-        SWElementPtr window;
-        QSize limit;
-        std::vector<Done> done;
-    };
-
-    std::optional<Task> next()
-    {
-        const std::lock_guard lock(m_mutex);
-        // A window that is being captured is left to the thread that does it: any other would wait
-        // for that too.
-        const auto free = std::find_if(m_tasks.begin(), m_tasks.end(), [this](const Task& task) {
-            return !isUnderWay(task.window);
-        });
-        if (free == m_tasks.end()) {
-            --m_threads;
-            return std::nullopt;
-        }
-        Task task = std::move(*free);
-        m_tasks.erase(free);
-        m_underWay.push_back(task.window);
-        return task;
-    }
-
-    bool isUnderWay(const SWElementPtr& window) const
-    {
-        return std::find(m_underWay.begin(), m_underWay.end(), window) != m_underWay.end();
-    }
-
-    mutable std::mutex m_mutex;           // guards what follows
-    std::deque<Task> m_tasks;             ///< one for a window
-    std::vector<SWElementPtr> m_underWay; ///< of these, one for a thread at most
-    int m_threads = 0;
-};
-
 PictureLoader::PictureLoader(const platform::Desktop& ports,
-                             const std::vector<ScreenyViewPtr>& previews)
-    : m_ports(ports), m_previews(previews), m_queue(std::make_shared<Queue>())
+                             const std::vector<ScreenyViewPtr>& previews, CaptureQueue& queue,
+                             PictureFeed& feed)
+    : m_ports(ports), m_previews(previews), m_queue(queue), m_feed(feed)
 {
 }
 
@@ -124,6 +35,7 @@ void PictureLoader::loadMissing()
 {
     m_waiting = 0;
     ++m_round;
+    m_later.clear();
     for (const ScreenyViewPtr& preview : m_previews)
         if (preview->elementRef() && preview->image().isNull())
             load(preview);
@@ -150,31 +62,53 @@ void PictureLoader::showWhenComplete()
 void PictureLoader::letGo()
 {
     m_ports.runLoop.cancelPreviousPerformRequests(this);
-    for (const ScreenyViewPtr& preview : m_previews)
+    for (const ScreenyViewPtr& preview : m_previews) {
+        m_queue.deliver(); // what is there now need not be painted later
         preview->setHeld(false);
+    }
+    for (const auto& capture : std::exchange(m_later, {}))
+        capture();
 }
 
 void PictureLoader::load(const ScreenyViewPtr& preview)
 {
     const SWElementPtr window = preview->elementRef();
-    if (const auto picture = window->grabWindowAtHand(preview->pictureLimit())) {
-        window->setScreenshot(*picture);
-        preview->setCapture(picture->image);
+    const KnownWindowPicture known = window->knownPicture(preview->pictureLimit());
+    if (!known.picture.image.isNull() || known.isCurrent) {
+        window->setScreenshot(known.picture);
+        preview->setCapture(known.picture.image);
+    }
+    if (known.isCurrent) {
         loadIcon(*preview);
+        m_feed.follow(preview);
         return;
     }
-    ++m_waiting;
-    // One that is used again on the spot would show nothing, or its former window.
-    preview->window()->orderOut();
-    const auto show = [this, round = m_round](ScreenyView* shown, const QImage& picture) {
-        // It may have something better to show by now.
-        if (shown && shown->image().isNull()) {
-            shown->setCapture(picture);
+    const bool isAwaited = preview->image().isNull();
+    if (isAwaited) {
+        ++m_waiting;
+        // One that is used again on the spot would show nothing, or its former window.
+        preview->window()->orderOut();
+    }
+    const auto show = [this, isAwaited, round = m_round, window,
+                       weak = preview->weak_from_this()](const CaptureQueue::Captured& captured) {
+        // The panel may be gone, or be the preview of something else by now; the picture is then
+        // nobody's.
+        const ScreenyViewPtr shown = weak.lock();
+        if (shown && shown->elementRef() == window) {
+            PictureFeed::show(*shown, captured);
             loadIcon(*shown);
+            m_feed.follow(shown);
         }
-        this->arrived(round);
+        if (isAwaited)
+            this->arrived(round);
     };
-    captureLater(*preview, m_guard.ifAlive(show));
+    const auto capture = [this, window, limit = preview->pictureLimit(),
+                          done = m_guard.ifAlive(show)] { m_queue.capture(window, {limit}, done); };
+    // What has something to show is on the screen before the server is kept busy with copying.
+    if (isAwaited)
+        capture();
+    else
+        m_later.emplace_back(capture);
 }
 
 void PictureLoader::arrived(int round)
@@ -222,46 +156,16 @@ void PictureLoader::setIcons(const QString& bundle, const QImage& icon)
 
 void PictureLoader::loadUnseen(const ScreenyViewPtr& preview)
 {
-    captureLater(*preview, [](ScreenyView* shown, const QImage& picture) {
-        if (shown)
-            shown->setImage(picture);
-    });
-}
-
-void PictureLoader::updateScreenshot(ScreenyView& preview)
-{
-    const SWElementPtr& window = preview.elementRef();
-    // A slow server is not asked again before it has answered: it would fall further behind with
-    // every update, and bring pictures that are long out of date.
-    if (m_queue->holds(window))
-        return;
-    if (const auto picture = window->grabWindowAtHand(preview.pictureLimit()))
-        window->setScreenshot(*picture);
-    else
-        captureLater(preview, [](ScreenyView*, const QImage&) {});
-}
-
-void PictureLoader::captureLater(ScreenyView& preview, Arrived arrived)
-{
-    platform::RunLoop& runLoop = m_ports.runLoop;
-    const SWElementPtr window = preview.elementRef();
-    const auto done = [window, weak = preview.weak_from_this(), arrived = std::move(arrived),
-                       &runLoop](const WindowPicture& picture) {
-        runLoop.performOnMainThread(
-            [window, weak, arrived, picture] {
-                // The panel may be gone, or be the preview of something else by now; the picture
-                // is then nobody's.
-                const ScreenyViewPtr alive = weak.lock();
-                const bool isShown = alive && alive->elementRef() == window;
-                if (isShown)
-                    window->setScreenshot(picture);
-                arrived(isShown ? alive.get() : nullptr, picture.image);
-            },
-            false);
+    const SWElementPtr window = preview->elementRef();
+    const auto show = [window,
+                       weak = preview->weak_from_this()](const CaptureQueue::Captured& captured) {
+        const ScreenyViewPtr shown = weak.lock();
+        if (!shown || shown->elementRef() != window)
+            return;
+        window->setScreenshot(captured.picture);
+        shown->setImage(captured.reduced);
     };
-    if (m_queue->add(window, preview.pictureLimit(), done))
-        runLoop.detachThread("capture",
-                             [queue = m_queue](const platform::Thread&) { queue->work(); });
+    m_queue.capture(window, {preview->pictureLimit()}, show);
 }
 
 } // namespace lumbrix

@@ -29,8 +29,10 @@ PreviewRow::PreviewRow(const platform::Desktop& ports, PreviewHost& host,
                        const EngineSettings& settings, const Companions& companions,
                        const HoveredItem& hovered)
     : m_ports(ports), m_companions(companions), m_hovered(hovered), m_cache(ports, host),
+      m_queue(std::make_shared<CaptureQueue>(ports.runLoop)), m_feed(ports, settings, *m_queue),
       m_arranger(ports, settings, m_previews, *companions.helpBubble),
-      m_pictures(ports, m_previews), m_selection(ports, m_previews), m_more(ports, host)
+      m_pictures(ports, m_previews, *m_queue, m_feed), m_selection(ports, m_previews),
+      m_more(ports, host)
 {
     m_previews.reserve(2);
 }
@@ -109,6 +111,7 @@ void PreviewRow::setPreviews(std::vector<ScreenyViewPtr> previews)
 {
     m_previews = std::move(previews);
     m_isShowing = !m_previews.empty();
+    m_feed.keepTo(m_previews);
     if (m_previews.empty())
         m_more.hide();
     m_companions.hotKeyCenter->rowChanged();
@@ -117,6 +120,7 @@ void PreviewRow::setPreviews(std::vector<ScreenyViewPtr> previews)
 std::vector<ScreenyViewPtr> PreviewRow::take()
 {
     m_isShowing = false;
+    m_feed.keepTo({});
     m_selection.choose(nullptr);
     m_companions.hotKeyCenter->rowChanged();
     return std::exchange(m_previews, {});

@@ -5,11 +5,14 @@
 #pragma once
 
 #include <atomic>
+#include <memory>
 #include <optional>
 #include <vector>
 
+#include "engine/CaptureQueue.h"
 #include "engine/Companions.h"
 #include "engine/HoveredItem.h"
+#include "engine/PictureFeed.h"
 #include "engine/PictureLoader.h"
 #include "engine/PreviewCache.h"
 #include "engine/RowSelection.h"
@@ -61,10 +64,11 @@ public:
     std::size_t firstWindow() const { return m_firstWindow; }
     /// Tells how many windows it has no room for; nothing where it has room for all.
     void updateMore();
-    /// Those that are left of it; the others were dismissed.
+    /// Those that are left of it; the others were dismissed. Their pictures follow the windows and
+    /// the settings.
     void setPreviews(std::vector<ScreenyViewPtr> previews);
 
-    /// Shows previews that are new or have moved, once all have their pictures.
+    /// Shows previews that are new or have moved.
     void bringOut();
     /// Empties the row. Panels stay on screen until the next pass of the loop, so that a new row
     /// made of the same panels replaces them without flicker.
@@ -89,6 +93,8 @@ private:
     const HoveredItem& m_hovered;
     PreviewCache m_cache;
     std::vector<ScreenyViewPtr> m_previews;
+    const std::shared_ptr<CaptureQueue> m_queue;
+    PictureFeed m_feed;
     std::atomic<bool> m_isShowing{false};
     std::size_t m_firstWindow = 0; ///< of the row, in all that it stands for
     std::size_t m_presentWindows = 0;

@@ -166,15 +166,14 @@ void PreviewUpdater::refreshPreview(ScreenyView& preview)
 {
     const SWElementPtr window = preview.elementRef();
     preview.showSpaces(); // it may have gone to another Space, or to all of them
-    if (!m.settings.disableLivePreviews)
-        m.row.pictures().updateScreenshot(preview);
     PlayerControls& player = *m.companions.playerControls;
     refreshTitle(preview, player);
+    // Any other picture follows its window by itself.
     const QImage artwork = preview.iTunes() ? player.artwork(preview) : QImage();
-    if (artwork.isNull())
-        preview.setCapture(window->screenshot());
-    else
+    if (!artwork.isNull())
         preview.setImage(artwork);
+    else if (preview.iTunes())
+        preview.setCapture(window->screenshot());
     preview.updateButtons();
 }
 

@@ -85,13 +85,13 @@ WindowPicture SWElement::grabWindow(QSize limit) const
     return pictureOf(m_ports.windowServer.captureWindow(m_wid, limit), limit, *size);
 }
 
-std::optional<WindowPicture> SWElement::grabWindowAtHand(QSize limit) const
+KnownWindowPicture SWElement::knownPicture(QSize limit) const
 {
     const auto size = sizeToCapture();
     if (!size)
-        return WindowPicture();
-    const auto image = m_ports.windowServer.pictureAtHand(m_wid, limit);
-    return image ? std::optional(pictureOf(*image, limit, *size)) : std::nullopt;
+        return {{}, true};
+    const platform::KnownPicture known = m_ports.windowServer.knownPicture(m_wid, limit);
+    return {pictureOf(known.image, limit, *size), known.isCurrent};
 }
 
 // If the number cannot be read, the former one stays; a window on all Spaces has none.

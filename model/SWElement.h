@@ -36,6 +36,12 @@ struct WindowPicture {
     bool isWhole = false; ///< there is a picture and it was not reduced
 };
 
+/// What is known of a window's picture at once, perhaps an old one.
+struct KnownWindowPicture {
+    WindowPicture picture;
+    bool isCurrent = false; ///< capturing would bring nothing else
+};
+
 /// Any thread: records are shared between the scanner, the capture threads and the main thread, so
 /// each field is guarded. If an accessibility read fails, a query returns false, null or the zero
 /// rectangle; nothing is reported.
@@ -119,8 +125,8 @@ public:
     /// the part that shows the window makes it the screenshot, so that a picture that comes late
     /// does not stay with a window that nobody looks at any more.
     WindowPicture grabWindow(QSize limit = {}) const;
-    /// The same if that needs no waiting for a copy, otherwise nothing.
-    std::optional<WindowPicture> grabWindowAtHand(QSize limit) const;
+    /// What is known of its picture without waiting for a copy.
+    KnownWindowPicture knownPicture(QSize limit) const;
     int getSpaceNumber();
     int getSpaceNumber(const platform::WindowList& windowList);
     /// Whether it is still a window worth previewing.

@@ -39,6 +39,19 @@ enum class WindowListOption : std::uint32_t {
     ExcludeDesktopElements = 16,
 };
 
+/// What a window looks like, as far as that is known at once.
+struct KnownPicture {
+    QImage image;           ///< null: nothing is known
+    bool isCurrent = false; ///< no capture would bring anything else
+};
+
+/// Interest in a window's picture, for as long as it exists.
+class PictureSubscription
+{
+public:
+    virtual ~PictureSubscription() = default;
+};
+
 /// Any thread unless said otherwise. Null for a window that is gone.
 class WindowServer
 {
@@ -62,12 +75,15 @@ public:
     /// Repeated calls with the same limit for an unchanged window return the same image without
     /// copying.
     virtual QImage captureWindow(WindowID window, QSize limit) = 0;
-    /// The same if it is available without waiting for a copy; otherwise nothing, and
-    /// captureWindow() should be called on another thread.
-    virtual std::optional<QImage> pictureAtHand(WindowID window, QSize limit)
-    {
-        return captureWindow(window, limit);
-    }
+    /// What is known of it without waiting for any copying, perhaps an old one made to fit.
+    virtual KnownPicture knownPicture(WindowID window, QSize limit) = 0;
+    /// `changed` is called, on the main thread, whenever the picture is another than the one that
+    /// was captured last; soon, if it is so already, and then not again before the next capture.
+    /// Called without reason it costs little: capturing gives the same image then. Of a window that
+    /// is gone nothing is heard. Never null. Main thread, which also drops the subscription: at any
+    /// time, from `changed` too, and nothing is called any more.
+    [[nodiscard]] virtual std::unique_ptr<PictureSubscription>
+    subscribeToPicture(WindowID window, std::function<void()> changed) = 0;
 
     /// One line of text for the user: which windows can be neither listed nor captured on this
     /// desktop, and what to do about it. Empty if all can. Main thread.

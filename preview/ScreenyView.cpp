@@ -131,7 +131,7 @@ bool ScreenyView::hasIcon() const { return !m_image->icon().isNull(); }
 
 int ScreenyView::iconSide() const { return m_image->iconSide(); }
 
-QSize ScreenyView::pictureLimit() const { return m_zoomWindow ? QSize() : m_image->pixels(); }
+QSize ScreenyView::pictureLimit() const { return m_image->pixels(); }
 
 const QImage& ScreenyView::image() const { return m_image->image(); }
 

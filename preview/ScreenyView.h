@@ -64,8 +64,7 @@ public:
     void setIcon(const QImage& icon);
     bool hasIcon() const;
     int iconSide() const;
-    /// The size in pixels that pictures are reduced to; empty while the zoomed view shows the whole
-    /// of them. Right once the panel has its frame.
+    /// The size in pixels that pictures are reduced to. Right once the panel has its frame.
     QSize pictureLimit() const;
     /// Whether painting waits for the picture; ends when the preview goes.
     void setHeld(bool held) { m_window->setHeld(held); }
@@ -128,6 +127,9 @@ public:
     void showZoom(bool arm);
     void hideZoom();
     MAWindow* zoomWindow() const { return m_zoomWindow.get(); }
+    bool isZoomed() const { return m_zoomWindow != nullptr; }
+    /// Shows the window's whole screenshot in the zoomed view, where there are both.
+    void updateZoom();
 
     // What the window belongs to.
     bool iTunes() const { return m_iTunes; }
@@ -188,7 +190,6 @@ private:
     /// Has the zoomed view show a picture that was not reduced, as soon as there is one.
     void grabWhole();
     void setTimer();
-    void updateTimer();
     void invalidateTimer();
 
     const platform::Desktop& m_ports;

@@ -82,12 +82,13 @@ void ScreenyView::showZoomWindow()
         m_zoomWindow->setFrame(frame);
         m_zoomWindow->setWindowTitle(m_window->windowTitle());
         if (m_elementRef->wholeScreenshot().isNull()) {
-            if (const auto picture = m_elementRef->grabWindowAtHand({}))
-                m_elementRef->setScreenshot(*picture);
-            else
+            const KnownWindowPicture known = m_elementRef->knownPicture({});
+            if (!known.picture.image.isNull() || known.isCurrent)
+                m_elementRef->setScreenshot(known.picture);
+            if (!known.isCurrent)
                 grabWhole();
         }
-        updateTimer();
+        updateZoom();
     }
     setTimer();
 }
@@ -103,7 +104,7 @@ void ScreenyView::grabWhole()
                 if (!preview || preview->m_elementRef != element)
                     return;
                 element->setScreenshot(picture);
-                preview->updateTimer();
+                preview->updateZoom();
             },
             false);
     });
@@ -117,10 +118,10 @@ void ScreenyView::setTimer()
     if (m_host.settings().disableLivePreviews)
         return;
     m_zoomUpdateTimer =
-        m_ports.runLoop.scheduleTimer(zoomRefreshInterval, true, [this] { updateTimer(); });
+        m_ports.runLoop.scheduleTimer(zoomRefreshInterval, true, [this] { updateZoom(); });
 }
 
-void ScreenyView::updateTimer()
+void ScreenyView::updateZoom()
 {
     if (!m_zoomWindow || !m_elementRef || !m_zoomImageView)
         return;

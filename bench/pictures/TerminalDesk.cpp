@@ -3,6 +3,7 @@
 
 #include "pictures/TerminalDesk.h"
 
+#include <array>
 #include <cstdlib>
 #include <set>
 
@@ -107,14 +108,17 @@ platform::WindowServer& TerminalDesk::windowServer() { return m_core->windowServ
 
 std::uint64_t TerminalDesk::copyCount() { return m_core->pictures().copyCount(); }
 
-void TerminalDesk::draw()
+void TerminalDesk::draw(QSize size)
 {
+    // Onto itself: damage, and nothing else.
     xcb_connection_t* connection = display().connection();
     const xcb_gcontext_t context = xcb_generate_id(connection);
-    const std::uint32_t alsoChildren = XCB_SUBWINDOW_MODE_INCLUDE_INFERIORS;
-    xcb_create_gc(connection, context, m_window, XCB_GC_SUBWINDOW_MODE, &alsoChildren);
-    const xcb_rectangle_t pixel{0, 0, 1, 1};
-    xcb_poly_fill_rectangle(connection, m_window, context, 1, &pixel);
+    const std::array<std::uint32_t, 2> values{XCB_SUBWINDOW_MODE_INCLUDE_INFERIORS, 0};
+    xcb_create_gc(connection, context, m_window, XCB_GC_SUBWINDOW_MODE | XCB_GC_GRAPHICS_EXPOSURES,
+                  values.data());
+    xcb_copy_area(connection, m_window, m_window, context, 0, 0, 0, 0,
+                  static_cast<std::uint16_t>(size.width()),
+                  static_cast<std::uint16_t>(size.height()));
     xcb_free_gc(connection, context);
     std::free(xcb_get_input_focus_reply(connection, xcb_get_input_focus(connection), nullptr));
 }

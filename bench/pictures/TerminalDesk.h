@@ -28,8 +28,9 @@ public:
     xcb_window_t window() const { return m_window; }
     platform::WindowServer& windowServer();
     std::uint64_t copyCount();
-    /// Has one pixel of the terminal painted by somebody else, and waits until that is done.
-    void draw();
+    /// Has a corner of the terminal painted by somebody else, as it is, and waits until that is
+    /// done.
+    void draw(QSize size);
 
     /// The terminal as the adapter captures it, once its text is complete.
     QImage capture();

@@ -9,6 +9,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <memory>
+#include <utility>
 #include <vector>
 #include <xcb/shm.h>
 
@@ -128,9 +129,14 @@ void RequestCounter::read(std::uint32_t client, const std::uint8_t* data, std::s
             std::memcpy(&length, data + at + 4, sizeof(length));
         if (length == 0)
             break;
-        at += std::size_t{length} * 4;
+        const std::size_t start = std::exchange(at, at + std::size_t{length} * 4);
         if (client != baseOf(m_control)) {
-            ++m_counts[{major, minor}];
+            ++m_counts.requests[{major, minor}];
+            if (major == m_sharedMemory && minor == XCB_SHM_GET_IMAGE && at <= size) {
+                xcb_shm_get_image_request_t request{};
+                std::memcpy(&request, data + start, sizeof(request));
+                m_counts.copiedPixels += std::uint64_t{request.width} * request.height;
+            }
         } else if (major == XCB_NO_OPERATION) {
             ++m_marksSeen;
             m_markSeen.notify_all();
@@ -158,21 +164,21 @@ void RequestCounter::clear()
 {
     catchUp();
     const std::lock_guard lock(m_mutex);
-    m_counts.clear();
+    m_counts = {};
 }
 
 std::uint64_t RequestCounter::total(const Counts& counts)
 {
     std::uint64_t sum = 0;
-    for (const auto& [opcode, count] : counts)
+    for (const auto& [opcode, count] : counts.requests)
         sum += count;
     return sum;
 }
 
 std::uint64_t RequestCounter::shared(const Counts& counts, std::uint8_t minor) const
 {
-    const auto found = counts.find({m_sharedMemory, minor});
-    return found == counts.end() ? 0 : found->second;
+    const auto found = counts.requests.find({m_sharedMemory, minor});
+    return found == counts.requests.end() ? 0 : found->second;
 }
 
 std::uint64_t RequestCounter::copies(const Counts& counts) const
@@ -182,13 +188,14 @@ std::uint64_t RequestCounter::copies(const Counts& counts) const
 
 std::uint64_t RequestCounter::paints(const Counts& counts) const
 {
-    const auto core = counts.find({XCB_PUT_IMAGE, 0});
-    return shared(counts, XCB_SHM_PUT_IMAGE) + (core == counts.end() ? 0 : core->second);
+    const auto core = counts.requests.find({XCB_PUT_IMAGE, 0});
+    return shared(counts, XCB_SHM_PUT_IMAGE) + (core == counts.requests.end() ? 0 : core->second);
 }
 
 std::string RequestCounter::describe(const Counts& counts) const
 {
-    std::vector<std::pair<Opcode, std::uint64_t>> sorted(counts.begin(), counts.end());
+    std::vector<std::pair<Opcode, std::uint64_t>> sorted(counts.requests.begin(),
+                                                         counts.requests.end());
     std::ranges::sort(sorted, std::ranges::greater(), &decltype(sorted)::value_type::second);
     std::string text;
     for (const auto& [opcode, count] : sorted) {

@@ -27,7 +27,10 @@ class RequestCounter
 public:
     /// A core request's major opcode and 0, or an extension's major and minor opcode.
     using Opcode = std::pair<std::uint8_t, std::uint8_t>;
-    using Counts = std::map<Opcode, std::uint64_t>;
+    struct Counts {
+        std::map<Opcode, std::uint64_t> requests;
+        std::uint64_t copiedPixels = 0; ///< of windows' pictures, through shared memory
+    };
 
     /// The display's name, as in DISPLAY. Ends the program when the server cannot record or the
     /// process has no connection.

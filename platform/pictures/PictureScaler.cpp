@@ -4,6 +4,7 @@
 #include "platform/pictures/PictureScaler.h"
 
 #include "platform/pictures/Lanes.h"
+#include "platform/pictures/ScaleAxis.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -19,7 +20,6 @@ namespace
 
 // Samples are held as 8.8 fixed point in 16 bits, weights as 0.16: a product's high half is again
 // 8.8, and many of them fit one register.
-constexpr std::int64_t fixedOne = 65536;
 constexpr std::size_t channels = 4;
 constexpr int maxRatio = 64; // more than this is done in two steps, or the sums overflow
 
@@ -28,85 +28,9 @@ constexpr std::size_t wideLanes = 16;
 constexpr int spare = wideLanes / channels; // pixels that may be read together with one
 constexpr int minWidth = wideLanes * 2 / channels;
 
-/// The source samples that make up one target sample.
-struct Span {
-    int first = 0;
-    int count = 0;
-    const std::uint16_t* weights = nullptr;
-};
-
-/// The spans of one axis, and the storage of their weights. Each weight is stored `copies` times,
-/// and followed by zeros for what is read but not meant.
-class Axis
-{
-public:
-    Axis(int source, int target, std::size_t copies) : m_copies(copies)
-    {
-        // Two more for the partly covered samples at the ends.
-        const std::size_t room =
-            static_cast<std::size_t>(std::max(source / target, 1) + 2 + spare) * copies;
-        m_weights.resize(room * static_cast<std::size_t>(target));
-        m_spans.resize(static_cast<std::size_t>(target));
-        std::uint16_t* weights = m_weights.data();
-        for (std::size_t i = 0; i < m_spans.size(); ++i, weights += room) {
-            Span& span = m_spans[i];
-            span.weights = weights;
-            m_next = weights;
-            if (target < source)
-                average(span, static_cast<std::int64_t>(i), source, target);
-            else
-                interpolate(span, static_cast<std::int64_t>(i), source, target);
-            m_longest = std::max(m_longest, span.count);
-        }
-    }
-    const std::vector<Span>& spans() const { return m_spans; }
-    int longest() const { return m_longest; } ///< no span is more than one shorter
-
-private:
-    /// Positions are counted in 1/target of a source sample, so the edges are exact. The running
-    /// sum is what is rounded, so the weights of a span add up to one.
-    void average(Span& span, std::int64_t i, std::int64_t source, std::int64_t target)
-    {
-        const std::int64_t begin = i * source;
-        const std::int64_t end = begin + source;
-        span.first = static_cast<int>(begin / target);
-        std::int64_t given = 0;
-        for (std::int64_t at = begin; at < end;) {
-            at = std::min((at / target + 1) * target, end);
-            const std::int64_t sum = ((at - begin) * fixedOne + source / 2) / source;
-            append(span, sum - given);
-            given = sum;
-        }
-    }
-
-    void interpolate(Span& span, std::int64_t i, std::int64_t source, std::int64_t target)
-    {
-        // The centre of the target sample, measured from the centre of the first source sample.
-        const std::int64_t at = std::clamp<std::int64_t>(
-            ((2 * i + 1) * source * fixedOne / target - fixedOne) / 2, 0, (source - 1) * fixedOne);
-        span.first = static_cast<int>(at / fixedOne);
-        append(span, fixedOne - at % fixedOne);
-        if (at % fixedOne > 0)
-            append(span, at % fixedOne);
-    }
-
-    void append(Span& span, std::int64_t weight)
-    {
-        m_next = std::fill_n(m_next, m_copies,
-                             static_cast<std::uint16_t>(std::min(weight, fixedOne - 1)));
-        ++span.count;
-    }
-
-    const std::size_t m_copies;
-    int m_longest = 0;
-    std::uint16_t* m_next = nullptr;
-    std::vector<Span> m_spans;
-    std::vector<std::uint16_t> m_weights;
-};
-
 /// A span of rows: the first, those of equal weight in the middle, the last.
 struct RowWeights {
-    explicit RowWeights(const Span& span)
+    explicit RowWeights(const ScaleSpan& span)
         : first(span.weights[0]), middleCount(std::max(span.count - 2, 0)), hasLast(span.count > 1),
           last(hasLast ? span.weights[span.count - 1] : 0)
     {
@@ -181,10 +105,10 @@ template <std::size_t Count>
 }
 
 /// Sums pixels of a row of 8.8 samples into the pixels of one target row, several source pixels at
-/// a time. The bits of `always` are set in each.
+/// a time. The row begins at the source pixel `left`. The bits of `always` are set in each.
 template <std::size_t Count>
-[[gnu::always_inline]] inline void sumColumns(const std::uint16_t* row, const Axis& columns,
-                                              std::uint32_t always, uchar* out)
+[[gnu::always_inline]] inline void sumColumns(const std::uint16_t* row, const ScaleAxis& columns,
+                                              int left, std::uint32_t always, uchar* out)
 {
     constexpr int together = Count / channels;
     const int steps = (columns.longest() + together - 1) / together;
@@ -193,9 +117,9 @@ template <std::size_t Count>
     Lanes<Count> start;
     start.setAll(
         static_cast<std::uint16_t>((128 + columns.longest() / 2) / spare * spare / together));
-    for (const Span& span : columns.spans()) {
+    for (const ScaleSpan& span : columns.spans()) {
         Lanes<Count> sum = start;
-        const std::uint16_t* in = row + static_cast<std::size_t>(span.first) * channels;
+        const std::uint16_t* in = row + static_cast<std::size_t>(span.first - left) * channels;
         const std::uint16_t* weights = span.weights;
         for (int step = 0; step < steps; ++step) {
             Lanes<Count> samples;
@@ -212,39 +136,55 @@ template <std::size_t Count>
     }
 }
 
-template <std::size_t Count>
-[[gnu::always_inline]] inline void scale(const QImage& source, const Axis& columns,
-                                         const Axis& rows, QImage& result)
+/// A part of a scaled picture, and the source pixels that it is made of.
+struct Job {
+    const QImage& piece; ///< of the source
+    QPoint origin;       ///< of the piece in the source
+    const ScaleAxis& columns;
+    const ScaleAxis& rows;
+    QImage& result;
+    QPoint at; ///< of the part in the result
+};
+
+template <std::size_t Count> [[gnu::always_inline]] inline void scale(const Job& job)
 {
-    const std::size_t samples = static_cast<std::size_t>(source.width()) * channels;
+    const std::size_t samples = static_cast<std::size_t>(job.piece.width()) * channels;
     std::vector<std::uint16_t> sums(samples + std::size_t{2} * spare * channels);
-    const uchar* const in = source.constBits();
-    const qsizetype stride = source.bytesPerLine();
-    const std::uint32_t always = result.format() == QImage::Format_RGB32 ? 0xff000000U : 0;
-    uchar* out = result.bits();
-    for (const Span& span : rows.spans()) {
-        sumRows<Count>(in + span.first * stride, stride, RowWeights(span), samples, sums.data());
-        sumColumns<Count>(sums.data(), columns, always, out);
-        out += result.bytesPerLine();
+    const uchar* const in = job.piece.constBits();
+    const qsizetype stride = job.piece.bytesPerLine();
+    const std::uint32_t always = job.result.format() == QImage::Format_RGB32 ? 0xff000000U : 0;
+    uchar* out = job.result.scanLine(job.at.y()) + job.at.x() * qsizetype{4};
+    for (const ScaleSpan& span : job.rows.spans()) {
+        sumRows<Count>(in + (span.first - job.origin.y()) * stride, stride, RowWeights(span),
+                       samples, sums.data());
+        sumColumns<Count>(sums.data(), job.columns, job.origin.x(), always, out);
+        out += job.result.bytesPerLine();
     }
 }
 
-void scalePlain(const QImage& source, const Axis& columns, const Axis& rows, QImage& result)
-{
-    scale<plainLanes>(source, columns, rows, result);
-}
+void scalePlain(const Job& job) { scale<plainLanes>(job); }
 
 #if defined(__x86_64__) || defined(__i386__)
-[[gnu::target("avx2")]] void scaleWide(const QImage& source, const Axis& columns, const Axis& rows,
-                                       QImage& result)
-{
-    scale<wideLanes>(source, columns, rows, result);
-}
+[[gnu::target("avx2")]] void scaleWide(const Job& job) { scale<wideLanes>(job); }
 bool hasWideLanes() { return __builtin_cpu_supports("avx2"); }
 #else
 constexpr auto scaleWide = scalePlain;
 bool hasWideLanes() { return false; }
 #endif
+
+void run(const Job& job, Arithmetic arithmetic)
+{
+    if (arithmetic == Arithmetic::Widest && hasWideLanes())
+        scaleWide(job);
+    else
+        scalePlain(job);
+}
+
+bool isTooManyAtOnce(QSize source, QSize target)
+{
+    return source.width() > target.width() * maxRatio ||
+           source.height() > target.height() * maxRatio;
+}
 
 } // namespace
 
@@ -261,24 +201,66 @@ QImage scaledPicture(const QImage& source, QSize size, Arithmetic arithmetic)
         picture.setDevicePixelRatio(1.0);
     if (picture.size() == size)
         return picture;
-    if (picture.width() > size.width() * maxRatio || picture.height() > size.height() * maxRatio)
+    if (isTooManyAtOnce(picture.size(), size))
         picture = scaledPicture(picture,
                                 QSize(std::min(picture.width(), size.width() * maxRatio),
                                       std::min(picture.height(), size.height() * maxRatio)),
                                 arithmetic);
 
-    const Axis columns(picture.width(), size.width(), channels);
-    const Axis rows(picture.height(), size.height(), 1);
+    const ScaleAxis columns(picture.width(), size.width(), {0, size.width()}, channels, spare);
+    const ScaleAxis rows(picture.height(), size.height(), {0, size.height()}, 1, spare);
     if (picture.width() < minWidth) // what is added has no weight
         picture = picture.copy(0, 0, minWidth, picture.height());
     QImage result(size, format);
     if (result.isNull() || picture.isNull())
         return {};
-    if (arithmetic == Arithmetic::Widest && hasWideLanes())
-        scaleWide(picture, columns, rows, result);
-    else
-        scalePlain(picture, columns, rows, result);
+    run({picture, {}, columns, rows, result, {}}, arithmetic);
     return result;
+}
+
+bool canScaleParts(QSize source, QSize target)
+{
+    return source.width() >= minWidth && !source.isEmpty() && !target.isEmpty() &&
+           source != target && !isTooManyAtOnce(source, target);
+}
+
+QRect partMadeOf(const QRect& changed, QSize source, QSize target)
+{
+    const QRect inside = changed & QRect({}, source);
+    if (inside.isEmpty())
+        return {};
+    const SampleRun across =
+        samplesMadeOf({inside.x(), inside.width()}, source.width(), target.width());
+    const SampleRun down =
+        samplesMadeOf({inside.y(), inside.height()}, source.height(), target.height());
+    return {across.first, down.first, across.count, down.count};
+}
+
+QRect sourceOfPart(const QRect& part, QSize source, QSize target)
+{
+    const auto all = [](int first, int count, int from, int to) {
+        const SampleRun last = samplesOf(first + count - 1, from, to);
+        const int begin = samplesOf(first, from, to).first;
+        return SampleRun{begin, last.first + last.count - begin};
+    };
+    SampleRun across = all(part.x(), part.width(), source.width(), target.width());
+    across.count = std::max(across.count, minWidth);
+    across.first = std::min(across.first, source.width() - across.count);
+    const SampleRun down = all(part.y(), part.height(), source.height(), target.height());
+    return {across.first, down.first, across.count, down.count};
+}
+
+void scalePart(QImage& scaled, const QRect& part, const QImage& piece, QSize source,
+               Arithmetic arithmetic)
+{
+    const QSize target = scaled.size();
+    const QRect from = sourceOfPart(part, source, target);
+    if (piece.size() != from.size() || scaled.depth() != 32 || piece.depth() != 32)
+        return;
+    const ScaleAxis columns(source.width(), target.width(), {part.x(), part.width()}, channels,
+                            spare);
+    const ScaleAxis rows(source.height(), target.height(), {part.y(), part.height()}, 1, spare);
+    run({piece, from.topLeft(), columns, rows, scaled, part.topLeft()}, arithmetic);
 }
 
 QSize pixelsToDraw(QSize picture, QSize points, double pixelsPerPoint)

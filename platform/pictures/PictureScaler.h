@@ -4,6 +4,7 @@
 // Scales the pictures of windows to the size of a preview.
 #pragma once
 
+#include <QtCore/QRect>
 #include <QtCore/QSize>
 #include <QtGui/QImage>
 
@@ -22,6 +23,21 @@ enum class Arithmetic {
 /// device pixel ratio is 1. Null when the source or the size is empty; a source of that size
 /// already is returned as it is. Any thread.
 QImage scaledPicture(const QImage& source, QSize size, Arithmetic arithmetic = Arithmetic::Widest);
+
+/// Whether a picture of the one size is scaled to the other in parts by the functions below: not
+/// where nothing has to be scaled, nor where the source is minute or several times too large.
+bool canScaleParts(QSize source, QSize target);
+/// The pixels of the scaled picture that those of the source have a share in; empty where none is
+/// in the source.
+QRect partMadeOf(const QRect& changed, QSize source, QSize target);
+/// The pixels of the source that a part (not empty, inside the target) is made of, and as many more
+/// as scaling wants at least.
+QRect sourceOfPart(const QRect& part, QSize source, QSize target);
+/// Scales this part of a picture again, to the bit as scaledPicture() scales the whole. The piece
+/// is sourceOfPart() of the source, which is of this size, and of 32 bits as both pictures are;
+/// nothing happens where it is not. Only where canScaleParts().
+void scalePart(QImage& scaled, const QRect& part, const QImage& piece, QSize source,
+               Arithmetic arithmetic = Arithmetic::Widest);
 
 /// How large, in pixels, to draw a picture that is to cover so many of the toolkit's points: as it
 /// is where only the rounding to whole points keeps it from fitting, as scaling by a single pixel

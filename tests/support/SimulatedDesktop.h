@@ -88,7 +88,9 @@ public:
     }
     void changeWindow(WindowID window, const std::function<void(SimulatedWindow&)>& change)
     {
-        change(*m_state.locked()->window(window));
+        const auto state = m_state.locked();
+        change(*state->window(window));
+        state->tellPictureWatchers(window);
     }
     std::optional<SimulatedWindow> window(WindowID window);                 ///< null when closed
     std::vector<WindowID> stacking() { return m_state.locked()->stacking; } ///< front to back

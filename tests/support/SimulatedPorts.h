@@ -84,8 +84,10 @@ public:
     bool isOnAllWorkspaces(WindowID window) override;
     std::vector<WindowID> workspaceWindowList(int workspace) override;
     QImage captureWindow(WindowID window, QSize limit) override;
-    /// Only what was captured before and has not changed since.
-    std::optional<QImage> pictureAtHand(WindowID window, QSize limit) override;
+    /// What was captured last.
+    platform::KnownPicture knownPicture(WindowID window, QSize limit) override;
+    std::unique_ptr<platform::PictureSubscription>
+    subscribeToPicture(WindowID window, std::function<void()> changed) override;
     std::vector<QRectF> screens() override { return m_state.locked()->screens; }
     QPointF toolkitOffset(const QRectF&) override { return {}; }
     bool blendsTranslucency() override { return m_state.locked()->blendsTranslucency; }

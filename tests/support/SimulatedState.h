@@ -104,6 +104,7 @@ struct SimulatedWindow {
     WindowID number = 0;
     Pid pid = 0;
     int captures = 0;
+    bool isToldOf = false; ///< that its picture has changed since the last capture
     QImage picture{};
 };
 
@@ -140,6 +141,11 @@ struct SimulatedObservation {
         platform::NotificationContext* context;
     };
     std::vector<Request> requests{};
+};
+
+struct SimulatedPictureWatch {
+    WindowID window;
+    std::function<void()> changed;
 };
 
 struct SimulatedSubscription {
@@ -231,6 +237,10 @@ struct SimulatedState {
     bool destroyedWindowsTellRole = true;
     /// Commands given to the workspace, such as "launch Music" or "terminate 1003".
     std::vector<QString> commands;
+
+    /// Has those who watch the window's picture called, if it has changed, once until a capture.
+    void tellPictureWatchers(WindowID number);
+    std::vector<std::shared_ptr<SimulatedPictureWatch>> pictureWatchers;
 
     std::vector<std::shared_ptr<SimulatedObservation>> observations;
     std::vector<std::shared_ptr<SimulatedSubscription>> subscriptions;

@@ -73,12 +73,44 @@ QSize pictureSize(const SimulatedWindow& window)
 bool isPictureCurrent(const SimulatedWindow& window)
 {
     const QImage& picture = window.picture;
-    return !picture.isNull() && picture.size() == pictureSize(window) &&
-           picture.pixel(0, 0) == markOf(window) &&
-           (picture.width() < 2 || picture.pixelColor(1, 0) == window.color);
+    return !window.hasPicture ||
+           (!picture.isNull() && picture.size() == pictureSize(window) &&
+            picture.pixel(0, 0) == markOf(window) &&
+            (picture.width() < 2 || picture.pixelColor(1, 0) == window.color));
 }
 
+class PictureWatching final : public platform::PictureSubscription
+{
+public:
+    PictureWatching(SimulatedState& state, std::shared_ptr<SimulatedPictureWatch> watch)
+        : m_state(state), m_watch(std::move(watch))
+    {
+    }
+    ~PictureWatching() override { std::erase(m_state.locked()->pictureWatchers, m_watch); }
+
+private:
+    SimulatedState& m_state;
+    const std::shared_ptr<SimulatedPictureWatch> m_watch;
+};
+
 } // namespace
+
+void SimulatedState::tellPictureWatchers(WindowID number)
+{
+    SimulatedWindow* found = window(number);
+    if (!found || isPictureCurrent(*found) || std::exchange(found->isToldOf, true))
+        return;
+    for (const auto& watch : pictureWatchers) {
+        if (watch->window != number)
+            continue;
+        runLoop.performOnMainThread(
+            [weak = std::weak_ptr(watch)] {
+                if (const auto alive = weak.lock())
+                    alive->changed();
+            },
+            false);
+    }
+}
 
 QImage SimulatedWindowServer::captureWindow(WindowID window, QSize)
 {
@@ -87,6 +119,7 @@ QImage SimulatedWindowServer::captureWindow(WindowID window, QSize)
     if (!found)
         return {};
     ++found->captures;
+    found->isToldOf = false;
     if (!found->hasPicture)
         return {};
     if (!isPictureCurrent(*found) && !pictureSize(*found).isEmpty()) {
@@ -97,13 +130,26 @@ QImage SimulatedWindowServer::captureWindow(WindowID window, QSize)
     return found->picture;
 }
 
-std::optional<QImage> SimulatedWindowServer::pictureAtHand(WindowID window, QSize limit)
+platform::KnownPicture SimulatedWindowServer::knownPicture(WindowID window, QSize)
 {
     const std::lock_guard lock(m_state.mutex);
     const SimulatedWindow* found = m_state.window(window);
-    if (found && found->hasPicture && !isPictureCurrent(*found))
-        return std::nullopt;
-    return SimulatedWindowServer::captureWindow(window, limit);
+    if (!found || !found->hasPicture)
+        return {{}, true};
+    return {found->picture, isPictureCurrent(*found)};
+}
+
+std::unique_ptr<platform::PictureSubscription>
+SimulatedWindowServer::subscribeToPicture(WindowID window, std::function<void()> changed)
+{
+    const std::lock_guard lock(m_state.mutex);
+    m_state.pictureWatchers.push_back(
+        std::make_shared<SimulatedPictureWatch>(window, std::move(changed)));
+    if (SimulatedWindow* found = m_state.window(window)) {
+        found->isToldOf = false;
+        m_state.tellPictureWatchers(window);
+    }
+    return std::make_unique<PictureWatching>(m_state, m_state.pictureWatchers.back());
 }
 
 } // namespace lumbrix::test

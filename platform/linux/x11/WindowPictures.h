@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// Live pictures of the managed windows, copied only when something was drawn.
+// Live pictures of the managed windows, copied only where something was drawn.
 #pragma once
 
 #include <QtGui/QImage>
@@ -9,7 +9,6 @@
 #include <xcb/damage.h>
 #include <xcb/xcb.h>
 
-#include <atomic>
 #include <condition_variable>
 #include <functional>
 #include <memory>
@@ -19,8 +18,10 @@
 #include <unordered_set>
 #include <vector>
 
+#include "platform/WindowServer.h"
+#include "platform/linux/x11/CapturedWindow.h"
 #include "platform/linux/x11/EventThread.h"
-#include "platform/linux/x11/ImageCopier.h"
+#include "platform/linux/x11/PictureWatchers.h"
 #include "platform/linux/x11/WindowTracker.h"
 
 namespace lumbrix::platform::x11
@@ -31,13 +32,13 @@ class PointSpace;
 
 /// Every previewable window (docks and desktops are not) has a named pixmap from the time it is
 /// first seen mapped: it outlives the window's unmapping, so a minimised window and one of another
-/// desktop keep their last picture. Where no compositor redirects windows, their frames are
-/// redirected here.
+/// desktop keep their last picture. Soon after that a large one is replaced by a picture of bounded
+/// size. Where no compositor redirects windows, their frames are redirected here.
 ///
 /// Memory: pixels are copied into a few pieces of memory that are used again and again, and reduced
-/// at once to what was asked for. A reduced image is kept on this side for keepReduced after it
-/// was last asked for, a whole one for keepWhole; the worker wakes up for that, and not at all
-/// when there is no image. Nothing is lost: the next capture copies the pixmap again.
+/// at once to what was asked for. Reduced and whole images are kept on this side for a while after
+/// they were last asked for; the worker wakes up for that, and not at all when there is no image.
+/// Nothing is lost: the next capture copies the pixmap again.
 ///
 /// A client whose windows are asked for is pinged at times, so that a stopped one shows as such.
 ///
@@ -45,8 +46,7 @@ class PointSpace;
 class WindowPictures final : public EventHandler, public WindowListener
 {
 public:
-    static constexpr Seconds keepReduced = 30.0;
-    static constexpr Seconds keepWhole = 2.0; ///< zoomed views ask every half second
+    static constexpr Seconds keepCopies = 2.0; ///< memory that was copied into
     static constexpr Seconds pingInterval = 1.0;
 
     WindowPictures(RunLoop& runLoop, const Connection& events, const Connection& captures,
@@ -71,14 +71,18 @@ public:
     /// none, or no such window. While nothing was drawn, the same image again, without a request.
     /// Any thread; a slow window delays only those who ask for the same one.
     QImage capture(xcb_window_t window, QSize limit = {});
-    /// What capture() would give, if that is known without copying and nobody is just copying it.
-    /// Any thread; never waits.
-    std::optional<QImage> atHand(xcb_window_t window, QSize limit);
+    /// What is known without copying: perhaps an old picture, made to fit. Any thread; never waits.
+    KnownPicture known(xcb_window_t window, QSize limit);
+    /// Calls `changed` when something was drawn since the last capture; soon, if it was already.
+    /// Main thread.
+    std::unique_ptr<PictureSubscription> subscribe(xcb_window_t window,
+                                                   std::function<void()> changed);
     /// Refreshes the pictures of these windows soon, on the worker, for the limit that was last
     /// asked for. Any thread.
     void prefetch(const std::vector<xcb_window_t>& windows);
-    /// How often pixels were copied so far. Any thread.
-    std::uint64_t copyCount() const { return m_copyCount; }
+    /// How often pictures were copied so far, in whole or in part, and how much. Any thread.
+    std::uint64_t copyCount() const { return m_tools.copies; }
+    std::uint64_t copiedPixels() const { return m_tools.copiedPixels; }
 
     void handleEvent(const xcb_generic_event_t& event) override;
     void windowAdded(const TrackedWindowPtr& window) override;
@@ -87,62 +91,49 @@ public:
     void compositorChanged(bool running) override;
 
 private:
-    struct Picture;
-    using PicturePtr = std::shared_ptr<Picture>;
+    using WindowPtr = std::shared_ptr<CapturedWindow>;
+    struct Damaged {
+        xcb_window_t id;
+        WindowPtr window;
+    };
 
-    PicturePtr find(xcb_window_t window) const;
+    WindowPtr find(xcb_window_t window) const;
+    std::vector<std::pair<xcb_window_t, WindowPtr>> all() const;
     // Event thread.
-    void watchDamage(const PicturePtr& picture, xcb_window_t frame);
-    void forgetDamage(Picture& picture);
+    void watchDamage(xcb_window_t id, const WindowPtr& window, xcb_window_t frame);
+    void forgetDamage(CapturedWindow& window);
     /// Has the worker take the pixmap that the window has now.
-    void nameAgain(Picture& picture, xcb_window_t window);
+    void nameAgain(CapturedWindow& window, xcb_window_t id);
 
-    std::vector<std::pair<xcb_window_t, PicturePtr>> all() const;
-    bool isRefused(const TrackedWindow& window) const;
-
-    // With the picture's lock held.
-    QImage refresh(Picture& picture, xcb_window_t window, QSize limit);
-    QImage copy(Picture& picture, const TrackedWindow& window);
-    void noteUse(Picture& picture, xcb_window_t window, QSize limit);
-    void dropLater();
-    /// Sees to it that the pixmap the window has now is named; null when the window is gone.
-    TrackedWindowPtr keepPixmap(Picture& picture, xcb_window_t window);
-    /// True when it changed something, so that the window may have another pixmap.
-    bool redirect(Picture& picture, const TrackedWindow& window);
-    void namePixmap(Picture& picture, const TrackedWindow& window);
-
+    void noteUse(xcb_window_t window, QSize limit);
     void work(const Thread& self);
-    /// With a limit, also copies the picture.
-    void prepareOne(xcb_window_t window, std::optional<QSize> limit);
-    /// Drops images nobody asked for lately; the time of the next one to drop, if any.
+    /// Has the worker look by then for what to let go of.
+    void lookBy(Seconds time);
+    /// With m_workMutex held; the sooner of this and what is due already.
+    void setLook(std::optional<Seconds> time);
+    /// When there will be something to let go of, if any.
     std::optional<Seconds> dropUnused();
 
     RunLoop& m_runLoop;
     const Connection& m_events;
     const Connection& m_captures;
     WindowTracker& m_tracker;
-    const PointSpace& m_points; ///< how many pixels a picture has per point
-    std::atomic<bool> m_isCompositorRunning;
-    std::atomic<std::uint64_t> m_copyCount = 0;
-    std::atomic<Seconds> m_lastCopied = -keepWhole;
-    std::atomic<bool> m_isAllowed = true;
-    ImageCopier m_copier;
-    std::unordered_map<xcb_damage_damage_t, PicturePtr> m_byDamage; ///< event thread
+    CaptureTools m_tools;
+    const std::shared_ptr<PictureWatchers> m_watchers;
+    std::unordered_map<xcb_damage_damage_t, Damaged> m_byDamage; ///< event thread
+    std::uint64_t m_copiesDropped = 0; ///< worker; the count when it last gave back what they took
 
     mutable std::mutex m_mutex;
-    std::unordered_map<xcb_window_t, PicturePtr> m_pictures; // guarded by m_mutex
-    /// Guarded by m_mutex. Empty: none is.
-    std::function<bool(const TrackedWindow&)> m_isPrivate;
+    std::unordered_map<xcb_window_t, WindowPtr> m_windows; // guarded by m_mutex
 
-    std::mutex m_workMutex;
+    std::mutex m_workMutex; // guards what follows
     std::condition_variable m_workArrived;
-    std::unordered_set<xcb_window_t> m_toName;               // guarded by m_workMutex
-    std::unordered_set<xcb_window_t> m_toPrefetch;           // guarded by m_workMutex
-    std::unordered_map<std::uint32_t, Seconds> m_lastPinged; ///< by client; guarded by m_workMutex
-    QSize m_lastLimit;                                       // guarded by m_workMutex
-    bool m_isStopping = false;                               // guarded by m_workMutex
-    /// Guarded by m_workMutex. The worker has a time to look for images to drop, or must set one.
-    bool m_isDropDue = false;
+    std::unordered_set<xcb_window_t> m_toName;
+    std::unordered_set<xcb_window_t> m_toPrefetch;
+    std::unordered_map<std::uint32_t, Seconds> m_lastPinged; ///< by client
+    QSize m_lastLimit;
+    bool m_isStopping = false;
+    std::optional<Seconds> m_nextLook; ///< of the worker for what to let go of
     JoinableThread m_worker;
 };
 

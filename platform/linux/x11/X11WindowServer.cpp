@@ -110,9 +110,15 @@ QImage X11WindowServer::captureWindow(WindowID window, QSize limit)
     return m_pictures.capture(window, limit);
 }
 
-std::optional<QImage> X11WindowServer::pictureAtHand(WindowID window, QSize limit)
+KnownPicture X11WindowServer::knownPicture(WindowID window, QSize limit)
 {
-    return m_pictures.atHand(window, limit);
+    return m_pictures.known(window, limit);
+}
+
+std::unique_ptr<PictureSubscription>
+X11WindowServer::subscribeToPicture(WindowID window, std::function<void()> changed)
+{
+    return m_pictures.subscribe(window, std::move(changed));
 }
 
 QString X11WindowServer::unseenWindows()

@@ -42,7 +42,9 @@ public:
     bool isOnAllWorkspaces(WindowID window) override;
     std::vector<WindowID> workspaceWindowList(int workspace) override;
     QImage captureWindow(WindowID window, QSize limit) override;
-    std::optional<QImage> pictureAtHand(WindowID window, QSize limit) override;
+    KnownPicture knownPicture(WindowID window, QSize limit) override;
+    std::unique_ptr<PictureSubscription> subscribeToPicture(WindowID window,
+                                                            std::function<void()> changed) override;
     QString unseenWindows() override;
     std::vector<QRectF> screens() override;
     QPointF toolkitOffset(const QRectF& bounds) override;

@@ -129,6 +129,43 @@ TEST(PictureScaler, flatPictures_keepTheirColourAtEveryRatio)
     }
 }
 
+TEST(PictureScaler, partScaledAgain_isThatOfTheWhole)
+{
+    const struct {
+        QSize source;
+        QSize target;
+    } cases[] = {
+        {{1280, 240}, {243, 45}}, {{257, 131}, {256, 130}}, {{97, 61}, {96, 61}},
+        {{2000, 30}, {40, 13}},   {{61, 37}, {183, 111}},   {{9, 300}, {8, 77}},
+    };
+    QRandomGenerator random(11);
+    for (const auto& [sourceSize, target] : cases) {
+        QImage source = testPicture(sourceSize, QImage::Format_RGB32);
+        QImage scaled = scaledPicture(source, target);
+        ASSERT_TRUE(canScaleParts(sourceSize, target));
+        for (int i = 0; i < 60; ++i) {
+            const QPoint at(random.bounded(sourceSize.width()),
+                            random.bounded(sourceSize.height()));
+            const QRect changed(at,
+                                QSize(1 + random.bounded(12), 1 + random.bounded(i < 30 ? 9 : 90)));
+            for (int y = changed.top(); y <= std::min(changed.bottom(), source.height() - 1); ++y)
+                for (int x = changed.left(); x <= std::min(changed.right(), source.width() - 1);
+                     ++x)
+                    source.setPixel(x, y, random.generate());
+            const QRect part = partMadeOf(changed, sourceSize, target);
+            const QImage piece = source.copy(sourceOfPart(part, sourceSize, target));
+            scalePart(scaled, part, piece, sourceSize,
+                      i % 2 ? Arithmetic::Plain : Arithmetic::Widest);
+            ASSERT_EQ(scaled, scaledPicture(source, target))
+                << sourceSize.width() << " to " << target.width() << " at " << at.x() << ","
+                << at.y();
+        }
+    }
+    EXPECT_TRUE(partMadeOf({40, 40, 5, 5}, {30, 30}, {9, 9}).isEmpty());
+    EXPECT_FALSE(canScaleParts({20, 20}, {20, 20}) || canScaleParts({5, 300}, {4, 100}) ||
+                 canScaleParts({900, 9000}, {90, 90}));
+}
+
 TEST(PictureScaler, degenerateInput_givesNothingOrTheSourceItself)
 {
     EXPECT_TRUE(scaledPicture({}, {10, 10}).isNull());

@@ -5,13 +5,39 @@
 
 #include "X11Desk.h"
 #include "platform/StringLiterals.h"
+#include "platform/linux/x11/Connection.h"
+#include "platform/pictures/PictureScaler.h"
+
+#include <QtCore/QCoreApplication>
 
 #include <thread>
+#include <unistd.h>
+#include <xcb/res.h>
 
 namespace lumbrix::platform::x11
 {
 namespace
 {
+
+/// What this process holds of pixmaps in the server.
+std::uint64_t ownPixmapBytes(xcb_connection_t* connection)
+{
+    const xcb_res_client_id_spec_t all{0, XCB_RES_CLIENT_ID_MASK_LOCAL_CLIENT_PID};
+    const Reply<xcb_res_query_client_ids_reply_t> ids(xcb_res_query_client_ids_reply(
+        connection, xcb_res_query_client_ids(connection, 1, &all), nullptr));
+    std::uint64_t sum = 0;
+    for (auto it = xcb_res_query_client_ids_ids_iterator(ids.get()); it.rem != 0;
+         xcb_res_client_id_value_next(&it)) {
+        if (*xcb_res_client_id_value_value(it.data) != static_cast<std::uint32_t>(getpid()))
+            continue;
+        const Reply<xcb_res_query_client_pixmap_bytes_reply_t> bytes(
+            xcb_res_query_client_pixmap_bytes_reply(
+                connection, xcb_res_query_client_pixmap_bytes(connection, it.data->spec.client),
+                nullptr));
+        sum += bytes ? bytes->bytes : 0;
+    }
+    return sum;
+}
 
 class EachCompositing : public testing::TestWithParam<bool>
 {
@@ -87,6 +113,107 @@ TEST_P(EachCompositing, windowNoLongerShown_keepsItsLastPicture)
     never.map();
     desk.waitForWindow(never.id(), [](const TrackedWindow& w) { return w.isIconic; });
     EXPECT_TRUE(desk.pictures().capture(never.id()).isNull());
+}
+
+TEST_P(EachCompositing, largeWindowNoLongerShown_keepsAPictureOfBoundedSize)
+{
+    X11Desk desk(options());
+    Application app(desk.session(), u"alpha"_s);
+    const AppWindow window = app.open("large", Qt::red, {{1100, 900}, {10, 10}});
+    ASSERT_TRUE(desk.waitForColour(window, Qt::red));
+    const QSize limit(243, 190);
+    const QImage shown = desk.pictures().capture(window.id, limit);
+    const QImage whole = desk.pictures().capture(window.id);
+    const std::uint64_t pixmapsBefore = ownPixmapBytes(desk.display().connection());
+    app.minimise(window);
+    QImage kept;
+    EXPECT_TRUE(desk.waitFor([&] {
+        kept = desk.pictures().capture(window.id);
+        return kept.sizeInBytes() <= 1024 * 1024;
+    }));
+    EXPECT_LE(ownPixmapBytes(desk.display().connection()) + 900000, pixmapsBefore);
+    // What stands for it is as large, and tells the same, but for what is lost in between.
+    EXPECT_NEAR(kept.deviceIndependentSize().width(), whole.width(), 2);
+    EXPECT_EQ(desk.capturedColour(window), QColor(Qt::red));
+    const KnownPicture reduced = desk.pictures().known(window.id, limit / 2);
+    EXPECT_TRUE(reduced.isCurrent);
+    EXPECT_EQ(desk.pictures().capture(window.id, limit).size(), shown.size());
+    EXPECT_EQ(reduced.image.pixelColor(60, 20), QColor(Qt::red));
+
+    app.setColour(window, Qt::green); // painted when it is shown again
+    desk.tracker().activate(window.id);
+    EXPECT_TRUE(desk.waitForColour(window, Qt::green));
+    EXPECT_EQ(desk.pictures().capture(window.id).size(), whole.size());
+}
+
+TEST_P(EachCompositing, whatIsDrawn_isTold_andIsAllThatIsCopied)
+{
+    X11Desk desk(options());
+    constexpr QSize limit(243, 190);
+    RawWindow raw(desk.session(), {0, 0, 1200, 900});
+    raw.map();
+    const auto isSettled = [&] {
+        desk.pictures().capture(raw.id(), limit);
+        QCoreApplication::processEvents(); // by which is told
+        return desk.pictures().known(raw.id(), limit).isCurrent;
+    };
+    ASSERT_TRUE(desk.waitFor([&] { // what is drawn before it is on the screen is lost
+        raw.fill({0, 0, 1200, 900}, Qt::gray);
+        const QImage whole = desk.pictures().capture(raw.id());
+        return whole.width() >= 1100 && whole.pixelColor(700, 800) == Qt::gray;
+    }));
+    ASSERT_TRUE(desk.waitFor(isSettled));
+    int told = 0;
+    auto subscription = desk.pictures().subscribe(raw.id(), [&told] { ++told; });
+    const auto expectEqual = [&](const QImage& reduced, const char* what) {
+        const QImage whole = desk.pictures().capture(raw.id());
+        EXPECT_EQ(scaledPicture(whole, reduced.size()), reduced) << what;
+    };
+    expectEqual(desk.pictures().capture(raw.id(), limit), "at first");
+    for (int i = 0; i < 12; ++i) {
+        SCOPED_TRACE(i);
+        // A cursor, and now and then something far from it.
+        const QColor colour = QColor::fromHsv(i * 29, 255, 255);
+        told = 0;
+        raw.fill({701 + 13 * i, 803, 8, 17}, colour);
+        if (i % 3 == 0)
+            raw.fill({37, 300 - i, 300, 9}, colour);
+        ASSERT_TRUE(desk.waitFor([&] {
+            QCoreApplication::processEvents();
+            return told > 0;
+        }));
+        const std::uint64_t before = desk.pictures().copiedPixels();
+        QImage reduced;
+        ASSERT_TRUE(desk.waitFor([&] {
+            reduced = desk.pictures().capture(raw.id(), limit);
+            return desk.pictures().known(raw.id(), limit).isCurrent;
+        }));
+        // After all was drawn on, the next copy is of all, too.
+        const std::uint64_t most = i > 0 ? 1200 * 900 / 20 : 1200 * 950;
+        EXPECT_LE(desk.pictures().copiedPixels() - before, most);
+        expectEqual(reduced, "after drawing");
+        bool isSeen = false; // somewhere, as the frame is of unknown width
+        const QImage whole = desk.pictures().capture(raw.id());
+        for (int y = 803; y < 870; ++y)
+            isSeen = isSeen || whole.pixel(701 + 13 * i + 1, y) == colour.rgb() ||
+                     whole.pixel(701 + 13 * i + 6, y) == colour.rgb();
+        EXPECT_TRUE(isSeen);
+    }
+    // A subscription that is gone hears nothing of what others do.
+    auto other = desk.pictures().subscribe(raw.id(), [&] { subscription.reset(); });
+    const int before = told;
+    raw.fill({0, 0, 1200, 900}, Qt::blue);
+    ASSERT_TRUE(desk.waitFor([&] { return isSettled() && !subscription; }));
+    const int after = told;
+    EXPECT_LE(after - before, 1);
+    bool isMarked = false;
+    other = desk.pictures().subscribe(raw.id(), [&] { isMarked = true; });
+    raw.fill({0, 0, 20, 20}, Qt::red);
+    ASSERT_TRUE(desk.waitFor([&] {
+        QCoreApplication::processEvents();
+        return isMarked;
+    }));
+    EXPECT_EQ(told, after);
 }
 
 TEST_P(EachCompositing, prefetchedPicture_isThereWithoutACopy)

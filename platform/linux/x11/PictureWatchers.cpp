@@ -1,0 +1,77 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+#include "platform/linux/x11/PictureWatchers.h"
+
+#include <atomic>
+#include <utility>
+#include <vector>
+
+namespace lumbrix::platform::x11
+{
+
+struct PictureWatchers::Watcher {
+    std::function<void()> changed; ///< main thread; null once the subscription is gone
+    std::atomic<bool> isTold = false;
+};
+
+class PictureWatchers::Subscription final : public PictureSubscription
+{
+public:
+    Subscription(std::shared_ptr<PictureWatchers> list, xcb_window_t window,
+                 std::shared_ptr<Watcher> watcher)
+        : m_list(std::move(list)), m_window(window), m_watcher(std::move(watcher))
+    {
+    }
+    ~Subscription() override
+    {
+        m_watcher->changed = nullptr; // what is told already comes too late
+        const std::lock_guard lock(m_list->m_mutex);
+        const auto [begin, end] = m_list->m_watchers.equal_range(m_window);
+        for (auto it = begin; it != end; ++it) {
+            if (it->second == m_watcher) {
+                m_list->m_watchers.erase(it);
+                return;
+            }
+        }
+    }
+
+private:
+    const std::shared_ptr<PictureWatchers> m_list;
+    const xcb_window_t m_window;
+    const std::shared_ptr<Watcher> m_watcher;
+};
+
+std::unique_ptr<PictureSubscription> PictureWatchers::add(xcb_window_t window,
+                                                          std::function<void()> changed)
+{
+    const auto watcher = std::make_shared<Watcher>();
+    watcher->changed = std::move(changed);
+    const std::lock_guard lock(m_mutex);
+    m_watchers.emplace(window, watcher);
+    return std::make_unique<Subscription>(shared_from_this(), window, watcher);
+}
+
+void PictureWatchers::tell(xcb_window_t window)
+{
+    std::vector<std::shared_ptr<Watcher>> told;
+    {
+        const std::lock_guard lock(m_mutex);
+        const auto [begin, end] = m_watchers.equal_range(window);
+        for (auto it = begin; it != end; ++it)
+            if (!it->second->isTold.exchange(true))
+                told.push_back(it->second);
+    }
+    for (const std::shared_ptr<Watcher>& watcher : told) {
+        m_runLoop.performOnMainThread(
+            [watcher] {
+                watcher->isTold = false;
+                // A copy, as the call may end the subscription.
+                if (const auto changed = watcher->changed)
+                    changed();
+            },
+            false);
+    }
+}
+
+} // namespace lumbrix::platform::x11

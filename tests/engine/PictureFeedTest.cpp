@@ -1,0 +1,192 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// How the pictures of a row follow their windows, and what that may cost.
+
+#include "platform/StringLiterals.h"
+#include "preview/PictureView.h"
+#include "tests/engine/EngineFixture.h"
+
+#include <algorithm>
+#include <numeric>
+
+namespace lumbrix::test
+{
+namespace
+{
+
+class PictureFeedTest : public EngineFixture
+{
+protected:
+    void addFilms(int count, QSizeF size)
+    {
+        m_notes = add(u"Notes"_s, count);
+        m_windows = desk.stacking();
+        for (const WindowID window : m_windows)
+            desk.changeWindow(window, [&](auto& each) { each.frame.setSize(size); });
+        loop.advance(3);
+    }
+    void show(WindowID window)
+    {
+        desk.changeWindow(window, [](auto& each) { each.version = (each.version + 1) % 256; });
+    }
+    int version(std::size_t index) { return preview(index).image().pixel(0, 0) & 0xff; }
+    /// Plays in the first so many windows, with thirty pictures a second; what was copied of each
+    /// window, a second.
+    std::vector<double> play(int films)
+    {
+        constexpr int seconds = 4;
+        std::vector<int> before;
+        for (const WindowID window : m_windows)
+            before.push_back(desk.captures(window));
+        for (int i = 0; i < 30 * seconds; ++i) {
+            for (int film = 0; film < films; ++film)
+                show(m_windows[static_cast<std::size_t>(film)]);
+            loop.advance(1.0 / 30);
+        }
+        std::vector<double> rates;
+        for (std::size_t i = 0; i < m_windows.size(); ++i)
+            rates.push_back((desk.captures(m_windows[i]) - before[i]) * 1.0 / seconds);
+        return rates;
+    }
+    static double sum(const std::vector<double>& rates)
+    {
+        return std::accumulate(rates.begin(), rates.end(), 0.0);
+    }
+
+    /// Copies as slowly as a server that has much else to do.
+    class Slow : public ForwardingWindowServer
+    {
+    public:
+        explicit Slow(PictureFeedTest& test)
+            : ForwardingWindowServer(test.desk.windowServer()), m_test(test)
+        {
+            test.install(test.desk.accessibility(), *this);
+        }
+        QImage captureWindow(platform::WindowID window, QSize limit) override
+        {
+            m_test.loop.sleep(duration);
+            return ForwardingWindowServer::captureWindow(window, limit);
+        }
+        double duration = 0;
+
+    private:
+        PictureFeedTest& m_test;
+    };
+
+    Pid m_notes = 0;
+    std::vector<WindowID> m_windows;
+};
+
+TEST_F(PictureFeedTest, films_areFollowedWithinTheBudget_theHoveredOneFirst)
+{
+    addFilms(15, {1280, 800});
+    hover(u"Notes"_s);
+    ASSERT_EQ(engine().screenyViews().size(), 15U);
+    EXPECT_EQ(sum(play(0)), 0);
+    const auto alone = play(1);
+    EXPECT_GE(alone[0], 25);
+    EXPECT_EQ(sum(alone), alone[0]);
+    const auto [slowest, fastest] = std::ranges::minmax(play(15));
+    EXPECT_GE(slowest, 5);
+    EXPECT_LE(fastest, 8);
+
+    const std::size_t hovered = 4;
+    movePointerTo(preview(hovered));
+    preview(hovered).mouseEntered();
+    const auto shown = engine().screenyViews();
+    auto rates = play(15);
+    EXPECT_LE(sum(rates), 105);
+    const auto window = std::ranges::find(m_windows, shown[hovered]->elementRef()->wid());
+    ASSERT_NE(window, m_windows.end());
+    const auto index = static_cast<std::size_t>(window - m_windows.begin());
+    EXPECT_GE(rates[index], 20);
+    rates.erase(rates.begin() + static_cast<std::ptrdiff_t>(index));
+    EXPECT_GE(std::ranges::min(rates), 4);
+
+    // Large ones are slower, and none of them is left out.
+    std::swap(m_windows[0], m_windows[index]);
+    m_windows.resize(5);
+    for (const WindowID each : m_windows)
+        desk.changeWindow(each, [](auto& large) { large.frame.setSize({3840, 2160}); });
+    loop.advance(1);
+    rates = play(5);
+    EXPECT_LE(sum(rates), 14);
+    EXPECT_GE(rates[0], 4);
+    EXPECT_GE(std::ranges::min(rates), 1);
+}
+
+TEST_F(PictureFeedTest, changedWindow_isShownAtOnce_whileItsRowIsUpAndPicturesAreAlive)
+{
+    addFilms(2, {400, 300});
+    hover(u"Notes"_s);
+    const WindowID first = preview(0).elementRef()->wid();
+    for (int expected = 1; expected <= 3; ++expected) {
+        loop.advance(0.1);
+        show(first);
+        loop.runUntilIdle();
+        EXPECT_EQ(version(0), expected);
+        EXPECT_EQ(version(1), 0);
+        EXPECT_EQ(loop.runningThreads("capture"), 0);
+    }
+    // In full size too.
+    settings().zoomWindows = 1;
+    movePointerTo(preview(0));
+    preview(0).mouseEntered();
+    loop.advance(0.4);
+    ASSERT_TRUE(preview(0).isZoomed());
+    show(first);
+    loop.runUntilIdle();
+    const auto* zoomed = preview(0).zoomWindow()->findChild<PictureView*>();
+    EXPECT_EQ(zoomed->image().pixel(0, 0) & 0xff, 4U);
+    EXPECT_EQ(version(0), 4);
+
+    settings().disableLivePreviews = 1;
+    loop.advance(0.5);
+    const int before = desk.captures(first);
+    EXPECT_EQ(sum(play(2)), 0);
+    settings().disableLivePreviews = 0;
+    loop.advance(0.6);
+    EXPECT_EQ(desk.captures(first), before + 2) << "what it missed, whole and reduced";
+    preview(0).mouseExited();
+    leave();
+    loop.advance(2);
+    ASSERT_EQ(panelsOnScreen(), 0);
+    EXPECT_EQ(sum(play(2)), 0);
+}
+
+TEST_F(PictureFeedTest, row_comesAtOnceWithOldPictures_andFreshOnesFollow)
+{
+    Slow slow(*this);
+    addFilms(3, {400, 300});
+    hover(u"Notes"_s);
+    loop.advance(0.1);
+    leave();
+    loop.advance(2);
+    slow.duration = 0.4;
+    for (const WindowID window : m_windows)
+        show(window);
+    hover(u"Notes"_s);
+    ASSERT_EQ(engine().screenyViews().size(), 3U);
+    for (std::size_t i = 0; i < 3; ++i) {
+        EXPECT_FALSE(preview(i).isHeld());
+        EXPECT_EQ(version(i), 0);
+    }
+    loop.advance(0.9);
+    for (std::size_t i = 0; i < 3; ++i)
+        EXPECT_EQ(version(i), 1);
+    // Its preview goes while it is being copied.
+    show(m_windows[0]);
+    loop.runUntilIdle();
+    EXPECT_EQ(loop.runningThreads("capture"), 1);
+    desk.closeWindow(m_windows[0]);
+    loop.advance(0.6);
+    EXPECT_EQ(engine().screenyViews().size(), 2U);
+    show(m_windows[1]);
+    loop.advance(1);
+    EXPECT_EQ(loop.runningThreads("capture"), 0);
+    EXPECT_EQ(version(preview(0).elementRef()->wid() == m_windows[1] ? 0 : 1), 2);
+}
+
+} // namespace
+} // namespace lumbrix::test
