@@ -25,7 +25,7 @@ template <class... Arguments> QString text(const char* source, const Arguments&.
 void KeyboardRow::toggle()
 {
     if (m_panel && m_panel->isUp()) {
-        m_dismissal.endAtOnce();
+        m_dismissal.endAtOnce("its hot key was pressed again");
         return;
     }
     const SWElementPtr window = SWElement::elementOfFocusedWindow(m.ports);
@@ -35,7 +35,8 @@ void KeyboardRow::toggle()
     if (!item || m_requested.bringUp(item, [this] { ended(); }) != RequestedRow::Answer::Accepted)
         return;
     if (m.row.isEmpty()) {
-        m_dismissal.endAtOnce(); // it would come with a key that nobody holds
+        m_dismissal.endAtOnce(
+            "a key must be held that nobody holds"); // it would come with a key that nobody holds
         return;
     }
     makePanel();
@@ -82,14 +83,15 @@ void KeyboardRow::makePanel()
         if (const ScreenyViewPtr chosen = m.row.selection().chosen())
             chosen->closeWindow();
     });
-    QObject::connect(panel, &KeyboardPanel::left, panel, [this] { m_dismissal.endAtOnce(); });
+    QObject::connect(panel, &KeyboardPanel::left, panel,
+                     [this] { m_dismissal.endAtOnce("the keyboard has left it"); });
 }
 
 void KeyboardRow::sync()
 {
     const auto previews = m.row.previews();
     if (previews.empty()) {
-        m_dismissal.endAtOnce();
+        m_dismissal.endAtOnce("its last window is gone");
         return;
     }
     ScreenyViewPtr chosen = m.row.selection().chosen();
@@ -139,7 +141,7 @@ void KeyboardRow::raise()
     m_panel->end();
     if (chosen)
         chosen->activateWindow();
-    m_dismissal.endAtOnce();
+    m_dismissal.endAtOnce("a window was chosen by the keyboard");
 }
 
 void KeyboardRow::ended()

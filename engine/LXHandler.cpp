@@ -148,7 +148,7 @@ void LXHandler::awayChanged()
 
 void LXHandler::forgetPictures()
 {
-    m_dismissal.endAtOnce();
+    m_dismissal.endAtOnce("no picture may be kept now");
     clearCache(); // what was painted stays with a panel
 }
 

@@ -103,7 +103,7 @@ public:
     ScreenyView& meantBy(ScreenyView& clicked) override;
     void showMore() override { m_updater.showMore(); }
     /// The user wants nothing of what is shown or about to be.
-    void escape() { m_dismissal.endAtOnce(); }
+    void escape() { m_dismissal.endAtOnce("Escape was pressed"); }
     void toggleKeyboardRow() { m_keyboardRow.toggle(); }
     void menuOpened() { m_dismissal.menuOpened(); }
     void removeAllScreenViews() override { m_dismissal.removeAllScreenViews(toldTo); }

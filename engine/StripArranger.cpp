@@ -138,7 +138,7 @@ void StripArranger::markOwnWindow(const SWElementPtr& item)
 
 QRectF StripArranger::placeOfMore(QSizeF size) const
 {
-    if (m_previews.empty() || !m_side)
+    if (m_previews.empty() || !m_edge)
         return {};
     const QRectF row = m_previews.front()->window()->frame() | m_previews.back()->window()->frame();
     const QPointF icon = UIElementUtilities(m_ports).flippedScreenBounds(m_icon).center();
@@ -147,14 +147,14 @@ QRectF StripArranger::placeOfMore(QSizeF size) const
     };
     const double x = along(icon.x(), size.width(), row.left(), row.right());
     const double y = along(icon.y(), size.height(), row.top(), row.bottom());
-    switch (*m_side) {
-    case DockSide::Top:
+    switch (*m_edge) {
+    case DockEdge::Top:
         return {{x, row.top() - size.height()}, size};
-    case DockSide::Left:
+    case DockEdge::Left:
         return {{row.right(), y}, size};
-    case DockSide::Right:
+    case DockEdge::Right:
         return {{row.left() - size.width(), y}, size};
-    case DockSide::Bottom:
+    case DockEdge::Bottom:
         break;
     }
     return {{x, row.bottom()}, size};

@@ -23,6 +23,12 @@ constexpr std::pair<QLatin1String, DockEdge> edges[] = {
 
 } // namespace
 
+QString edgeName(DockEdge edge)
+{
+    const auto* known = std::ranges::find(edges, edge, &std::pair<QLatin1String, DockEdge>::second);
+    return known->first;
+}
+
 std::optional<DockEdge> edgeNamed(const QString& name)
 {
     const auto* known = std::ranges::find(edges, name, &std::pair<QLatin1String, DockEdge>::first);

@@ -19,7 +19,9 @@
 namespace lumbrix::platform
 {
 
-/// Of "left", "right", "top" or "bottom"; null for any other name.
+/// "left", "right", "top" or "bottom".
+QString edgeName(DockEdge edge);
+/// Null for any other name.
 std::optional<DockEdge> edgeNamed(const QString& name);
 
 /// Identity of an item while the program runs; 0 = none.

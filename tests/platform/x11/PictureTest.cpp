@@ -252,7 +252,7 @@ TEST_P(EachCompositing, pictureOfAPrivateWindow_isNeitherMadeNorKept)
     const std::uint64_t copies = desk.pictures().copyCount();
     desk.pictures().prefetch({window.id});
     EXPECT_TRUE(desk.pictures().capture(window.id).isNull());
-    EXPECT_TRUE(desk.pictures().atHand(window.id, {}).value_or(QImage()).isNull());
+    EXPECT_TRUE(desk.pictures().known(window.id, {}).image.isNull());
     EXPECT_EQ(desk.pictures().copyCount(), copies);
     isPrivate = XCB_NONE;
     EXPECT_TRUE(desk.pictures().capture(window.id).isNull()) << "its last picture was kept";
