@@ -230,7 +230,7 @@ TEST(LumbrixProgram, display_goesAway_endsItInWords)
     // The first time, with its preferences and a sheet on them.
     const auto lumbrix = session.start(u"lumbrix"_s, lumbrixBinary());
     ASSERT_TRUE(session.display().waitFor(
-        [&] { return !session.display().managedWindows().empty(); }, patience(10000)))
+        [&] { return session.display().managedWindows().size() == 2; }, patience(10000)))
         << qPrintable(session.logs());
     ucred server{};
     socklen_t length = sizeof(server);
@@ -242,7 +242,9 @@ TEST(LumbrixProgram, display_goesAway_endsItInWords)
     ASSERT_TRUE(status);
     EXPECT_TRUE(WIFEXITED(*status)) << *status;
     EXPECT_EQ(WEXITSTATUS(*status), 1);
-    EXPECT_EQ(session.log(u"lumbrix"_s), u"lumbrix: the display has gone away\n"_s);
+    // Once; the toolkit and the X library may add a line of theirs, whoever notices first.
+    const QString log = session.log(u"lumbrix"_s);
+    EXPECT_EQ(log.count(u"lumbrix: the display has gone away\n"_s), 1) << qPrintable(log);
 }
 
 } // namespace lumbrix::privatedesk
