@@ -29,14 +29,11 @@ void KeyboardRow::toggle()
         return;
     }
     const SWElementPtr window = SWElement::elementOfFocusedWindow(m.ports);
-    if (window)
-        window->setPid(m.ports.accessibility.pidOf(window->element()).value_or(0));
     const SWElementPtr item = window ? itemFor(*window) : nullptr;
     if (!item || m_requested.bringUp(item, [this] { ended(); }) != RequestedRow::Answer::Accepted)
         return;
     if (m.row.isEmpty()) {
-        m_dismissal.endAtOnce(
-            "a key must be held that nobody holds"); // it would come with a key that nobody holds
+        m_dismissal.endAtOnce("it would come with a key that nobody holds");
         return;
     }
     makePanel();

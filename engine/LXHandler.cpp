@@ -111,9 +111,6 @@ void LXHandler::setUp()
             [this](std::int32_t) { m_updater.dockItemsDidChange(); });
     observe(WorkspaceNotification::ScreensDidChange,
             [this](std::int32_t) { m_updater.screensDidChange(); });
-    // Nothing of a window may be over a locked screen.
-    observe(WorkspaceNotification::WillSleep,
-            [this](std::int32_t) { m_dismissal.endAtOnce("the computer goes to sleep"); });
 
     for (const std::int32_t pid : m_ports.workspace.launchedApplications())
         addObserverForApp(pid);

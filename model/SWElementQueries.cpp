@@ -84,7 +84,11 @@ SWElementPtr SWElement::elementOfFocusedWindow(const platform::Desktop& ports)
         return nullptr;
     const ElementRef application =
         AX::readElement(ports.accessibility, systemWide->element(), AX::FocusedApplication);
-    return wrapped(ports, AX::readElement(ports.accessibility, application, AX::FocusedWindow));
+    SWElementPtr window =
+        wrapped(ports, AX::readElement(ports.accessibility, application, AX::FocusedWindow));
+    if (window)
+        window->setPid(ports.accessibility.pidOf(window->element()).value_or(0));
+    return window;
 }
 
 std::vector<SWElementPtr> SWElement::elementsForElementRef(const platform::Desktop& ports,

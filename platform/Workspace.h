@@ -63,9 +63,6 @@ enum class WorkspaceNotification {
     /// Screens were added, removed or moved, or another one is the main screen: coordinates have a
     /// new meaning.
     ScreensDidChange,
-    /// The computer goes to sleep, after which the screen may be locked. Not told on every
-    /// platform.
-    WillSleep,
 };
 
 /// Ends the subscription when destroyed. Main thread.

@@ -32,7 +32,6 @@
 #include "platform/linux/session/LinuxPrivacy.h"
 #include "platform/linux/session/PreviewsService.h"
 #include "platform/linux/session/ProgramBundle.h"
-#include "platform/linux/session/SleepWatch.h"
 #include "platform/linux/session/TrayWatcher.h"
 #include "platform/linux/switcher/KWinSettings.h"
 #include "platform/linux/switcher/SwitcherModel.h"
@@ -249,8 +248,6 @@ private:
     const RegistryOwnerPids m_ownerPids;
     const Desktop m_ports;
     QRect m_hint;
-    const SleepWatch m_sleep{QDBusConnection::systemBus(),
-                             [this] { m_workspace.tell(WorkspaceNotification::WillSleep, 0); }};
     const ToolkitScale m_scale{[this](double pixelsPerPoint) {
         m_core->setPixelsPerPoint(pixelsPerPoint);
         m_workspace.tell(WorkspaceNotification::DockItemsDidChange, 0); // in points they have

@@ -208,7 +208,7 @@ TEST_F(DismissalTest, computerThatGoesToSleep_leavesNothingOnTheScreen)
 {
     show();
     settings().neverClose = 1;
-    desk.tellSleep();
+    desk.privacy().setAway(true);
     loop.advance(5); // the mouse is still where it was
     EXPECT_EQ(shown(), u""_s);
     EXPECT_EQ(panelsOnScreen(), 0);

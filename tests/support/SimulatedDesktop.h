@@ -113,7 +113,6 @@ public:
     void setSystemUIMode(std::uint32_t mode);
     /// Says that the Dock's items are others, elsewhere or hidden; it does not by itself.
     void tellDockItemsChanged() { tell(platform::WorkspaceNotification::DockItemsDidChange); }
-    void tellSleep() { tell(platform::WorkspaceNotification::WillSleep); }
     void tellScreensChanged() { tell(platform::WorkspaceNotification::ScreensDidChange); }
 
     // The Command-Tab switcher.

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "platform/linux/session/ScreenLock.h"
+#include "platform/Log.h"
 #include "platform/StringLiterals.h"
 
 #include <QtDBus/QDBusObjectPath>
@@ -155,6 +156,7 @@ void ScreenLock::activeChanged(bool isActive, const QDBusMessage& signal)
 
 void ScreenLock::prepareForSleep(bool starts)
 {
+    qCDebug(log::session, "the computer %s", starts ? "goes to sleep" : "has woken up");
     set(asleep, starts);
     if (starts)
         m_inhibitor = {};
