@@ -3,16 +3,15 @@
 
 // What it costs to read a panel's buttons from the accessibility tree, which is needed beside a
 // second dock: the same desktop with xfce4-panel and Plank, once with that tree and once without.
-#include <QtCore/QCoreApplication>
 
 #include <algorithm>
-#include <csignal>
 #include <cstdio>
 #include <thread>
 #include <unistd.h>
 
 #include "Desk.h"
 #include "support/ProcessFigures.h"
+#include "support/Program.h"
 #include "support/Table.h"
 
 using namespace lumbrix::privatedesk;
@@ -84,9 +83,7 @@ Cost measure(bool withTree)
 
 int main(int argc, char** argv)
 {
-    std::signal(SIGPIPE, SIG_IGN);
-    std::setvbuf(stdout, nullptr, _IOLBF, 0);
-    const QCoreApplication qt(argc, argv);
+    const Program program(argc, argv, {});
     const Cost without = measure(false);
     const Cost with = measure(true);
     Table table("xfce4-panel and Plank, " + std::to_string(standingWindows) +

@@ -8,12 +8,9 @@
 // "Painted" is the last drawing on any preview before a tenth of a second without any; the previews
 // are then looked at, and a trial in which one does not show its window is counted as wrong.
 // "First" is when each preview had been drawn on, perhaps with an older picture.
-#include <QtCore/QCommandLineParser>
-#include <QtCore/QCoreApplication>
 
 #include <algorithm>
 #include <cmath>
-#include <csignal>
 #include <cstdio>
 #include <functional>
 #include <map>
@@ -22,11 +19,13 @@
 #include "Desk.h"
 #include "support/BareCopy.h"
 #include "support/PaintWatch.h"
+#include "support/Program.h"
 
 using namespace lumbrix::privatedesk;
 using lumbrix::bench::BareCopy;
 using lumbrix::bench::Clock;
 using lumbrix::bench::PaintWatch;
+using lumbrix::bench::Program;
 
 namespace
 {
@@ -302,22 +301,18 @@ private:
 
 int main(int argc, char** argv)
 {
-    std::signal(SIGPIPE, SIG_IGN);
-    std::setvbuf(stdout, nullptr, _IOLBF, 0);
-    const QCoreApplication application(argc, argv);
-    QCommandLineParser parser;
-    parser.addHelpOption();
-    parser.addOptions({{u"trials"_s, u"Trials of each kind."_s, u"N"_s, u"21"_s},
-                       {u"windows"_s, u"Only with so many windows."_s, u"N"_s},
-                       {u"large"_s, u"Only with 15 windows, of the usual size and very large."_s},
-                       {u"verbose"_s, u"Print every event seen."_s}});
-    parser.process(application);
-    const int trials = std::max(1, parser.value(u"trials"_s).toInt());
-    const bool isVerbose = parser.isSet(u"verbose"_s);
-    if (!parser.isSet(u"large"_s)) {
+    const Program program(
+        argc, argv,
+        {{u"trials"_s, u"Trials of each kind."_s, u"N"_s, u"21"_s},
+         {u"windows"_s, u"Only with so many windows."_s, u"N"_s},
+         {u"large"_s, u"Only with 15 windows, of the usual size and very large."_s},
+         {u"verbose"_s, u"Print every event seen."_s}});
+    const int trials = program.number(u"trials"_s);
+    const bool isVerbose = program.isSet(u"verbose"_s);
+    if (!program.isSet(u"large"_s)) {
         Hovering hovering(trials, isVerbose, {1920, 1080});
-        if (parser.isSet(u"windows"_s)) {
-            hovering.measure(std::clamp(parser.value(u"windows"_s).toInt(), 1, 15), usualSize);
+        if (program.isSet(u"windows"_s)) {
+            hovering.measure(std::clamp(program.text(u"windows"_s).toInt(), 1, 15), usualSize);
             return 0;
         }
         for (const int count : {1, 5, 15})

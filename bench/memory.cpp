@@ -3,16 +3,14 @@
 
 // What Lumbrix takes while nobody uses it, and with fifteen previews up: memory, and how often it
 // wakes up while the mouse is still. Beside it a dock with its window matcher in the same moments.
-#include <QtCore/QCommandLineParser>
-#include <QtCore/QCoreApplication>
 
-#include <csignal>
 #include <cstdio>
 #include <thread>
 #include <unistd.h>
 
 #include "Desk.h"
 #include "support/ProcessFigures.h"
+#include "support/Program.h"
 #include "support/ServerFigures.h"
 #include "support/Table.h"
 
@@ -277,14 +275,9 @@ private:
 
 int main(int argc, char** argv)
 {
-    std::signal(SIGPIPE, SIG_IGN);
-    std::setvbuf(stdout, nullptr, _IOLBF, 0);
-    const QCoreApplication application(argc, argv);
-    QCommandLineParser parser;
-    parser.addHelpOption();
-    parser.addOption({u"seconds"_s, u"How long each state is measured."_s, u"N"_s, u"12"_s});
-    parser.process(application);
-    const int seconds = std::max(1, parser.value(u"seconds"_s).toInt());
+    const Program program(argc, argv,
+                          {{u"seconds"_s, u"How long each state is measured."_s, u"N"_s, u"12"_s}});
+    const int seconds = program.number(u"seconds"_s);
     Remembering{std::chrono::seconds(seconds)}.run();
     return 0;
 }

@@ -5,12 +5,9 @@
 // of panels, while the windows stand still, one plays a film, or all do, the pointer resting on the
 // icon or on a preview; and what a cursor costs that blinks in a very large window. Beside it the
 // bare copying of the same pictures twice a second, Plank at rest, and xfwm4's own previews.
-#include <QtCore/QCommandLineParser>
-#include <QtCore/QCoreApplication>
 
 #include <algorithm>
 #include <array>
-#include <csignal>
 #include <cstdio>
 #include <ctime>
 #include <map>
@@ -23,6 +20,7 @@
 #include "support/BareCopy.h"
 #include "support/PaintWatch.h"
 #include "support/ProcessFigures.h"
+#include "support/Program.h"
 #include "support/RequestCounter.h"
 #include "support/Table.h"
 
@@ -374,14 +372,9 @@ void measureCursor()
 
 int main(int argc, char** argv)
 {
-    std::signal(SIGPIPE, SIG_IGN);
-    std::setvbuf(stdout, nullptr, _IOLBF, 0);
-    const QCoreApplication application(argc, argv);
-    QCommandLineParser parser;
-    parser.addHelpOption();
-    parser.addOption({u"seconds"_s, u"How long each case is measured."_s, u"N"_s, u"10"_s});
-    parser.process(application);
-    const int seconds = std::max(1, parser.value(u"seconds"_s).toInt());
+    const Program program(argc, argv,
+                          {{u"seconds"_s, u"How long each case is measured."_s, u"N"_s, u"10"_s}});
+    const int seconds = program.number(u"seconds"_s);
     Refreshing{std::chrono::seconds(seconds)}.run();
     measureCursor();
     return 0;

@@ -6,12 +6,9 @@
 // meanwhile. Each time the previews are waited for and looked at. What Lumbrix holds, also in the X
 // server, must not grow; the yardstick is what it held after the first hovers, and the dock beside
 // it in the same time.
-#include <QtCore/QCommandLineParser>
-#include <QtCore/QCoreApplication>
 #include <QtCore/QElapsedTimer>
 
 #include <algorithm>
-#include <csignal>
 #include <cstdio>
 #include <random>
 #include <thread>
@@ -23,6 +20,7 @@
 #include "support/Crowd.h"
 #include "support/Holdings.h"
 #include "support/ProcessFigures.h"
+#include "support/Program.h"
 
 using namespace lumbrix::privatedesk;
 using namespace lumbrix::bench;
@@ -147,21 +145,15 @@ private:
 
 int main(int argc, char** argv)
 {
-    std::signal(SIGPIPE, SIG_IGN);
-    std::setvbuf(stdout, nullptr, _IOLBF, 0);
-    const QCoreApplication application(argc, argv);
-    QCommandLineParser parser;
-    parser.addHelpOption();
-    const QCommandLineOption hoversOption(u"hovers"_s, u"How many hovers."_s, u"N"_s, u"2000"_s);
-    const QCommandLineOption seedOption(u"seed"_s, u"What chance starts from."_s, u"N"_s, u"1"_s);
-    parser.addOptions({hoversOption, seedOption});
-    parser.process(application);
-    const int hovers = std::max(2, parser.value(hoversOption).toInt());
+    const Program program(argc, argv,
+                          {{u"hovers"_s, u"How many hovers."_s, u"N"_s, u"2000"_s},
+                           {u"seed"_s, u"What chance starts from."_s, u"N"_s, u"1"_s}});
+    const int hovers = std::max(2, program.text(u"hovers"_s).toInt());
     std::printf("%d hovers over 6 applications with %zu windows, after %d to warm up\n", hovers,
                 windowCount, warmUp);
     QElapsedTimer clock;
     clock.start();
-    Soak soak(parser.value(seedOption).toUInt());
+    Soak soak(program.text(u"seed"_s).toUInt());
     for (int i = 0; i < warmUp; ++i)
         soak.hover();
     const Holdings start = soak.held(pictureLife);

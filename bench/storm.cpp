@@ -5,12 +5,9 @@
 // manager, compositor, bus and applications are stopped, killed and started again, monitors come
 // and go, and the mouse wanders and clicks. All the while the program is watched from outside.
 // After each fault its previews must be right within three seconds. A seed repeats a run.
-#include <QtCore/QCommandLineParser>
-#include <QtCore/QCoreApplication>
 #include <QtCore/QElapsedTimer>
 
 #include <algorithm>
-#include <csignal>
 #include <cstdio>
 #include <iterator>
 #include <unistd.h>
@@ -20,6 +17,7 @@
 #include "storm/Weather.h"
 #include "support/Holdings.h"
 #include "support/ProcessFigures.h"
+#include "support/Program.h"
 
 using namespace lumbrix::privatedesk;
 using namespace lumbrix::bench;
@@ -152,21 +150,15 @@ void print(const char* what, const std::map<std::string, int>& counts)
 
 int main(int argc, char** argv)
 {
-    std::signal(SIGPIPE, SIG_IGN);
-    std::setvbuf(stdout, nullptr, _IOLBF, 0);
-    const QCoreApplication application(argc, argv);
-    QCommandLineParser parser;
-    parser.addHelpOption();
-    const QCommandLineOption minutesOption(u"minutes"_s, u"How long."_s, u"N"_s, u"10"_s);
-    const QCommandLineOption seedOption(u"seed"_s, u"What chance starts from."_s, u"N"_s, u"1"_s);
-    const QCommandLineOption onlyOption(u"only"_s, u"One kind of fault."_s, u"NAME"_s);
-    parser.addOptions({minutesOption, seedOption, onlyOption});
-    parser.process(application);
-    const qint64 time = qRound64(parser.value(minutesOption).toDouble() * 60'000);
+    const Program program(argc, argv,
+                          {{u"minutes"_s, u"How long."_s, u"N"_s, u"10"_s},
+                           {u"seed"_s, u"What chance starts from."_s, u"N"_s, u"1"_s},
+                           {u"only"_s, u"One kind of fault."_s, u"NAME"_s}});
+    const qint64 time = qRound64(program.text(u"minutes"_s).toDouble() * 60'000);
     std::printf("%lld s of storm over 6 applications with %zu windows, seed %s\n",
                 static_cast<long long>(time / 1000), windowCount,
-                qPrintable(parser.value(seedOption)));
-    Storm storm(parser.value(seedOption).toUInt(), parser.value(onlyOption).toStdString());
+                qPrintable(program.text(u"seed"_s)));
+    Storm storm(program.text(u"seed"_s).toUInt(), program.text(u"only"_s).toStdString());
     QElapsedTimer clock;
     std::optional<Holdings> start;
     std::optional<Holdings> middle;

@@ -4,18 +4,16 @@
 // What becomes of the ways that hands make about a dock: from an icon to its row, slanting over its
 // neighbours and with short pauses, to the neighbour, onto an icon, and across the whole dock. The
 // yardstick is the same with the setting keepOnTheWay off; LUMBRIX_BINARY measures another build.
-#include <QtCore/QCommandLineParser>
-#include <QtCore/QCoreApplication>
 #include <QtCore/QFile>
 
 #include <algorithm>
-#include <csignal>
 #include <cstdio>
 #include <map>
 
 #include "Desk.h"
 #include "support/Hand.h"
 #include "support/PaintWatch.h"
+#include "support/Program.h"
 
 using namespace lumbrix::privatedesk;
 using namespace lumbrix::bench;
@@ -292,15 +290,10 @@ void printLoad()
 
 int main(int argc, char** argv)
 {
-    std::signal(SIGPIPE, SIG_IGN);
-    std::setvbuf(stdout, nullptr, _IOLBF, 0);
-    const QCoreApplication application(argc, argv);
-    QCommandLineParser parser;
-    parser.addHelpOption();
-    parser.addOptions(
+    const Program program(
+        argc, argv,
         {{u"ways"_s, u"Ways of each kind, on each side, with each row."_s, u"N"_s, u"12"_s}});
-    parser.process(application);
-    const int ways = std::max(1, parser.value(u"ways"_s).toInt());
+    const int ways = program.number(u"ways"_s);
     printLoad();
     std::map<bool, Figures> all;
     for (const Edge edge : {Edge::Bottom, Edge::Left, Edge::Top}) {
