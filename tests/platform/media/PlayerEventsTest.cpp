@@ -233,6 +233,20 @@ TEST_F(PlayerEventsTest, playersOfAllApplications_areReachedAsLongAsTheyAreThere
     EXPECT_EQ(standIn.questions(), 0);
 }
 
+// Each that is met may cost a thread, and anyone on the bus may own as many names as it likes.
+TEST_F(PlayerEventsTest, crowdOfPlayers_isNotMetWhole)
+{
+    const auto name = [](int i) { return u"org.mpris.MediaPlayer2.crowd%1"_s.arg(i); };
+    QDBusConnection crowd = m_bus.connect(u"crowd"_s);
+    for (int i = 0; i < 50; ++i)
+        ASSERT_TRUE(crowd.registerService(name(i)));
+    TestPlayer tooMany(m_bus.address(), u"audacious"_s);
+    crowd.unregisterService(name(0));
+    TestPlayer inItsPlace(m_bus.address(), u"rhythmbox"_s);
+    EXPECT_TRUE(waitUntil([&] { return inItsPlace.questions() > 0; }));
+    EXPECT_EQ(tooMany.questions(), 0);
+}
+
 TEST_F(PlayerEventsTest, playerThatHangs_keepsNobodyWaiting)
 {
     TestPlayer player(m_bus.address(), u"audacious"_s, {{u"PlaybackStatus"_s, u"Playing"_s}});
