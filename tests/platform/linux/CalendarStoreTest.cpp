@@ -262,6 +262,9 @@ TEST_F(CalendarStoreTest, brokenFiles_areSkipped_andSpoilNothingElse)
          "SUMMARY:counted\nDTSTART:00020101T000000\n"
          "RRULE:FREQ=DAILY;COUNT=5;BYMONTH=2;BYMONTHDAY=30" +
              allTimes,
+         "SUMMARY:fine\nDTSTART:20260310T193000\n"
+         "RRULE:FREQ=YEARLY;BYMONTH=3;BYMONTHDAY=10" +
+             allTimes,
          "SUMMARY:century\nDTSTART:00020101T000000\n"
          "RRULE:FREQ=HOURLY;COUNT=5;BYDAY=1MO",
          "SUMMARY:path\nDTSTART;TZID=../../../../dev/zero:20260310T160000",
@@ -280,7 +283,8 @@ TEST_F(CalendarStoreTest, brokenFiles_areSkipped_andSpoilNothingElse)
                                        u"whole; 10:00-11:00 good; 12:00-12:00 backwards; "
                                        "12:00-12:00 seconds; 13:00-13:00 bad rule; 14:00-14:00 "
                                        "\ufffd( bytes; 15:00-15:00 impossible; "
-                                       "16:00-16:00 path; 17:00-17:00 zone; 18:00-18:00 seconds"_s);
+                                       "16:00-16:00 path; 17:00-17:00 zone; 18:00-18:00 seconds; "
+                                       "19:30-19:30 fine"_s);
     QStringList titles;
     for (const Calendar& calendar : m_store.calendars().calendars)
         titles << calendar.title;
