@@ -5,6 +5,7 @@
 
 #include <cstdio>
 #include <string_view>
+#include <utility>
 
 #include "platform/Log.h"
 
@@ -14,13 +15,18 @@ namespace
 {
 
 constexpr const char* usageText =
-    "Usage: lumbrix [--verbose[=WHAT,...] | --inspect | --version | --help]\n";
+    "Usage: lumbrix [--preferences | --toggle | --inspect | --verbose[=WHAT,...] |\n"
+    "                --version | --help]\n";
 
 constexpr const char* helpText =
     "\n"
     "Shows live previews of an application's windows when the mouse rests on its icon in\n"
     "the Dock or on its button in a panel. Click a preview to bring its window forward.\n"
     "\n"
+    "      --preferences\n"
+    "                 open the preferences, of the Lumbrix that runs if there is one\n"
+    "      --toggle   turn the previews of the Lumbrix that runs off, or on again; if none runs,\n"
+    "                 start it with previews on\n"
     "      --inspect  after three seconds, tell what is under the mouse and why it has previews\n"
     "                 or has none, and end; also while another Lumbrix runs\n"
     "      --verbose  tell on standard error why previews come, stay and go, or only of WHAT:\n"
@@ -35,8 +41,21 @@ constexpr const char* helpText =
 /// example to a full disk or a closed pipe.
 int printed() { return std::fflush(stdout) == 0 && std::ferror(stdout) == 0 ? 0 : 1; }
 
-constexpr std::string_view inspectOption = "--inspect";
 constexpr std::string_view verboseOption = "--verbose";
+
+/// What the option starts the program for; the usual where it is no such option.
+StartMode modeOf(std::string_view option)
+{
+    constexpr std::pair<std::string_view, StartMode> modes[] = {
+        {"--inspect", StartMode::Inspect},
+        {"--preferences", StartMode::Preferences},
+        {"--toggle", StartMode::Toggle},
+    };
+    for (const auto& [name, mode] : modes)
+        if (option == name)
+            return mode;
+    return StartMode::Usual;
+}
 
 /// Whether the option is one to tell more, and names only what there is.
 bool turnsOn(std::string_view option)
@@ -53,14 +72,14 @@ bool turnsOn(std::string_view option)
 
 } // namespace
 
-bool asksToInspect(int argc, const char* const* argv)
+StartMode startMode(int argc, const char* const* argv)
 {
-    return argc == 2 && argv[1] == inspectOption;
+    return argc == 2 ? modeOf(argv[1]) : StartMode::Usual;
 }
 
 std::optional<int> answerCommandLine(int argc, const char* const* argv)
 {
-    if (argc < 2 || asksToInspect(argc, argv))
+    if (argc < 2 || startMode(argc, argv) != StartMode::Usual)
         return std::nullopt;
     const std::string_view option = argv[1];
     if (option == "--version" || option == "-v") {
@@ -74,7 +93,7 @@ std::optional<int> answerCommandLine(int argc, const char* const* argv)
     }
     if (argc == 2 && turnsOn(option))
         return std::nullopt;
-    const bool isKnown = option == inspectOption || (argc > 2 && turnsOn(option));
+    const bool isKnown = modeOf(option) != StartMode::Usual || (argc > 2 && turnsOn(option));
     const char* unknown = isKnown ? argv[2] : argv[1]; // it stands alone
     const char* kind = *unknown == '-' ? "option" : "argument";
     std::fprintf(stderr, "lumbrix: unknown %s '%s'\n%s", kind, unknown, usageText);

@@ -14,7 +14,14 @@ namespace lumbrix
 /// with, or nothing when the program is to run.
 std::optional<int> answerCommandLine(int argc, const char* const* argv);
 
-/// Whether the program was started only to print a report on what is under the mouse.
-bool asksToInspect(int argc, const char* const* argv);
+enum class StartMode {
+    Usual,
+    Inspect,     ///< only to print a report on what is under the mouse
+    Preferences, ///< opens the preferences
+    Toggle,      ///< turns the previews of the running program off, or on again
+};
+
+/// What the program was started for, if answerCommandLine() left anything to do.
+StartMode startMode(int argc, const char* const* argv);
 
 } // namespace lumbrix

@@ -30,6 +30,7 @@ namespace
 using namespace lumbrix;
 using namespace Qt::StringLiterals;
 using platform::SingleInstance;
+using platform::StartRequest;
 
 int fail(const QString& reason)
 {
@@ -38,7 +39,8 @@ int fail(const QString& reason)
 }
 
 /// Returns when the program must end.
-void run(LumbrixController& controller, QApplication& application, SingleInstance& instance)
+void run(LumbrixController& controller, QApplication& application, SingleInstance& instance,
+         StartMode mode)
 {
     const QuitSignals quitSignals;
     const SessionEnd sessionEnd(application);
@@ -49,7 +51,17 @@ void run(LumbrixController& controller, QApplication& application, SingleInstanc
     if (!controller.awakeFromNib())
         return;
     controller.applicationDidFinishLaunching();
-    instance.setReopened([&controller] { controller.applicationShouldHandleReopen(); });
+    if (mode == StartMode::Preferences)
+        controller.showPreferences();
+    // Who asks for that wants previews: there were none while the program did not run.
+    if (mode == StartMode::Toggle && LXHandler::sharedHandler().settings().disabled != 0)
+        controller.toggleDisabled();
+    instance.setHandler([&controller](StartRequest request) {
+        if (request == StartRequest::TogglePreviews)
+            controller.toggleDisabled();
+        else
+            controller.applicationShouldHandleReopen();
+    });
     QApplication::exec();
     instance.release();
     controller.applicationWillTerminate();
@@ -107,15 +119,19 @@ int main(int argc, char** argv)
     platform::QtRunLoop runLoop;
     platform::LinuxDesktopOptions options;
     options.pixelsPerPoint = application.devicePixelRatio();
-    if (asksToInspect(argc, argv))
+    const StartMode mode = startMode(argc, argv);
+    if (mode == StartMode::Inspect)
         return inspect(runLoop, options);
     const auto instance = SingleInstance::create(runLoop);
-    switch (instance->start()) {
+    switch (instance->start(mode == StartMode::Toggle ? StartRequest::TogglePreviews
+                                                      : StartRequest::Open)) {
     case SingleInstance::Result::First:
         break;
     case SingleInstance::Result::HandedOver:
-        fail(u"%1 is Lumbrix already, and was asked to open its preferences"_s.arg(
-            instance->otherOne()));
+        // Who asked for something knows what became of the start.
+        if (mode == StartMode::Usual)
+            fail(u"%1 is Lumbrix already, and was asked to open its preferences"_s.arg(
+                instance->otherOne()));
         return 0;
     case SingleInstance::Result::NoAnswer:
         return fail(u"%1 is Lumbrix already, and does not answer"_s.arg(instance->otherOne()));
@@ -126,7 +142,7 @@ int main(int argc, char** argv)
         return fail(error);
     const platform::DesktopScope scope(desktop->ports());
     LumbrixController controller;
-    run(controller, application, *instance);
+    run(controller, application, *instance, mode);
     desktop->stop();
     shutDown(runLoop, 0);
     LXHandler::releaseSharedHandler();

@@ -78,10 +78,10 @@ protected:
         display().click();
         EXPECT_TRUE(waitUntil([&] { return !window(u"status-menu"_s); }));
     }
-    std::optional<int> startAgain(int milliseconds = 10000)
+    std::optional<int> startAgain(const QStringList& arguments = {})
     {
-        auto second = desk().session().start(u"second"_s, lumbrixBinary());
-        return second->waitForExit(patience(milliseconds));
+        auto second = desk().session().start(u"second"_s, lumbrixBinary(), arguments);
+        return second->waitForExit(patience(10000));
     }
 };
 
@@ -148,6 +148,32 @@ TEST_P(LifecycleTest, secondStart_opensThePreferencesOfTheFirst)
     EXPECT_TRUE(said.contains(u"asked to open its preferences"_s)) << qPrintable(said);
     EXPECT_TRUE(opens(u"preferences"_s));
     close(u"preferences"_s);
+}
+
+TEST_P(LifecycleTest, startWithAnAction_isTheRunningProgramsToDo_elseTheNewOnes)
+{
+    const QStringList toggle{u"--toggle"_s};
+    const QStringList preferences{u"--preferences"_s};
+    const QString said = desk().session().log(u"second"_s);
+    const auto stores = [this](const char* line) {
+        return waitUntil([&] { return settings().contains(line); }, 5000);
+    };
+    for (const char* line : {"\ndisabled=1\n", "\ndisabled=0\n", "\ndisabled=1\n"}) {
+        EXPECT_EQ(startAgain(toggle), 0);
+        EXPECT_TRUE(stores(line)) << line;
+    }
+    EXPECT_FALSE(window(u"preferences"_s));
+    desk().stopLumbrix();
+    auto started = desk().session().start(u"lumbrix"_s, lumbrixBinary(), toggle);
+    EXPECT_TRUE(stores("\ndisabled=0\n"));
+    EXPECT_EQ(startAgain(preferences), 0);
+    EXPECT_TRUE(opens(u"preferences"_s));
+    started = nullptr; // ends it
+    started = desk().session().start(u"lumbrix"_s, lumbrixBinary(), preferences);
+    EXPECT_TRUE(opens(u"preferences"_s));
+    started = nullptr;
+    EXPECT_EQ(desk().session().log(u"second"_s), said) << "it complained";
+    desk().startLumbrix();
 }
 
 TEST_P(LifecycleTest, dockIcon_on_isThereWithoutAnOpenWindow)

@@ -32,6 +32,13 @@ const QString& objectPath()
     return path;
 }
 
+/// As the desktop entry calls it.
+const QString& toggleAction()
+{
+    static const QString name = u"toggle-previews"_s;
+    return name;
+}
+
 /// All screens of a display are one desktop.
 QString nameFor(QString display)
 {
@@ -117,7 +124,7 @@ void SingleInstance::release()
     m_bus.unregisterObject(objectPath());
 }
 
-SingleInstance::Result SingleInstance::start()
+SingleInstance::Result SingleInstance::start(StartRequest request)
 {
     if (!m_bus.isConnected())
         return Result::First;
@@ -132,7 +139,7 @@ SingleInstance::Result SingleInstance::start()
         const auto left = static_cast<int>((deadline - m_runLoop.now()) * 1000);
         if (left < 1)
             return Result::NoAnswer;
-        const QDBusMessage answer = handOver(left);
+        const QDBusMessage answer = handOver(request, left);
         if (answer.type() == QDBusMessage::ReplyMessage)
             return Result::HandedOver;
         // If the other instance has ended in the meantime, we become the first; otherwise it stays.
@@ -142,39 +149,46 @@ SingleInstance::Result SingleInstance::start()
     }
 }
 
-QDBusMessage SingleInstance::handOver(int timeout)
+QDBusMessage SingleInstance::handOver(StartRequest request, int timeout)
 {
-    QDBusMessage message = QDBusMessage::createMethodCall(
-        m_name, objectPath(), u"org.freedesktop.Application"_s, u"Activate"_s);
+    const bool isToggle = request == StartRequest::TogglePreviews;
+    QDBusMessage message =
+        QDBusMessage::createMethodCall(m_name, objectPath(), u"org.freedesktop.Application"_s,
+                                       isToggle ? u"ActivateAction"_s : u"Activate"_s);
     message.setAutoStartService(false);
+    if (isToggle)
+        message << toggleAction() << QVariantList();
     message << QVariantMap();
     return m_bus.call(message, QDBus::Block, timeout);
 }
 
-void SingleInstance::setReopened(std::function<void()> reopened)
+void SingleInstance::setHandler(std::function<void(StartRequest)> handler)
 {
-    m_reopened = std::move(reopened);
-    if (m_reopened && std::exchange(m_wasReopened, false))
-        m_reopened();
+    m_handler = std::move(handler);
+    if (!m_handler)
+        return;
+    for (const StartRequest request : std::exchange(m_waiting, {}))
+        m_handler(request);
 }
 
-void SingleInstance::Activate(const QVariantMap&)
+void SingleInstance::handle(StartRequest request)
 {
-    if (m_reopened)
-        m_reopened();
+    if (m_handler)
+        m_handler(request);
     else
-        m_wasReopened = true;
+        m_waiting.push_back(request);
 }
+
+void SingleInstance::Activate(const QVariantMap&) { handle(StartRequest::Open); }
 
 void SingleInstance::Open(const QStringList&, const QVariantMap& platformData)
 {
     Activate(platformData);
 }
 
-void SingleInstance::ActivateAction(const QString&, const QVariantList&,
-                                    const QVariantMap& platformData)
+void SingleInstance::ActivateAction(const QString& name, const QVariantList&, const QVariantMap&)
 {
-    Activate(platformData);
+    handle(name == toggleAction() ? StartRequest::TogglePreviews : StartRequest::Open);
 }
 
 } // namespace lumbrix::platform

@@ -15,11 +15,18 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <vector>
 
 #include "platform/RunLoop.h"
 
 namespace lumbrix::platform
 {
+
+/// What another start of the program asks the running one for.
+enum class StartRequest {
+    Open,           ///< the preferences
+    TogglePreviews, ///< previews off, or on again
+};
 
 /// Main thread. Without a session bus there is no check, and every start runs.
 class SingleInstance final : public QObject
@@ -44,32 +51,34 @@ public:
     SingleInstance(const RunLoop& runLoop, const QDBusConnection& bus, const QString& display);
     ~SingleInstance() override;
 
-    /// Tries to become the first instance, otherwise calls the other one. Blocks for a few seconds
+    /// Tries to become the first instance, otherwise asks the other one. Blocks for a few seconds
     /// at most.
-    Result start();
+    Result start(StartRequest request);
     /// A text for the user that names the program that owns the name instead: "process 123
     /// (/usr/bin/lumbrix)". It may be any program of the user.
     QString otherOne() const;
     /// Releases the name, so that the next start becomes the first instance.
     void release();
-    /// Sets the callback for another start of the program; called at once if there already was one.
-    void setReopened(std::function<void()> reopened);
+    /// Sets the callback for other starts of the program; called at once for those there were
+    /// before.
+    void setHandler(std::function<void(StartRequest)> handler);
 
 public Q_SLOTS:
-    // D-Bus methods. There are no documents and no actions.
+    // D-Bus methods. There are no documents; the actions are those of the desktop entry.
     void Activate(const QVariantMap& platformData);
     void Open(const QStringList& uris, const QVariantMap& platformData);
     void ActivateAction(const QString& name, const QVariantList& parameter,
                         const QVariantMap& platformData);
 
 private:
-    QDBusMessage handOver(int timeout); ///< milliseconds
+    QDBusMessage handOver(StartRequest request, int timeout); ///< milliseconds
+    void handle(StartRequest request);
 
     const RunLoop& m_runLoop;
     QDBusConnection m_bus;
     const QString m_name; ///< one for each display
-    std::function<void()> m_reopened;
-    bool m_wasReopened = false;
+    std::function<void(StartRequest)> m_handler;
+    std::vector<StartRequest> m_waiting; ///< for the handler
 };
 
 } // namespace lumbrix::platform
