@@ -17,7 +17,8 @@ namespace lumbrix::platform
 
 struct LinuxDesktopOptions {
     double pixelsPerPoint = 1.0; ///< the toolkit's scale factor
-    QString ownBundleIdentifier = u"lumbrix"_s;
+    /// The name of the desktop entry that is installed.
+    QString ownBundleIdentifier = u"org.lumbrix.Lumbrix"_s;
 };
 
 /// Main thread. Owns the connections and threads; the destructor ends them.
