@@ -280,7 +280,7 @@ void LumbrixController::displayStatusIcon()
     const char* image = m_monoChrome ? (isDisabled ? "menuIconMonoDisabled" : "menuIconMono")
                                      : (isDisabled ? "menuIconDisabled" : "menuIcon");
     m_statusItem->setImages(QString::fromLatin1(image), u"menuIconAlt"_s);
-    m_statusItem->setToolTip(isDisabled ? tr("Lumbrix is disabled") : u"Lumbrix"_s);
+    m_statusItem->setToolTip(isDisabled ? tr("Lumbrix: previews are turned off") : u"Lumbrix"_s);
 }
 
 void LumbrixController::registerHotKeys()

@@ -27,6 +27,13 @@ bool install(const QString& catalogue, const QString& folder)
     return true;
 }
 
+bool installOurs(const QString& suffix, const QStringList& folders)
+{
+    return std::ranges::any_of(folders, [&suffix](const QString& folder) {
+        return install(u"lumbrix"_s + suffix, folder);
+    });
+}
+
 } // namespace
 
 QStringList catalogueFolders()
@@ -40,17 +47,15 @@ void installTranslations(const QStringList& languages, const QStringList& folder
     for (const QString& language : languages) {
         const QLocale::Language known = QLocale(language).language();
         if (known == QLocale::English || known == QLocale::C)
-            return;
+            break;
         // For "de_AT" this loads "de" if there is no closer match.
         const QString suffix = u'_' + QString(language).replace(u'-', u'_');
-        const auto hasOurs = [&suffix](const QString& folder) {
-            return install(u"lumbrix"_s + suffix, folder);
-        };
-        if (std::ranges::any_of(folders, hasOurs)) {
+        if (installOurs(suffix, folders)) {
             install(u"qtbase"_s + suffix, QLibraryInfo::path(QLibraryInfo::TranslationsPath));
             return;
         }
     }
+    installOurs(u"_en"_s, folders);
 }
 
 } // namespace lumbrix

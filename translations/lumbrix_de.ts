@@ -44,6 +44,10 @@
         <source>Done</source>
         <translation>Fertig</translation>
     </message>
+    <message>
+        <source>Calendars – Lumbrix Preferences</source>
+        <translation>Kalender – Lumbrix-Einstellungen</translation>
+    </message>
 </context>
 <context>
     <name>Calendars</name>
@@ -68,7 +72,7 @@
     </message>
     <message>
         <source>TotalFinder</source>
-        <translation>TotalFinder</translation>
+        <translation>Dateiverwaltung</translation>
     </message>
     <message>
         <source>High</source>
@@ -91,8 +95,8 @@
         <translation>Lässt leere Fenster, Paletten und andere schwebende Fenster aus.</translation>
     </message>
     <message>
-        <source>Leaves out windows with nothing in them, for a Finder whose windows have tabs.</source>
-        <translation>Lässt Fenster aus, in denen nichts ist; für einen Finder, dessen Fenster Reiter haben.</translation>
+        <source>Leaves out windows with nothing in them, for a file manager whose windows have tabs.</source>
+        <translation>Lässt Fenster aus, in denen nichts ist; für eine Dateiverwaltung, deren Fenster Reiter haben.</translation>
     </message>
 </context>
 <context>
@@ -191,6 +195,10 @@
         <source>Up</source>
         <translation>Oben</translation>
     </message>
+    <message>
+        <source>Spacebar</source>
+        <translation>Leertaste</translation>
+    </message>
 </context>
 <context>
     <name>Inspection</name>
@@ -275,11 +283,11 @@
         <translation>minimiert</translation>
     </message>
     <message>
-        <source>on all Spaces</source>
+        <source>on all workspaces</source>
         <translation>auf allen Arbeitsflächen</translation>
     </message>
     <message>
-        <source>on Space %1</source>
+        <source>on workspace %1</source>
         <translation>auf Arbeitsfläche %1</translation>
     </message>
     <message>
@@ -483,7 +491,7 @@
         <translation>der Filter „%1“ lässt jedes Fenster der Anwendung aus</translation>
     </message>
     <message>
-        <source>it is closed: no Space has it</source>
+        <source>it is closed: no workspace has it</source>
         <translation>es ist geschlossen: keine Arbeitsfläche hat es</translation>
     </message>
     <message>
@@ -703,7 +711,7 @@
     </message>
     <message>
         <source>Use &amp;still pictures instead of live ones</source>
-        <translation>&amp;Standbilder statt lebender Bilder</translation>
+        <translation>&amp;Standbilder statt Live-Bildern</translation>
     </message>
     <message>
         <source>Each picture is then taken once, which is easier on a slow computer.</source>
@@ -789,24 +797,24 @@
         <translation>B&amp;lase hinter den Vorschauen zeichnen</translation>
     </message>
     <message>
-        <source>Spaces:</source>
+        <source>Workspaces:</source>
         <translation>Arbeitsflächen:</translation>
     </message>
     <message>
-        <source>Show the number of the &amp;Space that a window is on</source>
+        <source>Show the number of the work&amp;space that a window is on</source>
         <translation>Nummer der Arbeits&amp;fläche eines Fensters zeigen</translation>
     </message>
     <message>
-        <source>Badge c&amp;olour:</source>
-        <translation>Farb&amp;e der Marke:</translation>
+        <source>Number c&amp;olour:</source>
+        <translation>Farb&amp;e der Nummer:</translation>
     </message>
     <message>
         <source>Dark</source>
         <translation>Dunkel</translation>
     </message>
     <message>
-        <source>Badge s&amp;ize:</source>
-        <translation>&amp;Größe der Marke:</translation>
+        <source>Number s&amp;ize:</source>
+        <translation>&amp;Größe der Nummer:</translation>
     </message>
     <message>
         <source>Small</source>
@@ -825,11 +833,11 @@
     <name>PreferencesBadges</name>
     <message>
         <source>Window counts:</source>
-        <translation>Fensterzahlen:</translation>
+        <translation>Fensterzähler:</translation>
     </message>
     <message>
         <source>&amp;Badge Dock Icons with the number of windows open</source>
-        <translation>&amp;Zahl der offenen Fenster an Dock-Symbolen zeigen</translation>
+        <translation>&amp;Zahl der offenen Fenster an Symbolen im Dock zeigen</translation>
     </message>
     <message>
         <source>&amp;Only applications with more than one window</source>
@@ -872,12 +880,12 @@
         <translation>&amp;Farbe:</translation>
     </message>
     <message>
-        <source>Badge colour</source>
-        <translation>Farbe der Marke</translation>
+        <source>Colour of window counts</source>
+        <translation>Farbe der Fensterzähler</translation>
     </message>
     <message>
-        <source>Badges suit a Dock that stays where it is: with magnification or hiding, icons move away from under them.</source>
-        <translation>Marken passen zu einem Dock, das bleibt, wo es ist: Mit Vergrößerung oder Ausblenden rücken die Symbole unter ihnen weg.</translation>
+        <source>Counts suit a Dock that stays where it is: with magnification or hiding, icons move away from under them.</source>
+        <translation>Zähler passen zu einem Dock, das bleibt, wo es ist: Mit Vergrößerung oder Ausblenden rücken die Symbole unter ihnen weg.</translation>
     </message>
 </context>
 <context>
@@ -953,8 +961,8 @@
         <translation>Im &amp;Anwendungsumschalter</translation>
     </message>
     <message>
-        <source>This desktop&apos;s cannot be read.</source>
-        <translation>Der dieser Oberfläche ist nicht lesbar.</translation>
+        <source>The switcher of this desktop cannot be read.</source>
+        <translation>Der Umschalter dieser Oberfläche ist nicht lesbar.</translation>
     </message>
     <message>
         <source>Today&apos;s &amp;events for calendars</source>
@@ -985,8 +993,8 @@
         <translation>Vorschauen &amp;offen halten, während die Maus zu ihnen unterwegs ist</translation>
     </message>
     <message>
-        <source>Menu icon:</source>
-        <translation>Menüsymbol:</translation>
+        <source>Tray icon:</source>
+        <translation>Symbol in der Leiste:</translation>
     </message>
     <message>
         <source>Use the &amp;monochrome icon</source>
@@ -994,7 +1002,7 @@
     </message>
     <message>
         <source>&amp;Hide the menu icon</source>
-        <translation>Menüsymbol aus&amp;blenden</translation>
+        <translation>Symbol in der Leiste aus&amp;blenden</translation>
     </message>
     <message>
         <source>With the icon hidden, start Lumbrix again to open these preferences.</source>
@@ -1028,7 +1036,7 @@
         <translation>Alle gezeigten Fenster schließen</translation>
     </message>
     <message>
-        <source>Click a field or press Space on it, then press the keys. Backspace clears.</source>
+        <source>Click a field, or press the space bar on it; then press the keys. Backspace clears.</source>
         <translation>Klicken Sie auf ein Feld oder drücken Sie darauf die Leertaste, dann drücken Sie die Tasten. Die Rücktaste löscht.</translation>
     </message>
     <message>
@@ -1095,7 +1103,7 @@
     </message>
     <message>
         <source>Badges</source>
-        <translation>Marken</translation>
+        <translation>Zähler</translation>
     </message>
     <message>
         <source>Dock Icon</source>
@@ -1140,7 +1148,7 @@
     </message>
     <message>
         <source>Rest the mouse on an application&apos;s icon in the Dock, and live pictures of its windows appear beside it. Click one and that window comes forward; its close button closes it.</source>
-        <translation>Lassen Sie die Maus auf dem Symbol einer Anwendung im Dock ruhen, und daneben erscheinen lebende Bilder ihrer Fenster. Klicken Sie auf eines, kommt das Fenster nach vorn; der Schließknopf schließt es.</translation>
+        <translation>Lassen Sie die Maus auf dem Symbol einer Anwendung im Dock ruhen, und daneben erscheinen Live-Vorschauen ihrer Fenster. Klicken Sie auf eine, kommt das Fenster nach vorn; ihr Schließknopf schließt es.</translation>
     </message>
     <message>
         <source>© 2026 The Lumbrix developers
@@ -1152,8 +1160,8 @@ Freie Software unter der MIT-Lizenz</translation>
 <context>
     <name>lumbrix::ColorWell</name>
     <message>
-        <source>Badge Colour</source>
-        <translation>Farbe der Marke</translation>
+        <source>Colour of Window Counts – Lumbrix Preferences</source>
+        <translation>Farbe der Fensterzähler – Lumbrix-Einstellungen</translation>
     </message>
 </context>
 <context>
@@ -1185,27 +1193,27 @@ Freie Software unter der MIT-Lizenz</translation>
 <context>
     <name>lumbrix::IgnoreTable</name>
     <message>
-        <source>Add Filter</source>
-        <translation>Filter hinzufügen</translation>
+        <source>Add Filter – Lumbrix Preferences</source>
+        <translation>Filter hinzufügen – Lumbrix-Einstellungen</translation>
     </message>
     <message>
-        <source>Change Filter</source>
-        <translation>Filter ändern</translation>
+        <source>Change Filter – Lumbrix Preferences</source>
+        <translation>Filter ändern – Lumbrix-Einstellungen</translation>
     </message>
 </context>
 <context>
     <name>lumbrix::LumbrixController</name>
     <message>
         <source>Hide the menu icon</source>
-        <translation>Menüsymbol ausblenden</translation>
+        <translation>Symbol in der Leiste ausblenden</translation>
     </message>
     <message>
         <source>You won&apos;t be able to easily access the Preferences and About window with the menu icon hidden. If you want to reach either of them, run Lumbrix from within Finder.</source>
-        <translation>Bei ausgeblendetem Menüsymbol sind die Einstellungen und das Fenster „Über Lumbrix“ nicht mehr leicht zu erreichen. Um dorthin zu gelangen, starten Sie Lumbrix noch einmal.</translation>
+        <translation>Ohne das Symbol in der Leiste sind die Einstellungen von Lumbrix nicht mehr so leicht zu erreichen. Um sie zu öffnen, starten Sie Lumbrix noch einmal.</translation>
     </message>
     <message>
         <source>Okay</source>
-        <translation>Okay</translation>
+        <translation>OK</translation>
     </message>
     <message>
         <source>Version %1</source>
@@ -1229,15 +1237,15 @@ Freie Software unter der MIT-Lizenz</translation>
     </message>
     <message>
         <source>Badge Dock Icons</source>
-        <translation>Dock-Symbole mit Fensterzahlen</translation>
+        <translation>Fensterzähler</translation>
     </message>
     <message>
         <source>Please note that this feature doesn&apos;t work very well when Dock Magnification/Hiding are enabled.</source>
-        <translation>Bitte beachten Sie: Mit Vergrößerung oder Ausblenden des Docks passt das nicht gut zusammen.</translation>
+        <translation>Fensterzähler passen zu einem Dock, das bleibt, wo es ist. Ihres vergrößert Symbole oder blendet sie aus; sie rücken dann unter ihren Zählern weg.</translation>
     </message>
     <message>
-        <source>Lumbrix is disabled</source>
-        <translation>Lumbrix ist ausgeschaltet</translation>
+        <source>Lumbrix: previews are turned off</source>
+        <translation>Lumbrix: Die Vorschauen sind ausgeschaltet</translation>
     </message>
     <message>
         <source>You need to enable support for assistive devices.
@@ -1247,17 +1255,17 @@ Support for assistive devices is a Mac OS feature which allows applications to i
 You can enable support for assistive devices by opening the Universal Access pane in System Preferences. The checkbox you are looking for there is called &quot;Enable access for assistive devices&quot;.
 
 If you want, Lumbrix can enable it for you.</source>
-        <translation>Sie müssen die Unterstützung für Hilfsgeräte einschalten.
+        <translation>Lumbrix braucht die Barrierefreiheit Ihrer Arbeitsumgebung.
 
-Die Unterstützung für Hilfsgeräte ist eine Funktion von Mac OS, durch die Anwendungen miteinander umgehen können. Hier erlaubt sie Lumbrix, das Dock zu erweitern.
+Durch sie erfahren Programme voneinander. Lumbrix erfährt so, welche Symbole ein Dock und welche Fenster ein Programm hat.
 
-Sie schalten sie in den Systemeinstellungen unter „Bedienungshilfen“ ein. Das Feld dort heißt „Zugriff für Hilfsgeräte aktivieren“.
+Sie schalten sie in den Einstellungen Ihrer Arbeitsumgebung unter „Barrierefreiheit“ ein.
 
 Wenn Sie möchten, kann Lumbrix sie für Sie einschalten.</translation>
     </message>
     <message>
         <source>Error</source>
-        <translation>Fehler</translation>
+        <translation>Die Barrierefreiheit ist ausgeschaltet</translation>
     </message>
     <message>
         <source>Enable</source>
@@ -1279,13 +1287,11 @@ Lumbrix works great by default, but if you want to change something, check out t
 Note to users of Spaces: Lumbrix has to see a window at least once before being able to display previews for it. 
 
 This is usually not a problem since you would have Lumbrix already running when the windows are created. However, this is the first time you run Lumbrix and you might have some windows already open.</source>
-        <translation>Hallo! Lassen Sie jetzt die Maus auf Anwendungen im Dock ruhen, um Vorschauen ihrer Fenster zu sehen. In Ihrer Menüleiste ist auch ein neues Symbol, mit dem Sie Lumbrix steuern.
+        <translation>Lassen Sie die Maus auf dem Symbol einer Anwendung im Dock oder auf ihrem Knopf in einer Leiste ruhen: Daneben erscheinen Vorschauen ihrer Fenster. Klicken Sie auf eine, und das Fenster kommt nach vorn.
 
-Lumbrix ist so, wie es ist, gut zu gebrauchen. Wenn Sie etwas ändern möchten, sehen Sie in die Einstellungen.
+Das Symbol von Lumbrix in der Leiste hat ein Menü, das Vorschauen aus- und einschaltet und diese Einstellungen öffnet. Wo es keinen Platz für Symbole gibt, öffnet sie ein erneuter Start von Lumbrix.
 
-Hinweis zu Arbeitsflächen: Lumbrix muss ein Fenster mindestens einmal gesehen haben, bevor es eine Vorschau davon zeigen kann. 
-
-Meist spielt das keine Rolle, da Lumbrix schon läuft, wenn die Fenster entstehen. Dies ist aber Ihr erster Start von Lumbrix, und vielleicht sind schon Fenster offen.</translation>
+Ein Fenster, das Lumbrix noch nicht gesehen hat, weil es minimiert oder auf einer anderen Arbeitsfläche ist, zeigt das Symbol seiner Anwendung, bis es einmal zu sehen war.</translation>
     </message>
     <message>
         <source>Lumbrix could not be relaunched</source>
@@ -1339,11 +1345,11 @@ Meist spielt das keine Rolle, da Lumbrix schon läuft, wenn die Fenster entstehe
     </message>
     <message>
         <source>Enable</source>
-        <translation>Einschalten</translation>
+        <translation>Vorschauen einschalten</translation>
     </message>
     <message>
         <source>Disable</source>
-        <translation>Ausschalten</translation>
+        <translation>Vorschauen ausschalten</translation>
     </message>
 </context>
 </TS>

@@ -37,7 +37,7 @@ QString description(int level)
     case totalFinder:
         return QCoreApplication::translate(
             "FilterLevel",
-            "Leaves out windows with nothing in them, for a Finder whose windows have tabs.");
+            "Leaves out windows with nothing in them, for a file manager whose windows have tabs.");
     default:
         return QCoreApplication::translate(
             "FilterLevel", "Leaves out empty windows, palettes and other floating windows.");

@@ -130,7 +130,7 @@ void IgnoreTable::addButtonPressed()
     generateAppsMenu();
     m_filterLevels->clear();
     generateFiltersMenu();
-    runSheet(tr("Add Filter"));
+    runSheet(tr("Add Filter – Lumbrix Preferences"));
 }
 
 void IgnoreTable::itemClicked(int row)
@@ -145,7 +145,7 @@ void IgnoreTable::itemClicked(int row)
     appendApplication(m_rows.getRowName(row), m_rows.getRowBundle(row));
     generateFiltersMenu();
     m_filterLevels->setCurrentIndex(m_filterLevels->findText(m_rows.getRowFilter(row)));
-    runSheet(tr("Change Filter"));
+    runSheet(tr("Change Filter – Lumbrix Preferences"));
 }
 
 void IgnoreTable::deleteButtonPressed()

@@ -86,8 +86,8 @@ QString windowLines(int number, const InspectedWindow& window)
         facts << InspectionText::tr("of %1").arg(printableText(window.owner));
     if (window.isMinimized)
         facts << InspectionText::tr("minimised");
-    facts << (window.space == 0 ? InspectionText::tr("on all Spaces")
-                                : InspectionText::tr("on Space %1").arg(window.space))
+    facts << (window.space == 0 ? InspectionText::tr("on all workspaces")
+                                : InspectionText::tr("on workspace %1").arg(window.space))
           << placeText(window.frame)
           << (window.subrole.isEmpty() ? InspectionText::tr("no subrole")
                                        : printableText(window.subrole))

@@ -168,7 +168,7 @@ QString reasonText(const InspectedWindow& window)
                    .arg(FilterLevel::title(window.level)) +
                where("Filters");
     case WindowVerdict::ClosedToServer:
-        return InspectionText::tr("it is closed: no Space has it");
+        return InspectionText::tr("it is closed: no workspace has it");
     case WindowVerdict::NoWindowRole:
         return InspectionText::tr("it does not call itself a window");
     case WindowVerdict::FloatingAtLevel:

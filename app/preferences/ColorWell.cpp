@@ -53,7 +53,7 @@ void ColorWell::showDialog()
         m_dialog = new QColorDialog(m_color, this);
         m_dialog->setAttribute(Qt::WA_DeleteOnClose);
         m_dialog->setWindowRole(u"colors"_s);
-        m_dialog->setWindowTitle(tr("Badge Colour"));
+        m_dialog->setWindowTitle(tr("Colour of Window Counts – Lumbrix Preferences"));
         connect(m_dialog, &QColorDialog::currentColorChanged, this, &ColorWell::choose);
         connect(m_dialog, &QDialog::rejected, this, [this, before = m_color] { choose(before); });
     }

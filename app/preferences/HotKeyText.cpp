@@ -21,6 +21,7 @@ const char* wordFor(std::int64_t keyCode)
     static constexpr std::pair<std::int64_t, const char*> words[] = {
         {36, QT_TRANSLATE_NOOP("HotKeyText", "Return")},
         {48, QT_TRANSLATE_NOOP("HotKeyText", "Tab")},
+        {49, QT_TRANSLATE_NOOP("HotKeyText", "Spacebar")},
         {51, QT_TRANSLATE_NOOP("HotKeyText", "Backspace")},
         {53, QT_TRANSLATE_NOOP("HotKeyText", "Esc")},
         {71, QT_TRANSLATE_NOOP("HotKeyText", "Num Lock")},

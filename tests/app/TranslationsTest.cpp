@@ -35,7 +35,7 @@ protected:
         installTranslations(languages, {u"/no/such/folder"_s, QStringLiteral(CATALOGUE_FOLDER)});
         const StatusMenu menu;
         const auto pane = loadInterface(ports(), u"PreferencesAdvanced"_s, classes);
-        return {menu.actions().constLast()->text(),
+        return {menu.actions().constFirst()->text(),
                 pane->findChild<QCheckBox*>(u"ignoreMinimized"_s)->text(), FilterLevel::title(0)};
     }
 
@@ -46,15 +46,13 @@ protected:
 
 TEST_F(TranslationsTest, texts_areInTheFirstLanguageThatThereIs)
 {
-    const QStringList english{u"Quit"_s, u"&Minimised windows"_s, u"Low"_s};
-    const QStringList german{u"Beenden"_s, u"&Minimierte Fenster"_s, u"Niedrig"_s};
+    const QStringList english{u"Turn previews off"_s, u"&Minimised windows"_s, u"Low"_s};
+    const QStringList german{u"Vorschauen ausschalten"_s, u"&Minimierte Fenster"_s, u"Niedrig"_s};
     EXPECT_EQ(textsFor({u"de-AT"_s, u"de"_s}), german);
     EXPECT_EQ(textsFor({u"eo"_s, u"de_CH"_s, u"en"_s}), german);
     for (const QStringList& languages :
-         {QStringList(), {u"C"_s}, {u"en-GB"_s, u"de"_s}, {u"eo"_s, u"../de"_s}}) {
+         {QStringList(), {u"C"_s}, {u"en-GB"_s, u"de"_s}, {u"eo"_s}, {u"eo"_s, u"../de"_s}})
         EXPECT_EQ(textsFor(languages), english) << qPrintable(languages.join(u' '));
-        EXPECT_TRUE(qApp->findChildren<QTranslator*>().isEmpty()) << "memory for nothing";
-    }
 }
 
 } // namespace
