@@ -4,6 +4,7 @@
 #include "app/LumbrixController.h"
 
 #include <QtCore/QCoreApplication>
+#include <QtCore/QLocale>
 #include <QtGui/QColor>
 #include <QtWidgets/QLabel>
 
@@ -154,7 +155,7 @@ void LumbrixController::updateDelayLabels()
 {
     const auto show = [](QLabel* label, double seconds) {
         if (label)
-            label->setText(QString::number(seconds, 'f', 1));
+            label->setText(QLocale().toString(seconds, 'f', 1));
     };
     show(m_delayLabel, m_displayDelay);
     show(m_exitDelayLabel, defaults().floatForKey(u"exitDelay"_s));

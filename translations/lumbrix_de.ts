@@ -98,6 +98,22 @@
         <source>Leaves out windows with nothing in them, for a file manager whose windows have tabs.</source>
         <translation>Lässt Fenster aus, in denen nichts ist; für eine Dateiverwaltung, deren Fenster Reiter haben.</translation>
     </message>
+    <message>
+        <source>every window</source>
+        <translation>jedes Fenster</translation>
+    </message>
+    <message>
+        <source>all but empty windows</source>
+        <translation>alle außer leeren Fenstern</translation>
+    </message>
+    <message>
+        <source>no window</source>
+        <translation>kein Fenster</translation>
+    </message>
+    <message>
+        <source>all but empty windows and palettes</source>
+        <translation>alle außer leeren Fenstern und Paletten</translation>
+    </message>
 </context>
 <context>
     <name>FilterSheet</name>
@@ -769,8 +785,8 @@
         <translation>&amp;Abstand vom Dock:</translation>
     </message>
     <message>
-        <source>Moving a slider shows a sample preview beside the Dock.</source>
-        <translation>Beim Schieben eines Reglers erscheint eine Beispielvorschau neben dem Dock.</translation>
+        <source>Moving a slider shows a sample preview beside the Dock. A point (pt) is one pixel, or several where the desktop is drawn larger.</source>
+        <translation>Beim Schieben eines Reglers erscheint eine Beispielvorschau neben dem Dock. Ein Punkt (pt) ist ein Bildpunkt, oder mehrere, wo die Arbeitsumgebung größer gezeichnet wird.</translation>
     </message>
     <message>
         <source>Previews:</source>
@@ -1121,6 +1137,10 @@
         <source>Updates</source>
         <translation>Updates</translation>
     </message>
+    <message>
+        <source>%1 – Lumbrix Preferences</source>
+        <translation>%1 – Lumbrix-Einstellungen</translation>
+    </message>
 </context>
 <context>
     <name>SGKeyCombo</name>
@@ -1177,6 +1197,10 @@ Freie Software unter der MIT-Lizenz</translation>
     <message>
         <source>%1, private</source>
         <translation>%1, privat</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
     </message>
 </context>
 <context>

@@ -24,6 +24,21 @@ QString title(int level)
     }
 }
 
+QString summary(int level)
+{
+    switch (level) {
+    case low:
+        return QCoreApplication::translate("FilterLevel", "every window");
+    case medium:
+    case totalFinder:
+        return QCoreApplication::translate("FilterLevel", "all but empty windows");
+    case blockAll:
+        return QCoreApplication::translate("FilterLevel", "no window");
+    default:
+        return QCoreApplication::translate("FilterLevel", "all but empty windows and palettes");
+    }
+}
+
 QString description(int level)
 {
     switch (level) {

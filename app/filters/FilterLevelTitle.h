@@ -17,6 +17,8 @@ inline constexpr int totalFinder = 4; ///< for the Finder only
 
 /// In the user's language; a number that is no level counts as High.
 QString title(int level);
+/// Which windows are previewed at that level, in a few words that follow its title.
+QString summary(int level);
 /// One sentence that says what the level leaves out, in the user's language.
 QString description(int level);
 

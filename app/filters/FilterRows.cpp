@@ -106,8 +106,13 @@ QVariant FilterRows::data(const QModelIndex& index, int role) const
     if (!checkIndex(index, CheckIndexOption::IndexIsValid))
         return {};
     const int row = index.row();
-    if (role == Qt::DisplayRole)
-        return objectValue(identifiers.at(static_cast<std::size_t>(index.column())), row);
+    if (role == Qt::DisplayRole) {
+        const QString value =
+            objectValue(identifiers.at(static_cast<std::size_t>(index.column())), row);
+        return index.column() == FilterColumn
+                   ? tr("%1: %2").arg(value, FilterLevel::summary(getRowLevel(row)))
+                   : value;
+    }
     if (index.column() != ApplicationColumn)
         return role == Qt::ToolTipRole ? FilterLevel::description(getRowLevel(row)) : QVariant();
     if (role == Qt::DecorationRole)

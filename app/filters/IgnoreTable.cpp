@@ -79,9 +79,9 @@ void IgnoreTable::setUpTable()
     m_tableView.verticalHeader()->setDefaultSectionSize(32);
     m_tableView.verticalHeader()->setMinimumSectionSize(32);
     QHeaderView& header = *m_tableView.horizontalHeader();
-    header.setSectionResizeMode(FilterRows::ApplicationColumn, QHeaderView::Stretch);
-    header.setSectionResizeMode(FilterRows::FilterColumn, QHeaderView::Fixed);
-    header.resizeSection(FilterRows::FilterColumn, 160);
+    header.setSectionResizeMode(FilterRows::ApplicationColumn, QHeaderView::Fixed);
+    header.setSectionResizeMode(FilterRows::FilterColumn, QHeaderView::Stretch);
+    header.resizeSection(FilterRows::ApplicationColumn, 200);
     header.setSectionsClickable(false);
     header.setHighlightSections(false);
     m_tableView.installEventFilter(this);

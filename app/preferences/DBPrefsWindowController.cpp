@@ -108,7 +108,9 @@ void DBPrefsWindowController::windowDidLoad()
         auto* shortcut = new QShortcut(keys, m_window.get());
         connect(shortcut, &QShortcut::activated, this, action);
     };
-    addShortcut(Qt::CTRL | Qt::Key_W, [this] { m_window->close(); });
+    for (const QKeySequence& keys :
+         {QKeySequence(Qt::CTRL | Qt::Key_W), QKeySequence(Qt::Key_Escape)})
+        addShortcut(keys, [this] { m_window->close(); });
     for (const Qt::Key key : {Qt::Key_Tab, Qt::Key_PageDown})
         addShortcut(Qt::CTRL | key, [this] { displayNextView(1); });
     addShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_Backtab, [this] { displayNextView(-1); });
@@ -172,7 +174,7 @@ void DBPrefsWindowController::displayViewForIdentifier(const QString& identifier
     m_viewAnimation.finish();
     PrefsToolbarItem& item = *m_toolbarItems.value(identifier);
     item.setChecked(true);
-    m_window->setWindowTitle(item.label());
+    m_window->setWindowTitle(titleForLabel(item.label()));
 
     QWidget* oldView = m_toolbarViews.value(m_currentIdentifier);
     const bool isFocusSet = m_window->focusWidget() != nullptr;

@@ -63,6 +63,8 @@ protected:
     /// Called when the panes have been added but are not shown yet.
     virtual void windowWillShow() {}
     virtual void currentViewDidChange() {}
+    /// The window's title while the pane with this label is shown.
+    virtual QString titleForLabel(const QString& label) const { return label; }
     /// Called before the panes are destroyed.
     virtual void windowWillClose() {}
     /// Destroys the window and the panes, if they exist. A derived class must call it in its

@@ -192,6 +192,11 @@ bool PrefsController::eventFilter(QObject* watched, QEvent* event)
 
 void PrefsController::currentViewDidChange() { tellRecorders(); }
 
+QString PrefsController::titleForLabel(const QString& label) const
+{
+    return QCoreApplication::translate("PrefsController", "%1 – Lumbrix Preferences").arg(label);
+}
+
 /// To the toolkit a window that is minimised or on another workspace is visible, and with an icon
 /// in the Dock closing the window minimises it.
 void PrefsController::tellRecorders()

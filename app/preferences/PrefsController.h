@@ -45,6 +45,8 @@ protected:
     void setupToolbar() override;
     void windowWillShow() override;
     void currentViewDidChange() override;
+    /// Says whose window it is: a list of windows shows nothing but titles.
+    QString titleForLabel(const QString& label) const override;
     void windowWillClose() override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 

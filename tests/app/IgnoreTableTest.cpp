@@ -99,6 +99,7 @@ TEST_F(IgnoreTableTest, rows_followTheDictionary)
     EXPECT_EQ(rows.getRowBundle(3), u"org.example.Editor"_s);
     EXPECT_EQ(rows.objectValue(u"other"_s, 0), QString());
     EXPECT_EQ(rows.columnCount(), 2);
+    EXPECT_EQ(rows.index(3, 1).data(), u"Block all: no window"_s) << "what that leaves, too";
     const auto toolTip = [&](int row) {
         return rows.data(rows.index(row, 0), Qt::ToolTipRole).toString();
     };

@@ -50,6 +50,8 @@ QChar mnemonicOf(const QString& text)
     return keys.isEmpty() ? QChar() : QChar(keys[0].key());
 }
 
+QString titleOf(const QString& pane) { return pane + u" – Lumbrix Preferences"_s; }
+
 QString range(double minimum, double maximum) { return u": %1 to %2"_s.arg(minimum).arg(maximum); }
 
 /// The values that a control stores.
@@ -187,7 +189,12 @@ TEST_F(PreferencesTest, everyControl_movedByTheUser_storesSavesAndApplies)
     QTest::keyClick(find<QSlider>(u"exitDelay"_s), Qt::Key_Right);
     EXPECT_EQ(defaults.floatForKey(u"exitDelay"_s), 0.1F);
     EXPECT_EQ(settings().exitDelay, 0.1F);
-    EXPECT_EQ(find<QLabel>(u"exitDelayLabel"_s)->text(), u"0.1"_s);
+    for (const auto& [locale, text] :
+         {std::pair{QLocale(QLocale::German), u"0,1"_s}, {QLocale::c(), u"0.1"_s}}) {
+        QLocale::setDefault(locale);
+        controller->updateState();
+        EXPECT_EQ(find<QLabel>(u"exitDelayLabel"_s)->text(), text);
+    }
 
     defaults.setFloat(243, u"windowWidth"_s);
     preferences().refresh();
@@ -345,7 +352,7 @@ TEST_F(PreferencesTest, pane_chosen_fadesInWhileTheWindowTakesItsSize)
     const QStringList panes = preferences().toolbarIdentifiers();
     EXPECT_EQ(panes.join(u','),
               u"General,Filters,Appearance,Badges,Dock Icon,Hotkeys,Advanced,Updates"_s);
-    EXPECT_EQ(window()->windowTitle(), u"General"_s);
+    EXPECT_EQ(window()->windowTitle(), titleOf(u"General"_s));
     EXPECT_EQ(window()->windowRole(), u"preferences"_s);
     const QRect before = window()->frameGeometry();
     QWidget& general = *preferences().toolbarViews().value(u"General"_s);
@@ -359,7 +366,7 @@ TEST_F(PreferencesTest, pane_chosen_fadesInWhileTheWindowTakesItsSize)
     EXPECT_FALSE(preferences().isAnimating()) << "it is shown already";
 
     preferences().getToolbarItems().value(u"Updates"_s)->click();
-    EXPECT_EQ(window()->windowTitle(), u"Updates"_s);
+    EXPECT_EQ(window()->windowTitle(), titleOf(u"Updates"_s));
     loop.advance(0.125);
     EXPECT_GT(window()->frameGeometry().height(), after.height());
     EXPECT_LT(window()->frameGeometry().height(), before.height());
@@ -398,16 +405,16 @@ TEST_F(PreferencesTest, keys_choosePanesAndCloseTheWindow)
                         modifiers);
     };
     press(Qt::Key_Tab, Qt::ControlModifier);
-    EXPECT_EQ(window()->windowTitle(), u"Filters"_s);
+    EXPECT_EQ(window()->windowTitle(), titleOf(u"Filters"_s));
     press(Qt::Key_Right);
-    EXPECT_EQ(window()->windowTitle(), u"Appearance"_s);
+    EXPECT_EQ(window()->windowTitle(), titleOf(u"Appearance"_s));
     EXPECT_TRUE(preferences().getToolbarItems().value(u"Appearance"_s)->isChecked());
     press(Qt::Key_Tab);
     EXPECT_EQ(window()->focusWidget(), find<QComboBox>(u"previewStyle"_s));
     press(Qt::Key_Backtab, Qt::ControlModifier | Qt::ShiftModifier);
     press(Qt::Key_PageUp, Qt::ControlModifier);
     press(Qt::Key_PageUp, Qt::ControlModifier);
-    EXPECT_EQ(window()->windowTitle(), u"Updates"_s);
+    EXPECT_EQ(window()->windowTitle(), titleOf(u"Updates"_s));
 
     // While panes still move.
     press(Qt::Key_W, Qt::ControlModifier);
@@ -416,9 +423,10 @@ TEST_F(PreferencesTest, keys_choosePanesAndCloseTheWindow)
     EXPECT_FALSE(window()) << "it is given up when it is closed";
     EXPECT_TRUE(preferences().toolbarIdentifiers().isEmpty());
     open();
-    EXPECT_EQ(window()->windowTitle(), u"General"_s);
+    EXPECT_EQ(window()->windowTitle(), titleOf(u"General"_s));
     EXPECT_EQ(preferences().toolbarIdentifiers().size(), 8);
-    window()->close();
+    press(Qt::Key_Escape);
+    EXPECT_FALSE(window()->isVisible());
     open(); // before it was given up
     loop.advance(1);
     EXPECT_TRUE(window() && window()->isVisible());
