@@ -253,10 +253,10 @@ void LumbrixController::enforceRunAtLogin()
         return;
     const QString path = platform::desktop().applicationBundle.path();
     platform::LoginItems& items = platform::desktop().loginItems;
-    if (defaults().integerForKey(u"startAtLogin"_s) != 0)
-        items.insert(path);
-    else
+    if (defaults().integerForKey(u"startAtLogin"_s) == 0)
         items.remove(path);
+    else if (platform::desktop().applicationBundle.isInstalled())
+        items.insert(path);
 }
 
 void LumbrixController::displayStatusIcon()

@@ -92,6 +92,7 @@ private:
     /// Asks the user to grant access.
     static bool wantsAPI();
     void firstRunCheck();
+    static QString welcomeText();
     /// Shown once per user.
     void tellOfUnseenWindows();
     void showDockIcon();

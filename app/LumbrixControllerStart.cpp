@@ -15,6 +15,8 @@
 #include "engine/LXHandler.h"
 #include "platform/ApplicationBundle.h"
 #include "platform/Desktop.h"
+#include "platform/InputState.h"
+#include "platform/KeyboardLayout.h"
 #include "platform/StringLiterals.h"
 #include "platform/UserDefaults.h"
 #include "platform/WindowServer.h"
@@ -101,23 +103,37 @@ bool LumbrixController::wantsAPI()
            Alert::firstButtonReturn;
 }
 
+/// The keys, and what Lumbrix did on its own, are nowhere to be seen: said here or never found.
+QString LumbrixController::welcomeText()
+{
+    using platform::ModifierFlag::command;
+    const platform::Desktop& desktop = platform::desktop();
+    QStringList paragraphs{
+        tr("Hello there! You can now hover your mouse over applications in the Dock and "
+           "see window previews. There is also a new icon in your menu bar, use it to "
+           "control Lumbrix.\n\n"
+           "Lumbrix works great by default, but if you want to change something, check "
+           "out the Preferences.\n\n"
+           "Note to users of Spaces: Lumbrix has to see a window at least once before "
+           "being able to display previews for it. \n\n"
+           "This is usually not a problem since you would have Lumbrix already running "
+           "when the windows are created. However, this is the first time you run "
+           "Lumbrix and you might have some windows already open."),
+        tr("To pick a preview by a key, hold %1 and press the number that is on it.")
+            .arg(desktop.keyboardLayout.nameOfModifier(command))};
+    if (desktop.applicationBundle.isInstalled())
+        paragraphs << tr("From now on Lumbrix starts when you log in. To change that, uncheck "
+                         "“Start at login” in the General pane of these preferences.");
+    return paragraphs.join(QLatin1String("\n\n"));
+}
+
 void LumbrixController::firstRunCheck()
 {
     if (seedFirstRun(defaults())) {
         showPreferences();
         defaults().synchronize();
-        beginSheet(tr("Welcome to Lumbrix!"),
-                   tr("Hello there! You can now hover your mouse over applications in the Dock and "
-                      "see window previews. There is also a new icon in your menu bar, use it to "
-                      "control Lumbrix.\n\n"
-                      "Lumbrix works great by default, but if you want to change something, check "
-                      "out the Preferences.\n\n"
-                      "Note to users of Spaces: Lumbrix has to see a window at least once before "
-                      "being able to display previews for it. \n\n"
-                      "This is usually not a problem since you would have Lumbrix already running "
-                      "when the windows are created. However, this is the first time you run "
-                      "Lumbrix and you might have some windows already open."),
-                   {tr("Okay")}, [this](int) { tellOfUnseenWindows(); });
+        beginSheet(tr("Welcome to Lumbrix!"), welcomeText(), {tr("Okay")},
+                   [this](int) { tellOfUnseenWindows(); });
     } else {
         tellOfUnseenWindows();
     }

@@ -17,6 +17,9 @@ public:
     /// The absolute path of the program.
     virtual QString path() const = 0;
     virtual QString shortVersionString() const = 0;
+    /// False for one that runs from where it was built. Nothing outside may then refer to it: that
+    /// place is gone with the next clean build.
+    virtual bool isInstalled() const = 0;
 
     /// Sets whether the program has an icon in the Dock from its next start on. Does nothing on a
     /// platform where the setting alone decides that.

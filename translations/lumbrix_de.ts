@@ -1024,6 +1024,10 @@
         <source>With the icon hidden, start Lumbrix again to open these preferences.</source>
         <translation>Ist das Symbol ausgeblendet, öffnet ein erneuter Start von Lumbrix diese Einstellungen.</translation>
     </message>
+    <message>
+        <source>Only when it is installed.</source>
+        <translation>Nur wenn es installiert ist.</translation>
+    </message>
 </context>
 <context>
     <name>PreferencesHotkeys</name>
@@ -1152,8 +1156,8 @@
 <context>
     <name>WindowServer</name>
     <message>
-        <source>In a Wayland session Lumbrix sees only the windows of programs that use X. To have previews of all windows, choose an X11 session when you log in.</source>
-        <translation>In einer Wayland-Sitzung sieht Lumbrix nur die Fenster von Programmen, die X benutzen. Um Vorschauen aller Fenster zu haben, wählen Sie beim Anmelden eine X11-Sitzung.</translation>
+        <source>In a Wayland session only programs that use X (by XWayland) have previews, and only beside docks that use X too. To have previews of all windows, choose an X11 session when you log in.</source>
+        <translation>In einer Wayland-Sitzung haben nur Programme Vorschauen, die X benutzen (durch XWayland), und nur an Docks, die es auch tun. Um Vorschauen aller Fenster zu haben, wählen Sie beim Anmelden eine X11-Sitzung.</translation>
     </message>
 </context>
 <context>
@@ -1328,6 +1332,14 @@ Ein Fenster, das Lumbrix noch nicht gesehen hat, weil es minimiert oder auf eine
     <message>
         <source>Not every window has a preview here</source>
         <translation>Nicht jedes Fenster hat hier eine Vorschau</translation>
+    </message>
+    <message>
+        <source>To pick a preview by a key, hold %1 and press the number that is on it.</source>
+        <translation>Um eine Vorschau mit einer Taste zu wählen, halten Sie %1 und drücken die Ziffer, die auf ihr steht.</translation>
+    </message>
+    <message>
+        <source>From now on Lumbrix starts when you log in. To change that, uncheck “Start at login” in the General pane of these preferences.</source>
+        <translation>Von jetzt an startet Lumbrix bei der Anmeldung. Um das zu ändern, schalten Sie in diesen Einstellungen unter „Allgemein“ das Feld „Bei der Anmeldung starten“ aus.</translation>
     </message>
 </context>
 <context>

@@ -23,6 +23,7 @@
 #include "app/preferences/SettingsBinding.h"
 #include "engine/LXHandler.h"
 #include "platform/Accessibility.h"
+#include "platform/ApplicationBundle.h"
 #include "platform/Desktop.h"
 #include "platform/InputState.h"
 #include "platform/KeyboardLayout.h"
@@ -166,6 +167,11 @@ void PrefsController::refresh()
         box->setEnabled(tellsSwitcher);
     if (auto* note = window()->findChild<QLabel*>(u"showInTabNote"_s))
         note->setVisible(!tellsSwitcher);
+    const bool isInstalled = platform::desktop().applicationBundle.isInstalled();
+    if (auto* box = window()->findChild<QCheckBox*>(u"startAtLogin"_s))
+        box->setEnabled(isInstalled);
+    if (auto* note = window()->findChild<QLabel*>(u"startAtLoginNote"_s))
+        note->setVisible(!isInstalled);
     const QColor color = badger().getCurrentColor();
     if (auto* well = window()->findChild<ColorWell*>(); well && color.isValid())
         well->setColor(color);

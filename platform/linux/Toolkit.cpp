@@ -60,9 +60,10 @@ std::unique_ptr<LinuxDesktop::DisplayHold> LinuxDesktop::prepareToolkit(QString&
     const QString display = qEnvironmentVariable("DISPLAY");
     if (!display.isEmpty())
         error = u"the X display '%1' cannot be opened"_s.arg(display);
-    else if (!qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY"))
-        error = u"this Wayland session has no X display: Lumbrix needs an X11 session, "
-                "or Xwayland for the windows of X programs"_s;
+    else if (!qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") ||
+             qEnvironmentVariable("XDG_SESSION_TYPE") == QLatin1String("wayland"))
+        error = u"this Wayland session has no X display, so no window can be previewed: choose an "
+                "X11 session when you log in"_s;
     else
         error = u"no X display: DISPLAY is not set"_s;
     return nullptr;

@@ -6,6 +6,7 @@
 #include <QtCore/QTimer>
 #include <QtWidgets/QAbstractButton>
 #include <QtWidgets/QApplication>
+#include <QtWidgets/QCheckBox>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QMenu>
 
@@ -105,7 +106,10 @@ TEST_F(LifecycleTest, newUser_start_isWelcomedOnThePreferencesOnce)
     EXPECT_EQ(sheet()->windowTitle(), u"Lumbrix"_s);
     EXPECT_EQ(textOf(*sheet(), u"messageText"_s), u"Welcome to Lumbrix!"_s);
     const QString text = textOf(*sheet(), u"informativeText"_s);
-    EXPECT_EQ(text.count(u"\n\n"_s), 3);
+    EXPECT_EQ(text.count(u"\n\n"_s), 5);
+    EXPECT_TRUE(text.contains(u"hold Super and press the number"_s));
+    EXPECT_TRUE(
+        text.endsWith(u"uncheck “Start at login” in the General pane of these preferences."_s));
     EXPECT_TRUE(text.startsWith(u"Hello there! You can now hover"_s));
     EXPECT_TRUE(text.contains(u"previews for it. \n\nThis is usually"_s));
     EXPECT_EQ(buttonsOf(*sheet()), QStringList{u"Okay"_s});
@@ -117,6 +121,15 @@ TEST_F(LifecycleTest, newUser_start_isWelcomedOnThePreferencesOnce)
     EXPECT_TRUE(desk.loginItems().paths().empty());
     controller->applicationDidFinishLaunching();
     EXPECT_FALSE(sheet());
+
+    // Of one in its build folder nothing is kept that starts it.
+    controller->applicationWillTerminate();
+    desk.applicationBundle().setInstalled(false);
+    defaults.setBool(false, u"firstRun"_s);
+    start();
+    EXPECT_FALSE(textOf(*sheet(), u"informativeText"_s).contains(u"log in"_s));
+    EXPECT_TRUE(desk.loginItems().paths().empty());
+    EXPECT_FALSE(find<QCheckBox>(u"startAtLogin"_s)->isEnabled());
 }
 
 TEST_F(LifecycleTest, windowsThatCannotBeSeen_areToldOnce_afterTheWelcome)

@@ -3,9 +3,11 @@
 
 // Lumbrix as a program of the desktop: its place in the tray, a second start, the first one of all.
 #include "DesktopTest.h"
+#include "Lumbrix.h"
 #include "platform/StringLiterals.h"
 
 #include <QtCore/QFile>
+#include <QtCore/QFileInfo>
 
 #include <csignal>
 
@@ -205,7 +207,10 @@ TEST_P(LifecycleTest, firstStart_welcomesAndIsReadyAlready)
     desk().park();
     close(u"alert"_s);
     close(u"preferences"_s);
-    EXPECT_TRUE(QFile::remove(desk().session().configPath(u"autostart/lumbrix.desktop"_s)));
+    const bool isInstalled =
+        !QFile::exists(QFileInfo(lumbrixBinary()).absolutePath() + u"/CMakeCache.txt"_s);
+    EXPECT_EQ(QFile::remove(desk().session().configPath(u"autostart/lumbrix.desktop"_s)),
+              isInstalled);
     desk().startLumbrix();
 }
 

@@ -182,7 +182,7 @@ TEST(LumbrixProgram, desktop_degraded_isToldInASentence)
         {"",
          WindowManager::Openbox,
          u"XDG_CONFIG_HOME=/proc/none"_s,
-         {u"the login item /proc/none/"_s, u"the settings in /proc/none/"_s},
+         {u"the settings in /proc/none/"_s},
          true},
         {"Composite",
          WindowManager::Absent,

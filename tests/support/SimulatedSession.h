@@ -46,6 +46,7 @@ class SimulatedBundle final : public platform::ApplicationBundle
 public:
     QString path() const override { return u"/Applications/Lumbrix"_s; }
     QString shortVersionString() const override { return u"1.2.3"_s; }
+    bool isInstalled() const override { return m_isInstalled; }
     void setShowsInDock(bool on) override { m_showsInDockNextTime = on; }
     void transformToForegroundApplication() override { m_isForeground = true; }
     bool isShownByWindows() const override { return m_isShownByWindows; }
@@ -60,11 +61,13 @@ public:
     bool isForeground() const { return m_isForeground; }
     int relaunches() const { return m_relaunches; }
     void setCanRelaunch(bool can) { m_canRelaunch = can; }
+    void setInstalled(bool on) { m_isInstalled = on; }
     void setShownByWindows(bool on) { m_isShownByWindows = on; }
 
 private:
     bool m_showsInDockNextTime = false;
     bool m_isForeground = false;
+    bool m_isInstalled = true;
     bool m_isShownByWindows = false;
     bool m_canRelaunch = true;
     int m_relaunches = 0;

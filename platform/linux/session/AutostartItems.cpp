@@ -45,7 +45,7 @@ void writeFile(const QString& path, const QByteArray& bytes)
         QFile::remove(path); // what it points to is not the user's item alone
     const QString fault = replaceFile(path, bytes);
     if (!fault.isNull() && !std::exchange(hasTold, true))
-        std::fprintf(stderr, "lumbrix: the login item %s cannot be saved: %s\n",
+        std::fprintf(stderr, "lumbrix: the autostart entry %s cannot be saved: %s\n",
                      qUtf8Printable(path), qUtf8Printable(fault));
 }
 

@@ -33,6 +33,11 @@ QString ProgramBundle::path() const { return QCoreApplication::applicationFilePa
 
 QString ProgramBundle::shortVersionString() const { return QCoreApplication::applicationVersion(); }
 
+bool ProgramBundle::isInstalled() const
+{
+    return !QFileInfo::exists(QCoreApplication::applicationDirPath() + u"/CMakeCache.txt"_s);
+}
+
 bool ProgramBundle::relaunch()
 {
     const QString tool = relaunchTool();

@@ -16,6 +16,7 @@ class ProgramBundle final : public ApplicationBundle
 public:
     QString path() const override;
     QString shortVersionString() const override;
+    bool isInstalled() const override;
     void setShowsInDock(bool) override {}
     void transformToForegroundApplication() override {}
     bool isShownByWindows() const override { return true; }

@@ -126,9 +126,9 @@ QString X11WindowServer::unseenWindows()
     return m_isOfWaylandSession
                ? QCoreApplication::translate(
                      "WindowServer",
-                     "In a Wayland session Lumbrix sees only the windows of programs that use X. "
-                     "To "
-                     "have previews of all windows, choose an X11 session when you log in.")
+                     "In a Wayland session only programs that use X (by XWayland) have previews, "
+                     "and only beside docks that use X too. To have previews of all windows, "
+                     "choose an X11 session when you log in.")
                : QString();
 }
 

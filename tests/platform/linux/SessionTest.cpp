@@ -13,6 +13,7 @@
 #include "platform/StringLiterals.h"
 #include "platform/linux/applications/DesktopEntry.h"
 #include "platform/linux/session/AutostartItems.h"
+#include "platform/linux/session/ProgramBundle.h"
 #include "platform/linux/x11/WaylandSession.h"
 
 namespace lumbrix::platform
@@ -81,6 +82,16 @@ TEST_F(AutostartTest, item_that_is_right_is_not_written_and_an_edited_one_keeps_
     write(item, "no desktop entry");
     items.insert(u"/usr/bin/lumbrix"_s);
     EXPECT_TRUE(read(item).contains("\nExec=/usr/bin/lumbrix\n"));
+}
+
+TEST_F(AutostartTest, item_that_cannot_be_written_is_told_once)
+{
+    testing::internal::CaptureStderr();
+    for (int i = 0; i < 2; ++i)
+        AutostartItems(u"/proc/none"_s).insert(program);
+    const QString said = QString::fromStdString(testing::internal::GetCapturedStderr());
+    EXPECT_EQ(said.count(u"the autostart entry /proc/none/lumbrix.desktop cannot be saved: "_s), 1);
+    EXPECT_TRUE(ProgramBundle().isInstalled()) << "its folder is none that was built in";
 }
 
 TEST_F(AutostartTest, removed_program_is_started_by_no_item_and_others_stay)
