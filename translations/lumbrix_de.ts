@@ -259,10 +259,6 @@
         <translation>in %1</translation>
     </message>
     <message>
-        <source>identifier %1</source>
-        <translation>Kennung %1</translation>
-    </message>
-    <message>
         <source>process %1</source>
         <translation>Prozess %1</translation>
     </message>
@@ -305,14 +301,6 @@
     <message>
         <source>on workspace %1</source>
         <translation>auf Arbeitsfläche %1</translation>
-    </message>
-    <message>
-        <source>no subrole</source>
-        <translation>keine Art</translation>
-    </message>
-    <message>
-        <source>no window number</source>
-        <translation>keine Fensternummer</translation>
     </message>
     <message>
         <source>can be previewed</source>
@@ -479,28 +467,28 @@
         <translation>sein Prozess ist nicht bekannt</translation>
     </message>
     <message>
-        <source>no window of the window server belongs to it</source>
-        <translation>kein Fenster des Fensterservers gehört dazu</translation>
+        <source>the display server has no window that belongs to it</source>
+        <translation>der Anzeigeserver hat kein Fenster, das dazugehört</translation>
     </message>
     <message>
         <source>it is not in the layer of ordinary windows</source>
         <translation>es liegt nicht in der Ebene gewöhnlicher Fenster</translation>
     </message>
     <message>
-        <source>the window server has it in another place or size</source>
-        <translation>beim Fensterserver hat es einen anderen Ort oder eine andere Größe</translation>
+        <source>the display server has it in another place or size</source>
+        <translation>beim Anzeigeserver hat es einen anderen Ort oder eine andere Größe</translation>
     </message>
     <message>
-        <source>it is too small: both sides are below 50</source>
-        <translation>es ist zu klein: beide Seiten sind kürzer als 50</translation>
+        <source>it is too small: both sides are below 50 points</source>
+        <translation>es ist zu klein: beide Seiten sind kürzer als 50 Punkte</translation>
     </message>
     <message>
         <source>it has no title</source>
         <translation>es hat keinen Titel</translation>
     </message>
     <message>
-        <source>the window server has it under another title</source>
-        <translation>beim Fensterserver hat es einen anderen Titel</translation>
+        <source>the display server has it under another title</source>
+        <translation>beim Anzeigeserver hat es einen anderen Titel</translation>
     </message>
     <message>
         <source>the filter “%1” leaves out every window of the application</source>
@@ -515,8 +503,8 @@
         <translation>es nennt sich nicht Fenster</translation>
     </message>
     <message>
-        <source>the filter “%1” leaves out windows of the kind %2</source>
-        <translation>der Filter „%1“ lässt Fenster der Art %2 aus</translation>
+        <source>the filter “%1” leaves it out, as it is %2</source>
+        <translation>der Filter „%1“ lässt es aus, da es %2 ist</translation>
     </message>
     <message>
         <source>it is no standard window, and there is nothing in it</source>
@@ -617,6 +605,54 @@
     <message>
         <source>unknown</source>
         <translation>unbekannt</translation>
+    </message>
+    <message>
+        <source>%1 × %2 pixels at %3, %4</source>
+        <translation>%1 × %2 Bildpunkte bei %3, %4</translation>
+    </message>
+    <message>
+        <source>a window</source>
+        <translation>ein Fenster</translation>
+    </message>
+    <message>
+        <source>a dialog</source>
+        <translation>ein Dialog</translation>
+    </message>
+    <message>
+        <source>a palette</source>
+        <translation>eine Palette</translation>
+    </message>
+    <message>
+        <source>a window that taskbars leave out</source>
+        <translation>ein Fenster, das Fensterleisten auslassen</translation>
+    </message>
+    <message>
+        <source>a window of another kind</source>
+        <translation>ein Fenster anderer Art</translation>
+    </message>
+    <message>
+        <source>no previews show while %1 is held</source>
+        <translation>keine Vorschauen erscheinen, solange %1 gedrückt ist</translation>
+    </message>
+    <message>
+        <source>what is left out shows while %1 is held</source>
+        <translation>was ausgelassen wird, erscheint, solange %1 gedrückt ist</translation>
+    </message>
+    <message>
+        <source>previews stay after the mouse has left</source>
+        <translation>Vorschauen bleiben, wenn die Maus sie verlässt</translation>
+    </message>
+    <message>
+        <source>Lumbrix&apos;s own icon has the windows of applications without one</source>
+        <translation>das Symbol von Lumbrix hat die Fenster der Anwendungen ohne Symbol</translation>
+    </message>
+    <message>
+        <source>previews wait for %1 s</source>
+        <translation>Vorschauen warten %1 s</translation>
+    </message>
+    <message>
+        <source>%1 (%2)</source>
+        <translation>%1 (%2)</translation>
     </message>
 </context>
 <context>

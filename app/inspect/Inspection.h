@@ -7,7 +7,6 @@
 #include <QtCore/QPointF>
 #include <QtCore/QRectF>
 #include <QtCore/QString>
-#include <QtCore/QStringList>
 
 #include <cstdint>
 #include <optional>
@@ -62,6 +61,12 @@ struct InspectedDock {
                                                  ///< possible
 };
 
+/// A setting that decides what a hover shows, with another value than at first.
+struct ChangedSetting {
+    QString key;
+    double value = 0;
+};
+
 struct Inspection {
     QPointF pointer;
     std::vector<QRectF> screens;
@@ -74,12 +79,13 @@ struct Inspection {
     std::size_t previewable = 0; ///< how many of them could be previewed, if there is space
     /// Process id of the Lumbrix that runs on this desktop; 0 = none runs, null = not known.
     std::optional<std::int32_t> runningProcess;
-    bool hasRun = false;  ///< Lumbrix has been started before, so its settings exist
-    QString unseen;       ///< which windows this desktop hides from us; empty when none
-    QStringList settings; ///< settings that matter here and were changed, "name=value"
+    bool hasRun = false; ///< Lumbrix has been started before, so its settings exist
+    QString unseen;      ///< which windows this desktop hides from us; empty when none
+    std::vector<ChangedSetting> settings;
     bool isDisabled = false;
     int hidingKey = 0;                              ///< modifier index
     int showingKey = 0;                             ///< modifier index
+    int unfilteringKey = 0;                         ///< modifier index
     HoverVerdict verdict = HoverVerdict::NoWindows; ///< on the item, if there is one
 };
 

@@ -6,6 +6,7 @@
 #include <QtCore/QCoreApplication>
 #include <QtCore/QStringList>
 #include <QtCore/QSysInfo>
+#include <QtGui/QGuiApplication>
 
 #include <utility>
 
@@ -58,10 +59,7 @@ QString itemText(const Inspection& inspection)
 QString applicationRows(const Inspection& inspection)
 {
     const InspectedApplication& application = *inspection.application;
-    QStringList facts{
-        printableText(application.name),
-        InspectionText::tr("identifier %1").arg(printableText(application.identifier)),
-        InspectionText::tr("process %1").arg(application.pid)};
+    QStringList facts{printableText(application.name)};
     if (application.isHidden)
         facts << InspectionText::tr("hidden");
     if (!application.answers)
@@ -70,29 +68,38 @@ QString applicationRows(const Inspection& inspection)
            row(InspectionText::tr("Filter"), levelText(application.level));
 }
 
-QString settingsText(const Inspection& inspection)
+/// A row each, the first one with the label.
+QString rows(QString label, const QStringList& values)
+{
+    QString text;
+    for (const QString& value : values)
+        text += row(std::exchange(label, QString()), value);
+    return text;
+}
+
+QStringList settingTexts(const Inspection& inspection)
 {
     if (!inspection.hasRun)
-        return InspectionText::tr("none yet: Lumbrix has not been started before");
-    return inspection.settings.empty() ? InspectionText::tr("none that leave anything out")
-                                       : inspection.settings.join(QLatin1Char(' '));
+        return {InspectionText::tr("none yet: Lumbrix has not been started before")};
+    QStringList texts;
+    for (const ChangedSetting& setting : inspection.settings)
+        texts << settingText(setting, inspection);
+    texts.removeAll(QString());
+    return texts.isEmpty() ? QStringList(InspectionText::tr("none that leave anything out"))
+                           : texts;
 }
 
 QString windowLines(int number, const InspectedWindow& window)
 {
     const QString reason = reasonText(window);
-    QStringList facts;
+    QStringList facts{kindText(window.subrole)};
     if (!window.owner.isEmpty())
         facts << InspectionText::tr("of %1").arg(printableText(window.owner));
     if (window.isMinimized)
         facts << InspectionText::tr("minimised");
     facts << (window.space == 0 ? InspectionText::tr("on all workspaces")
                                 : InspectionText::tr("on workspace %1").arg(window.space))
-          << placeText(window.frame)
-          << (window.subrole.isEmpty() ? InspectionText::tr("no subrole")
-                                       : printableText(window.subrole))
-          << (window.number == 0 ? InspectionText::tr("no window number")
-                                 : u"0x%1"_s.arg(window.number, 0, 16));
+          << placeText(window.frame);
     return u"%1. %2%3\n    %4\n    %5\n"_s.arg(
         QString::number(number).rightJustified(2), quoted(window.title),
         arrowIf(window.isUnderPointer),
@@ -138,6 +145,31 @@ QString displayText(const platform::DockDisplay& display)
                                       : InspectionText::tr("off with: %1").arg(display.setting));
 }
 
+/// What the program itself goes by.
+QString rawRows(const Inspection& inspection)
+{
+    QString text;
+    if (inspection.application)
+        text += row(InspectionText::tr("Application"),
+                    printableText(inspection.application->identifier) + comma +
+                        InspectionText::tr("process %1").arg(inspection.application->pid));
+    QStringList settings;
+    for (const ChangedSetting& setting : inspection.settings)
+        settings << u"%1=%2"_s.arg(setting.key).arg(setting.value, 0, 'g', 3);
+    if (!settings.empty())
+        text += row(InspectionText::tr("Settings"), settings.join(u' '));
+    QStringList windows;
+    for (const InspectedWindow& window : inspection.windows) {
+        const QRectF& frame = window.frame;
+        windows << QString::asprintf("%2lld. %#x, ", static_cast<long long>(windows.size()) + 1,
+                                     window.number) +
+                       printableText(window.subrole) +
+                       QString::asprintf(", %g × %g pt, %g, %g", frame.width(), frame.height(),
+                                         frame.x(), frame.y());
+    }
+    return text + rows(InspectionText::tr("Windows"), windows);
+}
+
 QString details(const Inspection& inspection)
 {
     QStringList system{QSysInfo::prettyProductName(), u"Qt "_s + QString::fromLatin1(qVersion())};
@@ -150,8 +182,9 @@ QString details(const Inspection& inspection)
            row(InspectionText::tr("Screens"), screens.join(QLatin1String("; "))) +
            row(InspectionText::tr("Dock"), dockText(inspection.dock)) +
            row(InspectionText::tr("Pointer"),
-               QString::asprintf("%g, %g", inspection.pointer.x(), inspection.pointer.y())) +
-           QLatin1Char('\n') +
+               QString::asprintf("%g, %g pt, 1 pt = %g px", inspection.pointer.x(),
+                                 inspection.pointer.y(), qGuiApp->devicePixelRatio())) +
+           rawRows(inspection) + QLatin1Char('\n') +
            (inspection.element.isEmpty()
                 ? InspectionText::tr("There is no element under the pointer.") + QLatin1Char('\n')
                 : inspection.element);
@@ -172,12 +205,13 @@ QString inspectionReport(const Inspection& inspection)
     text += row(InspectionText::tr("Icon"), itemText(inspection));
     if (inspection.application)
         text += applicationRows(inspection);
-    text += row(InspectionText::tr("Settings"), settingsText(inspection));
+    text += rows(InspectionText::tr("Settings"), settingTexts(inspection));
     if (!inspection.unseen.isEmpty())
         text += row(InspectionText::tr("Session"), inspection.unseen);
-    QString label = InspectionText::tr("Dock's own");
+    QStringList displays;
     for (const platform::DockDisplay& display : inspection.dock.displays)
-        text += row(std::exchange(label, QString()), displayText(display));
+        displays << displayText(display);
+    text += rows(InspectionText::tr("Dock's own"), displays);
 
     if (!inspection.windows.empty())
         text += heading(InspectionText::tr("Windows"));

@@ -4,10 +4,14 @@
 #include "app/inspect/InspectionTexts.h"
 
 #include <QtCore/QCoreApplication>
+#include <QtCore/QLocale>
+#include <QtGui/QGuiApplication>
 
 #include <algorithm>
+#include <cmath>
 
 #include "app/filters/FilterLevelTitle.h"
+#include "model/AXNames.h"
 #include "model/Modifiers.h"
 #include "platform/Desktop.h"
 #include "platform/KeyboardLayout.h"
@@ -105,6 +109,35 @@ QString verdictObstacle(const Inspection& inspection)
     return {};
 }
 
+struct SettingPhrase {
+    const char* key;
+    const char* text;
+    int Inspection::*heldKey; ///< whose name it has; null: none
+};
+constexpr SettingPhrase settingPhrases[] = {
+    {"disabled", QT_TRANSLATE_NOOP("Inspection", "all previews are turned off"), nullptr},
+    {"showInDock", QT_TRANSLATE_NOOP("Inspection", "previews for icons in the Dock are turned off"),
+     nullptr},
+    {"ignoreHidden", QT_TRANSLATE_NOOP("Inspection", "windows of hidden applications are left out"),
+     nullptr},
+    {"ignoreMinimized", QT_TRANSLATE_NOOP("Inspection", "minimised windows are left out"), nullptr},
+    {"ignoreOneWindow",
+     QT_TRANSLATE_NOOP("Inspection", "applications with a single window are left out"), nullptr},
+    {"onlyIfPressed", QT_TRANSLATE_NOOP("Inspection", "previews show only while %1 is held"),
+     &Inspection::showingKey},
+    {"hidePreviews", QT_TRANSLATE_NOOP("Inspection", "no previews show while %1 is held"),
+     &Inspection::hidingKey},
+    {"tempDisableFilters",
+     QT_TRANSLATE_NOOP("Inspection", "what is left out shows while %1 is held"),
+     &Inspection::unfilteringKey},
+    {"neverClose", QT_TRANSLATE_NOOP("Inspection", "previews stay after the mouse has left"),
+     nullptr},
+    {"showOthersInDockIcon",
+     QT_TRANSLATE_NOOP("Inspection", "Lumbrix's own icon has the windows of applications without "
+                                     "one"),
+     nullptr},
+};
+
 /// The reason, with details if they are known.
 QString differs(const QString& reason, const InspectedWindow& window, const QString& there)
 {
@@ -113,9 +146,41 @@ QString differs(const QString& reason, const InspectedWindow& window, const QStr
 
 } // namespace
 
+/// As other programs tell sizes, and the user's own eye: in pixels.
 QString placeText(const QRectF& rect)
 {
-    return QString::asprintf("%g × %g at %g, %g", rect.width(), rect.height(), rect.x(), rect.y());
+    const auto pixels = [scale = qGuiApp->devicePixelRatio()](double points) {
+        return QString::number(std::lround(points * scale));
+    };
+    return InspectionText::tr("%1 × %2 pixels at %3, %4")
+        .arg(pixels(rect.width()), pixels(rect.height()), pixels(rect.x()), pixels(rect.y()));
+}
+
+QString kindText(const QString& subrole)
+{
+    if (subrole == AX::StandardWindow)
+        return InspectionText::tr("a window");
+    if (subrole == AX::Dialog || subrole == AX::SystemDialog)
+        return InspectionText::tr("a dialog");
+    if (subrole == AX::FloatingWindow)
+        return InspectionText::tr("a palette");
+    if (subrole == AX::SystemFloatingWindow)
+        return InspectionText::tr("a window that taskbars leave out");
+    return InspectionText::tr("a window of another kind");
+}
+
+QString settingText(const ChangedSetting& setting, const Inspection& inspection)
+{
+    if (setting.key == QLatin1String("displayDelay"))
+        return InspectionText::tr("previews wait for %1 s")
+            .arg(QLocale().toString(setting.value, 'g', 3));
+    for (const auto& [key, text, heldKey] : settingPhrases) {
+        if (setting.key != QLatin1String(key))
+            continue;
+        const QString phrase = QCoreApplication::translate("Inspection", text);
+        return heldKey ? phrase.arg(keyName(inspection.*heldKey)) : phrase;
+    }
+    return {}; // which key it is that is held
 }
 
 QString outcomeText(const Inspection& inspection)
@@ -148,18 +213,18 @@ QString reasonText(const InspectedWindow& window)
     case WindowVerdict::NoProcess:
         return InspectionText::tr("its process is not known");
     case WindowVerdict::NoServerWindow:
-        return InspectionText::tr("no window of the window server belongs to it");
+        return InspectionText::tr("the display server has no window that belongs to it");
     case WindowVerdict::NoOrdinaryLayer:
         return InspectionText::tr("it is not in the layer of ordinary windows");
     case WindowVerdict::NoSameFrame:
-        return differs(InspectionText::tr("the window server has it in another place or size"),
+        return differs(InspectionText::tr("the display server has it in another place or size"),
                        window, window.listed ? placeText(window.listed->bounds) : QString());
     case WindowVerdict::TooSmall:
-        return InspectionText::tr("it is too small: both sides are below 50");
+        return InspectionText::tr("it is too small: both sides are below 50 points");
     case WindowVerdict::Untitled:
         return InspectionText::tr("it has no title");
     case WindowVerdict::NoSameTitle:
-        return differs(InspectionText::tr("the window server has it under another title"), window,
+        return differs(InspectionText::tr("the display server has it under another title"), window,
                        window.listed ? printableText(window.listed->name) : QString());
     case WindowVerdict::OtherOwner:
         return InspectionText::tr("it has just become another application's");
@@ -172,8 +237,8 @@ QString reasonText(const InspectedWindow& window)
     case WindowVerdict::NoWindowRole:
         return InspectionText::tr("it does not call itself a window");
     case WindowVerdict::FloatingAtLevel:
-        return InspectionText::tr("the filter “%1” leaves out windows of the kind %2")
-                   .arg(FilterLevel::title(window.level), printableText(window.subrole)) +
+        return InspectionText::tr("the filter “%1” leaves it out, as it is %2")
+                   .arg(FilterLevel::title(window.level), kindText(window.subrole)) +
                where("Filters");
     case WindowVerdict::NoContent:
         return InspectionText::tr("it is no standard window, and there is nothing in it");
@@ -196,7 +261,8 @@ QString reasonText(const InspectedWindow& window)
 
 QString levelText(const AppliedFilterLevel& level)
 {
-    const QString name = FilterLevel::title(level.level);
+    const QString name = InspectionText::tr("%1 (%2)").arg(FilterLevel::title(level.level),
+                                                           FilterLevel::summary(level.level));
     switch (level.source) {
     case FilterLevelSource::Application:
         return InspectionText::tr("%1, the application's own").arg(name);

@@ -24,7 +24,12 @@ class InspectionText
 QString outcomeText(const Inspection& inspection);
 /// Why the window is not previewed; empty when it is.
 QString reasonText(const InspectedWindow& window);
+/// Size and place of a rectangle in points, in whole pixels.
 QString placeText(const QRectF& rect);
+/// What sort of window has that subrole.
+QString kindText(const QString& subrole);
+/// What the setting does now; empty if another one tells that.
+QString settingText(const ChangedSetting& setting, const Inspection& inspection);
 QString levelText(const AppliedFilterLevel& level);
 
 } // namespace lumbrix

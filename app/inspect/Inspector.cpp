@@ -29,8 +29,7 @@ namespace
 
 constexpr QSize smallPicture(64, 64); ///< pixels
 
-/// The settings that decide what a hover shows, if they differ from their initial values.
-QStringList settingsThatMatter(const platform::UserDefaults& defaults)
+std::vector<ChangedSetting> settingsThatMatter(const platform::UserDefaults& defaults)
 {
     static constexpr const char* names[] = {
         "disabled",           "ignoreHidden",
@@ -40,17 +39,16 @@ QStringList settingsThatMatter(const platform::UserDefaults& defaults)
         "tempDisableFilters", "tempDisableFiltersKeycode",
         "neverClose",         "showOthersInDockIcon",
     };
-    QStringList result;
-    const auto add = [&result](const char* name, const QString& value) {
-        result << QString::fromLatin1(name) + QLatin1Char('=') + value;
-    };
+    std::vector<ChangedSetting> result;
     if (integerSetting(defaults, u"showInDock"_s) == 0)
-        add("showInDock", u"0"_s);
-    for (const char* name : names)
-        if (const auto value = integerSetting(defaults, QString::fromLatin1(name)))
-            add(name, QString::number(value));
+        result.push_back({u"showInDock"_s, 0});
+    for (const char* name : names) {
+        const QString key = QString::fromLatin1(name);
+        if (const auto value = integerSetting(defaults, key))
+            result.push_back({key, static_cast<double>(value)});
+    }
     if (const float delay = defaults.floatForKey(u"displayDelay"_s); delay > 0)
-        add("displayDelay", QString::number(static_cast<double>(delay), 'g', 3));
+        result.push_back({u"displayDelay"_s, static_cast<double>(delay)});
     return result;
 }
 
@@ -151,6 +149,7 @@ Inspection Inspector::inspect()
     result.isDisabled = m_settings.disabled != 0;
     result.hidingKey = m_settings.hidePreviewsKeycode;
     result.showingKey = m_settings.onlyIfKeycode;
+    result.unfilteringKey = m_settings.tempDisableFiltersKeycode;
     result.dock = inspectDock();
     if (m_item)
         result.item = inspectItem();

@@ -82,7 +82,8 @@ TEST_F(InspectionTest, windows_areListedWithTheFirstRuleThatKeepsEachAway)
         EXPECT_FALSE(reasons.contains(reason) && !reason.isEmpty()) << "one text for two reasons";
         reasons << reason;
     }
-    EXPECT_TRUE(reasons.filter(u"400 × 300 at 1, 2"_s).size() == 1);
+    EXPECT_TRUE(reasons.filter(u"400 × 300 pixels at 1, 2"_s).size() == 1);
+    EXPECT_EQ(reasons.filter(u"as it is a palette (Pref"_s).size(), 1);
     EXPECT_EQ(outcomeText(inspection), u"2 of 11 windows."_s);
 
     // The rules for the application as a whole.
@@ -93,7 +94,8 @@ TEST_F(InspectionTest, windows_areListedWithTheFirstRuleThatKeepsEachAway)
     EXPECT_EQ(count(WindowVerdict::BlockedByLevel), 7) << "all but those that match nothing";
     EXPECT_EQ(inspect().application->level.source, FilterLevelSource::Application);
     defaults.setDictionary({{u"All applications"_s, 0}}, u"filters"_s);
-    EXPECT_EQ(levelText(inspect().application->level), u"Low, that of all applications"_s);
+    EXPECT_EQ(levelText(inspect().application->level),
+              u"Low (every window), that of all applications"_s);
     desk.workspace().hide(maps);
     set(u"ignoreHidden"_s, 1);
     EXPECT_EQ(count(WindowVerdict::ApplicationHidden), 6) << "and but the drawer";
@@ -140,7 +142,7 @@ TEST_F(InspectionTest, outcome_namesWhatKeepsPreviewsAway)
     EXPECT_TRUE(outcome().contains(u"icons in the Dock are turned off"_s));
     set(u"disabled"_s, 1);
     EXPECT_TRUE(outcome().contains(u"all previews are turned off"_s));
-    EXPECT_EQ(inspect().settings.front(), u"showInDock=0"_s);
+    EXPECT_EQ(inspect().settings.front().key, u"showInDock"_s);
     defaults.setBool(false, u"firstRun"_s);
     EXPECT_TRUE(inspect().settings.empty()) << "as the first start will set them";
     defaults.setBool(true, u"firstRun"_s);
@@ -206,9 +208,11 @@ TEST_F(InspectionTest, minimisedIconAndBusyApplication_areTold)
 TEST_F(InspectionTest, report_isPlainTextWithTheAnswerFirst)
 {
     const Pid maps = addApplication(u"Maps"_s);
-    desk.addWindow(maps, {u"Grüße\x1b[31m\n\u202e \U0001F600"_s, {10, 20, 400, 300}});
+    desk.addWindow(maps, {u"Grüße\x1b[31m\n\u202e \U0001F600"_s, {10.4, 20, 400, 300}});
     desk.movePointer({30, 900 - 40});
     defaults.setFloat(0.5F, u"displayDelay"_s);
+    set(u"tempDisableFilters"_s, 1);
+    set(u"tempDisableFiltersKeycode"_s, 2);
     using enum platform::DockDisplay::Kind;
     desk.dockPreferences().setOwnDisplays(
         {{Tooltip, true, u"tips=0"_s}, {Preview, false, u"views=0"_s}, {Tooltip, true, {}}});
@@ -217,9 +221,10 @@ TEST_F(InspectionTest, report_isPlainTextWithTheAnswerFirst)
     const QString title = uR"(Grüße\x1b[31m\n\u202e 😀)"_s;
     EXPECT_EQ(lines.join(u'\n'), uR"(Previews      1 of 1 windows.
 Icon          “Maps”, a running application, in No Description
-Application   Maps, identifier org.example.Maps, process %3
-Filter        High, that of all applications
-Settings      displayDelay=0.5
+Application   Maps
+Filter        High (all but empty windows and palettes), that of all applications
+Settings      what is left out shows while Ctrl is held
+              previews wait for 0.5 s
 Dock's own    a tooltip, off with: tips=0
               perhaps a preview, off with: views=0
               a tooltip, which nothing turns off
@@ -228,14 +233,17 @@ Windows
 -------
  1. “%1”   <- under the pointer
     can be previewed
-    on Space 1, 400 × 300 at 10, 20, AXStandardWindow, 0x1
+    a window, on workspace 1, 400 × 300 pixels at 10, 20
 
 For a bug report
 ----------------
 Lumbrix       , not known whether it runs
-Screens       1440 × 900 at 0, 0
+Screens       1440 × 900 pixels at 0, 0
 Dock          No Description, process %2, edge: bottom, items: 3
-Pointer       30, 40
+Pointer       30, 40 pt, 1 pt = 1 px
+Application   org.example.Maps, process %3
+Settings      tempDisableFilters=1 tempDisableFiltersKeycode=2 displayDelay=0.5
+Windows        1. 0x1, AXStandardWindow, 400 × 300 pt, 10.4, 20
 
 <AXApplication: “Maps”>
  <AXWindow: “%1”>
