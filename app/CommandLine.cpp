@@ -22,20 +22,23 @@ constexpr const char* helpText =
     "\n"
     "Shows live previews of an application's windows when the mouse rests on its icon in\n"
     "the Dock or on its button in a panel. Click a preview to bring its window forward.\n"
+    "Started again while it runs, it opens its preferences.\n"
     "\n"
     "      --preferences\n"
     "                 open the preferences, of the Lumbrix that runs if there is one\n"
     "      --toggle   turn the previews of the Lumbrix that runs off, or on again; if none runs,\n"
     "                 start it with previews on\n"
-    "      --inspect  after three seconds, tell what is under the mouse and why it has previews\n"
-    "                 or has none, and end; also while another Lumbrix runs\n"
-    "      --verbose  tell on standard error why previews come, stay and go, or only of WHAT:\n"
+    "      --inspect  wait three seconds while you point at an icon, print why it has previews\n"
+    "                 or none, and end; Lumbrix may run meanwhile\n"
+    "      --verbose  run, and say on standard error why previews come, stay and go; with\n"
+    "                 =WHAT only about the subjects named there, of\n"
     "                 %s;\n"
-    "                 with \"titles\" among them the titles of windows, too\n"
+    "                 where \"titles\" is among them, titles of windows are shown, too\n"
     "  -h, --help     show this help and end\n"
     "  -v, --version  show the version and end\n"
     "\n"
-    "Settings: $XDG_CONFIG_HOME/lumbrix/lumbrix.conf (usually ~/.config/lumbrix/lumbrix.conf)\n";
+    "Settings: $XDG_CONFIG_HOME/lumbrix/lumbrix.conf (usually ~/.config/lumbrix/lumbrix.conf)\n"
+    "More: man lumbrix\n";
 
 /// Flushes standard output and returns the exit status: 1 when the text could not be written, for
 /// example to a full disk or a closed pipe.
@@ -93,10 +96,14 @@ std::optional<int> answerCommandLine(int argc, const char* const* argv)
     }
     if (argc == 2 && turnsOn(option))
         return std::nullopt;
-    const bool isKnown = modeOf(option) != StartMode::Usual || (argc > 2 && turnsOn(option));
-    const char* unknown = isKnown ? argv[2] : argv[1]; // it stands alone
-    const char* kind = *unknown == '-' ? "option" : "argument";
-    std::fprintf(stderr, "lumbrix: unknown %s '%s'\n%s", kind, unknown, usageText);
+    if (modeOf(option) != StartMode::Usual || (argc > 2 && turnsOn(option)))
+        std::fprintf(stderr, "lumbrix: '%s' stands alone, without '%s'\n", argv[1], argv[2]);
+    else
+        std::fprintf(stderr, "lumbrix: unknown %s '%s'\n",
+                     option.starts_with('-') ? "option" : "argument", argv[1]);
+    std::fputs(usageText, stderr);
+    if (option.starts_with(verboseOption))
+        std::fprintf(stderr, "WHAT is one of %s,titles\n", qUtf8Printable(log::names()));
     return 2;
 }
 

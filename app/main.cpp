@@ -130,11 +130,12 @@ int main(int argc, char** argv)
     case SingleInstance::Result::HandedOver:
         // Who asked for something knows what became of the start.
         if (mode == StartMode::Usual)
-            fail(u"%1 is Lumbrix already, and was asked to open its preferences"_s.arg(
+            fail(u"Lumbrix already runs, as %1: it was asked to open its preferences"_s.arg(
                 instance->otherOne()));
         return 0;
     case SingleInstance::Result::NoAnswer:
-        return fail(u"%1 is Lumbrix already, and does not answer"_s.arg(instance->otherOne()));
+        return fail(u"Lumbrix already runs, as %1, and does not answer: end that process, then "
+                    "start Lumbrix again"_s.arg(instance->otherOne()));
     }
 
     const auto desktop = platform::LinuxDesktop::create(runLoop, options, error);

@@ -199,8 +199,8 @@ private:
     void sayWhatIsMissing()
     {
         if (!m_session.isConnected())
-            say("there is no session bus: Plank, players, some trays and a second start go "
-                "unnoticed");
+            say("there is no session bus: Plank, media players, most trays and a second start of "
+                "Lumbrix are not noticed");
         if (!m_core->connection().extensions().randr.present)
             say("the X server lacks the extension RANDR: all monitors count as one");
         m_runLoop.performAfterDelay(this, timeForWindowManager, [this] {

@@ -65,7 +65,7 @@ std::unique_ptr<LinuxDesktop::DisplayHold> LinuxDesktop::prepareToolkit(QString&
         error = u"this Wayland session has no X display, so no window can be previewed: choose an "
                 "X11 session when you log in"_s;
     else
-        error = u"no X display: DISPLAY is not set"_s;
+        error = u"no X display: DISPLAY is not set. Start Lumbrix in a desktop session"_s;
     return nullptr;
 }
 

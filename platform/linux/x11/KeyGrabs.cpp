@@ -96,7 +96,7 @@ void KeyGrabs::eventsHandled()
                            [&](const Grab& grab) { return grab.key == key; });
     });
     take(grabs, refused);
-    qCDebug(log::keys, "%zu keys are ours", m_held.size());
+    qCDebug(log::keys, "%zu keys are taken for previews or hot keys", m_held.size());
     for (const TapKey& key : refused)
         qCDebug(log::keys, "key %lld with modifiers %#x cannot be had: another program has it",
                 static_cast<long long>(key.keyCode), key.flags);
