@@ -62,6 +62,7 @@ AboutWindow::AboutWindow()
     what->setFixedWidth(textWidth);
     layout->addSpacing(margin / 2);
     addText(tr("© 2026 The Lumbrix developers\nFree software under the MIT licence"));
+    addText(tr("Bugs and thanks are welcome at\n%1").arg(QStringLiteral(LUMBRIX_BUGS)));
     layout->addSpacing(margin / 2);
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
     buttons->setCenterButtons(true);

@@ -1216,6 +1216,12 @@ Free software under the MIT licence</source>
         <translation>© 2026 The Lumbrix developers
 Freie Software unter der MIT-Lizenz</translation>
     </message>
+    <message>
+        <source>Bugs and thanks are welcome at
+%1</source>
+        <translation>Fehler, und Dank, nimmt entgegen:
+%1</translation>
+    </message>
 </context>
 <context>
     <name>lumbrix::ColorWell</name>
