@@ -98,6 +98,9 @@ public:
     /// Whether translucent pixels of a window are blended with the windows below. If not, panels
     /// must be shaped.
     virtual bool blendsTranslucency() = 0;
+    /// How many compositors have begun to run since the program started; one that runs then does
+    /// not count. A compositor need not draw windows that were on the screen before it. Any thread.
+    virtual int compositorsBegun() { return 0; }
     /// Shows or hides a window that the toolkit has shown before, without waiting and without the
     /// toolkit's knowledge: to the toolkit the window is just covered by others for a while.
     /// Returns false and does nothing if that is not possible. Main thread.

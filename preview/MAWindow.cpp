@@ -85,6 +85,15 @@ void MAWindow::makeWindowAnew()
         orderFrontRegardless();
 }
 
+// A compositor may lose the first damage of what is on the screen when it starts, waits for it for
+// ever, and never draws that window again, however often it is hidden and shown. It draws a new
+// one.
+void MAWindow::makeWindowForCompositor()
+{
+    if (windowHandle() && !isOnScreen() && m_compositor != m_ports.windowServer.compositorsBegun())
+        makeWindowAnew();
+}
+
 void MAWindow::setContent(QWidget* content)
 {
     m_content = content;
@@ -94,6 +103,7 @@ void MAWindow::setContent(QWidget* content)
 
 void MAWindow::orderFrontRegardless()
 {
+    makeWindowForCompositor();
     prepareToShow();
     enterFrontPanels();
     if ((m_isHeld || (m_isBackdrop && !hasCompany())) && !isFront())
@@ -159,6 +169,7 @@ void MAWindow::showEvent(QShowEvent* event)
 {
     QWidget::showEvent(event);
     m_presence.appear();
+    m_compositor = m_ports.windowServer.compositorsBegun();
     windowHandle()->installEventFilter(this);
 }
 

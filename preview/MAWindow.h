@@ -99,6 +99,7 @@ protected:
 private:
     bool isOnScreen() const { return m_presence.isOnScreen(); }
     void makeWindowAnew();
+    void makeWindowForCompositor();
     void prepareToShow();
     void bringOntoScreen();
     void wentOffScreen();
@@ -118,6 +119,7 @@ private:
     qreal m_cornerRadius = 0;
     qreal m_pixelsPerPoint = 0; ///< when the frame was set
     int m_level = 0;
+    int m_compositor = 0; ///< how many had begun when the toolkit first showed the window
     bool m_shaped = false;
     bool m_isHeld = false;
     bool m_isBackdrop = false;

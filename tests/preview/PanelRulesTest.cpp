@@ -334,6 +334,24 @@ TEST_F(Panel, withoutBlending_theCornersAreCutOffAndTheCloseButtonIsNot)
     EXPECT_EQ(preview->window()->mask(), resting);
 }
 
+TEST_F(Panel, window_thatACompositorFoundOnTheScreen_isMadeAnewForTheNextRow)
+{
+    const ScreenyViewPtr preview = show();
+    const auto next = [&] {
+        preview->window()->orderOut();
+        preview->orderFront();
+        return preview->window()->internalWinId();
+    };
+    const WId first = next();
+    desk.with([](SimulatedState& state) { state.compositorsBegun = 1; });
+    preview->orderFront();
+    EXPECT_EQ(preview->window()->internalWinId(), first) << "it would flicker";
+    const WId second = next();
+    EXPECT_NE(second, first);
+    EXPECT_TRUE(preview->window()->isVisible());
+    EXPECT_EQ(next(), second);
+}
+
 TEST_F(Panel, mouseEntered_offersToCloseWhatCanBeClosed)
 {
     const ScreenyViewPtr closable = show();

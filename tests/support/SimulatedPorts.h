@@ -91,6 +91,7 @@ public:
     std::vector<QRectF> screens() override { return m_state.locked()->screens; }
     QPointF toolkitOffset(const QRectF&) override { return {}; }
     bool blendsTranslucency() override { return m_state.locked()->blendsTranslucency; }
+    int compositorsBegun() override { return m_state.locked()->compositorsBegun; }
     void takeKeyboard(std::uintptr_t) override { m_hasKeyboard = true; }
     void giveKeyboardBack(std::uintptr_t) override { m_hasKeyboard = false; }
     bool hasKeyboard() const { return m_hasKeyboard; } ///< one of the toolkit's windows

@@ -226,6 +226,7 @@ struct SimulatedState {
 
     std::vector<QRectF> screens{{0, 0, 1440, 900}};
     bool blendsTranslucency = true;
+    int compositorsBegun = 0;
     QPointF pointer{720, 450}; ///< screen coordinates
     /// Where it was before, and until when; the latest first.
     std::vector<std::pair<platform::Seconds, QPointF>> pointerBefore;

@@ -120,6 +120,7 @@ void ScreenWatch::handleEvent(const xcb_generic_event_t& event)
         if (notify.selection != m_compositorSelection)
             return;
         const bool isRunning = notify.owner != XCB_NONE;
+        m_compositorsBegun += isRunning ? 1 : 0; // one may take over from another
         if (m_isCompositorRunning.exchange(isRunning) != isRunning) {
             qCDebug(log::session, "the compositor has %s", isRunning ? "come" : "gone");
             m_listeners.notify(

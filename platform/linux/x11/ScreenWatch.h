@@ -33,6 +33,8 @@ public:
     void setMainScreenHint(const QRect& dock);
     /// Any thread.
     bool isCompositorRunning() const { return m_isCompositorRunning; }
+    /// Since the construction. Any thread.
+    int compositorsBegun() const { return m_compositorsBegun; }
 
     void handleEvent(const xcb_generic_event_t& event) override;
     void eventsHandled() override;
@@ -50,6 +52,7 @@ private:
     PointSpace& m_points;
     bool m_areScreensDirty = false; ///< event thread
     std::atomic<bool> m_isCompositorRunning = false;
+    std::atomic<int> m_compositorsBegun = 0;
 
     std::mutex m_mutex;
     QRect m_dock;                  // guarded by m_mutex

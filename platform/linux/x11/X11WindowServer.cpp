@@ -147,6 +147,8 @@ QPointF X11WindowServer::toolkitOffset(const QRectF& bounds)
 
 bool X11WindowServer::blendsTranslucency() { return m_screens.isCompositorRunning(); }
 
+int X11WindowServer::compositorsBegun() { return m_screens.compositorsBegun(); }
+
 /// The toolkit makes two round trips to show a window, each behind whatever the server is doing: a
 /// row of windows takes longer to show than to paint. It knows windows that others unmap and map
 /// again, as window managers do when they minimise one.

@@ -49,6 +49,7 @@ public:
     std::vector<QRectF> screens() override;
     QPointF toolkitOffset(const QRectF& bounds) override;
     bool blendsTranslucency() override;
+    int compositorsBegun() override;
     bool setOnScreen(std::uintptr_t toolkitWindow, bool onScreen) override;
     void remindCompositor(std::uintptr_t toolkitWindow) override;
     void takeKeyboard(std::uintptr_t toolkitWindow) override;

@@ -347,6 +347,7 @@ TEST(Pictures, compositorComingAndGoing_keepsPicturesLive)
     ASSERT_TRUE(desk.waitForColour(window, Qt::red));
     std::unique_ptr<Process> manager;
     QColor colour = Qt::red;
+    int begun = 0;
     for (const bool isComposited : {true, false, true}) {
         manager = desk.session().start(u"replacement"_s, u"xfwm4"_s,
                                        {u"--replace"_s,
@@ -356,6 +357,7 @@ TEST(Pictures, compositorComingAndGoing_keepsPicturesLive)
             return desk.core().windowServer().blendsTranslucency() == isComposited &&
                    desk.display().hasCompositor() == isComposited;
         }));
+        EXPECT_EQ(desk.core().windowServer().compositorsBegun(), begun += isComposited ? 1 : 0);
         colour = QColor((colour.red() + 90) % 256, (colour.green() + 60) % 256, 40);
         app.setColour(window, colour);
         EXPECT_TRUE(desk.waitForColour(window, colour)) << isComposited;
