@@ -13,6 +13,7 @@
 #include <unistd.h>
 
 #include "Lumbrix.h"
+#include "storm/Service.h"
 #include "storm/Watch.h"
 #include "storm/Weather.h"
 #include "support/Holdings.h"
@@ -29,7 +30,7 @@ using namespace std::chrono_literals;
 using namespace Qt::StringLiterals;
 
 constexpr std::size_t windowCount = 18;
-constexpr auto recovery = 3s;
+constexpr int recovery = 3000; ///< milliseconds
 
 class Storm
 {
@@ -43,6 +44,7 @@ public:
         if (m_faults.empty())
             qFatal("there is no such fault");
         m_crowd.start(windowCount);
+        m_weather.companions().start();
         m_lumbrix = startLumbrix(m_session, {{u"displayDelay"_s, u"0"_s}}, [this] {
             m_weather.park();
             m_weather.moveTo(m_crowd.any());
@@ -65,6 +67,13 @@ public:
         m_watch->setBlind(false);
         expectRight(fault.name);
     }
+    /// At the end, as it stays without one: what needs no bus goes on.
+    void replaceBus()
+    {
+        ++m_counts["session bus killed"];
+        m_weather.replaceBus();
+        expectRight("session bus killed");
+    }
     /// None once the program has gone.
     std::optional<Holdings> held()
     {
@@ -83,7 +92,8 @@ private:
     void act(bool isWithoutManager)
     {
         m_watch->look();
-        switch (m_crowd.pick(5)) {
+        const auto& companions = m_weather.companions().applications();
+        switch (m_crowd.pick(6)) {
         case 0:
             m_display.moveTo(m_weather.anywhere());
             break;
@@ -93,6 +103,9 @@ private:
             break;
         case 2:
             clickPreview();
+            break;
+        case 3:
+            m_weather.moveTo(*companions[m_crowd.pick(companions.size())]);
             break;
         default:
             m_weather.moveTo(m_crowd.any());
@@ -118,7 +131,7 @@ private:
             ++m_counts["(the dock showed no icon)"];
             return;
         }
-        if (m_display.waitFor([&] { return m_crowd.isShown(application); }, recovery))
+        if (m_display.waitFor([&] { return m_crowd.isShown(application); }, patience(recovery)))
             return;
         m_watch->wrong("previews are not right after " + after);
         m_crowd.describe(application);
@@ -153,11 +166,16 @@ int main(int argc, char** argv)
     const Program program(argc, argv,
                           {{u"minutes"_s, u"How long."_s, u"N"_s, u"10"_s},
                            {u"seed"_s, u"What chance starts from."_s, u"N"_s, u"1"_s},
-                           {u"only"_s, u"One kind of fault."_s, u"NAME"_s}});
+                           {u"only"_s, u"One kind of fault."_s, u"NAME"_s},
+                           {u"serve"_s, u"For itself: be a service."_s, u"NAME"_s}});
+    if (const QString service = program.text(u"serve"_s); !service.isEmpty())
+        return serve(service);
     const qint64 time = qRound64(program.text(u"minutes"_s).toDouble() * 60'000);
     std::printf("%lld s of storm over 6 applications with %zu windows, seed %s\n",
                 static_cast<long long>(time / 1000), windowCount,
                 qPrintable(program.text(u"seed"_s)));
+    std::printf("previews have %lld s to be right\n",
+                static_cast<long long>(patience(recovery).count() / 1000));
     Storm storm(program.text(u"seed"_s).toUInt(), program.text(u"only"_s).toStdString());
     QElapsedTimer clock;
     std::optional<Holdings> start;
@@ -173,6 +191,8 @@ int main(int argc, char** argv)
             middle = storm.held();
     }
     const auto end = storm.held();
+    if (storm.isAlive())
+        storm.replaceBus();
     if (start && middle && end)
         print(*start, *middle, *end, faults, "faults");
     else

@@ -21,7 +21,7 @@ using privatedesk::Panel;
 namespace
 {
 
-constexpr auto stray = 3s;       ///< how long a panel may stay without the mouse
+constexpr int stray = 3000;      ///< milliseconds that a panel may stay without the mouse
 constexpr auto lookEvery = 50ms; ///< often enough for three seconds
 constexpr int nearness = 130;    ///< pixels between an icon and its row, at most
 constexpr int dockNearness = 40; ///< a dock slides and grows
@@ -49,7 +49,7 @@ void Watch::look()
     if (m_isBlind || !isMouseElsewhere(m_display.previews())) {
         m_inOrderAt = now;
         m_isReported = false;
-    } else if (now - m_inOrderAt > stray && !m_isReported) {
+    } else if (now - m_inOrderAt > privatedesk::patience(stray) && !m_isReported) {
         m_isReported = true;
         wrong("panels without the mouse");
     }
@@ -73,9 +73,10 @@ void Watch::setBlind(bool on)
 
 void Watch::expectRest(const std::string& after)
 {
-    if (!m_display.waitFor([this] { return m_display.panels().empty(); }, 3s))
+    if (!m_display.waitFor([this] { return m_display.panels().empty(); },
+                           privatedesk::patience(stray)))
         wrong("a window stays after " + after);
-    if (!m_display.waitFor([this] { return isInputFree(); }, 3s))
+    if (!m_display.waitFor([this] { return isInputFree(); }, privatedesk::patience(stray)))
         wrong("keys or the pointer stay taken after " + after);
 }
 

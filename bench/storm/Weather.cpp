@@ -3,7 +3,9 @@
 
 #include "storm/Weather.h"
 
+#include <algorithm>
 #include <csignal>
+#include <iterator>
 
 namespace lumbrix::bench
 {
@@ -22,7 +24,7 @@ const Monitor above{u"DUMMY1"_s, QRect(100, -800, 1280, 800)};
 
 SessionOptions options()
 {
-    SessionOptions result{first.size(), WindowManager::Xfwm4, true};
+    SessionOptions result{first.size(), WindowManager::Xfwm4, true, true};
     if (hasMonitorServer())
         result.monitors = {main};
     return result;
@@ -32,9 +34,12 @@ SessionOptions options()
 
 Weather::Weather(std::mt19937& random) : m_session(options()), m_crowd(m_session, random)
 {
+    m_fonts.setDotsPerInch(96);
     changeDock();
     addDockFaults();
     addSessionFaults();
+    addWindowFaults();
+    std::ranges::move(m_companions.faults(), std::back_inserter(m_faults));
     if (!m_session.options().monitors.empty())
         addScreenFaults();
 }
@@ -59,7 +64,7 @@ bool Weather::moveTo(const Application& application)
                 icon.reset();
             return icon.has_value();
         },
-        3s);
+        patience(3000));
     if (icon)
         m_session.display().moveTo(*icon);
     return icon.has_value();
@@ -79,7 +84,16 @@ void Weather::changeDock()
     const auto kind = kinds[m_crowd.pick(std::size(kinds))];
     const auto edge = edges[m_crowd.pick(std::size(edges))];
     m_dock.reset();
-    m_dock = Dock::start(m_session, kind, edge, m_crowd.entries());
+    m_dock = Dock::start(m_session, kind, edge, m_crowd.entries() + m_companions.entries());
+}
+
+void Weather::replaceBus()
+{
+    m_session.bus().signal(SIGKILL);
+    m_dock.reset();
+    m_session.restartBus();
+    m_session.restartWindowManager();
+    m_dock = Dock::start(m_session, DockKind::Tint2, Edge::Bottom);
 }
 
 void Weather::addDockFaults()
@@ -122,9 +136,40 @@ void Weather::addSessionFaults()
     m_faults.push_back({"application crashed", [] {}, [this] { m_crowd.replaceAny(); }});
 }
 
+void Weather::addWindowFaults()
+{
+    struct Adopted {
+        const Application* owner = nullptr;
+        xcb_window_t window = XCB_NONE;
+    };
+    const auto belongTo = [this](xcb_window_t window, const Application& owner) {
+        const QByteArray name = owner.identifier().toLatin1();
+        const QByteArray both = name + '\0' + name.left(1).toUpper() + name.mid(1) + '\0';
+        xcb_connection_t* c = m_session.display().connection();
+        xcb_change_property(c, XCB_PROP_MODE_REPLACE, window, XCB_ATOM_WM_CLASS, XCB_ATOM_STRING, 8,
+                            static_cast<std::uint32_t>(both.size()), both.constData());
+        xcb_flush(c);
+    };
+    const auto adopted = std::make_shared<Adopted>();
+    m_faults.push_back(
+        {.name = "window changes its owner",
+         .begin =
+             [this, adopted, belongTo] {
+                 const Application& owner = m_crowd.any();
+                 const auto& windows = owner.windows();
+                 adopted->owner = &owner;
+                 adopted->window = windows[m_crowd.pick(windows.size())].id;
+                 belongTo(adopted->window, m_crowd.any());
+             },
+         .end = [adopted, belongTo] { belongTo(adopted->window, *adopted->owner); }});
+    m_faults.push_back({.name = "scale doubled",
+                        .begin = [this] { m_fonts.setDotsPerInch(192); },
+                        .end = [this] { m_fonts.setDotsPerInch(96); }});
+}
+
 void Weather::addScreenFaults()
 {
-    const auto add = [this](const char* name, std::vector<Monitor> meanwhile) {
+    const auto add = [this](const char* name, const std::vector<Monitor>& meanwhile) {
         m_faults.push_back({.name = name,
                             .begin = [this, meanwhile] { m_session.setMonitors(meanwhile); },
                             // Plank takes note of monitors only when it starts.

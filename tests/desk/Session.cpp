@@ -210,10 +210,22 @@ void Session::startBus()
            "<policy context=\"default\"><allow user=\"*\"/><allow send_destination=\"*\"/>"
            "<allow eavesdrop=\"true\"/><allow own=\"*\"/></policy></busconfig>"));
     m_environment << u"DBUS_SESSION_BUS_ADDRESS="_s + m_busAddress;
-    m_bus = start(u"bus"_s, u"dbus-daemon"_s,
-                  {u"--config-file="_s + configuration, u"--nofork"_s, u"--nopidfile"_s});
-    if (!m_display->waitFor([&] { return QFileInfo::exists(socket); }))
+    launchBus();
+}
+
+void Session::launchBus()
+{
+    const QString configuration = u"--config-file="_s + path(u"bus.conf"_s);
+    m_bus = start(u"bus"_s, u"dbus-daemon"_s, {configuration, u"--nofork"_s, u"--nopidfile"_s});
+    if (!m_display->waitFor([&] { return QFileInfo::exists(path(u"bus"_s)); }))
         qFatal("the message bus did not start:\n%s", qPrintable(logs()));
+}
+
+void Session::restartBus()
+{
+    m_bus.reset();
+    QFile::remove(path(u"bus"_s));
+    launchBus();
 }
 
 void Session::restartWindowManager()

@@ -57,6 +57,8 @@ public:
     /// Ends it, if it runs, and starts it with its compositor again.
     void restartWindowManager();
     Process& bus() { return *m_bus; }
+    /// Ends it, if it runs, and starts it at the same address again.
+    void restartBus();
     QStringList environment() const { return m_environment; }
 
     /// Starts a program inside the session; its output goes to the log of the given name.
@@ -84,6 +86,7 @@ public:
 private:
     void startServer();
     void startBus();
+    void launchBus();
     void startWindowManager();
 
     SessionOptions m_options;
