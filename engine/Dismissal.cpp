@@ -167,13 +167,15 @@ bool Dismissal::checkIfPreviewsAreHovered(bool includeDockItem)
     if (contains(icon, mouse))
         return true;
     const auto edge = StripArranger::getDockOrientation(m.ports.dockPreferences, dockItem);
+    // Beside a Dock that is gone there is no gap, and another one may be at any edge.
+    const bool hasGap = includeDockItem && (!dockItem || !icon.isEmpty());
     // A copy: a preview's hover state may have the engine change the set.
     const auto previews = m.row.previews();
     for (const ScreenyViewPtr& preview : previews) {
         const QRectF frame = frameOf(*preview);
         const bool isInside = contains(frame, mouse);
         m.row.selection().track(*preview, isInside);
-        if (isInside || (includeDockItem && contains(bridgedToDock(frame, icon, edge), mouse)) ||
+        if (isInside || (hasGap && contains(bridgedToDock(frame, icon, edge), mouse)) ||
             preview->isHovered())
             return true;
     }

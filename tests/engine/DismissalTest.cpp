@@ -57,6 +57,15 @@ TEST_F(DismissalTest, gapToTheDock_isBridged_butNothingElse)
     loop.advance(tick);
     EXPECT_EQ(shown(), u""_s);
     EXPECT_EQ(panelsOnScreen(), 0);
+
+    // With the Dock the gap is gone, too.
+    hover(u"Notes"_s);
+    desk.movePointer(gap());
+    loop.advance(tick);
+    ASSERT_EQ(shown(), both);
+    desk.killDock();
+    loop.advance(2 * tick);
+    EXPECT_EQ(shown(), u""_s);
 }
 
 // The row stands beside a magnified icon, which shrinks as soon as the mouse is off it: the gap
