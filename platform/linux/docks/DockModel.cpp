@@ -179,6 +179,10 @@ void DockModel::pointerStops(QPoint place)
         const std::lock_guard lock(m_mutex);
         m_stop = place;
         isChanged = updateSelection();
+        // The row went with the windows of the former window manager. Whoever moves on the icon
+        // then wants it, and should not have to leave the icon first.
+        if (std::exchange(m_isManagerNew, false))
+            isChanged = isChanged || m_selected != 0;
     }
     if (!isChanged)
         return;
@@ -420,6 +424,13 @@ void DockModel::currentDesktopChanged(int desktop)
 {
     for (const auto& provider : m_providers)
         provider->currentDesktopChanged(desktop);
+}
+
+void DockModel::managerChanged(const x11::Manager& manager)
+{
+    const std::lock_guard lock(m_mutex);
+    if (manager.pid != 0 && manager.pid != m_manager)
+        m_isManagerNew = std::exchange(m_manager, manager.pid) != 0;
 }
 
 void DockModel::screensChanged()

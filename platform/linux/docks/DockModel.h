@@ -96,6 +96,7 @@ public:
     void pointerStops(QPoint place) override;
     void buttonPressed(int button, QPoint point) override;
     void screensChanged() override;
+    void managerChanged(const x11::Manager& manager) override;
 
 private:
     struct Known {
@@ -141,6 +142,8 @@ private:
     std::vector<DockStatePtr> m_requested; ///< places of items that no dock has
     DockItemId m_menuItem = 0;             ///< whose menu was opened, until something else happens
     double m_menuItemLeftAt = -1e9;
+    std::int32_t m_manager = 0;  ///< its process; 0 before there was one
+    bool m_isManagerNew = false; ///< no pointer has stopped since
 };
 
 } // namespace lumbrix::platform

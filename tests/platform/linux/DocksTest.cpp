@@ -364,6 +364,16 @@ TEST_F(DocksTest, hover_and_menu_are_told_once_to_the_observer_of_the_dock)
     m_loop.advance(0.1);
     EXPECT_TRUE(taken().endsWith(u"Term"_s));
 
+    // Another window manager, under which the windows that were shown have come anew.
+    m_tracker.showManager({.name = u"one"_s, .pid = 50, .windows = {}});
+    m_tracker.movePointer({111, 780});
+    EXPECT_EQ(taken(), QString());
+    m_tracker.showManager({.name = u"one"_s, .pid = 51, .windows = {}});
+    EXPECT_EQ(taken(), QString()) << "nobody has moved";
+    m_tracker.movePointer({112, 780});
+    m_tracker.movePointer({113, 780});
+    EXPECT_EQ(taken(), u"Term"_s);
+
     // A dock that ends under a pointer at rest: those it had reported an item to must hear of its
     // end.
     m_tracker.remove(panelWindow);
