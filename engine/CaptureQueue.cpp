@@ -15,6 +15,9 @@ namespace
 
 /// While one waits for the pixels, another scales; more would only get in each other's way.
 constexpr int maxThreads = 2;
+/// What is captured in quick succession is shown together: a compositor draws all anew whenever a
+/// panel was painted.
+constexpr platform::Seconds maxKeptBack = 0.01;
 
 } // namespace
 
@@ -28,6 +31,8 @@ void CaptureQueue::capture(const SWElementPtr& window, Wish wish, Done done)
             waiting->done.push_back(std::move(done));
             return;
         }
+        if (m_tasks.empty() && m_underWay.empty())
+            m_handedOut = m_runLoop.now();
         m_tasks.push_back({window, wish, {std::move(done)}, {}});
         if (m_threads == maxThreads)
             return;
@@ -47,14 +52,16 @@ void CaptureQueue::work()
 {
     while (auto task = next()) {
         Captured& captured = task->captured;
-        captured.picture =
-            task->window->grabWindow(task->wish.isWhole ? QSize() : task->wish.limit);
+        const Wish& wish = task->wish;
+        captured.picture = wish.isMoving && !wish.isWhole
+                               ? task->window->grabMovingWindow(wish.limit)
+                               : task->window->grabWindow(wish.isWhole ? QSize() : wish.limit);
         captured.reduced = captured.picture.image;
         if (captured.reduced.isNull())
             qCDebug(log::pictures, "there is no picture of window %#x", task->window->wid());
         // Here, as the main thread would have to do it otherwise.
-        if (task->wish.isWhole && !captured.reduced.isNull())
-            captured.reduced = task->window->grabWindow(task->wish.limit).image;
+        if (wish.isWhole && !captured.reduced.isNull())
+            captured.reduced = task->window->grabWindow(wish.limit).image;
         finish(std::move(*task));
     }
 }
@@ -78,15 +85,17 @@ std::optional<CaptureQueue::Task> CaptureQueue::next()
 
 void CaptureQueue::finish(Task task)
 {
-    bool isFirst = false;
     {
         const std::lock_guard lock(m_mutex);
         std::erase(m_underWay, task.window);
-        isFirst = m_finished.empty();
         m_finished.push_back(std::move(task));
+        const platform::Seconds now = m_runLoop.now();
+        const bool isLast = m_tasks.empty() && m_underWay.empty();
+        if (!isLast && now - m_handedOut < maxKeptBack)
+            return;
+        m_handedOut = now;
     }
-    if (isFirst)
-        m_runLoop.performOnMainThread([queue = shared_from_this()] { queue->deliver(); }, false);
+    m_runLoop.performOnMainThread([queue = shared_from_this()] { queue->deliver(); }, false);
 }
 
 void CaptureQueue::deliver()

@@ -25,8 +25,9 @@ class CaptureQueue : public std::enable_shared_from_this<CaptureQueue>
 {
 public:
     struct Wish {
-        QSize limit;          ///< pixels, of the reduced picture
-        bool isWhole = false; ///< the whole picture is wanted, too
+        QSize limit;           ///< pixels, of the reduced picture
+        bool isWhole = false;  ///< the whole picture is wanted, too
+        bool isMoving = false; ///< the reduced one need not be exact
     };
     struct Captured {
         WindowPicture picture; ///< the whole one if that was wanted
@@ -63,6 +64,7 @@ private:
     std::deque<Task> m_tasks;             ///< one for a window
     std::vector<SWElementPtr> m_underWay; ///< of these, one for a thread at most
     std::vector<Task> m_finished;         ///< and not handed out
+    platform::Seconds m_handedOut = 0;    ///< when that was done last, or begun to be captured
     int m_threads = 0;
 };
 

@@ -10,9 +10,6 @@ namespace lumbrix
 namespace
 {
 
-/// A slow server is not asked for more before it has answered: it would fall further behind, and
-/// bring pictures that are long out of date.
-constexpr int maxUnderWay = 2;
 /// Less is no reason to wait.
 constexpr platform::Seconds moment = 0.0005;
 
@@ -43,15 +40,21 @@ void PictureFeed::follow(const ScreenyViewPtr& preview)
 void PictureFeed::keepTo(const std::vector<ScreenyViewPtr>& previews)
 {
     std::erase_if(m_films, [&](const Film& film) {
-        return m_settings.disableLivePreviews || film.preview->elementRef() != film.window ||
+        // A film that is stopped so still becomes exact.
+        const bool isStopped = m_settings.disableLivePreviews && !film.isRough;
+        return isStopped || film.preview->elementRef() != film.window ||
                std::ranges::find(previews, film.preview) == previews.end();
     });
     // One that is being loaded is followed once it is there.
     for (const ScreenyViewPtr& preview : previews)
         if (!preview->image().isNull() && !m_queue.holds(preview->elementRef()))
             follow(preview);
-    for (Film& film : m_films)
-        film.isDue = film.isDue || !showCurrent(film);
+    for (Film& film : m_films) {
+        if (film.isDue || film.isRough || showCurrent(film))
+            continue;
+        film.isDue = true;
+        film.isMoving = false;
+    }
     serve();
 }
 
@@ -71,79 +74,115 @@ bool PictureFeed::showCurrent(Film& film)
 void PictureFeed::changed(const ScreenyView& preview, const SWElementPtr& window)
 {
     Film* film = find(preview, window);
-    if (!film)
+    if (!film || m_settings.disableLivePreviews)
         return;
     film->isDue = true;
+    film->isMoving = m_ports.runLoop.now() - film->last < movingInterval;
     serve();
 }
 
-double PictureFeed::pixelsOf(const Film& film) const
+double PictureFeed::costOf(const Film& film) const
 {
     const auto bounds = m_ports.windowServer.windowBounds(film.window->wid());
     const double scale = film.preview->window()->devicePixelRatioF();
-    return bounds ? bounds->width() * bounds->height() * scale * scale : 0;
+    const double pixels = bounds ? bounds->width() * bounds->height() * scale * scale : 0;
+    return (pixels + pixelsPerPicture) / pixelsPerSecond;
 }
 
-bool PictureFeed::mayBeServed(const Film& film, bool isAlone, platform::Seconds now,
-                              platform::Seconds& wait) const
+std::vector<PictureFeed::Film*> PictureFeed::candidates()
 {
-    if (!film.isDue || film.isUnderWay || film.preview->elementRef() != film.window)
-        return false;
-    const bool isHovered = film.preview->isMouseInside();
-    const platform::Seconds interval = isHovered && !isAlone ? sharedInterval : minInterval;
-    const platform::Seconds left = std::max(film.last + interval, m_freeAt) - now;
-    if (left > moment)
-        wait = std::min(wait, left);
-    return left <= moment;
-}
-
-PictureFeed::Film* PictureFeed::nextToServe(platform::Seconds now, platform::Seconds& wait)
-{
-    const bool isAlone = std::ranges::count_if(m_films, &Film::isDue) < 2;
-    Film* next = nullptr;
-    for (Film& film : m_films) {
-        if (!mayBeServed(film, isAlone, now, wait))
-            continue;
-        // The one that is looked at comes first; but one of the others has its turn after each
-        // picture of it.
-        const bool isHovered = film.preview->isMouseInside();
-        if (isHovered && !m_wasHoveredServed)
-            return &film;
-        if (!next || (!isHovered && next->preview->isMouseInside()))
-            next = &film;
-    }
-    return next;
+    std::vector<Film*> due;
+    for (Film& film : m_films)
+        if (film.isDue && film.preview->elementRef() == film.window)
+            due.push_back(&film);
+    // The one that is looked at comes first; but where it takes all there is, the others have their
+    // turn after each picture of it.
+    std::ranges::stable_partition(due, [this](const Film* film) {
+        return film->preview->isMouseInside() != m_wasOnlyHovered;
+    });
+    return due;
 }
 
 void PictureFeed::serve()
 {
-    m_ports.runLoop.cancelPreviousPerformRequests(this);
-    while (m_underWay < maxUnderWay) {
-        constexpr platform::Seconds never = 1e9;
-        platform::Seconds wait = never;
-        const platform::Seconds now = m_ports.runLoop.now();
-        if (Film* film = nextToServe(now, wait)) {
-            capture(*film, now);
-            continue;
-        }
-        if (wait < never)
-            m_ports.runLoop.performAfterDelay(this, wait, [this] { serve(); });
+    // A slow server is not asked for more before it has answered: it would fall further behind, and
+    // bring pictures that are long out of date.
+    if (m_underWay > 0)
         return;
+    const platform::Seconds now = m_ports.runLoop.now();
+    const auto nextRest = noteRests(now);
+    const std::vector<Film*> due = candidates();
+    if (nextRest)
+        serveAt(*nextRest);
+    if (due.empty())
+        return;
+    // A round may be in debt to the next one, but not to that after it.
+    const platform::Seconds interval = due.size() < 2 ? minInterval : roundInterval;
+    const platform::Seconds begin = std::max(m_lastRound + interval, m_freeAt - roundInterval);
+    if (begin - now > moment)
+        serveAt(begin);
+    else
+        startRound(now, due);
+}
+
+std::optional<platform::Seconds> PictureFeed::noteRests(platform::Seconds now)
+{
+    std::optional<platform::Seconds> next;
+    for (Film& film : m_films) {
+        if (!film.isRough || film.isDue)
+            continue;
+        const platform::Seconds rests = film.last + restInterval;
+        if (rests - now > moment)
+            next = std::min(next.value_or(rests), rests);
+        else
+            film.isDue = true;
+        film.isMoving = film.isMoving && !film.isDue;
     }
+    return next;
+}
+
+void PictureFeed::serveAt(platform::Seconds time)
+{
+    if (m_servedNext && *m_servedNext <= time)
+        return;
+    platform::RunLoop& runLoop = m_ports.runLoop;
+    runLoop.cancelPreviousPerformRequests(this);
+    m_servedNext = time;
+    runLoop.performAfterDelay(this, time - runLoop.now(), [this] {
+        m_servedNext.reset();
+        serve();
+    });
+}
+
+void PictureFeed::startRound(platform::Seconds now, const std::vector<Film*>& candidates)
+{
+    m_lastRound = now;
+    m_freeAt = std::max(m_freeAt, now);
+    std::vector<Film*> taken;
+    for (Film* film : candidates) {
+        if (!taken.empty() && m_freeAt >= now + roundInterval)
+            break;
+        taken.push_back(film);
+        m_freeAt += costOf(*film);
+    }
+    m_wasOnlyHovered =
+        candidates.size() > 1 && taken.size() == 1 && taken.front()->preview->isMouseInside();
+    for (Film* film : taken)
+        capture(*film, now);
 }
 
 void PictureFeed::capture(Film& film, platform::Seconds now)
 {
     film.isDue = false;
+    film.isRough = false;
     if (showCurrent(film)) // somebody else captured it
         return;
     film.isUnderWay = true;
     film.last = now;
+    film.isRough = film.isMoving && !film.preview->isZoomed();
     ++m_underWay;
-    m_freeAt = std::max(m_freeAt, now) + pixelsOf(film) / pixelsPerSecond;
-    m_wasHoveredServed = film.preview->isMouseInside();
     const ScreenyView& preview = *film.preview;
-    const CaptureQueue::Wish wish{preview.pictureLimit(), preview.isZoomed()};
+    const CaptureQueue::Wish wish{preview.pictureLimit(), preview.isZoomed(), film.isRough};
     const auto arrived = [this, weak = film.preview->weak_from_this(),
                           window = film.window](const CaptureQueue::Captured& captured) {
         --m_underWay;

@@ -6,6 +6,7 @@
 
 #include <list>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "engine/CaptureQueue.h"
@@ -26,11 +27,18 @@ class PictureFeed
 public:
     /// The shortest time between two pictures of a preview: films have 24 to 30 a second.
     static constexpr platform::Seconds minInterval = 0.03;
-    /// The same for the one under the mouse while other films play.
-    static constexpr platform::Seconds sharedInterval = 0.04;
-    /// What all previews together may have copied in a second; a film of 1280×800 in fifteen of
-    /// them gets a hundred pictures.
-    static constexpr double pixelsPerSecond = 1.0e8;
+    /// Where several windows change they are captured together, in rounds so far apart: what costs
+    /// most about a picture is not copying it but having it composed with what is below, which is
+    /// done once for all that are painted in the same moment.
+    static constexpr platform::Seconds roundInterval = 0.045;
+    /// What all previews together may have copied in a second, and what the rest of a picture's way
+    /// to the screen counts for; of films of 1280×800 that makes eighty pictures.
+    static constexpr double pixelsPerSecond = 1.7e8;
+    static constexpr double pixelsPerPicture = 1.0e6;
+    /// A window that changes again so soon after it was captured moves: its picture need not be
+    /// exact before it has rested for longer than that.
+    static constexpr platform::Seconds movingInterval = 0.12;
+    static constexpr platform::Seconds restInterval = 0.16;
 
     /// All of it outlives the feed.
     PictureFeed(const platform::Desktop& ports, const EngineSettings& settings, CaptureQueue& queue)
@@ -56,6 +64,8 @@ private:
         SWElementPtr window;
         std::unique_ptr<platform::PictureSubscription> subscription;
         bool isDue = false;
+        bool isMoving = false; ///< it was drawn on again as soon as in a film
+        bool isRough = false;  ///< what is shown is not exact
         bool isUnderWay = false;
         platform::Seconds last = -1; ///< when it was captured last
     };
@@ -66,19 +76,25 @@ private:
     void changed(const ScreenyView& preview, const SWElementPtr& window);
     /// Captures what is due, as far as that may be now, and comes again when more may be.
     void serve();
-    Film* nextToServe(platform::Seconds now, platform::Seconds& wait);
-    bool mayBeServed(const Film& film, bool isAlone, platform::Seconds now,
-                     platform::Seconds& wait) const;
+    /// Has it come again by then.
+    void serveAt(platform::Seconds time);
+    /// Those that rest now are due for an exact picture; when the next one will, if any.
+    std::optional<platform::Seconds> noteRests(platform::Seconds now);
+    /// What is due, that which comes first first.
+    std::vector<Film*> candidates();
+    void startRound(platform::Seconds now, const std::vector<Film*>& candidates);
     void capture(Film& film, platform::Seconds now);
-    double pixelsOf(const Film& film) const;
+    double costOf(const Film& film) const; ///< seconds of the budget
 
     const platform::Desktop& m_ports;
     const EngineSettings& m_settings;
     CaptureQueue& m_queue;
     std::list<Film> m_films; ///< the one captured longest ago first
     int m_underWay = 0;
-    platform::Seconds m_freeAt = 0;  ///< when the budget allows the next one
-    bool m_wasHoveredServed = false; ///< last
+    platform::Seconds m_freeAt = 0;                ///< when the budget is even
+    platform::Seconds m_lastRound = -1;            ///< when it began
+    std::optional<platform::Seconds> m_servedNext; ///< when serve() comes by itself
+    bool m_wasOnlyHovered = false;                 ///< in the last round, while others waited
     const platform::MainThreadGuard m_guard;
 };
 

@@ -85,6 +85,14 @@ WindowPicture SWElement::grabWindow(QSize limit) const
     return pictureOf(m_ports.windowServer.captureWindow(m_wid, limit), limit, *size);
 }
 
+WindowPicture SWElement::grabMovingWindow(QSize limit) const
+{
+    const auto size = sizeToCapture();
+    if (!size)
+        return {};
+    return pictureOf(m_ports.windowServer.captureMovingWindow(m_wid, limit), limit, *size);
+}
+
 KnownWindowPicture SWElement::knownPicture(QSize limit) const
 {
     const auto size = sizeToCapture();

@@ -125,6 +125,8 @@ public:
     /// the part that shows the window makes it the screenshot, so that a picture that comes late
     /// does not stay with a window that nobody looks at any more.
     WindowPicture grabWindow(QSize limit = {}) const;
+    /// The same, while the window changes all the time: perhaps not quite exact.
+    WindowPicture grabMovingWindow(QSize limit) const;
     /// What is known of its picture without waiting for a copy.
     KnownWindowPicture knownPicture(QSize limit) const;
     int getSpaceNumber();

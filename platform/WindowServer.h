@@ -75,6 +75,12 @@ public:
     /// Repeated calls with the same limit for an unchanged window return the same image without
     /// copying.
     virtual QImage captureWindow(WindowID window, QSize limit) = 0;
+    /// The same, of a window that changes all the time, at less cost: the picture may be made of
+    /// some of its lines only, and is not the current one then, in what is known either.
+    virtual QImage captureMovingWindow(WindowID window, QSize limit)
+    {
+        return captureWindow(window, limit);
+    }
     /// What is known of it without waiting for any copying, perhaps an old one made to fit.
     virtual KnownPicture knownPicture(WindowID window, QSize limit) = 0;
     /// `changed` is called, on the main thread, whenever the picture is another than the one that

@@ -11,6 +11,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <numeric>
+#include <utility>
 #include <vector>
 
 namespace lumbrix
@@ -261,6 +262,36 @@ void scalePart(QImage& scaled, const QRect& part, const QImage& piece, QSize sou
                             spare);
     const ScaleAxis rows(source.height(), target.height(), {part.y(), part.height()}, 1, spare);
     run({piece, from.topLeft(), columns, rows, scaled, part.topLeft()}, arithmetic);
+}
+
+std::vector<SampleRun> linesOfMoving(QSize source, QSize target)
+{
+    constexpr int part = 3;
+    std::vector<SampleRun> runs;
+    if (!canScaleParts(source, target) || source.width() < target.width() ||
+        source.height() < target.height() * part)
+        return runs;
+    const int count = source.height() / target.height() / part;
+    for (int i = 0; i < target.height(); ++i) {
+        const SampleRun all = samplesOf(i, source.height(), target.height());
+        runs.push_back({all.first + (all.count - count) / 2, count});
+    }
+    return runs;
+}
+
+QImage scaledMoving(const QImage& lines, QSize source, QSize size, Arithmetic arithmetic)
+{
+    std::vector<SampleRun> runs = linesOfMoving(source, size);
+    int height = 0;
+    for (SampleRun& run : runs)
+        run.first = std::exchange(height, height + run.count);
+    if (runs.empty() || lines.size() != QSize(source.width(), height) || lines.depth() != 32)
+        return {};
+    const ScaleAxis columns(source.width(), size.width(), {0, size.width()}, channels, spare);
+    QImage result(size, lines.format());
+    if (!result.isNull())
+        run({lines, {}, columns, ScaleAxis(runs), result, {}}, arithmetic);
+    return result;
 }
 
 QSize pixelsToDraw(QSize picture, QSize points, double pixelsPerPoint)

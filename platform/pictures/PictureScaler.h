@@ -8,6 +8,10 @@
 #include <QtCore/QSize>
 #include <QtGui/QImage>
 
+#include <vector>
+
+#include "platform/pictures/ScaleAxis.h"
+
 namespace lumbrix
 {
 
@@ -38,6 +42,14 @@ QRect sourceOfPart(const QRect& part, QSize source, QSize target);
 /// nothing happens where it is not. Only where canScaleParts().
 void scalePart(QImage& scaled, const QRect& part, const QImage& piece, QSize source,
                Arithmetic arithmetic = Arithmetic::Widest);
+
+/// What a picture of something that moves is made of: for each of its lines, in their order, the
+/// middle third of those that it stands for. Empty where that would be most of them.
+std::vector<SampleRun> linesOfMoving(QSize source, QSize target);
+/// The picture in this size. `lines` are those lines of the source, one below the other, of 32 bits
+/// a pixel; null where they are not, or where there are none.
+QImage scaledMoving(const QImage& lines, QSize source, QSize size,
+                    Arithmetic arithmetic = Arithmetic::Widest);
 
 /// How large, in pixels, to draw a picture that is to cover so many of the toolkit's points: as it
 /// is where only the rounding to whole points keeps it from fitting, as scaling by a single pixel

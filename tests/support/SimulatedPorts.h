@@ -84,6 +84,8 @@ public:
     bool isOnAllWorkspaces(WindowID window) override;
     std::vector<WindowID> workspaceWindowList(int workspace) override;
     QImage captureWindow(WindowID window, QSize limit) override;
+    /// Not exact: with more green in the first pixel.
+    QImage captureMovingWindow(WindowID window, QSize limit) override;
     /// What was captured last.
     platform::KnownPicture knownPicture(WindowID window, QSize limit) override;
     std::unique_ptr<platform::PictureSubscription>

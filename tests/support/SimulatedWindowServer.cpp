@@ -130,6 +130,18 @@ QImage SimulatedWindowServer::captureWindow(WindowID window, QSize)
     return found->picture;
 }
 
+QImage SimulatedWindowServer::captureMovingWindow(WindowID window, QSize limit)
+{
+    QImage picture = captureWindow(window, limit);
+    const std::lock_guard lock(m_state.mutex);
+    SimulatedWindow* found = m_state.window(window);
+    if (!found || picture.isNull())
+        return picture;
+    picture.setPixel(0, 0, markOf(*found) | 0x100U);
+    found->picture = picture;
+    return picture;
+}
+
 platform::KnownPicture SimulatedWindowServer::knownPicture(WindowID window, QSize)
 {
     const std::lock_guard lock(m_state.mutex);

@@ -126,7 +126,7 @@ void CapturedWindow::forgetAll()
     m_shelved = {};
 }
 
-QImage CapturedWindow::capture(QSize limit, Seconds now)
+QImage CapturedWindow::capture(QSize limit, Seconds now, bool isMoving)
 {
     const std::lock_guard turn(m_turn);
     const TrackedWindowPtr window = followedWindow();
@@ -140,7 +140,7 @@ QImage CapturedWindow::capture(QSize limit, Seconds now)
         m_isDirty = false; // until there is one
         return picture.image;
     }
-    const QImage image = bring(*window, limit);
+    const QImage image = bring(*window, limit, isMoving);
     m_tools.connection.discardEvents();
     return image.isNull() ? picture.image : image;
 }
@@ -180,7 +180,7 @@ QRect CapturedWindow::visiblePart(const TrackedWindow& window) const
     return visible.isEmpty() ? all : visible;
 }
 
-QImage CapturedWindow::bring(const TrackedWindow& before, QSize limit)
+QImage CapturedWindow::bring(const TrackedWindow& before, QSize limit, bool isMoving)
 {
     // The flag first, then the bounds and the damage, the pixels last: what changes meanwhile is
     // seen or sets the flag again.
@@ -191,12 +191,11 @@ QImage CapturedWindow::bring(const TrackedWindow& before, QSize limit)
     if (isAsked)
         m_drawn.ask();
     KeptPicture mine = keptFor(limit, visible);
-    bool isWhole = mine.image.isNull() || mine.limit != limit || mine.visible != visible;
+    const bool isFirst = mine.image.isNull() || mine.limit != limit || mine.visible != visible;
     // The answer is waited for only where it is likely to save more than waiting takes.
-    if (isAsked && (isWhole || m_expectsAll)) {
-        isWhole = true;
-    } else if (isAsked) {
-        settleDrawn(visible);
+    bool isWhole = isFirst || (isAsked && m_expectsAll);
+    if (isAsked && !isWhole) {
+        m_expectsAll = settleDrawn(visible);
         isAsked = false;
         mine = keptFor(limit, visible);
     }
@@ -206,42 +205,51 @@ QImage CapturedWindow::bring(const TrackedWindow& before, QSize limit)
         !limit.isEmpty() && !isAsked && whole.isCurrent() && whole.visible == visible;
 
     const quint64 copiedBefore = m_copiedPixels;
-    QImage image = mine.image;
+    const QSize size = fitted(visible.size(), limit);
+    QImage image;
     if (isWhole && hasWhole)
-        image = scaledOwn(whole.image, fitted(visible.size(), limit));
-    else if (isWhole)
-        image = limit.isEmpty() ? copied(visible)
-                                : scaledInBands(fitted(visible.size(), limit), visible);
-    else
+        image = scaledOwn(whole.image, size);
+    else if (isWhole && isMoving)
+        image = scaledOfLines(size, visible);
+    const bool isRough = !hasWhole && !image.isNull();
+    if (image.isNull() && isWhole) {
+        image = limit.isEmpty() ? copied(visible) : scaledInBands(size, visible);
+    } else if (!isWhole) {
+        image = mine.image;
         update(image, mine.stale, visible, hasWhole ? &whole.image : nullptr);
+    }
     if (isWhole && limit.isEmpty())
         makeOpaque(image);
     if (m_copiedPixels != copiedBefore) {
         ++m_tools.copies;
         m_tools.copiedPixels += m_copiedPixels - copiedBefore;
     }
-    if (isAsked)
-        settleDrawn(visible);
+    if (isAsked) {
+        const bool isAll = settleDrawn(visible);
+        // What was drawn before there was a picture tells nothing about what is drawn next.
+        m_expectsAll = isAll && !isFirst;
+    }
     if (image.isNull()) {
         m_isDirty = true; // worth another try
     } else {
         image.setDevicePixelRatio(m_tools.points.pixelsPerPoint());
-        keep(limit, {image, limit, visible.size(), visible, {}});
+        const QRegion stale = isRough ? QRegion(QRect({}, visible.size())) : QRegion();
+        keep(limit, {image, limit, visible.size(), visible, stale});
     }
     m_isUnderWay = false;
     return image;
 }
 
-void CapturedWindow::settleDrawn(const QRect& visible)
+bool CapturedWindow::settleDrawn(const QRect& visible)
 {
     const QRect all({}, visible.size());
     const auto answer = m_drawn.answer();
     const QPoint origin = QPoint(m_pixmap.border(), m_pixmap.border()) - visible.topLeft();
     const QRegion drawn = answer ? answer->translated(origin) & all : QRegion(all);
-    m_expectsAll = isMost(drawn, all.size());
     const std::lock_guard lock(m_mutex);
     m_reduced.stale += drawn;
     m_whole.stale += drawn;
+    return isMost(drawn, all.size());
 }
 
 void CapturedWindow::update(QImage& image, const QRegion& stale, const QRect& visible,
@@ -294,6 +302,14 @@ QImage CapturedWindow::scaledInBands(QSize size, const QRect& visible)
         scalePart(result, part, piece, visible.size());
     }
     return result;
+}
+
+QImage CapturedWindow::scaledOfLines(QSize size, const QRect& visible)
+{
+    const QImage picture = m_tools.copier.copyLines(m_pixmap.id(), visible, m_pixmap.depth(),
+                                                    linesOfMoving(visible.size(), size));
+    m_copiedPixels += static_cast<quint64>(pixelsOf(picture.size()));
+    return scaledMoving(picture, visible.size(), size);
 }
 
 QImage CapturedWindow::copied(const QRect& rect)

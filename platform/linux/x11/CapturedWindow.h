@@ -86,7 +86,7 @@ public:
     /// Whether a capture would not bring anything newer than the last.
     bool isUnchanged() const { return !m_isDirty && !m_needsNaming; }
     /// As WindowPictures has it.
-    QImage capture(QSize limit, Seconds now);
+    QImage capture(QSize limit, Seconds now, bool isMoving = false);
     KnownPicture known(QSize limit, Seconds now);
     /// Names the pixmap that the window has now, if it is another. Whether it is.
     bool followPixmap();
@@ -100,15 +100,17 @@ private:
     void forgetAll();
     /// Null as well for a window that must not be captured.
     TrackedWindowPtr followedWindow(bool* isNew = nullptr);
-    QImage bring(const TrackedWindow& before, QSize limit);
+    QImage bring(const TrackedWindow& before, QSize limit, bool isMoving);
     QRect visiblePart(const TrackedWindow& window) const; ///< of the pixmap
     /// Copies what is stale, from the whole picture if there is one that is current; null where
     /// that fails.
     void update(QImage& image, const QRegion& stale, const QRect& visible, const QImage* whole);
     QImage scaledInBands(QSize size, const QRect& visible);
+    /// Of some of the lines only; null where all are wanted, or the server cannot.
+    QImage scaledOfLines(QSize size, const QRect& visible);
     QImage copied(const QRect& rect);
-    /// Takes the answer where something was drawn.
-    void settleDrawn(const QRect& visible);
+    /// Takes the answer where something was drawn; whether that is most of it.
+    bool settleDrawn(const QRect& visible);
 
     void shelve();
     /// What is kept, and from now on only current if it shows this part.
@@ -126,7 +128,7 @@ private:
     std::mutex m_turn; // guards what follows, for as long as the server takes
     NamedPixmap m_pixmap;
     DrawnRegion m_drawn;
-    bool m_expectsAll = true; ///< last time most of it was drawn on
+    bool m_expectsAll = false; ///< last time most of it was drawn on
     std::uint64_t m_copiedPixels = 0;
 
     mutable std::mutex m_mutex; // guards what follows, for moments

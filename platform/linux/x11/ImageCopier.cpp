@@ -16,6 +16,7 @@
 #include <atomic>
 #include <bit>
 #include <mutex>
+#include <utility>
 #include <vector>
 
 namespace lumbrix::platform::x11
@@ -29,6 +30,13 @@ constexpr std::size_t granularity =
 constexpr qint64 maxPixels = qint64{64} * 1024 * 1024;
 constexpr std::size_t minIdleSegments = 2;
 constexpr std::size_t maxIdleSegments = 8;
+
+qint64 pixelsOf(QSize size) { return qint64{size.width()} * size.height(); }
+
+QImage::Format formatOf(int depth)
+{
+    return depth == 32 ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32;
+}
 
 /// File descriptors travel over local sockets only; over others the attempt ends the connection.
 bool isLocal(const Connection& connection)
@@ -124,6 +132,7 @@ public:
     }
 
     std::atomic<bool> isUsable = true;
+    std::atomic<bool> isPixmapUsable = true;
 
 private:
     Segment make(std::size_t size)
@@ -175,11 +184,9 @@ ImageCopier::~ImageCopier()
 
 QImage ImageCopier::copy(xcb_drawable_t drawable, const QRect& rect, int depth)
 {
-    if (rect.isEmpty() || qint64{rect.width()} * rect.height() > maxPixels ||
-        !isDepthReadable(depth))
+    if (rect.isEmpty() || pixelsOf(rect.size()) > maxPixels || !isDepthReadable(depth))
         return {};
-    const QImage::Format format =
-        depth == 32 ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32;
+    const QImage::Format format = formatOf(depth);
     if (!m_pool || !m_pool->isUsable)
         return copyThroughSocket(drawable, rect, format);
 
@@ -199,6 +206,49 @@ QImage ImageCopier::copy(xcb_drawable_t drawable, const QRect& rect, int depth)
         return image;
     }
     return image;
+}
+
+QImage ImageCopier::copyLines(xcb_drawable_t drawable, const QRect& rect, int depth,
+                              const std::vector<SampleRun>& lines)
+{
+    int height = 0;
+    for (const SampleRun& run : lines)
+        height += run.count;
+    const QSize size(rect.width(), height);
+    if (!m_pool || !m_pool->isUsable || !m_pool->isPixmapUsable || size.isEmpty() ||
+        pixelsOf(size) > maxPixels || !isDepthReadable(depth))
+        return {};
+    const Segment segment = m_pool->take(static_cast<std::size_t>(pixelsOf(size)) * 4);
+    if (!segment.pixels)
+        return {};
+    QImage image = m_pool->wrap(segment, size, formatOf(depth));
+    xcb_connection_t* c = m_connection.get();
+    // Into a pixmap that lies in the segment, as the server takes much longer for a picture that it
+    // is asked for than for a copy.
+    const xcb_pixmap_t target = m_connection.newId();
+    const xcb_gcontext_t context = m_connection.newId();
+    const std::uint32_t noExposures = 0;
+    xcb_shm_create_pixmap(c, target, drawable, static_cast<std::uint16_t>(size.width()),
+                          static_cast<std::uint16_t>(height), static_cast<std::uint8_t>(depth),
+                          segment.id, 0);
+    xcb_create_gc(c, context, target, XCB_GC_GRAPHICS_EXPOSURES, &noExposures);
+    const auto copy = [&](auto* request, const SampleRun& from, int to) {
+        return request(c, drawable, target, context, static_cast<std::int16_t>(rect.x()),
+                       static_cast<std::int16_t>(rect.y() + from.first), 0,
+                       static_cast<std::int16_t>(to), static_cast<std::uint16_t>(size.width()),
+                       static_cast<std::uint16_t>(from.count));
+    };
+    int at = 0;
+    for (const SampleRun& run : lines)
+        copy(xcb_copy_area, run, std::exchange(at, at + run.count));
+    // The last once more, as one that tells of its failure, which would be that of all.
+    const auto last = copy(xcb_copy_area_checked, lines.back(), height - lines.back().count);
+    xcb_free_gc(c, context);
+    xcb_free_pixmap(c, target);
+    if (m_connection.succeeded(last))
+        return image;
+    m_pool->isPixmapUsable = false; // servers that draw elsewhere than in memory have none
+    return {};
 }
 
 void ImageCopier::releaseIdle()

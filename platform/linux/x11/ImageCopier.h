@@ -11,6 +11,9 @@
 
 #include <cstdint>
 #include <memory>
+#include <vector>
+
+#include "platform/pictures/ScaleAxis.h"
 
 namespace lumbrix::platform::x11
 {
@@ -31,6 +34,10 @@ public:
     /// Depth 24 gives RGB32 whose unused byte holds anything, which painting would take for
     /// opacity; depth 32 gives ARGB32_Premultiplied.
     QImage copy(xcb_drawable_t drawable, const QRect& rect, int depth);
+    /// Only these lines of `rect`, one below the other. Null as well without any, and where the
+    /// server cannot.
+    QImage copyLines(xcb_drawable_t drawable, const QRect& rect, int depth,
+                     const std::vector<SampleRun>& lines);
     /// Frees the memory of unused segments.
     void releaseIdle();
 

@@ -96,14 +96,14 @@ void WindowPictures::setAllowed(bool allowed)
     m_tools.copier.releaseIdle(); // it has pixels of them
 }
 
-QImage WindowPictures::capture(xcb_window_t id, QSize limit)
+QImage WindowPictures::capture(xcb_window_t id, QSize limit, bool isMoving)
 {
     const WindowPtr window = find(id);
     if (!window)
         return {};
     noteUse(id, limit);
     const Seconds now = m_runLoop.now();
-    QImage image = window->capture(limit, now);
+    QImage image = window->capture(limit, now, isMoving);
     lookBy(now + keepCopies);
     return image;
 }

@@ -110,6 +110,11 @@ QImage X11WindowServer::captureWindow(WindowID window, QSize limit)
     return m_pictures.capture(window, limit);
 }
 
+QImage X11WindowServer::captureMovingWindow(WindowID window, QSize limit)
+{
+    return m_pictures.capture(window, limit, true);
+}
+
 KnownPicture X11WindowServer::knownPicture(WindowID window, QSize limit)
 {
     return m_pictures.known(window, limit);

@@ -42,6 +42,7 @@ public:
     bool isOnAllWorkspaces(WindowID window) override;
     std::vector<WindowID> workspaceWindowList(int workspace) override;
     QImage captureWindow(WindowID window, QSize limit) override;
+    QImage captureMovingWindow(WindowID window, QSize limit) override;
     KnownPicture knownPicture(WindowID window, QSize limit) override;
     std::unique_ptr<PictureSubscription> subscribeToPicture(WindowID window,
                                                             std::function<void()> changed) override;

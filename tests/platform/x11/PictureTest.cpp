@@ -216,6 +216,40 @@ TEST_P(EachCompositing, whatIsDrawn_isTold_andIsAllThatIsCopied)
     EXPECT_EQ(told, after);
 }
 
+TEST(Pictures, movingWindow_isCopiedInPart_andAllOfItOnceItRests)
+{
+    Session& session = sharedSession({{1280, 1024}, WindowManager::Xfwm4, true});
+    constexpr QSize limit(243, 190);
+    RawWindow raw(session, {0, 0, 1200, 900});
+    raw.map();
+    X11Desk desk(session);
+    desk.waitForWindow(raw.id(), [](const TrackedWindow& window) { return window.isMapped; });
+    WindowPictures& pictures = desk.pictures();
+    std::uint64_t copied = 0;
+    const auto capture = [&](bool isMoving) {
+        const std::uint64_t before = pictures.copiedPixels();
+        const QImage picture = pictures.capture(raw.id(), limit, isMoving);
+        copied = pictures.copiedPixels() - before;
+        return picture;
+    };
+    QImage moving;
+    EXPECT_TRUE(desk.waitFor([&] {
+        raw.fill({0, 0, 1200, 900}, Qt::gray);
+        moving = capture(true);
+        return moving.pixelColor(100, 100) == Qt::gray && copied > 0;
+    }));
+    EXPECT_LE(copied, 1200U * 950 / 2);
+    EXPECT_FALSE(pictures.known(raw.id(), limit).isCurrent);
+    const QImage exact = capture(false);
+    EXPECT_GE(copied, 1200U * 900);
+    EXPECT_EQ(exact, scaledPicture(pictures.capture(raw.id()), exact.size()));
+    EXPECT_EQ(moving.size(), exact.size());
+    EXPECT_TRUE(desk.waitFor([&] {
+        capture(false);
+        return pictures.known(raw.id(), limit).isCurrent;
+    }));
+}
+
 TEST_P(EachCompositing, prefetchedPicture_isThereWithoutACopy)
 {
     X11Desk desk(options());
