@@ -22,6 +22,7 @@ constexpr std::int64_t distinct = 4;
 constexpr double creeping = 0.3;
 constexpr double creepsOn = 80;      ///< milliseconds that a hand this slow may take to stop
 constexpr double unlikelyStep = 24;  ///< no hand makes it in one report after standing
+constexpr double unlikelyGrowth = 8; ///< of its pace in one report, nor does it grow so fast
 constexpr double growth = 1.5;       ///< from one average to the next: it sets off
 constexpr double growthSlack = 0.06; ///< a pixel more or less in an average
 constexpr double drop = 0.75;        ///< it slows down
@@ -96,9 +97,12 @@ double PointerTrail::speedBefore(std::int64_t time) const
 
 bool PointerTrail::wasPut(double pixelsPerPoint) const
 {
+    const Sample& last = m_history.back();
     const Sample& before = m_history[m_history.size() - 2];
-    return distance(m_history.back().at, before.at) >= unlikelyStep * pixelsPerPoint &&
-           speedBefore(before.time) <= creeping * pixelsPerPoint;
+    const double step = distance(last.at, before.at);
+    const double pace = step / static_cast<double>(std::max(last.time - before.time, report));
+    return step >= unlikelyStep * pixelsPerPoint &&
+           speedBefore(before.time) <= std::max(creeping * pixelsPerPoint, pace / unlikelyGrowth);
 }
 
 std::optional<QPoint> PointerTrail::foreseenStop(double pixelsPerPoint) const

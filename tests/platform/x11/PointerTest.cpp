@@ -56,13 +56,15 @@ TEST(PointerTrailTest, stop_isForeseenOfAHandThatArrives_andOfNoneThatPasses)
         }
     }
 
-    Paces hand; // as hands move, in 0.4 s
+    // As hands move, in 0.4 s.
+    const auto smooth = [](double part) {
+        return part * part * part * (10 - 15 * part + 6 * part * part);
+    };
+    Paces hand;
     hand.report(0);
     std::optional<double> foreseenAt;
     for (double t = 8; t <= 400; t += 8) {
-        const double part = t / 400;
-        const auto stop =
-            hand.report(700 * part * part * part * (10 - 15 * part + 6 * part * part));
+        const auto stop = hand.report(700 * smooth(t / 400));
         if (stop && t > 100 && !foreseenAt) {
             foreseenAt = t;
             EXPECT_NEAR(stop->x(), 700, 40);
@@ -71,6 +73,11 @@ TEST(PointerTrailTest, stop_isForeseenOfAHandThatArrives_andOfNoneThatPasses)
     EXPECT_LT(foreseenAt.value_or(400), 340);
     EXPECT_EQ(hand.report(900, 500), QPoint(900, 5)) << "put there";
     EXPECT_EQ(hand.report(940), std::nullopt) << "and off again";
+
+    Paces far; // across a large screen, so fast at the end too
+    for (double t = 0; t <= 400; t += 8)
+        far.report(2300 * smooth(t / 400));
+    EXPECT_EQ(far.report(2345), QPoint(2345, 5)) << "put there";
 
     Paces slow;
     for (int i = 0; i < 20; ++i)
