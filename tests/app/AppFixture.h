@@ -15,8 +15,6 @@
 namespace lumbrix::test
 {
 
-using namespace Qt::StringLiterals;
-
 /// The program on the simulated desktop. It ends with the test, and leaves no key taken.
 class AppFixture : public DesktopFixture
 {
@@ -43,16 +41,7 @@ protected:
         controller->applicationDidFinishLaunching();
         loop.runUntilIdle();
     }
-    void hover(const QString& item)
-    {
-        desk.hoverDockItem(item);
-        loop.runUntilIdle();
-    }
-    void leave()
-    {
-        desk.leaveDock();
-        loop.advance(1);
-    }
+    void leave() { DesktopFixture::leave(1); }
     static LXHandler& engine() { return LXHandler::sharedHandler(); }
     static std::size_t previews() { return engine().screenyViews().size(); }
     /// In the preferences, which are open.

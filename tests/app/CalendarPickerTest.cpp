@@ -15,8 +15,6 @@ namespace lumbrix::test
 namespace
 {
 
-using namespace Qt::StringLiterals;
-
 class CalendarPickerTest : public DesktopFixture
 {
 protected:

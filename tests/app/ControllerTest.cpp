@@ -51,21 +51,6 @@ TEST_F(ControllerTest, newUser_start_seedsBothStagesAndShowsPreviews)
     EXPECT_EQ(previews(), 0U);
 }
 
-// The check box in the preferences stores the setting and has the state updated, no more.
-TEST_F(ControllerTest, previewsTurnedOffByASetting_goAlsoWhereTheyNeverClose)
-{
-    addApplication(u"Editor"_s, 2);
-    start();
-    defaults.setInteger(1, u"neverClose"_s);
-    controller->updateState();
-    hover(u"Editor"_s);
-    leave();
-    ASSERT_EQ(previews(), 2U);
-    defaults.setInteger(1, u"disabled"_s);
-    controller->updateState();
-    EXPECT_EQ(previews(), 0U);
-}
-
 TEST_F(ControllerTest, earlierUser_start_keepsOwnValuesAndGetsTheLaterOnes)
 {
     defaults.setBool(true, u"firstRun"_s);
@@ -210,29 +195,6 @@ TEST_F(ControllerTest, dock_restarted_isObservedAgainAtLatestAfterThreeSeconds)
     desk.leaveDock();
     hover(u"Editor"_s);
     EXPECT_EQ(previews(), 1U);
-}
-
-TEST_F(ControllerTest, magnifyingDock_hover_waitsForTheIconToSettle)
-{
-    addApplication(u"Editor"_s, 1);
-    start();
-    const double calm = loop.now();
-    hover(u"Editor"_s);
-    EXPECT_EQ(loop.now(), calm);
-    leave();
-
-    desk.setDockFlags(1, std::nullopt);
-    const double before = loop.now();
-    hover(u"Editor"_s);
-    EXPECT_EQ(previews(), 1U);
-    EXPECT_NEAR(loop.now() - before, 0.03, 1e-6) << "two equal readings end the wait";
-    leave();
-
-    desk.dockPreferences().setTellsFinalPlaces(true);
-    const double last = loop.now();
-    hover(u"Editor"_s);
-    EXPECT_EQ(previews(), 1U);
-    EXPECT_EQ(loop.now(), last) << "there was nothing to wait for";
 }
 
 TEST_F(ControllerTest, movedSlider_showsASampleUntilHalfASecondAfterTheLastMove)

@@ -178,12 +178,6 @@ TEST_F(HotKeyTest, clicks_duringTheSwitcher_goToThePreviewUnderTheMouse)
     const Pid pid = addApplication(u"Editor"_s, 1);
     const auto click = [this](TapEvent::Type type) { return taps.send({type, {}}); };
     start();
-    hover(u"Editor"_s);
-    const QPointF middle = engine().screenyViews().front()->window()->frame().center();
-    desk.movePointer(middle);
-    EXPECT_FALSE(click(TapEvent::Type::LeftMouseDown)) << "a panel of the Dock gets its own clicks";
-    leave();
-
     desk.openSwitcher({{u"Editor"_s}});
     loop.runUntilIdle();
     ASSERT_EQ(previews(), 1U);

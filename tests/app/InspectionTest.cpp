@@ -16,7 +16,6 @@ namespace lumbrix::test
 namespace
 {
 
-using namespace Qt::StringLiterals;
 using ItemKind = SimulatedDockItem::Kind;
 
 class InspectionTest : public DesktopFixture

@@ -183,31 +183,13 @@ TEST_F(LifecycleTest, statusMenu_tellsWhatItsItemsDo)
     EXPECT_EQ(menuTexts(), QStringList{u"Disable"_s} + rest);
     EXPECT_EQ(controller->statusItem()->image(), u"menuIconMono"_s);
 
-    items[2]->trigger();
-    EXPECT_TRUE(PrefsController::openWindow());
+    for (const bool byReopening : {false, true}) {
+        byReopening ? void(controller->applicationShouldHandleReopen()) : items[2]->trigger();
+        ASSERT_TRUE(PrefsController::openWindow());
+        PrefsController::openWindow()->close();
+        loop.runUntilIdle();
+    }
     EXPECT_TRUE(quitsBy([&] { items[5]->trigger(); }));
-}
-
-TEST_F(LifecycleTest, menuIcon_hidden_isToldHowToComeBack)
-{
-    startAgain();
-    controller->showPreferences();
-    defaults.setInteger(1, u"hideIcon"_s);
-    controller->updateState(SenderTitle::HideMenuIcon);
-    EXPECT_FALSE(controller->statusItem());
-    ASSERT_TRUE(sheet());
-    EXPECT_EQ(textOf(*sheet(), u"messageText"_s), u"Hide the menu icon"_s);
-    answerSheet(u"Okay"_s);
-    PrefsController::openWindow()->close();
-    loop.runUntilIdle();
-    ASSERT_FALSE(PrefsController::openWindow());
-
-    EXPECT_FALSE(controller->applicationShouldHandleReopen());
-    EXPECT_TRUE(PrefsController::openWindow());
-    defaults.setInteger(0, u"hideIcon"_s);
-    controller->updateState(SenderTitle::HideMenuIcon);
-    EXPECT_TRUE(controller->statusItem());
-    EXPECT_FALSE(sheet());
 }
 
 TEST_F(LifecycleTest, dockIcon_changed_takesARelaunchOrIsTakenBack)

@@ -12,8 +12,6 @@ namespace lumbrix::test
 namespace
 {
 
-using namespace Qt::StringLiterals;
-
 // Where a line differs, the one of the table is what the manual should say.
 TEST(SettingsTableTest, manual_tellsOfEverySettingAsTheTableDoes)
 {

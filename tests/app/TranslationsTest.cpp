@@ -20,8 +20,6 @@ namespace lumbrix::test
 namespace
 {
 
-using namespace Qt::StringLiterals;
-
 class TranslationsTest : public DesktopFixture
 {
 protected:

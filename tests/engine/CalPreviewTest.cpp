@@ -21,7 +21,7 @@ using ItemKind = SimulatedDockItem::Kind;
 class CalPreviewTest : public EngineFixture
 {
 protected:
-    CalPreviewTest() : EngineFixture(true)
+    CalPreviewTest()
     {
         QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
         calendar().setShouldShowCal(true);
@@ -88,16 +88,14 @@ TEST_F(CalPreviewTest, icon_hovered_listsTheRestOfToday)
     EXPECT_EQ(lines(), (QStringList{u"12:00 AM - 12:00 AM Whole day"_s,
                                     u"9:15 AM - 9:45 AM Standup"_s, u"12:00 PM - 1:30 PM Lunch"_s,
                                     u"10:00 PM - 6:00 AM Night <b>shift</b>"_s}));
-    leave();
-    loop.advance(1);
+    leave(1);
     EXPECT_TRUE(engine().screenyViews().empty());
 
     desk.userDefaults().setArray({u"gone"_s, u"work"_s}, u"calendars"_s);
     desk.leaveDock();
     hover(u"Calendar"_s);
     EXPECT_EQ(lines(), QStringList{u"12:00 PM - 1:30 PM Lunch"_s});
-    leave();
-    loop.advance(1);
+    leave(1);
     desk.userDefaults().setArray({u"home"_s, u"work"_s}, u"calendars"_s);
     hover(u"Calendar"_s);
     EXPECT_EQ(lines(), QStringList{u"No events for today."_s});
@@ -140,8 +138,7 @@ TEST_F(CalPreviewTest, panel_isAsLargeAsItsLines_inTheColourOfTheStyle)
         // Above the icon, in the middle, less what every row is moved to the left.
         EXPECT_NEAR(shown.window()->frame().center().x(),
                     desk.dockItemFrame(u"Calendar"_s).center().x() - 6, 1);
-        leave();
-        loop.advance(1);
+        leave(1);
     }
     store.allEvents.clear();
     addEvent(QString(500, u'W'), at(10, 0), at(11, 0));
@@ -154,8 +151,7 @@ TEST_F(CalPreviewTest, panel_isAsLargeAsItsLines_inTheColourOfTheStyle)
     blank.fill(end.pixel(0, 0));
     EXPECT_TRUE(end == blank);
     // The panel is one of windows again.
-    leave();
-    loop.advance(1);
+    leave(1);
     settings().previewStyle = 0;
     add(u"Editor"_s, 1);
     hover(u"Editor"_s);
@@ -191,8 +187,7 @@ TEST_F(CalPreviewTest, store_takingItsTime_neverKeepsTheProgramWaiting)
     EXPECT_TRUE(engine().screenyViews().empty()) << "shown without knowing the events";
     loop.advance(0.2);
     EXPECT_EQ(lines().size(), 2);
-    leave();
-    loop.advance(1);
+    leave(1);
 
     // What is known is shown at once, and replaced by what has changed.
     addEvents(1);
@@ -201,8 +196,7 @@ TEST_F(CalPreviewTest, store_takingItsTime_neverKeepsTheProgramWaiting)
     loop.advance(2.1);
     EXPECT_EQ(lines().size(), 3);
     EXPECT_EQ(preview(0).window()->frame().height(), 17 * 3 + 40);
-    leave();
-    loop.advance(1);
+    leave(1);
 
     // Another day, for which nothing is known; the Dock has a menu open, or the mouse has left,
     // when that comes.
@@ -210,8 +204,7 @@ TEST_F(CalPreviewTest, store_takingItsTime_neverKeepsTheProgramWaiting)
         desk.wallClock().set(at(9, 0, hasMenu ? 14 : 12));
         hover(u"Calendar"_s);
         loop.advance(1);
-        hasMenu ? desk.openDockMenu() : leave();
-        loop.advance(3);
+        hasMenu ? desk.openDockMenu() : leave(3);
         EXPECT_TRUE(engine().screenyViews().empty());
         EXPECT_EQ(panelsOnScreen(), 0);
         leave();
@@ -222,8 +215,7 @@ TEST_F(CalPreviewTest, store_takingItsTime_neverKeepsTheProgramWaiting)
     hover(u"Editor"_s);
     loop.advance(3);
     EXPECT_EQ(shown(), u"Editor 1"_s);
-    leave();
-    loop.advance(1);
+    leave(1);
     store.isFailing = true;
     desk.wallClock().set(at(9, 0, 13));
     hover(u"Calendar"_s);
@@ -244,15 +236,13 @@ TEST_F(CalPreviewTest, iconHoveredAgainWhileReading_showsWhatIsReadThen)
     };
     hoverAgain();
     EXPECT_EQ(lines().size(), 2) << "waited for a second time";
-    leave();
-    loop.advance(3);
+    leave(3);
     EXPECT_EQ(std::exchange(store.refreshes, 0), 1);
 
     addEvents(1);
     hoverAgain();
     EXPECT_EQ(lines().size(), 3) << "as they were before";
-    leave();
-    loop.advance(1);
+    leave(1);
     // The other calendar's icon has no use for a second reading either, but another day has.
     store.refreshes = 0;
     addEvents(1);
@@ -263,11 +253,9 @@ TEST_F(CalPreviewTest, iconHoveredAgainWhileReading_showsWhatIsReadThen)
     EXPECT_EQ(lines().size(), 4);
     EXPECT_TRUE(preview(0).BusyCal());
     EXPECT_EQ(store.refreshes, 1);
-    leave();
-    loop.advance(1);
+    leave(1);
     hover(u"Calendar"_s);
-    leave();
-    loop.advance(1);
+    leave(1);
     desk.wallClock().set(at(9, 0, 12));
     addEvent(u"Standup"_s, at(9, 15, 12), at(9, 45, 12));
     hover(u"Calendar"_s);
@@ -281,10 +269,10 @@ TEST_F(CalPreviewTest, modifierKeys_decideWhetherItIsShown)
         desk.setModifiers(held);
         hover(u"Calendar"_s);
         const bool isShown = !lines().isEmpty();
-        leave();
-        loop.advance(1);
+        leave(1);
         return isShown;
     };
+    settings().showInDock = 0; // is about windows
     EXPECT_TRUE(shows(0));
     settings().hidePreviews = 1;
     settings().hidePreviewsKeycode = 1;
@@ -307,8 +295,7 @@ TEST_F(CalPreviewTest, click_raisesTheCalendarOrStartsIt)
     hover(u"BusyCal"_s);
     preview(0).clickImage();
     EXPECT_EQ(commands().value(0), u"launch BusyCal"_s);
-    leave();
-    loop.advance(1);
+    leave(1);
 
     // A calendar is known by what it is as well as by its name; its window stands behind the lines.
     SimulatedApplication kalender{u"Kalender"_s};

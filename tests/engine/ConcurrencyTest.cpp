@@ -24,8 +24,6 @@ namespace lumbrix::test
 namespace
 {
 
-using namespace Qt::StringLiterals;
-
 using SafariPreviewTest = DesktopFixture;
 
 TEST_F(SafariPreviewTest, tabs_areScannedForOnceAndInVain_andCopiedOut)

@@ -107,8 +107,7 @@ TEST_F(DismissalTest, exitDelay_isAddedToTheTick_andForgottenWhenTheMouseIsBack)
 {
     settings().exitDelay = 0.8F;
     show();
-    leave();
-    loop.advance(tick + 0.79);
+    leave(tick + 0.79);
     EXPECT_EQ(shown(), both);
     loop.advance(0.01);
     EXPECT_EQ(shown(), u""_s);
@@ -117,8 +116,7 @@ TEST_F(DismissalTest, exitDelay_isAddedToTheTick_andForgottenWhenTheMouseIsBack)
 
     leave();
     hover(u"Notes"_s);
-    leave();
-    loop.advance(0.5);
+    leave(0.5);
     movePointerTo(preview(0));
     loop.advance(5);
     EXPECT_EQ(shown(), both);
@@ -168,8 +166,7 @@ TEST_F(DismissalTest, movedRow_isLeftInPeaceForOneSecond)
     desk.closeWindow(windows[0]);
     loop.advance(0.1); // the update drops the preview and moves the other
     EXPECT_EQ(shown(), u"Notes 1"_s);
-    leave();
-    loop.advance(18 * tick);
+    leave(18 * tick);
     EXPECT_EQ(shown(), u"Notes 1"_s);
     loop.advance(3 * tick);
     EXPECT_EQ(shown(), u""_s);
@@ -179,8 +176,7 @@ TEST_F(DismissalTest, previewsThatNeverClose_stayUntilSomethingElseEndsThem)
 {
     settings().neverClose = 1;
     show();
-    leave();
-    loop.advance(60);
+    leave(60);
     EXPECT_EQ(shown(), both);
     const auto lag = [this](const QString& title) { // of an update, in half seconds
         desk.changeWindow(desk.stacking().front(), [&](auto& window) { window.title = title; });
@@ -211,41 +207,6 @@ TEST_F(DismissalTest, activation_closesThePreviewsOfADockItem_whereAsked)
     desk.activateApplication(desk.ownPid());
     loop.runUntilIdle();
     EXPECT_EQ(shown(), u""_s);
-}
-
-TEST_F(DismissalTest, computerThatGoesToSleep_leavesNothingOnTheScreen)
-{
-    show();
-    settings().neverClose = 1;
-    desk.privacy().setAway(true);
-    loop.advance(5); // the mouse is still where it was
-    EXPECT_EQ(shown(), u""_s);
-    EXPECT_EQ(panelsOnScreen(), 0);
-}
-
-// Each check used to enter it again, and start a player twenty times a second.
-TEST_F(DismissalTest, dragOverAPreview_activatesItOncePerEntering)
-{
-    show();
-    const auto activations = [this] {
-        return desk.with(
-            [](SimulatedState& state) { return std::exchange(state.commands, {}).size(); });
-    };
-    desk.setButtons(1);
-    leave();
-    for (int entering = 0; entering < 2; ++entering) {
-        movePointerTo(preview(0));
-        loop.advance(20 * tick);
-        EXPECT_EQ(activations(), 2U) << "raising does it twice";
-        desk.movePointer(gap());
-        loop.advance(2 * tick);
-        EXPECT_EQ(activations(), 0U);
-    }
-    movePointerTo(preview(0));
-    loop.advance(tick);
-    desk.setButtons(0);
-    loop.advance(tick);
-    EXPECT_TRUE(preview(0).isHovered()) << "dropped";
 }
 
 TEST_F(DismissalTest, closeAllWindows_closesAlsoThoseWhoseButtonIsDisabled)

@@ -20,7 +20,6 @@
 namespace lumbrix::test
 {
 
-using namespace Qt::StringLiterals;
 using platform::DockEdge;
 using platform::ModifierFlag::command;
 using platform::ModifierFlag::control;
@@ -32,14 +31,11 @@ using platform::ModifierFlag::option;
 class EngineFixture : public DesktopFixture
 {
 protected:
-    /// Without the program's calendar preview there is one that writes down what it is asked.
-    explicit EngineFixture(bool showsEvents = false)
+    EngineFixture()
     {
         Companions companions;
         companions.hotKeyCenter = m_hotKeys;
-        companions.calendarPreview = m_calendar;
-        if (showsEvents)
-            companions.calendarPreview = CalPreview::sharedPreview(ports());
+        companions.calendarPreview = CalPreview::sharedPreview(ports());
         companions.helpBubble = m_bubble;
         companions.windowCountBadger = badges;
         companions.playerControls = std::make_shared<MediaControls>(ports());
@@ -79,15 +75,11 @@ protected:
         loop.runUntilIdle();
         return pid;
     }
-    void hover(const QString& item)
+    WindowID idOf(const QString& title)
     {
-        desk.hoverDockItem(item);
-        loop.runUntilIdle();
-    }
-    void leave()
-    {
-        desk.leaveDock();
-        loop.runUntilIdle();
+        const auto windows = desk.stacking();
+        return *std::ranges::find_if(
+            windows, [&](WindowID window) { return desk.window(window)->title == title; });
     }
     ScreenyView& preview(std::size_t index) { return *engine().screenyViews().at(index); }
     void movePointerTo(const ScreenyView& preview)
@@ -135,7 +127,6 @@ protected:
         loop.advance(loop.timeUntilNextEvent().value_or(0));
         return loop.timeUntilNextEvent() == 2.5;
     }
-    const QStringList& calendarItems() const { return m_calendar->items; }
 
     const std::shared_ptr<WinNumberBadger> badges = std::make_shared<WinNumberBadger>(ports());
 
@@ -160,19 +151,9 @@ private:
         void hideBubble() override { isUp = false; }
         bool isUp = false;
     };
-    struct Calendar final : CalendarPreview {
-        void setShouldShowCal(bool) override {}
-        bool shouldShowCal() const override { return true; }
-        void calIconHovered(const SWElementPtr& item) override
-        {
-            items << item->getTitle().value_or(QString());
-        }
-        QStringList items;
-    };
 
     const std::shared_ptr<HotKeys> m_hotKeys = std::make_shared<HotKeys>();
     const std::shared_ptr<Bubble> m_bubble = std::make_shared<Bubble>();
-    const std::shared_ptr<Calendar> m_calendar = std::make_shared<Calendar>();
     std::unique_ptr<SWObserver> m_dockObserver;
 };
 

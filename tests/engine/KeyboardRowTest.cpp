@@ -52,12 +52,6 @@ protected:
     }
     /// Whether the keyboard is whose it was, and nothing is left of the row.
     bool isOver() { return !desk.windowServer().hasKeyboard() && !panel() && shown().isEmpty(); }
-    WindowID idOf(const QString& title)
-    {
-        const auto windows = desk.stacking();
-        return *std::ranges::find_if(
-            windows, [&](WindowID window) { return desk.window(window)->title == title; });
-    }
 };
 
 TEST_F(KeyboardRowTest, keys_moveRaiseAndClose_andEachStepIsSaid)

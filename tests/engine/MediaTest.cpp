@@ -33,6 +33,18 @@ protected:
         application.role = role;
         return desk.addApplication(application);
     }
+    /// A music player with this window, which plays the tracks, if there are any, and is hovered.
+    Pid showPlayer(const SimulatedWindow& window, std::vector<SimulatedTrack> tracks = {})
+    {
+        const Pid pid =
+            addPlayer(u"Player"_s, u"org.example.Player"_s, ApplicationRole::MusicPlayer);
+        desk.addWindow(pid, window);
+        if (!tracks.empty())
+            play(u"iTunes"_s, std::move(tracks));
+        loop.runUntilIdle();
+        hover(u"Player"_s);
+        return pid;
+    }
     void play(const QString& name, std::vector<SimulatedTrack> tracks)
     {
         desk.appleEvents().change(name, [&](SimulatedScriptable& player) {
@@ -117,13 +129,10 @@ TEST_F(MediaTest, musicPlayerOfAnotherName_everyStandardWindow_isTheMainOne)
 
 TEST_F(MediaTest, musicPlayer_withArtwork_isZoomedAsItsWindow)
 {
-    const Pid pid = addPlayer(u"Player"_s, u"org.example.Player"_s, ApplicationRole::MusicPlayer);
-    desk.addWindow(pid, {.title = u"Main"_s, .color = Qt::green});
-    play(u"iTunes"_s, {{u"Ann"_s, u"First"_s, {picture(Qt::red)}}});
     settings().zoomWindows = 1;
     settings().disableLivePreviews = 1;
-    loop.runUntilIdle();
-    hover(u"Player"_s);
+    showPlayer({.title = u"Main"_s, .color = Qt::green},
+               {{u"Ann"_s, u"First"_s, {picture(Qt::red)}}});
     enter();
     loop.advance(0.05);
     ASSERT_TRUE(preview(0).zoomWindow());
@@ -134,11 +143,8 @@ TEST_F(MediaTest, musicPlayer_withArtwork_isZoomedAsItsWindow)
 
 TEST_F(MediaTest, musicPlayer_minimised_tellsTheTrackOfItsIcon)
 {
-    const Pid pid = addPlayer(u"Player"_s, u"org.example.Player"_s, ApplicationRole::MusicPlayer);
-    const WindowID window = desk.addWindow(pid, {u"Main"_s});
-    play(u"iTunes"_s, {{u"Ann"_s, u"First"_s}, {u"Bob"_s, u"Second"_s}, {u""_s, u""_s}});
-    loop.runUntilIdle();
-    desk.minimizeWindow(window);
+    showPlayer({.title = u"Main"_s, .isMinimized = true},
+               {{u"Ann"_s, u"First"_s}, {u"Bob"_s, u"Second"_s}, {u""_s, u""_s}});
     hover(u"Main"_s);
     EXPECT_EQ(shown(), u"Ann - First");
     for (int track = 1; track <= 2; ++track) {
@@ -150,12 +156,7 @@ TEST_F(MediaTest, musicPlayer_minimised_tellsTheTrackOfItsIcon)
 
 TEST_F(MediaTest, musicPlayer_withoutArtworkAndCapture_showsANote)
 {
-    const Pid pid = addPlayer(u"Player"_s, u"org.example.Player"_s, ApplicationRole::MusicPlayer);
-    SimulatedWindow window{u"Main"_s};
-    window.hasPicture = false;
-    desk.addWindow(pid, window);
-    loop.runUntilIdle();
-    hover(u"Player"_s);
+    showPlayer({.title = u"Main"_s, .hasPicture = false});
     loop.advance(0.2);
     ASSERT_FALSE(preview(0).image().isNull());
     EXPECT_EQ(preview(0).image(), namedImage(u"noMusic"_s));
@@ -166,11 +167,7 @@ TEST_F(MediaTest, musicPlayer_withoutArtworkAndCapture_showsANote)
 
 TEST_F(MediaTest, musicPlayer_buttons_controlItWithoutWaiting)
 {
-    const Pid pid = addPlayer(u"Player"_s, u"org.example.Player"_s, ApplicationRole::MusicPlayer);
-    desk.addWindow(pid, {u"Main"_s});
-    play(u"iTunes"_s, {{u"Ann"_s, u"First"_s}, {u"Bob"_s, u"Second"_s}});
-    loop.runUntilIdle();
-    hover(u"Player"_s);
+    const Pid pid = showPlayer({u"Main"_s}, {{u"Ann"_s, u"First"_s}, {u"Bob"_s, u"Second"_s}});
     const QString prefix = QString::number(pid) + u" iTunes hook/"_s;
 
     enter();
@@ -243,8 +240,7 @@ TEST_F(MediaTest, buttons_areThereAsLongAsThePlayerIs)
         EXPECT_TRUE(click(Place::Middle));
         set(pid, ApplicationRole::Other);
         EXPECT_FALSE(click(Place::Middle));
-        leave();
-        loop.advance(1);
+        leave(1);
     }
     hover(u"Player"_s);
     EXPECT_EQ(shown(), u"Ann - First"_s);
@@ -297,8 +293,7 @@ TEST_F(MediaTest, otherApplications_haveTheirOwnButtons)
         EXPECT_EQ(sent(Place::Middle), each.middle) << "without a document, too";
         EXPECT_EQ(sent(Place::Right), each.right);
         EXPECT_EQ(preview(0).titleString(), u"iTunes");
-        leave();
-        loop.advance(2);
+        leave(2);
         ASSERT_TRUE(engine().screenyViews().empty());
     }
 

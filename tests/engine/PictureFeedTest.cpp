@@ -55,26 +55,6 @@ protected:
         return std::accumulate(rates.begin(), rates.end(), 0.0);
     }
 
-    /// Copies as slowly as a server that has much else to do.
-    class Slow : public ForwardingWindowServer
-    {
-    public:
-        explicit Slow(PictureFeedTest& test)
-            : ForwardingWindowServer(test.desk.windowServer()), m_test(test)
-        {
-            test.install(test.desk.accessibility(), *this);
-        }
-        QImage captureWindow(platform::WindowID window, QSize limit) override
-        {
-            m_test.loop.sleep(duration);
-            return ForwardingWindowServer::captureWindow(window, limit);
-        }
-        double duration = 0;
-
-    private:
-        PictureFeedTest& m_test;
-    };
-
     Pid m_notes = 0;
     std::vector<WindowID> m_windows;
 };
@@ -159,8 +139,7 @@ TEST_F(PictureFeedTest, changedWindow_isShownAtOnce_whileItsRowIsUpAndPicturesAr
     loop.advance(0.6);
     EXPECT_EQ(desk.captures(first), before + 2) << "what it missed, whole and reduced";
     preview(0).mouseExited();
-    leave();
-    loop.advance(2);
+    leave(2);
     ASSERT_EQ(panelsOnScreen(), 0);
     EXPECT_EQ(sum(play(2)), 0);
 }
@@ -189,12 +168,13 @@ TEST_F(PictureFeedTest, picturesOfARound_areShownTogether)
 
 TEST_F(PictureFeedTest, row_comesAtOnceWithOldPictures_andFreshOnesFollow)
 {
-    Slow slow(*this);
+    SlowWindowServer slow(desk.windowServer());
+    slow.duration = 0;
+    install(desk.accessibility(), slow);
     addFilms(3, {400, 300});
     hover(u"Notes"_s);
     loop.advance(0.1);
-    leave();
-    loop.advance(2);
+    leave(2);
     slow.duration = 0.4;
     for (const WindowID window : m_windows)
         show(window);

@@ -38,11 +38,8 @@ protected:
     void choose(const QString& item, const QStringList& titles)
     {
         std::vector<WindowID> chosen;
-        for (const QString& title : titles) {
-            for (const WindowID each : desk.stacking())
-                if (desk.window(each)->title == title)
-                    chosen.push_back(each);
-        }
+        for (const QString& title : titles)
+            chosen.push_back(idOf(title));
         desk.with([&](SimulatedState& state) {
             std::ranges::find(state.dockItems, item, &SimulatedDockItem::title)->chosen = chosen;
         });
@@ -72,8 +69,7 @@ TEST_F(RequestedRowTest, row_staysWithoutTheMouse_untilThatHasBeenThereAndLeaves
     // Elsewhere it may go where it likes, also over an icon without resting there.
     desk.hoverDockItem(u"Maps"_s);
     loop.advance(0.01);
-    leave();
-    loop.advance(5);
+    leave(5);
     EXPECT_EQ(shown(), both);
     movePointerTo(preview(0));
     preview(0).mouseEntered();
@@ -114,8 +110,7 @@ TEST_F(RequestedRowTest, row_thatReplacesOneUnderARestingMouse_stays)
     EXPECT_EQ(panelsOnScreen(), 0);
 
     hover(u"Notes"_s);
-    leave();
-    loop.advance(0.2); // its exit delay runs
+    leave(0.2); // its exit delay runs
     ask(u"Maps"_s);
     loop.advance(5);
     EXPECT_EQ(shown(), u"Maps 1"_s);
@@ -129,7 +124,6 @@ TEST_F(RequestedRowTest, row_thatReplacesOneUnderARestingMouse_stays)
 
 TEST_F(RequestedRowTest, everyEnd_isToldOnce)
 {
-
     const std::pair<const char*, std::function<void()>> ends[] = {
         {"hidden", [&] { host().hide(desk.dockItem(u"Place"_s)); }},
         {"its caller has gone", [&] { host().abandon(desk.dockItem(u"Place"_s)); }},
@@ -163,8 +157,7 @@ TEST_F(RequestedRowTest, everyEnd_isToldOnce)
         end();
         loop.advance(2);
         EXPECT_EQ(ended(u"Place"_s), ++count);
-        leave();
-        loop.advance(1);
+        leave(1);
         EXPECT_EQ(shown(), u""_s);
         EXPECT_EQ(ended(u"Place"_s), count);
     }
@@ -185,34 +178,27 @@ TEST_F(RequestedRowTest, secondRequest_endsTheFirst_whichHasNoSayAnyMore)
     EXPECT_EQ(ended(u"Notes"_s), 1);
 }
 
-TEST_F(RequestedRowTest, rowOfACallerThatHasGone_staysUnderTheMouse)
+// Its caller goes, or the preview goes from under the mouse: a panel that is taken off the screen
+// tells nothing of the mouse.
+TEST_F(RequestedRowTest, row_underTheMouse_staysUntilThatLeaves_whateverGoes)
 {
-    ask(u"Notes"_s);
-    movePointerTo(preview(1));
-    host().abandon(desk.dockItem(u"Notes"_s));
-    loop.advance(2);
-    EXPECT_EQ(shown(), both);
-    desk.movePointer(middle);
-    loop.advance(0.2);
-    EXPECT_EQ(shown(), u""_s);
-    EXPECT_EQ(ended(u"Notes"_s), 1);
-}
-
-// A panel that is taken off the screen tells nothing of the mouse.
-TEST_F(RequestedRowTest, previewThatGoesFromUnderTheMouse_leavesTheRowToIt)
-{
-    ask(u"Notes"_s);
-    movePointerTo(preview(1));
-    preview(1).mouseEntered();
-    for (const WindowID window : desk.stacking())
-        if (desk.window(window)->title == u"Notes 1"_s)
-            desk.closeWindow(window);
-    loop.advance(0.6);
-    EXPECT_EQ(shown(), u"Notes 2"_s);
-    desk.movePointer(middle);
-    loop.advance(2);
-    EXPECT_EQ(shown(), u""_s);
-    EXPECT_EQ(ended(u"Notes"_s), 1);
+    const std::pair<std::function<void()>, QString> cases[] = {
+        {[&] { host().abandon(desk.dockItem(u"Notes"_s)); }, both},
+        {[&] { desk.closeWindow(idOf(u"Notes 1"_s)); }, u"Notes 2"_s},
+    };
+    int count = 0;
+    for (const auto& [go, left] : cases) {
+        ask(u"Notes"_s);
+        movePointerTo(preview(1));
+        preview(1).mouseEntered();
+        go();
+        loop.advance(0.6);
+        EXPECT_EQ(shown(), left);
+        desk.movePointer(middle);
+        loop.advance(2);
+        EXPECT_EQ(shown(), u""_s);
+        EXPECT_EQ(ended(u"Notes"_s), ++count);
+    }
 }
 
 TEST_F(RequestedRowTest, refusal_saysWhy_andLeavesEverythingAsItIs)
@@ -261,9 +247,7 @@ TEST_F(RequestedRowTest, chosenWindows_areAllThatIsShown_inTheirOrder)
     loop.advance(2);
     EXPECT_EQ(shown(), u"Maps 1, Notes 1"_s);
     settings().ignoreMinimized = 1;
-    for (const WindowID window : desk.stacking())
-        if (desk.window(window)->title == u"Maps 1"_s)
-            desk.minimizeWindow(window);
+    desk.minimizeWindow(idOf(u"Maps 1"_s));
     loop.advance(2);
     EXPECT_EQ(shown(), u"Notes 1"_s);
     EXPECT_EQ(ended(u"Place"_s), 1);

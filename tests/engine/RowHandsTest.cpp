@@ -61,6 +61,7 @@ TEST_F(RowHandsTest, wheel_choosesWhatAClickMeans_untilTheMouseMoves)
     loop.advance(1.5);
     EXPECT_EQ(shown(), u""_s);
     EXPECT_TRUE(isAtRest());
+    EXPECT_EQ(loop.runningThreads(), 1) << "the one that scans";
     desk.openSwitcher({{u"Notes"_s}});
     loop.runUntilIdle();
     turn(0, 1);
@@ -74,8 +75,7 @@ TEST_F(RowHandsTest, entryForMore_turnsThePage_andKeepsTheRow)
     add(u"Maps"_s, 15);
     hover(u"Maps"_s);
     EXPECT_EQ(more().text(), u""_s);
-    leave();
-    loop.advance(1);
+    leave(1);
     hover(u"Notes"_s);
     const QString first = shown();
     for (const auto& [count, next] : {std::pair(15U, "+5 more"), std::pair(5U, "+15 more")}) {

@@ -49,10 +49,14 @@ TEST_F(StripArrangerTest, iconThatMoves_isWaitedFor_whereItMayMove_butNotForEver
         EXPECT_NEAR(loop.now() - start, waited, 1e-6);
         EXPECT_EQ(preview(0).window()->frame().center().x(),
                   desk.dockItemFrame(u"Notes"_s).center().x() - 6);
-        leave();
-        loop.advance(1);
+        leave(1);
         desk.setDockEdge(DockEdge::Bottom); // puts the icon back
     }
+    desk.dockPreferences().setTellsFinalPlaces(true);
+    const double start = loop.now();
+    hover(u"Notes"_s);
+    EXPECT_EQ(shown(), u"Notes 1"_s);
+    EXPECT_EQ(loop.now(), start) << "there is nothing to wait for";
 }
 
 // It used to stay where a dock had been that went to another edge or re-sorted its buttons.
@@ -71,8 +75,7 @@ TEST_F(StripArrangerTest, iconThatHasMoved_isFollowed_butNotFromUnderTheMouse)
     movePointerTo(preview(0));
     move(20);
     EXPECT_EQ(preview(0).window()->frame().topLeft(), place + QPointF(20, 0));
-    leave();
-    loop.advance(1);
+    leave(1);
     move(20); // no row to take along
     EXPECT_EQ(shown(), QString());
 }

@@ -114,8 +114,7 @@ TEST_F(Switcher, clicks_belongToThePreviewUnderThem_whileTheSwitcherIsUp)
     hover(u"Notes"_s);
     movePointerTo(preview(0));
     EXPECT_FALSE(engine().shouldInterceptClick(true, false)); // previews of the Dock get their own
-    leave();
-    loop.advance(1);
+    leave(1);
     open(0);
     EXPECT_FALSE(engine().shouldInterceptClick(true, false)); // beside them
     const QRectF frame = preview(0).window()->frame();
@@ -138,19 +137,6 @@ TEST_F(Switcher, clicks_belongToThePreviewUnderThem_whileTheSwitcherIsUp)
     EXPECT_FALSE(engine().shouldInterceptClick(true, false));
 }
 
-TEST_F(Switcher, removal_endsTheWatch)
-{
-    for (const auto removal :
-         {&LXHandler::removeAllScreenViews, &LXHandler::removeAllScreenViewsNOW}) {
-        open(0);
-        ASSERT_EQ(shown(), both);
-        (engine().*removal)();
-        desk.selectInSwitcher(1, false);
-        loop.advance(1);
-        EXPECT_EQ(shown(), u""_s);
-    }
-}
-
 TEST_F(Switcher, activation_sparesItsRow_whereItClosesThatOfADockItem)
 {
     settings().closeOnClick = 1;
@@ -166,8 +152,7 @@ TEST_F(Switcher, mouseLeavingAnything_endsNothingWhileTheSwitcherIsWatched)
     hover(u"Trash"_s);
     EXPECT_EQ(shown(), u""_s);
     open(0);
-    leave();
-    loop.advance(5);
+    leave(5);
     EXPECT_EQ(shown(), both);
     hover(u"Notes"_s); // the same application, but now for the Dock
     loop.advance(0.1);

@@ -18,33 +18,14 @@ class Update : public EngineFixture
 protected:
     void update() { loop.advance(0.5); }
 
-    /// Copies as slowly as a server that has much else to do, and always has to copy.
-    class Slow : public ForwardingWindowServer
+    SlowWindowServer& installSlow()
     {
-    public:
-        explicit Slow(Update& test) : ForwardingWindowServer(test.desk.windowServer()), m_test(test)
-        {
-            test.install(test.desk.accessibility(), *this);
-        }
-        QImage captureWindow(platform::WindowID window, QSize limit) override
-        {
-            ++started;
-            m_test.loop.sleep(duration);
-            const QImage whole = ForwardingWindowServer::captureWindow(window, limit);
-            return limit.isEmpty() ? whole : whole.copy(QRect({}, whole.size() / 2));
-        }
-        platform::KnownPicture knownPicture(platform::WindowID window, QSize limit) override
-        {
-            return alwaysCopies ? platform::KnownPicture{}
-                                : ForwardingWindowServer::knownPicture(window, limit);
-        }
-        double duration = 0.3;
-        bool alwaysCopies = false;
-        int started = 0;
+        install(desk.accessibility(), m_slow);
+        return m_slow;
+    }
 
-    private:
-        Update& m_test;
-    };
+private:
+    SlowWindowServer m_slow{desk.windowServer()};
 };
 
 TEST_F(Update, windowsThatComeAndGo_joinAndLeaveTheRow)
@@ -66,18 +47,6 @@ TEST_F(Update, windowsThatComeAndGo_joinAndLeaveTheRow)
     EXPECT_EQ(shown(), u""_s);
     EXPECT_EQ(panelsOnScreen(), 0);
     EXPECT_FALSE(isTapOn());
-}
-
-TEST_F(Update, windowThatBecomesAnotherApplications_changesTheRow)
-{
-    add(u"Start"_s, 2);
-    const Pid sheets = add(u"Sheets"_s, 1);
-    hover(u"Start"_s);
-    desk.giveWindow(desk.stacking().back(), sheets);
-    update();
-    EXPECT_EQ(shown(), u"Start 2"_s);
-    hover(u"Sheets"_s);
-    EXPECT_EQ(shown(), u"Sheets 1, Start 1"_s);
 }
 
 TEST_F(Update, spaceNumbers_followTheWindows)
@@ -119,7 +88,7 @@ TEST_F(Update, titles_followTheirWindows_everyHalfSecond)
 
 TEST_F(Update, slowPicture_holdsItsPreviewBriefly_andGoesToNoOther)
 {
-    Slow slow(*this);
+    installSlow();
     add(u"Notes"_s, 1);
     add(u"Mail"_s, 1);
     hover(u"Notes"_s);
@@ -130,15 +99,13 @@ TEST_F(Update, slowPicture_holdsItsPreviewBriefly_andGoesToNoOther)
     EXPECT_TRUE(preview(0).image().isNull());
     loop.advance(0.2);
     EXPECT_FALSE(preview(0).image().isNull());
-    leave();
-    loop.advance(2);
+    leave(2);
 
     // The panel of a picture that is still on its way is used for another window.
     desk.changeWindow(desk.stacking()[1], [](auto& window) { window.version = 7; });
     hover(u"Notes"_s);
     const ScreenyView* const panel = &preview(0);
-    leave();
-    loop.advance(0.1);
+    leave(0.1);
     hover(u"Mail"_s);
     ASSERT_EQ(shown(), u"Mail 1"_s);
     ASSERT_EQ(&preview(0), panel);
@@ -151,7 +118,7 @@ TEST_F(Update, slowPicture_holdsItsPreviewBriefly_andGoesToNoOther)
 
 TEST_F(Update, slowServer_isAskedForAWindowOnlyOnceAtATime)
 {
-    Slow slow(*this);
+    SlowWindowServer& slow = installSlow();
     slow.alwaysCopies = true;
     slow.duration = 2;
     add(u"Notes"_s, 3);
@@ -165,7 +132,7 @@ TEST_F(Update, slowServer_isAskedForAWindowOnlyOnceAtATime)
 
 TEST_F(Update, pictureThatComesTooLate_isKeptByNobody)
 {
-    Slow slow(*this);
+    SlowWindowServer& slow = installSlow();
     slow.alwaysCopies = true;
     settings().zoomWindows = 1;
     add(u"Notes"_s, 1);
@@ -238,43 +205,23 @@ TEST_F(Update, minimisedAndHiddenWindows_leaveTheRow_asTheSettingsSay)
     EXPECT_EQ(shown(), u"Notes 2, Notes 1"_s);
 }
 
-TEST_F(Update, busyApplication_keepsItsPreviews)
-{
-    const Pid notes = add(u"Notes"_s, 2);
-    hover(u"Notes"_s);
-    desk.changeApplication(notes, [](auto& application) { application.responds = false; });
-    loop.advance(3);
-    EXPECT_EQ(shown(), u"Not Responding, Not Responding"_s);
-    desk.changeApplication(notes, [](auto& application) { application.responds = true; });
-    update();
-    EXPECT_EQ(shown(), u"Notes 2, Notes 1"_s);
-}
-
 TEST_F(Update, windowThatVanishesBeforeAnyOneRequest_isSimplyGone)
 {
     /// Closes a window of the application just before the given request.
-    class Vanishing : public ForwardingAccessibility
-    {
-    public:
-        explicit Vanishing(SimulatedDesktop& desktop)
-            : ForwardingAccessibility(desktop.accessibility()), m_desktop(desktop)
-        {
-        }
+    struct Vanishing : ForwardingAccessibility {
+        using ForwardingAccessibility::ForwardingAccessibility;
         platform::AXResult copyAttributeValue(const platform::ElementRef& element,
                                               const QString& attribute) override
         {
             if (requests++ == fatal)
-                m_desktop.closeWindow(window);
+                m_state.locked()->close(window);
             return ForwardingAccessibility::copyAttributeValue(element, attribute);
         }
         int requests = 0;
         int fatal = 0;
         WindowID window = 0;
-
-    private:
-        SimulatedDesktop& m_desktop;
     };
-    Vanishing vanishing(desk);
+    Vanishing vanishing(desk.accessibility());
     install(vanishing, desk.windowServer());
     const Pid notes = add(u"Notes"_s, 1);
     int runs = 0;
@@ -288,8 +235,7 @@ TEST_F(Update, windowThatVanishesBeforeAnyOneRequest_isSimplyGone)
             loop.advance(0.5);
             ASSERT_EQ(shown(), u"Notes 1"_s) << runs;
         }
-        leave();
-        loop.advance(2);
+        leave(2);
         ASSERT_EQ(panelsOnScreen(), 0);
     } while (!desk.window(vanishing.window));
     EXPECT_GT(runs, 20); // each was met
@@ -315,17 +261,6 @@ TEST_F(Update, panels_areReused_eachInItsFormerPlace)
     for (const char* look : {"Black", "", "Black", "Borderless", "Blue", "Red", "Green", "Black"})
         EXPECT_EQ(PreviewCache::interfaceFileForStyle(style++),
                   u"ScreenyView"_s + QString::fromLatin1(look));
-}
-
-TEST_F(Update, nothingHappens_whileNothingIsHovered)
-{
-    add(u"Notes"_s, 2);
-    hover(u"Notes"_s);
-    leave();
-    loop.advance(2);
-    for (int i = 0; i < 10; ++i)
-        EXPECT_TRUE(isAtRest());
-    EXPECT_EQ(loop.runningThreads(), 1);
 }
 
 } // namespace

@@ -12,8 +12,6 @@
 namespace lumbrix::test
 {
 
-using namespace Qt::StringLiterals;
-
 class ModelFixture : public DesktopFixture, public FilterLevels
 {
 protected:

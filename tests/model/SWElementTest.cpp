@@ -148,21 +148,13 @@ TEST_F(SWElementTest, capture_tellsWhetherItIsWhole_andIsNullForAWindowThatVanis
             return limit.isEmpty() ? whole : whole.scaledToWidth(std::min(limit.width(), 400));
         }
     };
-    class Vanishing : public ForwardingWindowServer
-    {
-    public:
-        explicit Vanishing(SimulatedDesktop& desktop)
-            : ForwardingWindowServer(desktop.windowServer()), m_desktop(desktop)
-        {
-        }
+    struct Vanishing : ForwardingWindowServer {
+        using ForwardingWindowServer::ForwardingWindowServer;
         QImage captureWindow(WindowID window, QSize limit) override
         {
-            m_desktop.closeWindow(window);
+            m_state.locked()->close(window);
             return ForwardingWindowServer::captureWindow(window, limit);
         }
-
-    private:
-        SimulatedDesktop& m_desktop;
     };
     const WindowID number = desk.addWindow(addApplication(u"Notes"_s), {u"Ideas"_s});
     EXPECT_TRUE(element(number)->grabWindow().image.isNull()); // not matched yet
@@ -183,7 +175,7 @@ TEST_F(SWElementTest, capture_tellsWhetherItIsWhole_andIsNullForAWindowThatVanis
         EXPECT_EQ(window->wholeScreenshot().isNull(), !isWhole) << width;
     }
 
-    Vanishing vanishing(desk);
+    Vanishing vanishing(desk.windowServer());
     install(desk.accessibility(), vanishing);
     for (int i = 0; i < 2; ++i) {
         const WindowPicture none = window->grabWindow();

@@ -149,9 +149,7 @@ TEST_F(UIElementUtilitiesTest, report_tellsLineageAttributesAndActions)
 
 TEST_F(UIElementUtilitiesTest, listsAreCountedWithoutBeingFetched_andLoopsOfParentsEnd)
 {
-    class Odd : public ForwardingAccessibility
-    {
-    public:
+    struct Odd : ForwardingAccessibility {
         using ForwardingAccessibility::ForwardingAccessibility;
         platform::AXResult copyAttributeValue(const ElementRef& element,
                                               const QString& attribute) override

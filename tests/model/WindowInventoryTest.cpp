@@ -118,9 +118,7 @@ TEST_F(WindowInventoryTest, windowThatBecomesAnotherApplications_isMatchedAnew)
 
 TEST_F(WindowInventoryTest, scan_takesOneWindowList_andLeavesSpacesAloneWhilePreviewsShow)
 {
-    class Counting : public ForwardingWindowServer
-    {
-    public:
+    struct Counting : ForwardingWindowServer {
         using ForwardingWindowServer::ForwardingWindowServer;
         platform::WindowList copyWindowInfo(platform::WindowListOption option) override
         {
@@ -148,25 +146,17 @@ TEST_F(WindowInventoryTest, scan_takesOneWindowList_andLeavesSpacesAloneWhilePre
 TEST_F(WindowInventoryTest, windowBroughtByScanAndNotificationAtOnce_isListedOnce)
 {
     // The scan is stopped in the middle of its look at the window.
-    class Slow : public ForwardingAccessibility
-    {
-    public:
-        Slow(platform::Accessibility& target, VirtualRunLoop& loop)
-            : ForwardingAccessibility(target), m_loop(loop)
-        {
-        }
+    struct Slow : ForwardingAccessibility {
+        using ForwardingAccessibility::ForwardingAccessibility;
         platform::AXResult copyAttributeValue(const platform::ElementRef& element,
                                               const QString& attribute) override
         {
-            if (!m_loop.isMainThread() && attribute == AX::Subrole)
-                m_loop.sleep(0.1);
+            if (!m_state.runLoop.isMainThread() && attribute == AX::Subrole)
+                m_state.runLoop.sleep(0.1);
             return ForwardingAccessibility::copyAttributeValue(element, attribute);
         }
-
-    private:
-        VirtualRunLoop& m_loop;
     };
-    Slow slow(desk.accessibility(), loop);
+    Slow slow(desk.accessibility());
     install(slow, desk.windowServer());
     addApplication(u"Notes"_s, 1);
     const WindowID number = desk.stacking().front();

@@ -48,6 +48,19 @@ protected:
         return pid;
     }
 
+    void hover(const QString& item)
+    {
+        desk.hoverDockItem(item);
+        loop.runUntilIdle();
+    }
+    /// And lets so much time pass.
+    void leave(platform::Seconds after = 0)
+    {
+        desk.leaveDock();
+        loop.runUntilIdle();
+        loop.advance(after);
+    }
+
     VirtualRunLoop loop;
     SimulatedDesktop desk{loop};
 

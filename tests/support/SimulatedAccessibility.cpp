@@ -109,26 +109,23 @@ AXError SimulatedAccessibility::stateOf(const SimulatedElement& element)
     if (element.kind == Kind::SystemWide)
         return AXError::Success;
     const SimulatedApplication* application = m_state.application(ownerOf(element));
-    bool exists = application != nullptr;
-    switch (element.kind) {
-    case Kind::Window:
-    case Kind::CloseButton:
-    case Kind::Content:
-        exists = exists && m_state.window(element.id);
-        break;
-    case Kind::DockItem:
-        exists = exists && element.pid == m_state.dockPid && m_state.dockItem(element.id);
-        break;
-    case Kind::SwitcherList:
-        exists = exists && element.pid == m_state.dockPid && m_state.switcher;
-        break;
-    case Kind::SwitcherEntry:
-        exists = exists && element.pid == m_state.dockPid && m_state.switcherEntry(element.id);
-        break;
-    default:
-        break;
-    }
-    if (!exists)
+    const auto exists = [&]() -> bool {
+        switch (element.kind) {
+        case Kind::Window:
+        case Kind::CloseButton:
+        case Kind::Content:
+            return m_state.window(element.id);
+        case Kind::DockItem:
+            return element.pid == m_state.dockPid && m_state.dockItem(element.id);
+        case Kind::SwitcherList:
+            return element.pid == m_state.dockPid && m_state.switcher;
+        case Kind::SwitcherEntry:
+            return element.pid == m_state.dockPid && m_state.switcherEntry(element.id);
+        default:
+            return true;
+        }
+    };
+    if (!application || !exists())
         return AXError::InvalidUIElement;
     return application->responds ? AXError::Success : AXError::CannotComplete;
 }

@@ -239,6 +239,25 @@ struct SimulatedState {
     /// Commands given to the workspace, such as "launch Music" or "terminate 1003".
     std::vector<QString> commands;
 
+    /// What a port hands out for an entry of one of these lists: the entry is there as long as it
+    /// is.
+    template <class Subscription, class Entry> struct Registration final : Subscription {
+        Registration(SimulatedState& its, std::vector<std::shared_ptr<Entry>>& list, Entry added)
+            : state(its), entries(list), entry(std::make_shared<Entry>(std::move(added)))
+        {
+            const std::lock_guard lock(state.mutex);
+            entries.push_back(entry);
+        }
+        ~Registration() override
+        {
+            const std::lock_guard lock(state.mutex);
+            std::erase(entries, entry);
+        }
+        SimulatedState& state;
+        std::vector<std::shared_ptr<Entry>>& entries;
+        const std::shared_ptr<Entry> entry;
+    };
+
     /// Has those who watch the window's picture called, if it has changed, once until a capture.
     void tellPictureWatchers(WindowID number);
     std::vector<std::shared_ptr<SimulatedPictureWatch>> pictureWatchers;

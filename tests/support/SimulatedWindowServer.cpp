@@ -79,20 +79,6 @@ bool isPictureCurrent(const SimulatedWindow& window)
             (picture.width() < 2 || picture.pixelColor(1, 0) == window.color));
 }
 
-class PictureWatching final : public platform::PictureSubscription
-{
-public:
-    PictureWatching(SimulatedState& state, std::shared_ptr<SimulatedPictureWatch> watch)
-        : m_state(state), m_watch(std::move(watch))
-    {
-    }
-    ~PictureWatching() override { std::erase(m_state.locked()->pictureWatchers, m_watch); }
-
-private:
-    SimulatedState& m_state;
-    const std::shared_ptr<SimulatedPictureWatch> m_watch;
-};
-
 } // namespace
 
 void SimulatedState::tellPictureWatchers(WindowID number)
@@ -155,13 +141,15 @@ std::unique_ptr<platform::PictureSubscription>
 SimulatedWindowServer::subscribeToPicture(WindowID window, std::function<void()> changed)
 {
     const std::lock_guard lock(m_state.mutex);
-    m_state.pictureWatchers.push_back(
-        std::make_shared<SimulatedPictureWatch>(window, std::move(changed)));
+    using Registration =
+        SimulatedState::Registration<platform::PictureSubscription, SimulatedPictureWatch>;
+    auto watch = std::make_unique<Registration>(m_state, m_state.pictureWatchers,
+                                                SimulatedPictureWatch{window, std::move(changed)});
     if (SimulatedWindow* found = m_state.window(window)) {
         found->isToldOf = false;
         m_state.tellPictureWatchers(window);
     }
-    return std::make_unique<PictureWatching>(m_state, m_state.pictureWatchers.back());
+    return watch;
 }
 
 } // namespace lumbrix::test

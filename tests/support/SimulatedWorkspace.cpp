@@ -20,25 +20,6 @@ RunningApplication snapshot(const SimulatedApplication& application)
             application.bundleURL, application.executableURL,    application.role};
 }
 
-class SimulatedWorkspaceSubscription final : public platform::WorkspaceSubscription
-{
-public:
-    SimulatedWorkspaceSubscription(SimulatedState& state,
-                                   std::shared_ptr<SimulatedSubscription> entry)
-        : m_state(state), m_entry(std::move(entry))
-    {
-    }
-    ~SimulatedWorkspaceSubscription() override
-    {
-        const std::lock_guard lock(m_state.mutex);
-        std::erase(m_state.subscriptions, m_entry);
-    }
-
-private:
-    SimulatedState& m_state;
-    const std::shared_ptr<SimulatedSubscription> m_entry;
-};
-
 } // namespace
 
 std::vector<RunningApplication> SimulatedWorkspace::runningApplications()
@@ -180,11 +161,10 @@ bool SimulatedWorkspace::launchOrActivate(
 std::unique_ptr<platform::WorkspaceSubscription>
 SimulatedWorkspace::observe(platform::WorkspaceNotification notification, Observer observer)
 {
-    const std::lock_guard lock(m_state.mutex);
-    const auto entry = std::make_shared<SimulatedSubscription>(
-        SimulatedSubscription{notification, std::move(observer)});
-    m_state.subscriptions.push_back(entry);
-    return std::make_unique<SimulatedWorkspaceSubscription>(m_state, entry);
+    using Registration =
+        SimulatedState::Registration<platform::WorkspaceSubscription, SimulatedSubscription>;
+    return std::make_unique<Registration>(m_state, m_state.subscriptions,
+                                          SimulatedSubscription{notification, std::move(observer)});
 }
 
 } // namespace lumbrix::test

@@ -6,10 +6,9 @@
 #include <algorithm>
 #include <atomic>
 #include <cmath>
-#include <condition_variable>
 #include <cstdio>
 #include <cstdlib>
-#include <mutex>
+#include <semaphore>
 #include <string>
 
 namespace lumbrix::test
@@ -26,29 +25,6 @@ namespace
     std::fprintf(stderr, "VirtualRunLoop: %s\n", what);
     std::abort();
 }
-
-/// Passed from the one that may run to the next.
-class Baton
-{
-public:
-    void give()
-    {
-        const std::lock_guard lock(m_mutex);
-        m_isGiven = true;
-        m_given.notify_one();
-    }
-    void take()
-    {
-        std::unique_lock lock(m_mutex);
-        m_given.wait(lock, [this] { return m_isGiven; });
-        m_isGiven = false;
-    }
-
-private:
-    std::mutex m_mutex;
-    std::condition_variable m_given;
-    bool m_isGiven = false;
-};
 
 /// More steps than this at one instant are an endless loop.
 constexpr int maxStepsAtOnce = 1'000'000;
@@ -80,22 +56,22 @@ public:
     {
         if (!m_handle.joinable()) {
             m_handle = std::thread([this] {
-                m_turn.take();
+                m_turn.acquire();
                 m_body(*this);
                 finish();
-                m_back.give();
+                m_back.release();
             });
         }
-        m_turn.give();
-        m_back.take();
+        m_turn.release();
+        m_back.acquire();
         if (m_isFinished)
             m_handle.join();
     }
     /// Gives the turn back until the next one. The thread itself.
     void pause()
     {
-        m_back.give();
-        m_turn.take();
+        m_back.release();
+        m_turn.acquire();
     }
     void finish()
     {
@@ -109,8 +85,8 @@ private:
     const std::string m_name;
     VirtualRunLoop::ThreadBody m_body;
     std::thread m_handle;
-    Baton m_turn;
-    Baton m_back;
+    std::binary_semaphore m_turn{0}; ///< passed on by the one that may run, as is the next
+    std::binary_semaphore m_back{0};
     bool m_isStarted = false;
     std::atomic_bool m_isCancelled{false};
     std::atomic_bool m_isFinished{false};
