@@ -383,4 +383,25 @@ void Display::holdKey(std::uint8_t key) { fake(XCB_KEY_PRESS, key); }
 
 void Display::letGoOfKey(std::uint8_t key) { fake(XCB_KEY_RELEASE, key); }
 
+bool Display::takeKey(std::uint8_t key, std::uint16_t modifiers)
+{
+    const Reply<xcb_generic_error_t> error(xcb_request_check(
+        m_connection, xcb_grab_key_checked(m_connection, 0, m_root, modifiers, key,
+                                           XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC)));
+    return !error;
+}
+
+void Display::giveKeyBack(std::uint8_t key, std::uint16_t modifiers)
+{
+    std::free(xcb_request_check(m_connection,
+                                xcb_ungrab_key_checked(m_connection, key, m_root, modifiers)));
+}
+
+xcb_window_t Display::focus()
+{
+    const auto reply =
+        answer(xcb_get_input_focus_reply, m_connection, xcb_get_input_focus(m_connection));
+    return reply ? reply->focus : XCB_WINDOW_NONE + 0U;
+}
+
 } // namespace lumbrix::privatedesk

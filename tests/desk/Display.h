@@ -109,6 +109,11 @@ public:
     void type(const std::vector<std::uint8_t>& keys);
     void holdKey(std::uint8_t key);
     void letGoOfKey(std::uint8_t key);
+    /// Takes the key with these modifiers from all programs, by our connection; false when another
+    /// program has it.
+    bool takeKey(std::uint8_t key, std::uint16_t modifiers);
+    void giveKeyBack(std::uint8_t key, std::uint16_t modifiers);
+    xcb_window_t focus(); ///< what gets the keys
 
 private:
     std::vector<Panel> panels(const QString& role);

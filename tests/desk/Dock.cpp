@@ -7,6 +7,7 @@
 #include <QtCore/QFileInfo>
 #include <QtCore/QUrl>
 #include <QtDBus/QDBusConnection>
+#include <QtDBus/QDBusConnectionInterface>
 #include <QtDBus/QDBusMessage>
 
 #include <csignal>
@@ -114,15 +115,7 @@ private:
             return QPoint(middle.x(), screen.y() + screen.height() - depth);
         }
     }
-    bool owns(const QString& name)
-    {
-        QDBusMessage call =
-            QDBusMessage::createMethodCall(u"org.freedesktop.DBus"_s, u"/org/freedesktop/DBus"_s,
-                                           u"org.freedesktop.DBus"_s, u"NameHasOwner"_s);
-        call << name;
-        const QList<QVariant> answer = m_bus->call(call, QDBus::Block, 1000).arguments();
-        return !answer.isEmpty() && answer.front().toBool();
-    }
+    bool owns(const QString& name) { return m_bus->interface()->isServiceRegistered(name); }
 
     const QStringList m_pinned;
     const std::optional<Edge> m_secondEdge;

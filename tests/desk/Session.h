@@ -59,6 +59,7 @@ public:
     Process& bus() { return *m_bus; }
     /// Ends it, if it runs, and starts it at the same address again.
     void restartBus();
+    Process& server() { return *m_server.process; }
     QStringList environment() const { return m_environment; }
 
     /// Starts a program inside the session; its output goes to the log of the given name.

@@ -139,8 +139,7 @@ TEST_P(BadgeTest, row_liesOnItsBubbleAndBothAboveTheBadges)
     const Application& alpha = launch(u"alpha"_s, 3);
     const Application& beta = launch(u"beta"_s, 1);
     ASSERT_TRUE(counts(beta, "1"));
-    hover(alpha);
-    ASSERT_TRUE(shows(alpha));
+    ASSERT_TRUE(hoverShows(alpha));
     QStringList roles;
     for (const Panel& panel : display().panels())
         if (roles.isEmpty() || roles.last() != panel.role)
@@ -149,30 +148,6 @@ TEST_P(BadgeTest, row_liesOnItsBubbleAndBothAboveTheBadges)
     EXPECT_EQ(window(u"bubble"_s)->geometry, row().adjusted(1, 1, 9, 2));
     desk().park();
     EXPECT_TRUE(waitUntil([&] { return display().panels().size() == display().badges().size(); }));
-}
-
-TEST_P(PlankBadgeTest, icons_pushedAside_takeTheirBadgesAlong)
-{
-    const Application& alpha = launch(u"alpha"_s, 1);
-    ASSERT_TRUE(counts(alpha, "1"));
-    // After another test the icons may still be on their way back to the middle.
-    const auto place = [&] {
-        const auto shown = badge(alpha);
-        return std::pair(iconArea(alpha), shown ? shown->geometry : QRect());
-    };
-    for (auto last = place(); waitUntil([&] { return place() != last; }, 500); last = place()) {
-    }
-    ASSERT_TRUE(badge(alpha));
-    const QPoint before = badge(alpha)->geometry.center();
-    const QPoint offset = before - iconArea(alpha)->center();
-    const Application& delta = launch(u"delta"_s, 1);
-    EXPECT_TRUE(counts(delta, "1"));
-    EXPECT_TRUE(waitUntil([&] {
-        const auto icon = iconArea(alpha);
-        const auto moved = badge(alpha);
-        return icon && moved && moved->geometry.center().x() < before.x() - 20 &&
-               (moved->geometry.center() - icon->center() - offset).manhattanLength() <= 1;
-    }));
 }
 
 TEST_P(PlankBadgeTest, dock_restarted_isBelowItsBadgesAgain)

@@ -84,8 +84,7 @@ TEST_P(CalendarTest, calendarIcon_hovered_listsTheEventsOfAFile)
     EXPECT_EQ(display().activeWindow(), active) << "the focus has moved";
 
     // What has changed meanwhile is seen the next time.
-    desk().park();
-    ASSERT_TRUE(showsNothing());
+    ASSERT_TRUE(parkShowsNothing());
     session.write(m_file, calendarOf(12));
     hover(calendar);
     ASSERT_TRUE(showsEvents(10));

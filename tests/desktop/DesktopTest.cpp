@@ -92,6 +92,24 @@ DeskOptions onSecondMonitor(DeskOptions options, const std::string& arrangement)
     return options;
 }
 
+Program programOf(DockKind kind)
+{
+    constexpr Program programs[] = {{"Plank", "plank"},
+                                    {"tint2", "tint2"},
+                                    {"xfce4-panel", "xfce4-panel"},
+                                    {"xfce4-panel as it comes", "xfce4-panel"},
+                                    {"mate-panel", "mate-panel"},
+                                    {"lxqt-panel", "lxqt-panel"}};
+    return programs[static_cast<int>(kind)];
+}
+
+Program programOf(WindowManager manager)
+{
+    constexpr Program programs[] = {
+        {"xfwm4", "xfwm4"}, {"Openbox", "openbox"}, {"Marco", "marco"}, {"KWin", "kwin_x11"}};
+    return programs[static_cast<int>(manager)];
+}
+
 double portionOf(const QImage& picture, const QColor& colour)
 {
     const QColor lower = lowerColour(colour);
@@ -114,6 +132,20 @@ double portionOf(const QImage& picture, const QColor& colour)
     if (upperCount == 0 || lowerCount == 0 || upperHeight / upperCount > lowerHeight / lowerCount)
         return 0;
     return std::min(upperCount, lowerCount) / (picture.width() * picture.height());
+}
+
+Pixels pixelsOf(const QImage& picture, const std::function<bool(QRgb)>& areSought)
+{
+    Pixels found;
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x) {
+            if (areSought(picture.pixel(x, y))) {
+                ++found.count;
+                found.box |= QRect(x, y, 1, 1);
+            }
+        }
+    }
+    return found;
 }
 
 void DesktopTest::SetUp()
@@ -191,6 +223,13 @@ Result DesktopTest::shows(const Application& application, int milliseconds)
     return result;
 }
 
+Result DesktopTest::hoverShows(const Application& application, int milliseconds)
+{
+    if (!m_desk->hover(application))
+        return testing::AssertionFailure() << "the dock shows no icon";
+    return shows(application, milliseconds);
+}
+
 QByteArray DesktopTest::inspect()
 {
     const auto process =
@@ -212,6 +251,12 @@ Result DesktopTest::showsNothing(int milliseconds)
         result << "still on the screen: " << panel.role.toStdString() << " '"
                << panel.title.left(80).toStdString() << "'\n";
     return result;
+}
+
+Result DesktopTest::parkShowsNothing()
+{
+    m_desk->park();
+    return showsNothing();
 }
 
 Result DesktopTest::waitUntil(const std::function<bool()>& condition, int milliseconds)

@@ -33,6 +33,15 @@ inline const QString secondMonitor = u"DUMMY1"_s;
 /// lower, or "above" and larger.
 DeskOptions onSecondMonitor(DeskOptions options, const std::string& arrangement);
 
+/// As people call it, and as it is started.
+struct Program {
+    const char* shown;
+    const char* command;
+};
+
+Program programOf(DockKind kind);
+Program programOf(WindowManager manager);
+
 /// For INSTANTIATE_TEST_SUITE_P.
 inline std::string deskName(const testing::TestParamInfo<DeskOptions>& info)
 {
@@ -47,6 +56,13 @@ using Result = testing::AssertionResult;
 /// How much of the picture shows the window: the smaller of the parts in its two colours, where the
 /// upper one is above the lower one; otherwise nothing.
 double portionOf(const QImage& picture, const QColor& colour);
+
+/// The pixels of such a colour: how many there are, and what they take together.
+struct Pixels {
+    int count = 0;
+    QRect box;
+};
+Pixels pixelsOf(const QImage& picture, const std::function<bool(QRgb)>& areSought);
 
 class DesktopTest : public testing::TestWithParam<DeskOptions>
 {
@@ -66,8 +82,12 @@ protected:
     Result shows(const Application& application, int milliseconds = 3000);
     /// The report of "lumbrix --inspect", which must end well.
     QByteArray inspect();
+    /// The same once its icon is hovered.
+    Result hoverShows(const Application& application, int milliseconds = 3000);
     /// Waits until no window of Lumbrix is on the screen.
     Result showsNothing(int milliseconds = 3000);
+    /// The same once the pointer is where there is neither a dock nor a preview.
+    Result parkShowsNothing();
     Result waitUntil(const std::function<bool()>& condition, int milliseconds = 3000);
     /// The preview with this title; none when there is no such preview.
     std::optional<Panel> preview(const QByteArray& title);

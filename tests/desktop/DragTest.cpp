@@ -40,11 +40,7 @@ protected:
         if (!area)
             return std::nullopt;
         const QImage picture = display().picture(*area & QRect(QPoint(), display().size()));
-        QRect found;
-        for (int y = 0; y < picture.height(); ++y)
-            for (int x = 0; x < picture.width(); ++x)
-                if (picture.pixelColor(x, y) == colour)
-                    found |= QRect(x, y, 1, 1);
+        const QRect found = pixelsOf(picture, [&](QRgb each) { return each == colour.rgb(); }).box;
         return found.width() < 20 ? std::nullopt : std::optional(area->topLeft() + found.center());
     }
     std::optional<QPoint> icon()

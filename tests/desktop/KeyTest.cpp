@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <csignal>
-#include <cstdlib>
 
 #include "Keys.h"
 #include "platform/StringLiterals.h"
@@ -19,26 +18,20 @@ protected:
     /// Whether some program has this key with Super: nobody else can have it then.
     bool isTaken(std::uint8_t keycode)
     {
-        xcb_connection_t* c = display().connection();
-        xcb_generic_error_t* error = xcb_request_check(
-            c, xcb_grab_key_checked(c, 0, display().root(), XCB_MOD_MASK_4, keycode,
-                                    XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC));
-        if (!error)
-            xcb_ungrab_key(c, keycode, display().root(), XCB_MOD_MASK_4);
-        std::free(error);
-        return error != nullptr;
+        if (!display().takeKey(keycode, XCB_MOD_MASK_4))
+            return true;
+        display().giveKeyBack(keycode, XCB_MOD_MASK_4);
+        return false;
     }
     /// Hovers an application of four windows until the keys of its previews are taken. The look at
     /// the fourth may itself keep it from Lumbrix; then another row tries again.
     void hoverForKeys(const Application& application)
     {
         for (int i = 0; i < 3; ++i) {
-            hover(application);
-            ASSERT_TRUE(shows(application));
+            ASSERT_TRUE(hoverShows(application));
             if (waitUntil([&] { return isTaken(fourKey); }, 1000))
                 return;
-            desk().park();
-            ASSERT_TRUE(showsNothing());
+            ASSERT_TRUE(parkShowsNothing());
         }
         FAIL() << "the keys of the previews are not taken";
     }
@@ -66,20 +59,21 @@ TEST_P(KeyTest, superAndDigit_raisesThatWindowUnseenByTheFocusedProgram)
     EXPECT_EQ(count(beta.keys(), twoKey), 0);
     EXPECT_EQ(count(alpha.keys(), twoKey), 0);
 
-    desk().park();
-    EXPECT_TRUE(showsNothing());
+    EXPECT_TRUE(parkShowsNothing());
     EXPECT_TRUE(waitUntil([&] { return !isTaken(twoKey) && !isTaken(fourKey); }));
     display().type({superKey, twoKey});
     EXPECT_TRUE(waitUntil([&] { return count(alpha.keys(), twoKey) == 2; }));
 }
 
-TEST_P(KeyTest, lumbrix_endedInAnyWay_givesTheKeysBack)
+TEST_P(KeyTest, lumbrix_endedInAnyWay_givesTheKeysBack_andLeavesNothingBehind)
 {
     const Application& alpha = launch(u"alpha"_s, 4);
     for (const int signal : {SIGKILL, SIGTERM}) {
         hoverForKeys(alpha);
         desk().lumbrix().signal(signal);
-        desk().lumbrix().waitForExit(patience(2000));
+        EXPECT_EQ(desk().lumbrix().waitForExit(patience(2000)), signal == SIGTERM ? 0 : SIGKILL);
+        EXPECT_TRUE(showsNothing(100));
+        EXPECT_EQ(desk().complaints().toStdString(), "");
         EXPECT_TRUE(waitUntil([&] { return !isTaken(twoKey) && !isTaken(fourKey); }));
         desk().park();
         desk().startLumbrix();

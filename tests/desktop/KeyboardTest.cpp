@@ -9,8 +9,6 @@
 #include <QtDBus/QDBusMessage>
 #include <QtDBus/QDBusVariant>
 
-#include <cstdlib>
-
 #include "Keys.h"
 #include "Lumbrix.h"
 #include "platform/StringLiterals.h"
@@ -108,21 +106,13 @@ protected:
         const QByteArray key = "\n[openRowKey]\nkeyCode=35\nmodifiers=6144\n";
         desk().session().write(settingsPath(desk().session()), settings() + key);
         desk().startLumbrixAgain(application);
-        desk().park();
-        ASSERT_TRUE(showsNothing());
+        ASSERT_TRUE(parkShowsNothing());
     }
     void openRow() { display().type({controlKey, altKey, pKey}); }
-    /// What gets the keys.
-    xcb_window_t focus()
-    {
-        xcb_connection_t* c = display().connection();
-        const std::unique_ptr<xcb_get_input_focus_reply_t, decltype(&std::free)> reply(
-            xcb_get_input_focus_reply(c, xcb_get_input_focus(c), nullptr), &std::free);
-        return reply ? reply->focus : XCB_WINDOW_NONE + 0U;
-    }
     Result hasKeyboard(xcb_window_t window)
     {
-        return waitUntil([&] { return focus() == window && display().activeWindow() == window; });
+        return waitUntil(
+            [&] { return display().focus() == window && display().activeWindow() == window; });
     }
 };
 
@@ -144,11 +134,9 @@ TEST_P(KeyboardTest, rowOpenedByKey_isHeard_andGivesTheKeyboardBack)
     ASSERT_TRUE(hasKeyboard(active.id));
 
     // The mouse alone says nothing.
-    hover(beta);
-    ASSERT_TRUE(shows(beta));
+    ASSERT_TRUE(hoverShows(beta));
     moveToPreview(beta.windows().front().title);
-    desk().park();
-    ASSERT_TRUE(showsNothing());
+    ASSERT_TRUE(parkShowsNothing());
 
     openRow();
     ASSERT_TRUE(waitUntil([&] { return display().previews().size() == 3; }));
@@ -181,7 +169,7 @@ TEST_P(KeyboardTest, rowOpenedByKey_isHeard_andGivesTheKeyboardBack)
     EXPECT_EQ(alpha.keys(), seen) << "keys of the row reached the program";
 
     openRow();
-    ASSERT_TRUE(waitUntil([&] { return focus() != active.id; }));
+    ASSERT_TRUE(waitUntil([&] { return display().focus() != active.id; }));
     display().type({leftKey});
     display().type({leftKey});
     display().type({returnKey});

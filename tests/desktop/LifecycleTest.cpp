@@ -25,17 +25,8 @@ const QColor sunset(0xff, 0xd1, 0x66); ///< while its menu is open
 std::optional<QPoint> middleOf(const QImage& picture, const QColor& colour)
 {
     constexpr int fewest = 10;
-    QPoint sum;
-    int count = 0;
-    for (int y = 0; y < picture.height(); ++y) {
-        for (int x = 0; x < picture.width(); ++x) {
-            if (picture.pixel(x, y) == colour.rgb()) {
-                sum += QPoint(x, y);
-                ++count;
-            }
-        }
-    }
-    return count >= fewest ? std::optional(sum / count) : std::nullopt;
+    const Pixels found = pixelsOf(picture, [&](QRgb each) { return each == colour.rgb(); });
+    return found.count >= fewest ? std::optional(found.box.center()) : std::nullopt;
 }
 
 } // namespace
@@ -103,11 +94,9 @@ TEST_P(LifecycleTest, statusMenu_clicked_turnsPreviewsOffAndOn)
         area = display().dockArea().value();
     ASSERT_TRUE(statusItem(area, sky)) << "no item in the tray";
     const Application& alpha = launch(u"alpha"_s, 1);
-    hover(alpha);
-    ASSERT_TRUE(shows(alpha));
+    ASSERT_TRUE(hoverShows(alpha));
     const QPoint icon = display().pointer();
-    desk().park();
-    EXPECT_TRUE(showsNothing());
+    EXPECT_TRUE(parkShowsNothing());
 
     constexpr int firstItem = 12;
     choose(area, sky, firstItem);
@@ -120,8 +109,7 @@ TEST_P(LifecycleTest, statusMenu_clicked_turnsPreviewsOffAndOn)
     EXPECT_TRUE(statusItem(area, sky));
     display().moveTo(icon);
     EXPECT_TRUE(shows(alpha));
-    desk().park();
-    EXPECT_TRUE(showsNothing());
+    EXPECT_TRUE(parkShowsNothing());
 
     desk().lumbrix().signal(SIGKILL);
     EXPECT_TRUE(waitUntil([&] { return !middleOf(display().picture(area), sky); }));

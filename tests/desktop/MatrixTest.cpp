@@ -22,29 +22,6 @@ const char* whyImpossible(const DeskOptions& row, const std::string& step)
     return row.dock == DockKind::Tint2 && step == "menu" ? "tint2 has no menus" : nullptr;
 }
 
-struct Program {
-    const char* shown;
-    const char* command;
-};
-
-Program programOf(DockKind kind)
-{
-    constexpr Program programs[] = {{"Plank", "plank"},
-                                    {"tint2", "tint2"},
-                                    {"xfce4-panel", "xfce4-panel"},
-                                    {"xfce4-panel as it comes", "xfce4-panel"},
-                                    {"mate-panel", "mate-panel"},
-                                    {"lxqt-panel", "lxqt-panel"}};
-    return programs[static_cast<int>(kind)];
-}
-
-Program programOf(WindowManager manager)
-{
-    constexpr Program programs[] = {
-        {"xfwm4", "xfwm4"}, {"Openbox", "openbox"}, {"Marco", "marco"}, {"KWin", "kwin_x11"}};
-    return programs[static_cast<int>(manager)];
-}
-
 DeskOptions matePanelAndPlank()
 {
     DeskOptions options = panelAndPlank();
@@ -126,11 +103,6 @@ protected:
                 GTEST_SKIP() << program.command << " is not installed";
         DesktopTest::SetUp();
     }
-    void TearDown() override
-    {
-        if (!IsSkipped())
-            DesktopTest::TearDown();
-    }
 
     /// Records what the row is about.
     void describe(const std::string& dock, Edge edge)
@@ -165,8 +137,7 @@ protected:
             savePicture(name);
         RecordProperty(name, result ? "green" : std::string("red: ") + result.message());
         EXPECT_TRUE(result) << "in the step '" << name << '\'';
-        desk().park();
-        EXPECT_TRUE(showsNothing());
+        EXPECT_TRUE(parkShowsNothing());
     }
 
     Result hovered(const Application& application)

@@ -1,58 +1,16 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// Previews of media players, with players that people use and with ones that misbehave, and of
-// mail programs.
+// Previews of media players that people use, and of mail programs.
 #include "DesktopTest.h"
 
-#include <QtCore/QEventLoop>
-#include <QtCore/QTimer>
-
 #include <array>
-#include <atomic>
-#include <future>
-#include <thread>
 
 #include "RealPlayer.h"
 #include "platform/StringLiterals.h"
-#include "tests/platform/media/TestPlayer.h"
 
 namespace lumbrix::privatedesk
 {
-
-using Manners = test::TestPlayer::Manners;
-
-/// A player that answers while the test waits for something else.
-class MisbehavingPlayer
-{
-public:
-    MisbehavingPlayer(const QString& address, const QString& name, Manners manners)
-        : m_thread([this, address, name, manners] {
-              test::TestPlayer player(address, name, {{u"PlaybackStatus"_s, u"Playing"_s}});
-              player.manners = manners;
-              player.set(test::track(QString(100000, u'<'), u"<b>"_s));
-              player.tellNonsense();
-              QEventLoop loop; // comes first: without one the thread has no timers
-              QTimer wake;
-              wake.start(10);
-              m_isThere.set_value();
-              while (!m_isOver)
-                  loop.processEvents(QEventLoop::WaitForMoreEvents);
-          })
-    {
-        m_isThere.get_future().wait();
-    }
-    ~MisbehavingPlayer()
-    {
-        m_isOver = true;
-        m_thread.join();
-    }
-
-private:
-    std::promise<void> m_isThere;
-    std::atomic<bool> m_isOver = false;
-    std::thread m_thread;
-};
 
 class MediaTest : public DesktopTest
 {
@@ -165,8 +123,7 @@ TEST_P(PlayerTest, musicPlayer_isDrivenFromItsPreview)
     EXPECT_TRUE(waitUntil([&] { return places() == before; }));
     isDrivenByItsButtons(*player);
 
-    desk().park();
-    ASSERT_TRUE(showsNothing());
+    ASSERT_TRUE(parkShowsNothing());
     desk().startLumbrix({{u"hideControls"_s, u"1"_s}});
     hover(*player);
     ASSERT_TRUE(showsTitle("Ann - First Song"));
@@ -202,38 +159,13 @@ TEST_P(MediaTest, mailProgram_isToldToFetchMailWithoutComingForward)
                                         Qt::cyan);
     Application& mail = launch(u"evolution"_s, 1);
     Application& other = launch(u"beta"_s, 1);
-    DesktopTest::hover(mail);
-    ASSERT_TRUE(shows(mail));
+    ASSERT_TRUE(hoverShows(mail));
     enter();
     click(GetMail);
     constexpr int f12 = 96;
     EXPECT_TRUE(waitUntil([&] { return mail.keys() == std::vector<int>{f12, f12}; }));
     EXPECT_EQ(display().activeWindow(), other.windows().front().id);
     EXPECT_TRUE(shows(mail)) << "the preview stays, as with every control";
-}
-
-TEST_P(MediaTest, playerThatMisbehaves_changesNothingElse)
-{
-    Session& session = desk().session();
-    session.installApplication(u"rhythmbox"_s, u"Rhythmbox"_s, u"Rhythmbox"_s, u"true"_s,
-                               Qt::yellow);
-    Application& player = launch(u"rhythmbox"_s, 1);
-    const Application& alpha = launch(u"alpha"_s, 2);
-    for (const Manners manners :
-         {Manners::Hangs, Manners::Nonsense, Manners::Refuses, Manners::Dies}) {
-        SCOPED_TRACE(static_cast<int>(manners));
-        const MisbehavingPlayer bus(session.busAddress(), u"rhythmbox"_s, manners);
-        DesktopTest::hover(player);
-        ASSERT_TRUE(waitUntil([&] { return onlyPreview().has_value(); }, 1500));
-        EXPECT_TRUE(manners == Manners::Dies || shows(player)) << "as a window like any other";
-        enter();
-        click(Next);
-        click(PlayPause);
-        DesktopTest::hover(alpha);
-        EXPECT_TRUE(shows(alpha, 1500));
-        desk().park();
-        EXPECT_TRUE(showsNothing());
-    }
 }
 
 } // namespace lumbrix::privatedesk

@@ -14,18 +14,6 @@ namespace
 const QString first = firstMonitor;
 const QString second = secondMonitor;
 
-const char* nameOf(DockKind kind)
-{
-    switch (kind) {
-    case DockKind::Tint2:
-        return "tint2";
-    case DockKind::XfcePanel:
-        return "xfce4-panel";
-    default:
-        return "plank";
-    }
-}
-
 } // namespace
 
 class MonitorTest : public DesktopTest
@@ -69,7 +57,7 @@ TEST_P(MonitorTest, rows_ofADockThatIsMoved_areBesideTheIconOnItsMonitor)
     Application& beta = launch(u"beta"_s);
     open(beta, "beta", Qt::darkCyan, first);
     for (const DockKind kind : {DockKind::Plank, DockKind::Tint2, DockKind::XfcePanel}) {
-        SCOPED_TRACE(nameOf(kind));
+        SCOPED_TRACE(programOf(kind).shown);
         if (kind != DockKind::Plank)
             desk().changeDock(kind, {Edge::Bottom, second});
         for (const DockPlace& place : {DockPlace(Edge::Left, second), DockPlace(Edge::Top, first),
@@ -81,9 +69,8 @@ TEST_P(MonitorTest, rows_ofADockThatIsMoved_areBesideTheIconOnItsMonitor)
                 hover(*application);
                 EXPECT_TRUE(showsOn(place.monitor, place.edge, *application));
             }
-            savePicture(nameOf(kind));
-            desk().park();
-            EXPECT_TRUE(showsNothing());
+            savePicture(programOf(kind).command);
+            EXPECT_TRUE(parkShowsNothing());
         }
     }
 }
@@ -96,8 +83,7 @@ TEST_P(MonitorTest, windowOnTheOtherMonitor_hoveredAndClicked_isShownAndRaisedTh
     Application& beta = launch(u"beta"_s);
     beta.open("above it", Qt::green, {{500, 400}, area(first).center() - QPoint(250, 200)});
     ASSERT_TRUE(desk().iconOf(beta)) << "which pushes the other one aside when it comes";
-    hover(alpha);
-    ASSERT_TRUE(shows(alpha));
+    ASSERT_TRUE(hoverShows(alpha));
     moveToPreview(far.title);
     const QRect place = display().geometry(far.id).value_or(QRect());
     EXPECT_TRUE(waitUntil([&] {
@@ -112,8 +98,7 @@ TEST_P(MonitorTest, windowOnTheOtherMonitor_hoveredAndClicked_isShownAndRaisedTh
     savePicture("zoom");
     display().click();
     EXPECT_TRUE(waitUntil([&] { return display().activeWindow() == far.id; }));
-    desk().park();
-    EXPECT_TRUE(showsNothing());
+    EXPECT_TRUE(parkShowsNothing());
     EXPECT_TRUE(waitUntil([&] { return portionOf(display().picture(place), far.colour) > 0.4; }));
 }
 
@@ -122,7 +107,7 @@ TEST_P(MonitorTest, monitorOfTheRow_switchedOffAndOn_takesItAlongAndBack)
     const std::vector<Monitor> both = desk().session().monitors();
     const Application& alpha = launch(u"alpha"_s, 2);
     for (const DockKind kind : {DockKind::Plank, DockKind::Tint2, DockKind::XfcePanel}) {
-        SCOPED_TRACE(nameOf(kind));
+        SCOPED_TRACE(programOf(kind).shown);
         desk().changeDock(kind, {Edge::Bottom, second});
         hover(alpha);
         ASSERT_TRUE(showsOn(second, Edge::Bottom, alpha));
@@ -143,8 +128,7 @@ TEST_P(MonitorTest, monitorOfTheRow_switchedOffAndOn_takesItAlongAndBack)
         EXPECT_TRUE(waitUntil([&] { return desk().dock().isInPlace(); }));
         hover(alpha);
         EXPECT_TRUE(showsOn(second, Edge::Bottom, alpha));
-        desk().park();
-        EXPECT_TRUE(showsNothing());
+        EXPECT_TRUE(parkShowsNothing());
     }
 }
 
@@ -173,15 +157,13 @@ TEST_P(MonitorTest, dockOnEachMonitor_hoveredInTurn_hasTheRowBesideIt)
     }));
     hover(alpha);
     EXPECT_TRUE(showsOn(second, Edge::Bottom, alpha));
-    desk().park();
-    EXPECT_TRUE(showsNothing());
 }
 
 TEST_P(MonitorTest, dockThatHides_comingOut_hasTheRowBesideIt)
 {
     for (const auto& [kind, identifier] :
          {std::pair(DockKind::Plank, u"alpha"_s), std::pair(DockKind::Tint2, u"beta"_s)}) {
-        SCOPED_TRACE(nameOf(kind));
+        SCOPED_TRACE(programOf(kind).shown);
         desk().changeDock(kind, {Edge::Left, second, true});
         const Application& application = launch(identifier, 2);
         const QImage hidden = display().picture();
@@ -193,9 +175,8 @@ TEST_P(MonitorTest, dockThatHides_comingOut_hasTheRowBesideIt)
         }));
         hover(application);
         EXPECT_TRUE(showsOn(second, Edge::Left, application));
-        savePicture((std::string("hides_") + nameOf(kind)).c_str());
-        desk().park();
-        EXPECT_TRUE(showsNothing());
+        savePicture((std::string("hides_") + programOf(kind).command).c_str());
+        EXPECT_TRUE(parkShowsNothing());
     }
 }
 

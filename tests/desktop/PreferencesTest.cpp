@@ -5,7 +5,6 @@
 #include "DesktopTest.h"
 
 #include <algorithm>
-#include <cstdlib>
 
 #include "Keys.h"
 #include "platform/StringLiterals.h"
@@ -28,8 +27,7 @@ protected:
     {
         desk().stopLumbrix(); // what the test before has changed
         desk().startLumbrix({{u"hideIcon"_s, u"1"_s}, {u"showFastKeys"_s, u"0"_s}});
-        desk().park();
-        ASSERT_TRUE(showsNothing());
+        ASSERT_TRUE(parkShowsNothing());
         m_second = desk().session().start(u"second"_s, lumbrixBinary());
         ASSERT_TRUE(getsFocus(u"preferences"_s));
         for (int i = 0; i < 8 && title() != pane; ++i) {
@@ -46,18 +44,8 @@ protected:
     /// How many pixels of the window, below the toolbar, are of such a colour.
     int count(const std::function<bool(QRgb)>& isSought)
     {
-        const auto area = display().geometry(preferences());
-        const QImage picture = area ? display().picture(*area) : QImage();
-        int result = 0;
-        for (int y = 80; y < picture.height(); ++y)
-            for (int x = 0; x < picture.width(); ++x)
-                result += isSought(picture.pixel(x, y));
-        return result;
-    }
-    /// Whether there is a text in the colour of warnings.
-    bool warns()
-    {
-        return count([](QRgb c) { return qRed(c) > 170 && qGreen(c) < 60 && qBlue(c) < 70; }) > 20;
+        const QRect area = display().geometry(preferences()).value_or(QRect());
+        return pixelsOf(display().picture(area.adjusted(0, 80, 0, 0)), isSought).count;
     }
     /// Whether a field has the tint of one that waits for keys.
     bool isRecording()
@@ -98,33 +86,6 @@ TEST_P(PreferencesTest, sizeSlider_movedByKeys_showsASampleBesideTheDock)
     EXPECT_TRUE(waitUntil([this] { return preferences() == XCB_NONE; }));
 }
 
-TEST_P(PreferencesTest, windowCounts_followTheirSettingsAtOnce)
-{
-    if (GetParam().dock == DockKind::Tint2)
-        GTEST_SKIP() << "a button for each window has no count";
-    launch(u"alpha"_s, 2);
-    launch(u"beta"_s, 1);
-    const auto counted = [this](const QByteArray& number) {
-        const auto badges = display().badges();
-        return std::ranges::any_of(badges, [&](const Panel& each) { return each.title == number; });
-    };
-    openPreferences("Badges");
-    type({altKey, bKey});
-    EXPECT_TRUE(waitUntil([&] { return counted("2") && counted("1"); }));
-    const int width = display().badges().front().geometry.width();
-    type({altKey, oKey});
-    EXPECT_TRUE(waitUntil([&] { return counted("2") && !counted("1"); }, 500));
-    type({altKey, eKey});
-    for (int i = 0; i < 5; ++i)
-        type({rightKey});
-    EXPECT_TRUE(waitUntil(
-        [&] { return counted("2") && display().badges().front().geometry.width() == width + 5; },
-        500));
-    EXPECT_EQ(display().activeWindow(), preferences()) << "a badge took the focus";
-    type({altKey, bKey});
-    EXPECT_TRUE(waitUntil([&] { return display().badges().empty(); }, 500));
-}
-
 TEST_P(PreferencesTest, blockAll_chosenWhilePreviewsShow_stopsThemAtOnceAndForGood)
 {
     const Application& alpha = launch(u"alpha"_s, 2);
@@ -136,16 +97,14 @@ TEST_P(PreferencesTest, blockAll_chosenWhilePreviewsShow_stopsThemAtOnceAndForGo
         type({key});
     type({tabKey});
     type({endKey}); // "Block all"
-    hover(alpha);
-    ASSERT_TRUE(shows(alpha)) << "the sheet holds the previews up";
+    ASSERT_TRUE(hoverShows(alpha)) << "the sheet holds the previews up";
     type({returnKey});
     EXPECT_TRUE(waitUntil([this] { return display().previews().empty(); }, 400))
         << "at once, not with the next update";
     EXPECT_TRUE(waitUntil([this] { return !window(u"alert"_s); }));
     EXPECT_TRUE(stores("alpha=3"));
     EXPECT_TRUE(stores("All applications=2"));
-    hover(beta);
-    EXPECT_TRUE(shows(beta));
+    EXPECT_TRUE(hoverShows(beta));
 
     desk().startLumbrixAgain(beta);
     hover(alpha);
@@ -197,23 +156,6 @@ TEST_P(PreferencesTest, hotKeysPane_outOfSight_givesTheKeysBack)
         type(keys);
         return seen(kKey) > 0;
     }));
-}
-
-TEST_P(PreferencesTest, keysOfAnotherProgram_recorded_areMarkedAsTaken)
-{
-    openPreferences("Hotkeys");
-    xcb_connection_t* c = display().connection();
-    std::free(xcb_request_check(c, xcb_grab_key_checked(c, 0, display().root(),
-                                                        XCB_MOD_MASK_4 | XCB_MOD_MASK_1, jKey,
-                                                        XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC)));
-    EXPECT_FALSE(warns());
-    record({superKey, altKey, jKey});
-    EXPECT_TRUE(stores("keyCode=38")) << "not recorded, as the other program had them";
-    EXPECT_TRUE(waitUntil([this] { return warns(); }));
-    xcb_ungrab_key(c, jKey, display().root(), XCB_MOD_MASK_4 | XCB_MOD_MASK_1);
-    xcb_flush(c);
-    record({superKey, altKey, kKey});
-    EXPECT_TRUE(waitUntil([this] { return !warns(); }));
 }
 
 } // namespace lumbrix::privatedesk

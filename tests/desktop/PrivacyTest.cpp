@@ -18,10 +18,7 @@ protected:
     double part(const QColor& colour)
     {
         const QImage picture = display().picture(row());
-        int count = 0;
-        for (int y = 0; y < picture.height(); ++y)
-            for (int x = 0; x < picture.width(); ++x)
-                count += picture.pixelColor(x, y) == colour ? 1 : 0;
+        const int count = pixelsOf(picture, [&](QRgb each) { return each == colour.rgb(); }).count;
         return picture.isNull() ? 0 : static_cast<double>(count) / picture.sizeInBytes() * 4;
     }
     bool isUp(std::size_t previews) { return display().previews().size() == previews; }
@@ -51,8 +48,7 @@ TEST_P(PrivacyTest, windows_ofAPrivateApplication_areCardsWithItsIcon)
 TEST_P(PrivacyTest, screenSaver_endsTheRowUntilItIsOver)
 {
     const Application& alpha = launch(u"alpha"_s, 2);
-    hover(alpha);
-    ASSERT_TRUE(shows(alpha));
+    ASSERT_TRUE(hoverShows(alpha));
     const QString name = u"screen saver"_s;
     const auto tell = [&](bool isActive) {
         QDBusMessage signal =

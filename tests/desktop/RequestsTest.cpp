@@ -166,23 +166,8 @@ TEST_P(RequestsTest, chosenWindows_areShownInTheirOrder_andComeForwardOnAClick)
     alpha.destroy(last);
     EXPECT_TRUE(waitUntil([&] { return titlesShown() == std::vector{first.title}; }));
     EXPECT_EQ(caller.hidden(), 0);
-    desk().park();
-    EXPECT_TRUE(showsNothing()) << "the mouse has been there and left";
+    EXPECT_TRUE(parkShowsNothing()) << "the mouse has been there and left";
     EXPECT_TRUE(waitUntil([&] { return caller.hidden() == 1; }));
-
-    // On the rectangle, and off it.
-    display().moveTo(place.center());
-    ASSERT_TRUE(succeeds([&] { return caller.show(u"alpha"_s, place); }));
-    ASSERT_TRUE(shows(alpha));
-    desk().park();
-    EXPECT_TRUE(showsNothing());
-    EXPECT_TRUE(waitUntil([&] { return caller.hidden() == 2; }));
-    // By an icon of the dock.
-    ASSERT_EQ(caller.show(u"alpha"_s, place), u""_s);
-    ASSERT_TRUE(shows(alpha));
-    hover(beta);
-    EXPECT_TRUE(shows(beta));
-    EXPECT_TRUE(waitUntil([&] { return caller.hidden() == 3; }));
 }
 
 TEST_P(RequestsTest, row_goesWithItsCaller_andAnotherCallerTakesOver)
@@ -206,19 +191,11 @@ TEST_P(RequestsTest, row_goesWithItsCaller_andAnotherCallerTakesOver)
     first.reset();
     EXPECT_TRUE(showsNothing());
 
-    // A command that ends at once: its row stays while the mouse is there.
-    const auto showAndEnd = [&] {
-        return Caller(desk().session(), u"brief"_s).show(u"alpha"_s, place);
-    };
+    // A command that ends at once: its row stays while the mouse is there, also off it again.
     display().moveTo(place.center());
-    EXPECT_EQ(showAndEnd(), u""_s);
+    EXPECT_EQ(Caller(desk().session(), u"brief"_s).show(u"alpha"_s, place), u""_s);
     EXPECT_TRUE(shows(alpha));
-    EXPECT_EQ(second.call(u"Hide"_s), u""_s) << "nobody else is in charge";
-    EXPECT_TRUE(showsNothing());
-    EXPECT_EQ(showAndEnd(), u""_s);
-    EXPECT_TRUE(shows(alpha));
-    desk().park();
-    EXPECT_TRUE(showsNothing());
+    EXPECT_TRUE(parkShowsNothing());
     EXPECT_EQ(second.hidden(), 1);
 }
 

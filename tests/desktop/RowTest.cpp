@@ -64,39 +64,17 @@ TEST_P(ButtonRowTest, nextButtonOfTheApplication_takesTheRowAlong_andItsWindowIs
     EXPECT_EQ(places.size(), 2U);
 }
 
-TEST_P(ButtonRowTest, minimisedWindowsOfOneTitle_showEachItsOwnPicture)
-{
-    Application& alpha = launch(u"alpha"_s);
-    for (const QColor& colour : {QColor(Qt::red), QColor(Qt::blue)})
-        alpha.open("the same", colour);
-    hover(alpha);
-    ASSERT_TRUE(shows(alpha)); // so that there are pictures
-    desk().park();
-    for (const AppWindow& window : alpha.windows())
-        alpha.minimise(window);
-    for (const AppWindow& window : alpha.windows()) {
-        hoverButtonOf(window);
-        EXPECT_TRUE(waitUntil([&] {
-            const auto shown = display().previews();
-            return shown.size() == 1 &&
-                   portionOf(display().picture(shown.front().geometry), window.colour) > 0.1;
-        })) << window.colour.name().toStdString();
-    }
-}
-
 TEST_P(ButtonRowTest, windowThatTakesAnotherClass_isPreviewedWithItsNewApplication)
 {
     const Application& beta = launch(u"beta"_s, 1);
     const AppWindow window = launch(u"alpha"_s, 1).windows().front();
-    hover(beta);
-    ASSERT_TRUE(shows(beta));
+    ASSERT_TRUE(hoverShows(beta));
     const QByteArray name("beta\0Beta\0", 10);
     xcb_change_property(display().connection(), XCB_PROP_MODE_REPLACE, window.id, XCB_ATOM_WM_CLASS,
                         XCB_ATOM_STRING, 8, static_cast<std::uint32_t>(name.size()), name.data());
     xcb_flush(display().connection());
     EXPECT_TRUE(waitUntil([&] { return display().previews().size() == 2; }));
-    desk().park();
-    ASSERT_TRUE(showsNothing());
+    ASSERT_TRUE(parkShowsNothing());
     hoverButtonOf(window);
     EXPECT_TRUE(waitUntil([&] { return display().previews().size() == 2; }));
     EXPECT_TRUE(marks(window));
@@ -138,25 +116,21 @@ TEST_P(RowTest, preview_clicked_bringsItsWindowForward)
     const AppWindow minimised = alpha.windows()[1];
     const AppWindow elsewhere = alpha.windows()[2];
     // Pictures of windows that cannot be seen are those from when they could be.
-    hover(alpha);
-    ASSERT_TRUE(shows(alpha));
+    ASSERT_TRUE(hoverShows(alpha));
     alpha.minimise(minimised);
     alpha.moveToDesktop(elsewhere, 1);
     launch(u"beta"_s, 1);
-    desk().park();
-    ASSERT_TRUE(showsNothing());
+    ASSERT_TRUE(parkShowsNothing());
 
     for (const AppWindow& window : alpha.windows()) {
-        hover(alpha);
-        ASSERT_TRUE(shows(alpha)) << "before the click on " << window.title.constData();
+        ASSERT_TRUE(hoverShows(alpha)) << "before the click on " << window.title.constData();
         moveToPreview(window.title);
         display().click();
         EXPECT_TRUE(waitUntil([&] { return display().activeWindow() == window.id; }))
             << window.title.constData();
         EXPECT_FALSE(alpha.isMinimised(window));
         EXPECT_EQ(display().currentDesktop(), window.id == elsewhere.id ? 1 : 0);
-        desk().park();
-        EXPECT_TRUE(showsNothing());
+        EXPECT_TRUE(parkShowsNothing());
     }
     display().request(display().root(), "_NET_CURRENT_DESKTOP", {0, 0});
     EXPECT_TRUE(waitUntil([&] { return display().currentDesktop() == 0; }));
@@ -171,8 +145,7 @@ TEST_P(RowTest, wheelMiddleClickAndEscape_areForTheRowWhileTheMouseIsOnIt)
     };
     const auto show = [&] {
         desk().park();
-        hover(alpha);
-        ASSERT_TRUE(shows(alpha));
+        ASSERT_TRUE(hoverShows(alpha));
     };
     show();
     const auto previews = display().previews();
@@ -212,8 +185,7 @@ TEST_P(RowTest, preview_hovered_showsItsWindowInFull)
     // Clear of the row.
     const AppWindow window = alpha.open("alpha apart", Qt::red, {{400, 300}, {420, 380}});
     launch(u"beta"_s, 3);
-    hover(alpha);
-    ASSERT_TRUE(shows(alpha));
+    ASSERT_TRUE(hoverShows(alpha));
     moveToPreview(window.title);
     const QRect place = display().geometry(window.id).value_or(QRect());
     EXPECT_TRUE(waitUntil([&] {
@@ -226,8 +198,7 @@ TEST_P(RowTest, preview_hovered_showsItsWindowInFull)
 TEST_P(RowTest, windows_openedChangedAndClosed_areFollowed)
 {
     Application& alpha = launch(u"alpha"_s, 2);
-    hover(alpha);
-    ASSERT_TRUE(shows(alpha));
+    ASSERT_TRUE(hoverShows(alpha));
     alpha.open(1);
     EXPECT_TRUE(shows(alpha, 1000)) << "after a window was opened";
     alpha.setTitle(alpha.windows()[1], "renamed");
@@ -265,40 +236,6 @@ TEST_P(RowTest, windows_twenty_showTheFirstFifteen)
                    return shown.contains(panel.title);
                });
     }));
-}
-
-TEST_P(RowTest, windows_maximisedWithTheSameTitle_showBothPictures)
-{
-    Application& alpha = launch(u"alpha"_s);
-    for (const QColor& colour : {QColor(Qt::red), QColor(Qt::blue)})
-        alpha.maximise(alpha.open("the same", colour));
-    hover(alpha);
-    EXPECT_TRUE(shows(alpha));
-}
-
-TEST_P(RowTest, titles_hostile_areShownAsPlainText)
-{
-    const QByteArray markup = "<b>bold</b> &amp; <img src=\"file:///etc/passwd\">%s%n";
-    Application& alpha = launch(u"alpha"_s);
-    alpha.open(markup, Qt::red);
-    hover(alpha);
-    EXPECT_TRUE(shows(alpha));
-    EXPECT_TRUE(preview(markup));
-
-    const AppWindow window = alpha.windows().front();
-    const QByteArray broken = "broken \xff\xc3\x28 text\n\x01second line";
-    for (const QByteArray& title : {QByteArray(100 * 1024, 'x'), broken}) {
-        alpha.setTitle(window, title);
-        EXPECT_TRUE(waitUntil([&] {
-            const auto now = display().previews();
-            return now.size() == 1 && now.front().title.startsWith(title.left(6));
-        })) << "with the title "
-            << title.left(30).constData();
-        const auto shown = display().previews();
-        ASSERT_EQ(shown.size(), 1U);
-        EXPECT_LT(shown.front().title.size(), 5000);
-        EXPECT_EQ(QString::fromUtf8(shown.front().title).toUtf8(), shown.front().title);
-    }
 }
 
 } // namespace lumbrix::privatedesk

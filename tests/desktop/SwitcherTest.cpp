@@ -3,6 +3,7 @@
 
 // The switchers of window managers, and the row of previews above them.
 #include "DesktopTest.h"
+#include "Keys.h"
 #include "platform/StringLiterals.h"
 
 #include <QtCore/QFileInfo>
@@ -12,25 +13,6 @@ namespace lumbrix::privatedesk
 {
 namespace
 {
-
-constexpr std::uint8_t altKey = 64;
-constexpr std::uint8_t tabKey = 23;
-constexpr std::uint8_t shiftKey = 50;
-constexpr std::uint8_t escapeKey = 9;
-
-QString programOf(WindowManager manager)
-{
-    switch (manager) {
-    case WindowManager::Openbox:
-        return u"openbox"_s;
-    case WindowManager::Marco:
-        return u"marco"_s;
-    case WindowManager::KWin:
-        return u"kwin_x11"_s;
-    default:
-        return u"xfwm4"_s;
-    }
-}
 
 DeskOptions under(WindowManager manager, const std::string& name, bool compositor)
 {
@@ -50,7 +32,8 @@ class SwitcherTest : public DesktopTest
 protected:
     void SetUp() override
     {
-        const QString program = programOf(GetParam().session.windowManager);
+        const QString program =
+            QString::fromLatin1(programOf(GetParam().session.windowManager).command);
         if (QStandardPaths::findExecutable(program).isEmpty())
             GTEST_SKIP() << qPrintable(program) << " is not installed";
         // Without them it has no Alt+Tab, or one that shows nothing.

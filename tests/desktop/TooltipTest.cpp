@@ -50,8 +50,7 @@ TEST_P(TooltipTest, tooltip_ofTheDock_isOutOfTheWayOfPreviews_andInItsPlaceWitho
         desk().park();
         EXPECT_TRUE(waitUntil([&] { return !tooltip(); }));
         alpha.activate(window);
-        hover(alpha);
-        ASSERT_TRUE(shows(alpha));
+        ASSERT_TRUE(hoverShows(alpha));
         EXPECT_TRUE(waitUntil([&] { return tooltip() && !screen.intersects(*tooltip()); }));
         desk().park();
         EXPECT_TRUE(waitUntil([&] { return !tooltip() && place() == home; }))

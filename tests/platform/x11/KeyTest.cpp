@@ -21,6 +21,7 @@
 #include "platform/StringLiterals.h"
 #include "platform/linux/x11/Connection.h"
 #include "platform/linux/x11/SentKey.h"
+#include "tests/support/Files.h"
 
 namespace lumbrix::platform::x11
 {
@@ -63,10 +64,7 @@ public:
         EXPECT_TRUE(desk.waitFor([&] {
             // Asked again, as the window manager may still be at finding an heir for it.
             m_application.activate(m_application.windows().front());
-            xcb_connection_t* c = display().connection();
-            const std::unique_ptr<xcb_get_input_focus_reply_t, decltype(&std::free)> reply(
-                xcb_get_input_focus_reply(c, xcb_get_input_focus(c), nullptr), &std::free);
-            return reply && reply->focus == window;
+            return display().focus() == window;
         }));
     }
     void want(const std::vector<TapKey>& keys)
@@ -90,14 +88,7 @@ public:
         });
     }
     /// Another program asks for the key with Super: whether it gets it.
-    bool canBeTaken(std::uint8_t keycode)
-    {
-        xcb_connection_t* c = display().connection();
-        const Event error(reinterpret_cast<xcb_generic_event_t*>(xcb_request_check(
-            c, xcb_grab_key_checked(c, 0, display().root(), XCB_MOD_MASK_4, keycode,
-                                    XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC))));
-        return !error;
-    }
+    bool canBeTaken(std::uint8_t keycode) { return display().takeKey(keycode, XCB_MOD_MASK_4); }
     bool areTaken(const std::vector<TapKey>& expected)
     {
         return desk.waitFor([&] { return tap->takenKeys() == expected; });
@@ -107,13 +98,7 @@ public:
     {
         return desk.waitFor([&] { return canBeTaken(keycode); });
     }
-    void giveBack(std::uint8_t keycode)
-    {
-        xcb_connection_t* c = display().connection();
-        const Event error(reinterpret_cast<xcb_generic_event_t*>(xcb_request_check(
-            c, xcb_ungrab_key_checked(c, keycode, display().root(), XCB_MOD_MASK_4))));
-        EXPECT_FALSE(error);
-    }
+    void giveBack(std::uint8_t keycode) { display().giveKeyBack(keycode, XCB_MOD_MASK_4); }
     void run(const QString& program, const QStringList& arguments)
     {
         desk.session().start(program, program, arguments)->waitForExit(patience(5000));
@@ -320,16 +305,11 @@ TEST(Keys, keyboardLayout_changed_isFollowed)
     const QString server = QString::fromLatin1(keys.display().name());
     keys.run(u"setxkbmap"_s, {u"us,de"_s, u"-option"_s, u"grp:caps_toggle"_s});
     keys.run(u"xkbcomp"_s, {server, path});
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
-    const QByteArray map = file.readAll();
+    const QByteArray map = test::readFile(path);
     QByteArray swapped = map;
     swapped.replace("<AE02> = 11;", "<AE02> = 12;").replace("<AE03> = 12;", "<AE03> = 11;");
     ASSERT_NE(swapped, map);
-    file.resize(0);
-    file.seek(0);
-    file.write(swapped);
-    file.close();
+    test::writeFile(path, swapped);
     keys.run(u"xkbcomp"_s, {u"-w0"_s, path, server});
     EXPECT_TRUE(keys.desk.waitFor([&] { return keys.canBeTaken(keyTwo); }));
     keys.giveBack(keyTwo);

@@ -42,17 +42,30 @@ std::uint64_t ownPixmapBytes(xcb_connection_t* connection)
 class EachCompositing : public testing::TestWithParam<bool>
 {
 protected:
-    SessionOptions options() const { return {{1280, 1024}, WindowManager::Xfwm4, GetParam()}; }
+    /// One that can be captured.
+    AppWindow open(const QByteArray& title, const QColor& colour,
+                   const privatedesk::WindowOptions& place = {})
+    {
+        AppWindow window = app.open(title, colour, place);
+        EXPECT_TRUE(desk.waitForColour(window, colour));
+        return window;
+    }
+    void minimise(const AppWindow& window)
+    {
+        app.minimise(window);
+        desk.waitForWindow(window.id, [](const TrackedWindow& w) { return w.isIconic; });
+    }
+
+    std::atomic<xcb_window_t> isPrivate = XCB_NONE; ///< where a test has the pictures ask for it
+    X11Desk desk{{{1280, 1024}, WindowManager::Xfwm4, GetParam()}};
+    Application app{desk.session(), u"alpha"_s};
 };
 INSTANTIATE_TEST_SUITE_P(Pictures, EachCompositing, testing::Bool(),
                          [](const auto& tested) { return tested.param ? "composited" : "plain"; });
 
 TEST_P(EachCompositing, pictureOfAWindow_isCopiedOnlyWhenSomethingWasDrawn)
 {
-    X11Desk desk(options());
-    Application app(desk.session(), u"alpha"_s);
-    const AppWindow window = app.open("picture", Qt::red, {{400, 300}, {100, 100}});
-    ASSERT_TRUE(desk.waitForColour(window, Qt::red));
+    const AppWindow window = open("picture", Qt::red, {{400, 300}, {100, 100}});
     const auto tracked = desk.tracker().window(window.id);
     QImage picture = desk.pictures().capture(window.id);
     EXPECT_EQ(picture.size(), tracked->bounds.size());
@@ -66,8 +79,7 @@ TEST_P(EachCompositing, pictureOfAWindow_isCopiedOnlyWhenSomethingWasDrawn)
     }));
     const std::uint64_t copies = desk.pictures().copyCount();
     // An obscuring window and the pointer change nothing of this one.
-    const AppWindow above = app.open("above", Qt::blue, {{500, 400}, {60, 60}});
-    ASSERT_TRUE(desk.waitForColour(above, Qt::blue));
+    open("above", Qt::blue, {{500, 400}, {60, 60}});
     const std::uint64_t ofAbove = desk.pictures().copyCount() - copies;
     for (int i = 0; i < 100; ++i)
         EXPECT_EQ(desk.pictures().capture(window.id).pixelColor(200, 100), QColor(Qt::red));
@@ -90,15 +102,10 @@ TEST_P(EachCompositing, pictureOfAWindow_isCopiedOnlyWhenSomethingWasDrawn)
 
 TEST_P(EachCompositing, windowNoLongerShown_keepsItsLastPicture)
 {
-    X11Desk desk(options());
-    Application app(desk.session(), u"alpha"_s);
-    const AppWindow iconic = app.open("minimised", Qt::red);
-    const AppWindow elsewhere = app.open("elsewhere", Qt::blue);
-    ASSERT_TRUE(desk.waitForColour(elsewhere, Qt::blue));
-    ASSERT_TRUE(desk.waitForColour(iconic, Qt::red));
-    app.minimise(iconic);
+    const AppWindow iconic = open("minimised", Qt::red);
+    const AppWindow elsewhere = open("elsewhere", Qt::blue);
+    minimise(iconic);
     app.moveToDesktop(elsewhere, 1);
-    desk.waitForWindow(iconic.id, [](const TrackedWindow& w) { return w.isIconic; });
     desk.waitForWindow(elsewhere.id, [](const TrackedWindow& w) { return !w.isMapped; });
     EXPECT_EQ(desk.capturedColour(iconic), QColor(Qt::red));
     EXPECT_EQ(desk.capturedColour(elsewhere), QColor(Qt::blue));
@@ -117,10 +124,7 @@ TEST_P(EachCompositing, windowNoLongerShown_keepsItsLastPicture)
 
 TEST_P(EachCompositing, largeWindowNoLongerShown_keepsAPictureOfBoundedSize)
 {
-    X11Desk desk(options());
-    Application app(desk.session(), u"alpha"_s);
-    const AppWindow window = app.open("large", Qt::red, {{1100, 900}, {10, 10}});
-    ASSERT_TRUE(desk.waitForColour(window, Qt::red));
+    const AppWindow window = open("large", Qt::red, {{1100, 900}, {10, 10}});
     const QSize limit(243, 190);
     const QImage shown = desk.pictures().capture(window.id, limit);
     const QImage whole = desk.pictures().capture(window.id);
@@ -148,7 +152,6 @@ TEST_P(EachCompositing, largeWindowNoLongerShown_keepsAPictureOfBoundedSize)
 
 TEST_P(EachCompositing, whatIsDrawn_isTold_andIsAllThatIsCopied)
 {
-    X11Desk desk(options());
     constexpr QSize limit(243, 190);
     RawWindow raw(desk.session(), {0, 0, 1200, 900});
     raw.map();
@@ -252,8 +255,6 @@ TEST(Pictures, movingWindow_isCopiedInPart_andAllOfItOnceItRests)
 
 TEST_P(EachCompositing, prefetchedPicture_isThereWithoutACopy)
 {
-    X11Desk desk(options());
-    Application app(desk.session(), u"alpha"_s);
     app.open(3);
     std::vector<xcb_window_t> ids;
     for (const AppWindow& window : app.windows()) {
@@ -271,18 +272,12 @@ TEST_P(EachCompositing, prefetchedPicture_isThereWithoutACopy)
 
 TEST_P(EachCompositing, pictureOfAPrivateWindow_isNeitherMadeNorKept)
 {
-    X11Desk desk(options());
-    std::atomic<xcb_window_t> isPrivate = XCB_NONE;
     desk.pictures().setPrivacy([&](const TrackedWindow& window) { return window.id == isPrivate; });
-    Application app(desk.session(), u"alpha"_s);
-    const AppWindow window = app.open("secret", Qt::red);
-    const AppWindow other = app.open("other", Qt::blue);
-    ASSERT_TRUE(desk.waitForColour(window, Qt::red));
-    ASSERT_TRUE(desk.waitForColour(other, Qt::blue));
+    const AppWindow window = open("secret", Qt::red);
+    const AppWindow other = open("other", Qt::blue);
     isPrivate = window.id;
     desk.pictures().privacyChanged();
-    app.minimise(window);
-    desk.waitForWindow(window.id, [](const TrackedWindow& w) { return w.isIconic; });
+    minimise(window);
     const std::uint64_t copies = desk.pictures().copyCount();
     desk.pictures().prefetch({window.id});
     EXPECT_TRUE(desk.pictures().capture(window.id).isNull());
@@ -295,14 +290,9 @@ TEST_P(EachCompositing, pictureOfAPrivateWindow_isNeitherMadeNorKept)
 
 TEST_P(EachCompositing, userWhoIsAway_leavesNoPictures)
 {
-    X11Desk desk(options());
-    Application app(desk.session(), u"alpha"_s);
-    const AppWindow iconic = app.open("minimised", Qt::red);
-    const AppWindow window = app.open("shown", Qt::blue);
-    ASSERT_TRUE(desk.waitForColour(window, Qt::blue));
-    ASSERT_TRUE(desk.waitForColour(iconic, Qt::red));
-    app.minimise(iconic);
-    desk.waitForWindow(iconic.id, [](const TrackedWindow& w) { return w.isIconic; });
+    const AppWindow iconic = open("minimised", Qt::red);
+    const AppWindow window = open("shown", Qt::blue);
+    minimise(iconic);
     desk.pictures().setAllowed(false);
     const std::uint64_t copies = desk.pictures().copyCount();
     desk.pictures().prefetch({window.id});
@@ -319,10 +309,7 @@ TEST_P(EachCompositing, userWhoIsAway_leavesNoPictures)
 
 TEST_P(EachCompositing, windowsDestroyedUnderLoad_harmNobody)
 {
-    X11Desk desk(options());
-    Application steady(desk.session(), u"alpha"_s);
-    const AppWindow window = steady.open("steady", Qt::red);
-    ASSERT_TRUE(desk.waitForColour(window, Qt::red));
+    const AppWindow window = open("steady", Qt::red);
     std::atomic<bool> isDone = false;
     std::atomic<int> nulls = 0;
     std::vector<std::thread> threads;

@@ -6,8 +6,6 @@
 #include "X11Desk.h"
 #include "platform/StringLiterals.h"
 
-#include <sys/socket.h>
-
 #include <csignal>
 #include <future>
 
@@ -21,6 +19,9 @@ const SessionOptions openboxSession{{1280, 1024}, WindowManager::Openbox, false}
 
 class EachWindowManager : public testing::TestWithParam<SessionOptions>
 {
+protected:
+    X11Desk desk{GetParam()};
+    Application app{desk.session(), u"alpha"_s};
 };
 INSTANTIATE_TEST_SUITE_P(Tracker, EachWindowManager, testing::Values(plain, openboxSession),
                          [](const auto& tested) {
@@ -30,8 +31,6 @@ INSTANTIATE_TEST_SUITE_P(Tracker, EachWindowManager, testing::Values(plain, open
 
 TEST_P(EachWindowManager, windowsOfAnApplication_areFollowedAndCommanded)
 {
-    X11Desk desk(GetParam());
-    Application app(desk.session(), u"alpha"_s);
     const AppWindow first = app.open("first", Qt::red, {{400, 300}, {100, 120}});
 
     const auto window = desk.waitForWindow(first.id, [&](const TrackedWindow& w) {
@@ -84,8 +83,6 @@ TEST_P(EachWindowManager, windowsOfAnApplication_areFollowedAndCommanded)
 
 TEST_P(EachWindowManager, windowOfAnotherDesktop_isNotIconicAndComesWithItsDesktop)
 {
-    X11Desk desk(GetParam());
-    Application app(desk.session(), u"alpha"_s);
     const AppWindow window = app.open("elsewhere", Qt::red);
     ASSERT_GE(desk.tracker().desktopCount(), 2);
     app.moveToDesktop(window, 1);
@@ -270,12 +267,7 @@ TEST(Core, lostServer_isReportedAndNothingBlocks)
     ASSERT_TRUE(session->display().waitFor(
         [&] { return !core->pictures().capture(raw.id()).isNull(); }, patience(5000)));
 
-    ucred server{};
-    socklen_t length = sizeof(server);
-    ASSERT_EQ(getsockopt(xcb_get_file_descriptor(session->display().connection()), SOL_SOCKET,
-                         SO_PEERCRED, &server, &length),
-              0);
-    kill(server.pid, SIGKILL);
+    session->server().signal(SIGKILL);
     ASSERT_EQ(lost.get_future().wait_for(patience(5000)), std::future_status::ready);
     EXPECT_FALSE(core->pictures().capture(raw.id()).isNull()); // the last known one
     core->tracker().activate(raw.id());

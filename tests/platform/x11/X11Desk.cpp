@@ -8,32 +8,15 @@
 namespace lumbrix::platform::x11
 {
 
-void Recorder::windowAdded(const TrackedWindowPtr& window)
+void Recorder::note(std::atomic<int>& count, const TrackedWindowPtr& before,
+                    const TrackedWindowPtr& after)
 {
     const std::lock_guard lock(m_mutex);
-    if (!m_known.emplace(window->id, window).second)
+    TrackedWindowPtr& known = m_known[(before ? before : after)->id];
+    if ((known && known != before) || (before && after && *before == *after))
         isConsistent = false;
-    ++added;
-}
-
-void Recorder::windowChanged(const TrackedWindowPtr& before, const TrackedWindowPtr& after)
-{
-    const std::lock_guard lock(m_mutex);
-    const auto it = m_known.find(after->id);
-    if ((it != m_known.end() && it->second != before) || *before == *after)
-        isConsistent = false;
-    m_known[after->id] = after;
-    ++changed;
-}
-
-void Recorder::windowRemoved(const TrackedWindowPtr& last)
-{
-    const std::lock_guard lock(m_mutex);
-    const auto it = m_known.find(last->id);
-    if (it != m_known.end() && it->second != last)
-        isConsistent = false;
-    m_known.erase(last->id);
-    ++removed;
+    known = after;
+    ++count;
 }
 
 void Recorder::popupMapped(const PopupMapped& popup)

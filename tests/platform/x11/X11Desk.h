@@ -37,9 +37,12 @@ using privatedesk::WindowManager;
 class Recorder final : public WindowListener
 {
 public:
-    void windowAdded(const TrackedWindowPtr& window) override;
-    void windowChanged(const TrackedWindowPtr& before, const TrackedWindowPtr& after) override;
-    void windowRemoved(const TrackedWindowPtr& last) override;
+    void windowAdded(const TrackedWindowPtr& window) override { note(added, nullptr, window); }
+    void windowChanged(const TrackedWindowPtr& before, const TrackedWindowPtr& after) override
+    {
+        note(changed, before, after);
+    }
+    void windowRemoved(const TrackedWindowPtr& last) override { note(removed, last, nullptr); }
     void popupMapped(const PopupMapped& popup) override;
     void pointerMoved(QPoint position, xcb_window_t childOfRoot) override;
     void buttonPressed(int button, QPoint position) override;
@@ -67,6 +70,9 @@ public:
     std::unique_lock<std::mutex> keepBusy() { return std::unique_lock(m_mutex); }
 
 private:
+    void note(std::atomic<int>& count, const TrackedWindowPtr& before,
+              const TrackedWindowPtr& after);
+
     mutable std::mutex m_mutex;
     std::map<xcb_window_t, TrackedWindowPtr> m_known;
     Heard m_heard;
