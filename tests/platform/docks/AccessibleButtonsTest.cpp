@@ -21,8 +21,6 @@ namespace lumbrix::test
 {
 
 using namespace platform;
-using namespace Qt::StringLiterals;
-
 namespace
 {
 

@@ -53,29 +53,13 @@ QVariant references(const QString& bus, const QStringList& names)
 } // namespace
 
 TestPanel::TestPanel(const PrivateBus& bus)
-    : busAddress(bus.address()), m_registry(bus.connect(u"registry"_s)),
-      m_program(bus.connect(u"panel"_s))
+    : BusObject(bus.connect(u"panel"_s), u"/org/a11y"_s, {}), busAddress(bus.address()),
+      m_registry(bus.connect(u"registry"_s), {u"org.a11y.Bus"_s, u"org.a11y.atspi.Registry"_s},
+                 u"/org/a11y"_s,
+                 [this](const QDBusMessage& message) { return registryAnswer(message); })
 {
     qDBusRegisterMetaType<TestRef>();
     qDBusRegisterMetaType<QList<TestRef>>();
-    for (QDBusConnection* connection : {&m_registry, &m_program})
-        connection->registerVirtualObject(u"/org/a11y"_s, this, QDBusConnection::SubPath);
-    if (!m_registry.registerService(u"org.a11y.Bus"_s) ||
-        !m_registry.registerService(u"org.a11y.atspi.Registry"_s))
-        qFatal("a test panel could not join the bus");
-}
-
-TestPanel::~TestPanel()
-{
-    // Else the buses' own thread would let go of this, some time later.
-    for (QDBusConnection* connection : {&m_registry, &m_program})
-        connection->unregisterObject(u"/org/a11y"_s);
-    disconnect();
-    for (QDBusConnection* connection : {&m_registry, &m_program}) {
-        const QString name = connection->name();
-        *connection = QDBusConnection(QString()); // it lasts as long as somebody holds it
-        QDBusConnection::disconnectFromBus(name);
-    }
 }
 
 void TestPanel::add(const QString& parent, const QString& element, quint32 role,
@@ -87,20 +71,13 @@ void TestPanel::add(const QString& parent, const QString& element, quint32 role,
 
 void TestPanel::moved(const QString& element)
 {
-    QDBusMessage event = QDBusMessage::createSignal(
-        folder() + element, u"org.a11y.atspi.Event.Object"_s, u"BoundsChanged"_s);
-    event << QString() << 0 << 0 << QVariant::fromValue(QDBusVariant(0)) << QVariantMap();
-    m_program.send(event);
+    tell(folder() + element, u"org.a11y.atspi.Event.Object"_s, u"BoundsChanged"_s,
+         {QString(), 0, 0, QVariant::fromValue(QDBusVariant(0)), QVariantMap()});
 }
 
 bool TestPanel::handleMessage(const QDBusMessage& message, const QDBusConnection& connection)
 {
-    if (message.member() == u"RegisterEvent")
-        registered << message.arguments().value(0).toString();
-    else
-        ++calls;
-    if (connection.name() == m_registry.name())
-        return connection.send(message.createReply(registryAnswer(message)));
+    ++calls;
     switch (manners) {
     case Manners::Hangs:
         message.setDelayedReply(true);
@@ -116,9 +93,13 @@ bool TestPanel::handleMessage(const QDBusMessage& message, const QDBusConnection
 
 QVariant TestPanel::registryAnswer(const QDBusMessage& message)
 {
+    if (message.member() == u"RegisterEvent")
+        registered << message.arguments().value(0).toString();
+    else
+        ++calls;
     if (message.member() == u"GetAddress")
         return busAddress;
-    return references(m_program.baseService(), {u"root"_s});
+    return references(m_bus.baseService(), {u"root"_s});
 }
 
 QVariant TestPanel::answer(const QDBusMessage& message)
@@ -135,7 +116,7 @@ QVariant TestPanel::answer(const QDBusMessage& message)
     QStringList children = element.children;
     for (int i = 0; manners == Manners::Crowded && i < 2000; ++i)
         children << u"%1_%2"_s.arg(name).arg(i);
-    return references(m_program.baseService(), children);
+    return references(m_bus.baseService(), children);
 }
 
 } // namespace lumbrix::test

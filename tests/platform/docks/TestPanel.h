@@ -6,21 +6,16 @@
 
 #include <QtCore/QRect>
 #include <QtCore/QStringList>
-#include <QtDBus/QDBusConnection>
-#include <QtDBus/QDBusVirtualObject>
 
 #include <map>
 
-#include "tests/platform/media/PrivateBus.h"
+#include "tests/platform/linux/TestService.h"
 
 namespace lumbrix::test
 {
 
-/// Main thread; answers while the event loop runs.
-class TestPanel final : public QDBusVirtualObject
+class TestPanel final : public BusObject
 {
-    Q_OBJECT
-
 public:
     enum class Manners {
         Good,
@@ -40,7 +35,6 @@ public:
     };
 
     explicit TestPanel(const PrivateBus& bus);
-    ~TestPanel() override;
 
     std::map<QString, Element> elements; ///< by name on the bus; the program itself is "root"
     Manners manners = Manners::Good;
@@ -56,14 +50,12 @@ public:
     void moved(const QString& element);
 
     bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override;
-    QString introspect(const QString&) const override { return {}; }
 
 private:
     QVariant answer(const QDBusMessage& message);
     QVariant registryAnswer(const QDBusMessage& message);
 
-    QDBusConnection m_registry;
-    QDBusConnection m_program;
+    TestService m_registry;
 };
 
 } // namespace lumbrix::test

@@ -3,10 +3,9 @@
 
 #include "tests/platform/linux/AdapterFixture.h"
 
-#include <QtCore/QFile>
-
 #include "platform/StringLiterals.h"
 #include "platform/linux/docks/PanelDock.h"
+#include "tests/support/Files.h"
 
 namespace lumbrix::test
 {
@@ -15,9 +14,7 @@ using namespace platform;
 
 void writeEntry(const QString& folder, const QString& id, const QByteArray& lines)
 {
-    QFile file(folder + u'/' + id + u".desktop"_s);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write("[Desktop Entry]\nType=Application\n" + lines);
+    writeFile(folder + u'/' + id + u".desktop"_s, "[Desktop Entry]\nType=Application\n" + lines);
 }
 
 AdapterFixture::AdapterFixture(const QDBusConnection* session)

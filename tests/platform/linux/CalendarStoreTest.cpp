@@ -3,9 +3,6 @@
 
 #include "platform/linux/calendar/LinuxCalendarStore.h"
 
-#include <QtCore/QDir>
-#include <QtCore/QFile>
-#include <QtCore/QFileInfo>
 #include <QtCore/QTemporaryDir>
 #include <QtDBus/QDBusConnection>
 
@@ -17,6 +14,7 @@
 
 #include "platform/StringLiterals.h"
 #include "platform/linux/calendar/EvolutionObject.h"
+#include "tests/support/Files.h"
 #include "tests/support/VirtualRunLoop.h"
 
 inline void PrintTo(const QString& text, std::ostream* out) { *out << text.toStdString(); }
@@ -25,8 +23,6 @@ namespace lumbrix::platform
 {
 namespace
 {
-
-using namespace Qt::StringLiterals;
 
 const QTimeZone berlin("Europe/Berlin");
 const QTimeZone newYork("America/New_York");
@@ -39,11 +35,7 @@ protected:
 
     void write(const QString& name, const QByteArray& bytes) const
     {
-        const QString path = m_folder.filePath(name);
-        QDir().mkpath(QFileInfo(path).path());
-        QFile file(path);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
+        test::writeFile(m_folder.filePath(name), bytes);
     }
     /// A calendar of these events, each the lines of one.
     void writeEvents(const QString& name, const QByteArrayList& events,

@@ -1,8 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-#include <QtCore/QDir>
-#include <QtCore/QFile>
 #include <QtCore/QTemporaryDir>
 #include <QtGui/QImage>
 
@@ -13,6 +11,7 @@
 #include "platform/StringLiterals.h"
 #include "platform/linux/applications/IconFile.h"
 #include "platform/linux/applications/IconTheme.h"
+#include "tests/support/Files.h"
 
 namespace lumbrix::platform
 {
@@ -23,10 +22,7 @@ protected:
     QString path(const QString& name) const { return m_folder.filePath(name); }
     QString write(const QString& name, const QByteArray& bytes) const
     {
-        QDir().mkpath(QFileInfo(path(name)).path());
-        QFile file(path(name));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
-        return path(name);
+        return test::writeFile(path(name), bytes);
     }
     QString draw(const QString& name, int width, int height, const QColor& colour = Qt::red) const
     {
@@ -97,9 +93,7 @@ TEST_F(IconTest, file_isFittedIntoTheSquareAndTooLargeOnesAreLeft)
                link + "'/></svg>";
     };
     const auto data = [](const QByteArray& bytes) { return "data:x;base64," + bytes.toBase64(); };
-    QFile file(draw(u"red.png"_s, 9, 9));
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    const QByteArray red = svg(data(file.readAll()));
+    const QByteArray red = svg(data(test::readFile(draw(u"red.png"_s, 9, 9))));
     EXPECT_EQ(readIconFile(write(u"b.svg"_s, red), 32).pixelColor(16, 16), QColor(Qt::red));
     for (const QByteArray& text :
          {svg(pipe), svg(data(svg(pipe))),
@@ -126,10 +120,8 @@ TEST_F(IconTest, file_isFittedIntoTheSquareAndTooLargeOnesAreLeft)
     };
     EXPECT_EQ(readIconFile(write(u"d.svg"_s, tower(3, 9)), 32).pixelColor(16, 16),
               QColor(Qt::blue));
-    QByteArray large;
-    QFile largest(draw(u"largest.png"_s, 2048, 2048));
-    ASSERT_TRUE(largest.open(QIODevice::ReadOnly));
-    large = "<image width='9' height='9' xlink:href='" + data(largest.readAll()) + "'/>";
+    const QByteArray large = "<image width='9' height='9' xlink:href='" +
+                             data(test::readFile(draw(u"largest.png"_s, 2048, 2048))) + "'/>";
     EXPECT_FALSE(readIconFile(write(u"e.svg"_s, drawing9(large)), 32).isNull());
     for (const QByteArray& text :
          {tower(20, 1), tower(6, 40),

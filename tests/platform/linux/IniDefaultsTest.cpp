@@ -4,9 +4,6 @@
 #include "platform/linux/defaults/IniDefaults.h"
 #include "platform/StringLiterals.h"
 
-#include <QtCore/QDir>
-#include <QtCore/QFile>
-#include <QtCore/QFileInfo>
 #include <QtCore/QTemporaryDir>
 
 #include <algorithm>
@@ -15,7 +12,7 @@
 #include <sys/resource.h>
 #include <sys/stat.h>
 
-#include <gtest/gtest.h>
+#include "tests/support/Files.h"
 
 namespace lumbrix::platform
 {
@@ -23,18 +20,11 @@ namespace lumbrix::platform
 class IniDefaultsTest : public testing::Test
 {
 protected:
-    QByteArray onDisk() const
-    {
-        QFile file(m_path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<none>");
-    }
+    QByteArray onDisk() const { return test::readFile(m_path); }
     void putOnDisk(const QByteArray& bytes) const
     {
-        QDir().mkpath(QFileInfo(m_path).path());
         QFile::remove(m_path); // a new file, so that it counts as changed within one clock tick
-        QFile file(m_path);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
+        test::writeFile(m_path, bytes);
     }
     static QString key(const char* name) { return QString::fromLatin1(name); }
 

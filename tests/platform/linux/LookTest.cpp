@@ -5,15 +5,13 @@
 
 #include <gtest/gtest.h>
 
-#include <QtCore/QDir>
-#include <QtCore/QFile>
 #include <QtCore/QTemporaryDir>
 #include <QtDBus/QDBusVariant>
 
 #include "platform/StringLiterals.h"
 #include "platform/linux/session/LinuxLook.h"
 #include "tests/platform/linux/TestService.h"
-#include "tests/platform/media/PrivateBus.h"
+#include "tests/support/Files.h"
 #include "tests/support/VirtualRunLoop.h"
 
 namespace lumbrix::platform
@@ -26,11 +24,8 @@ const QString portalPath = u"/org/freedesktop/portal/desktop"_s;
 TEST(LookTest, portalWins_elseTheThemesName)
 {
     const QTemporaryDir folder;
-    QDir(folder.path()).mkdir(u"gtk-3.0"_s);
-    QFile file(folder.filePath(u"gtk-3.0/settings.ini"_s));
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write("[Settings]\ngtk-theme-name = Greybird-dark\n");
-    file.close();
+    test::writeFile(folder.filePath(u"gtk-3.0/settings.ini"_s),
+                    "[Settings]\ngtk-theme-name = Greybird-dark\n");
     test::PrivateBus bus;
     test::VirtualRunLoop loop;
     LinuxLook look(loop, nullptr, bus.connect(u"look"_s), folder.path());
@@ -44,7 +39,7 @@ TEST(LookTest, portalWins_elseTheThemesName)
         // As most do, it answers with a variant in a variant.
         const QVariant light = QVariant::fromValue(QDBusVariant(2U));
         test::TestService portal(
-            bus.connect(u"portal"_s), u"org.freedesktop.portal.Desktop"_s, portalPath,
+            bus.connect(u"portal"_s), {u"org.freedesktop.portal.Desktop"_s}, portalPath,
             [&](const QDBusMessage&) { return QVariant::fromValue(QDBusVariant(light)); });
         const auto set = [&](uint value, const QString& group = u"org.freedesktop.appearance"_s) {
             portal.tell(portalPath, u"org.freedesktop.portal.Settings"_s, u"SettingChanged"_s,

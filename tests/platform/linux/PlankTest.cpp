@@ -8,14 +8,11 @@
 #include "platform/linux/docks/PlankDock.h"
 #include "tests/platform/linux/AdapterFixture.h"
 #include "tests/platform/linux/TestPlank.h"
-#include "tests/platform/media/PrivateBus.h"
 
 namespace lumbrix::test
 {
 
 using namespace platform;
-using namespace Qt::StringLiterals;
-
 namespace
 {
 

@@ -14,7 +14,6 @@
 #include "platform/StringLiterals.h"
 #include "platform/linux/session/ScreenLock.h"
 #include "tests/platform/linux/TestService.h"
-#include "tests/platform/media/PrivateBus.h"
 
 namespace lumbrix::platform
 {
@@ -89,7 +88,7 @@ TEST_F(ScreenLockTest, loginManager_tellsOfLocksAndSleep)
         ++hintsAsked;
         return QVariant::fromValue(QDBusVariant(false));
     };
-    test::TestService login(bus.connect(u"login"_s), manager, managerPath, answer);
+    test::TestService login(bus.connect(u"login"_s), {manager}, managerPath, answer);
     const QString session = manager + u".Session"_s;
     const auto tellHint = [&](bool isLocked) {
         login.tell(sessionPath, u"org.freedesktop.DBus.Properties"_s, u"PropertiesChanged"_s,

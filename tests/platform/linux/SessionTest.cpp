@@ -4,9 +4,6 @@
 #include <gtest/gtest.h>
 
 #include <QtCore/QDateTime>
-#include <QtCore/QDir>
-#include <QtCore/QFile>
-#include <QtCore/QFileInfo>
 #include <QtCore/QProcess>
 #include <QtCore/QTemporaryDir>
 
@@ -15,32 +12,22 @@
 #include "platform/linux/session/AutostartItems.h"
 #include "platform/linux/session/ProgramBundle.h"
 #include "platform/linux/x11/WaylandSession.h"
+#include "tests/support/Files.h"
 
 namespace lumbrix::platform
 {
 namespace
 {
 
-void write(const QString& path, const QByteArray& content)
-{
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    ASSERT_EQ(file.write(content), content.size());
-}
-
-QByteArray read(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
+using test::readFile;
+using test::writeFile;
 
 class AutostartTest : public testing::Test
 {
 protected:
     AutostartTest()
     {
-        QDir(home.path()).mkdir(u"bin"_s);
-        write(program, "#!/bin/sh\n");
+        writeFile(program, "#!/bin/sh\n");
         QFile::setPermissions(program, QFile::ReadOwner | QFile::ExeOwner);
     }
 
@@ -55,18 +42,17 @@ TEST_F(AutostartTest, new_item_starts_a_program_of_any_name)
 {
     items.insert(program);
     bool isHidden = false;
-    const auto entry = parseDesktopEntry(read(item), u"lumbrix"_s, item, {}, isHidden);
+    const auto entry = parseDesktopEntry(readFile(item), u"lumbrix"_s, item, {}, isHidden);
     ASSERT_TRUE(entry);
     EXPECT_EQ(execArguments(entry->exec), QStringList{program});
 }
 
 TEST_F(AutostartTest, item_that_is_right_is_not_written_and_an_edited_one_keeps_what_it_says)
 {
-    QDir().mkpath(folder);
     const QByteArray edited = "# mine\n[Desktop Entry]\nType=Application\nName=Lumbrix\n"
                               "X-GNOME-Autostart-enabled=false\nHidden=true\nExec=";
     const QByteArray own = edited + "sh -c 'sleep 5; \"/opt/lumbrix\"'\n";
-    write(item, own);
+    writeFile(item, own);
     const QDateTime before(QDate(2020, 1, 1), QTime(12, 0));
     {
         QFile file(item);
@@ -74,14 +60,14 @@ TEST_F(AutostartTest, item_that_is_right_is_not_written_and_an_edited_one_keeps_
         ASSERT_TRUE(file.setFileTime(before, QFileDevice::FileModificationTime));
     }
     items.insert(u"/opt/lumbrix"_s);
-    EXPECT_EQ(read(item), own);
+    EXPECT_EQ(readFile(item), own);
     EXPECT_EQ(QFileInfo(item).lastModified(), before);
 
     items.insert(u"/usr/bin/lumbrix"_s);
-    EXPECT_EQ(read(item), edited + "/usr/bin/lumbrix\n");
-    write(item, "no desktop entry");
+    EXPECT_EQ(readFile(item), edited + "/usr/bin/lumbrix\n");
+    writeFile(item, "no desktop entry");
     items.insert(u"/usr/bin/lumbrix"_s);
-    EXPECT_TRUE(read(item).contains("\nExec=/usr/bin/lumbrix\n"));
+    EXPECT_TRUE(readFile(item).contains("\nExec=/usr/bin/lumbrix\n"));
 }
 
 TEST_F(AutostartTest, item_that_cannot_be_written_is_told_once)
@@ -102,14 +88,14 @@ TEST_F(AutostartTest, removed_program_is_started_by_no_item_and_others_stay)
         "[Desktop Entry]\nType=Application\nName=Other\nExec=/usr/bin/other\n";
     const QString other = folder + u"/other.desktop"_s;
     const QString again = folder + u"/again.desktop"_s;
-    write(other, others);
+    writeFile(other, others);
     QFile::copy(item, again);
     items.remove(program);
     items.remove(u"/usr/bin/oth"_s);
     items.remove(QString());
     EXPECT_FALSE(QFile::exists(item));
     EXPECT_FALSE(QFile::exists(again));
-    EXPECT_EQ(read(other), others);
+    EXPECT_EQ(readFile(other), others);
 }
 
 TEST(WaylandSessionTest, server_isTakenForOne_whereTheSessionAndTheServerSaySo)
@@ -135,8 +121,9 @@ TEST(RelaunchTest, program_is_started_once_the_other_process_has_ended)
     former.start(u"cat"_s);
     ASSERT_TRUE(former.waitForStarted());
     const QByteArray pid = QByteArray::number(former.processId());
-    write(program, "#!/bin/sh\nif grep -qs '^State:\t[^Z]' /proc/" + pid +
-                       "/status; then echo early; else echo ended; fi >" + result.toUtf8() + "\n");
+    writeFile(program, "#!/bin/sh\nif grep -qs '^State:\t[^Z]' /proc/" + pid +
+                           "/status; then echo early; else echo ended; fi >" + result.toUtf8() +
+                           "\n");
     QFile::setPermissions(program, QFile::ReadOwner | QFile::ExeOwner);
 
     QProcess tool;
@@ -146,7 +133,7 @@ TEST(RelaunchTest, program_is_started_once_the_other_process_has_ended)
     former.closeWriteChannel();
     EXPECT_TRUE(tool.waitForFinished());
     EXPECT_EQ(tool.exitCode(), 0);
-    EXPECT_EQ(read(result), "ended\n");
+    EXPECT_EQ(readFile(result), "ended\n");
     EXPECT_TRUE(former.waitForFinished());
 
     tool.start(QStringLiteral(LUMBRIX_RELAUNCH), {program, u"0"_s});

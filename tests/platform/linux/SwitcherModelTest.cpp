@@ -3,13 +3,11 @@
 
 // What is reported of a window manager's switcher, from what it shows.
 
-#include <QtCore/QDir>
-#include <QtCore/QFile>
-
 #include "platform/StringLiterals.h"
 #include "platform/linux/switcher/KWinSettings.h"
 #include "platform/linux/switcher/SwitcherChoice.h"
 #include "tests/platform/linux/AdapterFixture.h"
+#include "tests/support/Files.h"
 
 namespace lumbrix::test
 {
@@ -271,10 +269,7 @@ TEST(KWinSettingsTest, previews_areSeen_unlessTheSwitcherIsSetOtherwiseOrHasNoLa
     const QTemporaryDir folder;
     const QStringList data{folder.filePath(u"data"_s)};
     const auto isSeenWith = [&](const char* lines, bool isComposited = false) {
-        QFile file(folder.filePath(u"kwinrc"_s));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(lines);
-        file.close();
+        writeFile(folder.filePath(u"kwinrc"_s), lines);
         return kwinLetsPreviewsBeSeen(folder.path(), data, isComposited);
     };
     EXPECT_FALSE(kwinLetsPreviewsBeSeen(folder.path(), data, false));

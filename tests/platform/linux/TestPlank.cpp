@@ -19,27 +19,13 @@ QString path() { return u"/net/launchpad/plank"_s; }
 
 TestPlank::TestPlank(const QDBusConnection& bus, const QString& name,
                      std::map<QString, Dock> itsDocks)
-    : docks(std::move(itsDocks)), m_bus(bus)
+    : BusObject(bus, path(), {name}), docks(std::move(itsDocks))
 {
-    m_bus.registerVirtualObject(path(), this, QDBusConnection::SubPath);
-    if (!m_bus.registerService(name))
-        qFatal("a test Plank could not join the bus");
-}
-
-TestPlank::~TestPlank()
-{
-    // Else the bus's own thread would let go of this, some time later.
-    m_bus.unregisterObject(path());
-    disconnect();
-    const QString name = m_bus.name();
-    m_bus = QDBusConnection(QString());
-    QDBusConnection::disconnectFromBus(name);
 }
 
 void TestPlank::tell(const QString& dock)
 {
-    m_bus.send(QDBusMessage::createSignal(path() + u'/' + dock, u"net.launchpad.plank.Items"_s,
-                                          u"Changed"_s));
+    BusObject::tell(path() + u'/' + dock, u"net.launchpad.plank.Items"_s, u"Changed"_s);
 }
 
 bool TestPlank::handleMessage(const QDBusMessage& message, const QDBusConnection& connection)

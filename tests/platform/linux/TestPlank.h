@@ -5,20 +5,16 @@
 #pragma once
 
 #include <QtCore/QPoint>
-#include <QtDBus/QDBusConnection>
-#include <QtDBus/QDBusVirtualObject>
 
 #include <map>
-#include <vector>
+
+#include "tests/platform/media/PrivateBus.h"
 
 namespace lumbrix::test
 {
 
-/// Main thread; answers while the event loop runs. Leaves the bus when destroyed.
-class TestPlank final : public QDBusVirtualObject
+class TestPlank final : public BusObject
 {
-    Q_OBJECT
-
 public:
     struct Dock {
         int position = 3; ///< left, right, top, bottom
@@ -26,9 +22,7 @@ public:
         std::map<QString, QPoint> items;
     };
 
-    /// Joins the bus under the name with a connection of its own.
     TestPlank(const QDBusConnection& bus, const QString& name, std::map<QString, Dock> docks);
-    ~TestPlank() override;
 
     std::map<QString, Dock> docks;
     bool hangs = false;
@@ -37,12 +31,9 @@ public:
     void tell(const QString& dock);
 
     bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override;
-    QString introspect(const QString&) const override { return {}; }
 
 private:
     QVariantList answer(const QDBusMessage& message) const;
-
-    QDBusConnection m_bus;
 };
 
 } // namespace lumbrix::test

@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include <QtCore/QBuffer>
-#include <QtCore/QFile>
 #include <QtCore/QLoggingCategory>
 #include <QtCore/QTemporaryDir>
 #include <QtCore/QUrl>
@@ -14,6 +13,7 @@
 
 #include "platform/StringLiterals.h"
 #include "platform/linux/media/Artwork.h"
+#include "tests/support/Files.h"
 
 namespace lumbrix::test
 {
@@ -66,10 +66,8 @@ class ArtworkTest : public testing::Test
 protected:
     QString write(const char* name, const QByteArray& bytes)
     {
-        QFile file(m_folder.filePath(QString::fromLatin1(name)));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
-        return QUrl::fromLocalFile(file.fileName()).toString(QUrl::FullyEncoded);
+        const QString path = writeFile(m_folder.filePath(QString::fromLatin1(name)), bytes);
+        return QUrl::fromLocalFile(path).toString(QUrl::FullyEncoded);
     }
     QTemporaryDir m_folder;
 };

@@ -6,7 +6,6 @@
 
 #include <QtCore/QBuffer>
 #include <QtCore/QCoreApplication>
-#include <QtCore/QFile>
 
 #include <atomic>
 
@@ -14,8 +13,8 @@
 #include "platform/linux/media/LinuxAppleEvents.h"
 #include "platform/qt/QtRunLoop.h"
 #include "tests/platform/linux/FakeTracker.h"
-#include "tests/platform/media/PrivateBus.h"
 #include "tests/platform/media/TestPlayer.h"
+#include "tests/support/Files.h"
 
 inline void PrintTo(const QString& text, std::ostream* out) { *out << text.toStdString(); }
 
@@ -23,7 +22,6 @@ namespace lumbrix::test
 {
 
 using namespace platform;
-using namespace Qt::StringLiterals;
 using Kind = ObjectSpecifier::Step::Kind;
 using Manners = TestPlayer::Manners;
 
@@ -317,12 +315,10 @@ TEST_F(PlayerEventsTest, mailProgram_isToldInItsOwnWay)
 {
     // It is told by its own program, which tells the one that runs.
     const QString log = m_folder.filePath(u"log"_s);
-    QFile program(m_folder.filePath(u"claws-mail"_s));
-    ASSERT_TRUE(program.open(QIODevice::WriteOnly));
-    program.write("#!/bin/sh\necho \"$@\" > " + log.toUtf8() + ".new\nmv " + log.toUtf8() +
-                  ".new " + log.toUtf8() + "\n");
-    program.close();
-    program.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    const QString program = writeFile(m_folder.filePath(u"claws-mail"_s),
+                                      "#!/bin/sh\necho \"$@\" > " + log.toUtf8() + ".new\nmv " +
+                                          log.toUtf8() + ".new " + log.toUtf8() + "\n");
+    QFile::setPermissions(program, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     const QByteArray path = qgetenv("PATH");
     qputenv("PATH", m_folder.path().toUtf8() + ':' + path);
 
@@ -345,9 +341,7 @@ TEST_F(PlayerEventsTest, mailProgram_isToldInItsOwnWay)
     EXPECT_EQ(fetch({u"Mail"_s, 503, 5}), AppleEventError::None);
     EXPECT_EQ(m_sent, std::pair(xcb_window_t(6), (x11::Shortcut{0x60, true})));
     EXPECT_TRUE(waitUntil([&] { return QFile::exists(log); }));
-    QFile written(log);
-    ASSERT_TRUE(written.open(QIODevice::ReadOnly));
-    EXPECT_EQ(written.readAll(), "--receive-all\n");
+    EXPECT_EQ(readFile(log), "--receive-all\n");
     qputenv("PATH", path);
 }
 

@@ -9,6 +9,7 @@
 #include <QtCore/QFile>
 #include <QtCore/QProcessEnvironment>
 #include <QtCore/QTimer>
+#include <QtDBus/QDBusMessage>
 
 namespace lumbrix::test
 {
@@ -41,6 +42,33 @@ PrivateBus::PrivateBus()
 QDBusConnection PrivateBus::connect(const QString& name) const
 {
     return QDBusConnection::connectToBus(m_address, m_address + u' ' + name);
+}
+
+BusObject::BusObject(const QDBusConnection& bus, const QString& path, const QStringList& names)
+    : m_bus(bus), m_path(path)
+{
+    m_bus.registerVirtualObject(path, this, QDBusConnection::SubPath);
+    for (const QString& name : names)
+        if (!m_bus.registerService(name))
+            qFatal("a test program could not join the bus");
+}
+
+void BusObject::leave()
+{
+    // Else the bus's own thread would let go of this, some time later.
+    m_bus.unregisterObject(m_path);
+    disconnect();
+    const QString name = m_bus.name();
+    m_bus = QDBusConnection(QString()); // it lasts as long as somebody holds it
+    QDBusConnection::disconnectFromBus(name);
+}
+
+void BusObject::tell(const QString& path, const QString& interface, const QString& name,
+                     const QVariantList& arguments)
+{
+    QDBusMessage signal = QDBusMessage::createSignal(path, interface, name);
+    signal.setArguments(arguments);
+    m_bus.send(signal);
 }
 
 bool waitUntil(const std::function<bool()>& condition)

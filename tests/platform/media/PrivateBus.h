@@ -6,6 +6,7 @@
 
 #include <QtCore/QTemporaryDir>
 #include <QtDBus/QDBusConnection>
+#include <QtDBus/QDBusVirtualObject>
 
 #include <functional>
 #include <memory>
@@ -29,6 +30,28 @@ private:
     QTemporaryDir m_folder;
     QString m_address;
     std::unique_ptr<privatedesk::Process> m_daemon;
+};
+
+/// What answers at a path of a bus and below it, as long as it lasts. Main thread, while the event
+/// loop runs; the connection is its own.
+class BusObject : public QDBusVirtualObject
+{
+public:
+    ~BusObject() override { leave(); }
+    /// Sends a signal.
+    void tell(const QString& path, const QString& interface, const QString& name,
+              const QVariantList& arguments = {});
+    QString introspect(const QString&) const override { return {}; }
+
+protected:
+    /// With these names on the bus.
+    BusObject(const QDBusConnection& bus, const QString& path, const QStringList& names);
+    void leave();
+
+    QDBusConnection m_bus;
+
+private:
+    const QString m_path;
 };
 
 /// Runs the event loop until the condition holds; whether it does, after some seconds.

@@ -13,39 +13,26 @@ namespace
 
 QString path() { return u"/org/mpris/MediaPlayer2"_s; }
 QString playerInterface() { return u"org.mpris.MediaPlayer2.Player"_s; }
-QString propertiesInterface() { return u"org.freedesktop.DBus.Properties"_s; }
 
 } // namespace
 
 TestPlayer::TestPlayer(const QString& address, const QString& name, const QVariantMap& properties)
-    : m_connectionName(u"player "_s + name),
-      m_bus(QDBusConnection::connectToBus(address, m_connectionName)), m_properties(properties)
+    : BusObject(QDBusConnection::connectToBus(address, u"player "_s + name), path(),
+                {u"org.mpris.MediaPlayer2."_s + name}),
+      m_properties(properties), m_identity(m_bus.name())
 {
-    m_bus.registerVirtualObject(path(), this);
-    if (!m_bus.registerService(u"org.mpris.MediaPlayer2."_s + name))
-        qFatal("a test player could not join the bus");
 }
 
-TestPlayer::~TestPlayer() { leave(); }
-
-void TestPlayer::leave()
+void TestPlayer::tellChange(const QVariantList& arguments)
 {
-    // Else the bus's own thread would let go of this, some time later.
-    m_bus.unregisterObject(path());
-    disconnect();
-    QDBusConnection::disconnectFromBus(m_connectionName);
-    m_bus = QDBusConnection(QString()); // it lasts as long as somebody holds it
+    tell(path(), u"org.freedesktop.DBus.Properties"_s, u"PropertiesChanged"_s, arguments);
 }
 
 void TestPlayer::set(const QVariantMap& properties, bool tell)
 {
     m_properties.insert(properties);
-    if (!tell)
-        return;
-    QDBusMessage signal =
-        QDBusMessage::createSignal(path(), propertiesInterface(), u"PropertiesChanged"_s);
-    signal << playerInterface() << properties << QStringList();
-    m_bus.send(signal);
+    if (tell)
+        tellChange({playerInterface(), properties, QStringList()});
 }
 
 void TestPlayer::tellNonsense()
@@ -56,12 +43,8 @@ void TestPlayer::tellNonsense()
           QVariantList{
               playerInterface(),
               QVariantMap{{u"Metadata"_s, QStringList{path()}}, {u"PlaybackStatus"_s, path()}},
-              QStringList()}}) {
-        QDBusMessage signal =
-            QDBusMessage::createSignal(path(), propertiesInterface(), u"PropertiesChanged"_s);
-        signal.setArguments(arguments);
-        m_bus.send(signal);
-    }
+              QStringList()}})
+        tellChange(arguments);
 }
 
 bool TestPlayer::handleMessage(const QDBusMessage& message, const QDBusConnection& connection)
@@ -83,7 +66,8 @@ bool TestPlayer::handleMessage(const QDBusMessage& message, const QDBusConnectio
         if (!isQuestion) {
             message.setDelayedReply(true);
             // Not from in here: the toolkit holds a lock of the connection while it asks us.
-            QMetaObject::invokeMethod(this, &TestPlayer::leave, Qt::QueuedConnection);
+            QMetaObject::invokeMethod(
+                this, [this] { leave(); }, Qt::QueuedConnection);
             return true;
         }
         break;

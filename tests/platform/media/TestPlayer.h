@@ -6,19 +6,16 @@
 
 #include <QtCore/QStringList>
 #include <QtCore/QVariantMap>
-#include <QtDBus/QDBusConnection>
-#include <QtDBus/QDBusVirtualObject>
 
 #include <utility>
+
+#include "tests/platform/media/PrivateBus.h"
 
 namespace lumbrix::test
 {
 
-/// Main thread; answers while the event loop runs. Leaves the bus when destroyed.
-class TestPlayer final : public QDBusVirtualObject
+class TestPlayer final : public BusObject
 {
-    Q_OBJECT
-
 public:
     enum class Manners {
         Good,
@@ -30,8 +27,6 @@ public:
 
     /// Joins the bus at the address as "org.mpris.MediaPlayer2." and the name.
     TestPlayer(const QString& address, const QString& name, const QVariantMap& properties = {});
-    ~TestPlayer() override;
-
     /// As "PlaybackStatus" and the like; announced when `tell`.
     void set(const QVariantMap& properties, bool tell = true);
     /// Announces something that is no announcement.
@@ -44,16 +39,13 @@ public:
     int questions() const { return m_questions; }
 
     bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override;
-    QString introspect(const QString&) const override { return {}; }
 
 private:
-    void leave();
+    void tellChange(const QVariantList& arguments);
 
-    const QString m_connectionName;
-    QDBusConnection m_bus;
     QVariantMap m_properties;
     QString m_desktopEntry;
-    QString m_identity = m_connectionName;
+    QString m_identity;
     QStringList m_commands;
     int m_questions = 0;
 };
