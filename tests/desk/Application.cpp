@@ -159,10 +159,6 @@ void Application::activate(const AppWindow& window)
     m_session.display().waitFor([&] { return m_session.display().activeWindow() == window.id; });
 }
 
-void Application::startChurning() { command("churn 1"); }
-
-void Application::stopChurning() { command("churn 0"); }
-
 const std::vector<int>& Application::closeRequests()
 {
     command("sync");

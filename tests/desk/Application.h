@@ -63,9 +63,6 @@ public:
     void moveToDesktop(const AppWindow& window, int desktop);
     void activate(const AppWindow& window);
     bool isMinimised(const AppWindow& window) const;
-    /// Opens and destroys further windows all the time until told to stop.
-    void startChurning();
-    void stopChurning();
     /// The indices of the windows that were asked to close so far.
     const std::vector<int>& closeRequests();
     /// The codes of the keys that its windows saw, once for a press and once for a release.

@@ -22,25 +22,6 @@ class SurvivalTest : public DesktopTest
 
 INSTANTIATE_TEST_SUITE_P(, SurvivalTest, testing::Values(plank(), tint2(), xfcePanel()), deskName);
 
-TEST_P(SurvivalTest, windows_destroyedWhileCaptured_leaveTheRowRight)
-{
-    Application& alpha = launch(u"alpha"_s, 2);
-    const Application& beta = launch(u"beta"_s, 1);
-    const auto alphaIcon = desk().iconOf(alpha);
-    const auto betaIcon = desk().iconOf(beta);
-    ASSERT_TRUE(alphaIcon && betaIcon);
-    alpha.startChurning();
-    for (int i = 0; i < 4; ++i) {
-        display().moveTo(*alphaIcon);
-        ASSERT_TRUE(waitUntil([&] { return preview(alpha.windows().front().title).has_value(); }));
-        display().moveTo(*betaIcon);
-        ASSERT_TRUE(waitUntil([&] { return preview(beta.windows().front().title).has_value(); }));
-    }
-    display().moveTo(*alphaIcon);
-    alpha.stopChurning();
-    EXPECT_TRUE(shows(alpha));
-}
-
 TEST_P(SurvivalTest, application_stopped_delaysNobody)
 {
     Application& alpha = launch(u"alpha"_s, 2);

@@ -7,7 +7,7 @@
 //   open WIDTH HEIGHT X Y COLOUR TITLE   answers "opened INDEX WINDOW"
 //   animate INDEX FRAMESPERSECOND        answers "frames COUNT", drawn since the last such command
 //   keys                                 answers "keys KEYCODE...", pressed and released in turn
-//   destroy INDEX | title INDEX TITLE | colour INDEX COLOUR | churn 0|1 | sync   answer "ok"
+//   destroy INDEX | title INDEX TITLE | colour INDEX COLOUR | sync   answer "ok"
 // Colours are decimal RGB numbers, titles are raw bytes in hexadecimal. A window that is asked to
 // close is destroyed and reported as "close INDEX".
 
@@ -25,7 +25,6 @@
 #include <sstream>
 #include <string>
 #include <unistd.h>
-#include <vector>
 #include <xcb/xcb.h>
 
 namespace
@@ -45,9 +44,6 @@ struct Animation {
     Clock::time_point due;
     std::uint32_t frame = 0;
 };
-
-/// Fast, but not so fast that the dock has no time left to answer.
-constexpr int churnMilliseconds = 30;
 
 std::uint32_t lowerColour(std::uint32_t colour) { return (colour >> 1) & 0x7f7f7fU; }
 
@@ -74,8 +70,6 @@ public:
                 handle(*event);
                 std::free(event);
             }
-            if (m_churning)
-                churn();
             animate();
             xcb_flush(m_connection);
             poll(waited.data(), waited.size(), timeout());
@@ -167,7 +161,7 @@ private:
     /// Milliseconds until there is something to do by itself; -1 for never.
     int timeout() const
     {
-        int result = m_churning ? churnMilliseconds : -1;
+        int result = -1;
         for (const auto& [index, animation] : m_animations) {
             const auto left =
                 std::chrono::ceil<std::chrono::milliseconds>(animation.due - Clock::now());
@@ -222,16 +216,12 @@ private:
         m_windows.erase(found);
     }
 
-    /// One window more, or one of the extra windows less.
-    void churn()
+    /// Null for what is none of ours, or gone.
+    std::pair<const int, Window>* find(xcb_window_t id)
     {
-        if (m_extra.size() < 4) {
-            const int index = open(300, 200, 300, 200, 0xffffff, "passing");
-            m_extra.push_back(index);
-        } else {
-            destroy(m_extra.front());
-            m_extra.erase(m_extra.begin());
-        }
+        const auto found = std::find_if(m_windows.begin(), m_windows.end(),
+                                        [id](const auto& each) { return each.second.id == id; });
+        return found == m_windows.end() ? nullptr : &*found;
     }
 
     void handle(const xcb_generic_event_t& event)
@@ -239,19 +229,16 @@ private:
         switch (event.response_type & 0x7f) {
         case XCB_EXPOSE: {
             const auto& expose = reinterpret_cast<const xcb_expose_event_t&>(event);
-            for (const auto& [index, window] : m_windows)
-                if (window.id == expose.window && expose.count == 0)
-                    paint(window);
+            if (const auto* exposed = find(expose.window); exposed && expose.count == 0)
+                paint(exposed->second);
             break;
         }
         case XCB_CONFIGURE_NOTIFY: {
             const auto& change = reinterpret_cast<const xcb_configure_notify_event_t&>(event);
-            for (auto& [index, window] : m_windows) {
-                if (window.id != change.window)
-                    continue;
-                window.width = change.width;
-                window.height = change.height;
-                paint(window);
+            if (auto* changed = find(change.window)) {
+                changed->second.width = change.width;
+                changed->second.height = change.height;
+                paint(changed->second);
             }
             break;
         }
@@ -283,12 +270,9 @@ private:
         }
         if (message.data.data32[0] != atom("WM_DELETE_WINDOW"))
             return;
-        for (const auto& [index, window] : m_windows) {
-            if (window.id == message.window) {
-                std::cout << "close " << index << std::endl;
-                destroy(index);
-                return;
-            }
+        if (const auto* closed = find(message.window)) {
+            std::cout << "close " << closed->first << std::endl;
+            destroy(closed->first);
         }
     }
 
@@ -346,13 +330,7 @@ private:
         }
         int index = 0;
         in >> index;
-        if (verb == "churn") {
-            m_churning = index != 0;
-            while (!m_churning && !m_extra.empty()) {
-                destroy(m_extra.back());
-                m_extra.pop_back();
-            }
-        } else if (verb == "destroy") {
+        if (verb == "destroy") {
             destroy(index);
         } else if (const auto found = m_windows.find(index); found != m_windows.end()) {
             if (verb == "title") {
@@ -390,9 +368,7 @@ private:
     std::map<std::string, xcb_atom_t> m_atoms;
     std::map<int, Window> m_windows;
     std::map<int, Animation> m_animations; ///< by window
-    std::vector<int> m_extra;
     int m_next = 0;
-    bool m_churning = false;
     std::string m_keys;
     std::string m_input;
 };
