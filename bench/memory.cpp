@@ -52,11 +52,11 @@ std::string mebibytes(std::uint64_t kibibytes)
 class Remembering
 {
 public:
-    explicit Remembering(std::chrono::seconds period)
+    Remembering(std::chrono::seconds period, QSize screen)
         : m_period(period), m_desk({"bench_memory",
                                     DockKind::Plank,
                                     Edge::Bottom,
-                                    {{4096, 2304}, WindowManager::Xfwm4, true}}),
+                                    {screen, WindowManager::Xfwm4, true}}),
           m_display(m_desk.display()), m_dock(find("plank")), m_matcher(find("bamfdaemon"))
     {
     }
@@ -79,6 +79,13 @@ public:
         measure("after the 15 previews went", true);
         std::this_thread::sleep_for(pictureLife);
         measure("idle, 40 s after the last preview went", true);
+    }
+
+    /// What a window of 3840x2160 costs that was previewed and then minimised.
+    void runMinimised()
+    {
+        m_desk.startLumbrix();
+        m_pid = find("lumbrix");
         measureMinimised();
     }
 
@@ -197,7 +204,6 @@ private:
         return own ? own->pixmapBytes / 1024 : 0;
     }
 
-    /// What a window of 3840x2160 costs that was previewed and then minimised.
     void measureMinimised()
     {
         struct Share {
@@ -278,6 +284,7 @@ int main(int argc, char** argv)
     const Program program(argc, argv,
                           {{u"seconds"_s, u"How long each state is measured."_s, u"N"_s, u"12"_s}});
     const int seconds = program.number(u"seconds"_s);
-    Remembering{std::chrono::seconds(seconds)}.run();
+    Remembering{std::chrono::seconds(seconds), {1920, 1080}}.run();
+    Remembering{std::chrono::seconds(seconds), {4096, 2304}}.runMinimised();
     return 0;
 }

@@ -68,8 +68,8 @@ public:
     static constexpr Seconds keepReduced = 600.0; ///< what a row comes up with, however old
     static constexpr Seconds keepWhole = 2.0;
     static constexpr Seconds keepPixmap = 2.0; ///< of a window that is not shown any more
-    /// Of the picture that stands for a large pixmap: of the size of the largest previews.
-    static constexpr int shelvedPixels = 192 * 1024;
+    /// Of the picture that stands for a large pixmap: twice as large as usual previews.
+    static constexpr int shelvedPixels = 112 * 1024;
 
     CapturedWindow(CaptureTools& tools, xcb_window_t window);
     ~CapturedWindow();
