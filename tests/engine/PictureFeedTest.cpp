@@ -146,7 +146,9 @@ TEST_F(PictureFeedTest, changedWindow_isShownAtOnce_whileItsRowIsUpAndPicturesAr
 
 TEST_F(PictureFeedTest, picturesOfARound_areShownTogether)
 {
-    Slow slow(*this);
+    SlowWindowServer slow(desk.windowServer());
+    slow.duration = 0;
+    install(desk.accessibility(), slow);
     addFilms(5, {400, 300});
     hover(u"Notes"_s);
     loop.advance(1);
