@@ -15,6 +15,8 @@ constexpr double stripShift = 6;
 /// The margin at the top of the screen, and beside a row before it is shrunk.
 constexpr float menuBarHeight = 22;
 constexpr float rowMargin = 50;
+/// With less room beside the icon, shrinking would leave nothing to look at.
+constexpr float leastRoom = 50;
 /// Between a row and the edge of the screen, for the shape behind it.
 constexpr double edgeMargin = 12;
 
@@ -54,7 +56,29 @@ float rightOf(const QRectF& screen) { return static_cast<float>(screen.x() + scr
 float topOf(const QRectF& screen) { return static_cast<float>(screen.y()) + menuBarHeight; }
 float bottomOf(const QRectF& screen) { return static_cast<float>(screen.y() + screen.height()); }
 
-std::vector<QRectF> row(DockEdge edge, const Input& input, int count, float width, float height)
+/// From the distance beside the icon to the far edge of the screen.
+float roomBeside(DockEdge edge, const Input& input)
+{
+    const QRectF& icon = input.icon;
+    const QRectF& screen = input.screen;
+    const auto room = [&] {
+        switch (edge) {
+        case DockEdge::Top:
+            return screen.y() + screen.height() - icon.y() - icon.height();
+        case DockEdge::Left:
+            return screen.x() + screen.width() - icon.x() - icon.width();
+        case DockEdge::Right:
+            return icon.x() - screen.x();
+        case DockEdge::Bottom:
+            break;
+        }
+        return icon.y() - screen.y();
+    };
+    return static_cast<float>(room()) - input.distanceFromDock;
+}
+
+std::vector<QRectF> row(DockEdge edge, const Input& input, int count, float width, float height,
+                        std::optional<float> room)
 {
     const float screenWidth = static_cast<float>(input.screen.width());
     float length = static_cast<float>(count) * width;
@@ -62,8 +86,13 @@ std::vector<QRectF> row(DockEdge edge, const Input& input, int count, float widt
         // The whole width of the screen without the margin, because the row is long.
         width = screenWidth / static_cast<float>(count);
         height = (input.windowHeight / input.windowWidth) * width;
-        length = static_cast<float>(count) * width;
     }
+    // A large preview on a low screen would stick out of it.
+    if (room >= leastRoom && height > room) {
+        width *= *room / height;
+        height = *room;
+    }
+    length = static_cast<float>(count) * width;
     const QRectF& icon = input.icon;
     const float start = clampedStart(icon.x() + icon.width() * 0.5 - 0.5 * length - stripShift,
                                      length, leftOf(input.screen), rightOf(input.screen));
@@ -75,15 +104,20 @@ std::vector<QRectF> row(DockEdge edge, const Input& input, int count, float widt
     return frames;
 }
 
-std::vector<QRectF> column(DockEdge edge, const Input& input, int count, float width, float height)
+std::vector<QRectF> column(DockEdge edge, const Input& input, int count, float width, float height,
+                           std::optional<float> room)
 {
     const float screenHeight = static_cast<float>(input.screen.height());
     float length = static_cast<float>(count) * height;
     if (length > screenHeight - menuBarHeight) {
         height = (screenHeight - menuBarHeight) / static_cast<float>(count);
         width = (input.windowWidth / input.windowHeight) * height;
-        length = static_cast<float>(count) * height;
     }
+    if (room >= leastRoom && width > room) {
+        height *= *room / width;
+        width = *room;
+    }
+    length = static_cast<float>(count) * height;
     const QRectF& icon = input.icon;
     const float start = clampedStart(icon.y() + icon.height() * 0.5 - 0.5 * length - stripShift,
                                      length, topOf(input.screen), bottomOf(input.screen));
@@ -111,16 +145,21 @@ std::vector<QRectF> strip(DockEdge edge, const Input& input, int count, std::opt
         return {};
     const float width = size ? static_cast<float>(size->width()) : input.windowWidth;
     const float height = size ? static_cast<float>(size->height()) : input.windowHeight;
-    return isHorizontal(edge) ? row(edge, input, count, width, height)
-                              : column(edge, input, count, width, height);
+    // What has a size of its own needs that for its text.
+    const auto room = size ? std::nullopt : std::optional(roomBeside(edge, input));
+    return isHorizontal(edge) ? row(edge, input, count, width, height, room)
+                              : column(edge, input, count, width, height, room);
 }
 
 std::vector<QRectF> rowBesideSwitcher(const Input& input, int count)
 {
-    std::vector<QRectF> frames = strip(DockEdge::Bottom, input, count);
+    if (count <= 0)
+        return {};
+    std::vector<QRectF> frames =
+        row(DockEdge::Bottom, input, count, input.windowWidth, input.windowHeight, std::nullopt);
     const QRectF& list = input.icon;
     const QRectF& screen = input.screen;
-    const double height = frames.empty() ? 0 : frames.front().height();
+    const double height = frames.front().height();
     const double above = list.y() - screen.y();
     const double below = screen.y() + screen.height() - list.y() - list.height();
     const double needed = height + input.distanceFromDock + edgeMargin;

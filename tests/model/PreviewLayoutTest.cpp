@@ -53,6 +53,21 @@ TEST(PreviewLayout, rowLongerThanTheScreenLessItsMargin_fillsTheWholeScreen)
     EXPECT_EQ(wide.front(), QRectF(0, 62, 360, 240));
 }
 
+// At twice the scale a screen of 1280x800 has 400 points, and a large preview more.
+TEST(PreviewLayout, previewsLargerThanTheRoomBesideTheIcon_shrinkToIt)
+{
+    const QRectF screen(0, 0, 640, 400);
+    const auto frames = [&](DockEdge edge, const QRectF& icon) {
+        return strip(edge, {icon, screen, 400, 600, 450, 10}, 1);
+    };
+    EXPECT_EQ(frames(DockEdge::Bottom, {300, 352, 48, 48}), (Frames{{90, 58, 456, 342}}));
+    EXPECT_EQ(frames(DockEdge::Top, {300, 0, 48, 48}), (Frames{{90, 0, 456, 342}}));
+    for (const DockEdge edge : {DockEdge::Left, DockEdge::Right}) {
+        const Frames one = frames(edge, {edge == DockEdge::Left ? 0.0 : 592.0, 170, 48, 48});
+        EXPECT_TRUE(screen.contains(one.front())) << one.front().x() << " " << one.front().width();
+    }
+}
+
 TEST(PreviewLayout, column_runsDownBesideTheIcon_belowTheMenuBar)
 {
     EXPECT_EQ(strip(DockEdge::Left, input({4, 426, 48, 48}), 2),
