@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "badges/BadgeLook.h"
+#include "platform/DockPreferences.h"
 #include "platform/StringLiterals.h"
 #include "platform/UserDefaults.h"
 #include "preview/MAWindow.h"
@@ -93,6 +94,9 @@ void WinNumberBadger::badgeDockItems()
         // On a task bar with a button for each window, every button would show the application's
         // count, which is true of none of them.
         if (count > 1 && item->ownWindow())
+            continue;
+        // A second number beside the Dock's own says nothing, and covers the button's text.
+        if (m_ports.dockPreferences.countsWindows(item->element()))
             continue;
         const auto known =
             std::find_if(m_badgesArray.begin(), m_badgesArray.end(), [&item](const auto& badge) {

@@ -44,6 +44,8 @@ public:
     /// The displays that are not known to be off; empty also for an unknown Dock. May read files,
     /// but waits for no other program.
     virtual std::vector<DockDisplay> ownDisplays(const ElementRef& item) = 0;
+    /// Whether the Dock itself writes on the item how many windows it stands for. As ownDisplays().
+    virtual bool countsWindows(const ElementRef& item) = 0;
 };
 
 } // namespace lumbrix::platform

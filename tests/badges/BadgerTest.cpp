@@ -97,6 +97,14 @@ TEST_F(Badger, buttonOfOneWindowOfSeveral_hasNoCount)
     EXPECT_EQ(shownBadges(), u"Editor 2"_s);
 }
 
+TEST_F(Badger, dockThatCountsItself_hasNoCountBesideItsOwn)
+{
+    add(u"Editor"_s, 2);
+    EXPECT_EQ((badger().badgeDockItems(), shownBadges()), u"Editor 2"_s);
+    desk.dockPreferences().setCountsWindows(true);
+    EXPECT_EQ((badger().badgeDockItems(), shownBadges()), u""_s);
+}
+
 TEST_F(Badger, panels_letTheMouseThroughAndLieBelowPreviews)
 {
     add(u"Editor"_s, 1);

@@ -223,6 +223,8 @@ public:
     {
         return m_ownDisplays;
     }
+    bool countsWindows(const platform::ElementRef&) override { return m_countsWindows; }
+    void setCountsWindows(bool on) { m_countsWindows = on; }
     void setOwnDisplays(std::vector<platform::DockDisplay> displays)
     {
         m_ownDisplays = std::move(displays);
@@ -234,6 +236,7 @@ private:
     std::optional<int> m_magnification;
     std::optional<int> m_autohide;
     bool m_tellsFinalPlaces = false;
+    bool m_countsWindows = false;
     std::vector<platform::DockDisplay> m_ownDisplays;
 };
 

@@ -49,4 +49,16 @@ std::vector<DockDisplay> LinuxDockPreferences::ownDisplays(const ElementRef& ite
                          });
 }
 
+bool LinuxDockPreferences::countsWindows(const ElementRef& item)
+{
+    const X11Element* element = X11Element::from(item);
+    if (!element || element->kind() != X11Element::Kind::DockItem)
+        return false;
+    const DockStatePtr dock = m_docks.dockOf(element->dockItemId());
+    const DockItem* found = dock ? dock->item(element->dockItemId()) : nullptr;
+    // Asked often, and the names are in files: only of what could have a number.
+    return found && standsForGroup(*found) &&
+           countsWindowsItself(readProcessNames(dock->pid).programs().value(0));
+}
+
 } // namespace lumbrix::platform

@@ -24,6 +24,7 @@ public:
     /// anyway.
     bool tellsFinalPlaces() override { return true; }
     std::vector<DockDisplay> ownDisplays(const ElementRef& item) override;
+    bool countsWindows(const ElementRef& item) override;
 
 private:
     DockStatePtr dockOf(const ElementRef& item) const;

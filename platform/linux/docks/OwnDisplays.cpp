@@ -70,4 +70,16 @@ std::vector<DockDisplay> ownDisplaysOf(const QString& program, const QString& se
     return result;
 }
 
+bool standsForGroup(const DockItem& item)
+{
+    return item.desktopFile.isEmpty() && !item.areChosen && item.windows.size() > 1;
+}
+
+bool countsWindowsItself(const QString& program)
+{
+    // A circle with the number; "Title (2)"; "Title - 2 windows". tint2 groups none, Plank has
+    // none.
+    return program == u"xfce4-panel" || program == u"mate-panel" || program == u"lxqt-panel";
+}
+
 } // namespace lumbrix::platform

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "platform/DockPreferences.h"
+#include "platform/linux/docks/DockItem.h"
 
 namespace lumbrix::platform
 {
@@ -23,5 +24,10 @@ using FlagReader =
 /// unknown program. `settingsPath` as in DockState.
 std::vector<DockDisplay> ownDisplaysOf(const QString& program, const QString& settingsPath,
                                        const FlagReader& flag);
+
+/// Whether the item is a button that several windows share.
+bool standsForGroup(const DockItem& item);
+/// Whether that program's panels write on such a button how many they are.
+bool countsWindowsItself(const QString& program);
 
 } // namespace lumbrix::platform

@@ -131,6 +131,23 @@ TEST(IconGeometryTest, rows_of_buttons_keep_to_their_rows)
     EXPECT_EQ(items[2].rect, QRect(120, 740, 100, 60));
 }
 
+TEST(OwnDisplaysTest, panelsThatGroup_countTheWindowsOfAButton)
+{
+    DockItem item;
+    item.windows = {1};
+    EXPECT_FALSE(standsForGroup(item));
+    item.windows = {1, 2};
+    EXPECT_TRUE(standsForGroup(item));
+    item.desktopFile = u"/a.desktop"_s;
+    EXPECT_FALSE(standsForGroup(item)) << "an icon of Plank";
+    for (const auto& [program, counts] : {std::pair(u"xfce4-panel"_s, true),
+                                          {u"mate-panel"_s, true},
+                                          {u"lxqt-panel"_s, true},
+                                          {u"plank"_s, false},
+                                          {u"tint2"_s, false}})
+        EXPECT_EQ(countsWindowsItself(program), counts) << qPrintable(program);
+}
+
 TEST(OwnDisplaysTest, docks_sayWhatIsOnOrMayBe_andWhatTurnsItOff)
 {
     const QString path = u"/a/dock2/"_s;
