@@ -21,6 +21,11 @@ using Limits = std::numeric_limits<std::int32_t>;
 
 QString key(const char* name) { return QString::fromLatin1(name); }
 
+float atLeast(const SettingRow& row, float value)
+{
+    return row.kind == SettingKind::Size ? std::max(static_cast<float>(row.minimum), value) : value;
+}
+
 void seed(UserDefaults& defaults, FirstStored when)
 {
     for (const SettingRow& row : settingsTable())
@@ -84,7 +89,7 @@ void mirrorEngineSettings(const UserDefaults& defaults, EngineSettings& settings
         if (const auto* integer = std::get_if<Setting<std::int32_t> EngineSettings::*>(&row.field))
             settings.*(*integer) = integerSetting(defaults, key(row.key));
         else if (const auto* number = std::get_if<Setting<float> EngineSettings::*>(&row.field))
-            settings.*(*number) = defaults.floatForKey(key(row.key));
+            settings.*(*number) = atLeast(row, defaults.floatForKey(key(row.key)));
 }
 
 void mirrorSettings(const UserDefaults& defaults, LXHandler& handler)

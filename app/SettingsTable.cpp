@@ -29,8 +29,8 @@ constexpr SettingRow rows[] = {
     {ENGINE(neverClose), Flag, Never, 0, 0, 1, "1 keeps previews up when the mouse leaves"},
     {ENGINE(keepOnTheWay), Flag, AtFirstRun, 1, 0, 1,
      "1 keeps previews up while the mouse is on its way to them, over other icons too"},
-    {ENGINE(windowWidth), Points, AtFirstRun, 243, 120, 600, "width of a preview, points"},
-    {ENGINE(windowHeight), Points, AtFirstRun, 190, 90, 450, "height of a preview, points"},
+    {ENGINE(windowWidth), Size, AtFirstRun, 243, 120, 600, "width of a preview, points"},
+    {ENGINE(windowHeight), Size, AtFirstRun, 190, 90, 450, "height of a preview, points"},
     {ENGINE(distanceFromDock), Points, AtBadgeRun, 33, 0, 100,
      "gap between the icon and the previews, points"},
     {ENGINE(previewStyle), Choice, AtBadgeRun, 1, 0, 5,
@@ -70,6 +70,8 @@ constexpr SettingRow rows[] = {
      "the translucent shape behind a row of previews"},
     {ENGINE(showSpaces), Flag, ByDesktop, 1, 0, 1,
      "workspace numbers on previews (at first if more than one workspace is in use)"},
+    {ENGINE(alwaysShowSpaces), Flag, Never, 0, 0, 1,
+     "1 shows them also where all windows of a row are on the current workspace"},
     {ENGINE(spaceStyle), Choice, Never, 0, 0, 1, "their style: 0 dark, 1 blue"},
     {ENGINE(spaceSize), Choice, AtFirstRun, 0, 0, 2, "their size: 0 small, 1 medium, 2 large"},
     {"badgeDock", Elsewhere, Flag, ByDesktop, 1, 0, 1,
@@ -87,7 +89,10 @@ constexpr SettingRow rows[] = {
 
 #undef ENGINE
 
-constexpr bool isFloat(SettingKind kind) { return kind == Points || kind == Seconds; }
+constexpr bool isFloat(SettingKind kind)
+{
+    return kind == Points || kind == Size || kind == Seconds;
+}
 
 static_assert(std::ranges::all_of(rows, [](const SettingRow& row) {
     return std::holds_alternative<std::monostate>(row.field) ||

@@ -13,9 +13,9 @@
 namespace lumbrix
 {
 
-/// What a value is. Points and seconds are read as floats, a colour as data, the others as
-/// integers.
-enum class SettingKind { Flag, Choice, Modifier, Points, Seconds, Color };
+/// What a value is. Points, a size of so many points and seconds are read as floats, a colour as
+/// data, the others as integers.
+enum class SettingKind { Flag, Choice, Modifier, Points, Size, Seconds, Color };
 
 /// When the first value is stored. What never is reads as zero, that is, off; where the desktop
 /// decides, the first value is that of a desktop that suits.
@@ -31,7 +31,8 @@ struct SettingRow {
     SettingKind kind;
     FirstStored stored;
     int first;
-    /// What the preferences offer. The settings file may go beyond, and is obeyed.
+    /// What the preferences offer. The settings file may go beyond, and is obeyed, but a size below
+    /// its minimum, in which nothing can be drawn, counts as that.
     int minimum;
     int maximum;
     /// For the user: a clause without a full stop, in no markup.

@@ -83,6 +83,7 @@ public:
     {
         return m_row.indexOf(preview);
     }
+    bool doSpacesTell() const override { return m_row.isOnOtherSpaces(); }
     bool isShowingPreviews() const override { return m_row.isShowing(); } ///< any thread
     SWElementPtr currentDockElement() const { return m_hovered.element(); }
 

@@ -8,6 +8,8 @@
 
 #include "engine/HoverRules.h"
 #include "platform/Log.h"
+#include "platform/WindowServer.h"
+#include "preview/ElidedTitle.h"
 
 namespace lumbrix
 {
@@ -54,6 +56,16 @@ bool PreviewRow::belongsTo(const Application& application, bool byTab) const
            first.setByTab() == byTab;
 }
 
+bool PreviewRow::isOnOtherSpaces() const
+{
+    const int current = m_ports.windowServer.currentWorkspace();
+    return std::ranges::any_of(m_previews, [current](const ScreenyViewPtr& preview) {
+        const SWElementPtr& window = preview->elementRef();
+        const int space = window ? window->getSpaceNumber() : 0;
+        return space > 0 && space != current;
+    });
+}
+
 void PreviewRow::append(const ScreenyViewPtr& preview)
 {
     m_previews.push_back(preview);
@@ -98,6 +110,16 @@ std::vector<SWElementPtr> PreviewRow::present(const std::vector<SWElementPtr>& w
     return {first, first + static_cast<std::ptrdiff_t>(m_presentWindows)};
 }
 
+void PreviewRow::tellTitlesApart() const
+{
+    QStringList titles;
+    for (const ScreenyViewPtr& preview : m_previews)
+        titles += preview->shownTitle();
+    const auto alike = charactersAlike(titles);
+    for (std::size_t i = 0; i < m_previews.size(); ++i)
+        m_previews[i]->setTitleAlike(alike[i]);
+}
+
 void PreviewRow::updateMore()
 {
     // The switcher's row is gone with the keys that are held.
@@ -111,6 +133,7 @@ void PreviewRow::setPreviews(std::vector<ScreenyViewPtr> previews)
 {
     m_previews = std::move(previews);
     m_isShowing = !m_previews.empty();
+    tellTitlesApart();
     m_feed.keepTo(m_previews);
     if (m_previews.empty())
         m_more.hide();
@@ -129,6 +152,7 @@ std::vector<ScreenyViewPtr> PreviewRow::take()
 void PreviewRow::bringOut()
 {
     m_pictures.loadMissing();
+    tellTitlesApart();
     const auto previews = m_previews;
     for (const ScreenyViewPtr& preview : previews) {
         // The position and size of the numbers depend on the panels, which may have just changed,

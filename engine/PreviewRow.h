@@ -47,6 +47,9 @@ public:
     /// Whether the row belongs to the application and was made for the switcher (`byTab`) or not.
     bool belongsTo(const Application& application, bool byTab) const;
 
+    /// Whether any of its windows has a Space, and that is not the current one.
+    bool isOnOtherSpaces() const;
+
     void append(const ScreenyViewPtr& preview);
     /// Creates a preview of a window, fills and appends it; null when none can be made.
     /// `application` is the hovered item's.
@@ -87,6 +90,8 @@ public:
 
 private:
     std::vector<ScreenyViewPtr> take();
+    /// Has each title show where it differs from the others.
+    void tellTitlesApart() const;
 
     const platform::Desktop& m_ports;
     const Companions& m_companions;

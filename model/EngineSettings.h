@@ -44,6 +44,7 @@ struct EngineSettings {
     Setting<std::int32_t> neverClose;
     Setting<std::int32_t> keepOnTheWay;
     Setting<std::int32_t> showSpaces;
+    Setting<std::int32_t> alwaysShowSpaces;
     Setting<std::int32_t> previewStyle;
     Setting<std::int32_t> spaceStyle;
     Setting<std::int32_t> spaceSize;

@@ -66,6 +66,8 @@ public:
     /// Whether the window is known to be on every workspace and so has no workspace number. False
     /// if an adapter cannot distinguish that from an unknown number, and for a window that is gone.
     virtual bool isOnAllWorkspaces(WindowID /*window*/) { return false; }
+    /// 1-based; 0 = unknown. Any thread.
+    virtual int currentWorkspace() = 0;
     /// The windows of one workspace (1-based); empty if there is no such workspace.
     virtual std::vector<WindowID> workspaceWindowList(int workspace) = 0;
 

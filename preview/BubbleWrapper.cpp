@@ -74,6 +74,7 @@ void BubbleWrapper::positionAndShowBubble(const std::vector<ScreenyViewPtr>& row
         m_bubble = OverlayWindow::load(m_ports);
     if (!m_bubble)
         return;
+    m_bubble->window().setOverlayColor(row.front()->bubbleColor());
     // The row runs in one direction, so its first and last preview give its extent.
     m_bubble->window().setFrameWithAnimate(
         onOneScreen(frameAround(*row.front(), *row.back()), m_ports));

@@ -30,6 +30,8 @@ constexpr QMargins bodyMargins{14, 13, 3, 7};
 /// Fits beside a picture without a body, and between a body and its picture.
 constexpr int markBreadth = 3;
 constexpr QColor markColor(255, 170, 20);
+/// In a narrower panel a key cap takes the title's room, and a number hides the picture.
+constexpr int roomyWidth = 120;
 
 QColor opaque(QColor color)
 {
@@ -62,28 +64,53 @@ bool PanelBackground::hasBody() const
            m_parts.image->image().isNull();
 }
 
+qreal PanelBackground::bodyRadius() const
+{
+    return std::min(m_cornerRadius, std::min(body().width(), body().height()) / 4.0);
+}
+
+QRect PanelBackground::shownArea() const
+{
+    return hasBody() ? rect() : pictureRect().marginsAdded(bodyMargins);
+}
+
+bool PanelBackground::isRoomy() const { return shownArea().width() >= roomyWidth; }
+
+void PanelBackground::setKeyWanted(bool wanted)
+{
+    m_isKeyWanted = wanted;
+    arrange();
+}
+
 void PanelBackground::arrange()
 {
     if (!m_parts.image)
         return;
     const QRect body = this->body();
     const int font = std::clamp(height() / 16, 10, 13);
-    const int line = font + 9;
-    const int padding = m_borderless ? 0 : std::clamp(body.height() / 28, 4, 8);
+    // So low that a title would leave nothing of the picture.
+    const bool hasTitle = body.height() >= 3 * font;
+    const int line = hasTitle ? font + 9 : 0;
+    const int padding = m_borderless ? 0 : std::clamp(body.height() / 28, hasTitle ? 4 : 2, 8);
     m_parts.title->setPixelSize(font);
     m_parts.key->setPixelSize(font - 2);
 
-    QRect picture = body.adjusted(padding, padding, -padding, m_borderless ? 0 : -line - 1);
+    QRect picture =
+        body.adjusted(padding, padding, -padding, m_borderless ? 0 : -std::max(line + 1, padding));
     m_parts.image->setGeometry(picture);
     if (m_borderless && !m_parts.image->image().isNull())
         picture = pictureRect();
+
+    m_parts.key->setVisible(m_isKeyWanted && isRoomy());
 
     // The row below the picture, or over its lower edge: the title in the middle, the key cap at
     // the end.
     QRect row(body.left(), body.top() + body.height() - line - 1, body.width(), line);
     if (m_borderless) {
-        // A narrow picture may be too small for a readable title.
-        const int width = std::max(picture.width(), std::min(body.width(), 120)) - 12;
+        // A narrow picture may be too small for a readable title, but a key cap beside it would
+        // belong to nothing.
+        const int readable = m_parts.key->isHidden() ? std::min(body.width(), 120) : 0;
+        const int width = std::max(picture.width(), readable) - 12;
         row = QRect(picture.left() + (picture.width() - width) / 2,
                     picture.top() + picture.height() - line - 5, width, line);
     } else {
@@ -103,7 +130,7 @@ void PanelBackground::arrange()
     m_parts.title->setGeometry(std::min(centred, row.left() + titleWidth - natural), row.top(),
                                natural, row.height());
 
-    const int button = height() < 110 ? 20 : 24;
+    const int button = std::min(height() < 110 ? 20 : 24, body.height());
     const QPoint corner = (m_borderless ? picture.topLeft() : body.topLeft()) + QPoint(3, 3);
     m_parts.close->setGeometry(
         QRect(corner - QPoint(button / 2, button / 2), QSize(button, button)));
@@ -140,8 +167,8 @@ QPainterPath PanelBackground::outlinePath() const
     QPainterPath path;
     path.setFillRule(Qt::WindingFill);
     if (hasBody()) {
-        path.addRoundedRect(QRectF(body()).adjusted(-1, -1, 1, 1), m_cornerRadius + 1,
-                            m_cornerRadius + 1);
+        path.addRoundedRect(QRectF(body()).adjusted(-1, -1, 1, 1), bodyRadius() + 1,
+                            bodyRadius() + 1);
     } else {
         const QRect picture = pictureRect();
         const int edge = m_marked ? markBreadth : 1;
@@ -243,10 +270,11 @@ void PanelBackground::paintShadow(QPainter& painter, const QRectF& around, qreal
 void PanelBackground::paintBody(QPainter& painter) const
 {
     const QRectF body = this->body();
+    const qreal radius = bodyRadius();
     if (m_shaped) {
         painter.fillRect(rect(), onGrey(m_outline));
     } else {
-        paintShadow(painter, body, m_cornerRadius);
+        paintShadow(painter, body, radius);
         painter.setCompositionMode(QPainter::CompositionMode_Source);
     }
 
@@ -255,23 +283,21 @@ void PanelBackground::paintBody(QPainter& painter) const
     gradient.setColorAt(1, m_shaped ? opaque(m_fillBottom) : m_fillBottom);
     painter.setPen(Qt::NoPen);
     painter.setBrush(gradient);
-    painter.drawRoundedRect(body, m_cornerRadius, m_cornerRadius);
+    painter.drawRoundedRect(body, radius, radius);
 
     painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
     painter.setBrush(Qt::NoBrush);
     if (!m_shaped) {
         painter.setPen(QPen(m_outline, 1));
-        painter.drawRoundedRect(body.adjusted(-0.5, -0.5, 0.5, 0.5), m_cornerRadius + 0.5,
-                                m_cornerRadius + 0.5);
+        painter.drawRoundedRect(body.adjusted(-0.5, -0.5, 0.5, 0.5), radius + 0.5, radius + 0.5);
     }
     QColor highlight = m_highlight;
     if (m_hovered)
         highlight.setAlpha(std::min(255, highlight.alpha() * 2));
     painter.setPen(QPen(highlight, 1));
-    painter.drawRoundedRect(body.adjusted(0.5, 0.5, -0.5, -0.5), m_cornerRadius - 0.5,
-                            m_cornerRadius - 0.5);
+    painter.drawRoundedRect(body.adjusted(0.5, 0.5, -0.5, -0.5), radius - 0.5, radius - 0.5);
     if (m_marked)
-        paintMark(painter, body, m_cornerRadius);
+        paintMark(painter, body, radius);
 }
 
 void PanelBackground::paintPictureEdge(QPainter& painter) const

@@ -23,6 +23,7 @@ class TitleLabel;
 class PanelBackground : public QWidget
 {
     Q_OBJECT
+    Q_PROPERTY(QColor bubble MEMBER m_bubble)
     Q_PROPERTY(QColor fillTop MEMBER m_fillTop)
     Q_PROPERTY(QColor fillBottom MEMBER m_fillBottom)
     Q_PROPERTY(QColor outline MEMBER m_outline)
@@ -44,6 +45,15 @@ public:
     void setParts(const Parts& parts);
     /// Places the parts for the current size and content. Called on every resize as well.
     void arrange();
+
+    /// Shows the key cap while there is room for it.
+    void setKeyWanted(bool wanted);
+    /// What is seen of the panel, with the margins: all of it, or a picture without a body.
+    QRect shownArea() const;
+    /// Whether that has room for more than a picture and a title.
+    bool isRoomy() const;
+    /// Of the shape behind a row of such panels.
+    const QColor& bubbleColor() const { return m_bubble; }
 
     void setHovered(bool hovered);
     /// A ring along the edge, visible on every colour of body.
@@ -75,6 +85,7 @@ protected:
 private:
     QRect body() const;
     bool hasBody() const;
+    qreal bodyRadius() const;
     QRect pictureRect() const;
     void paintShadow(QPainter& painter, const QRectF& around, qreal radius) const;
     void paintBody(QPainter& painter) const;
@@ -82,12 +93,14 @@ private:
     void paintMark(QPainter& painter, const QRectF& around, qreal radius) const;
 
     Parts m_parts;
+    QColor m_bubble;
     QColor m_fillTop;
     QColor m_fillBottom;
     QColor m_outline;
     QColor m_highlight;
     qreal m_cornerRadius = 0;
     bool m_borderless = false;
+    bool m_isKeyWanted = false;
     bool m_hovered = false;
     bool m_marked = false;
     bool m_shaped = false;

@@ -17,6 +17,15 @@ namespace
 {
 /// The share of an empty button that an icon fills.
 constexpr qreal iconPart = 0.6;
+/// Of the ring about a hovered picture: what is seen on any colour beside it, and a line that parts
+/// it from a picture of its own colour.
+constexpr qreal ringBreadth = 3;
+constexpr qreal lineBreadth = 1;
+
+QColor parting(const QColor& ring)
+{
+    return qGray(ring.rgb()) > 127 ? QColor(0, 0, 0, 190) : QColor(255, 255, 255, 220);
+}
 } // namespace
 
 PictureButton::PictureButton(QWidget* parent) : LXTransparentButtonCell(parent) {}
@@ -117,8 +126,14 @@ void PictureButton::paintEvent(QPaintEvent*)
     }
     painter.setBrush(Qt::NoBrush);
     if (isHovered) {
-        painter.setPen(QPen(m_hoverOutline, 2));
-        draw(QRectF(picture).adjusted(1, 1, -1, -1), m_cornerRadius - 1);
+        const auto ring = [&](const QColor& color, qreal breadth, qreal inset) {
+            const qreal middle = inset + breadth / 2;
+            painter.setPen(QPen(color, breadth));
+            draw(QRectF(picture).adjusted(middle, middle, -middle, -middle),
+                 std::max(0.0, m_cornerRadius - middle));
+        };
+        ring(parting(m_hoverOutline), lineBreadth, ringBreadth);
+        ring(m_hoverOutline, ringBreadth, 0);
     } else if (m_image.isNull()) {
         painter.setPen(QPen(m_outline, 1));
         draw(QRectF(picture).adjusted(0.5, 0.5, -0.5, -0.5), m_cornerRadius - 0.5);

@@ -61,6 +61,9 @@ public:
     virtual void showMore() = 0;
     /// Position among the previews shown; −1 when it is not one of them.
     virtual int indexOfScreenyView(const ScreenyView& preview) const = 0;
+    /// Whether the numbers of the previews' Spaces tell something: not where all windows of the row
+    /// are on the current Space.
+    virtual bool doSpacesTell() const = 0;
     virtual void addToCache(const std::shared_ptr<ScreenyView>& preview) = 0;
     virtual HotKeyCenter& hotKeyCenter() = 0;
     virtual PlayerControls& playerControls() = 0;

@@ -8,6 +8,7 @@
 #include "platform/KeyboardLayout.h"
 #include "platform/StringLiterals.h"
 #include "platform/Workspace.h"
+#include "preview/BadgeView.h"
 #include "preview/DisplayText.h"
 #include "preview/ImageButton.h"
 #include "preview/InterfaceFile.h"
@@ -104,6 +105,11 @@ void ScreenyView::connectParts()
 {
     const auto activate = [this] { m_host.meantBy(*this).activateWindow(); };
     connect(m_image, &QAbstractButton::clicked, this, activate);
+    // Where there is no body the number lies on the picture.
+    connect(m_image, &PictureButton::pictureRectChanged, this, [this] {
+        if (m_spaceView && !m_spaceView->isHidden())
+            showSpaces();
+    });
     // The whole panel stands for the window, not just its picture.
     connect(m_background, &PanelBackground::clicked, this, activate);
     connect(m_background, &PanelBackground::middleClicked, this, [this] {
@@ -138,14 +144,16 @@ const QImage& ScreenyView::image() const { return m_image->image(); }
 void ScreenyView::setTitleString(const QString& title)
 {
     m_titleString = title;
-    TitleLabel* label = m_title ? m_title : m_titleLabel;
-    if (!label)
-        return;
+    TitleLabel* label = titleShown();
     label->setText(title);
     m_background->arrange();
     // In the title of a window the toolkit takes this for its mark of unsaved changes.
     m_window->setWindowTitle(QString(label->text()).replace(u"[*]"_s, u"[*][*]"_s));
 }
+
+const QString& ScreenyView::shownTitle() const { return titleShown()->text(); }
+
+void ScreenyView::setTitleAlike(qsizetype characters) { titleShown()->setAlike(characters); }
 
 void ScreenyView::setAppFlags(const std::optional<platform::RunningApplication>& application)
 {
@@ -174,8 +182,7 @@ void ScreenyView::setShortcut()
     HotKeyCenter& center = m_host.hotKeyCenter();
     center.unregisterHotKey(m_fastKey);
     if (!m_host.settings().showFastKeys) {
-        m_fastKeyButton->hide();
-        m_background->arrange();
+        m_background->setKeyWanted(false);
         return;
     }
     const int index = m_host.indexOfScreenyView(*this);
@@ -193,11 +200,12 @@ void ScreenyView::setShortcut()
     const QString sign = m_ports.keyboardLayout.signOfModifier(platform::ModifierFlag::command);
     m_fastKeyButton->setText((sign.isEmpty() ? QString(QChar(0x2318)) : sign) +
                              QString::number(digit));
-    m_fastKeyButton->show();
-    m_background->arrange();
+    m_background->setKeyWanted(true);
 }
 
 void ScreenyView::removeShortcut() { m_host.hotKeyCenter().unregisterHotKey(m_fastKey); }
+
+const QColor& ScreenyView::bubbleColor() const { return m_background->bubbleColor(); }
 
 void ScreenyView::setMarked(bool marked) { m_background->setMarked(marked); }
 
@@ -248,7 +256,8 @@ void ScreenyView::rebirth()
         m_titleLabel->show();
     m_image->show();
     m_image->setIcon({});
-    m_fastKeyButton->hide();
+    m_background->setKeyWanted(false);
+    setTitleAlike(0);
     m_host.addToCache(shared_from_this());
 }
 

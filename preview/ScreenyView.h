@@ -71,6 +71,10 @@ public:
     bool isHeld() const { return m_window->isHeld(); }
     void setTitleString(const QString& title);
     QString titleString() const { return m_titleString; }
+    /// The same as one line of plain text.
+    const QString& shownTitle() const;
+    /// How many of its first characters another title of the row begins with, too.
+    void setTitleAlike(qsizetype characters);
     void setAppFlags(const std::optional<platform::RunningApplication>& application);
 
     // Showing.
@@ -83,6 +87,8 @@ public:
     /// The number of the window's Space in a badge, while the setting is on and it has one.
     void showSpaces();
     void hideSpaces();
+    /// Of the shape behind a row of this style.
+    const QColor& bubbleColor() const;
     BadgeView* spaceView() const { return m_spaceView; } ///< null until first needed
     /// Tells it from the others of its row: it shows the window that the hovered button stands for.
     void setMarked(bool marked);
@@ -167,6 +173,7 @@ private:
 
     ScreenyView(const platform::Desktop& ports, PreviewHost& host);
     bool loadWindow(const QString& interfaceFile);
+    TitleLabel* titleShown() const { return m_title ? m_title : m_titleLabel; }
     void connectParts();
     /// With what follows from it: the close button, and the look of the panel.
     void setHover(Hover hover);

@@ -11,6 +11,7 @@
 #include "preview/BadgeView.h"
 #include "preview/Cells.h"
 #include "preview/InterfaceFile.h"
+#include "preview/PanelBackground.h"
 #include "preview/PreviewHost.h"
 
 namespace lumbrix
@@ -21,27 +22,34 @@ namespace
 constexpr int lastSpace = 59;
 constexpr std::int32_t blueStyle = 1;
 
-/// Where a badge of one size lies: its side, and its distances from the panel's right edge and from
-/// its top.
+/// Where a badge of one size lies: its side, and its distances from the right edge of what is
+/// shown and from its top.
 struct Place {
-    float side;
-    float right;
-    float top;
+    int side;
+    int right;
+    int top;
 };
 constexpr std::array<Place, BadgeView::sizeCount> places{
     {{30, 3 + 37, 46}, {60, 3 + 67, 73}, {120, 3 + 127, 127}}};
 
-/// The largest size up to the wanted one that takes at most half the panel's height, or small.
-std::int32_t fittingSize(std::int32_t wanted, float height)
+/// The largest size up to the wanted one that takes at most half the height of what is shown and a
+/// quarter of its area, or small.
+std::int32_t fittingSize(std::int32_t wanted, QSize shown)
 {
     // Far beyond any panel, where counting down would take long.
     std::int32_t size = std::min(wanted, 1000);
     float side = 30.0F * static_cast<float>(size) + 30.0F;
-    while (side > 0.5F * height) {
+    while (side > 0.5F * static_cast<float>(shown.height())) {
         if (size == BadgeView::Medium)
             return BadgeView::Small;
         --size;
         side -= 30.0F;
+    }
+    while (size > BadgeView::Small && size <= BadgeView::Large) {
+        const int place = places.at(static_cast<std::size_t>(size)).side;
+        if (4 * place * place <= shown.width() * shown.height())
+            break;
+        --size;
     }
     return size;
 }
@@ -66,7 +74,10 @@ void ScreenyView::showSpaces()
     if (!m_elementRef || !settings.showSpaces)
         return;
     const int number = m_elementRef->getSpaceNumber();
-    if (number < 1 || number > lastSpace) {
+    // Numbers that are all the same, and that of where the user is, say nothing and cost a part of
+    // the pictures; in a small preview they cost too much.
+    const bool isWanted = settings.alwaysShowSpaces || m_host.doSpacesTell();
+    if (number < 1 || number > lastSpace || !isWanted || !m_background->isRoomy()) {
         hideSpaces();
         return;
     }
@@ -77,9 +88,8 @@ void ScreenyView::showSpaces()
         if (settings.spaceStyle == blueStyle)
             m_spaceView->badgeImage()->setImageName(u"SpaceBlue"_s);
     }
-    const auto width = static_cast<float>(m_window->frame().width());
-    const auto height = static_cast<float>(m_window->frame().height());
-    const std::int32_t size = fittingSize(settings.spaceSize, height);
+    const QRect shown = m_background->shownArea();
+    const std::int32_t size = fittingSize(settings.spaceSize, shown.size());
     // A size that there is no badge for: a panel too low for the smallest, or a setting that this
     // version does not know. A badge that was up would lie where the panel, larger then, had it.
     if (size < BadgeView::Small || size > BadgeView::Large) {
@@ -87,8 +97,9 @@ void ScreenyView::showSpaces()
         return;
     }
     const Place& place = places.at(static_cast<std::size_t>(size));
-    const QRectF frame(width - place.right, place.top - place.side, place.side, place.side);
-    m_spaceView->show(number, static_cast<BadgeView::Size>(size), frame.toRect());
+    m_spaceView->show(number, static_cast<BadgeView::Size>(size),
+                      {shown.x() + shown.width() - place.right, shown.y() + place.top - place.side,
+                       place.side, place.side});
     m_spaceView->raise();
 }
 

@@ -5,7 +5,10 @@
 
 #include <QtGui/QPainter>
 
+#include <utility>
+
 #include "preview/DisplayText.h"
+#include "preview/ElidedTitle.h"
 
 namespace lumbrix
 {
@@ -24,6 +27,14 @@ void TitleLabel::setText(const QString& text)
     m_text = line;
     m_elidedWidth = -1;
     m_naturalWidth = -1;
+    update();
+}
+
+void TitleLabel::setAlike(qsizetype characters)
+{
+    if (std::exchange(m_alike, characters) == characters)
+        return;
+    m_elidedWidth = -1;
     update();
 }
 
@@ -61,7 +72,7 @@ void TitleLabel::paintEvent(QPaintEvent*)
     const QRect line = rect().adjusted(padding(), 0, -padding(), 0);
     if (m_elidedWidth != line.width()) {
         m_elidedWidth = line.width();
-        m_elided = fontMetrics().elidedText(m_text, Qt::ElideRight, line.width());
+        m_elided = elidedTitle(m_text, m_alike, line.width(), fontMetrics());
     }
     painter.setPen(m_textColor);
     painter.drawText(line, Qt::AlignCenter | Qt::TextSingleLine, m_elided);

@@ -24,6 +24,8 @@ public:
     const QString& text() const { return m_text; }
     /// Any string; shown as displayText() returns it, never interpreted as markup.
     void setText(const QString& text);
+    /// The number of first characters that another title beside it begins with, too.
+    void setAlike(qsizetype characters);
     void setPixelSize(int size);
     /// The width that the whole text needs.
     int naturalWidth() const;
@@ -37,6 +39,7 @@ private:
     QString m_text;
     QColor m_textColor;
     QColor m_haloColor;
+    qsizetype m_alike = 0;
     QString m_elided; ///< m_text elided to m_elidedWidth; −1 = must be computed again
     int m_elidedWidth = -1;
     mutable int m_naturalWidth = -1;

@@ -857,6 +857,10 @@
         <translation>Nummer der Arbeits&amp;fläche eines Fensters zeigen</translation>
     </message>
     <message>
+        <source>Also where all windows are on the c&amp;urrent one</source>
+        <translation>Auch wo alle Fenster auf der a&amp;ktuellen sind</translation>
+    </message>
+    <message>
         <source>Number c&amp;olour:</source>
         <translation>Farb&amp;e der Nummer:</translation>
     </message>

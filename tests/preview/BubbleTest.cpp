@@ -42,6 +42,18 @@ TEST_F(Bubble, frame_isAroundTheRowAndNotSymmetric)
     EXPECT_EQ(panel().windowRole(), u"bubble"_s);
 }
 
+// A dark shape behind light panels looks like dirt.
+TEST_F(Bubble, colour_isThatOfTheRowsStyle)
+{
+    const auto lightness = [this](const QString& style) {
+        wrapper.positionAndShowBubble({preview({0, 0, 243, 190}, 1, style)});
+        return panel().overlayColor().lightness();
+    };
+    EXPECT_GT(lightness(u"ScreenyView"_s), 200);
+    EXPECT_EQ(lightness(u"ScreenyViewBlack"_s), 0);
+    EXPECT_GT(lightness(u"ScreenyViewBlue"_s), 0);
+}
+
 // What stuck out of its screen lay on the next one.
 TEST_F(Bubble, frame_aroundARowAsLongAsItsScreen_staysOnThatScreen)
 {

@@ -15,9 +15,10 @@ namespace lumbrix::test
 class PanelFixture : public DesktopFixture
 {
 protected:
-    ScreenyViewPtr preview(const QRectF& frame, int space = 1)
+    ScreenyViewPtr preview(const QRectF& frame, int space = 1,
+                           const QString& style = u"ScreenyView"_s)
     {
-        ScreenyViewPtr preview = ScreenyView::load(ports(), u"ScreenyView"_s, host);
+        ScreenyViewPtr preview = ScreenyView::load(ports(), style, host);
         SimulatedWindow description{u"A window"_s, QRectF(200, 100, 600, 400)};
         description.space = space;
         const WindowID window = desk.addWindow(pid, description);

@@ -27,6 +27,7 @@ public:
     std::vector<std::shared_ptr<SGHotKey>> hotKeys; ///< registered now
     PlayerState state = PlayerState::Unknown;
     bool hasPlayer = true;
+    bool doTheyTell = true;       ///< the numbers of Spaces
     ScreenyView* meant = nullptr; ///< by any click; null: the preview that is clicked
     QStringList log;
 
@@ -48,6 +49,7 @@ public:
                 return static_cast<int>(i);
         return -1;
     }
+    bool doSpacesTell() const override { return doTheyTell; }
     void addToCache(const ScreenyViewPtr& preview) override { cache.push_back(preview); }
     HotKeyCenter& hotKeyCenter() override { return *this; }
     PlayerControls& playerControls() override { return *this; }

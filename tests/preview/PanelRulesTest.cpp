@@ -12,6 +12,7 @@
 
 #include "platform/StringLiterals.h"
 #include "preview/DisplayText.h"
+#include "preview/ElidedTitle.h"
 #include "preview/NamedImage.h"
 #include "preview/RoundedPicture.h"
 #include "preview/ScreenyView.h"
@@ -129,7 +130,8 @@ TEST_F(Panel, everyStyle_hasItsPartsAtEverySize)
                 EXPECT_TRUE(all.contains(widget->geometry())) << qPrintable(widget->objectName());
             }
             EXPECT_GT(title->width(), 20);
-            EXPECT_FALSE(title->geometry().intersects(part(preview, "fastKeyButton")->geometry()));
+            const QWidget* key = part(preview, "fastKeyButton");
+            EXPECT_TRUE(key->isHidden() || !title->geometry().intersects(key->geometry()));
         }
     }
     EXPECT_FALSE(ScreenyView::load(ports(), u"NoSuchStyle"_s, host));
@@ -196,6 +198,30 @@ TEST_F(Panel, titles_areShownAsOneLineOfPlainText)
     preview->orderFront();
     preview->window()->grab();
     EXPECT_LE(part(preview, "title")->width(), 243);
+}
+
+TEST_F(Panel, titles_thatBeginAlike_areShownWhereTheyDiffer)
+{
+    const QStringList titles{u"Report of the branch - draft"_s, u"Report of the branch - final"_s,
+                             u"Report of the branch - final"_s, u"Letter"_s, u""_s};
+    const auto alike = charactersAlike(titles);
+    EXPECT_EQ(alike, (std::vector<qsizetype>{23, 23, 23, 0, 0}));
+    const QFontMetrics metrics{QFont()};
+    const int width = metrics.horizontalAdvance(u"Report of the br"_s);
+    const auto shown = [&](int i, int room) {
+        return elidedTitle(titles.at(i), alike[static_cast<std::size_t>(i)], room, metrics);
+    };
+    EXPECT_TRUE(shown(0, width).startsWith(u"Re"_s) && shown(0, width).endsWith(u"\u2026draft"_s))
+        << qPrintable(shown(0, width));
+    EXPECT_LE(metrics.horizontalAdvance(shown(0, width)), width);
+    EXPECT_NE(shown(0, width), shown(1, width));
+    EXPECT_EQ(shown(0, 2000), titles.at(0));
+    EXPECT_EQ(elidedTitle(titles.at(0), 3, width, metrics),
+              metrics.elidedText(titles.at(0), Qt::ElideRight, width))
+        << "the difference is seen as it is";
+    // Half a character is none.
+    const QString smile = QString(40, QLatin1Char('x')) + u"\U0001f600"_s;
+    EXPECT_TRUE(elidedTitle(smile, 41, width, metrics).isValidUtf16());
 }
 
 TEST_F(Panel, painting_happensOncePerChange_andNotWhileHeld)
@@ -286,6 +312,41 @@ TEST_F(Panel, mark_isARingOnEveryStyle_untilThePreviewGoes)
             preview->dismiss();
             EXPECT_FALSE(preview->isMarked());
         }
+    }
+}
+
+// A white ring on a white picture marks nothing.
+TEST_F(Panel, hover_isMarkedOnEveryStyleAsPlainlyAsOnTheLightOne_onAnyPicture)
+{
+    for (const Qt::GlobalColor colour : {Qt::white, Qt::black, Qt::gray}) {
+        QImage shown(600, 400, QImage::Format_RGB32);
+        shown.fill(colour);
+        const auto marked = [&](const char* style) {
+            const ScreenyViewPtr preview = load(QString::fromLatin1(style));
+            preview->setElementRef(element);
+            preview->setImage(shown);
+            preview->orderFront();
+            const QImage before = preview->window()->grab().toImage();
+            preview->mouseEntered();
+            part(preview, "closeButton")->hide();
+            const QImage after = preview->window()->grab().toImage();
+            int pixels = 0;
+            for (int y = 0; y < after.height(); ++y) {
+                for (int x = 0; x < after.width(); ++x) {
+                    const QColor a = before.pixelColor(x, y);
+                    const QColor b = after.pixelColor(x, y);
+                    pixels +=
+                        std::abs(a.red() - b.red()) > 80 || std::abs(a.blue() - b.blue()) > 80;
+                }
+            }
+            return pixels;
+        };
+        show();
+        const int light = marked("ScreenyView");
+        EXPECT_GT(light, 1500);
+        for (const char* style : {"ScreenyViewBlack", "ScreenyViewBorderless", "ScreenyViewBlue",
+                                  "ScreenyViewRed", "ScreenyViewGreen"})
+            EXPECT_GT(marked(style), light * 7 / 10) << style << colour;
     }
 }
 
@@ -651,8 +712,13 @@ TEST_F(Panel, shortcuts_areForTheFirstTen)
     EXPECT_EQ(label(0), u"\u23181"_s);
     EXPECT_EQ(label(9), u"\u23180"_s);
     EXPECT_EQ(label(10), QString());
+    // In a small preview the label gives way to the title, and the key works all the same.
+    previews[3]->window()->setFrame({0, 0, 119, 90});
+    EXPECT_EQ(label(3), QString());
     host.hotKeys[3]->action();
     expectCommands("key", raised);
+    previews[3]->window()->setFrame({0, 0, 120, 90});
+    EXPECT_EQ(label(3), u"\u23184"_s);
 
     previews[3]->rebirth();
     EXPECT_EQ(host.hotKeys.size(), 9u);

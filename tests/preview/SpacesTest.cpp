@@ -39,33 +39,47 @@ protected:
     }
 };
 
-TEST_F(SpacesBadge, sizes_shrinkUntilTheyTakeHalfThePanelAtMost)
+TEST_F(SpacesBadge, sizes_shrinkUntilTheyTakeHalfTheHeightAndAQuarterOfThePanelAtMost)
 {
     const struct {
         int size;
-        double height;
+        QSizeF panel;
         const char* expected; ///< distances from the panel's left and top
     } cases[] = {
-        {0, 190, "3@203,16 30x30"},
-        {1, 190, "3@173,13 60x60"},
-        {2, 190, "3@113,7 120x120"},
-        {2, 180, "3@113,7 120x120"}, // just fits
-        {2, 179, "3@173,13 60x60"},
-        {2, 119, "3@203,16 30x30"},
-        {1, 100, "3@203,16 30x30"},
-        {2, 50, "3@203,16 30x30"},   // from medium it stays small, however low the panel
-        {0, 59, ""},                 // no size to shrink to
-        {3, 190, "3@113,7 120x120"}, // unknown sizes shrink into the known ones ...
-        {3, 1000, ""},               // ... or are left alone
-        {-1, 190, ""},
-        {std::numeric_limits<std::int32_t>::max(), 190, "3@113,7 120x120"},
+        {0, {243, 190}, "3@203,16 30x30"},
+        {1, {243, 190}, "3@173,13 60x60"},
+        {2, {243, 190}, "3@173,13 60x60"},  // large would take almost a third
+        {2, {320, 180}, "3@190,7 120x120"}, // just fits
+        {2, {319, 180}, "3@249,13 60x60"},  // takes more than a quarter
+        {2, {400, 179}, "3@330,13 60x60"},  // more than half the height
+        {2, {243, 119}, "3@203,16 30x30"},
+        {1, {243, 100}, "3@203,16 30x30"},
+        {2, {243, 50}, "3@203,16 30x30"}, // from medium it stays small, however low the panel
+        {0, {243, 59}, ""},               // no size to shrink to
+        {0, {120, 90}, "3@80,16 30x30"},
+        {0, {119, 90}, ""},                 // gives way to the picture
+        {3, {320, 190}, "3@190,7 120x120"}, // unknown sizes shrink into the known ones ...
+        {3, {243, 1000}, ""},               // ... or are left alone
+        {-1, {243, 190}, ""},
+        {std::numeric_limits<std::int32_t>::max(), {320, 190}, "3@190,7 120x120"},
     };
-    for (const auto& [size, height, expected] : cases) {
+    for (const auto& [size, panel, expected] : cases) {
         host.settingsMirror.spaceSize = size;
-        const ScreenyViewPtr panel = preview({10, 20, 243, height}, 3);
-        panel->showSpaces();
-        EXPECT_EQ(badge(*panel), QString::fromLatin1(expected)) << size << " " << height;
+        const ScreenyViewPtr shown = preview({{10, 20}, panel}, 3);
+        shown->showSpaces();
+        EXPECT_EQ(badge(*shown), QString::fromLatin1(expected))
+            << size << " " << panel.width() << "x" << panel.height();
     }
+}
+
+TEST_F(SpacesBadge, withoutABody_liesOnThePicture)
+{
+    const ScreenyViewPtr shown = preview({0, 0, 243, 190}, 3, u"ScreenyViewBorderless"_s);
+    shown->showSpaces();
+    shown->setImage(QImage(300, 400, QImage::Format_RGB32));
+    EXPECT_EQ(badge(*shown), u"3@154,16 30x30"_s) << "of a picture from 63 to 191";
+    shown->setImage(QImage(100, 400, QImage::Format_RGB32));
+    EXPECT_EQ(badge(*shown), QString()) << "too narrow for it";
 }
 
 TEST_F(SpacesBadge, numbers_onlyFromOneToFiftyNine)
@@ -85,9 +99,20 @@ TEST_F(SpacesBadge, numbers_onlyFromOneToFiftyNine)
     // Or when the panel becomes too low for any.
     panel->setElementRef(preview({0, 0, 243, 190}, 7)->elementRef());
     panel->showSpaces();
-    panel->window()->setFrame({0, 0, 70, 59});
+    panel->window()->setFrame({0, 0, 130, 59});
     panel->showSpaces();
     EXPECT_EQ(badge(*panel), QString());
+
+    // Or when it tells nothing any more, unless it is wanted always.
+    panel->window()->setFrame({0, 0, 243, 190});
+    for (const int always : {0, 1}) {
+        panel->showSpaces();
+        host.settingsMirror.alwaysShowSpaces = always;
+        host.doTheyTell = false;
+        panel->showSpaces();
+        EXPECT_EQ(badge(*panel).isEmpty(), always == 0);
+        host.doTheyTell = true;
+    }
 
     host.settingsMirror.showSpaces = 0;
     const ScreenyViewPtr without = preview({0, 0, 243, 190}, 7);

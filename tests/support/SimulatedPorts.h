@@ -82,6 +82,7 @@ public:
     std::optional<QRectF> windowBounds(WindowID window) override;
     std::optional<int> windowWorkspace(WindowID window) override;
     bool isOnAllWorkspaces(WindowID window) override;
+    int currentWorkspace() override { return m_state.locked()->currentSpace; }
     std::vector<WindowID> workspaceWindowList(int workspace) override;
     QImage captureWindow(WindowID window, QSize limit) override;
     /// Not exact: with more green in the first pixel.

@@ -92,6 +92,8 @@ bool X11WindowServer::isOnAllWorkspaces(WindowID id)
     return window && window->isOnAllDesktops;
 }
 
+int X11WindowServer::currentWorkspace() { return m_tracker.currentDesktop() + 1; }
+
 std::vector<WindowID> X11WindowServer::workspaceWindowList(int workspace)
 {
     std::vector<WindowID> list;

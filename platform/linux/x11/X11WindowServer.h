@@ -40,6 +40,7 @@ public:
     std::optional<QRectF> windowBounds(WindowID window) override;
     std::optional<int> windowWorkspace(WindowID window) override;
     bool isOnAllWorkspaces(WindowID window) override;
+    int currentWorkspace() override;
     std::vector<WindowID> workspaceWindowList(int workspace) override;
     QImage captureWindow(WindowID window, QSize limit) override;
     QImage captureMovingWindow(WindowID window, QSize limit) override;
