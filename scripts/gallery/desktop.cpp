@@ -1,14 +1,16 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// Pictures of what previews and windows look like on a real desktop, to look at.
+// Pictures of what previews and windows look like on a real desktop, for the documents.
 //
 //   desktop_gallery FOLDER
 //
-// Writes FOLDER/space-numbers.png and so on.
+// Writes FOLDER/hover.png and so on.
 #include <QtCore/QCoreApplication>
-#include <QtCore/QDate>
+#include <QtCore/QDateTime>
 #include <QtCore/QDir>
+#include <QtCore/QFile>
+#include <QtCore/QTimeZone>
 #include <QtGui/QPainter>
 
 #include <algorithm>
@@ -18,12 +20,22 @@
 
 #include "Desk.h"
 #include "Keys.h"
+#include "Scene.h"
 
 using namespace lumbrix::privatedesk;
 using namespace Qt::StringLiterals;
 
 namespace
 {
+
+/// The time zone where it is just past eight now, so that the whole day is still to come.
+QTimeZone morning()
+{
+    const int hours = (8 - QDateTime::currentDateTimeUtc().time().hour() + 35) % 24 - 11;
+    // Such a zone is named by what has to be added to its time.
+    return QTimeZone(
+        u"Etc/GMT%1%2"_s.arg(hours > 0 ? u"-"_s : u"+"_s).arg(std::abs(hours)).toLatin1());
+}
 
 /// Pictures side by side, in rows of so many, on white.
 QImage sheetOf(const std::vector<QImage>& pictures, int columns)
@@ -44,21 +56,49 @@ QImage sheetOf(const std::vector<QImage>& pictures, int columns)
     return sheet;
 }
 
-/// So many events that are on from yesterday to tomorrow.
+/// Today's: so many events, one an hour.
 QByteArray calendarOf(int events, const QByteArray& colour)
 {
     const QStringList titles{u"Breakfast with Ada"_s, u"Planning"_s, u"Dentist"_s, u"Lunch"_s,
                              u"Call about the very long contract of the new house by the sea"_s};
-    const auto day = [](int distance) {
-        return QDate::currentDate().addDays(distance).toString(u"yyyyMMdd"_s).toLatin1();
-    };
+    const QByteArray day = QDateTime::currentDateTimeUtc()
+                               .toTimeZone(morning())
+                               .date()
+                               .toString(u"yyyyMMdd"_s)
+                               .toLatin1();
+    const auto hour = [](int number) { return QByteArray::number(number).rightJustified(2, '0'); };
     QByteArray text = "BEGIN:VCALENDAR\r\nVERSION:2.0\r\nX-APPLE-CALENDAR-COLOR:" + colour + "\r\n";
     for (int i = 0; i < events; ++i)
         text += "BEGIN:VEVENT\r\nUID:" + colour + QByteArray::number(i) +
-                "\r\nSUMMARY:" + titles.at(i % titles.size()).toUtf8() +
-                "\r\nDTSTART;VALUE=DATE:" + day(-1) + "\r\nDTEND;VALUE=DATE:" + day(2) +
-                "\r\nEND:VEVENT\r\n";
+                "\r\nSUMMARY:" + titles.at(i % titles.size()).toUtf8() + "\r\nDTSTART:" + day +
+                'T' + hour(9 + i) + "3000\r\nDTEND:" + day + 'T' + hour(10 + i) +
+                "1500\r\nEND:VEVENT\r\n";
     return text + "END:VCALENDAR\r\n";
+}
+
+/// The row and a preview of it in full size, and a player's.
+void everyday(const QString& folder)
+{
+    Scene scene({1280, 800});
+    Display& display = scene.display();
+    scene.startLumbrix();
+    const auto save = [&](const char* name, const QRect& area) {
+        scene.settle();
+        const QString path = folder + u'/' + QLatin1String(name) + u".png"_s;
+        std::cout << qPrintable(path) << (scene.look(area).save(path) ? "\n" : " not written\n");
+    };
+    const QRect all(QPoint(), display.size());
+    display.moveTo(scene.terminalIcon());
+    scene.preview("Changes");
+    save("hover", all);
+    display.moveTo(scene.preview("System monitor"));
+    scene.wait("the full size", [&] { return scene.isZoomed(); });
+    save("preview-hovered", all);
+    display.moveTo(scene.rest());
+    scene.wait("no previews", [&] { return display.previews().empty(); });
+    display.moveTo(scene.playerIcon());
+    display.moveTo(scene.preview("Ann - First Song"));
+    save("media-controls", display.previews().front().geometry.adjusted(-30, -30, 30, 80));
 }
 
 class Gallery
@@ -66,6 +106,12 @@ class Gallery
 public:
     explicit Gallery(QString folder) : m_folder(std::move(folder))
     {
+        // The calendars' time of day; everything else is the same at any time.
+        const QString program = m_desk.session().path(u"lumbrix-in-the-morning"_s);
+        m_desk.session().write(program, "#!/bin/sh\nTZ=" + morning().id() + " exec " +
+                                            lumbrixBinary().toUtf8() + '\n');
+        QFile::setPermissions(program, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+        qputenv("LUMBRIX_BINARY", program.toUtf8());
         m_desk.session().installApplication(m_calendar, u"Calendar"_s, u"Org.gnome.Calendar"_s,
                                             u"true"_s, Qt::magenta);
     }
@@ -92,12 +138,45 @@ public:
 
     void bubbles()
     {
+        std::vector<QImage> pictures;
         for (const int count : {1, 5}) {
             const auto alpha = open(u"alpha"_s, count);
             start({});
-            save("bubble-" + QByteArray::number(count), hover(*alpha, count));
+            pictures.push_back(hover(*alpha, count));
             m_desk.park();
         }
+        save("bubbles", sheetOf(pictures, 1));
+    }
+
+    void windowCounts()
+    {
+        const auto alpha = open(u"alpha"_s, 3);
+        const auto beta = open(u"beta"_s, 12);
+        const auto gamma = open(u"gamma"_s, 1);
+        std::vector<QImage> pictures;
+        for (const char* colour : {"#0a53beff", "#b42828ff", "#b0a030ff"}) {
+            start({{u"badgeDock"_s, u"1"_s},
+                   {u"winBadgeColor"_s, u"@data(%1)"_s.arg(QLatin1String(colour))}});
+            wait("counts", [this] { return display().badges().size() == 3; });
+            settle();
+            QRect area;
+            for (const Panel& badge : display().badges())
+                area |= badge.geometry;
+            pictures.push_back(display().picture(area.adjusted(-60, -50, 30, 15)));
+        }
+        save("window-counts", sheetOf(pictures, 3));
+    }
+
+    void privateWindows()
+    {
+        const auto alpha = open(u"alpha"_s, 2);
+        m_desk.stopLumbrix();
+        m_desk.session().write(settingsPath(m_desk.session()),
+                               "[General]\nfirstRun=1\nbadgeDockIconsFirstRun=1\nshowInDock=1\n"
+                               "windowWidth=243\nwindowHeight=190\npreviewStyle=1\nshowFastKeys=1\n"
+                               "shouldBubbleWrap=1\n[privateApplications]\nalpha=1\n");
+        m_desk.startLumbrixAgain(*alpha);
+        save("private", hover(*alpha, 2));
     }
 
     void calendars()
@@ -225,9 +304,12 @@ int main(int argc, char** argv)
         std::cerr << "usage: desktop_gallery FOLDER\n";
         return 2;
     }
+    everyday(arguments.at(1));
     Gallery gallery(arguments.at(1));
     gallery.spaceNumbers();
     gallery.bubbles();
+    gallery.windowCounts();
+    gallery.privateWindows();
     gallery.calendars();
     gallery.sheets();
     return 0;

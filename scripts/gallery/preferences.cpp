@@ -76,7 +76,7 @@ int main(int argc, char* argv[])
         return 2;
     QApplication::setStyle(QStyleFactory::create(u"Fusion"_s));
     QApplication::setPalette(QApplication::style()->standardPalette());
-    QApplication::setApplicationVersion(u"1.0"_s);
+    QApplication::setApplicationVersion(QStringLiteral(LUMBRIX_VERSION));
 
     platform::QtRunLoop runLoop;
     test::SimulatedDesktop desk(runLoop);

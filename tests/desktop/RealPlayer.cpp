@@ -10,7 +10,6 @@
 #include <QtCore/QtEndian>
 #include <QtDBus/QDBusArgument>
 #include <QtDBus/QDBusMessage>
-#include <QtGui/QImage>
 
 #include <cmath>
 #include <unistd.h>
@@ -65,15 +64,18 @@ void writeSong(const QString& path, const QByteArray& artist, const QByteArray& 
                                  chunk("data", samples)));
 }
 
-RealPlayer::RealPlayer(Session& session, const QString& name)
+RealPlayer::RealPlayer(Session& session, const QString& name, const QImage& cover)
     : m_session(session), m_name(name),
       m_bus(QDBusConnection::connectToBus(session.busAddress(), name))
 {
     writeSong(m_folder.filePath(u"1.wav"_s), "Ann", "First Song", 440);
     writeSong(m_folder.filePath(u"2.wav"_s), "Bob", "Second Song", 330);
-    QImage cover(400, 400, QImage::Format_RGB32);
-    cover.fill(QColor(150, 20, 30));
-    cover.save(m_folder.filePath(u"cover.png"_s));
+    QImage picture = cover;
+    if (picture.isNull()) {
+        picture = QImage(400, 400, QImage::Format_RGB32);
+        picture.fill(QColor(150, 20, 30));
+    }
+    picture.save(m_folder.filePath(u"cover.png"_s));
 }
 
 RealPlayer::~RealPlayer()
@@ -82,11 +84,11 @@ RealPlayer::~RealPlayer()
     QDBusConnection::disconnectFromBus(m_name);
 }
 
-std::unique_ptr<RealPlayer> RealPlayer::audacious(Session& session)
+std::unique_ptr<RealPlayer> RealPlayer::audacious(Session& session, const QImage& cover)
 {
     if (!isInstalled("audacious"))
         return nullptr;
-    std::unique_ptr<RealPlayer> player(new RealPlayer(session, u"audacious"_s));
+    std::unique_ptr<RealPlayer> player(new RealPlayer(session, u"audacious"_s, cover));
     // A machine without a sound card still has the output that only keeps time.
     QByteArray registry = "format 11\n";
     for (const QString& library : QDir(u"/usr/lib"_s).entryList(QDir::Dirs)) {

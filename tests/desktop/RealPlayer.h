@@ -6,6 +6,7 @@
 
 #include <QtCore/QTemporaryDir>
 #include <QtDBus/QDBusConnection>
+#include <QtGui/QImage>
 
 #include <memory>
 #include <optional>
@@ -18,13 +19,13 @@ namespace lumbrix::privatedesk
 /// Writes one minute of a tone as a sound file with these names inside.
 void writeSong(const QString& path, const QByteArray& artist, const QByteArray& title, int hertz);
 
-/// Main thread. The songs are "Ann - First Song" and "Bob - Second Song"; beside them lies a red
-/// cover picture. The player ends with this.
+/// Main thread. The songs are "Ann - First Song" and "Bob - Second Song"; beside them lies a cover
+/// picture, red unless another is given. The player ends with this.
 class RealPlayer
 {
 public:
     /// Null when the program is not installed.
-    static std::unique_ptr<RealPlayer> audacious(Session& session);
+    static std::unique_ptr<RealPlayer> audacious(Session& session, const QImage& cover = {});
     /// As another user where we are root, whom it refuses.
     static std::unique_ptr<RealPlayer> vlc(Session& session);
     ~RealPlayer();
@@ -38,7 +39,7 @@ public:
     QString title(); ///< of its track
 
 private:
-    RealPlayer(Session& session, const QString& name);
+    RealPlayer(Session& session, const QString& name, const QImage& cover = {});
     QVariant property(const QString& name);
 
     Session& m_session;
