@@ -5,6 +5,7 @@
 
 #include <QtCore/QJsonDocument>
 #include <QtCore/QLocale>
+#include <QtCore/QStringConverter>
 
 #include <algorithm>
 #include <cmath>
@@ -77,6 +78,14 @@ QByteArray unescape(const QByteArray& text)
     return result;
 }
 
+/// The toolkit otherwise takes a byte order mark off the front, which here is a part of the text.
+QString textOf(const QByteArray& utf8)
+{
+    using Flag = QStringDecoder::Flag;
+    QStringDecoder decoder(QStringDecoder::Utf8, Flag::ConvertInitialBom | Flag::Stateless);
+    return decoder(utf8);
+}
+
 QByteArray quoted(const QByteArray& text) { return '"' + escape(text, "\"") + '"'; }
 
 bool hasWrapper(const QByteArray& text, const char* start)
@@ -124,6 +133,8 @@ QByteArray encodeString(const QString& value)
 QByteArray encodeName(const QString& name)
 {
     QByteArray text = escape(name.toUtf8(), "=[]#;");
+    if (text.startsWith("\xEF\xBB\xBF")) // at the start of a line it would be the file's
+        text.replace(0, 3, "\\xef\\xbb\\xbf");
     if (text.startsWith(' '))
         text.replace(0, 1, "\\s");
     if (text.endsWith(' '))
@@ -131,7 +142,7 @@ QByteArray encodeName(const QString& name)
     return text;
 }
 
-QString decodeName(const QByteArray& text) { return QString::fromUtf8(unescape(text)); }
+QString decodeName(const QByteArray& text) { return textOf(unescape(text)); }
 
 QByteArray encode(const QVariant& value)
 {
@@ -183,7 +194,7 @@ QVariant decode(const QByteArray& text)
         return list.isEmpty() ? QVariant() : list.first();
     }
     const QByteArray inner = isQuoted(text) ? text.mid(1, text.size() - 2) : text;
-    return QString::fromUtf8(unescape(inner));
+    return textOf(unescape(inner));
 }
 
 QByteArray encodeFloat(float value)
@@ -268,7 +279,7 @@ std::optional<QStringList> toArray(const QByteArray& text)
         if (quotes && end >= text.size())
             return std::nullopt; // an opened quote that never closes
         const QByteArray part = text.mid(start, end - start);
-        result.append(QString::fromUtf8(unescape(quotes ? part : part.trimmed())));
+        result.append(textOf(unescape(quotes ? part : part.trimmed())));
         at = quotes ? text.indexOf(',', end) : std::min(end, text.size());
         at = at < 0 ? text.size() : at + 1;
     }
