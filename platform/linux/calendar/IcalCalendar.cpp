@@ -51,10 +51,11 @@ Contents readCalendar(QIODevice& text, const Window& window, const QTimeZone& lo
     ZoneTable zones(local);
     for (const ComponentPtr& definition : definitions)
         zones.define(definition.get());
+    FruitlessRules fruitless;
     for (const auto& series : seriesOf(events)) {
         if (stop() || contents.occurrences.size() >= maxOccurrences)
             break;
-        auto found = expand(series, zones, window, stop);
+        auto found = expand(series, zones, window, fruitless, stop);
         std::move(found.begin(), found.end(), std::back_inserter(contents.occurrences));
     }
     std::stable_sort(contents.occurrences.begin(), contents.occurrences.end(),

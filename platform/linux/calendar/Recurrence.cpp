@@ -8,7 +8,6 @@
 #include <set>
 
 #include "platform/linux/calendar/EventTimes.h"
-#include "platform/linux/calendar/RuleTimes.h"
 
 namespace lumbrix::platform::ical
 {
@@ -81,7 +80,8 @@ public:
     {
     }
 
-    std::vector<Occurrence> within(const Window& window, Exceptions exceptions, const Stop& stop)
+    std::vector<Occurrence> within(const Window& window, Exceptions exceptions,
+                                   FruitlessRules& fruitless, const Stop& stop)
     {
         m_window = window;
         // The local times that can fall into the window.
@@ -96,8 +96,9 @@ public:
         // The first occurrence counts even if the rules do not produce it.
         addUnless(exceptions, m_start.wall, m_length);
         forEachProperty(m_event, ICAL_RRULE_PROPERTY, [&](icalproperty* property) {
-            for (const icaltimetype& time : ruleTimes(onOwnClock(icalproperty_get_rrule(property)),
-                                                      m_start.wall, m_from, m_until, stop))
+            for (const icaltimetype& time :
+                 ruleTimes(onOwnClock(icalproperty_get_rrule(property)), m_start.wall, m_from,
+                           m_until, fruitless, stop))
                 addUnless(exceptions, time, m_length);
         });
         forEachProperty(m_event, ICAL_RDATE_PROPERTY,
@@ -201,7 +202,7 @@ bool mayMatter(icalcomponent* event, const Window& window)
 }
 
 std::vector<Occurrence> expand(const std::vector<icalcomponent*>& series, ZoneTable& zones,
-                               const Window& window, const Stop& stop)
+                               const Window& window, FruitlessRules& fruitless, const Stop& stop)
 {
     const auto startOf = [&zones](icalcomponent* event) {
         return writtenIn(event, ICAL_DTSTART_PROPERTY, icalproperty_get_dtstart, zones);
@@ -220,7 +221,7 @@ std::vector<Occurrence> expand(const std::vector<icalcomponent*>& series, ZoneTa
         const auto start = startOf(event);
         if (!start || isCancelled(event) || result.size() >= maxOccurrences || stop())
             return;
-        auto found = Event(event, *start, zones).within(window, exceptions, stop);
+        auto found = Event(event, *start, zones).within(window, exceptions, fruitless, stop);
         std::move(found.begin(), found.end(), std::back_inserter(result));
     };
     Exceptions replaced;

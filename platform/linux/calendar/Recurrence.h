@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "platform/linux/calendar/IcalHandles.h"
+#include "platform/linux/calendar/RuleTimes.h"
 #include "platform/linux/calendar/WallTime.h"
 
 namespace lumbrix::platform::ical
@@ -38,8 +39,8 @@ using Stop = std::function<bool()>;
 
 /// The occurrences that overlap the window, for events with the same UID (an event and the
 /// exceptions to its rule) or for a single event. Not sorted. A single event has at most a tenth of
-/// maxOccurrences, so that it does not displace others.
+/// maxOccurrences, so that it does not displace others. `fruitless` is of the whole file.
 std::vector<Occurrence> expand(const std::vector<icalcomponent*>& series, ZoneTable& zones,
-                               const Window& window, const Stop& stop);
+                               const Window& window, FruitlessRules& fruitless, const Stop& stop);
 
 } // namespace lumbrix::platform::ical

@@ -89,23 +89,27 @@ bool isManageable(const icalrecurrencetype& rule, WallSeconds length)
 } // namespace
 
 std::vector<icaltimetype> ruleTimes(icalrecurrencetype rule, const icaltimetype& start,
-                                    WallSeconds from, WallSeconds until,
+                                    WallSeconds from, WallSeconds until, FruitlessRules& fruitless,
                                     const std::function<bool()>& stop)
 {
     std::vector<icaltimetype> times;
     const icaltimetype first = skipAhead(rule, start, from);
-    if (stop() || !isManageable(rule, until - wallSecondsOf(first)))
+    if (stop() || fruitless.areTooMany() || !isManageable(rule, until - wallSecondsOf(first)))
         return times;
     if (icaltime_is_null_time(rule.until) || wallSecondsOf(rule.until) > until)
         rule.until = timeOfWallSeconds(until, false);
     rule.until.is_date = start.is_date;
+    if (wallSecondsOf(rule.until) < wallSecondsOf(first))
+        return times; // over before it begins, or not begun yet
     const IteratorPtr iterator(icalrecur_iterator_new(rule, first));
+    bool isFruitful = false;
     for (int step = 1; iterator && step <= maxSteps && times.size() < maxTimes; ++step) {
         if (step % 256 == 0 && stop())
             break;
         const icaltimetype time = icalrecur_iterator_next(iterator.get());
         if (icaltime_is_null_time(time))
             break;
+        isFruitful = true;
         // Before 1752 the library's years have days that ours do not: the 29th of February of 700.
         if (!isUsable(time))
             continue;
@@ -114,6 +118,8 @@ std::vector<icaltimetype> ruleTimes(icalrecurrencetype rule, const icaltimetype&
         if (wallSecondsOf(time) >= from)
             times.push_back(time);
     }
+    if (!isFruitful)
+        fruitless.note();
     return times;
 }
 

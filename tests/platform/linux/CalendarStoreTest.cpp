@@ -301,6 +301,19 @@ TEST_F(CalendarStoreTest, occurrencesWithoutNumber_areCutShortAndShareTheirTitle
     EXPECT_LE(titles.size(), 51U);
 }
 
+// Each may take the library seconds, in which it cannot be stopped.
+TEST_F(CalendarStoreTest, rulesThatNeverComeTrue_areFollowedAFewTimesOnly)
+{
+    const QByteArray never = "DTSTART:20260301T100000\nRRULE:FREQ=YEARLY;BYYEARDAY=366;BYMONTH=1";
+    const QByteArray over = "DTSTART:20260301T100000\nRRULE:FREQ=DAILY;UNTIL=20260215T000000";
+    const QByteArray monthly = "SUMMARY:a\nDTSTART:20260210T100000\nRRULE:FREQ=MONTHLY";
+    for (const int count : {9, 10}) {
+        writeEvents(m_own + u"a.ics"_s, QByteArrayList(count, never) + QByteArrayList(20, over) +
+                                            QByteArrayList{monthly});
+        EXPECT_EQ(eventsOn({2026, 3, 10}), count == 9 ? u"10:00-10:00 a"_s : QString());
+    }
+}
+
 TEST_F(CalendarStoreTest, calendars_areFilesFoldersAndThoseOfOtherPrograms)
 {
     EXPECT_EQ(m_store.calendars().error, CalendarError::NotReady);
