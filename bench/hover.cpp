@@ -14,18 +14,20 @@
 #include <cstdio>
 #include <functional>
 #include <map>
-#include <xcb/xtest.h>
 
 #include "Desk.h"
+#include "support/Arrival.h"
 #include "support/BareCopy.h"
-#include "support/PaintWatch.h"
+#include "support/Hand.h"
 #include "support/Program.h"
 
 using namespace lumbrix::privatedesk;
+using lumbrix::bench::Arrival;
+using lumbrix::bench::ArrivalTimes;
 using lumbrix::bench::BareCopy;
 using lumbrix::bench::Clock;
-using lumbrix::bench::PaintWatch;
 using lumbrix::bench::Program;
+using lumbrix::bench::quantile;
 
 namespace
 {
@@ -36,7 +38,6 @@ using Milliseconds = std::chrono::duration<double, std::milli>;
 
 constexpr QSize usualSize(1280, 800);
 constexpr QSize largeSize(3840, 2160);
-constexpr auto quiet = 100ms;
 constexpr std::uint8_t tabKey = 23; // the evdev key codes of Xvfb's keyboard
 constexpr std::uint8_t altKey = 64;
 
@@ -47,15 +48,6 @@ struct Figures {
     int wrong = 0;
 };
 
-double quantile(std::vector<double> values, double part)
-{
-    if (values.empty())
-        return 0;
-    std::sort(values.begin(), values.end());
-    return values[static_cast<std::size_t>(
-        std::lround(part * static_cast<double>(values.size() - 1)))];
-}
-
 double median(const std::vector<double>& values) { return quantile(values, 0.5); }
 
 class Hovering
@@ -65,7 +57,7 @@ public:
         : m_trials(trials), m_isVerbose(isVerbose),
           m_desk(
               {"bench_hover", DockKind::Plank, Edge::Bottom, {screen, WindowManager::Xfwm4, true}}),
-          m_display(m_desk.display()), m_watch(m_display.name())
+          m_display(m_desk.display()), m_arrival(m_display)
     {
         m_desk.startLumbrix({{u"displayDelay"_s, u"0"_s}});
     }
@@ -143,33 +135,8 @@ private:
             m_display.waitFor([] { return false; }, report);
             t = std::min(1.0, std::chrono::duration<double>(Clock::now() - start) / duration);
             const double part = t * t * t * (10 - 15 * t + 6 * t * t);
-            send(XCB_MOTION_NOTIFY, 0, from + (way * part).toPoint());
+            m_arrival.send(XCB_MOTION_NOTIFY, 0, from + (way * part).toPoint());
         }
-    }
-
-    void send(std::uint8_t type, std::uint8_t detail, QPoint at = {})
-    {
-        xcb_test_fake_input(m_display.connection(), type, detail, XCB_CURRENT_TIME,
-                            m_display.root(), static_cast<std::int16_t>(at.x()),
-                            static_cast<std::int16_t>(at.y()), 0);
-        xcb_flush(m_display.connection());
-    }
-
-    /// Waits until nothing was mapped or painted for a while, and then for what is to be seen.
-    void settle(const std::function<bool()>& isSeen = [] { return true; })
-    {
-        m_display.waitFor([&] { return Clock::now() - m_watch.lastEvent() > quiet && isSeen(); },
-                          2s);
-    }
-
-    /// Asks the server, so not while something is measured.
-    bool arePainted(std::size_t count)
-    {
-        const auto shown = m_display.previews();
-        const auto painted = m_watch.paintedWindows();
-        return shown.size() == count && std::ranges::all_of(shown, [&](const Panel& panel) {
-                   return painted.contains(panel.id);
-               });
     }
 
     Figures hover(const Application& application, const std::function<void()>& prepare,
@@ -180,19 +147,13 @@ private:
             m_desk.park();
             m_display.waitFor([this] { return m_display.panels().empty(); }, 5s);
             prepare();
-            settle();
+            m_arrival.settle();
             approach();
-            m_watch.clear();
-            const auto start = Clock::now();
-            send(XCB_MOTION_NOTIFY, 0, m_icon);
-            // Looked at only after everything happened, so as not to disturb it.
-            settle([&] { return arePainted(application.windows().size()); });
-            const auto shown = m_display.previews();
-            note(figures, start, [&shown](xcb_window_t window) {
-                return std::ranges::any_of(
-                    shown, [window](const Panel& panel) { return panel.id == window; });
-            });
-            if (!isRight(application, shown))
+            m_arrival.begin();
+            m_arrival.send(XCB_MOTION_NOTIFY, 0, m_icon);
+            m_arrival.awaitPreviews(application.windows().size());
+            note(figures, m_arrival.timesOfPreviews(m_isVerbose));
+            if (!isRight(application, m_display.previews()))
                 ++figures.wrong;
         }
         m_desk.park();
@@ -203,54 +164,27 @@ private:
     {
         Figures figures;
         for (int i = 0; i < m_trials; ++i) {
-            settle();
-            send(XCB_KEY_PRESS, altKey);
-            m_watch.clear();
-            const auto start = Clock::now();
-            send(XCB_KEY_PRESS, tabKey);
-            settle([this] { return !m_watch.paintedWindows().empty(); });
-            const std::size_t before = figures.painted.size();
-            note(figures, start, [](xcb_window_t) { return true; });
-            if (figures.painted.size() == before)
+            m_arrival.settle();
+            m_arrival.send(XCB_KEY_PRESS, altKey);
+            m_arrival.begin();
+            m_arrival.send(XCB_KEY_PRESS, tabKey);
+            m_arrival.settle([this] { return m_arrival.hasPaintedAny(); });
+            if (!note(figures, m_arrival.times([](xcb_window_t) { return true; }, m_isVerbose)))
                 ++figures.wrong;
-            send(XCB_KEY_RELEASE, tabKey);
-            send(XCB_KEY_RELEASE, altKey);
+            m_arrival.send(XCB_KEY_RELEASE, tabKey);
+            m_arrival.send(XCB_KEY_RELEASE, altKey);
         }
         return figures;
     }
 
-    void note(Figures& figures, Clock::time_point start,
-              const std::function<bool(xcb_window_t)>& counts)
+    static bool note(Figures& figures, const std::optional<ArrivalTimes>& times)
     {
-        double mapped = 0;
-        double painted = 0;
-        std::map<xcb_window_t, double> firsts;
-        if (m_isVerbose)
-            std::printf("   ");
-        for (const PaintWatch::Event& event : m_watch.events()) {
-            if (!counts(event.window))
-                continue;
-            const double time = Milliseconds(event.at - start).count();
-            if (m_isVerbose)
-                std::printf(" %c%x@%.2f", "mup"[static_cast<int>(event.kind)],
-                            event.window & 0xffffU, time);
-            if (event.kind == PaintWatch::Event::Kind::Mapped)
-                mapped = time;
-            else if (event.kind == PaintWatch::Event::Kind::Painted) {
-                painted = time;
-                firsts.try_emplace(event.window, time);
-            }
-        }
-        if (m_isVerbose)
-            std::printf("\n");
-        if (mapped == 0 || painted == 0)
-            return;
-        figures.mapped.push_back(mapped);
-        figures.painted.push_back(painted);
-        double first = 0;
-        for (const auto& [window, time] : firsts)
-            first = std::max(first, time);
-        figures.first.push_back(first);
+        if (!times)
+            return false;
+        figures.mapped.push_back(times->mapped);
+        figures.first.push_back(times->first);
+        figures.painted.push_back(times->painted);
+        return true;
     }
 
     bool isRight(const Application& application, const std::vector<Panel>& shown)
@@ -290,7 +224,7 @@ private:
     bool m_isVerbose; ///< prints when each window was mapped (m) and painted (p)
     Desk m_desk;
     Display& m_display;
-    PaintWatch m_watch;
+    Arrival m_arrival;
     QPoint m_icon;
     double m_bare = 0;
     double m_yardstick = 0;

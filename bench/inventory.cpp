@@ -1,8 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// What a scan of all windows costs, and how that grows with their number. The yardstick is what no
-// scan can do without: the window list once, and what each window says of itself.
+// What a scan of all windows costs, and how that grows with their number, on the simulated desktop
+// and on a real server. The yardstick is what no scan can do without: the window list once, and
+// what each window says of itself.
 //
 // The simulated desktop looks through all windows for those of one application, so the bare reads
 // grow faster than the windows do when the applications grow with them. What a scan adds shows in
@@ -10,50 +11,48 @@
 
 #include <benchmark/benchmark.h>
 
+#include <QtGui/QGuiApplication>
+
 #include <cmath>
 #include <cstdio>
 #include <map>
 #include <string>
+#include <tuple>
+#include <utility>
 
+#include "inventory/Scene.h"
 #include "model/AXNames.h"
 #include "model/AXRead.h"
-#include "model/WindowInventory.h"
-#include "platform/StringLiterals.h"
-#include "tests/support/SimulatedDesktop.h"
-#include "tests/support/VirtualRunLoop.h"
+#include "platform/Workspace.h"
 
-namespace lumbrix::test
+namespace lumbrix::bench
 {
 namespace
 {
 
 constexpr int windowsPerApplication = 5;
 
-/// A desktop of so many windows, `windowsEach` to an application.
-class Scene : public InventoryObserver
+using MakeScene = std::unique_ptr<Scene> (*)(std::int64_t windows, std::int64_t windowsEach);
+
+/// Kept from one measurement to the next, as a server takes its time to start.
+std::unique_ptr<Scene> keptScene;
+
+Scene& sceneOf(MakeScene make, std::int64_t windows, std::int64_t windowsEach)
 {
-public:
-    explicit Scene(std::int64_t windows, std::int64_t windowsEach = windowsPerApplication)
-    {
-        for (std::int64_t i = 0; i < windows; ++i) {
-            if (i % windowsEach == 0)
-                last = desk.addApplication({u"Application %1"_s.arg(i)});
-            const auto place = static_cast<double>(i);
-            desk.addWindow(last, {u"Window %1"_s.arg(i), {place, 2 * place, 400, 300}});
-        }
+    static std::tuple<MakeScene, std::int64_t, std::int64_t> known;
+    const std::tuple wanted(make, windows, windowsEach);
+    if (std::exchange(known, wanted) != wanted || !keptScene) {
+        keptScene.reset();
+        keptScene = make(windows, windowsEach);
     }
+    keptScene->settings.showSpaces = 0;
+    return *keptScene;
+}
 
-    VirtualRunLoop loop;
-    SimulatedDesktop desk{loop};
-    platform::Desktop ports = desk.ports();
-    platform::DesktopScope scope{ports};
-    EngineSettings settings;
-    Pid last = 0;
-
-private:
-    void windowsChanged() override {}
-    bool isShowingPreviews() const override { return false; }
-};
+Scene& sceneOf(const benchmark::State& state, MakeScene make)
+{
+    return sceneOf(make, state.range(0), windowsPerApplication);
+}
 
 /// Tells how many windows took part, per scan and in the growth that is fitted.
 void setSize(benchmark::State& state)
@@ -70,34 +69,35 @@ void expectWindows(benchmark::State& state, const WindowInventory& inventory)
         state.SkipWithError("the scan did not find all windows");
 }
 
-void bareReads(benchmark::State& state)
+void bareReads(benchmark::State& state, MakeScene make)
 {
-    Scene scene(state.range(0));
-    const WindowInventory inventory(scene.ports, scene.settings, scene);
+    Scene& scene = sceneOf(state, make);
+    const platform::Desktop& ports = scene.ports();
+    const WindowInventory inventory(ports, scene.settings, scene);
     for ([[maybe_unused]] auto _ : state) {
         benchmark::DoNotOptimize(inventory.copyWindowList());
-        for (const std::int32_t pid : scene.desk.workspace().launchedApplications()) {
-            const auto application = scene.desk.accessibility().createApplication(pid);
+        for (const std::int32_t pid : ports.workspace.launchedApplications()) {
+            const auto application = ports.accessibility.createApplication(pid);
             for (const auto& window :
-                 AX::readElements(scene.ports.accessibility, application, AX::Windows)) {
+                 AX::readElements(ports.accessibility, application, AX::Windows)) {
                 for (const QString& attribute : {AX::Title, AX::Role, AX::Subrole})
                     benchmark::DoNotOptimize(
-                        scene.desk.accessibility().copyAttributeValue(window, attribute));
+                        ports.accessibility.copyAttributeValue(window, attribute));
             }
         }
     }
     setSize(state);
 }
 
-void firstScan(benchmark::State& state)
+void firstScan(benchmark::State& state, MakeScene make)
 {
-    Scene scene(state.range(0));
+    Scene& scene = sceneOf(state, make);
     for ([[maybe_unused]] auto _ : state) {
-        WindowInventory inventory(scene.ports, scene.settings, scene);
+        WindowInventory inventory(scene.ports(), scene.settings, scene);
         inventory.windowScanner();
         benchmark::DoNotOptimize(inventory);
     }
-    WindowInventory inventory(scene.ports, scene.settings, scene);
+    WindowInventory inventory(scene.ports(), scene.settings, scene);
     inventory.windowScanner();
     expectWindows(state, inventory);
     setSize(state);
@@ -105,7 +105,7 @@ void firstScan(benchmark::State& state)
 
 void scanRepeatedly(benchmark::State& state, Scene& scene)
 {
-    WindowInventory inventory(scene.ports, scene.settings, scene);
+    WindowInventory inventory(scene.ports(), scene.settings, scene);
     inventory.windowScanner();
     for ([[maybe_unused]] auto _ : state)
         inventory.windowScanner();
@@ -113,35 +113,33 @@ void scanRepeatedly(benchmark::State& state, Scene& scene)
     setSize(state);
 }
 
-void repeatedScan(benchmark::State& state)
+void repeatedScan(benchmark::State& state, MakeScene make)
 {
-    Scene scene(state.range(0));
-    scanRepeatedly(state, scene);
+    scanRepeatedly(state, sceneOf(state, make));
 }
 
-void repeatedScanWithSpaces(benchmark::State& state)
+void repeatedScanWithSpaces(benchmark::State& state, MakeScene make)
 {
-    Scene scene(state.range(0));
+    Scene& scene = sceneOf(state, make);
     scene.settings.showSpaces = 1;
     scanRepeatedly(state, scene);
 }
 
-void repeatedScanOfOneApplication(benchmark::State& state)
+void windowsForPID(benchmark::State& state, MakeScene make)
 {
-    Scene scene(state.range(0), state.range(0));
-    scanRepeatedly(state, scene);
-}
-
-void windowsForPID(benchmark::State& state)
-{
-    Scene scene(state.range(0));
-    WindowInventory inventory(scene.ports, scene.settings, scene);
+    Scene& scene = sceneOf(state, make);
+    WindowInventory inventory(scene.ports(), scene.settings, scene);
     inventory.windowScanner();
     for ([[maybe_unused]] auto _ : state)
-        benchmark::DoNotOptimize(inventory.windowsForPID(scene.last));
-    if (inventory.windowsForPID(scene.last).size() != windowsPerApplication)
+        benchmark::DoNotOptimize(inventory.windowsForPID(scene.lastApplication()));
+    if (inventory.windowsForPID(scene.lastApplication()).size() != windowsPerApplication)
         state.SkipWithError("not the application's windows");
     setSize(state);
+}
+
+void repeatedScanOfOneApplication(benchmark::State& state, MakeScene make)
+{
+    scanRepeatedly(state, sceneOf(make, state.range(0), state.range(0)));
 }
 
 /// Says at the end how each compares with the yardstick and how it grows.
@@ -153,18 +151,20 @@ public:
     void ReportRuns(const std::vector<Run>& runs) override
     {
         ConsoleReporter::ReportRuns(runs);
-        for (const Run& run : runs)
-            if (run.run_type == Run::RT_Iteration && !run.error_occurred)
-                m_times[run.run_name.function_name][run.complexity_n] = run.GetAdjustedRealTime();
+        for (const Run& run : runs) {
+            if (run.run_type != Run::RT_Iteration || run.error_occurred)
+                continue;
+            m_times[run.run_name.function_name][run.complexity_n] = run.GetAdjustedRealTime();
+        }
     }
     void Finalize() override
     {
         ConsoleReporter::Finalize();
-        const auto bare = m_times["bareReads"];
         std::printf("\nTimes the bare reads of as many windows, and growth (1 = per window the "
                     "same, 2 = quadratic):\n");
         for (const auto& [name, times] : m_times) {
-            std::printf("%-30s", name.c_str());
+            const auto& bare = m_times["bareReads" + name.substr(name.find('/'))];
+            std::printf("%-38s", name.c_str());
             for (const auto& [windows, time] : times)
                 if (const auto found = bare.find(windows); found != bare.end())
                     std::printf(" %6.2f (%d)", time / found->second, static_cast<int>(windows));
@@ -189,21 +189,29 @@ void sizes(benchmark::internal::Benchmark* each)
     each->Arg(10)->Arg(100)->Arg(500)->Unit(benchmark::kMicrosecond)->Complexity();
 }
 
-BENCHMARK(bareReads)->Apply(sizes);
-BENCHMARK(firstScan)->Apply(sizes);
-BENCHMARK(repeatedScan)->Apply(sizes);
-BENCHMARK(repeatedScanWithSpaces)->Apply(sizes);
-BENCHMARK(repeatedScanOfOneApplication)->Apply(sizes);
-BENCHMARK(windowsForPID)->Apply(sizes);
+#define LUMBRIX_ON_BOTH(what)                                                                      \
+    BENCHMARK_CAPTURE(what, simulated, simulatedScene)->Apply(sizes);                              \
+    BENCHMARK_CAPTURE(what, real, realScene)->Apply(sizes)
+
+LUMBRIX_ON_BOTH(bareReads);
+LUMBRIX_ON_BOTH(firstScan);
+LUMBRIX_ON_BOTH(repeatedScan);
+LUMBRIX_ON_BOTH(repeatedScanWithSpaces);
+LUMBRIX_ON_BOTH(windowsForPID);
+LUMBRIX_ON_BOTH(repeatedScanOfOneApplication);
 
 } // namespace
-} // namespace lumbrix::test
+} // namespace lumbrix::bench
 
 int main(int argc, char* argv[])
 {
+    qputenv("QT_QPA_PLATFORM", "offscreen"); // the adapter asks the toolkit for names of themes
+    const QGuiApplication application(argc, argv);
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv))
         return 2;
-    lumbrix::test::Summary summary;
-    return benchmark::RunSpecifiedBenchmarks(&summary) > 0 ? 0 : 1;
+    lumbrix::bench::Summary summary;
+    const auto count = benchmark::RunSpecifiedBenchmarks(&summary);
+    lumbrix::bench::keptScene.reset();
+    return count > 0 ? 0 : 1;
 }
