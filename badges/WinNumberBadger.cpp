@@ -4,6 +4,7 @@
 #include "badges/WinNumberBadger.h"
 
 #include <algorithm>
+#include <map>
 #include <utility>
 
 #include "badges/BadgeLook.h"
@@ -85,10 +86,18 @@ void WinNumberBadger::badgeDockItems()
     const std::int32_t dockPid = SWElement::getDockPid(m_ports);
     const bool isOtherDock = std::exchange(m_dockPid, dockPid) != dockPid;
     Badges confirmed;
+    // A panel may have a button for each of an application's windows, which are counted once.
+    std::map<std::int32_t, int> counts;
+    const auto countOf = [&](const platform::RunningApplication& application) {
+        const auto [known, isNew] = counts.try_emplace(application.pid, 0);
+        if (isNew)
+            known->second = m_counts->countForRunningApp(application);
+        return known->second;
+    };
     for (const SWElementPtr& item :
          SWElement::runningApps(m_ports).value_or(std::vector<SWElementPtr>{})) {
         const auto application = item->runningApplicationForDockElement();
-        const int count = application ? m_counts->countForRunningApp(*application) : 0;
+        const int count = application ? countOf(*application) : 0;
         if (count == 0 || (m_badgeOnlyIfMore && count < 2))
             continue;
         // On a task bar with a button for each window, every button would show the application's

@@ -114,7 +114,7 @@ void NotificationIntake::handle(const ElementRef& element, const QString& notifi
     if (m.settings.disabled)
         return;
     if (notification == AX::WindowCreated) {
-        const platform::WindowList list = m.inventory.copyWindowList();
+        const ServerList list(m.inventory.copyWindowList());
         if (const SWElementPtr window = SWElement::elementWithElementRef(m.ports, element)) {
             const WindowVerdict verdict = m.inventory.processWindow(window, list);
             if (verdict != WindowVerdict::Good)

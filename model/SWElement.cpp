@@ -16,7 +16,6 @@ using platform::ElementRef;
 using platform::RunningApplication;
 using platform::WindowID;
 using platform::WindowInfo;
-using platform::WindowList;
 
 namespace
 {
@@ -113,10 +112,10 @@ int SWElement::getSpaceNumber()
     return m_spaceNumber;
 }
 
-int SWElement::getSpaceNumber(const WindowList& windowList)
+int SWElement::getSpaceNumber(ServerWindows windows)
 {
     const WindowID window = m_wid;
-    for (const WindowInfo& entry : windowList) {
+    for (const WindowInfo& entry : windows) {
         if (entry.number != window)
             continue;
         if (entry.workspace > 0)

@@ -15,6 +15,7 @@
 #include <memory>
 #include <mutex>
 #include <optional>
+#include <span>
 #include <vector>
 
 #include "model/FilterLevels.h"
@@ -26,6 +27,9 @@
 
 namespace lumbrix
 {
+
+/// The window server's list, or the part of it that may matter.
+using ServerWindows = std::span<const platform::WindowInfo>;
 
 class SWElement;
 using SWElementPtr = std::shared_ptr<SWElement>;
@@ -113,12 +117,12 @@ public:
     std::optional<QString> getTitle() const;
     int getFilterLevel() const { return filterLevelOf(bundle()).level; }
     /// Matches the element to an entry of the list (front to back); on success sets frame and wid.
-    bool findPIDandWID(const platform::WindowList& windowList)
+    bool findPIDandWID(ServerWindows windows)
     {
-        return matchWindow(windowList) == WindowVerdict::Good;
+        return matchWindow(windows) == WindowVerdict::Good;
     }
     /// The same, with the verdict.
-    WindowVerdict matchWindow(const platform::WindowList& windowList);
+    WindowVerdict matchWindow(ServerWindows windows);
     /// Whether it is of an application that no pictures are made of; those below are null then.
     bool isPrivate() const;
     /// Captures the window; a limit (pixels) reduces the picture to what just fits. Keeps nothing:
@@ -130,7 +134,8 @@ public:
     /// What is known of its picture without waiting for a copy.
     KnownWindowPicture knownPicture(QSize limit) const;
     int getSpaceNumber();
-    int getSpaceNumber(const platform::WindowList& windowList);
+    /// From its entry among these.
+    int getSpaceNumber(ServerWindows windows);
     /// Whether it is still a window worth previewing.
     bool checkIfExists() { return judgeExistence() == WindowVerdict::Good; }
     /// The same, with the verdict.

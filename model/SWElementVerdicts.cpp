@@ -18,7 +18,6 @@ using platform::AXError;
 using platform::AXResult;
 using platform::WindowID;
 using platform::WindowInfo;
-using platform::WindowList;
 
 namespace
 {
@@ -103,7 +102,7 @@ AppliedFilterLevel SWElement::filterLevelOf(const QString& bundle)
     return {standardFilterLevel, FilterLevelSource::BuiltIn};
 }
 
-WindowVerdict SWElement::matchWindow(const WindowList& windowList)
+WindowVerdict SWElement::matchWindow(ServerWindows windows)
 {
     platform::Accessibility& accessibility = m_ports.accessibility;
     const AXResult size = accessibility.copyAttributeValue(m_element, AX::Size);
@@ -125,7 +124,7 @@ WindowVerdict SWElement::matchWindow(const WindowList& windowList)
     const auto skip = [&furthest](WindowVerdict verdict) {
         furthest = std::max(furthest, verdict);
     };
-    for (const WindowInfo& entry : windowList) {
+    for (const WindowInfo& entry : windows) {
         if ((exactNumber && entry.number != *exactNumber) || entry.ownerPid != *pid)
             continue;
         if (entry.layer != 0) {

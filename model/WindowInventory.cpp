@@ -4,6 +4,7 @@
 #include "model/WindowInventory.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "model/BundleIdentifiers.h"
 #include "model/VisibilityRules.h"
@@ -15,6 +16,18 @@ namespace lumbrix
 
 using platform::ElementRef;
 using platform::WindowList;
+
+ServerList::ServerList(WindowList list) : m_list(std::move(list))
+{
+    for (std::size_t i = 0; i < m_list.size(); ++i)
+        m_places.try_emplace(m_list[i].number, i);
+}
+
+ServerWindows ServerList::numbered(platform::WindowID number) const
+{
+    const auto place = m_places.find(number);
+    return place == m_places.end() ? ServerWindows() : all().subspan(place->second, 1);
+}
 
 WindowInventory::WindowInventory(const platform::Desktop& ports, const EngineSettings& settings,
                                  InventoryObserver& observer)
@@ -83,12 +96,12 @@ void WindowInventory::windowScanner()
     if (m_settings.disabled)
         return;
     cleanWindowsArray();
-    const WindowList list = copyWindowList();
+    const ServerList list(copyWindowList());
     for (const std::int32_t pid : scannedApplications())
         addAppWindows(pid, list);
     if (m_settings.showSpaces && !m_observer.isShowingPreviews())
         for (const SWElementPtr& window : windowsArray())
-            window->getSpaceNumber(list);
+            window->getSpaceNumber(list.numbered(window->wid()));
 }
 
 void WindowInventory::cleanWindowsArray()
@@ -98,24 +111,24 @@ void WindowInventory::cleanWindowsArray()
             removeObject(window);
 }
 
-void WindowInventory::addAppWindows(std::int32_t pid, const WindowList& windowList)
+void WindowInventory::addAppWindows(std::int32_t pid, const ServerList& list)
 {
     const ElementRef application = m_ports.accessibility.createApplication(pid);
     if (!application)
         return;
     for (const SWElementPtr& window : SWElement::elementsForElementRef(m_ports, application))
-        processWindow(window, windowList);
+        processWindow(window, list);
 }
 
-WindowVerdict WindowInventory::processWindow(const SWElementPtr& element,
-                                             const WindowList& windowList)
+WindowVerdict WindowInventory::processWindow(const SWElementPtr& element, const ServerList& list)
 {
     {
         const std::lock_guard lock(m_lock);
         if (m_elements.contains(element->element()))
             return WindowVerdict::Good;
     }
-    WindowVerdict verdict = element->matchWindow(windowList);
+    const auto number = element->ownWindow();
+    WindowVerdict verdict = element->matchWindow(number ? list.numbered(*number) : list.all());
     if (verdict == WindowVerdict::Good)
         verdict = element->judgeExistence();
     if (verdict != WindowVerdict::Good)
@@ -129,7 +142,8 @@ WindowVerdict WindowInventory::processWindow(const SWElementPtr& element,
         };
         if (m_elements.contains(element->element()))
             return WindowVerdict::Good;
-        if (std::any_of(m_windows.begin(), m_windows.end(), isSameWindow))
+        // Where the platform knows the numbers, another element is another window.
+        if (!number && std::any_of(m_windows.begin(), m_windows.end(), isSameWindow))
             return WindowVerdict::NumberListed;
         m_windows.push_back(element);
         m_elements.insert(element->element());
@@ -150,15 +164,23 @@ void WindowInventory::removeWindow(const ElementRef& element)
     }
 }
 
+std::vector<SWElementPtr> WindowInventory::listedForPID(std::int32_t pid) const
+{
+    std::vector<SWElementPtr> windows;
+    const std::lock_guard lock(m_lock);
+    for (const SWElementPtr& window : m_windows)
+        if (window->pid() == pid)
+            windows.push_back(window);
+    return windows;
+}
+
 std::vector<SWElementPtr> WindowInventory::windowsForPID(std::int32_t pid) const
 {
     const VisibilityRules rules(m_ports, m_settings);
     if (rules.verdictForApplication(pid) != WindowVerdict::Good)
         return {};
     std::vector<SWElementPtr> windows;
-    for (const SWElementPtr& window : windowsArray()) {
-        if (window->pid() != pid)
-            continue;
+    for (const SWElementPtr& window : listedForPID(pid)) {
         // Its window numbers change while it runs.
         if (window->bundle() == BundleIdentifier::Illustrator)
             window->findPIDandWID(copyWindowList());
@@ -222,11 +244,10 @@ WindowInventory::windowsBehindItem(const SWElement& item,
 int WindowInventory::countForPID(std::int32_t pid) const
 {
     int count = 0;
-    for (const SWElementPtr& window : windowsArray()) {
-        // The override key is ignored: counts should not change while a key is held.
-        if (window->pid() == pid && !(m_settings.ignoreMinimized && window->checkIfMinimized()))
+    // The override key is ignored: counts should not change while a key is held.
+    for (const SWElementPtr& window : listedForPID(pid))
+        if (!m_settings.ignoreMinimized || !window->checkIfMinimized())
             ++count;
-    }
     return count;
 }
 

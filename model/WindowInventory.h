@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <mutex>
+#include <unordered_map>
 #include <unordered_set>
 #include <vector>
 
@@ -28,6 +29,21 @@ public:
     virtual bool isShowingPreviews() const = 0;
 };
 
+/// The window server's list of one moment, in which a scan looks up every window.
+class ServerList
+{
+public:
+    ServerList(platform::WindowList list); // NOLINT(google-explicit-constructor): it is that list
+
+    ServerWindows all() const { return m_list; }
+    /// The entry of that number; empty without one.
+    ServerWindows numbered(platform::WindowID number) const;
+
+private:
+    const platform::WindowList m_list;
+    std::unordered_map<platform::WindowID, std::size_t> m_places;
+};
+
 /// Any thread: readers iterate over a copy, and the lock is held only during a change.
 class WindowInventory
 {
@@ -47,14 +63,15 @@ public:
     void windowScanner();
     /// Removes the windows that no longer exist.
     void cleanWindowsArray();
-    void addAppWindows(std::int32_t pid, const platform::WindowList& windowList);
+    void addAppWindows(std::int32_t pid, const ServerList& list);
     /// Adds the window if it is new and real. Returns Good if it is listed now, otherwise the
     /// reason why not.
-    WindowVerdict processWindow(const SWElementPtr& element,
-                                const platform::WindowList& windowList);
+    WindowVerdict processWindow(const SWElementPtr& element, const ServerList& list);
     void removeWindow(const platform::ElementRef& element);
 
-    /// The listed windows of one process that the visibility settings allow.
+    /// The listed windows of one process.
+    std::vector<SWElementPtr> listedForPID(std::int32_t pid) const;
+    /// Those of them that the visibility settings allow.
     std::vector<SWElementPtr> windowsForPID(std::int32_t pid) const;
     /// Whether the application is this program and its Dock icon also stands for the applications
     /// without an icon.

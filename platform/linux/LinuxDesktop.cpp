@@ -25,7 +25,6 @@
 #include "platform/linux/docks/DockTooltips.h"
 #include "platform/linux/docks/PanelDock.h"
 #include "platform/linux/docks/PlankDock.h"
-#include "platform/linux/docks/Struts.h"
 #include "platform/linux/media/LinuxAppleEvents.h"
 #include "platform/linux/session/AutostartItems.h"
 #include "platform/linux/session/LinuxLook.h"
@@ -64,18 +63,13 @@ private:
     ApplicationRegistry& m_registry;
 };
 
-PlankWindowReader plankWindowReader(const x11::Connection& connection)
+PlankInputAreas plankInputAreas(const x11::Connection& connection)
 {
-    PlankWindowReader reader;
-    reader.scale = [&connection](xcb_window_t window) {
-        return readPlankScale(connection.get(), window);
+    if (!connection.extensions().shape.present)
+        return nullptr;
+    return [&connection](const std::vector<xcb_window_t>& windows) {
+        return readInputAreas(connection.get(), windows);
     };
-    if (connection.extensions().shape.present) {
-        reader.inputArea = [&connection](xcb_window_t window) {
-            return readInputArea(connection.get(), window);
-        };
-    }
-    return reader;
 }
 
 // In order of preference: a dock that reports its items comes before one whose buttons must be
@@ -86,12 +80,9 @@ DockModel::Providers makeDockProviders(RunLoop& runLoop, x11::X11Core& core,
     DockModel::Providers providers;
     providers.push_back(std::make_unique<PlankDock>(runLoop, core.tracker(), registry,
                                                     QDBusConnection::sessionBus(),
-                                                    plankWindowReader(core.connection())));
+                                                    plankInputAreas(core.connection())));
     providers.push_back(std::make_unique<PanelDock>(
         runLoop, core.tracker(), core.pointSpace(),
-        [&connection = core.connection()](xcb_window_t window) {
-            return readStrut(connection.get(), window);
-        },
         std::make_unique<AccessibleButtons>(runLoop, core.tracker(), registry,
                                             QDBusConnection::sessionBus())));
     return providers;

@@ -4,7 +4,6 @@
 // Window properties: titles, classes, states, places of icons, struts.
 
 #include "platform/linux/docks/PlankWindows.h"
-#include "platform/linux/docks/Struts.h"
 #include "tests/fuzz/FuzzWindow.h"
 
 using namespace lumbrix;
@@ -17,11 +16,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     for (const QString& text : {window.title, window.className, window.classInstance})
         require(text.isValidUtf16() && text.size() <= 4096, "a text can be shown");
     require(!window.pid || *window.pid > 0, "a process has a number");
-    const test::FuzzProperty property(input);
-    const auto numbers = property.value().longs();
-    const int scale = platform::plankScaleIn(numbers);
+    const int scale = platform::plankScaleOf(window);
     require(scale >= 1 && scale <= 16, "a scale makes sense");
-    const auto strut = platform::strutIn(numbers).value_or(QMargins());
+    const QMargins strut = window.strut.value_or(QMargins());
     require(strut.left() >= 0 && strut.left() <= 0x7fff, "a strut makes sense");
     return 0;
 }

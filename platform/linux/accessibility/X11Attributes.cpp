@@ -66,11 +66,10 @@ AXResult windowsOf(const Self& self, const Application& application)
 {
     std::vector<ElementRef> result;
     bool anyResponds = false;
-    for (const x11::TrackedWindowPtr& window : self.parts().tracker.windows()) {
-        if (std::ranges::find(application.windows, window->id) != application.windows.end()) {
-            result.push_back(X11Element::window(window->id));
-            anyResponds = anyResponds || window->isResponding;
-        }
+    // All applications are asked, so none looks through the windows of the others.
+    for (const x11::TrackedWindowPtr& window : self.parts().tracker.windows(application.windows)) {
+        result.push_back(X11Element::window(window->id));
+        anyResponds = anyResponds || window->isResponding;
     }
     if (!result.empty() && !anyResponds)
         return {AXError::CannotComplete};
@@ -194,8 +193,21 @@ constexpr Attribute<Nothing> dockListTable[] = {
      }},
 };
 
+/// Apart, as badges ask for it all the time, and nothing but the dock has to be asked.
+constexpr Attribute<DockItemPlace> dockItemPlaceTable[] = {
+    {u"AXRole", [](const Self&, const DockItemPlace&) { return text("AXDockItem"); }},
+    {u"AXPosition",
+     [](const Self& self, const DockItemPlace& place) {
+         return value(self.parts().space.toPoints(place.rect).topLeft());
+     }},
+    {u"AXSize",
+     [](const Self& self, const DockItemPlace& place) {
+         return value(self.parts().space.toPoints(place.rect).size());
+     }},
+    {u"AXHidden", [](const Self&, const DockItemPlace& place) { return value(place.isHidden); }},
+};
+
 constexpr Attribute<DockItemView> dockItemTable[] = {
-    {u"AXRole", [](const Self&, const DockItemView&) { return text("AXDockItem"); }},
     {u"AXSubrole",
      [](const Self&, const DockItemView& item) {
          return text(item.isMinimizedWindow ? "AXMinimizedWindowDockItem"
@@ -207,15 +219,6 @@ constexpr Attribute<DockItemView> dockItemTable[] = {
          return value(self.parts().docks.nameOfDock(item.id));
      }},
     {u"AXParent", dockList},
-    {u"AXPosition",
-     [](const Self& self, const DockItemView& item) {
-         return value(self.parts().space.toPoints(item.rect).topLeft());
-     }},
-    {u"AXSize",
-     [](const Self& self, const DockItemView& item) {
-         return value(self.parts().space.toPoints(item.rect).size());
-     }},
-    {u"AXHidden", [](const Self&, const DockItemView& item) { return value(item.isHidden); }},
     // An item that reports whether its application runs counts as an application item.
     {u"AXIsApplicationRunning",
      [](const Self&, const DockItemView& item) {
@@ -347,6 +350,11 @@ template <class Use> AXError X11Attributes::visit(const ElementRef& reference, U
         use(dockListTable, Nothing());
         return AXError::Success;
     case Kind::DockItem: {
+        const auto place = m.docks.placeOf(element->dockItemId());
+        if (!place)
+            return AXError::InvalidUIElement;
+        if (use(dockItemPlaceTable, *place))
+            return AXError::Success;
         const auto item = m.docks.item(element->dockItemId());
         if (!item)
             return AXError::InvalidUIElement;
@@ -379,9 +387,10 @@ AXResult X11Attributes::read(const ElementRef& element, const QString& name) con
         for (const auto& attribute : table) {
             if (name == attribute.name) {
                 result = attribute.read(*this, subject);
-                return;
+                return true;
             }
         }
+        return false;
     });
     return error == AXError::Success ? result : AXResult{error};
 }
@@ -395,6 +404,7 @@ AXNames X11Attributes::names(const ElementRef& element) const
             if (attribute.read(*this, subject).error != AXError::AttributeUnsupported)
                 result.names.push_back(QString::fromUtf16(attribute.name));
         }
+        return false;
     });
     return result;
 }
@@ -407,6 +417,7 @@ AXResult X11Attributes::isSettable(const ElementRef& element, const QString& nam
             if (name == attribute.name &&
                 attribute.read(*this, subject).error != AXError::AttributeUnsupported)
                 result = value(attribute.isSettable);
+        return false;
     });
     return error == AXError::Success ? result : AXResult{error};
 }

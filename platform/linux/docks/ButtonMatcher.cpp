@@ -4,6 +4,7 @@
 #include "platform/linux/docks/ButtonMatcher.h"
 #include "platform/StringLiterals.h"
 
+#include <QtCore/QHash>
 #include <QtCore/QRegularExpression>
 
 #include <algorithm>
@@ -15,44 +16,103 @@ namespace lumbrix::platform
 namespace
 {
 
-bool isTitle(const QString& name, const ButtonWindow& window)
+/// What a label may mean.
+struct Label {
+    explicit Label(const QString& name) : title(name)
+    {
+        // What panels add around the titles of minimised and shaded windows, and window managers
+        // after duplicate titles.
+        isOfIconic = name.startsWith(u'[') && name.endsWith(u']');
+        if (name.size() > 2 && (isOfIconic || (name.startsWith(u'=') && name.endsWith(u'='))))
+            unwrapped = name.mid(1, name.size() - 2);
+        static const QRegularExpression number(u" <\\d{1,4}>$"_s);
+        unnumbered = QString(name).remove(number);
+        if (unnumbered.size() == name.size())
+            unnumbered.clear();
+        // Some panels add the number of windows.
+        static const QRegularExpression count(u"^[(\\[]\\d{1,4}[)\\]] | [(\\[]\\d{1,4}[)\\]]$"_s);
+        application = QString(name).remove(count).toCaseFolded();
+    }
+
+    QString title;
+    QString unwrapped;       ///< null without marks around it
+    bool isOfIconic = false; ///< these marks mean a minimised window
+    QString unnumbered;      ///< null without a number
+    QString application;
+};
+
+/// The windows by what labels say of them, as a panel with hundreds of buttons would otherwise
+/// compare each with every window. All lists are in the order of appearance.
+class WindowIndex
 {
-    return !name.isEmpty() && name == window.title;
-}
+public:
+    using Places = std::vector<std::size_t>;
 
-// What panels add around the titles of minimised and shaded windows, and window managers after
-// duplicate titles.
-bool isDecoratedTitle(const QString& name, const ButtonWindow& window)
-{
-    static const QRegularExpression number(u" <\\d{1,4}>$"_s);
-    const bool isWrapped = (window.isIconic && name.startsWith(u'[') && name.endsWith(u']')) ||
-                           (name.startsWith(u'=') && name.endsWith(u'='));
-    return (isWrapped && name.size() > 2 && name.mid(1, name.size() - 2) == window.title) ||
-           (name.size() > window.title.size() && name.startsWith(window.title) &&
-            QString(name).remove(number) == window.title);
-}
+    explicit WindowIndex(const std::vector<ButtonWindow>& windows) : m_windows(windows)
+    {
+        for (std::size_t i = 0; i < windows.size(); ++i) {
+            m_byTitle[windows[i].title].push_back(i);
+            m_byApplication[windows[i].application].push_back(i);
+            for (const QString& name : windows[i].applicationNames) {
+                Places& named = m_byName[name.toCaseFolded()];
+                if (named.empty() || named.back() != i)
+                    named.push_back(i);
+            }
+        }
+    }
 
-// Some panels add the number of windows.
-bool isNameOfGroup(const QString& name, const ButtonWindow& window)
-{
-    static const QRegularExpression count(u"^[(\\[]\\d{1,4}[)\\]] | [(\\[]\\d{1,4}[)\\]]$"_s);
-    const QString plain = QString(name).remove(count);
-    return !plain.isEmpty() && window.applicationNames.contains(plain, Qt::CaseInsensitive);
-}
+    const ButtonWindow& operator[](std::size_t place) const { return m_windows[place]; }
+    std::size_t size() const { return m_windows.size(); }
+    const Places& ofApplication(std::int32_t application) const
+    {
+        return at(m_byApplication, application);
+    }
+    const Places& named(const Label& label) const
+    {
+        return label.application.isEmpty() ? nowhere : at(m_byName, label.application);
+    }
+    const Places& titled(const Label& label) const
+    {
+        return label.title.isEmpty() ? nowhere : at(m_byTitle, label.title);
+    }
+    Places titledWithMarks(const Label& label) const
+    {
+        Places places = label.unnumbered.isNull() ? nowhere : at(m_byTitle, label.unnumbered);
+        if (!label.unwrapped.isNull()) {
+            for (const std::size_t place : at(m_byTitle, label.unwrapped))
+                if (!label.isOfIconic || m_windows[place].isIconic)
+                    places.push_back(place);
+            std::ranges::sort(places);
+        }
+        return places;
+    }
+    bool isMeant(const Label& label) const
+    {
+        return !titled(label).empty() || !titledWithMarks(label).empty() || !named(label).empty();
+    }
 
-using Rule = bool (*)(const QString&, const ButtonWindow&);
+private:
+    template <class Key> static const Places& at(const QHash<Key, Places>& index, const Key& key)
+    {
+        const auto known = index.constFind(key);
+        return known == index.cend() ? nowhere : *known;
+    }
 
-std::vector<PanelButton> windowButtons(std::vector<PanelButton> buttons,
-                                       const std::vector<ButtonWindow>& windows)
+    static inline const Places nowhere;
+
+    const std::vector<ButtonWindow>& m_windows;
+    QHash<QString, Places> m_byTitle;
+    QHash<QString, Places> m_byName; ///< of the application, case-folded
+    QHash<std::int32_t, Places> m_byApplication;
+};
+
+std::vector<PanelButton> windowButtons(std::vector<PanelButton> buttons, const WindowIndex& windows)
 {
     using Score = std::pair<int, std::size_t>;
     std::map<AccessibleRef, Score> scores;
     for (const PanelButton& button : buttons) {
         Score& score = scores[button.list];
-        score.first += std::ranges::any_of(windows, [&](const ButtonWindow& window) {
-            return isTitle(button.name, window) || isDecoratedTitle(button.name, window) ||
-                   isNameOfGroup(button.name, window);
-        });
+        score.first += windows.isMeant(Label(button.name)) ? 1 : 0;
         score.second = button.siblings;
     }
     const auto best =
@@ -76,22 +136,17 @@ void sortAlongPanel(std::vector<PanelButton>& buttons)
 class Matching
 {
 public:
-    explicit Matching(const std::vector<ButtonWindow>& windows)
-    {
-        for (const ButtonWindow& window : windows)
-            m_free.push_back(&window);
-    }
+    using Places = WindowIndex::Places;
 
-    void byTitle(const PanelButton& button, Rule rule)
+    explicit Matching(const WindowIndex& windows) : m_windows(windows), m_isTaken(windows.size()) {}
+
+    void byTitle(const PanelButton& button, const Places& titled)
     {
         if (m_result.contains(button.ref))
             return;
-        const auto it = std::ranges::find_if(
-            m_free, [&](const ButtonWindow* window) { return rule(button.name, *window); });
-        if (it != m_free.end()) {
-            m_result[button.ref].push_back((*it)->id);
-            m_free.erase(it);
-        }
+        const auto free = std::ranges::find_if(titled, [&](auto place) { return isFree(place); });
+        if (free != titled.end())
+            take(button, {*free});
     }
 
     void asBefore(const PanelButton& button, const ButtonWindows& before)
@@ -99,44 +154,47 @@ public:
         const auto known = before.find(button.ref);
         if (known == before.end() || m_result.contains(button.ref))
             return;
-        take(button, [&](const ButtonWindow& window) {
-            return std::ranges::find(known->second, window.id) != known->second.end();
-        });
+        Places places;
+        for (const xcb_window_t id : known->second)
+            if (const auto place = m_places.find(id); place != m_places.end())
+                places.push_back(*place);
+        std::ranges::sort(places);
+        take(button, places);
     }
 
     // Even if one of the windows has the application's name as its title.
-    void byApplication(const PanelButton& button)
+    void byApplication(const PanelButton& button, const Places& named)
     {
-        const auto first = std::ranges::find_if(m_free, [&](const ButtonWindow* window) {
-            return isNameOfGroup(button.name, *window);
-        });
-        if (first != m_free.end()) {
-            const std::int32_t application = (*first)->application;
-            take(button, [application](const ButtonWindow& window) {
-                return window.application == application;
-            });
-        }
+        const auto first = std::ranges::find_if(named, [&](auto place) { return isFree(place); });
+        if (first != named.end())
+            take(button, m_windows.ofApplication(m_windows[*first].application));
     }
 
     ButtonWindows result() && { return std::move(m_result); }
 
 private:
-    template <typename Condition> void take(const PanelButton& button, Condition condition)
+    bool isFree(std::size_t place) const { return !m_isTaken[place]; }
+    void take(const PanelButton& button, const Places& places)
     {
-        std::vector<xcb_window_t> taken;
-        std::erase_if(m_free, [&](const ButtonWindow* window) {
-            const bool isTaken = condition(*window);
-            if (isTaken)
-                taken.push_back(window->id);
-            return isTaken;
-        });
-        if (!taken.empty()) {
-            std::vector<xcb_window_t>& all = m_result[button.ref];
-            all.insert(all.end(), taken.begin(), taken.end());
+        for (const std::size_t place : places) {
+            if (isFree(place)) {
+                m_isTaken[place] = true;
+                m_result[button.ref].push_back(m_windows[place].id);
+            }
         }
     }
 
-    std::vector<const ButtonWindow*> m_free;
+    static QHash<xcb_window_t, std::size_t> placesOf(const WindowIndex& windows)
+    {
+        QHash<xcb_window_t, std::size_t> places;
+        for (std::size_t i = 0; i < windows.size(); ++i)
+            places.insert(windows[i].id, i);
+        return places;
+    }
+
+    const WindowIndex& m_windows;
+    const QHash<xcb_window_t, std::size_t> m_places = placesOf(m_windows);
+    std::vector<bool> m_isTaken;
     ButtonWindows m_result;
 };
 
@@ -145,16 +203,22 @@ private:
 ButtonWindows matchButtons(std::vector<PanelButton> buttons,
                            const std::vector<ButtonWindow>& windows, const ButtonWindows& before)
 {
-    buttons = windowButtons(std::move(buttons), windows);
+    const WindowIndex index(windows);
+    buttons = windowButtons(std::move(buttons), index);
     sortAlongPanel(buttons);
-    Matching matching(windows);
-    for (const Rule rule : {isTitle, isDecoratedTitle})
-        for (const PanelButton& button : buttons)
-            matching.byTitle(button, rule);
+    std::vector<Label> labels;
+    labels.reserve(buttons.size());
+    for (const PanelButton& button : buttons)
+        labels.emplace_back(button.name);
+    Matching matching(index);
+    for (std::size_t i = 0; i < buttons.size(); ++i)
+        matching.byTitle(buttons[i], index.titled(labels[i]));
+    for (std::size_t i = 0; i < buttons.size(); ++i)
+        matching.byTitle(buttons[i], index.titledWithMarks(labels[i]));
     for (const PanelButton& button : buttons)
         matching.asBefore(button, before);
-    for (const PanelButton& button : buttons)
-        matching.byApplication(button);
+    for (std::size_t i = 0; i < buttons.size(); ++i)
+        matching.byApplication(buttons[i], index.named(labels[i]));
     return std::move(matching).result();
 }
 

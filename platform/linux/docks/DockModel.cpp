@@ -64,6 +64,10 @@ void DockModel::collect()
         const std::lock_guard lock(m_mutex);
         areItemsChanged = showsOtherItems(m_docks, docks);
         m_docks = std::move(docks);
+        m_byId.clear();
+        for (const Known& dock : m_docks)
+            for (const DockItem& item : dock.state->items)
+                m_byId.try_emplace(item.id, dock.state, &item);
         if (areItemsChanged)
             tellDocks();
         isChanged = updateSelection();
@@ -268,12 +272,11 @@ std::vector<DockItemId> DockModel::items() const
     return result;
 }
 
-std::pair<DockStatePtr, const DockItem*> DockModel::find(DockItemId id) const
+DockModel::Found DockModel::find(DockItemId id) const
 {
     const std::lock_guard lock(m_mutex);
-    for (const Known& dock : m_docks)
-        if (const DockItem* item = dock.state->item(id))
-            return {dock.state, item};
+    if (const auto known = m_byId.find(id); known != m_byId.end())
+        return known->second;
     for (const DockStatePtr& state : m_requested)
         if (const DockItem* item = state->item(id))
             return {state, item};
@@ -293,6 +296,14 @@ void DockModel::removeRequested(DockItemId id)
                   [id](const DockStatePtr& state) { return state->item(id) != nullptr; });
 }
 
+std::optional<DockItemPlace> DockModel::placeOf(DockItemId id) const
+{
+    const auto [state, item] = find(id);
+    if (!item)
+        return std::nullopt;
+    return DockItemPlace{state->isHidden, selectedItem() == id ? item->magnified : item->rect};
+}
+
 std::optional<DockItemView> DockModel::item(DockItemId id) const
 {
     const auto [state, item] = find(id);
@@ -305,9 +316,7 @@ std::optional<DockItemView> DockModel::item(DockItemId id) const
                       .isRunning = false,
                       .isMinimizedWindow = item->isMinimizedWindow,
                       .chosen = item->areChosen ? std::optional(item->windows) : std::nullopt,
-                      .window = {},
-                      .isHidden = state->isHidden,
-                      .rect = selectedItem() == id ? item->magnified : item->rect};
+                      .window = {}};
     if (!item->desktopFile.isEmpty()) {
         const auto application = m_registry.applicationForDesktopFile(item->desktopFile);
         const DesktopEntryPtr entry = m_entries.byPath(item->desktopFile);

@@ -10,6 +10,8 @@
 #include <memory>
 #include <mutex>
 #include <optional>
+#include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "platform/MainThreadGuard.h"
@@ -33,6 +35,9 @@ struct DockItemView {
     std::optional<std::vector<xcb_window_t>> chosen;
     /// The only window behind it; none for an application as a whole.
     std::optional<xcb_window_t> window;
+};
+
+struct DockItemPlace {
     bool isHidden = false; ///< the dock has slid out of sight; the place is where it comes back
     QRect rect;            ///< root pixels; magnified while the pointer is on it
 };
@@ -68,6 +73,8 @@ public:
     std::vector<DockItemId> items() const;
     /// Null when it is gone.
     std::optional<DockItemView> item(DockItemId id) const;
+    /// Only where it is, as item() has it; looks for no application.
+    std::optional<DockItemPlace> placeOf(DockItemId id) const;
     /// What people call the dock that has the item, or for 0 the first dock, with the program that
     /// it is where that says more; empty when there is none.
     QString nameOfDock(DockItemId item) const;
@@ -110,7 +117,8 @@ private:
     /// With m_mutex held; whether somebody is to be told.
     bool updateSelection();
     const Known* dockWithWindow(xcb_window_t childOfRoot) const; ///< with m_mutex held
-    std::pair<DockStatePtr, const DockItem*> find(DockItemId id) const;
+    using Found = std::pair<DockStatePtr, const DockItem*>;
+    Found find(DockItemId id) const;
     void prefetchNear(QPoint point) const;
     std::vector<xcb_window_t> windowsOf(const DockItem& item) const;
     void callOnMainThread(std::function<void()> DockModel::*call);
@@ -130,7 +138,8 @@ private:
 
     std::mutex m_collectMutex; ///< keeps states from overtaking one another; before m_mutex
     mutable std::mutex m_mutex;
-    std::vector<Known> m_docks; // this and what follows guarded by m_mutex
+    std::vector<Known> m_docks;                   // this and what follows guarded by m_mutex
+    std::unordered_map<DockItemId, Found> m_byId; ///< the items of these docks
     QPoint m_pointer;
     xcb_window_t m_childUnderPointer = XCB_NONE;
     std::optional<QPoint> m_stop; ///< where it stops, if it is about to or has

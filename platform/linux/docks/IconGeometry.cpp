@@ -4,7 +4,12 @@
 #include "platform/linux/docks/IconGeometry.h"
 
 #include <algorithm>
+#include <map>
+#include <numeric>
+#include <optional>
 #include <tuple>
+#include <unordered_map>
+#include <utility>
 
 namespace lumbrix::platform
 {
@@ -43,17 +48,67 @@ QRect acrossDock(const QRect& icon, const QRect& dock, DockEdge edge)
     return {dock.x(), icon.y(), dock.width(), icon.height()};
 }
 
-DockItemId reuseId(const std::vector<xcb_window_t>& windows, std::vector<DockItem>& previous)
+/// Where it begins along the dock, and how long it is there.
+std::pair<int, int> along(const QRect& place, DockEdge edge)
 {
-    for (DockItem& item : previous) {
-        const bool shares = std::ranges::any_of(item.windows, [&](xcb_window_t window) {
-            return std::ranges::find(windows, window) != windows.end();
-        });
-        if (shares && item.id != 0)
-            return std::exchange(item.id, 0);
-    }
-    return newDockItemId();
+    return isHorizontal(edge) ? std::pair(place.x(), place.width())
+                              : std::pair(place.y(), place.height());
 }
+
+/// Each across the dock, but those that share its thickness with others, in several rows.
+std::vector<QRect> spread(const std::vector<QRect>& places, const QRect& dock, DockEdge edge)
+{
+    std::vector<std::size_t> order(places.size());
+    std::iota(order.begin(), order.end(), std::size_t{0});
+    std::ranges::sort(order, {}, [&](std::size_t i) { return along(places[i], edge).first; });
+    std::vector<QRect> rects;
+    for (const QRect& place : places)
+        rects.push_back(acrossDock(place, dock, edge));
+    std::vector<bool> isCrowded(places.size());
+    for (auto one = order.begin(); one != order.end(); ++one) {
+        const auto [start, length] = along(places[*one], edge);
+        for (auto other = one + 1;
+             other != order.end() && along(places[*other], edge).first < start + length; ++other) {
+            isCrowded[*one] = isCrowded[*one] || places[*other].intersects(rects[*one]);
+            isCrowded[*other] = isCrowded[*other] || places[*one].intersects(rects[*other]);
+        }
+    }
+    for (std::size_t i = 0; i < places.size(); ++i)
+        if (isCrowded[i])
+            rects[i] = places[i];
+    return rects;
+}
+
+/// The items of before, by their windows. Of those that share a window with a button, the first
+/// that no other button has is the button's.
+class FormerItems
+{
+public:
+    explicit FormerItems(const std::vector<DockItem>& items)
+    {
+        for (std::size_t i = 0; i < items.size(); ++i) {
+            m_ids.push_back(items[i].id);
+            for (const xcb_window_t window : items[i].windows)
+                m_byWindow.emplace(window, i);
+        }
+    }
+
+    DockItemId idFor(const std::vector<xcb_window_t>& windows)
+    {
+        std::optional<std::size_t> first;
+        for (const xcb_window_t window : windows) {
+            const auto [begin, end] = m_byWindow.equal_range(window);
+            for (auto it = begin; it != end; ++it)
+                if (m_ids[it->second] != 0)
+                    first = std::min(first.value_or(it->second), it->second);
+        }
+        return first ? std::exchange(m_ids[*first], 0) : newDockItemId();
+    }
+
+private:
+    std::vector<DockItemId> m_ids; ///< 0 once it is given away
+    std::unordered_multimap<xcb_window_t, std::size_t> m_byWindow;
+};
 
 } // namespace
 
@@ -97,29 +152,32 @@ std::vector<DockItem> deriveItems(const std::vector<PlacedWindow>& windows, cons
         std::vector<xcb_window_t> windows;
         bool allIconic = true;
     };
+    // A panel may have hundreds of them, so none is compared with all others.
     std::vector<Button> buttons;
+    std::map<std::pair<int, int>, std::vector<std::size_t>> byPlaceAlong;
     for (const PlacedWindow& window : windows) {
-        auto it = std::ranges::find_if(
-            buttons, [&](const Button& button) { return isSamePlace(button.first, window, edge); });
-        if (it == buttons.end())
-            it = buttons.insert(buttons.end(), {.first = window, .windows = {}});
-        it->windows.push_back(window.window);
-        it->allIconic = it->allIconic && window.isIconic;
+        std::vector<std::size_t>& candidates = byPlaceAlong[along(window.place, edge)];
+        const auto known = std::ranges::find_if(
+            candidates, [&](std::size_t i) { return isSamePlace(buttons[i].first, window, edge); });
+        const std::size_t i = known != candidates.end() ? *known : buttons.size();
+        if (known == candidates.end()) {
+            candidates.push_back(i);
+            buttons.push_back({.first = window, .windows = {}});
+        }
+        buttons[i].windows.push_back(window.window);
+        buttons[i].allIconic = buttons[i].allIconic && window.isIconic;
     }
-    std::vector<DockItem> kept = previous;
+    std::vector<QRect> places;
+    for (const Button& button : buttons)
+        places.push_back(button.first.place.translated(dock.topLeft()));
+    const std::vector<QRect> rects = spread(places, dock, edge);
+    FormerItems former(previous);
     std::vector<DockItem> items;
-    for (Button& button : buttons) {
-        const QRect raw = button.first.place.translated(dock.topLeft());
-        QRect rect = acrossDock(raw, dock, edge);
-        // Several rows of buttons share the thickness.
-        const bool crowded = std::ranges::any_of(buttons, [&](const Button& other) {
-            return &other != &button &&
-                   other.first.place.translated(dock.topLeft()).intersects(rect);
-        });
-        if (crowded)
-            rect = raw;
+    for (std::size_t i = 0; i < buttons.size(); ++i) {
+        Button& button = buttons[i];
+        const QRect& rect = rects[i];
         std::ranges::sort(button.windows);
-        items.push_back({.id = reuseId(button.windows, kept),
+        items.push_back({.id = former.idFor(button.windows),
                          .desktopFile = {},
                          .windows = button.windows,
                          .isMinimizedWindow = button.windows.size() == 1 && button.allIconic,

@@ -4,6 +4,7 @@
 #include "platform/linux/docks/PanelDock.h"
 
 #include <algorithm>
+#include <unordered_map>
 
 #include "platform/linux/docks/PlankDock.h"
 
@@ -26,18 +27,28 @@ bool isShownOn(const x11::TrackedWindow& window, int desktop)
     return window.desktop < 0 || window.desktop == desktop;
 }
 
-std::optional<PlacedWindow> placeIn(const std::vector<PlacedWindow>& places, xcb_window_t window)
+/// Those that were read of these windows, in the windows' order.
+std::vector<PlacedWindow> placesRead(const std::vector<PlacedWindow>& read,
+                                     const std::vector<x11::TrackedWindowPtr>& shown)
 {
-    const auto it = std::ranges::find(places, window, &PlacedWindow::window);
-    return it != places.end() ? std::optional(*it) : std::nullopt;
+    std::unordered_map<xcb_window_t, const PlacedWindow*> byWindow;
+    for (const PlacedWindow& each : read)
+        byWindow.try_emplace(each.window, &each);
+    std::vector<PlacedWindow> placed;
+    for (const x11::TrackedWindowPtr& window : shown) {
+        if (const auto it = byWindow.find(window->id); it != byWindow.end()) {
+            placed.push_back(*it->second);
+            placed.back().isIconic = window->isIconic;
+        }
+    }
+    return placed;
 }
 
 } // namespace
 
 PanelDock::PanelDock(RunLoop& runLoop, x11::WindowTracker& tracker, const x11::PointSpace& space,
-                     StrutReader strutReader, std::unique_ptr<AccessibleButtons> buttons)
-    : m_runLoop(runLoop), m_tracker(tracker), m_space(space), m_strutReader(std::move(strutReader)),
-      m_buttons(std::move(buttons))
+                     std::unique_ptr<AccessibleButtons> buttons)
+    : m_runLoop(runLoop), m_tracker(tracker), m_space(space), m_buttons(std::move(buttons))
 {
     if (m_buttons)
         m_buttons->setChanged([this] { derive(); });
@@ -47,6 +58,7 @@ PanelDock::~PanelDock() { m_runLoop.cancelPreviousPerformRequests(this); }
 
 void PanelDock::start()
 {
+    updateDocks();
     for (const x11::TrackedWindowPtr& window : m_tracker.windows())
         notePlace(*window, m_runLoop.now() - 1.0); // written before our start, so stable
     derive();
@@ -60,10 +72,25 @@ std::vector<DockStatePtr> PanelDock::states() const
 
 void PanelDock::synchronize() { derive(); }
 
+void PanelDock::updateDocks()
+{
+    std::vector<xcb_window_t> docks;
+    for (const x11::TrackedWindowPtr& window : m_tracker.windows())
+        if (isDock(*window))
+            docks.push_back(window->id);
+    const std::lock_guard lock(m_mutex);
+    m_docks = std::move(docks);
+}
+
 std::vector<DockWindow> PanelDock::dockWindows() const
 {
+    std::vector<xcb_window_t> ids;
+    {
+        const std::lock_guard lock(m_mutex);
+        ids = m_docks;
+    }
     std::vector<DockWindow> docks;
-    for (const x11::TrackedWindowPtr& window : m_tracker.windows())
+    for (const x11::TrackedWindowPtr& window : m_tracker.windows(ids))
         if (isDock(*window))
             docks.push_back({window->id, window->frame, window->bounds});
     return docks;
@@ -107,10 +134,12 @@ void PanelDock::noteMissingPlaces()
 
 void PanelDock::windowAdded(const x11::TrackedWindowPtr& window)
 {
-    if (isDock(*window))
+    if (isDock(*window)) {
+        updateDocks();
         noteMissingPlaces();
-    else
+    } else {
         notePlace(*window, m_runLoop.now());
+    }
     m_hasChanged = true;
     scheduleDerivation();
 }
@@ -118,6 +147,8 @@ void PanelDock::windowAdded(const x11::TrackedWindowPtr& window)
 void PanelDock::windowChanged(const x11::TrackedWindowPtr& before,
                               const x11::TrackedWindowPtr& after)
 {
+    if (isDock(*before) != isDock(*after))
+        updateDocks();
     const bool isPlaced = before->iconGeometrySerial != after->iconGeometrySerial;
     if (isPlaced)
         notePlace(*after, m_runLoop.now());
@@ -126,9 +157,9 @@ void PanelDock::windowChanged(const x11::TrackedWindowPtr& before,
                               before->type != after->type);
     if (isDockMoved && isIconPlace(after->bounds) && !isIconPlace(before->bounds))
         noteMissingPlaces();
-    const bool isShownOtherwise = isDockMoved || before->isIconic != after->isIconic ||
-                                  before->desktop != after->desktop ||
-                                  before->skipTaskbar != after->skipTaskbar;
+    const bool isShownOtherwise =
+        isDockMoved || before->strut != after->strut || before->isIconic != after->isIconic ||
+        before->desktop != after->desktop || before->skipTaskbar != after->skipTaskbar;
     if (isShownOtherwise)
         m_hasChanged = true;
     if (isPlaced || isShownOtherwise)
@@ -137,6 +168,8 @@ void PanelDock::windowChanged(const x11::TrackedWindowPtr& before,
 
 void PanelDock::windowRemoved(const x11::TrackedWindowPtr& last)
 {
+    if (isDock(*last))
+        updateDocks();
     {
         const std::lock_guard lock(m_mutex);
         m_placements.erase(last->id);
@@ -195,10 +228,18 @@ void PanelDock::derive()
     }
     if (m_buttons)
         updateButtons(windows);
+    const int desktop = m_tracker.currentDesktop();
+    std::vector<x11::TrackedWindowPtr> shown = windows;
+    std::erase_if(shown, [desktop](const x11::TrackedWindowPtr& window) {
+        return !isShownOn(*window, desktop) || window->skipTaskbar;
+    });
+    auto placed = placesByPanel(shown);
     std::vector<DockStatePtr> states;
     for (const x11::TrackedWindowPtr& window : windows) {
         if (isPanel(*window)) {
-            states.push_back(makeState(*window, windows));
+            if (const auto* read = m_buttons ? m_buttons->places(window->id) : nullptr)
+                placed[window->id] = placesRead(*read, shown);
+            states.push_back(makeState(*window, placed[window->id]));
             if (!states.back()->items.empty())
                 m_everUsed.insert(window->id);
         }
@@ -221,15 +262,17 @@ void PanelDock::updateButtons(const std::vector<x11::TrackedWindowPtr>& windows)
     std::vector<x11::TrackedWindowPtr> docks;
     std::ranges::copy_if(windows, std::back_inserter(docks),
                          [](const x11::TrackedWindowPtr& window) { return isDock(*window); });
-    std::set<std::int32_t> placed;
+    std::set<xcb_window_t> withPlaces;
     {
         const std::lock_guard lock(m_mutex);
-        for (const auto& [window, placements] : m_placements) {
-            for (const x11::TrackedWindowPtr& dock : docks)
-                if (dock->pid && placements.contains(dock->id))
-                    placed.insert(*dock->pid);
-        }
+        for (const auto& [window, placements] : m_placements)
+            for (const auto& [dock, placement] : placements)
+                withPlaces.insert(dock);
     }
+    std::set<std::int32_t> placed;
+    for (const x11::TrackedWindowPtr& dock : docks)
+        if (dock->pid && withPlaces.contains(dock->id))
+            placed.insert(*dock->pid);
     const int desktop = m_tracker.currentDesktop();
     const bool areThereTasks =
         std::ranges::any_of(windows, [desktop](const x11::TrackedWindowPtr& window) {
@@ -244,49 +287,45 @@ void PanelDock::updateButtons(const std::vector<x11::TrackedWindowPtr>& windows)
         m_runLoop.performAfterDelay(this, doubt.lookAgain, [this] { derive(); });
 }
 
+std::map<xcb_window_t, std::vector<PlacedWindow>>
+PanelDock::placesByPanel(const std::vector<x11::TrackedWindowPtr>& shown) const
+{
+    std::map<xcb_window_t, std::vector<PlacedWindow>> places;
+    const std::lock_guard lock(m_mutex);
+    for (const x11::TrackedWindowPtr& window : shown) {
+        const auto known = m_placements.find(window->id);
+        if (known == m_placements.end())
+            continue;
+        for (const auto& [panel, placement] : known->second) {
+            if (placement.settled) {
+                places[panel].push_back(*placement.settled);
+                places[panel].back().isIconic = window->isIconic;
+            }
+        }
+    }
+    return places;
+}
+
 DockStatePtr PanelDock::makeState(const x11::TrackedWindow& panel,
-                                  const std::vector<x11::TrackedWindowPtr>& windows)
+                                  const std::vector<PlacedWindow>& placed)
 {
     auto state = std::make_shared<DockState>();
-    const std::optional<QMargins> strut =
-        m_strutReader ? m_strutReader(panel.id) : std::optional<QMargins>();
     state->pid = panel.pid.value_or(0);
-    state->edge = edgeOfDock(panel.bounds, screenOf(panel.bounds), strut.value_or(QMargins()));
-    state->hides = strut && strut->isNull();
+    state->edge =
+        edgeOfDock(panel.bounds, screenOf(panel.bounds), panel.strut.value_or(QMargins()));
+    state->hides = panel.strut && panel.strut->isNull();
     // Hidden panels leave a strip, or a part of their window, at the edge to be touched by the
     // pointer.
     state->isHidden = !isIconPlace(panel.bounds & screenOf(panel.bounds));
     state->windows.push_back({panel.id, panel.frame, panel.bounds});
 
-    const int desktop = m_tracker.currentDesktop();
-    const std::vector<PlacedWindow>* read = m_buttons ? m_buttons->places(panel.id) : nullptr;
-    std::vector<PlacedWindow> placed;
     const std::lock_guard lock(m_mutex);
-    for (const x11::TrackedWindowPtr& window : windows) {
-        if (!isShownOn(*window, desktop) || window->skipTaskbar)
-            continue;
-        const std::optional<PlacedWindow> place =
-            read ? placeIn(*read, window->id) : placeOn(panel.id, window->id);
-        if (place) {
-            placed.push_back(*place);
-            placed.back().isIconic = window->isIconic;
-        }
-    }
     std::vector<DockItem> previous;
     for (const DockStatePtr& old : m_states)
         if (old->windows.front().id == panel.id)
             previous = old->items;
     state->items = deriveItems(placed, panel.bounds, state->edge, previous);
     return state;
-}
-
-std::optional<PlacedWindow> PanelDock::placeOn(xcb_window_t panel, xcb_window_t window) const
-{
-    const auto known = m_placements.find(window);
-    if (known == m_placements.end())
-        return std::nullopt;
-    const auto own = known->second.find(panel);
-    return own != known->second.end() ? own->second.settled : std::nullopt;
 }
 
 QRect PanelDock::screenOf(const QRect& panel) const

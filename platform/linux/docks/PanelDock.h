@@ -4,8 +4,6 @@
 // Any panel with a task bar: it reports the position of each button in a property of the window.
 #pragma once
 
-#include <QtCore/QMargins>
-
 #include <atomic>
 #include <map>
 #include <mutex>
@@ -25,14 +23,10 @@ namespace lumbrix::platform
 class PanelDock final : public DockProvider
 {
 public:
-    /// The space that a window reserves at each edge of the screen; null if it has no such
-    /// property. Main thread; may query the server.
-    using StrutReader = std::function<std::optional<QMargins>(xcb_window_t)>;
-
     /// `buttons` is used if the windows' properties do not give the positions; null = not
     /// available. Main thread, as is the destructor.
     PanelDock(RunLoop& runLoop, x11::WindowTracker& tracker, const x11::PointSpace& space,
-              StrutReader strutReader, std::unique_ptr<AccessibleButtons> buttons = nullptr);
+              std::unique_ptr<AccessibleButtons> buttons = nullptr);
     ~PanelDock() override;
 
     const char* name() const override { return "Panel"; }
@@ -63,20 +57,21 @@ private:
     void derive();
     /// Returns true if a position is too recent to be trusted.
     bool settle(double now);
+    /// Of all panels together, as one may have hundreds of windows.
+    std::map<xcb_window_t, std::vector<PlacedWindow>>
+    placesByPanel(const std::vector<x11::TrackedWindowPtr>& shown) const;
     DockStatePtr makeState(const x11::TrackedWindow& panel,
-                           const std::vector<x11::TrackedWindowPtr>& windows);
-    /// The position that the panel reported for the window; null if it is not known. With m_mutex
-    /// held.
-    std::optional<PlacedWindow> placeOn(xcb_window_t panel, xcb_window_t window) const;
+                           const std::vector<PlacedWindow>& placed);
     /// Requests reading the buttons of panels whose windows' properties are not sufficient.
     void updateButtons(const std::vector<x11::TrackedWindowPtr>& windows);
+    /// Notes which windows are docks, so that not all are looked through for the place of each.
+    void updateDocks();
     std::vector<DockWindow> dockWindows() const;
     QRect screenOf(const QRect& panel) const;
 
     RunLoop& m_runLoop;
     x11::WindowTracker& m_tracker;
     const x11::PointSpace& m_space;
-    const StrutReader m_strutReader;
     const MainThreadGuard m_guard;
     const std::unique_ptr<AccessibleButtons> m_buttons; ///< may be null; main thread
     PlaceWriters m_writers;
@@ -87,6 +82,7 @@ private:
     mutable std::mutex m_mutex;
     std::map<xcb_window_t, Placements> m_placements; // guarded by m_mutex; by shown window
     std::vector<DockStatePtr> m_states;              // guarded by m_mutex
+    std::vector<xcb_window_t> m_docks;               // guarded by m_mutex; of all providers
 };
 
 } // namespace lumbrix::platform

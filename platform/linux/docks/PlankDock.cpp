@@ -26,9 +26,9 @@ bool isPlankWindow(const x11::TrackedWindow& window)
 }
 
 PlankDock::PlankDock(RunLoop& runLoop, x11::WindowTracker& tracker, ApplicationRegistry& registry,
-                     const QDBusConnection& bus, PlankWindowReader reader)
-    : m_runLoop(runLoop), m_tracker(tracker), m_registry(registry), m_reader(std::move(reader)),
-      m_bus(std::make_unique<PlankBus>(runLoop, bus))
+                     const QDBusConnection& bus, PlankInputAreas inputAreas)
+    : m_runLoop(runLoop), m_tracker(tracker), m_registry(registry),
+      m_inputAreas(std::move(inputAreas)), m_bus(std::make_unique<PlankBus>(runLoop, bus))
 {
     m_bus->setChanged([this] { rebuild(); });
 }
@@ -76,8 +76,9 @@ void PlankDock::windowAdded(const x11::TrackedWindowPtr& window)
 void PlankDock::windowChanged(const x11::TrackedWindowPtr& before,
                               const x11::TrackedWindowPtr& after)
 {
-    if (isPlankWindow(*after) && (before->frameBounds != after->frameBounds ||
-                                  before->frame != after->frame || before->type != after->type)) {
+    if (isPlankWindow(*after) &&
+        (before->frameBounds != after->frameBounds || before->frame != after->frame ||
+         before->type != after->type || before->resizeStep != after->resizeStep)) {
         onMainThread(&PlankDock::rebuild);
         onMainThread(&PlankDock::refresh);
     }
@@ -103,15 +104,17 @@ std::vector<PlankWindow> PlankDock::readWindows() const
         if (isPlankWindow(*window)) {
             windows.push_back({.window = {window->id, window->frame, window->bounds},
                                .pid = window->pid.value_or(0),
-                               .scale = m_reader.scale(window->id),
+                               .scale = plankScaleOf(*window),
                                .touched = {}});
         }
     }
-    if (windows.size() > 1 && m_reader.inputArea) { // to distinguish them
-        for (PlankWindow& window : windows) {
-            const QRect area = m_reader.inputArea(window.window.id);
-            window.touched = area.translated(window.window.bounds.topLeft());
-        }
+    if (windows.size() > 1 && m_inputAreas) { // to distinguish them
+        std::vector<xcb_window_t> ids;
+        for (const PlankWindow& window : windows)
+            ids.push_back(window.window.id);
+        const std::vector<QRect> areas = m_inputAreas(ids);
+        for (std::size_t i = 0; i < windows.size(); ++i)
+            windows[i].touched = areas[i].translated(windows[i].window.bounds.topLeft());
     }
     return windows;
 }

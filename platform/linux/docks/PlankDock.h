@@ -36,7 +36,7 @@ class PlankDock final : public DockProvider
 public:
     /// Main thread, as is the destructor.
     PlankDock(RunLoop& runLoop, x11::WindowTracker& tracker, ApplicationRegistry& registry,
-              const QDBusConnection& bus, PlankWindowReader reader);
+              const QDBusConnection& bus, PlankInputAreas inputAreas);
     ~PlankDock() override;
 
     const char* name() const override { return "Plank"; }
@@ -92,7 +92,7 @@ private:
     RunLoop& m_runLoop;
     x11::WindowTracker& m_tracker;
     ApplicationRegistry& m_registry;
-    const PlankWindowReader m_reader;
+    const PlankInputAreas m_inputAreas;
     const MainThreadGuard m_guard;
     std::unique_ptr<PlankBus> m_bus;
     std::map<std::pair<QString, QString>, Kept> m_kept; ///< by Plank and dock

@@ -9,7 +9,6 @@
 #include <xcb/shape.h>
 
 #include "platform/linux/x11/Connection.h"
-#include "platform/linux/x11/WindowProperties.h"
 
 namespace lumbrix::platform
 {
@@ -18,7 +17,6 @@ namespace
 {
 
 constexpr int maximumScale = 16;
-constexpr std::uint32_t hintLongs = 18;
 
 bool holds(const QRect& bounds, const std::vector<QPoint>& points, int scale)
 {
@@ -61,38 +59,29 @@ int fit(const PlankWithoutWindow& dock, const PlankWindow& window)
 
 } // namespace
 
-int readPlankScale(xcb_connection_t* connection, xcb_window_t window)
+int plankScaleOf(const x11::TrackedWindow& window)
 {
-    const x11::Reply<xcb_get_property_reply_t> reply(
-        xcb_get_property_reply(connection,
-                               xcb_get_property(connection, 0, window, XCB_ATOM_WM_NORMAL_HINTS,
-                                                XCB_ATOM_WM_SIZE_HINTS, 0, hintLongs),
-                               nullptr));
-    return plankScaleIn(x11::PropertyValue{reply.get()}.longs());
+    return window.resizeStep >= 1 && window.resizeStep <= maximumScale ? window.resizeStep : 1;
 }
 
-int plankScaleIn(std::span<const std::uint32_t> hints)
+std::vector<QRect> readInputAreas(xcb_connection_t* connection,
+                                  const std::vector<xcb_window_t>& windows)
 {
-    constexpr std::uint32_t resizeIncrementIsSet = 1U << 6;
-    if (hints.size() != hintLongs)
-        return 1;
-    const std::uint32_t step = hints[9];
-    const bool isScale = (hints[0] & resizeIncrementIsSet) != 0 && step == hints[10] && step >= 1 &&
-                         step <= maximumScale;
-    return isScale ? static_cast<int>(step) : 1;
-}
-
-QRect readInputArea(xcb_connection_t* connection, xcb_window_t window)
-{
-    const x11::Reply<xcb_shape_get_rectangles_reply_t> reply(xcb_shape_get_rectangles_reply(
-        connection, xcb_shape_get_rectangles(connection, window, XCB_SHAPE_SK_INPUT), nullptr));
-    QRect area;
-    const int count = reply ? xcb_shape_get_rectangles_rectangles_length(reply.get()) : 0;
-    for (int i = 0; i < count; ++i) {
-        const xcb_rectangle_t& rect = xcb_shape_get_rectangles_rectangles(reply.get())[i];
-        area |= QRect(rect.x, rect.y, rect.width, rect.height);
+    std::vector<xcb_shape_get_rectangles_cookie_t> cookies;
+    for (const xcb_window_t window : windows)
+        cookies.push_back(xcb_shape_get_rectangles(connection, window, XCB_SHAPE_SK_INPUT));
+    std::vector<QRect> areas;
+    for (const auto& cookie : cookies) {
+        const x11::Reply<xcb_shape_get_rectangles_reply_t> reply(
+            xcb_shape_get_rectangles_reply(connection, cookie, nullptr));
+        QRect& area = areas.emplace_back();
+        const int count = reply ? xcb_shape_get_rectangles_rectangles_length(reply.get()) : 0;
+        for (int i = 0; i < count; ++i) {
+            const xcb_rectangle_t& rect = xcb_shape_get_rectangles_rectangles(reply.get())[i];
+            area |= QRect(rect.x, rect.y, rect.width, rect.height);
+        }
     }
-    return area;
+    return areas;
 }
 
 std::vector<std::optional<std::size_t>>

@@ -8,31 +8,28 @@
 #include <cstdint>
 #include <functional>
 #include <optional>
-#include <span>
 #include <vector>
 
 #include "platform/linux/docks/DockItem.h"
 #include "platform/linux/docks/PlankItems.h"
+#include "platform/linux/x11/TrackedWindow.h"
 
 namespace lumbrix::platform
 {
 
 /// The width and height in screen pixels of one of Plank's own pixels. A scaled Plank still reports
 /// points and sizes in unscaled pixels, but its window has this number as resize increment. 1 if
-/// the window has no or an invalid increment. One round trip; any thread.
-int readPlankScale(xcb_connection_t* connection, xcb_window_t window);
-/// The same of the window's WM_NORMAL_HINTS.
-int plankScaleIn(std::span<const std::uint32_t> hints);
-/// The part of the window that the pointer touches, counted from the window's corner: the bar with
-/// the items, or a strip as long as that while the dock has slid away. Empty when unknown. One
-/// round trip; any thread; the server must have the shape extension.
-QRect readInputArea(xcb_connection_t* connection, xcb_window_t window);
+/// the window has no or an invalid increment.
+int plankScaleOf(const x11::TrackedWindow& window);
 
-/// The queries to the server. Main thread; `inputArea` may be null.
-struct PlankWindowReader {
-    std::function<int(xcb_window_t)> scale;
-    std::function<QRect(xcb_window_t)> inputArea;
-};
+/// Of each of these windows the part that the pointer touches, counted from the window's corner:
+/// the bar with the items, or a strip as long as that while the dock has slid away. Empty when
+/// unknown. Main thread; may be null.
+using PlankInputAreas = std::function<std::vector<QRect>(const std::vector<xcb_window_t>&)>;
+/// The same from the server, which must have the shape extension. One round trip for all; any
+/// thread.
+std::vector<QRect> readInputAreas(xcb_connection_t* connection,
+                                  const std::vector<xcb_window_t>& windows);
 
 struct PlankWindow {
     DockWindow window;

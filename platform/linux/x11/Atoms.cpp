@@ -38,6 +38,8 @@ constexpr std::array<const char*, count> names{
     "_NET_WM_STATE_MODAL",
     "_NET_WM_STATE_SHADED",
     "_NET_WM_STATE_SKIP_TASKBAR",
+    "_NET_WM_STRUT",
+    "_NET_WM_STRUT_PARTIAL",
     "_NET_WM_WINDOW_TYPE",
     "_NET_WM_WINDOW_TYPE_DESKTOP",
     "_NET_WM_WINDOW_TYPE_DIALOG",

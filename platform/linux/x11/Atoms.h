@@ -37,6 +37,8 @@ enum class AtomName : std::size_t {
     NetWmStateModal,
     NetWmStateShaded,
     NetWmStateSkipTaskbar,
+    NetWmStrut,
+    NetWmStrutPartial,
     NetWmWindowType,
     NetWmWindowTypeDesktop,
     NetWmWindowTypeDialog,

@@ -5,6 +5,7 @@
 // reading it needs no round trip.
 #pragma once
 
+#include <QtCore/QMargins>
 #include <QtCore/QRect>
 #include <QtCore/QString>
 
@@ -47,6 +48,10 @@ struct TrackedWindow {
     /// in milliseconds.
     std::uint64_t iconGeometrySerial = 0;
     std::int64_t iconGeometryTime = 0;
+    // Of docks only.
+    std::optional<QMargins>
+        strut;                ///< reserved at the edges of the screen; null without such a word
+    int resizeStep = 0;       ///< the increment of its size, the same both ways; 0 = none
     bool isResponding = true; ///< false while a ping is unanswered for over 0.2 s
 
     bool operator==(const TrackedWindow&) const = default;

@@ -38,23 +38,26 @@ NodeCookies askForNode(xcb_connection_t* c, xcb_window_t window)
             xcb_get_window_attributes(c, window)};
 }
 
+using Cookies = std::array<xcb_get_property_cookie_t, maxRows>;
+
+/// The bits say which rows.
 void sendPropertyRequests(xcb_connection_t* c, const Atoms& atoms, const WindowRecord& record,
-                          std::array<xcb_get_property_cookie_t, maxRows>& cookies)
+                          std::uint32_t bits, Cookies& cookies)
 {
     const auto rows = propertyRows();
     for (std::size_t i = 0; i < rows.size(); ++i) {
-        if (record.dirty & (1U << i))
+        if (bits & (1U << i))
             cookies[i] = xcb_get_property(c, 0, record.id, rows[i].atomId(atoms),
                                           XCB_GET_PROPERTY_TYPE_ANY, 0, rows[i].maxLongs);
     }
 }
 
 void readProperties(const Connection& connection, const Atoms& atoms, WindowRecord& record,
-                    const std::array<xcb_get_property_cookie_t, maxRows>& cookies)
+                    std::uint32_t bits, const Cookies& cookies)
 {
     const auto rows = propertyRows();
     for (std::size_t i = 0; i < rows.size(); ++i) {
-        if (!(record.dirty & (1U << i)))
+        if (!(bits & (1U << i)))
             continue;
         const auto reply = connection.reply(xcb_get_property_reply, cookies[i]);
         if (reply)
@@ -129,21 +132,42 @@ void fetchMissingPids(const Connection& connection, std::span<WindowRecord* cons
         lacking[i]->clientPid = pids[i];
 }
 
+/// Once it is known which are docks.
+void fetchDockRows(const Connection& connection, const Atoms& atoms,
+                   std::span<WindowRecord* const> records)
+{
+    const auto wanted = [](const WindowRecord& record) {
+        return record.isDock() && !record.isGone
+                   ? dockBits() & (record.hasDockRows ? record.dirty : ~0U)
+                   : 0U;
+    };
+    std::vector<Cookies> cookies(records.size());
+    for (std::size_t i = 0; i < records.size(); ++i)
+        sendPropertyRequests(connection.get(), atoms, *records[i], wanted(*records[i]), cookies[i]);
+    for (std::size_t i = 0; i < records.size(); ++i) {
+        readProperties(connection, atoms, *records[i], wanted(*records[i]), cookies[i]);
+        records[i]->hasDockRows = records[i]->isDock();
+    }
+}
+
 } // namespace
 
 void fetchWindows(const Connection& connection, const Atoms& atoms,
                   std::span<WindowRecord* const> records)
 {
-    std::vector<std::array<xcb_get_property_cookie_t, maxRows>> cookies(records.size());
+    const std::uint32_t ofDocks = dockBits();
+    std::vector<Cookies> cookies(records.size());
     std::vector<Walk> walks;
     for (std::size_t i = 0; i < records.size(); ++i) {
-        sendPropertyRequests(connection.get(), atoms, *records[i], cookies[i]);
+        sendPropertyRequests(connection.get(), atoms, *records[i], records[i]->dirty & ~ofDocks,
+                             cookies[i]);
         if (records[i]->dirty & geometryBit)
             walks.push_back({records[i], records[i]->id,
                              askForNode(connection.get(), records[i]->id), QRect()});
     }
     for (std::size_t i = 0; i < records.size(); ++i)
-        readProperties(connection, atoms, *records[i], cookies[i]);
+        readProperties(connection, atoms, *records[i], records[i]->dirty & ~ofDocks, cookies[i]);
+    fetchDockRows(connection, atoms, records);
     walkToFrames(connection, std::move(walks));
     fetchMissingPids(connection, records);
     for (WindowRecord* record : records)

@@ -14,6 +14,7 @@ namespace
 {
 
 constexpr std::uint32_t iconicState = 3; // of WM_STATE
+constexpr std::uint32_t hintLongs = 18;  // of WM_NORMAL_HINTS
 
 QByteArrayView view(std::span<const char> bytes)
 {
@@ -140,6 +141,25 @@ void applyFrameExtents(WindowRecord& record, const PropertyValue& value, const A
     record.frameExtents = marginsOf(value);
 }
 
+void applyPartialStrut(WindowRecord& record, const PropertyValue& value, const Atoms&)
+{
+    record.partialStrut = strutIn(value.longs());
+}
+
+void applyStrut(WindowRecord& record, const PropertyValue& value, const Atoms&)
+{
+    record.plainStrut = strutIn(value.longs());
+}
+
+void applyNormalHints(WindowRecord& record, const PropertyValue& value, const Atoms&)
+{
+    constexpr std::uint32_t resizeIncrementIsSet = 1U << 6;
+    const auto hints = value.longs();
+    const bool hasStep = hints.size() == hintLongs && (hints[0] & resizeIncrementIsSet) != 0 &&
+                         hints[9] == hints[10];
+    record.resizeStep = hasStep ? extent(hints[9]) : 0;
+}
+
 constexpr std::uint32_t titleLongs = maxTitleLength; // four bytes each: the longest UTF-8
 constexpr std::uint32_t listLongs = 64;
 constexpr std::size_t pidRow = 3;
@@ -157,6 +177,9 @@ constexpr std::array rowTable{
     PropertyRow{AtomName::NetWmIconGeometry, XCB_NONE, 4, applyIconGeometry},
     PropertyRow{AtomName::GtkFrameExtents, XCB_NONE, 4, applyGtkExtents},
     PropertyRow{AtomName::NetFrameExtents, XCB_NONE, 4, applyFrameExtents},
+    PropertyRow{AtomName::NetWmStrutPartial, XCB_NONE, 4, applyPartialStrut, true},
+    PropertyRow{AtomName::NetWmStrut, XCB_NONE, 4, applyStrut, true},
+    PropertyRow{AtomName::Count, XCB_ATOM_WM_NORMAL_HINTS, hintLongs, applyNormalHints, true},
 };
 static_assert(rowTable[pidRow].atom == AtomName::NetWmPid);
 static_assert(rowTable.size() < 31);
@@ -216,7 +239,25 @@ std::uint32_t dirtyBitOf(xcb_atom_t property, const Atoms& atoms)
     return 0;
 }
 
+std::uint32_t dockBits()
+{
+    std::uint32_t bits = 0;
+    for (std::size_t i = 0; i < rowTable.size(); ++i)
+        bits |= rowTable[i].isOfDocks ? 1U << i : 0;
+    return bits;
+}
+
 std::uint32_t pidBit() { return 1U << pidRow; }
+
+std::optional<QMargins> strutIn(std::span<const std::uint32_t> numbers)
+{
+    if (numbers.size() < 4)
+        return std::nullopt;
+    const auto side = [&](std::size_t i) {
+        return static_cast<int>(std::min<std::uint32_t>(numbers[i], 0x7fff));
+    };
+    return QMargins(side(0), side(2), side(1), side(3));
+}
 
 std::optional<WindowType> windowTypeOf(std::span<const std::uint32_t> types, const Atoms& atoms)
 {
@@ -274,6 +315,10 @@ TrackedWindow snapshotOf(const WindowRecord& record, const ManagerTraits& manage
     window.iconGeometry = record.iconGeometry;
     window.iconGeometrySerial = record.iconGeometrySerial;
     window.iconGeometryTime = record.iconGeometryTime;
+    if (record.isDock()) {
+        window.strut = record.partialStrut ? record.partialStrut : record.plainStrut;
+        window.resizeStep = record.resizeStep;
+    }
     window.isResponding = record.isResponding;
     return window;
 }

@@ -54,8 +54,13 @@ struct WindowRecord {
     std::int64_t iconGeometryTime = 0;
     std::optional<QMargins> clientDrawnExtents; ///< invisible: shadows and the like
     std::optional<QMargins> frameExtents;       ///< visible: title bar and borders
+    std::optional<QMargins> partialStrut;
+    std::optional<QMargins> plainStrut; ///< of the older property
+    int resizeStep = 0;
+    bool hasDockRows = false; ///< those rows have been fetched
     bool isResponding = true;
 
+    bool isDock() const { return listedType == WindowType::Dock; }
     TrackedWindowPtr published;
 };
 
@@ -73,6 +78,7 @@ struct PropertyRow {
     xcb_atom_t predefined;  ///< an atom every server has
     std::uint32_t maxLongs; ///< how much of it is fetched, in units of four bytes
     void (*apply)(WindowRecord&, const PropertyValue&, const Atoms&);
+    bool isOfDocks = false; ///< fetched of docks only
 
     xcb_atom_t atomId(const Atoms& atoms) const { return predefined ? predefined : atoms[atom]; }
 };
@@ -81,6 +87,8 @@ std::span<const PropertyRow> propertyRows();
 /// Bit of the row in WindowRecord::dirty; 0 when no row wants this property.
 std::uint32_t dirtyBitOf(xcb_atom_t property, const Atoms& atoms);
 inline constexpr std::uint32_t geometryBit = 1U << 31;
+/// The bits of the rows that are fetched of docks only.
+std::uint32_t dockBits();
 /// The row whose fetch shows that there is no process id.
 std::uint32_t pidBit();
 
@@ -92,6 +100,8 @@ struct ManagerTraits {
 
 TrackedWindow snapshotOf(const WindowRecord& record, const ManagerTraits& manager);
 
+/// What the numbers of _NET_WM_STRUT_PARTIAL or _NET_WM_STRUT say; null when they are too few.
+std::optional<QMargins> strutIn(std::span<const std::uint32_t> numbers);
 /// The list of a _NET_WM_WINDOW_TYPE property: the first entry that is known decides.
 std::optional<WindowType> windowTypeOf(std::span<const std::uint32_t> types, const Atoms& atoms);
 

@@ -4,6 +4,7 @@
 // The managed windows of the display, kept current by the event thread.
 #pragma once
 
+#include <span>
 #include <vector>
 
 #include "platform/linux/x11/TrackedWindow.h"
@@ -89,6 +90,8 @@ public:
     virtual TrackedWindowPtr window(xcb_window_t id) const = 0;
     /// All managed windows, docks and desktops included, topmost first.
     virtual std::vector<TrackedWindowPtr> windows() const = 0;
+    /// Those of these windows that are managed, topmost first.
+    virtual std::vector<TrackedWindowPtr> windows(std::span<const xcb_window_t> ids) const = 0;
     virtual xcb_window_t activeWindow() const = 0;
     virtual int currentDesktop() const = 0; ///< 0-based
     virtual int desktopCount() const = 0;

@@ -49,14 +49,25 @@ X11WindowTracker::StatePtr X11WindowTracker::state() const
     return m_state;
 }
 
-TrackedWindowPtr X11WindowTracker::window(xcb_window_t id) const
-{
-    const StatePtr current = state();
-    const auto it = current->byId.find(id);
-    return it == current->byId.end() ? nullptr : it->second;
-}
+TrackedWindowPtr X11WindowTracker::window(xcb_window_t id) const { return state()->window(id); }
 
 std::vector<TrackedWindowPtr> X11WindowTracker::windows() const { return state()->windows; }
+
+std::vector<TrackedWindowPtr> X11WindowTracker::windows(std::span<const xcb_window_t> ids) const
+{
+    const StatePtr current = state();
+    std::vector<std::size_t> places;
+    for (const xcb_window_t id : ids)
+        if (const auto it = current->places.find(id); it != current->places.end())
+            places.push_back(it->second);
+    std::ranges::sort(places);
+    std::vector<TrackedWindowPtr> found;
+    found.reserve(places.size());
+    for (const std::size_t place : places)
+        found.push_back(current->windows[place]);
+    return found;
+}
+
 xcb_window_t X11WindowTracker::activeWindow() const { return state()->active; }
 int X11WindowTracker::currentDesktop() const { return state()->currentDesktop; }
 int X11WindowTracker::desktopCount() const { return state()->desktopCount; }
@@ -176,7 +187,7 @@ void X11WindowTracker::propertyChanged(const xcb_property_notify_event_t& event)
     WindowRecord* record = recordOf(event.window);
     if (!record)
         return;
-    record->dirty |= dirtyBitOf(event.atom, m_atoms);
+    record->dirty |= dirtyBitOf(event.atom, m_atoms) & (record->isDock() ? ~0U : ~dockBits());
     if (event.atom == m_atoms[AtomName::NetWmIconGeometry]) {
         ++record->iconGeometrySerial;
         record->iconGeometryTime = static_cast<std::int64_t>(m_runLoop.now() * 1000);
@@ -330,8 +341,8 @@ X11WindowTracker::StatePtr X11WindowTracker::makeState()
         }
         if (!record->published || *record->published != snapshot)
             record->published = std::make_shared<const TrackedWindow>(std::move(snapshot));
+        next->places[id] = next->windows.size();
         next->windows.push_back(record->published);
-        next->byId[id] = record->published;
     }
     m_isChanged = false;
     return next;
@@ -345,15 +356,15 @@ void X11WindowTracker::publish(const StatePtr& next)
         previous = std::exchange(m_state, next);
     }
     for (const TrackedWindowPtr& window : previous->windows)
-        if (!next->byId.contains(window->id))
+        if (!next->places.contains(window->id))
             m_listeners.notify([&](WindowListener& listener) { listener.windowRemoved(window); });
     for (const TrackedWindowPtr& window : next->windows) {
-        const auto before = previous->byId.find(window->id);
-        if (before == previous->byId.end())
+        const TrackedWindowPtr before = previous->window(window->id);
+        if (!before)
             m_listeners.notify([&](WindowListener& listener) { listener.windowAdded(window); });
-        else if (before->second != window)
+        else if (before != window)
             m_listeners.notify(
-                [&](WindowListener& listener) { listener.windowChanged(before->second, window); });
+                [&](WindowListener& listener) { listener.windowChanged(before, window); });
     }
     if (previous->active != next->active)
         m_listeners.notify(

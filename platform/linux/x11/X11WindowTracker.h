@@ -37,6 +37,7 @@ public:
     void addListener(WindowListener* listener) override { m_listeners.add(listener); }
     TrackedWindowPtr window(xcb_window_t id) const override;
     std::vector<TrackedWindowPtr> windows() const override;
+    std::vector<TrackedWindowPtr> windows(std::span<const xcb_window_t> ids) const override;
     xcb_window_t activeWindow() const override;
     int currentDesktop() const override;
     int desktopCount() const override;
@@ -56,11 +57,17 @@ public:
 
 private:
     struct State {
-        std::vector<TrackedWindowPtr> windows; ///< topmost first
-        std::unordered_map<xcb_window_t, TrackedWindowPtr> byId;
+        std::vector<TrackedWindowPtr> windows;                ///< topmost first
+        std::unordered_map<xcb_window_t, std::size_t> places; ///< in the list, by id
         xcb_window_t active = XCB_NONE;
         int currentDesktop = 0;
         int desktopCount = 1;
+
+        TrackedWindowPtr window(xcb_window_t id) const
+        {
+            const auto it = places.find(id);
+            return it == places.end() ? nullptr : windows[it->second];
+        }
     };
     using StatePtr = std::shared_ptr<const State>;
 

@@ -33,7 +33,7 @@ AdapterFixture::AdapterFixture(const QDBusConnection* session)
               [this, session] {
                   DockModel::Providers providers;
                   providers.push_back(std::make_unique<PanelDock>(
-                      m_loop, m_tracker, m_space, [this](xcb_window_t) { return m_strut; },
+                      m_loop, m_tracker, m_space,
                       session ? std::make_unique<AccessibleButtons>(m_loop, m_tracker, m_registry,
                                                                     *session)
                               : nullptr));
@@ -77,6 +77,7 @@ void AdapterFixture::addDock(xcb_window_t id, const QString& name, std::int32_t 
     dock.type = x11::WindowType::Dock;
     dock.bounds = bounds;
     dock.desktop = -1;
+    dock.strut = QMargins(0, 0, 0, 30);
     m_tracker.add(dock);
 }
 

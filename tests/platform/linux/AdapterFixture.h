@@ -60,7 +60,6 @@ protected:
     QRect m_mainScreen{0, 0, 1280, 800};
     platform::SystemUIMode m_uiMode{m_tracker, [this] { return m_mainScreen; }};
     platform::LinuxWorkspace m_workspace;
-    std::optional<QMargins> m_strut{QMargins(0, 0, 0, 30)};
     platform::DockModel m_docks;
     platform::SwitcherModel m_switcher{
         m_loop,

@@ -276,8 +276,10 @@ TEST_F(DocksTest, places_move_with_a_panel_that_hides)
 {
     addPanel();
     const QRect hidden = panelBounds.translated(0, 28);
-    m_strut = QMargins();
-    m_tracker.change(panelWindow, [&](auto& window) { window.bounds = hidden; });
+    m_tracker.change(panelWindow, [&](auto& window) {
+        window.bounds = hidden;
+        window.strut = QMargins();
+    });
     m_tracker.placeIcon(5, firstButton.translated(0, 28)); // as the hidden panel has it
     m_loop.advance(0.1);
     EXPECT_TRUE(*read(dockItems().at(0), "AXHidden").as<bool>());
@@ -292,6 +294,12 @@ TEST_F(DocksTest, places_move_with_a_panel_that_hides)
     EXPECT_EQ(changes, 1) << "nothing is told that has not changed";
     EXPECT_EQ(*read(dockItems().at(0), "AXPosition").as<QPointF>(), QPointF(100, 770));
     EXPECT_EQ(m_dockPreferences.autohide(nullptr), 1);
+    for (const int reserved : {30, 0}) {
+        m_tracker.change(panelWindow,
+                         [&](auto& window) { window.strut = QMargins(0, 0, 0, reserved); });
+        m_loop.advance(0.1);
+        EXPECT_EQ(m_dockPreferences.autohide(nullptr), reserved == 0 ? 1 : 0);
+    }
 
     // One window of a button was placed before the panel hid, the other one after.
     m_tracker.placeIcon(1, secondButton);
@@ -424,6 +432,34 @@ TEST_F(DocksTest, restarted_dock_is_found_again)
     place();
     EXPECT_EQ(m_docks.pid(), panelPid);
     EXPECT_EQ(titles(), u"Editor Term"_s);
+}
+
+// Each of them looked through all windows.
+TEST_F(DocksTest, questions_about_each_of_many_windows_hand_out_those_alone)
+{
+    constexpr int windows = 100;
+    addPanel();
+    for (xcb_window_t id = 1; id < 2 * windows; id += 2) {
+        const QString name = u"app%1"_s.arg(id / 10);
+        m_tracker.add(window(id, name, name, 1000 + static_cast<int>(id) / 10));
+    }
+    m_loop.advance(0.1);
+    m_tracker.windowsTold();
+    for (int i = 0; i < windows; ++i)
+        m_tracker.placeIcon(static_cast<xcb_window_t>(2 * i + 1), {10 + 12 * i, 772, 10, 26});
+    EXPECT_LE(m_tracker.windowsTold(), 5 * windows);
+    m_loop.advance(0.1);
+    EXPECT_EQ(dockItems().size(), windows);
+    const auto applications = m_workspace.runningApplications();
+    m_tracker.windowsTold();
+    for (const RunningApplication& application : applications)
+        list(X11Element::application(application.pid), "AXWindows");
+    EXPECT_LE(m_tracker.windowsTold(), 2 * windows);
+    for (const ElementRef& item : dockItems()) {
+        for (const char* attribute : {"AXHidden", "AXPosition", "AXSize"})
+            EXPECT_TRUE(read(item, attribute).ok());
+    }
+    EXPECT_EQ(m_tracker.windowsTold(), 0);
 }
 
 TEST_F(DocksTest, approach_prefetches_the_nearest_first)

@@ -20,7 +20,18 @@ void FakeTracker::add(Window window)
 FakeTracker::WindowPtr FakeTracker::window(xcb_window_t id) const
 {
     const auto it = std::ranges::find(m_windows, id, &Window::id);
+    ++m_told;
     return it == m_windows.end() ? nullptr : *it;
+}
+
+std::vector<FakeTracker::WindowPtr> FakeTracker::windows(std::span<const xcb_window_t> ids) const
+{
+    std::vector<WindowPtr> found;
+    std::ranges::copy_if(m_windows, std::back_inserter(found), [ids](const WindowPtr& window) {
+        return std::ranges::find(ids, window->id) != ids.end();
+    });
+    m_told += static_cast<int>(found.size());
+    return found;
 }
 
 void FakeTracker::change(xcb_window_t id, const std::function<void(Window&)>& how)

@@ -6,6 +6,7 @@
 #pragma once
 
 #include <functional>
+#include <utility>
 
 #include "platform/linux/x11/WindowTracker.h"
 
@@ -45,12 +46,19 @@ public:
     }
     void repeatKey(xcb_keysym_t key) { notify(&Listener::keyRepeated, key); }
     int activations() const { return m_activations; }
+    /// How many windows were told of to those who asked, since the last call.
+    int windowsTold() { return std::exchange(m_told, 0); }
     /// A window manager that ignores requests to iconify.
     void refuseIconify() { m_iconifies = false; }
 
     void addListener(Listener* listener) override { m_listeners.push_back(listener); }
     WindowPtr window(xcb_window_t id) const override;
-    std::vector<WindowPtr> windows() const override { return m_windows; }
+    std::vector<WindowPtr> windows() const override
+    {
+        m_told += static_cast<int>(m_windows.size());
+        return m_windows;
+    }
+    std::vector<WindowPtr> windows(std::span<const xcb_window_t> ids) const override;
     xcb_window_t activeWindow() const override { return m_active; }
     int currentDesktop() const override { return m_desktop; }
     int desktopCount() const override { return 4; }
@@ -72,6 +80,7 @@ private:
     xcb_window_t m_active = XCB_NONE;
     int m_desktop = 0;
     int m_activations = 0;
+    mutable int m_told = 0;
     bool m_iconifies = true;
     QPoint m_pointer;
 };

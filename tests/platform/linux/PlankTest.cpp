@@ -111,7 +111,7 @@ class PlankTest : public AdapterFixture
 protected:
     static void SetUpTestSuite() { qputenv("GSETTINGS_BACKEND", "memory"); }
 
-    PlankTest() : m_plank(m_loop, m_tracker, m_registry, m_bus.connect(u"lumbrix"_s), reader())
+    PlankTest() : m_plank(m_loop, m_tracker, m_registry, m_bus.connect(u"lumbrix"_s), nullptr)
     {
         m_tracker.addListener(&m_plank);
         m_plank.start();
@@ -121,15 +121,12 @@ protected:
         QDBusConnection::disconnectFromBus(m_bus.connect(u"lumbrix"_s).name());
     }
 
-    PlankWindowReader reader()
-    {
-        return {.scale = [this](xcb_window_t) { return m_scale; }, .inputArea = nullptr};
-    }
-    void addWindow(xcb_window_t id, QRect bounds, std::int32_t pid = strange)
+    void addWindow(xcb_window_t id, QRect bounds, std::int32_t pid = strange, int scale = 0)
     {
         FakeTracker::Window dock = window(id, u"plank"_s, u"Plank"_s, pid);
         dock.type = x11::WindowType::Dock;
         dock.bounds = dock.frameBounds = bounds;
+        dock.resizeStep = scale;
         m_tracker.add(dock);
     }
     /// The number of items of each dock, and the first one's window and place.
@@ -158,7 +155,6 @@ protected:
                       : testing::AssertionFailure() << seen().toStdString();
     }
 
-    int m_scale = 1;
     PrivateBus m_bus;
     PlankDock m_plank;
 };
@@ -181,8 +177,7 @@ TEST_F(PlankTest, items_ofAnEnlargedPlank_standWhereTheyAreDrawn)
              Case{2, 0, {0, 0, 280, 1024}, {{66, 32}, {66, 92}}, "9:2 0,4 120x120"},
              Case{2, 1, {1000, 0, 280, 1024}, {{574, 196}, {574, 256}}, "9:2 1160,332 120x120"},
          }) {
-        m_scale = at.scale;
-        addWindow(9, at.window);
+        addWindow(9, at.window, strange, at.scale);
         {
             const TestPlank plank(m_bus.connect(u"plank"_s), u"net.launchpad.plank"_s,
                                   {{u"dock1"_s, dockAt(at.position, at.points[0], at.points[1])}});

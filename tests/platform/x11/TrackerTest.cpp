@@ -227,6 +227,16 @@ TEST(Tracker, docksDesktopsAndPopups_areToldApart)
     dock.setBytes("WM_NAME", "STRING", "still there");
     desk.waitForWindow(dock.id(),
                        [](const TrackedWindow& w) { return w.title == u"still there"_s; });
+    // Known without a question, whichever of the two properties it uses.
+    dock.setNumbers("_NET_WM_STRUT", "CARDINAL", {0, 0, 0, 44});
+    desk.waitForWindow(dock.id(),
+                       [](const TrackedWindow& w) { return w.strut && w.resizeStep == 0; });
+    dock.setNumbers("_NET_WM_STRUT_PARTIAL", "CARDINAL", {0, 0, 0, 66, 0, 0, 0, 0, 0, 0, 0, 1279});
+    dock.setNumbers("WM_NORMAL_HINTS", "WM_SIZE_HINTS",
+                    {64, 0, 0, 0, 0, 0, 0, 0, 0, 2, 2, 0, 0, 0, 0, 0, 0, 0});
+    desk.waitForWindow(dock.id(), [](const TrackedWindow& w) {
+        return w.strut == QMargins(0, 0, 0, 66) && w.resizeStep == 2;
+    });
     EXPECT_GT(desk.info(dock.id())->layer, 0);
     EXPECT_LT(desk.info(background.id())->layer, 0);
     for (const WindowInfo& entry :
