@@ -58,6 +58,9 @@ public:
     void arrangeWindowsLeft(const SWElementPtr& item, bool animate);
     void arrangeWindowsRight(const SWElementPtr& item, bool animate);
 
+    /// Of a row, marks the preview of the one window that the item stands for, if it does.
+    void markOwnWindow(const SWElementPtr& item);
+
     /// Where something of this size lies beside the row: on the icon's line, which other previews
     /// in the row's place leave where it is, and away from the Dock; screen coordinates. Empty
     /// before the first row.
@@ -68,8 +71,6 @@ public:
 
 private:
     void arrangeStrip(platform::DockEdge edge, const SWElementPtr& item);
-    /// Of a row, marks the preview of the one window that the item stands for, if it does.
-    void markOwnWindow(const SWElementPtr& item);
     void waitUntilSettled(const SWElementPtr& item) const;
     PreviewLayout::Input layoutInput(const QRectF& icon) const;
 

@@ -29,8 +29,13 @@ void SwitcherWatch::processListIconHovered(const Application& application,
         m_dismissal.removeAllScreenViews("previews in the switcher are turned off");
         return;
     }
-    if (m.row.belongsTo(application, true))
+    if (m.row.belongsTo(application, true)) {
+        // A switcher that lists each window has gone to another one of the same application.
+        m.row.arranger().markOwnWindow(element);
+        m.timers.stopUpdate();
+        watch(element);
         return;
+    }
     m_dismissal.removeAllScreenViews("the switcher selects another application");
     m.inventory.cleanWindowsArray();
     const auto windows =
@@ -47,10 +52,16 @@ void SwitcherWatch::processListIconHovered(const Application& application,
         m.row.arranger().arrangeWindowsBottom(element, false);
         m.row.bringOut();
     }
-    m_updater.armUpdateTimer(PreviewUpdater::updateInterval, element);
     m_restingMouse = m.ports.inputState.mouseLocation();
+    watch(element);
+}
+
+void SwitcherWatch::watch(const SWElementPtr& entry)
+{
+    m_updater.armUpdateTimer(PreviewUpdater::updateInterval, entry);
+    invalidateTimer(m.timers.tabExit);
     m.timers.tabExit = m.ports.runLoop.scheduleTimer(tabExitInterval, true,
-                                                     [this, element] { tabExitCheck(element); });
+                                                     [this, entry] { tabExitCheck(entry); });
 }
 
 void SwitcherWatch::tabExitCheck(const SWElementPtr& entry)

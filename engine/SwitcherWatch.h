@@ -36,6 +36,8 @@ public:
     void processListIconHovered(const Application& application, const SWElementPtr& element);
 
 private:
+    /// Until the switcher closes or selects another entry.
+    void watch(const SWElementPtr& entry);
     void tabExitCheck(const SWElementPtr& entry);
     void followSwitcher(const SWElementPtr& entry);
     /// Whether the mouse has moved since the row appeared.

@@ -54,6 +54,25 @@ TEST_F(Switcher, selectedEntry_isShownAtTheBottom_andFollowed)
     EXPECT_EQ(shown(), u""_s);
 }
 
+TEST_F(Switcher, entriesOfOneApplication_moveTheMark_andAreWaitedForOnce)
+{
+    desk.with([](SimulatedState& state) { state.knowsWindowNumbers = true; });
+    const auto windows = desk.stacking(); // the one of Maps, then those of Notes
+    desk.openSwitcher({{u"Notes"_s, {}, {}, windows[1]}, {u"Notes"_s, {}, {}, windows[2]}});
+    loop.runUntilIdle();
+    ASSERT_EQ(shown(), both);
+    for (const std::size_t selection : {1U, 0U, 1U}) {
+        desk.selectInSwitcher(selection, selection == 0);
+        loop.runUntilIdle();
+        const double start = loop.now();
+        for (int i = 0; i < 15; ++i)
+            loop.advance(0.1);
+        EXPECT_LT(loop.now() - start, 1.75) << "the main thread waits for each change once";
+        EXPECT_EQ(preview(0).isMarked(), selection == 0);
+        EXPECT_EQ(preview(1).isMarked(), selection == 1);
+    }
+}
+
 TEST_F(Switcher, entries_waitForTheDelay_exceptThoseThatSayThatTheyRun)
 {
     delays.delay = 0.4F;

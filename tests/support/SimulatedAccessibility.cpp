@@ -412,9 +412,12 @@ std::optional<WindowID> SimulatedAccessibility::windowIDOf(const ElementRef& ele
     const SimulatedElement& target = own(element);
     if (target.kind == Kind::Window)
         return target.id;
-    const SimulatedDockItem* item =
-        target.kind == Kind::DockItem ? m_state.dockItem(target.id) : nullptr;
-    return item && item->window != 0 ? std::optional(item->window) : std::nullopt;
+    WindowID window = 0;
+    if (target.kind == Kind::DockItem && m_state.dockItem(target.id))
+        window = m_state.dockItem(target.id)->window;
+    else if (target.kind == Kind::SwitcherEntry && m_state.switcherEntry(target.id))
+        window = m_state.switcherEntry(target.id)->window;
+    return window != 0 ? std::optional(window) : std::nullopt;
 }
 
 std::unique_ptr<AXObserver> SimulatedAccessibility::createObserver(std::int32_t pid,

@@ -126,6 +126,7 @@ struct SimulatedSwitcherEntry {
     QString title;
     std::optional<bool> isRunning{}; ///< "AXIsApplicationRunning", where it has that
     QUrl url{};                      ///< "AXURL", where it has that
+    WindowID window = 0;             ///< of a switcher that lists windows
     std::uint32_t id = 0;
 };
 
