@@ -97,7 +97,7 @@ std::vector<PictureFeed::Film*> PictureFeed::candidates()
             due.push_back(&film);
     // The one that is looked at comes first; but where it takes all there is, the others have their
     // turn after each picture of it.
-    std::ranges::stable_partition(due, [this](const Film* film) {
+    std::stable_partition(due.begin(), due.end(), [this](const Film* film) {
         return film->preview->isMouseInside() != m_wasOnlyHovered;
     });
     return due;

@@ -21,7 +21,11 @@ protected:
         const auto shown = window(u"preferences"_s);
         return shown ? shown->id : XCB_NONE;
     }
-    QByteArray title() { return display().bytes(preferences(), "_NET_WM_NAME"); }
+    /// The pane's part of it.
+    QByteArray title()
+    {
+        return display().bytes(preferences(), "_NET_WM_NAME").split(' ').value(0);
+    }
     /// Without an icon in a menu, starting the program again is the way to its preferences.
     void openPreferences(const QByteArray& pane)
     {

@@ -62,6 +62,7 @@ std::vector<QRect> spread(const std::vector<QRect>& places, const QRect& dock, D
     std::iota(order.begin(), order.end(), std::size_t{0});
     std::ranges::sort(order, {}, [&](std::size_t i) { return along(places[i], edge).first; });
     std::vector<QRect> rects;
+    rects.reserve(places.size());
     for (const QRect& place : places)
         rects.push_back(acrossDock(place, dock, edge));
     std::vector<bool> isCrowded(places.size());
@@ -168,6 +169,7 @@ std::vector<DockItem> deriveItems(const std::vector<PlacedWindow>& windows, cons
         buttons[i].allIconic = buttons[i].allIconic && window.isIconic;
     }
     std::vector<QRect> places;
+    places.reserve(buttons.size());
     for (const Button& button : buttons)
         places.push_back(button.first.place.translated(dock.topLeft()));
     const std::vector<QRect> rects = spread(places, dock, edge);

@@ -110,6 +110,7 @@ std::vector<PlankWindow> PlankDock::readWindows() const
     }
     if (windows.size() > 1 && m_inputAreas) { // to distinguish them
         std::vector<xcb_window_t> ids;
+        ids.reserve(windows.size());
         for (const PlankWindow& window : windows)
             ids.push_back(window.window.id);
         const std::vector<QRect> areas = m_inputAreas(ids);

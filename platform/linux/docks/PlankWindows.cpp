@@ -68,6 +68,7 @@ std::vector<QRect> readInputAreas(xcb_connection_t* connection,
                                   const std::vector<xcb_window_t>& windows)
 {
     std::vector<xcb_shape_get_rectangles_cookie_t> cookies;
+    cookies.reserve(windows.size());
     for (const xcb_window_t window : windows)
         cookies.push_back(xcb_shape_get_rectangles(connection, window, XCB_SHAPE_SK_INPUT));
     std::vector<QRect> areas;
