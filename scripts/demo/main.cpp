@@ -7,7 +7,6 @@
 #include <QtCore/QDir>
 #include <QtCore/QHash>
 #include <QtGui/QPainter>
-#include <QtGui/QPainterPath>
 
 #include <algorithm>
 #include <chrono>
@@ -17,6 +16,7 @@
 #include "Dock.h"
 #include "Lumbrix.h"
 #include "Session.h"
+#include "scripts/gallery/Hills.h"
 
 using namespace lumbrix::privatedesk;
 using namespace Qt::StringLiterals;
@@ -37,15 +37,7 @@ QImage wallpaper()
     sky.setColorAt(0.6, QColor(206, 122, 122));
     sky.setColorAt(1, QColor(246, 190, 132));
     painter.fillRect(image.rect(), sky);
-    for (int hill = 0; hill < 4; ++hill) {
-        const double top = 520 + 90 * hill;
-        QPainterPath path(QPointF(0, top + 60));
-        path.cubicTo(300, top - 120 + 50 * hill, 700, top + 160, 1000, top);
-        path.cubicTo(1150, top - 80, 1300, top - 20 * hill, 1440, top + 40);
-        path.lineTo(1440, 900);
-        path.lineTo(0, 900);
-        painter.fillPath(path, QColor(92 - 18 * hill, 66 - 10 * hill, 104 - 14 * hill));
-    }
+    paintHills(painter);
     return image;
 }
 

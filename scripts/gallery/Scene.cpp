@@ -4,12 +4,12 @@
 #include "Scene.h"
 
 #include <QtGui/QPainter>
-#include <QtGui/QPainterPath>
 
 #include <algorithm>
 #include <iostream>
 
 #include "platform/StringLiterals.h"
+#include "scripts/gallery/Hills.h"
 
 namespace lumbrix::privatedesk
 {
@@ -49,15 +49,7 @@ QImage hills(QSize size)
     painter.scale(size.width() / 1440.0, size.height() / 900.0);
     painter.fillRect(0, 0, 1440, 900, QColor(58, 66, 112));
     painter.fillRect(0, 330, 1440, 570, QColor(66, 74, 120));
-    for (int hill = 0; hill < 4; ++hill) {
-        const double top = 520 + 90 * hill;
-        QPainterPath path(QPointF(0, top + 60));
-        path.cubicTo(300, top - 120 + 50 * hill, 700, top + 160, 1000, top);
-        path.cubicTo(1150, top - 80, 1300, top - 20 * hill, 1440, top + 40);
-        path.lineTo(1440, 900);
-        path.lineTo(0, 900);
-        painter.fillPath(path, QColor(92 - 18 * hill, 66 - 10 * hill, 104 - 14 * hill));
-    }
+    paintHills(painter);
     return image;
 }
 
