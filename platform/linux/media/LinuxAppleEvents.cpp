@@ -256,11 +256,33 @@ AppleEventReply LinuxAppleEvents::checkForNewMail(const AppleEventTarget& target
     const MailWay* way = wayToFetchMail(*application);
     if (!way)
         return failure(AppleEventError::NotHandled);
-    const bool isTold =
-        way->command.isEmpty()
-            ? m_sendShortcut(meantWindow(*application, target.window), way->shortcut)
-            : launchCommand(way->command);
+    const bool isTold = way->command.isEmpty()
+                            ? m_sendShortcut(mainWindow(*application, *way), way->shortcut)
+                            : launchCommand(way->command);
     return isTold ? answer({}) : failure(AppleEventError::NotRunning);
+}
+
+/// The shortcut fetches for all accounts, so it need not go to the window whose preview was
+/// clicked: that may be one in which a message is written, where the keys mean nothing or something
+/// else. Such windows and dialogs are opened from the main one, which therefore is older.
+xcb_window_t LinuxAppleEvents::mainWindow(const Application& application, const MailWay& way) const
+{
+    const auto isNormal = [](const x11::TrackedWindow& window) {
+        return window.type == x11::WindowType::Normal && window.transientFor == XCB_NONE;
+    };
+    xcb_window_t normal = XCB_NONE;
+    for (const xcb_window_t id : application.windows) {
+        const x11::TrackedWindowPtr window = m_tracker.window(id);
+        if (!window || !isNormal(*window))
+            continue;
+        if (way.mainInstance.isEmpty() || window->classInstance == way.mainInstance)
+            return id;
+        if (!normal)
+            normal = id;
+    }
+    if (normal || application.windows.empty())
+        return normal;
+    return application.windows.front();
 }
 
 } // namespace lumbrix::platform

@@ -18,6 +18,8 @@
 namespace lumbrix::platform
 {
 
+struct MailWay;
+
 /// "iTunes", "VLC", "QuickTime Player" and "Mail" stand for the programs of those roles; with a
 /// process id, for any player of that application. Queries are answered at once from what the
 /// players have announced. Each query also refreshes the player's data, so that a player that has
@@ -43,6 +45,8 @@ private:
     std::optional<MediaPlayer> playerFor(const AppleEventTarget& target);
     std::int64_t pidOf(xcb_window_t window) const;
     AppleEventReply checkForNewMail(const AppleEventTarget& target);
+    /// Where the shortcut goes; none if the application has no window.
+    xcb_window_t mainWindow(const Application& application, const MailWay& way) const;
 
     QDBusConnection m_bus;
     x11::WindowTracker& m_tracker;

@@ -17,11 +17,11 @@ constexpr std::int64_t F12 = 0x6F;
 
 QHash<QString, MailWay> allWays()
 {
-    const MailWay clawsMail{{u"claws-mail"_s, u"--receive-all"_s}, {}};
+    const MailWay clawsMail{{u"claws-mail"_s, u"--receive-all"_s}, {}, {}};
     // These two can only be controlled by their shortcut. Thunderbird fetches for all accounts that
     // it has logged in to; Evolution also sends pending mail.
-    const MailWay evolution{{}, {F12}};
-    const MailWay thunderbird{{}, {F5, true}};
+    const MailWay evolution{{}, {F12}, {}};
+    const MailWay thunderbird{{}, {F5, true}, u"Mail"_s};
     return {
         {u"claws-mail"_s, clawsMail},
         {u"org.claws_mail.claws-mail"_s, clawsMail},

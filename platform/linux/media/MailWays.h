@@ -16,6 +16,7 @@ namespace lumbrix::platform
 struct MailWay {
     QStringList command;    ///< makes the running one fetch mail for all accounts
     x11::Shortcut shortcut; ///< the same in its main window, if it has no command
+    QString mainInstance; ///< WM_CLASS's first part of its main windows; empty = of all its windows
 };
 
 /// Looked up by the id of the desktop entry, or by the program; case is ignored. None for an

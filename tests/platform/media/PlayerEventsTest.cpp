@@ -82,11 +82,14 @@ protected:
         EXPECT_TRUE(waitUntil([&] { return isDone.load(); }));
         return error;
     }
-    void addWindow(xcb_window_t id, const QString& className, std::int32_t pid)
+    void addWindow(xcb_window_t id, const QString& className, std::int32_t pid,
+                   const QString& instance = {}, xcb_window_t transientFor = XCB_NONE)
     {
         FakeTracker::Window window;
         window.id = id;
         window.className = className;
+        window.classInstance = instance;
+        window.transientFor = transientFor;
         window.pid = pid;
         m_tracker.add(window);
     }
@@ -332,14 +335,17 @@ TEST_F(PlayerEventsTest, mailProgram_isToldInItsOwnWay)
     addWindow(3, u"Claws-mail"_s, 501);
     EXPECT_EQ(fetch({u"Mail"_s, 501}), AppleEventError::None);
     EXPECT_EQ(m_sent.first, XCB_NONE);
-    // Others heed their keyboard shortcuts: F12, and F5 with Shift.
-    addWindow(4, u"Evolution"_s, 502);
+    // Others heed their keyboard shortcuts, F12, and F5 with Shift, in their main windows: not in a
+    // dialog, nor where a message is written.
+    addWindow(4, u"Evolution"_s, 502, {}, 5);
     addWindow(5, u"Evolution"_s, 502);
-    EXPECT_EQ(fetch({u"Mail"_s, 502, 5}), AppleEventError::None);
+    addWindow(6, u"Evolution"_s, 502);
+    EXPECT_EQ(fetch({u"Mail"_s, 502, 6}), AppleEventError::None);
     EXPECT_EQ(m_sent, std::pair(xcb_window_t(5), x11::Shortcut{0x6F}));
-    addWindow(6, u"thunderbird-default"_s, 503);
-    EXPECT_EQ(fetch({u"Mail"_s, 503, 5}), AppleEventError::None);
-    EXPECT_EQ(m_sent, std::pair(xcb_window_t(6), (x11::Shortcut{0x60, true})));
+    addWindow(7, u"thunderbird-default"_s, 503, u"Msgcompose"_s);
+    addWindow(8, u"thunderbird-default"_s, 503, u"Mail"_s);
+    EXPECT_EQ(fetch({u"Mail"_s, 503, 7}), AppleEventError::None);
+    EXPECT_EQ(m_sent, std::pair(xcb_window_t(8), (x11::Shortcut{0x60, true})));
     EXPECT_TRUE(waitUntil([&] { return QFile::exists(log); }));
     EXPECT_EQ(readFile(log), "--receive-all\n");
     qputenv("PATH", path);
