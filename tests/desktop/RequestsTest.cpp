@@ -129,9 +129,10 @@ TEST_P(RequestsTest, row_standsBesideTheRectangle_untilItIsHidden)
     };
     const xcb_window_t active = display().activeWindow();
     int hidden = 0;
-    for (const auto& [edge, at, distance] : cases) {
+    for (const auto& each : cases) {
+        const auto& [edge, at, distance] = each;
         SCOPED_TRACE(qPrintable(edge));
-        ASSERT_TRUE(succeeds([&] { return caller.show(u"alpha"_s, at, edge); }));
+        ASSERT_TRUE(succeeds([&] { return caller.show(u"alpha"_s, each.place, each.edge); }));
         ASSERT_TRUE(shows(alpha));
         EXPECT_NEAR(distance(row(), at), gap, 1);
         const bool isAcross = edge == u"left"_s || edge == u"right"_s;

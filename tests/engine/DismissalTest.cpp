@@ -86,7 +86,8 @@ TEST_F(DismissalTest, gap_isBridgedOnTheDocksSide_alsoWhereTheIconWasMagnified)
         for (const int grown : {0, 60}) {
             SCOPED_TRACE(testing::Message() << int(side) << " " << grown);
             desk.setDockEdge(side);
-            desk.with([&](auto& state) { state.dockItems.front().frame += growth * grown; });
+            const QMarginsF larger = growth * grown;
+            desk.with([&](auto& state) { state.dockItems.front().frame += larger; });
             hover(u"Notes"_s);
             ASSERT_EQ(shown(), u"Notes 1"_s);
             desk.setDockEdge(side); // at rest

@@ -23,7 +23,6 @@ const QRect secondButton(252, 772, 150, 26);
 // grow by half, 90 off. The places must be the same, on every side and every monitor.
 TEST(PlankGeometryTest, places_stand_on_the_dock_edge_whatever_the_zoom)
 {
-    const QRect screen(1280, 100, 1920, 1080);
     struct Case {
         DockEdge edge;
         QRect dock;

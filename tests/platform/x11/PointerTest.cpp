@@ -146,7 +146,7 @@ TEST(Pointer, buttonsKeysAndPlace_areToldInPortTerms)
     EXPECT_TRUE(desk.waitFor([&] { return input.modifierFlags() == 0; }));
     for (const auto& [button, bit] : {std::pair(1, 1U), std::pair(2, 4U), std::pair(3, 2U)}) {
         display.press(button);
-        EXPECT_TRUE(desk.waitFor([&] { return input.pressedMouseButtons() == bit; }));
+        EXPECT_TRUE(desk.waitFor([&, bits = bit] { return input.pressedMouseButtons() == bits; }));
         display.release(button);
     }
 }
