@@ -5,6 +5,7 @@
 #include "platform/StringLiterals.h"
 #include "platform/linux/LinuxDesktop.h"
 #include "platform/linux/x11/Connection.h"
+#include "platform/pictures/PictureMemory.h"
 
 #include <xcb/xcb.h>
 
@@ -46,6 +47,7 @@ std::unique_ptr<LinuxDesktop::DisplayHold> LinuxDesktop::prepareToolkit(QString&
     // What is said in other words here, or by the program's end.
     log::leaveOut({u"The X11 connection broke"_s, u"There is no XRandR"_s});
     setHome();
+    keepPicturesApart();
     // In a Wayland session the toolkit would otherwise draw where the docks are not; such sessions
     // also ask it to.
     const QByteArray plugin = qgetenv("QT_QPA_PLATFORM");

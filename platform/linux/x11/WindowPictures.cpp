@@ -4,13 +4,11 @@
 #include "platform/linux/x11/WindowPictures.h"
 
 #include "platform/linux/x11/Connection.h"
+#include "platform/pictures/PictureMemory.h"
 
 #include <algorithm>
 #include <chrono>
 #include <utility>
-#ifdef __GLIBC__
-#include <malloc.h>
-#endif
 
 namespace lumbrix::platform::x11
 {
@@ -230,9 +228,7 @@ std::optional<Seconds> WindowPictures::dropUnused()
     if (std::exchange(m_copiesDropped, copies) != copies) // a film may be playing in a preview
         return std::min(next.value_or(now + keepCopies), now + keepCopies);
     m_tools.copier.releaseIdle();
-#ifdef __GLIBC__
-    malloc_trim(0); // what pictures and their panels needed, for the time until the next
-#endif
+    giveBackFreedMemory(); // what pictures and their panels needed, until the next
     return next;
 }
 
