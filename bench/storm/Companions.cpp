@@ -8,6 +8,7 @@
 #include <QtCore/QFile>
 
 #include <csignal>
+#include <cstdio>
 
 #include "platform/StringLiterals.h"
 
@@ -20,12 +21,39 @@ using namespace privatedesk;
 namespace
 {
 
-const QStringList identifiers{u"vlc"_s, u"org.gnome.Calendar"_s};
+const QStringList identifiers{u"audacious"_s, u"org.gnome.Calendar"_s};
 
 QByteArray contentOf(const QString& path)
 {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+QColor coverColour(int number) { return QColor::fromHsv(number * 47 % 360, 255, 230); }
+
+bool isLike(QRgb pixel, const QColor& colour)
+{
+    const auto isNear = [](int a, int b) { return std::abs(a - b) < 24; };
+    return isNear(qRed(pixel), colour.red()) && isNear(qGreen(pixel), colour.green()) &&
+           isNear(qBlue(pixel), colour.blue());
+}
+
+constexpr int margin = 20; ///< of a calendar's preview, around its lines
+constexpr int lineHeight = 17;
+
+/// Of white text on a dark ground.
+int linesOf(const QImage& picture)
+{
+    int lines = 0;
+    bool wasText = false;
+    for (int y = margin; y < picture.height() - margin; ++y) {
+        bool isText = false;
+        for (int x = margin; x < picture.width() - margin; ++x)
+            isText = isText || qGray(picture.pixel(x, y)) > 200;
+        lines += isText && !wasText ? 1 : 0;
+        wasText = isText;
+    }
+    return lines;
 }
 
 } // namespace
@@ -59,8 +87,44 @@ void Companions::startServer(Server& server)
 {
     const QString service = QString::fromLatin1(server.service);
     server.process.reset();
+    ++server.number;
+    if (&server == &m_player) {
+        QImage cover(64, 64, QImage::Format_RGB32);
+        cover.fill(coverColour(server.number));
+        cover.save(coverOf(server.number, home()));
+        QFile::remove(coverOf(server.number - 1, home()));
+    }
     server.process =
-        m_session.start(service, QCoreApplication::applicationFilePath(), {u"--serve"_s, service});
+        m_session.start(service, QCoreApplication::applicationFilePath(),
+                        {u"--serve"_s, service, u"--number"_s, QString::number(server.number)});
+}
+
+QString Companions::home() const { return QDir::cleanPath(m_session.path(u"."_s)); }
+
+bool Companions::isShown(const Application& application)
+{
+    const auto shown = m_session.display().previews();
+    if (shown.size() != 1)
+        return false;
+    const QImage picture = m_session.display().picture(shown.front().geometry);
+    if (&application != m_applications.front().get()) {
+        const int events = eventsOf(m_calendar.number);
+        return picture.height() == lineHeight * events + 2 * margin && linesOf(picture) == events;
+    }
+    if (shown.front().title != songOf(m_player.number).toUtf8())
+        return false;
+    for (int y = 0; y < picture.height(); ++y)
+        if (isLike(picture.pixel(picture.width() / 2, y), coverColour(m_player.number)))
+            return true;
+    return false;
+}
+
+void Companions::describe(const Application& application) const
+{
+    if (&application == m_applications.front().get())
+        std::printf("  the player plays %s\n", qPrintable(songOf(m_player.number)));
+    else
+        std::printf("  the calendar has %d events\n", eventsOf(m_calendar.number));
 }
 
 std::vector<Fault> Companions::faults()
@@ -86,11 +150,11 @@ std::vector<Fault> Companions::faults()
 
 void Companions::signalAccessibility(int number) const
 {
-    const QByteArray home = "HOME=" + QDir::cleanPath(m_session.path(u"."_s)).toUtf8();
+    const QByteArray ownHome = "HOME=" + home().toUtf8();
     for (const QString& process : QDir(u"/proc"_s).entryList({u"[0-9]*"_s}, QDir::Dirs)) {
         const QString folder = u"/proc/"_s + process;
         if (contentOf(folder + u"/comm"_s).startsWith("at-spi") &&
-            contentOf(folder + u"/environ"_s).split('\0').contains(home))
+            contentOf(folder + u"/environ"_s).split('\0').contains(ownHome))
             ::kill(process.toInt(), number);
     }
 }

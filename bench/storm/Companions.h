@@ -25,23 +25,30 @@ public:
 
     QStringList entries() const; ///< to pin, too
     void start();
-    /// Each is previewed as one.
+    /// The player and the calendar.
     const std::vector<std::unique_ptr<privatedesk::Application>>& applications() const
     {
         return m_applications;
     }
+    /// Whether the only preview is this one's, and shows what its service tells now: the song with
+    /// its picture, or the events of today.
+    bool isShown(const privatedesk::Application& application);
+    /// Prints what its service tells.
+    void describe(const privatedesk::Application& application) const;
     std::vector<Fault> faults();
 
 private:
     struct Server {
         const char* service;
         std::unique_ptr<privatedesk::Process> process;
+        int number = 0; ///< tells something new each time it starts
     };
 
     void startServer(Server& server);
     /// To the processes of this session's accessibility bus, which the session's bus starts when
     /// somebody asks for it.
     void signalAccessibility(int number) const;
+    QString home() const;
 
     privatedesk::Session& m_session;
     std::vector<std::unique_ptr<privatedesk::Application>> m_applications;

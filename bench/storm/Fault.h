@@ -18,6 +18,8 @@ struct Fault {
     bool isWithoutManager = false;
     /// The mouse or the server is held up, so that it cannot be said where panels belong.
     bool isBlind = false;
+    /// The program under watch ends, and another is started.
+    bool endsProgram = false;
 };
 
 } // namespace lumbrix::bench

@@ -9,8 +9,6 @@
 #include <memory>
 #include <xcb/xcb.h>
 
-#include "Keys.h"
-
 namespace lumbrix::bench
 {
 
@@ -21,17 +19,16 @@ using privatedesk::Panel;
 namespace
 {
 
-constexpr int stray = 3000;      ///< milliseconds that a panel may stay without the mouse
 constexpr auto lookEvery = 50ms; ///< often enough for three seconds
 constexpr int nearness = 130;    ///< pixels between an icon and its row, at most
 constexpr int dockNearness = 40; ///< a dock slides and grows
-constexpr std::uint8_t oneKey = 10, escapeKey = 9;
+constexpr std::uint8_t firstNumberKey = 10, lastNumberKey = 19, escapeKey = 9;
 
 template <class T> using Reply = std::unique_ptr<T, decltype(&std::free)>;
 
 } // namespace
 
-Watch::Watch(privatedesk::Display& display, privatedesk::Process& lumbrix)
+Watch::Watch(privatedesk::Display& display, const std::unique_ptr<privatedesk::Process>& lumbrix)
     : m_display(display), m_lumbrix(lumbrix)
 {
 }
@@ -42,11 +39,13 @@ void Watch::look()
     if (now - m_lookedAt < lookEvery)
         return;
     m_lookedAt = now;
-    if (!m_lumbrix.isRunning()) {
+    if (!m_lumbrix)
+        return;
+    if (!m_lumbrix->isRunning()) {
         wrong("the program has gone");
         return;
     }
-    if (m_isBlind || !isMouseElsewhere(m_display.previews())) {
+    if (m_isBlind || !isMouseElsewhere(m_display.panels())) {
         m_inOrderAt = now;
         m_isReported = false;
     } else if (now - m_inOrderAt > privatedesk::patience(stray) && !m_isReported) {
@@ -73,9 +72,10 @@ void Watch::setBlind(bool on)
 
 void Watch::expectRest(const std::string& after)
 {
-    if (!m_display.waitFor([this] { return m_display.panels().empty(); },
-                           privatedesk::patience(stray)))
+    if (!m_display.waitFor([this] { return hasNoWindow(); }, privatedesk::patience(stray)))
         wrong("a window stays after " + after);
+    if (!m_display.waitFor([this] { return !hasFocus(); }, privatedesk::patience(stray)))
+        wrong("the keyboard's focus stays after " + after);
     if (!m_display.waitFor([this] { return isInputFree(); }, privatedesk::patience(stray)))
         wrong("keys or the pointer stay taken after " + after);
 }
@@ -100,12 +100,27 @@ bool Watch::isMouseElsewhere(const std::vector<Panel>& panels)
     const QPoint pointer = m_display.pointer();
     QRect row;
     for (const Panel& panel : panels)
-        row |= panel.geometry;
+        if (panel.role == u"preview"_s)
+            row |= panel.geometry;
+    if (row.isNull())
+        return true; // what belongs to a row, and has none
     const auto holds = [&](const QRect& rect, int margin) {
         return rect.adjusted(-margin, -margin, margin, margin).contains(pointer);
     };
     const auto dock = m_display.dockArea();
     return !holds(row, nearness) && !(dock && holds(*dock, dockNearness));
+}
+
+bool Watch::hasNoWindow()
+{
+    return m_display.panels().empty() && m_display.managedWindows().empty();
+}
+
+bool Watch::hasFocus()
+{
+    const xcb_window_t focus = m_display.focus();
+    return focus > XCB_INPUT_FOCUS_POINTER_ROOT &&
+           m_display.bytes(focus, "WM_CLASS").startsWith("lumbrix");
 }
 
 bool Watch::isInputFree()
@@ -125,17 +140,12 @@ bool Watch::isInputFree()
     xcb_ungrab_keyboard(c, XCB_CURRENT_TIME);
     bool isFree = pointer && pointer->status == XCB_GRAB_STATUS_SUCCESS && keyboard &&
                   keyboard->status == XCB_GRAB_STATUS_SUCCESS;
-    // The keys that a row takes: a number with the key for numbers, and those that leave it.
-    for (const auto& [modifier, key] : {std::pair(XCB_MOD_MASK_4, oneKey),
-                                        {XCB_MOD_MASK_4, privatedesk::twoKey},
-                                        {static_cast<xcb_mod_mask_t>(0), escapeKey}}) {
-        const auto cookie = xcb_grab_key_checked(c, 0, root, static_cast<std::uint16_t>(modifier),
-                                                 key, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
-        const Reply<xcb_generic_error_t> error(xcb_request_check(c, cookie), &std::free);
-        isFree = isFree && !error;
-        xcb_ungrab_key(c, key, root, static_cast<std::uint16_t>(modifier));
+    // The keys that a row takes: the numbers with the key for numbers, and the one that leaves it.
+    for (std::uint8_t key = escapeKey; key <= lastNumberKey; ++key) {
+        const std::uint16_t modifiers = key < firstNumberKey ? 0 : XCB_MOD_MASK_4;
+        isFree = m_display.takeKey(key, modifiers) && isFree;
+        m_display.giveKeyBack(key, modifiers);
     }
-    xcb_flush(c);
     return isFree;
 }
 

@@ -6,6 +6,7 @@
 
 #include <chrono>
 #include <map>
+#include <memory>
 #include <string>
 
 #include "Display.h"
@@ -14,11 +15,13 @@
 namespace lumbrix::bench
 {
 
-/// Main thread. All of it outlives the watch.
+/// Main thread. All of it outlives the watch. There may be no program for a while.
 class Watch
 {
 public:
-    Watch(privatedesk::Display& display, privatedesk::Process& lumbrix);
+    static constexpr int stray = 3000; ///< milliseconds that a panel may stay without the mouse
+
+    Watch(privatedesk::Display& display, const std::unique_ptr<privatedesk::Process>& lumbrix);
 
     /// To be called all the time: the program lives, and no panel of it stays while the mouse is
     /// neither on one, nor near one, nor on a dock.
@@ -27,8 +30,9 @@ public:
     void wait(std::chrono::milliseconds time);
     /// While a program that stands between us and the mouse does not run, nobody can tell.
     void setBlind(bool on);
-    /// With the mouse parked: the row goes, and then no key or pointer is taken and no window of
-    /// the program lies anywhere. `after` names what was done before, for the report.
+    /// With the mouse parked: the row goes, and then no key or pointer is taken, the keyboard's
+    /// focus is not in the program, and no window of it lies anywhere. `after` names what was done
+    /// before, for the report.
     void expectRest(const std::string& after);
     void wrong(const std::string& what);
     /// What was wrong, and how often.
@@ -37,12 +41,15 @@ public:
 private:
     using Clock = std::chrono::steady_clock;
 
+    /// `panels` are all there are.
     bool isMouseElsewhere(const std::vector<privatedesk::Panel>& panels);
+    bool hasNoWindow();
+    bool hasFocus();
     /// Whether another client could grab it all now. Nothing stays grabbed.
     bool isInputFree();
 
     privatedesk::Display& m_display;
-    privatedesk::Process& m_lumbrix;
+    const std::unique_ptr<privatedesk::Process>& m_lumbrix;
     const Clock::time_point m_start = Clock::now();
     Clock::time_point m_lookedAt = Clock::now();
     Clock::time_point m_inOrderAt = Clock::now(); ///< no panel was where it should not be
