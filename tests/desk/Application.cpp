@@ -4,8 +4,6 @@
 #include "Application.h"
 #include "platform/StringLiterals.h"
 
-#include <QtCore/QCoreApplication>
-
 #include <algorithm>
 
 namespace lumbrix::privatedesk

@@ -8,7 +8,6 @@
 #include <QtCore/QSize>
 #include <QtGui/QColor>
 
-#include <map>
 #include <memory>
 #include <vector>
 
@@ -29,7 +28,6 @@ struct WindowOptions {
     QPoint position{200, 150};
 };
 
-/// The colour of a window's lower half.
 QColor lowerColour(const QColor& colour);
 
 /// Main thread. The application `alpha` has the windows class `Alpha` and the desktop entry

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 
 #include "Desk.h"
-#include "platform/StringLiterals.h"
 
 #include <QtCore/QDir>
 
@@ -32,7 +31,7 @@ Desk::~Desk() = default;
 void Desk::changeDock(DockKind kind, const DockPlace& place)
 {
     m_dock.reset();
-    m_dock = Dock::start(m_session, kind, place, m_entries, m_options.secondEdge);
+    m_dock = Dock::start(m_session, kind, place, m_entries);
 }
 
 std::unique_ptr<Application> Desk::launch(const QString& identifier)
@@ -81,18 +80,6 @@ std::optional<QPoint> Desk::iconOf(const Application& application)
                 if (icon)
                     break;
             }
-            return icon.has_value();
-        },
-        patience(10000));
-    return icon;
-}
-
-std::optional<QPoint> Desk::iconOnSecondDock(const Application& application)
-{
-    std::optional<QPoint> icon;
-    display().waitFor(
-        [&] {
-            icon = m_dock->iconOnSecondDock(application.entry());
             return icon.has_value();
         },
         patience(10000));

@@ -22,9 +22,8 @@ struct DeskOptions {
     DockKind dock = DockKind::Plank;
     Edge edge = Edge::Bottom;
     SessionOptions session;
-    std::optional<DockKind> panel{};  ///< at the top, besides
-    std::optional<Edge> secondEdge{}; ///< of Plank's second dock
-    QString monitor{};                ///< of the dock; its own choice when empty
+    std::optional<DockKind> panel{}; ///< at the top, besides
+    QString monitor{};               ///< of the dock; its own choice when empty
 };
 
 /// Main thread.
@@ -41,7 +40,6 @@ public:
     Dock& panel() { return *m_panel; } ///< only with one besides
     Process& lumbrix() { return *m_lumbrix; }
 
-    /// Ends the dock and starts another one.
     void changeDock(DockKind kind, const DockPlace& place);
     /// Starts one of the applications "alpha", "beta" and "gamma", or "delta", which is not pinned
     /// to the dock, without windows.
@@ -59,8 +57,6 @@ public:
 
     /// Waits for the icon of the application's first window; none when the dock shows none.
     std::optional<QPoint> iconOf(const Application& application);
-    /// The same on the second dock.
-    std::optional<QPoint> iconOnSecondDock(const Application& application);
     /// Moves the pointer there; false when the dock shows none.
     bool hover(const Application& application);
     /// Moves the pointer to where there is neither a dock nor a preview.

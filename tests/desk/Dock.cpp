@@ -23,15 +23,10 @@ namespace
 class Plank final : public Dock
 {
 public:
-    Plank(Session& session, const DockPlace& place, const QStringList& pinned,
-          std::optional<Edge> secondEdge)
-        : Dock(session, place), m_pinned(pinned), m_secondEdge(secondEdge)
+    Plank(Session& session, const DockPlace& place, const QStringList& pinned)
+        : Dock(session, place), m_pinned(pinned)
     {
-        if (secondEdge) {
-            session.addSettings("[net/launchpad/plank]\nenabled-docks=['dock1', 'dock2']\n");
-            configure(u"dock2"_s, *secondEdge);
-        }
-        configure(u"dock1"_s, place);
+        configure();
         // Plank gives up for ever when the matcher is not there at its start.
         m_matcher = session.start(u"bamfdaemon"_s, u"/usr/libexec/bamf/bamfdaemon"_s);
         m_bus = std::make_unique<QDBusConnection>(
@@ -57,54 +52,20 @@ public:
 
     std::optional<QPoint> iconOf(const QString& entry, xcb_window_t) override
     {
-        return iconOn(u"dock1"_s, m_place, entry);
-    }
-    std::optional<QPoint> iconOnSecondDock(const QString& entry) override
-    {
-        return m_secondEdge ? iconOn(u"dock2"_s, *m_secondEdge, entry) : std::nullopt;
-    }
-
-private:
-    void reconfigure() override
-    {
-        configure(u"dock1"_s, m_place);
-        // It takes note of monitors only when it starts.
-        kill();
-        restart();
-    }
-    void configure(const QString& dock, const DockPlace& place)
-    {
-        QStringList items;
-        for (const QString& entry : m_pinned) {
-            const QString name = QFileInfo(entry).completeBaseName() + u".dockitem"_s;
-            m_session.write(m_session.configPath(u"plank/%1/launchers/%2"_s.arg(dock, name)),
-                            "[PlankDockItemPreferences]\nLauncher=file://" + entry.toUtf8() + '\n');
-            items << u'\'' + name + u'\'';
-        }
-        const QString settings =
-            u"[net/launchpad/plank/docks/%1]\nposition='%2'\nmonitor='%3'\n"
-            u"hide-mode='%4'\nshow-dock-item=false\nauto-pinning=false\nlock-items=true\n"
-            u"dock-items=[%5]\nzoom-enabled=false\nicon-size=48\n"_s.arg(
-                dock, QLatin1String(nameOf(place.edge)), place.monitor,
-                place.hides ? u"auto"_s : u"none"_s, items.join(u','));
-        m_session.addSettings(settings.toUtf8());
-    }
-    std::optional<QPoint> iconOn(const QString& dock, const DockPlace& place, const QString& entry)
-    {
         QDBusMessage call = QDBusMessage::createMethodCall(
-            u"net.launchpad.plank"_s, u"/net/launchpad/plank/"_s + dock,
+            u"net.launchpad.plank"_s, u"/net/launchpad/plank/dock1"_s,
             u"net.launchpad.plank.Items"_s, u"GetHoverPosition"_s);
         call << QUrl::fromLocalFile(entry).toString();
         const QList<QVariant> answer = m_bus->call(call, QDBus::Block, 1000).arguments();
         if (answer.size() != 4 || !answer.at(3).toBool())
             return std::nullopt;
-        if (answer.at(isHorizontal(place.edge) ? 0 : 1).toInt() == 0)
+        if (answer.at(isHorizontal(m_place.edge) ? 0 : 1).toInt() == 0)
             return std::nullopt;                     // added, but not laid out yet
         const int scale = m_session.options().scale; // of what it counts in
         const QPoint middle = QPoint(answer.at(0).toInt(), answer.at(1).toInt()) * scale;
-        const QRect screen = m_session.monitorArea(place.monitor);
+        const QRect screen = m_session.monitorArea(m_place.monitor);
         const int depth = 24 * scale; // about the middle of an icon of 48 pixels
-        switch (place.edge) {
+        switch (m_place.edge) {
         case Edge::Left:
             return QPoint(screen.x() + depth, middle.y());
         case Edge::Right:
@@ -115,10 +76,35 @@ private:
             return QPoint(middle.x(), screen.y() + screen.height() - depth);
         }
     }
+
+private:
+    void reconfigure() override
+    {
+        configure();
+        // It takes note of monitors only when it starts.
+        kill();
+        restart();
+    }
+    void configure()
+    {
+        QStringList items;
+        for (const QString& entry : m_pinned) {
+            const QString name = QFileInfo(entry).completeBaseName() + u".dockitem"_s;
+            m_session.write(m_session.configPath(u"plank/dock1/launchers/"_s + name),
+                            "[PlankDockItemPreferences]\nLauncher=file://" + entry.toUtf8() + '\n');
+            items << u'\'' + name + u'\'';
+        }
+        const QString settings =
+            u"[net/launchpad/plank/docks/dock1]\nposition='%1'\nmonitor='%2'\n"
+            u"hide-mode='%3'\nshow-dock-item=false\nauto-pinning=false\nlock-items=true\n"
+            u"dock-items=[%4]\nzoom-enabled=false\nicon-size=48\n"_s.arg(
+                QLatin1String(nameOf(m_place.edge)), m_place.monitor,
+                m_place.hides ? u"auto"_s : u"none"_s, items.join(u','));
+        m_session.addSettings(settings.toUtf8());
+    }
     bool owns(const QString& name) { return m_bus->interface()->isServiceRegistered(name); }
 
     const QStringList m_pinned;
-    const std::optional<Edge> m_secondEdge;
     std::unique_ptr<Process> m_matcher;
     std::unique_ptr<QDBusConnection> m_bus;
 };
@@ -331,7 +317,7 @@ std::unique_ptr<Dock> startLxqtPanel(Session& session, Edge edge)
 } // namespace
 
 std::unique_ptr<Dock> Dock::start(Session& session, DockKind kind, const DockPlace& place,
-                                  const QStringList& pinned, std::optional<Edge> secondEdge)
+                                  const QStringList& pinned)
 {
     switch (kind) {
     case DockKind::Tint2:
@@ -344,7 +330,7 @@ std::unique_ptr<Dock> Dock::start(Session& session, DockKind kind, const DockPla
     case DockKind::LxqtPanel:
         return startLxqtPanel(session, place.edge);
     default:
-        return std::make_unique<Plank>(session, place, pinned, secondEdge);
+        return std::make_unique<Plank>(session, place, pinned);
     }
 }
 

@@ -43,10 +43,9 @@ class Dock
 {
 public:
     /// Starts it and waits until it shows. The session outlives it. `pinned` are desktop entries
-    /// that Plank shows whether they run or not, also on its second dock, if it is to have one.
+    /// that Plank shows whether they run or not.
     static std::unique_ptr<Dock> start(Session& session, DockKind kind, const DockPlace& place,
-                                       const QStringList& pinned = {},
-                                       std::optional<Edge> secondEdge = {});
+                                       const QStringList& pinned = {});
     virtual ~Dock() = default;
 
     Edge edge() const { return m_place.edge; }
@@ -58,13 +57,8 @@ public:
     /// Where to put the pointer to be on the icon that stands for this window of the application
     /// with this desktop entry (a path); none while the dock shows none or is still moving it.
     virtual std::optional<QPoint> iconOf(const QString& entry, xcb_window_t window) = 0;
-    /// The same on the second dock.
-    virtual std::optional<QPoint> iconOnSecondDock(const QString& /*entry*/) { return {}; }
-    /// Sends the dock's process a signal, if it runs.
     void signal(int number) { m_process->signal(number); }
-    /// Kills the dock as a crash would.
     virtual void kill();
-    /// Starts it again after kill().
     virtual void restart() = 0;
 
 protected:

@@ -6,7 +6,6 @@
 #include <QtCore/QFile>
 
 #include <csignal>
-#include <cstdlib>
 #include <fcntl.h>
 #include <poll.h>
 #include <sys/prctl.h>
@@ -53,7 +52,6 @@ std::vector<char*> pointers(std::vector<QByteArray>& strings)
 std::unique_ptr<Process> Process::start(const ProcessOptions& options)
 {
     std::unique_ptr<Process> process(new Process);
-    process->m_log = options.log;
     std::vector<QByteArray> arguments{options.program.toLocal8Bit()};
     for (const QString& argument : options.arguments)
         arguments.push_back(argument.toLocal8Bit());

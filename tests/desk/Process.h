@@ -39,7 +39,6 @@ public:
     Process& operator=(const Process&) = delete;
 
     int pid() const { return m_pid; }
-    QString log() const { return m_log; }
     bool isRunning();
     void signal(int number);
     /// The exit status as from waitpid once the process has ended; none at the deadline.
@@ -57,7 +56,6 @@ private:
 
     int m_pid = -1;
     std::optional<int> m_status;
-    QString m_log;
     int m_in = -1;
     int m_out = -1;
     QByteArray m_read;

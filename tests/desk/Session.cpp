@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 
 #include "Session.h"
-#include "platform/StringLiterals.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QFile>

@@ -12,7 +12,6 @@
 #include <QtGui/QColor>
 
 #include <memory>
-#include <optional>
 #include <vector>
 
 #include "Display.h"

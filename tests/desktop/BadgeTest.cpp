@@ -3,7 +3,6 @@
 
 // The window counts on the dock's icons, and the bubble behind a row.
 #include "DesktopTest.h"
-#include "platform/StringLiterals.h"
 
 namespace lumbrix::privatedesk
 {
@@ -48,28 +47,12 @@ protected:
             return found && found->title == number;
         });
     }
-    void setFullScreen(const AppWindow& window, bool on)
-    {
-        display().request(window.id, "_NET_WM_STATE",
-                          {on ? 1U : 0U, display().atom("_NET_WM_STATE_FULLSCREEN"), 0, 2});
-    }
-    bool isFullScreen(const AppWindow& window)
-    {
-        const auto states = display().numbers(window.id, "_NET_WM_STATE");
-        return std::ranges::find(states, display().atom("_NET_WM_STATE_FULLSCREEN")) !=
-               states.end();
-    }
-};
-
-class PlankBadgeTest : public BadgeTest
-{
 };
 
 INSTANTIATE_TEST_SUITE_P(, BadgeTest,
                          testing::Values(plank(), plank(Edge::Left), plank(Edge::Right), tint2(),
                                          xfcePanel()),
                          deskName);
-INSTANTIATE_TEST_SUITE_P(, PlankBadgeTest, testing::Values(plank()), deskName);
 
 TEST_P(BadgeTest, counts_lieOnTheirIconsAndFollowTheWindows)
 {
@@ -122,19 +105,6 @@ TEST_P(BadgeTest, click_onABadge_goesToTheDock)
     }));
 }
 
-TEST_P(BadgeTest, fullScreenWindow_hasTheScreenForItself)
-{
-    const Application& alpha = launch(u"alpha"_s, 1);
-    ASSERT_TRUE(counts(alpha, "1"));
-    const AppWindow window = alpha.windows().back();
-    setFullScreen(window, true);
-    ASSERT_TRUE(waitUntil([&] { return isFullScreen(window); }));
-    EXPECT_TRUE(waitUntil([&] { return display().badges().empty(); }, 500));
-    setFullScreen(window, false);
-    ASSERT_TRUE(waitUntil([&] { return !isFullScreen(window); }));
-    EXPECT_TRUE(counts(alpha, "1"));
-}
-
 TEST_P(BadgeTest, row_liesOnItsBubbleAndBothAboveTheBadges)
 {
     const Application& alpha = launch(u"alpha"_s, 3);
@@ -149,39 +119,6 @@ TEST_P(BadgeTest, row_liesOnItsBubbleAndBothAboveTheBadges)
     EXPECT_EQ(window(u"bubble"_s)->geometry, row().adjusted(1, 1, 9, 2));
     desk().park();
     EXPECT_TRUE(waitUntil([&] { return display().panels().size() == display().badges().size(); }));
-}
-
-TEST_P(PlankBadgeTest, dock_restarted_isBelowItsBadgesAgain)
-{
-    const Application& alpha = launch(u"alpha"_s, 1);
-    ASSERT_TRUE(counts(alpha, "1"));
-    desk().dock().kill();
-    EXPECT_TRUE(waitUntil([&] { return display().badges().empty(); }));
-    desk().dock().restart();
-    EXPECT_TRUE(counts(alpha, "1"));
-}
-
-// Left behind, they would float over the windows that the dock makes room for.
-TEST_P(PlankBadgeTest, dockThatHides_takesItsBadgesAlong)
-{
-    const QByteArray settings = "[net/launchpad/plank/docks/dock1]\nhide-mode='";
-    const auto restartWith = [&](const char* mode) {
-        desk().dock().kill();
-        desk().session().addSettings(settings + mode + "'\n");
-        desk().dock().restart();
-    };
-    restartWith("auto");
-    const Application& alpha = launch(u"alpha"_s, 1);
-    const auto pointer = display().size();
-    EXPECT_TRUE(waitUntil([&] { return display().badges().empty(); }));
-    display().moveTo({pointer.width() / 2, pointer.height() - 1});
-    EXPECT_TRUE(counts(alpha, "1"));
-    desk().park();
-    EXPECT_TRUE(waitUntil([&] { return display().badges().empty(); }));
-    launch(u"beta"_s, 1);
-    EXPECT_FALSE(waitUntil([&] { return !display().badges().empty(); }, 1000));
-    restartWith("none");
-    EXPECT_TRUE(counts(alpha, "1"));
 }
 
 } // namespace lumbrix::privatedesk

@@ -42,7 +42,6 @@ struct Program {
 Program programOf(DockKind kind);
 Program programOf(WindowManager manager);
 
-/// For INSTANTIATE_TEST_SUITE_P.
 inline std::string deskName(const testing::TestParamInfo<DeskOptions>& info)
 {
     return info.param.name;
@@ -89,13 +88,11 @@ protected:
     /// The same once the pointer is where there is neither a dock nor a preview.
     Result parkShowsNothing();
     Result waitUntil(const std::function<bool()>& condition, int milliseconds = 3000);
-    /// The preview with this title; none when there is no such preview.
     std::optional<Panel> preview(const QByteArray& title);
     /// What all previews take together; empty without any.
     QRect row();
     /// A window of Lumbrix with this role, minimised or not; none while there is none.
     std::optional<Panel> window(const QString& role);
-    /// Waits until that window has the focus.
     Result getsFocus(const QString& role);
     /// The settings file, as far as it has been written.
     QByteArray settings();

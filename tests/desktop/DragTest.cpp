@@ -4,7 +4,6 @@
 // A file dragged by the hand from one window of a real file manager into another, which is to be
 // had by its preview alone.
 #include "DesktopTest.h"
-#include "platform/StringLiterals.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QFile>
@@ -16,7 +15,6 @@ namespace lumbrix::privatedesk
 class DragTest : public DesktopTest
 {
 protected:
-    /// Opens a window on the folder, and waits for it.
     xcb_window_t open(const QString& folder)
     {
         m_programs.push_back(

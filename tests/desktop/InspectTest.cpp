@@ -7,7 +7,6 @@
 #include <iostream>
 
 #include "Lumbrix.h"
-#include "platform/StringLiterals.h"
 
 namespace lumbrix::privatedesk
 {
@@ -78,21 +77,6 @@ TEST_P(InspectTest, report_isInTheUsersLanguage_whateverTheSessionAsksTheToolkit
         true);
     EXPECT_TRUE(process->readLine(patience(10'000)).value_or("").startsWith("Vorschauen "));
     EXPECT_EQ(process->waitForExit(patience(2000)), 0);
-}
-
-TEST_P(InspectTest, window_ofAnApplicationThatHangs_isToldSo)
-{
-    Application& alpha = launch(u"alpha"_s, 1);
-    const QRect place = display().geometry(alpha.windows().front().id).value_or(QRect());
-    display().moveTo(place.center());
-    const QByteArray working = inspect();
-    EXPECT_TRUE(working.contains("“alpha window 1”   <- under the pointer")) << working.constData();
-    EXPECT_TRUE(working.contains("1 of 1 windows.")) << working.constData();
-    alpha.process().signal(SIGSTOP);
-    const QByteArray hanging = inspect();
-    alpha.process().signal(SIGCONT);
-    EXPECT_TRUE(hanging.contains("Not known: the application does not answer"))
-        << hanging.constData();
 }
 
 } // namespace lumbrix::privatedesk

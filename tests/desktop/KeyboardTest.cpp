@@ -11,7 +11,6 @@
 
 #include "Keys.h"
 #include "Lumbrix.h"
-#include "platform/StringLiterals.h"
 
 namespace lumbrix::privatedesk
 {

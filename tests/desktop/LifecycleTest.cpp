@@ -4,10 +4,6 @@
 // Lumbrix as a program of the desktop: its place in the tray, a second start, the first one of all.
 #include "DesktopTest.h"
 #include "Lumbrix.h"
-#include "platform/StringLiterals.h"
-
-#include <QtCore/QFile>
-#include <QtCore/QFileInfo>
 
 #include <csignal>
 
@@ -165,42 +161,6 @@ TEST_P(LifecycleTest, startWithAnAction_isTheRunningProgramsToDo_elseTheNewOnes)
     EXPECT_TRUE(opens(u"preferences"_s));
     started = nullptr;
     EXPECT_EQ(desk().session().log(u"second"_s), said) << "it complained";
-    desk().startLumbrix();
-}
-
-TEST_P(LifecycleTest, dockIcon_on_isThereWithoutAnOpenWindow)
-{
-    desk().startLumbrix({{u"showIconInDock"_s, u"1"_s}});
-    const auto isMinimised = [this] {
-        const auto shown = window(u"preferences"_s);
-        return shown && display().isMinimised(shown->id);
-    };
-    EXPECT_TRUE(waitUntil(isMinimised));
-    EXPECT_EQ(startAgain(), 0);
-    EXPECT_TRUE(waitUntil([&] { return window(u"preferences"_s) && !isMinimised(); }));
-    display().request(window(u"preferences"_s)->id, "_NET_CLOSE_WINDOW", {0, 2});
-    EXPECT_TRUE(waitUntil(isMinimised));
-    desk().lumbrix().signal(SIGTERM);
-    EXPECT_EQ(desk().lumbrix().waitForExit(patience(2000)), 0);
-    desk().startLumbrix();
-}
-
-TEST_P(LifecycleTest, firstStart_welcomesAndIsReadyAlready)
-{
-    desk().stopLumbrix();
-    desk().startLumbrix({{u"firstRun"_s, u"false"_s}});
-    ASSERT_TRUE(opens(u"alert"_s));
-    savePicture("welcome");
-    const Application& alpha = launch(u"alpha"_s, 1);
-    hover(alpha);
-    EXPECT_TRUE(waitUntil([&] { return display().previews().size() == 1; }));
-    desk().park();
-    close(u"alert"_s);
-    close(u"preferences"_s);
-    const bool isInstalled =
-        !QFile::exists(QFileInfo(lumbrixBinary()).absolutePath() + u"/CMakeCache.txt"_s);
-    EXPECT_EQ(QFile::remove(desk().session().configPath(u"autostart/lumbrix.desktop"_s)),
-              isInstalled);
     desk().startLumbrix();
 }
 

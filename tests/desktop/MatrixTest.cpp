@@ -4,7 +4,6 @@
 // One tour of what previews are for, on each kind of desktop. scripts/matrix runs them all and
 // writes docs/desktops.md from the properties that the tests record.
 #include "DesktopTest.h"
-#include "platform/StringLiterals.h"
 
 #include <QtCore/QStandardPaths>
 
@@ -84,7 +83,6 @@ std::vector<DeskOptions> rows()
 
 } // namespace
 
-/// A row of the matrix.
 class MatrixTest : public DesktopTest
 {
 protected:

@@ -3,7 +3,6 @@
 
 // Two monitors, in several arrangements, with a dock on the second one, which is not the primary.
 #include "DesktopTest.h"
-#include "platform/StringLiterals.h"
 
 namespace lumbrix::privatedesk
 {
@@ -73,33 +72,6 @@ TEST_P(MonitorTest, rows_ofADockThatIsMoved_areBesideTheIconOnItsMonitor)
             EXPECT_TRUE(parkShowsNothing());
         }
     }
-}
-
-TEST_P(MonitorTest, windowOnTheOtherMonitor_hoveredAndClicked_isShownAndRaisedThere)
-{
-    Application& alpha = launch(u"alpha"_s);
-    const AppWindow far = open(alpha, "far", Qt::red, first);
-    open(alpha, "near", Qt::blue, second);
-    Application& beta = launch(u"beta"_s);
-    beta.open("above it", Qt::green, {{500, 400}, area(first).center() - QPoint(250, 200)});
-    ASSERT_TRUE(desk().iconOf(beta)) << "which pushes the other one aside when it comes";
-    ASSERT_TRUE(hoverShows(alpha));
-    moveToPreview(far.title);
-    const QRect place = display().geometry(far.id).value_or(QRect());
-    EXPECT_TRUE(waitUntil([&] {
-        return std::ranges::any_of(display().panels(),
-                                   [&](const Panel& panel) {
-                                       return panel.role == u"zoom"_s &&
-                                              panel.geometry.contains(place) &&
-                                              area(first).contains(panel.geometry);
-                                   }) &&
-               portionOf(display().picture(place), far.colour) > 0.4;
-    }));
-    savePicture("zoom");
-    display().click();
-    EXPECT_TRUE(waitUntil([&] { return display().activeWindow() == far.id; }));
-    EXPECT_TRUE(parkShowsNothing());
-    EXPECT_TRUE(waitUntil([&] { return portionOf(display().picture(place), far.colour) > 0.4; }));
 }
 
 TEST_P(MonitorTest, monitorOfTheRow_switchedOffAndOn_takesItAlongAndBack)

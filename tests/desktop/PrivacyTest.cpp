@@ -3,7 +3,6 @@
 
 // What the screen shows of a private application, and of any once a screen saver is on.
 #include "DesktopTest.h"
-#include "platform/StringLiterals.h"
 
 #include <QtDBus/QDBusConnection>
 #include <QtDBus/QDBusMessage>

@@ -12,7 +12,6 @@
 #include <QtDBus/QDBusMessage>
 
 #include <cmath>
-#include <unistd.h>
 
 namespace lumbrix::privatedesk
 {
@@ -30,19 +29,6 @@ QByteArray chunk(const char* name, const QByteArray& body)
 {
     return name + littleEndian(static_cast<quint32>(body.size())) + body +
            QByteArray(body.size() % 2, '\0');
-}
-
-bool isInstalled(const char* program)
-{
-    return !QStandardPaths::findExecutable(QString::fromLatin1(program)).isEmpty();
-}
-
-constexpr uid_t nobody = 65534;
-
-void letOthersIn(const QString& folder)
-{
-    QFile::setPermissions(folder, QFile::permissions(folder) | QFile::ReadOther | QFile::ExeOther |
-                                      QFile::ReadGroup | QFile::ExeGroup);
 }
 
 } // namespace
@@ -86,7 +72,7 @@ RealPlayer::~RealPlayer()
 
 std::unique_ptr<RealPlayer> RealPlayer::audacious(Session& session, const QImage& cover)
 {
-    if (!isInstalled("audacious"))
+    if (QStandardPaths::findExecutable(u"audacious"_s).isEmpty())
         return nullptr;
     std::unique_ptr<RealPlayer> player(new RealPlayer(session, u"audacious"_s, cover));
     // A machine without a sound card still has the output that only keeps time.
@@ -104,39 +90,6 @@ std::unique_ptr<RealPlayer> RealPlayer::audacious(Session& session, const QImage
                                       {u"SDL_AUDIODRIVER=dummy"_s, u"audacious"_s,
                                        player->m_folder.filePath(u"1.wav"_s),
                                        player->m_folder.filePath(u"2.wav"_s)});
-    return player;
-}
-
-std::unique_ptr<RealPlayer> RealPlayer::vlc(Session& session)
-{
-    if (!isInstalled("vlc"))
-        return nullptr;
-    std::unique_ptr<RealPlayer> player(new RealPlayer(session, u"vlc"_s));
-    const QString home = player->m_folder.path();
-    QStringList words;
-    if (::geteuid() == 0) {
-        const QString user = QString::number(nobody);
-        words = QStringList{u"setpriv"_s, u"--reuid="_s + user, u"--regid="_s + user,
-                            u"--clear-groups"_s};
-        letOthersIn(home);
-        letOthersIn(session.path(u"."_s));
-        QDir(home).mkdir(u"home"_s);
-        QFile::setPermissions(home + u"/home"_s,
-                              QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-        if (::chown(qPrintable(home + u"/home"_s), nobody, nobody) != 0)
-            qFatal("no home for the other user");
-    }
-    words += QStringList{u"env"_s};
-    for (const char* name :
-         {"HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME", "XDG_RUNTIME_DIR"})
-        words += QString::fromLatin1(name) + u'=' + home + u"/home"_s;
-    words += QStringList{u"vlc"_s,
-                         u"--no-qt-privacy-ask"_s,
-                         u"--aout=adummy"_s,
-                         u"--no-metadata-network-access"_s,
-                         player->m_folder.filePath(u"1.wav"_s),
-                         player->m_folder.filePath(u"2.wav"_s)};
-    player->m_process = session.start(player->m_name, words.takeFirst(), words);
     return player;
 }
 

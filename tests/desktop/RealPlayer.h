@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// Media players that people use, playing two songs that we have made.
+// A media player that people use, playing two songs that we have made.
 #pragma once
 
 #include <QtCore/QTemporaryDir>
@@ -26,8 +26,6 @@ class RealPlayer
 public:
     /// Null when the program is not installed.
     static std::unique_ptr<RealPlayer> audacious(Session& session, const QImage& cover = {});
-    /// As another user where we are root, whom it refuses.
-    static std::unique_ptr<RealPlayer> vlc(Session& session);
     ~RealPlayer();
 
     /// Its desktop entry.
@@ -44,7 +42,7 @@ private:
 
     Session& m_session;
     const QString m_name;
-    QTemporaryDir m_folder; ///< where another user may look
+    QTemporaryDir m_folder;
     QDBusConnection m_bus;
     std::unique_ptr<Process> m_process;
 };

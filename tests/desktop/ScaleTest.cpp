@@ -4,7 +4,6 @@
 // A desktop that draws everything twice as large, until the user has it draw smaller.
 #include "DesktopTest.h"
 #include "FontSettings.h"
-#include "platform/StringLiterals.h"
 
 namespace lumbrix::privatedesk
 {

@@ -3,11 +3,8 @@
 
 // What other programs do to Lumbrix, and what it leaves behind.
 #include "DesktopTest.h"
-#include "platform/StringLiterals.h"
 
 #include <QtCore/QProcess>
-#include <QtDBus/QDBusConnection>
-#include <QtDBus/QDBusMessage>
 
 #include <csignal>
 
@@ -16,24 +13,9 @@
 namespace lumbrix::privatedesk
 {
 
-class SurvivalTest : public DesktopTest
-{
-};
+using SurvivalTest = DesktopTest;
 
 INSTANTIATE_TEST_SUITE_P(, SurvivalTest, testing::Values(plank(), tint2(), xfcePanel()), deskName);
-
-TEST_P(SurvivalTest, application_stopped_delaysNobody)
-{
-    Application& alpha = launch(u"alpha"_s, 2);
-    const Application& beta = launch(u"beta"_s, 2);
-    alpha.process().signal(SIGSTOP);
-    EXPECT_TRUE(hoverShows(beta, 1500));
-    hover(alpha);
-    EXPECT_TRUE(waitUntil([&] { return display().previews().size() == 2; }));
-    EXPECT_TRUE(hoverShows(beta, 2500));
-    EXPECT_TRUE(parkShowsNothing());
-    alpha.process().signal(SIGCONT);
-}
 
 TEST_P(SurvivalTest, compositor_busyWhilePanelsComeAndGo_stillDrawsThem)
 {
@@ -70,20 +52,6 @@ TEST_P(SurvivalTest, corners_roundedOff_showTheWallpaper)
         EXPECT_EQ(after.pixel(corner), before.pixel(corner))
             << "at " << corner.x() << ',' << corner.y();
     EXPECT_NE(after.pixel(area.center()), before.pixel(area.center()));
-}
-
-TEST_P(SurvivalTest, computer_goesToSleep_takesTheRowAway)
-{
-    const Application& alpha = launch(u"alpha"_s, 1);
-    ASSERT_TRUE(hoverShows(alpha));
-    QDBusConnection bus = QDBusConnection::connectToBus(desk().session().busAddress(), u"login"_s);
-    ASSERT_TRUE(bus.registerService(u"org.freedesktop.login1"_s));
-    QDBusMessage signal = QDBusMessage::createSignal(
-        u"/org/freedesktop/login1"_s, u"org.freedesktop.login1.Manager"_s, u"PrepareForSleep"_s);
-    signal << true;
-    bus.send(signal);
-    EXPECT_TRUE(showsNothing());
-    QDBusConnection::disconnectFromBus(u"login"_s);
 }
 
 TEST(LumbrixProgram, display_missing_isNeededForPreviewsOnly)

@@ -4,7 +4,6 @@
 // The switchers of window managers, and the row of previews above them.
 #include "DesktopTest.h"
 #include "Keys.h"
-#include "platform/StringLiterals.h"
 
 #include <QtCore/QFileInfo>
 #include <QtCore/QStandardPaths>

@@ -3,7 +3,6 @@
 
 // The tooltip in which a dock names the icon under the pointer, right where previews come up.
 #include "DesktopTest.h"
-#include "platform/StringLiterals.h"
 
 namespace lumbrix::privatedesk
 {
