@@ -3,7 +3,6 @@
 
 // Windows and panels that do what they like, and callers on the bus: what there is to hover then.
 
-#include "platform/StringLiterals.h"
 #include "platform/linux/accessibility/PlaceRequests.h"
 #include "tests/fuzz/FuzzWindow.h"
 #include "tests/platform/linux/AdapterFixture.h"

@@ -7,7 +7,6 @@
 #include <QtCore/QByteArray>
 #include <QtCore/QString>
 
-#include <algorithm>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>

@@ -13,7 +13,6 @@
 #include <QtDBus/QDBusMessage>
 #include <QtDBus/QDBusPendingCall>
 
-#include "platform/StringLiterals.h"
 #include "tests/platform/docks/TestPanel.h"
 #include "tests/platform/linux/AdapterFixture.h"
 

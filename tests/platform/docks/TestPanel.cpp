@@ -75,22 +75,6 @@ void TestPanel::moved(const QString& element)
          {QString(), 0, 0, QVariant::fromValue(QDBusVariant(0)), QVariantMap()});
 }
 
-bool TestPanel::handleMessage(const QDBusMessage& message, const QDBusConnection& connection)
-{
-    ++calls;
-    switch (manners) {
-    case Manners::Hangs:
-        message.setDelayedReply(true);
-        return true;
-    case Manners::Refuses:
-        return false;
-    case Manners::Nonsense:
-        return connection.send(message.createReply(QStringList{message.member()}));
-    default:
-        return connection.send(message.createReply(answer(message)));
-    }
-}
-
 QVariant TestPanel::registryAnswer(const QDBusMessage& message)
 {
     if (message.member() == u"RegisterEvent")
@@ -102,21 +86,22 @@ QVariant TestPanel::registryAnswer(const QDBusMessage& message)
     return references(m_bus.baseService(), {u"root"_s});
 }
 
-QVariant TestPanel::answer(const QDBusMessage& message)
+QVariantList TestPanel::answer(const QDBusMessage& message)
 {
+    ++calls;
     const QString name = message.path().mid(folder().size());
     const Element element = elements[name];
     if (message.member() == u"GetRole")
-        return element.role;
+        return {element.role};
     if (message.member() == u"GetExtents")
-        return element.extents;
+        return {element.extents};
     if (message.member() == u"Get")
-        return QVariant::fromValue(QDBusVariant(element.name));
+        return {QVariant::fromValue(QDBusVariant(element.name))};
     walks += name == u"root";
     QStringList children = element.children;
     for (int i = 0; manners == Manners::Crowded && i < 2000; ++i)
         children << u"%1_%2"_s.arg(name).arg(i);
-    return references(m_bus.baseService(), children);
+    return {references(m_bus.baseService(), children)};
 }
 
 } // namespace lumbrix::test

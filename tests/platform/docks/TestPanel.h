@@ -17,13 +17,6 @@ namespace lumbrix::test
 class TestPanel final : public BusObject
 {
 public:
-    enum class Manners {
-        Good,
-        Hangs,    ///< never replies
-        Nonsense, ///< replies with something else than was asked for
-        Refuses,  ///< replies with errors
-        Crowded,  ///< everything has thousands of children
-    };
     static constexpr quint32 boxSize = 39;
     static constexpr quint32 push = 43;
     static constexpr quint32 toggle = 62;
@@ -37,22 +30,18 @@ public:
     explicit TestPanel(const PrivateBus& bus);
 
     std::map<QString, Element> elements; ///< by name on the bus; the program itself is "root"
-    Manners manners = Manners::Good;
-    QString busAddress;     ///< what is told about where the bus is
-    int calls = 0;          ///< also for the bus's address; without those for events
-    int walks = 0;          ///< questions for the program's windows
-    QStringList registered; ///< events that somebody wants to be told
+    QString busAddress;                  ///< what is told about where the bus is
+    int calls = 0;                       ///< also for the bus's address; without those for events
+    int walks = 0;                       ///< questions for the program's windows
+    QStringList registered;              ///< events that somebody wants to be told
 
-    /// Adds a child.
     void add(const QString& parent, const QString& element, quint32 role, const QRect& extents = {},
              const QString& name = {});
     /// Tells that the element was laid out anew.
     void moved(const QString& element);
 
-    bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override;
-
 private:
-    QVariant answer(const QDBusMessage& message);
+    QVariantList answer(const QDBusMessage& message) override;
     QVariant registryAnswer(const QDBusMessage& message);
 
     TestService m_registry;

@@ -3,7 +3,6 @@
 
 #include "tests/platform/linux/AdapterFixture.h"
 
-#include "platform/StringLiterals.h"
 #include "platform/linux/docks/PanelDock.h"
 #include "tests/support/Files.h"
 

@@ -12,6 +12,7 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/StringLiterals.h"
 #include "platform/linux/accessibility/LinuxDockPreferences.h"
 #include "platform/linux/accessibility/X11Accessibility.h"
 #include "platform/linux/applications/LinuxWorkspace.h"

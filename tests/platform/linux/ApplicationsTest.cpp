@@ -1,9 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-#include <algorithm>
-
-#include "platform/StringLiterals.h"
 #include "tests/platform/linux/AdapterFixture.h"
 
 namespace lumbrix::test

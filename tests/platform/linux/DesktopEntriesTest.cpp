@@ -11,7 +11,6 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/StringLiterals.h"
 #include "platform/linux/applications/Launcher.h"
 #include "platform/linux/applications/ProcessNames.h"
 #include "tests/platform/linux/AdapterFixture.h"

@@ -1,7 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-#include "platform/StringLiterals.h"
 #include "platform/linux/docks/IconGeometry.h"
 #include "platform/linux/docks/OwnDisplays.h"
 #include "platform/linux/docks/PlankGeometry.h"
@@ -400,37 +399,22 @@ TEST_F(DocksTest, hover_and_menu_are_told_once_to_the_observer_of_the_dock)
 
     // A dock that ends under a pointer at rest: those it had reported an item to must hear of its
     // end.
+    const ElementRef item = dockItems().at(0);
     m_tracker.remove(panelWindow);
     m_loop.advance(0.1);
     EXPECT_EQ(taken(), u"none"_s);
+    EXPECT_EQ(m_docks.pid(), 0);
+    EXPECT_EQ(m_docks.selectedItem(), 0U);
+    EXPECT_EQ(read(item, "AXPosition").error, AXError::InvalidUIElement);
+    EXPECT_FALSE(m_accessibility.createApplication(panelPid));
     addPanel();
+    EXPECT_EQ(m_docks.pid(), panelPid);
     m_tracker.movePointer({110, 780});
     EXPECT_EQ(taken(), u"Term"_s);
 
     m_tracker.movePointer({110, 400});
     observer.reset(); // with the notification under way
     EXPECT_EQ(taken(), QString());
-}
-
-TEST_F(DocksTest, restarted_dock_is_found_again)
-{
-    EXPECT_EQ(m_docks.pid(), 0);
-    EXPECT_EQ(m_dockPreferences.orientation(nullptr), DockEdge::Bottom);
-    addPanel();
-    place();
-    const ElementRef item = dockItems().at(0);
-    m_tracker.movePointer({110, 780});
-    EXPECT_NE(m_docks.selectedItem(), 0U);
-    m_tracker.remove(panelWindow);
-    m_loop.advance(0.1);
-    EXPECT_EQ(m_docks.pid(), 0);
-    EXPECT_EQ(m_docks.selectedItem(), 0U);
-    EXPECT_EQ(read(item, "AXPosition").error, AXError::InvalidUIElement);
-    EXPECT_FALSE(m_accessibility.createApplication(panelPid));
-    addPanel();
-    place();
-    EXPECT_EQ(m_docks.pid(), panelPid);
-    EXPECT_EQ(titles(), u"Editor Term"_s);
 }
 
 // Each of them looked through all windows.

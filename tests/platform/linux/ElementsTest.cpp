@@ -4,7 +4,6 @@
 #include <limits>
 #include <set>
 
-#include "platform/StringLiterals.h"
 #include "tests/platform/linux/AdapterFixture.h"
 
 namespace lumbrix::test

@@ -148,20 +148,6 @@ TEST_F(IniDefaultsTest, values_that_do_not_read_as_the_type_read_as_nothing)
     EXPECT_FALSE(defaults.arrayForKey(key("open")));
 }
 
-TEST_F(IniDefaultsTest, bytes_that_are_no_text_stay_beside_what_changes)
-{
-    const QByteArray junk("\0\0=\0\n\xff\xfe\n=\n[\n]\n\\\n", 16);
-    putOnDisk(junk + "[filters]\n\xc3(=1\nname=\xff\n com.example : = 1\nall\xff = 2\n" + junk);
-    IniDefaults defaults(m_path);
-    QVariantMap filters = *defaults.dictionaryForKey(key("filters"));
-    filters[u"all\ufffd"_s] = 3;
-    filters.insert(key("new"), 0);
-    defaults.setDictionary(filters, key("filters"));
-    ASSERT_TRUE(defaults.synchronize());
-    EXPECT_EQ(onDisk(), junk + "[filters]\n\xc3(=1\nname=\xff\n com.example : = 1\nall\xff = 3\n" +
-                            junk + "new=0\n");
-}
-
 TEST_F(IniDefaultsTest, file_far_too_long_is_read_at_its_beginning_and_kept_whole)
 {
     QByteArray flood;
@@ -231,24 +217,6 @@ TEST_F(IniDefaultsTest, disk_full_leaves_the_old_file_whole)
     EXPECT_EQ(std::count(said.begin(), said.end(), '\n'), 1) << said;
     EXPECT_TRUE(defaults.synchronize());
     EXPECT_EQ(defaults.dataForKey(key("large"))->size(), 10'000);
-}
-
-TEST_F(IniDefaultsTest, what_is_no_file_keeps_values_until_it_can_be_written)
-{
-    QDir().mkpath(QFileInfo(m_path).path());
-    ASSERT_TRUE(QDir().mkdir(m_path)); // which not even the superuser can read or write
-    testing::internal::CaptureStderr();
-    IniDefaults defaults(m_path);
-    defaults.setInteger(5, key("a"));
-    EXPECT_FALSE(defaults.synchronize());
-    EXPECT_FALSE(defaults.synchronize());
-    const std::string said = testing::internal::GetCapturedStderr();
-    EXPECT_EQ(std::count(said.begin(), said.end(), '\n'), 1) << said;
-    EXPECT_EQ(defaults.integerForKey(key("a")), 5);
-    ASSERT_TRUE(QDir().rmdir(m_path));
-    EXPECT_TRUE(defaults.synchronize());
-    EXPECT_EQ(onDisk(), "[General]\na=5\n");
-    EXPECT_EQ(QDir(QFileInfo(m_path).path()).entryList(QDir::Files).size(), 1); // no left-overs
 }
 
 } // namespace lumbrix::platform

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 
 #include "platform/linux/accessibility/PlaceRequests.h"
-#include "platform/StringLiterals.h"
 #include "tests/platform/linux/AdapterFixture.h"
 
 namespace lumbrix::test

@@ -2,9 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 // Plank's docks from its answers on a real bus and from windows of no display.
-#include <algorithm>
 
-#include "platform/StringLiterals.h"
 #include "platform/linux/docks/PlankDock.h"
 #include "tests/platform/linux/AdapterFixture.h"
 #include "tests/platform/linux/TestPlank.h"
@@ -144,7 +142,6 @@ protected:
         }
         return docks.join(u"; "_s);
     }
-    /// Waits until that is seen.
     testing::AssertionResult sees(const QString& expected)
     {
         const bool isSeen = waitUntil([&] {
@@ -236,7 +233,7 @@ TEST_F(PlankTest, docks_ofSeveralPlanks_comeMoveAndGoByThemselves)
     EXPECT_NE(right->items[1].id, m_plank.states()[0]->items[0].id) << "as on the other dock";
 
     // One that hangs keeps what it had, and the others go on.
-    plank->hangs = true;
+    plank->manners = TestPlank::Manners::Hangs;
     plank->tell(u"dock1"_s);
     plank->tell(u"dock2"_s);
     m_plank.pointerEntered();
@@ -244,8 +241,7 @@ TEST_F(PlankTest, docks_ofSeveralPlanks_comeMoveAndGoByThemselves)
     second.tell(u"second"_s);
     EXPECT_TRUE(sees(u"9:2 550,964 60x60; 10:2 1220,422 60x60; 11:2 700,904 60x60"_s));
 
-    plank->hangs = false;
-    plank->refuses = true; // as the bus does in its place after a while
+    plank->manners = TestPlank::Manners::Refuses; // as the bus does in its place after a while
     m_tracker.remove(11);
     addWindow(11, {0, 824, 1280, 140});
     second.docks[u"second"_s] = dockAt(3, {760, 898}, {820, 898});

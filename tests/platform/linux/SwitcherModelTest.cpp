@@ -3,7 +3,6 @@
 
 // What is reported of a window manager's switcher, from what it shows.
 
-#include "platform/StringLiterals.h"
 #include "platform/linux/switcher/KWinSettings.h"
 #include "platform/linux/switcher/SwitcherChoice.h"
 #include "tests/platform/linux/AdapterFixture.h"

@@ -28,18 +28,7 @@ void TestPlank::tell(const QString& dock)
     BusObject::tell(path() + u'/' + dock, u"net.launchpad.plank.Items"_s, u"Changed"_s);
 }
 
-bool TestPlank::handleMessage(const QDBusMessage& message, const QDBusConnection& connection)
-{
-    if (hangs) {
-        message.setDelayedReply(true);
-        return true;
-    }
-    if (refuses)
-        return connection.send(message.createErrorReply(QDBusError::NoReply, QString()));
-    return connection.send(message.createReply(answer(message)));
-}
-
-QVariantList TestPlank::answer(const QDBusMessage& message) const
+QVariantList TestPlank::answer(const QDBusMessage& message)
 {
     if (message.member() == u"Introspect") {
         QString nodes;

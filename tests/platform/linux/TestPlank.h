@@ -25,15 +25,11 @@ public:
     TestPlank(const QDBusConnection& bus, const QString& name, std::map<QString, Dock> docks);
 
     std::map<QString, Dock> docks;
-    bool hangs = false;
-    bool refuses = false; ///< answers with errors
     /// Says that the items of the dock changed.
     void tell(const QString& dock);
 
-    bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override;
-
 private:
-    QVariantList answer(const QDBusMessage& message) const;
+    QVariantList answer(const QDBusMessage& message) override;
 };
 
 } // namespace lumbrix::test

@@ -23,12 +23,10 @@ public:
         : BusObject(bus, path, names), m_answer(std::move(answer))
     {
     }
-    bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override
-    {
-        return connection.send(message.createReply(m_answer(message)));
-    }
 
 private:
+    QVariantList answer(const QDBusMessage& message) override { return {m_answer(message)}; }
+
     const Answer m_answer;
 };
 

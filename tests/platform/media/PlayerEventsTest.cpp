@@ -4,7 +4,6 @@
 // Event codes to real messages on a bus, with players that behave and players that do not.
 #include <gtest/gtest.h>
 
-#include <QtCore/QBuffer>
 #include <QtCore/QCoreApplication>
 
 #include <atomic>
@@ -301,17 +300,6 @@ TEST_F(PlayerEventsTest, nonsense_isNothing)
     ASSERT_TRUE(name.as<QString>());
     EXPECT_EQ(*name.as<QString>(), longText.left(1000));
     EXPECT_EQ(namesOfOther(), u"Ann/First");
-}
-
-TEST_F(PlayerEventsTest, playerThatDiesOfACommand_isGone)
-{
-    TestPlayer other(m_bus.address(), u"rhythmbox"_s, {{u"PlaybackStatus"_s, u"Paused"_s}});
-    TestPlayer player(m_bus.address(), u"audacious"_s, {{u"PlaybackStatus"_s, u"Playing"_s}});
-    player.manners = Manners::Dies;
-    ASSERT_TRUE(waitUntil([&] { return isState("kPSP"); }));
-    EXPECT_EQ(send({u"iTunes"_s}, "hook", "Next"), AppleEventError::NotRunning);
-    EXPECT_EQ(player.takeCommands().join(u' '), u"Next");
-    EXPECT_TRUE(waitUntil([&] { return isState("kPSp"); })) << "the other one is left";
 }
 
 TEST_F(PlayerEventsTest, mailProgram_isToldInItsOwnWay)

@@ -53,7 +53,7 @@ BusObject::BusObject(const QDBusConnection& bus, const QString& path, const QStr
             qFatal("a test program could not join the bus");
 }
 
-void BusObject::leave()
+BusObject::~BusObject()
 {
     // Else the bus's own thread would let go of this, some time later.
     m_bus.unregisterObject(m_path);
@@ -61,6 +61,22 @@ void BusObject::leave()
     const QString name = m_bus.name();
     m_bus = QDBusConnection(QString()); // it lasts as long as somebody holds it
     QDBusConnection::disconnectFromBus(name);
+}
+
+bool BusObject::handleMessage(const QDBusMessage& message, const QDBusConnection& connection)
+{
+    const QVariantList reply = answer(message);
+    switch (manners) {
+    case Manners::Hangs:
+        message.setDelayedReply(true);
+        return true;
+    case Manners::Nonsense:
+        return connection.send(message.createReply({7, u"nonsense"_s}));
+    case Manners::Refuses:
+        return connection.send(message.createErrorReply(QDBusError::NoReply, QString()));
+    default:
+        return connection.send(message.createReply(reply));
+    }
 }
 
 void BusObject::tell(const QString& path, const QString& interface, const QString& name,

@@ -37,16 +37,26 @@ private:
 class BusObject : public QDBusVirtualObject
 {
 public:
-    ~BusObject() override { leave(); }
-    /// Sends a signal.
+    enum class Manners {
+        Good,
+        Hangs,    ///< never replies
+        Nonsense, ///< replies with something else than was asked for
+        Refuses,  ///< replies with errors, as the bus does for one that is gone
+        Crowded,  ///< tells of thousands where it can tell of any
+    };
+    Manners manners = Manners::Good;
+
+    ~BusObject() override;
     void tell(const QString& path, const QString& interface, const QString& name,
               const QVariantList& arguments = {});
     QString introspect(const QString&) const override { return {}; }
+    bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) final;
 
 protected:
     /// With these names on the bus.
     BusObject(const QDBusConnection& bus, const QString& path, const QStringList& names);
-    void leave();
+    /// Called for every question; what it replies when it has good manners.
+    virtual QVariantList answer(const QDBusMessage& question) = 0;
 
     QDBusConnection m_bus;
 

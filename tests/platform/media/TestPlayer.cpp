@@ -47,42 +47,20 @@ void TestPlayer::tellNonsense()
         tellChange(arguments);
 }
 
-bool TestPlayer::handleMessage(const QDBusMessage& message, const QDBusConnection& connection)
+QVariantList TestPlayer::answer(const QDBusMessage& question)
 {
-    const bool isQuestion = message.member() == u"GetAll";
-    if (isQuestion)
-        m_questions += message.arguments().value(0) == playerInterface() ? 1 : 0;
-    else
-        m_commands += message.member();
-    switch (manners) {
-    case Manners::Hangs:
-        message.setDelayedReply(true);
-        return true;
-    case Manners::Refuses:
-        return connection.send(message.createErrorReply(QDBusError::Failed, u"no"_s));
-    case Manners::Nonsense:
-        return connection.send(message.createReply({7, u"nonsense"_s}));
-    case Manners::Dies:
-        if (!isQuestion) {
-            message.setDelayedReply(true);
-            // Not from in here: the toolkit holds a lock of the connection while it asks us.
-            QMetaObject::invokeMethod(
-                this, [this] { leave(); }, Qt::QueuedConnection);
-            return true;
-        }
-        break;
-    case Manners::Good:
-        break;
+    if (question.member() != u"GetAll") {
+        m_commands += question.member();
+        return {};
     }
-    if (!isQuestion)
-        return connection.send(message.createReply());
-    QVariantMap reply = m_properties;
-    if (message.arguments().value(0) != playerInterface()) {
-        reply = {{u"Identity"_s, m_identity}};
-        if (!m_desktopEntry.isEmpty())
-            reply.insert(u"DesktopEntry"_s, m_desktopEntry);
+    if (question.arguments().value(0) == playerInterface()) {
+        ++m_questions;
+        return {m_properties};
     }
-    return connection.send(message.createReply(reply));
+    QVariantMap reply{{u"Identity"_s, m_identity}};
+    if (!m_desktopEntry.isEmpty())
+        reply.insert(u"DesktopEntry"_s, m_desktopEntry);
+    return {reply};
 }
 
 QVariantMap track(const QVariant& artist, const QVariant& title, const QVariant& artUrl)

@@ -17,14 +17,6 @@ namespace lumbrix::test
 class TestPlayer final : public BusObject
 {
 public:
-    enum class Manners {
-        Good,
-        Hangs,    ///< never replies
-        Nonsense, ///< replies with something else than was asked for
-        Refuses,  ///< replies with errors
-        Dies,     ///< leaves the bus when a command comes
-    };
-
     /// Joins the bus at the address as "org.mpris.MediaPlayer2." and the name.
     TestPlayer(const QString& address, const QString& name, const QVariantMap& properties = {});
     /// As "PlaybackStatus" and the like; announced when `tell`.
@@ -33,14 +25,12 @@ public:
     void tellNonsense();
     void setDesktopEntry(const QString& entry) { m_desktopEntry = entry; }
     void setIdentity(const QString& identity) { m_identity = identity; }
-    Manners manners = Manners::Good;
     /// Commands since the last call, and how often it was asked.
     QStringList takeCommands() { return std::exchange(m_commands, {}); }
     int questions() const { return m_questions; }
 
-    bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override;
-
 private:
+    QVariantList answer(const QDBusMessage& question) override;
     void tellChange(const QVariantList& arguments);
 
     QVariantMap m_properties;
@@ -50,7 +40,6 @@ private:
     int m_questions = 0;
 };
 
-/// The metadata of a track.
 QVariantMap track(const QVariant& artist, const QVariant& title, const QVariant& artUrl = {});
 
 } // namespace lumbrix::test

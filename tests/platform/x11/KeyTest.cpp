@@ -18,7 +18,6 @@
 #include "platform/EventTaps.h"
 #include "platform/InputState.h"
 #include "platform/KeyboardLayout.h"
-#include "platform/StringLiterals.h"
 #include "platform/linux/x11/Connection.h"
 #include "platform/linux/x11/SentKey.h"
 #include "tests/support/Files.h"

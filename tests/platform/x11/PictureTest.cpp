@@ -4,7 +4,6 @@
 // Pictures of windows: right, fresh, not copied in vain, and safe while windows come and go.
 
 #include "X11Desk.h"
-#include "platform/StringLiterals.h"
 #include "platform/linux/x11/Connection.h"
 #include "platform/pictures/PictureScaler.h"
 

@@ -9,7 +9,6 @@
 
 #include <cmath>
 
-#include "platform/StringLiterals.h"
 #include "platform/linux/x11/PointSpace.h"
 #include "platform/linux/x11/PointerTrail.h"
 #include "platform/linux/x11/ScreenWatch.h"

@@ -4,7 +4,6 @@
 // The theme that a settings daemon tells.
 
 #include "X11Desk.h"
-#include "platform/StringLiterals.h"
 #include "platform/linux/x11/ThemeWatch.h"
 
 #include <QtCore/QtEndian>

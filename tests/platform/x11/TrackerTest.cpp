@@ -4,7 +4,6 @@
 // Which windows there are and what they say, with real window managers.
 
 #include "X11Desk.h"
-#include "platform/StringLiterals.h"
 
 #include <csignal>
 #include <future>

@@ -19,39 +19,6 @@ void Recorder::note(std::atomic<int>& count, const TrackedWindowPtr& before,
     ++count;
 }
 
-void Recorder::popupMapped(const PopupMapped& popup)
-{
-    const std::lock_guard lock(m_mutex);
-    m_heard.popup = popup;
-}
-
-void Recorder::pointerMoved(QPoint position, xcb_window_t childOfRoot)
-{
-    const std::lock_guard lock(m_mutex);
-    m_heard.position = {position, childOfRoot};
-    ++moved;
-}
-
-void Recorder::keyPressed(xcb_keysym_t key, bool)
-{
-    const std::lock_guard lock(m_mutex);
-    m_heard.keys.push_back(key);
-}
-
-void Recorder::keyRepeated(xcb_keysym_t key)
-{
-    const std::lock_guard lock(m_mutex);
-    m_heard.keys.push_back(-std::int64_t{key});
-}
-
-void Recorder::managerChanged(const Manager&) { keysBeforeManager = heard().keys.size(); }
-
-void Recorder::buttonPressed(int button, QPoint)
-{
-    const std::lock_guard lock(m_mutex);
-    m_heard.buttons.push_back(button);
-}
-
 Session& sharedSession(const SessionOptions& options)
 {
     static std::map<std::pair<WindowManager, bool>, std::unique_ptr<Session>> sessions;

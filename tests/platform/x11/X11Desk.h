@@ -33,7 +33,6 @@ using privatedesk::Session;
 using privatedesk::SessionOptions;
 using privatedesk::WindowManager;
 
-/// Remembers what it was told.
 class Recorder final : public WindowListener
 {
 public:
@@ -43,12 +42,28 @@ public:
         note(changed, before, after);
     }
     void windowRemoved(const TrackedWindowPtr& last) override { note(removed, last, nullptr); }
-    void popupMapped(const PopupMapped& popup) override;
-    void pointerMoved(QPoint position, xcb_window_t childOfRoot) override;
-    void buttonPressed(int button, QPoint position) override;
-    void keyPressed(xcb_keysym_t key, bool withShift) override;
-    void keyRepeated(xcb_keysym_t key) override;
-    void managerChanged(const Manager&) override;
+    void popupMapped(const PopupMapped& popup) override
+    {
+        hear([&] { m_heard.popup = popup; });
+    }
+    void pointerMoved(QPoint position, xcb_window_t childOfRoot) override
+    {
+        hear([&] { m_heard.position = {position, childOfRoot}; });
+        ++moved;
+    }
+    void buttonPressed(int button, QPoint) override
+    {
+        hear([&] { m_heard.buttons.push_back(button); });
+    }
+    void keyPressed(xcb_keysym_t key, bool) override
+    {
+        hear([&] { m_heard.keys.push_back(key); });
+    }
+    void keyRepeated(xcb_keysym_t key) override
+    {
+        hear([&] { m_heard.keys.push_back(-std::int64_t{key}); });
+    }
+    void managerChanged(const Manager&) override { keysBeforeManager = heard().keys.size(); }
     void screensChanged() override { ++screenChanges; }
 
     std::atomic<int> added = 0, changed = 0, removed = 0, moved = 0, screenChanges = 0;
@@ -70,6 +85,11 @@ public:
     std::unique_lock<std::mutex> keepBusy() { return std::unique_lock(m_mutex); }
 
 private:
+    template <class Note> void hear(Note note)
+    {
+        const std::lock_guard lock(m_mutex);
+        note();
+    }
     void note(std::atomic<int>& count, const TrackedWindowPtr& before,
               const TrackedWindowPtr& after);
 
