@@ -7,7 +7,6 @@
 #include <QtWidgets/QPushButton>
 
 #include "engine/CalendarChoice.h"
-#include "platform/StringLiterals.h"
 #include "tests/support/DesktopFixture.h"
 
 namespace lumbrix::test
@@ -39,7 +38,6 @@ protected:
         QTest::mouseClick(table().viewport(), Qt::LeftButton, {},
                           table().visualRect(table().model()->index(row, column)).center());
     }
-    /// Closes it with its button.
     void finish()
     {
         picker.calendarPicker()->findChild<QPushButton*>(u"endPicking"_s)->click();

@@ -8,7 +8,6 @@
 #include "app/SettingsTable.h"
 #include "badges/BadgeLook.h"
 #include "badges/WinNumberBadger.h"
-#include "platform/StringLiterals.h"
 #include "tests/app/AppFixture.h"
 
 namespace lumbrix::test
@@ -16,9 +15,7 @@ namespace lumbrix::test
 namespace
 {
 
-class ControllerTest : public AppFixture
-{
-};
+using ControllerTest = AppFixture;
 
 TEST_F(ControllerTest, newUser_start_seedsBothStagesAndShowsPreviews)
 {

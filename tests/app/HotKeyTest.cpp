@@ -4,7 +4,6 @@
 #include "app/SGHotKeyCenter.h"
 #include "model/SGKeyCombo.h"
 #include "platform/InputState.h"
-#include "platform/StringLiterals.h"
 #include "tests/app/AppFixture.h"
 
 namespace lumbrix::test
@@ -108,7 +107,8 @@ TEST_F(HotKeyTest, otherStoredKeys_actOnThePreviewsThatAreUp)
     store(u"hideAllPreviewsKey"_s, pKey);
     store(u"closeAllWindowsKey"_s, 36, 0x100 | optionBit);
     defaults.setBool(true, u"firstRun"_s);
-    defaults.setInteger(1, u"showInDock"_s);
+    for (const char* on : {"showInDock", "hideClose"})
+        defaults.setInteger(1, QLatin1String(on));
     defaults.setFloat(200, u"windowWidth"_s);
     defaults.setFloat(150, u"windowHeight"_s);
     start(); // without number keys
@@ -124,9 +124,11 @@ TEST_F(HotKeyTest, otherStoredKeys_actOnThePreviewsThatAreUp)
     const auto taken = controller->hotKeyCenter().takenHotKeys();
     ASSERT_EQ(taken.size(), 1U);
     EXPECT_EQ(taken[0]->identifier, u"hideAllPreviewsKey"_s);
+    engine().screenyViews().front()->mouseEntered();
+    EXPECT_FALSE(engine().screenyViews().front()->isCloseButtonEnabled());
     EXPECT_TRUE(type({36, command | option}));
     loop.advance(1);
-    EXPECT_TRUE(desk.stacking().empty());
+    EXPECT_TRUE(desk.stacking().empty()) << "also those whose button is disabled";
     EXPECT_EQ(desk.application(pid).pid, pid);
 }
 
@@ -213,7 +215,7 @@ TEST_F(HotKeyTest, combo_isStoredShownAndRefusedWithoutModifier)
     EXPECT_EQ((SGKeyCombo{83, 256}).description(keyboard), u"⌘Pad 1"_s);
     EXPECT_EQ((SGKeyCombo{96, 256}).description(keyboard), u"⌘F5"_s);
     EXPECT_EQ((SGKeyCombo{113, 256}).description(keyboard), u"⌘F15"_s);
-    keyboard.nameKey(113, u"Pause"_s);
+    keyboard.keyNames[113] = u"Pause"_s;
     EXPECT_EQ((SGKeyCombo{113, 256}).description(keyboard), u"⌘Pause"_s)
         << "what is printed on it here";
     EXPECT_EQ(SGKeyCombo().keyCodeString(keyboard), QString());

@@ -11,7 +11,6 @@
 #include <QtWidgets/QTableView>
 
 #include "app/filters/FilterLevelTitle.h"
-#include "platform/StringLiterals.h"
 #include "preview/InterfaceFile.h"
 #include "tests/app/AppFixture.h"
 

@@ -8,7 +8,6 @@
 #include "app/inspect/Inspector.h"
 #include "platform/InputState.h"
 #include "platform/PrintableText.h"
-#include "platform/StringLiterals.h"
 #include "tests/support/DesktopFixture.h"
 
 namespace lumbrix::test
@@ -213,8 +212,8 @@ TEST_F(InspectionTest, report_isPlainTextWithTheAnswerFirst)
     set(u"tempDisableFilters"_s, 1);
     set(u"tempDisableFiltersKeycode"_s, 2);
     using enum platform::DockDisplay::Kind;
-    desk.dockPreferences().setOwnDisplays(
-        {{Tooltip, true, u"tips=0"_s}, {Preview, false, u"views=0"_s}, {Tooltip, true, {}}});
+    desk.dockPreferences().displays = {
+        {Tooltip, true, u"tips=0"_s}, {Preview, false, u"views=0"_s}, {Tooltip, true, {}}};
     QStringList lines = inspectionReport(inspect()).split(u'\n');
     EXPECT_TRUE(lines.removeOne(lines.filter(u"System        "_s).value(0)));
     const QString title = uR"(Grüße\x1b[31m\n\u202e 😀)"_s;
@@ -259,7 +258,7 @@ Attributes:
         u"Previews      None: Lumbrix does not run on this desktop.\n"
         u"If it ran     1 of 1 windows.\n"_s));
 
-    desk.windowServer().setUnseenWindows(u"Only some."_s);
+    desk.windowServer().unseen = u"Only some."_s;
     EXPECT_TRUE(inspectionReport(inspect()).contains(u"\nSession       Only some.\n"_s));
 
     EXPECT_EQ(printableText(u"a\u200db\x7f\u2028"_s + QChar(0xD800)),

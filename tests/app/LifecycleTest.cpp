@@ -13,7 +13,6 @@
 #include "app/SenderTitles.h"
 #include "app/StatusItem.h"
 #include "model/SGKeyCombo.h"
-#include "platform/StringLiterals.h"
 #include "tests/app/AppFixture.h"
 
 namespace lumbrix::test
@@ -53,7 +52,6 @@ void answerNext(const QString& title)
     });
 }
 
-/// Whether the program ends by that.
 bool quitsBy(const std::function<void()>& action)
 {
     constexpr int stillRunning = 7;
@@ -114,21 +112,21 @@ TEST_F(LifecycleTest, newUser_start_isWelcomedOnThePreferencesOnce)
     EXPECT_TRUE(text.contains(u"previews for it. \n\nThis is usually"_s));
     EXPECT_EQ(buttonsOf(*sheet()), QStringList{u"Okay"_s});
     answerSheet(u"Okay"_s);
-    EXPECT_EQ(desk.loginItems().paths(), (QStringList{older, desk.applicationBundle().path()}));
+    EXPECT_EQ(desk.loginItems().paths, (QStringList{older, desk.applicationBundle().path()}));
 
     defaults.setInteger(0, u"startAtLogin"_s);
     controller->updateState();
-    EXPECT_TRUE(desk.loginItems().paths().empty());
+    EXPECT_TRUE(desk.loginItems().paths.empty());
     controller->applicationDidFinishLaunching();
     EXPECT_FALSE(sheet());
 
     // Of one in its build folder nothing is kept that starts it.
     controller->applicationWillTerminate();
-    desk.applicationBundle().setInstalled(false);
+    desk.applicationBundle().installed = false;
     defaults.setBool(false, u"firstRun"_s);
     start();
     EXPECT_FALSE(textOf(*sheet(), u"informativeText"_s).contains(u"log in"_s));
-    EXPECT_TRUE(desk.loginItems().paths().empty());
+    EXPECT_TRUE(desk.loginItems().paths.empty());
     EXPECT_FALSE(find<QCheckBox>(u"startAtLogin"_s)->isEnabled());
 }
 
@@ -137,7 +135,7 @@ TEST_F(LifecycleTest, windowsThatCannotBeSeen_areToldOnce_afterTheWelcome)
     startAgain();
     EXPECT_FALSE(sheet()) << "all can";
     controller->applicationWillTerminate();
-    desk.windowServer().setUnseenWindows(u"Only some."_s);
+    desk.windowServer().unseen = u"Only some."_s;
     defaults.setBool(false, u"firstRun"_s);
     for (const bool isWelcomed : {true, false}) {
         start();
@@ -202,26 +200,26 @@ TEST_F(LifecycleTest, dockIcon_changed_takesARelaunchOrIsTakenBack)
     EXPECT_EQ(textOf(*sheet(), u"messageText"_s), u"Relaunch required"_s);
     answerSheet(u"Cancel"_s);
     EXPECT_EQ(defaults.integerForKey(u"showIconInDock"_s), 0);
-    EXPECT_FALSE(desk.applicationBundle().showsInDockNextTime());
-    EXPECT_EQ(desk.applicationBundle().relaunches(), 0);
+    EXPECT_FALSE(desk.applicationBundle().showsInDockNextTime);
+    EXPECT_EQ(desk.applicationBundle().relaunches, 0);
 
     // Nothing to start it again with: no later start has the preferences in the user's way.
-    desk.applicationBundle().setCanRelaunch(false);
+    desk.applicationBundle().canRelaunch = false;
     defaults.setInteger(1, u"showIconInDock"_s);
     controller->updateState(SenderTitle::ShowIconInDock);
     EXPECT_FALSE(quitsBy([] { press(*sheet(), u"Apply and Relaunch"_s); }));
     ASSERT_TRUE(sheet());
     EXPECT_EQ(textOf(*sheet(), u"messageText"_s), u"Lumbrix could not be relaunched"_s);
     answerSheet(u"Okay"_s);
-    EXPECT_TRUE(desk.applicationBundle().showsInDockNextTime());
+    EXPECT_TRUE(desk.applicationBundle().showsInDockNextTime);
     EXPECT_FALSE(defaults.boolForKey(u"relaunchedForIcon"_s));
     EXPECT_FALSE(defaults.hasUnsavedChanges());
 
-    desk.applicationBundle().setCanRelaunch(true);
+    desk.applicationBundle().canRelaunch = true;
     controller->updateState(SenderTitle::ShowIconInDock);
     EXPECT_TRUE(quitsBy([] { answerSheet(u"Apply and Relaunch"_s); }));
-    EXPECT_TRUE(desk.applicationBundle().showsInDockNextTime());
-    EXPECT_EQ(desk.applicationBundle().relaunches(), 1);
+    EXPECT_TRUE(desk.applicationBundle().showsInDockNextTime);
+    EXPECT_EQ(desk.applicationBundle().relaunches, 1);
     EXPECT_TRUE(defaults.boolForKey(u"relaunchedForIcon"_s));
     EXPECT_FALSE(defaults.hasUnsavedChanges());
 }
@@ -230,9 +228,9 @@ TEST_F(LifecycleTest, dockIcon_on_keepsAWindowWhereDocksShowWindows)
 {
     defaults.setInteger(1, u"showIconInDock"_s);
     defaults.setBool(true, u"relaunchedForIcon"_s);
-    desk.applicationBundle().setShownByWindows(true);
+    desk.applicationBundle().shownByWindows = true;
     startAgain();
-    EXPECT_TRUE(desk.applicationBundle().isForeground());
+    EXPECT_TRUE(desk.applicationBundle().isForeground);
     EXPECT_FALSE(defaults.boolForKey(u"relaunchedForIcon"_s));
     EXPECT_EQ(PrefsController::sharedPrefsWindowController().currentIdentifier(), u"Dock Icon"_s);
     EXPECT_FALSE(PrefsController::openWindow()->isMinimized());
@@ -286,7 +284,7 @@ TEST_F(LifecycleTest, access_missing_canBeGivenOrRefused)
     answerNext(u"Enable"_s);
     EXPECT_TRUE(isRefused());
     EXPECT_NEAR(loop.now(), 40, 1e-6);
-    EXPECT_EQ(desk.accessibility().preferencesOpened(), 1);
+    EXPECT_EQ(desk.accessibility().preferencesOpened, 1);
 
     // The user does, in the system's settings.
     loop.detachThread("user", [&](const platform::Thread&) {
@@ -297,7 +295,7 @@ TEST_F(LifecycleTest, access_missing_canBeGivenOrRefused)
     answerNext(u"Enable"_s);
     start();
     EXPECT_NEAR(loop.now(), 50, 0.51);
-    EXPECT_FLOAT_EQ(desk.accessibility().messagingTimeout(), 0.2F);
+    EXPECT_FLOAT_EQ(desk.accessibility().messagingTimeout, 0.2F);
 }
 
 } // namespace

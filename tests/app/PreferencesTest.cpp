@@ -1,7 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-#include <QtGui/QShortcut>
 #include <QtTest/QTest>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QCheckBox>
@@ -18,7 +17,6 @@
 #include "app/preferences/SettingsBinding.h"
 #include "badges/WinNumberBadger.h"
 #include "platform/InputState.h"
-#include "platform/StringLiterals.h"
 #include "tests/app/AppFixture.h"
 
 namespace lumbrix::test

@@ -10,7 +10,6 @@
 #include "app/preferences/NoteLabel.h"
 #include "app/preferences/SRRecorderControl.h"
 #include "platform/InputState.h"
-#include "platform/StringLiterals.h"
 #include "tests/app/AppFixture.h"
 
 namespace lumbrix::test

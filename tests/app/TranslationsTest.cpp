@@ -11,7 +11,6 @@
 #include "app/Translations.h"
 #include "app/filters/FilterLevelTitle.h"
 #include "app/preferences/NoteLabel.h"
-#include "platform/StringLiterals.h"
 #include "preview/InterfaceFile.h"
 #include "tests/support/DesktopFixture.h"
 

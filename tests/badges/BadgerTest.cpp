@@ -4,7 +4,6 @@
 // The badges over the Dock, with the engine that counts.
 #include "badges/BadgeLook.h"
 #include "badges/WinNumberBadger.h"
-#include "platform/StringLiterals.h"
 #include "platform/UserDefaults.h"
 #include "preview/MAWindow.h"
 #include "preview/NumberLabel.h"
@@ -101,7 +100,7 @@ TEST_F(Badger, dockThatCountsItself_hasNoCountBesideItsOwn)
 {
     add(u"Editor"_s, 2);
     EXPECT_EQ((badger().badgeDockItems(), shownBadges()), u"Editor 2"_s);
-    desk.dockPreferences().setCountsWindows(true);
+    desk.dockPreferences().hasCounts = true;
     EXPECT_EQ((badger().badgeDockItems(), shownBadges()), u""_s);
 }
 

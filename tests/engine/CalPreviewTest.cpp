@@ -5,7 +5,6 @@
 
 #include <QtCore/QLocale>
 
-#include "platform/StringLiterals.h"
 #include "preview/EventLine.h"
 #include "tests/engine/EngineFixture.h"
 
@@ -298,10 +297,7 @@ TEST_F(CalPreviewTest, click_raisesTheCalendarOrStartsIt)
     leave(1);
 
     // A calendar is known by what it is as well as by its name; its window stands behind the lines.
-    SimulatedApplication kalender{u"Kalender"_s};
-    kalender.bundleURL = QUrl(u"file:///Kalender.app"_s);
-    kalender.role = ApplicationRole::Calendar;
-    const Pid pid = desk.addApplication(kalender);
+    const Pid pid = desk.addApplication({.name = u"Kalender"_s, .role = ApplicationRole::Calendar});
     const WindowID window = desk.addWindow(pid, {u"March"_s});
     loop.runUntilIdle();
     hover(u"Kalender"_s);

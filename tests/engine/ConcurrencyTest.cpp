@@ -14,7 +14,6 @@
 #include <atomic>
 
 #include "engine/LXHandler.h"
-#include "platform/StringLiterals.h"
 #include "platform/qt/QtRunLoop.h"
 #include "preview/SafariPreview.h"
 #include "tests/support/DesktopFixture.h"

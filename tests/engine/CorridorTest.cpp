@@ -3,7 +3,6 @@
 
 // The way from an icon to its row.
 
-#include "platform/StringLiterals.h"
 #include "tests/engine/EngineFixture.h"
 
 namespace lumbrix::test

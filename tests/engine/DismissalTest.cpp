@@ -3,7 +3,6 @@
 
 // When previews go away.
 
-#include "platform/StringLiterals.h"
 #include "tests/engine/EngineFixture.h"
 
 namespace lumbrix::test
@@ -207,19 +206,6 @@ TEST_F(DismissalTest, activation_closesThePreviewsOfADockItem_whereAsked)
     settings().closeOnClick = 1;
     desk.activateApplication(desk.ownPid());
     loop.runUntilIdle();
-    EXPECT_EQ(shown(), u""_s);
-}
-
-TEST_F(DismissalTest, closeAllWindows_closesAlsoThoseWhoseButtonIsDisabled)
-{
-    show();
-    settings().hideClose = 1;
-    movePointerTo(preview(0));
-    loop.advance(tick);
-    EXPECT_FALSE(preview(0).isCloseButtonEnabled());
-    engine().closeAllWindows();
-    loop.advance(0.5);
-    EXPECT_TRUE(desk.stacking().empty());
     EXPECT_EQ(shown(), u""_s);
 }
 

@@ -3,7 +3,6 @@
 
 // What a hovered Dock item shows.
 
-#include "platform/StringLiterals.h"
 #include "tests/engine/EngineFixture.h"
 
 namespace lumbrix::test
@@ -13,9 +12,7 @@ namespace
 
 using ItemKind = SimulatedDockItem::Kind;
 
-class HoverDispatchTest : public EngineFixture
-{
-};
+using HoverDispatchTest = EngineFixture;
 
 TEST_F(HoverDispatchTest, row_isFilledPlacedAndShown)
 {

@@ -3,7 +3,6 @@
 
 // What the notifications of the Dock and of the applications set off, and when.
 
-#include "platform/StringLiterals.h"
 #include "tests/engine/EngineFixture.h"
 
 namespace lumbrix::test
@@ -11,11 +10,7 @@ namespace lumbrix::test
 namespace
 {
 
-using ItemKind = SimulatedDockItem::Kind;
-
-class Intake : public EngineFixture
-{
-};
+using Intake = EngineFixture;
 
 TEST_F(Intake, quickMovesAlongTheDock_dispatchOnlyTheItemRestedOn)
 {
@@ -72,23 +67,6 @@ TEST_F(Intake, waitingDispatch_isDroppedWithTheNextSelection)
     observeDock(nullptr);
     hover(u"Notes"_s);
     EXPECT_EQ(shown(), u"Notes 1"_s);
-}
-
-TEST_F(Intake, itemsThatAreNoApplications_endThePreviewsAtOnce)
-{
-    add(u"Notes"_s, 2);
-    for (const QString& item : {u"Trash"_s, u"Downloads"_s}) {
-        if (item == u"Downloads"_s)
-            desk.addDockItem({item, ItemKind::Folder});
-        hover(u"Notes"_s);
-        EXPECT_EQ(shown(), u"Notes 2, Notes 1"_s);
-        EXPECT_TRUE(isTapOn());
-        hover(item);
-        EXPECT_EQ(shown(), u""_s);
-        EXPECT_EQ(panelsOnScreen(), 0);
-        EXPECT_FALSE(isTapOn());
-        EXPECT_EQ(engine().currentDockElement(), nullptr);
-    }
 }
 
 TEST_F(Intake, dockMenu_takesThePanelsOffTheScreenInTheSameStep)

@@ -7,7 +7,6 @@
 #include <QtGui/QKeyEvent>
 #include <QtWidgets/QApplication>
 
-#include "platform/StringLiterals.h"
 #include "preview/KeyboardPanel.h"
 #include "tests/engine/EngineFixture.h"
 
@@ -51,7 +50,7 @@ protected:
         return entry->text(QAccessible::Name);
     }
     /// Whether the keyboard is whose it was, and nothing is left of the row.
-    bool isOver() { return !desk.windowServer().hasKeyboard() && !panel() && shown().isEmpty(); }
+    bool isOver() { return !desk.windowServer().hasKeyboard && !panel() && shown().isEmpty(); }
 };
 
 TEST_F(KeyboardRowTest, keys_moveRaiseAndClose_andEachStepIsSaid)
@@ -63,7 +62,7 @@ TEST_F(KeyboardRowTest, keys_moveRaiseAndClose_andEachStepIsSaid)
     toggle();
     loop.advance(5);
     EXPECT_EQ(shown(), u"Notes 3, Notes 2, Notes 1"_s) << "it needs no mouse";
-    EXPECT_TRUE(desk.windowServer().hasKeyboard());
+    EXPECT_TRUE(desk.windowServer().hasKeyboard);
     EXPECT_EQ(panel()->accessibleName(), u"Windows of Notes"_s);
     EXPECT_EQ(said(), u"Notes 3, 1 of 3, workspace 1"_s);
     press({Qt::Key_Left});
@@ -86,7 +85,7 @@ TEST_F(KeyboardRowTest, keys_moveRaiseAndClose_andEachStepIsSaid)
     press({Qt::Key_Return});
     EXPECT_TRUE(isOver());
     EXPECT_EQ(desk.stacking().front(), idOf(u"Notes 1"_s));
-    EXPECT_EQ(desk.previewRequests().ended().size(), 0U) << "nobody else has asked";
+    EXPECT_EQ(desk.previewRequests().ended.size(), 0U) << "nobody else has asked";
 }
 
 TEST_F(KeyboardRowTest, everyEnd_givesTheKeyboardBack)
@@ -118,7 +117,7 @@ TEST_F(KeyboardRowTest, everyEnd_givesTheKeyboardBack)
         desk.activateApplication(pid);
         toggle();
         ASSERT_TRUE(panel());
-        ASSERT_TRUE(desk.windowServer().hasKeyboard());
+        ASSERT_TRUE(desk.windowServer().hasKeyboard);
         end();
         loop.advance(2);
         EXPECT_TRUE(isOver());
@@ -140,7 +139,7 @@ TEST_F(KeyboardRowTest, hoveredRow_takesNoKeyboard_andLongOneTurnsThePage)
     loop.advance(1);
     EXPECT_EQ(engine().screenyViews().size(), 15U);
     EXPECT_FALSE(panel());
-    EXPECT_FALSE(desk.windowServer().hasKeyboard());
+    EXPECT_FALSE(desk.windowServer().hasKeyboard);
 }
 
 } // namespace

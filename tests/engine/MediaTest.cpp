@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 
 // Previews of media players and mail: what they show, and what their buttons tell the application.
-#include "platform/StringLiterals.h"
 #include "preview/NamedImage.h"
 #include "scripting/SWScript.h"
 #include "tests/engine/EngineFixture.h"
@@ -28,10 +27,7 @@ protected:
     }
     Pid addUnreachable(const QString& name, const QString& identifier, ApplicationRole role)
     {
-        SimulatedApplication application{name};
-        application.bundleIdentifier = identifier;
-        application.role = role;
-        return desk.addApplication(application);
+        return desk.addApplication({.name = name, .bundleIdentifier = identifier, .role = role});
     }
     /// A music player with this window, which plays the tracks, if there are any, and is hovered.
     Pid showPlayer(const SimulatedWindow& window, std::vector<SimulatedTrack> tracks = {})
@@ -117,9 +113,8 @@ TEST_F(MediaTest, musicPlayerOfAnotherName_everyStandardWindow_isTheMainOne)
 {
     const Pid pid = addPlayer(u"Player"_s, u"org.example.Player"_s, ApplicationRole::MusicPlayer);
     desk.addWindow(pid, {u"First - Ann - Player"_s, {100, 100, 400, 300}});
-    SimulatedWindow dialog{u"Settings"_s, {100, 150, 400, 300}};
-    dialog.subrole = u"AXDialog"_s;
-    desk.addWindow(pid, dialog);
+    desk.addWindow(
+        pid, {.title = u"Settings"_s, .frame = {100, 150, 400, 300}, .subrole = u"AXDialog"_s});
     play(u"iTunes"_s, {{u"Ann"_s, u"First"_s}});
     loop.runUntilIdle();
     hover(u"Player"_s);

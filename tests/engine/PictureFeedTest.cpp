@@ -3,7 +3,6 @@
 
 // How the pictures of a row follow their windows, and what that may cost.
 
-#include "platform/StringLiterals.h"
 #include "preview/PictureView.h"
 #include "tests/engine/EngineFixture.h"
 

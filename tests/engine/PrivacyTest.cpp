@@ -4,7 +4,6 @@
 // What is not for everybody's eyes.
 
 #include "engine/PrivateChoices.h"
-#include "platform/StringLiterals.h"
 #include "tests/engine/EngineFixture.h"
 
 namespace lumbrix::test

@@ -3,7 +3,6 @@
 
 // Rows that other programs ask for, which come and stay without the mouse.
 
-#include "platform/StringLiterals.h"
 #include "tests/engine/EngineFixture.h"
 
 namespace lumbrix::test
@@ -47,7 +46,7 @@ protected:
     /// How many rows have ended, the last one being this item's.
     int ended(const QString& item)
     {
-        const auto& all = desk.previewRequests().ended();
+        const auto& all = desk.previewRequests().ended;
         EXPECT_TRUE(all.empty() || platform::elementsEqual(all.back(), desk.dockItem(item)));
         return static_cast<int>(all.size());
     }

@@ -3,7 +3,6 @@
 
 // What hands do on a row without leaving it: the wheel, and the entry for what it has no room for.
 
-#include "platform/StringLiterals.h"
 #include "tests/engine/EngineFixture.h"
 
 namespace lumbrix::test

@@ -3,7 +3,6 @@
 
 // Where the row goes while the icon it stands for is still moving, and when it has moved.
 
-#include "platform/StringLiterals.h"
 #include "tests/engine/EngineFixture.h"
 
 namespace lumbrix::test
@@ -52,7 +51,7 @@ TEST_F(StripArrangerTest, iconThatMoves_isWaitedFor_whereItMayMove_butNotForEver
         leave(1);
         desk.setDockEdge(DockEdge::Bottom); // puts the icon back
     }
-    desk.dockPreferences().setTellsFinalPlaces(true);
+    desk.dockPreferences().areFinal = true;
     const double start = loop.now();
     hover(u"Notes"_s);
     EXPECT_EQ(shown(), u"Notes 1"_s);

@@ -3,7 +3,6 @@
 
 // Previews for the Command-Tab switcher, and the clicks that it would keep from them.
 
-#include "platform/StringLiterals.h"
 #include "tests/engine/EngineFixture.h"
 
 namespace lumbrix::test

@@ -3,7 +3,6 @@
 
 // How the previews shown keep up with their windows.
 
-#include "platform/StringLiterals.h"
 #include "preview/BadgeView.h"
 #include "preview/NumberLabel.h"
 #include "tests/engine/EngineFixture.h"
@@ -180,31 +179,6 @@ TEST_F(Update, numbers_areOnEveryPreview_alsoOnceTheirSizeChanged)
     update();
     EXPECT_EQ(preview(0).window()->frame().width(), 200);
     EXPECT_EQ(numbers(), u"1@40 1 1@40 2 4@40 3"_s);
-}
-
-TEST_F(Update, minimisedAndHiddenWindows_leaveTheRow_asTheSettingsSay)
-{
-    const Pid notes = add(u"Notes"_s, 3);
-    hover(u"Notes"_s);
-    desk.minimizeWindow(desk.stacking().front());
-    hover(u"Notes"_s);
-    update();
-    EXPECT_EQ(shown(), u"Notes 3, Notes 2, Notes 1"_s);
-    settings().ignoreMinimized = 1;
-    update();
-    EXPECT_EQ(shown(), u"Notes 2, Notes 1"_s);
-    settings().tempDisableFilters = 1;
-    desk.setModifiers(command);
-    update();
-    EXPECT_EQ(shown(), u"Notes 2, Notes 1, Notes 3"_s);
-    desk.setModifiers(0);
-    settings().ignoreHidden = 1;
-    desk.workspace().hide(notes);
-    update();
-    EXPECT_EQ(shown(), u""_s);
-    desk.with([&](SimulatedState& state) { state.setHidden(notes, false); });
-    loop.advance(1.1); // the mouse is still there
-    EXPECT_EQ(shown(), u"Notes 2, Notes 1"_s);
 }
 
 TEST_F(Update, windowThatVanishesBeforeAnyOneRequest_isSimplyGone)

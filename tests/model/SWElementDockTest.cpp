@@ -3,7 +3,6 @@
 
 // What is asked of the Dock, of the switcher and of whole applications.
 
-#include "platform/StringLiterals.h"
 #include "tests/model/ModelFixture.h"
 
 namespace lumbrix::test
@@ -13,9 +12,7 @@ namespace
 
 using ItemKind = SimulatedDockItem::Kind;
 
-class SWElementDockTest : public ModelFixture
-{
-};
+using SWElementDockTest = ModelFixture;
 
 TEST_F(SWElementDockTest, everyKindOfItem_isToldFromTheOthers)
 {
@@ -109,17 +106,13 @@ TEST_F(SWElementDockTest, openWindows_areStandardOnesAndDialogs_orAssumedOfABusy
 {
     const Pid notes = addApplication(u"Notes"_s);
     EXPECT_FALSE(SWElement::checkIfPidHasOpenWindows(ports(), notes));
-    SimulatedWindow palette{u"Colours"_s};
-    palette.subrole = u"AXFloatingWindow"_s;
-    desk.addWindow(notes, palette);
+    desk.addWindow(notes, {.title = u"Colours"_s, .subrole = u"AXFloatingWindow"_s});
     EXPECT_FALSE(SWElement::checkIfPidHasOpenWindows(ports(), notes));
     desk.changeApplication(notes, [](auto& application) { application.responds = false; });
     EXPECT_TRUE(SWElement::checkIfPidHasOpenWindows(ports(), notes));
     desk.changeApplication(notes, [](auto& application) { application.responds = true; });
     for (const QString& subrole : {u"AXStandardWindow"_s, u"AXDialog"_s, u"AXSystemDialog"_s}) {
-        SimulatedWindow window{u"Ideas"_s};
-        window.subrole = subrole;
-        const WindowID number = desk.addWindow(notes, window);
+        const WindowID number = desk.addWindow(notes, {.title = u"Ideas"_s, .subrole = subrole});
         EXPECT_TRUE(SWElement::checkIfPidHasOpenWindows(ports(), notes));
         desk.closeWindow(number);
     }

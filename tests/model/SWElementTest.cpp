@@ -7,16 +7,13 @@
 
 #include "model/UIElementUtilities.h"
 #include "platform/InputState.h"
-#include "platform/StringLiterals.h"
 
 namespace lumbrix::test
 {
 namespace
 {
 
-class SWElementTest : public ModelFixture
-{
-};
+using SWElementTest = ModelFixture;
 
 TEST_F(SWElementTest, existence_dependsOnRoleSubroleAndContentByLevel)
 {
@@ -33,10 +30,7 @@ TEST_F(SWElementTest, existence_dependsOnRoleSubroleAndContentByLevel)
         return answers;
     };
     const auto kind = [](const QString& subrole, bool hasContent) {
-        SimulatedWindow window{u"Ideas"_s};
-        window.subrole = subrole;
-        window.hasContent = hasContent;
-        return window;
+        return SimulatedWindow{.title = u"Ideas"_s, .subrole = subrole, .hasContent = hasContent};
     };
     EXPECT_EQ(existsAt(kind(u"AXStandardWindow"_s, false)), u"yyyny"_s);
     EXPECT_EQ(existsAt(kind(u"AXDialog"_s, true)), u"yyyny"_s);
@@ -45,9 +39,7 @@ TEST_F(SWElementTest, existence_dependsOnRoleSubroleAndContentByLevel)
     for (const QString& floating :
          {u"AXFloatingWindow"_s, u"AXSystemFloatingWindow"_s, u"AXUnknown"_s})
         EXPECT_EQ(existsAt(kind(floating, true)), u"yynny"_s);
-    SimulatedWindow sheet{u"Ideas"_s};
-    sheet.role = u"AXSheet"_s;
-    EXPECT_EQ(existsAt(sheet), u"nnnnn"_s);
+    EXPECT_EQ(existsAt({.title = u"Ideas"_s, .role = u"AXSheet"_s}), u"nnnnn"_s);
 }
 
 TEST_F(SWElementTest, busyApplication_keepsTheWindowsItWasKnownToHave)

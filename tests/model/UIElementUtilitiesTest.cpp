@@ -5,7 +5,6 @@
 
 #include "model/AXNames.h"
 #include "model/UIElementUtilities.h"
-#include "platform/StringLiterals.h"
 
 namespace lumbrix::test
 {

@@ -7,7 +7,6 @@
 #include "model/EngineSettings.h"
 #include "model/WindowInventory.h"
 #include "platform/InputState.h"
-#include "platform/StringLiterals.h"
 
 namespace lumbrix::test
 {
@@ -56,9 +55,7 @@ TEST_F(WindowInventoryTest, scan_listsEveryRealWindowOnce_andForgetsClosedOnes)
     const Pid maps = addApplication(u"Maps"_s, 1);
     const Pid agent = desk.addApplication({u"Agent"_s, {}, 0, false});
     desk.addWindow(agent, {u"Status"_s});
-    SimulatedWindow palette{u"Palette"_s};
-    palette.subrole = u"AXFloatingWindow"_s;
-    desk.addWindow(maps, palette);
+    desk.addWindow(maps, {.title = u"Palette"_s, .subrole = u"AXFloatingWindow"_s});
     desk.addWindow(maps, {QString(), {0, 0, 300, 300}});
 
     settings.disabled = 1;
@@ -83,17 +80,6 @@ TEST_F(WindowInventoryTest, scan_listsEveryRealWindowOnce_andForgetsClosedOnes)
     inventory.removeWindow(inventory.windowsArray()[1]->element());
     inventory.removeWindow(desk.dockItem(u"Trash"_s));
     EXPECT_EQ(titlesFor(notes), QStringList{u"Notes 2"_s});
-}
-
-TEST_F(WindowInventoryTest, twins_giveOneRecordForTheEntryThatBothMatch)
-{
-    const Pid notes = addApplication(u"Notes"_s);
-    desk.addWindow(notes, {u"Untitled"_s});
-    const WindowID front = desk.addWindow(notes, {u"Untitled"_s});
-    inventory.windowScanner();
-    inventory.windowScanner();
-    ASSERT_EQ(inventory.windowsArray().size(), 1U);
-    EXPECT_EQ(inventory.windowsArray().front()->wid(), front);
 }
 
 // As a record it had the process, and the filter level, of the application it was matched for.

@@ -3,7 +3,6 @@
 
 // Which entry of the window server's list an accessibility window is.
 
-#include "platform/StringLiterals.h"
 #include "tests/model/ModelFixture.h"
 
 namespace lumbrix::test
@@ -33,9 +32,7 @@ TEST_F(WindowMatching, window_isFoundByItsExactFrameAndTitle)
     const QRectF frame(10.5, 20, 400, 300);
     const WindowID wanted = desk.addWindow(notes, {u"Same"_s, frame});
     desk.addWindow(maps, {u"Same"_s, frame});
-    SimulatedWindow panel{u"Same"_s, frame};
-    panel.layer = 3;
-    desk.addWindow(notes, panel);
+    desk.addWindow(notes, {.title = u"Same"_s, .frame = frame, .layer = 3});
     desk.addWindow(notes, {u"Other"_s, frame});
 
     const SWElementPtr found = matched(wanted);
@@ -64,9 +61,8 @@ TEST_F(WindowMatching, twins_resolveToTheFrontmost_unlessTheNumberIsKnown)
 TEST_F(WindowMatching, titles_areComparedAtTheStandardLevelOnly_butNeverEmpty)
 {
     const Pid notes = addApplication(u"Notes"_s);
-    SimulatedWindow window{u"Long title, told in full"_s};
-    window.listedName = u"Long title, ..."_s;
-    const WindowID number = desk.addWindow(notes, window);
+    const WindowID number = desk.addWindow(
+        notes, {.title = u"Long title, told in full"_s, .listedName = u"Long title, ..."_s});
     EXPECT_EQ(match(number), 0U);
     for (const int level : {0, 1, 3, 4}) {
         levels[u"org.example.Notes"_s] = level;
@@ -97,11 +93,11 @@ TEST_F(WindowMatching, illustrator_prefersItsOnscreenWindow)
 {
     const Pid illustrator = desk.addApplication({u"Illustrator"_s, u"com.adobe.illustrator"_s});
     const auto add = [&](double trim, bool isOnscreen) {
-        SimulatedWindow window{u"Drawing"_s, {0, 0, 800, 600}};
-        window.listedFrame = QRectF(0, trim, 800, 600 - trim);
-        window.listedName = u"?"_s;
-        window.isOnscreen = isOnscreen;
-        return desk.addWindow(illustrator, window);
+        return desk.addWindow(illustrator, {.title = u"Drawing"_s,
+                                            .frame = {0, 0, 800, 600},
+                                            .listedFrame = QRectF(0, trim, 800, 600 - trim),
+                                            .listedName = u"?"_s,
+                                            .isOnscreen = isOnscreen});
     };
     const WindowID last = add(22, false);
     add(42, false);

@@ -733,7 +733,7 @@ TEST_F(Panel, shortcuts_areForTheFirstTen)
     host.previews.clear();
     previews[2]->setShortcut();
     EXPECT_EQ(label(2), u"\u23180"_s);
-    desk.keyboardLayout().setSign(u"#"_s);
+    desk.keyboardLayout().sign = u"#"_s;
     previews[2]->setShortcut();
     EXPECT_EQ(label(2), u"#0"_s);
 }

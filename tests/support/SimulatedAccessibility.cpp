@@ -3,7 +3,6 @@
 
 #include <algorithm>
 
-#include "platform/StringLiterals.h"
 #include "tests/support/SimulatedPorts.h"
 
 namespace lumbrix::test

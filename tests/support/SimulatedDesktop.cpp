@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 
 #include "tests/support/SimulatedDesktop.h"
-#include "platform/StringLiterals.h"
 
 #include <algorithm>
 

@@ -13,6 +13,7 @@
 #include "tests/support/SimulatedKeyboard.h"
 #include "tests/support/SimulatedPorts.h"
 #include "tests/support/SimulatedSession.h"
+#include "tests/support/SimulatedWorkspace.h"
 
 namespace lumbrix::test
 {

@@ -68,7 +68,6 @@ public:
             return wanted(event.key) && contains(keysHeld(), *wanted(event.key));
         return m_isEnabled && m_events == TapEvents::KeysAndClicks;
     }
-    /// Whether it swallows it.
     bool call(TapEvent event) const
     {
         if (const TapKey* key = wanted(event.key))

@@ -42,27 +42,26 @@ class SimulatedKeyboardLayout final : public platform::KeyboardLayout
 public:
     std::uint64_t currentLayout() override { return m_layout; }
     QString charactersOfKey(std::int64_t keyCode) override { return m_characters.value(keyCode); }
-    QString nameOfKey(std::int64_t keyCode) const override { return m_names.value(keyCode); }
+    QString nameOfKey(std::int64_t keyCode) const override { return keyNames.value(keyCode); }
     /// Here a scan code is the key code plus eight, as 0 is none.
     std::int64_t keyCodeOf(std::uint32_t nativeScanCode, std::uint32_t) override
     {
         return nativeScanCode < 8 ? -1 : static_cast<std::int64_t>(nativeScanCode) - 8;
     }
     QString nameOfModifier(std::uint32_t flag) const override;
-    QString signOfModifier(std::uint32_t) const override { return m_sign; }
-    void setSign(const QString& sign) { m_sign = sign; } ///< none at first
+    QString signOfModifier(std::uint32_t) const override { return sign; }
 
+    // For tests.
+    QHash<std::int64_t, QString> keyNames;
+    QString sign; ///< of a modifier
     void choose(QHash<std::int64_t, QString> characters)
     {
         m_characters = std::move(characters);
         ++m_layout;
     }
-    void nameKey(std::int64_t keyCode, const QString& name) { m_names.insert(keyCode, name); }
 
 private:
     QHash<std::int64_t, QString> m_characters;
-    QHash<std::int64_t, QString> m_names;
-    QString m_sign;
     std::uint64_t m_layout = 1;
 };
 

@@ -26,11 +26,9 @@ public:
 
     bool apiEnabled() const override { return m_state.locked()->isAccessibilityEnabled; }
     void enableAPI() override;
-    void openAPIPreferences() override { ++m_preferencesOpened; }
+    void openAPIPreferences() override { ++preferencesOpened; }
     bool tellsSwitcher() const override { return m_state.tellsSwitcher; }
-    int preferencesOpened() const { return m_preferencesOpened; }
-    void setMessagingTimeout(float seconds) override { m_timeout = seconds; }
-    float messagingTimeout() const { return m_timeout; }
+    void setMessagingTimeout(float seconds) override { messagingTimeout = seconds; }
     platform::ElementRef createApplication(std::int32_t pid) override;
     platform::ElementRef createSystemWide() override;
     platform::AXNames copyAttributeNames(const platform::ElementRef& element) override;
@@ -52,6 +50,10 @@ public:
     std::unique_ptr<platform::AXObserver>
     createObserver(std::int32_t pid, platform::AXObserver::Callback callback) override;
 
+    // For tests.
+    int preferencesOpened = 0;
+    std::atomic<float> messagingTimeout{0};
+
 private:
     friend class ForwardingAccessibility;
     /// The attributes that an element has, in the order in which they are listed.
@@ -68,8 +70,6 @@ private:
     Attributes switcherAttributes(const SimulatedElement& element);
 
     SimulatedState& m_state;
-    std::atomic<float> m_timeout{0};
-    int m_preferencesOpened = 0;
 };
 
 /// Not final: a test derives from ForwardingWindowServer.
@@ -87,7 +87,6 @@ public:
     QImage captureWindow(WindowID window, QSize limit) override;
     /// Not exact: with more green in the first pixel.
     QImage captureMovingWindow(WindowID window, QSize limit) override;
-    /// What was captured last.
     platform::KnownPicture knownPicture(WindowID window, QSize limit) override;
     std::unique_ptr<platform::PictureSubscription>
     subscribeToPicture(WindowID window, std::function<void()> changed) override;
@@ -95,48 +94,16 @@ public:
     QPointF toolkitOffset(const QRectF&) override { return {}; }
     bool blendsTranslucency() override { return m_state.locked()->blendsTranslucency; }
     int compositorsBegun() override { return m_state.locked()->compositorsBegun; }
-    void takeKeyboard(std::uintptr_t) override { m_hasKeyboard = true; }
-    void giveKeyboardBack(std::uintptr_t) override { m_hasKeyboard = false; }
-    bool hasKeyboard() const { return m_hasKeyboard; } ///< one of the toolkit's windows
-    QString unseenWindows() override { return m_unseenWindows; }
-    void setUnseenWindows(const QString& text) { m_unseenWindows = text; }
+    void takeKeyboard(std::uintptr_t) override { hasKeyboard = true; }
+    void giveKeyboardBack(std::uintptr_t) override { hasKeyboard = false; }
+    QString unseenWindows() override { return unseen; }
+
+    // For tests.
+    bool hasKeyboard = false; ///< one of the toolkit's windows
+    QString unseen;
 
 private:
     friend class ForwardingWindowServer;
-
-    QString m_unseenWindows;
-    bool m_hasKeyboard = false;
-    SimulatedState& m_state;
-};
-
-class SimulatedWorkspace final : public platform::Workspace
-{
-public:
-    explicit SimulatedWorkspace(SimulatedState& state) : m_state(state) {}
-
-    std::vector<platform::RunningApplication> runningApplications() override;
-    std::vector<std::int32_t> launchedApplications() override;
-    std::optional<platform::RunningApplication> runningApplication(std::int32_t pid) override;
-    platform::ApplicationRole roleOfApplication(const QUrl& bundleURL) override;
-    QString ownBundleIdentifier() override;
-    QString applicationName(const QString& bundleIdentifier) override;
-    /// One colour all over, as the application has it.
-    QImage applicationIcon(const QString& bundleIdentifier, int pixels) override;
-    bool isHidden(std::int32_t pid) override;
-    void hide(std::int32_t pid) override;
-    void activate(std::int32_t pid, std::uint32_t options) override;
-    void terminate(std::int32_t pid) override;
-    bool launchApplication(const QString& name) override;
-    bool launchApplicationAtURL(const QUrl& url, std::uint32_t options) override;
-    std::uint32_t systemUIMode() override { return m_state.locked()->systemUIMode; }
-    std::unique_ptr<platform::WorkspaceSubscription>
-    observe(platform::WorkspaceNotification notification, Observer observer) override;
-
-private:
-    /// Running or installed; the lock is held.
-    const SimulatedApplication* known(const QString& bundleIdentifier) const;
-    bool launchOrActivate(const std::function<bool(const SimulatedApplication&)>& isWanted);
-
     SimulatedState& m_state;
 };
 
@@ -218,27 +185,23 @@ public:
         return m_magnification;
     }
     std::optional<int> autohide(const platform::ElementRef&) override { return m_autohide; }
-    bool tellsFinalPlaces() override { return m_tellsFinalPlaces; }
-    void setTellsFinalPlaces(bool on) { m_tellsFinalPlaces = on; }
+    bool tellsFinalPlaces() override { return areFinal; }
     std::vector<platform::DockDisplay> ownDisplays(const platform::ElementRef&) override
     {
-        return m_ownDisplays;
+        return displays;
     }
-    bool countsWindows(const platform::ElementRef&) override { return m_countsWindows; }
-    void setCountsWindows(bool on) { m_countsWindows = on; }
-    void setOwnDisplays(std::vector<platform::DockDisplay> displays)
-    {
-        m_ownDisplays = std::move(displays);
-    }
+    bool countsWindows(const platform::ElementRef&) override { return hasCounts; }
+
+    // For tests.
+    bool areFinal = false;
+    bool hasCounts = false;
+    std::vector<platform::DockDisplay> displays;
 
 private:
     SimulatedState& m_state;
     std::optional<platform::DockEdge> m_orientation;
     std::optional<int> m_magnification;
     std::optional<int> m_autohide;
-    bool m_tellsFinalPlaces = false;
-    bool m_countsWindows = false;
-    std::vector<platform::DockDisplay> m_ownDisplays;
 };
 
 class SimulatedUserDefaults final : public platform::UserDefaults

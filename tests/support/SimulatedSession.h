@@ -26,19 +26,14 @@ class SimulatedLoginItems final : public platform::LoginItems
 public:
     void insert(const QString& path) override
     {
-        if (!m_paths.contains(path))
-            m_paths << path;
+        if (!paths.contains(path))
+            paths << path;
     }
     void remove(const QString& path) override
     {
-        m_paths.removeIf([&](const QString& item) { return item.startsWith(path); });
+        paths.removeIf([&](const QString& item) { return item.startsWith(path); });
     }
-
-    // For tests.
-    const QStringList& paths() const { return m_paths; }
-
-private:
-    QStringList m_paths;
+    QStringList paths;
 };
 
 class SimulatedBundle final : public platform::ApplicationBundle
@@ -46,31 +41,23 @@ class SimulatedBundle final : public platform::ApplicationBundle
 public:
     QString path() const override { return u"/Applications/Lumbrix"_s; }
     QString shortVersionString() const override { return u"1.2.3"_s; }
-    bool isInstalled() const override { return m_isInstalled; }
-    void setShowsInDock(bool on) override { m_showsInDockNextTime = on; }
-    void transformToForegroundApplication() override { m_isForeground = true; }
-    bool isShownByWindows() const override { return m_isShownByWindows; }
+    bool isInstalled() const override { return installed; }
+    void setShowsInDock(bool on) override { showsInDockNextTime = on; }
+    void transformToForegroundApplication() override { isForeground = true; }
+    bool isShownByWindows() const override { return shownByWindows; }
     bool relaunch() override
     {
-        m_relaunches += m_canRelaunch ? 1 : 0;
-        return m_canRelaunch;
+        relaunches += canRelaunch ? 1 : 0;
+        return canRelaunch;
     }
 
     // For tests.
-    bool showsInDockNextTime() const { return m_showsInDockNextTime; }
-    bool isForeground() const { return m_isForeground; }
-    int relaunches() const { return m_relaunches; }
-    void setCanRelaunch(bool can) { m_canRelaunch = can; }
-    void setInstalled(bool on) { m_isInstalled = on; }
-    void setShownByWindows(bool on) { m_isShownByWindows = on; }
-
-private:
-    bool m_showsInDockNextTime = false;
-    bool m_isForeground = false;
-    bool m_isInstalled = true;
-    bool m_isShownByWindows = false;
-    bool m_canRelaunch = true;
-    int m_relaunches = 0;
+    bool showsInDockNextTime = false;
+    bool isForeground = false;
+    bool installed = true;
+    bool shownByWindows = false;
+    bool canRelaunch = true;
+    int relaunches = 0;
 };
 
 /// Not there: the toolkit of the tests has no place for status items.
@@ -104,15 +91,14 @@ class SimulatedPreviewRequests final : public platform::PreviewRequests
 {
 public:
     void setHost(Host* host) override { m_host = host; }
-    void rowEnded(const platform::ElementRef& item) override { m_ended.push_back(item); }
+    void rowEnded(const platform::ElementRef& item) override { ended.push_back(item); }
 
     // For tests.
     Host& host() { return *m_host; }
-    const std::vector<platform::ElementRef>& ended() const { return m_ended; }
+    std::vector<platform::ElementRef> ended;
 
 private:
     Host* m_host = nullptr;
-    std::vector<platform::ElementRef> m_ended;
 };
 
 } // namespace lumbrix::test

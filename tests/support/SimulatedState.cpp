@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 
 #include "tests/support/SimulatedState.h"
-#include "platform/StringLiterals.h"
 
 #include <algorithm>
 

@@ -181,7 +181,6 @@ struct SimulatedState {
     void setHidden(Pid pid, bool hidden);
     WindowID open(Pid pid, SimulatedWindow window);
     void close(WindowID number);
-    /// Makes it another application's window.
     void give(WindowID number, Pid pid);
     void setMinimized(WindowID number, bool minimized);
     /// Brings the window up, from another Space and from the Dock if need be.

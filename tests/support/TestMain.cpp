@@ -6,7 +6,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QtCore/QLoggingCategory>
 #include <QtWidgets/QApplication>
 
 // What the sanitizers are told, however the program is started.
