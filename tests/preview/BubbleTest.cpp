@@ -1,7 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-#include "platform/StringLiterals.h"
 #include "preview/BubbleWrapper.h"
 #include "tests/preview/PanelFixture.h"
 

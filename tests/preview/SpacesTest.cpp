@@ -3,7 +3,6 @@
 
 #include <limits>
 
-#include "platform/StringLiterals.h"
 #include "preview/BadgeView.h"
 #include "preview/Cells.h"
 #include "preview/NamedImage.h"
