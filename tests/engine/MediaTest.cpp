@@ -248,30 +248,23 @@ TEST_F(MediaTest, buttons_areThereAsLongAsThePlayerIs)
 
 TEST_F(MediaTest, otherApplications_haveTheirOwnButtons)
 {
+    using enum ApplicationRole;
     struct Case {
-        QString name;
-        QString identifier;
+        QString name, identifier;
         ApplicationRole role;
-        QString application;
         QString left, middle, right; ///< what is sent; empty without a button
     };
     const QString previous = u"VLC VLC#/VLC3"_s, toggle = u"VLC VLC#/VLC1"_s,
                   next = u"VLC VLC#/VLC4"_s, movie = u"QuickTime Player MVWR/play docu 1"_s,
                   mail = u"Mail emal/chma"_s;
     const Case cases[] = {
-        {u"V"_s, u"org.videolan.vlc"_s, ApplicationRole::Other, u"VLC"_s, previous, toggle, next},
-        {u"W"_s, u"vlc"_s, ApplicationRole::VLC, u"VLC"_s, previous, toggle, next},
-        {u"Q"_s,
-         u"com.apple.QuickTimePlayerX"_s,
-         ApplicationRole::Other,
-         u"QuickTime Player"_s,
-         {},
-         movie,
-         {}},
-        {u"R"_s, u"totem"_s, ApplicationRole::MoviePlayer, u"QuickTime Player"_s, {}, movie, {}},
-        {u"M"_s, u"com.apple.mail"_s, ApplicationRole::Other, u"Mail"_s, {}, mail, {}},
-        {u"N"_s, u"claws-mail"_s, ApplicationRole::Mail, u"Mail"_s, {}, mail, {}},
-        {u"B"_s, u"browser"_s, ApplicationRole::Other, u"VLC"_s, previous, toggle, next},
+        {u"V"_s, u"org.videolan.vlc"_s, Other, previous, toggle, next},
+        {u"W"_s, u"vlc"_s, ApplicationRole::VLC, previous, toggle, next},
+        {u"Q"_s, u"com.apple.QuickTimePlayerX"_s, Other, {}, movie, {}},
+        {u"R"_s, u"totem"_s, MoviePlayer, {}, movie, {}},
+        {u"M"_s, u"com.apple.mail"_s, Other, {}, mail, {}},
+        {u"N"_s, u"claws-mail"_s, Mail, {}, mail, {}},
+        {u"B"_s, u"browser"_s, Other, previous, toggle, next},
     };
     for (const Case& each : cases) {
         SCOPED_TRACE(qPrintable(each.identifier));

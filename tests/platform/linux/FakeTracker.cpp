@@ -46,32 +46,12 @@ void FakeTracker::change(xcb_window_t id, const std::function<void(Window&)>& ho
     notify(&Listener::windowChanged, before, after);
 }
 
-void FakeTracker::placeIcon(xcb_window_t id, const QRect& place)
-{
-    change(id, [&](Window& window) {
-        window.iconGeometry = place;
-        ++window.iconGeometrySerial;
-    });
-}
-
 void FakeTracker::remove(xcb_window_t id)
 {
     const WindowPtr last = window(id);
     std::erase(m_windows, last);
     if (last)
         notify(&Listener::windowRemoved, last);
-}
-
-void FakeTracker::setActive(xcb_window_t id)
-{
-    m_active = id;
-    notify(&Listener::activeWindowChanged, id);
-}
-
-void FakeTracker::setCurrentDesktop(int desktop)
-{
-    m_desktop = desktop;
-    notify(&Listener::currentDesktopChanged, desktop);
 }
 
 void FakeTracker::movePointer(QPoint point, std::optional<QPoint> stop)
@@ -105,11 +85,6 @@ void FakeTracker::iconify(xcb_window_t id)
 {
     if (m_iconifies)
         change(id, [](Window& window) { window.isIconic = true; });
-}
-
-void FakeTracker::deiconify(xcb_window_t id)
-{
-    change(id, [](Window& window) { window.isIconic = false; });
 }
 
 } // namespace lumbrix::test

@@ -23,10 +23,24 @@ public:
     // For the test.
     void add(Window window); ///< on top
     void change(xcb_window_t id, const std::function<void(Window&)>& how);
-    void placeIcon(xcb_window_t id, const QRect& place);
+    void placeIcon(xcb_window_t id, const QRect& place)
+    {
+        change(id, [&](Window& window) {
+            window.iconGeometry = place;
+            ++window.iconGeometrySerial;
+        });
+    }
     void remove(xcb_window_t id);
-    void setActive(xcb_window_t id);
-    void setCurrentDesktop(int desktop);
+    void setActive(xcb_window_t id)
+    {
+        m_active = id;
+        notify(&Listener::activeWindowChanged, id);
+    }
+    void setCurrentDesktop(int desktop)
+    {
+        m_desktop = desktop;
+        notify(&Listener::currentDesktopChanged, desktop);
+    }
     /// Over the topmost shown window there, where it rests.
     void movePointer(QPoint point) { movePointer(point, point); }
     /// The same, to stop elsewhere or to move on.
@@ -65,7 +79,10 @@ public:
     void activate(xcb_window_t id) override;
     void close(xcb_window_t id) override { remove(id); }
     void iconify(xcb_window_t id) override;
-    void deiconify(xcb_window_t id) override;
+    void deiconify(xcb_window_t id) override
+    {
+        change(id, [](Window& window) { window.isIconic = false; });
+    }
     void ping(xcb_window_t) override {}
 
 private:

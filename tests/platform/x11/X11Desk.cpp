@@ -102,20 +102,11 @@ RawWindow::RawWindow(Session& session, const QRect& rect, bool isOverrideRedirec
     sync();
 }
 
-RawWindow::~RawWindow() { xcb_disconnect(m_connection); }
-
 void RawWindow::setBytes(const char* property, const char* type, const QByteArray& bytes)
 {
     xcb_change_property(m_connection, XCB_PROP_MODE_REPLACE, m_id, m_display.atom(property),
                         m_display.atom(type), 8, static_cast<std::uint32_t>(bytes.size()),
                         bytes.constData());
-    sync();
-}
-
-void RawWindow::setNumbers(const char* property, const char* type,
-                           const std::vector<std::uint32_t>& numbers)
-{
-    queueNumbers(property, type, numbers);
     sync();
 }
 
@@ -125,11 +116,6 @@ void RawWindow::queueNumbers(const char* property, const char* type,
     xcb_change_property(m_connection, XCB_PROP_MODE_REPLACE, m_id, m_display.atom(property),
                         m_display.atom(type), 32, static_cast<std::uint32_t>(numbers.size()),
                         numbers.data());
-}
-
-void RawWindow::setType(const char* type)
-{
-    setNumbers("_NET_WM_WINDOW_TYPE", "ATOM", {m_display.atom(type)});
 }
 
 void RawWindow::own(const char* selection)
@@ -148,12 +134,6 @@ void RawWindow::fill(const QRect& rect, const QColor& colour)
         static_cast<std::uint16_t>(rect.width()), static_cast<std::uint16_t>(rect.height())};
     xcb_poly_fill_rectangle(m_connection, m_id, context, 1, &area);
     xcb_free_gc(m_connection, context);
-    sync();
-}
-
-void RawWindow::map()
-{
-    xcb_map_window(m_connection, m_id);
     sync();
 }
 

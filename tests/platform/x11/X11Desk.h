@@ -141,7 +141,7 @@ class RawWindow
 {
 public:
     RawWindow(Session& session, const QRect& rect, bool isOverrideRedirect = false);
-    ~RawWindow();
+    ~RawWindow() { xcb_disconnect(m_connection); }
     RawWindow(const RawWindow&) = delete;
     RawWindow& operator=(const RawWindow&) = delete;
 
@@ -151,11 +151,22 @@ public:
     void queueNumbers(const char* property, const char* type,
                       const std::vector<std::uint32_t>& numbers);
     void setNumbers(const char* property, const char* type,
-                    const std::vector<std::uint32_t>& numbers);
-    void setType(const char* type);
+                    const std::vector<std::uint32_t>& numbers)
+    {
+        queueNumbers(property, type, numbers);
+        sync();
+    }
+    void setType(const char* type)
+    {
+        setNumbers("_NET_WM_WINDOW_TYPE", "ATOM", {m_display.atom(type)});
+    }
     void own(const char* selection);
     void fill(const QRect& rect, const QColor& colour);
-    void map();
+    void map()
+    {
+        xcb_map_window(m_connection, m_id);
+        sync();
+    }
     void sync();
 
 private:
