@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Lumbrix developers
 // SPDX-License-Identifier: MIT
 
-// The window counts on the dock's icons, and the bubble behind a row.
+// The window counts on the dock's icons.
 #include "DesktopTest.h"
 
 namespace lumbrix::privatedesk
@@ -103,22 +103,6 @@ TEST_P(BadgeTest, click_onABadge_goesToTheDock)
         return isBlue(seen.pixel(place.width() / 2, 3)) &&
                isBlue(seen.pixel(3, place.height() / 2));
     }));
-}
-
-TEST_P(BadgeTest, row_liesOnItsBubbleAndBothAboveTheBadges)
-{
-    const Application& alpha = launch(u"alpha"_s, 3);
-    const Application& beta = launch(u"beta"_s, 1);
-    ASSERT_TRUE(counts(beta, "1"));
-    ASSERT_TRUE(hoverShows(alpha));
-    QStringList roles;
-    for (const Panel& panel : display().panels())
-        if (roles.isEmpty() || roles.last() != panel.role)
-            roles += panel.role;
-    EXPECT_EQ(roles.join(u' ').toStdString(), "window-count bubble preview");
-    EXPECT_EQ(window(u"bubble"_s)->geometry, row().adjusted(1, 1, 9, 2));
-    desk().park();
-    EXPECT_TRUE(waitUntil([&] { return display().panels().size() == display().badges().size(); }));
 }
 
 } // namespace lumbrix::privatedesk
