@@ -125,8 +125,11 @@ void PreviewRow::updateMore()
     // The switcher's row is gone with the keys that are held.
     const bool hasMore =
         !m_previews.empty() && !m_previews.front()->setByTab() && !m_previews.front()->iCal();
-    const std::size_t left = hasMore ? m_allWindows - m_presentWindows : 0;
-    m_more.show(left, m_arranger.placeOfMore(MoreEntry::size));
+    if (hasMore)
+        m_more.show(m_allWindows - m_presentWindows, m_arranger.placeOfMore(MoreEntry::size),
+                    *m_previews.front());
+    else
+        m_more.hide();
 }
 
 void PreviewRow::setPreviews(std::vector<ScreenyViewPtr> previews)

@@ -24,6 +24,13 @@ void KeyLabel::setPixelSize(int size)
     setFont(smaller);
 }
 
+void KeyLabel::dressLike(const KeyLabel& other)
+{
+    m_textColor = other.m_textColor;
+    m_fill = other.m_fill;
+    update();
+}
+
 QSize KeyLabel::sizeHint() const
 {
     const QFontMetrics metrics = fontMetrics();

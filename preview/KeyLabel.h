@@ -22,6 +22,8 @@ public:
 
     QSize sizeHint() const override;
     void setPixelSize(int size);
+    /// Takes on the colours of another.
+    void dressLike(const KeyLabel& other);
 
 protected:
     void paintEvent(QPaintEvent* event) override;

@@ -6,13 +6,26 @@
 #include <QtCore/QCoreApplication>
 
 #include "platform/StringLiterals.h"
+#include "preview/DBOverlayWindow.h"
 #include "preview/InterfaceFile.h"
 #include "preview/KeyLabel.h"
-#include "preview/MAWindow.h"
 #include "preview/PreviewHost.h"
+#include "preview/ScreenyView.h"
 
 namespace lumbrix
 {
+namespace
+{
+
+/// It lies on whatever is on the screen, and its text has to be read.
+constexpr int alpha = 230;
+
+} // namespace
+
+MoreEntry::MoreEntry(const platform::Desktop& ports, PreviewHost& host)
+    : m_ports(ports), m_host(host)
+{
+}
 
 MoreEntry::~MoreEntry() = default;
 
@@ -21,9 +34,9 @@ bool MoreEntry::load()
     if (m_window)
         return m_label;
     std::unique_ptr<QWidget> loaded = loadInterface(m_ports, u"MoreEntry"_s);
-    if (!qobject_cast<MAWindow*>(loaded.get()))
+    if (!qobject_cast<DBOverlayWindow*>(loaded.get()))
         return false;
-    m_window.reset(static_cast<MAWindow*>(loaded.release()));
+    m_window.reset(static_cast<DBOverlayWindow*>(loaded.release()));
     m_label = m_window->findChild<KeyLabel*>(u"more"_s);
     if (!m_label)
         return false;
@@ -34,7 +47,7 @@ bool MoreEntry::load()
     return true;
 }
 
-void MoreEntry::show(std::size_t count, const QRectF& frame)
+void MoreEntry::show(std::size_t count, const QRectF& frame, const ScreenyView& neighbour)
 {
     if (count == 0 || frame.isEmpty() || !load()) {
         hide();
@@ -42,6 +55,10 @@ void MoreEntry::show(std::size_t count, const QRectF& frame)
     }
     m_label->setText(QCoreApplication::translate("MoreEntry", "+%1 more").arg(count));
     m_window->setWindowTitle(m_label->text());
+    QColor color = neighbour.bubbleColor();
+    color.setAlpha(alpha);
+    m_window->setOverlayColor(color);
+    m_label->dressLike(neighbour.keyLabel());
     m_window->setFrame(frame);
     if (!m_window->isFront())
         m_window->orderFrontRegardless();

@@ -15,9 +15,10 @@
 namespace lumbrix
 {
 
+class DBOverlayWindow;
 class KeyLabel;
-class MAWindow;
 class PreviewHost;
+class ScreenyView;
 
 /// Main thread. "+5 more"; a click has the host show those.
 class MoreEntry
@@ -26,13 +27,14 @@ public:
     static constexpr QSizeF size{92, 30}; ///< points
 
     /// Both outlive it.
-    MoreEntry(const platform::Desktop& ports, PreviewHost& host) : m_ports(ports), m_host(host) {}
+    MoreEntry(const platform::Desktop& ports, PreviewHost& host);
     ~MoreEntry();
     MoreEntry(const MoreEntry&) = delete;
     MoreEntry& operator=(const MoreEntry&) = delete;
 
-    /// Tells of so many windows there (screen coordinates); hides for none.
-    void show(std::size_t count, const QRectF& frame);
+    /// Tells of so many windows there (screen coordinates), in the style of that preview of the
+    /// row; hides for none.
+    void show(std::size_t count, const QRectF& frame, const ScreenyView& neighbour);
     void hide();
     /// Screen coordinates; empty while it is hidden.
     QRectF frame() const;
@@ -44,8 +46,8 @@ private:
 
     const platform::Desktop& m_ports;
     PreviewHost& m_host;
-    std::unique_ptr<MAWindow> m_window; ///< null until first needed
-    KeyLabel* m_label = nullptr;        ///< in it
+    std::unique_ptr<DBOverlayWindow> m_window; ///< null until first needed
+    KeyLabel* m_label = nullptr;               ///< in it
 };
 
 } // namespace lumbrix

@@ -89,6 +89,7 @@ public:
     void hideSpaces();
     /// Of the shape behind a row of this style.
     const QColor& bubbleColor() const;
+    const KeyLabel& keyLabel() const { return *m_fastKeyButton; }
     BadgeView* spaceView() const { return m_spaceView; } ///< null until first needed
     /// Tells it from the others of its row: it shows the window that the hovered button stands for.
     void setMarked(bool marked);

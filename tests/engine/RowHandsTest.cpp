@@ -3,6 +3,8 @@
 
 // What hands do on a row without leaving it: the wheel, and the entry for what it has no room for.
 
+#include <QtWidgets/QApplication>
+
 #include "tests/engine/EngineFixture.h"
 
 namespace lumbrix::test
@@ -70,6 +72,7 @@ TEST_F(RowHandsTest, wheel_choosesWhatAClickMeans_untilTheMouseMoves)
 TEST_F(RowHandsTest, entryForMore_turnsThePage_andKeepsTheRow)
 {
     settings().distanceFromDock = 10;
+    settings().previewStyle = 3;
     add(u"Notes"_s, 20);
     add(u"Maps"_s, 15);
     hover(u"Maps"_s);
@@ -82,6 +85,11 @@ TEST_F(RowHandsTest, entryForMore_turnsThePage_andKeepsTheRow)
         EXPECT_EQ(more().text(), QString::fromLatin1(next));
         EXPECT_EQ(more().frame().top(), preview(0).window()->frame().bottom()) << "above the row";
         EXPECT_EQ(more().frame().center().x(), desk.dockItemFrame(u"Notes"_s).center().x());
+        const auto panels = QApplication::topLevelWidgets();
+        const auto entry = std::ranges::find(panels, u"more"_s, &QWidget::windowRole);
+        ASSERT_NE(entry, panels.end());
+        EXPECT_EQ((*entry)->property("overlayColor").value<QColor>().rgb(),
+                  preview(0).bubbleColor().rgb());
         desk.movePointer(more().frame().center());
         loop.advance(2);
         EXPECT_EQ(engine().screenyViews().size(), count) << "the mouse is on the entry";
