@@ -101,24 +101,31 @@ void PanelBackground::arrange()
     if (m_borderless && !m_parts.image->image().isNull())
         picture = pictureRect();
 
-    m_parts.key->setVisible(m_isKeyWanted && isRoomy());
+    // A narrow picture's title is wider than it is, and a key cap beside that would belong to
+    // nothing: it lies on the picture then, across from the close button.
+    const QSize keySize = m_parts.key->sizeHint();
+    const bool isKeyOnPicture = !isRoomy() && width() >= roomyWidth &&
+                                QRect(QPoint(), picture.size())
+                                    .contains(QRect(QPoint(16, 4), keySize + QSize(4, line + 8)));
+    m_parts.key->setVisible(m_isKeyWanted && (isRoomy() || isKeyOnPicture));
 
     // The row below the picture, or over its lower edge: the title in the middle, the key cap at
     // the end.
     QRect row(body.left(), body.top() + body.height() - line - 1, body.width(), line);
     if (m_borderless) {
-        // A narrow picture may be too small for a readable title, but a key cap beside it would
-        // belong to nothing.
-        const int readable = m_parts.key->isHidden() ? std::min(body.width(), 120) : 0;
+        const int readable =
+            m_parts.key->isHidden() || isKeyOnPicture ? std::min(body.width(), 120) : 0;
         const int width = std::max(picture.width(), readable) - 12;
         row = QRect(picture.left() + (picture.width() - width) / 2,
                     picture.top() + picture.height() - line - 5, width, line);
     } else {
         row.adjust(padding + 1, 0, -padding - 1, 0);
     }
-    const QSize keySize = m_parts.key->sizeHint();
     int titleWidth = row.width();
-    if (!m_parts.key->isHidden()) {
+    if (isKeyOnPicture) {
+        m_parts.key->setGeometry(
+            {{picture.left() + picture.width() - 4 - keySize.width(), picture.top() + 4}, keySize});
+    } else if (!m_parts.key->isHidden()) {
         titleWidth -= keySize.width() + 4;
         m_parts.key->setGeometry(row.left() + row.width() - keySize.width(),
                                  row.top() + (row.height() - keySize.height()) / 2, keySize.width(),

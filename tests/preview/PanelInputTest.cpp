@@ -7,6 +7,7 @@
 #include <QtTest/QTest>
 #include <QtWidgets/QAbstractButton>
 
+#include "preview/PictureButton.h"
 #include "tests/preview/PanelFixture.h"
 
 namespace lumbrix::test
@@ -335,6 +336,19 @@ TEST_F(Panel, shortcuts_areForTheFirstTen)
     desk.keyboardLayout().sign = u"#"_s;
     previews[2]->setShortcut();
     EXPECT_EQ(label(2), u"#0"_s);
+    // Without a body it lies on a narrow picture, as long as there is room.
+    const ScreenyViewPtr& bare = previews.emplace_back(load(u"ScreenyViewBorderless"_s));
+    host.previews = {bare};
+    bare->setElementRef(element);
+    bare->setShortcut();
+    bare->setImage(picture({40, 400}));
+    EXPECT_EQ(label(12), QString());
+    bare->setImage(picture({200, 400}));
+    EXPECT_EQ(label(12), u"#1"_s);
+    const auto* image = static_cast<PictureButton*>(part(bare, "image"));
+    const QRect key = part(bare, "fastKeyButton")->geometry();
+    EXPECT_TRUE(image->pictureRect().translated(image->pos()).contains(key));
+    EXPECT_FALSE(part(bare, "titleLabel")->geometry().intersects(key));
 }
 
 } // namespace
