@@ -236,9 +236,8 @@ std::optional<WindowID> X11Accessibility::windowIDOf(const ElementRef& reference
         return item ? item->window : std::nullopt;
     }
     if (element && element->kind() == Kind::SwitcherEntry) {
-        const auto selection = m.switcher.selection();
-        return selection && selection->pid == element->pid() ? std::optional(selection->window)
-                                                             : std::nullopt;
+        const xcb_window_t window = element->entryWindow();
+        return window ? std::optional(window) : std::nullopt;
     }
     if (!element || element->kind() != Kind::Window)
         return std::nullopt;

@@ -254,11 +254,11 @@ constexpr Attribute<Switcher> switcherListTable[] = {
     // Nothing is known about the others.
     {u"AXChildren",
      [](const Self&, const Switcher& switcher) {
-         return elements({X11Element::switcherEntry(switcher.pid)});
+         return elements({X11Element::switcherEntry(switcher.pid, switcher.window)});
      }},
     {u"AXSelectedChildren",
      [](const Self&, const Switcher& switcher) {
-         return elements({X11Element::switcherEntry(switcher.pid)});
+         return elements({X11Element::switcherEntry(switcher.pid, switcher.window)});
      }},
 };
 

@@ -27,7 +27,8 @@ public:
         DockList,    ///< the list of the dock's items
         DockItem,
         SwitcherList,  ///< of the window manager's switcher
-        SwitcherEntry, ///< an application in the switcher, by process id; 0 for none
+        SwitcherEntry, ///< of a window in the switcher, by its process id and its number; 0 for
+                       ///< none
     };
 
     static ElementRef systemWide() { return make(Kind::SystemWide, 0); }
@@ -44,9 +45,11 @@ public:
     static ElementRef dockItem(DockItemId id) { return make(Kind::DockItem, id); }
 
     static ElementRef switcherList() { return make(Kind::SwitcherList, 0); }
-    static ElementRef switcherEntry(std::int32_t pid)
+    /// By the window too, as the switcher may go to another one of the same application.
+    static ElementRef switcherEntry(std::int32_t pid, xcb_window_t window)
     {
-        return make(Kind::SwitcherEntry, static_cast<std::uint32_t>(pid));
+        return make(Kind::SwitcherEntry,
+                    std::uint64_t{window} << windowShift | static_cast<std::uint32_t>(pid));
     }
 
     /// Null if it is null or belongs to another adapter.
@@ -68,7 +71,9 @@ public:
 
     Kind kind() const { return m_kind; }
     bool isGone() const { return m_isGone; }
-    std::int32_t pid() const { return static_cast<std::int32_t>(m_id); } ///< of either
+    /// Of an application or a switcher's entry.
+    std::int32_t pid() const { return static_cast<std::int32_t>(m_id); }
+    xcb_window_t entryWindow() const { return static_cast<xcb_window_t>(m_id >> windowShift); }
     xcb_window_t windowId() const { return static_cast<xcb_window_t>(m_id); }
     DockItemId dockItemId() const { return m_id; }
 
@@ -77,6 +82,8 @@ private:
     {
         return std::make_shared<X11Element>(kind, id, isGone);
     }
+
+    static constexpr int windowShift = 32; ///< in the id of a switcher's entry
 
     const Kind m_kind;
     const std::uint64_t m_id;

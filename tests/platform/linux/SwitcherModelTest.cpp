@@ -125,9 +125,14 @@ TEST_F(SwitcherModelTest, selectedApplication_isToldOnce_withoutADock)
     const auto entry = m_switcher.selection();
     ASSERT_TRUE(entry);
     EXPECT_EQ(entry->list, listRect);
-    EXPECT_EQ(m_accessibility.windowIDOf(X11Element::switcherEntry(11)), 0x101U);
+    const auto selected = [this] {
+        return list(X11Element::switcherList(), "AXSelectedChildren").at(0);
+    };
+    const ElementRef first = selected();
+    EXPECT_EQ(m_accessibility.windowIDOf(first), 0x101U);
     show(QRect(0, 0, 400, 300)); // another window of the same application
-    EXPECT_EQ(m_accessibility.windowIDOf(X11Element::switcherEntry(11)), 0x100U);
+    EXPECT_EQ(m_accessibility.windowIDOf(selected()), 0x100U);
+    EXPECT_FALSE(elementsEqual(first, selected()));
     show(QRect(94, 98, 492, 384)); // within an invisible border
     show(QRect(700, 1, 5, 5));     // about nothing: it is just being drawn
     EXPECT_EQ(told(), (QStringList{u"Term"_s, u"Editor"_s}));
