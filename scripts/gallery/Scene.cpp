@@ -66,13 +66,14 @@ Scene::Scene(QSize size)
         "XTerm*scrollBar: false\nXTerm*borderWidth: 0\nXTerm*internalBorder: 6\n");
     m_terminal = install(u"debian-xterm"_s, "Terminal", "utilities-terminal", "XTerm");
     m_dock = Dock::start(m_session, DockKind::Plank, Edge::Bottom,
-                         {install(u"clock"_s, "Clock", "preferences-system-time", "XClock"),
+                         {install(u"clock"_s, "Clock", "appointment-soon", "XClock"),
                           install(u"calculator"_s, "Calculator", "accessories-calculator", "XCalc"),
                           m_terminal, u"/usr/share/applications/audacious.desktop"_s,
                           u"/usr/share/applications/pcmanfm.desktop"_s});
     startPlayer();
     m_programs.push_back(m_session.start(
-        u"xclock"_s, u"xclock"_s, {u"-geometry"_s, u"150x150-30+30"_s, u"-update"_s, u"1"_s}));
+        u"xclock"_s, u"xclock"_s,
+        {u"-title"_s, u"Clock"_s, u"-geometry"_s, u"190x190-30+30"_s, u"-update"_s, u"1"_s}));
     startTerminal(u"Changes"_s, u"+30+30"_s, u"#20242c"_s, changes);
     startTerminal(u"System monitor"_s, u"+%1+50"_s.arg(size.width() / 2 - 20), u"#14222e"_s,
                   monitor);

@@ -130,14 +130,13 @@ private:
         until("three previews", [this] { return display().previews().size() == 3; });
         hold(1.0);
         // Aslant over the neighbours' icons to the far end of the row.
-        const auto previews = display().previews();
-        move(previews.back().geometry.center() + QPoint(0, 30), 0.6, -0.06);
+        move(m_scene.preview("System monitor") + QPoint(0, 30), 0.6, 0.06);
         hold(0.3);
         until("the full size", [this] { return m_scene.isZoomed(); });
         hold(1.3);
-        move(display().previews().front().geometry.center(), 0.7, 0.05);
+        move(m_scene.preview("Changes"), 0.7, 0.05);
         until("the full size", [this] { return m_scene.isZoomed(); });
-        hold(1.0);
+        hold(1.3);
         display().click();
         hold(0.5);
         move(m_scene.rest() - QPoint(0, 40), 0.6);

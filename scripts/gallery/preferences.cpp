@@ -39,8 +39,9 @@ void writeSettings(platform::UserDefaults& defaults)
     for (const char* flag : {"firstRun", "badgeDockIconsFirstRun"})
         defaults.setBool(true, QLatin1String(flag));
     for (const char* on :
-         {"startAtLogin", "showInDock", "showInTab", "shouldShowCal", "showFastKeys", "zoomWindows",
-          "showSpaces", "badgeDock", "shouldBubbleWrap", "dontDelayIfOpen", "tempDisableFilters"})
+         {"startAtLogin", "showInDock", "showInTab", "keepOnTheWay", "shouldShowCal",
+          "showFastKeys", "zoomWindows", "showSpaces", "badgeDock", "shouldBubbleWrap",
+          "dontDelayIfOpen", "tempDisableFilters"})
         defaults.setInteger(1, QLatin1String(on));
     for (const auto& [key, value] : {std::pair{"windowWidth", 243.0F},
                                      {"windowHeight", 190.0F},

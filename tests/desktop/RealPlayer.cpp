@@ -42,7 +42,8 @@ void writeSong(const QString& path, const QByteArray& artist, const QByteArray& 
     const QByteArray format = littleEndian<quint16>(1) + littleEndian<quint16>(1) +
                               littleEndian(rate) + littleEndian(rate) + littleEndian<quint16>(1) +
                               littleEndian<quint16>(8);
-    const QByteArray names = "INFO" + chunk("INAM", title + '\0') + chunk("IART", artist + '\0');
+    const QByteArray names = "INFO" + chunk("INAM", title + '\0') + chunk("IART", artist + '\0') +
+                             chunk("IPRD", "Songs\0"_ba);
     QFile file(path);
     if (!file.open(QIODevice::WriteOnly))
         qFatal("cannot write %s", qPrintable(path));
