@@ -1223,7 +1223,7 @@ Freie Software unter der MIT-Lizenz</translation>
     <message>
         <source>Bugs and thanks are welcome at
 %1</source>
-        <translation>Fehler, und Dank, nimmt entgegen:
+        <translation>Fehlerberichte und Dank nimmt entgegen:
 %1</translation>
     </message>
 </context>
