@@ -4,8 +4,12 @@
 #include "storm/Weather.h"
 
 #include <algorithm>
+#include <chrono>
 #include <csignal>
+#include <cstdlib>
 #include <iterator>
+#include <thread>
+#include <xcb/xcbext.h>
 
 namespace lumbrix::bench
 {
@@ -87,6 +91,36 @@ void Weather::changeDock()
     m_dock = Dock::start(m_session, kind, edge, m_crowd.entries() + m_companions.entries());
 }
 
+void Weather::stopClient(const std::function<void(int)>& signal)
+{
+    do {
+        signal(SIGCONT);
+        signal(SIGSTOP);
+    } while (!doesServerAnswer());
+}
+
+bool Weather::doesServerAnswer()
+{
+    xcb_connection_t* c = m_session.display().connection();
+    // What the client has sent before it was stopped comes first.
+    std::this_thread::sleep_for(20ms);
+    const auto cookie = xcb_get_input_focus(c);
+    xcb_flush(c);
+    void* reply = nullptr;
+    xcb_generic_error_t* error = nullptr;
+    const auto deadline = std::chrono::steady_clock::now() + patience(300);
+    while (xcb_poll_for_reply(c, cookie.sequence, &reply, &error) == 0) {
+        if (std::chrono::steady_clock::now() > deadline) {
+            xcb_discard_reply(c, cookie.sequence);
+            return false;
+        }
+        std::this_thread::sleep_for(5ms);
+    }
+    std::free(reply);
+    std::free(error);
+    return true;
+}
+
 void Weather::replaceBus()
 {
     m_session.bus().signal(SIGKILL);
@@ -101,15 +135,16 @@ void Weather::addDockFaults()
     m_faults.push_back({"dock replaced", [this] { m_dock->kill(); }, [this] { changeDock(); }});
     m_faults.push_back({"dock crashed", [this] { m_dock->kill(); }, [this] { m_dock->restart(); }});
     m_faults.push_back({.name = "dock stopped",
-                        .begin = [this] { m_dock->signal(SIGSTOP); },
+                        .begin = [this] { stopClient([this](int s) { m_dock->signal(s); }); },
                         .end = [this] { m_dock->signal(SIGCONT); }});
 }
 
 void Weather::addSessionFaults()
 {
-    m_faults.push_back({"window manager stopped",
-                        [this] { m_session.windowManager().signal(SIGSTOP); },
-                        [this] { m_session.windowManager().signal(SIGCONT); }, true});
+    m_faults.push_back(
+        {"window manager stopped",
+         [this] { stopClient([this](int s) { m_session.windowManager().signal(s); }); },
+         [this] { m_session.windowManager().signal(SIGCONT); }, true});
     m_faults.push_back({"window manager crashed",
                         [this] { m_session.windowManager().signal(SIGKILL); },
                         [this] { m_session.restartWindowManager(); }, true});
@@ -130,7 +165,7 @@ void Weather::addSessionFaults()
     m_faults.push_back({"application stopped",
                         [this, stopped] {
                             *stopped = &m_crowd.any();
-                            (*stopped)->process().signal(SIGSTOP);
+                            stopClient([&](int s) { (*stopped)->process().signal(s); });
                         },
                         [stopped] { (*stopped)->process().signal(SIGCONT); }, true});
     m_faults.push_back({"application crashed", [] {}, [this] { m_crowd.replaceAny(); }});

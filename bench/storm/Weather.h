@@ -4,6 +4,7 @@
 // The desktop that a storm blows over: what can go wrong on it, and how it is put right.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <random>
 #include <vector>
@@ -44,6 +45,10 @@ private:
     void addWindowFaults();
     void addScreenFaults();
     void changeDock();
+    /// Stops a client of the server, but never while it has the server to itself, as it would stop
+    /// everybody then. `signal` sends it a signal.
+    void stopClient(const std::function<void(int)>& signal);
+    bool doesServerAnswer();
 
     privatedesk::Session m_session;
     privatedesk::FontSettings m_fonts{m_session.display()};
