@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/pictures/ChangedPart.h"
 #include "platform/pictures/PictureScaler.h"
 #include "preview/RoundedPicture.h"
 
@@ -35,11 +36,21 @@ void PictureButton::setImage(const QImage& image)
     if (m_image.cacheKey() == image.cacheKey())
         return;
     const QRect before = m_image.isNull() ? QRect() : pictureRect();
+    const QRect changed = changedPart(m_image, image);
+    const bool isCleared = image.isNull() && !m_image.isNull();
     m_image = image;
+    const QRect now = m_image.isNull() ? QRect() : pictureRect();
+    if (before == now && m_paintedFor == m_image.size()) {
+        m_unpainted |= changed;
+        if (!changed.isEmpty())
+            update(pointsOf(changed, devicePixelRatioF()).translated(now.topLeft()));
+        return;
+    }
     m_painted = {};
     m_paintedFor = {};
-    update();
-    if (before != (m_image.isNull() ? QRect() : pictureRect()))
+    if (isCleared || !changed.isEmpty())
+        update();
+    if (before != now)
         Q_EMIT pictureRectChanged();
 }
 
@@ -79,10 +90,12 @@ const QImage& PictureButton::painted(QSize points)
 {
     const qreal ratio = devicePixelRatioF();
     const QSize pixels = pixelsToDraw(m_image.size(), points, ratio);
-    if (m_paintedFor == pixels)
+    const qreal radius = m_cornerRadius * ratio;
+    const QRect unpainted = std::exchange(m_unpainted, {});
+    if (m_paintedFor == pixels &&
+        (unpainted.isEmpty() || patchRounded(m_painted, m_image, unpainted, radius, ratio)))
         return m_painted;
-    m_painted =
-        roundedPicture(scaledPicture(m_image, pixels), m_cornerRadius * ratio, m_outline, ratio);
+    m_painted = roundedPicture(scaledPicture(m_image, pixels), radius, m_outline, ratio);
     m_painted.setDevicePixelRatio(ratio);
     m_paintedFor = pixels;
     return m_painted;

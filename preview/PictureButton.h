@@ -25,7 +25,7 @@ public:
     explicit PictureButton(QWidget* parent = nullptr);
 
     const QImage& image() const { return m_image; }
-    /// Costs nothing if the picture is already shown. A null image clears the button.
+    /// Paints only where it differs from the picture that is shown. A null image clears the button.
     void setImage(const QImage& image);
     /// The icon in the middle of an empty button; drawn as large as an icon of iconSide() pixels.
     /// Null: no icon.
@@ -55,6 +55,7 @@ private:
     QImage m_icon;
     QImage m_painted;   ///< m_image with rounded corners and outline, in the size last painted
     QSize m_paintedFor; ///< in device pixels
+    QRect m_unpainted;  ///< pixels of m_image that are not yet in m_painted
     QColor m_outline;
     QColor m_hoverOutline;
     QColor m_placeholder;

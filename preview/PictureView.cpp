@@ -5,6 +5,7 @@
 
 #include <QtGui/QPainter>
 
+#include "platform/pictures/ChangedPart.h"
 #include "platform/pictures/PictureScaler.h"
 
 namespace lumbrix
@@ -14,9 +15,14 @@ void PictureView::setImage(const QImage& image)
 {
     if (m_image.cacheKey() == image.cacheKey())
         return;
+    const QRect changed = changedPart(m_image, image);
+    const bool isPainted = !image.isNull() && m_scaled.size() == image.size();
     m_image = image;
     m_scaled = {};
-    update();
+    if (!isPainted)
+        update();
+    else if (!changed.isEmpty())
+        update(pointsOf(changed, devicePixelRatioF()));
 }
 
 void PictureView::paintEvent(QPaintEvent*)

@@ -18,7 +18,7 @@ public:
     using QWidget::QWidget;
 
     const QImage& image() const { return m_image; }
-    /// Costs nothing if the picture is already shown.
+    /// Paints only where it differs from the picture that is shown.
     void setImage(const QImage& image);
 
 protected:

@@ -59,6 +59,12 @@ const Corners& cornersOf(int side, qreal radius, const QColor& color, qreal widt
     return last->second;
 }
 
+/// How far in from its corners a picture is changed.
+int cornerSide(qreal radius, qreal outlineWidth)
+{
+    return qCeil(std::max(radius, outlineWidth)) + 1;
+}
+
 } // namespace
 
 QImage roundedPicture(const QImage& picture, qreal radius, const QColor& color, qreal width)
@@ -70,7 +76,7 @@ QImage roundedPicture(const QImage& picture, qreal radius, const QColor& color, 
         result.setDevicePixelRatio(1);
     const int right = result.width();
     const int bottom = result.height();
-    const int side = std::min({qCeil(std::max(radius, width)) + 1, right / 2, bottom / 2});
+    const int side = std::min({cornerSide(radius, width), right / 2, bottom / 2});
     const Corners& corners = cornersOf(side, radius, color, width);
     // Each corner's position in the picture and in the small frame.
     const std::array<std::pair<QPoint, QPoint>, 4> places{
@@ -91,6 +97,25 @@ QImage roundedPicture(const QImage& picture, qreal radius, const QColor& color, 
          {across, across.translated(0, bottom - width), along, along.translated(right - width, 0)})
         painter.fillRect(edge, color);
     return result;
+}
+
+bool patchRounded(QImage& rounded, const QImage& picture, const QRect& part, qreal radius,
+                  qreal outlineWidth)
+{
+    const int side = cornerSide(radius, outlineWidth);
+    const bool isOpaque = picture.format() == QImage::Format_RGB32;
+    if (rounded.size() != picture.size() ||
+        rounded.format() != QImage::Format_ARGB32_Premultiplied ||
+        !(isOpaque || picture.format() == rounded.format()) ||
+        !picture.rect().adjusted(side, side, -side, -side).contains(part))
+        return false;
+    for (int y = part.top(); y < part.top() + part.height(); ++y) {
+        const auto* from = reinterpret_cast<const QRgb*>(picture.constScanLine(y)) + part.left();
+        QRgb* to = reinterpret_cast<QRgb*>(rounded.scanLine(y)) + part.left();
+        std::transform(from, from + part.width(), to,
+                       [isOpaque](QRgb pixel) { return isOpaque ? pixel | 0xff000000U : pixel; });
+    }
+    return true;
 }
 
 } // namespace lumbrix

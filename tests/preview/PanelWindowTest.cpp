@@ -4,6 +4,7 @@
 // The window of a preview: its place, its title, when it is painted and what it leaves behind.
 
 #include <QtGui/QAccessible>
+#include <QtGui/QPaintEvent>
 #include <QtWidgets/QApplication>
 
 #include "preview/DisplayText.h"
@@ -109,7 +110,9 @@ TEST_F(Panel, painting_happensOncePerChange_andNotWhileHeld)
     EXPECT_EQ(painted.take(), 1);
     preview->setImage(QImage(element->screenshot()));
     EXPECT_EQ(painted.take(), 0);
-    preview->setImage(picture());
+    preview->setImage(picture()); // another one, and the same to see
+    EXPECT_EQ(painted.take(), 0);
+    preview->setImage(picture({500, 400}));
     EXPECT_EQ(painted.take(), 1);
 
     preview->dismissWithoutRebirth();
@@ -125,6 +128,40 @@ TEST_F(Panel, painting_happensOncePerChange_andNotWhileHeld)
     preview->setHeld(true);
     preview->dismissWithoutRebirth();
     EXPECT_FALSE(preview->isHeld());
+}
+
+TEST_F(Panel, pictureThatChangesInPart_isPaintedThere_andLooksAsIfItWereNew)
+{
+    struct Painted : QObject {
+        QRect area;
+        bool eventFilter(QObject*, QEvent* event) override
+        {
+            if (event->type() == QEvent::Paint)
+                area |= static_cast<QPaintEvent*>(event)->region().boundingRect();
+            return false;
+        }
+    } painted;
+    const ScreenyViewPtr preview = show();
+    QWidget* const button = part(preview, "image");
+    const QSize size = preview->pictureLimit() - QSize(10, 6);
+    preview->setImage(picture(size));
+    QApplication::processEvents();
+    button->installEventFilter(&painted);
+    for (const QRect& changed : {QRect(40, 30, 2, 9), QRect(0, 0, 3, 3), QRect(70, 50, 8, 1)}) {
+        QImage after = preview->image();
+        for (int x = 0; x < changed.width(); ++x)
+            for (int y = 0; y < changed.height(); ++y)
+                after.setPixel(changed.topLeft() + QPoint(x, y), qRgb(250, 200, 0));
+        painted.area = {};
+        preview->setImage(after);
+        QApplication::processEvents();
+        EXPECT_EQ(painted.area.size(), changed.size());
+        const ScreenyViewPtr fresh = load();
+        fresh->setElementRef(element);
+        fresh->setImage(after.copy());
+        fresh->orderFront();
+        EXPECT_EQ(preview->window()->grab().toImage(), fresh->window()->grab().toImage());
+    }
 }
 
 TEST_F(Panel, window_thatACompositorFoundOnTheScreen_isMadeAnewForTheNextRow)

@@ -3,6 +3,8 @@
 
 #include "platform/pictures/PictureScaler.h"
 
+#include "platform/pictures/ChangedPart.h"
+
 #include <gtest/gtest.h>
 
 #include <QtCore/QRandomGenerator>
@@ -223,6 +225,29 @@ TEST(PictureScaler, pictureThatFitsButForRounding_isDrawnAsItIs)
     EXPECT_EQ(draw(230, 182, 1.25), 228);
     EXPECT_EQ(draw(101, 100, 1.0), 100);
     EXPECT_EQ(pixelsToDraw({361, 400}, {180, 150}, 2.0), QSize(360, 300));
+}
+
+TEST(ChangedPart, isTheSmallestRectangleAboutWhatDiffers)
+{
+    const QImage before = testPicture({61, 40}, QImage::Format_RGB32);
+    EXPECT_EQ(changedPart(before, before.copy()), QRect());
+    const std::vector<std::vector<QPoint>> changes{
+        {{0, 0}}, {{60, 39}}, {{20, 30}, {22, 11}, {9, 29}}, {{0, 20}, {60, 20}}};
+    for (const std::vector<QPoint>& pixels : changes) {
+        QImage after = before;
+        QRect about;
+        for (const QPoint pixel : pixels) {
+            after.setPixel(pixel, ~before.pixel(pixel));
+            about |= QRect(pixel, QSize(1, 1));
+        }
+        EXPECT_EQ(changedPart(before, after), about);
+    }
+    EXPECT_EQ(changedPart({}, before), before.rect());
+    EXPECT_EQ(changedPart(before, {}), QRect());
+    EXPECT_EQ(changedPart(before, before.copy(0, 0, 60, 40)), QRect(0, 0, 60, 40));
+    QImage finer = before;
+    finer.setDevicePixelRatio(2);
+    EXPECT_EQ(changedPart(before, finer), before.rect());
 }
 
 } // namespace
