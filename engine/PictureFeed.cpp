@@ -58,16 +58,21 @@ void PictureFeed::keepTo(const std::vector<ScreenyViewPtr>& previews)
     serve();
 }
 
-bool PictureFeed::showCurrent(Film& film)
+bool PictureFeed::showCurrent(const Film& film)
 {
-    if (film.isUnderWay)
-        return true; // as far as can be
-    const bool isZoomed = film.preview->isZoomed();
-    const auto known = film.window->knownPicture(film.preview->pictureLimit());
-    if (!known.isCurrent || (isZoomed && !film.window->knownPicture({}).isCurrent))
+    return film.isUnderWay || // as far as can be
+           bringUpToDate(*film.preview);
+}
+
+bool PictureFeed::bringUpToDate(ScreenyView& preview)
+{
+    const SWElement& window = *preview.elementRef();
+    const bool isZoomed = preview.isZoomed();
+    const auto known = window.knownPicture(preview.pictureLimit());
+    if (!known.isCurrent || (isZoomed && !window.knownPicture({}).isCurrent))
         return false;
     if (!isZoomed)
-        show(*film.preview, {known.picture, known.picture.image});
+        show(preview, {known.picture, known.picture.image});
     return true;
 }
 

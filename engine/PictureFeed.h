@@ -55,6 +55,8 @@ public:
     /// Has no other previews than these, and looks whether all is as it should be: which windows
     /// they show, how large their pictures are, and whether one missed a change.
     void keepTo(const std::vector<ScreenyViewPtr>& previews);
+    /// Shows the picture of the preview's window as it is now, if that is at hand; whether it was.
+    static bool bringUpToDate(ScreenyView& preview);
     /// Shows what was captured, in the zoomed view too.
     static void show(ScreenyView& preview, const CaptureQueue::Captured& captured);
 
@@ -72,7 +74,7 @@ private:
 
     Film* find(const ScreenyView& preview, const SWElementPtr& window);
     /// Shows the window's picture if that is at hand; false when it has to be captured.
-    static bool showCurrent(Film& film);
+    static bool showCurrent(const Film& film);
     void changed(const ScreenyView& preview, const SWElementPtr& window);
     /// Captures what is due, as far as that may be now, and comes again when more may be.
     void serve();

@@ -63,11 +63,18 @@ void PictureLoader::letGo()
 {
     m_ports.runLoop.cancelPreviousPerformRequests(this);
     for (const ScreenyViewPtr& preview : m_previews) {
-        m_queue.deliver(); // what is there now need not be painted later
+        // What is there now need not be painted later.
+        m_queue.deliver();
+        if (m_later.contains(preview.get()) && PictureFeed::bringUpToDate(*preview)) {
+            m_later.erase(preview.get());
+            m_feed.follow(preview);
+        }
         preview->setHeld(false);
     }
-    for (const auto& capture : std::exchange(m_later, {}))
-        capture();
+    const auto captures = std::exchange(m_later, {});
+    for (const ScreenyViewPtr& preview : m_previews)
+        if (const auto capture = captures.find(preview.get()); capture != captures.end())
+            capture->second();
 }
 
 void PictureLoader::load(const ScreenyViewPtr& preview)
@@ -108,7 +115,7 @@ void PictureLoader::load(const ScreenyViewPtr& preview)
     if (isAwaited)
         capture();
     else
-        m_later.emplace_back(capture);
+        m_later[preview.get()] = capture;
 }
 
 void PictureLoader::arrived(int round)

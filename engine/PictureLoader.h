@@ -61,7 +61,7 @@ private:
     CaptureQueue& m_queue;
     PictureFeed& m_feed;
     std::map<QString, std::vector<std::weak_ptr<ScreenyView>>> m_iconWanted; ///< by bundle
-    std::vector<std::function<void()>> m_later; ///< captures that wait for the row
+    std::map<const ScreenyView*, std::function<void()>> m_later; ///< captures that wait for the row
     const platform::MainThreadGuard m_guard;
     int m_waiting = 0; ///< pictures that this round still has to bring
     int m_round = 0;   ///< which of the waits this is; what an earlier one brings late ends none

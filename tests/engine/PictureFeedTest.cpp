@@ -167,6 +167,42 @@ TEST_F(PictureFeedTest, picturesOfARound_areShownTogether)
     EXPECT_EQ(fresh(), 5);
 }
 
+// As the pointer's arrival has pictures captured, too.
+TEST_F(PictureFeedTest, pictureThatIsFreshByNow_comesWithTheRow_andIsNotCapturedAgain)
+{
+    SlowWindowServer slow(desk.windowServer());
+    slow.duration = 0;
+    install(desk.accessibility(), slow);
+    addFilms(2, {400, 300});
+    hover(u"Notes"_s);
+    leave(2);
+    for (const WindowID window : m_windows)
+        show(window);
+    desk.addWindow(m_notes, {u"never seen"_s, QRectF(0, 0, 400, 300)});
+    slow.duration = 0.02;
+    hover(u"Notes"_s);
+    ASSERT_EQ(engine().screenyViews().size(), 3U);
+    EXPECT_TRUE(preview(0).isHeld());
+    const int before = desk.captures(m_windows[0]);
+    desk.windowServer().captureWindow(m_windows[0], {});
+    loop.advance(0.021);
+    const auto versionOf = [this](WindowID window) {
+        std::size_t place = 0;
+        while (preview(place).elementRef()->wid() != window)
+            ++place;
+        return version(place);
+    };
+    EXPECT_FALSE(preview(0).isHeld());
+    EXPECT_EQ(versionOf(m_windows[0]), 1);
+    EXPECT_EQ(versionOf(m_windows[1]), 0);
+    loop.advance(0.1);
+    EXPECT_EQ(versionOf(m_windows[1]), 1);
+    EXPECT_EQ(desk.captures(m_windows[0]), before + 1);
+    show(m_windows[0]);
+    loop.advance(0.1);
+    EXPECT_EQ(versionOf(m_windows[0]), 2) << "it is followed";
+}
+
 TEST_F(PictureFeedTest, row_comesAtOnceWithOldPictures_andFreshOnesFollow)
 {
     SlowWindowServer slow(desk.windowServer());
