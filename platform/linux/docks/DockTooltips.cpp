@@ -35,16 +35,13 @@ DockTooltips::DockTooltips(const x11::Connection& connection, const x11::WindowT
 {
 }
 
-bool DockTooltips::isOwn(xcb_window_t window) const
-{
-    return m_connection.clientOf(window) == m_ownClient;
-}
-
 void DockTooltips::popupMapped(const x11::PopupMapped& popup)
 {
     if (popup.pid == m_ownPid) {
-        m_ownClient = m_connection.clientOf(popup.id);
-        arrange();
+        if (const std::optional<QRect> place = placeInRow(popup.id)) {
+            m_row[popup.id] = *place;
+            arrange();
+        }
         return;
     }
     const bool isAskedFor = m_press && (*m_press - m_pointer).manhattanLength() < pressReach;
@@ -56,13 +53,16 @@ void DockTooltips::popupMapped(const x11::PopupMapped& popup)
 
 void DockTooltips::popupMoved(xcb_window_t window)
 {
-    if (isOwn(window) || m_shown.contains(window))
+    const auto panel = m_row.find(window);
+    if (panel != m_row.end())
+        panel->second = placeOf(window).value_or(panel->second);
+    if (panel != m_row.end() || m_shown.contains(window))
         arrange();
 }
 
 void DockTooltips::popupUnmapped(xcb_window_t window)
 {
-    if (isOwn(window)) {
+    if (m_row.erase(window) > 0) {
         arrange();
         return;
     }
@@ -87,24 +87,27 @@ void DockTooltips::buttonPressed(int, QPoint position) { m_press = position; }
 
 void DockTooltips::arrange()
 {
-    if (m_shown.empty())
-        return;
-    const std::set<std::uint32_t> clients = dockClientsUnderPointer();
-    const std::vector<QRect> previews = clients.empty() ? std::vector<QRect>() : row();
+    std::optional<std::set<std::uint32_t>> clients;
     for (auto& [window, home] : m_shown) {
         const std::optional<QRect> place = placeOf(window);
-        // When the pointer has left the dock, the dock hides the tooltip itself.
-        if (!place || !clients.contains(m_connection.clientOf(window)))
+        if (!place)
             continue;
         if (place->topLeft() != away)
             home.reset();
         const QRect wanted(home.value_or(place->topLeft()), place->size());
         const bool isInTheWay = std::ranges::any_of(
-            previews, [&](const QRect& preview) { return preview.intersects(wanted); });
-        if (isInTheWay && !home) {
+            m_row, [&](const auto& panel) { return panel.second.intersects(wanted); });
+        if (isInTheWay == home.has_value())
+            continue;
+        if (!clients)
+            clients = dockClientsUnderPointer();
+        // When the pointer has left the dock, the dock hides the tooltip itself.
+        if (!clients->contains(m_connection.clientOf(window)))
+            continue;
+        if (isInTheWay) {
             home = wanted.topLeft();
             move(window, away);
-        } else if (!isInTheWay && home) {
+        } else {
             move(window, *home);
             home.reset();
         }
@@ -112,43 +115,23 @@ void DockTooltips::arrange()
     m_connection.flush();
 }
 
-std::vector<QRect> DockTooltips::row() const
+// There may be a panel for each window of the desktop, and all that was mapped is told: each is
+// asked about once.
+std::optional<QRect> DockTooltips::placeInRow(xcb_window_t window) const
 {
     xcb_connection_t* const c = m_connection.get();
-    const auto tree =
-        m_connection.reply(xcb_query_tree_reply, xcb_query_tree(c, m_connection.root()));
-    if (!tree)
-        return {};
-    struct Question {
-        xcb_get_window_attributes_cookie_t attributes;
-        xcb_get_property_cookie_t role;
-        xcb_get_geometry_cookie_t geometry;
-    };
-    const xcb_window_t* const children = xcb_query_tree_children(tree.get());
-    const int count = xcb_query_tree_children_length(tree.get());
-    std::vector<Question> questions;
-    for (int i = 0; i < count; ++i) {
-        if (isOwn(children[i])) {
-            questions.push_back({xcb_get_window_attributes(c, children[i]),
-                                 xcb_get_property(c, 0, children[i], m_role, XCB_ATOM_ANY, 0, 8),
-                                 xcb_get_geometry(c, children[i])});
-        }
-    }
-    std::vector<QRect> result;
-    for (const Question& question : questions) {
-        const auto attributes =
-            m_connection.reply(xcb_get_window_attributes_reply, question.attributes);
-        const auto role = m_connection.reply(xcb_get_property_reply, question.role);
-        const auto area = m_connection.reply(xcb_get_geometry_reply, question.geometry);
-        if (!attributes || !role || !area || attributes->map_state != XCB_MAP_STATE_VIEWABLE)
-            continue;
-        // Not the counts on the icons, which are always shown.
-        const std::string_view name(static_cast<const char*>(xcb_get_property_value(role.get())),
-                                    xcb_get_property_value_length(role.get()));
-        if (name == "preview" || name == "bubble")
-            result.emplace_back(area->x, area->y, area->width, area->height);
-    }
-    return result;
+    const auto roleCookie = xcb_get_property(c, 0, window, m_role, XCB_ATOM_ANY, 0, 8);
+    const auto areaCookie = xcb_get_geometry(c, window);
+    const auto role = m_connection.reply(xcb_get_property_reply, roleCookie);
+    const auto area = m_connection.reply(xcb_get_geometry_reply, areaCookie);
+    if (!role || !area)
+        return std::nullopt;
+    // Not the counts on the icons, which are always shown.
+    const std::string_view name(static_cast<const char*>(xcb_get_property_value(role.get())),
+                                xcb_get_property_value_length(role.get()));
+    if (name != "preview" && name != "bubble")
+        return std::nullopt;
+    return QRect(area->x, area->y, area->width, area->height);
 }
 
 std::set<std::uint32_t> DockTooltips::dockClientsUnderPointer() const

@@ -11,7 +11,6 @@
 #include <map>
 #include <optional>
 #include <set>
-#include <vector>
 
 #include "platform/linux/x11/Connection.h"
 #include "platform/linux/x11/WindowTracker.h"
@@ -38,9 +37,9 @@ private:
     /// By window: its owner's position for it while it is off the screen.
     using Shown = std::map<xcb_window_t, std::optional<QPoint>>;
 
-    bool isOwn(xcb_window_t window) const;
     void arrange();
-    std::vector<QRect> row() const;
+    /// Where the panel is; null for what is no part of a row.
+    std::optional<QRect> placeInRow(xcb_window_t window) const;
     /// The clients of the nested windows under the pointer, if these belong to a dock.
     std::set<std::uint32_t> dockClientsUnderPointer() const;
     std::optional<QRect> placeOf(xcb_window_t window) const;
@@ -50,10 +49,10 @@ private:
     const x11::WindowTracker& m_tracker;
     const std::int32_t m_ownPid;
     const xcb_atom_t m_role;
-    std::uint32_t m_ownClient = 0; ///< what all our windows' ids have in common
     QPoint m_pointer;
     std::optional<QPoint> m_press; ///< the last one
     Shown m_shown;
+    std::map<xcb_window_t, QRect> m_row; ///< our panels that are mapped
 };
 
 } // namespace lumbrix::platform
