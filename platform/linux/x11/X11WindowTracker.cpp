@@ -8,6 +8,7 @@
 #include "platform/linux/x11/WindowFetch.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace lumbrix::platform::x11
 {
@@ -187,13 +188,22 @@ void X11WindowTracker::propertyChanged(const xcb_property_notify_event_t& event)
     WindowRecord* record = recordOf(event.window);
     if (!record)
         return;
-    record->dirty |= dirtyBitOf(event.atom, m_atoms) & (record->isDock() ? ~0U : ~dockBits());
+    const std::uint32_t bits =
+        dirtyBitOf(event.atom, m_atoms) & (record->isDock() ? ~0U : ~dockBits());
+    if (bits)
+        mark(*record, bits);
     if (event.atom == m_atoms[AtomName::NetWmIconGeometry]) {
         ++record->iconGeometrySerial;
         record->iconGeometryTime = static_cast<std::int64_t>(m_runLoop.now() * 1000);
     } else if (event.atom == m_atoms[AtomName::NetFrameExtents]) {
-        record->dirty |= geometryBit;
+        mark(*record, geometryBit);
     }
+}
+
+void X11WindowTracker::mark(WindowRecord& record, std::uint32_t bits)
+{
+    record.dirty |= bits;
+    m_isAnyDirty = true;
 }
 
 void X11WindowTracker::configured(const xcb_configure_notify_event_t& event)
@@ -203,7 +213,7 @@ void X11WindowTracker::configured(const xcb_configure_notify_event_t& event)
         const QRect rect(event.x, event.y, event.width + 2 * border, event.height + 2 * border);
         m_isOrderDirty = true;
         if (rect.size() != record->frameRect.size())
-            record->dirty |= geometryBit;
+            mark(*record, geometryBit);
         m_isChanged = m_isChanged || rect != record->frameRect;
         record->frameRect = rect;
     } else {
@@ -224,7 +234,7 @@ void X11WindowTracker::mappingChanged(xcb_window_t window, bool isMapped)
 void X11WindowTracker::markGeometry(xcb_window_t window)
 {
     if (WindowRecord* record = recordOf(window))
-        record->dirty |= geometryBit;
+        mark(*record, geometryBit);
 }
 
 void X11WindowTracker::windowDestroyed(xcb_window_t window)
@@ -233,7 +243,7 @@ void X11WindowTracker::windowDestroyed(xcb_window_t window)
         record->isGone = true;
         m_isChanged = true;
     } else if (WindowRecord* framed = recordOfFrame(window)) {
-        framed->dirty |= geometryBit;
+        mark(*framed, geometryBit);
     }
 }
 
@@ -256,6 +266,7 @@ void X11WindowTracker::updateSet()
     m_set.fetch(m_connection, m_atoms);
     m_isSetDirty = false;
     m_isOrderDirty = true;
+    m_isAnyDirty = true;
     m_isChanged = true;
 
     std::unordered_map<xcb_window_t, std::unique_ptr<WindowRecord>> records;
@@ -287,9 +298,10 @@ void X11WindowTracker::updateSet()
 void X11WindowTracker::fetchDirty()
 {
     std::vector<WindowRecord*> dirty;
-    for (const auto& [id, record] : m_records)
-        if (record->dirty && !record->isGone)
-            dirty.push_back(record.get());
+    if (std::exchange(m_isAnyDirty, false))
+        for (const auto& [id, record] : m_records)
+            if (record->dirty && !record->isGone)
+                dirty.push_back(record.get());
     if (!dirty.empty()) {
         fetchWindows(m_connection, m_atoms, dirty);
         m_isChanged = true;

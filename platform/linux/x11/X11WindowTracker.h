@@ -79,6 +79,8 @@ private:
     void propertyChanged(const xcb_property_notify_event_t& event);
     void configured(const xcb_configure_notify_event_t& event);
     void mappingChanged(xcb_window_t window, bool isMapped);
+    /// These have to be fetched again.
+    void mark(WindowRecord& record, std::uint32_t bits);
     void markGeometry(xcb_window_t window);
     void windowDestroyed(xcb_window_t window);
 
@@ -98,6 +100,7 @@ private:
     Pinger m_pinger;
     ManagedSet m_set;
     bool m_isSetDirty = true;
+    bool m_isAnyDirty = true; ///< of the records
     bool m_isOrderDirty = true;
     bool m_isChanged = false;
     std::unordered_map<xcb_window_t, std::unique_ptr<WindowRecord>> m_records;
