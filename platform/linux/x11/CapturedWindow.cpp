@@ -145,6 +145,12 @@ QImage CapturedWindow::capture(QSize limit, Seconds now, bool isMoving)
     return image.isNull() ? picture.image : image;
 }
 
+bool CapturedWindow::isShelved() const
+{
+    const std::lock_guard lock(m_mutex);
+    return !m_shelved.image.isNull();
+}
+
 KnownPicture CapturedWindow::known(QSize limit, Seconds now)
 {
     const std::lock_guard lock(m_mutex);
@@ -336,7 +342,9 @@ std::optional<Seconds> CapturedWindow::dropUnused(Seconds now)
     KeptPicture reduced;
     KeptPicture whole; // freed without the lock
     const std::lock_guard lock(m_mutex);
-    if (!m_reduced.image.isNull() && isDue(m_reducedUsed + keepReduced))
+    // One that was made of what is kept here is easily made again.
+    const Seconds keepIt = m_shelved.image.isNull() ? keepReduced : keepWhole;
+    if (!m_reduced.image.isNull() && isDue(m_reducedUsed + keepIt))
         std::swap(m_reduced, reduced);
     if (!m_whole.image.isNull() && isDue(m_wholeUsed + keepWhole))
         std::swap(m_whole, whole);
@@ -356,6 +364,8 @@ void CapturedWindow::shelve()
     const double scale = std::sqrt(shelvedPixels / static_cast<double>(pixelsOf(size)));
     QImage image = scaledInBands(fitted(size, (QSizeF(size) * scale).toSize()), visible);
     m_tools.connection.discardEvents();
+    if (image.format() == QImage::Format_RGB32)
+        image = inHalfTheMemory(image);
     if (image.isNull()) {
         m_isDirty = wasDirty;
     } else {

@@ -68,8 +68,12 @@ public:
     static constexpr Seconds keepReduced = 600.0; ///< what a row comes up with, however old
     static constexpr Seconds keepWhole = 2.0;
     static constexpr Seconds keepPixmap = 2.0; ///< of a window that is not shown any more
-    /// Of the picture that stands for a large pixmap: twice as large as usual previews.
-    static constexpr int shelvedPixels = 112 * 1024;
+    /// Of the picture that stands for a large pixmap: more than three times as many as usual
+    /// previews have, of 16 bits each where it is opaque.
+    static constexpr int shelvedPixels = 100 * 1024;
+    /// The server serves nobody else while it copies, and a picture that is copied in several
+    /// pieces may show two moments of a film: so only what is larger than usual screens is cut.
+    static constexpr qint64 quickPixels = qint64{2} * 1024 * 1024;
 
     CapturedWindow(CaptureTools& tools, xcb_window_t window);
     ~CapturedWindow();
@@ -88,6 +92,8 @@ public:
     /// As WindowPictures has it.
     QImage capture(QSize limit, Seconds now, bool isMoving = false);
     KnownPicture known(QSize limit, Seconds now);
+    /// Whether a picture of bounded size stands for the pixmap, of which others are made.
+    bool isShelved() const;
     /// Names the pixmap that the window has now, if it is another. Whether it is.
     bool followPixmap();
     /// Drops every picture and the pixmap, which is that of a hidden window's last picture.

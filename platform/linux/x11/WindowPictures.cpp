@@ -112,7 +112,10 @@ KnownPicture WindowPictures::known(xcb_window_t id, QSize limit)
     if (!window)
         return {{}, true};
     noteUse(id, limit);
-    return window->known(limit, m_runLoop.now());
+    const Seconds now = m_runLoop.now();
+    if (window->isShelved())
+        lookBy(now + CapturedWindow::keepWhole);
+    return window->known(limit, now);
 }
 
 std::unique_ptr<PictureSubscription> WindowPictures::subscribe(xcb_window_t id,

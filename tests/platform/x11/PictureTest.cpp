@@ -132,7 +132,7 @@ TEST_P(EachCompositing, largeWindowNoLongerShown_keepsAPictureOfBoundedSize)
     QImage kept;
     EXPECT_TRUE(desk.waitFor([&] {
         kept = desk.pictures().capture(window.id);
-        return kept.sizeInBytes() <= 1024 * 1024;
+        return kept.sizeInBytes() <= 256 * 1024;
     }));
     EXPECT_LE(ownPixmapBytes(desk.display().connection()) + 900000, pixmapsBefore);
     // What stands for it is as large, and tells the same, but for what is lost in between.
