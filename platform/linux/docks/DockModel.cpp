@@ -140,7 +140,7 @@ bool DockModel::updateSelection()
 
 void DockModel::pointerMoved(QPoint point, xcb_window_t childOfRoot)
 {
-    DockProvider* entered = nullptr;
+    DockProvider* crossed = nullptr;
     bool isChanged = false;
     bool wantsPictures = false;
     {
@@ -150,9 +150,9 @@ void DockModel::pointerMoved(QPoint point, xcb_window_t childOfRoot)
         m_pointer = point;
         m_childUnderPointer = childOfRoot;
         const Known* dock = dockWithWindow(childOfRoot);
-        if (dock && !m_isOverDock)
-            entered = dock->provider;
-        m_isOverDock = dock != nullptr;
+        DockProvider* const over = dock ? dock->provider : nullptr;
+        if (DockProvider* const left = std::exchange(m_over, over); left != over)
+            crossed = over ? over : left;
         isChanged = updateSelection();
         const bool isNear =
             dock || std::ranges::any_of(m_docks, [&](const Known& known) {
@@ -170,8 +170,8 @@ void DockModel::pointerMoved(QPoint point, xcb_window_t childOfRoot)
     }
     if (isChanged)
         callOnMainThread(&DockModel::m_selectionChanged);
-    if (entered)
-        entered->pointerEntered();
+    if (crossed)
+        crossed->pointerCrossed();
     if (wantsPictures || isChanged)
         prefetchNear(point);
 }
@@ -230,7 +230,7 @@ void DockModel::buttonPressed(int button, QPoint)
     bool isOverDock = false;
     {
         const std::lock_guard lock(m_mutex);
-        isOverDock = m_isOverDock && button == 3;
+        isOverDock = m_over && button == 3;
         if (isOverDock)
             m_selected = m_crossed; // its menu comes instead of its row
         m_menuItem = isOverDock ? m_selected : 0;

@@ -142,9 +142,9 @@ private:
     std::unordered_map<DockItemId, Found> m_byId; ///< the items of these docks
     QPoint m_pointer;
     xcb_window_t m_childUnderPointer = XCB_NONE;
-    std::optional<QPoint> m_stop; ///< where it stops, if it is about to or has
-    bool m_isOverDock = false;
-    DockItemId m_crossed = 0; ///< under the pointer, selected or not yet
+    std::optional<QPoint> m_stop;   ///< where it stops, if it is about to or has
+    DockProvider* m_over = nullptr; ///< whose dock the pointer is over
+    DockItemId m_crossed = 0;       ///< under the pointer, selected or not yet
     double m_attendedAt = -1e9;
     double m_prefetchedAt = -1e9;
     DockItemId m_selected = 0;

@@ -23,8 +23,8 @@ public:
     virtual void start() = 0;
     /// One state per running dock of this kind. Any thread.
     virtual std::vector<DockStatePtr> states() const = 0;
-    /// The pointer has entered one of its docks: positions may be read again. Event thread.
-    virtual void pointerEntered() {}
+    /// The pointer has entered or left one of its docks: positions may be read again. Event thread.
+    virtual void pointerCrossed() {}
     /// Reads the dock's own preferences again. Main thread.
     virtual void synchronize() {}
 

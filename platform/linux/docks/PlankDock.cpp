@@ -15,6 +15,8 @@ namespace
 
 /// Maximum number of remembered docks or items that no longer exist.
 constexpr std::size_t maximumKept = 1000;
+/// After the pointer has entered the dock, or left it.
+constexpr Seconds leisure = 0.15;
 
 int along(QPoint point, DockEdge edge) { return isHorizontal(edge) ? point.x() : point.y(); }
 
@@ -33,7 +35,7 @@ PlankDock::PlankDock(RunLoop& runLoop, x11::WindowTracker& tracker, ApplicationR
     m_bus->setChanged([this] { rebuild(); });
 }
 
-PlankDock::~PlankDock() = default;
+PlankDock::~PlankDock() { m_runLoop.cancelPreviousPerformRequests(this); }
 
 // A dock is found by its window at once; its items follow when it has answered.
 void PlankDock::start()
@@ -63,7 +65,15 @@ void PlankDock::lookForDocks()
     m_bus->refresh();
 }
 
-void PlankDock::pointerEntered() { onMainThread(&PlankDock::refresh); }
+// Plank tells nobody that the user has moved an icon. It takes a quarter of a millisecond to tell
+// where one is, just when it has to draw the icon that the pointer is on, and so has the row.
+void PlankDock::refreshAtLeisure()
+{
+    m_runLoop.cancelPreviousPerformRequests(this);
+    m_runLoop.performAfterDelay(this, leisure, [this] { refresh(); });
+}
+
+void PlankDock::pointerCrossed() { onMainThread(&PlankDock::refreshAtLeisure); }
 
 void PlankDock::synchronize() { rebuild(); }
 

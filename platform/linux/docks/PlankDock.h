@@ -42,7 +42,7 @@ public:
     const char* name() const override { return "Plank"; }
     void start() override;
     std::vector<DockStatePtr> states() const override;
-    void pointerEntered() override;
+    void pointerCrossed() override;
     void synchronize() override;
 
     void windowAdded(const x11::TrackedWindowPtr& window) override;
@@ -74,6 +74,7 @@ private:
 
     // Main thread.
     void refresh();
+    void refreshAtLeisure();
     void lookForDocks();
     void rebuild();
     std::vector<PlankWindow> readWindows() const;

@@ -213,6 +213,12 @@ TEST_F(PlankTest, docks_ofSeveralPlanks_comeMoveAndGoByThemselves)
     EXPECT_TRUE(sees(u"9:2 550,964 60x60; 10:0 0,0 0x0"_s)) << "one dock is there before the other";
     plank->docks[u"dock2"_s] = dockAt(0, {66, 452}, {66, 512});
     EXPECT_TRUE(sees(u"9:2 550,964 60x60; 10:2 0,422 60x60"_s));
+    // The user moves an icon there and back, which it tells nobody.
+    for (const int moved : {8, 0}) {
+        plank->docks[u"dock2"_s] = dockAt(0, {66, 452 + moved}, {66, 512 + moved});
+        m_plank.pointerCrossed();
+        EXPECT_TRUE(sees(u"9:2 550,964 60x60; 10:2 0,%1 60x60"_s.arg(422 + moved)));
+    }
     const DockStatePtr left = m_plank.states()[1];
     EXPECT_EQ(left->edge, DockEdge::Left);
 
@@ -236,7 +242,7 @@ TEST_F(PlankTest, docks_ofSeveralPlanks_comeMoveAndGoByThemselves)
     plank->manners = TestPlank::Manners::Hangs;
     plank->tell(u"dock1"_s);
     plank->tell(u"dock2"_s);
-    m_plank.pointerEntered();
+    m_plank.pointerCrossed();
     second.docks[u"second"_s] = dockAt(3, {730, 898}, {790, 898});
     second.tell(u"second"_s);
     EXPECT_TRUE(sees(u"9:2 550,964 60x60; 10:2 1220,422 60x60; 11:2 700,904 60x60"_s));
