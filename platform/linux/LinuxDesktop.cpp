@@ -157,8 +157,8 @@ public:
                  &m_requests, &m_tooltips, &m_workspace, &m_switcher,
                  m_accessibility.listenerAfterRegistry()})
             m_core->tracker().addListener(listener);
-        m_docks.setPrefetch([this](const std::vector<xcb_window_t>& windows) {
-            m_core->pictures().prefetch(windows);
+        m_docks.setPrefetch([this](const std::vector<xcb_window_t>& windows, bool isRowDue) {
+            m_core->pictures().prefetch(windows, isRowDue);
         });
         m_docks.setChanged([this] { hintMainScreen(); });
         m_docks.setItemsChanged(

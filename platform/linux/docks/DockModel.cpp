@@ -173,7 +173,7 @@ void DockModel::pointerMoved(QPoint point, xcb_window_t childOfRoot)
     if (crossed)
         crossed->pointerCrossed();
     if (wantsPictures || isChanged)
-        prefetchNear(point);
+        prefetchNear(point, isChanged);
 }
 
 void DockModel::pointerStops(QPoint place)
@@ -191,10 +191,10 @@ void DockModel::pointerStops(QPoint place)
     if (!isChanged)
         return;
     callOnMainThread(&DockModel::m_selectionChanged);
-    prefetchNear(place);
+    prefetchNear(place, true);
 }
 
-void DockModel::prefetchNear(QPoint point) const
+void DockModel::prefetchNear(QPoint point, bool isRowDue) const
 {
     if (!m_prefetch)
         return;
@@ -214,7 +214,7 @@ void DockModel::prefetchNear(QPoint point) const
         windows.insert(windows.end(), more.begin(), more.end());
     }
     if (!windows.empty())
-        m_prefetch(windows);
+        m_prefetch(windows, isRowDue);
 }
 
 std::vector<xcb_window_t> DockModel::windowsOf(const DockItem& item) const

@@ -48,7 +48,8 @@ class DockModel final : public x11::WindowListener
 public:
     using Providers = std::vector<std::unique_ptr<DockProvider>>;
     /// Windows whose pictures may be wanted soon, the most likely first. Event thread.
-    using Prefetch = std::function<void(const std::vector<xcb_window_t>&)>;
+    /// Those of an item whose row comes now, or that the pointer may be on its way to.
+    using Prefetch = std::function<void(const std::vector<xcb_window_t>&, bool isRowDue)>;
 
     /// The providers in order of preference.
     DockModel(RunLoop& runLoop, x11::WindowTracker& tracker, ApplicationRegistry& registry,
@@ -119,7 +120,7 @@ private:
     const Known* dockWithWindow(xcb_window_t childOfRoot) const; ///< with m_mutex held
     using Found = std::pair<DockStatePtr, const DockItem*>;
     Found find(DockItemId id) const;
-    void prefetchNear(QPoint point) const;
+    void prefetchNear(QPoint point, bool isRowDue) const;
     std::vector<xcb_window_t> windowsOf(const DockItem& item) const;
     void callOnMainThread(std::function<void()> DockModel::*call);
 

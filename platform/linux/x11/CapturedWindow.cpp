@@ -17,10 +17,6 @@ namespace lumbrix::platform::x11
 namespace
 {
 
-/// The server serves nobody else while it copies, and a picture that is copied in several pieces
-/// may show two moments of a film: so only what is larger than usual screens is cut.
-constexpr qint64 maxPiece = qint64{2} * 1024 * 1024;
-
 qint64 pixelsOf(QSize size) { return qint64{size.width()} * size.height(); }
 
 qint64 pixelsOf(const QRegion& region)
@@ -292,7 +288,7 @@ QImage CapturedWindow::scaledInBands(QSize size, const QRect& visible)
 {
     if (!canScaleParts(visible.size(), size))
         return scaledOwn(copied(visible), size);
-    const auto bands = static_cast<int>((pixelsOf(visible.size()) + maxPiece - 1) / maxPiece);
+    const auto bands = static_cast<int>((pixelsOf(visible.size()) + quickPixels - 1) / quickPixels);
     QImage result(size, m_pixmap.depth() == 32 ? QImage::Format_ARGB32_Premultiplied
                                                : QImage::Format_RGB32);
     for (int band = 0, top = 0; band < bands; ++band) {

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <iterator>
 #include <utility>
 
 namespace lumbrix::platform::x11
@@ -146,13 +147,27 @@ void WindowPictures::noteUse(xcb_window_t window, QSize limit)
     m_tracker.ping(window); // shows a stopped client as not responding
 }
 
-void WindowPictures::prefetch(const std::vector<xcb_window_t>& windows)
+void WindowPictures::prefetch(const std::vector<xcb_window_t>& windows, bool isRowDue)
 {
     {
+        // Before what was wanted at another place, which the pointer has left.
         const std::lock_guard lock(m_workMutex);
-        m_toPrefetch.insert(windows.begin(), windows.end());
+        std::deque<xcb_window_t> all(windows.begin(), windows.end());
+        std::ranges::copy_if(m_toPrefetch, std::back_inserter(all), [&](xcb_window_t before) {
+            return std::ranges::find(windows, before) == windows.end();
+        });
+        if (isRowDue)
+            std::erase_if(all, [this](xcb_window_t window) { return isLarge(window); });
+        m_toPrefetch.swap(all);
     }
     m_workArrived.notify_all();
+}
+
+bool WindowPictures::isLarge(xcb_window_t id) const
+{
+    const TrackedWindowPtr window = m_tracker.window(id);
+    return window &&
+           qint64{window->bounds.width()} * window->bounds.height() > CapturedWindow::quickPixels;
 }
 
 void WindowPictures::nameAgain(CapturedWindow& window, xcb_window_t id)
@@ -185,7 +200,9 @@ void WindowPictures::work(const Thread& self)
     std::unique_lock lock(m_workMutex);
     while (!m_isStopping && !self.isCancelled()) {
         const auto names = std::exchange(m_toName, {});
-        const auto prefetches = std::exchange(m_toPrefetch, {});
+        const xcb_window_t prefetched = m_toPrefetch.empty() ? XCB_NONE : m_toPrefetch.front();
+        if (prefetched)
+            m_toPrefetch.pop_front();
         const QSize limit = m_lastLimit;
         const bool isLookDue = m_nextLook && *m_nextLook <= m_runLoop.now();
         if (isLookDue)
@@ -194,15 +211,11 @@ void WindowPictures::work(const Thread& self)
         for (const xcb_window_t id : names)
             if (const WindowPtr window = find(id); window && window->followPixmap())
                 m_watchers->tell(id);
-        for (const xcb_window_t id : prefetches) {
-            const WindowPtr window = find(id);
-            if (!window || limit.isEmpty())
-                continue;
-            noteUse(id, limit);
+        if (const WindowPtr window = find(prefetched); window && !limit.isEmpty()) {
+            noteUse(prefetched, limit);
             window->capture(limit, m_runLoop.now());
-        }
-        if (!prefetches.empty())
             lookBy(m_runLoop.now() + keepCopies);
+        }
         const auto nextLook = isLookDue ? dropUnused() : std::nullopt;
         lock.lock();
         setLook(nextLook);

@@ -10,6 +10,7 @@
 #include <xcb/xcb.h>
 
 #include <condition_variable>
+#include <deque>
 #include <functional>
 #include <memory>
 #include <mutex>
@@ -78,9 +79,10 @@ public:
     /// Main thread.
     std::unique_ptr<PictureSubscription> subscribe(xcb_window_t window,
                                                    std::function<void()> changed);
-    /// Refreshes the pictures of these windows soon, on the worker, for the limit that was last
-    /// asked for. Any thread.
-    void prefetch(const std::vector<xcb_window_t>& windows);
+    /// Refreshes the pictures of these windows soon and in this order, on the worker, for the limit
+    /// that was last asked for. Where their row is due, only what does not keep the server from
+    /// showing it. Any thread.
+    void prefetch(const std::vector<xcb_window_t>& windows, bool isRowDue = false);
     /// How often pictures were copied so far, in whole or in part, and how much. Any thread.
     std::uint64_t copyCount() const { return m_tools.copies; }
     std::uint64_t copiedPixels() const { return m_tools.copiedPixels; }
@@ -106,6 +108,7 @@ private:
     /// Has the worker take the pixmap that the window has now.
     void nameAgain(CapturedWindow& window, xcb_window_t id);
 
+    bool isLarge(xcb_window_t id) const;
     void noteUse(xcb_window_t window, QSize limit);
     void work(const Thread& self);
     /// Has the worker look by then for what to let go of.
@@ -130,7 +133,7 @@ private:
     std::mutex m_workMutex; // guards what follows
     std::condition_variable m_workArrived;
     std::unordered_set<xcb_window_t> m_toName;
-    std::unordered_set<xcb_window_t> m_toPrefetch;
+    std::deque<xcb_window_t> m_toPrefetch;                   ///< the next one first
     std::unordered_map<std::uint32_t, Seconds> m_lastPinged; ///< by client
     QSize m_lastLimit;
     bool m_isStopping = false;

@@ -447,8 +447,9 @@ TEST_F(DocksTest, questions_about_each_of_many_windows_hand_out_those_alone)
 
 TEST_F(DocksTest, approach_prefetches_the_nearest_first)
 {
-    std::vector<std::vector<xcb_window_t>> asked;
-    m_docks.setPrefetch([&](const auto& windows) { asked.push_back(windows); });
+    std::vector<std::pair<bool, std::vector<xcb_window_t>>> asked;
+    m_docks.setPrefetch(
+        [&](const auto& windows, bool isRowDue) { asked.emplace_back(isRowDue, windows); });
     addPanel();
     place();
     m_tracker.movePointer({330, 500});
@@ -456,8 +457,10 @@ TEST_F(DocksTest, approach_prefetches_the_nearest_first)
     EXPECT_FALSE(m_docks.isAttended());
     m_tracker.movePointer({330, 700});
     m_tracker.movePointer({330, 705});
-    EXPECT_EQ(asked, (std::vector<std::vector<xcb_window_t>>{{1, 3, 5}}));
+    EXPECT_EQ(asked, (decltype(asked){{false, {1, 3, 5}}}));
     EXPECT_TRUE(m_docks.isAttended());
+    m_tracker.movePointer({300, 780});
+    EXPECT_TRUE(asked.back().first) << "its row comes now";
 }
 
 } // namespace lumbrix::test
