@@ -24,6 +24,7 @@ using namespace std::chrono_literals;
 using namespace Qt::StringLiterals;
 
 constexpr QSize windowSize(1280, 800);
+constexpr QSize largeSize(3840, 2160);
 constexpr int windowCount = 15;
 /// Longer than pictures are kept that nobody looks at.
 constexpr auto pictureLife = 40s;
@@ -81,12 +82,13 @@ public:
         measure("idle, 40 s after the last preview went", true);
     }
 
-    /// What a window of 3840x2160 costs that was previewed and then minimised.
+    /// What windows cost that were previewed and then minimised.
     void runMinimised()
     {
         m_desk.startLumbrix();
         m_pid = find("lumbrix");
         measureMinimised();
+        measureMarginal();
     }
 
 private:
@@ -204,53 +206,92 @@ private:
         return own ? own->pixmapBytes / 1024 : 0;
     }
 
+    struct Share {
+        double server; ///< MiB of pixmaps
+        double own;    ///< MiB of Lumbrix, without what the program's files take
+        double both() const { return server + own; }
+        Share operator-(const Share& other) const
+        {
+            return {server - other.server, own - other.own};
+        }
+    };
+
+    Share lookAtShares()
+    {
+        const ProcessFigures figures = look(m_pid);
+        return {static_cast<double>(pixmapKiB()) / 1024,
+                static_cast<double>(figures.anonymousKiB + figures.sharedMemoryKiB) / 1024};
+    }
+
+    /// Shows so many previews of it for a second.
+    void preview(const Application& application, std::size_t count)
+    {
+        m_desk.hover(application);
+        if (!m_display.waitFor([&] { return m_display.previews().size() == count; }, 5s))
+            qFatal("%zu previews were expected", count);
+        std::this_thread::sleep_for(1s);
+        hide();
+    }
+
     void measureMinimised()
     {
-        struct Share {
-            std::uint64_t server;
-            std::uint64_t own; ///< without what the program's files take
-        };
-        const auto look = [this] {
-            const ProcessFigures figures = ::look(m_pid);
-            return Share{pixmapKiB(), figures.anonymousKiB + figures.sharedMemoryKiB};
-        };
         const auto application = m_desk.launch(u"gamma"_s);
         const AppWindow probe = application->open("usual", Qt::gray);
-        const auto hover = [&](std::size_t count) {
-            m_desk.hover(*application);
-            if (!m_display.waitFor([&] { return m_display.previews().size() == count; }, 5s))
-                qFatal("%zu previews were expected", count);
-            std::this_thread::sleep_for(1s);
-            hide();
-        };
-        hover(1);
+        preview(*application, 1);
         std::this_thread::sleep_for(5s);
-        const Share before = look();
-        const AppWindow large = application->open("large", Qt::darkCyan, {{3840, 2160}, {0, 0}});
-        hover(2);
+        const Share before = lookAtShares();
+        const AppWindow large = application->open("large", Qt::darkCyan, {largeSize, {0, 0}});
+        preview(*application, 2);
         std::this_thread::sleep_for(5s);
-        const Share open = look();
+        const Share open = lookAtShares() - before;
         application->minimise(large);
         std::this_thread::sleep_for(5s);
-        const Share minimised = look();
-        Table table("one window of 3840x2160 more");
-        const auto add = [&](const char* name, std::uint64_t Share::*share) {
-            const auto more = [&](const Share& now) {
-                return figure(
-                    (static_cast<double>(now.*share) - static_cast<double>(before.*share)) / 1024,
-                    "MiB", 2);
-            };
-            table.add(std::string(name) + ", while it is open", more(open));
-            table.add(std::string(name) + ", minimised", more(minimised));
+        const Share minimised = lookAtShares() - before;
+        Table table("one window of 3840x2160 more, and one panel");
+        const auto add = [&](const std::string& name, double Share::*share) {
+            table.add(name + ", while it is open", figure(open.*share, "MiB", 2));
+            table.add(name + ", minimised", figure(minimised.*share, "MiB", 2));
         };
         add("pixmaps in the server", &Share::server);
         add("memory of Lumbrix", &Share::own);
-        table.add("both together, minimised",
-                  figure((static_cast<double>(minimised.server + minimised.own) -
-                          static_cast<double>(before.server + before.own)) /
-                             1024,
-                         "MiB", 2),
-                  "", "", "at most 1 MiB");
+        table.add("both together, minimised", figure(minimised.both(), "MiB", 2), "", "",
+                  "at most 1 MiB");
+        table.print();
+    }
+
+    /// What one of five such windows costs that were previewed and then minimised.
+    Share costOfMinimised(QSize size)
+    {
+        constexpr int count = 5;
+        const Share before = lookAtShares();
+        const auto application = m_desk.launch(u"beta"_s);
+        for (int i = 0; i < count; ++i)
+            application->open("window " + QByteArray::number(i + 1),
+                              QColor::fromHsv(i * 47 % 360, 255, 230), {size, {20 * i, 20 * i}});
+        preview(*application, count);
+        for (const AppWindow& window : std::vector(application->windows()))
+            application->minimise(window);
+        std::this_thread::sleep_for(5s);
+        const Share all = lookAtShares() - before;
+        return {all.server / count, all.own / count};
+    }
+
+    void measureMarginal()
+    {
+        costOfMinimised(windowSize); // makes the panels, which stay
+        std::this_thread::sleep_for(5s);
+        const Share usual = costOfMinimised(windowSize);
+        std::this_thread::sleep_for(5s);
+        const Share large = costOfMinimised(largeSize);
+        Table table("each of five minimised windows, once there are panels for all");
+        const auto add = [&](const char* size, const Share& share) {
+            table.add(std::string("of ") + size + ": pixmaps in the server",
+                      figure(share.server, "MiB", 2));
+            table.add("  memory of Lumbrix", figure(share.own, "MiB", 2));
+            table.add("  both together", figure(share.both(), "MiB", 2), "", "", "at most 1 MiB");
+        };
+        add("1280x800", usual);
+        add("3840x2160", large);
         table.print();
     }
 
@@ -282,9 +323,11 @@ private:
 int main(int argc, char** argv)
 {
     const Program program(argc, argv,
-                          {{u"seconds"_s, u"How long each state is measured."_s, u"N"_s, u"12"_s}});
+                          {{u"seconds"_s, u"How long each state is measured."_s, u"N"_s, u"12"_s},
+                           {u"minimised"_s, u"Only what minimised windows cost."_s}});
     const int seconds = program.number(u"seconds"_s);
-    Remembering{std::chrono::seconds(seconds), {1920, 1080}}.run();
+    if (!program.isSet(u"minimised"_s))
+        Remembering{std::chrono::seconds(seconds), {1920, 1080}}.run();
     Remembering{std::chrono::seconds(seconds), {4096, 2304}}.runMinimised();
     return 0;
 }
