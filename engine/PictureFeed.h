@@ -25,7 +25,7 @@ namespace lumbrix
 class PictureFeed
 {
 public:
-    /// The shortest time between two pictures of a preview: films have 24 to 30 a second.
+    /// The shortest time between two pictures of the only film: films have 24 to 30 a second.
     static constexpr platform::Seconds minInterval = 0.03;
     /// Where several windows change they are captured together, in rounds so far apart: what costs
     /// most about a picture is not copying it but having it composed with what is below, which is
