@@ -15,6 +15,7 @@
 #include <functional>
 #include <map>
 
+#include "Colours.h"
 #include "Desk.h"
 #include "support/Arrival.h"
 #include "support/BareCopy.h"
@@ -198,9 +199,7 @@ private:
                    const QImage picture = m_display.picture(panel->geometry);
                    const QRgb top = picture.pixel(picture.width() / 2, picture.height() / 3);
                    const QColor expected = window.colour.toRgb();
-                   const bool isRight = std::abs(qRed(top) - expected.red()) < 24 &&
-                                        std::abs(qGreen(top) - expected.green()) < 24 &&
-                                        std::abs(qBlue(top) - expected.blue()) < 24;
+                   const bool isRight = isAbout(top, expected);
                    if (!isRight && m_isVerbose)
                        std::printf("    %s is %06x instead of %06x\n", panel->title.constData(),
                                    top & 0xffffffU, expected.rgb() & 0xffffffU);

@@ -10,6 +10,7 @@
 #include <csignal>
 #include <cstdio>
 
+#include "Colours.h"
 #include "platform/StringLiterals.h"
 
 namespace lumbrix::bench
@@ -30,13 +31,6 @@ QByteArray contentOf(const QString& path)
 }
 
 QColor coverColour(int number) { return QColor::fromHsv(number * 47 % 360, 255, 230); }
-
-bool isLike(QRgb pixel, const QColor& colour)
-{
-    const auto isNear = [](int a, int b) { return std::abs(a - b) < 24; };
-    return isNear(qRed(pixel), colour.red()) && isNear(qGreen(pixel), colour.green()) &&
-           isNear(qBlue(pixel), colour.blue());
-}
 
 constexpr int margin = 20; ///< of a calendar's preview, around its lines
 constexpr int lineHeight = 17;
@@ -114,7 +108,7 @@ bool Companions::isShown(const Application& application)
     if (shown.front().title != songOf(m_player.number).toUtf8())
         return false;
     for (int y = 0; y < picture.height(); ++y)
-        if (isLike(picture.pixel(picture.width() / 2, y), coverColour(m_player.number)))
+        if (isAbout(picture.pixel(picture.width() / 2, y), coverColour(m_player.number)))
             return true;
     return false;
 }

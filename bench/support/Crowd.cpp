@@ -7,6 +7,7 @@
 #include <csignal>
 #include <cstdio>
 
+#include "Colours.h"
 #include "platform/StringLiterals.h"
 
 namespace lumbrix::bench
@@ -143,14 +144,9 @@ bool Crowd::isShown(const AppWindow& window, const std::vector<Panel>& shown)
         return false;
     // A wide window leaves room above and below its picture.
     const QImage picture = m_display.picture(panel->geometry);
-    const QColor expected = window.colour.toRgb();
-    for (int y = 0; y < picture.height(); ++y) {
-        const QRgb pixel = picture.pixel(picture.width() / 2, y);
-        if (std::abs(qRed(pixel) - expected.red()) < 24 &&
-            std::abs(qGreen(pixel) - expected.green()) < 24 &&
-            std::abs(qBlue(pixel) - expected.blue()) < 24)
+    for (int y = 0; y < picture.height(); ++y)
+        if (privatedesk::isAbout(picture.pixel(picture.width() / 2, y), window.colour))
             return true;
-    }
     return false;
 }
 

@@ -13,6 +13,7 @@
 #include <csignal>
 #include <cstdio>
 
+#include "Colours.h"
 #include "Dock.h"
 #include "Lumbrix.h"
 #include "Session.h"
@@ -210,11 +211,8 @@ private:
         for (int y = 0; y < picture.height(); ++y) {
             const auto* line = reinterpret_cast<const QRgb*>(picture.constScanLine(y));
             found += static_cast<int>(
-                std::count_if(line, line + picture.width(), [&expected](QRgb pixel) {
-                    return std::abs(qRed(pixel) - expected.red()) < 6 &&
-                           std::abs(qGreen(pixel) - expected.green()) < 6 &&
-                           std::abs(qBlue(pixel) - expected.blue()) < 6;
-                }));
+                std::count_if(line, line + picture.width(),
+                              [&expected](QRgb pixel) { return isAbout(pixel, expected, 5); }));
         }
         return found * 50 > picture.width() * picture.height();
     }

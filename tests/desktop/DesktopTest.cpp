@@ -11,6 +11,7 @@
 #include <iostream>
 #include <map>
 
+#include "Colours.h"
 #include "Lumbrix.h"
 
 namespace lumbrix::privatedesk
@@ -24,14 +25,6 @@ std::map<std::string, std::unique_ptr<Desk>>& desks()
 {
     static std::map<std::string, std::unique_ptr<Desk>> all;
     return all;
-}
-
-bool near(QRgb a, const QColor& b)
-{
-    constexpr int tolerance = 24;
-    return std::abs(qRed(a) - b.red()) <= tolerance &&
-           std::abs(qGreen(a) - b.green()) <= tolerance &&
-           std::abs(qBlue(a) - b.blue()) <= tolerance;
 }
 
 std::string named(const std::string& dock, Edge edge)
@@ -120,10 +113,10 @@ double portionOf(const QImage& picture, const QColor& colour)
     for (int y = 0; y < picture.height(); ++y) {
         const auto* line = reinterpret_cast<const QRgb*>(picture.constScanLine(y));
         for (int x = 0; x < picture.width(); ++x) {
-            if (near(line[x], colour)) {
+            if (isAbout(line[x], colour, 24)) {
                 ++upperCount;
                 upperHeight += y;
-            } else if (near(line[x], lower)) {
+            } else if (isAbout(line[x], lower, 24)) {
                 ++lowerCount;
                 lowerHeight += y;
             }
@@ -192,6 +185,7 @@ Result DesktopTest::match(const Application& application)
 {
     const std::vector<Panel> shown = display().previews();
     std::vector<QByteArray> titles;
+    titles.reserve(shown.size());
     for (const Panel& panel : shown)
         titles.push_back(panel.title);
     std::vector<QByteArray> expected = application.titles();

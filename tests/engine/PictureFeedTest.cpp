@@ -25,6 +25,13 @@ protected:
             desk.changeWindow(window, [&](auto& each) { each.frame.setSize(size); });
         loop.advance(3);
     }
+    /// Films whose pictures are captured at once, until the test says how long that takes.
+    void addFilmsOf(SlowWindowServer& server, int count)
+    {
+        server.duration = 0;
+        install(desk.accessibility(), server);
+        addFilms(count, {400, 300});
+    }
     void show(WindowID window)
     {
         desk.changeWindow(window, [](auto& each) { each.version = (each.version + 1) % 256; });
@@ -146,9 +153,7 @@ TEST_F(PictureFeedTest, changedWindow_isShownAtOnce_whileItsRowIsUpAndPicturesAr
 TEST_F(PictureFeedTest, picturesOfARound_areShownTogether)
 {
     SlowWindowServer slow(desk.windowServer());
-    slow.duration = 0;
-    install(desk.accessibility(), slow);
-    addFilms(5, {400, 300});
+    addFilmsOf(slow, 5);
     hover(u"Notes"_s);
     loop.advance(1);
     slow.duration = 0.002;
@@ -171,9 +176,7 @@ TEST_F(PictureFeedTest, picturesOfARound_areShownTogether)
 TEST_F(PictureFeedTest, pictureThatIsFreshByNow_comesWithTheRow_andIsNotCapturedAgain)
 {
     SlowWindowServer slow(desk.windowServer());
-    slow.duration = 0;
-    install(desk.accessibility(), slow);
-    addFilms(2, {400, 300});
+    addFilmsOf(slow, 2);
     hover(u"Notes"_s);
     leave(2);
     for (const WindowID window : m_windows)
@@ -206,9 +209,7 @@ TEST_F(PictureFeedTest, pictureThatIsFreshByNow_comesWithTheRow_andIsNotCaptured
 TEST_F(PictureFeedTest, row_comesAtOnceWithOldPictures_andFreshOnesFollow)
 {
     SlowWindowServer slow(desk.windowServer());
-    slow.duration = 0;
-    install(desk.accessibility(), slow);
-    addFilms(3, {400, 300});
+    addFilmsOf(slow, 3);
     hover(u"Notes"_s);
     loop.advance(0.1);
     leave(2);
