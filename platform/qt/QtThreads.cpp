@@ -12,6 +12,13 @@
 
 namespace lumbrix::platform
 {
+namespace
+{
+
+/// Longer than a cursor's blinking takes.
+constexpr std::chrono::seconds keptFor{1};
+
+} // namespace
 
 class QtThread final : public Thread, public std::enable_shared_from_this<QtThread>
 {
@@ -67,31 +74,41 @@ void QtThreads::start(const std::shared_ptr<QtThread>& thread)
         thread->finish();
         return;
     }
-    // Under the lock, so that the thread finds its own handle listed when it ends.
-    Running& running = m_running[thread.get()];
-    running.thread = thread;
-    running.handle = std::thread([this, raw = thread.get()] { run(*raw); });
+    const auto idle = std::ranges::find(m_workers, nullptr, &Worker::thread);
+    if (idle != m_workers.end()) {
+        idle->thread = thread;
+        idle->arrived.notify_one();
+        return;
+    }
+    const auto self = m_workers.emplace(m_workers.end());
+    self->thread = thread;
+    // Under the lock, so that the thread finds its own handle listed.
+    self->handle = std::thread([keep = shared_from_this(), self] { keep->work(self); });
 }
 
-void QtThreads::run(QtThread& thread)
+void QtThreads::work(Workers::iterator self)
 {
-    thread.runBody();
-    // Each thread joins those that ended before it, so that the handles of short-lived threads do
-    // not accumulate and the main thread is not woken for them.
-    std::vector<std::thread> earlier;
-    {
-        const std::lock_guard lock(m_mutex);
-        earlier.swap(m_finished);
+    std::unique_lock lock(m_mutex);
+    while (self->thread) {
+        std::shared_ptr<QtThread> thread = self->thread;
+        lock.unlock();
+        thread->runBody();
+        lock.lock();
+        self->thread = nullptr;
+        m_changed.notify_all();
+        lock.unlock();
+        thread = nullptr; // may be the last that refers to it
+        lock.lock();
+        self->arrived.wait_for(lock, keptFor, [&] { return self->thread || m_isShuttingDown; });
     }
-    for (std::thread& handle : earlier)
-        handle.join();
-    Running self;
-    const std::lock_guard lock(m_mutex);
-    auto listed = m_running.extract(&thread);
-    if (listed.mapped().handle.joinable())
-        m_finished.push_back(std::move(listed.mapped().handle));
-    self.thread = std::move(listed.mapped().thread);
+    // Each thread joins those that ended before it, so that the handles of those do not accumulate
+    // and the main thread is not woken for them.
+    Workers earlier;
+    earlier.swap(m_ended);
+    m_ended.splice(m_ended.end(), m_workers, self);
     m_changed.notify_all();
+    lock.unlock();
+    joinAll(earlier);
 }
 
 void QtThreads::sleep(Seconds duration)
@@ -105,28 +122,37 @@ void QtThreads::sleep(Seconds duration)
 
 bool QtThreads::shutdown(Seconds patience)
 {
-    std::vector<std::thread> finished;
+    Workers ended;
     bool haveAllEnded = false;
     {
         std::unique_lock lock(m_mutex);
         m_isShuttingDown = true;
-        for (auto& [key, running] : m_running)
-            running.thread->cancel();
+        for (Worker& worker : m_workers) {
+            if (worker.thread)
+                worker.thread->cancel();
+            worker.arrived.notify_one();
+        }
         m_shutDown.notify_all();
         m_changed.notify_all();
-        const auto isAwaited = [](const auto& entry) { return entry.second.handle.joinable(); };
+        const auto isAwaited = [](const Worker& worker) { return worker.handle.joinable(); };
         m_changed.wait_for(lock, std::chrono::duration<Seconds>(patience),
-                           [&] { return std::ranges::none_of(m_running, isAwaited); });
+                           [&] { return std::ranges::none_of(m_workers, isAwaited); });
         // A library call may run for hours and cannot be cancelled.
-        for (auto& [key, running] : m_running)
-            if (running.handle.joinable())
-                running.handle.detach();
-        haveAllEnded = m_running.empty();
-        finished.swap(m_finished);
+        for (Worker& worker : m_workers)
+            if (worker.handle.joinable())
+                worker.handle.detach();
+        haveAllEnded = m_workers.empty();
+        ended.swap(m_ended);
     }
-    for (std::thread& handle : finished)
-        handle.join();
+    joinAll(ended);
     return haveAllEnded;
+}
+
+void QtThreads::joinAll(Workers& workers)
+{
+    for (Worker& worker : workers)
+        if (worker.handle.joinable()) // not given up by the shutdown
+            worker.handle.join();
 }
 
 } // namespace lumbrix::platform

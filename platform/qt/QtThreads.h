@@ -5,11 +5,10 @@
 #pragma once
 
 #include <condition_variable>
+#include <list>
 #include <memory>
 #include <mutex>
 #include <thread>
-#include <unordered_map>
-#include <vector>
 
 #include "platform/RunLoop.h"
 
@@ -18,6 +17,9 @@ namespace lumbrix::platform
 
 class QtThread;
 
+/// A thread whose body has returned is kept for a moment, as starting one takes longer than most of
+/// what is done on it.
+///
 /// Any thread. Shared with its threads, so that a Thread may be held, and even started, after the
 /// run loop has been destroyed.
 class QtThreads : public std::enable_shared_from_this<QtThreads>
@@ -45,20 +47,24 @@ public:
 
 private:
     friend class QtThread;
-    struct Running {
-        std::shared_ptr<QtThread> thread;
+    /// A thread of the system, which runs one body after the other.
+    struct Worker {
+        std::shared_ptr<QtThread> thread; ///< whose body it runs, or is about to; null: it waits
+        std::condition_variable arrived;
         std::thread handle;
     };
+    using Workers = std::list<Worker>;
 
     void start(const std::shared_ptr<QtThread>& thread);
-    void run(QtThread& thread);
+    void work(Workers::iterator self);
+    static void joinAll(Workers& workers);
 
     std::mutex m_mutex;
     std::condition_variable m_changed;
     std::condition_variable m_shutDown;
     bool m_isShuttingDown = false;
-    std::unordered_map<const QtThread*, Running> m_running;
-    std::vector<std::thread> m_finished; ///< whose bodies have returned, to be joined
+    Workers m_workers;
+    Workers m_ended; ///< to be joined
 };
 
 } // namespace lumbrix::platform
