@@ -13,8 +13,10 @@ namespace lumbrix
 namespace
 {
 
-/// While one waits for the pixels, another scales; more would only get in each other's way.
+/// While one waits for the pixels, another scales; more would only get in each other's way. Of a
+/// film the pixels are so few that handing them from one to the other takes longer.
 constexpr int maxThreads = 2;
+constexpr int maxThreadsForFilms = 1;
 /// What is captured in quick succession is shown together: a compositor draws all anew whenever a
 /// panel was painted.
 constexpr platform::Seconds maxKeptBack = 0.01;
@@ -34,7 +36,7 @@ void CaptureQueue::capture(const SWElementPtr& window, Wish wish, Done done)
         if (m_tasks.empty() && m_underWay.empty())
             m_handedOut = m_runLoop.now();
         m_tasks.push_back({window, wish, {std::move(done)}, {}});
-        if (m_threads == maxThreads)
+        if (m_threads >= (wish.isMoving ? maxThreadsForFilms : maxThreads))
             return;
         ++m_threads;
     }

@@ -341,14 +341,22 @@ void PanelBackground::paintEvent(QPaintEvent*)
     // background is drawn once and shared.
     const bool isBody = hasBody();
     const QRect part = isBody ? body() : pictureRect();
-    QString key = u"lumbrix-panel"_s;
-    for (const QColor& color : {m_fillTop, m_fillBottom, m_outline, m_highlight})
-        key += color.name(QColor::HexArgb);
-    for (const qreal number :
-         {m_cornerRadius, m_parts.image ? m_parts.image->cornerRadius() : 0, qreal(width()),
-          qreal(height()), devicePixelRatioF(), qreal(m_hovered), qreal(m_marked), qreal(m_shaped),
-          qreal(isBody), qreal(part.width()), qreal(part.height())})
-        key += QLatin1Char('/') + QString::number(number);
+    const auto fixed = [](qreal number) { return quint32(qRound(number * 64)); };
+    const std::array look{m_fillTop.rgba(),
+                          m_fillBottom.rgba(),
+                          m_outline.rgba(),
+                          m_highlight.rgba(),
+                          fixed(m_cornerRadius),
+                          fixed(m_parts.image ? m_parts.image->cornerRadius() : 0),
+                          quint32(width()),
+                          quint32(height()),
+                          fixed(devicePixelRatioF()),
+                          quint32(m_hovered | m_marked << 1 | m_shaped << 2 | isBody << 3),
+                          quint32(part.width()),
+                          quint32(part.height())};
+    // Its bytes, as writing the numbers would take longer than the painting.
+    const QString key =
+        u"lumbrix-panel"_s + QString(reinterpret_cast<const QChar*>(look.data()), sizeof(look) / 2);
     QPixmap pixmap;
     if (!QPixmapCache::find(key, &pixmap)) {
         pixmap = QPixmap((QSizeF(size()) * devicePixelRatioF()).toSize());

@@ -65,8 +65,10 @@ void PictureButton::setIcon(const QImage& icon)
 
 void PictureButton::setHighlighted(bool on)
 {
-    if (std::exchange(m_isHighlighted, on) != on)
-        update();
+    if (std::exchange(m_isHighlighted, on) == on)
+        return;
+    m_ring = {};
+    update();
 }
 
 int PictureButton::iconSide() const
@@ -91,14 +93,40 @@ const QImage& PictureButton::painted(QSize points)
     const qreal ratio = devicePixelRatioF();
     const QSize pixels = pixelsToDraw(m_image.size(), points, ratio);
     const qreal radius = m_cornerRadius * ratio;
+    const bool isKept = m_paintedFor == pixels;
     const QRect unpainted = std::exchange(m_unpainted, {});
-    if (m_paintedFor == pixels &&
-        (unpainted.isEmpty() || patchRounded(m_painted, m_image, unpainted, radius, ratio)))
+    if (isKept && unpainted.isEmpty())
         return m_painted;
-    m_painted = roundedPicture(scaledPicture(m_image, pixels), radius, m_outline, ratio);
+    const QImage scaled = scaledPicture(m_image, pixels);
+    const bool isPart = isKept && pixels == m_image.size();
+    updateRounded(m_painted, scaled, isPart ? unpainted : scaled.rect(), radius, m_outline, ratio);
     m_painted.setDevicePixelRatio(ratio);
     m_paintedFor = pixels;
     return m_painted;
+}
+
+const QImage& PictureButton::ring(QSize points)
+{
+    const qreal ratio = devicePixelRatioF();
+    const QSize pixels = (QSizeF(points) * ratio).toSize();
+    if (m_ring.size() == pixels)
+        return m_ring;
+    m_ring = QImage(pixels, QImage::Format_ARGB32_Premultiplied);
+    m_ring.setDevicePixelRatio(ratio);
+    m_ring.fill(Qt::transparent);
+    QPainter painter(&m_ring);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const auto draw = [&](const QColor& color, qreal breadth, qreal inset) {
+        const qreal middle = inset + breadth / 2;
+        const qreal radius = std::max(0.0, m_cornerRadius - middle);
+        painter.setPen(QPen(color, breadth));
+        painter.drawRoundedRect(
+            QRectF(QPointF(0, 0), points).adjusted(middle, middle, -middle, -middle), radius,
+            radius);
+    };
+    draw(parting(m_hoverOutline), lineBreadth, ringBreadth);
+    draw(m_hoverOutline, ringBreadth, 0);
+    return m_ring;
 }
 
 void PictureButton::paintIcon(QPainter& painter) const
@@ -139,14 +167,7 @@ void PictureButton::paintEvent(QPaintEvent*)
     }
     painter.setBrush(Qt::NoBrush);
     if (isHovered) {
-        const auto ring = [&](const QColor& color, qreal breadth, qreal inset) {
-            const qreal middle = inset + breadth / 2;
-            painter.setPen(QPen(color, breadth));
-            draw(QRectF(picture).adjusted(middle, middle, -middle, -middle),
-                 std::max(0.0, m_cornerRadius - middle));
-        };
-        ring(parting(m_hoverOutline), lineBreadth, ringBreadth);
-        ring(m_hoverOutline, ringBreadth, 0);
+        painter.drawImage(picture.topLeft(), ring(picture.size()));
     } else if (m_image.isNull()) {
         painter.setPen(QPen(m_outline, 1));
         draw(QRectF(picture).adjusted(0.5, 0.5, -0.5, -0.5), m_cornerRadius - 0.5);

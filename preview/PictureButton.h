@@ -50,12 +50,14 @@ protected:
 private:
     void paintIcon(QPainter& painter) const;
     const QImage& painted(QSize points);
+    const QImage& ring(QSize points);
 
     QImage m_image;
     QImage m_icon;
     QImage m_painted;   ///< m_image with rounded corners and outline, in the size last painted
     QSize m_paintedFor; ///< in device pixels
     QRect m_unpainted;  ///< pixels of m_image that are not yet in m_painted
+    QImage m_ring;      ///< drawn once, as the picture under it may be a film
     QColor m_outline;
     QColor m_hoverOutline;
     QColor m_placeholder;

@@ -65,57 +65,74 @@ int cornerSide(qreal radius, qreal outlineWidth)
     return qCeil(std::max(radius, outlineWidth)) + 1;
 }
 
+/// The toolkit's own conversion would start threads for it.
+void putPixels(QImage& rounded, const QImage& picture, const QRect& part)
+{
+    const bool isOpaque = picture.format() == QImage::Format_RGB32;
+    if (!isOpaque && picture.format() != rounded.format()) {
+        putPixels(rounded, picture.convertToFormat(rounded.format()), part);
+        return;
+    }
+    const QRgb always = isOpaque ? 0xff000000U : 0;
+    for (int y = part.top(); y <= part.bottom(); ++y) {
+        const auto* from = reinterpret_cast<const QRgb*>(picture.constScanLine(y)) + part.left();
+        QRgb* to = reinterpret_cast<QRgb*>(rounded.scanLine(y)) + part.left();
+        std::transform(from, from + part.width(), to,
+                       [always](QRgb pixel) { return pixel | always; });
+    }
+}
+
 } // namespace
 
 QImage roundedPicture(const QImage& picture, qreal radius, const QColor& color, qreal width)
 {
-    if (picture.isNull())
-        return {};
-    QImage result = picture.convertToFormat(QImage::Format_ARGB32_Premultiplied);
-    if (result.devicePixelRatio() != 1)
-        result.setDevicePixelRatio(1);
-    const int right = result.width();
-    const int bottom = result.height();
+    QImage result;
+    if (!picture.isNull())
+        updateRounded(result, picture, picture.rect(), radius, color, width);
+    return result;
+}
+
+void updateRounded(QImage& rounded, const QImage& picture, const QRect& part, qreal radius,
+                   const QColor& color, qreal width)
+{
+    QRect changed = part;
+    if (rounded.size() != picture.size()) {
+        rounded = QImage(picture.size(), QImage::Format_ARGB32_Premultiplied);
+        changed = picture.rect();
+    }
+    putPixels(rounded, picture, changed);
+    const int edge = qCeil(width);
+    if (picture.rect().adjusted(edge, edge, -edge, -edge).contains(changed))
+        return; // no corner either, as these reach to the edges
+
+    const int right = picture.width();
+    const int bottom = picture.height();
     const int side = std::min({cornerSide(radius, width), right / 2, bottom / 2});
-    const Corners& corners = cornersOf(side, radius, color, width);
     // Each corner's position in the picture and in the small frame.
+    const QSize corner(side, side);
     const std::array<std::pair<QPoint, QPoint>, 4> places{
         {{{0, 0}, {0, 0}},
          {{right - side, 0}, {side, 0}},
          {{0, bottom - side}, {0, side}},
          {{right - side, bottom - side}, {side, side}}}};
-    QPainter painter(&result);
+    const Corners& corners = cornersOf(side, radius, color, width);
+    const qreal ratio = rounded.devicePixelRatio();
+    rounded.setDevicePixelRatio(1);
+    QPainter painter(&rounded);
+    painter.setClipRect(changed); // elsewhere they are there already
     painter.setCompositionMode(QPainter::CompositionMode_DestinationIn);
     for (const auto& [to, from] : places)
-        painter.drawImage(to, corners.mask, QRect(from, QSize(side, side)));
+        painter.drawImage(to, corners.mask, QRect(from, corner));
     painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
     for (const auto& [to, from] : places)
-        painter.drawImage(to, corners.outline, QRect(from, QSize(side, side)));
+        painter.drawImage(to, corners.outline, QRect(from, corner));
     const QRectF across(side, 0, right - 2 * side, width);
     const QRectF along(0, side, width, bottom - 2 * side);
-    for (const QRectF& edge :
+    for (const QRectF& line :
          {across, across.translated(0, bottom - width), along, along.translated(right - width, 0)})
-        painter.fillRect(edge, color);
-    return result;
-}
-
-bool patchRounded(QImage& rounded, const QImage& picture, const QRect& part, qreal radius,
-                  qreal outlineWidth)
-{
-    const int side = cornerSide(radius, outlineWidth);
-    const bool isOpaque = picture.format() == QImage::Format_RGB32;
-    if (rounded.size() != picture.size() ||
-        rounded.format() != QImage::Format_ARGB32_Premultiplied ||
-        !(isOpaque || picture.format() == rounded.format()) ||
-        !picture.rect().adjusted(side, side, -side, -side).contains(part))
-        return false;
-    for (int y = part.top(); y < part.top() + part.height(); ++y) {
-        const auto* from = reinterpret_cast<const QRgb*>(picture.constScanLine(y)) + part.left();
-        QRgb* to = reinterpret_cast<QRgb*>(rounded.scanLine(y)) + part.left();
-        std::transform(from, from + part.width(), to,
-                       [isOpaque](QRgb pixel) { return isOpaque ? pixel | 0xff000000U : pixel; });
-    }
-    return true;
+        painter.fillRect(line, color);
+    painter.end();
+    rounded.setDevicePixelRatio(ratio);
 }
 
 } // namespace lumbrix

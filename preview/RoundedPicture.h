@@ -15,9 +15,9 @@ namespace lumbrix
 /// ARGB32_Premultiplied; its device pixel ratio is 1. Null for a null picture.
 QImage roundedPicture(const QImage& picture, qreal radius, const QColor& outline,
                       qreal outlineWidth);
-/// Puts a part of the picture, which has changed there since, into what roundedPicture() made of
-/// it. False, and nothing done, where corners or the outline are in it.
-bool patchRounded(QImage& rounded, const QImage& picture, const QRect& part, qreal radius,
-                  qreal outlineWidth);
+/// Does the same in what was made so of an earlier picture, where only this part, in pixels, is
+/// another since; all of it where that had another size. Keeps the device pixel ratio.
+void updateRounded(QImage& rounded, const QImage& picture, const QRect& part, qreal radius,
+                   const QColor& outline, qreal outlineWidth);
 
 } // namespace lumbrix

@@ -267,26 +267,30 @@ void scalePart(QImage& scaled, const QRect& part, const QImage& piece, QSize sou
 std::vector<SampleRun> linesOfMoving(QSize source, QSize target)
 {
     constexpr int part = 3;
-    std::vector<SampleRun> runs;
+    std::vector<SampleRun> lines;
     if (!canScaleParts(source, target) || source.width() < target.width() ||
         source.height() < target.height() * part)
-        return runs;
-    const int count = source.height() / target.height() / part;
+        return lines;
+    // Lines beside each other are much alike: two that are apart stand for the others better than
+    // four that are not.
+    const int count = std::min(2, source.height() / target.height() / part);
     for (int i = 0; i < target.height(); ++i) {
         const SampleRun all = samplesOf(i, source.height(), target.height());
-        runs.push_back({all.first + (all.count - count) / 2, count});
+        for (int j = 0; j < count; ++j)
+            lines.push_back({all.first + all.count * (2 * j + 1) / (2 * count), 1});
     }
-    return runs;
+    return lines;
 }
 
 QImage scaledMoving(const QImage& lines, QSize source, QSize size, Arithmetic arithmetic)
 {
-    std::vector<SampleRun> runs = linesOfMoving(source, size);
-    int height = 0;
-    for (SampleRun& run : runs)
-        run.first = std::exchange(height, height + run.count);
-    if (runs.empty() || lines.size() != QSize(source.width(), height) || lines.depth() != 32)
+    const int height = static_cast<int>(linesOfMoving(source, size).size());
+    if (height == 0 || lines.size() != QSize(source.width(), height) || lines.depth() != 32)
         return {};
+    std::vector<SampleRun> runs;
+    const int count = height / size.height();
+    for (int i = 0; i < size.height(); ++i)
+        runs.push_back({i * count, count});
     const ScaleAxis columns(source.width(), size.width(), {0, size.width()}, channels, spare);
     QImage result(size, lines.format());
     if (!result.isNull())

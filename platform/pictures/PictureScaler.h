@@ -43,8 +43,8 @@ QRect sourceOfPart(const QRect& part, QSize source, QSize target);
 void scalePart(QImage& scaled, const QRect& part, const QImage& piece, QSize source,
                Arithmetic arithmetic = Arithmetic::Widest);
 
-/// What a picture of something that moves is made of: for each of its lines, in their order, the
-/// middle third of those that it stands for. Empty where that would be most of them.
+/// What a picture of something that moves is made of: for each of its lines, in their order, one or
+/// two of those that it stands for, each a run by itself. Empty where these are fewer than three.
 std::vector<SampleRun> linesOfMoving(QSize source, QSize target);
 /// The picture in this size. `lines` are those lines of the source, one below the other, of 32 bits
 /// a pixel; null where they are not, or where there are none.
