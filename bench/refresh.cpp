@@ -66,14 +66,27 @@ struct Costs {
     double frames = 0; ///< that an animated window showed a second
 };
 
+struct Turn {
+    Costs without; ///< with no preview up
+    Costs with;
+};
+
+/// A second each.
+struct Seen {
+    double copies = 0;
+    double paints = 0;
+    std::string requests;
+    std::map<QByteArray, double> paces; ///< repaints by title; an empty one is the hovered preview
+};
+
 class Refreshing
 {
 public:
-    explicit Refreshing(std::chrono::seconds period)
-        : m_period(period), m_desk({"bench_refresh",
-                                    DockKind::Plank,
-                                    Edge::Bottom,
-                                    {{1920, 1080}, WindowManager::Xfwm4, true}}),
+    Refreshing(std::chrono::seconds period, int turns)
+        : m_period(period), m_turns(turns), m_desk({"bench_refresh",
+                                                    DockKind::Plank,
+                                                    Edge::Bottom,
+                                                    {{1920, 1080}, WindowManager::Xfwm4, true}}),
           m_display(m_desk.display())
     {
         const auto find = [](const char* name) {
@@ -94,21 +107,31 @@ public:
                                 {windowSize, {20 + 30 * i, 20 + 10 * i}});
     }
 
-    void run()
+    /// The letters of the cases.
+    void run(const QString& cases)
     {
+        const auto isWanted = [&](QChar letter) { return cases.contains(letter); };
         std::printf(
-            "%d windows of %dx%d; every case is measured for %lld s. Yardsticks: copying all "
-            "their pictures\ntwice a second and nothing else; Plank and bamfdaemon; the "
-            "windows without previews\n",
-            windowCount, windowSize.width(), windowSize.height(),
+            "%d windows of %dx%d; every case is measured %d times for %lld s, and the medians are "
+            "told. Yardsticks:\ncopying all their pictures twice a second and nothing else; Plank "
+            "and bamfdaemon; the windows without previews\n",
+            windowCount, windowSize.width(), windowSize.height(), m_turns,
             static_cast<long long>(m_period.count()));
         measureBareCopies();
-        measureCase("(a) nothing changes", 0, {}, "0");
-        measureCase("(b) one window plays a film", 1, {}, "at least 25");
-        measureCase("(c) all play one", windowCount, {}, "at least 4");
-        measureCase("(d) all play one, the pointer is on a preview", windowCount, hoveredPreview,
-                    "at least 4");
-        measureSwitcher();
+        if (isWanted(u'a'))
+            measureCase("(a) nothing changes", 0, {}, "0");
+        if (isWanted(u'b'))
+            measureCase("(b) one window plays a film", 1, {}, "at least 25");
+        if (isWanted(u'c'))
+            measureCase("(c) all play one", windowCount, {}, "at least 4");
+        if (isWanted(u'd'))
+            measureCase("(d) all play one, the pointer is on a preview", windowCount,
+                        hoveredPreview, "at least 4");
+        if (isWanted(u's'))
+            measureSwitcher();
+        if (!isWanted(u'e'))
+            return;
+        hidePreviews();
         m_desk.startLumbrix();
         measureCase("(e) all play one, a preview is zoomed", windowCount, hoveredPreview,
                     "at least 4");
@@ -180,51 +203,100 @@ private:
             qFatal("%zu previews were expected, not %zu", count, m_display.previews().size());
     }
 
-    /// The aim is that of the previews of changing windows, in pictures a second.
-    void measureCase(const char* name, int animated, std::optional<std::size_t> hovered,
-                     const char* aim)
+    void showRow(std::optional<std::size_t> hovered)
+    {
+        showRow(*m_application, windowCount);
+        if (hovered)
+            m_display.moveTo(m_display.previews()[*hovered].geometry.center());
+    }
+
+    /// The same without and with previews.
+    Turn takeTurn(int animated, std::optional<std::size_t> hovered)
+    {
+        const auto wait = [this] { std::this_thread::sleep_for(m_period); };
+        hidePreviews();
+        const Costs without = spend(animated, wait);
+        showRow(hovered);
+        const Costs with = spend(animated, wait);
+        if (m_display.previews().size() != windowCount)
+            qFatal("the previews did not stay");
+        return {without, with};
+    }
+
+    /// By itself, as the server needs as much time to tell of requests and damage as for them.
+    Seen observe(int animated, std::optional<std::size_t> hovered)
     {
         hidePreviews();
-        const Costs without = spend(animated, [this] { std::this_thread::sleep_for(m_period); });
-
-        showRow(*m_application, windowCount);
+        showRow(hovered);
         const auto panels = m_display.previews();
-        if (hovered)
-            m_display.moveTo(panels[*hovered].geometry.center());
         RequestCounter counter(m_display.name(), m_desk.lumbrix().pid());
         PaintWatch watch(m_display.name());
-        const Costs with = spend(animated, [&] {
+        spend(animated, [&] {
             counter.clear();
             watch.clear();
             std::this_thread::sleep_for(m_period);
         });
         const auto counts = counter.counts();
-        if (m_display.previews().size() != windowCount)
-            qFatal("the previews did not stay");
-
         const double seconds = std::chrono::duration<double>(m_period).count();
+        Seen seen{static_cast<double>(counter.copies(counts)) / seconds,
+                  static_cast<double>(counter.paints(counts)) / seconds,
+                  counter.describe(counts),
+                  {}};
+        auto paces = pacesOf(watch);
+        for (std::size_t i = 0; i < panels.size(); ++i)
+            seen.paces[i == hovered ? QByteArray() : panels[i].title] = paces[panels[i].id];
+        return seen;
+    }
+
+    /// The aim is that of the previews of changing windows, in pictures a second.
+    void measureCase(const char* name, int animated, std::optional<std::size_t> hovered,
+                     const char* aim)
+    {
+        std::vector<Turn> turns;
+        for (int i = 0; i < m_turns; ++i)
+            turns.push_back(takeTurn(animated, hovered));
+        const auto each = [&](auto figureOf) {
+            std::vector<double> figures;
+            std::ranges::transform(turns, std::back_inserter(figures), figureOf);
+            std::ranges::sort(figures);
+            return figures;
+        };
+        const auto median = [&](auto figureOf) { return each(figureOf)[turns.size() / 2]; };
+        const auto serverShare = [](const Turn& turn) {
+            return turn.with.server - turn.without.server;
+        };
+        const auto both = [&](const Turn& turn) { return turn.with.lumbrix + serverShare(turn); };
+        const double lumbrix = median([](const Turn& turn) { return turn.with.lumbrix; });
+        const auto dock = median([](const Turn& turn) { return turn.with.dock; });
         Table table(name);
         if (animated != 0)
-            table.add("pictures a second that each window showed", with.frames, without.frames, "");
+            table.add("pictures a second that each window showed",
+                      median([](const Turn& turn) { return turn.with.frames; }),
+                      median([](const Turn& turn) { return turn.without.frames; }), "");
         const char* most = animated == 1 ? "at most 60" : animated == 0 ? "" : "at most 100";
-        table.add("processor time of Lumbrix", with.lumbrix, m_bare.lumbrix, "ms/s");
-        table.add("the X server's, because of the previews", with.server - without.server,
-                  m_bare.server, "ms/s");
-        table.add("both together", with.lumbrix + with.server - without.server,
-                  m_bare.lumbrix + m_bare.server, "ms/s", most);
+        table.add("processor time of Lumbrix", lumbrix, m_bare.lumbrix, "ms/s");
+        table.add("the X server's, because of the previews", median(serverShare), m_bare.server,
+                  "ms/s");
+        table.add("both together", median(both), m_bare.lumbrix + m_bare.server, "ms/s", most);
+        const auto all = each(both);
+        table.add("... in each turn", figure(all.front()) + " to " + figure(all.back(), "ms/s"));
         table.add("the compositor's, because of the previews",
-                  figure(with.compositor - without.compositor, "ms/s"));
-        table.add("Lumbrix beside Plank and bamfdaemon", with.lumbrix, with.dock, "ms/s");
-        table.add("Lumbrix with no preview up", without.lumbrix, without.dock, "ms/s", "", 2);
-        table.add("pictures copied a second",
-                  figure(static_cast<double>(counter.copies(counts)) / seconds), "", "",
-                  animated == 0 ? "0" : "");
-        table.add("images painted a second",
-                  figure(static_cast<double>(counter.paints(counts)) / seconds), "", "",
-                  animated == 0 ? "0" : "");
-        addPaces(table, watch, panels, animated, hovered, aim);
+                  figure(median([](const Turn& turn) {
+                             return turn.with.compositor - turn.without.compositor;
+                         }),
+                         "ms/s"));
+        table.add("Lumbrix beside Plank and bamfdaemon", lumbrix, dock, "ms/s");
+        table.add("Lumbrix with no preview up",
+                  median([](const Turn& turn) { return turn.without.lumbrix; }),
+                  median([](const Turn& turn) { return turn.without.dock; }), "ms/s", "", 2);
+        const char* none = animated == 0 ? "0" : "";
+        const Seen seen = observe(animated, hovered);
+        table.add("pictures copied a second", figure(seen.copies), "", "", none);
+        table.add("images painted a second", figure(seen.paints), "", "", none);
+        addPaces(table, seen, animated, aim);
         table.print();
-        std::printf("requests in %.0f s: %s\n", seconds, counter.describe(counts).c_str());
+        std::printf("requests in %lld s: %s\n", static_cast<long long>(m_period.count()),
+                    seen.requests.c_str());
     }
 
     /// How often something was drawn on each window; drawings in quick succession are one repaint.
@@ -245,20 +317,20 @@ private:
         return paces;
     }
 
-    void addPaces(Table& table, const PaintWatch& watch, const std::vector<Panel>& panels,
-                  int animated, std::optional<std::size_t> hovered, const char* aim) const
+    void addPaces(Table& table, const Seen& seen, int animated, const char* aim) const
     {
-        auto paces = pacesOf(watch);
         std::vector<double> moving;
         std::vector<double> still;
         const auto& windows = m_application->windows();
-        for (std::size_t i = 0; i < panels.size(); ++i) {
-            if (i == hovered)
-                continue;
-            const auto isAnimated = std::any_of(
-                windows.begin(), windows.begin() + animated,
-                [&](const AppWindow& window) { return window.title == panels[i].title; });
-            (isAnimated ? moving : still).push_back(paces[panels[i].id]);
+        for (const auto& [title, pace] : seen.paces) {
+            const auto isAnimated =
+                std::any_of(windows.begin(), windows.begin() + animated,
+                            [&](const AppWindow& window) { return window.title == title; });
+            if (title.isEmpty())
+                table.add("repaints a second of the hovered preview", figure(pace), "", "",
+                          "at least 20");
+            else
+                (isAnimated ? moving : still).push_back(pace);
         }
         const auto add = [&](const char* what, const std::vector<double>& each, const char* meant) {
             if (each.empty())
@@ -266,9 +338,6 @@ private:
             const auto [least, most] = std::ranges::minmax(each);
             table.add(what, figure(least) + " to " + figure(most), "", "", meant);
         };
-        if (hovered)
-            table.add("repaints a second of the hovered preview",
-                      figure(paces[panels[*hovered].id]), "", "", "at least 20");
         add("repaints a second of a changing window's preview", moving, aim);
         add("repaints a second of an unchanged window's preview", still, "0");
     }
@@ -312,6 +381,9 @@ private:
     }
 
     const std::chrono::seconds m_period;
+    /// The server does far more for the films than for their previews, and its pace changes from
+    /// one moment to the next: so with and without take turns.
+    const int m_turns;
     Desk m_desk;
     Display& m_display;
     int m_server = 0;
@@ -380,12 +452,17 @@ void measureCursor()
 
 int main(int argc, char** argv)
 {
-    const Program program(argc, argv,
-                          {{u"seconds"_s, u"How long each case is measured."_s, u"N"_s, u"10"_s},
-                           {u"cursor"_s, u"Only the cursor in a very large window."_s}});
-    const int seconds = program.number(u"seconds"_s);
-    if (!program.isSet(u"cursor"_s))
-        Refreshing{std::chrono::seconds(seconds)}.run();
-    measureCursor();
+    const Program program(
+        argc, argv,
+        {{u"seconds"_s, u"How long each case is measured each time."_s, u"N"_s, u"4"_s},
+         {u"turns"_s, u"How many times."_s, u"N"_s, u"5"_s},
+         {u"cases"_s, u"Which: a to e, s for xfwm4's switcher, f for a cursor in a large window."_s,
+          u"LETTERS"_s, u"abcdsef"_s}});
+    const QString cases = program.text(u"cases"_s);
+    if (cases != u"f")
+        Refreshing{std::chrono::seconds(program.number(u"seconds"_s)), program.number(u"turns"_s)}
+            .run(cases);
+    if (cases.contains(u'f'))
+        measureCursor();
     return 0;
 }
