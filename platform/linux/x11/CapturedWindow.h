@@ -68,9 +68,9 @@ public:
     static constexpr Seconds keepReduced = 600.0; ///< what a row comes up with, however old
     static constexpr Seconds keepWhole = 2.0;
     static constexpr Seconds keepPixmap = 2.0; ///< of a window that is not shown any more
-    /// Of the picture that stands for a large pixmap: more than three times as many as usual
+    /// Of the picture that stands for a large pixmap: two and a half times as many as usual
     /// previews have, of 16 bits each where it is opaque.
-    static constexpr int shelvedPixels = 100 * 1024;
+    static constexpr int shelvedPixels = 80 * 1024;
     /// The server serves nobody else while it copies, and a picture that is copied in several
     /// pieces may show two moments of a film: so only what is larger than usual screens is cut.
     static constexpr qint64 quickPixels = qint64{2} * 1024 * 1024;
