@@ -77,8 +77,7 @@ public:
     PreviewRow& row() { return m_row; }
     HoveredItem& hovered() { return m_hovered; }
     NotificationIntake& intake() { return m_intake; }
-    /// The previews shown, in strip order.
-    const std::vector<ScreenyViewPtr>& screenyViews() const { return m_row.previews(); }
+    const std::vector<ScreenyViewPtr>& screenyViews() const override { return m_row.previews(); }
     int indexOfScreenyView(const ScreenyView& preview) const override
     {
         return m_row.indexOf(preview);

@@ -9,6 +9,7 @@
 
 #include <memory>
 #include <optional>
+#include <vector>
 
 #include "platform/Workspace.h"
 #include "scripting/PlayerState.h"
@@ -59,6 +60,8 @@ public:
     virtual void removeAllScreenViews() = 0;
     /// Other windows of the row, which it had no room for.
     virtual void showMore() = 0;
+    /// The previews shown, in strip order.
+    virtual const std::vector<std::shared_ptr<ScreenyView>>& screenyViews() const = 0;
     /// Position among the previews shown; −1 when it is not one of them.
     virtual int indexOfScreenyView(const ScreenyView& preview) const = 0;
     /// Whether the numbers of the previews' Spaces tell something: not where all windows of the row

@@ -3,6 +3,8 @@
 
 #include "preview/ScreenyView.h"
 
+#include <algorithm>
+
 #include "model/EngineSettings.h"
 #include "platform/InputState.h"
 #include "platform/KeyboardLayout.h"
@@ -233,9 +235,8 @@ void ScreenyView::dismissWithoutRebirth()
 
 void ScreenyView::rebirth()
 {
-    hideZoom();
     // A watcher of this life must not show the zoom in the next.
-    cancelZoomWatcher();
+    endZoom();
     removeTrackingRect();
     removeShortcut();
     if (m_elementRef)
@@ -284,10 +285,17 @@ void ScreenyView::activateWindow()
         hideOthers(element->pid(), m_ports.workspace);
     if (m_iTunes)
         launchAgain(element->pid(), m_ports.workspace);
+    // A number key may have picked this one while the mouse is on another, whose zoom would cover
+    // the window.
+    const auto shown = m_host.screenyViews();
+    const bool isZoomShown = std::ranges::any_of(shown, [](const ScreenyViewPtr& each) {
+        return each->m_zoomWindow && each->m_zoomWindow->isFront();
+    });
     // The window needs a moment to come forward; without it the zoom would uncover what was before.
-    if (m_host.settings().zoomWindows && m_zoomWindow && m_zoomWindow->isFront())
+    if (m_host.settings().zoomWindows && isZoomShown)
         m_ports.runLoop.sleep(zoomActivationPause);
-    hideZoom();
+    for (const ScreenyViewPtr& each : shown)
+        each->endZoom();
     if (m_host.settings().closeOnClick)
         m_host.removeAllScreenViews();
 }

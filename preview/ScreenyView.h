@@ -135,6 +135,8 @@ public:
     void hideZoom();
     MAWindow* zoomWindow() const { return m_zoomWindow.get(); }
     bool isZoomed() const { return m_zoomWindow != nullptr; }
+    /// Also one that is still to come, until the mouse enters again.
+    void endZoom();
     /// Shows the window's whole screenshot in the zoomed view, where there are both.
     void updateZoom();
 

@@ -151,4 +151,10 @@ void ScreenyView::hideZoom()
     m_zoomWindow.reset();
 }
 
+void ScreenyView::endZoom()
+{
+    cancelZoomWatcher();
+    hideZoom();
+}
+
 } // namespace lumbrix

@@ -42,6 +42,7 @@ public:
             preview->rebirth();
     }
     void showMore() override { log += u"more"_s; }
+    const std::vector<ScreenyViewPtr>& screenyViews() const override { return previews; }
     int indexOfScreenyView(const ScreenyView& preview) const override
     {
         for (std::size_t i = 0; i < previews.size(); ++i)

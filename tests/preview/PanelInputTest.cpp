@@ -265,6 +265,18 @@ TEST_F(Panel, zoom_showsOnceThePointerRestsInside)
     EXPECT_EQ(shown(), QColor(Qt::red));
     preview->mouseExited();
     EXPECT_FALSE(preview->zoomWindow());
+
+    // A number key picks another one: neither what is zoomed nor what would be may cover it.
+    const ScreenyViewPtr picked = show();
+    for (const double wait : {0.05, 0.0}) {
+        preview->mouseEntered();
+        loop.advance(wait);
+        ASSERT_EQ(preview->isZoomed(), wait > 0);
+        qobject_cast<QAbstractButton*>(part(picked, "fastKeyButton"))->click();
+        loop.advance(1);
+        EXPECT_FALSE(preview->isZoomed()) << wait;
+        preview->mouseExited();
+    }
 }
 
 TEST_F(Panel, zoomWatcher_neverActsOnALaterLife)
