@@ -332,6 +332,7 @@ void LumbrixController::addDockObserver()
     observer.addNotification(dock, AX::MenuOpened, this);
     observer.addNotification(dock, AX::FocusedUIElementChanged, this);
     observer.addToRunLoop();
+    badger().badgeDockItems(); // not every Dock tells that its items have come
 }
 
 } // namespace lumbrix

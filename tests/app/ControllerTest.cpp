@@ -184,12 +184,17 @@ TEST_F(ControllerTest, dock_restarted_isObservedAgainAtLatestAfterThreeSeconds)
 {
     addApplication(u"Editor"_s, 1);
     start();
+    const auto& badges =
+        static_cast<const WinNumberBadger&>(*engine().companions().windowCountBadger).badgesArray();
+    ASSERT_EQ(badges.size(), 1U);
     desk.killDock();
     loop.advance(7);
     hover(u"Editor"_s);
     EXPECT_EQ(previews(), 0U);
     const Pid pid = desk.startDock();
     loop.advance(3.0);
+    ASSERT_EQ(badges.size(), 1U);
+    EXPECT_TRUE(badges.front()->window().isFront()) << "also where the Dock does not tell";
     ASSERT_TRUE(controller->dockObserver());
     EXPECT_TRUE(controller->dockObserver()->isEqualTo(pid));
     desk.leaveDock();
