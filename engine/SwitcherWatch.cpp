@@ -53,6 +53,7 @@ void SwitcherWatch::processListIconHovered(const Application& application,
         m.row.bringOut();
     }
     m_restingMouse = m.ports.inputState.mouseLocation();
+    m_leftMouseDowns = m.ports.inputState.leftMouseDowns();
     watch(element);
 }
 
@@ -69,24 +70,26 @@ void SwitcherWatch::tabExitCheck(const SWElementPtr& entry)
     if (SWElement::checkIfDockFocusedIsAXList(m.ports)) {
         followSwitcher(entry);
         const QPointF mouse = m.ports.inputState.mouseLocation();
-        const bool hasMoved = hasMouseMoved();
+        const bool isUsed = isMouseUsed();
         const auto previews = m.row.previews();
         for (const ScreenyViewPtr& preview : previews)
-            trackHover(*preview, hasMoved && contains(frameOf(*preview), mouse));
+            trackHover(*preview, isUsed && contains(frameOf(*preview), mouse));
         return;
     }
     // The switcher has closed. If the mouse is on a preview, that chooses its window.
     m.hovered.setShouldInstantShow(false);
-    if (hasMouseMoved())
+    if (isMouseUsed())
         m_dismissal.shouldInterceptClick(true, true);
     m_dismissal.removeAllScreenViews("the switcher has closed");
 }
 
 // A user who switches with the keyboard does not move the mouse, and the row may appear under it.
-// That must not activate another window than the selected one.
-bool SwitcherWatch::hasMouseMoved()
+// That must not activate another window than the selected one. A click is meant, though a switcher
+// that holds the mouse keeps it from the preview, and closes.
+bool SwitcherWatch::isMouseUsed()
 {
-    if (m_restingMouse != m.ports.inputState.mouseLocation())
+    platform::InputState& input = m.ports.inputState;
+    if (m_restingMouse != input.mouseLocation() || m_leftMouseDowns != input.leftMouseDowns())
         m_restingMouse.reset();
     return !m_restingMouse;
 }

@@ -7,6 +7,7 @@
 
 #include <QtCore/QPointF>
 
+#include <cstdint>
 #include <optional>
 
 #include "engine/Dismissal.h"
@@ -40,14 +41,15 @@ private:
     void watch(const SWElementPtr& entry);
     void tabExitCheck(const SWElementPtr& entry);
     void followSwitcher(const SWElementPtr& entry);
-    /// Whether the mouse has moved since the row appeared.
-    bool hasMouseMoved();
+    /// Whether the mouse has moved, or was clicked, since the row appeared.
+    bool isMouseUsed();
 
     const EngineContext m;
     Dismissal& m_dismissal;
     PreviewUpdater& m_updater;
     const HoverDelays* m_delays = nullptr;
     std::optional<QPointF> m_restingMouse; ///< the mouse position when the row appeared
+    std::uint32_t m_leftMouseDowns = 0;    ///< at that time
 };
 
 } // namespace lumbrix

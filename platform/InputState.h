@@ -40,6 +40,8 @@ public:
     virtual std::vector<MousePlace> mouseTrail() = 0;
     /// Bit 0 left, bit 1 right, bit 2 middle.
     virtual std::uint32_t pressedMouseButtons() = 0;
+    /// How often the left button was pressed so far, whoever got the click; wraps.
+    virtual std::uint32_t leftMouseDowns() = 0;
     /// The modifier keys held now, as ModifierFlag bits.
     virtual std::uint32_t modifierFlags() = 0;
 };

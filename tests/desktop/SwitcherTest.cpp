@@ -180,17 +180,29 @@ TEST_P(SwitcherTest, escape_leavesNothing_alsoWithTheMouseOnAPreview)
     }
 }
 
-TEST_P(SwitcherTest, click_picksThatWindow)
+TEST_P(SwitcherTest, click_picksThatWindow_alsoWithAMouseThatLayThere)
 {
     const Application& alpha = launch(u"alpha"_s, 2);
-    launch(u"beta"_s, 1);
+    Application& beta = launch(u"beta"_s, 1);
     open();
     ASSERT_TRUE(shows(alpha));
+    // The one that the switcher has not selected.
     moveOnto(alpha.windows()[0]);
-    display().click();
+    display().type({escapeKey});
     letGo();
-    EXPECT_TRUE(showsNothing());
-    EXPECT_TRUE(isActive(alpha.windows()[0]));
+    ASSERT_TRUE(showsNothing());
+    for (const bool layThere : {true, false}) {
+        ASSERT_TRUE(isActive(beta.windows()[0]));
+        open();
+        ASSERT_TRUE(shows(alpha));
+        if (!layThere)
+            moveOnto(alpha.windows()[1]);
+        display().click();
+        letGo();
+        EXPECT_TRUE(showsNothing());
+        EXPECT_TRUE(isActive(alpha.windows()[layThere ? 0 : 1]));
+        beta.activate(beta.windows()[0]);
+    }
 }
 
 TEST_P(SwitcherTest, maximisedWindows_areToldApart)

@@ -125,6 +125,13 @@ TEST_F(Switcher, release_picksThePreviewUnderTheMouse)
     loop.advance(0.1);
     EXPECT_EQ(shown(), u""_s);
     EXPECT_EQ(desk.activeApplication(), maps);
+
+    // A click there does, of which the switcher that it closes may be all that is seen.
+    open(0);
+    desk.with([](SimulatedState& state) { ++state.leftMouseDowns; });
+    desk.closeSwitcher();
+    loop.advance(0.1);
+    EXPECT_EQ(desk.activeApplication(), notes);
 }
 
 TEST_F(Switcher, clicks_belongToThePreviewUnderThem_whileTheSwitcherIsUp)

@@ -157,6 +157,7 @@ public:
     QPointF mouseLocation() override { return m_state.locked()->pointer; }
     std::vector<platform::MousePlace> mouseTrail() override;
     std::uint32_t pressedMouseButtons() override { return m_state.locked()->buttons; }
+    std::uint32_t leftMouseDowns() override { return m_state.locked()->leftMouseDowns; }
     std::uint32_t modifierFlags() override { return m_state.locked()->modifiers; }
 
 private:

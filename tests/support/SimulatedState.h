@@ -231,6 +231,7 @@ struct SimulatedState {
     /// Where it was before, and until when; the latest first.
     std::vector<std::pair<platform::Seconds, QPointF>> pointerBefore;
     std::uint32_t buttons = 0;
+    std::uint32_t leftMouseDowns = 0;
     std::uint32_t modifiers = 0;
     bool isAccessibilityEnabled = true;
     bool isAccessibilityGranted = true; ///< when the program asks for it

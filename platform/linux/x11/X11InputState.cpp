@@ -8,6 +8,8 @@
 #include "platform/linux/x11/PointSpace.h"
 #include "platform/linux/x11/PointerTrail.h"
 
+#include <xcb/xinput.h>
+
 #include <utility>
 
 namespace lumbrix::platform::x11
@@ -84,8 +86,16 @@ std::uint32_t X11InputState::modifierFlags()
 
 void X11InputState::handleEvent(const xcb_generic_event_t& event)
 {
-    if ((event.response_type & 0x7f) == XCB_MAPPING_NOTIFY)
+    const int type = event.response_type & 0x7f;
+    if (type == XCB_MAPPING_NOTIFY)
         m_isMappingDirty = true;
+    if (type != XCB_GE_GENERIC)
+        return;
+    // The watch of the pointer has these told, also while another program holds the mouse.
+    const auto& press = reinterpret_cast<const xcb_input_raw_button_press_event_t&>(event);
+    if (press.extension == m_events.extensions().xinput.majorOpcode &&
+        press.event_type == XCB_INPUT_RAW_BUTTON_PRESS && press.detail == 1)
+        ++m_leftMouseDowns;
 }
 
 void X11InputState::eventsHandled()

@@ -30,6 +30,7 @@ public:
     std::vector<MousePlace> mouseTrail() override; ///< no round trip
     QPoint pointer() const;                        ///< root pixels
     std::uint32_t pressedMouseButtons() override;
+    std::uint32_t leftMouseDowns() override { return m_leftMouseDowns; } ///< no round trip
     std::uint32_t modifierFlags() override;
 
     void handleEvent(const xcb_generic_event_t& event) override;
@@ -47,6 +48,7 @@ private:
     const PointSpace& m_points;
     const PointerTrail& m_trail;
     bool m_isMappingDirty = true; ///< event thread
+    std::atomic<std::uint32_t> m_leftMouseDowns = 0;
     std::atomic<std::uint32_t> m_optionMask;
     std::atomic<std::uint32_t> m_commandMask;
 };

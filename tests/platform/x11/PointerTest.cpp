@@ -148,6 +148,7 @@ TEST(Pointer, buttonsKeysAndPlace_areToldInPortTerms)
         EXPECT_TRUE(desk.waitFor([&, bits = bit] { return input.pressedMouseButtons() == bits; }));
         display.release(button);
     }
+    EXPECT_TRUE(desk.waitFor([&] { return input.leftMouseDowns() == 1; }));
 }
 
 TEST(Keys, heardWithAltOrSuperAlone_sayWhichWasHeldDown)
