@@ -59,8 +59,10 @@ constexpr int longPatienceMilliseconds = 5000;
 /// A preview queries several times in a row, and again on every update.
 constexpr Seconds shortestInterval = 0.3;
 
-/// Each player may need a thread to read its picture.
 constexpr std::size_t maximumPlayers = 50;
+/// How many pictures are read at once, each by a thread: one may take seconds. A player that comes
+/// and goes, or has several names, may be read for more than once.
+constexpr int maximumLoading = 4;
 
 QDBusMessage daemonCall(const QString& method)
 {
@@ -285,7 +287,7 @@ void MprisPlayers::updateArtwork(Player& player)
         player.known.artwork = {};
         return;
     }
-    if (!player.isLoading)
+    if (!player.isLoading && m_loading < maximumLoading)
         loadArtworkOf(player);
 }
 
@@ -301,6 +303,7 @@ void MprisPlayers::loadArtworkOf(Player& player)
         return;
     player.artworkKey = key;
     player.isLoading = true;
+    ++m_loading;
     const auto loaded =
         m_guard.ifAlive([this, key, owner = player.known.owner](const QImage& picture) {
             setArtwork(owner, key, picture);
@@ -314,6 +317,7 @@ void MprisPlayers::loadArtworkOf(Player& player)
 
 void MprisPlayers::setArtwork(const QString& owner, const QByteArray& key, const QImage& picture)
 {
+    --m_loading;
     for (const auto& [name, player] : m_players) {
         if (player->known.owner != owner || !player->isLoading)
             continue;
@@ -323,8 +327,10 @@ void MprisPlayers::setArtwork(const QString& owner, const QByteArray& key, const
                     qUtf8Printable(name));
         if (player->artworkKey == key)
             player->known.artwork = picture;
-        updateArtwork(*player); // the track may have changed meanwhile
     }
+    // Tracks may have changed meanwhile, and players may wait for their turn.
+    for (const auto& [name, player] : m_players)
+        updateArtwork(*player);
     publish();
 }
 

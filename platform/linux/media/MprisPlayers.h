@@ -74,6 +74,7 @@ private:
     RunLoop& m_runLoop;
     QDBusConnection m_bus;
     std::map<QString, PlayerPtr> m_players; ///< by bus name
+    int m_loading = 0;                      ///< pictures that are being read
     const MainThreadGuard m_guard;
 
     mutable std::mutex m_mutex;

@@ -6,14 +6,17 @@
 
 #include <QtCore/QCoreApplication>
 
+#include <algorithm>
 #include <atomic>
 
 #include "platform/StringLiterals.h"
 #include "platform/linux/media/LinuxAppleEvents.h"
+#include "platform/linux/media/MprisPlayers.h"
 #include "platform/qt/QtRunLoop.h"
 #include "tests/platform/linux/FakeTracker.h"
 #include "tests/platform/media/TestPlayer.h"
 #include "tests/support/Files.h"
+#include "tests/support/VirtualRunLoop.h"
 
 inline void PrintTo(const QString& text, std::ostream* out) { *out << text.toStdString(); }
 
@@ -245,6 +248,38 @@ TEST_F(PlayerEventsTest, crowdOfPlayers_isNotMetWhole)
     TestPlayer inItsPlace(m_bus.address(), u"rhythmbox"_s);
     EXPECT_TRUE(waitUntil([&] { return inItsPlace.questions() > 0; }));
     EXPECT_EQ(tooMany.questions(), 0);
+}
+
+// One may take seconds, and players may come and go, and change their tracks, meanwhile.
+TEST(MprisPlayersTest, pictures_areReadAFewAtATime)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(u"cover.png"_s);
+    ASSERT_TRUE(QImage(30, 20, QImage::Format_RGB32).save(path));
+    const PrivateBus bus;
+    VirtualRunLoop loop;
+    MprisPlayers players(loop, bus.connect(u"lumbrix"_s));
+    players.start();
+    std::vector<std::unique_ptr<TestPlayer>> them;
+    for (int i = 1; i <= 6; ++i) {
+        them.push_back(
+            std::make_unique<TestPlayer>(bus.address(), u"audacious.instance%1"_s.arg(i)));
+        for (const QString& title : {u"First"_s, u"Second"_s}) {
+            them.back()->set(track(u"Ann"_s, title, u"file://"_s + path));
+            EXPECT_TRUE(waitUntil([&] {
+                them.back()->set({}); // has it asked again if it was too slow
+                const auto all = players.players();
+                return std::ssize(all) == i && all.back().properties.name == title;
+            }));
+            EXPECT_EQ(loop.runningThreads("artwork"), std::min(i, 4));
+        }
+    }
+    EXPECT_TRUE(waitUntil([&] {
+        loop.runUntilIdle();
+        return std::ranges::all_of(players.players(), [](const MediaPlayer& player) {
+            return player.artwork.width() == 30;
+        });
+    }));
 }
 
 TEST_F(PlayerEventsTest, playerThatHangs_keepsNobodyWaiting)
