@@ -16,6 +16,9 @@ namespace lumbrix::platform
 namespace
 {
 
+/// Each of them, and each of its docks, is asked for all its items.
+constexpr std::size_t maximumPlanks = 10;
+
 const QString& plainName()
 {
     static const QString name = u"net.launchpad.plank"_s;
@@ -92,6 +95,8 @@ void PlankBus::call(const PlankPtr& plank, const QDBusMessage& message, Answer a
 
 void PlankBus::meet(const QString& name, const QString& owner)
 {
+    if (m_planks.size() >= maximumPlanks && name != plainName())
+        return;
     const auto plank = std::make_shared<Plank>();
     plank->owner = owner;
     m_planks[name] = plank;

@@ -202,6 +202,26 @@ TEST_F(PlankTest, items_withoutNumberOrPlace_areTamed)
     EXPECT_LT(std::abs(state->items.front().rect.x()), 0x10000);
 }
 
+// Each that is met is asked a lot, and anyone on the bus may own as many names as it likes.
+TEST_F(PlankTest, crowdOfPlanks_isNotMetWhole)
+{
+    const auto name = [](int i) { return u"net.launchpad.plank.crowd%1"_s.arg(i); };
+    QDBusConnection crowd = m_bus.connect(u"crowd"_s);
+    for (int i = 0; i < 10; ++i)
+        ASSERT_TRUE(crowd.registerService(name(i)));
+    addWindow(9, {0, 884, 1280, 140});
+    const auto join = [&](const QString& itsName, int x) {
+        return TestPlank(m_bus.connect(itsName), itsName,
+                         {{u"dock1"_s, dockAt(3, {x, 958}, {x + 60, 958})}});
+    };
+    const TestPlank tooMany = join(u"net.launchpad.plank.a"_s, 580);
+    crowd.unregisterService(name(0));
+    const TestPlank inItsPlace = join(u"net.launchpad.plank.b"_s, 700);
+    EXPECT_TRUE(sees(u"9:2 670,964 60x60"_s));
+    const TestPlank usual = join(u"net.launchpad.plank"_s, 820);
+    EXPECT_TRUE(sees(u"9:2 790,964 60x60"_s)) << "the one with the plain name is always met";
+}
+
 TEST_F(PlankTest, docks_ofSeveralPlanks_comeMoveAndGoByThemselves)
 {
     const QRect bottom(0, 884, 1280, 140);
