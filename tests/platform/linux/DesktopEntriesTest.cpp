@@ -108,4 +108,20 @@ TEST(DesktopEntriesTest, entries_are_found_by_what_windows_say)
     EXPECT_EQ(executable("fresh"), QString());
 }
 
+TEST(DesktopEntriesTest, entriesElsewhere_areForgottenOnceTheyAreMany)
+{
+    QTemporaryDir folder;
+    writeEntry(folder.path(), u"a"_s, "Name=A\nExec=a\n");
+    DesktopEntries entries({}, {}, [] { return 0.0; });
+    const auto named = [&](int name) { // each entry has more names than anyone can count
+        return entries.byPath(folder.path() + u"/."_s.repeated(name) + u"/a.desktop"_s);
+    };
+    const std::weak_ptr<const DesktopEntry> first = named(0);
+    ASSERT_TRUE(named(1));
+    EXPECT_EQ(named(0), first.lock()) << "it is read once";
+    for (int name = 2; name < 1100; ++name)
+        ASSERT_TRUE(named(name));
+    EXPECT_TRUE(first.expired());
+}
+
 } // namespace lumbrix::platform

@@ -188,18 +188,37 @@ TEST_F(PlankTest, items_ofAnEnlargedPlank_standWhereTheyAreDrawn)
 TEST_F(PlankTest, items_withoutNumberOrPlace_areTamed)
 {
     addWindow(9, {0, 884, 1280, 140});
-    TestPlank::Dock dock;
-    for (int i = 0; i < 400; ++i)
-        dock.items[u"file:///a/%1.desktop"_s.arg(i)] = {INT_MAX, INT_MIN};
-    const TestPlank plank(m_bus.connect(u"plank"_s), u"net.launchpad.plank"_s,
-                          {{u"dock1"_s, dock}});
-    ASSERT_TRUE(waitUntil([&] {
-        m_loop.advance(0.05);
-        return !m_plank.states().empty() && !m_plank.states().front()->items.empty();
-    }));
-    const DockStatePtr state = m_plank.states().front();
-    EXPECT_LE(state->items.size(), 120U);
-    EXPECT_LT(std::abs(state->items.front().rect.x()), 0x10000);
+    TestPlank plank(m_bus.connect(u"plank"_s), u"net.launchpad.plank"_s, {{u"dock1"_s, {}}});
+    /// Of the items in whose place the next ones come.
+    const auto firstOfRound = [&](int round) {
+        TestPlank::Dock dock;
+        for (int i = 100; i < 500; ++i)
+            dock.items[u"file:///a/%1/%2.desktop"_s.arg(round).arg(i)] = {INT_MAX, INT_MIN};
+        plank.docks[u"dock1"_s] = dock;
+        plank.tell(u"dock1"_s);
+        const QString sought = u"/a/%1/100.desktop"_s.arg(round);
+        DockItem first;
+        if (HasFailure())
+            return first;
+        EXPECT_TRUE(waitUntil([&] {
+            m_loop.advance(0.05);
+            for (const DockStatePtr& state : m_plank.states()) {
+                EXPECT_LE(state->items.size(), 120U);
+                for (const DockItem& item : state->items)
+                    if (item.desktopFile == sought)
+                        first = item;
+            }
+            return first.id != 0;
+        }));
+        return first;
+    };
+    const DockItem first = firstOfRound(0);
+    EXPECT_LT(std::abs(first.rect.x()), 0x10000);
+    firstOfRound(1);
+    EXPECT_EQ(firstOfRound(0).id, first.id) << "an item is itself when it comes back";
+    for (int round = 2; round < 10; ++round)
+        firstOfRound(round);
+    EXPECT_NE(firstOfRound(0).id, first.id) << "nothing is forgotten";
 }
 
 // Each that is met is asked a lot, and anyone on the bus may own as many names as it likes.

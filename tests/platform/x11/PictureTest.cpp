@@ -5,6 +5,7 @@
 
 #include "X11Desk.h"
 #include "platform/linux/x11/Connection.h"
+#include "platform/linux/x11/ImageCopier.h"
 #include "platform/pictures/PictureScaler.h"
 
 #include <QtCore/QCoreApplication>
@@ -357,6 +358,24 @@ TEST(Pictures, serverWithoutSharedMemory_handsThemOverTheSocket)
     X11Desk desk(session);
     Application app(session, u"alpha"_s);
     EXPECT_TRUE(desk.waitForColour(app.open("picture", Qt::red), Qt::red));
+}
+
+// As large as windows may be, one would take four gigabytes.
+TEST(Pictures, drawingOfNoScreensSize_isNotCopied)
+{
+    QString error;
+    const auto connection = Connection::open(
+        sharedSession({{1280, 1024}, WindowManager::Xfwm4, true}).display().name().toStdString(),
+        error);
+    ASSERT_TRUE(connection) << qPrintable(error);
+    const xcb_pixmap_t drawing = connection->newId();
+    xcb_create_pixmap(connection->get(), 24, drawing, connection->root(), 32000, 2200);
+    ImageCopier copier(*connection);
+    for (const auto& [height, size] : {std::pair(10, QSize(32000, 10)), {2200, QSize(0, 0)}}) {
+        const QRect rect(0, 0, 32000, height);
+        EXPECT_EQ(copier.copy(drawing, rect, 24).size(), size);
+        EXPECT_EQ(copier.copyLines(drawing, rect, 24, {{0, height}}).size(), size);
+    }
 }
 
 TEST(Pictures, compositorComingAndGoing_keepsPicturesLive)
