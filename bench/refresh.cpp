@@ -323,9 +323,9 @@ private:
         std::vector<double> still;
         const auto& windows = m_application->windows();
         for (const auto& [title, pace] : seen.paces) {
-            const auto isAnimated =
-                std::any_of(windows.begin(), windows.begin() + animated,
-                            [&](const AppWindow& window) { return window.title == title; });
+            const auto isAnimated = std::any_of(
+                windows.begin(), windows.begin() + animated,
+                [&name = title](const AppWindow& window) { return window.title == name; });
             if (title.isEmpty())
                 table.add("repaints a second of the hovered preview", figure(pace), "", "",
                           "at least 20");
