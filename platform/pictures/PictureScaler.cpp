@@ -288,6 +288,7 @@ QImage scaledMoving(const QImage& lines, QSize source, QSize size, Arithmetic ar
     if (height == 0 || lines.size() != QSize(source.width(), height) || lines.depth() != 32)
         return {};
     std::vector<SampleRun> runs;
+    runs.reserve(static_cast<std::size_t>(size.height()));
     const int count = height / size.height();
     for (int i = 0; i < size.height(); ++i)
         runs.push_back({i * count, count});
