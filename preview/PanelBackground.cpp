@@ -351,7 +351,10 @@ void PanelBackground::paintEvent(QPaintEvent*)
                           quint32(width()),
                           quint32(height()),
                           fixed(devicePixelRatioF()),
-                          quint32(m_hovered | m_marked << 1 | m_shaped << 2 | isBody << 3),
+                          quint32{m_hovered},
+                          quint32{m_marked},
+                          quint32{m_shaped},
+                          quint32{isBody},
                           quint32(part.width()),
                           quint32(part.height())};
     // Its bytes, as writing the numbers would take longer than the painting.
