@@ -253,6 +253,7 @@ private:
                      const char* aim)
     {
         std::vector<Turn> turns;
+        turns.reserve(static_cast<std::size_t>(m_turns));
         for (int i = 0; i < m_turns; ++i)
             turns.push_back(takeTurn(animated, hovered));
         const auto each = [&](auto figureOf) {
