@@ -97,9 +97,9 @@ const QImage& PictureButton::painted(QSize points)
     const QRect unpainted = std::exchange(m_unpainted, {});
     if (isKept && unpainted.isEmpty())
         return m_painted;
-    const QImage scaled = scaledPicture(m_image, pixels);
-    const bool isPart = isKept && pixels == m_image.size();
-    updateRounded(m_painted, scaled, isPart ? unpainted : scaled.rect(), radius, m_outline, ratio);
+    // What is unpainted is noted only while the picture is painted in its own size.
+    const QImage scaled = m_image.size() == pixels ? m_image : scaledPicture(m_image, pixels);
+    updateRounded(m_painted, scaled, isKept ? unpainted : scaled.rect(), radius, m_outline, ratio);
     m_painted.setDevicePixelRatio(ratio);
     m_paintedFor = pixels;
     return m_painted;

@@ -84,14 +84,6 @@ void putPixels(QImage& rounded, const QImage& picture, const QRect& part)
 
 } // namespace
 
-QImage roundedPicture(const QImage& picture, qreal radius, const QColor& color, qreal width)
-{
-    QImage result;
-    if (!picture.isNull())
-        updateRounded(result, picture, picture.rect(), radius, color, width);
-    return result;
-}
-
 void updateRounded(QImage& rounded, const QImage& picture, const QRect& part, qreal radius,
                    const QColor& color, qreal width)
 {

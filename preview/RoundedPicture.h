@@ -10,13 +10,11 @@
 namespace lumbrix
 {
 
-/// Rounds the corners of the picture and draws the outline inside its edges; both sizes in pixels.
-/// Only the edges are changed, so this costs little more than copying the picture. The result is
-/// ARGB32_Premultiplied; its device pixel ratio is 1. Null for a null picture.
-QImage roundedPicture(const QImage& picture, qreal radius, const QColor& outline,
-                      qreal outlineWidth);
-/// Does the same in what was made so of an earlier picture, where only this part, in pixels, is
-/// another since; all of it where that had another size. Keeps the device pixel ratio.
+/// Makes `rounded` the picture with its corners rounded and the outline drawn inside its edges;
+/// both sizes in pixels. Only the edges are changed, so this costs little more than copying the
+/// picture. The result is ARGB32_Premultiplied. Where it was made so of an earlier picture of this
+/// size, only `part`, in pixels, is made anew, and it keeps its device pixel ratio. The picture is
+/// not null.
 void updateRounded(QImage& rounded, const QImage& picture, const QRect& part, qreal radius,
                    const QColor& outline, qreal outlineWidth);
 

@@ -161,7 +161,8 @@ TEST_F(Panel, roundedPicture_looksLikeOneDrawnInOnePiece)
     for (const qreal ratio : {1.0, 2.0}) {
         const QColor outline(0, 0, 0, 64);
         const QImage source = picture({120, 81});
-        const QImage rounded = roundedPicture(source, 4 * ratio, outline, ratio);
+        QImage rounded;
+        updateRounded(rounded, source, source.rect(), 4 * ratio, outline, ratio);
         QImage expected(source.size(), QImage::Format_ARGB32_Premultiplied);
         expected.fill(Qt::transparent);
         QPainter painter(&expected);
