@@ -196,16 +196,11 @@ private:
         m_bare.lumbrix = milliseconds(own) / std::chrono::duration<double>(m_period).count();
     }
 
-    void showRow(const Application& application, std::size_t count)
-    {
-        if (!m_desk.hover(application) ||
-            !m_display.waitFor([&] { return m_display.previews().size() == count; }, 5s))
-            qFatal("%zu previews were expected, not %zu", count, m_display.previews().size());
-    }
-
     void showRow(std::optional<std::size_t> hovered)
     {
-        showRow(*m_application, windowCount);
+        if (!m_desk.hover(*m_application) ||
+            !m_display.waitFor([&] { return m_display.previews().size() == windowCount; }, 5s))
+            qFatal("%d previews were expected, not %zu", windowCount, m_display.previews().size());
         if (hovered)
             m_display.moveTo(m_display.previews()[*hovered].geometry.center());
     }
