@@ -66,11 +66,6 @@ struct Figures {
 
 double median(const std::vector<double>& values) { return quantile(values, 0.5); }
 
-double milliseconds(std::chrono::nanoseconds time)
-{
-    return std::chrono::duration<double, std::milli>(time).count();
-}
-
 class Many
 {
 public:
