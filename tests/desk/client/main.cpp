@@ -44,6 +44,13 @@ struct Animation {
     std::uint32_t frame = 0;
 };
 
+/// All windows draw at the same moments, as programs do that follow the screen. Drawn each by itself
+/// they would be composed each by itself, more often or less from one moment to the next.
+Clock::time_point nextBeat(Clock::time_point time, Clock::duration interval)
+{
+    return time + interval - time.time_since_epoch() % interval;
+}
+
 std::uint32_t lowerColour(std::uint32_t colour) { return (colour >> 1) & 0x7f7f7fU; }
 
 class Client
@@ -180,7 +187,7 @@ private:
             if (window == m_windows.end() || animation.due > now)
                 continue;
             paintFrame(window->second, ++animation.frame);
-            animation.due = std::max(animation.due + animation.interval, now);
+            animation.due = nextBeat(now, animation.interval);
             hasDrawn = true;
         }
         // A frame counts once it is on the screen.
@@ -346,11 +353,11 @@ private:
                 in >> framesPerSecond;
                 const std::uint32_t drawn = m_animations[index].frame;
                 m_animations.erase(index);
+                const auto interval =
+                    std::chrono::duration_cast<Clock::duration>(std::chrono::seconds(1)) /
+                    std::max(framesPerSecond, 1);
                 if (framesPerSecond > 0)
-                    m_animations[index] = {
-                        std::chrono::duration_cast<Clock::duration>(std::chrono::seconds(1)) /
-                            framesPerSecond,
-                        Clock::now()};
+                    m_animations[index] = {interval, nextBeat(Clock::now(), interval)};
                 else
                     paint(found->second);
                 return "frames " + std::to_string(drawn);
