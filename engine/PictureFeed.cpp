@@ -122,12 +122,12 @@ void PictureFeed::serve()
     if (due.empty())
         return;
     // A round may be in debt to the next one, but not to that after it.
-    const platform::Seconds interval = due.size() < 2 ? minInterval : roundInterval;
-    const platform::Seconds begin = std::max(m_lastRound + interval, m_freeAt - roundInterval);
+    const platform::Seconds interval = due.size() < 2 ? minInterval : roundIntervalFor(due);
+    const platform::Seconds begin = std::max(m_lastRound + interval, m_freeAt - interval);
     if (begin - now > moment)
         serveAt(begin);
     else
-        startRound(now, due);
+        startRound(now, due, interval);
 }
 
 std::optional<platform::Seconds> PictureFeed::noteRests(platform::Seconds now)
@@ -159,13 +159,25 @@ void PictureFeed::serveAt(platform::Seconds time)
     });
 }
 
-void PictureFeed::startRound(platform::Seconds now, const std::vector<Film*>& candidates)
+platform::Seconds PictureFeed::roundIntervalFor(const std::vector<Film*>& due) const
+{
+    platform::Seconds all = 0;
+    for (const Film* film : due) {
+        if (film->preview->isMouseInside())
+            return roundInterval;
+        all += costOf(*film);
+    }
+    return std::clamp(all, roundInterval, maxRoundInterval);
+}
+
+void PictureFeed::startRound(platform::Seconds now, const std::vector<Film*>& candidates,
+                             platform::Seconds interval)
 {
     m_lastRound = now;
     m_freeAt = std::max(m_freeAt, now);
     std::vector<Film*> taken;
     for (Film* film : candidates) {
-        if (!taken.empty() && m_freeAt >= now + roundInterval)
+        if (!taken.empty() && m_freeAt >= now + interval)
             break;
         taken.push_back(film);
         m_freeAt += costOf(*film);

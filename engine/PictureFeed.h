@@ -31,6 +31,10 @@ public:
     /// most about a picture is not copying it but having it composed with what is below, which is
     /// done once for all that are painted in the same moment.
     static constexpr platform::Seconds roundInterval = 0.045;
+    /// While none of them is under the mouse, a round takes all that are due, and the next comes
+    /// when the budget has them again: each is shown as often, in fewer moments. At most so far
+    /// apart.
+    static constexpr platform::Seconds maxRoundInterval = 0.2;
     /// What all previews together may have copied in a second, and what the rest of a picture's way
     /// to the screen counts for; of films of 1280×800 that makes eighty pictures.
     static constexpr double pixelsPerSecond = 1.7e8;
@@ -84,7 +88,10 @@ private:
     std::optional<platform::Seconds> noteRests(platform::Seconds now);
     /// What is due, that which comes first first.
     std::vector<Film*> candidates();
-    void startRound(platform::Seconds now, const std::vector<Film*>& candidates);
+    /// How far apart rounds are that take these.
+    platform::Seconds roundIntervalFor(const std::vector<Film*>& due) const;
+    void startRound(platform::Seconds now, const std::vector<Film*>& candidates,
+                    platform::Seconds interval);
     void capture(Film& film, platform::Seconds now);
     double costOf(const Film& film) const; ///< seconds of the budget
 
