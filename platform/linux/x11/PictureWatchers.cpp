@@ -3,7 +3,6 @@
 
 #include "platform/linux/x11/PictureWatchers.h"
 
-#include <atomic>
 #include <utility>
 #include <vector>
 
@@ -12,7 +11,7 @@ namespace lumbrix::platform::x11
 
 struct PictureWatchers::Watcher {
     std::function<void()> changed; ///< main thread; null once the subscription is gone
-    std::atomic<bool> isTold = false;
+    bool isTold = false; ///< and not called yet; guarded by the list
 };
 
 class PictureWatchers::Subscription final : public PictureSubscription
@@ -54,23 +53,33 @@ std::unique_ptr<PictureSubscription> PictureWatchers::add(xcb_window_t window,
 
 void PictureWatchers::tell(xcb_window_t window)
 {
+    {
+        const std::lock_guard lock(m_mutex);
+        const bool isCallDue = !m_told.empty();
+        const auto [begin, end] = m_watchers.equal_range(window);
+        for (auto it = begin; it != end; ++it)
+            if (!std::exchange(it->second->isTold, true))
+                m_told.push_back(it->second);
+        if (isCallDue || m_told.empty())
+            return;
+    }
+    // One call for all that are drawn on in the same moment, as films are.
+    m_runLoop.performOnMainThread([list = shared_from_this()] { list->callTold(); }, false);
+}
+
+void PictureWatchers::callTold()
+{
     std::vector<std::shared_ptr<Watcher>> told;
     {
         const std::lock_guard lock(m_mutex);
-        const auto [begin, end] = m_watchers.equal_range(window);
-        for (auto it = begin; it != end; ++it)
-            if (!it->second->isTold.exchange(true))
-                told.push_back(it->second);
+        told.swap(m_told);
+        for (const std::shared_ptr<Watcher>& watcher : told)
+            watcher->isTold = false;
     }
     for (const std::shared_ptr<Watcher>& watcher : told) {
-        m_runLoop.performOnMainThread(
-            [watcher] {
-                watcher->isTold = false;
-                // A copy, as the call may end the subscription.
-                if (const auto changed = watcher->changed)
-                    changed();
-            },
-            false);
+        // A copy, as the call may end the subscription.
+        if (const auto changed = watcher->changed)
+            changed();
     }
 }
 

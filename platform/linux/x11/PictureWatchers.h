@@ -10,6 +10,7 @@
 #include <memory>
 #include <mutex>
 #include <unordered_map>
+#include <vector>
 
 #include "platform/RunLoop.h"
 #include "platform/WindowServer.h"
@@ -32,10 +33,12 @@ public:
 private:
     struct Watcher;
     class Subscription;
+    void callTold();
 
     RunLoop& m_runLoop;
-    std::mutex m_mutex;
-    std::unordered_multimap<xcb_window_t, std::shared_ptr<Watcher>> m_watchers; // guarded
+    std::mutex m_mutex; // guards what follows
+    std::unordered_multimap<xcb_window_t, std::shared_ptr<Watcher>> m_watchers;
+    std::vector<std::shared_ptr<Watcher>> m_told; ///< to be called; a call is due unless empty
 };
 
 } // namespace lumbrix::platform::x11
