@@ -78,7 +78,7 @@ public:
     /// copying.
     virtual QImage captureWindow(WindowID window, QSize limit) = 0;
     /// The same, of a window that changes all the time, at less cost: the picture may be made of
-    /// some of its lines only, and is not the current one then, in what is known either.
+    /// some of its pixels only, and is not the current one then, in what is known either.
     virtual QImage captureMovingWindow(WindowID window, QSize limit)
     {
         return captureWindow(window, limit);

@@ -264,39 +264,18 @@ void scalePart(QImage& scaled, const QRect& part, const QImage& piece, QSize sou
     run({piece, from.topLeft(), columns, rows, scaled, part.topLeft()}, arithmetic);
 }
 
-std::vector<SampleRun> linesOfMoving(QSize source, QSize target)
+QSize samplesOfMoving(QSize source, QSize target)
 {
     constexpr int part = 3;
-    std::vector<SampleRun> lines;
-    if (!canScaleParts(source, target) || source.width() < target.width() ||
-        source.height() < target.height() * part)
-        return lines;
-    // Lines beside each other are much alike: two that are apart stand for the others better than
-    // four that are not.
-    const int count = std::min(2, source.height() / target.height() / part);
-    for (int i = 0; i < target.height(); ++i) {
-        const SampleRun all = samplesOf(i, source.height(), target.height());
-        for (int j = 0; j < count; ++j)
-            lines.push_back({all.first + all.count * (2 * j + 1) / (2 * count), 1});
+    // More across than down: a line that is read at all is read whole, as memory is.
+    for (const QSize each : {QSize(4, 3), QSize(3, 2), QSize(2, 2)}) {
+        const QSize samples(target.width() * each.width(), target.height() * each.height());
+        if (samples.width() < source.width() && samples.height() < source.height() &&
+            qint64{samples.width()} * samples.height() * part <=
+                qint64{source.width()} * source.height())
+            return samples;
     }
-    return lines;
-}
-
-QImage scaledMoving(const QImage& lines, QSize source, QSize size, Arithmetic arithmetic)
-{
-    const int height = static_cast<int>(linesOfMoving(source, size).size());
-    if (height == 0 || lines.size() != QSize(source.width(), height) || lines.depth() != 32)
-        return {};
-    std::vector<SampleRun> runs;
-    runs.reserve(static_cast<std::size_t>(size.height()));
-    const int count = height / size.height();
-    for (int i = 0; i < size.height(); ++i)
-        runs.push_back({i * count, count});
-    const ScaleAxis columns(source.width(), size.width(), {0, size.width()}, channels, spare);
-    QImage result(size, lines.format());
-    if (!result.isNull())
-        run({lines, {}, columns, ScaleAxis(runs), result, {}}, arithmetic);
-    return result;
+    return {};
 }
 
 QSize pixelsToDraw(QSize picture, QSize points, double pixelsPerPoint)

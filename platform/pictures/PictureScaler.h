@@ -8,10 +8,6 @@
 #include <QtCore/QSize>
 #include <QtGui/QImage>
 
-#include <vector>
-
-#include "platform/pictures/ScaleAxis.h"
-
 namespace lumbrix
 {
 
@@ -43,13 +39,10 @@ QRect sourceOfPart(const QRect& part, QSize source, QSize target);
 void scalePart(QImage& scaled, const QRect& part, const QImage& piece, QSize source,
                Arithmetic arithmetic = Arithmetic::Widest);
 
-/// What a picture of something that moves is made of: for each of its lines, in their order, one or
-/// two of those that it stands for, each a run by itself. Empty where these are fewer than three.
-std::vector<SampleRun> linesOfMoving(QSize source, QSize target);
-/// The picture in this size. `lines` are those lines of the source, one below the other, of 32 bits
-/// a pixel; null where they are not, or where there are none.
-QImage scaledMoving(const QImage& lines, QSize source, QSize size,
-                    Arithmetic arithmetic = Arithmetic::Widest);
+/// The size of the picture that one of something that moves may be made of, by scaling it: of some
+/// of the source's pixels, spread evenly over it, a whole number for each of the target's. Empty
+/// where these would be no small part of all. Any thread.
+QSize samplesOfMoving(QSize source, QSize target);
 
 /// How large, in pixels, to draw a picture that is to cover so many of the toolkit's points: as it
 /// is where only the rounding to whole points keeps it from fitting, as scaling by a single pixel

@@ -78,19 +78,6 @@ ScaleAxis::ScaleAxis(int sourceSize, int targetSize, SampleRun part, std::size_t
         m_longest = std::max(m_longest, samplesOf(target, sourceSize, targetSize).count);
 }
 
-ScaleAxis::ScaleAxis(const std::vector<SampleRun>& runs) : m_copies(1)
-{
-    for (const SampleRun& run : runs)
-        m_longest = std::max(m_longest, run.count);
-    m_weights.resize(static_cast<std::size_t>(m_longest) * runs.size());
-    m_next = m_weights.data();
-    for (const SampleRun& run : runs) {
-        ScaleSpan& span = m_spans.emplace_back(ScaleSpan{run.first, 0, m_next});
-        for (int i = 0; i < run.count; ++i)
-            append(span, fixedOne / run.count);
-    }
-}
-
 // Positions are counted in 1/target of a source sample, so the edges are exact. The running sum is
 // what is rounded, so the weights of a span add up to one.
 void ScaleAxis::average(ScaleSpan& span, std::int64_t i, std::int64_t source, std::int64_t target)

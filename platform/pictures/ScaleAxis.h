@@ -35,8 +35,6 @@ class ScaleAxis
 {
 public:
     ScaleAxis(int sourceSize, int targetSize, SampleRun part, std::size_t copies, int spare);
-    /// One with a span for each of these runs, all of whose samples count the same.
-    explicit ScaleAxis(const std::vector<SampleRun>& runs);
 
     const std::vector<ScaleSpan>& spans() const { return m_spans; }
     /// The longest of the whole axis; no span is more than one shorter.

@@ -212,7 +212,7 @@ QImage CapturedWindow::bring(const TrackedWindow& before, QSize limit, bool isMo
     if (isWhole && hasWhole)
         image = scaledOwn(whole.image, size);
     else if (isWhole && isMoving)
-        image = scaledOfLines(size, visible);
+        image = scaledOfSamples(size, visible);
     const bool isRough = !hasWhole && !image.isNull();
     if (image.isNull() && isWhole) {
         image = limit.isEmpty() ? copied(visible) : scaledInBands(size, visible);
@@ -306,12 +306,15 @@ QImage CapturedWindow::scaledInBands(QSize size, const QRect& visible)
     return result;
 }
 
-QImage CapturedWindow::scaledOfLines(QSize size, const QRect& visible)
+QImage CapturedWindow::scaledOfSamples(QSize size, const QRect& visible)
 {
-    const QImage picture = m_tools.copier.copyLines(m_pixmap.id(), visible, m_pixmap.depth(),
-                                                    linesOfMoving(visible.size(), size));
+    const QSize samples = samplesOfMoving(visible.size(), size);
+    if (samples.isEmpty())
+        return {};
+    const QImage picture =
+        m_tools.copier.copySamples(m_pixmap.id(), visible, m_pixmap.depth(), samples);
     m_copiedPixels += static_cast<quint64>(pixelsOf(picture.size()));
-    return scaledMoving(picture, visible.size(), size);
+    return scaledOwn(picture, size);
 }
 
 QImage CapturedWindow::copied(const QRect& rect)

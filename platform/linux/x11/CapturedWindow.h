@@ -112,8 +112,8 @@ private:
     /// that fails.
     void update(QImage& image, const QRegion& stale, const QRect& visible, const QImage* whole);
     QImage scaledInBands(QSize size, const QRect& visible);
-    /// Of some of the lines only; null where all are wanted, or the server cannot.
-    QImage scaledOfLines(QSize size, const QRect& visible);
+    /// Of some of the pixels only; null where all are wanted, or the server cannot.
+    QImage scaledOfSamples(QSize size, const QRect& visible);
     QImage copied(const QRect& rect);
     /// Takes the answer where something was drawn; whether that is most of it.
     bool settleDrawn(const QRect& visible);

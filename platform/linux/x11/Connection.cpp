@@ -7,6 +7,7 @@
 #include <xcb/composite.h>
 #include <xcb/damage.h>
 #include <xcb/randr.h>
+#include <xcb/render.h>
 #include <xcb/res.h>
 #include <xcb/shape.h>
 #include <xcb/shm.h>
@@ -82,6 +83,7 @@ QString Connection::queryExtensions()
         Row{&xcb_shm_id, &m_extensions.shm, nullptr},
         Row{&xcb_randr_id, &m_extensions.randr, nullptr},
         Row{&xcb_res_id, &m_extensions.resource, nullptr},
+        Row{&xcb_render_id, &m_extensions.render, nullptr},
     };
     for (const Row& row : rows)
         xcb_prefetch_extension_data(m_connection, row.id);
@@ -114,6 +116,9 @@ QString Connection::queryExtensions()
     if (m_extensions.randr.present)
         setVersion(m_extensions.randr,
                    reply(xcb_randr_query_version_reply, xcb_randr_query_version(c, 1, 5)));
+    if (m_extensions.render.present)
+        setVersion(m_extensions.render,
+                   reply(xcb_render_query_version_reply, xcb_render_query_version(c, 0, 11)));
     if (m_extensions.resource.present) {
         const auto resource = reply(xcb_res_query_version_reply, xcb_res_query_version(c, 1, 2));
         m_extensions.resource.present = resource != nullptr;

@@ -39,8 +39,8 @@ struct Extension {
 };
 
 struct Extensions {
-    Extension composite, damage, xfixes, xinput; // required
-    Extension shape, shm, randr, resource;       // optional
+    Extension composite, damage, xfixes, xinput;   // required
+    Extension shape, shm, randr, resource, render; // optional
 };
 
 /// Any thread may send requests and wait for their replies. Events are read by one thread only, and

@@ -170,7 +170,8 @@ private:
     std::vector<Segment> m_idle;    // guarded by m_mutex; the longest idle first
 };
 
-ImageCopier::ImageCopier(const Connection& connection) : m_connection(connection)
+ImageCopier::ImageCopier(const Connection& connection)
+    : m_connection(connection), m_sampler(connection)
 {
     if (connection.extensions().shm.atLeast(1, 2) && isLocal(connection))
         m_pool = std::make_shared<Pool>(connection);
@@ -208,47 +209,49 @@ QImage ImageCopier::copy(xcb_drawable_t drawable, const QRect& rect, int depth)
     return image;
 }
 
-QImage ImageCopier::copyLines(xcb_drawable_t drawable, const QRect& rect, int depth,
-                              const std::vector<SampleRun>& lines)
+QImage ImageCopier::copySamples(xcb_drawable_t drawable, const QRect& rect, int depth, QSize size)
 {
-    int height = 0;
-    for (const SampleRun& run : lines)
-        height += run.count;
-    const QSize size(rect.width(), height);
-    if (!m_pool || !m_pool->isUsable || !m_pool->isPixmapUsable || size.isEmpty() ||
-        pixelsOf(size) > maxPixels || !isDepthReadable(depth))
+    if (rect.isEmpty() || size.isEmpty() || pixelsOf(size) > maxPixels || !isDepthReadable(depth) ||
+        !m_sampler.canSample(depth))
         return {};
+    QImage image;
+    if (m_pool && m_pool->isUsable && m_pool->isPixmapUsable)
+        image = samplesInMemory(drawable, rect, depth, size);
+    return image.isNull() ? samplesCopied(drawable, rect, depth, size) : image;
+}
+
+QImage ImageCopier::samplesInMemory(xcb_drawable_t drawable, const QRect& rect, int depth,
+                                    QSize size)
+{
     const Segment segment = m_pool->take(static_cast<std::size_t>(pixelsOf(size)) * 4);
     if (!segment.pixels)
         return {};
     QImage image = m_pool->wrap(segment, size, formatOf(depth));
     xcb_connection_t* c = m_connection.get();
-    // Into a pixmap that lies in the segment, as the server takes much longer for a picture that it
-    // is asked for than for a copy.
     const xcb_pixmap_t target = m_connection.newId();
-    const xcb_gcontext_t context = m_connection.newId();
-    const std::uint32_t noExposures = 0;
-    xcb_shm_create_pixmap(c, target, drawable, static_cast<std::uint16_t>(size.width()),
-                          static_cast<std::uint16_t>(height), static_cast<std::uint8_t>(depth),
-                          segment.id, 0);
-    xcb_create_gc(c, context, target, XCB_GC_GRAPHICS_EXPOSURES, &noExposures);
-    const auto copy = [&](auto* request, const SampleRun& from, int to) {
-        return request(c, drawable, target, context, static_cast<std::int16_t>(rect.x()),
-                       static_cast<std::int16_t>(rect.y() + from.first), 0,
-                       static_cast<std::int16_t>(to), static_cast<std::uint16_t>(size.width()),
-                       static_cast<std::uint16_t>(from.count));
-    };
-    int at = 0;
-    for (const SampleRun& run : lines)
-        copy(xcb_copy_area, run, std::exchange(at, at + run.count));
-    // The last once more, as one that tells of its failure, which would be that of all.
-    const auto last = copy(xcb_copy_area_checked, lines.back(), height - lines.back().count);
-    xcb_free_gc(c, context);
+    const auto created = xcb_shm_create_pixmap_checked(
+        c, target, m_connection.root(), static_cast<std::uint16_t>(size.width()),
+        static_cast<std::uint16_t>(size.height()), static_cast<std::uint8_t>(depth), segment.id, 0);
+    const auto sampled = m_sampler.sample(drawable, rect, depth, target, size);
     xcb_free_pixmap(c, target);
-    if (m_connection.succeeded(last))
-        return image;
-    m_pool->isPixmapUsable = false; // servers that draw elsewhere than in memory have none
-    return {};
+    if (!m_connection.succeeded(created)) {
+        m_pool->isPixmapUsable = false; // servers that draw elsewhere than in memory have none
+        return {};
+    }
+    return m_connection.succeeded(sampled) ? image : QImage();
+}
+
+QImage ImageCopier::samplesCopied(xcb_drawable_t drawable, const QRect& rect, int depth, QSize size)
+{
+    xcb_connection_t* c = m_connection.get();
+    const xcb_pixmap_t target = m_connection.newId();
+    xcb_create_pixmap(c, static_cast<std::uint8_t>(depth), target, m_connection.root(),
+                      static_cast<std::uint16_t>(size.width()),
+                      static_cast<std::uint16_t>(size.height()));
+    const auto sampled = m_sampler.sample(drawable, rect, depth, target, size);
+    const QImage image = copy(target, QRect({}, size), depth);
+    xcb_free_pixmap(c, target);
+    return m_connection.succeeded(sampled) ? image : QImage();
 }
 
 void ImageCopier::releaseIdle()

@@ -9,11 +9,9 @@
 
 #include <xcb/xcb.h>
 
-#include <cstdint>
 #include <memory>
-#include <vector>
 
-#include "platform/pictures/ScaleAxis.h"
+#include "platform/linux/x11/PixelSampler.h"
 
 namespace lumbrix::platform::x11
 {
@@ -34,20 +32,23 @@ public:
     /// Depth 24 gives RGB32 whose unused byte holds anything, which painting would take for
     /// opacity; depth 32 gives ARGB32_Premultiplied.
     QImage copy(xcb_drawable_t drawable, const QRect& rect, int depth);
-    /// Only these lines of `rect`, one below the other. Null as well without any, and where the
-    /// server cannot.
-    QImage copyLines(xcb_drawable_t drawable, const QRect& rect, int depth,
-                     const std::vector<SampleRun>& lines);
+    /// A picture of this size, made of pixels that are spread evenly over `rect`. Null as well
+    /// where the server cannot.
+    QImage copySamples(xcb_drawable_t drawable, const QRect& rect, int depth, QSize size);
     /// Frees the memory of unused segments.
     void releaseIdle();
 
 private:
     struct Segment;
     class Pool;
+    /// Into a pixmap that lies in shared memory, or into one that is copied; null where that fails.
+    QImage samplesInMemory(xcb_drawable_t drawable, const QRect& rect, int depth, QSize size);
+    QImage samplesCopied(xcb_drawable_t drawable, const QRect& rect, int depth, QSize size);
     QImage copyThroughSocket(xcb_drawable_t drawable, const QRect& rect, QImage::Format format);
     bool isDepthReadable(int depth) const;
 
     const Connection& m_connection;
+    const PixelSampler m_sampler;
     std::shared_ptr<Pool> m_pool; ///< null: no shared memory
 };
 

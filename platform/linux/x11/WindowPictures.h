@@ -70,7 +70,7 @@ public:
     /// The picture of the window's visible bounds, reduced to what just fits into the limit
     /// (pixels) unless that is empty. The last one when it is not shown now; null when there is
     /// none, or no such window. While nothing was drawn, the same image again, without a request.
-    /// Of a window that moves it may be made of some of its lines only, and is not current then.
+    /// Of a window that moves it may be made of some of its pixels only, and is not current then.
     /// Any thread; a slow window delays only those who ask for the same one.
     QImage capture(xcb_window_t window, QSize limit = {}, bool isMoving = false);
     /// What is known without copying: perhaps an old picture, made to fit. Any thread; never waits.

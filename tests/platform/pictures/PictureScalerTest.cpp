@@ -168,33 +168,18 @@ TEST(PictureScaler, partScaledAgain_isThatOfTheWhole)
                  canScaleParts({900, 9000}, {90, 90}));
 }
 
-TEST(PictureScaler, pictureThatMoves_isTheAverageOfSomeOfItsLines)
+TEST(PictureScaler, pictureThatMoves_isMadeOfASmallPart_asManyForEachPixel)
 {
-    for (const QSize source : {QSize(1280, 800), QSize(613, 452)}) {
-        const QSize target(97, 61);
-        const std::vector<SampleRun> runs = linesOfMoving(source, target);
-        ASSERT_EQ(runs.size(), 2 * 61U);
-        QImage lines(source.width(), 2 * 61, QImage::Format_RGB32);
-        for (int at = 0; at < lines.height(); ++at) {
-            const auto [first, count] = runs[static_cast<std::size_t>(at)];
-            EXPECT_NEAR(first + 0.5, (at + 0.5) * source.height() / lines.height(), 1.5);
-            EXPECT_EQ(count, 1);
-            for (int x = 0; x < source.width(); ++x)
-                lines.setPixel(x, at,
-                               qRgb(x * 255 / source.width(), 4 * (at / 2), at % 2 ? 10 : 200));
-        }
-        const QImage result = scaledMoving(lines, source, target);
-        EXPECT_EQ(result, scaledMoving(lines, source, target, Arithmetic::Plain));
-        for (const QPoint each : {QPoint(0, 0), QPoint(40, 30), QPoint(96, 60)}) {
-            const QColor colour = result.pixelColor(each);
-            EXPECT_NEAR(colour.red(), (each.x() + 0.5) * 255 / target.width(), 2);
-            EXPECT_NEAR(colour.green(), 4 * each.y(), 1);
-            EXPECT_NEAR(colour.blue(), 105, 2);
-        }
-        EXPECT_TRUE(scaledMoving(lines.copy(0, 0, 40, 40), source, target).isNull());
+    for (const QSize target : {QSize(91, 57), QSize(214, 133), QSize(300, 187), QSize(360, 225)}) {
+        const QSize samples = samplesOfMoving({1280, 800}, target);
+        ASSERT_FALSE(samples.isEmpty());
+        EXPECT_EQ(samples.width() % target.width() + samples.height() % target.height(), 0);
+        EXPECT_GE(samples.width(), 2 * target.width());
+        EXPECT_LE(samples.width() * samples.height(), 1280 * 800 / 3);
     }
-    EXPECT_EQ(linesOfMoving({400, 300}, {100, 75}).size(), 75U);
-    EXPECT_TRUE(linesOfMoving({400, 300}, {200, 150}).empty());
+    EXPECT_EQ(samplesOfMoving({1280, 800}, {91, 57}), QSize(4 * 91, 3 * 57));
+    for (const QSize source : {QSize(640, 400), QSize(4000, 350), QSize(300, 9000), QSize(0, 0)})
+        EXPECT_TRUE(samplesOfMoving(source, {300, 187}).isEmpty()) << source.width();
 }
 
 TEST(PictureScaler, degenerateInput_givesNothingOrTheSourceItself)
