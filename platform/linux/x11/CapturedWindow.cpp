@@ -214,6 +214,7 @@ QImage CapturedWindow::bring(const TrackedWindow& before, QSize limit, bool isMo
     else if (isWhole && isMoving)
         image = scaledOfSamples(size, visible);
     const bool isRough = !hasWhole && !image.isNull();
+    m_drawn.send(); // together with what is copied now
     if (image.isNull() && isWhole) {
         image = limit.isEmpty() ? copied(visible) : scaledInBands(size, visible);
     } else if (!isWhole) {
@@ -311,8 +312,8 @@ QImage CapturedWindow::scaledOfSamples(QSize size, const QRect& visible)
     const QSize samples = samplesOfMoving(visible.size(), size);
     if (samples.isEmpty())
         return {};
-    const QImage picture =
-        m_tools.copier.copySamples(m_pixmap.id(), visible, m_pixmap.depth(), samples);
+    const QImage picture = m_tools.copier.copySamples(m_pixmap.id(), visible, m_pixmap.depth(),
+                                                      samples, [this] { m_drawn.send(); });
     m_copiedPixels += static_cast<quint64>(pixelsOf(picture.size()));
     return scaledOwn(picture, size);
 }

@@ -19,7 +19,8 @@ constexpr int maxPieces = 6;
 
 DrawnRegion::~DrawnRegion()
 {
-    answer(); // or it would never be taken out of the queue
+    if (m_sent)
+        answer(); // or it would never be taken out of the queue
     if (m_region)
         xcb_xfixes_destroy_region(m_looks.get(), m_region);
 }
@@ -42,7 +43,9 @@ xcb_damage_damage_t DrawnRegion::forget()
 
 void DrawnRegion::ask()
 {
-    answer();
+    if (m_sent)
+        answer();
+    m_isAsked = false;
     const xcb_damage_damage_t damage = m_damage;
     if (!damage)
         return;
@@ -55,15 +58,22 @@ void DrawnRegion::ask()
         xcb_xfixes_set_region(c, m_region, 0, nullptr);
     }
     xcb_damage_subtract(c, damage, XCB_NONE, m_region);
-    m_asked = xcb_xfixes_fetch_region(c, m_region);
+    m_isAsked = true;
+}
+
+void DrawnRegion::send()
+{
+    if (std::exchange(m_isAsked, false))
+        m_sent = xcb_xfixes_fetch_region(m_looks.get(), m_region);
 }
 
 std::optional<QRegion> DrawnRegion::answer()
 {
-    const auto asked = std::exchange(m_asked, std::nullopt);
-    if (!asked)
+    send();
+    const auto sent = std::exchange(m_sent, std::nullopt);
+    if (!sent)
         return std::nullopt;
-    const auto reply = m_looks.reply(xcb_xfixes_fetch_region_reply, *asked);
+    const auto reply = m_looks.reply(xcb_xfixes_fetch_region_reply, *sent);
     if (!reply)
         return std::nullopt;
     const auto rect = [](const xcb_rectangle_t& r) { return QRect(r.x, r.y, r.width, r.height); };

@@ -37,10 +37,12 @@ public:
     /// What was watched; XCB_NONE: nothing.
     xcb_damage_damage_t forget();
 
-    // One thread at a time, in pairs.
-    /// From here on the next look counts. Waits for nothing: what is asked of the server next is
-    /// answered together with this.
+    // One thread at a time, in this order.
+    /// From here on the next look counts. Waits for nothing, as the next.
     void ask();
+    /// Has the answer sent, behind those to what was asked of the server before. Left out, it is
+    /// sent when it is waited for.
+    void send();
     /// Where something was drawn, from the inside of the frame's border; null when that is not
     /// known.
     std::optional<QRegion> answer();
@@ -50,7 +52,8 @@ private:
     const Connection& m_looks;
     std::atomic<xcb_damage_damage_t> m_damage = XCB_NONE;
     xcb_xfixes_region_t m_region = XCB_NONE;
-    std::optional<xcb_xfixes_fetch_region_cookie_t> m_asked;
+    bool m_isAsked = false;
+    std::optional<xcb_xfixes_fetch_region_cookie_t> m_sent;
 };
 
 } // namespace lumbrix::platform::x11

@@ -209,19 +209,20 @@ QImage ImageCopier::copy(xcb_drawable_t drawable, const QRect& rect, int depth)
     return image;
 }
 
-QImage ImageCopier::copySamples(xcb_drawable_t drawable, const QRect& rect, int depth, QSize size)
+QImage ImageCopier::copySamples(xcb_drawable_t drawable, const QRect& rect, int depth, QSize size,
+                                const std::function<void()>& beforeWaiting)
 {
     if (rect.isEmpty() || size.isEmpty() || pixelsOf(size) > maxPixels || !isDepthReadable(depth) ||
         !m_sampler.canSample(depth))
         return {};
     QImage image;
     if (m_pool && m_pool->isUsable && m_pool->isPixmapUsable)
-        image = samplesInMemory(drawable, rect, depth, size);
+        image = samplesInMemory(drawable, rect, depth, size, beforeWaiting);
     return image.isNull() ? samplesCopied(drawable, rect, depth, size) : image;
 }
 
 QImage ImageCopier::samplesInMemory(xcb_drawable_t drawable, const QRect& rect, int depth,
-                                    QSize size)
+                                    QSize size, const std::function<void()>& beforeWaiting)
 {
     const Segment segment = m_pool->take(static_cast<std::size_t>(pixelsOf(size)) * 4);
     if (!segment.pixels)
@@ -234,6 +235,8 @@ QImage ImageCopier::samplesInMemory(xcb_drawable_t drawable, const QRect& rect, 
         static_cast<std::uint16_t>(size.height()), static_cast<std::uint8_t>(depth), segment.id, 0);
     const auto sampled = m_sampler.sample(drawable, rect, depth, target, size);
     xcb_free_pixmap(c, target);
+    if (beforeWaiting)
+        beforeWaiting();
     if (!m_connection.succeeded(created)) {
         m_pool->isPixmapUsable = false; // servers that draw elsewhere than in memory have none
         return {};

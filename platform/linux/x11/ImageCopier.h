@@ -9,6 +9,7 @@
 
 #include <xcb/xcb.h>
 
+#include <functional>
 #include <memory>
 
 #include "platform/linux/x11/PixelSampler.h"
@@ -34,7 +35,9 @@ public:
     QImage copy(xcb_drawable_t drawable, const QRect& rect, int depth);
     /// A picture of this size, made of pixels that are spread evenly over `rect`. Null as well
     /// where the server cannot.
-    QImage copySamples(xcb_drawable_t drawable, const QRect& rect, int depth, QSize size);
+    /// `beforeWaiting` may ask the server for more, which is answered together with this.
+    QImage copySamples(xcb_drawable_t drawable, const QRect& rect, int depth, QSize size,
+                       const std::function<void()>& beforeWaiting = {});
     /// Frees the memory of unused segments.
     void releaseIdle();
 
@@ -42,7 +45,8 @@ private:
     struct Segment;
     class Pool;
     /// Into a pixmap that lies in shared memory, or into one that is copied; null where that fails.
-    QImage samplesInMemory(xcb_drawable_t drawable, const QRect& rect, int depth, QSize size);
+    QImage samplesInMemory(xcb_drawable_t drawable, const QRect& rect, int depth, QSize size,
+                           const std::function<void()>& beforeWaiting);
     QImage samplesCopied(xcb_drawable_t drawable, const QRect& rect, int depth, QSize size);
     QImage copyThroughSocket(xcb_drawable_t drawable, const QRect& rect, QImage::Format format);
     bool isDepthReadable(int depth) const;

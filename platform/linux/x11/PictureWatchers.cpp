@@ -11,7 +11,7 @@ namespace lumbrix::platform::x11
 
 struct PictureWatchers::Watcher {
     std::function<void()> changed; ///< main thread; null once the subscription is gone
-    bool isTold = false; ///< and not called yet; guarded by the list
+    bool isTold = false;           ///< and not called yet; guarded by the list
 };
 
 class PictureWatchers::Subscription final : public PictureSubscription
