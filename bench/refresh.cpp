@@ -139,7 +139,7 @@ private:
         const auto& windows = m_application->windows();
         for (int i = 0; i < animated; ++i)
             m_application->startAnimating(windows[static_cast<std::size_t>(i)], framesPerSecond);
-        std::this_thread::sleep_for(2s); // the beginning is not what is asked for
+        std::this_thread::sleep_for(1s); // the beginning is not what is asked for
         const auto times = [this] {
             return std::array{*processorTime(m_desk.lumbrix().pid()), *processorTime(m_server),
                               *processorTime(m_compositor),
@@ -391,8 +391,8 @@ int main(int argc, char** argv)
 {
     const Program program(
         argc, argv,
-        {{u"seconds"_s, u"How long each case is measured each time."_s, u"N"_s, u"4"_s},
-         {u"turns"_s, u"How many times."_s, u"N"_s, u"5"_s},
+        {{u"seconds"_s, u"How long each case is measured each time."_s, u"N"_s, u"3"_s},
+         {u"turns"_s, u"How many times."_s, u"N"_s, u"9"_s},
          {u"cases"_s, u"Which: a to e, s for xfwm4's switcher, f for a cursor in a large window."_s,
           u"LETTERS"_s, u"abcdsef"_s}});
     const QString cases = program.text(u"cases"_s);
