@@ -132,11 +132,15 @@ void RequestCounter::read(std::uint32_t client, const std::uint8_t* data, std::s
         const std::size_t start = std::exchange(at, at + std::size_t{length} * 4);
         if (client != baseOf(m_control)) {
             ++m_counts.requests[{major, minor}];
-            if (major == m_sharedMemory && minor == XCB_SHM_GET_IMAGE && at <= size) {
-                xcb_shm_get_image_request_t request{};
+            const auto addPixels = [&](auto request) {
                 std::memcpy(&request, data + start, sizeof(request));
                 m_counts.copiedPixels += std::uint64_t{request.width} * request.height;
-            }
+            };
+            const bool isCopy = major == m_sharedMemory && at <= size;
+            if (isCopy && minor == XCB_SHM_GET_IMAGE)
+                addPixels(xcb_shm_get_image_request_t{});
+            else if (isCopy && minor == XCB_SHM_CREATE_PIXMAP)
+                addPixels(xcb_shm_create_pixmap_request_t{});
         } else if (major == XCB_NO_OPERATION) {
             ++m_marksSeen;
             m_markSeen.notify_all();
@@ -184,7 +188,8 @@ std::uint64_t RequestCounter::shared(const Counts& counts, std::uint8_t minor) c
 
 std::uint64_t RequestCounter::copies(const Counts& counts) const
 {
-    return shared(counts, XCB_SHM_GET_IMAGE);
+    // What is picked out of a film goes into a pixmap that lies in shared memory.
+    return shared(counts, XCB_SHM_GET_IMAGE) + shared(counts, XCB_SHM_CREATE_PIXMAP);
 }
 
 std::uint64_t RequestCounter::paints(const Counts& counts) const
