@@ -44,8 +44,8 @@ struct Animation {
     std::uint32_t frame = 0;
 };
 
-/// All windows draw at the same moments, as programs do that follow the screen. Drawn each by itself
-/// they would be composed each by itself, more often or less from one moment to the next.
+/// All windows draw at the same moments, as programs do that follow the screen. Drawn each by
+/// itself they would be composed each by itself, more often or less from one moment to the next.
 Clock::time_point nextBeat(Clock::time_point time, Clock::duration interval)
 {
     return time + interval - time.time_since_epoch() % interval;
