@@ -163,9 +163,11 @@ platform::Seconds PictureFeed::roundIntervalFor(const std::vector<Film*>& due) c
 {
     platform::Seconds all = 0;
     for (const Film* film : due) {
-        if (film->preview->isMouseInside())
+        const platform::Seconds cost = costOf(*film);
+        // Large ones have the server copy for so long that all else waits: not many at once.
+        if (film->preview->isMouseInside() || cost > roundInterval / 2)
             return roundInterval;
-        all += costOf(*film);
+        all += cost;
     }
     return std::clamp(all, roundInterval, maxRoundInterval);
 }

@@ -122,6 +122,10 @@ TEST_F(PictureFeedTest, films_areFollowedWithinTheBudget_theHoveredOneFirst)
     EXPECT_LE(sum(rates), 20);
     EXPECT_GE(rates[0], 4);
     EXPECT_GE(std::ranges::min(rates), 1);
+    preview(hovered).mouseExited();
+    hover(u"Notes"_s);
+    rates = play(5);
+    EXPECT_GE(m_roundRate, 0.8 * sum(rates)) << "one by one";
 }
 
 TEST_F(PictureFeedTest, changedWindow_isShownAtOnce_whileItsRowIsUpAndPicturesAreAlive)
