@@ -31,9 +31,9 @@ public:
     /// most about a picture is not copying it but having it composed with what is below, which is
     /// done once for all that are painted in the same moment.
     static constexpr platform::Seconds roundInterval = 0.045;
-    /// While none of them is under the mouse, a round takes all that are due, and the next comes
-    /// when the budget has them again: each is shown as often, in fewer moments. At most so far
-    /// apart.
+    /// While none of them is under the mouse, or large, a round takes all that are due, and the
+    /// next comes when the budget has them again: each is shown as often, in fewer moments. At most
+    /// so far apart.
     static constexpr platform::Seconds maxRoundInterval = 0.2;
     /// What all previews together may have copied in a second, and what the rest of a picture's way
     /// to the screen counts for; of films of 1280×800 that makes eighty pictures.

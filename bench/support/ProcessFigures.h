@@ -13,12 +13,12 @@
 namespace lumbrix::bench
 {
 
-/// One thread, or several of the same name together.
 inline double milliseconds(std::chrono::nanoseconds time)
 {
     return std::chrono::duration<double, std::milli>(time).count();
 }
 
+/// One thread, or several of the same name together.
 struct ThreadFigures {
     int id = 0; ///< 0 for several
     std::string name;

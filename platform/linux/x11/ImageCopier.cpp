@@ -218,7 +218,7 @@ QImage ImageCopier::copySamples(xcb_drawable_t drawable, const QRect& rect, int 
     QImage image;
     if (m_pool && m_pool->isUsable && m_pool->isPixmapUsable)
         image = samplesInMemory(drawable, rect, depth, size, beforeWaiting);
-    return image.isNull() ? samplesCopied(drawable, rect, depth, size) : image;
+    return image.isNull() ? samplesCopied(drawable, rect, depth, size, beforeWaiting) : image;
 }
 
 QImage ImageCopier::samplesInMemory(xcb_drawable_t drawable, const QRect& rect, int depth,
@@ -237,14 +237,16 @@ QImage ImageCopier::samplesInMemory(xcb_drawable_t drawable, const QRect& rect, 
     xcb_free_pixmap(c, target);
     if (beforeWaiting)
         beforeWaiting();
-    if (!m_connection.succeeded(created)) {
+    // Both are taken, or the failure of one would wait for ever to be asked for.
+    const bool isCreated = m_connection.succeeded(created);
+    const bool isSampled = m_connection.succeeded(sampled);
+    if (!isCreated)
         m_pool->isPixmapUsable = false; // servers that draw elsewhere than in memory have none
-        return {};
-    }
-    return m_connection.succeeded(sampled) ? image : QImage();
+    return isSampled ? image : QImage();
 }
 
-QImage ImageCopier::samplesCopied(xcb_drawable_t drawable, const QRect& rect, int depth, QSize size)
+QImage ImageCopier::samplesCopied(xcb_drawable_t drawable, const QRect& rect, int depth, QSize size,
+                                  const std::function<void()>& beforeWaiting)
 {
     xcb_connection_t* c = m_connection.get();
     const xcb_pixmap_t target = m_connection.newId();
@@ -252,6 +254,8 @@ QImage ImageCopier::samplesCopied(xcb_drawable_t drawable, const QRect& rect, in
                       static_cast<std::uint16_t>(size.width()),
                       static_cast<std::uint16_t>(size.height()));
     const auto sampled = m_sampler.sample(drawable, rect, depth, target, size);
+    if (beforeWaiting)
+        beforeWaiting();
     const QImage image = copy(target, QRect({}, size), depth);
     xcb_free_pixmap(c, target);
     return m_connection.succeeded(sampled) ? image : QImage();

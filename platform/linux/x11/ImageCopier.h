@@ -47,7 +47,8 @@ private:
     /// Into a pixmap that lies in shared memory, or into one that is copied; null where that fails.
     QImage samplesInMemory(xcb_drawable_t drawable, const QRect& rect, int depth, QSize size,
                            const std::function<void()>& beforeWaiting);
-    QImage samplesCopied(xcb_drawable_t drawable, const QRect& rect, int depth, QSize size);
+    QImage samplesCopied(xcb_drawable_t drawable, const QRect& rect, int depth, QSize size,
+                         const std::function<void()>& beforeWaiting);
     QImage copyThroughSocket(xcb_drawable_t drawable, const QRect& rect, QImage::Format format);
     bool isDepthReadable(int depth) const;
 

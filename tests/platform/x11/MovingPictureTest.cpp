@@ -1,0 +1,105 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// Pictures of windows that move: made of a part of the pixels, with each kind of server.
+
+#include "X11Desk.h"
+#include "platform/linux/x11/Connection.h"
+#include "platform/linux/x11/ImageCopier.h"
+#include "platform/pictures/PictureScaler.h"
+
+namespace lumbrix::platform::x11
+{
+namespace
+{
+
+/// The extension that the server lacks, if any.
+class MovingPictures : public testing::TestWithParam<const char*>
+{
+protected:
+    static SessionOptions options()
+    {
+        SessionOptions result{{1280, 1024}, WindowManager::Openbox};
+        result.withoutExtension = QString::fromLatin1(GetParam());
+        return result;
+    }
+
+    const bool m_isSampled = QByteArray(GetParam()) != "RENDER";
+    Session m_session{options()};
+};
+
+TEST_P(MovingPictures, ofAWindow_areMadeOfAPart_andOfAllOnceItRests)
+{
+    constexpr QSize limit(243, 190);
+    RawWindow raw(m_session, {0, 0, 1200, 900});
+    raw.map();
+    X11Desk desk(m_session);
+    desk.waitForWindow(raw.id(), [](const TrackedWindow& window) { return window.isMapped; });
+    WindowPictures& pictures = desk.pictures();
+    std::uint64_t copied = 0;
+    const auto capture = [&](bool isMoving) {
+        const std::uint64_t before = pictures.copiedPixels();
+        const QImage picture = pictures.capture(raw.id(), limit, isMoving);
+        copied = pictures.copiedPixels() - before;
+        return picture;
+    };
+    QImage moving;
+    EXPECT_TRUE(desk.waitFor([&] {
+        raw.fill({0, 0, 1200, 900}, Qt::gray);
+        raw.fill({600, 450, 600, 450}, Qt::red);
+        moving = capture(true);
+        return moving.pixelColor(200, 150) == Qt::red && copied > 0;
+    }));
+    EXPECT_EQ(moving.pixelColor(40, 150), Qt::gray);
+    EXPECT_EQ(moving.pixelColor(200, 50), Qt::gray);
+    EXPECT_EQ(copied <= 1200U * 950 / 2, m_isSampled);
+    EXPECT_FALSE(m_isSampled && pictures.known(raw.id(), limit).isCurrent);
+    QImage exact = capture(false);
+    EXPECT_TRUE(!m_isSampled || copied >= 1200U * 900);
+    EXPECT_EQ(moving.size(), exact.size());
+    EXPECT_TRUE(desk.waitFor([&] { // its title bar may be drawn meanwhile
+        exact = capture(false);
+        return pictures.known(raw.id(), limit).isCurrent &&
+               exact == scaledPicture(pictures.capture(raw.id()), exact.size());
+    }));
+}
+
+TEST_P(MovingPictures, samples_areTheMiddlesOfEvenParts)
+{
+    QString error;
+    const auto connection = Connection::open(m_session.display().name().toStdString(), error);
+    ASSERT_TRUE(connection) << qPrintable(error);
+    xcb_connection_t* c = connection->get();
+    ImageCopier copier(*connection);
+    QImage drawn(40, 30, QImage::Format_ARGB32_Premultiplied);
+    for (int y = 0; y < drawn.height(); ++y)
+        for (int x = 0; x < drawn.width(); ++x)
+            drawn.setPixel(x, y, 0x80000000U | static_cast<QRgb>(x << 8 | y));
+    for (const std::uint8_t depth : {24, 32}) {
+        const xcb_pixmap_t drawing = connection->newId();
+        const xcb_gcontext_t context = connection->newId();
+        xcb_create_pixmap(c, depth, drawing, connection->root(), 40, 30);
+        xcb_create_gc(c, context, drawing, 0, nullptr);
+        xcb_put_image(c, XCB_IMAGE_FORMAT_Z_PIXMAP, drawing, context, 40, 30, 0, 0, 0, depth,
+                      static_cast<std::uint32_t>(drawn.sizeInBytes()), drawn.constBits());
+        const QImage samples = copier.copySamples(drawing, {10, 6, 20, 15}, depth, {4, 3});
+        ASSERT_EQ(samples.size(), m_isSampled ? QSize(4, 3) : QSize(0, 0));
+        const QRgb meant = depth == 24 ? 0x00ffffffU : 0xffffffffU;
+        for (int i = 0; i < samples.width() * samples.height(); ++i) {
+            const QPoint at(i % 4, i / 4);
+            const auto* line = reinterpret_cast<const QRgb*>(samples.constScanLine(at.y()));
+            EXPECT_EQ(line[at.x()] & meant, drawn.pixel(12 + 5 * at.x(), 8 + 5 * at.y()) & meant);
+        }
+    }
+    // Of what is gone there are none, and the next are had all the same.
+    EXPECT_TRUE(copier.copySamples(connection->newId(), {0, 0, 20, 20}, 24, {4, 4}).isNull());
+    EXPECT_EQ(copier.copySamples(connection->root(), {0, 0, 20, 20}, 24, {4, 4}).isNull(),
+              !m_isSampled);
+}
+
+// Servers that draw on the graphics card have no pixmaps in shared memory; that is tried by one
+// that has no shared memory at all.
+INSTANTIATE_TEST_SUITE_P(, MovingPictures, testing::Values("", "MIT-SHM", "RENDER"));
+
+} // namespace
+} // namespace lumbrix::platform::x11
