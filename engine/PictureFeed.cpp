@@ -33,6 +33,7 @@ void PictureFeed::follow(const ScreenyViewPtr& preview)
     film.preview = preview;
     film.window = window;
     // The film and its subscription end together, so what is told is of a film that there is.
+    film.cost = costOf(film);
     film.subscription = m_ports.windowServer.subscribeToPicture(
         window->wid(), [this, shown = preview.get(), window] { changed(*shown, window); });
 }
@@ -50,6 +51,7 @@ void PictureFeed::keepTo(const std::vector<ScreenyViewPtr>& previews)
         if (!preview->image().isNull() && !m_queue.holds(preview->elementRef()))
             follow(preview);
     for (Film& film : m_films) {
+        film.cost = costOf(film);
         if (film.isDue || film.isRough || showCurrent(film))
             continue;
         film.isDue = true;
@@ -86,7 +88,7 @@ void PictureFeed::changed(const ScreenyView& preview, const SWElementPtr& window
     serve();
 }
 
-double PictureFeed::costOf(const Film& film) const
+platform::Seconds PictureFeed::costOf(const Film& film) const
 {
     const auto bounds = m_ports.windowServer.windowBounds(film.window->wid());
     const double scale = film.preview->window()->devicePixelRatioF();
@@ -159,15 +161,14 @@ void PictureFeed::serveAt(platform::Seconds time)
     });
 }
 
-platform::Seconds PictureFeed::roundIntervalFor(const std::vector<Film*>& due) const
+platform::Seconds PictureFeed::roundIntervalFor(const std::vector<Film*>& due)
 {
     platform::Seconds all = 0;
     for (const Film* film : due) {
-        const platform::Seconds cost = costOf(*film);
         // Large ones have the server copy for so long that all else waits: not many at once.
-        if (film->preview->isMouseInside() || cost > roundInterval / 2)
+        if (film->preview->isMouseInside() || film->cost > roundInterval / 2)
             return roundInterval;
-        all += cost;
+        all += film->cost;
     }
     return std::clamp(all, roundInterval, maxRoundInterval);
 }
@@ -182,12 +183,47 @@ void PictureFeed::startRound(platform::Seconds now, const std::vector<Film*>& ca
         if (!taken.empty() && m_freeAt >= now + interval)
             break;
         taken.push_back(film);
-        m_freeAt += costOf(*film);
+        m_freeAt += film->cost;
     }
     m_wasOnlyHovered =
         candidates.size() > 1 && taken.size() == 1 && taken.front()->preview->isMouseInside();
-    for (Film* film : taken)
+    for (Film* film : drawMoving(taken, now))
         capture(*film, now);
+    if (m_underWay == 0) // else once it is done
+        serve();
+}
+
+std::vector<PictureFeed::Film*> PictureFeed::drawMoving(const std::vector<Film*>& films,
+                                                        platform::Seconds now)
+{
+    std::vector<Film*> others;
+    std::vector<Film*> moving;
+    std::vector<platform::PictureDrawing> drawings;
+    for (Film* film : films) {
+        // A zoomed one is needed whole.
+        auto surface = film->isMoving && !film->preview->isZoomed()
+                           ? film->preview->pictureSurface()
+                           : std::nullopt;
+        (surface ? moving : others).push_back(film);
+        if (surface)
+            drawings.push_back({film->window->wid(), std::move(*surface)});
+    }
+    if (moving.empty())
+        return others;
+    const std::vector<bool> drawn = m_ports.windowServer.drawMovingWindows(drawings);
+    for (std::size_t i = 0; i < moving.size(); ++i) {
+        Film& film = *moving[i];
+        if (!drawn[i]) {
+            others.push_back(&film);
+            continue;
+        }
+        film.preview->noteDrawnPicture();
+        film.isDue = false;
+        film.isRough = true;
+        film.last = now;
+        moveToEnd(film);
+    }
+    return others;
 }
 
 void PictureFeed::capture(Film& film, platform::Seconds now)
@@ -213,7 +249,11 @@ void PictureFeed::capture(Film& film, platform::Seconds now)
         serve();
     };
     m_queue.capture(film.window, wish, m_guard.ifAlive(arrived));
-    // The others come before it now.
+    moveToEnd(film);
+}
+
+void PictureFeed::moveToEnd(const Film& film)
+{
     const auto self =
         std::ranges::find_if(m_films, [&film](const Film& each) { return &each == &film; });
     m_films.splice(m_films.end(), m_films, self);

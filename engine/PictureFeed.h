@@ -73,7 +73,8 @@ private:
         bool isMoving = false; ///< it was drawn on again as soon as in a film
         bool isRough = false;  ///< what is shown is not exact
         bool isUnderWay = false;
-        platform::Seconds last = -1; ///< when it was captured last
+        platform::Seconds last = -1; ///< when it was captured, or drawn, last
+        platform::Seconds cost = 0;  ///< of the budget, of one picture
     };
 
     Film* find(const ScreenyView& preview, const SWElementPtr& window);
@@ -89,11 +90,14 @@ private:
     /// What is due, that which comes first first.
     std::vector<Film*> candidates();
     /// How far apart rounds are that take these.
-    platform::Seconds roundIntervalFor(const std::vector<Film*>& due) const;
+    static platform::Seconds roundIntervalFor(const std::vector<Film*>& due);
     void startRound(platform::Seconds now, const std::vector<Film*>& candidates,
                     platform::Seconds interval);
+    /// Has the server draw those that move onto their previews; the others, and those it cannot.
+    std::vector<Film*> drawMoving(const std::vector<Film*>& films, platform::Seconds now);
     void capture(Film& film, platform::Seconds now);
-    double costOf(const Film& film) const; ///< seconds of the budget
+    void moveToEnd(const Film& film); ///< the others come before it now
+    platform::Seconds costOf(const Film& film) const;
 
     const platform::Desktop& m_ports;
     const EngineSettings& m_settings;

@@ -8,6 +8,7 @@
 #include <QtCore/QSize>
 #include <QtCore/QString>
 #include <QtGui/QImage>
+#include <QtGui/QRegion>
 
 #include <cstdint>
 #include <functional>
@@ -43,6 +44,19 @@ enum class WindowListOption : std::uint32_t {
 struct KnownPicture {
     QImage image;           ///< null: nothing is known
     bool isCurrent = false; ///< no capture would bring anything else
+};
+
+/// A part of one of the toolkit's windows that shows a picture of another window. In pixels of the
+/// toolkit's window.
+struct PictureSurface {
+    std::uintptr_t toolkitWindow = 0;
+    bool isTranslucent = false; ///< its pixels have an opacity
+    QRect picture;              ///< where the whole picture lies
+    QRegion free;               ///< what of it nothing else lies on
+};
+struct PictureDrawing {
+    WindowID window = 0;
+    PictureSurface surface;
 };
 
 /// Interest in a window's picture, for as long as it exists.
@@ -82,6 +96,15 @@ public:
     virtual QImage captureMovingWindow(WindowID window, QSize limit)
     {
         return captureWindow(window, limit);
+    }
+    /// Has the server draw pictures of windows that change all the time onto windows of the
+    /// toolkit, in order with what the toolkit paints, at less cost still, as no pixels come here.
+    /// They are like those of captureMovingWindow(), in what is known too; what the toolkit paints
+    /// there later has to be newer. Waits for nothing once that has worked. Which of them are
+    /// drawn; the others are left as they are. Main thread.
+    virtual std::vector<bool> drawMovingWindows(const std::vector<PictureDrawing>& drawings)
+    {
+        return std::vector<bool>(drawings.size());
     }
     /// What is known of it without waiting for any copying, perhaps an old one made to fit.
     virtual KnownPicture knownPicture(WindowID window, QSize limit) = 0;

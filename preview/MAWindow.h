@@ -49,6 +49,8 @@ public:
     /// Whether it is ordered front: it is on the screen, or will be when it is no longer held or,
     /// for a backdrop, alone. A panel that isVisible() may be off the screen.
     bool isFront() const { return m_presence.isFront(); }
+    /// Whether it is on the screen and may be painted on.
+    bool isPaintable() const { return m_presence.isPaintable(); }
 
     /// If translucency is not blended, the panel is clipped to its rounded shape, or to the path of
     /// the shape source if there is one. Whether it is blended is checked each time the panel is

@@ -3,6 +3,7 @@
 
 #include "preview/PictureButton.h"
 
+#include <QtGui/QPaintEvent>
 #include <QtGui/QPainter>
 
 #include <algorithm>
@@ -33,6 +34,9 @@ PictureButton::PictureButton(QWidget* parent) : LXTransparentButtonCell(parent) 
 
 void PictureButton::setImage(const QImage& image)
 {
+    const bool isOvertaken = std::exchange(m_newest, nullptr) != nullptr;
+    if (isOvertaken)
+        update();
     if (m_image.cacheKey() == image.cacheKey())
         return;
     const QRect before = m_image.isNull() ? QRect() : pictureRect();
@@ -75,6 +79,34 @@ int PictureButton::iconSide() const
 {
     const QSize area = pixels();
     return static_cast<int>(iconPart * std::min(area.width(), area.height()));
+}
+
+void PictureButton::setOvertaken(std::function<QImage()> newest) { m_newest = std::move(newest); }
+
+void PictureButton::catchUp(const QRegion& painted)
+{
+    const QImage newest = m_newest();
+    if (newest.size() == m_image.size()) {
+        m_unpainted |= changedPart(m_image, newest);
+        m_image = newest;
+    }
+    // What is not painted now does not show this one either.
+    if (painted.contains(pictureRect()) && QRegion(pictureRect()).subtracted(painted).isEmpty())
+        m_newest = nullptr;
+}
+
+QRegion PictureButton::plainPart() const
+{
+    const qreal ratio = devicePixelRatioF();
+    const QRect rect = pictureRect();
+    const QPointF place = QPointF(rect.topLeft()) * ratio;
+    if (m_image.isNull() || isDown() || QPointF(place.toPoint()) != place ||
+        m_image.size() != pixelsToDraw(m_image.size(), rect.size(), ratio))
+        return {};
+    const bool isHovered = m_isHighlighted && isEnabled();
+    const qreal edge = (isHovered ? ringBreadth + lineBreadth : 1) * ratio;
+    const QRegion inner = innerPart(m_image.size(), m_cornerRadius * ratio, edge);
+    return isOpaque(m_image, inner) ? inner.translated(place.toPoint()) : QRegion();
 }
 
 QRect PictureButton::pictureRect() const
@@ -140,8 +172,10 @@ void PictureButton::paintIcon(QPainter& painter) const
     painter.drawImage(QRectF(place.topLeft().toPoint(), place.size()), m_icon);
 }
 
-void PictureButton::paintEvent(QPaintEvent*)
+void PictureButton::paintEvent(QPaintEvent* event)
 {
+    if (m_newest)
+        catchUp(event->region());
     QPainter painter(this);
     const QRect picture = pictureRect();
     if (!m_image.isNull())

@@ -5,6 +5,9 @@
 
 #include <QtGui/QColor>
 #include <QtGui/QImage>
+#include <QtGui/QRegion>
+
+#include <functional>
 
 #include "preview/Cells.h"
 
@@ -27,6 +30,14 @@ public:
     const QImage& image() const { return m_image; }
     /// Paints only where it differs from the picture that is shown. A null image clears the button.
     void setImage(const QImage& image);
+    /// Where the picture is nothing but the picture: without its edge, and the ring about it. In
+    /// pixels of the button; empty while it is not shown in its own size, or lets something
+    /// through.
+    QRegion plainPart() const;
+    /// The plain part shows a newer picture than image(), which somebody else has drawn there.
+    /// Where the button has to be painted now it asks `newest` for one, which may give a null
+    /// image.
+    void setOvertaken(std::function<QImage()> newest);
     /// The icon in the middle of an empty button; drawn as large as an icon of iconSide() pixels.
     /// Null: no icon.
     void setIcon(const QImage& icon);
@@ -49,6 +60,7 @@ protected:
 
 private:
     void paintIcon(QPainter& painter) const;
+    void catchUp(const QRegion& painted);
     const QImage& painted(QSize points);
     const QImage& ring(QSize points);
 
@@ -63,6 +75,7 @@ private:
     QColor m_placeholder;
     qreal m_cornerRadius = 0;
     bool m_isHighlighted = false;
+    std::function<QImage()> m_newest; ///< null: image() is what is seen
 };
 
 } // namespace lumbrix

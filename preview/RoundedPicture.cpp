@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <optional>
 #include <utility>
 
@@ -125,6 +126,45 @@ void updateRounded(QImage& rounded, const QImage& picture, const QRect& part, qr
         painter.fillRect(line, color);
     painter.end();
     rounded.setDevicePixelRatio(ratio);
+}
+
+QRegion innerPart(QSize size, qreal radius, qreal edge)
+{
+    const int inset = qCeil(edge);
+    const QRect inner = QRect({}, size).adjusted(inset, inset, -inset, -inset);
+    const qreal innerRadius = std::max(0.0, radius - inset);
+    const int corner = qCeil(innerRadius);
+    if (inner.width() <= 2 * corner || inner.height() <= 2 * corner)
+        return {};
+    QRegion part = inner.adjusted(0, corner, 0, -corner);
+    for (int row = 0; row < corner; ++row) {
+        // Of each pixel the corner that is farthest out has to be inside.
+        const qreal up = innerRadius - row;
+        const qreal along = std::sqrt(innerRadius * innerRadius - up * up);
+        const int cut = qCeil(innerRadius - along);
+        const QRect line(inner.left() + cut, inner.top() + row, inner.width() - 2 * cut, 1);
+        part += line;
+        part += line.translated(0, inner.height() - 1 - 2 * row);
+    }
+    return part;
+}
+
+bool isOpaque(const QImage& picture, const QRegion& part)
+{
+    if (!picture.hasAlphaChannel())
+        return true;
+    if (picture.format() != QImage::Format_ARGB32_Premultiplied)
+        return false;
+    return std::ranges::all_of(part, [&picture](const QRect& rect) {
+        for (int y = rect.top(); y <= rect.bottom(); ++y) {
+            const auto* line =
+                reinterpret_cast<const QRgb*>(picture.constScanLine(y)) + rect.left();
+            if (!std::all_of(line, line + rect.width(),
+                             [](QRgb pixel) { return qAlpha(pixel) == 255; }))
+                return false;
+        }
+        return true;
+    });
 }
 
 } // namespace lumbrix

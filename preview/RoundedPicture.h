@@ -6,6 +6,7 @@
 
 #include <QtGui/QColor>
 #include <QtGui/QImage>
+#include <QtGui/QRegion>
 
 namespace lumbrix
 {
@@ -17,5 +18,9 @@ namespace lumbrix
 /// not null.
 void updateRounded(QImage& rounded, const QImage& picture, const QRect& part, qreal radius,
                    const QColor& outline, qreal outlineWidth);
+/// Of a picture with rounded corners, the pixels inside an edge of this breadth; all in pixels.
+QRegion innerPart(QSize size, qreal radius, qreal edge);
+/// Whether all its pixels there are opaque. The region lies inside the picture.
+bool isOpaque(const QImage& picture, const QRegion& part);
 
 } // namespace lumbrix

@@ -18,6 +18,7 @@
 #include "model/SWElement.h"
 #include "platform/Desktop.h"
 #include "platform/RunLoop.h"
+#include "platform/WindowServer.h"
 #include "preview/HotKeyCenter.h"
 #include "preview/MAWindow.h"
 
@@ -59,6 +60,11 @@ public:
     /// Shows what was captured of the window; where there is nothing, a player shows a note
     /// instead.
     void setCapture(const QImage& capture);
+    /// Where pictures of the window may be drawn past the toolkit. Null while that would not look
+    /// the same: then they are to be set.
+    std::optional<platform::PictureSurface> pictureSurface() const;
+    /// One was drawn there, so image() is older than what is seen, until another is set.
+    void noteDrawnPicture();
     /// What stands for a window of which there is no picture: its application's icon, fitted into
     /// a square of iconSide() pixels. Shown while there is no picture, until the preview goes.
     void setIcon(const QImage& icon);

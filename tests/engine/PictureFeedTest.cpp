@@ -3,6 +3,8 @@
 
 // How the pictures of a row follow their windows, and what that may cost.
 
+#include <QtWidgets/QApplication>
+
 #include "preview/PictureView.h"
 #include "tests/engine/EngineFixture.h"
 
@@ -126,6 +128,52 @@ TEST_F(PictureFeedTest, films_areFollowedWithinTheBudget_theHoveredOneFirst)
     hover(u"Notes"_s);
     rates = play(5);
     EXPECT_GE(m_roundRate, 0.8 * sum(rates)) << "one by one";
+}
+
+TEST_F(PictureFeedTest, films_areDrawnByTheServerWhereItCan_andCapturedOnceTheyRest)
+{
+    addFilms(2, {100, 60});
+    hover(u"Notes"_s);
+    QApplication::processEvents(); // they are on the screen
+    desk.with([](SimulatedState& state) { state.drawsPictures = true; });
+    const std::size_t film = preview(0).elementRef()->wid() == m_windows[0] ? 0 : 1;
+    const auto drawings = [this] { return desk.drawings(m_windows[0]); };
+    const auto latest = [this] {
+        return desk.with(
+            [&](SimulatedState& state) { return state.window(m_windows[0])->version; });
+    };
+    EXPECT_LE(play(2)[0], 0.25) << "before it was known to move";
+    ASSERT_GE(drawings().size(), 60U);
+    EXPECT_NE(version(film), latest());
+    const auto plain = drawings().back();
+    EXPECT_EQ(plain.picture.size(), preview(film).image().size());
+
+    // Where the toolkit has to paint meanwhile, it is nothing that is older than what is seen.
+    movePointerTo(preview(film));
+    preview(film).mouseEntered();
+    preview(film).window()->grab();
+    EXPECT_EQ(version(film), latest());
+    play(1);
+    const auto hovered = drawings().back();
+    EXPECT_EQ(hovered.picture, plain.picture);
+    const auto liesWithin = [&](const platform::PictureSurface& surface, int edge) {
+        return plain.picture.adjusted(edge, edge, -edge, -edge)
+            .contains(surface.free.boundingRect());
+    };
+    EXPECT_TRUE(liesWithin(plain, 1)) << "its outline is drawn once";
+    EXPECT_FALSE(liesWithin(plain, 2));
+    EXPECT_TRUE(liesWithin(hovered, 4)) << "a ring is about it";
+
+    loop.advance(1);
+    EXPECT_EQ(version(film), latest());
+    EXPECT_TRUE(isExact(film));
+    const auto seen = drawings().size();
+    settings().zoomWindows = 1;
+    preview(film).mouseEntered();
+    loop.advance(0.4);
+    ASSERT_TRUE(preview(film).isZoomed());
+    EXPECT_GE(play(1)[0], 20) << "whole ones are needed";
+    EXPECT_EQ(drawings().size(), seen);
 }
 
 TEST_F(PictureFeedTest, changedWindow_isShownAtOnce_whileItsRowIsUpAndPicturesAreAlive)

@@ -7,6 +7,10 @@
 #include <QtGui/QPaintEvent>
 #include <QtWidgets/QApplication>
 
+#include <functional>
+#include <tuple>
+#include <vector>
+
 #include "preview/DisplayText.h"
 #include "preview/ElidedTitle.h"
 #include "preview/TitleLabel.h"
@@ -130,17 +134,87 @@ TEST_F(Panel, painting_happensOncePerChange_andNotWhileHeld)
     EXPECT_FALSE(preview->isHeld());
 }
 
+/// Where a widget was painted.
+struct Painted : QObject {
+    QRect area;
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        if (event->type() == QEvent::Paint)
+            area |= static_cast<QPaintEvent*>(event)->region().boundingRect();
+        return false;
+    }
+};
+
+TEST_F(Panel, pictureDrawnByOthers_isWithoutWhatLiesOnIt_andIsPaintedOverAsAWhole)
+{
+    const ScreenyViewPtr preview = show();
+    auto* const button = static_cast<QAbstractButton*>(part(preview, "image"));
+    const QSize size = preview->pictureLimit() - QSize(10, 6);
+    const QImage first = picture(size);
+    preview->setImage(first);
+    EXPECT_FALSE(preview->pictureSurface()) << "not on the screen yet";
+    QApplication::processEvents();
+    auto surface = preview->pictureSurface();
+    ASSERT_TRUE(surface);
+    EXPECT_EQ(surface->picture.size(), size);
+    const QRect shown(button->mapTo(preview->window(), QPoint(5, 3)), size);
+    EXPECT_EQ(surface->picture, shown);
+    EXPECT_TRUE(shown.contains(surface->free.boundingRect()));
+    EXPECT_FALSE(surface->free.contains(shown.topLeft() + QPoint(1, 1))) << "it is rounded";
+    EXPECT_TRUE(surface->free.contains(shown.center()));
+    preview->mouseEntered();
+    const QRegion close = part(preview, "closeButton")->geometry();
+    ASSERT_TRUE(close.intersects(surface->free));
+    EXPECT_FALSE(close.intersects(preview->pictureSurface()->free));
+    preview->mouseExited();
+
+    for (const auto& [what, begin, end] :
+         std::vector<std::tuple<const char*, std::function<void()>, std::function<void()>>>{
+             {"pressed", [&] { button->setDown(true); }, [&] { button->setDown(false); }},
+             {"a player", [&] { preview->setITunes(true); }, [&] { preview->setITunes(false); }},
+             {"scaled", [&] { preview->setImage(picture(size * 3)); },
+              [&] { preview->setImage(first); }},
+             {"translucent",
+              [&] {
+                  QImage glass(size, QImage::Format_ARGB32_Premultiplied);
+                  glass.fill(QColor(0, 0, 0, 100));
+                  preview->setImage(glass);
+              },
+              [&] { preview->setImage(first); }},
+             {"hidden", [&] { preview->window()->orderOut(); },
+              [&] {
+                  preview->orderFront();
+                  QApplication::processEvents();
+              }},
+         }) {
+        begin();
+        EXPECT_FALSE(preview->pictureSurface()) << what;
+        end();
+        EXPECT_TRUE(preview->pictureSurface()) << what;
+    }
+
+    Painted painted;
+    QApplication::processEvents();
+    button->installEventFilter(&painted);
+    QImage next = first;
+    next.setPixel(40, 30, qRgb(250, 200, 0));
+    preview->noteDrawnPicture();
+    button->update(20, 20, 5, 5);
+    QApplication::processEvents();
+    EXPECT_EQ(painted.area, QRect(20, 20, 5, 5));
+    preview->setImage(next);
+    QApplication::processEvents();
+    EXPECT_EQ(painted.area, button->rect()) << "elsewhere it showed another picture";
+    painted.area = {};
+    next.setPixel(41, 30, qRgb(250, 200, 0));
+    preview->setImage(next);
+    QApplication::processEvents();
+    EXPECT_EQ(painted.area.size(), QSize(1, 1));
+}
+
 TEST_F(Panel, pictureThatChangesInPart_isPaintedThere_andLooksAsIfItWereNew)
 {
-    struct Painted : QObject {
-        QRect area;
-        bool eventFilter(QObject*, QEvent* event) override
-        {
-            if (event->type() == QEvent::Paint)
-                area |= static_cast<QPaintEvent*>(event)->region().boundingRect();
-            return false;
-        }
-    } painted;
+    Painted painted;
     const ScreenyViewPtr preview = show();
     QWidget* const button = part(preview, "image");
     const QSize size = preview->pictureLimit() - QSize(10, 6);

@@ -97,6 +97,7 @@ public:
     std::vector<WindowID> stacking() { return m_state.locked()->stacking; } ///< front to back
     platform::ElementRef windowElement(WindowID window);
     int captures(WindowID window) { return m_state.locked()->window(window)->captures; }
+    auto drawings(WindowID window) { return m_state.locked()->window(window)->drawings; }
     void showSpace(int space) { m_state.locked()->showSpace(space); }
 
     // The Dock.

@@ -87,6 +87,9 @@ public:
     QImage captureWindow(WindowID window, QSize limit) override;
     /// Not exact: with more green in the first pixel.
     QImage captureMovingWindow(WindowID window, QSize limit) override;
+    /// Where the state says so; nothing is seen of it but what is noted of the window.
+    std::vector<bool>
+    drawMovingWindows(const std::vector<platform::PictureDrawing>& drawings) override;
     platform::KnownPicture knownPicture(WindowID window, QSize limit) override;
     std::unique_ptr<platform::PictureSubscription>
     subscribeToPicture(WindowID window, std::function<void()> changed) override;

@@ -104,6 +104,7 @@ struct SimulatedWindow {
     WindowID number = 0;
     Pid pid = 0;
     int captures = 0;
+    std::vector<platform::PictureSurface> drawings{}; ///< what it was drawn onto
     bool isToldOf = false; ///< that its picture has changed since the last capture
     QImage picture{};
 };
@@ -261,6 +262,7 @@ struct SimulatedState {
 
     /// Has those who watch the window's picture called, if it has changed, once until a capture.
     void tellPictureWatchers(WindowID number);
+    bool drawsPictures = false; ///< onto windows of the toolkit
     std::vector<std::shared_ptr<SimulatedPictureWatch>> pictureWatchers;
 
     std::vector<std::shared_ptr<SimulatedObservation>> observations;

@@ -128,6 +128,24 @@ QImage SimulatedWindowServer::captureMovingWindow(WindowID window, QSize limit)
     return picture;
 }
 
+std::vector<bool>
+SimulatedWindowServer::drawMovingWindows(const std::vector<platform::PictureDrawing>& drawings)
+{
+    const std::lock_guard lock(m_state.mutex);
+    std::vector<bool> drawn;
+    for (const auto& [window, surface] : drawings) {
+        SimulatedWindow* found = m_state.drawsPictures ? m_state.window(window) : nullptr;
+        drawn.push_back(found != nullptr);
+        if (!found)
+            continue;
+        found->drawings.push_back(surface);
+        found->isToldOf = false;
+        if (!found->picture.isNull())
+            found->picture.setPixel(0, 0, found->picture.pixel(0, 0) | 0x100U); // not current
+    }
+    return drawn;
+}
+
 platform::KnownPicture SimulatedWindowServer::knownPicture(WindowID window, QSize)
 {
     const std::lock_guard lock(m_state.mutex);

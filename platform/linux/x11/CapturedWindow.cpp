@@ -4,6 +4,7 @@
 #include "platform/linux/x11/CapturedWindow.h"
 
 #include "platform/linux/x11/Connection.h"
+#include "platform/linux/x11/PictureDrawer.h"
 #include "platform/linux/x11/PicturePieces.h"
 #include "platform/linux/x11/PointSpace.h"
 #include "platform/pictures/PictureScaler.h"
@@ -249,10 +250,39 @@ bool CapturedWindow::settleDrawn(const QRect& visible)
     const auto answer = m_drawn.answer();
     const QPoint origin = QPoint(m_pixmap.border(), m_pixmap.border()) - visible.topLeft();
     const QRegion drawn = answer ? answer->translated(origin) & all : QRegion(all);
+    noteStale(drawn);
+    return isMost(drawn, all.size());
+}
+
+void CapturedWindow::noteStale(const QRegion& drawn)
+{
     const std::lock_guard lock(m_mutex);
     m_reduced.stale += drawn;
     m_whole.stale += drawn;
-    return isMost(drawn, all.size());
+}
+
+bool CapturedWindow::draw(PictureDrawer& drawer, const PictureSurface& surface)
+{
+    const std::unique_lock turn(m_turn, std::try_to_lock);
+    if (!turn || !m_isDirty || m_needsNaming || !m_pixmap.id())
+        return false;
+    const TrackedWindowPtr window = m_tools.tracker.window(m_window);
+    if (!window || m_tools.policy.refuses(*window))
+        return false;
+    const QRect visible = visiblePart(*window);
+    const QSize size = surface.picture.size();
+    const QSize samples = samplesOfMoving(visible.size(), size);
+    if (samples.isEmpty() || fitted(visible.size(), size) != size)
+        return false;
+    // In this order, as in bring(): what is drawn meanwhile sets the flag again. No picture that is
+    // kept is current any more.
+    noteStale(QRect({}, visible.size()));
+    m_isDirty = false;
+    const bool isDrawn = m_drawn.clear(drawer.connection()) &&
+                         drawer.draw(m_pixmap.id(), m_pixmap.depth(), visible, samples, surface);
+    if (!isDrawn)
+        m_isDirty = true;
+    return isDrawn;
 }
 
 void CapturedWindow::update(QImage& image, const QRegion& stale, const QRect& visible,

@@ -24,6 +24,7 @@
 namespace lumbrix::platform::x11
 {
 
+class PictureDrawer;
 class PointSpace;
 
 /// What all windows are captured with. Outlives them. Any thread.
@@ -92,6 +93,9 @@ public:
     /// As WindowPictures has it.
     QImage capture(QSize limit, Seconds now, bool isMoving = false);
     KnownPicture known(QSize limit, Seconds now);
+    /// Has its picture drawn, as it is now, if something was drawn since the last look and nothing
+    /// has to be waited for; whether it is.
+    bool draw(PictureDrawer& drawer, const PictureSurface& surface);
     /// Whether a picture of bounded size stands for the pixmap, of which others are made.
     bool isShelved() const;
     /// Names the pixmap that the window has now, if it is another. Whether it is.
@@ -115,6 +119,7 @@ private:
     /// Of some of the pixels only; null where all are wanted, or the server cannot.
     QImage scaledOfSamples(QSize size, const QRect& visible);
     QImage copied(const QRect& rect);
+    void noteStale(const QRegion& drawn);
     /// Takes the answer where something was drawn; whether that is most of it.
     bool settleDrawn(const QRect& visible);
 

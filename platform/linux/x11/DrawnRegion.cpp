@@ -67,6 +67,16 @@ void DrawnRegion::send()
         m_sent = xcb_xfixes_fetch_region(m_looks.get(), m_region);
 }
 
+bool DrawnRegion::clear(xcb_connection_t* connection)
+{
+    const xcb_damage_damage_t damage = m_damage;
+    if (!damage)
+        return false;
+    const auto cleared = xcb_damage_subtract_checked(connection, damage, XCB_NONE, XCB_NONE);
+    xcb_discard_reply(connection, cleared.sequence);
+    return true;
+}
+
 std::optional<QRegion> DrawnRegion::answer()
 {
     send();

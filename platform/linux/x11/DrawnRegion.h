@@ -43,6 +43,10 @@ public:
     /// Has the answer sent, behind those to what was asked of the server before. Left out, it is
     /// sent when it is waited for.
     void send();
+    /// What was drawn until now counts as seen, wherever it was: asked on another connection, in
+    /// order with its requests, which knows the DAMAGE extension. Failures are not heard of there.
+    /// False when nothing is watched.
+    bool clear(xcb_connection_t* connection);
     /// Where something was drawn, from the inside of the frame's border; null when that is not
     /// known.
     std::optional<QRegion> answer();

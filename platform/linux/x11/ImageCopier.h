@@ -38,6 +38,7 @@ public:
     /// `beforeWaiting` may ask the server for more, which is answered together with this.
     QImage copySamples(xcb_drawable_t drawable, const QRect& rect, int depth, QSize size,
                        const std::function<void()>& beforeWaiting = {});
+    const PixelSampler& sampler() const { return m_sampler; }
     /// Frees the memory of unused segments.
     void releaseIdle();
 

@@ -45,6 +45,19 @@ xcb_render_pictformat_t PixelSampler::formatOf(int depth) const
     return depth == 24 ? m_opaque : depth == 32 ? m_translucent : xcb_render_pictformat_t{XCB_NONE};
 }
 
+xcb_render_transform_t PixelSampler::transformTo(QSize size, const QRect& rect)
+{
+    return {step(rect.width(), size.width()),
+            0,
+            rect.x() * fixedOne,
+            0,
+            step(rect.height(), size.height()),
+            rect.y() * fixedOne,
+            0,
+            0,
+            fixedOne};
+}
+
 xcb_void_cookie_t PixelSampler::sample(xcb_drawable_t drawable, const QRect& rect, int depth,
                                        xcb_drawable_t target, QSize size) const
 {
@@ -53,16 +66,7 @@ xcb_void_cookie_t PixelSampler::sample(xcb_drawable_t drawable, const QRect& rec
     const xcb_render_picture_t to = m_connection.newId();
     xcb_render_create_picture(c, from, drawable, formatOf(depth), 0, nullptr);
     xcb_render_create_picture(c, to, target, formatOf(depth), 0, nullptr);
-    const xcb_render_transform_t transform{step(rect.width(), size.width()),
-                                           0,
-                                           rect.x() * fixedOne,
-                                           0,
-                                           step(rect.height(), size.height()),
-                                           rect.y() * fixedOne,
-                                           0,
-                                           0,
-                                           fixedOne};
-    xcb_render_set_picture_transform(c, from, transform);
+    xcb_render_set_picture_transform(c, from, transformTo(size, rect));
     const auto sampled = xcb_render_composite_checked(
         c, XCB_RENDER_PICT_OP_SRC, from, XCB_NONE, to, 0, 0, 0, 0, 0, 0,
         static_cast<std::uint16_t>(size.width()), static_cast<std::uint16_t>(size.height()));

@@ -28,9 +28,12 @@ public:
     xcb_void_cookie_t sample(xcb_drawable_t drawable, const QRect& rect, int depth,
                              xcb_drawable_t target, QSize size) const;
 
-private:
+    /// On the server, for pixels of so many bits; XCB_NONE: it has none, or lacks the extension.
     xcb_render_pictformat_t formatOf(int depth) const;
+    /// What has a picture of a drawable show `rect` of it in this size.
+    static xcb_render_transform_t transformTo(QSize size, const QRect& rect);
 
+private:
     const Connection& m_connection;
     xcb_render_pictformat_t m_opaque = XCB_NONE;
     xcb_render_pictformat_t m_translucent = XCB_NONE;

@@ -119,6 +119,19 @@ KnownPicture WindowPictures::known(xcb_window_t id, QSize limit)
     return window->known(limit, now);
 }
 
+std::vector<bool> WindowPictures::draw(xcb_connection_t* connection,
+                                       const std::vector<PictureDrawing>& drawings)
+{
+    PictureDrawer drawer(m_tools.copier.sampler(), connection, m_captures.root(), m_drawing);
+    std::vector<bool> drawn;
+    drawn.reserve(drawings.size());
+    for (const auto& [id, surface] : drawings) {
+        const WindowPtr window = find(id);
+        drawn.push_back(window && window->draw(drawer, surface));
+    }
+    return drawn;
+}
+
 std::unique_ptr<PictureSubscription> WindowPictures::subscribe(xcb_window_t id,
                                                                std::function<void()> changed)
 {

@@ -22,6 +22,7 @@
 #include "platform/WindowServer.h"
 #include "platform/linux/x11/CapturedWindow.h"
 #include "platform/linux/x11/EventThread.h"
+#include "platform/linux/x11/PictureDrawer.h"
 #include "platform/linux/x11/PictureWatchers.h"
 #include "platform/linux/x11/WindowTracker.h"
 
@@ -75,6 +76,10 @@ public:
     QImage capture(xcb_window_t window, QSize limit = {}, bool isMoving = false);
     /// What is known without copying: perhaps an old picture, made to fit. Any thread; never waits.
     KnownPicture known(xcb_window_t window, QSize limit);
+    /// Has the server draw them by requests on this connection, which is another than those here.
+    /// Which of them are drawn. Main thread.
+    std::vector<bool> draw(xcb_connection_t* connection,
+                           const std::vector<PictureDrawing>& drawings);
     /// Calls `changed` when something was drawn since the last capture; soon, if it was already.
     /// Main thread.
     std::unique_ptr<PictureSubscription> subscribe(xcb_window_t window,
@@ -124,6 +129,7 @@ private:
     WindowTracker& m_tracker;
     CaptureTools m_tools;
     const std::shared_ptr<PictureWatchers> m_watchers;
+    PictureDrawer::State m_drawing;                              ///< main thread
     std::unordered_map<xcb_damage_damage_t, Damaged> m_byDamage; ///< event thread
     std::uint64_t m_copiesDropped = 0; ///< worker; the count when it last gave back what they took
 

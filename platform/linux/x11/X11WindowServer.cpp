@@ -41,6 +41,14 @@ int layerOf(WindowType type)
 
 int workspaceOf(const TrackedWindow& window) { return window.desktop < 0 ? 0 : window.desktop + 1; }
 
+/// The toolkit's own connection, where requests stay in order with its moving and painting; null
+/// without one.
+xcb_connection_t* toolkitConnection()
+{
+    auto* toolkit = qApp ? qApp->nativeInterface<QNativeInterface::QX11Application>() : nullptr;
+    return toolkit ? toolkit->connection() : nullptr;
+}
+
 } // namespace
 
 X11WindowServer::X11WindowServer(const WindowTracker& tracker, WindowPictures& pictures,
@@ -117,6 +125,13 @@ QImage X11WindowServer::captureMovingWindow(WindowID window, QSize limit)
     return m_pictures.capture(window, limit, true);
 }
 
+std::vector<bool> X11WindowServer::drawMovingWindows(const std::vector<PictureDrawing>& drawings)
+{
+    xcb_connection_t* connection = toolkitConnection();
+    return connection ? m_pictures.draw(connection, drawings)
+                      : WindowServer::drawMovingWindows(drawings);
+}
+
 KnownPicture X11WindowServer::knownPicture(WindowID window, QSize limit)
 {
     return m_pictures.known(window, limit);
@@ -159,17 +174,6 @@ int X11WindowServer::compositorsBegun() { return m_screens.compositorsBegun(); }
 /// The toolkit makes two round trips to show a window, each behind whatever the server is doing: a
 /// row of windows takes longer to show than to paint. It knows windows that others unmap and map
 /// again, as window managers do when they minimise one.
-namespace
-{
-/// The toolkit's own connection, where requests stay in order with its moving and painting; null
-/// without one.
-xcb_connection_t* toolkitConnection()
-{
-    auto* toolkit = qApp ? qApp->nativeInterface<QNativeInterface::QX11Application>() : nullptr;
-    return toolkit ? toolkit->connection() : nullptr;
-}
-} // namespace
-
 bool X11WindowServer::setOnScreen(std::uintptr_t toolkitWindow, bool onScreen)
 {
     xcb_connection_t* connection = toolkitConnection();

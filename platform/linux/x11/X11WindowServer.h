@@ -44,6 +44,7 @@ public:
     std::vector<WindowID> workspaceWindowList(int workspace) override;
     QImage captureWindow(WindowID window, QSize limit) override;
     QImage captureMovingWindow(WindowID window, QSize limit) override;
+    std::vector<bool> drawMovingWindows(const std::vector<PictureDrawing>& drawings) override;
     KnownPicture knownPicture(WindowID window, QSize limit) override;
     std::unique_ptr<PictureSubscription> subscribeToPicture(WindowID window,
                                                             std::function<void()> changed) override;

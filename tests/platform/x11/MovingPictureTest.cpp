@@ -3,6 +3,8 @@
 
 // Pictures of windows that move: made of a part of the pixels, with each kind of server.
 
+#include <QtCore/QCoreApplication>
+
 #include "X11Desk.h"
 #include "platform/linux/x11/Connection.h"
 #include "platform/linux/x11/ImageCopier.h"
@@ -62,6 +64,78 @@ TEST_P(MovingPictures, ofAWindow_areMadeOfAPart_andOfAllOnceItRests)
         return pictures.known(raw.id(), limit).isCurrent &&
                exact == scaledPicture(pictures.capture(raw.id()), exact.size());
     }));
+}
+
+TEST_P(MovingPictures, drawnOntoAWindow_areInTheirPlace_andTheNextChangeIsTold)
+{
+    constexpr QSize limit(243, 190);
+    RawWindow raw(m_session, {0, 0, 1200, 900});
+    raw.map();
+    X11Desk desk(m_session);
+    desk.waitForWindow(raw.id(), [](const TrackedWindow& window) { return window.isMapped; });
+    WindowPictures& pictures = desk.pictures();
+    ASSERT_TRUE(desk.waitFor([&] {
+        pictures.capture(raw.id(), limit);
+        return pictures.known(raw.id(), limit).isCurrent;
+    }));
+    const QPoint place(20, 10);
+    const QSize size = pictures.known(raw.id(), limit).image.size();
+    constexpr QRect bounds(50, 60, 300, 250);
+    RawWindow panel(m_session, bounds, true);
+    panel.map();
+    panel.fill({{}, bounds.size()}, Qt::blue);
+    const QRect hole(place + QPoint(30, 40), QSize(25, 20));
+    const PictureSurface surface{
+        panel.id(), false, {place, size}, QRegion(QRect(place, size)) - hole};
+    QString error;
+    const auto toolkit = Connection::open(m_session.display().name().toStdString(), error);
+    ASSERT_TRUE(toolkit) << qPrintable(error);
+    const auto draw = [&](xcb_window_t window, const PictureSurface& onto) -> bool {
+        return pictures.draw(toolkit->get(), {{window, onto}}).front();
+    };
+    int told = 0;
+    const auto subscription = pictures.subscribe(raw.id(), [&told] { ++told; });
+    const auto change = [&](const QColor& colour) {
+        const int before = told;
+        raw.fill({0, 0, 1200, 900}, Qt::gray);
+        raw.fill({600, 450, 600, 450}, colour);
+        return desk.waitFor([&] {
+            QCoreApplication::processEvents();
+            return told > before;
+        });
+    };
+    EXPECT_TRUE(desk.waitFor([&] { // once its title bar is there, nothing is new
+        pictures.capture(raw.id(), limit);
+        return !draw(raw.id(), surface);
+    }));
+    for (const QColor colour : {Qt::red, Qt::green}) {
+        ASSERT_TRUE(change(colour));
+        EXPECT_EQ(draw(raw.id(), surface), m_isSampled);
+        if (!m_isSampled)
+            return;
+        EXPECT_FALSE(pictures.known(raw.id(), limit).isCurrent);
+        EXPECT_FALSE(draw(raw.id(), surface)) << "nothing is new";
+        toolkit->reply(xcb_get_input_focus_reply, xcb_get_input_focus(toolkit->get()));
+        const QImage seen = desk.display().picture(bounds);
+        const auto at = [&](double x, double y) {
+            return seen.pixelColor(place + QPointF(x * size.width(), y * size.height()).toPoint());
+        };
+        EXPECT_EQ(at(0.75, 0.75), colour);
+        EXPECT_EQ(at(0.25, 0.75), Qt::gray);
+        EXPECT_EQ(at(0.75, 0.3), Qt::gray);
+        int misplaced = 0;
+        for (int y = 0; y < seen.height(); ++y)
+            for (int x = 0; x < seen.width(); ++x)
+                if ((seen.pixelColor(x, y) == Qt::blue) == surface.free.contains(QPoint(x, y)))
+                    ++misplaced;
+        EXPECT_EQ(misplaced, 0);
+    }
+    ASSERT_TRUE(change(Qt::red));
+    EXPECT_FALSE(draw(panel.id(), surface)) << "nothing is known of it";
+    EXPECT_FALSE(draw(raw.id(), {panel.id(), false, {place, size - QSize(0, 40)}, {}}))
+        << "it has another shape by now";
+    pictures.setPrivacy([](const TrackedWindow&) { return true; });
+    EXPECT_FALSE(draw(raw.id(), surface));
 }
 
 TEST_P(MovingPictures, samples_areTheMiddlesOfEvenParts)

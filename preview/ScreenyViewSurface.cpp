@@ -1,0 +1,50 @@
+// SPDX-FileCopyrightText: 2026 The Lumbrix developers
+// SPDX-License-Identifier: MIT
+
+// Pictures that somebody else draws on a preview.
+#include "preview/ScreenyView.h"
+
+#include <QtGui/QWindow>
+
+#include "preview/PanelBackground.h"
+#include "preview/PictureButton.h"
+
+namespace lumbrix
+{
+
+std::optional<platform::PictureSurface> ScreenyView::pictureSurface() const
+{
+    const QWindow* handle = m_window->windowHandle();
+    if (m_iTunes || m_iCal || !m_elementRef || m_image->isHidden() || !handle ||
+        !m_window->isPaintable())
+        return std::nullopt;
+    const qreal ratio = m_window->devicePixelRatioF();
+    const auto pixels = [ratio](const QRect& rect) {
+        return QRectF(QPointF(rect.topLeft()) * ratio, QSizeF(rect.size()) * ratio);
+    };
+    const QRectF button = pixels({m_image->mapTo(m_window.get(), QPoint()), m_image->size()});
+    const QPoint place = button.topLeft().toPoint();
+    if (QPointF(place) != button.topLeft())
+        return std::nullopt;
+    QRegion plain = m_image->plainPart().translated(place);
+    for (const QObject* child : m_background->children()) {
+        const auto* part = qobject_cast<const QWidget*>(child);
+        if (part && part != m_image && !part->isHidden())
+            plain -= pixels({part->mapTo(m_window.get(), QPoint()), part->size()}).toAlignedRect();
+    }
+    if (plain.isEmpty())
+        return std::nullopt;
+    const QRect picture(place + (QPointF(m_image->pictureRect().topLeft()) * ratio).toPoint(),
+                        m_image->image().size());
+    return platform::PictureSurface{m_window->internalWinId(), handle->format().hasAlpha(), picture,
+                                    plain};
+}
+
+void ScreenyView::noteDrawnPicture()
+{
+    m_image->setOvertaken([this] {
+        return m_elementRef ? m_elementRef->grabMovingWindow(pictureLimit()).image : QImage();
+    });
+}
+
+} // namespace lumbrix
