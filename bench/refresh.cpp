@@ -70,6 +70,7 @@ struct Turn {
 struct Seen {
     double copies = 0;
     double paints = 0;
+    double drawings = 0;
     std::string requests;
     std::map<QByteArray, double> paces; ///< repaints by title; an empty one is the hovered preview
 };
@@ -230,6 +231,7 @@ private:
         const double seconds = std::chrono::duration<double>(m_period).count();
         Seen seen{static_cast<double>(counter.copies(counts)) / seconds,
                   static_cast<double>(counter.paints(counts)) / seconds,
+                  static_cast<double>(counter.drawings(counts)) / seconds,
                   counter.describe(counts),
                   {}};
         auto paces = pacesOf(watch);
@@ -284,6 +286,7 @@ private:
         const Seen seen = observe(animated, hovered);
         table.add("pictures copied a second", figure(seen.copies), "", "", none);
         table.add("images painted a second", figure(seen.paints), "", "", none);
+        table.add("pictures drawn by the server a second", figure(seen.drawings), "", "", none);
         addPaces(table, seen, animated, aim);
         table.print();
         std::printf("requests in %lld s: %s\n", static_cast<long long>(m_period.count()),

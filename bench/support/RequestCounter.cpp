@@ -11,6 +11,7 @@
 #include <memory>
 #include <utility>
 #include <vector>
+#include <xcb/render.h>
 #include <xcb/shm.h>
 
 #include "support/ServerFigures.h"
@@ -71,8 +72,12 @@ RequestCounter::RequestCounter(const QByteArray& display, int pid)
         qFatal("process %d is not connected to the X server", pid);
     clients.push_back(baseOf(m_control));
     m_extensions = extensionsOf(m_control);
-    if (const auto* shm = xcb_get_extension_data(m_control, &xcb_shm_id); shm && shm->present)
-        m_sharedMemory = shm->major_opcode;
+    const auto majorOf = [this](xcb_extension_t& extension) {
+        const auto* data = xcb_get_extension_data(m_control, &extension);
+        return data && data->present ? data->major_opcode : std::uint8_t{0};
+    };
+    m_sharedMemory = majorOf(xcb_shm_id);
+    m_render = majorOf(xcb_render_id);
 
     xcb_record_range_t all{};
     all.core_requests = {1, firstExtension - 1};
@@ -180,22 +185,28 @@ std::uint64_t RequestCounter::total(const Counts& counts)
     return sum;
 }
 
-std::uint64_t RequestCounter::shared(const Counts& counts, std::uint8_t minor) const
+std::uint64_t RequestCounter::countOf(const Counts& counts, std::uint8_t major, std::uint8_t minor)
 {
-    const auto found = counts.requests.find({m_sharedMemory, minor});
+    const auto found = counts.requests.find({major, minor});
     return found == counts.requests.end() ? 0 : found->second;
 }
 
 std::uint64_t RequestCounter::copies(const Counts& counts) const
 {
     // What is picked out of a film goes into a pixmap that lies in shared memory.
-    return shared(counts, XCB_SHM_GET_IMAGE) + shared(counts, XCB_SHM_CREATE_PIXMAP);
+    return countOf(counts, m_sharedMemory, XCB_SHM_GET_IMAGE) +
+           countOf(counts, m_sharedMemory, XCB_SHM_CREATE_PIXMAP);
 }
 
 std::uint64_t RequestCounter::paints(const Counts& counts) const
 {
-    const auto core = counts.requests.find({XCB_PUT_IMAGE, 0});
-    return shared(counts, XCB_SHM_PUT_IMAGE) + (core == counts.requests.end() ? 0 : core->second);
+    return countOf(counts, m_sharedMemory, XCB_SHM_PUT_IMAGE) + countOf(counts, XCB_PUT_IMAGE, 0);
+}
+
+std::uint64_t RequestCounter::drawings(const Counts& counts) const
+{
+    // Each is kept within the part of the preview that shows nothing else; nothing else is.
+    return countOf(counts, m_render, XCB_RENDER_SET_PICTURE_CLIP_RECTANGLES);
 }
 
 std::string RequestCounter::describe(const Counts& counts) const

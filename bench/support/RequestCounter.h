@@ -50,6 +50,8 @@ public:
     std::uint64_t copies(const Counts& counts) const;
     /// Pictures put into windows, through shared memory or not.
     std::uint64_t paints(const Counts& counts) const;
+    /// Pictures that the server draws onto windows by itself, from windows' pixmaps.
+    std::uint64_t drawings(const Counts& counts) const;
     /// "15 x MIT-SHM 4, 3 x core 72", the most frequent first.
     std::string describe(const Counts& counts) const;
 
@@ -60,12 +62,13 @@ private:
     /// The control connection is recorded too: when its own request comes by, all that the server
     /// handled earlier has.
     void catchUp();
-    std::uint64_t shared(const Counts& counts, std::uint8_t minor) const;
+    static std::uint64_t countOf(const Counts& counts, std::uint8_t major, std::uint8_t minor);
 
     xcb_connection_t* m_control = nullptr;
     xcb_connection_t* m_data = nullptr;
     xcb_record_context_t m_context = 0;
     std::uint8_t m_sharedMemory = 0;                  ///< the extension's major opcode
+    std::uint8_t m_render = 0;                        ///< the same
     std::map<std::uint8_t, std::string> m_extensions; ///< by major opcode
     std::uint64_t m_marksSent = 0;
     std::mutex m_mutex;
