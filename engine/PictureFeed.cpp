@@ -199,9 +199,13 @@ std::vector<PictureFeed::Film*> PictureFeed::drawMoving(const std::vector<Film*>
     std::vector<Film*> others;
     std::vector<Film*> moving;
     std::vector<platform::PictureDrawing> drawings;
+    bool isOneOld = false;
     for (Film* film : films) {
+        // One in a round, or they would all come at once.
+        const bool isOld = !isOneOld && now - film->captured > maxDrawn;
+        isOneOld = isOneOld || isOld;
         // A zoomed one is needed whole.
-        auto surface = film->isMoving && !film->preview->isZoomed()
+        auto surface = film->isMoving && !isOld && !film->preview->isZoomed()
                            ? film->preview->pictureSurface()
                            : std::nullopt;
         (surface ? moving : others).push_back(film);
@@ -234,6 +238,7 @@ void PictureFeed::capture(Film& film, platform::Seconds now)
         return;
     film.isUnderWay = true;
     film.last = now;
+    film.captured = now;
     film.isRough = film.isMoving && !film.preview->isZoomed();
     ++m_underWay;
     const ScreenyView& preview = *film.preview;

@@ -44,6 +44,10 @@ public:
     static constexpr platform::Seconds movingInterval = 0.12;
     static constexpr platform::Seconds restInterval = 0.16;
 
+    /// As long at most the server draws a film by itself. What it does not draw over, as are the
+    /// corners, and the pictures that are kept here, get old meanwhile.
+    static constexpr platform::Seconds maxDrawn = 3.0;
+
     /// All of it outlives the feed.
     PictureFeed(const platform::Desktop& ports, const EngineSettings& settings, CaptureQueue& queue)
         : m_ports(ports), m_settings(settings), m_queue(queue)
@@ -73,8 +77,9 @@ private:
         bool isMoving = false; ///< it was drawn on again as soon as in a film
         bool isRough = false;  ///< what is shown is not exact
         bool isUnderWay = false;
-        platform::Seconds last = -1; ///< when it was captured, or drawn, last
-        platform::Seconds cost = 0;  ///< of the budget, of one picture
+        platform::Seconds last = -1;     ///< when it was captured, or drawn, last
+        platform::Seconds captured = -1; ///< when its pixels came here last
+        platform::Seconds cost = 0;      ///< of the budget, of one picture
     };
 
     Film* find(const ScreenyView& preview, const SWElementPtr& window);

@@ -7,6 +7,7 @@
 #include <QtCore/QRectF>
 #include <QtCore/QSize>
 #include <QtCore/QString>
+#include <QtGui/QColor>
 #include <QtGui/QImage>
 #include <QtGui/QRegion>
 
@@ -52,7 +53,9 @@ struct PictureSurface {
     std::uintptr_t toolkitWindow = 0;
     bool isTranslucent = false; ///< its pixels have an opacity
     QRect picture;              ///< where the whole picture lies
-    QRegion free;               ///< what of it nothing else lies on
+    QRegion free;               ///< what of it is seen
+    QRegion shaded;             ///< of that, where a colour lies over it
+    QColor shade;
 };
 struct PictureDrawing {
     WindowID window = 0;

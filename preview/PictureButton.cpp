@@ -95,18 +95,27 @@ void PictureButton::catchUp(const QRegion& painted)
         m_newest = nullptr;
 }
 
-QRegion PictureButton::plainPart() const
+PictureButton::Parts PictureButton::parts() const
 {
     const qreal ratio = devicePixelRatioF();
     const QRect rect = pictureRect();
-    const QPointF place = QPointF(rect.topLeft()) * ratio;
-    if (m_image.isNull() || isDown() || QPointF(place.toPoint()) != place ||
-        m_image.size() != pixelsToDraw(m_image.size(), rect.size(), ratio))
+    const QSize size = m_image.size();
+    const QPointF exact = QPointF(rect.topLeft()) * ratio;
+    const QPoint place = exact.toPoint();
+    if (m_image.isNull() || isDown() || QPointF(place) != exact ||
+        size != pixelsToDraw(size, rect.size(), ratio))
         return {};
     const bool isHovered = m_isHighlighted && isEnabled();
     const qreal edge = (isHovered ? ringBreadth + lineBreadth : 1) * ratio;
-    const QRegion inner = innerPart(m_image.size(), m_cornerRadius * ratio, edge);
-    return isOpaque(m_image, inner) ? inner.translated(place.toPoint()) : QRegion();
+    const qreal radius = m_cornerRadius * ratio;
+    const QRegion inner = innerPart(size, radius, edge);
+    // Where it is some whole pixels wide.
+    const int width = qRound(ratio);
+    const QRegion outline =
+        isHovered || width != ratio ? QRegion() : straightOutline(size, radius, width);
+    if (!isOpaque(m_image, inner + outline))
+        return {};
+    return {inner.translated(place), outline.translated(place)};
 }
 
 QRect PictureButton::pictureRect() const

@@ -30,11 +30,16 @@ public:
     const QImage& image() const { return m_image; }
     /// Paints only where it differs from the picture that is shown. A null image clears the button.
     void setImage(const QImage& image);
-    /// Where the picture is nothing but the picture: without its edge, and the ring about it. In
-    /// pixels of the button; empty while it is not shown in its own size, or lets something
-    /// through.
-    QRegion plainPart() const;
-    /// The plain part shows a newer picture than image(), which somebody else has drawn there.
+    /// Where the picture is nothing but the picture, without its rounded corners and the ring about
+    /// it, and where only its outline lies over it. In pixels of the button.
+    struct Parts {
+        QRegion plain;
+        QRegion outlined;
+    };
+    /// Empty while it is not shown in its own size, or lets something through.
+    Parts parts() const;
+    const QColor& outline() const { return m_outline; }
+    /// These parts show a newer picture than image(), which somebody else has drawn there.
     /// Where the button has to be painted now it asks `newest` for one, which may give a null
     /// image.
     void setOvertaken(std::function<QImage()> newest);

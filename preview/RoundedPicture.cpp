@@ -149,6 +149,17 @@ QRegion innerPart(QSize size, qreal radius, qreal edge)
     return part;
 }
 
+QRegion straightOutline(QSize size, qreal radius, int outlineWidth)
+{
+    const int side = cornerSide(radius, outlineWidth);
+    const QRect all({}, size);
+    return QRegion(all) - all.adjusted(outlineWidth, outlineWidth, -outlineWidth, -outlineWidth) -
+           all.adjusted(0, 0, side - size.width(), side - size.height()) -
+           all.adjusted(size.width() - side, 0, 0, side - size.height()) -
+           all.adjusted(0, size.height() - side, side - size.width(), 0) -
+           all.adjusted(size.width() - side, size.height() - side, 0, 0);
+}
+
 bool isOpaque(const QImage& picture, const QRegion& part)
 {
     if (!picture.hasAlphaChannel())

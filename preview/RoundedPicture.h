@@ -20,6 +20,8 @@ void updateRounded(QImage& rounded, const QImage& picture, const QRect& part, qr
                    const QColor& outline, qreal outlineWidth);
 /// Of a picture with rounded corners, the pixels inside an edge of this breadth; all in pixels.
 QRegion innerPart(QSize size, qreal radius, qreal edge);
+/// The straight part of its outline, which is not rounded.
+QRegion straightOutline(QSize size, qreal radius, int outlineWidth);
 /// Whether all its pixels there are opaque. The region lies inside the picture.
 bool isOpaque(const QImage& picture, const QRegion& part);
 

@@ -26,18 +26,25 @@ std::optional<platform::PictureSurface> ScreenyView::pictureSurface() const
     const QPoint place = button.topLeft().toPoint();
     if (QPointF(place) != button.topLeft())
         return std::nullopt;
-    QRegion plain = m_image->plainPart().translated(place);
+    const auto [plain, outlined] = m_image->parts();
+    QRegion free = (plain + outlined).translated(place);
     for (const QObject* child : m_background->children()) {
         const auto* part = qobject_cast<const QWidget*>(child);
         if (part && part != m_image && !part->isHidden())
-            plain -= pixels({part->mapTo(m_window.get(), QPoint()), part->size()}).toAlignedRect();
+            free -= pixels({part->mapTo(m_window.get(), QPoint()), part->size()}).toAlignedRect();
     }
-    if (plain.isEmpty())
+    if (free.isEmpty())
         return std::nullopt;
     const QRect picture(place + (QPointF(m_image->pictureRect().topLeft()) * ratio).toPoint(),
                         m_image->image().size());
-    return platform::PictureSurface{m_window->internalWinId(), handle->format().hasAlpha(), picture,
-                                    plain};
+    platform::PictureSurface surface;
+    surface.toolkitWindow = m_window->internalWinId();
+    surface.isTranslucent = handle->format().hasAlpha();
+    surface.picture = picture;
+    surface.free = free;
+    surface.shaded = outlined.translated(place);
+    surface.shade = m_image->outline();
+    return surface;
 }
 
 void ScreenyView::noteDrawnPicture()

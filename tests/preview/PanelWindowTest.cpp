@@ -162,11 +162,16 @@ TEST_F(Panel, pictureDrawnByOthers_isWithoutWhatLiesOnIt_andIsPaintedOverAsAWhol
     EXPECT_TRUE(shown.contains(surface->free.boundingRect()));
     EXPECT_FALSE(surface->free.contains(shown.topLeft() + QPoint(1, 1))) << "it is rounded";
     EXPECT_TRUE(surface->free.contains(shown.center()));
-    preview->mouseEntered();
-    const QRegion close = part(preview, "closeButton")->geometry();
-    ASSERT_TRUE(close.intersects(surface->free));
-    EXPECT_FALSE(close.intersects(preview->pictureSurface()->free));
-    preview->mouseExited();
+    const QRect within = shown.adjusted(1, 1, -1, -1);
+    EXPECT_EQ(surface->shaded.boundingRect(), shown) << "by its outline";
+    EXPECT_FALSE(surface->shaded.intersects(within));
+    EXPECT_FALSE((QRegion(shown) - within - surface->shaded).intersects(surface->free));
+    {
+        QWidget badge(preview->contentView());
+        badge.setGeometry(shown.center().x(), shown.center().y(), 20, 10);
+        badge.show();
+        EXPECT_EQ(surface->free - preview->pictureSurface()->free, QRegion(badge.geometry()));
+    }
 
     for (const auto& [what, begin, end] :
          std::vector<std::tuple<const char*, std::function<void()>, std::function<void()>>>{

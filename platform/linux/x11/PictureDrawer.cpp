@@ -24,6 +24,15 @@ constexpr int maxIgnored = 100;
 std::uint16_t unsigned16(int number) { return static_cast<std::uint16_t>(number); }
 std::int16_t signed16(int number) { return static_cast<std::int16_t>(number); }
 
+/// As the server has it: of sixteen bits each, multiplied by the opacity.
+xcb_render_color_t colourOf(const QColor& colour)
+{
+    const auto part = [&colour](float each) {
+        return unsigned16(qRound(each * colour.alphaF() * 0xffff));
+    };
+    return {part(colour.redF()), part(colour.greenF()), part(colour.blueF()), part(1)};
+}
+
 /// Waits for the server.
 bool hasSucceeded(xcb_connection_t* connection, xcb_void_cookie_t cookie)
 {
@@ -148,6 +157,9 @@ bool PictureDrawer::draw(xcb_pixmap_t pixmap, int depth, const QRect& part, QSiz
     xcb_render_set_picture_clip_rectangles(c, onto, 0, 0, static_cast<std::uint32_t>(clip.size()),
                                            clip.data());
     shrink(last, twice, onto, surface.picture.topLeft(), size);
+    if (const auto shaded = rectanglesOf(surface.shaded); !shaded.empty())
+        xcb_render_fill_rectangles(c, XCB_RENDER_PICT_OP_OVER, onto, colourOf(surface.shade),
+                                   static_cast<std::uint32_t>(shaded.size()), shaded.data());
     xcb_render_free_picture(c, onto);
     if (m_state.isProven) {
         ignoreFailure(created);

@@ -85,8 +85,10 @@ TEST_P(MovingPictures, drawnOntoAWindow_areInTheirPlace_andTheNextChangeIsTold)
     panel.map();
     panel.fill({{}, bounds.size()}, Qt::blue);
     const QRect hole(place + QPoint(30, 40), QSize(25, 20));
-    const PictureSurface surface{
-        panel.id(), false, {place, size}, QRegion(QRect(place, size)) - hole};
+    const QRect line(place + QPoint(0, size.height() * 9 / 10), QSize(size.width(), 2));
+    const PictureSurface surface{panel.id(),    false,
+                                 {place, size}, QRegion(QRect(place, size)) - hole,
+                                 line,          QColor(0, 0, 0, 128)};
     QString error;
     const auto toolkit = Connection::open(m_session.display().name().toStdString(), error);
     ASSERT_TRUE(toolkit) << qPrintable(error);
@@ -123,6 +125,7 @@ TEST_P(MovingPictures, drawnOntoAWindow_areInTheirPlace_andTheNextChangeIsTold)
         EXPECT_EQ(at(0.75, 0.75), colour);
         EXPECT_EQ(at(0.25, 0.75), Qt::gray);
         EXPECT_EQ(at(0.75, 0.3), Qt::gray);
+        EXPECT_NEAR(seen.pixelColor(line.right() - 20, line.top()).value(), 127, 2);
         int misplaced = 0;
         for (int y = 0; y < seen.height(); ++y)
             for (int x = 0; x < seen.width(); ++x)
@@ -132,7 +135,7 @@ TEST_P(MovingPictures, drawnOntoAWindow_areInTheirPlace_andTheNextChangeIsTold)
     }
     ASSERT_TRUE(change(Qt::red));
     EXPECT_FALSE(draw(panel.id(), surface)) << "nothing is known of it";
-    EXPECT_FALSE(draw(raw.id(), {panel.id(), false, {place, size - QSize(0, 40)}, {}}))
+    EXPECT_FALSE(draw(raw.id(), {panel.id(), false, {place, size - QSize(0, 40)}, {}, {}, {}}))
         << "it has another shape by now";
     pictures.setPrivacy([](const TrackedWindow&) { return true; });
     EXPECT_FALSE(draw(raw.id(), surface));
