@@ -163,6 +163,14 @@ TEST_F(PictureFeedTest, films_areDrawnByTheServerWhereItCan_andCapturedOnceTheyR
     EXPECT_FALSE(liesWithin(plain, 1));
     EXPECT_TRUE(liesWithin(hovered, 4)) << "a ring is about it";
 
+    // Well before the set is looked at again.
+    loop.advance(0.7);
+    EXPECT_EQ(version(film), latest());
+    for (int i = 0; i < 3; ++i) {
+        show(m_windows[0]);
+        loop.advance(1.0 / 30);
+    }
+    EXPECT_NE(version(film), latest());
     loop.advance(PictureFeed::restInterval + 0.01);
     EXPECT_EQ(version(film), latest());
     EXPECT_TRUE(isExact(film));
