@@ -32,8 +32,8 @@ void PictureFeed::follow(const ScreenyViewPtr& preview)
     Film& film = m_films.emplace_front();
     film.preview = preview;
     film.window = window;
-    // The film and its subscription end together, so what is told is of a film that there is.
     film.cost = costOf(film);
+    // The film and its subscription end together, so what is told is of a film that there is.
     film.subscription = m_ports.windowServer.subscribeToPicture(
         window->wid(), [this, shown = preview.get(), window] { changed(*shown, window); });
 }

@@ -91,7 +91,7 @@ void PictureButton::catchUp(const QRegion& painted)
         m_image = newest;
     }
     // What is not painted now does not show this one either.
-    if (painted.contains(pictureRect()) && QRegion(pictureRect()).subtracted(painted).isEmpty())
+    if (QRegion(pictureRect()).subtracted(painted).isEmpty())
         m_newest = nullptr;
 }
 
@@ -115,7 +115,7 @@ PictureButton::Parts PictureButton::parts() const
         isHovered || width != ratio ? QRegion() : straightOutline(size, radius, width);
     if (!isOpaque(m_image, inner + outline))
         return {};
-    return {inner.translated(place), outline.translated(place)};
+    return {QRect(place, size), inner.translated(place), outline.translated(place)};
 }
 
 QRect PictureButton::pictureRect() const

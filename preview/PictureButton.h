@@ -30,9 +30,11 @@ public:
     const QImage& image() const { return m_image; }
     /// Paints only where it differs from the picture that is shown. A null image clears the button.
     void setImage(const QImage& image);
-    /// Where the picture is nothing but the picture, without its rounded corners and the ring about
-    /// it, and where only its outline lies over it. In pixels of the button.
+    /// Where the picture lies, where of that it is nothing but the picture, without its rounded
+    /// corners and the ring about it, and where only its outline lies over it. In pixels of the
+    /// button.
     struct Parts {
+        QRect picture;
         QRegion plain;
         QRegion outlined;
     };

@@ -61,9 +61,21 @@ const Corners& cornersOf(int side, qreal radius, const QColor& color, qreal widt
 }
 
 /// How far in from its corners a picture is changed.
-int cornerSide(qreal radius, qreal outlineWidth)
+int cornerSide(QSize size, qreal radius, qreal outlineWidth)
 {
-    return qCeil(std::max(radius, outlineWidth)) + 1;
+    return std::min(
+        {qCeil(std::max(radius, outlineWidth)) + 1, size.width() / 2, size.height() / 2});
+}
+
+/// The outline between the corners.
+std::array<QRectF, 4> straightLines(QSize size, int side, qreal width)
+{
+    const int right = size.width();
+    const int bottom = size.height();
+    const QRectF across(side, 0, right - 2 * side, width);
+    const QRectF along(0, side, width, bottom - 2 * side);
+    return {across, across.translated(0, bottom - width), along,
+            along.translated(right - width, 0)};
 }
 
 /// The toolkit's own conversion would start threads for it.
@@ -100,7 +112,7 @@ void updateRounded(QImage& rounded, const QImage& picture, const QRect& part, qr
 
     const int right = picture.width();
     const int bottom = picture.height();
-    const int side = std::min({cornerSide(radius, width), right / 2, bottom / 2});
+    const int side = cornerSide(picture.size(), radius, width);
     // Each corner's position in the picture and in the small frame.
     const QSize corner(side, side);
     const std::array<std::pair<QPoint, QPoint>, 4> places{
@@ -119,10 +131,7 @@ void updateRounded(QImage& rounded, const QImage& picture, const QRect& part, qr
     painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
     for (const auto& [to, from] : places)
         painter.drawImage(to, corners.outline, QRect(from, corner));
-    const QRectF across(side, 0, right - 2 * side, width);
-    const QRectF along(0, side, width, bottom - 2 * side);
-    for (const QRectF& line :
-         {across, across.translated(0, bottom - width), along, along.translated(right - width, 0)})
+    for (const QRectF& line : straightLines(picture.size(), side, width))
         painter.fillRect(line, color);
     painter.end();
     rounded.setDevicePixelRatio(ratio);
@@ -151,13 +160,11 @@ QRegion innerPart(QSize size, qreal radius, qreal edge)
 
 QRegion straightOutline(QSize size, qreal radius, int outlineWidth)
 {
-    const int side = cornerSide(radius, outlineWidth);
-    const QRect all({}, size);
-    return QRegion(all) - all.adjusted(outlineWidth, outlineWidth, -outlineWidth, -outlineWidth) -
-           all.adjusted(0, 0, side - size.width(), side - size.height()) -
-           all.adjusted(size.width() - side, 0, 0, side - size.height()) -
-           all.adjusted(0, size.height() - side, side - size.width(), 0) -
-           all.adjusted(size.width() - side, size.height() - side, 0, 0);
+    QRegion outline;
+    for (const QRectF& line :
+         straightLines(size, cornerSide(size, radius, outlineWidth), outlineWidth))
+        outline += line.toRect();
+    return outline;
 }
 
 bool isOpaque(const QImage& picture, const QRegion& part)

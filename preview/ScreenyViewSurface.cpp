@@ -26,7 +26,7 @@ std::optional<platform::PictureSurface> ScreenyView::pictureSurface() const
     const QPoint place = button.topLeft().toPoint();
     if (QPointF(place) != button.topLeft())
         return std::nullopt;
-    const auto [plain, outlined] = m_image->parts();
+    const auto [picture, plain, outlined] = m_image->parts();
     QRegion free = (plain + outlined).translated(place);
     for (const QObject* child : m_background->children()) {
         const auto* part = qobject_cast<const QWidget*>(child);
@@ -35,12 +35,10 @@ std::optional<platform::PictureSurface> ScreenyView::pictureSurface() const
     }
     if (free.isEmpty())
         return std::nullopt;
-    const QRect picture(place + (QPointF(m_image->pictureRect().topLeft()) * ratio).toPoint(),
-                        m_image->image().size());
     platform::PictureSurface surface;
     surface.toolkitWindow = m_window->internalWinId();
     surface.isTranslucent = handle->format().hasAlpha();
-    surface.picture = picture;
+    surface.picture = picture.translated(place);
     surface.free = free;
     surface.shaded = outlined.translated(place);
     surface.shade = m_image->outline();

@@ -30,13 +30,31 @@ protected:
     Session m_session{options()};
 };
 
+constexpr QSize limit(243, 190);
+
+/// On the screen, and known to the adapter.
+struct LargeWindow {
+    explicit LargeWindow(Session& session) : raw(session, {0, 0, 1200, 900}), desk(session)
+    {
+        raw.map();
+        desk.waitForWindow(raw.id(), [](const TrackedWindow& window) { return window.isMapped; });
+    }
+    /// All over, the last quarter in this colour.
+    void paint(const QColor& colour)
+    {
+        raw.fill({0, 0, 1200, 900}, Qt::gray);
+        raw.fill({600, 450, 600, 450}, colour);
+    }
+
+    RawWindow raw;
+    X11Desk desk;
+};
+
 TEST_P(MovingPictures, ofAWindow_areMadeOfAPart_andOfAllOnceItRests)
 {
-    constexpr QSize limit(243, 190);
-    RawWindow raw(m_session, {0, 0, 1200, 900});
-    raw.map();
-    X11Desk desk(m_session);
-    desk.waitForWindow(raw.id(), [](const TrackedWindow& window) { return window.isMapped; });
+    LargeWindow large(m_session);
+    RawWindow& raw = large.raw;
+    X11Desk& desk = large.desk;
     WindowPictures& pictures = desk.pictures();
     std::uint64_t copied = 0;
     const auto capture = [&](bool isMoving) {
@@ -47,8 +65,7 @@ TEST_P(MovingPictures, ofAWindow_areMadeOfAPart_andOfAllOnceItRests)
     };
     QImage moving;
     EXPECT_TRUE(desk.waitFor([&] {
-        raw.fill({0, 0, 1200, 900}, Qt::gray);
-        raw.fill({600, 450, 600, 450}, Qt::red);
+        large.paint(Qt::red);
         moving = capture(true);
         return moving.pixelColor(200, 150) == Qt::red && copied > 0;
     }));
@@ -68,11 +85,9 @@ TEST_P(MovingPictures, ofAWindow_areMadeOfAPart_andOfAllOnceItRests)
 
 TEST_P(MovingPictures, drawnOntoAWindow_areInTheirPlace_andTheNextChangeIsTold)
 {
-    constexpr QSize limit(243, 190);
-    RawWindow raw(m_session, {0, 0, 1200, 900});
-    raw.map();
-    X11Desk desk(m_session);
-    desk.waitForWindow(raw.id(), [](const TrackedWindow& window) { return window.isMapped; });
+    LargeWindow large(m_session);
+    RawWindow& raw = large.raw;
+    X11Desk& desk = large.desk;
     WindowPictures& pictures = desk.pictures();
     ASSERT_TRUE(desk.waitFor([&] {
         pictures.capture(raw.id(), limit);
@@ -99,8 +114,7 @@ TEST_P(MovingPictures, drawnOntoAWindow_areInTheirPlace_andTheNextChangeIsTold)
     const auto subscription = pictures.subscribe(raw.id(), [&told] { ++told; });
     const auto change = [&](const QColor& colour) {
         const int before = told;
-        raw.fill({0, 0, 1200, 900}, Qt::gray);
-        raw.fill({600, 450, 600, 450}, colour);
+        large.paint(colour);
         return desk.waitFor([&] {
             QCoreApplication::processEvents();
             return told > before;
