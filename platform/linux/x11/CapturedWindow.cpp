@@ -39,6 +39,13 @@ QSize fitted(QSize size, QSize limit)
     return {std::max(1, qRound(size.width() * scale)), std::max(1, qRound(size.height() * scale))};
 }
 
+/// Whether some limit makes a picture of this size of it: one side fits, the other one was rounded.
+bool isFitted(QSize size, QSize original)
+{
+    return fitted(original, {size.width(), original.height()}) == size ||
+           fitted(original, {original.width(), size.height()}) == size;
+}
+
 } // namespace
 
 CapturedWindow::CapturedWindow(CaptureTools& tools, xcb_window_t window)
@@ -272,7 +279,7 @@ bool CapturedWindow::draw(PictureDrawer& drawer, const PictureSurface& surface)
     const QRect visible = visiblePart(*window);
     const QSize size = surface.picture.size();
     const QSize samples = samplesOfMoving(visible.size(), size);
-    if (samples.isEmpty() || fitted(visible.size(), size) != size)
+    if (samples.isEmpty() || !isFitted(size, visible.size()))
         return false;
     // In this order, as in bring(): what is drawn meanwhile sets the flag again. No picture that is
     // kept is current any more.

@@ -155,6 +155,31 @@ TEST_P(MovingPictures, drawnOntoAWindow_areInTheirPlace_andTheNextChangeIsTold)
     EXPECT_FALSE(draw(raw.id(), surface));
 }
 
+TEST_P(MovingPictures, areDrawnInEachSizeThatFits)
+{
+    if (!m_isSampled)
+        return;
+    LargeWindow large(m_session);
+    const xcb_window_t window = large.raw.id();
+    WindowPictures& pictures = large.desk.pictures();
+    RawWindow panel(m_session, {50, 60, 300, 250});
+    QString error;
+    const auto toolkit = Connection::open(m_session.display().name().toStdString(), error);
+    ASSERT_TRUE(toolkit) << qPrintable(error);
+    for (int width = 200; width < 220; ++width) { // the height is rounded up, or down
+        const QSize size = pictures.capture(window, {width, 900}).size();
+        ASSERT_EQ(size.width(), width);
+        const QRect picture({}, size);
+        EXPECT_TRUE(large.desk.waitFor([&]() -> bool {
+            large.paint(Qt::red);
+            return pictures
+                .draw(toolkit->get(), {{window, {panel.id(), false, picture, picture, {}, {}}}})
+                .front();
+        })) << width
+            << " pixels wide";
+    }
+}
+
 TEST_P(MovingPictures, samples_areTheMiddlesOfEvenParts)
 {
     QString error;
