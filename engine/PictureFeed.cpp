@@ -4,6 +4,7 @@
 #include "engine/PictureFeed.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace lumbrix
 {
@@ -83,8 +84,10 @@ void PictureFeed::changed(const ScreenyView& preview, const SWElementPtr& window
     Film* film = find(preview, window);
     if (!film || m_settings.disableLivePreviews)
         return;
-    film->isDue = true;
-    film->isMoving = m_ports.runLoop.now() - film->last < movingInterval;
+    const platform::Seconds now = m_ports.runLoop.now();
+    if (!std::exchange(film->isDue, true))
+        film->dueSince = now;
+    film->isMoving = now - film->last < movingInterval;
     serve();
 }
 
@@ -193,24 +196,37 @@ void PictureFeed::startRound(platform::Seconds now, const std::vector<Film*>& ca
         serve();
 }
 
+const PictureFeed::Film* PictureFeed::outdated(platform::Seconds now) const
+{
+    if (now - m_lastRenewal < renewalInterval)
+        return nullptr;
+    const Film* result = nullptr;
+    for (const Film& film : m_films)
+        if (film.isMoving && (!result || film.captured < result->captured))
+            result = &film;
+    return result && now - result->captured > maxDrawn ? result : nullptr;
+}
+
 std::vector<PictureFeed::Film*> PictureFeed::drawMoving(const std::vector<Film*>& films,
                                                         platform::Seconds now)
 {
     std::vector<Film*> others;
     std::vector<Film*> moving;
     std::vector<platform::PictureDrawing> drawings;
-    bool isOneOld = false;
+    const Film* const old = outdated(now);
     for (Film* film : films) {
-        // One in a round, or they would all come at once.
-        const bool isOld = !isOneOld && now - film->captured > maxDrawn;
-        isOneOld = isOneOld || isOld;
+        if (film == old)
+            m_lastRenewal = now;
         // A zoomed one is needed whole.
-        auto surface = film->isMoving && !isOld && !film->preview->isZoomed()
+        auto surface = film->isMoving && film != old && !film->preview->isZoomed()
                            ? film->preview->pictureSurface()
                            : std::nullopt;
         (surface ? moving : others).push_back(film);
-        if (surface)
-            drawings.push_back({film->window->wid(), std::move(*surface)});
+        if (surface) {
+            const bool isFaster = now - film->dueSince > noticeableWait;
+            const bool tellsNext = !isFaster || now - film->told >= tellingInterval;
+            drawings.push_back({film->window->wid(), std::move(*surface), tellsNext});
+        }
     }
     if (moving.empty())
         return others;
@@ -222,7 +238,8 @@ std::vector<PictureFeed::Film*> PictureFeed::drawMoving(const std::vector<Film*>
             continue;
         }
         film.preview->noteDrawnPicture();
-        film.isDue = false;
+        film.isDue = !drawings[i].tellsNext;
+        (film.isDue ? film.dueSince : film.told) = now;
         film.isRough = true;
         film.last = now;
         moveToEnd(film);

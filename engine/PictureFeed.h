@@ -44,9 +44,16 @@ public:
     static constexpr platform::Seconds movingInterval = 0.12;
     static constexpr platform::Seconds restInterval = 0.16;
 
-    /// As long at most the server draws a film by itself. What it does not draw over, as are the
-    /// corners, and the pictures that are kept here, get old meanwhile.
+    /// As long the server draws a film by itself. What it does not draw over, as are the corners,
+    /// and the pictures that are kept here, get old meanwhile. Of many they may get older: so far
+    /// apart at least are two that are captured for no other reason.
     static constexpr platform::Seconds maxDrawn = 3.0;
+    static constexpr platform::Seconds renewalInterval = 0.6;
+    /// A film that changes faster than it is shown will have changed by the next time, too. That
+    /// it does is heard only so often: being told of each frame takes longer than drawing it.
+    static constexpr platform::Seconds tellingInterval = 0.3;
+    /// One that had to wait for so long changes faster.
+    static constexpr platform::Seconds noticeableWait = 0.01;
 
     /// All of it outlives the feed.
     PictureFeed(const platform::Desktop& ports, const EngineSettings& settings, CaptureQueue& queue)
@@ -77,6 +84,8 @@ private:
         bool isMoving = false; ///< it was drawn on again as soon as in a film
         bool isRough = false;  ///< what is shown is not exact
         bool isUnderWay = false;
+        platform::Seconds dueSince = -1; ///< of one that is due because it has changed
+        platform::Seconds told = -1;     ///< drawn so that the next change was told
         platform::Seconds last = -1;     ///< when it was captured, or drawn, last
         platform::Seconds captured = -1; ///< when its pixels came here last
         platform::Seconds cost = 0;      ///< of the budget, of one picture
@@ -100,6 +109,8 @@ private:
                     platform::Seconds interval);
     /// Has the server draw those that move onto their previews; the others, and those it cannot.
     std::vector<Film*> drawMoving(const std::vector<Film*>& films, platform::Seconds now);
+    /// The one that was drawn for longest and has to be captured by now; null: none has.
+    const Film* outdated(platform::Seconds now) const;
     void capture(Film& film, platform::Seconds now);
     void moveToEnd(const Film& film); ///< the others come before it now
     platform::Seconds costOf(const Film& film) const;
@@ -111,6 +122,7 @@ private:
     int m_underWay = 0;
     platform::Seconds m_freeAt = 0;                ///< when the budget is even
     platform::Seconds m_lastRound = -1;            ///< when it began
+    platform::Seconds m_lastRenewal = -1;          ///< when one was drawn for long enough
     std::optional<platform::Seconds> m_servedNext; ///< when serve() comes by itself
     bool m_wasOnlyHovered = false;                 ///< in the last round, while others waited
     const platform::MainThreadGuard m_guard;

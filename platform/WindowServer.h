@@ -60,6 +60,7 @@ struct PictureSurface {
 struct PictureDrawing {
     WindowID window = 0;
     PictureSurface surface;
+    bool tellsNext = true; ///< the next change of it is told, which costs more than to know
 };
 
 /// Interest in a window's picture, for as long as it exists.

@@ -145,7 +145,7 @@ TEST_F(PictureFeedTest, films_areDrawnByTheServerWhereItCan_andCapturedOnceTheyR
     EXPECT_EQ(play(2)[0], 0.5) << "before it was known to move, and once again";
     ASSERT_GE(drawings().size(), 60U);
     EXPECT_NE(version(film), latest());
-    const auto plain = drawings().back();
+    const auto plain = drawings().back().surface;
     EXPECT_EQ(plain.picture.size(), preview(film).image().size());
 
     // Where the toolkit has to paint meanwhile, it is nothing that is older than what is seen.
@@ -154,7 +154,7 @@ TEST_F(PictureFeedTest, films_areDrawnByTheServerWhereItCan_andCapturedOnceTheyR
     preview(film).window()->grab();
     EXPECT_EQ(version(film), latest());
     play(1);
-    const auto hovered = drawings().back();
+    const auto hovered = drawings().back().surface;
     EXPECT_EQ(hovered.picture, plain.picture);
     const auto liesWithin = [&](const platform::PictureSurface& surface, int edge) {
         return plain.picture.adjusted(edge, edge, -edge, -edge)
@@ -181,6 +181,44 @@ TEST_F(PictureFeedTest, films_areDrawnByTheServerWhereItCan_andCapturedOnceTheyR
     ASSERT_TRUE(preview(film).isZoomed());
     EXPECT_GE(play(1)[0], 20) << "whole ones are needed";
     EXPECT_EQ(drawings().size(), seen);
+}
+
+TEST_F(PictureFeedTest, filmsThatAreDrawn_areHeardOfAsOftenAsNeeded_andCapturedInTurn)
+{
+    addFilms(10, {100, 60});
+    hover(u"Notes"_s);
+    QApplication::processEvents();
+    desk.with([](SimulatedState& state) { state.drawsPictures = true; });
+    const auto count = [this](std::size_t film) {
+        const auto drawings = desk.drawings(m_windows[film]);
+        return std::pair(drawings.size(),
+                         std::ranges::count_if(drawings, &platform::PictureDrawing::tellsNext));
+    };
+    play(1);
+    const auto [alone, toldAlone] = count(0);
+    EXPECT_GE(alone, 100U);
+    EXPECT_EQ(toldAlone, alone) << "it is shown as often as it changes";
+
+    play(10); // until each is known to move
+    std::vector<double> all(10);
+    const auto before = count(3);
+    for (int i = 0; i < 3; ++i) { // twelve seconds
+        const auto rates = play(10);
+        EXPECT_LE(sum(rates), 1 / PictureFeed::renewalInterval + 0.3);
+        std::ranges::transform(all, rates, all.begin(), std::plus());
+    }
+    EXPECT_GT(*std::ranges::min_element(all), 0);
+    const auto after = count(3);
+    EXPECT_GE(after.first - before.first, 12 * 8U);
+    const auto told = after.second - before.second;
+    EXPECT_GE(told, 12 * 2);
+    EXPECT_LE(told, 12 / PictureFeed::tellingInterval);
+
+    loop.advance(PictureFeed::tellingInterval + PictureFeed::maxRoundInterval +
+                 PictureFeed::restInterval);
+    loop.runUntilIdle();
+    for (std::size_t i = 0; i < 10; ++i)
+        EXPECT_TRUE(isExact(i)) << i;
 }
 
 TEST_F(PictureFeedTest, changedWindow_isShownAtOnce_whileItsRowIsUpAndPicturesAreAlive)

@@ -104,7 +104,7 @@ struct SimulatedWindow {
     WindowID number = 0;
     Pid pid = 0;
     int captures = 0;
-    std::vector<platform::PictureSurface> drawings{}; ///< what it was drawn onto
+    std::vector<platform::PictureDrawing> drawings{}; ///< of its picture, by the server
     bool isToldOf = false; ///< that its picture has changed since the last capture
     QImage picture{};
 };

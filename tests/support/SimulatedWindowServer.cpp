@@ -133,13 +133,13 @@ SimulatedWindowServer::drawMovingWindows(const std::vector<platform::PictureDraw
 {
     const std::lock_guard lock(m_state.mutex);
     std::vector<bool> drawn;
-    for (const auto& [window, surface] : drawings) {
-        SimulatedWindow* found = m_state.drawsPictures ? m_state.window(window) : nullptr;
+    for (const platform::PictureDrawing& drawing : drawings) {
+        SimulatedWindow* found = m_state.drawsPictures ? m_state.window(drawing.window) : nullptr;
         drawn.push_back(found != nullptr);
         if (!found)
             continue;
-        found->drawings.push_back(surface);
-        found->isToldOf = false;
+        found->drawings.push_back(drawing);
+        found->isToldOf = !drawing.tellsNext;
         if (!found->picture.isNull())
             found->picture.setPixel(0, 0, found->picture.pixel(0, 0) | 0x100U); // not current
     }

@@ -268,7 +268,7 @@ void CapturedWindow::noteStale(const QRegion& drawn)
     m_whole.stale += drawn;
 }
 
-bool CapturedWindow::draw(PictureDrawer& drawer, const PictureSurface& surface)
+bool CapturedWindow::draw(PictureDrawer& drawer, const PictureSurface& surface, bool tellsNext)
 {
     const std::unique_lock turn(m_turn, std::try_to_lock);
     if (!turn || !m_isDirty || m_needsNaming || !m_pixmap.id())
@@ -284,8 +284,9 @@ bool CapturedWindow::draw(PictureDrawer& drawer, const PictureSurface& surface)
     // In this order, as in bring(): what is drawn meanwhile sets the flag again. No picture that is
     // kept is current any more.
     noteStale(QRect({}, visible.size()));
-    m_isDirty = false;
-    const bool isDrawn = m_drawn.clear(drawer.connection()) &&
+    if (tellsNext)
+        m_isDirty = false;
+    const bool isDrawn = (!tellsNext || m_drawn.clear(drawer.connection())) &&
                          drawer.draw(m_pixmap.id(), m_pixmap.depth(), visible, samples, surface);
     if (!isDrawn)
         m_isDirty = true;

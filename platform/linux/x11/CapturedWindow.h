@@ -95,7 +95,7 @@ public:
     KnownPicture known(QSize limit, Seconds now);
     /// Has its picture drawn, as it is now, if something was drawn since the last look and nothing
     /// has to be waited for; whether it is.
-    bool draw(PictureDrawer& drawer, const PictureSurface& surface);
+    bool draw(PictureDrawer& drawer, const PictureSurface& surface, bool tellsNext);
     /// Whether a picture of bounded size stands for the pixmap, of which others are made.
     bool isShelved() const;
     /// Names the pixmap that the window has now, if it is another. Whether it is.

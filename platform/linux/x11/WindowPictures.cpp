@@ -125,9 +125,9 @@ std::vector<bool> WindowPictures::draw(xcb_connection_t* connection,
     PictureDrawer drawer(m_tools.copier.sampler(), connection, m_captures.root(), m_drawing);
     std::vector<bool> drawn;
     drawn.reserve(drawings.size());
-    for (const auto& [id, surface] : drawings) {
+    for (const auto& [id, surface, tellsNext] : drawings) {
         const WindowPtr window = find(id);
-        drawn.push_back(window && window->draw(drawer, surface));
+        drawn.push_back(window && window->draw(drawer, surface, tellsNext));
     }
     return drawn;
 }

@@ -107,8 +107,9 @@ TEST_P(MovingPictures, drawnOntoAWindow_areInTheirPlace_andTheNextChangeIsTold)
     QString error;
     const auto toolkit = Connection::open(m_session.display().name().toStdString(), error);
     ASSERT_TRUE(toolkit) << qPrintable(error);
-    const auto draw = [&](xcb_window_t window, const PictureSurface& onto) -> bool {
-        return pictures.draw(toolkit->get(), {{window, onto}}).front();
+    const auto draw = [&](xcb_window_t window, const PictureSurface& onto,
+                          bool tellsNext = true) -> bool {
+        return pictures.draw(toolkit->get(), {{window, onto, tellsNext}}).front();
     };
     int told = 0;
     const auto subscription = pictures.subscribe(raw.id(), [&told] { ++told; });
@@ -148,6 +149,9 @@ TEST_P(MovingPictures, drawnOntoAWindow_areInTheirPlace_andTheNextChangeIsTold)
         EXPECT_EQ(misplaced, 0);
     }
     ASSERT_TRUE(change(Qt::red));
+    EXPECT_TRUE(draw(raw.id(), surface, false));
+    EXPECT_TRUE(draw(raw.id(), surface)) << "it may have changed";
+    ASSERT_TRUE(change(Qt::green));
     EXPECT_FALSE(draw(panel.id(), surface)) << "nothing is known of it";
     EXPECT_FALSE(draw(raw.id(), {panel.id(), false, {place, size - QSize(0, 40)}, {}, {}, {}}))
         << "it has another shape by now";
