@@ -107,9 +107,12 @@ TEST_P(MovingPictures, drawnOntoAWindow_areInTheirPlace_andTheNextChangeIsTold)
     QString error;
     const auto toolkit = Connection::open(m_session.display().name().toStdString(), error);
     ASSERT_TRUE(toolkit) << qPrintable(error);
+    // What is painted afterwards is not in it.
     const auto draw = [&](xcb_window_t window, const PictureSurface& onto,
                           bool tellsNext = true) -> bool {
-        return pictures.draw(toolkit->get(), {{window, onto, tellsNext}}).front();
+        const bool isDrawn = pictures.draw(toolkit->get(), {{window, onto, tellsNext}}).front();
+        toolkit->reply(xcb_get_input_focus_reply, xcb_get_input_focus(toolkit->get()));
+        return isDrawn;
     };
     int told = 0;
     const auto subscription = pictures.subscribe(raw.id(), [&told] { ++told; });
@@ -132,7 +135,6 @@ TEST_P(MovingPictures, drawnOntoAWindow_areInTheirPlace_andTheNextChangeIsTold)
             return;
         EXPECT_FALSE(pictures.known(raw.id(), limit).isCurrent);
         EXPECT_FALSE(draw(raw.id(), surface)) << "nothing is new";
-        toolkit->reply(xcb_get_input_focus_reply, xcb_get_input_focus(toolkit->get()));
         const QImage seen = desk.display().picture(bounds);
         const auto at = [&](double x, double y) {
             return seen.pixelColor(place + QPointF(x * size.width(), y * size.height()).toPoint());
