@@ -60,7 +60,7 @@ struct PictureSurface {
 struct PictureDrawing {
     WindowID window = 0;
     PictureSurface surface;
-    bool tellsNext = true; ///< the next change of it is told, which costs more than to know
+    bool tellsNext = true; ///< false: its next change is not told, as it is sure to come
 };
 
 /// Interest in a window's picture, for as long as it exists.
