@@ -202,7 +202,7 @@ const PictureFeed::Film* PictureFeed::outdated(platform::Seconds now) const
         return nullptr;
     const Film* result = nullptr;
     for (const Film& film : m_films)
-        if (film.isMoving && (!result || film.captured < result->captured))
+        if (film.isRough && (!result || film.captured < result->captured))
             result = &film;
     return result && now - result->captured > maxDrawn ? result : nullptr;
 }

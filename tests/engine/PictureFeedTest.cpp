@@ -181,6 +181,14 @@ TEST_F(PictureFeedTest, films_areDrawnByTheServerWhereItCan_andCapturedOnceTheyR
     ASSERT_TRUE(preview(film).isZoomed());
     EXPECT_GE(play(1)[0], 20) << "whole ones are needed";
     EXPECT_EQ(drawings().size(), seen);
+
+    // While it is still and zoomed, the other one's turn comes.
+    const int before = desk.captures(m_windows[1]);
+    for (int i = 0; i < 30 * 4; ++i) {
+        show(m_windows[1]);
+        loop.advance(1.0 / 30);
+    }
+    EXPECT_EQ(desk.captures(m_windows[1]), before + 2);
 }
 
 TEST_F(PictureFeedTest, filmsThatAreDrawn_areHeardOfAsOftenAsNeeded_andCapturedInTurn)
