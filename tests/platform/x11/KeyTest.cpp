@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <list>
 #include <memory>
 
 #include "platform/EventTaps.h"
@@ -53,10 +54,15 @@ public:
     /// it has seen several, one after the other.
     void settle()
     {
-        for (int i = 0; i < 4; ++i) {
-            RawWindow window(desk.session(), {0, 0, 10, 10});
-            window.map();
-            desk.waitForWindow(window.id(), [](const TrackedWindow& w) { return w.isMapped; });
+        {
+            // All at once: ids are given out again, and xfwm4 may take a new window for one that
+            // has just gone.
+            std::list<RawWindow> windows;
+            for (int i = 0; i < 4; ++i) {
+                RawWindow& window = windows.emplace_back(desk.session(), QRect(0, 0, 10, 10));
+                window.map();
+                desk.waitForWindow(window.id(), [](const TrackedWindow& w) { return w.isMapped; });
+            }
         }
         // The windows had the focus for a moment.
         const xcb_window_t window = m_application.windows().front().id;
