@@ -24,7 +24,7 @@ enum class WindowType { Normal, Dialog, Utility, Toolbar, Splash, Dock, Desktop,
 struct TrackedWindow {
     xcb_window_t id = XCB_NONE;
     xcb_window_t frame = XCB_NONE; ///< the child of the root that holds it; `id` without a frame
-    QRect bounds;                  ///< of the frame, without invisible client-drawn borders
+    QRect bounds;                  ///< of the frame, without what is not drawn in it
     QRect frameBounds;             ///< of the frame as a whole, invisible borders included
     QString title;                 ///< valid UTF-16, at most 4096 characters; may be empty
     QString classInstance;

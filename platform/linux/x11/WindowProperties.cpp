@@ -184,9 +184,9 @@ constexpr std::array rowTable{
 static_assert(rowTable[pidRow].atom == AtomName::NetWmPid);
 static_assert(rowTable.size() < 31);
 
-/// The invisible part of the frame: shadows drawn by the client, or the wide invisible resize
-/// borders of some window managers.
-QMargins invisibleMargins(const WindowRecord& record)
+/// The part of the frame that is not drawn in it: shadows drawn by the client, the wide invisible
+/// resize borders of some window managers, decorations that others only compose.
+QMargins invisibleMargins(const WindowRecord& record, const ManagerTraits& manager)
 {
     if (record.clientDrawnExtents)
         return *record.clientDrawnExtents;
@@ -196,7 +196,7 @@ QMargins invisibleMargins(const WindowRecord& record)
     const QMargins around(client.x(), client.y(),
                           record.frameRect.width() - client.x() - client.width(),
                           record.frameRect.height() - client.y() - client.height());
-    const QMargins margins = around - *record.frameExtents;
+    const QMargins margins = manager.composesDecorations ? around : around - *record.frameExtents;
     return {std::max(0, margins.left()), std::max(0, margins.top()), std::max(0, margins.right()),
             std::max(0, margins.bottom())};
 }
@@ -293,7 +293,7 @@ TrackedWindow snapshotOf(const WindowRecord& record, const ManagerTraits& manage
     window.id = record.id;
     window.frame = record.frame;
     window.frameBounds = record.frameRect;
-    window.bounds = record.frameRect.marginsRemoved(invisibleMargins(record));
+    window.bounds = record.frameRect.marginsRemoved(invisibleMargins(record, manager));
     if (window.bounds.isEmpty())
         window.bounds = record.frameRect;
     window.title = record.netName ? *record.netName : record.wmName.value_or(QString());

@@ -96,6 +96,7 @@ std::uint32_t pidBit();
 struct ManagerTraits {
     bool hasHiddenState = false; ///< it announces _NET_WM_STATE_HIDDEN
     int currentDesktop = 0;
+    bool composesDecorations = false; ///< no window's pixmap has them
 };
 
 TrackedWindow snapshotOf(const WindowRecord& record, const ManagerTraits& manager);

@@ -5,6 +5,7 @@
 
 #include "platform/linux/x11/Atoms.h"
 #include "platform/linux/x11/Connection.h"
+#include "platform/linux/x11/DecorationWatch.h"
 #include "platform/linux/x11/EventThread.h"
 #include "platform/linux/x11/KeyGrabs.h"
 #include "platform/linux/x11/Listeners.h"
@@ -38,6 +39,7 @@ struct X11Core::Parts {
           captures(std::move(captureConnection)), atoms(*events), points(pixelsPerPoint),
           commands(*events, atoms, wake), tracker(runLoop, *events, atoms, commands, listeners),
           screens(*events, atoms, commands, listeners, points),
+          decorations(tracker, screens.isCompositorRunning()),
           pictures(runLoop, *events, *captures, tracker, points, screens.isCompositorRunning()),
           popups(*events, atoms, tracker, listeners), manager(*events, atoms, tracker, listeners),
           theme(*events, atoms), trays(*events, atoms),
@@ -49,6 +51,7 @@ struct X11Core::Parts {
         pointer =
             std::make_unique<PointerWatch>(runLoop, *events, tracker, listeners, points, trail);
         listeners.add(&pictures); // first, so that a picture is there when others hear of a window
+        listeners.add(&decorations);
         listeners.add(pointer.get());
         // The pointer watch, which gets keys, comes before the manager watch: if a key and its
         // effect arrive together, the key is reported first.
@@ -69,6 +72,7 @@ struct X11Core::Parts {
     WindowCommands commands;
     X11WindowTracker tracker;
     ScreenWatch screens;
+    DecorationWatch decorations;
     WindowPictures pictures;
     PopupWatch popups;
     ManagerWatch manager;

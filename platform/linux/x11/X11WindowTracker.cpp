@@ -166,6 +166,15 @@ void X11WindowTracker::handleEvent(const xcb_generic_event_t& event)
     }
 }
 
+void X11WindowTracker::setDecorationsComposed(bool composed)
+{
+    if (m_composesDecorations == composed)
+        return;
+    m_composesDecorations = composed;
+    // Listeners, who tell of it, must not be told of windows meanwhile.
+    m_commands.post([this](xcb_timestamp_t) { m_isChanged = true; });
+}
+
 void X11WindowTracker::setResponding(xcb_window_t answerer, bool isResponding)
 {
     // A client answers for all its windows or for none.
@@ -332,7 +341,7 @@ void X11WindowTracker::updateOrder()
 
 X11WindowTracker::StatePtr X11WindowTracker::makeState()
 {
-    const ManagerTraits manager{m_set.hasHiddenState, m_set.currentDesktop};
+    const ManagerTraits manager{m_set.hasHiddenState, m_set.currentDesktop, m_composesDecorations};
     auto next = std::make_shared<State>();
     next->active = m_set.active;
     next->currentDesktop = m_set.currentDesktop;

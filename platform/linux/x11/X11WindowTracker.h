@@ -51,6 +51,9 @@ public:
     /// Whether a child of the root is or contains a managed window. Event thread.
     bool isFrame(xcb_window_t window) const { return m_frames.contains(window); }
 
+    /// Whether decorations are in no window's pixmap; known of all windows soon. Event thread.
+    void setDecorationsComposed(bool composed);
+
     void handleEvent(const xcb_generic_event_t& event) override;
     void eventsHandled() override;
     std::optional<Seconds> deadline() const override { return m_pinger.deadline(); }
@@ -103,6 +106,7 @@ private:
     bool m_isAnyDirty = true; ///< of the records
     bool m_isOrderDirty = true;
     bool m_isChanged = false;
+    bool m_composesDecorations = false; ///< the window manager does
     std::unordered_map<xcb_window_t, std::unique_ptr<WindowRecord>> m_records;
     std::unordered_map<xcb_window_t, xcb_window_t> m_frames; ///< frame to client
     std::vector<xcb_window_t> m_order;                       ///< topmost first
