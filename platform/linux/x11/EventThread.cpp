@@ -94,8 +94,10 @@ void EventThread::stop()
 
 void EventThread::run(const Thread& self)
 {
-    while (!m_stopping && !self.isCancelled()) {
-        m_wake.clear();
+    while (true) {
+        m_wake.clear(); // first, as it may have been woken to stop
+        if (m_stopping || self.isCancelled())
+            return;
         dispatchQueue();
         if (m_connection.isBroken()) {
             if (m_onConnectionLost)

@@ -4,6 +4,8 @@
 // Which windows there are and what they say, with real window managers.
 
 #include "X11Desk.h"
+#include "platform/linux/x11/Connection.h"
+#include "platform/linux/x11/EventThread.h"
 
 #include <csignal>
 #include <future>
@@ -258,6 +260,24 @@ TEST(Core, missingServer_isAnErrorInWords)
     QString error;
     EXPECT_FALSE(X11Core::create(runLoop, {1.0, ":4711"}, {}, error));
     EXPECT_TRUE(error.contains(u":4711"_s)) << qPrintable(error);
+}
+
+TEST(Core, threadThatIsWokenToStop_doesNotWaitForAnEvent)
+{
+    X11Desk desk(plain);
+    QString error;
+    const auto connection = Connection::open(desk.display().name().toStdString(), error);
+    ASSERT_TRUE(connection) << qPrintable(error);
+    QtRunLoop runLoop;
+    // The wake-up comes at another moment of the thread's round each time.
+    for (int delay = 0; delay < 16000; ++delay) {
+        const WakeFd wake;
+        EventThread thread(runLoop, *connection, wake, {}, {});
+        thread.start();
+        wake.wake();
+        for (volatile int spin = delay % 4000 * 20; spin > 0;)
+            spin = spin - 1;
+    }
 }
 
 TEST(Core, lostServer_isReportedAndNothingBlocks)
