@@ -7,6 +7,7 @@
 
 #include <algorithm>
 
+#include "platform/Log.h"
 #include "platform/StringLiterals.h"
 
 namespace lumbrix
@@ -30,6 +31,9 @@ void KeyboardRow::toggle()
     }
     const SWElementPtr window = SWElement::elementOfFocusedWindow(m.ports);
     const SWElementPtr item = window ? itemFor(*window) : nullptr;
+    if (!item)
+        qCDebug(log::hover, "no row by its hot key: %s",
+                window ? "the active window has no icon" : "no window is active");
     if (!item || m_requested.bringUp(item, [this] { ended(); }) != RequestedRow::Answer::Accepted)
         return;
     if (m.row.isEmpty()) {
