@@ -191,7 +191,8 @@ AXResult X11Accessibility::copyElementAtPosition(float x, float y)
     const int desktop = m.tracker.currentDesktop();
     for (const x11::TrackedWindowPtr& window : m.tracker.windows()) {
         const bool isHere = window->desktop < 0 || window->desktop == desktop;
-        if (!window->isMapped || window->isIconic || !isHere || !window->bounds.contains(point))
+        if (!window->isMapped || window->isIconic || !isHere ||
+            !window->bounds.marginsAdded(window->decorations).contains(point))
             continue;
         if (window->type == x11::WindowType::Dock) {
             // A dock's window may be much larger than the part that it draws and that takes clicks.

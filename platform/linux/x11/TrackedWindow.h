@@ -25,6 +25,7 @@ struct TrackedWindow {
     xcb_window_t id = XCB_NONE;
     xcb_window_t frame = XCB_NONE; ///< the child of the root that holds it; `id` without a frame
     QRect bounds;                  ///< of the frame, without what is not drawn in it
+    QMargins decorations;          ///< around `bounds`, seen but not drawn in the frame
     QRect frameBounds;             ///< of the frame as a whole, invisible borders included
     QString title;                 ///< valid UTF-16, at most 4096 characters; may be empty
     QString classInstance;

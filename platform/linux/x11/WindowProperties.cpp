@@ -184,21 +184,31 @@ constexpr std::array rowTable{
 static_assert(rowTable[pidRow].atom == AtomName::NetWmPid);
 static_assert(rowTable.size() < 31);
 
-/// The part of the frame that is not drawn in it: shadows drawn by the client, the wide invisible
-/// resize borders of some window managers, decorations that others only compose.
-QMargins invisibleMargins(const WindowRecord& record, const ManagerTraits& manager)
+QMargins withoutNegative(const QMargins& margins)
+{
+    return {std::max(0, margins.left()), std::max(0, margins.top()), std::max(0, margins.right()),
+            std::max(0, margins.bottom())};
+}
+
+/// Of the frame; none of a shaded window, which shows nothing but its frame.
+QMargins marginsAroundClient(const WindowRecord& record)
+{
+    if (record.frame == record.id || record.isShaded)
+        return {};
+    const QRect& client = record.clientRect;
+    return {client.x(), client.y(), record.frameRect.width() - client.x() - client.width(),
+            record.frameRect.height() - client.y() - client.height()};
+}
+
+/// The invisible part of the frame: shadows drawn by the client, or the wide invisible resize
+/// borders of some window managers.
+QMargins invisibleMargins(const WindowRecord& record)
 {
     if (record.clientDrawnExtents)
         return *record.clientDrawnExtents;
-    if (record.frame == record.id || !record.frameExtents || record.isShaded)
+    if (!record.frameExtents)
         return {};
-    const QRect& client = record.clientRect;
-    const QMargins around(client.x(), client.y(),
-                          record.frameRect.width() - client.x() - client.width(),
-                          record.frameRect.height() - client.y() - client.height());
-    const QMargins margins = manager.composesDecorations ? around : around - *record.frameExtents;
-    return {std::max(0, margins.left()), std::max(0, margins.top()), std::max(0, margins.right()),
-            std::max(0, margins.bottom())};
+    return withoutNegative(marginsAroundClient(record) - *record.frameExtents);
 }
 
 /// Some window managers give windows of other desktops, and shaded ones, the iconic state of
@@ -293,9 +303,14 @@ TrackedWindow snapshotOf(const WindowRecord& record, const ManagerTraits& manage
     window.id = record.id;
     window.frame = record.frame;
     window.frameBounds = record.frameRect;
-    window.bounds = record.frameRect.marginsRemoved(invisibleMargins(record, manager));
-    if (window.bounds.isEmpty())
+    const QMargins invisible = invisibleMargins(record);
+    if (manager.composesDecorations)
+        window.decorations = withoutNegative(marginsAroundClient(record) - invisible);
+    window.bounds = record.frameRect.marginsRemoved(invisible + window.decorations);
+    if (window.bounds.isEmpty()) {
         window.bounds = record.frameRect;
+        window.decorations = {};
+    }
     window.title = record.netName ? *record.netName : record.wmName.value_or(QString());
     window.classInstance = record.classInstance;
     window.className = record.className;

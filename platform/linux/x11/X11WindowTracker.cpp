@@ -358,6 +358,7 @@ X11WindowTracker::StatePtr X11WindowTracker::makeState()
         if (const TrackedWindowPtr& last = record->published;
             snapshot.isIconic && last && last->frame == snapshot.frame) {
             snapshot.bounds = last->bounds;
+            snapshot.decorations = last->decorations;
             snapshot.frameBounds = last->frameBounds;
         }
         if (!record->published || *record->published != snapshot)

@@ -76,7 +76,9 @@ TEST_F(ElementsTest, topmost_element_is_under_a_point)
     addPanel();
     m_tracker.add(window(1, u"editor"_s, u"Editor"_s, 302));
     m_tracker.placeIcon(1, QRect(100, 772, 150, 26));
-    m_tracker.add(window(3, u"term"_s, u"Term"_s, 101));
+    auto term = window(3, u"term"_s, u"Term"_s, 101);
+    term.decorations = {0, 24, 0, 0};
+    m_tracker.add(term);
     m_loop.advance(0.1);
     const auto at = [&](float x, float y) {
         const AXResult result = m_accessibility.copyElementAtPosition(x, y);
@@ -86,6 +88,7 @@ TEST_F(ElementsTest, topmost_element_is_under_a_point)
     EXPECT_EQ(at(110, 785), u"Editor"_s);
     EXPECT_EQ(at(600, 785), QString());
     EXPECT_EQ(at(200, 200), u"Term"_s);
+    EXPECT_EQ(at(200, 80), u"Term"_s) << "its title bar";
     m_tracker.iconify(3);
     EXPECT_EQ(at(200, 200), u"Editor"_s);
     EXPECT_EQ(at(std::numeric_limits<float>::quiet_NaN(), 0), QString());

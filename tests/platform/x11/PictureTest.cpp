@@ -388,8 +388,10 @@ TEST(Pictures, decorationsThatAreOnlyComposed_leaveNoBlackStrip)
         Application app(session, u"alpha"_s);
         const AppWindow window = app.open("framed", Qt::red);
         const auto isBare = [&] {
+            const auto tracked = desk.tracker().window(window.id);
             const QImage picture = desk.pictures().capture(window.id);
-            return picture.size() == QSize(400, 300) && picture.pixelColor(0, 0) == Qt::red &&
+            return tracked && tracked->decorations.top() > 10 &&
+                   picture.size() == QSize(400, 300) && picture.pixelColor(0, 0) == Qt::red &&
                    picture.pixelColor(399, 299) == privatedesk::lowerColour(Qt::red);
         };
         const auto isFramed = [&] {
