@@ -4,6 +4,7 @@
 #include "platform/linux/x11/DecorationWatch.h"
 
 #include "platform/StringLiterals.h"
+#include "platform/linux/x11/ScreenWatch.h"
 #include "platform/linux/x11/X11WindowTracker.h"
 
 namespace lumbrix::platform::x11
@@ -15,15 +16,9 @@ void DecorationWatch::managerChanged(const Manager& manager)
     tell();
 }
 
-void DecorationWatch::compositorChanged(bool running)
-{
-    m_isCompositorRunning = running;
-    tell();
-}
-
 void DecorationWatch::tell()
 {
-    m_tracker.setDecorationsComposed(m_isKWin && m_isCompositorRunning);
+    m_tracker.setDecorationsComposed(m_isKWin && m_screens.isCompositorRunning());
 }
 
 } // namespace lumbrix::platform::x11

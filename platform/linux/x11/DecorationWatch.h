@@ -9,6 +9,7 @@
 namespace lumbrix::platform::x11
 {
 
+class ScreenWatch;
 class X11WindowTracker;
 
 /// KWin draws decorations in its compositor, over frames that are left black. Without one, or under
@@ -18,19 +19,19 @@ class DecorationWatch final : public WindowListener
 {
 public:
     /// Both outlive it.
-    DecorationWatch(X11WindowTracker& tracker, bool isCompositorRunning)
-        : m_tracker(tracker), m_isCompositorRunning(isCompositorRunning)
+    DecorationWatch(X11WindowTracker& tracker, const ScreenWatch& screens)
+        : m_tracker(tracker), m_screens(screens)
     {
     }
 
     void managerChanged(const Manager& manager) override;
-    void compositorChanged(bool running) override;
+    void compositorChanged(bool) override { tell(); }
 
 private:
     void tell();
 
     X11WindowTracker& m_tracker;
-    bool m_isCompositorRunning;
+    const ScreenWatch& m_screens;
     bool m_isKWin = false;
 };
 

@@ -171,7 +171,7 @@ void X11WindowTracker::setDecorationsComposed(bool composed)
     if (m_composesDecorations == composed)
         return;
     m_composesDecorations = composed;
-    // Listeners, who tell of it, must not be told of windows meanwhile.
+    // In a round of its own: in this one the tracker has had its turn, perhaps.
     m_commands.post([this](xcb_timestamp_t) { m_isChanged = true; });
 }
 

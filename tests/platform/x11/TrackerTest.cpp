@@ -7,6 +7,8 @@
 #include "platform/linux/x11/Connection.h"
 #include "platform/linux/x11/EventThread.h"
 
+#include <QtCore/QStandardPaths>
+
 #include <csignal>
 #include <future>
 
@@ -183,6 +185,37 @@ TEST(Tracker, clientDrawnShadow_isNotPartOfTheWindow)
         return picture.size() == QSize(198, 100) && picture.pixelColor(0, 0) == Qt::blue &&
                picture.pixelColor(197, 99) == Qt::blue;
     }));
+}
+
+TEST(Tracker, decorationsThatAreOnlyComposed_leaveNoBlackStrip)
+{
+    if (QStandardPaths::findExecutable(u"kwin_x11"_s).isEmpty())
+        GTEST_SKIP() << "kwin_x11 is not installed";
+    for (const bool isComposited : {true, false}) {
+        Session session({{1280, 1024}, WindowManager::KWin, isComposited});
+        X11Desk desk(session);
+        Application app(session, u"alpha"_s);
+        const AppWindow window = app.open("framed", Qt::red);
+        const auto isBare = [&] {
+            const auto tracked = desk.tracker().window(window.id);
+            const QImage picture = desk.pictures().capture(window.id);
+            return tracked && tracked->decorations.top() > 10 &&
+                   picture.size() == QSize(400, 300) && picture.pixelColor(0, 0) == Qt::red &&
+                   picture.pixelColor(399, 299) == privatedesk::lowerColour(Qt::red);
+        };
+        const auto isFramed = [&] {
+            const QImage picture = desk.pictures().capture(window.id);
+            return picture.height() > 310 && picture.pixelColor(30, 60) == Qt::red &&
+                   qGray(picture.pixel(30, 1)) > 0;
+        };
+        EXPECT_TRUE(isComposited ? desk.waitFor(isBare) : desk.waitFor(isFramed)) << isComposited;
+        const auto other =
+            session.start(u"replacement"_s, isComposited ? u"xfwm4"_s : u"picom"_s,
+                          isComposited ? QStringList{u"--replace"_s, u"--vblank=off"_s}
+                                       : QStringList{u"--config"_s, u"/dev/null"_s, u"--backend"_s,
+                                                     u"xrender"_s});
+        EXPECT_TRUE(isComposited ? desk.waitFor(isFramed) : desk.waitFor(isBare)) << isComposited;
+    }
 }
 
 TEST(Tracker, stoppedClient_isNotRespondingUntilItGoesOn)
